@@ -1,0 +1,1 @@
+#include "app/messagehandler.h"

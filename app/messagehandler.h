@@ -1,0 +1,2 @@
+// Message handlers of the log.
+#pragma once

@@ -1,0 +1,1 @@
+#include "devindex/index.h"

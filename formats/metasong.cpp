@@ -1,0 +1,1 @@
+#include "formats/metasong.h"

@@ -1,0 +1,1 @@
+#include "formats/mp3header.h"

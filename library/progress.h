@@ -1,0 +1,24 @@
+// How a long job tells what it has done and learns that the user wants it to stop.
+#pragma once
+
+#include <QtGlobal>
+
+class Progress
+{
+public:
+    Progress() = default;
+    virtual ~Progress() = default;
+    Q_DISABLE_COPY_MOVE(Progress)
+
+    /** The number of steps of the whole job. */
+    virtual void setMaximum(int steps) = 0;
+
+    /** Steps done so far; the interface stays alive by it. */
+    virtual void setValue(int done) = 0;
+
+    /** As setValue, and says "n of maximum" in words. */
+    virtual void updateProgress(int done) = 0;
+
+    /** True once the user asked the job to stop. */
+    virtual bool wasCanceled() const = 0;
+};

@@ -1,0 +1,43 @@
+#include "library/progresswindow.h"
+
+#include <QCoreApplication>
+
+ProgressWindow::ProgressWindow(const QString &title, const QString &label, int maximum,
+                               QWidget *parent)
+    : m_dialog(label, QCoreApplication::translate("MainWindow", "Interrompi"), 0, maximum, parent)
+{
+    m_dialog.setWindowTitle(title);
+    m_dialog.setWindowModality(Qt::WindowModal);
+    m_dialog.setAutoReset(false);
+    m_dialog.setAutoClose(false);
+    m_dialog.setMinimumDuration(0);
+    m_dialog.setValue(0);
+    m_dialog.show();
+}
+
+ProgressWindow::~ProgressWindow()
+{
+    m_dialog.close();
+}
+
+void ProgressWindow::setMaximum(int steps)
+{
+    m_dialog.setMaximum(steps);
+}
+
+void ProgressWindow::setValue(int done)
+{
+    m_dialog.setValue(done);
+}
+
+void ProgressWindow::updateProgress(int done)
+{
+    m_dialog.setLabelText(
+        QCoreApplication::translate("MainWindow", "%1 di %2").arg(done).arg(m_dialog.maximum()));
+    m_dialog.setValue(done);
+}
+
+bool ProgressWindow::wasCanceled() const
+{
+    return m_dialog.wasCanceled();
+}

@@ -1,0 +1,32 @@
+// The progress dialog of a long job.
+#pragma once
+
+#include "library/progress.h"
+
+#include <QProgressDialog>
+#include <QString>
+
+/**
+ * A window-modal progress dialog that is on screen from its construction to its destruction: it
+ * neither waits before it shows nor hides at its maximum, so that the main window never takes
+ * clicks meanwhile and a cancellation is not forgotten.
+ */
+class ProgressWindow : public Progress
+{
+public:
+    /** Shows the dialog over the parent, with "Interrompi" as the cancel button, at 0 of maximum.
+     */
+    ProgressWindow(const QString &title, const QString &label, int maximum, QWidget *parent);
+    ~ProgressWindow() override;
+
+    void setMaximum(int steps) override;
+    void setValue(int done) override;
+    void updateProgress(int done) override;
+    bool wasCanceled() const override;
+
+    /** The dialog itself, for a caller that connects signals to it. */
+    QProgressDialog &dialog() { return m_dialog; }
+
+private:
+    QProgressDialog m_dialog;
+};

@@ -1,0 +1,16 @@
+// The settings store: its name and its keys.
+#pragma once
+
+#include <QString>
+
+namespace settings
+{
+inline const QString organisation = QStringLiteral("kavena_pc");
+inline const QString application = QStringLiteral("kravo");
+
+inline const QString language = QStringLiteral("language");
+inline const QString logEnabled = QStringLiteral("logenabled");
+inline const QString logClear = QStringLiteral("logclear");
+inline const QString copyrightAsk = QStringLiteral("copyrightAsk");
+inline const QString mediaRoot = QStringLiteral("mediaroot");
+} // namespace settings
