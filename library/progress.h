@@ -1,7 +1,11 @@
 // How a long job tells what it has done and learns that the user wants it to stop.
 #pragma once
 
+#include <QString>
 #include <QtGlobal>
+
+#include <functional>
+#include <memory>
 
 class Progress
 {
@@ -22,3 +26,10 @@ public:
     /** True once the user asked the job to stop. */
     virtual bool wasCanceled() const = 0;
 };
+
+/**
+ * Opens the progress of a job: window title, label and number of steps are given. A workflow that
+ * asks its questions first opens it only when the work begins; it closes when it is destroyed.
+ */
+using OpenProgress = std::function<std::unique_ptr<Progress>(const QString &title,
+                                                             const QString &label, int maximum)>;
