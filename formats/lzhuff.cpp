@@ -215,12 +215,8 @@ void LzHuff::deleteNode(int p)
     quint16 &top = m_top[slotOf(prefixOf(&m_textBuf[p]))];
     if (top == p)
         top = none;
-    size_t q;
-    if (node[1] == none) {
-        q = node[0];
-    } else if (node[0] == none) {
-        q = node[1];
-    } else {
+    size_t q = static_cast<size_t>(node[0] + node[1] - none);
+    if (node[0] != none && node[1] != none) {
         q = node[0];
         if (m_son[q][1] != none) {
             do
