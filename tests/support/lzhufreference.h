@@ -168,7 +168,10 @@ class BitString
 {
 public:
     BitString() = default;
-    explicit BitString(QByteArray bytes) : m_bytes(std::move(bytes)) {}
+    explicit BitString(QByteArray bytes)
+        : m_bytes(std::move(bytes))
+    {
+    }
 
     void put(bool bit)
     {
@@ -200,7 +203,10 @@ private:
 class StreamWriter
 {
 public:
-    explicit StreamWriter(int lookAhead) : m_tree(256 - shortestMatch + 1 + lookAhead) {}
+    explicit StreamWriter(int lookAhead)
+        : m_tree(256 - shortestMatch + 1 + lookAhead)
+    {
+    }
 
     void literal(quint8 byte) { symbol(byte); }
 
