@@ -175,8 +175,8 @@ private slots:
     void textsAreLatin1BothWays()
     {
         MfxHeader header = headerWith(122, "Perch\xE9");
-        QCOMPARE(header.title(), QString(u"Perch\u00E9"));
-        header.setTitle(QString(u"Citt\u00E0 \u20AC"));
+        QCOMPARE(header.title(), QStringLiteral("Perch\u00E9"));
+        header.setTitle(QStringLiteral("Citt\u00E0 \u20AC"));
         QCOMPARE(header.header().mid(122, 8), QByteArray("Citt\xE0 ?\0", 8));
     }
 
