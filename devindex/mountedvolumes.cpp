@@ -9,10 +9,20 @@ namespace
 const QChar slash = QLatin1Char('/');
 const QString volumes = QStringLiteral("/Volumes");
 
-/** Keeps the slash at the end, which getRoot() counts; QDir::cleanPath drops it. */
+/** Resolves doubled slashes, "." and ".."; no slash stays at the end. */
 QString cleaned(const QString &path)
 {
-    const QString clean = QDir::cleanPath(path);
+    QString clean = QDir::cleanPath(path);
+    // The folder above "/" is "/" itself, but QDir leaves these in place.
+    while (clean.startsWith(QLatin1String("/../")))
+        clean.remove(0, 3);
+    return clean == QLatin1String("/..") ? QString(slash) : clean;
+}
+
+/** As cleaned(), but keeps the slash at the end, which getRoot() counts. */
+QString cleanedWithSlash(const QString &path)
+{
+    const QString clean = cleaned(path);
     const bool keepSlash = path.endsWith(slash) && !clean.endsWith(slash);
     return keepSlash ? clean + slash : clean;
 }
@@ -37,7 +47,7 @@ QStringList listedMountDirectories()
     const QStringList parts =
         qEnvironmentVariable("KAVENA_MOUNT_DIRS").split(QLatin1Char(':'), Qt::SkipEmptyParts);
     for (const QString &part : parts) {
-        const QString clean = QDir::cleanPath(part);
+        const QString clean = cleaned(part);
         if (clean.startsWith(slash) && clean != slash)
             directories.append(clean);
     }
@@ -68,11 +78,11 @@ bool MountedVolumes::isSystemDisk(const QString &path) const
 
 QString MountedVolumes::getRoot(const QString &path) const
 {
-    const QString above = mountDirectoryAbove(QDir::cleanPath(path));
+    const QString above = mountDirectoryAbove(cleaned(path));
     if (!above.isEmpty() && above != volumes)
         return getRootDrivePath(path);
 
-    const QString clean = cleaned(path);
+    const QString clean = cleanedWithSlash(path);
     const qsizetype first = clean.indexOf(slash, 1);
     if (first < 0)
         return slash;
@@ -85,12 +95,12 @@ bool MountedVolumes::isRoot(const QString &path) const
     const QString memory = getRootDrivePath(path);
     if (memory.isEmpty())
         return getRoot(path) == path;
-    return QDir::cleanPath(path) == memory;
+    return cleaned(path) == memory;
 }
 
 QString MountedVolumes::getRootDrivePath(const QString &path) const
 {
-    const QString clean = QDir::cleanPath(path);
+    const QString clean = cleaned(path);
     const QString above = mountDirectoryAbove(clean);
     if (above.isEmpty())
         return {};
