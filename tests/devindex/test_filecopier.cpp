@@ -520,8 +520,8 @@ void TestFileCopier::emptyAndBigFilesArriveByteForByte_data()
     QTest::addColumn<int>("size");
     QTest::newRow("empty") << 0;
     QTest::newRow("one byte") << 1;
-    QTest::newRow("one chunk") << 512 * 1024;
-    QTest::newRow("one chunk and a byte") << 512 * 1024 + 1;
+    QTest::newRow("one chunk") << 256 * 1024;
+    QTest::newRow("one chunk and a byte") << 256 * 1024 + 1;
     QTest::newRow("5 MB") << 5000003;
 }
 
