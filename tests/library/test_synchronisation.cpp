@@ -1,4 +1,5 @@
 // Synchronisation with the reference catalogue: questions answered, progress recorded, no window.
+#include "library/nocopyrightdialog.h"
 #include "library/synchronisation.h"
 #include "support/filesizelimit.h"
 #include "support/librarytable.h"
