@@ -280,9 +280,11 @@ void TestSynchronisation::emptyLongNameIsNotLookedUp()
 {
     LibraryTable library({row("", "WITHOUT A NAME")});
     QVERIFY(library.add(QStringLiteral("song.mid"), signedMidi(titled("My title"))));
+    QVERIFY(library.add(QStringLiteral("none.mf3"), mfxWithLongName("", QStringLiteral("Two"))));
+    QVERIFY(library.add(QStringLiteral("dot.mf3"), mfxWithLongName(".MF3", QStringLiteral("3"))));
     Run run(library);
     QVERIFY(run.synchronisation.run(false));
-    QCOMPARE(library.statuses(), QList<int>({isNotSynced}));
+    QCOMPARE(library.statuses(), QList<int>({isNotSynced, isNotSynced, isNotSynced}));
 }
 
 void TestSynchronisation::isFoundByTitleLast()
