@@ -314,9 +314,11 @@ void TestDataEditDialog::listsAreReplacedInTheirOrder()
 
 void TestDataEditDialog::typedNameIsNotCompletedByItself()
 {
-    const OpenDialog open;
+    OpenDialog open;
+    QVERIFY(QTest::qWaitForWindowActive(&open.dialog));
     QLineEdit *const field = open.combo("artistComboBox")->lineEdit();
     field->setFocus();
+    QVERIFY(field->hasFocus());
     field->selectAll();
     QTest::keyClicks(field, QStringLiteral("zel"));
     QCOMPARE(open.result().artist, QStringLiteral("zel"));
