@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing for the groups named as arguments (build, test,
+# bench), as root or through sudo; where neither is possible, says in one line what to install.
+set -euo pipefail
+
+declare -A groups=(
+  [build]="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev
+           libqt6core5compat6-dev libqt6sql6-sqlite qt6-tools-dev qt6-tools-dev-tools
+           qt6-l10n-tools qt6-translations-l10n sqlite3"
+  [test]="xvfb xauth openbox xdotool imagemagick x11-utils fonts-dejavu-core midicsv abcmidi lame
+          id3v2 openttd-openmsx python3 clang-format"
+  [bench]="libbenchmark-dev lhasa time"
+)
+
+# Without dpkg (macOS, other systems) the packages are the user's business; CMake says what it misses.
+command -v dpkg-query >/dev/null || exit 0
+
+missing=()
+for group in "$@"; do
+  for package in ${groups[$group]}; do
+    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
+      missing+=("$package")
+  done
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+if [ "$(id -u)" -eq 0 ]; then
+  as_root=()
+elif sudo -n true 2>/dev/null; then
+  as_root=(sudo)
+else
+  echo "Please install first: sudo apt-get install ${missing[*]}" >&2
+  exit 1
+fi
+echo "Installing: ${missing[*]}"
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+  apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null

@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# Builds and starts Kavena PC. "./run.sh --demo" shows the whole job on a virtual display instead.
+set -euo pipefail
+cd "$(dirname "$0")"
+
+demo=no
+case "${1:-}" in
+  "") ;;
+  --demo) demo=yes ;;
+  *) echo "usage: $0 [--demo]" >&2; exit 2 ;;
+esac
+if [ "$demo" = no ] && [ "$(uname)" != Darwin ] &&
+   [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
+  echo "There is no display here: showing the demonstration on a virtual one."
+  demo=yes
+fi
+
+if [ "$demo" = yes ]; then
+  packaging/ensure-packages.sh build test
+  target=kavena-demo
+else
+  packaging/ensure-packages.sh build
+  target=kavena-pc
+fi
+
+mkdir -p build
+if ! { cmake --preset release && cmake --build --preset release --target "$target"; } \
+     >build/run.log 2>&1; then
+  tail -n 40 build/run.log >&2
+  echo "The build failed; its whole output is in build/run.log" >&2
+  exit 1
+fi
+
+if [ "$demo" = no ]; then
+  exec build/release/app/kavena-pc
+fi
+exec tests/demo/demo.sh build/release "$(mktemp -d "${TMPDIR:-/tmp}/kavena-demo.XXXXXX")"

@@ -1,0 +1,52 @@
+// Does with the windows of the program what a user does: picks files and folders, answers
+// questions.
+#pragma once
+
+#include "support/modalanswers.h"
+
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QQueue>
+
+/**
+ * Answers file dialogs with the paths that were laid out for them, in turn; a file dialog for which
+ * nothing was laid out is cancelled. The application must not use native dialogs
+ * (Qt::AA_DontUseNativeDialogs).
+ */
+class UserDriver : public ModalAnswers
+{
+public:
+    UserDriver()
+    {
+        add([this](QWidget *window) { return answerFileDialog(window); });
+    }
+
+    /** The next file dialog gets these paths (files to open, one folder, or one name to save). */
+    void pick(const QStringList &paths) { m_picks.enqueue(paths); }
+
+    /** True when every pick was asked for. */
+    bool allPicked() const { return m_picks.isEmpty(); }
+
+private:
+    bool answerFileDialog(QWidget *window)
+    {
+        auto *const dialog = qobject_cast<QFileDialog *>(window);
+        if (dialog == nullptr)
+            return false;
+        if (m_picks.isEmpty()) {
+            dialog->reject();
+            return true;
+        }
+        QStringList quoted;
+        for (const QString &path : m_picks.dequeue())
+            quoted << QLatin1Char('"') + path + QLatin1Char('"');
+        const bool several = quoted.size() > 1;
+        const QString text = quoted.join(QLatin1Char(' '));
+        dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
+            ->setText(several ? text : text.mid(1, text.size() - 2));
+        QMetaObject::invokeMethod(dialog, "accept");
+        return true;
+    }
+
+    QQueue<QStringList> m_picks;
+};
