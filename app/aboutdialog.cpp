@@ -1,6 +1,7 @@
 #include "app/aboutdialog.h"
 
 #include "app/version.h"
+
 #include "ui_aboutdialog.h"
 
 #include <QDate>
@@ -25,8 +26,7 @@ QString localBuildDate()
 {
     // The compiler pads a one-digit day with a blank and writes the month in English.
     const QString text = QString::fromLatin1(version::buildDate).simplified();
-    const QDate date =
-        QLocale(QStringLiteral("en_US")).toDate(text, QStringLiteral("MMM d yyyy"));
+    const QDate date = QLocale(QStringLiteral("en_US")).toDate(text, QStringLiteral("MMM d yyyy"));
     return QLocale::system().toString(date, QLocale::ShortFormat);
 }
 
@@ -55,10 +55,10 @@ void AboutDialog::changeEvent(QEvent *event)
 void AboutDialog::showTexts()
 {
     setWindowTitle(tr("Informazioni"));
-    ui->versionLabel->setText(richText(
-        QStringLiteral("Sans Serif"), 12,
-        tr("Version:&nbsp;&nbsp;&nbsp;&nbsp;&nbsp;&nbsp; %1<br/>Build date: %2<br/>")
-            .arg(QString::fromLatin1(version::number), localBuildDate())));
+    ui->versionLabel->setText(
+        richText(QStringLiteral("Sans Serif"), 12,
+                 tr("Version:&nbsp;&nbsp;&nbsp;&nbsp;&nbsp;&nbsp; %1<br/>Build date: %2<br/>")
+                     .arg(QString::fromLatin1(version::number), localBuildDate())));
 
     const QString notice =
         tr("(c) 2011 K-Ravo. Tutti i diritti riservati.<br/>"

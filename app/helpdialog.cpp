@@ -2,6 +2,7 @@
 
 #include "app/translation.h"
 #include "library/settings.h"
+
 #include "ui_helpdialog.h"
 
 #include <QEvent>
@@ -23,9 +24,8 @@ void HelpDialog::loadHelp()
 {
     const QSettings store(settings::organisation, settings::application);
     const QString language = store.value(settings::language, translation::german).toString();
-    QFile page(language == translation::german
-                   ? QStringLiteral(":/help/quorvane_help_de.html")
-                   : QStringLiteral(":/help/quorvane_help_en.html"));
+    QFile page(language == translation::german ? QStringLiteral(":/help/quorvane_help_de.html")
+                                               : QStringLiteral(":/help/quorvane_help_en.html"));
     if (page.open(QIODevice::ReadOnly))
         ui->textEdit->setHtml(QString::fromUtf8(page.readAll()));
 }

@@ -98,8 +98,7 @@ bool LibraryBackup::suggest(int filesCount) const
 
 QString LibraryBackup::folderName(const QDateTime &time)
 {
-    return QStringLiteral("backup_kravo_") +
-           time.toString(QStringLiteral("yyyy_MM_dd_hh-mm-ss"));
+    return QStringLiteral("backup_kravo_") + time.toString(QStringLiteral("yyyy_MM_dd_hh-mm-ss"));
 }
 
 bool LibraryBackup::backupDirectory(const QString &source, const QString &destination, int &count)
@@ -110,8 +109,7 @@ bool LibraryBackup::backupDirectory(const QString &source, const QString &destin
 bool LibraryBackup::backUp(const QString &directory, int filesCount) const
 {
     logBanner();
-    const QString folder =
-        directory + QLatin1Char('/') + folderName(QDateTime::currentDateTime());
+    const QString folder = directory + QLatin1Char('/') + folderName(QDateTime::currentDateTime());
     logDebug() << "Making new root backup dir:" << folder;
     if (!QDir().mkdir(folder)) {
         logDebug() << "Dest root dir creation failed";
@@ -120,7 +118,8 @@ bool LibraryBackup::backUp(const QString &directory, int filesCount) const
     }
 
     // "dellla" is the key under which the translations hold this text.
-    auto progress = m_openProgress(tr("Backup"), tr("Eseguo backup dellla libreria..."), filesCount);
+    auto progress =
+        m_openProgress(tr("Backup"), tr("Eseguo backup dellla libreria..."), filesCount);
     int copied = 0;
     const bool complete = m_copyFiles(folder, copied);
     progress.reset();

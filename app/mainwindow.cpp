@@ -9,6 +9,12 @@
 #include "app/proceeddialog.h"
 #include "app/shownprogress.h"
 #include "app/translation.h"
+#include "devindex/filecopier.h"
+#include "devindex/indexdialog.h"
+#include "devindex/mountedvolumes.h"
+#include "devindex/songslistdialog.h"
+#include "devindex/transfer.h"
+#include "devindex/transferdialogs.h"
 #include "formats/diagnostics.h"
 #include "library/nocopyrightdialog.h"
 #include "library/settings.h"
@@ -16,13 +22,16 @@
 #include "library/statusrowdelegate.h"
 #include "library/synchronisation.h"
 #include "library/usersongsreltablemodel.h"
+
 #include "ui_mainwindow.h"
 
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QMenu>
 #include <QMessageBox>
+#include <QTableView>
 
 namespace
 {
@@ -65,8 +74,7 @@ MainWindow::~MainWindow()
 
 void MainWindow::applyBranding()
 {
-    ui->logoKavenaLabel->setStyleSheet(
-        QStringLiteral("image: url(:/imgs/logo-RB27-Utility.png);"));
+    ui->logoKavenaLabel->setStyleSheet(QStringLiteral("image: url(:/imgs/logo-RB27-Utility.png);"));
     ui->logoKravoLabel->setStyleSheet(QStringLiteral("image: url(:/imgs/logo-quorvane.png);"));
     ui->actionItalian->setVisible(false);
     ui->actionGerman->setVisible(true);
@@ -191,10 +199,10 @@ void MainWindow::on_selectDirToolButton_clicked()
         return;
     const BusyGuard busy(m_busy);
     // Qt's own dialog: unlike some desktops' it takes *.mid for SONG.MID too.
-    const QStringList files = QFileDialog::getOpenFileNames(
-        this, tr("Seleziona i file da importare"), QString(),
-        QStringLiteral("Songs (*.mid *.kar *.mp3 *.mf3 *.mf4 *.mf5)"), nullptr,
-        QFileDialog::DontUseNativeDialog);
+    const QStringList files =
+        QFileDialog::getOpenFileNames(this, tr("Seleziona i file da importare"), QString(),
+                                      QStringLiteral("Songs (*.mid *.kar *.mp3 *.mf3 *.mf4 *.mf5)"),
+                                      nullptr, QFileDialog::DontUseNativeDialog);
     if (files.isEmpty())
         return;
     m_selectedFiles = files;
@@ -217,7 +225,8 @@ void MainWindow::importUserLibrary()
             return;
         }
     }
-    // Also reads the table again: new rows stand in the order in which they were picked.
+    m_model->select();
+    // New rows stand in the order in which they were picked, as the header must say.
     ui->userLibraryTableView->sortByColumn(-1, Qt::AscendingOrder);
 
     LibraryImport::Counts counts;
@@ -394,10 +403,9 @@ SongEditor MainWindow::songEditor()
         return editInDialog(m_dataEditDialog, m_database, info);
     };
     const auto askDelete = [this] {
-        return QMessageBox::question(this, tr("Attenzione"),
-                                     tr("Sei sicuro di voler cancellare il file?"),
-                                     QMessageBox::Yes | QMessageBox::No,
-                                     QMessageBox::No) == QMessageBox::Yes;
+        return QMessageBox::question(
+                   this, tr("Attenzione"), tr("Sei sicuro di voler cancellare il file?"),
+                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
     };
     return {*m_model, askEdit, askDelete, openProgress()};
 }

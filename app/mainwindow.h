@@ -8,6 +8,8 @@
 #include "library/progress.h"
 
 #include <QMainWindow>
+#include <QModelIndex>
+#include <QPoint>
 #include <QScopedPointer>
 #include <QSettings>
 #include <QStringList>

@@ -34,9 +34,8 @@ void appendToLog(const char *tag, const char *msg)
     QFile log(QStringLiteral("log.txt"));
     if (!log.open(QIODevice::WriteOnly | QIODevice::Append))
         return;
-    QByteArray line = QDateTime::currentDateTime()
-                          .toString(QStringLiteral("[dd-MM-yyyy hh:mm:ss]"))
-                          .toLatin1();
+    QByteArray line =
+        QDateTime::currentDateTime().toString(QStringLiteral("[dd-MM-yyyy hh:mm:ss]")).toLatin1();
     line += tag;
     line += msg;
     line += '\n';

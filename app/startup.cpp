@@ -17,12 +17,14 @@ const QString noLanguage = QStringLiteral("--");
 
 void writeBanner()
 {
-    logDebug() << "|==============================================================================|";
-    logDebug() << "V ========================  Log start  ======================================= V";
+    logDebug()
+        << "|==============================================================================|";
+    logDebug()
+        << "V ========================  Log start  ======================================= V";
     logDebug() << "(c)K-Ravo Kavena PC";
     logDebug() << (QByteArray("Version:  ") + version::number).constData();
-    logDebug() << (QByteArray("Build:    ") + version::buildDate + " - " + version::buildTime)
-                      .constData();
+    logDebug()
+        << (QByteArray("Build:    ") + version::buildDate + " - " + version::buildTime).constData();
     logDebug() << "";
 }
 
