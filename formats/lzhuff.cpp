@@ -1,1 +1,465 @@
 #include "formats/lzhuff.h"
+
+#include "formats/diagnostics.h"
+
+#include <QtAlgorithms>
+#include <QtEndian>
+
+#include <algorithm>
+#include <cstring>
+
+namespace
+{
+
+constexpr int none = LzHuff::N; // the link that leads to no string
+constexpr int firstWrite = LzHuff::N - LzHuff::F;
+constexpr int firstLengthSymbol = 256 - LzHuff::THRESHOLD - 1;
+
+/** The fixed code of the upper six bits of a position, in increasing order of bits and length. */
+struct PositionCode {
+    std::array<quint8, 64> length{};
+    std::array<quint8, 64> bits{};
+    std::array<quint8, 256> inverse{};
+    std::array<quint8, 256> inverseLength{};
+
+    constexpr PositionCode()
+    {
+        constexpr std::array<unsigned, 6> codesOfLength = {1, 3, 8, 12, 24, 16};
+        unsigned value = 0;
+        unsigned firstByte = 0;
+        for (unsigned group = 0; group < codesOfLength.size(); ++group) {
+            const unsigned codeLength = 3 + group;
+            const unsigned bytesOfCode = 256U >> codeLength;
+            for (unsigned i = 0; i < codesOfLength[group]; ++i, ++value) {
+                length[value] = static_cast<quint8>(codeLength);
+                bits[value] = static_cast<quint8>(firstByte);
+                for (unsigned end = firstByte + bytesOfCode; firstByte < end; ++firstByte) {
+                    inverse[firstByte] = static_cast<quint8>(value);
+                    inverseLength[firstByte] = static_cast<quint8>(codeLength);
+                }
+            }
+        }
+    }
+};
+
+constexpr PositionCode positionCode;
+
+} // namespace
+
+const std::array<quint8, 64> LzHuff::p_len = positionCode.length;
+const std::array<quint8, 64> LzHuff::p_code = positionCode.bits;
+const std::array<quint8, 256> LzHuff::d_code = positionCode.inverse;
+const std::array<quint8, 256> LzHuff::d_len = positionCode.inverseLength;
+
+LzHuff::LzHuff()
+{
+    begin(QByteArray());
+    initTree();
+    startHuff();
+}
+
+void LzHuff::compress(const QByteArray &in, QByteArray &out)
+{
+    begin(in);
+    encode();
+    out = output();
+    logDebug() << "Compress: " << qint64(m_in.size()) << " --> " << qint64(out.size());
+}
+
+bool LzHuff::expand(const QByteArray &in, QByteArray &out)
+{
+    begin(in);
+    const bool expanded = decode();
+    m_out.truncate(m_outUsed);
+    out.swap(m_out);
+    m_out.clear();
+    if (!expanded) {
+        logDebug() << "Expand: ERROR";
+        return false;
+    }
+    logDebug() << "Expand: " << qint64(m_in.size()) << " --> " << qint64(out.size());
+    return true;
+}
+
+void LzHuff::begin(const QByteArray &in)
+{
+    m_in = in;
+    m_inUsed = 0;
+    m_out.clear();
+    m_outUsed = 0;
+    m_getBits = 0;
+    m_getCount = 0;
+    m_putBits = 0;
+    m_putCount = 0;
+    m_matchPosition = 0;
+    m_matchLength = 0;
+    m_textBuf.fill(0);
+    std::fill_n(m_textBuf.begin(), firstWrite, quint8(' '));
+}
+
+// ---------------------------------------------------------------- search tree
+
+void LzHuff::initTree()
+{
+    m_tree.fill({{none, none}, none});
+}
+
+void LzHuff::insertNode(int r)
+{
+    const quint8 *const key = &m_textBuf[static_cast<size_t>(r)];
+    size_t p = static_cast<size_t>(N + 1 + key[0]);
+    size_t side = 1;
+    m_matchLength = 0;
+    m_tree[r].son = {none, none};
+    for (;;) {
+        const size_t next = m_tree[p].son[side];
+        if (next == none) {
+            m_tree[p].son[side] = static_cast<quint16>(r);
+            m_tree[r].dad = static_cast<quint16>(p);
+            return;
+        }
+        p = next;
+        const quint8 *const text = &m_textBuf[p];
+        int length = F;
+        for (int i = 1; i < F; i += 8) {
+            const quint64 a = qFromBigEndian<quint64>(key + i);
+            const quint64 b = qFromBigEndian<quint64>(text + i);
+            if (a != b) {
+                side = a > b;
+                length = std::min(F, i + static_cast<int>(qCountLeadingZeroBits(a ^ b) / 8));
+                break;
+            }
+        }
+        if (length <= THRESHOLD || length < m_matchLength)
+            continue;
+        const int position = ((r - static_cast<int>(p)) & (N - 1)) - 1;
+        if (length > m_matchLength || position < m_matchPosition)
+            m_matchPosition = position;
+        m_matchLength = length;
+        if (length == F)
+            break;
+    }
+    m_tree[r] = m_tree[p];
+    m_tree[m_tree[p].son[0]].dad = static_cast<quint16>(r);
+    m_tree[m_tree[p].son[1]].dad = static_cast<quint16>(r);
+    Node &dad = m_tree[m_tree[p].dad];
+    dad.son[dad.son[1] == p ? 1 : 0] = static_cast<quint16>(r);
+    m_tree[p].dad = none;
+}
+
+void LzHuff::deleteNode(int p)
+{
+    Node &node = m_tree[p];
+    if (node.dad == none)
+        return;
+    size_t q;
+    if (node.son[1] == none) {
+        q = node.son[0];
+    } else if (node.son[0] == none) {
+        q = node.son[1];
+    } else {
+        q = node.son[0];
+        if (m_tree[q].son[1] != none) {
+            do
+                q = m_tree[q].son[1];
+            while (m_tree[q].son[1] != none);
+            m_tree[m_tree[q].dad].son[1] = m_tree[q].son[0];
+            m_tree[m_tree[q].son[0]].dad = m_tree[q].dad;
+            m_tree[q].son[0] = node.son[0];
+            m_tree[node.son[0]].dad = static_cast<quint16>(q);
+        }
+        m_tree[q].son[1] = node.son[1];
+        m_tree[node.son[1]].dad = static_cast<quint16>(q);
+    }
+    m_tree[q].dad = node.dad;
+    Node &dad = m_tree[node.dad];
+    dad.son[dad.son[1] == p ? 1 : 0] = static_cast<quint16>(q);
+    node.dad = none;
+}
+
+// ---------------------------------------------------------------- Huffman
+
+void LzHuff::startHuff()
+{
+    for (int i = 0; i < N_CHAR; ++i) {
+        m_freq[i] = 1;
+        m_son[i] = static_cast<quint16>(i + T);
+        m_prnt[i + T] = static_cast<quint16>(i);
+    }
+    for (int i = 0, j = N_CHAR; j <= R; i += 2, ++j) {
+        m_freq[j] = static_cast<quint16>(m_freq[i] + m_freq[i + 1]);
+        m_son[j] = static_cast<quint16>(i);
+        m_prnt[i] = m_prnt[i + 1] = static_cast<quint16>(j);
+    }
+    m_freq[T] = 0xFFFF;
+    m_prnt[R] = 0;
+}
+
+void LzHuff::reconst()
+{
+    int leaves = 0;
+    for (int i = 0; i < T; ++i) {
+        if (m_son[i] < T)
+            continue;
+        m_freq[leaves] = static_cast<quint16>((m_freq[i] + 1) / 2);
+        m_son[leaves] = m_son[i];
+        ++leaves;
+    }
+    for (int i = 0, j = N_CHAR; j < T; i += 2, ++j) {
+        const quint16 sum = static_cast<quint16>(m_freq[i] + m_freq[i + 1]);
+        const auto first = m_freq.begin();
+        const auto place = std::upper_bound(first, first + j, sum) - first;
+        std::move_backward(first + place, first + j, first + j + 1);
+        m_freq[place] = sum;
+        std::move_backward(m_son.begin() + place, m_son.begin() + j, m_son.begin() + j + 1);
+        m_son[place] = static_cast<quint16>(i);
+    }
+    for (int i = 0; i < T; ++i) {
+        const int son = m_son[i];
+        m_prnt[son] = static_cast<quint16>(i);
+        if (son < T)
+            m_prnt[son + 1] = static_cast<quint16>(i);
+    }
+}
+
+void LzHuff::update(int symbol)
+{
+    if (m_freq[R] == MAX_FREQ)
+        reconst();
+    size_t c = m_prnt[symbol + T];
+    do {
+        const quint16 frequency = ++m_freq[c];
+        if (frequency > m_freq[c + 1]) {
+            size_t last = c + 1;
+            while (frequency > m_freq[last + 1])
+                ++last;
+            std::swap(m_freq[c], m_freq[last]);
+            std::swap(m_son[c], m_son[last]);
+            const size_t i = m_son[c];
+            m_prnt[i] = static_cast<quint16>(c);
+            if (i < T)
+                m_prnt[i + 1] = static_cast<quint16>(c);
+            const size_t j = m_son[last];
+            m_prnt[j] = static_cast<quint16>(last);
+            if (j < T)
+                m_prnt[j + 1] = static_cast<quint16>(last);
+            c = last;
+        }
+        c = m_prnt[c];
+    } while (c != 0);
+}
+
+// ---------------------------------------------------------------- writing
+
+void LzHuff::encodeChar(int c)
+{
+    quint32 code = 0;
+    int length = 0;
+    for (unsigned k = m_prnt[c + T]; k != R; k = m_prnt[k]) {
+        code |= (k & 1U) << length;
+        ++length;
+    }
+    putcode(length, code);
+    update(c);
+}
+
+void LzHuff::encodePosition(int position)
+{
+    const size_t upper = static_cast<size_t>(position) >> 6;
+    putcode(p_len[upper], quint32(p_code[upper]) >> (8 - p_len[upper]));
+    putcode(6, static_cast<quint32>(position) & 0x3F);
+}
+
+void LzHuff::encodeEnd()
+{
+    if (m_putCount > 0)
+        putcode(8 - m_putCount, 0);
+}
+
+void LzHuff::putcode(int length, quint32 code)
+{
+    m_putBits = (m_putBits << length) | code;
+    m_putCount += length;
+    while (m_putCount >= 8) {
+        m_putCount -= 8;
+        putOutByte(static_cast<quint8>(m_putBits >> m_putCount));
+    }
+}
+
+void LzHuff::putOutByte(quint8 byte)
+{
+    if (m_outUsed == m_out.size())
+        m_out.resize(m_outUsed * 2 + 64);
+    m_out[m_outUsed] = static_cast<char>(byte);
+    ++m_outUsed;
+}
+
+void LzHuff::encode()
+{
+    const quint32 size = static_cast<quint32>(m_in.size());
+    m_out.resize(m_in.size() / 2 + 64);
+    for (int shift = 0; shift < 32; shift += 8)
+        putOutByte(static_cast<quint8>(size >> shift));
+    if (size == 0)
+        return;
+    startHuff();
+    initTree();
+    int s = 0;
+    int r = firstWrite;
+    int len = 0;
+    for (int c; len < F && (c = getInByte()) >= 0; ++len)
+        m_textBuf[r + len] = static_cast<quint8>(c);
+    for (int i = 1; i <= F; ++i)
+        insertNode(r - i);
+    insertNode(r);
+    while (len > 0) {
+        int length = std::min(m_matchLength, len);
+        if (length <= THRESHOLD) {
+            length = 1;
+            encodeChar(m_textBuf[r]);
+        } else {
+            encodeChar(firstLengthSymbol + length);
+            encodePosition(m_matchPosition);
+        }
+        for (int i = 0; i < length; ++i) {
+            const int c = getInByte();
+            deleteNode(s);
+            if (c >= 0) {
+                m_textBuf[s] = static_cast<quint8>(c);
+                if (s < F - 1)
+                    m_textBuf[s + N] = static_cast<quint8>(c);
+            } else {
+                --len;
+            }
+            s = (s + 1) & (N - 1);
+            r = (r + 1) & (N - 1);
+            if (len > 0)
+                insertNode(r);
+        }
+    }
+    encodeEnd();
+}
+
+// ---------------------------------------------------------------- reading
+
+int LzHuff::getInByte()
+{
+    return m_inUsed < m_in.size() ? static_cast<quint8>(m_in.at(m_inUsed++)) : -1;
+}
+
+void LzHuff::fillBits()
+{
+    if (m_in.size() - m_inUsed >= 8) {
+        const int bytes = (64 - m_getCount) / 8;
+        const quint64 word = qFromBigEndian<quint64>(m_in.constData() + m_inUsed);
+        m_getBits |= (word >> (64 - 8 * bytes)) << (64 - 8 * bytes - m_getCount);
+        m_getCount += 8 * bytes;
+        m_inUsed += bytes;
+        return;
+    }
+    while (m_getCount <= 56) {
+        const int byte = std::max(getInByte(), 0);
+        m_getBits |= static_cast<quint64>(byte) << (56 - m_getCount);
+        m_getCount += 8;
+    }
+}
+
+int LzHuff::takeBits(int count)
+{
+    if (m_getCount < count)
+        fillBits();
+    const int bits = static_cast<int>(m_getBits >> (64 - count));
+    m_getBits <<= count;
+    m_getCount -= count;
+    return bits;
+}
+
+int LzHuff::getBit()
+{
+    return takeBits(1);
+}
+
+int LzHuff::getByte()
+{
+    return takeBits(8);
+}
+
+int LzHuff::decodeChar()
+{
+    if (m_getCount < 32)
+        fillBits();
+    quint64 bits = m_getBits;
+    int length = 0;
+    size_t c = m_son[R];
+    while (c < T) {
+        c = m_son[c + (bits >> 63)];
+        bits <<= 1;
+        ++length;
+    }
+    m_getBits = bits;
+    m_getCount -= length;
+    const int symbol = static_cast<int>(c) - T;
+    update(symbol);
+    return symbol;
+}
+
+int LzHuff::decodePosition()
+{
+    if (m_getCount < 14)
+        fillBits();
+    const size_t next = m_getBits >> 56;
+    const int upper = d_code[next];
+    takeBits(d_len[next]);
+    return upper << 6 | takeBits(6);
+}
+
+quint32 LzHuff::readSize()
+{
+    quint32 size = 0;
+    for (int shift = 0; shift < 32; shift += 8)
+        size |= static_cast<quint32>(getInByte() & 0xFF) << shift;
+    return size;
+}
+
+bool LzHuff::decode()
+{
+    const quint32 size = readSize();
+    if (size > MaxTextSize) {
+        logDebug() << "=====================================================================";
+        logDebug() << "WARNING: skipping file, compressed stream corrupted/wrong size !!!";
+        logDebug() << "Text size: " << size;
+        logDebug() << "=====================================================================";
+        return false;
+    }
+    if (size == 0)
+        return false;
+    startHuff();
+    m_out.resize(static_cast<qsizetype>(size) + F - 1);
+    while (m_outUsed < size) {
+        const int c = decodeChar();
+        if (c < 256)
+            putOutByte(static_cast<quint8>(c));
+        else {
+            const int position = decodePosition();
+            matchBytes(position + 1, c - firstLengthSymbol);
+        }
+    }
+    return true;
+}
+
+int LzHuff::matchBytes(int distance, int length)
+{
+    char *to = m_out.data() + m_outUsed;
+    if (distance <= m_outUsed) {
+        for (int i = 0; i < length; ++i)
+            to[i] = to[i - distance];
+    } else {
+        const qsizetype start = m_outUsed - distance;
+        for (int i = 0; i < length; ++i) {
+            const qsizetype at = start + i;
+            to[i] = at >= 0 ? m_out[at] : at >= -firstWrite ? ' ' : '\0';
+        }
+    }
+    m_outUsed += length;
+    return length;
+}

@@ -62,21 +62,21 @@ private:
     bool importMfx(QFile &file);
     bool importMp3(QFile &file);
 
-    void readMidi(SongInfo &info) const;
     void readMfx(SongInfo &info) const;
-    void readMp3(SongInfo &info) const;
 
-    void editMidi(const SongInfo &info);
-    void editMfx(const SongInfo &info);
-    void editMp3(const SongInfo &info);
-    void mergeMidi(const SongInfo &info);
-    void mergeMfx(const SongInfo &info);
-    void mergeMp3(const SongInfo &info);
+    void setMidiInfo(const SongInfo &info, bool manual);
+    void setMfxInfo(const SongInfo &info, bool manual);
+    void setMp3Info(const SongInfo &info, bool manual);
+    void fillMfxHeader(const SongInfo &info);
+    void fillMfxArtist(const SongInfo &info);
+    void fillMfxPayload(const SongInfo &info);
     void addMarkers(const QList<Marker> &markers);
 
     bool isComplete() const;
+    bool canBeReadAgain() const;
     bool saveInPlace(const QString &path);
-    bool mfxFileBytes(QByteArray &bytes);
+    QByteArray mfxPayload() const;
+    QByteArray mfxFileBytes();
     bool saveMp3(const QString &path) const;
 
     bool isMidi() const;
