@@ -1,6 +1,5 @@
 // The two message handlers: what they write into the log and when they abort.
 #include "app/messagehandler.h"
-
 #include "formats/diagnostics.h"
 #include "support/ownfolders.h"
 
