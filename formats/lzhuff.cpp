@@ -101,80 +101,107 @@ void LzHuff::begin(const QByteArray &in)
 
 void LzHuff::initTree()
 {
-    m_tree.fill({{none, none}, none});
+    m_son.fill({none, none});
+    m_dad.fill(none);
+    m_fullMatch = none;
 }
 
 void LzHuff::insertNode(int r)
 {
     const quint8 *const key = &m_textBuf[static_cast<size_t>(r)];
+    const size_t next = static_cast<size_t>(m_fullMatch + 1);
+    if (m_fullMatch != none && m_dad[next & (N-1)] != none && key[F-1] == m_textBuf[(next & (N-1)) + F - 1]) {
+        m_fullMatch = static_cast<int>(next & (N-1));
+        m_matchLength = F;
+        m_matchPosition = ((r - m_fullMatch) & (N - 1)) - 1;
+        replaceNode(m_fullMatch, r);
+        return;
+    }
+    m_fullMatch = none;
     size_t p = static_cast<size_t>(N + 1 + key[0]);
+    quint64 keyWord = qFromBigEndian<quint64>(key + 1);
+    m_son[r] = {none, none};
+    int best = 0;
     size_t side = 1;
-    m_matchLength = 0;
-    m_tree[r].son = {none, none};
-    for (;;) {
-        const size_t next = m_tree[p].son[side];
-        if (next == none) {
-            m_tree[p].son[side] = static_cast<quint16>(r);
-            m_tree[r].dad = static_cast<quint16>(p);
+    size_t next_ = m_son[p][1];
+    while (next_ != none) {
+        p = next_;
+        const quint16 left = m_son[p][0];
+        const quint16 right = m_son[p][1];
+        const quint8 *const text = &m_textBuf[p];
+        const quint64 textWord = qFromBigEndian<quint64>(text + 1);
+        quint64 x = keyWord ^ textWord;
+        int length = 1;
+        side = keyWord > textWord;
+        if (x == 0) {
+            int i = 9;
+            for (; i < F; i += 8) {
+                const quint64 a = qFromBigEndian<quint64>(key + i);
+                const quint64 b = qFromBigEndian<quint64>(text + i);
+                x = a ^ b;
+                side = a > b;
+                if (x != 0)
+                    break;
+            }
+            length = i;
+        }
+        length += static_cast<int>(__builtin_clzll(x | 1) / 8);
+        if (length >= F) {
+            m_matchLength = F;
+            m_fullMatch = static_cast<int>(p);
+            m_matchPosition = ((r - m_fullMatch) & (N - 1)) - 1;
+            replaceNode(m_fullMatch, r);
             return;
         }
-        p = next;
-        const quint8 *const text = &m_textBuf[p];
-        int length = F;
-        for (int i = 1; i < F; i += 8) {
-            const quint64 a = qFromBigEndian<quint64>(key + i);
-            const quint64 b = qFromBigEndian<quint64>(text + i);
-            if (a != b) {
-                side = a > b;
-                length = std::min(F, i + static_cast<int>(qCountLeadingZeroBits(a ^ b) / 8));
-                break;
-            }
-        }
-        if (length <= THRESHOLD || length < m_matchLength)
-            continue;
-        const int position = ((r - static_cast<int>(p)) & (N - 1)) - 1;
-        if (length > m_matchLength || position < m_matchPosition)
-            m_matchPosition = position;
-        m_matchLength = length;
-        if (length == F)
-            break;
+        const int score = (length << 12) | ((static_cast<int>(p) - r) & (N - 1));
+        best = std::max(best, score);
+        next_ = left ^ ((left ^ right) & (0 - side));
     }
-    m_tree[r] = m_tree[p];
-    m_tree[m_tree[p].son[0]].dad = static_cast<quint16>(r);
-    m_tree[m_tree[p].son[1]].dad = static_cast<quint16>(r);
-    Node &dad = m_tree[m_tree[p].dad];
-    dad.son[dad.son[1] == p ? 1 : 0] = static_cast<quint16>(r);
-    m_tree[p].dad = none;
+    m_son[p][side] = static_cast<quint16>(r);
+    m_dad[r] = static_cast<quint16>(p);
+    m_matchLength = best >> 12;
+    m_matchPosition = N - 1 - (best & (N - 1));
+}
+
+void LzHuff::replaceNode(int p, int r)
+{
+    m_son[r] = m_son[p];
+    m_dad[r] = m_dad[p];
+    m_dad[m_son[p][0]] = static_cast<quint16>(r);
+    m_dad[m_son[p][1]] = static_cast<quint16>(r);
+    Sons &dad = m_son[m_dad[p]];
+    dad[dad[1] == p ? 1 : 0] = static_cast<quint16>(r);
+    m_dad[p] = none;
 }
 
 void LzHuff::deleteNode(int p)
 {
-    Node &node = m_tree[p];
-    if (node.dad == none)
+    if (m_dad[p] == none)
         return;
+    const Sons node = m_son[p];
     size_t q;
-    if (node.son[1] == none) {
-        q = node.son[0];
-    } else if (node.son[0] == none) {
-        q = node.son[1];
+    if (node[1] == none) {
+        q = node[0];
+    } else if (node[0] == none) {
+        q = node[1];
     } else {
-        q = node.son[0];
-        if (m_tree[q].son[1] != none) {
+        q = node[0];
+        if (m_son[q][1] != none) {
             do
-                q = m_tree[q].son[1];
-            while (m_tree[q].son[1] != none);
-            m_tree[m_tree[q].dad].son[1] = m_tree[q].son[0];
-            m_tree[m_tree[q].son[0]].dad = m_tree[q].dad;
-            m_tree[q].son[0] = node.son[0];
-            m_tree[node.son[0]].dad = static_cast<quint16>(q);
+                q = m_son[q][1];
+            while (m_son[q][1] != none);
+            m_son[m_dad[q]][1] = m_son[q][0];
+            m_dad[m_son[q][0]] = m_dad[q];
+            m_son[q][0] = node[0];
+            m_dad[node[0]] = static_cast<quint16>(q);
         }
-        m_tree[q].son[1] = node.son[1];
-        m_tree[node.son[1]].dad = static_cast<quint16>(q);
+        m_son[q][1] = node[1];
+        m_dad[node[1]] = static_cast<quint16>(q);
     }
-    m_tree[q].dad = node.dad;
-    Node &dad = m_tree[node.dad];
-    dad.son[dad.son[1] == p ? 1 : 0] = static_cast<quint16>(q);
-    node.dad = none;
+    m_dad[q] = m_dad[p];
+    Sons &dad = m_son[m_dad[p]];
+    dad[dad[1] == p ? 1 : 0] = static_cast<quint16>(q);
+    m_dad[p] = none;
 }
 
 // ---------------------------------------------------------------- Huffman
@@ -183,12 +210,12 @@ void LzHuff::startHuff()
 {
     for (int i = 0; i < N_CHAR; ++i) {
         m_freq[i] = 1;
-        m_son[i] = static_cast<quint16>(i + T);
+        m_hson[i] = static_cast<quint16>(i + T);
         m_prnt[i + T] = static_cast<quint16>(i);
     }
     for (int i = 0, j = N_CHAR; j <= R; i += 2, ++j) {
         m_freq[j] = static_cast<quint16>(m_freq[i] + m_freq[i + 1]);
-        m_son[j] = static_cast<quint16>(i);
+        m_hson[j] = static_cast<quint16>(i);
         m_prnt[i] = m_prnt[i + 1] = static_cast<quint16>(j);
     }
     m_freq[T] = 0xFFFF;
@@ -199,10 +226,10 @@ void LzHuff::reconst()
 {
     int leaves = 0;
     for (int i = 0; i < T; ++i) {
-        if (m_son[i] < T)
+        if (m_hson[i] < T)
             continue;
         m_freq[leaves] = static_cast<quint16>((m_freq[i] + 1) / 2);
-        m_son[leaves] = m_son[i];
+        m_hson[leaves] = m_hson[i];
         ++leaves;
     }
     for (int i = 0, j = N_CHAR; j < T; i += 2, ++j) {
@@ -211,11 +238,11 @@ void LzHuff::reconst()
         const auto place = std::upper_bound(first, first + j, sum) - first;
         std::move_backward(first + place, first + j, first + j + 1);
         m_freq[place] = sum;
-        std::move_backward(m_son.begin() + place, m_son.begin() + j, m_son.begin() + j + 1);
-        m_son[place] = static_cast<quint16>(i);
+        std::move_backward(m_hson.begin() + place, m_hson.begin() + j, m_hson.begin() + j + 1);
+        m_hson[place] = static_cast<quint16>(i);
     }
     for (int i = 0; i < T; ++i) {
-        const int son = m_son[i];
+        const int son = m_hson[i];
         m_prnt[son] = static_cast<quint16>(i);
         if (son < T)
             m_prnt[son + 1] = static_cast<quint16>(i);
@@ -234,12 +261,12 @@ void LzHuff::update(int symbol)
             while (frequency > m_freq[last + 1])
                 ++last;
             std::swap(m_freq[c], m_freq[last]);
-            std::swap(m_son[c], m_son[last]);
-            const size_t i = m_son[c];
+            std::swap(m_hson[c], m_hson[last]);
+            const size_t i = m_hson[c];
             m_prnt[i] = static_cast<quint16>(c);
             if (i < T)
                 m_prnt[i + 1] = static_cast<quint16>(c);
-            const size_t j = m_son[last];
+            const size_t j = m_hson[last];
             m_prnt[j] = static_cast<quint16>(last);
             if (j < T)
                 m_prnt[j + 1] = static_cast<quint16>(last);
@@ -390,9 +417,9 @@ int LzHuff::decodeChar()
         fillBits();
     quint64 bits = m_getBits;
     int length = 0;
-    size_t c = m_son[R];
+    size_t c = m_hson[R];
     while (c < T) {
-        c = m_son[c + (bits >> 63)];
+        c = m_hson[c + (bits >> 63)];
         bits <<= 1;
         ++length;
     }

@@ -108,11 +108,8 @@ public:
     void putOutByte(quint8 byte);
 
 private:
-    /** One string of the search tree; N stands for "none". */
-    struct Node {
-        std::array<quint16, 2> son; ///< [0] the strings before this one, [1] those behind it
-        quint16 dad;
-    };
+    using Sons = std::array<quint16, 2>;
+    void replaceNode(int p, int r);
 
     void writeSize(quint32 size);
     quint32 readSize();
@@ -141,7 +138,9 @@ private:
 
     std::array<quint16, MaxTree + 1> m_freq;
     std::array<quint16, MaxTree + MaxSymbols> m_prnt; ///< from T on: the place of each leaf
-    std::array<quint16, MaxTree> m_son;               ///< first of two sons, or T plus a symbol
+    std::array<quint16, MaxTree> m_hson;               ///< first of two sons, or T plus a symbol
     std::array<quint8, N + F - 1 + ComparedPastEnd> m_textBuf;
-    std::array<Node, N + 257> m_tree; ///< behind N, the roots of the 256 trees
+    std::array<Sons, N + 257> m_son;
+    std::array<quint16, N + 257> m_dad;
+    int m_fullMatch;
 };

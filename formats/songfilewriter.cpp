@@ -37,8 +37,8 @@ bool isTaken(const QString &path)
 void allowOwnerToWrite(const QString &path)
 {
     const QFile::Permissions old = QFile::permissions(path);
-    if (!old.testFlag(QFile::WriteUser))
-        QFile::setPermissions(path, old | QFile::WriteUser);
+    if (!old.testFlag(QFile::WriteOwner))
+        QFile::setPermissions(path, old | QFile::WriteOwner | QFile::WriteUser);
 }
 
 /**
@@ -105,6 +105,8 @@ SongFileWriter::~SongFileWriter()
 
 bool SongFileWriter::open()
 {
+    if (m_path.isEmpty())
+        return false;
     if (!isTaken(m_path)) {
         m_created = m_file.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered);
         return m_created;
@@ -177,7 +179,7 @@ void SongFileWriter::putBack(const QByteArray &oldHead)
 SongFileWriter::Outcome SongFileWriter::replaceThroughTemporary(const QByteArray &head,
                                                                 QFile &source, qint64 sourcePos)
 {
-    if (isTaken(m_path) && !QFileInfo(m_path).isFile())
+    if (m_path.isEmpty() || (isTaken(m_path) && !QFileInfo(m_path).isFile()))
         return Outcome::CannotOpen;
     QFile temporary;
     if (!openTemporary(temporary))

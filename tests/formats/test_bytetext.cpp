@@ -52,7 +52,7 @@ void TestByteText::everyLatin1CharacterComesBack()
 void TestByteText::charactersOutsideLatin1BecomeQuestionMarks()
 {
     QCOMPARE(bytesFromText(QStringLiteral("5€ Łódź")), QByteArray("5? ?\xF3"
-                                                                   "d?"));
+                                                                  "d?"));
     QCOMPARE(bytesFromText(QStringLiteral("a\U0001F3B5z")), QByteArray("a??z"));
 }
 

@@ -1,6 +1,5 @@
 // The form of the diagnostic lines that every layer writes.
 #include "formats/diagnostics.h"
-
 #include "support/logcapture.h"
 
 #include <QLoggingCategory>
@@ -68,8 +67,9 @@ void TestDiagnostics::numbersAreDecimal()
     const LogCapture log;
     logDebug() << -1 << quint32(4294967295U) << qint64(-9223372036854775807LL - 1)
                << quint64(18446744073709551615ULL) << quint8(200) << quint16(65535);
-    QCOMPARE(log.lines(), QStringList{QStringLiteral(
-                              "-1 4294967295 -9223372036854775808 18446744073709551615 200 65535 ")});
+    QCOMPARE(log.lines(),
+             QStringList{QStringLiteral(
+                 "-1 4294967295 -9223372036854775808 18446744073709551615 200 65535 ")});
 }
 
 void TestDiagnostics::booleansAreWords()

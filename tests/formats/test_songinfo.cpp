@@ -1,6 +1,5 @@
 // The song record: its defaults, clearing, copying and its dump to the log.
 #include "formats/songinfo.h"
-
 #include "support/logcapture.h"
 
 #include <QTest>
