@@ -11,6 +11,13 @@
 namespace
 {
 
+
+quint32 prefixOf(const quint8 *text)
+{
+    return qFromBigEndian<quint32>(text) >> 8;
+}
+size_t slotOf(quint32 prefix) { return (prefix * 2654435761U) >> 20; }
+static quint64 load(const quint8*p){quint64 w;memcpy(&w,p,8);return w;}
 constexpr int none = LzHuff::N; // the link that leads to no string
 constexpr int firstWrite = LzHuff::N - LzHuff::F;
 constexpr int firstLengthSymbol = 256 - LzHuff::THRESHOLD - 1;
@@ -103,6 +110,7 @@ void LzHuff::initTree()
 {
     m_son.fill({none, none});
     m_dad.fill(none);
+    m_top.fill(none);
     m_fullMatch = none;
 }
 
@@ -118,34 +126,56 @@ void LzHuff::insertNode(int r)
         return;
     }
     m_fullMatch = none;
-    size_t p = static_cast<size_t>(N + 1 + key[0]);
-    quint64 keyWord = qFromBigEndian<quint64>(key + 1);
     m_son[r] = {none, none};
+    const quint32 prefix = prefixOf(key);
+    const size_t slot = slotOf(prefix);
+    size_t p = m_top[slot];
+    if (p == none || prefixOf(&m_textBuf[p]) != prefix) {
+        p = static_cast<size_t>(N + 1 + key[0]);
+        size_t side = 1;
+        for (;;) {
+            const size_t next = m_son[p][side];
+            if (next == none) {
+                m_son[p][side] = static_cast<quint16>(r);
+                m_dad[r] = static_cast<quint16>(p);
+                m_matchLength = 0;
+                m_top[slot] = static_cast<quint16>(r);
+                return;
+            }
+            p = next;
+            const quint32 other = prefixOf(&m_textBuf[p]);
+            if (other == prefix)
+                break;
+            side = prefix > other;
+        }
+        m_top[slot] = static_cast<quint16>(p);
+    }
+    const quint64 keyWord = load(key + 1);
     int best = 0;
     size_t side = 1;
-    size_t next_ = m_son[p][1];
+    size_t next_ = p;
     while (next_ != none) {
         p = next_;
         const quint16 left = m_son[p][0];
         const quint16 right = m_son[p][1];
         const quint8 *const text = &m_textBuf[p];
-        const quint64 textWord = qFromBigEndian<quint64>(text + 1);
+        const quint64 textWord = load(text + 1);
         quint64 x = keyWord ^ textWord;
         int length = 1;
-        side = keyWord > textWord;
+        side = qFromBigEndian(keyWord) > qFromBigEndian(textWord);
         if (x == 0) {
             int i = 9;
             for (; i < F; i += 8) {
-                const quint64 a = qFromBigEndian<quint64>(key + i);
-                const quint64 b = qFromBigEndian<quint64>(text + i);
+                const quint64 a = load(key + i);
+                const quint64 b = load(text + i);
                 x = a ^ b;
-                side = a > b;
+                side = qFromBigEndian(a) > qFromBigEndian(b);
                 if (x != 0)
                     break;
             }
             length = i;
         }
-        length += static_cast<int>(__builtin_clzll(x | 1) / 8);
+        length += static_cast<int>(__builtin_ctzll(x) / 8);
         if (length >= F) {
             m_matchLength = F;
             m_fullMatch = static_cast<int>(p);
@@ -172,6 +202,9 @@ void LzHuff::replaceNode(int p, int r)
     Sons &dad = m_son[m_dad[p]];
     dad[dad[1] == p ? 1 : 0] = static_cast<quint16>(r);
     m_dad[p] = none;
+    quint16 &top = m_top[slotOf(prefixOf(&m_textBuf[r]))];
+    if (top == p)
+        top = static_cast<quint16>(r);
 }
 
 void LzHuff::deleteNode(int p)
@@ -179,6 +212,9 @@ void LzHuff::deleteNode(int p)
     if (m_dad[p] == none)
         return;
     const Sons node = m_son[p];
+    quint16 &top = m_top[slotOf(prefixOf(&m_textBuf[p]))];
+    if (top == p)
+        top = none;
     size_t q;
     if (node[1] == none) {
         q = node[0];
@@ -195,6 +231,7 @@ void LzHuff::deleteNode(int p)
             m_son[q][0] = node[0];
             m_dad[node[0]] = static_cast<quint16>(q);
         }
+        m_top[slotOf(prefixOf(&m_textBuf[q]))] = none;
         m_son[q][1] = node[1];
         m_dad[node[1]] = static_cast<quint16>(q);
     }

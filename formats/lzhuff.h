@@ -143,4 +143,5 @@ private:
     std::array<Sons, N + 257> m_son;
     std::array<quint16, N + 257> m_dad;
     int m_fullMatch;
+    std::array<quint16, 4096> m_top;
 };
