@@ -1,0 +1,23 @@
+// Text as the player stores and orders it.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/**
+ * The text in upper case, with every "ß" kept: the player's character set holds it as one character
+ * and "SS" would change the length and the place of a name.
+ */
+QString stringToUpper(const QString &text);
+
+/** The bytes of a path in code page IBM 850; a character outside it becomes "?". */
+QByteArray ibm850FromText(const QString &text);
+
+/** The text of IBM 850 bytes; every byte stands for a character. */
+QString textFromIbm850(const QByteArray &bytes);
+
+/**
+ * The bytes by which the player orders paths: the upper-cased path in IBM 850, compared as unsigned
+ * characters.
+ */
+QByteArray pathSortKey(const QString &path);
