@@ -26,7 +26,7 @@
 #include "ui_mainwindow.h"
 
 #include <QCloseEvent>
-#include <QDir>
+#include <QDirIterator>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QMenu>
@@ -463,6 +463,15 @@ QString MainWindow::getRoot(const QString &path) const
 bool MainWindow::isRoot(const QString &path) const
 {
     return MountedVolumes().isRoot(path);
+}
+
+void MainWindow::filesCount(const QString &dir, int &count) const
+{
+    QDirIterator files(dir, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        files.next();
+        ++count;
+    }
 }
 
 // ---------------------------------------------------------------- menus
