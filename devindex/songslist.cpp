@@ -23,5 +23,8 @@ bool SongsListWriter::writeLine(const QStringList &fields)
 
 bool SongsListWriter::commit()
 {
+    // A commit alone would put a file in place whose last bytes did not fit on the disk.
+    if (!m_file.flush())
+        m_file.cancelWriting();
     return m_file.commit();
 }

@@ -489,7 +489,6 @@ void TestIndexScan::aFolderThatCannotBeRenamedIsLeftOut()
     AskedIndex index(memory);
     // The name is taken between the question and the answer: renaming fails.
     index.setRenameQuestion([&memory](const QString &, const QString &) {
-        memory.add(QStringLiteral("Along-1/x.txt"), {});
         memory.add(QStringLiteral("Alongf-1/x.txt"), {});
         return int(NoCopyrightDialog::Yes);
     });

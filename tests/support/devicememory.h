@@ -100,7 +100,7 @@ public:
     }
 
     /** What the independent checker finds wrong with the index; empty when it is consistent. */
-    static QString faults(const QString &root, const QStringList &options = {})
+    static QString faultsAt(const QString &root, const QStringList &options = {})
     {
         QProcess checker;
         checker.setProcessChannelMode(QProcess::MergedChannels);
@@ -114,7 +114,7 @@ public:
         return passed ? QString() : QStringLiteral("exit %1: ").arg(checker.exitCode()) + output;
     }
 
-    QString faults(const QStringList &options = {}) const { return faults(root(), options); }
+    QString faults(const QStringList &options = {}) const { return faultsAt(root(), options); }
 
 private:
     QTemporaryDir m_folder;
