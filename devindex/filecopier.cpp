@@ -13,10 +13,10 @@
 namespace
 {
 
-constexpr qint64 clusterSize = 32 * 1024;
+constexpr qint64 clusterSize = 32768;
 
 /** Read and written at once; between two of these the windows get their turn. */
-constexpr qsizetype chunkSize = 256 * 1024;
+constexpr qsizetype chunkSize = 262144;
 
 QString targetOf(const QString &source, const QString &dest)
 {
@@ -46,7 +46,7 @@ QString companionOf(const QString &path)
     if (!path.endsWith(QLatin1String(".mp3"), Qt::CaseInsensitive))
         return {};
     for (const QLatin1String suffix : {QLatin1String(".cdg"), QLatin1String(".CDG")}) {
-        const QString companion = path.chopped(4) + suffix;
+        QString companion = path.chopped(4) + suffix;
         if (QFileInfo(companion).isFile())
             return companion;
     }
