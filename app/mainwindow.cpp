@@ -205,11 +205,16 @@ void MainWindow::on_selectDirToolButton_clicked()
                                       nullptr, QFileDialog::DontUseNativeDialog);
     if (files.isEmpty())
         return;
-    m_selectedFiles = files;
-    m_filesCount = static_cast<int>(m_selectedFiles.size());
+    setSelectedFiles(files);
     disableActionButtons();
     importUserLibrary();
     ui->transferFilesToolButton->setEnabled(true);
+}
+
+void MainWindow::setSelectedFiles(const QStringList &files)
+{
+    m_selectedFiles = files;
+    m_filesCount = static_cast<int>(m_selectedFiles.size());
 }
 
 void MainWindow::importUserLibrary()
@@ -393,8 +398,9 @@ void MainWindow::deleteRowsFile(int row)
     if (deleted.isEmpty())
         return;
     // Backup and transfer copy the selected files: they would miss this one for ever.
-    m_selectedFiles.removeAll(deleted);
-    m_filesCount = static_cast<int>(m_selectedFiles.size());
+    QStringList files = m_selectedFiles;
+    files.removeAll(deleted);
+    setSelectedFiles(files);
 }
 
 SongEditor MainWindow::songEditor()
