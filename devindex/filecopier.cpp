@@ -13,10 +13,10 @@
 namespace
 {
 
-constexpr qint64 clusterSize = 32 * 1024;
+constexpr qint64 clusterSize = 32768;
 
 /** Read and written at once; between two of these the windows get their turn. */
-constexpr qsizetype chunkSize = 512 * 1024;
+constexpr qsizetype chunkSize = 262144;
 
 QString targetOf(const QString &source, const QString &dest)
 {
@@ -46,7 +46,7 @@ QString companionOf(const QString &path)
     if (!path.endsWith(QLatin1String(".mp3"), Qt::CaseInsensitive))
         return {};
     for (const QLatin1String suffix : {QLatin1String(".cdg"), QLatin1String(".CDG")}) {
-        const QString companion = path.chopped(4) + suffix;
+        QString companion = path.chopped(4) + suffix;
         if (QFileInfo(companion).isFile())
             return companion;
     }
@@ -165,10 +165,12 @@ bool FileCopier::copySong(const QString &source, const QString &target, bool rep
  */
 bool FileCopier::copyFile(const QString &source, const QString &target, bool replace)
 {
+    const QFileInfo before(source);
     QFile in(source);
-    if (!QFileInfo(source).isFile() || !in.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+    if (!before.isFile() || !in.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return false;
-    qint64 count = in.read(m_buffer.data(), m_buffer.size());
+    qint64 left = before.size();
+    qint64 count = readChunk(in, left);
     if (count < 0)
         return false;
 
@@ -178,16 +180,20 @@ bool FileCopier::copyFile(const QString &source, const QString &target, bool rep
     if (!out.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
         return false;
 
-    bool written = true;
-    while (written && count > 0) {
-        written = out.write(m_buffer.constData(), count) == count;
+    while (count > 0 && out.write(m_buffer.constData(), count) == count) {
+        left -= count;
         m_keepAlive.processEvents();
-        count = in.read(m_buffer.data(), m_buffer.size());
+        count = readChunk(in, left);
     }
     out.close();
-    if (written && count == 0 && QFileInfo(target).size() == QFileInfo(source).size())
+    if (left == 0 && QFileInfo(target).size() == QFileInfo(source).size())
         return true;
     logWarning() << "[FileCopier::copyFile] Incomplete copy removed:" << target;
     out.remove();
     return false;
+}
+
+qint64 FileCopier::readChunk(QFile &in, qint64 left)
+{
+    return left > 0 ? in.read(m_buffer.data(), qMin<qint64>(left, m_buffer.size())) : 0;
 }

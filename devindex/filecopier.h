@@ -11,6 +11,10 @@
 
 #include <functional>
 
+QT_BEGIN_NAMESPACE
+class QFile;
+QT_END_NAMESPACE
+
 /**
  * One object copies one list of files. It asks before it replaces a file and remembers the "all"
  * answers; it has no window of its own.
@@ -57,6 +61,7 @@ private:
     bool mayReplace(const QString &target);
     bool copySong(const QString &source, const QString &target, bool replace);
     bool copyFile(const QString &source, const QString &target, bool replace);
+    qint64 readChunk(QFile &in, qint64 left);
 
     const AskReplace m_askReplace;
     bool m_ask = true;         ///< false after an "all" answer

@@ -1,5 +1,6 @@
 #include "devindex/indexwriter.h"
 
+#include "devindex/devicetext.h"
 #include "devindex/recordfile.h"
 
 #include <algorithm>
@@ -93,7 +94,7 @@ int indexwriter::writeGroups(const QString &path, const QList<SongInfoIndex> &en
     for (auto song = entries.cbegin(); song != entries.cend(); ++groups) {
         const QString &groupText = (*song).*text;
         const auto end = std::find_if(song, entries.cend(), [&](const SongInfoIndex &entry) {
-            return (entry.*text).compare(groupText, Qt::CaseInsensitive) != 0;
+            return compareIgnoringCase(entry.*text, groupText) != 0;
         });
         header.previousCount = header.count;
         header.count = static_cast<quint16>(end - song);

@@ -8,7 +8,7 @@ namespace
 bool compareTextThenTitle(QString SongInfoIndex::*text, const SongInfoIndex &first,
                           const SongInfoIndex &second)
 {
-    const int order = (first.*text).compare(second.*text, Qt::CaseInsensitive);
+    const int order = compareIgnoringCase(first.*text, second.*text);
     return order != 0 ? order < 0 : compareTitle(first, second);
 }
 
@@ -26,7 +26,7 @@ bool compareById(const SongInfoIndex &first, const SongInfoIndex &second)
 
 bool compareTitle(const SongInfoIndex &first, const SongInfoIndex &second)
 {
-    return first.title.compare(second.title, Qt::CaseInsensitive) < 0;
+    return compareIgnoringCase(first.title, second.title) < 0;
 }
 
 bool compareArtist(const SongInfoIndex &first, const SongInfoIndex &second)

@@ -18,7 +18,7 @@ namespace
 /** Relative to the working directory, unless nothing can be written there. */
 QString defaultFileName()
 {
-    const QString name = QStringLiteral("SongsList.csv");
+    QString name = QStringLiteral("SongsList.csv");
     if (QFileInfo(QDir::currentPath()).isWritable())
         return name;
     return QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation))

@@ -53,6 +53,9 @@ bool Transfer::updateKavenaIndex(const QString &path)
     const auto setMaximum = [&progress](int maximum) { progress->setMaximum(maximum); };
 
     Index index;
+    index.setRenameQuestion([this](const QString &item, const QString &message) {
+        return m_questions.askRename(item, message);
+    });
     QObject::connect(&index, &Index::fileFoundChanged, &index, setValue);
     QObject::connect(&index, &Index::progressValueChanged, &index, setValue);
     QObject::connect(&index, &Index::progressMaxSetup, &index, setMaximum);

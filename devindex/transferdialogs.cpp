@@ -1,6 +1,7 @@
 #include "devindex/transferdialogs.h"
 
 #include "devindex/filecopier.h"
+#include "library/nocopyrightdialog.h"
 
 #include <QFileDialog>
 #include <QMessageBox>
@@ -13,6 +14,14 @@ QString TransferDialogs::chooseFolder(const QString &title, const QString &start
 int TransferDialogs::askReplace(const QString &target)
 {
     return FileCopier::showReplaceQuestion(target);
+}
+
+int TransferDialogs::askRename(const QString &path, const QString &message)
+{
+    NoCopyrightDialog dialog;
+    dialog.setFilename(path);
+    dialog.setMessage(message);
+    return dialog.exec();
 }
 
 bool TransferDialogs::askAnyway(const QString &title, const QString &question)

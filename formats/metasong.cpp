@@ -34,10 +34,10 @@ constexpr qsizetype mf4TrackHeadSize = 3;
 
 /**
  * Files that are held in memory whole may not be larger. A MIDI cable carries 3125 bytes a second:
- * this would keep it busy for five hours, so no song is refused, but a disk image that happens to
- * begin like one is.
+ * this would keep it busy for almost six hours, so no song is refused, but a disk image that
+ * happens to begin like one is.
  */
-constexpr qint64 largestFileInMemory = 64 * 1024 * 1024;
+constexpr qint64 largestFileInMemory = qint64{64} * 1024 * 1024;
 
 /** How much of an MP3 file is searched for its tag. */
 constexpr qint64 mp3StartSize = 1000000;

@@ -118,8 +118,7 @@ qsizetype indexOfKravo(QByteArrayView bytes, qsizetype from, RawMidiFile::kRavoM
 {
     qsizetype position = MidiMetaEvent::indexOf(bytes, MidiMetaEvent::Kravo, from);
     while (position >= 0) {
-        const MidiMetaEvent event(bytes, position);
-        if (event.holdsData(SubTypeIndex) && event.dataAt(SubTypeIndex) == type)
+        if (MidiMetaEvent(bytes, position).dataAt(SubTypeIndex) == type)
             return position;
         position = MidiMetaEvent::indexOf(bytes, MidiMetaEvent::Kravo, position + 1);
     }

