@@ -1,1 +1,647 @@
 #include "devindex/index.h"
+
+#include "devindex/devicetext.h"
+#include "devindex/entrysort.h"
+#include "devindex/filestamp.h"
+#include "devindex/indexfiles.h"
+#include "devindex/indexloader.h"
+#include "devindex/indexwriter.h"
+#include "devindex/pathorder.h"
+#include "devindex/playlistfiles.h"
+#include "devindex/recordfile.h"
+#include "devindex/songhead.h"
+#include "formats/diagnostics.h"
+#include "library/nocopyrightdialog.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
+#include <array>
+
+namespace
+{
+
+constexpr quint32 NoIdLoaded = 0xFFFFFFFF;
+
+/** False for a path that no scan can have given: the file would lie outside the memory. */
+bool isMemoryPath(const QString &path)
+{
+    return path.startsWith(QLatin1Char('/')) && path.size() <= PathRecord::MaxPathLength &&
+           !path.contains(QLatin1String("/../")) && !path.endsWith(QLatin1String("/.."));
+}
+
+bool isPlayerFolder(const QString &name)
+{
+    return name.compare(indexfiles::EffectsFolder, Qt::CaseInsensitive) == 0 ||
+           name.compare(indexfiles::BridgeFolder, Qt::CaseInsensitive) == 0;
+}
+
+/** Reads what the index shows of a song whose file is known to be a regular one. */
+bool readSong(SongInfoIndex &entry)
+{
+    return readSongHead(songHeadOf(entry.fullPath), entry.fullPath, entry);
+}
+
+/** Removes a file; true when it is not there any more. */
+bool removeFile(const QString &path)
+{
+    return QFile::remove(path) || !QFileInfo::exists(path);
+}
+
+/** A line of the list of songs: each field closed by ";", without quotes, in UTF-8. */
+QByteArray listLine(const std::array<QStringView, 4> &fields)
+{
+    QString line;
+    for (const QStringView field : fields)
+        line += field + QLatin1Char(';');
+    line += QLatin1Char('\n');
+    return line.toUtf8();
+}
+
+int askInDialog(const QString &path, const QString &message)
+{
+    NoCopyrightDialog dialog;
+    dialog.setFilename(path);
+    dialog.setMessage(message);
+    return dialog.exec();
+}
+
+} // namespace
+
+/** One walk through the folders of a memory. */
+struct Index::Scan {
+    PathOrder order;
+    QSet<QString> active; ///< folders being scanned, by canonical path
+    QSet<QString> linked; ///< folders that were entered through a symbolic link
+};
+
+Index::Index()
+    : m_renameQuestion(askInDialog)
+{
+}
+
+void Index::setRenameQuestion(RenameQuestion question)
+{
+    m_renameQuestion = std::move(question);
+}
+
+bool Index::createIndex(const QString &root)
+{
+    if (!begin(root))
+        return false;
+    restorePlaylists = createPlaylistFilePath() ? 1 : 0;
+    maxLoadedId = NoIdLoaded;
+    nextId = 0;
+    nextPosidx = 0;
+    entries.clear();
+
+    deleteIndex();
+    createPathIndex();
+    createKavenaDir();
+    return hasWholeIndex();
+}
+
+bool Index::updateIndex(const QString &root)
+{
+    if (!begin(root))
+        return false;
+    if (!checkIndexFile())
+        return createIndex(root);
+    maxLoadedId = 0;
+    nextId = 0;
+    nextPosidx = 0;
+    restorePlaylists = createPlaylistFilePath() ? 1 : 0;
+    if (restorePlaylists != 0) {
+        // Every song is entered anew, with an id that was never used before; the playlists are
+        // pointed at the new ids by path.
+        entries.clear();
+        nextPosidx = 0;
+    } else {
+        playlistNumbers.clear();
+        if (loadAllIndexFile() < 0)
+            return false;
+    }
+    nextId = maxLoadedId + 1;
+
+    createPathIndex();
+    createKavenaDir();
+    return hasWholeIndex();
+}
+
+bool Index::begin(const QString &root)
+{
+    QString path = root;
+    if (path.endsWith(QLatin1Char('/')) || path.endsWith(QLatin1Char('\\')))
+        path.chop(1);
+    if (path.isEmpty())
+        return false; // it would stand for the working directory
+    rootPath = QDir::cleanPath(QDir(path).absolutePath());
+    filesFound = 0;
+    counts.values.fill(0);
+    indexChanged = 0;
+    m_buildFailed = false;
+    return true;
+}
+
+bool Index::hasWholeIndex() const
+{
+    return !m_buildFailed && checkIndexFile();
+}
+
+QString Index::filePath(const QString &name) const
+{
+    return rootPath + QLatin1Char('/') + name;
+}
+
+bool Index::checkIndexFile() const
+{
+    return std::all_of(indexfiles::All.begin(), indexfiles::All.end(),
+                       [this](QLatin1String name) { return QFileInfo(filePath(name)).isFile(); });
+}
+
+void Index::deleteIndex()
+{
+    logDebug() << "delete index";
+    // The counts go first: what is left if this is cut off is no index.
+    QFile::remove(filePath(indexfiles::Count));
+    for (const QLatin1String name : indexfiles::All)
+        QFile::remove(filePath(name));
+    for (const QLatin1String name : indexfiles::Temporary)
+        QFile::remove(filePath(name));
+}
+
+void Index::createKavenaDir()
+{
+    const QDir root(rootPath);
+    for (const QLatin1String name : {indexfiles::EffectsFolder, indexfiles::BridgeFolder}) {
+        if (!root.exists(name))
+            root.mkdir(name);
+    }
+}
+
+// The scan ---------------------------------------------------------------------------------------
+
+void Index::scan_files(const QString &dir)
+{
+    Scan scan{PathOrder(entries), {}, {}};
+    scanFolder(dir, false, scan);
+    scan.order.apply();
+}
+
+void Index::scanFolder(const QString &dir, bool throughLink, Scan &scan)
+{
+    if (scan.active.contains(QFileInfo(dir).canonicalFilePath()))
+        return;
+    const QString folder = renameLongFileName(dir);
+    if (folder.isEmpty())
+        return;
+    const QString canonical = QFileInfo(folder).canonicalFilePath();
+    if (throughLink) {
+        // Links that lead to each other's folders have more ways through them than can be walked.
+        if (scan.linked.contains(canonical))
+            return;
+        scan.linked.insert(canonical);
+    }
+
+    scan.active.insert(canonical);
+    const QFileInfoList items = QDir(folder).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot,
+                                                           QDir::Name | QDir::IgnoreCase);
+    for (const QFileInfo &item : items) {
+        if (!item.isDir())
+            scanFile(item, scan);
+        else if (!isPlayerFolder(item.fileName()))
+            scanFolder(item.absoluteFilePath(), throughLink || item.isSymLink(), scan);
+    }
+    scan.active.remove(canonical);
+}
+
+void Index::scanFile(QFileInfo file, Scan &scan)
+{
+    emit currentPathChanged(file.filePath());
+    if (!checkFileExt(file.suffix()))
+        return;
+    const QString fullPath = file.absoluteFilePath();
+    const QString name = renameLongFileName(fullPath);
+    if (name.isEmpty())
+        return;
+    if (name != fullPath)
+        file.setFile(name);
+    addFile(file, scan.order);
+    ++filesFound;
+    emit fileFoundChanged(static_cast<int>(filesFound));
+}
+
+bool Index::checkFileExt(const QString &suffix) const
+{
+    constexpr std::array<QLatin1String, 6> known{QLatin1String("MID"), QLatin1String("KAR"),
+                                                 QLatin1String("MF3"), QLatin1String("MF4"),
+                                                 QLatin1String("MF5"), QLatin1String("MP3")};
+    return std::any_of(known.begin(), known.end(), [&suffix](QLatin1String extension) {
+        return suffix.compare(extension, Qt::CaseInsensitive) == 0;
+    });
+}
+
+QString Index::renameLongFileName(const QString &path)
+{
+    if (path.compare(rootPath, Qt::CaseInsensitive) == 0)
+        return path;
+    if (isShortName(path))
+        return path;
+    const QString candidate = m_shortNames.candidateFor(QFileInfo(path));
+    if (candidate.isEmpty())
+        return {};
+    if (!askForRename(path, candidate))
+        return path;
+    if (QDir().rename(path, candidate))
+        return candidate;
+    logWarning() << "[Index::renameLongFileName] Impossible to rename" << path;
+    return {};
+}
+
+bool Index::askForRename(const QString &path, const QString &candidate)
+{
+    if (askBeforeRename != 0) {
+        const QString message =
+            tr("verrà rinominato: ") + candidate + QLatin1String("\n\n") +
+            tr("Se il file non viene rinominato, è possibile che non venga rilevato da Kavena.");
+        const int answer = m_renameQuestion(path, message);
+        renameAccepted =
+            answer == NoCopyrightDialog::Yes || answer == NoCopyrightDialog::YesAll ? 1 : 0;
+        askBeforeRename =
+            answer == NoCopyrightDialog::YesAll || answer == NoCopyrightDialog::NoAll ? 0 : 1;
+    }
+    return renameAccepted != 0;
+}
+
+bool Index::addFileToIndex(const QFileInfo &fi)
+{
+    SortedEntries order(entries);
+    return addFile(fi, order);
+}
+
+template <typename Order>
+bool Index::addFile(const QFileInfo &file, Order &order)
+{
+    const QString fullPath = file.absoluteFilePath();
+    QString path;
+    if (!pathOnMemory(fullPath, path))
+        return false;
+
+    const QByteArray key = pathSortKey(path);
+    const qsizetype place = placeBehind(order, key);
+    // Different characters may share a key, so that the song can be anywhere among equal ones.
+    for (qsizetype same = place - 1; same >= 0 && order.keyAt(same) == key; --same) {
+        if (isIndexedAs(order.entryAt(same), path, fullPath))
+            return true;
+    }
+    if (!hasRoomFor(fullPath))
+        return false;
+
+    const FileStamp stamp = FileStamp::of(file);
+    SongInfoIndex entry;
+    entry.fullPath = fullPath;
+    entry.path = path;
+    entry.id = nextId++;
+    entry.posidx = nextPosidx++;
+    entry.date = stamp.date;
+    entry.time = stamp.time;
+    order.insert(place, entry, key);
+    indexChanged = 1;
+    return true;
+}
+
+bool Index::pathOnMemory(const QString &fullPath, QString &path)
+{
+    const QString shortPath = getShortFileNamePath(fullPath);
+    const QString shortRoot = getShortFileNamePath(rootPath);
+    if (!shortPath.isNull() && !shortRoot.isNull())
+        path = shortPath.mid(shortRoot.size());
+    if (!path.startsWith(QLatin1Char('/'))) {
+        emit errorFromIndex(tr("File non importato, errore nel path:") + fullPath);
+        return false;
+    }
+    if (path.size() > PathRecord::MaxPathLength) {
+        emit errorFromIndex(tr("File non importato, path troppo lungo: ") + fullPath);
+        return false;
+    }
+    return true;
+}
+
+/**
+ * True when the entry is the song of this path. An entry whose file is found no more under its own
+ * spelling takes this one: names are loaded with "?" for what the index cannot hold, and their case
+ * may have been changed.
+ */
+bool Index::isIndexedAs(SongInfoIndex &entry, const QString &path, const QString &fullPath)
+{
+    if (entry.path == path)
+        return true;
+    const bool sameName = entry.path.compare(path, Qt::CaseInsensitive) == 0;
+    const bool sameRecord = ibm850FromText(entry.path) == ibm850FromText(path);
+    if ((sameName || sameRecord) && !QFileInfo::exists(entry.fullPath)) {
+        entry.path = path;
+        entry.fullPath = fullPath;
+        if (!sameRecord)
+            indexChanged = 1;
+        return true;
+    }
+    return sameName;
+}
+
+bool Index::hasRoomFor(const QString &fullPath)
+{
+    if (entries.size() < SongInfoIndex::MaxSongs && nextId != SongInfoIndex::RemovedId)
+        return true;
+    emit errorFromIndex(tr("File non importato, troppi file nella memoria: ") + fullPath);
+    return false;
+}
+
+int Index::setSongInfo(SongInfoIndex &e) const
+{
+    // Only a regular file can be read without the risk of waiting for ever.
+    const QByteArray head = QFileInfo(e.fullPath).isFile() ? songHeadOf(e.fullPath) : QByteArray();
+    return readSongHead(head, e.fullPath, e) ? 1 : 0;
+}
+
+QString Index::getLongFileNamePath(const QString &path) const
+{
+    return path;
+}
+
+QString Index::getShortFileNamePath(const QString &path) const
+{
+    return path;
+}
+
+// The build --------------------------------------------------------------------------------------
+
+void Index::createPathIndex()
+{
+    logDebug() << "create path index";
+    emit progressValueChanged(0);
+    filesFound = 0;
+    scan_files(rootPath);
+    if (filesFound == 0)
+        return;
+
+    emit progressMaxSetup(static_cast<int>(filesFound));
+    createTitleIndex();
+    if (indexChanged == 0)
+        return;
+
+    emit progressMaxSetup(100);
+    emit progressValueChanged(0);
+    removeDeletedItems();
+    emit progressValueChanged(10);
+    m_buildFailed = !writeIndexFiles();
+    if (m_buildFailed) {
+        logWarning() << "[Index::createPathIndex] Impossible to write the index of" << rootPath;
+        deleteIndex();
+    }
+}
+
+void Index::createTitleIndex()
+{
+    logDebug() << "create title index";
+    int step = 0;
+    for (SongInfoIndex &entry : entries) {
+        emit currentPathChanged(entry.fullPath);
+        refreshEntry(entry);
+        emit progressValueChanged(++step);
+    }
+    emit currentPathChanged(QString());
+}
+
+void Index::refreshEntry(SongInfoIndex &entry)
+{
+    if (maxLoadedId == NoIdLoaded || entry.id > maxLoadedId) {
+        // The scan has just seen the file. Only one that cannot be read is looked for again.
+        if (!readSong(entry) && !QFileInfo(entry.fullPath).isFile())
+            entry.id = SongInfoIndex::RemovedId;
+        indexChanged = 1;
+        return;
+    }
+    const QFileInfo file(entry.fullPath);
+    if (!isMemoryPath(entry.path) || !file.isFile()) {
+        entry.id = SongInfoIndex::RemovedId;
+        indexChanged = 1;
+        return;
+    }
+    const FileStamp stamp = FileStamp::of(file);
+    if (stamp.date == entry.date && stamp.time == entry.time)
+        return;
+    readSong(entry);
+    entry.date = stamp.date;
+    entry.time = stamp.time;
+    indexChanged = 1;
+}
+
+void Index::removeDeletedItems()
+{
+    sortEntries(entries, compareByPosidx);
+    quint16 removed = 0;
+    for (SongInfoIndex &entry : entries) {
+        if (entry.id == SongInfoIndex::RemovedId)
+            ++removed;
+        else
+            entry.posidx = static_cast<quint16>(entry.posidx - removed);
+    }
+    entries.removeIf(
+        [](const SongInfoIndex &entry) { return entry.id == SongInfoIndex::RemovedId; });
+}
+
+bool Index::writeIndexFiles()
+{
+    struct SongFile {
+        int (Index::*write)(const QString &name);
+        QLatin1String name;
+        QLatin1String alphaName;
+        int progress;
+    };
+    constexpr std::array songFiles{
+        SongFile{&Index::writeTitleIndex, indexfiles::Title, indexfiles::AlphaTitle, 30},
+        SongFile{&Index::writeArtistIndex, indexfiles::Artist, indexfiles::AlphaArtist, 40},
+        SongFile{&Index::writeGenreIndex, indexfiles::Genre, indexfiles::AlphaGenre, 50},
+        SongFile{&Index::writeTitleIndex, indexfiles::Mp3Title, indexfiles::AlphaMp3Title, 70},
+        SongFile{&Index::writeArtistIndex, indexfiles::Mp3Artist, indexfiles::AlphaMp3Artist, 80},
+        SongFile{&Index::writeGenreIndex, indexfiles::Mp3Genre, indexfiles::AlphaMp3Genre, 90}};
+    constexpr std::size_t firstMp3File = 3;
+
+    if (!removeFile(filePath(indexfiles::Count)))
+        return false;
+    if (writeOrdIndex() < 0)
+        return false;
+    if (restorePlaylists != 0)
+        restorePlaylistFilePath();
+    if (writePathIndex() < 0)
+        return false;
+    emit progressValueChanged(20);
+
+    for (std::size_t i = 0; i < songFiles.size(); ++i) {
+        if (i == firstMp3File) {
+            createMp3TitleIndex();
+            emit progressValueChanged(60);
+        }
+        const SongFile &file = songFiles.at(i);
+        const int count = (this->*file.write)(file.name);
+        if (count < 0 || writeAlphaBuffer(file.alphaName) < 0)
+            return false;
+        counts.values.at(i) = static_cast<quint32>(count);
+        emit progressValueChanged(file.progress);
+    }
+    if (writeNumFile() < 0)
+        return false;
+    emit progressValueChanged(100);
+    return true;
+}
+
+// The writers ------------------------------------------------------------------------------------
+
+int Index::writePathIndex()
+{
+    sortEntries(entries, compareByPosidx);
+    return indexwriter::writePaths(filePath(indexfiles::Path), entries);
+}
+
+int Index::writeOrdIndex()
+{
+    PathOrder(entries).apply();
+    return indexwriter::writeOrder(filePath(indexfiles::Order), entries);
+}
+
+int Index::writeTitleIndex(const QString &name)
+{
+    sortEntries(entries, compareTitle);
+    clearAlphaBuffer();
+    return indexwriter::writeTitles(filePath(name), entries, alphaBuffer);
+}
+
+int Index::writeArtistIndex(const QString &name)
+{
+    sortEntries(entries, compareArtist);
+    clearAlphaBuffer();
+    return indexwriter::writeGroups(filePath(name), entries, &SongInfoIndex::artist, alphaBuffer);
+}
+
+int Index::writeGenreIndex(const QString &name)
+{
+    sortEntries(entries, compareGenre);
+    clearAlphaBuffer();
+    return indexwriter::writeGroups(filePath(name), entries, &SongInfoIndex::genre, alphaBuffer);
+}
+
+void Index::clearAlphaBuffer()
+{
+    alphaBuffer.clear();
+}
+
+void Index::addToAlphaBuffer(const QString &text, unsigned long offset)
+{
+    alphaBuffer.add(text, static_cast<qint64>(offset));
+}
+
+int Index::writeAlphaBuffer(const QString &name)
+{
+    return indexwriter::writeAlpha(filePath(name), alphaBuffer);
+}
+
+int Index::writeNumFile()
+{
+    return indexwriter::writeCounts(filePath(indexfiles::Count), counts);
+}
+
+void Index::createMp3TitleIndex()
+{
+    entries.removeIf(
+        [](const SongInfoIndex &entry) { return entry.fileType != SongInfoIndex::Mp3; });
+}
+
+// Reading an index -------------------------------------------------------------------------------
+
+int Index::loadAllIndexFile()
+{
+    if (!IndexLoader(rootPath, entries).load()) {
+        logWarning() << "[Index::loadAllIndexFile] Damaged index in" << rootPath;
+        entries.clear();
+        nextPosidx = 0;
+        return -1;
+    }
+    nextPosidx = static_cast<quint16>(entries.size());
+    if (!entries.isEmpty())
+        maxLoadedId = entries.constLast().id;
+    return 0;
+}
+
+// Playlists and export ---------------------------------------------------------------------------
+
+bool Index::createPlaylistFilePath()
+{
+    logDebug() << "create playlist file path";
+    const PlaylistFiles playlists(rootPath);
+    if (!playlists.readNumbers(playlistNumbers))
+        return false;
+    const bool anyNew =
+        std::any_of(playlistNumbers.cbegin(), playlistNumbers.cend(),
+                    [&](quint16 number) { return playlists.needsPathFile(number); });
+    if (!anyNew)
+        return false;
+    if (loadAllIndexFile() < 0) {
+        playlistNumbers.clear();
+        return false;
+    }
+    if (entries.isEmpty())
+        return false;
+    bool saved = false;
+    for (const quint16 number : std::as_const(playlistNumbers))
+        saved = playlists.savePaths(number, entries) || saved;
+    return saved;
+}
+
+void Index::restorePlaylistFilePath()
+{
+    logDebug() << "restore playlist file path";
+    const PlaylistFiles playlists(rootPath);
+    PathOrder order(entries);
+    for (const quint16 number : std::as_const(playlistNumbers))
+        playlists.restoreIds(number, order);
+}
+
+int Index::saveSongsList(const QString &root, const QString &fileName, SORT_MODE mode)
+{
+    if (!begin(root) || !checkIndexFile())
+        return -1;
+    if (loadAllIndexFile() < 0)
+        return 0;
+    const EntryOrder order = mode == SortByArtist  ? compareArtist
+                             : mode == SortByGenre ? compareGenre
+                                                   : compareTitle;
+    sortEntries(entries, order);
+    if (writeSongsList(fileName))
+        return 1;
+    if (QFileInfo(fileName).isFile())
+        QFile::remove(fileName); // a part of the list would pass for all of it
+    return 0;
+}
+
+bool Index::writeSongsList(const QString &fileName)
+{
+    RecordWriter list(fileName);
+    if (!list.open() ||
+        !list.append(listLine({tr("TITOLO"), tr("ARTISTA"), tr("GENERE"), tr("FILE")})))
+        return false;
+    emit progressMaxSetup(static_cast<int>(entries.size()));
+    int step = 0;
+    for (const SongInfoIndex &entry : std::as_const(entries)) {
+        const QString longPath = getLongFileNamePath(entry.fullPath);
+        const QString &path = longPath.isNull() ? entry.fullPath : longPath;
+        if (!list.append(listLine(
+                {entry.title, entry.artist, entry.genre, QStringView(path).mid(rootPath.size())})))
+            return false;
+        emit currentPathChanged(entry.fullPath);
+        emit progressValueChanged(++step);
+    }
+    return list.close();
+}

@@ -1,20 +1,171 @@
 // The player's index on a memory: building, updating and reading it.
 #pragma once
 
+#include "devindex/indexrecords.h"
+#include "devindex/shortname.h"
+#include "devindex/songinfoindex.h"
+
+#include <QList>
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
+class QFileInfo;
+class PathOrder;
+
+/**
+ * The player does not read folders: it finds its songs by a set of index files in the root of its
+ * memory, which this class makes from the song files there.
+ *
+ * An object serves one operation: createIndex, updateIndex or saveSongsList. It runs in the calling
+ * thread and reports through its signals. The steps and their state are open so that each can be
+ * used and tested by itself; the steps work below rootPath and on entries.
+ *
+ * While the index files are being written the file of counts is missing, so that an index that was
+ * cut off never passes for a whole one.
+ */
 class Index : public QObject
 {
     Q_OBJECT
 
 public:
+    /** How saveSongsList orders the songs. */
     enum SORT_MODE { SortByTitle = 0, SortByArtist = 1, SortByGenre = 2 };
 
+    /**
+     * Asks whether path may be renamed as the message says; returns an answer of NoCopyrightDialog.
+     */
+    using RenameQuestion = std::function<int(const QString &path, const QString &message)>;
+
     Index();
+
+    /** Replaces the dialog that asks before something is renamed. */
+    void setRenameQuestion(RenameQuestion question);
+
+    /**
+     * Builds the whole index of the memory from its files; the songs get new ids. False when no
+     * complete index stands there afterwards: no songs, a full or protected memory.
+     */
     bool createIndex(const QString &root);
+
+    /**
+     * Brings the memory's index up to date: known songs keep id and place, files that are new or
+     * were changed are read, songs that are gone are dropped. Nothing is written when nothing
+     * changed. Without a complete index this is createIndex. False, with nothing written, when the
+     * index that is there cannot be read.
+     */
     bool updateIndex(const QString &root);
+
+    /**
+     * Writes the songs of the memory's index as a table: title, artist, genre and path, each closed
+     * by ";", in UTF-8. Returns 1; -1 when the memory has no complete index; 0 when the index
+     * cannot be read or the file cannot be written (a file of that name then stays as it was).
+     */
     int saveSongsList(const QString &root, const QString &fileName, SORT_MODE mode);
+
+    // The folders and the scan
+
+    /** Makes the player's folders where they are missing. */
+    void createKavenaDir();
+
+    /**
+     * Adds the songs of a folder and of all folders in it to entries. Names too long for the player
+     * are shortened on the way. The player's own folders and hidden files are passed over; a folder
+     * that is being scanned already is not entered again through a symbolic link.
+     */
+    void scan_files(const QString &dir);
+
+    /** True for the suffix of a song file, in any case. */
+    bool checkFileExt(const QString &suffix) const;
+
+    /**
+     * The path under which a file or folder is to be used: unchanged, or new after it was renamed;
+     * empty when it cannot be used.
+     */
+    QString renameLongFileName(const QString &path);
+
+    /**
+     * Adds a song to entries, which must be in path order, unless it is there already. False, after
+     * errorFromIndex, when it cannot be indexed.
+     */
+    bool addFileToIndex(const QFileInfo &fi);
+
+    /** Fills what the index shows of a song from its file; 1, or 0 when there was nothing to read.
+     */
+    int setSongInfo(SongInfoIndex &e) const;
+
+    /** The form of a path that is shown; here the path itself. Null means that it has none. */
+    QString getLongFileNamePath(const QString &path) const;
+
+    /** The form of a path that the player knows; here the path itself. Null means that it has none.
+     */
+    QString getShortFileNamePath(const QString &path) const;
+
+    // The index as a whole
+
+    /** True when all index files are there. */
+    bool checkIndexFile() const;
+
+    /** Removes the index files and what earlier builds may have left. */
+    void deleteIndex();
+
+    /** Fills entries from the index files; negative, with entries empty, when they are damaged. */
+    int loadAllIndexFile();
+
+    /** Scans the memory and, if anything changed, writes the index files; all of them or none. */
+    void createPathIndex();
+
+    /** Reads what is new or changed, and marks the entries whose files are gone. */
+    void createTitleIndex();
+
+    /** Drops the marked entries and closes up the record numbers. */
+    void removeDeletedItems();
+
+    // The writers; each sorts entries. They return the number of records or groups, or 0 where
+    // there is nothing to count, and -1 when the file could not be written whole.
+
+    int writePathIndex();
+    int writeOrdIndex();
+    int writeTitleIndex(const QString &name);
+    int writeArtistIndex(const QString &name);
+    int writeGenreIndex(const QString &name);
+    int writeAlphaBuffer(const QString &name);
+    int writeNumFile();
+
+    /** Empties the table of first letters. */
+    void clearAlphaBuffer();
+
+    /** Notes a record's offset for the first letter of its text, unless the letter has one. */
+    void addToAlphaBuffer(const QString &text, unsigned long offset);
+
+    /** Drops every entry that is no MP3, for good. */
+    void createMp3TitleIndex();
+
+    // The playlists
+
+    /** Saves the playlists' songs by path if that was not done before; true when it was done now.
+     */
+    bool createPlaylistFilePath();
+
+    /** Writes the songs' ids of now into the playlists. */
+    void restorePlaylistFilePath();
+
+    // The state of the operation
+
+    AlphaTable alphaBuffer;
+    QString rootPath; ///< without a slash at its end
+    QList<SongInfoIndex> entries;
+    QList<quint16> playlistNumbers;
+    quint32 maxLoadedId = 0xFFFFFFFF; ///< highest id of the index that was read, or this
+    quint32 nextId = 0;
+    quint16 nextPosidx = 0;
+    quint8 restorePlaylists = 0;
+    quint8 indexChanged = 0;
+    quint8 askBeforeRename = 1;
+    quint8 renameAccepted = 1;
+    quint32 filesFound = 0;
+    CountRecord counts;
 
 signals:
     void errorFromIndex(const QString &message);
@@ -22,4 +173,28 @@ signals:
     void progressValueChanged(int value);
     void progressMaxSetup(int maximum);
     void fileFoundChanged(int count);
+
+private:
+    struct Scan;
+
+    QString filePath(const QString &name) const;
+    bool begin(const QString &root);
+    bool hasWholeIndex() const;
+
+    void scanFolder(const QString &dir, bool throughLink, Scan &scan);
+    void scanFile(QFileInfo file, Scan &scan);
+    bool askForRename(const QString &path, const QString &candidate);
+    template <typename Order>
+    bool addFile(const QFileInfo &file, Order &order);
+    bool pathOnMemory(const QString &fullPath, QString &path);
+    bool isIndexedAs(SongInfoIndex &entry, const QString &path, const QString &fullPath);
+    bool hasRoomFor(const QString &fullPath);
+
+    void refreshEntry(SongInfoIndex &entry);
+    bool writeIndexFiles();
+    bool writeSongsList(const QString &fileName);
+
+    RenameQuestion m_renameQuestion;
+    ShortNames m_shortNames;
+    bool m_buildFailed = false;
 };

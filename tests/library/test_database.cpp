@@ -67,6 +67,7 @@ private slots:
     void bothConnectionsOpen();
     void userSongsTableHasItsColumns();
     void builtInCatalogueIsCopiedToATemporaryFile();
+    void everySongOfTheBuiltInCatalogueIsFound();
     void debugFileReplacesTheBuiltInCatalogue();
     void folderNamedLikeTheDebugFileIsPassedOver();
     void unusableTemporaryFolderFailsInit();
@@ -162,6 +163,28 @@ void TestDatabase::builtInCatalogueIsCopiedToATemporaryFile()
         QCOMPARE(file.readAll(), resource.readAll());
     }
     QVERIFY(!QFile::exists(copy));
+}
+
+void TestDatabase::everySongOfTheBuiltInCatalogueIsFound()
+{
+    Database database;
+    QVERIFY(database.init());
+    QSqlQuery songs(QSqlDatabase::database(str("con_songsdb"), false));
+    QVERIFY(songs.exec(str("select filename, title, artist, length, "
+                           "(select count(*) from main.songs o where o.title = s.title) "
+                           "from main.songs s where instr(filename, '_') = 0")));
+    int found = 0;
+    while (songs.next()) {
+        SongsDbRecord record;
+        QVERIFY(database.getRecordByFilename(songs.value(0).toString(), record));
+        QCOMPARE(record.title, songs.value(1).toString());
+        QCOMPARE(record.artist, songs.value(2).toString());
+        QCOMPARE(record.length, songs.value(3).toInt());
+        LogCapture log; // shared titles are reported there
+        QCOMPARE(database.getRecordByTitle(record.title, record), songs.value(4).toInt() == 1);
+        ++found;
+    }
+    QVERIFY(found >= 30);
 }
 
 void TestDatabase::debugFileReplacesTheBuiltInCatalogue()

@@ -15,7 +15,10 @@ namespace midilike
 class Song
 {
 public:
-    explicit Song(quint32 seed) : m_random(seed) {}
+    explicit Song(quint32 seed)
+        : m_random(seed)
+    {
+    }
 
     /** A file of exactly `size` bytes; its last track is cut off where the size is reached. */
     QByteArray bytes(qsizetype size)

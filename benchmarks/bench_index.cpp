@@ -1,0 +1,317 @@
+// How long indexing a memory takes, held against bare loops over the same files in the same run.
+//
+//   bench_index [--songs=20000] [--small=5000] [--large=60000] [--rounds=3] [--folder=DIR]
+//
+// The songs are made below DIR (by default the folder for temporary files): 60 % MIDI, 30 % MP3 and
+// 10 % MFX. Besides Google Benchmark's own table it prints the ratios and the peak memory.
+#include "devindex/index.h"
+#include "support/songbytes.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <cstdio>
+#include <fcntl.h>
+#include <filesystem>
+#include <map>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace songbytes;
+
+namespace
+{
+
+constexpr int HeadSize = 3072;
+constexpr int SongsPerFolder = 200;
+
+QByteArray text(const char *beginning, int number)
+{
+    return beginning + QByteArray::number(number);
+}
+
+QByteArray midiSong(int number)
+{
+    const QByteArray head =
+        metaEvent(3, text("Song title ", number * 7919 % 100003)) + metaEvent(2, "(c) somebody") +
+        kravoEvent(2, text("Artist ", number % 1500)) + kravoEvent(1, text("Genre ", number % 20)) +
+        metaEvent(0x51, bigEndian(500000, 3));
+    QByteArray music;
+    while (music.size() < 6000)
+        music += notes();
+    return midiFile({track(head + music)});
+}
+
+QByteArray mp3Song(int number)
+{
+    return id3Tag(id3Frame("TIT2", text("Song title ", number * 7919 % 100003)) +
+                  id3Frame("TPE1", text("Artist ", number % 1500)) +
+                  id3Frame("TCON", text("Genre ", number % 20))) +
+           QByteArray(6000, '\xAA');
+}
+
+QByteArray mfxSong(int number)
+{
+    QByteArray song = "_MF4" + QByteArray(4092, '\0');
+    const QByteArray title = text("Song title ", number * 7919 % 100003);
+    song.replace(138, title.size(), title);
+    return song;
+}
+
+/** A memory full of songs in folders, some with accents in their names. */
+class SongTree
+{
+public:
+    SongTree(const QString &place, int songs)
+        : m_folder(place + QStringLiteral("/bench_index"))
+        , m_songs(songs)
+    {
+        for (int i = 0; i < songs; ++i) {
+            if (i % SongsPerFolder == 0)
+                QDir(root()).mkpath(folderOf(i));
+            const int kind = i % 10;
+            if (kind < 6)
+                write(i, "mid", midiSong(i));
+            else if (kind < 9)
+                write(i, "mp3", mp3Song(i));
+            else
+                write(i, "mf4", mfxSong(i));
+        }
+    }
+
+    QString root() const { return m_folder.path(); }
+    int songs() const { return m_songs; }
+
+private:
+    static QString folderOf(int song)
+    {
+        return QStringLiteral("%1%2")
+            .arg(song % 3 == 0 ? QStringLiteral("è") : QStringLiteral("f"))
+            .arg(song / SongsPerFolder);
+    }
+
+    void write(int song, const char *suffix, const QByteArray &bytes) const
+    {
+        const int first = song / SongsPerFolder * SongsPerFolder;
+        QFile file(QStringLiteral("%1/%2/s%3.%4")
+                       .arg(root(), folderOf(first))
+                       .arg(song)
+                       .arg(QString::fromUtf8(suffix)));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
+            qFatal("cannot make the songs: is the disk full?");
+    }
+
+    QTemporaryDir m_folder;
+    int m_songs;
+};
+
+/** The least that reading every song's head can take: system calls, no Qt. */
+qint64 bareRead(const std::string &root)
+{
+    qint64 sum = 0;
+    std::array<char, HeadSize> head{};
+    for (const auto &item : std::filesystem::recursive_directory_iterator(root)) {
+        if (!item.is_regular_file())
+            continue;
+        const int file = open(item.path().c_str(), O_RDONLY | O_CLOEXEC);
+        sum += read(file, head.data(), head.size());
+        close(file);
+    }
+    return sum;
+}
+
+/** The least that looking at every song's time of change can take. */
+qint64 bareStat(const std::string &root)
+{
+    qint64 sum = 0;
+    for (const auto &item : std::filesystem::recursive_directory_iterator(root)) {
+        struct stat status {
+        };
+        if (stat(item.path().c_str(), &status) == 0)
+            sum += status.st_mtime;
+    }
+    return sum;
+}
+
+void require(bool ok, const char *what)
+{
+    if (!ok)
+        qFatal("%s failed", what);
+}
+
+void create(const QString &root)
+{
+    require(Index().createIndex(root), "createIndex");
+}
+
+void update(const QString &root)
+{
+    Index index;
+    require(index.updateIndex(root) && index.indexChanged == 0, "updateIndex");
+}
+
+void load(const QString &root)
+{
+    Index index;
+    index.rootPath = root;
+    require(index.loadAllIndexFile() == 0, "loadAllIndexFile");
+}
+
+void exportList(const QString &root, const QString &file)
+{
+    require(Index().saveSongsList(root, file, Index::SortByArtist) == 1, "saveSongsList");
+}
+
+/** Prints the usual table and keeps the best time of each benchmark, in seconds. */
+class BestTimes : public benchmark::ConsoleReporter
+{
+public:
+    BestTimes()
+        : ConsoleReporter(OO_None)
+    {
+    }
+
+    void ReportRuns(const std::vector<Run> &runs) override
+    {
+        ConsoleReporter::ReportRuns(runs);
+        for (const Run &run : runs) {
+            if (run.run_type != Run::RT_Iteration)
+                continue;
+            const double seconds = run.real_accumulated_time / static_cast<double>(run.iterations);
+            const auto known = m_best.find(run.run_name.function_name);
+            if (known == m_best.end() || seconds < known->second)
+                m_best[run.run_name.function_name] = seconds;
+        }
+    }
+
+    double seconds(const std::string &name) const { return m_best.at(name); }
+
+    void printRatio(const char *what, const std::string &ours, const std::string &bare,
+                    double limit) const
+    {
+        const double ratio = seconds(ours) / seconds(bare);
+        std::printf("%-44s %6.2f  (limit %.2f) %s\n", what, ratio, limit,
+                    ratio <= limit ? "ok" : "TOO SLOW");
+    }
+
+private:
+    std::map<std::string, double> m_best;
+};
+
+template <typename Job>
+void add(const std::string &name, int rounds, Job job)
+{
+    benchmark::RegisterBenchmark(name.c_str(),
+                                 [job](benchmark::State &state) {
+                                     for ([[maybe_unused]] auto _ : state)
+                                         job();
+                                 })
+        ->Iterations(1)
+        ->Repetitions(rounds)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime();
+}
+
+/** The most memory that this process has had, in MB. */
+double peakMemory()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    require(status.open(QIODevice::ReadOnly), "reading /proc/self/status");
+    const QList<QByteArray> lines = status.readAll().split('\n');
+    for (const QByteArray &line : lines) {
+        if (line.startsWith("VmHWM:"))
+            return line.simplified().split(' ').at(1).toDouble() / 1024.0;
+    }
+    return 0;
+}
+
+/** Builds an index in a process of its own, so that nothing else counts. */
+double peakMemoryOfIndexing(const QString &root)
+{
+    QProcess child;
+    child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--index-once"), root});
+    require(child.waitForFinished(-1) && child.exitCode() == 0, "indexing in a process of its own");
+    return child.readAllStandardOutput().toDouble();
+}
+
+void dropMessages(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    if (type == QtFatalMsg)
+        std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+int option(const QCommandLineParser &parser, const char *name)
+{
+    return parser.value(QString::fromUtf8(name)).toInt();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    qInstallMessageHandler(dropMessages);
+
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    const auto add_option = [&parser](const char *name, const QString &value) {
+        parser.addOption({QString::fromUtf8(name), QString(), QStringLiteral("value"), value});
+    };
+    add_option("songs", QStringLiteral("20000"));
+    add_option("small", QStringLiteral("5000"));
+    add_option("large", QStringLiteral("60000"));
+    add_option("rounds", QStringLiteral("3"));
+    add_option("folder", QDir::tempPath());
+    add_option("index-once", QString());
+    parser.process(application);
+
+    if (parser.isSet(QStringLiteral("index-once"))) {
+        create(parser.value(QStringLiteral("index-once")));
+        std::printf("%.1f\n", peakMemory());
+        return 0;
+    }
+
+    const QString place = parser.value(QStringLiteral("folder"));
+    const SongTree tree(place, option(parser, "songs"));
+    const SongTree small(place, option(parser, "small"));
+    const SongTree large(place, option(parser, "large"));
+    const QTemporaryDir lists(place + QStringLiteral("/bench_index"));
+    const QString list = lists.filePath(QStringLiteral("list.csv"));
+    const std::string root = tree.root().toStdString();
+
+    const int rounds = option(parser, "rounds");
+    add("bare read", rounds, [&] { benchmark::DoNotOptimize(bareRead(root)); });
+    add("create", rounds, [&] { create(tree.root()); });
+    add("bare stat", rounds, [&] { benchmark::DoNotOptimize(bareStat(root)); });
+    add("update", rounds, [&] { update(tree.root()); });
+    add("load", rounds, [&] { load(tree.root()); });
+    add("export", rounds, [&] { exportList(tree.root(), list); });
+    add("create small", rounds, [&] { create(small.root()); });
+    add("create large", rounds, [&] { create(large.root()); });
+    add("update small", rounds, [&] { update(small.root()); });
+    add("update large", rounds, [&] { update(large.root()); });
+
+    BestTimes times;
+    benchmark::RunSpecifiedBenchmarks(&times);
+
+    std::printf("\n");
+    times.printRatio("create / bare read of the heads", "create", "bare read", 3.0);
+    times.printRatio("update of an unchanged memory / bare stat", "update", "bare stat", 3.0);
+    times.printRatio("export / load", "export", "load", 2.0);
+    const double sizes = double(large.songs()) / small.songs();
+    times.printRatio("create, large / small", "create large", "create small", 1.3 * sizes);
+    times.printRatio("update, large / small", "update large", "update small", 1.3 * sizes);
+    std::printf("the last two by song: %.2f and %.2f (limit 1.30)\n",
+                times.seconds("create large") / times.seconds("create small") / sizes,
+                times.seconds("update large") / times.seconds("update small") / sizes);
+    const double peak = peakMemoryOfIndexing(large.root());
+    std::printf("peak memory of indexing %d songs: %.1f MB (limit 150) %s\n", large.songs(), peak,
+                peak < 150 ? "ok" : "TOO MUCH");
+    return 0;
+}

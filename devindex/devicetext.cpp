@@ -1,0 +1,110 @@
+#include "devindex/devicetext.h"
+
+#include <QTextCodec>
+
+#include <algorithm>
+#include <array>
+
+namespace
+{
+
+constexpr QChar SharpS(0x00DF);
+
+/** Both ways between IBM 850 and Unicode, at the price of a look into a table. */
+class Ibm850
+{
+public:
+    Ibm850()
+    {
+        constexpr int ascii = 0x80;
+        QByteArray codes;
+        for (int code = ascii; code < int(m_characters.size()); ++code)
+            codes += static_cast<char>(code);
+        const QString upperHalf = QTextCodec::codecForName("IBM 850")->toUnicode(codes);
+
+        m_codes.fill('?');
+        for (int code = 0; code < int(m_characters.size()); ++code) {
+            const QChar character = code < ascii ? QChar(code) : upperHalf.at(code - ascii);
+            m_characters[std::size_t(code)] = character;
+            m_codes[character.unicode()] = static_cast<char>(code);
+        }
+    }
+
+    QChar character(char code) const { return m_characters[static_cast<quint8>(code)]; }
+    char code(QChar character) const
+    {
+        return character.unicode() < m_codes.size() ? m_codes[character.unicode()] : '?';
+    }
+
+private:
+    static constexpr std::size_t LastCharacter = 0x25A0; // BLACK SQUARE
+
+    std::array<QChar, 256> m_characters;
+    std::array<char, LastCharacter + 1> m_codes{};
+};
+
+const Ibm850 &ibm850()
+{
+    static const Ibm850 tables;
+    return tables;
+}
+
+} // namespace
+
+QString stringToUpper(const QString &text)
+{
+    static const QString placeholder = QStringLiteral("|#§§#|");
+    if (!text.contains(SharpS))
+        return text.toUpper();
+    QString upper = text;
+    upper.replace(SharpS, placeholder);
+    upper = upper.toUpper();
+    return upper.replace(placeholder, SharpS);
+}
+
+int compareIgnoringCase(const QString &first, const QString &second)
+{
+    const qsizetype common = std::min(first.size(), second.size());
+    for (qsizetype i = 0; i < common; ++i) {
+        const QChar one = first.at(i);
+        const QChar other = second.at(i);
+        if (one == other)
+            continue;
+        if (one.isSurrogate() || other.isSurrogate())
+            return first.compare(second, Qt::CaseInsensitive);
+        const int difference = one.toCaseFolded().unicode() - other.toCaseFolded().unicode();
+        if (difference != 0)
+            return difference;
+    }
+    return first.size() == second.size() ? 0 : first.size() < second.size() ? -1 : 1;
+}
+
+QByteArray ibm850FromText(const QString &text)
+{
+    const Ibm850 &tables = ibm850();
+    QByteArray bytes;
+    bytes.reserve(text.size());
+    for (const QChar character : text) {
+        if (!character.isLowSurrogate()) // one "?" stands for both halves
+            bytes += tables.code(character);
+    }
+    return bytes;
+}
+
+QString textFromIbm850(const QByteArray &bytes)
+{
+    const Ibm850 &tables = ibm850();
+    QString text;
+    text.reserve(bytes.size());
+    for (const char code : bytes)
+        text += tables.character(code);
+    return text;
+}
+
+QByteArray pathSortKey(const QString &path)
+{
+    const auto isAscii = [](QChar character) { return character.unicode() < 0x80; };
+    if (std::all_of(path.begin(), path.end(), isAscii))
+        return path.toLatin1().toUpper(); // most paths by far; the outcome is the same
+    return ibm850FromText(stringToUpper(path));
+}

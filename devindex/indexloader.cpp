@@ -1,0 +1,97 @@
+#include "devindex/indexloader.h"
+
+#include "devindex/devicetext.h"
+#include "devindex/indexfiles.h"
+#include "devindex/indexrecords.h"
+#include "devindex/recordfile.h"
+
+#include <algorithm>
+
+IndexLoader::IndexLoader(const QString &root, QList<SongInfoIndex> &entries)
+    : m_root(root)
+    , m_entries(entries)
+{
+    m_entries.clear();
+}
+
+bool IndexLoader::load()
+{
+    return loadPaths() && loadTitles() && loadGroups(indexfiles::Artist, &SongInfoIndex::artist) &&
+           loadGroups(indexfiles::Genre, &SongInfoIndex::genre);
+}
+
+bool IndexLoader::loadPaths()
+{
+    QByteArray bytes;
+    if (!read(indexfiles::Path, PathRecord::Size, SongInfoIndex::MaxSongs, bytes))
+        return false;
+    m_entries.reserve(bytes.size() / PathRecord::Size);
+    for (qsizetype pos = 0; pos < bytes.size(); pos += PathRecord::Size) {
+        const PathRecord record = PathRecord::decode(bytes.constData() + pos);
+        // Ids and record numbers grow together; songs are looked up by id on that ground.
+        const bool ascending = m_entries.isEmpty() || record.id > m_entries.constLast().id;
+        if (!ascending || record.id == SongInfoIndex::RemovedId)
+            return false;
+        SongInfoIndex entry;
+        entry.id = record.id;
+        entry.path = record.path;
+        entry.fullPath = m_root + record.path;
+        entry.date = record.date;
+        entry.time = record.time;
+        entry.posidx = static_cast<quint16>(m_entries.size());
+        m_entries.append(entry);
+    }
+    return true;
+}
+
+bool IndexLoader::loadTitles()
+{
+    QByteArray bytes;
+    if (!read(indexfiles::Title, SongRecord::Size, SongInfoIndex::MaxSongs, bytes))
+        return false;
+    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::Size) {
+        const SongRecord record = SongRecord::decode(bytes.constData() + pos);
+        SongInfoIndex *const entry = entryOf(record.id);
+        if (entry == nullptr)
+            return false;
+        entry->title = stringToUpper(record.title).trimmed();
+        entry->bpm = record.bpm;
+        entry->fileType = record.fileType;
+        entry->hasMarkers = record.hasMarkers ? 1 : 0;
+    }
+    return true;
+}
+
+bool IndexLoader::loadGroups(QLatin1String name, QString SongInfoIndex::*text)
+{
+    QByteArray bytes;
+    constexpr int maxRecords = 2 * SongInfoIndex::MaxSongs; // at most one header for each song
+    if (!read(name, SongRecord::Size, maxRecords, bytes))
+        return false;
+    QString groupText;
+    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::Size) {
+        const char *const record = bytes.constData() + pos;
+        if (GroupHeader::isHeader(record)) {
+            groupText = stringToUpper(GroupHeader::decode(record).text).trimmed();
+            continue;
+        }
+        SongInfoIndex *const entry = entryOf(SongRecord::idOf(record));
+        if (entry == nullptr)
+            return false;
+        entry->*text = groupText;
+    }
+    return true;
+}
+
+bool IndexLoader::read(QLatin1String name, int recordSize, int maxRecords, QByteArray &bytes) const
+{
+    return readRecords(m_root + QLatin1Char('/') + name, recordSize, maxRecords, bytes);
+}
+
+SongInfoIndex *IndexLoader::entryOf(quint32 id)
+{
+    SongInfoIndex wanted;
+    wanted.id = id;
+    const auto found = std::lower_bound(m_entries.begin(), m_entries.end(), wanted, compareById);
+    return found != m_entries.end() && found->id == id ? &*found : nullptr;
+}

@@ -1,0 +1,37 @@
+// Reads the index that lies on a memory.
+#pragma once
+
+#include "devindex/songinfoindex.h"
+
+#include <QLatin1String>
+#include <QList>
+#include <QString>
+
+/**
+ * Puts the songs of an index together from its path, title, artist and genre files. The files are
+ * taken for what a stranger may have written: their sizes are bounded by what a memory can hold,
+ * and the counts in them are not believed.
+ */
+class IndexLoader
+{
+public:
+    /** Reads from the memory's root into entries, which are emptied first. */
+    IndexLoader(const QString &root, QList<SongInfoIndex> &entries);
+
+    /**
+     * True when all four files were read. Then the entries stand in the order of their record
+     * numbers, their ids ascending. A file that is missing, ends within a record or names a song
+     * that the path file does not have makes it false.
+     */
+    bool load();
+
+private:
+    bool loadPaths();
+    bool loadTitles();
+    bool loadGroups(QLatin1String name, QString SongInfoIndex::*text);
+    bool read(QLatin1String name, int recordSize, int maxRecords, QByteArray &bytes) const;
+    SongInfoIndex *entryOf(quint32 id);
+
+    QString m_root;
+    QList<SongInfoIndex> &m_entries;
+};

@@ -1,0 +1,195 @@
+#include "devindex/indexrecords.h"
+
+#include "devindex/devicetext.h"
+#include "formats/bytetext.h"
+
+#include <QtEndian>
+
+#include <algorithm>
+
+namespace
+{
+
+// Offsets inside the records. The id stands first wherever there is one.
+constexpr int PathTextOffset = 4;
+constexpr int PathTextSize = PathRecord::MaxPathLength + 1;
+constexpr int DateOffset = 50;
+constexpr int DateDigits = 8;
+constexpr int TimeOffset = 58;
+constexpr int TimeDigits = 6;
+
+constexpr int TextOffset = 4; // title of a song, artist or genre of a group
+constexpr int BpmOffset = 30;
+constexpr int TypeOffset = 31;
+constexpr int TypeMask = 0x07;
+constexpr int MarkerBit = 0x08;
+
+constexpr int GroupCountOffset = 2;
+constexpr char GroupMark = '\xFF'; // in the place of the type, where no song has it
+
+constexpr ushort FirstAlphaCode = 0x20;
+constexpr ushort LastAlphaCode = 0x5F;
+constexpr quint32 EmptyAlphaSlot = 0xFFFFFFFF;
+
+void putText(char *field, int size, const QByteArray &text)
+{
+    std::copy_n(text.constData(), std::min<qsizetype>(size, text.size()), field);
+}
+
+void putDigits(char *field, int digits, quint32 value)
+{
+    for (int i = digits - 1; i >= 0; --i) {
+        field[i] = static_cast<char>('0' + value % 10);
+        value /= 10;
+    }
+}
+
+quint32 digitsAt(const char *field, int digits)
+{
+    quint32 value = 0;
+    for (int i = 0; i < digits; ++i) {
+        if (field[i] < '0' || field[i] > '9')
+            return 0;
+        value = value * 10 + static_cast<quint32>(field[i] - '0');
+    }
+    return value;
+}
+
+QByteArray untilZero(const char *field, int size)
+{
+    return {field, std::find(field, field + size, '\0') - field};
+}
+
+} // namespace
+
+PathRecord::Bytes PathRecord::encode() const
+{
+    Bytes bytes{};
+    qToBigEndian(id, bytes.data());
+    putText(bytes.data() + PathTextOffset, MaxPathLength, ibm850FromText(path));
+    putDigits(bytes.data() + DateOffset, DateDigits, date);
+    putDigits(bytes.data() + TimeOffset, TimeDigits, time);
+    return bytes;
+}
+
+PathRecord PathRecord::decode(const char *bytes)
+{
+    PathRecord record;
+    record.id = qFromBigEndian<quint32>(bytes);
+    record.path = textFromIbm850(untilZero(bytes + PathTextOffset, PathTextSize));
+    record.date = digitsAt(bytes + DateOffset, DateDigits);
+    record.time = digitsAt(bytes + TimeOffset, TimeDigits);
+    return record;
+}
+
+SongRecord::Bytes SongRecord::encode() const
+{
+    Bytes bytes{};
+    qToBigEndian(id, bytes.data());
+    putText(bytes.data() + TextOffset, TitleSize, bytesFromText(title));
+    bytes[BpmOffset] = static_cast<char>(bpm);
+    bytes[TypeOffset] = static_cast<char>((fileType & TypeMask) | (hasMarkers ? MarkerBit : 0));
+    return bytes;
+}
+
+SongRecord SongRecord::decode(const char *bytes)
+{
+    SongRecord record;
+    record.id = idOf(bytes);
+    record.title = textFromBytes(QByteArray(bytes + TextOffset, TitleSize));
+    record.bpm = static_cast<quint8>(bytes[BpmOffset]);
+    record.fileType = static_cast<quint8>(bytes[TypeOffset] & TypeMask);
+    record.hasMarkers = (bytes[TypeOffset] & MarkerBit) != 0;
+    return record;
+}
+
+quint32 SongRecord::idOf(const char *bytes)
+{
+    return qFromBigEndian<quint32>(bytes);
+}
+
+GroupHeader::Bytes GroupHeader::encode() const
+{
+    Bytes bytes{};
+    qToBigEndian(previousCount, bytes.data());
+    qToBigEndian(count, bytes.data() + GroupCountOffset);
+    putText(bytes.data() + TextOffset, TextSize, bytesFromText(text));
+    bytes[TypeOffset] = GroupMark;
+    return bytes;
+}
+
+GroupHeader GroupHeader::decode(const char *bytes)
+{
+    GroupHeader header;
+    header.previousCount = qFromBigEndian<quint16>(bytes);
+    header.count = qFromBigEndian<quint16>(bytes + GroupCountOffset);
+    header.text = textFromBytes(QByteArray(bytes + TextOffset, TextSize));
+    return header;
+}
+
+bool GroupHeader::isHeader(const char *bytes)
+{
+    return bytes[TypeOffset] == GroupMark;
+}
+
+quint16 PlaylistListRecord::number(const char *bytes)
+{
+    const int high = static_cast<quint8>(bytes[1]);
+    const int low = static_cast<qint8>(bytes[0]);
+    return static_cast<quint16>(high * 256 + low);
+}
+
+quint32 PlaylistSongRecord::id(const char *bytes)
+{
+    return qFromBigEndian<quint32>(bytes);
+}
+
+void PlaylistSongRecord::setId(char *bytes, quint32 id)
+{
+    qToBigEndian(id, bytes);
+}
+
+PlaylistPathRecord::Bytes PlaylistPathRecord::encode(const QString &path)
+{
+    Bytes bytes{};
+    putText(bytes.data(), Size - 1, bytesFromText(path));
+    return bytes;
+}
+
+QString PlaylistPathRecord::decode(const char *bytes)
+{
+    return QString::fromLatin1(untilZero(bytes, Size));
+}
+
+CountRecord::Bytes CountRecord::encode() const
+{
+    Bytes bytes{};
+    char *field = bytes.data();
+    for (const quint32 value : values) {
+        qToLittleEndian(static_cast<quint16>(value), field);
+        field += sizeof(quint16);
+    }
+    return bytes;
+}
+
+void OrderValue::encode(char *bytes, quint16 posidx)
+{
+    qToLittleEndian(posidx, bytes);
+}
+
+void AlphaTable::clear()
+{
+    bytes.fill('\xFF');
+}
+
+void AlphaTable::add(const QString &text, qint64 offset)
+{
+    if (text.isEmpty())
+        return;
+    const ushort code = text.front().toUpper().unicode();
+    if (code < FirstAlphaCode || code > LastAlphaCode)
+        return;
+    char *const slot = bytes.data() + (code - FirstAlphaCode) * sizeof(EmptyAlphaSlot);
+    if (qFromBigEndian<quint32>(slot) == EmptyAlphaSlot)
+        qToBigEndian(static_cast<quint32>(offset), slot);
+}

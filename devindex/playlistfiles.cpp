@@ -1,0 +1,139 @@
+#include "devindex/playlistfiles.h"
+
+#include "devindex/devicetext.h"
+#include "devindex/indexfiles.h"
+#include "devindex/indexrecords.h"
+#include "devindex/pathorder.h"
+#include "devindex/recordfile.h"
+#include "formats/diagnostics.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr QLatin1String SongsSuffix("dat");
+constexpr QLatin1String PathsSuffix("pts");
+
+/** Opens a file that is there already; anything but a regular file could block for ever. */
+bool openExisting(QFile &file, QIODevice::OpenMode mode)
+{
+    return QFileInfo(file).isFile() && file.open(mode | QIODevice::ExistingOnly);
+}
+
+QString pathOfId(const QList<SongInfoIndex> &entries, quint32 id)
+{
+    SongInfoIndex wanted;
+    wanted.id = id;
+    const auto found = std::lower_bound(entries.cbegin(), entries.cend(), wanted, compareById);
+    return found != entries.cend() && found->id == id ? found->path : QString();
+}
+
+/** The entry with this path, or the first that the player takes for the same; null if none. */
+const SongInfoIndex *entryOfPath(PathOrder &entries, const QString &path)
+{
+    const QByteArray key = pathSortKey(path);
+    const SongInfoIndex *found = nullptr;
+    for (qsizetype place = placeBehind(entries, key) - 1; place >= 0 && entries.keyAt(place) == key;
+         --place) {
+        found = &entries.entryAt(place);
+        if (found->path.compare(path, Qt::CaseInsensitive) == 0)
+            break;
+    }
+    return found;
+}
+
+/** Puts the id into the playlist's next record; false at the end or when the memory fails. */
+bool replaceNextId(QFile &playlist, quint32 id)
+{
+    const qint64 start = playlist.pos();
+    QByteArray record = playlist.read(PlaylistSongRecord::Size);
+    if (record.size() != PlaylistSongRecord::Size)
+        return false;
+    PlaylistSongRecord::setId(record.data(), id);
+    return playlist.seek(start) && playlist.write(record) == record.size();
+}
+
+} // namespace
+
+PlaylistFiles::PlaylistFiles(const QString &root)
+    : m_root(root)
+{
+}
+
+bool PlaylistFiles::readNumbers(QList<quint16> &numbers) const
+{
+    numbers.clear();
+    QFile list(m_root + QLatin1Char('/') + indexfiles::PlaylistList);
+    if (!openExisting(list, QIODevice::ReadOnly))
+        return false;
+    QSet<quint16> seen; // a list is trusted to hold no more numbers than there can be
+    while (true) {
+        const QByteArray record = list.read(PlaylistListRecord::Size);
+        if (record.size() != PlaylistListRecord::Size)
+            return true;
+        const quint16 number = PlaylistListRecord::number(record.constData());
+        if (seen.contains(number))
+            continue;
+        seen.insert(number);
+        numbers.append(number);
+    }
+}
+
+bool PlaylistFiles::needsPathFile(quint16 number) const
+{
+    return QFileInfo(fileName(number, SongsSuffix)).isFile() &&
+           !QFileInfo::exists(fileName(number, PathsSuffix));
+}
+
+bool PlaylistFiles::savePaths(quint16 number, const QList<SongInfoIndex> &entries) const
+{
+    QFile playlist(fileName(number, SongsSuffix));
+    if (!openExisting(playlist, QIODevice::ReadOnly))
+        return false;
+    RecordWriter paths(fileName(number, PathsSuffix));
+    if (!paths.open())
+        return false;
+    bool written = true;
+    for (int song = 0; song < SongInfoIndex::MaxSongs && written; ++song) {
+        const QByteArray record = playlist.read(PlaylistSongRecord::Size);
+        if (record.size() != PlaylistSongRecord::Size)
+            break;
+        const quint32 id = PlaylistSongRecord::id(record.constData());
+        written = paths.append(PlaylistPathRecord::encode(pathOfId(entries, id)));
+    }
+    if (!paths.close() || !written)
+        logWarning() << "[PlaylistFiles::savePaths] Path file is incomplete, playlist" << number;
+    return true;
+}
+
+void PlaylistFiles::restoreIds(quint16 number, PathOrder &entries) const
+{
+    QFile paths(fileName(number, PathsSuffix));
+    QFile playlist(fileName(number, SongsSuffix));
+    if (!openExisting(paths, QIODevice::ReadOnly) || !openExisting(playlist, QIODevice::ReadWrite))
+        return;
+    for (int song = 0; song < SongInfoIndex::MaxSongs; ++song) {
+        const QByteArray record = paths.read(PlaylistPathRecord::Size);
+        if (record.size() != PlaylistPathRecord::Size)
+            break;
+        const QString path = PlaylistPathRecord::decode(record.constData());
+        const SongInfoIndex *const entry = entryOfPath(entries, path);
+        if (entry != nullptr && !replaceNextId(playlist, entry->id))
+            break;
+    }
+    if (!playlist.flush())
+        logWarning() << "[PlaylistFiles::restoreIds] Impossible to write playlist" << number;
+}
+
+QString PlaylistFiles::fileName(quint16 number, QLatin1String suffix) const
+{
+    return QStringLiteral("%1/%2/play%3.%4")
+        .arg(m_root, indexfiles::PlaylistFolder)
+        .arg(number, 4, 10, QLatin1Char('0'))
+        .arg(suffix);
+}

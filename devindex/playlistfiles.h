@@ -1,0 +1,48 @@
+// The player's playlists and the path files that carry them over a rebuild of the index.
+#pragma once
+
+#include "devindex/songinfoindex.h"
+
+#include <QList>
+#include <QString>
+
+class PathOrder;
+
+/**
+ * The playlists on one memory. They name songs by id; their path files name them by path. Of a
+ * playlist no more songs are looked at than a memory can hold.
+ */
+class PlaylistFiles
+{
+public:
+    explicit PlaylistFiles(const QString &root);
+
+    /**
+     * The numbers of the playlists in the order of the player's list, each once; a record that is
+     * cut off at the end is left out. False when there is no list.
+     */
+    bool readNumbers(QList<quint16> &numbers) const;
+
+    /** True when the playlist is there and its path file is not. */
+    bool needsPathFile(quint16 number) const;
+
+    /**
+     * Writes the playlist's path file from entries in ascending order of ids. A song that is not
+     * among them gets an empty path. False when there is no playlist or no path file can be made; a
+     * write that fails later leaves the path file short.
+     */
+    bool savePaths(quint16 number, const QList<SongInfoIndex> &entries) const;
+
+    /**
+     * Writes the entries' ids into the playlist, song by song of its path file. A song that is gone
+     * is passed over without a step in the playlist, so that the ids behind it land one record
+     * earlier; the player's playlists have always been restored like this. A short read or write
+     * ends it.
+     */
+    void restoreIds(quint16 number, PathOrder &entries) const;
+
+private:
+    QString fileName(quint16 number, QLatin1String suffix) const;
+
+    QString m_root;
+};

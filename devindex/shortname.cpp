@@ -1,0 +1,63 @@
+#include "devindex/shortname.h"
+
+#include <QFileInfo>
+
+namespace
+{
+
+constexpr int MaxBaseLength = 8;
+constexpr int MaxNumber = 999;
+constexpr int MaxStemLength = 6; // with "-" and one digit the base is full
+
+QString stemOf(const QString &base)
+{
+    QString stem;
+    for (const QChar c : base) {
+        if (stem.size() == MaxStemLength)
+            break;
+        if (!QStringLiteral(" .'-").contains(c))
+            stem += c;
+    }
+    return stem;
+}
+
+QString numberedBase(const QString &stem, int number)
+{
+    const QString tail = QStringLiteral("-%1").arg(number);
+    QString base = stem.left(MaxBaseLength - tail.size());
+    if (!base.isEmpty() && base.back().isHighSurrogate())
+        base.chop(1); // half a character is no valid file name
+    return base + tail;
+}
+
+bool isTaken(const QString &path)
+{
+    const QFileInfo item(path);
+    return item.exists() || item.isSymLink();
+}
+
+} // namespace
+
+bool isShortName(const QString &path)
+{
+    const QStringView name = QStringView(path).sliced(path.lastIndexOf(QLatin1Char('/')) + 1);
+    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
+    return (dot < 0 ? name.size() : dot) <= MaxBaseLength;
+}
+
+QString ShortNames::candidateFor(const QFileInfo &item)
+{
+    QString folder = item.path();
+    if (!folder.endsWith(QLatin1Char('/')))
+        folder += QLatin1Char('/');
+    const QString stem = stemOf(item.completeBaseName());
+    const QString suffix = item.isDir() ? QString() : QLatin1Char('.') + item.suffix();
+
+    int &number = m_firstFree[folder + stem + suffix];
+    for (number = std::max(number, 1); number <= MaxNumber; ++number) {
+        const QString candidate = folder + numberedBase(stem, number) + suffix;
+        if (!isTaken(candidate))
+            return candidate;
+    }
+    return {};
+}

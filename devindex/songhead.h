@@ -1,0 +1,24 @@
+// What the index takes from the first bytes of a song file.
+#pragma once
+
+#include "devindex/songinfoindex.h"
+
+#include <QByteArray>
+#include <QString>
+
+/** How much of a song file is looked at, in bytes. */
+constexpr int SongHeadSize = 3072;
+
+/** The first SongHeadSize bytes of a regular file, or all that it has; empty if it is unreadable.
+ */
+QByteArray songHeadOf(const QString &path);
+
+/**
+ * Fills title, artist, genre and the four type bytes of entry from the first bytes of the song file
+ * fileName (a name or a path). An extension "MP3" makes it an MP3, whose ID3v2 text frames are
+ * read; otherwise the first four bytes tell an MFX file or a Standard MIDI File.
+ *
+ * What is missing or damaged gets its default: the file name, "<unknown>". Texts end in upper case
+ * and trimmed. False when there are fewer than 5 bytes; the defaults then stand as they are.
+ */
+bool readSongHead(const QByteArray &head, const QString &fileName, SongInfoIndex &entry);

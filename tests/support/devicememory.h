@@ -1,0 +1,121 @@
+// A memory of the player in a temporary folder, and the judge of what lies on it.
+#pragma once
+
+#include <QDateTime>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QMap>
+#include <QProcess>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
+
+class DeviceMemory
+{
+public:
+    /** When the songs were changed, unless a test says otherwise: 27 May 2013, 9:30:05. */
+    static QDateTime defaultTime()
+    {
+        return QDateTime(QDate(2013, 5, 27), QTime(9, 30, 5), Qt::LocalTime);
+    }
+
+    /** The fifteen files of a complete index. */
+    static QStringList indexFiles()
+    {
+        return QStringLiteral("index.idx ordfile.idx title.idx artist.idx genre.idx atitle.idx "
+                              "aartist.idx agenre.idx title3.idx artist3.idx genre3.idx "
+                              "atitle3.idx aartist3.idx agenre3.idx fsinfos.idx")
+            .split(QLatin1Char(' '));
+    }
+
+    QString root() const { return m_folder.path(); }
+    QString path(const QString &name) const { return root() + QLatin1Char('/') + name; }
+
+    /** Writes a file below the root, making its folders. */
+    QString add(const QString &name, const QByteArray &bytes,
+                const QDateTime &modified = defaultTime()) const
+    {
+        const QString full = path(name);
+        QDir().mkpath(QFileInfo(full).path());
+        QFile file(full);
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
+            qFatal("cannot write %s", qPrintable(full));
+        file.setFileTime(modified, QFileDevice::FileModificationTime);
+        return full;
+    }
+
+    QByteArray read(const QString &name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void remove(const QString &name) const { QFile::remove(path(name)); }
+
+    void makeFolder(const QString &name) const { QDir(root()).mkpath(name); }
+
+    void setTime(const QString &name, const QDateTime &modified) const
+    {
+        QFile file(path(name));
+        if (!file.open(QIODevice::ReadWrite) ||
+            !file.setFileTime(modified, QFileDevice::FileModificationTime))
+            qFatal("cannot set the time of %s", qPrintable(name));
+    }
+
+    /** The index files that are there, of those that make an index. */
+    QStringList presentIndexFiles() const
+    {
+        QStringList present;
+        for (const QString &name : indexFiles()) {
+            if (QFileInfo(path(name)).isFile())
+                present.append(name);
+        }
+        return present;
+    }
+
+    /** Makes every index file look old, so that a later write shows. */
+    void ageIndex() const
+    {
+        for (const QString &name : presentIndexFiles())
+            setTime(name, QDateTime(QDate(2001, 1, 1), QTime(0, 0)));
+    }
+
+    /** Everything on the memory: path to content and time of change. */
+    QMap<QString, QByteArray> snapshot() const
+    {
+        QMap<QString, QByteArray> files;
+        QDirIterator walk(root(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                          QDirIterator::Subdirectories);
+        while (walk.hasNext()) {
+            const QFileInfo item(walk.next());
+            QFile file(item.filePath());
+            QByteArray content = "folder";
+            if (item.isFile() && file.open(QIODevice::ReadOnly))
+                content = item.lastModified().toString(Qt::ISODateWithMs).toUtf8() + file.readAll();
+            files.insert(item.filePath(), content);
+        }
+        return files;
+    }
+
+    /** What the independent checker finds wrong with the index; empty when it is consistent. */
+    static QString faultsAt(const QString &root, const QStringList &options = {})
+    {
+        QProcess checker;
+        checker.setProcessChannelMode(QProcess::MergedChannels);
+        checker.start(QStringLiteral("python3"),
+                      QStringList{QFINDTESTDATA("tools/check_memory.py")} + options +
+                          QStringList{root});
+        if (!checker.waitForFinished())
+            return QStringLiteral("the checker does not run");
+        const QString output = QString::fromUtf8(checker.readAll());
+        const bool passed = checker.exitStatus() == QProcess::NormalExit && checker.exitCode() == 0;
+        return passed ? QString() : QStringLiteral("exit %1: ").arg(checker.exitCode()) + output;
+    }
+
+    QString faults(const QStringList &options = {}) const { return faultsAt(root(), options); }
+
+private:
+    QTemporaryDir m_folder;
+};

@@ -1,0 +1,312 @@
+#!/usr/bin/env python3
+"""Reads a memory as the player does and says what is wrong with its index.
+
+    check_memory.py [options] ROOT
+
+Prints one line for each fault. Exit status: 0 the index is consistent, 1 it has faults, 2 there is
+no complete index (the player then finds no songs at all, which is no fault), 3 wrong usage.
+
+The file layouts are written down here a second time, on purpose: this program shares nothing with
+the one that writes the index.
+"""
+
+import argparse
+import os
+import struct
+import sys
+import time
+
+INDEX_FILES = (
+    "index.idx ordfile.idx title.idx artist.idx genre.idx atitle.idx aartist.idx agenre.idx "
+    "title3.idx artist3.idx genre3.idx atitle3.idx aartist3.idx agenre3.idx fsinfos.idx"
+).split()
+SONG_SUFFIXES = {"mid", "kar", "mf3", "mf4", "mf5", "mp3"}
+PLAYER_FOLDERS = {"sfx", "bridge"}
+MAX_SONGS = 65535
+MAX_PATH = 45
+NO_OFFSET = 0xFFFFFFFF
+MP3 = 1
+LAST_FILE_TYPE = 4
+
+
+class Checker:
+    def __init__(self, root, options):
+        self.root = root
+        self.options = options
+        self.faults = []
+        self.songs = []  # (id, path bytes, date, time) by record number
+        self.records = {}  # id: the song record in the title file
+
+    def fault(self, text):
+        self.faults.append(text)
+
+    def read(self, name):
+        with open(os.path.join(self.root, name), "rb") as file:
+            return file.read()
+
+    def run(self):
+        self.check_path_file()
+        self.check_order_file()
+        counts = []
+        for number in ("", "3"):
+            wanted = self.check_title_file(number)
+            counts.append(len(wanted))
+            counts.append(self.check_group_file("artist", number, wanted))
+            counts.append(self.check_group_file("genre", number, wanted))
+        self.check_counts(counts)
+        self.check_playlists()
+
+    # The path file and the order of paths
+
+    def check_path_file(self):
+        data = self.read("index.idx")
+        if len(data) % 64:
+            self.fault(f"index.idx: {len(data)} bytes are no whole records")
+        if len(data) // 64 > MAX_SONGS:
+            self.fault(f"index.idx: {len(data) // 64} songs are too many")
+        found = self.song_files()
+        previous_id = -1
+        seen = set()
+        for number in range(len(data) // 64):
+            record = data[64 * number : 64 * number + 64]
+            song_id = int.from_bytes(record[0:4], "big")
+            path, _, padding = record[4:50].partition(b"\0")
+            where = f"index.idx record {number} ({path.decode('cp850')})"
+            if song_id <= previous_id or song_id == 0xFFFFFFFF:
+                self.fault(f"{where}: id {song_id} after {previous_id}")
+            previous_id = song_id
+            if len(path) > MAX_PATH or padding.strip(b"\0"):
+                self.fault(f"{where}: the path is not zero-terminated and zero-padded")
+            if not path.startswith(b"/") or b".." in path.split(b"/"):
+                self.fault(f"{where}: no path on the memory")
+            if path in seen and b"?" not in path:
+                self.fault(f"{where}: listed twice")
+            seen.add(path)
+            digits = record[50:64]
+            if not digits.isdigit():
+                self.fault(f"{where}: date and time are {digits!r}")
+                digits = b"0" * 14
+            stamps = found.get(path)
+            if stamps is None:
+                self.fault(f"{where}: no such file")
+            elif not self.options.allow_changed and digits.decode() not in stamps:
+                self.fault(f"{where}: changed at {stamps}, listed with {digits.decode()}")
+            self.songs.append((song_id, path))
+        if not self.options.allow_missing:
+            for path in found:
+                if path not in seen:
+                    self.fault(f"{path.decode('cp850')}: a song that is not listed")
+
+    def song_files(self):
+        """Every song file that the index can list: path bytes and times of change."""
+        found = {}
+        folded = set()
+        for folder, subfolders, names in os.walk(self.root, followlinks=self.options.follow_links):
+            subfolders[:] = [
+                name for name in subfolders if name.lower() not in PLAYER_FOLDERS and name[0] != "."
+            ]
+            for name in names:
+                if name.startswith(".") or name.rpartition(".")[2].lower() not in SONG_SUFFIXES:
+                    continue
+                full = os.path.join(folder, name)
+                path = full[len(self.root) :]
+                if len(path) > MAX_PATH or not os.path.isfile(full):
+                    continue
+                if path.lower() in folded:
+                    continue  # the player tells no upper case from lower case
+                folded.add(path.lower())
+                stamp = time.strftime("%Y%m%d%H%M%S", time.localtime(os.stat(full).st_mtime))
+                found.setdefault(path.encode("cp850", "replace"), []).append(stamp)
+        return found
+
+    def check_order_file(self):
+        data = self.read("ordfile.idx")
+        if len(data) != 2 * len(self.songs):
+            self.fault(f"ordfile.idx: {len(data)} bytes for {len(self.songs)} songs")
+            return
+        order = struct.unpack(f"<{len(self.songs)}H", data)
+        if sorted(order) != list(range(len(self.songs))):
+            self.fault("ordfile.idx: does not list every record number once")
+            return
+        # "?" stands for any character that the file cannot hold; its place is not known.
+        paths = [self.songs[number][1] for number in order]
+        keys = [path_key(path) for path in paths if b"?" not in path]
+        for first, second in zip(keys, keys[1:]):
+            if first > second:
+                self.fault(f"ordfile.idx: {first!r} stands before {second!r}")
+
+    # Title, artist and genre files
+
+    def song_records(self, name):
+        data = self.read(name)
+        if len(data) % 32:
+            self.fault(f"{name}: {len(data)} bytes are no whole records")
+        return [data[pos : pos + 32] for pos in range(0, len(data) - len(data) % 32, 32)]
+
+    def check_song(self, where, record):
+        """Returns the song's id and title."""
+        text, _, padding = record[4:30].partition(b"\0")
+        if padding.strip(b"\0"):
+            self.fault(f"{where}: the title is not zero-padded")
+        if record[31] & 7 > LAST_FILE_TYPE or record[31] & 0xF0:
+            self.fault(f"{where}: type byte {record[31]:#x}")
+        return int.from_bytes(record[0:4], "big"), text.decode("latin-1")
+
+    def check_title_file(self, number):
+        """Returns the ids that the artist and genre files must list."""
+        name = f"title{number}.idx"
+        records = self.song_records(name)
+        known = {song[0] for song in self.songs}
+        seen = {}
+        initials = []
+        previous = None
+        for i, record in enumerate(records):
+            where = f"{name} record {i}"
+            song_id, title = self.check_song(where, record)
+            if song_id in seen or song_id not in known:
+                self.fault(f"{where}: id {song_id} is listed twice or has no path")
+            self.check_order_of(where, previous, title)
+            seen[song_id] = record
+            initials.append((title, 32 * i))
+            previous = title
+        if number:
+            expected = {song for song, rec in self.records.items() if rec[31] & 7 == MP3}
+            for song_id, record in seen.items():
+                if self.records.get(song_id) != record:
+                    self.fault(f"{name}: id {song_id} differs from title.idx")
+        else:
+            expected = known
+            self.records = seen
+        if set(seen) != expected:
+            self.fault(f"{name}: does not list every song that belongs there")
+        self.check_alpha(f"atitle{number}.idx", initials)
+        return expected
+
+    def check_group_file(self, kind, number, expected):
+        """Returns the number of groups."""
+        name = f"{kind}{number}.idx"
+        seen = set()
+        initials = []
+        group = previous_title = None
+        groups = last_count = left = 0
+        for i, record in enumerate(self.song_records(name)):
+            where = f"{name} record {i}"
+            if record[31] == 0xFF:
+                before, count = struct.unpack(">HH", record[0:4])
+                text, _, padding = record[4:30].partition(b"\0")
+                text = text.decode("latin-1")
+                if left:
+                    self.fault(f"{where}: {left} songs are missing before this group")
+                if before != last_count:
+                    self.fault(f"{where}: {before} songs in the group before, not {last_count}")
+                if count == 0 or padding.strip(b"\0") or record[30]:
+                    self.fault(f"{where}: damaged header of a group")
+                if group is not None and fold(group) == fold(text) and "?" not in text:
+                    self.fault(f"{where}: a second group of {text}")
+                self.check_order_of(where, group, text)
+                initials.append((text, 32 * i))
+                group, previous_title, groups = text, None, groups + 1
+                last_count = left = count
+                continue
+            song_id, title = self.check_song(where, record)
+            if left == 0:
+                self.fault(f"{where}: a song more than its group's header says")
+            left = max(0, left - 1)
+            if song_id in seen or record != self.records.get(song_id):
+                self.fault(f"{where}: id {song_id} is listed twice or differs from title.idx")
+            seen.add(song_id)
+            self.check_order_of(where, previous_title, title)
+            previous_title = title
+        if left:
+            self.fault(f"{name}: {left} songs are missing at the end")
+        if seen != expected:
+            self.fault(f"{name}: does not list every song that belongs there")
+        self.check_alpha(f"a{kind}{number}.idx", initials)
+        return groups
+
+    def check_order_of(self, where, first, second):
+        if first is None or "?" in first + second:
+            return
+        if fold(first) > fold(second):
+            self.fault(f"{where}: {second} after {first}")
+
+    def check_alpha(self, name, initials):
+        data = self.read(name)
+        if len(data) != 256:
+            self.fault(f"{name}: {len(data)} bytes")
+            return
+        first = {}
+        for text, offset in initials:
+            if text:
+                first.setdefault(text[0].upper(), offset)
+        texts = {offset: text for text, offset in initials}
+        for slot, offset in enumerate(struct.unpack(">64I", data)):
+            letter = chr(0x20 + slot)
+            if letter == "?":
+                if offset != NO_OFFSET and not texts.get(offset, "").startswith("?"):
+                    self.fault(f"{name}: ? leads to {offset}")
+            elif offset != first.get(letter, NO_OFFSET):
+                self.fault(f"{name}: {letter} leads to {offset}, not {first.get(letter)}")
+
+    def check_counts(self, counts):
+        data = self.read("fsinfos.idx")
+        if data != struct.pack("<6H", *counts):
+            self.fault(f"fsinfos.idx: {data.hex()} for {counts}")
+
+    # Playlists
+
+    def check_playlists(self):
+        try:
+            data = self.read("playlist/playlist.dat")
+        except OSError:
+            return
+        known = {song[0] for song in self.songs}
+        for pos in range(0, len(data) - 31, 32):
+            low, high = struct.unpack("bB", data[pos : pos + 2])
+            name = f"playlist/play{(high * 256 + low) % 65536:04}.dat"
+            try:
+                songs = self.read(name)
+            except OSError:
+                continue
+            for song in range(len(songs) // 32):
+                song_id = int.from_bytes(songs[32 * song : 32 * song + 4], "big")
+                if song_id not in known and not self.options.allow_lost_songs:
+                    self.fault(f"{name} song {song}: id {song_id} is not on the memory")
+
+
+def fold(text):
+    """Case is ignored character by character, as the player's lists are sorted."""
+    return [char.lower() for char in text]
+
+
+def path_key(path):
+    """The bytes by which the player orders paths: upper case, except that "ß" stays."""
+    text = path.decode("cp850")
+    upper = "".join(char if char == "ß" else char.upper() for char in text)
+    return upper.encode("cp850", "replace")
+
+
+def main():
+    parser = argparse.ArgumentParser(description="Checks the player's index on a memory.")
+    parser.add_argument("root")
+    parser.add_argument("--allow-changed", action="store_true", help="files newer than the index")
+    parser.add_argument("--allow-missing", action="store_true", help="songs that are not listed")
+    parser.add_argument("--allow-lost-songs", action="store_true", help="playlists may name them")
+    parser.add_argument("--follow-links", action="store_true", help="songs behind symbolic links")
+    try:
+        options = parser.parse_args()
+    except SystemExit as stop:
+        return 3 if stop.code else 0
+    root = options.root.rstrip("/")
+    if not all(os.path.isfile(os.path.join(root, name)) for name in INDEX_FILES):
+        print("no complete index")
+        return 2
+    checker = Checker(root, options)
+    checker.run()
+    for fault in checker.faults:
+        print(fault)
+    return 1 if checker.faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
