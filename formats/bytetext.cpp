@@ -1,9 +1,9 @@
 #include "formats/bytetext.h"
 
-QString textFromBytes(const QByteArray &field)
+QString textFromBytes(QByteArrayView field)
 {
     const qsizetype end = field.indexOf('\0');
-    return QString::fromLatin1(end < 0 ? field : field.left(end)).trimmed();
+    return QString::fromLatin1(end < 0 ? field : field.first(end)).trimmed();
 }
 
 QByteArray bytesFromText(const QString &text)

@@ -2,19 +2,23 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 /**
  * The text of a fixed or length-prefixed field: cut at the first zero byte, taken as Latin-1
  * (ISO/IEC 8859-1), white space stripped at both ends.
  */
-QString textFromBytes(const QByteArray &field);
+QString textFromBytes(QByteArrayView field);
 
-/** The Latin-1 bytes of a text; a character outside Latin-1 becomes "?". */
+/**
+ * The Latin-1 bytes of a text; a character outside Latin-1 becomes "?" (two of them where it
+ * takes two UTF-16 units, so that a text cut to n units never exceeds n bytes).
+ */
 QByteArray bytesFromText(const QString &text);
 
 /**
  * The number of a decimal text, such as a length or a tempo: 0 when the text is no integer, is
- * negative or does not fit 32 bits. A leading "+" is accepted.
+ * negative or does not fit 32 bits. A leading "+" and white space around are accepted.
  */
 qint32 countFromText(const QString &text);

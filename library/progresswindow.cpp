@@ -17,7 +17,7 @@ ProgressWindow::ProgressWindow(const QString &title, const QString &label, int m
 
 ProgressWindow::~ProgressWindow()
 {
-    m_dialog.close();
+    m_dialog.hide();
 }
 
 void ProgressWindow::setMaximum(int steps)

@@ -1,6 +1,352 @@
 #include "library/usersongsreltablemodel.h"
 
+#include <QCollator>
+#include <QCollatorSortKey>
+#include <QColor>
+#include <QSqlError>
+#include <QSqlRecord>
+#include <QStringList>
+
+#include <algorithm>
+#include <numeric>
+
+namespace
+{
+const int idColumn = 0;
+
+QColor rowColour(int status, int row)
+{
+    const bool isOdd = row % 2 != 0;
+    switch (status) {
+    case Database::StatusSynced:
+        return isOdd ? QColor(130, 255, 130) : QColor(100, 225, 100);
+    case Database::StatusEdited:
+        return isOdd ? QColor(255, 255, 130) : QColor(225, 225, 100);
+    case Database::StatusNotSynced:
+        return isOdd ? QColor(255, 130, 130) : QColor(225, 100, 100);
+    default:
+        return isOdd ? QColor(230, 230, 230) : QColor(200, 200, 200);
+    }
+}
+
+/** Minutes and seconds, "02:05"; the minutes are not limited to two digits. */
+QString lengthText(qint32 seconds)
+{
+    if (seconds < 0)
+        return QStringLiteral("");
+    const QLatin1Char zero('0');
+    return QStringLiteral("%1:%2").arg(seconds / 60, 2, 10, zero).arg(seconds % 60, 2, 10, zero);
+}
+
+/** The way back from lengthText(), so that "100:00" is longer than "02:05". */
+qint64 secondsOf(const QString &lengthText)
+{
+    const qsizetype colon = lengthText.indexOf(QLatin1Char(':'));
+    if (colon < 0)
+        return -1;
+    return lengthText.left(colon).toLongLong() * 60 + lengthText.mid(colon + 1).toLongLong();
+}
+
+/** The positions of the keys in the order of the keys; equal keys stay as they are. */
+template <typename Key>
+std::vector<int> positionsInOrder(const std::vector<Key> &keys, Qt::SortOrder order)
+{
+    std::vector<int> positions(keys.size());
+    std::iota(positions.begin(), positions.end(), 0);
+    std::stable_sort(positions.begin(), positions.end(), [&keys, order](int left, int right) {
+        const Key &leftKey = keys[static_cast<size_t>(left)];
+        const Key &rightKey = keys[static_cast<size_t>(right)];
+        return order == Qt::AscendingOrder ? leftKey < rightKey : rightKey < leftKey;
+    });
+    return positions;
+}
+} // namespace
+
+UserSongsRelTableModel::UserSongsRelTableModel(QObject *parent, const QSqlDatabase &db)
+    : QSqlRelationalTableModel(parent, db)
+    , m_insert(db)
+    , m_delete(db)
+{
+    setTable(QStringLiteral("usersongs"));
+    setFiledsIndexes();
+    setEditStrategy(QSqlTableModel::OnFieldChange);
+    setSort(idColumn, Qt::AscendingOrder);
+    prepareStatements();
+    UserSongsRelTableModel::select();
+}
+
+void UserSongsRelTableModel::setFiledsIndexes()
+{
+    m_type = fieldIndex(QStringLiteral("type"));
+    m_title = fieldIndex(QStringLiteral("title"));
+    m_artist = fieldIndex(QStringLiteral("artist"));
+    m_genre = fieldIndex(QStringLiteral("genre"));
+    m_author = fieldIndex(QStringLiteral("author"));
+    m_length = fieldIndex(QStringLiteral("length"));
+    m_bpm = fieldIndex(QStringLiteral("userbpm"));
+    m_key = fieldIndex(QStringLiteral("key"));
+    m_filename = fieldIndex(QStringLiteral("filename"));
+    m_shortname = fieldIndex(QStringLiteral("shortname"));
+    m_status = fieldIndex(QStringLiteral("status"));
+}
+
+void UserSongsRelTableModel::setHeaderLabels()
+{
+    setHeaderData(idColumn, Qt::Horizontal, tr("Num"), Qt::EditRole);
+    setHeaderData(m_type, Qt::Horizontal, tr("Formato"), Qt::EditRole);
+    setHeaderData(m_title, Qt::Horizontal, tr("Titolo"), Qt::EditRole);
+    setHeaderData(m_artist, Qt::Horizontal, tr("Artista"), Qt::EditRole);
+    setHeaderData(m_genre, Qt::Horizontal, tr("Genere"), Qt::EditRole);
+    setHeaderData(m_author, Qt::Horizontal, tr("Autore"), Qt::EditRole);
+    setHeaderData(m_length, Qt::Horizontal, tr("Durata"), Qt::EditRole);
+    setHeaderData(m_bpm, Qt::Horizontal, tr("Bpm"), Qt::EditRole);
+    setHeaderData(m_key, Qt::Horizontal, tr("Tonalita'"), Qt::EditRole);
+    setHeaderData(m_filename, Qt::Horizontal, QString(), Qt::EditRole);
+    setHeaderData(m_shortname, Qt::Horizontal, tr("Nome file"), Qt::EditRole);
+    setHeaderData(m_status, Qt::Horizontal, QString(), Qt::EditRole);
+}
+
+void UserSongsRelTableModel::prepareStatements()
+{
+    QStringList names;
+    QStringList values;
+    const QSqlRecord fields = record();
+    for (int column = 0; column < fields.count(); ++column) {
+        const QString name = fields.fieldName(column);
+        m_updates.emplace_back(database())
+            .prepare(QStringLiteral("UPDATE usersongs SET %1 = ? WHERE id = ?").arg(name));
+        if (column == idColumn)
+            continue;
+        names.append(name);
+        values.append(QStringLiteral("?"));
+    }
+    const QLatin1Char comma(',');
+    m_insert.prepare(QStringLiteral("INSERT INTO usersongs (%1) VALUES (%2)")
+                         .arg(names.join(comma), values.join(comma)));
+    m_delete.prepare(QStringLiteral("DELETE FROM usersongs WHERE id = ?"));
+}
+
+bool UserSongsRelTableModel::execute(QSqlQuery &statement)
+{
+    const bool succeeded = statement.exec();
+    setLastError(statement.lastError());
+    return succeeded;
+}
+
+bool UserSongsRelTableModel::select()
+{
+    QSqlQuery query(database());
+    query.setForwardOnly(true);
+    const bool succeeded = query.exec(selectStatement());
+    setLastError(query.lastError());
+    if (!succeeded)
+        return false;
+
+    beginResetModel();
+    m_rows.clear();
+    const int columns = columnCount();
+    while (query.next()) {
+        Row row;
+        row.reserve(columns);
+        for (int column = 0; column < columns; ++column)
+            row.append(query.value(column));
+        m_rows.push_back(std::move(row));
+    }
+    arrange(sortedRows());
+    endResetModel();
+    return true;
+}
+
+bool UserSongsRelTableModel::addSong(const SongInfo &info)
+{
+    Row row(columnCount());
+    const auto set = [&row](int column, const QVariant &value) {
+        if (column >= 0)
+            row[column] = value;
+    };
+    set(m_type, info.format);
+    set(m_title, info.title);
+    set(m_artist, info.artist);
+    set(m_genre, info.genre);
+    set(m_author, info.author);
+    set(m_length, lengthText(info.length));
+    set(m_bpm, info.userBpm);
+    set(m_key, info.key);
+    set(m_filename, info.fileName);
+    set(m_shortname, info.shortName);
+    set(m_status, static_cast<int>(Database::StatusNew));
+    for (int column = idColumn + 1; column < row.size(); ++column)
+        m_insert.bindValue(column - 1, row.at(column));
+    if (!execute(m_insert))
+        return false;
+
+    row[idColumn] = m_insert.lastInsertId();
+    const int last = rowCount();
+    beginInsertRows(QModelIndex(), last, last);
+    m_rows.push_back(std::move(row));
+    endInsertRows();
+    return true;
+}
+
+void UserSongsRelTableModel::updateRow(int row, const SongInfo &info)
+{
+    setData(index(row, m_title), info.title);
+    setData(index(row, m_artist), info.artist);
+    setData(index(row, m_genre), info.genre);
+    setData(index(row, m_author), info.author);
+    setData(index(row, m_length), lengthText(info.length));
+    setData(index(row, m_bpm), qMax(0, info.userBpm));
+    setData(index(row, m_key), info.key);
+}
+
+void UserSongsRelTableModel::setStatus(int row, Database::statusEnum status)
+{
+    setData(index(row, m_status), static_cast<int>(status));
+}
+
+int UserSongsRelTableModel::status(int row)
+{
+    return index(row, m_status).data().toInt();
+}
+
+int UserSongsRelTableModel::goodRowCount()
+{
+    return rowCount();
+}
+
+QModelIndex UserSongsRelTableModel::rowIndex(int row)
+{
+    return index(row, idColumn);
+}
+
+QString UserSongsRelTableModel::fileName(int row)
+{
+    return index(row, m_filename).data().toString();
+}
+
+QString UserSongsRelTableModel::shortName(int row)
+{
+    return index(row, m_shortname).data().toString();
+}
+
+int UserSongsRelTableModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
 QVariant UserSongsRelTableModel::data(const QModelIndex &index, int role) const
 {
-    return QSqlRelationalTableModel::data(index, role);
+    if (!index.isValid() || index.row() >= rowCount())
+        return QVariant();
+    const Row &row = m_rows[static_cast<size_t>(index.row())];
+    const bool isStatus = index.column() == m_status;
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return row.value(index.column());
+    case Qt::BackgroundRole:
+        return rowColour(isStatus ? row.at(m_status).toInt() : Database::StatusNew, index.row());
+    case Qt::ForegroundRole:
+        return isStatus ? rowColour(row.at(m_status).toInt(), index.row()) : QVariant();
+    default:
+        return QSqlRelationalTableModel::data(index, role);
+    }
+}
+
+bool UserSongsRelTableModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    const int column = index.column();
+    if (role != Qt::EditRole || !index.isValid() || index.row() >= rowCount() || column == idColumn)
+        return false;
+    Row &row = m_rows[static_cast<size_t>(index.row())];
+    QSqlQuery &update = m_updates[static_cast<size_t>(column)];
+    update.bindValue(0, value);
+    update.bindValue(1, row.at(idColumn));
+    if (!execute(update))
+        return false;
+
+    row[column] = value;
+    if (column == m_status) // the whole row is painted in its colour
+        emit dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
+    else
+        emit dataChanged(index, index);
+    return true;
+}
+
+std::vector<int> UserSongsRelTableModel::sortedRows() const
+{
+    const bool isNumber =
+        m_sortColumn == idColumn || m_sortColumn == m_bpm || m_sortColumn == m_status;
+    if (isNumber || m_sortColumn == m_length) {
+        std::vector<qint64> keys;
+        keys.reserve(m_rows.size());
+        for (const Row &row : m_rows) {
+            const QVariant &value = row.at(m_sortColumn);
+            keys.push_back(isNumber ? value.toLongLong() : secondsOf(value.toString()));
+        }
+        return positionsInOrder(keys, m_sortOrder);
+    }
+    const QCollator collator;
+    std::vector<QCollatorSortKey> keys;
+    keys.reserve(m_rows.size());
+    for (const Row &row : m_rows)
+        keys.push_back(collator.sortKey(row.at(m_sortColumn).toString().toCaseFolded()));
+    return positionsInOrder(keys, m_sortOrder);
+}
+
+/** Puts the rows into the order of their present row numbers. */
+void UserSongsRelTableModel::arrange(const std::vector<int> &order)
+{
+    std::vector<Row> arranged;
+    arranged.reserve(order.size());
+    for (const int row : order)
+        arranged.push_back(std::move(m_rows[static_cast<size_t>(row)]));
+    m_rows = std::move(arranged);
+}
+
+void UserSongsRelTableModel::sort(int column, Qt::SortOrder order)
+{
+    if (column >= columnCount())
+        return;
+    m_sortColumn = qMax(column, idColumn);
+    m_sortOrder = m_sortColumn == idColumn ? Qt::AscendingOrder : order;
+
+    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    const std::vector<int> rows = sortedRows();
+    std::vector<int> newRows(rows.size());
+    for (size_t position = 0; position < rows.size(); ++position)
+        newRows[static_cast<size_t>(rows[position])] = static_cast<int>(position);
+    arrange(rows);
+    const QModelIndexList held = persistentIndexList();
+    QModelIndexList moved;
+    for (const QModelIndex &old : held)
+        moved.append(index(newRows[static_cast<size_t>(old.row())], old.column()));
+    changePersistentIndexList(held, moved);
+    emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+bool UserSongsRelTableModel::removeRows(int row, int count, const QModelIndex &parent)
+{
+    if (parent.isValid() || row < 0 || count <= 0 || count > rowCount() - row)
+        return false;
+    for (int left = count; left > 0; --left) {
+        const auto song = m_rows.begin() + row;
+        m_delete.bindValue(0, song->at(idColumn));
+        if (!execute(m_delete))
+            return false;
+        beginRemoveRows(QModelIndex(), row, row);
+        m_rows.erase(song);
+        endRemoveRows();
+    }
+    return true;
+}
+
+bool UserSongsRelTableModel::insertRows(int, int, const QModelIndex &)
+{
+    return false;
+}
+
+bool UserSongsRelTableModel::canFetchMore(const QModelIndex &) const
+{
+    return false;
 }

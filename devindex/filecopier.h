@@ -1,0 +1,71 @@
+// Copies song files into a folder: onto a memory, or into a backup.
+#pragma once
+
+#include "devindex/keepalive.h"
+#include "library/progress.h"
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+QT_BEGIN_NAMESPACE
+class QFile;
+QT_END_NAMESPACE
+
+/**
+ * One object copies one list of files. It asks before it replaces a file and remembers the "all"
+ * answers; it has no window of its own.
+ *
+ * An MP3 takes its companion along: the karaoke pictures in the file of the same name that ends in
+ * ".cdg". Nothing of a failed copy stays behind, and a file is never copied onto itself, by
+ * whatever path the target leads to it.
+ */
+class FileCopier
+{
+    Q_DECLARE_TR_FUNCTIONS(MainWindow)
+
+public:
+    /** Asks whether the target may be replaced; answers as NoCopyrightDialog::Answer. */
+    using AskReplace = std::function<int(const QString &target)>;
+
+    explicit FileCopier(AskReplace askReplace = &FileCopier::showReplaceQuestion);
+
+    /**
+     * Copies the files into the folder dest, in their order. A file that lies there already counts
+     * as copied; one that the user keeps counts as neither copied nor failed. An MP3 whose
+     * companion cannot be copied counts as failed, although the MP3 itself has arrived.
+     *
+     * The progress is asked before each file whether to stop, and told the number of files looked
+     * at after each attempt to copy one.
+     *
+     * @param copied the number of files that are in place at the end; 0 when the user stopped it
+     * @return true when no file failed; false too when the user stopped it, in which case the
+     *         files copied so far stay
+     */
+    bool copyFiles(const QStringList &files, const QString &dest, int &copied, Progress &progress);
+
+    /**
+     * The bytes by which the files in dest grow at most when the files are copied there. Sizes are
+     * rounded up to clusters of 32 KiB, the largest that a memory card is formatted with. Files in
+     * place need nothing, and a file that would be replaced gives back what it takes.
+     */
+    static qint64 roomNeeded(const QStringList &files, const QString &dest);
+
+    /** The question in a window of its own; it returns one of NoCopyrightDialog::Answer. */
+    static int showReplaceQuestion(const QString &target);
+
+private:
+    bool mayReplace(const QString &target);
+    bool copySong(const QString &source, const QString &target, bool replace);
+    bool copyFile(const QString &source, const QString &target, bool replace);
+    qint64 readChunk(QFile &in, qint64 left);
+
+    const AskReplace m_askReplace;
+    bool m_ask = true;         ///< false after an "all" answer
+    bool m_replaceAll = false; ///< that answer
+    QByteArray m_buffer;
+    KeepAlive m_keepAlive;
+};

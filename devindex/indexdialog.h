@@ -1,0 +1,76 @@
+// Prepares or repairs a player's memory: updates or rebuilds its index.
+#pragma once
+
+#include "devindex/keepalive.h"
+
+#include <QDialog>
+#include <QList>
+#include <QScopedPointer>
+#include <QSettings>
+#include <QString>
+
+QT_BEGIN_NAMESPACE
+namespace Ui
+{
+class IndexDialog;
+}
+QT_END_NAMESPACE
+
+/**
+ * The user chooses a memory and what to do with its index, and reads the report of problems. Any
+ * folder inside a memory stands for the whole memory; a press on the start button with the Shift
+ * key takes the folder as it is. The dialog does not close while it works.
+ */
+class IndexDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit IndexDialog(QWidget *parent = nullptr);
+    ~IndexDialog() override;
+
+    /** Starts the work at a mouse press on the start button, which the button does not get. */
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+    /** Closes the dialog, unless it is at work. */
+    void reject() override;
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private slots:
+    void browseDir();
+    void on_pushButtonStart_clicked();
+    void on_pushButtonClose_clicked();
+    void on_radioButtonUpdate_clicked();
+    void on_radioButtonRebuild_clicked();
+
+    void updateLabelNum(int filesFound);
+    void initProgress(int maximum);
+    void setProgressValue(int value);
+    void updateLabelCurrPath(const QString &path);
+    void errorFromIndexReceived(const QString &message);
+    void clearIndexErrors();
+
+private:
+    /** A line of the report: a message of the index as it came, or a text that is translated. */
+    struct ReportLine {
+        QString message;
+        const char *source = nullptr;
+    };
+
+    void start(bool useRoot);
+    bool runIndex(const QString &path);
+    void tellResult(bool success);
+    void setRunning(bool running);
+    void appendToReport(const ReportLine &line);
+    QString getRootDrivePath(const QString &path) const;
+    void checkDisk(const QString &path);
+
+    const QScopedPointer<Ui::IndexDialog> ui;
+    QSettings m_settings;
+    QList<ReportLine> m_report;
+    bool m_indexErrors = false; ///< the index reported an error during this run
+    bool m_running = false;
+    KeepAlive m_keepAlive;
+};

@@ -1,0 +1,123 @@
+#include "devindex/mountedvolumes.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace
+{
+
+const QChar slash = QLatin1Char('/');
+const QString volumes = QStringLiteral("/Volumes");
+
+/** Resolves doubled slashes, "." and ".."; no slash stays at the end. */
+QString cleaned(const QString &path)
+{
+    QString clean = QDir::cleanPath(path);
+    // The folder above "/" is "/" itself, but QDir leaves these in place.
+    while (clean.startsWith(QLatin1String("/../")))
+        clean.remove(0, 3);
+    return clean == QLatin1String("/..") ? QString(slash) : clean;
+}
+
+/** As cleaned(), but keeps the slash at the end, which getRoot() counts. */
+QString cleanedWithSlash(const QString &path)
+{
+    const QString clean = cleaned(path);
+    const bool keepSlash = path.endsWith(slash) && !clean.endsWith(slash);
+    return keepSlash ? clean + slash : clean;
+}
+
+QStringList usersMountDirectories()
+{
+#ifdef Q_OS_MACOS
+    return {};
+#else
+    const QString user = qEnvironmentVariable("USER");
+    const bool isPlainName = !user.isEmpty() && !user.contains(slash) &&
+                             user != QLatin1String(".") && user != QLatin1String("..");
+    if (!isPlainName)
+        return {};
+    return {QStringLiteral("/media/") + user, QStringLiteral("/run/media/") + user};
+#endif
+}
+
+QStringList listedMountDirectories()
+{
+    QStringList directories;
+    const QStringList parts =
+        qEnvironmentVariable("KAVENA_MOUNT_DIRS").split(QLatin1Char(':'), Qt::SkipEmptyParts);
+    for (const QString &part : parts) {
+        const QString clean = cleaned(part);
+        if (clean.startsWith(slash) && clean != slash)
+            directories.append(clean);
+    }
+    return directories;
+}
+
+} // namespace
+
+MountedVolumes::MountedVolumes()
+    : m_directories(QStringList(volumes) + usersMountDirectories() + listedMountDirectories())
+{
+    m_directories.removeDuplicates();
+}
+
+QString MountedVolumes::startFolder() const
+{
+    for (const QString &directory : m_directories) {
+        if (QFileInfo(directory).isDir())
+            return directory;
+    }
+    return volumes;
+}
+
+bool MountedVolumes::isSystemDisk(const QString &path) const
+{
+    return getRootDrivePath(path).isEmpty();
+}
+
+QString MountedVolumes::getRoot(const QString &path) const
+{
+    const QString above = mountDirectoryAbove(cleaned(path));
+    if (!above.isEmpty() && above != volumes)
+        return getRootDrivePath(path);
+
+    const QString clean = cleanedWithSlash(path);
+    const qsizetype first = clean.indexOf(slash, 1);
+    if (first < 0)
+        return slash;
+    const qsizetype second = clean.indexOf(slash, first + 1);
+    return second < 0 ? QString() : clean.left(second);
+}
+
+bool MountedVolumes::isRoot(const QString &path) const
+{
+    const QString memory = getRootDrivePath(path);
+    if (memory.isEmpty())
+        return getRoot(path) == path;
+    return cleaned(path) == memory;
+}
+
+QString MountedVolumes::getRootDrivePath(const QString &path) const
+{
+    const QString clean = cleaned(path);
+    const QString above = mountDirectoryAbove(clean);
+    if (above.isEmpty())
+        return {};
+    const qsizetype nameEnd = clean.indexOf(slash, above.size() + 1);
+    return nameEnd < 0 ? clean : clean.left(nameEnd);
+}
+
+/** The longest mount directory that the path lies in; empty for one that lies in none or is one. */
+QString MountedVolumes::mountDirectoryAbove(const QString &cleanPath) const
+{
+    QString longest;
+    for (const QString &directory : m_directories) {
+        if (cleanPath.compare(directory, Qt::CaseInsensitive) == 0)
+            return {};
+        if (directory.size() > longest.size() &&
+            cleanPath.startsWith(directory + slash, Qt::CaseInsensitive))
+            longest = directory;
+    }
+    return longest;
+}

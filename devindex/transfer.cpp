@@ -1,0 +1,134 @@
+#include "devindex/transfer.h"
+
+#include "devindex/filecopier.h"
+#include "devindex/index.h"
+#include "formats/diagnostics.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+#include <QStorageInfo>
+
+#include <memory>
+#include <utility>
+
+Transfer::Transfer(TransferQuestions &questions, OpenProgress openProgress, FreeBytes freeBytes)
+    : m_questions(questions)
+    , m_openProgress(std::move(openProgress))
+    , m_freeBytes(std::move(freeBytes))
+{
+}
+
+Transfer::Outcome Transfer::transferFiles(const QStringList &files)
+{
+    const QString dest = chooseDestination();
+    if (dest.isEmpty() || !hasRoom(files, dest))
+        return Outcome::NotStarted;
+
+    logDebug() << "============================================";
+    logDebug() << "          TRASFERIMENTO FILE";
+    logDebug() << "============================================";
+    const bool copied = copyFiles(files, dest);
+    const bool indexed = updateKavenaIndex(dest);
+
+    if (copied && indexed) {
+        m_questions.inform(tr("Trasferimento"),
+                           tr("Tutti i file sono stati copiati correttamente"));
+        return Outcome::Complete;
+    }
+    m_questions.showFailure(tr("Trasferimento"),
+                            tr("Non è stato possibile copiare uno o più file"));
+    return Outcome::Incomplete;
+}
+
+bool Transfer::updateKavenaIndex(const QString &path)
+{
+    const QString root = m_volumes.getRoot(path);
+    if (!QFileInfo::exists(root))
+        return false;
+    // The number of songs is not known before the scan has found them: 0 shows a busy bar.
+    const std::unique_ptr<Progress> progress =
+        m_openProgress(tr("Aggiornamento"), tr("Aggiornamento database..."), 0);
+    const auto setValue = [&progress](int value) { progress->setValue(value); };
+    const auto setMaximum = [&progress](int maximum) { progress->setMaximum(maximum); };
+
+    Index index;
+    index.setRenameQuestion([this](const QString &item, const QString &message) {
+        return m_questions.askRename(item, message);
+    });
+    QObject::connect(&index, &Index::fileFoundChanged, &index, setValue);
+    QObject::connect(&index, &Index::progressValueChanged, &index, setValue);
+    QObject::connect(&index, &Index::progressMaxSetup, &index, setMaximum);
+    return index.updateIndex(root);
+}
+
+/** An accepted folder, without a slash at its end; an empty text ends the transfer. */
+QString Transfer::chooseDestination()
+{
+    const QString title = tr("Trasferimento");
+    const QString chosen = m_questions.chooseFolder(tr("Scegli cartella"), m_volumes.startFolder());
+    if (chosen.isEmpty())
+        return {};
+    QString dest = QDir::cleanPath(chosen);
+
+    if (m_volumes.isSystemDisk(dest)) {
+        m_questions.warn(title, tr("Non è possibile copiare i file sul disco di sistema"));
+        return {};
+    }
+    if (m_volumes.isRoot(dest)) {
+        // Not mkpath: a memory that was pulled must not come back as a folder of the system disk.
+        const QString songs = dest + QStringLiteral("/songs");
+        if (!QFileInfo(songs).isDir() && !QDir().mkdir(songs)) {
+            m_questions.warn(title, tr("Non è possibile copiare i file sulla cartella principale, "
+                                       "creare o selezionare una sottocartella"));
+            return {};
+        }
+        dest = songs;
+    }
+    if (isReserved(dest)) {
+        m_questions.warn(title, tr("Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST "
+                                   "perchè sono riservate per funzionalità specifiche di Kavena, "
+                                   "selezionare un'altra cartella"));
+        return {};
+    }
+    return dest;
+}
+
+/** True for the folders in which the player keeps its own files: songs in them are not found. */
+bool Transfer::isReserved(const QString &dest) const
+{
+    static const QStringList reserved = {QStringLiteral("SFX"), QStringLiteral("BRIDGE"),
+                                         QStringLiteral("PLAYLIST")};
+    return reserved.contains(dest.section(QLatin1Char('/'), -1), Qt::CaseInsensitive);
+}
+
+/** False when the files do not fit and the user does not want to try. */
+bool Transfer::hasRoom(const QStringList &files, const QString &dest)
+{
+    const qint64 available = m_freeBytes(dest);
+    if (available < 0)
+        return true;
+    const qint64 missing = FileCopier::roomNeeded(files, dest) - available;
+    if (missing <= 0)
+        return true;
+    return m_questions.askAnyway(
+        tr("Trasferimento"), tr("Lo spazio libero nella memoria non è sufficiente: mancano %1.\n"
+                                "Si vuole procedere comunque con la copia?")
+                                 .arg(QLocale().formattedDataSize(missing)));
+}
+
+/** True when no file failed; the progress is gone when this returns. */
+bool Transfer::copyFiles(const QStringList &files, const QString &dest)
+{
+    const std::unique_ptr<Progress> progress = m_openProgress(
+        tr("Trasferimento"), tr("Trasferimento file..."), static_cast<int>(files.size()));
+    FileCopier copier([this](const QString &target) { return m_questions.askReplace(target); });
+    int copied = 0;
+    return copier.copyFiles(files, dest, copied, *progress);
+}
+
+qint64 Transfer::bytesAvailable(const QString &folder)
+{
+    const QStorageInfo storage(folder);
+    return storage.isValid() ? storage.bytesAvailable() : -1;
+}

@@ -1,0 +1,84 @@
+// The transfer of the library's songs onto the player's memory.
+#pragma once
+
+#include "devindex/mountedvolumes.h"
+#include "library/progress.h"
+
+#include <QCoreApplication>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+/** What a transfer asks and tells the user. */
+class TransferQuestions
+{
+public:
+    TransferQuestions() = default;
+    virtual ~TransferQuestions() = default;
+    Q_DISABLE_COPY_MOVE(TransferQuestions)
+
+    /** The folder to copy into; an empty text when the user changed his mind. */
+    virtual QString chooseFolder(const QString &title, const QString &startFolder) = 0;
+
+    /** Whether the target may be replaced; answers as NoCopyrightDialog::Answer. */
+    virtual int askReplace(const QString &target) = 0;
+
+    /** Whether path may be renamed as the message says; answers as NoCopyrightDialog::Answer. */
+    virtual int askRename(const QString &path, const QString &message) = 0;
+
+    /** Whether to go on in spite of what the question says; no, unless the user says yes. */
+    virtual bool askAnyway(const QString &title, const QString &question) = 0;
+
+    virtual void warn(const QString &title, const QString &text) = 0;
+    virtual void inform(const QString &title, const QString &text) = 0;
+    virtual void showFailure(const QString &title, const QString &text) = 0;
+};
+
+/**
+ * Asks for a folder on a memory, copies the songs into it and brings the memory's index up to
+ * date, so that the player finds them.
+ */
+class Transfer
+{
+    Q_DECLARE_TR_FUNCTIONS(MainWindow)
+
+public:
+    enum class Outcome {
+        NotStarted, ///< the user changed his mind, or the folder was refused: nothing was copied
+        Complete,   ///< no file failed, and the index is up to date
+        Incomplete, ///< files or the index failed, or the user stopped the copy
+    };
+
+    /** The free bytes of the file system that holds the folder; negative when they are unknown. */
+    using FreeBytes = std::function<qint64(const QString &folder)>;
+
+    /** The questions must outlive the transfer. */
+    Transfer(TransferQuestions &questions, OpenProgress openProgress,
+             FreeBytes freeBytes = &Transfer::bytesAvailable);
+
+    /**
+     * The whole job, with all questions and messages. Refused are the system disk, a memory's root
+     * when its folder "songs" cannot be made, and the folders that the player reserves. When the
+     * copy was stopped the index is updated all the same, so that what has arrived is found.
+     */
+    Outcome transferFiles(const QStringList &files);
+
+    /**
+     * Updates the index of the memory that holds the path.
+     * @return false when there is no such memory or its index could not be updated
+     */
+    bool updateKavenaIndex(const QString &path);
+
+private:
+    QString chooseDestination();
+    bool isReserved(const QString &dest) const;
+    bool hasRoom(const QStringList &files, const QString &dest);
+    bool copyFiles(const QStringList &files, const QString &dest);
+    static qint64 bytesAvailable(const QString &folder);
+
+    const MountedVolumes m_volumes;
+    TransferQuestions &m_questions;
+    const OpenProgress m_openProgress;
+    const FreeBytes m_freeBytes;
+};

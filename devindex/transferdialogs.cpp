@@ -1,0 +1,46 @@
+#include "devindex/transferdialogs.h"
+
+#include "devindex/filecopier.h"
+#include "library/nocopyrightdialog.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+
+QString TransferDialogs::chooseFolder(const QString &title, const QString &startFolder)
+{
+    return QFileDialog::getExistingDirectory(m_parent, title, startFolder);
+}
+
+int TransferDialogs::askReplace(const QString &target)
+{
+    return FileCopier::showReplaceQuestion(target);
+}
+
+int TransferDialogs::askRename(const QString &path, const QString &message)
+{
+    NoCopyrightDialog dialog;
+    dialog.setFilename(path);
+    dialog.setMessage(message);
+    return dialog.exec();
+}
+
+bool TransferDialogs::askAnyway(const QString &title, const QString &question)
+{
+    return QMessageBox::question(m_parent, title, question, QMessageBox::Yes | QMessageBox::No,
+                                 QMessageBox::No) == QMessageBox::Yes;
+}
+
+void TransferDialogs::warn(const QString &title, const QString &text)
+{
+    QMessageBox::warning(m_parent, title, text);
+}
+
+void TransferDialogs::inform(const QString &title, const QString &text)
+{
+    QMessageBox::information(m_parent, title, text);
+}
+
+void TransferDialogs::showFailure(const QString &title, const QString &text)
+{
+    QMessageBox::critical(m_parent, title, text);
+}

@@ -1,0 +1,29 @@
+// The windows of a transfer.
+#pragma once
+
+#include "devindex/transfer.h"
+
+QT_BEGIN_NAMESPACE
+class QWidget;
+QT_END_NAMESPACE
+
+/** Asks and tells in dialogs over the parent. */
+class TransferDialogs : public TransferQuestions
+{
+public:
+    explicit TransferDialogs(QWidget *parent)
+        : m_parent(parent)
+    {
+    }
+
+    QString chooseFolder(const QString &title, const QString &startFolder) override;
+    int askReplace(const QString &target) override;
+    int askRename(const QString &path, const QString &message) override;
+    bool askAnyway(const QString &title, const QString &question) override;
+    void warn(const QString &title, const QString &text) override;
+    void inform(const QString &title, const QString &text) override;
+    void showFailure(const QString &title, const QString &text) override;
+
+private:
+    QWidget *const m_parent;
+};

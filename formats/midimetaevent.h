@@ -1,0 +1,63 @@
+// Layout of the MIDI meta events that carry a song's metadata, for all who read or write them.
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+
+/**
+ * A look at one meta event (Standard MIDI Files 1.0: FF, type, length, data) inside the bytes of a
+ * file, which must outlive it.
+ *
+ * The player takes the length as one single byte, not as a variable-length quantity, and so do we.
+ * Nothing is read past the end of the bytes: a byte that is missing counts as 0, a run of data
+ * ends with the file.
+ */
+class MidiMetaEvent
+{
+public:
+    enum TypeEnum : quint8 {
+        CopyrightNotice = 0x02,
+        TrackName = 0x03, ///< in the first track: the title of the song
+        Kravo = 0x4B,     ///< the maker's own event; its first data byte is a sub-type
+        KeySignature = 0x59
+    };
+
+    static constexpr qsizetype HeaderSize = 4;    ///< delta time 0, FF, type, length
+    static constexpr qsizetype MaxDataSize = 255; ///< what the length byte can tell
+
+    /** Position of the next status byte FF with this type behind it, or -1. */
+    static qsizetype indexOf(QByteArrayView bytes, quint8 type, qsizetype from);
+
+    /** Position of the next delta time 0 with FF and this type behind it, or -1. */
+    static qsizetype indexOfAtDeltaZero(QByteArrayView bytes, quint8 type, qsizetype from);
+
+    /** The bytes of an event at delta time 0; none when the data exceed MaxDataSize. */
+    static QByteArray encode(quint8 type, const QByteArray &data);
+
+    /** Looks at the event whose status byte stands at the position (0 or greater). */
+    MidiMetaEvent(QByteArrayView bytes, qsizetype position);
+
+    /** The length byte, 0 to 255. */
+    quint8 length() const;
+
+    /** The length byte as the signed number that the player's texts go by: -128 to 127. */
+    qint8 signedLength() const;
+
+    /** Position behind the last data byte, by the unsigned length; may lie past the file's end. */
+    qsizetype end() const;
+
+    /** The data byte with this index, whatever the length byte says. */
+    quint8 dataAt(qsizetype index) const;
+
+    /** `size` data bytes from an index on; a negative size means all up to the file's end. */
+    QByteArrayView data(qsizetype index, qsizetype size) const;
+
+    /** True when the data byte with this index still belongs to the file. */
+    bool holdsData(qsizetype index) const;
+
+private:
+    quint8 byteAt(qsizetype offset) const;
+
+    QByteArrayView m_bytes;
+    qsizetype m_position;
+};

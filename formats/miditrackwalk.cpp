@@ -1,0 +1,99 @@
+#include "formats/miditrackwalk.h"
+
+#include "formats/midimetaevent.h"
+
+namespace
+{
+
+constexpr int MaxQuantityBytes = 4; // a variable-length quantity has no more
+constexpr int StatusBit = 0x80;
+constexpr int ContinuationBit = 0x80;
+constexpr int SystemExclusive = 0xF0;
+constexpr int EscapedBytes = 0xF7;
+constexpr int MetaEvent = 0xFF;
+
+// Data bytes of a channel message, or 0 for a status that is none.
+int channelDataBytes(int status)
+{
+    switch (status & 0xF0) {
+    case 0x80: // note off
+    case 0x90: // note on
+    case 0xA0: // key pressure
+    case 0xB0: // controller
+    case 0xE0: // pitch bend
+        return 2;
+    case 0xC0: // program
+    case 0xD0: // channel pressure
+        return 1;
+    default:
+        return 0;
+    }
+}
+
+} // namespace
+
+MidiTrackWalk::MidiTrackWalk(QByteArrayView bytes, qsizetype start)
+    : m_bytes(bytes)
+    , m_eventStart(start)
+    , m_deltaEnd(start)
+    , m_eventEnd(start)
+{
+}
+
+bool MidiTrackWalk::endsLongDeltaTime(qsizetype position)
+{
+    while (!m_lost && m_eventEnd <= position)
+        readEvent();
+    return m_eventStart < position && position == m_deltaEnd - 1;
+}
+
+void MidiTrackWalk::readEvent()
+{
+    m_eventStart = m_eventEnd;
+    m_deltaEnd = m_eventStart;
+    while ((byteAt(m_deltaEnd) & ContinuationBit) != 0 &&
+           m_deltaEnd - m_eventStart < MaxQuantityBytes)
+        ++m_deltaEnd;
+    ++m_deltaEnd;
+    m_lost = m_deltaEnd - m_eventStart > MaxQuantityBytes || !skipEventData(m_deltaEnd);
+    if (m_lost)
+        m_deltaEnd = m_eventStart;
+}
+
+bool MidiTrackWalk::skipEventData(qsizetype position)
+{
+    int status = m_runningStatus;
+    if ((byteAt(position) & StatusBit) != 0)
+        status = byteAt(position++);
+    if (status == MetaEvent && byteAt(position) == MidiMetaEvent::Kravo) {
+        m_eventEnd = MidiMetaEvent(m_bytes, position - 1).end();
+        return m_eventEnd <= m_bytes.size();
+    }
+    if (status == MetaEvent)
+        return skipCountedData(position + 1);
+    if (status == SystemExclusive || status == EscapedBytes)
+        return skipCountedData(position);
+    const int dataBytes = channelDataBytes(status);
+    m_runningStatus = status;
+    m_eventEnd = position + dataBytes;
+    return dataBytes > 0 && m_eventEnd <= m_bytes.size();
+}
+
+bool MidiTrackWalk::skipCountedData(qsizetype position)
+{
+    qsizetype count = 0;
+    for (int i = 0; i < MaxQuantityBytes; ++i) {
+        const int byte = byteAt(position++);
+        count = (count << 7) | (byte & ~ContinuationBit);
+        if ((byte & ContinuationBit) == 0) {
+            m_eventEnd = position + count;
+            return m_eventEnd <= m_bytes.size();
+        }
+    }
+    return false;
+}
+
+int MidiTrackWalk::byteAt(qsizetype position) const
+{
+    return position < m_bytes.size() ? static_cast<quint8>(m_bytes.at(position)) : 0;
+}

@@ -1,0 +1,24 @@
+// Paints the rows of the user's songs in the colour of their status.
+#pragma once
+
+#include <QStyledItemDelegate>
+
+/**
+ * Gives every cell of a row the background of the row's status cell, whether that column is shown
+ * or hidden. These backgrounds are light, so the text on them is dark on a dark desktop too; a
+ * selected row looks as the style paints selections.
+ */
+class StatusRowDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    /** Takes the number of the model's status column. */
+    explicit StatusRowDelegate(int statusColumn, QObject *parent = nullptr);
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
+
+private:
+    const int m_statusColumn;
+};

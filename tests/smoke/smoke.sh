@@ -1,0 +1,79 @@
+#!/usr/bin/env bash
+# smoke.sh PROGRAM: the built program from its first start to a filled table, on a virtual display,
+# with nothing but mouse, keyboard and screenshots.
+set -euo pipefail
+
+if [ "${SMOKE_DISPLAY:-}" != yes ]; then
+  folder=$(mktemp -d "${TMPDIR:-/tmp}/kavena-smoke.XXXXXX")
+  trap 'rm -rf "$folder"' EXIT
+  program=$(realpath "$1")
+  script=$(realpath "$0")
+  cd "$folder"
+  mkdir config runtime music
+  chmod 700 runtime
+  unset WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS QT_QPA_PLATFORM
+  export HOME=$folder XDG_CONFIG_HOME=$folder/config XDG_RUNTIME_DIR=$folder/runtime
+  export LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb SMOKE_DISPLAY=yes
+  xvfb-run -a -s "-screen 0 1280x900x24" "$script" "$program"
+  exit
+fi
+
+fail() { echo "FAIL: $1" >&2; exit 1; }
+
+# Tries a command for 30 seconds.
+soon() {
+  local tries
+  for tries in $(seq 150); do "$@" && return; sleep 0.2; done
+  return 1
+}
+
+# How many pixels of the screenshot have exactly this colour.
+pixels() { convert "$1" -fill black +opaque "$2" -fill white -opaque "$2" -format '%[fx:int(mean*w*h+0.5)]' info:; }
+
+window_named() { xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; }
+
+openbox >/dev/null 2>&1 &
+for song in 1 2 3; do
+  printf 'X:1\nT:Smoke tune %s\nM:4/4\nL:1/4\nK:C\nCDEF|GABc|]\n' "$song" >"music/$song.abc"
+  abc2midi "music/$song.abc" -o "music/tune$song.mid" >/dev/null
+done
+echo "this is no song" >music/broken.mid
+
+"$1" >output.txt 2>&1 &
+program=$!
+trap 'kill $program 2>/dev/null || true' EXIT
+
+# A first start is in German, under the partner's name.
+soon window_named '^RB27 Utility$' || fail "no window appeared: $(cat output.txt)"
+soon grep -q 'language=de' config/kavena_pc/kravo.conf || fail "the first start stored no language"
+sleep 1
+import -window root before.png
+[ "$(convert before.png -format '%k' info:)" -gt 50 ] || fail "the screen is empty"
+[ "$(pixels before.png '#e6e6e6')" -lt 5000 ] || fail "the table is not empty at the start"
+
+# The folder button is where the screen is folder-yellow.
+read -r width height x y < <(convert before.png -fuzz 4% -fill black +opaque '#f5b942' \
+  -fill white -opaque '#f5b942' -trim -format '%w %h %X %Y\n' info: | tr -d '+')
+[ "$width" -lt 200 ] && [ "$height" -lt 200 ] || fail "the folder button is not to be seen"
+xdotool mousemove $((x + width / 2)) $((y + height / 2)) click 1
+
+soon window_named 'Dateien.*ausw|ausw.*Dateien|Importieren' || fail "no file dialog in German"
+sleep 0.5
+xdotool type --delay 5 "\"$PWD/music/tune1.mid\" \"$PWD/music/tune2.mid\" \"$PWD/music/tune3.mid\" \"$PWD/music/broken.mid\""
+xdotool key Return
+
+# Three rows of new songs: light and dark grey stripes, as wide as the table.
+table_filled() {
+  import -window root after.png
+  [ "$(pixels after.png '#c8c8c8')" -gt 10000 ] && [ "$(pixels after.png '#e6e6e6')" -gt 5000 ]
+}
+soon table_filled || fail "the table stayed empty: $(cat output.txt)"
+kill -0 $program || fail "the program ended: $(cat output.txt)"
+[ ! -e log.txt ] || fail "a log was written although logging is off"
+! grep -qiE 'error|cannot|No such' output.txt || fail "the program complained: $(cat output.txt)"
+[ "$(xdotool search --onlyvisible --name . 2>/dev/null | wc -l)" -ge 1 ] || fail "no window is left"
+
+# Quit from the keyboard.
+xdotool key alt+F4
+soon bash -c "! kill -0 $program 2>/dev/null" || fail "the window did not close"
+echo "smoke test passed"
