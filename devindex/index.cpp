@@ -1,14 +1,15 @@
 #include "devindex/index.h"
 
 #include "devindex/devicetext.h"
+#include "devindex/entrysort.h"
 #include "devindex/filestamp.h"
 #include "devindex/indexfiles.h"
 #include "devindex/indexloader.h"
 #include "devindex/indexwriter.h"
 #include "devindex/pathorder.h"
 #include "devindex/playlistfiles.h"
+#include "devindex/recordfile.h"
 #include "devindex/songhead.h"
-#include "devindex/songslist.h"
 #include "formats/diagnostics.h"
 #include "library/nocopyrightdialog.h"
 
@@ -19,6 +20,8 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
+#include <optional>
 
 namespace
 {
@@ -29,7 +32,7 @@ constexpr quint32 NoIdLoaded = 0xFFFFFFFF;
 bool isMemoryPath(const QString &path)
 {
     return path.startsWith(QLatin1Char('/')) && path.size() <= PathRecord::MaxPathLength &&
-           !path.split(QLatin1Char('/')).contains(QLatin1String(".."));
+           !path.contains(QLatin1String("/../")) && !path.endsWith(QLatin1String("/.."));
 }
 
 bool isPlayerFolder(const QString &name)
@@ -38,10 +41,29 @@ bool isPlayerFolder(const QString &name)
            name.compare(indexfiles::BridgeFolder, Qt::CaseInsensitive) == 0;
 }
 
+/** Reads what the index shows of a song whose file is known to be a regular one. */
+bool readSong(SongInfoIndex &entry)
+{
+    return readSongHead(songHeadOf(entry.fullPath), entry.fullPath, entry);
+}
+
 /** Removes a file; true when it is not there any more. */
 bool removeFile(const QString &path)
 {
     return QFile::remove(path) || !QFileInfo::exists(path);
+}
+
+/** A line of the list of songs: each field closed by ";", without quotes, in UTF-8. */
+QByteArray listLine(const std::array<QStringView, 4> &fields)
+{
+    QString line;
+    line.reserve(
+        std::accumulate(fields.begin(), fields.end(), qsizetype(fields.size() + 1),
+                        [](qsizetype sum, QStringView field) { return sum + field.size(); }));
+    for (const QStringView field : fields)
+        line.append(field).append(QLatin1Char(';'));
+    line += QLatin1Char('\n');
+    return line.toUtf8();
 }
 
 int askInDialog(const QString &path, const QString &message)
@@ -231,10 +253,9 @@ QString Index::renameLongFileName(const QString &path)
 {
     if (path.compare(rootPath, Qt::CaseInsensitive) == 0)
         return path;
-    const QFileInfo item(path);
-    if (isShortName(item))
+    if (isShortName(path))
         return path;
-    const QString candidate = m_shortNames.candidateFor(item);
+    const QString candidate = m_shortNames.candidateFor(QFileInfo(path));
     if (candidate.isEmpty())
         return {};
     if (!askForRename(path, candidate))
@@ -284,7 +305,7 @@ bool Index::addFile(const QFileInfo &file, Order &order)
     if (!hasRoomFor(fullPath))
         return false;
 
-    const FileStamp stamp = FileStamp::of(file);
+    const FileStamp stamp = FileStamp::of(fullPath).value_or(FileStamp());
     SongInfoIndex entry;
     entry.fullPath = fullPath;
     entry.path = path;
@@ -345,11 +366,8 @@ bool Index::hasRoomFor(const QString &fullPath)
 
 int Index::setSongInfo(SongInfoIndex &e) const
 {
-    QByteArray head;
-    QFile file(e.fullPath);
     // Only a regular file can be read without the risk of waiting for ever.
-    if (QFileInfo(e.fullPath).isFile() && file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        head = file.read(SongHeadSize);
+    const QByteArray head = QFileInfo(e.fullPath).isFile() ? songHeadOf(e.fullPath) : QByteArray();
     return readSongHead(head, e.fullPath, e) ? 1 : 0;
 }
 
@@ -404,29 +422,30 @@ void Index::createTitleIndex()
 
 void Index::refreshEntry(SongInfoIndex &entry)
 {
-    const QFileInfo file(entry.fullPath);
-    if (!isMemoryPath(entry.path) || !file.isFile()) {
+    if (maxLoadedId == NoIdLoaded || entry.id > maxLoadedId) {
+        // The scan has just seen the file. Only one that cannot be read is looked for again.
+        if (!readSong(entry) && !QFileInfo(entry.fullPath).isFile())
+            entry.id = SongInfoIndex::RemovedId;
+        indexChanged = 1;
+        return;
+    }
+    const std::optional<FileStamp> stamp = FileStamp::of(entry.fullPath);
+    if (!isMemoryPath(entry.path) || !stamp) {
         entry.id = SongInfoIndex::RemovedId;
         indexChanged = 1;
         return;
     }
-    if (maxLoadedId == NoIdLoaded || entry.id > maxLoadedId) {
-        setSongInfo(entry);
-        indexChanged = 1;
+    if (stamp->date == entry.date && stamp->time == entry.time)
         return;
-    }
-    const FileStamp stamp = FileStamp::of(file);
-    if (stamp.date == entry.date && stamp.time == entry.time)
-        return;
-    setSongInfo(entry);
-    entry.date = stamp.date;
-    entry.time = stamp.time;
+    readSong(entry);
+    entry.date = stamp->date;
+    entry.time = stamp->time;
     indexChanged = 1;
 }
 
 void Index::removeDeletedItems()
 {
-    std::stable_sort(entries.begin(), entries.end(), compareByPosidx);
+    sortEntries(entries, compareByPosidx);
     quint16 removed = 0;
     for (SongInfoIndex &entry : entries) {
         if (entry.id == SongInfoIndex::RemovedId)
@@ -487,7 +506,7 @@ bool Index::writeIndexFiles()
 
 int Index::writePathIndex()
 {
-    std::stable_sort(entries.begin(), entries.end(), compareByPosidx);
+    sortEntries(entries, compareByPosidx);
     return indexwriter::writePaths(filePath(indexfiles::Path), entries);
 }
 
@@ -499,21 +518,21 @@ int Index::writeOrdIndex()
 
 int Index::writeTitleIndex(const QString &name)
 {
-    std::stable_sort(entries.begin(), entries.end(), compareTitle);
+    sortEntries(entries, compareTitle);
     clearAlphaBuffer();
     return indexwriter::writeTitles(filePath(name), entries, alphaBuffer);
 }
 
 int Index::writeArtistIndex(const QString &name)
 {
-    std::stable_sort(entries.begin(), entries.end(), compareArtist);
+    sortEntries(entries, compareArtist);
     clearAlphaBuffer();
     return indexwriter::writeGroups(filePath(name), entries, &SongInfoIndex::artist, alphaBuffer);
 }
 
 int Index::writeGenreIndex(const QString &name)
 {
-    std::stable_sort(entries.begin(), entries.end(), compareGenre);
+    sortEntries(entries, compareGenre);
     clearAlphaBuffer();
     return indexwriter::writeGroups(filePath(name), entries, &SongInfoIndex::genre, alphaBuffer);
 }
@@ -600,23 +619,33 @@ int Index::saveSongsList(const QString &root, const QString &fileName, SORT_MODE
         return -1;
     if (loadAllIndexFile() < 0)
         return 0;
-    const auto compare = mode == SortByArtist  ? compareArtist
-                         : mode == SortByGenre ? compareGenre
-                                               : compareTitle;
-    std::stable_sort(entries.begin(), entries.end(), compare);
+    const EntryOrder order = mode == SortByArtist  ? compareArtist
+                             : mode == SortByGenre ? compareGenre
+                                                   : compareTitle;
+    sortEntries(entries, order);
+    if (writeSongsList(fileName))
+        return 1;
+    if (QFileInfo(fileName).isFile())
+        QFile::remove(fileName); // a part of the list would pass for all of it
+    return 0;
+}
 
-    SongsListWriter list(fileName);
-    if (!list.open() || !list.writeLine({tr("TITOLO"), tr("ARTISTA"), tr("GENERE"), tr("FILE")}))
-        return 0;
+bool Index::writeSongsList(const QString &fileName)
+{
+    RecordWriter list(fileName);
+    if (!list.open() ||
+        !list.append(listLine({tr("TITOLO"), tr("ARTISTA"), tr("GENERE"), tr("FILE")})))
+        return false;
     emit progressMaxSetup(static_cast<int>(entries.size()));
     int step = 0;
     for (const SongInfoIndex &entry : std::as_const(entries)) {
         const QString longPath = getLongFileNamePath(entry.fullPath);
-        const QString path = (longPath.isNull() ? entry.fullPath : longPath).mid(rootPath.size());
-        if (!list.writeLine({entry.title, entry.artist, entry.genre, path}))
-            return 0;
+        const QString &path = longPath.isNull() ? entry.fullPath : longPath;
+        if (!list.append(listLine(
+                {entry.title, entry.artist, entry.genre, QStringView(path).mid(rootPath.size())})))
+            return false;
         emit currentPathChanged(entry.fullPath);
         emit progressValueChanged(++step);
     }
-    return list.commit() ? 1 : 0;
+    return list.close();
 }

@@ -192,6 +192,7 @@ private:
 
     void refreshEntry(SongInfoIndex &entry);
     bool writeIndexFiles();
+    bool writeSongsList(const QString &fileName);
 
     RenameQuestion m_renameQuestion;
     ShortNames m_shortNames;

@@ -75,7 +75,7 @@ bool IndexLoader::loadGroups(QLatin1String name, QString SongInfoIndex::*text)
             groupText = stringToUpper(GroupHeader::decode(record).text).trimmed();
             continue;
         }
-        SongInfoIndex *const entry = entryOf(SongRecord::decode(record).id);
+        SongInfoIndex *const entry = entryOf(SongRecord::idOf(record));
         if (entry == nullptr)
             return false;
         entry->*text = groupText;

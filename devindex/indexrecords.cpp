@@ -95,12 +95,17 @@ SongRecord::Bytes SongRecord::encode() const
 SongRecord SongRecord::decode(const char *bytes)
 {
     SongRecord record;
-    record.id = qFromBigEndian<quint32>(bytes);
+    record.id = idOf(bytes);
     record.title = textFromBytes(QByteArray(bytes + TextOffset, TitleSize));
     record.bpm = static_cast<quint8>(bytes[BpmOffset]);
     record.fileType = static_cast<quint8>(bytes[TypeOffset] & TypeMask);
     record.hasMarkers = (bytes[TypeOffset] & MarkerBit) != 0;
     return record;
+}
+
+quint32 SongRecord::idOf(const char *bytes)
+{
+    return qFromBigEndian<quint32>(bytes);
 }
 
 GroupHeader::Bytes GroupHeader::encode() const

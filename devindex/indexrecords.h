@@ -48,6 +48,9 @@ struct SongRecord {
 
     /** Reads Size bytes. */
     static SongRecord decode(const char *bytes);
+
+    /** The id alone. */
+    static quint32 idOf(const char *bytes);
 };
 
 /**

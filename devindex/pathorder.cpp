@@ -1,6 +1,7 @@
 #include "devindex/pathorder.h"
 
 #include "devindex/devicetext.h"
+#include "devindex/entrysort.h"
 
 #include <algorithm>
 #include <numeric>
@@ -28,6 +29,8 @@ PathOrder::PathOrder(QList<SongInfoIndex> &entries)
     for (const SongInfoIndex &entry : std::as_const(entries))
         m_keys.append(pathSortKey(entry.path));
     std::iota(m_order.begin(), m_order.end(), 0);
+    if (std::is_sorted(m_keys.cbegin(), m_keys.cend()))
+        return; // as a memory's index is from its first build on, mostly
     std::stable_sort(m_order.begin(), m_order.end(), [this](qsizetype first, qsizetype second) {
         return m_keys.at(first) < m_keys.at(second);
     });
@@ -40,19 +43,7 @@ void PathOrder::insert(qsizetype place, const SongInfoIndex &entry, const QByteA
     m_keys.append(key);
 }
 
-void PathOrder::apply()
+void PathOrder::apply() const
 {
-    if (std::is_sorted(m_order.cbegin(), m_order.cend()))
-        return;
-    QList<SongInfoIndex> entries;
-    QList<QByteArray> keys;
-    entries.reserve(size());
-    keys.reserve(size());
-    for (const qsizetype position : std::as_const(m_order)) {
-        entries.append(std::move(m_entries[position]));
-        keys.append(std::move(m_keys[position]));
-    }
-    m_entries = std::move(entries);
-    m_keys = std::move(keys);
-    std::iota(m_order.begin(), m_order.end(), 0);
+    reorderEntries(m_entries, m_order);
 }

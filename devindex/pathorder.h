@@ -37,8 +37,8 @@ public:
     SongInfoIndex &entryAt(qsizetype place) { return m_entries[m_order.at(place)]; }
     void insert(qsizetype place, const SongInfoIndex &entry, const QByteArray &key);
 
-    /** Moves the entries into path order. */
-    void apply();
+    /** Moves the entries into path order. It is the last that can be done with this object. */
+    void apply() const;
 
 private:
     QList<SongInfoIndex> &m_entries;

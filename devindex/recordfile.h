@@ -21,6 +21,7 @@ public:
     bool open();
 
     bool append(const char *bytes, qint64 size);
+    bool append(const QByteArray &bytes) { return append(bytes.constData(), bytes.size()); }
 
     template <std::size_t Size>
     bool append(const std::array<char, Size> &record)

@@ -38,9 +38,11 @@ bool isTaken(const QString &path)
 
 } // namespace
 
-bool isShortName(const QFileInfo &item)
+bool isShortName(const QString &path)
 {
-    return item.completeBaseName().size() <= MaxBaseLength;
+    const QStringView name = QStringView(path).sliced(path.lastIndexOf(QLatin1Char('/')) + 1);
+    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
+    return (dot < 0 ? name.size() : dot) <= MaxBaseLength;
 }
 
 QString ShortNames::candidateFor(const QFileInfo &item)

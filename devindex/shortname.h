@@ -6,8 +6,8 @@
 
 class QFileInfo;
 
-/** True when the name of a file or folder, without its last suffix, is short enough as it is. */
-bool isShortName(const QFileInfo &item);
+/** True when the last name in a path, without its last suffix, is short enough as it is. */
+bool isShortName(const QString &path);
 
 /**
  * Finds short names for long ones: the first characters of the name, "-" and a number ("My Long

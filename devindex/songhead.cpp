@@ -3,11 +3,13 @@
 #include "devindex/devicetext.h"
 #include "formats/bytetext.h"
 
-#include <QFileInfo>
+#include <QFile>
 #include <QtEndian>
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
+#include <memory>
 
 namespace
 {
@@ -264,13 +266,31 @@ void setDefaults(const QString &fileName, SongInfoIndex &entry)
 
 } // namespace
 
+QByteArray songHeadOf(const QString &path)
+{
+    struct Closer {
+        void operator()(std::FILE *file) const { std::fclose(file); }
+    };
+    // The C library asks the system for nothing but the bytes: with tens of thousands of songs the
+    // questions that QFile asks about each file double the time.
+    const std::unique_ptr<std::FILE, Closer> file(
+        std::fopen(QFile::encodeName(path).constData(), "rb"));
+    if (file == nullptr)
+        return {};
+    std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    QByteArray head(SongHeadSize, Qt::Uninitialized);
+    const std::size_t size = std::fread(head.data(), 1, SongHeadSize, file.get());
+    head.truncate(static_cast<qsizetype>(size));
+    return head;
+}
+
 bool readSongHead(const QByteArray &head, const QString &fileName, SongInfoIndex &entry)
 {
-    const QString name = fileName.section(QLatin1Char('/'), -1);
+    const QString name = fileName.mid(fileName.lastIndexOf(QLatin1Char('/')) + 1);
     setDefaults(name, entry);
     if (head.size() < MinimumSize)
         return false;
-    if (QFileInfo(name).suffix().compare(QLatin1String("MP3"), Qt::CaseInsensitive) == 0) {
+    if (name.endsWith(QLatin1String(".MP3"), Qt::CaseInsensitive)) {
         entry.fileType = SongInfoIndex::Mp3;
         if (head.startsWith("ID3"))
             Id3Scan(head, entry).run();

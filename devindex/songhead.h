@@ -9,6 +9,10 @@
 /** How much of a song file is looked at, in bytes. */
 constexpr int SongHeadSize = 3072;
 
+/** The first SongHeadSize bytes of a regular file, or all that it has; empty if it is unreadable.
+ */
+QByteArray songHeadOf(const QString &path);
+
 /**
  * Fills title, artist, genre and the four type bytes of entry from the first bytes of the song file
  * fileName (a name or a path). An extension "MP3" makes it an MP3, whose ID3v2 text frames are

@@ -6,36 +6,36 @@
 #include <QtEndian>
 
 #include <algorithm>
-#include <cstring>
+#include <utility>
 
 namespace
 {
 
-constexpr int none = LzHuff::N; // the link that leads to no string
+constexpr int ringMask = LzHuff::N - 1;
+constexpr int nil = LzHuff::N; // a link of the search tree that leads nowhere
 constexpr int firstWrite = LzHuff::N - LzHuff::F;
-constexpr int firstLengthSymbol = 256 - LzHuff::THRESHOLD - 1;
+constexpr int lengthSymbols = 255 - LzHuff::THRESHOLD; // plus a match length: its symbol
 
-/** The fixed code of the upper six bits of a position, in increasing order of bits and length. */
+/** The fixed code of a position's upper six bits: the codes ascend with the values. */
 struct PositionCode {
     std::array<quint8, 64> length{};
     std::array<quint8, 64> bits{};
-    std::array<quint8, 256> inverse{};
-    std::array<quint8, 256> inverseLength{};
+    std::array<quint8, 256> value{};
+    std::array<quint8, 256> lengthOfByte{};
 
     constexpr PositionCode()
     {
-        constexpr std::array<unsigned, 6> codesOfLength = {1, 3, 8, 12, 24, 16};
-        unsigned value = 0;
-        unsigned firstByte = 0;
-        for (unsigned group = 0; group < codesOfLength.size(); ++group) {
-            const unsigned codeLength = 3 + group;
-            const unsigned bytesOfCode = 256U >> codeLength;
-            for (unsigned i = 0; i < codesOfLength[group]; ++i, ++value) {
-                length[value] = static_cast<quint8>(codeLength);
-                bits[value] = static_cast<quint8>(firstByte);
-                for (unsigned end = firstByte + bytesOfCode; firstByte < end; ++firstByte) {
-                    inverse[firstByte] = static_cast<quint8>(value);
-                    inverseLength[firstByte] = static_cast<quint8>(codeLength);
+        constexpr std::array<size_t, 6> codesOfLength = {1, 3, 8, 12, 24, 16}; // 3 to 8 bits
+        size_t next = 0;
+        size_t byte = 0;
+        for (size_t group = 0; group < codesOfLength.size(); ++group) {
+            const size_t codeLength = group + 3;
+            for (size_t i = 0; i < codesOfLength[group]; ++i, ++next) {
+                length[next] = static_cast<quint8>(codeLength);
+                bits[next] = static_cast<quint8>(byte);
+                for (const size_t end = byte + (256U >> codeLength); byte < end; ++byte) {
+                    value[byte] = static_cast<quint8>(next);
+                    lengthOfByte[byte] = static_cast<quint8>(codeLength);
                 }
             }
         }
@@ -44,26 +44,44 @@ struct PositionCode {
 
 constexpr PositionCode positionCode;
 
+/** Eight bytes of a string; the order of the bytes in memory is that from the lowest bits up. */
+inline quint64 wordAt(const quint8 *bytes)
+{
+    return qFromLittleEndian<quint64>(bytes);
+}
+
+/** Whether the first of two words stands behind the second one in the order of the strings. */
+inline size_t isGreater(quint64 a, quint64 b)
+{
+    return qbswap(a) > qbswap(b) ? 1 : 0;
+}
+
+/** How many leading bytes two words share, 8 at most. */
+inline int sharedBytes(quint64 a, quint64 b)
+{
+    return static_cast<int>(qCountTrailingZeroBits(a ^ b) / 8);
+}
+
 } // namespace
 
 const std::array<quint8, 64> LzHuff::p_len = positionCode.length;
 const std::array<quint8, 64> LzHuff::p_code = positionCode.bits;
-const std::array<quint8, 256> LzHuff::d_code = positionCode.inverse;
-const std::array<quint8, 256> LzHuff::d_len = positionCode.inverseLength;
+const std::array<quint8, 256> LzHuff::d_code = positionCode.value;
+const std::array<quint8, 256> LzHuff::d_len = positionCode.lengthOfByte;
 
 LzHuff::LzHuff()
 {
     begin(QByteArray());
-    initTree();
-    startHuff();
 }
 
 void LzHuff::compress(const QByteArray &in, QByteArray &out)
 {
     begin(in);
     encode();
-    out = output();
+    m_out.truncate(m_outUsed);
+    out = std::exchange(m_out, {});
     logDebug() << "Compress: " << qint64(m_in.size()) << " --> " << qint64(out.size());
+    m_in.clear();
 }
 
 bool LzHuff::expand(const QByteArray &in, QByteArray &out)
@@ -71,14 +89,13 @@ bool LzHuff::expand(const QByteArray &in, QByteArray &out)
     begin(in);
     const bool expanded = decode();
     m_out.truncate(m_outUsed);
-    out.swap(m_out);
-    m_out.clear();
-    if (!expanded) {
+    out = std::exchange(m_out, {});
+    if (expanded)
+        logDebug() << "Expand: " << qint64(m_in.size()) << " --> " << qint64(out.size());
+    else
         logDebug() << "Expand: ERROR";
-        return false;
-    }
-    logDebug() << "Expand: " << qint64(m_in.size()) << " --> " << qint64(out.size());
-    return true;
+    m_in.clear();
+    return expanded;
 }
 
 void LzHuff::begin(const QByteArray &in)
@@ -91,102 +108,215 @@ void LzHuff::begin(const QByteArray &in)
     m_getCount = 0;
     m_putBits = 0;
     m_putCount = 0;
-    m_matchPosition = 0;
-    m_matchLength = 0;
+    // The bytes behind the blanks take part in comparisons before they are written for the first
+    // time: they are the same in every run, so that the same text gives the same stream.
     m_textBuf.fill(0);
     std::fill_n(m_textBuf.begin(), firstWrite, quint8(' '));
+    initTree();
+    startHuff();
 }
 
-// ---------------------------------------------------------------- search tree
+void LzHuff::encode()
+{
+    const auto size = static_cast<quint32>(m_in.size());
+    m_out.resize(m_in.size() / 2 + 64);
+    for (int shift = 0; shift < 32; shift += 8)
+        putOutByte(static_cast<quint8>(size >> shift));
+    if (size == 0)
+        return;
+
+    int lookAhead = readLookAhead();
+    int oldest = 0;
+    int r = firstWrite;
+    for (int i = 1; i <= F; ++i)
+        insertNode(r - i);
+    insertNode(r);
+    while (lookAhead > 0) {
+        int length = std::min(m_matchLength, lookAhead);
+        if (length > THRESHOLD) {
+            encodeChar(lengthSymbols + length);
+            encodePosition(m_matchPosition);
+        } else {
+            length = 1;
+            encodeChar(m_textBuf[r]);
+        }
+        for (; length > 0; --length) {
+            deleteNode(oldest);
+            const int byte = getInByte();
+            if (byte >= 0)
+                putIntoRing(oldest, static_cast<quint8>(byte));
+            else
+                --lookAhead;
+            oldest = (oldest + 1) & ringMask;
+            r = (r + 1) & ringMask;
+            if (lookAhead > 0)
+                insertNode(r);
+        }
+    }
+    encodeEnd();
+}
+
+bool LzHuff::decode()
+{
+    const quint32 size = readSize();
+    if (size > MaxTextSize) {
+        logDebug() << "=====================================================================";
+        logDebug() << "WARNING: skipping file, compressed stream corrupted/wrong size !!!";
+        logDebug() << "Text size: " << size;
+        logDebug() << "=====================================================================";
+        return false;
+    }
+    if (size == 0)
+        return false;
+
+    m_out = QByteArray(static_cast<qsizetype>(size) + F - 1, Qt::Uninitialized);
+    int r = firstWrite;
+    const auto write = [this, &r](quint8 byte) {
+        putOutByte(byte);
+        m_textBuf[r] = byte;
+        r = (r + 1) & ringMask;
+    };
+    while (m_outUsed < static_cast<qsizetype>(size)) {
+        const int c = decodeChar();
+        if (c < 256) {
+            write(static_cast<quint8>(c));
+            continue;
+        }
+        int from = r - decodePosition() - 1;
+        for (int length = c - lengthSymbols; length > 0; --length)
+            write(m_textBuf[from++ & ringMask]);
+    }
+    return true;
+}
 
 void LzHuff::initTree()
 {
-    m_tree.fill({{none, none}, none});
+    m_sons.fill({nil, nil});
+    m_dad.fill(nil);
+    m_matchPosition = 0;
+    m_matchLength = 0;
+    m_twin = nil;
+    m_twinOf = nil;
+}
+
+int LzHuff::readLookAhead()
+{
+    int length = 0;
+    for (int byte = 0; length < F && (byte = getInByte()) >= 0; ++length)
+        m_textBuf[firstWrite + length] = static_cast<quint8>(byte);
+    return length;
+}
+
+void LzHuff::putIntoRing(int position, quint8 byte)
+{
+    m_textBuf[position] = byte;
+    if (position < F - 1)
+        m_textBuf[position + N] = byte;
 }
 
 void LzHuff::insertNode(int r)
 {
-    const quint8 *const key = &m_textBuf[static_cast<size_t>(r)];
-    size_t p = static_cast<size_t>(N + 1 + key[0]);
-    size_t side = 1;
-    m_matchLength = 0;
-    m_tree[r].son = {none, none};
-    for (;;) {
-        const size_t next = m_tree[p].son[side];
-        if (next == none) {
-            m_tree[p].son[side] = static_cast<quint16>(r);
-            m_tree[r].dad = static_cast<quint16>(p);
-            return;
-        }
+    if (replacesNextTwin(r))
+        return;
+    m_twinOf = nil;
+    m_sons[r] = {nil, nil};
+    const quint8 *const key = &m_textBuf[r];
+    const quint64 keyWord = wordAt(key + 1);
+    size_t p = N + size_t(1) + key[0];
+    size_t greater = 1;
+    int best = 0;
+    for (size_t next = m_sons[p][1]; next != nil;) {
         p = next;
         const quint8 *const text = &m_textBuf[p];
-        int length = F;
-        for (int i = 1; i < F; i += 8) {
-            const quint64 a = qFromBigEndian<quint64>(key + i);
-            const quint64 b = qFromBigEndian<quint64>(text + i);
-            if (a != b) {
-                side = a > b;
-                length = std::min(F, i + static_cast<int>(qCountLeadingZeroBits(a ^ b) / 8));
-                break;
-            }
+        const quint64 word = wordAt(text + 1);
+        int length = 1 + sharedBytes(keyWord, word);
+        greater = isGreater(keyWord, word);
+        for (int at = 9; length == at && at < F; at += 8) {
+            length += sharedBytes(wordAt(key + at), wordAt(text + at));
+            greater = isGreater(wordAt(key + at), wordAt(text + at));
         }
-        if (length <= THRESHOLD || length < m_matchLength)
-            continue;
-        const int position = ((r - static_cast<int>(p)) & (N - 1)) - 1;
-        if (length > m_matchLength || position < m_matchPosition)
-            m_matchPosition = position;
-        m_matchLength = length;
-        if (length == F)
-            break;
+        if (length >= F) {
+            replaceNode(static_cast<int>(p), r);
+            return;
+        }
+        // Neither the better match nor the way down can be predicted: both without a branch.
+        const size_t lesserSon = m_sons[p][0];
+        const size_t greaterSon = m_sons[p][1];
+        best = std::max(best, length * N + ((static_cast<int>(p) - r) & ringMask));
+        next = lesserSon ^ ((lesserSon ^ greaterSon) & (0 - greater));
     }
-    m_tree[r] = m_tree[p];
-    m_tree[m_tree[p].son[0]].dad = static_cast<quint16>(r);
-    m_tree[m_tree[p].son[1]].dad = static_cast<quint16>(r);
-    Node &dad = m_tree[m_tree[p].dad];
-    dad.son[dad.son[1] == p ? 1 : 0] = static_cast<quint16>(r);
-    m_tree[p].dad = none;
+    m_sons[p][greater] = static_cast<quint16>(r);
+    m_dad[r] = static_cast<quint16>(p);
+    setMatch(r, r + best % N, best / N);
+}
+
+bool LzHuff::replacesNextTwin(int r)
+{
+    // The string before r replaced its twin. If the twins go on alike, the string behind the old
+    // one equals r, and the tree holds no other one that does: no need to search for it.
+    const int p = (m_twin + 1) & ringMask;
+    if (m_twinOf != ((r - 1) & ringMask) || m_dad[p] == nil ||
+        m_textBuf[r + F - 1] != m_textBuf[p + F - 1])
+        return false;
+    replaceNode(p, r);
+    return true;
+}
+
+void LzHuff::replaceNode(int p, int r)
+{
+    const Sons sons = m_sons[p];
+    m_sons[r] = sons;
+    m_dad[sons[0]] = static_cast<quint16>(r);
+    m_dad[sons[1]] = static_cast<quint16>(r);
+    Sons &siblings = m_sons[m_dad[p]];
+    siblings[siblings[1] == p] = static_cast<quint16>(r);
+    m_dad[r] = m_dad[p];
+    m_dad[p] = nil;
+    setMatch(r, p, F);
+    m_twin = p;
+    m_twinOf = r;
+}
+
+void LzHuff::setMatch(int r, int p, int length)
+{
+    m_matchLength = length;
+    m_matchPosition = (r - p - 1) & ringMask;
 }
 
 void LzHuff::deleteNode(int p)
 {
-    Node &node = m_tree[p];
-    if (node.dad == none)
+    if (m_dad[p] == nil)
         return;
-    size_t q;
-    if (node.son[1] == none) {
-        q = node.son[0];
-    } else if (node.son[0] == none) {
-        q = node.son[1];
-    } else {
-        q = node.son[0];
-        if (m_tree[q].son[1] != none) {
-            do
-                q = m_tree[q].son[1];
-            while (m_tree[q].son[1] != none);
-            m_tree[m_tree[q].dad].son[1] = m_tree[q].son[0];
-            m_tree[m_tree[q].son[0]].dad = m_tree[q].dad;
-            m_tree[q].son[0] = node.son[0];
-            m_tree[node.son[0]].dad = static_cast<quint16>(q);
+    const Sons sons = m_sons[p];
+    int q = sons[1] == nil ? sons[0] : sons[1];
+    if (sons[0] != nil && sons[1] != nil) {
+        // The greatest of the lesser strings takes the place.
+        q = sons[0];
+        while (m_sons[q][1] != nil)
+            q = m_sons[q][1];
+        if (q != sons[0]) {
+            m_sons[m_dad[q]][1] = m_sons[q][0];
+            m_dad[m_sons[q][0]] = m_dad[q];
+            m_sons[q][0] = sons[0];
+            m_dad[sons[0]] = static_cast<quint16>(q);
         }
-        m_tree[q].son[1] = node.son[1];
-        m_tree[node.son[1]].dad = static_cast<quint16>(q);
+        m_sons[q][1] = sons[1];
+        m_dad[sons[1]] = static_cast<quint16>(q);
     }
-    m_tree[q].dad = node.dad;
-    Node &dad = m_tree[node.dad];
-    dad.son[dad.son[1] == p ? 1 : 0] = static_cast<quint16>(q);
-    node.dad = none;
+    Sons &siblings = m_sons[m_dad[p]];
+    siblings[siblings[1] == p] = static_cast<quint16>(q);
+    m_dad[q] = m_dad[p];
+    m_dad[p] = nil;
 }
-
-// ---------------------------------------------------------------- Huffman
 
 void LzHuff::startHuff()
 {
     for (int i = 0; i < N_CHAR; ++i) {
         m_freq[i] = 1;
-        m_son[i] = static_cast<quint16>(i + T);
-        m_prnt[i + T] = static_cast<quint16>(i);
+        m_son[i] = static_cast<quint16>(T + i);
+        m_prnt[T + i] = static_cast<quint16>(i);
     }
-    for (int i = 0, j = N_CHAR; j <= R; i += 2, ++j) {
+    for (int i = 0, j = N_CHAR; j < T; i += 2, ++j) {
         m_freq[j] = static_cast<quint16>(m_freq[i] + m_freq[i + 1]);
         m_son[j] = static_cast<quint16>(i);
         m_prnt[i] = m_prnt[i + 1] = static_cast<quint16>(j);
@@ -205,67 +335,65 @@ void LzHuff::reconst()
         m_son[leaves] = m_son[i];
         ++leaves;
     }
+    const auto freq = m_freq.begin();
+    const auto son = m_son.begin();
     for (int i = 0, j = N_CHAR; j < T; i += 2, ++j) {
-        const quint16 sum = static_cast<quint16>(m_freq[i] + m_freq[i + 1]);
-        const auto first = m_freq.begin();
-        const auto place = std::upper_bound(first, first + j, sum) - first;
-        std::move_backward(first + place, first + j, first + j + 1);
-        m_freq[place] = sum;
-        std::move_backward(m_son.begin() + place, m_son.begin() + j, m_son.begin() + j + 1);
-        m_son[place] = static_cast<quint16>(i);
+        const auto sum = static_cast<quint16>(freq[i] + freq[i + 1]);
+        const auto place = std::upper_bound(freq, freq + j, sum) - freq;
+        std::move_backward(freq + place, freq + j, freq + j + 1);
+        std::move_backward(son + place, son + j, son + j + 1);
+        freq[place] = sum;
+        son[place] = static_cast<quint16>(i);
     }
     for (int i = 0; i < T; ++i) {
-        const int son = m_son[i];
-        m_prnt[son] = static_cast<quint16>(i);
-        if (son < T)
-            m_prnt[son + 1] = static_cast<quint16>(i);
+        m_prnt[m_son[i]] = static_cast<quint16>(i);
+        if (m_son[i] < T)
+            m_prnt[m_son[i] + 1] = static_cast<quint16>(i);
     }
 }
 
-void LzHuff::update(int symbol)
+void LzHuff::update(int c)
 {
     if (m_freq[R] == MAX_FREQ)
         reconst();
-    size_t c = m_prnt[symbol + T];
+    const auto adopt = [this](int node) {
+        const int son = m_son[node];
+        m_prnt[son] = static_cast<quint16>(node);
+        if (son < T)
+            m_prnt[son + 1] = static_cast<quint16>(node);
+    };
+    int node = m_prnt[T + c];
     do {
-        const quint16 frequency = ++m_freq[c];
-        if (frequency > m_freq[c + 1]) {
-            size_t last = c + 1;
+        const int frequency = ++m_freq[node];
+        if (frequency > m_freq[node + 1]) {
+            int last = node + 1;
             while (frequency > m_freq[last + 1])
                 ++last;
-            std::swap(m_freq[c], m_freq[last]);
-            std::swap(m_son[c], m_son[last]);
-            const size_t i = m_son[c];
-            m_prnt[i] = static_cast<quint16>(c);
-            if (i < T)
-                m_prnt[i + 1] = static_cast<quint16>(c);
-            const size_t j = m_son[last];
-            m_prnt[j] = static_cast<quint16>(last);
-            if (j < T)
-                m_prnt[j + 1] = static_cast<quint16>(last);
-            c = last;
+            std::swap(m_freq[node], m_freq[last]);
+            std::swap(m_son[node], m_son[last]);
+            adopt(node);
+            adopt(last);
+            node = last;
         }
-        c = m_prnt[c];
-    } while (c != 0);
+        node = m_prnt[node];
+    } while (node != 0);
 }
-
-// ---------------------------------------------------------------- writing
 
 void LzHuff::encodeChar(int c)
 {
+    // A code of k bits takes a root frequency of at least the (k + 2)-th Fibonacci number: below
+    // MAX_FREQ codes grow to 21 bits at most.
     quint32 code = 0;
     int length = 0;
-    for (unsigned k = m_prnt[c + T]; k != R; k = m_prnt[k]) {
-        code |= (k & 1U) << length;
-        ++length;
-    }
+    for (int node = m_prnt[T + c]; node != R; node = m_prnt[node])
+        code |= static_cast<quint32>(node & 1) << length++;
     putcode(length, code);
     update(c);
 }
 
 void LzHuff::encodePosition(int position)
 {
-    const size_t upper = static_cast<size_t>(position) >> 6;
+    const int upper = position >> 6;
     putcode(p_len[upper], quint32(p_code[upper]) >> (8 - p_len[upper]));
     putcode(6, static_cast<quint32>(position) & 0x3F);
 }
@@ -278,7 +406,7 @@ void LzHuff::encodeEnd()
 
 void LzHuff::putcode(int length, quint32 code)
 {
-    m_putBits = (m_putBits << length) | code;
+    m_putBits = m_putBits << length | (code & ((quint64(1) << length) - 1));
     m_putCount += length;
     while (m_putCount >= 8) {
         m_putCount -= 8;
@@ -289,89 +417,27 @@ void LzHuff::putcode(int length, quint32 code)
 void LzHuff::putOutByte(quint8 byte)
 {
     if (m_outUsed == m_out.size())
-        m_out.resize(m_outUsed * 2 + 64);
+        m_out.resize(2 * m_outUsed + 64);
     m_out[m_outUsed] = static_cast<char>(byte);
     ++m_outUsed;
 }
 
-void LzHuff::encode()
+int LzHuff::decodeChar()
 {
-    const quint32 size = static_cast<quint32>(m_in.size());
-    m_out.resize(m_in.size() / 2 + 64);
-    for (int shift = 0; shift < 32; shift += 8)
-        putOutByte(static_cast<quint8>(size >> shift));
-    if (size == 0)
-        return;
-    startHuff();
-    initTree();
-    int s = 0;
-    int r = firstWrite;
-    int len = 0;
-    for (int c; len < F && (c = getInByte()) >= 0; ++len)
-        m_textBuf[r + len] = static_cast<quint8>(c);
-    for (int i = 1; i <= F; ++i)
-        insertNode(r - i);
-    insertNode(r);
-    while (len > 0) {
-        int length = std::min(m_matchLength, len);
-        if (length <= THRESHOLD) {
-            length = 1;
-            encodeChar(m_textBuf[r]);
-        } else {
-            encodeChar(firstLengthSymbol + length);
-            encodePosition(m_matchPosition);
-        }
-        for (int i = 0; i < length; ++i) {
-            const int c = getInByte();
-            deleteNode(s);
-            if (c >= 0) {
-                m_textBuf[s] = static_cast<quint8>(c);
-                if (s < F - 1)
-                    m_textBuf[s + N] = static_cast<quint8>(c);
-            } else {
-                --len;
-            }
-            s = (s + 1) & (N - 1);
-            r = (r + 1) & (N - 1);
-            if (len > 0)
-                insertNode(r);
-        }
-    }
-    encodeEnd();
+    int node = m_son[R];
+    while (node < T)
+        node = m_son[node + getBit()];
+    const int c = node - T;
+    update(c);
+    return c;
 }
 
-// ---------------------------------------------------------------- reading
-
-int LzHuff::getInByte()
+int LzHuff::decodePosition()
 {
-    return m_inUsed < m_in.size() ? static_cast<quint8>(m_in.at(m_inUsed++)) : -1;
-}
-
-void LzHuff::fillBits()
-{
-    if (m_in.size() - m_inUsed >= 8) {
-        const int bytes = (64 - m_getCount) / 8;
-        const quint64 word = qFromBigEndian<quint64>(m_in.constData() + m_inUsed);
-        m_getBits |= (word >> (64 - 8 * bytes)) << (64 - 8 * bytes - m_getCount);
-        m_getCount += 8 * bytes;
-        m_inUsed += bytes;
-        return;
-    }
-    while (m_getCount <= 56) {
-        const int byte = std::max(getInByte(), 0);
-        m_getBits |= static_cast<quint64>(byte) << (56 - m_getCount);
-        m_getCount += 8;
-    }
-}
-
-int LzHuff::takeBits(int count)
-{
-    if (m_getCount < count)
-        fillBits();
-    const int bits = static_cast<int>(m_getBits >> (64 - count));
-    m_getBits <<= count;
-    m_getCount -= count;
-    return bits;
+    const int byte = getByte();
+    const int moreBits = d_len[byte] - 2; // of the lower six, 8 - d_len are in the byte
+    const int lower = byte << moreBits | takeBits(moreBits);
+    return d_code[byte] << 6 | (lower & 0x3F);
 }
 
 int LzHuff::getBit()
@@ -384,33 +450,28 @@ int LzHuff::getByte()
     return takeBits(8);
 }
 
-int LzHuff::decodeChar()
+int LzHuff::takeBits(int count)
 {
-    if (m_getCount < 32)
+    if (m_getCount < count)
         fillBits();
-    quint64 bits = m_getBits;
-    int length = 0;
-    size_t c = m_son[R];
-    while (c < T) {
-        c = m_son[c + (bits >> 63)];
-        bits <<= 1;
-        ++length;
-    }
-    m_getBits = bits;
-    m_getCount -= length;
-    const int symbol = static_cast<int>(c) - T;
-    update(symbol);
-    return symbol;
+    const auto bits = static_cast<int>(m_getBits >> (64 - count));
+    m_getBits <<= count;
+    m_getCount -= count;
+    return bits;
 }
 
-int LzHuff::decodePosition()
+void LzHuff::fillBits()
 {
-    if (m_getCount < 14)
-        fillBits();
-    const size_t next = m_getBits >> 56;
-    const int upper = d_code[next];
-    takeBits(d_len[next]);
-    return upper << 6 | takeBits(6);
+    while (m_getCount <= 56) {
+        const auto byte = static_cast<quint64>(std::max(getInByte(), 0));
+        m_getBits |= byte << (56 - m_getCount);
+        m_getCount += 8;
+    }
+}
+
+int LzHuff::getInByte()
+{
+    return m_inUsed < m_in.size() ? static_cast<quint8>(m_in.at(m_inUsed++)) : -1;
 }
 
 quint32 LzHuff::readSize()
@@ -419,47 +480,4 @@ quint32 LzHuff::readSize()
     for (int shift = 0; shift < 32; shift += 8)
         size |= static_cast<quint32>(getInByte() & 0xFF) << shift;
     return size;
-}
-
-bool LzHuff::decode()
-{
-    const quint32 size = readSize();
-    if (size > MaxTextSize) {
-        logDebug() << "=====================================================================";
-        logDebug() << "WARNING: skipping file, compressed stream corrupted/wrong size !!!";
-        logDebug() << "Text size: " << size;
-        logDebug() << "=====================================================================";
-        return false;
-    }
-    if (size == 0)
-        return false;
-    startHuff();
-    m_out.resize(static_cast<qsizetype>(size) + F - 1);
-    while (m_outUsed < size) {
-        const int c = decodeChar();
-        if (c < 256)
-            putOutByte(static_cast<quint8>(c));
-        else {
-            const int position = decodePosition();
-            matchBytes(position + 1, c - firstLengthSymbol);
-        }
-    }
-    return true;
-}
-
-int LzHuff::matchBytes(int distance, int length)
-{
-    char *to = m_out.data() + m_outUsed;
-    if (distance <= m_outUsed) {
-        for (int i = 0; i < length; ++i)
-            to[i] = to[i - distance];
-    } else {
-        const qsizetype start = m_outUsed - distance;
-        for (int i = 0; i < length; ++i) {
-            const qsizetype at = start + i;
-            to[i] = at >= 0 ? m_out[at] : at >= -firstWrite ? ' ' : '\0';
-        }
-    }
-    m_outUsed += length;
-    return length;
 }

@@ -9,16 +9,82 @@
 #include <QString>
 #include <QStringList>
 
+class QFile;
+
+/**
+ * One song file of any supported format: MIDI, MFX or MP3.
+ *
+ * The format is recognised by the file's first bytes. The metadata is read from and merged into
+ * the data in memory; only saveToFile touches the disk. A value type: a copy is a song of its own.
+ */
 class MetaSong
 {
 public:
+    /**
+     * Loads a song file; what was loaded before is forgotten. False, with nothing loaded, for
+     * anything but a readable, regular file in one of the formats. A MIDI or MFX file is held in
+     * memory whole and may have up to 64 MiB; of an MP3 file, of whatever size, only the tag is
+     * held (it has to lie within the first 1000000 bytes).
+     */
     bool importFile(const QString &path);
+
+    /** Fills the record from the loaded song; what the song does not tell is empty or 0. */
     void getSongInfo(SongInfo &info) const;
+
+    /**
+     * Merges the record into the loaded song, in memory. With manual true the user has edited the
+     * record: every item but the markers is written as it stands. With manual false the record
+     * comes from the catalogue, and what the song holds already mostly stays.
+     */
     void setSongInfo(const SongInfo &info, bool manual);
+
+    /**
+     * Writes the loaded song to the file, which is created when there is none. An MP3 gets the
+     * audio of the file that was imported. False when nothing is loaded or the file could not be
+     * written; an old file at the path is then as it was, byte for byte.
+     */
     bool saveToFile(const QString &path);
+
+    /** Adds a marker, at a bar as the user counts, to the MIDI data (for the debug panel). */
     void dbgAddMarker(const QString &text, unsigned short bar);
 
+    /** "MIDI", "MF3", "MF4", "MF5", "MP3", or "UNKNOWN" for any other value. */
     static QString getFormatString(SongInfo::fileTypeEnum type);
+
+    /** The names of the keys that a song can have, in the order of their MIDI key signatures. */
     static QStringList getKeysList();
+
+    /** Clears the flag by which macOS keeps a file from being changed; elsewhere nothing. */
     static void removeReadOnlyFlag(const QString &path);
+
+private:
+    bool importMidi(QFile &file);
+    bool importMfx(QFile &file);
+    bool importMp3(QFile &file);
+
+    void readMfx(SongInfo &info) const;
+
+    void setMidiInfo(const SongInfo &info, bool manual);
+    void setMfxInfo(const SongInfo &info, bool manual);
+    void setMp3Info(const SongInfo &info, bool manual);
+    void fillMfxHeader(const SongInfo &info);
+    void fillMfxArtist(const SongInfo &info);
+    void fillMfxPayload(const SongInfo &info);
+    void addMarkers(const QList<Marker> &markers);
+
+    bool isComplete() const;
+    bool canBeReadAgain() const;
+    bool saveInPlace(const QString &path);
+    QByteArray mfxPayload() const;
+    QByteArray mfxFileBytes();
+    bool saveMp3(const QString &path) const;
+
+    bool isMidi() const;
+    bool isMfx() const;
+
+    QString m_fileName;
+    SongInfo::fileTypeEnum m_fileType = SongInfo::FileUnknown;
+    RawMidiFile m_midi;
+    MfxHeader m_mfxHeader;
+    Mp3Header m_mp3Header;
 };

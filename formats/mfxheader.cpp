@@ -2,59 +2,92 @@
 
 #include "formats/bytetext.h"
 
-/** Where a field stands in the header, in bytes; numbers are little-endian. */
-struct MfxHeader::Field {
-    int offset;
-    int size;
-
-    static const Field fileSize;
-    static const Field midiSize;
-    static const Field tempo;
-    static const Field longName;
-    static const Field copyright;
-    static const Field title;
-    static const Field editor;
-    static const Field flags;
-    static const Field author;
-    static const Field artist;
-    static const Field genre;
-};
-
-constexpr MfxHeader::Field MfxHeader::Field::fileSize{4, 4};
-constexpr MfxHeader::Field MfxHeader::Field::midiSize{12, 4};
-constexpr MfxHeader::Field MfxHeader::Field::tempo{38, 2};
-constexpr MfxHeader::Field MfxHeader::Field::longName{42, 13};
-constexpr MfxHeader::Field MfxHeader::Field::copyright{90, 20};
-constexpr MfxHeader::Field MfxHeader::Field::title{122, 32};
-constexpr MfxHeader::Field MfxHeader::Field::editor{154, 31};
-constexpr MfxHeader::Field MfxHeader::Field::flags{185, 1};
-constexpr MfxHeader::Field MfxHeader::Field::author{186, 32};
-constexpr MfxHeader::Field MfxHeader::Field::artist{218, 32};
-constexpr MfxHeader::Field MfxHeader::Field::genre{250, 32};
-
 namespace
 {
 
-struct Variant {
-    const char *magic;
-    qsizetype headerSize;
-    SongInfo::fileTypeEnum fileType;
+/** Where a field lies in the header, in bytes. */
+struct Field {
+    qsizetype offset;
+    qsizetype size;
 };
 
-constexpr Variant variants[] = {{"_MF3", 512, SongInfo::FileMf3},
-                                {"_MF4", 512, SongInfo::FileMf4},
-                                {"_MF5", 1024, SongInfo::FileMf5}};
+constexpr Field magicField = {0, 4};
+constexpr Field sizeField = {4, 4};
+constexpr Field origSizeField = {12, 4};
+constexpr Field tempoField = {38, 2};
+constexpr Field longNameField = {42, 13};
+constexpr Field copyrightField = {90, 20};
+constexpr Field titleField = {122, 32};
+constexpr Field editorField = {154, 31};
+constexpr Field flagsField = {185, 1};
+constexpr Field authorField = {186, 32};
+constexpr Field artistField = {218, 32};
+constexpr Field genreField = {250, 32};
 
-constexpr int lowestTempo = 1;
-constexpr int highestTempo = 499;
+/** A variant of the format, told apart by the magic. */
+struct Variant {
+    const char *magic;
+    SongInfo::fileTypeEnum fileType;
+    qsizetype headerSize;
+};
+
+constexpr Variant variants[] = {
+    {"_MF3", SongInfo::FileMf3, 512},
+    {"_MF4", SongInfo::FileMf4, 512},
+    {"_MF5", SongInfo::FileMf5, 1024},
+};
+
+/** The bytes of the field; fewer if the header ends before the field does. */
+QByteArray bytesOf(const QByteArray &header, Field field)
+{
+    return header.mid(field.offset, field.size);
+}
+
+quint32 numberOf(const QByteArray &header, Field field)
+{
+    const QByteArray bytes = bytesOf(header, field);
+    quint32 number = 0;
+    for (qsizetype i = bytes.size(); i > 0; --i)
+        number = number << 8 | static_cast<quint8>(bytes.at(i - 1));
+    return number;
+}
+
+QString textOf(const QByteArray &header, Field field)
+{
+    return textFromBytes(bytesOf(header, field));
+}
+
+/** Puts bytes into the field, cut or padded with zeros to its size. */
+void writeBytes(QByteArray &header, Field field, const QByteArray &bytes)
+{
+    const qsizetype missing = field.offset + field.size - header.size();
+    if (missing > 0)
+        header.append(missing, '\0');
+    header.replace(field.offset, field.size, bytes.leftJustified(field.size, '\0', true));
+}
+
+void writeNumber(QByteArray &header, Field field, quint32 number)
+{
+    QByteArray bytes;
+    for (qsizetype i = 0; i < field.size; ++i)
+        bytes.append(static_cast<char>(number >> (8 * i) & 0xFF));
+    writeBytes(header, field, bytes);
+}
+
+void writeText(QByteArray &header, Field field, const QString &text)
+{
+    writeBytes(header, field, bytesFromText(text.left(field.size)));
+}
 
 } // namespace
 
 bool MfxHeader::loadHeader(const QByteArray &bytes)
 {
-    *this = MfxHeader();
+    m_header.clear();
+    m_fileType = SongInfo::FileUnknown;
+    const QByteArray magic = bytesOf(bytes, magicField);
     for (const Variant &variant : variants) {
-        if (!bytes.startsWith(variant.magic))
+        if (magic != variant.magic)
             continue;
         if (bytes.size() < variant.headerSize)
             return false;
@@ -67,127 +100,91 @@ bool MfxHeader::loadHeader(const QByteArray &bytes)
 
 QString MfxHeader::title() const
 {
-    return text(Field::title);
+    return textOf(m_header, titleField);
 }
 
 QString MfxHeader::author() const
 {
-    return text(Field::author);
+    return textOf(m_header, authorField);
 }
 
 QString MfxHeader::artist() const
 {
-    return text(Field::artist);
+    return textOf(m_header, artistField);
 }
 
 QString MfxHeader::genre() const
 {
-    return text(Field::genre);
+    return textOf(m_header, genreField);
 }
 
 QString MfxHeader::editor() const
 {
-    return text(Field::editor);
+    return textOf(m_header, editorField);
 }
 
 QString MfxHeader::copyright() const
 {
-    return text(Field::copyright);
+    return textOf(m_header, copyrightField);
 }
 
 QString MfxHeader::longName() const
 {
-    return text(Field::longName);
+    return textOf(m_header, longNameField);
 }
 
 void MfxHeader::setTitle(const QString &title)
 {
-    setText(Field::title, title);
+    writeText(m_header, titleField, title);
 }
 
 void MfxHeader::setAuthor(const QString &author)
 {
-    setText(Field::author, author);
+    writeText(m_header, authorField, author);
 }
 
 void MfxHeader::setArtist(const QString &artist)
 {
-    setText(Field::artist, artist);
+    writeText(m_header, artistField, artist);
 }
 
 void MfxHeader::setGenre(const QString &genre)
 {
-    setText(Field::genre, genre);
+    writeText(m_header, genreField, genre);
 }
 
 int MfxHeader::tempo() const
 {
-    return static_cast<int>(number(Field::tempo));
+    return static_cast<int>(numberOf(m_header, tempoField));
 }
 
 void MfxHeader::setTempo(int bpm)
 {
-    setNumber(Field::tempo, static_cast<unsigned int>(bpm));
+    writeNumber(m_header, tempoField, static_cast<quint32>(bpm));
 }
 
 bool MfxHeader::hasValidTempo() const
 {
-    return tempo() >= lowestTempo && tempo() <= highestTempo;
+    const int bpm = tempo();
+    return bpm >= 1 && bpm <= 499;
 }
 
 qint8 MfxHeader::flags() const
 {
-    return static_cast<qint8>(number(Field::flags));
+    return static_cast<qint8>(numberOf(m_header, flagsField));
 }
 
 void MfxHeader::setFlag(FlagsEnum flag)
 {
-    setNumber(Field::flags, number(Field::flags) | static_cast<unsigned int>(flag));
+    writeNumber(m_header, flagsField, numberOf(m_header, flagsField) | static_cast<quint32>(flag));
 }
 
 void MfxHeader::setSize(unsigned int size)
 {
-    setNumber(Field::fileSize, size);
+    writeNumber(m_header, sizeField, size);
 }
 
 void MfxHeader::setOrigSize(unsigned int size)
 {
-    setNumber(Field::midiSize, size);
-}
-
-QString MfxHeader::text(const Field &field) const
-{
-    return textFromBytes(m_header.mid(field.offset, field.size));
-}
-
-void MfxHeader::setText(const Field &field, const QString &text)
-{
-    makeRoomFor(field);
-    const QByteArray bytes = bytesFromText(text).leftJustified(field.size, '\0', true);
-    m_header.replace(field.offset, field.size, bytes);
-}
-
-unsigned int MfxHeader::number(const Field &field) const
-{
-    unsigned int value = 0;
-    for (int i = field.size - 1; i >= 0; --i) {
-        const int at = field.offset + i;
-        const char byte = at < m_header.size() ? m_header.at(at) : '\0';
-        value = (value << 8) | static_cast<quint8>(byte);
-    }
-    return value;
-}
-
-void MfxHeader::setNumber(const Field &field, unsigned int value)
-{
-    makeRoomFor(field);
-    for (int i = 0; i < field.size; ++i)
-        m_header[field.offset + i] = static_cast<char>((value >> (8 * i)) & 0xFF);
-}
-
-void MfxHeader::makeRoomFor(const Field &field)
-{
-    const qsizetype end = field.offset + field.size;
-    if (m_header.size() < end)
-        m_header.append(end - m_header.size(), '\0');
+    writeNumber(m_header, origSizeField, size);
 }

@@ -1,1 +1,342 @@
 #include "formats/mp3header.h"
+
+#include "formats/bytetext.h"
+
+#include <QtEndian>
+
+#include <algorithm>
+
+namespace
+{
+
+// The tag: "ID3", version, revision, flags, four size bytes of seven bits, then the frames.
+constexpr char tagMagic[] = "ID3";
+constexpr int tagVersionPos = 3;
+constexpr int tagSizePos = 6;
+constexpr int tagSizeBytes = 4;
+constexpr int tagHeaderSize = tagSizePos + tagSizeBytes;
+constexpr quint32 largestTagSize = 0x0FFFFFFF;
+constexpr char writtenVersion = 3;
+constexpr int framesStart = tagHeaderSize;
+
+// A frame: identifier, 32-bit size, two flag bytes; then, counted by the size, the encoding byte
+// and the text.
+constexpr int frameIdSize = 4;
+constexpr int frameSizePos = frameIdSize;
+constexpr int frameHeaderSize = 10;
+constexpr int frameTextPos = frameHeaderSize + 1;
+constexpr char latin1Encoding = 0;
+
+constexpr char titleFrame[] = "TIT2";
+constexpr char artistFrame[] = "TPE1";
+constexpr char genreFrame[] = "TCON";
+constexpr char authorFrame[] = "TCOM";
+constexpr char keyFrame[] = "TKEY";
+constexpr char userBpmFrame[] = "TBPM";
+constexpr char lengthFrame[] = "TLEN";
+constexpr char copyrightFrame[] = "TCOP";
+constexpr char editFrame[] = "MEDT";
+
+constexpr int millisecondsPerSecond = 1000;
+
+QByteArray tagSizeField(quint32 size)
+{
+    QByteArray field;
+    for (int shift = 7 * (tagSizeBytes - 1); shift >= 0; shift -= 7)
+        field.append(static_cast<char>((size >> shift) & 0x7FU));
+    return field;
+}
+
+QByteArray encodedFrame(const QByteArray &id, const QByteArray &content)
+{
+    QByteArray frame(frameTextPos, '\0');
+    frame.replace(0, frameIdSize, id);
+    qToBigEndian(static_cast<quint32>(content.size() + 1), frame.data() + frameSizePos);
+    frame[frameHeaderSize] = latin1Encoding;
+    return frame + content;
+}
+
+/** The bytes from the position on, as many of them as there are. */
+QByteArrayView view(const QByteArray &bytes, qsizetype pos, qsizetype size)
+{
+    const qsizetype start = std::min(pos, bytes.size());
+    return QByteArrayView(bytes).sliced(start, std::min(size, bytes.size() - start));
+}
+
+bool isFrameId(QByteArrayView bytes)
+{
+    return bytes.size() == frameIdSize && std::all_of(bytes.cbegin(), bytes.cend(), [](char c) {
+               return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+           });
+}
+
+} // namespace
+
+bool Mp3Header::loadHeader(const QByteArray &bytes)
+{
+    *this = Mp3Header();
+    if (bytes.size() < tagHeaderSize)
+        return false;
+    if (!bytes.startsWith(tagMagic)) {
+        m_tag = QByteArray(tagMagic) + writtenVersion;
+        m_tag.append(tagHeaderSize - m_tag.size(), '\0');
+        return true;
+    }
+    const quint32 size = getId3TagSize(bytes);
+    if (size > largestTagSize || bytes.size() < static_cast<qsizetype>(size))
+        return false;
+    const auto wholeSize = static_cast<qsizetype>(size) + tagHeaderSize;
+    m_tag = bytes.left(wholeSize);
+    m_tag.append(wholeSize - m_tag.size(), '\0');
+    m_tagSize = size;
+    m_audioStart = size + tagHeaderSize;
+    return true;
+}
+
+unsigned int Mp3Header::getId3TagSize(const QByteArray &bytes) const
+{
+    if (bytes.size() < tagHeaderSize)
+        return 0;
+    quint32 size = 0;
+    for (int i = 0; i < tagSizeBytes; ++i) {
+        const auto group = static_cast<quint8>(bytes.at(tagSizePos + i));
+        if (group > 0x80)
+            return 0;
+        size = (size << 7) + group;
+    }
+    return size;
+}
+
+QString Mp3Header::title() const
+{
+    return frameText(titleFrame);
+}
+
+QString Mp3Header::artist() const
+{
+    return frameText(artistFrame);
+}
+
+QString Mp3Header::genre() const
+{
+    return frameText(genreFrame);
+}
+
+QString Mp3Header::author() const
+{
+    return frameText(authorFrame);
+}
+
+QString Mp3Header::key() const
+{
+    return frameText(keyFrame);
+}
+
+int Mp3Header::userBpm() const
+{
+    return countFromText(frameText(userBpmFrame));
+}
+
+int Mp3Header::length() const
+{
+    return countFromText(frameText(lengthFrame)) / millisecondsPerSecond;
+}
+
+bool Mp3Header::hasTitle() const
+{
+    return hasFrame(titleFrame);
+}
+
+bool Mp3Header::hasArtist() const
+{
+    return hasFrame(artistFrame);
+}
+
+bool Mp3Header::hasGenre() const
+{
+    return hasFrame(genreFrame);
+}
+
+bool Mp3Header::hasAuthor() const
+{
+    return hasFrame(authorFrame);
+}
+
+bool Mp3Header::hasKey() const
+{
+    return hasFrame(keyFrame);
+}
+
+bool Mp3Header::hasUserBpm() const
+{
+    return hasFrame(userBpmFrame);
+}
+
+bool Mp3Header::hasLength() const
+{
+    return hasFrame(lengthFrame);
+}
+
+bool Mp3Header::hasKavenaEditParam() const
+{
+    return hasFrame(editFrame);
+}
+
+bool Mp3Header::isKravo() const
+{
+    return frameText(copyrightFrame).toUpper().contains(QLatin1String("K-RAVO"));
+}
+
+void Mp3Header::setTitle(const QString &title)
+{
+    replaceFrame(titleFrame, bytesFromText(title));
+}
+
+void Mp3Header::setArtist(const QString &artist)
+{
+    replaceFrame(artistFrame, bytesFromText(artist));
+}
+
+void Mp3Header::setGenre(const QString &genre)
+{
+    replaceFrame(genreFrame, bytesFromText(genre));
+}
+
+void Mp3Header::setAuthor(const QString &author)
+{
+    replaceFrame(authorFrame, bytesFromText(author));
+}
+
+void Mp3Header::setKey(const QString &key)
+{
+    replaceFrame(keyFrame, bytesFromText(key));
+}
+
+void Mp3Header::setUserBpm(int bpm)
+{
+    replaceFrame(userBpmFrame, bpm >= 1 ? QByteArray::number(bpm) : QByteArray());
+}
+
+void Mp3Header::setLength(int seconds)
+{
+    const qint64 milliseconds = qint64{seconds} * millisecondsPerSecond;
+    replaceFrame(lengthFrame, seconds >= 1 ? QByteArray::number(milliseconds) : QByteArray());
+}
+
+void Mp3Header::setKavenaEditParam()
+{
+    insertId3Frame(QByteArray(3, '\0'), QLatin1String(editFrame), framesStart);
+}
+
+unsigned int Mp3Header::getSingleFrameLength(int pos) const
+{
+    const qsizetype fieldStart = qsizetype{pos} + frameSizePos;
+    if (pos < 0 || fieldStart + qsizetype{sizeof(quint32)} > m_tag.size())
+        return 0;
+    return qFromBigEndian<quint32>(m_tag.constData() + fieldStart);
+}
+
+int Mp3Header::extractId3Frame(QString &text, const QString &id) const
+{
+    text.clear();
+    const int pos = indexOfFrame(bytesFromText(id));
+    if (pos < 0)
+        return pos;
+    const qsizetype textSize = qsizetype{getSingleFrameLength(pos)} - 1;
+    if (textSize > 0)
+        text = textFromBytes(m_tag.mid(qsizetype{pos} + frameTextPos, textSize));
+    return pos;
+}
+
+int Mp3Header::insertId3Frame(const QByteArray &content, const QString &id, int pos)
+{
+    const QByteArray idBytes = bytesFromText(id);
+    if (content.isEmpty() || idBytes.size() != frameIdSize)
+        return 0;
+    if (pos < framesStart || pos > m_tag.size())
+        return 0;
+    if (content.size() > qsizetype{largestTagSize} - m_tagSize - frameTextPos)
+        return 0;
+    const QByteArray frame = encodedFrame(idBytes, content);
+    m_tag.insert(pos, frame);
+    m_tagSize += static_cast<quint32>(frame.size());
+    updateId3TagSize();
+    return static_cast<int>(frame.size());
+}
+
+int Mp3Header::removeId3Frame(const QString &id)
+{
+    const int pos = indexOfFrame(bytesFromText(id));
+    if (pos < 0)
+        return 0;
+    const qsizetype claimed = qsizetype{getSingleFrameLength(pos)} + frameHeaderSize;
+    const qsizetype removed = std::min(claimed, m_tag.size() - pos);
+    m_tag.remove(pos, removed);
+    m_tagSize -= static_cast<quint32>(removed);
+    updateId3TagSize();
+    return static_cast<int>(removed);
+}
+
+void Mp3Header::updateId3TagSize()
+{
+    if (m_tag.size() >= tagHeaderSize)
+        m_tag.replace(tagSizePos, tagSizeBytes, tagSizeField(m_tagSize));
+}
+
+/**
+ * The position of the first frame with the identifier, or -1. Its bytes may also stand inside
+ * another frame, in a title or a cover picture; taking them there for a frame would cut that frame
+ * to pieces. So sound frames are stepped over one by one, and only what follows the last of them
+ * is searched byte by byte.
+ */
+int Mp3Header::indexOfFrame(const QByteArray &id) const
+{
+    if (id.size() != frameIdSize)
+        return -1;
+    int pos = framesStart;
+    for (int end = endOfSoundFrame(pos); end > pos; end = endOfSoundFrame(pos)) {
+        if (view(m_tag, pos, frameIdSize) == id)
+            return pos;
+        pos = end;
+    }
+    return static_cast<int>(m_tag.indexOf(id, pos));
+}
+
+/**
+ * Where the frame at the position ends, or the position itself when no sound frame stands there:
+ * an identifier, a size within the tag, and behind it the next identifier, padding or the tag's
+ * end. In other versions than 3 a size of 128 or more is written in two ways, so it is not relied
+ * upon.
+ */
+int Mp3Header::endOfSoundFrame(int pos) const
+{
+    if (!isFrameId(view(m_tag, pos, frameIdSize)))
+        return pos;
+    const quint32 size = getSingleFrameLength(pos);
+    if (size >= 0x80 && m_tag.at(tagVersionPos) != writtenVersion)
+        return pos;
+    const qsizetype end = qsizetype{pos} + frameHeaderSize + size;
+    if (end > m_tag.size())
+        return pos;
+    const QByteArrayView next = view(m_tag, end, frameIdSize);
+    const bool padding = std::all_of(next.cbegin(), next.cend(), [](char c) { return c == 0; });
+    return padding || isFrameId(next) ? static_cast<int>(end) : pos;
+}
+
+bool Mp3Header::hasFrame(const char *id) const
+{
+    return indexOfFrame(id) >= 0;
+}
+
+QString Mp3Header::frameText(const char *id) const
+{
+    QString text;
+    extractId3Frame(text, QLatin1String(id));
+    return text;
+}
+
+void Mp3Header::replaceFrame(const char *id, const QByteArray &content)
+{
+    removeId3Frame(QLatin1String(id));
+    insertId3Frame(content, QLatin1String(id), framesStart);
+}

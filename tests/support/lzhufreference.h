@@ -168,7 +168,10 @@ class BitString
 {
 public:
     BitString() = default;
-    explicit BitString(QByteArray bytes) : m_bytes(std::move(bytes)) {}
+    explicit BitString(QByteArray bytes)
+        : m_bytes(std::move(bytes))
+    {
+    }
 
     void put(bool bit)
     {
@@ -200,7 +203,10 @@ private:
 class StreamWriter
 {
 public:
-    explicit StreamWriter(int lookAhead) : m_tree(256 - shortestMatch + 1 + lookAhead) {}
+    explicit StreamWriter(int lookAhead)
+        : m_tree(256 - shortestMatch + 1 + lookAhead)
+    {
+    }
 
     void literal(quint8 byte) { symbol(byte); }
 
@@ -270,15 +276,28 @@ inline void encode(const QByteArray &text, int lookAhead, StreamWriter &writer)
     }
 }
 
+/** What a decoder found in a stream. */
+struct Decoded {
+    QByteArray text;
+    std::size_t longestCode = 0; ///< bits of the longest Huffman code
+    int rebuilds = 0;            ///< of the Huffman tree
+};
+
 /** Expands bits that have no size in front until at least `size` bytes are there. */
-inline QByteArray decode(const QByteArray &bits, qsizetype size, int lookAhead)
+inline Decoded decode(const QByteArray &bits, qsizetype size, int lookAhead)
 {
     const std::array<PositionCode, 64> codes = positionCodes();
     AdaptiveTree tree(256 - shortestMatch + 1 + lookAhead);
     BitString input(bits);
     QByteArray history = blankHistory(lookAhead);
+    Decoded result;
     while (history.size() - windowSize < size) {
-        const int symbol = tree.symbolFrom([&input] { return input.take(); });
+        std::size_t codeLength = 0;
+        const int symbol = tree.symbolFrom([&input, &codeLength] {
+            ++codeLength;
+            return input.take();
+        });
+        result.longestCode = std::max(result.longestCode, codeLength);
         tree.count(symbol);
         if (symbol < 256) {
             history.append(static_cast<char>(symbol));
@@ -299,7 +318,9 @@ inline QByteArray decode(const QByteArray &bits, qsizetype size, int lookAhead)
         for (int i = 0; i < symbol - 256 + shortestMatch; ++i)
             history.append(history.at(history.size() - position - 1));
     }
-    return history.mid(windowSize);
+    result.text = history.mid(windowSize);
+    result.rebuilds = tree.rebuilds();
+    return result;
 }
 
 } // namespace lzhufreference

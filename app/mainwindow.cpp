@@ -1,0 +1,635 @@
+#include "app/mainwindow.h"
+
+#include "app/aboutdialog.h"
+#include "app/backupdialog.h"
+#include "app/busyguard.h"
+#include "app/helpdialog.h"
+#include "app/librarybackup.h"
+#include "app/libraryimport.h"
+#include "app/proceeddialog.h"
+#include "app/shownprogress.h"
+#include "app/translation.h"
+#include "devindex/filecopier.h"
+#include "devindex/indexdialog.h"
+#include "devindex/mountedvolumes.h"
+#include "devindex/songslistdialog.h"
+#include "devindex/transfer.h"
+#include "devindex/transferdialogs.h"
+#include "formats/diagnostics.h"
+#include "library/nocopyrightdialog.h"
+#include "library/settings.h"
+#include "library/songeditor.h"
+#include "library/statusrowdelegate.h"
+#include "library/synchronisation.h"
+#include "library/usersongsreltablemodel.h"
+
+#include "ui_mainwindow.h"
+
+#include <QCloseEvent>
+#include <QDirIterator>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMessageBox>
+#include <QTableView>
+
+namespace
+{
+
+// The columns that follow their contents. The one left out holds the full path, which is hidden.
+constexpr int fittedColumns[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 10};
+
+/** Lets a view stand still while thousands of rows are added, and then shows them all at once. */
+class PaintingPaused
+{
+public:
+    explicit PaintingPaused(QWidget *view)
+        : m_view(view)
+    {
+        m_view->setUpdatesEnabled(false);
+    }
+    ~PaintingPaused() { m_view->setUpdatesEnabled(true); }
+    Q_DISABLE_COPY_MOVE(PaintingPaused)
+
+private:
+    QWidget *const m_view;
+};
+
+} // namespace
+
+MainWindow::MainWindow(QWidget *parent)
+    : QMainWindow(parent)
+    , ui(new Ui::MainWindow)
+    , m_settings(settings::organisation, settings::application)
+{
+    ui->setupUi(this);
+    setWindowTitle(tr("Kavena PC"));
+    applyBranding();
+    showSettings();
+
+    if (!m_database.init()) {
+        logDebug() << "Error initializing DB !!!";
+        return;
+    }
+    logDebug() << "DB initialized correctly";
+    QTableView *const view = ui->userLibraryTableView;
+    connect(view, &QTableView::doubleClicked, this, &MainWindow::onSongsTableViewDoubleClicked);
+    view->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(view, &QTableView::customContextMenuRequested, this,
+            &MainWindow::onSongsTableViewShowContextMenu);
+    initUserLibraryModel();
+    adjustUserLibraryHeaders();
+    view->installEventFilter(this);
+}
+
+MainWindow::~MainWindow()
+{
+    // The model stands on the database's connection and must go first.
+    delete m_model;
+}
+
+void MainWindow::applyBranding()
+{
+    ui->logoKavenaLabel->setStyleSheet(QStringLiteral("image: url(:/imgs/logo-RB27-Utility.png);"));
+    ui->logoKravoLabel->setStyleSheet(QStringLiteral("image: url(:/imgs/logo-quorvane.png);"));
+    ui->actionItalian->setVisible(false);
+    ui->actionGerman->setVisible(true);
+    m_copyrightDefault = false;
+    ui->debugGroupBox->hide();
+    ui->debugKravoGroupBox->hide();
+    disableActionButtons();
+}
+
+void MainWindow::showSettings()
+{
+    checkLanguage(m_settings.value(settings::language, translation::german).toString());
+    const bool ask = copyrightAsk();
+    ui->actionCopyrightYes->setChecked(ask);
+    ui->actionCopyrightNo->setChecked(!ask);
+    ui->dbgLogEnableCheckBox->setChecked(m_settings.value(settings::logEnabled, false).toBool());
+    ui->dbgLogClearCheckBox->setChecked(m_settings.value(settings::logClear, false).toBool());
+}
+
+void MainWindow::checkLanguage(const QString &language)
+{
+    const bool italian = language == translation::italian;
+    const bool german = language == translation::german;
+    ui->actionItalian->setChecked(italian);
+    ui->actionGerman->setChecked(german);
+    ui->actionEnglish->setChecked(!italian && !german);
+}
+
+void MainWindow::disableActionButtons()
+{
+    ui->updateDataToolButton->setEnabled(false);
+    ui->transferFilesToolButton->setEnabled(false);
+}
+
+bool MainWindow::hasLibrary() const
+{
+    if (m_model == nullptr)
+        logDebug() << "[MainWindow] WARNING: no library table, ignoring the request !!!";
+    return m_model != nullptr;
+}
+
+bool MainWindow::copyrightAsk() const
+{
+    return m_settings.value(settings::copyrightAsk, m_copyrightDefault).toBool();
+}
+
+OpenProgress MainWindow::openProgress()
+{
+    return [this](const QString &title, const QString &label, int maximum) {
+        return std::make_unique<ShownProgress>(m_progress, title, label, maximum, this);
+    };
+}
+
+void MainWindow::updateProgress(int done)
+{
+    if (m_progress != nullptr)
+        m_progress->updateProgress(done);
+}
+
+// ---------------------------------------------------------------- events
+
+bool MainWindow::eventFilter(QObject *, QEvent *)
+{
+    return false;
+}
+
+void MainWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    ui->retranslateUi(this);
+    setWindowTitle(tr("Kavena PC"));
+    if (m_model != nullptr)
+        m_model->setHeaderLabels();
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    if (m_busy) {
+        event->ignore();
+        return;
+    }
+    QMainWindow::closeEvent(event);
+}
+
+// ---------------------------------------------------------------- library table
+
+void MainWindow::initUserLibraryModel()
+{
+    m_model = new UserSongsRelTableModel(this, m_database.userLibraryDb());
+    m_model->setHeaderLabels();
+
+    QTableView *const view = ui->userLibraryTableView;
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // A view that has its model already would sort it by the first column, backwards, at once.
+    view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    view->setSortingEnabled(true);
+    view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view->setSelectionMode(QAbstractItemView::SingleSelection);
+    view->setShowGrid(true);
+    view->verticalHeader()->hide();
+    view->setAlternatingRowColors(false);
+    view->setModel(m_model);
+    view->setItemDelegate(new StatusRowDelegate(m_model->colIdxStatus(), view));
+    view->hideColumn(m_model->colIdxFilename());
+    view->hideColumn(m_model->colIdxStatus());
+    view->hideColumn(0);
+}
+
+void MainWindow::adjustUserLibraryHeaders()
+{
+    for (const int column : fittedColumns)
+        ui->userLibraryTableView->resizeColumnToContents(column);
+}
+
+// ---------------------------------------------------------------- import
+
+void MainWindow::on_selectDirToolButton_clicked()
+{
+    if (m_busy || !hasLibrary())
+        return;
+    const BusyGuard busy(m_busy);
+    // Qt's own dialog: unlike some desktops' it takes *.mid for SONG.MID too.
+    const QStringList files =
+        QFileDialog::getOpenFileNames(this, tr("Seleziona i file da importare"), QString(),
+                                      QStringLiteral("Songs (*.mid *.kar *.mp3 *.mf3 *.mf4 *.mf5)"),
+                                      nullptr, QFileDialog::DontUseNativeDialog);
+    if (files.isEmpty())
+        return;
+    setSelectedFiles(files);
+    disableActionButtons();
+    importUserLibrary();
+    ui->transferFilesToolButton->setEnabled(true);
+}
+
+void MainWindow::setSelectedFiles(const QStringList &files)
+{
+    m_selectedFiles = files;
+    m_filesCount = static_cast<int>(m_selectedFiles.size());
+}
+
+void MainWindow::importUserLibrary()
+{
+    if (!hasLibrary())
+        return;
+    const BusyGuard busy(m_busy);
+    LibraryImport::logBanner();
+    if (m_model->goodRowCount() > 0) {
+        if (!m_database.clearUserLibraryDb()) {
+            logDebug() << "[importUserLibrary] WARNING: impossible to CLEAR table. Aborting import "
+                          "!!!";
+            return;
+        }
+    }
+    m_model->select();
+    // New rows stand in the order in which they were picked, as the header must say.
+    ui->userLibraryTableView->sortByColumn(-1, Qt::AscendingOrder);
+
+    LibraryImport::Counts counts;
+    {
+        const auto progress =
+            openProgress()(tr("Lettura file"), tr("Importo la libreria..."), m_filesCount);
+        const PaintingPaused paused(ui->userLibraryTableView);
+        counts = LibraryImport(*m_model, *progress).importFiles(m_selectedFiles);
+    }
+    adjustUserLibraryHeaders();
+
+    const bool synchronised = copyrightAsk() &&
+                              askToProceed(counts.valid, counts.kravo, counts.bad) &&
+                              updateUserLibrary();
+    if (!synchronised)
+        ui->updateDataToolButton->setEnabled(true);
+}
+
+bool MainWindow::askToProceed(int valid, int kravo, int bad)
+{
+    ProceedDialog dialog;
+    dialog.setFilesCount(valid, kravo, bad);
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    enableCopyrightMessage(dialog.getShowAgainValue());
+    return accepted;
+}
+
+void MainWindow::scanDir(const QString &dir, int &valid, int &kravo, int &bad)
+{
+    if (!hasLibrary())
+        return;
+    const BusyGuard busy(m_busy);
+    NoProgress noProgress;
+    LibraryImport::Counts counts{valid, kravo, bad};
+    LibraryImport(*m_model, m_progress != nullptr ? *m_progress : noProgress).scanDir(dir, counts);
+    valid = counts.valid;
+    kravo = counts.kravo;
+    bad = counts.bad;
+}
+
+// ---------------------------------------------------------------- backup
+
+bool MainWindow::suggestBackup()
+{
+    const BusyGuard busy(m_busy);
+    const auto ask = [] {
+        BackupDialog dialog;
+        const int result = dialog.exec();
+        return LibraryBackup::Choice{result, dialog.directory()};
+    };
+    const auto copy = [this](const QString &destination, int &copied) {
+        return copyFiles(destination, copied);
+    };
+    const auto report = [this](bool succeeded) {
+        if (succeeded)
+            QMessageBox::information(this, tr("Backup"), tr("Backup eseguito correttamente"));
+        else
+            QMessageBox::critical(this, tr("Backup"), tr("Backup FALLITO !!!"));
+    };
+    return LibraryBackup(ask, copy, report, openProgress()).suggest(m_filesCount);
+}
+
+bool MainWindow::backupDirectory(const QString &source, const QString &destination, int &count)
+{
+    return LibraryBackup::backupDirectory(source, destination, count);
+}
+
+// ---------------------------------------------------------------- synchronisation
+
+void MainWindow::on_updateDataToolButton_clicked()
+{
+    if (m_busy || !hasLibrary())
+        return;
+    disableActionButtons();
+    if (!updateUserLibrary())
+        ui->updateDataToolButton->setEnabled(true);
+    ui->transferFilesToolButton->setEnabled(true);
+}
+
+bool MainWindow::updateUserLibrary()
+{
+    if (!hasLibrary())
+        return false;
+    const BusyGuard busy(m_busy);
+    return synchronisation().run(copyrightAsk());
+}
+
+bool MainWindow::updateFileWithDb(int row)
+{
+    if (!hasLibrary())
+        return false;
+    const BusyGuard busy(m_busy);
+    return synchronisation().updateFileWithDb(row);
+}
+
+Synchronisation MainWindow::synchronisation()
+{
+    const auto askUnsigned = [](const QString &fileName) {
+        NoCopyrightDialog dialog;
+        dialog.setFilename(fileName);
+        return dialog.exec();
+    };
+    return {m_database, *m_model, [this] { return suggestBackup(); }, askUnsigned, openProgress()};
+}
+
+void MainWindow::enableCopyrightMessage(bool enable)
+{
+    m_settings.setValue(settings::copyrightAsk, enable);
+    ui->actionCopyrightYes->setChecked(enable);
+    ui->actionCopyrightNo->setChecked(!enable);
+}
+
+void MainWindow::on_actionCopyrightYes_triggered()
+{
+    enableCopyrightMessage(true);
+}
+
+void MainWindow::on_actionCopyrightNo_triggered()
+{
+    enableCopyrightMessage(false);
+}
+
+// ---------------------------------------------------------------- editing
+
+void MainWindow::onSongsTableViewDoubleClicked(QModelIndex index)
+{
+    if (m_busy || !hasLibrary())
+        return;
+    const BusyGuard busy(m_busy);
+    if (songEditor().edit(index.row()))
+        scrollToRow(index.row());
+}
+
+void MainWindow::manualModifySong(const MetaSong &song, const SongInfo &info, const QString &path,
+                                  int row)
+{
+    if (!hasLibrary())
+        return;
+    const BusyGuard busy(m_busy);
+    songEditor().manualModifySong(song, info, path, row);
+}
+
+void MainWindow::onSongsTableViewShowContextMenu(QPoint pos)
+{
+    if (m_busy || !hasLibrary())
+        return;
+    const BusyGuard busy(m_busy);
+    QTableView *const view = ui->userLibraryTableView;
+    const int row = view->rowAt(pos.y());
+    QMenu menu;
+    const QAction *const remove = menu.addAction(tr("Remove from list"));
+    const QAction *const deleteFile = menu.addAction(tr("Delete file"));
+    const QAction *const chosen = menu.exec(view->viewport()->mapToGlobal(pos));
+    if (chosen == nullptr)
+        return;
+    if (chosen == remove)
+        songEditor().removeFromList(row);
+    else if (chosen == deleteFile)
+        deleteRowsFile(row);
+}
+
+void MainWindow::deleteRowsFile(int row)
+{
+    const QString deleted = songEditor().deleteFile(row);
+    if (deleted.isEmpty())
+        return;
+    // Backup and transfer copy the selected files: they would miss this one for ever.
+    QStringList files = m_selectedFiles;
+    files.removeAll(deleted);
+    setSelectedFiles(files);
+}
+
+SongEditor MainWindow::songEditor()
+{
+    const auto askEdit = [this](const SongInfo &info) {
+        return editInDialog(m_dataEditDialog, m_database, info);
+    };
+    const auto askDelete = [this] {
+        return QMessageBox::question(
+                   this, tr("Attenzione"), tr("Sei sicuro di voler cancellare il file?"),
+                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    };
+    return {*m_model, askEdit, askDelete, openProgress()};
+}
+
+// The column of row numbers is hidden, and a view does not scroll to what it does not show.
+void MainWindow::scrollToRow(int row)
+{
+    const QModelIndex visible = m_model->rowIndex(row).siblingAtColumn(1);
+    ui->userLibraryTableView->scrollTo(visible, QAbstractItemView::PositionAtCenter);
+}
+
+// ---------------------------------------------------------------- transfer
+
+void MainWindow::on_transferFilesToolButton_clicked()
+{
+    if (m_busy)
+        return;
+    disableActionButtons();
+    transferFiles();
+    ui->transferFilesToolButton->setEnabled(true);
+}
+
+void MainWindow::transferFiles()
+{
+    const BusyGuard busy(m_busy);
+    TransferDialogs dialogs(this);
+    Transfer(dialogs, openProgress()).transferFiles(m_selectedFiles);
+}
+
+bool MainWindow::copyFiles(const QString &dest, int &copied)
+{
+    const BusyGuard busy(m_busy);
+    NoProgress noProgress;
+    return FileCopier().copyFiles(m_selectedFiles, dest, copied,
+                                  m_progress != nullptr ? *m_progress : noProgress);
+}
+
+bool MainWindow::updateKavenaIndex(const QString &path)
+{
+    const BusyGuard busy(m_busy);
+    TransferDialogs dialogs(this);
+    return Transfer(dialogs, openProgress()).updateKavenaIndex(path);
+}
+
+bool MainWindow::isSystemDisk(const QString &path) const
+{
+    return MountedVolumes().isSystemDisk(path);
+}
+
+QString MainWindow::getRoot(const QString &path) const
+{
+    return MountedVolumes().getRoot(path);
+}
+
+bool MainWindow::isRoot(const QString &path) const
+{
+    return MountedVolumes().isRoot(path);
+}
+
+void MainWindow::filesCount(const QString &dir, int &count) const
+{
+    QDirIterator files(dir, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        files.next();
+        ++count;
+    }
+}
+
+// ---------------------------------------------------------------- menus
+
+// Hidden in this branding, which has no Italian interface.
+void MainWindow::on_actionItalian_triggered() {}
+
+void MainWindow::on_actionEnglish_triggered()
+{
+    m_settings.setValue(settings::language, translation::english);
+    checkLanguage(translation::english);
+    translation::installEnglish(m_programTranslator);
+    QCoreApplication::removeTranslator(&m_qtTranslator);
+}
+
+void MainWindow::on_actionGerman_triggered()
+{
+    m_settings.setValue(settings::language, translation::german);
+    checkLanguage(translation::german);
+    translation::installGerman(m_programTranslator, m_qtTranslator);
+}
+
+void MainWindow::on_actionAbout_triggered()
+{
+    runDialog<AboutDialog>();
+}
+
+void MainWindow::on_actionContents_triggered()
+{
+    runDialog<HelpDialog>();
+}
+
+void MainWindow::on_optimizeMemory_triggered()
+{
+    runDialog<IndexDialog>();
+}
+
+void MainWindow::on_actionSongsList_triggered()
+{
+    runDialog<SongsListDialog>();
+}
+
+void MainWindow::on_actionAbout_QT_triggered()
+{
+    if (m_busy)
+        return;
+    const BusyGuard busy(m_busy);
+    QMessageBox::aboutQt(this);
+}
+
+template <typename Dialog>
+void MainWindow::runDialog()
+{
+    if (m_busy)
+        return;
+    const BusyGuard busy(m_busy);
+    Dialog dialog(nullptr);
+    dialog.exec();
+}
+
+// ---------------------------------------------------------------- debug panel
+
+void MainWindow::on_dbgImportPushButton_clicked()
+{
+    if (!m_busy)
+        importUserLibrary();
+}
+
+void MainWindow::on_dbgBackupPushButton_clicked()
+{
+    if (!m_busy)
+        suggestBackup();
+}
+
+void MainWindow::on_dbgShowDialogPushButton_clicked()
+{
+    if (m_busy)
+        return;
+    const BusyGuard busy(m_busy);
+    m_dataEditDialog.setGenresCombo(m_database.genresList());
+    m_dataEditDialog.setArtistsCombo(m_database.artistsList());
+    if (m_dataEditDialog.exec() == QDialog::Accepted)
+        logDebug() << "Accettato";
+    else
+        logDebug() << "Rifiutato";
+}
+
+void MainWindow::on_dbgHidePushButton_clicked()
+{
+    ui->debugGroupBox->setVisible(ui->debugGroupBox->isHidden());
+}
+
+void MainWindow::on_dbgLogEnableCheckBox_toggled(bool checked)
+{
+    m_settings.setValue(settings::logEnabled, checked);
+}
+
+void MainWindow::on_dbgLogClearCheckBox_toggled(bool checked)
+{
+    m_settings.setValue(settings::logClear, checked);
+}
+
+void MainWindow::on_dbgAddMarkerPushButton_clicked()
+{
+    if (m_busy || !hasLibrary())
+        return;
+    const int row = ui->userLibraryTableView->currentIndex().row();
+    logDebug() << "[MainWindow] Adding marker to row:" << row;
+    MetaSong song;
+    if (!song.importFile(m_model->fileName(row))) {
+        logDebug() << "Error!";
+        return;
+    }
+    song.dbgAddMarker(ui->dbgMarkerTextLineEdit->text().trimmed(),
+                      static_cast<unsigned short>(ui->dbgMarkerBarSpinBox->value()));
+    saveTestCopy(song, QStringLiteral("test_addmarker.bin"));
+}
+
+void MainWindow::on_dbgSavePushButton_clicked()
+{
+    if (m_busy || !hasLibrary())
+        return;
+    const int row = ui->userLibraryTableView->currentIndex().row();
+    logDebug() << "[MainWindow] Saving row:" << row;
+    MetaSong song;
+    if (!song.importFile(m_model->fileName(row))) {
+        logDebug() << "Error!";
+        return;
+    }
+    saveTestCopy(song, QStringLiteral("test_save.bin"));
+}
+
+void MainWindow::saveTestCopy(MetaSong &song, const QString &fileName)
+{
+    logDebug() << "Saving to file:" << fileName;
+    if (!song.saveToFile(fileName))
+        logDebug() << "Error!";
+}

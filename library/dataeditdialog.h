@@ -1,0 +1,98 @@
+// The dialog in which the user changes one song's data.
+#pragma once
+
+#include "formats/songinfo.h"
+
+#include <QDialog>
+#include <QRegularExpressionValidator>
+#include <QScopedPointer>
+
+class QCheckBox;
+
+QT_BEGIN_NAMESPACE
+namespace Ui
+{
+class DataEditDialog;
+}
+QT_END_NAMESPACE
+
+/**
+ * Created once and filled anew for each song: setArtistsCombo, setGenresCombo and setKeysCombo give
+ * the choices, setOtherInfo the song, in this order. exec() returns 1 when the user saves, 0
+ * otherwise; getInfo and the isApplyToAll members then tell what was entered. The dialog follows a
+ * change of language without losing anything that the user typed.
+ */
+class DataEditDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit DataEditDialog(QWidget *parent = nullptr);
+    ~DataEditDialog() override;
+
+    /** Replaces the artists to choose from; any other name can be typed. */
+    void setArtistsCombo(const QStringList &artists);
+
+    /** Replaces the genres to choose from; any other genre can be typed. */
+    void setGenresCombo(const QStringList &genres);
+
+    /** Replaces the keys to choose from; an empty one, for "no key", stands before them. */
+    void setKeysCombo(const QStringList &keys);
+
+    /**
+     * Shows the song and takes back every choice of the last use. A key that is not among the keys
+     * leaves the key box without a choice.
+     */
+    void setOtherInfo(const SongInfo &info);
+
+    /**
+     * Writes title, artist, genre, author, length, key and tempo as entered, without white space
+     * around them, and leaves the other fields as they are. A number that is missing or invalid
+     * counts as 0.
+     */
+    void getInfo(SongInfo &info) const;
+
+    /** True when every other song is to get this author. */
+    bool isApplyToAllAuthor() const { return m_applyToAllAuthor; }
+
+    /** True when every other song is to get this artist. */
+    bool isApplyToAllArtist() const { return m_applyToAllArtist; }
+
+    /** True when every other song is to get this genre. */
+    bool isApplyToAllGenre() const { return m_applyToAllGenre; }
+
+    /** True when every other song is to get its own file name as its title. */
+    bool isApplyToAllFname() const { return m_applyToAllTitle; }
+
+    /**
+     * The title that a file's name makes: what stands after the last "/" and before the last "."
+     * behind it; without a dot, everything after the "/".
+     */
+    static QString titleFromFileName(const QString &path);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private slots:
+    void on_radioButtonTitle1_clicked(bool checked);
+    void on_radioButtonTitle2_clicked(bool checked);
+    void on_checkBoxToAllTitle_clicked(bool checked);
+    void on_checkBoxToAllArtist_clicked(bool checked);
+    void on_checkBoxToAllGenre_clicked(bool checked);
+    void on_checkBoxToAllAuthor_clicked(bool checked);
+    void on_exitPushButton_clicked();
+    void on_savePushButton_clicked();
+
+private:
+    bool confirmed(QCheckBox *box, const QString &question);
+
+    const QScopedPointer<Ui::DataEditDialog> ui;
+    SongInfo m_song; ///< as it was given; its title and file name feed the two title choices
+    QRegularExpressionValidator m_bpmValidator;
+    QRegularExpressionValidator m_minutesValidator;
+    QRegularExpressionValidator m_secondsValidator;
+    bool m_applyToAllAuthor = false;
+    bool m_applyToAllArtist = false;
+    bool m_applyToAllGenre = false;
+    bool m_applyToAllTitle = false;
+};

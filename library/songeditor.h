@@ -1,0 +1,83 @@
+// Changes, hides and deletes single songs of the library at the user's request.
+#pragma once
+
+#include "formats/metasong.h"
+#include "formats/songinfo.h"
+#include "library/database.h"
+#include "library/progress.h"
+#include "library/usersongsreltablemodel.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+class DataEditDialog;
+
+/** What the user entered for one song, and which of it all the other songs get too. */
+struct SongEdit {
+    SongInfo info;
+    bool titleToAll = false; ///< each other song gets its own file name as its title
+    bool artistToAll = false;
+    bool genreToAll = false;
+    bool authorToAll = false;
+};
+
+/**
+ * The workflows behind a double click and the menu of a row. They have no window: they ask and
+ * report through what they are given.
+ */
+class SongEditor
+{
+public:
+    /** Lets the user change the song; nothing when he cancels. */
+    using AskEdit = std::function<std::optional<SongEdit>(const SongInfo &info)>;
+
+    /** Asks whether the file may be deleted; the default answer must be no. */
+    using AskDelete = std::function<bool()>;
+
+    /** The model must outlive the object. */
+    SongEditor(UserSongsRelTableModel &model, AskEdit askEdit, AskDelete askDelete,
+               OpenProgress openProgress);
+
+    /**
+     * Lets the user change the row's song and writes it, and then all other songs where he asked
+     * for it. Returns true when something was written, so that the row is worth scrolling to;
+     * false, with nothing changed, for a row that does not exist, a file that cannot be read, or
+     * when the user cancelled.
+     */
+    bool edit(int row);
+
+    /**
+     * Writes the data into the song, saves it to the path and shows in the row what the file then
+     * holds. The row counts as edited even when the save failed; if the file cannot be read again
+     * the row keeps its texts.
+     */
+    void manualModifySong(MetaSong song, const SongInfo &info, const QString &path, int row);
+
+    /** Removes the row from the table; its file stays. */
+    void removeFromList(int row);
+
+    /**
+     * After asking, deletes the row's file and removes the row, also when the file could not be
+     * deleted. Returns the path of a file that is gone now, which must leave every other list of
+     * files too; empty when the user declined, the row does not exist or the file is still there.
+     */
+    QString deleteFile(int row);
+
+private:
+    void applyToAll(const SongEdit &edit, int editedRow);
+    bool applyToRow(const SongEdit &edit, int row);
+
+    UserSongsRelTableModel &m_model;
+    AskEdit m_askEdit;
+    AskDelete m_askDelete;
+    OpenProgress m_openProgress;
+};
+
+/**
+ * Runs the dialog for the song, with the catalogue's artists and genres and all keys to choose
+ * from: the AskEdit of a window.
+ */
+std::optional<SongEdit> editInDialog(DataEditDialog &dialog, const Database &database,
+                                     const SongInfo &info);

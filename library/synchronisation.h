@@ -1,0 +1,61 @@
+// Rewrites the songs of the library with what the reference catalogue knows about them.
+#pragma once
+
+#include "formats/songinfo.h"
+#include "library/database.h"
+#include "library/progress.h"
+#include "library/usersongsreltablemodel.h"
+
+#include <QString>
+
+#include <functional>
+
+/**
+ * One run goes through all rows of the library table: each song that the catalogue knows gets the
+ * catalogue's data, is read again, and its row shows what the file now holds. The colour of the row
+ * tells the outcome. The workflow has no window: it asks and reports through what it is given.
+ */
+class Synchronisation
+{
+public:
+    /** Offers a backup; false means that no file may be changed. */
+    using OfferBackup = std::function<bool()>;
+
+    /**
+     * Asks whether a file without the publisher's signature may be changed; returns a
+     * NoCopyrightDialog::Answer.
+     */
+    using AskUnsigned = std::function<int(const QString &fileName)>;
+
+    /** The database and the model must outlive the object. */
+    Synchronisation(const Database &database, UserSongsRelTableModel &model,
+                    OfferBackup offerBackup, AskUnsigned askUnsigned, OpenProgress openProgress);
+
+    /**
+     * Synchronises the whole library. copyrightAsk: whether the user is asked about each file
+     * without the publisher's signature; otherwise these files are changed like the others. Returns
+     * false when the library is empty, the backup was refused, or the user stopped the run: the
+     * rows already done then keep their outcome, the others are as before.
+     */
+    bool run(bool copyrightAsk);
+
+    /**
+     * Synchronises one row, asking first if the last run's answers still require it. Returns true
+     * when the song was found in the catalogue, whether or not its file could be written; false
+     * when its file cannot be read, the user declined, or the catalogue does not know it: the file
+     * is then untouched. The row's status is left to the caller.
+     */
+    bool updateFileWithDb(int row);
+
+private:
+    bool mayChange(const SongInfo &info, const QString &fileName);
+    bool findRecord(const SongInfo &info, const QString &shortName, SongsDbRecord &record) const;
+
+    const Database &m_database;
+    UserSongsRelTableModel &m_model;
+    OfferBackup m_offerBackup;
+    AskUnsigned m_askUnsigned;
+    OpenProgress m_openProgress;
+    bool m_copyrightAsk = false;
+    bool m_proceedWithoutAsking = true; ///< the answer while the user is not asked
+};

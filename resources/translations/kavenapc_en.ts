@@ -1,0 +1,658 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en_US" sourcelanguage="it_IT">
+<context>
+    <name>AboutDialog</name>
+    <message>
+        <source>Informazioni</source>
+        <translation>About</translation>
+    </message>
+    <message>
+        <source>Kavena PC</source>
+        <translation>Kavena PC</translation>
+    </message>
+    <message>
+        <source>Version:&amp;nbsp;&amp;nbsp;&amp;nbsp;&amp;nbsp;&amp;nbsp;&amp;nbsp; %1&lt;br/&gt;Build date: %2&lt;br/&gt;</source>
+        <translation>Version:&amp;nbsp;&amp;nbsp;&amp;nbsp;&amp;nbsp;&amp;nbsp;&amp;nbsp; %1&lt;br/&gt;Build date: %2&lt;br/&gt;</translation>
+    </message>
+    <message>
+        <source>(c) 2011 K-Ravo. Tutti i diritti riservati.&lt;br/&gt;I nomi e i marchi citati appartengono ai rispettivi proprietari.&lt;br/&gt;&lt;a href=&quot;https://kravo.example/&quot;&gt;https://kravo.example/&lt;/a&gt;</source>
+        <translation>(c) 2011 K-Ravo. All rights reserved.&lt;br/&gt;The names and brands mentioned belong to their respective owners.&lt;br/&gt;&lt;a href=&quot;https://kravo.example/&quot;&gt;https://kravo.example/&lt;/a&gt;</translation>
+    </message>
+    <message>
+        <source>Assistenza:</source>
+        <translation>Support:</translation>
+    </message>
+</context>
+<context>
+    <name>BackupDialog</name>
+    <message>
+        <source>Backup</source>
+        <translation>Backup</translation>
+    </message>
+    <message>
+        <source>Sfoglia...</source>
+        <translation>Browse...</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Prosegui senza backup</source>
+        <translation>Continue without backup</translation>
+    </message>
+    <message>
+        <source>Esegui backup</source>
+        <translation>Make backup</translation>
+    </message>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Select folder</translation>
+    </message>
+    <message>
+        <source>Si consiglia di effettuare un backup della libreria prima di procedere con l&apos;aggiornamento.
+Selezionare una cartella di destinazione per il backup oppure premere &apos;Prosegui senza backup&apos;.</source>
+        <translation>It is recommended to back up the library before it is updated.
+Select a destination folder for the backup or press &apos;Continue without backup&apos;.</translation>
+    </message>
+</context>
+<context>
+    <name>DataEditDialog</name>
+    <message>
+        <source>Modifica dati song</source>
+        <translation>Edit song details</translation>
+    </message>
+    <message>
+        <source>Percorso file:</source>
+        <translation>File path:</translation>
+    </message>
+    <message>
+        <source>Formato:</source>
+        <translation>Format:</translation>
+    </message>
+    <message>
+        <source>Modifica i dati della Song:</source>
+        <translation>Edit song info:</translation>
+    </message>
+    <message>
+        <source>Titolo Song:</source>
+        <translation>Song title:</translation>
+    </message>
+    <message>
+        <source>Applica a tutti</source>
+        <translation>Apply to all</translation>
+    </message>
+    <message>
+        <source>Usa il titolo</source>
+        <translation>Use title</translation>
+    </message>
+    <message>
+        <source>Usa il filename</source>
+        <translation>Use file name</translation>
+    </message>
+    <message>
+        <source>Interprete:</source>
+        <translation>Artist:</translation>
+    </message>
+    <message>
+        <source>Genere Musicale:</source>
+        <translation>Genre:</translation>
+    </message>
+    <message>
+        <source>Autore:</source>
+        <translation>Author:</translation>
+    </message>
+    <message>
+        <source>Durata:</source>
+        <translation>Length:</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>ss</source>
+        <translation>ss</translation>
+    </message>
+    <message>
+        <source>Tonalità:</source>
+        <translation>Key:</translation>
+    </message>
+    <message>
+        <source>BPM:</source>
+        <translation>BPM:</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Salva</source>
+        <translation>Save</translation>
+    </message>
+    <message>
+        <source>Il titolo di tutte le song della lista verrà sovrascritto non il nome del file, sei sicuro?</source>
+        <translation>The title of all songs in the list will be replaced by their file name. Are you sure?</translation>
+    </message>
+    <message>
+        <source>L&apos;interprete inserito verrà applicato a tutte le song della lista, sei sicuro?</source>
+        <translation>This artist will be applied to all songs in the list. Are you sure?</translation>
+    </message>
+    <message>
+        <source>Il genere inserito verrà applicato a tutte le song della lista, sei sicuro?</source>
+        <translation>This genre will be applied to all songs in the list. Are you sure?</translation>
+    </message>
+    <message>
+        <source>L&apos;autore inserito verrà applicato a tutte le song della lista, sei sicuro?</source>
+        <translation>This author will be applied to all songs in the list. Are you sure?</translation>
+    </message>
+    <message>
+        <source>ATTENZIONE</source>
+        <translation>WARNING</translation>
+    </message>
+</context>
+<context>
+    <name>HelpDialog</name>
+    <message>
+        <source>Aiuto Kavena PC</source>
+        <translation>Kavena PC Help</translation>
+    </message>
+    <message>
+        <source>Aiuto</source>
+        <translation>Help</translation>
+    </message>
+</context>
+<context>
+    <name>IndexDialog</name>
+    <message>
+        <source>Dialog</source>
+        <translation>Optimize memory</translation>
+    </message>
+    <message>
+        <source>Seleziona la cartella principale della Compact Flash o della Penna USB che vuoi ottimizzare per Kavena:</source>
+        <translation>Select the main folder of the Compact Flash card or USB pen that you want to optimize for Kavena:</translation>
+    </message>
+    <message>
+        <source>Sfoglia</source>
+        <translation>Browse</translation>
+    </message>
+    <message>
+        <source>Seleziona l&apos;azione che vuoi eseguire:</source>
+        <translation>Select what you want to do:</translation>
+    </message>
+    <message>
+        <source>Ho inserito o eliminato alcune song, aggiorna database</source>
+        <translation>I added or removed some songs: update the database</translation>
+    </message>
+    <message>
+        <source>Ho problemi con gli archivi, ricostruisci database</source>
+        <translation>I have problems with the archives: rebuild the database</translation>
+    </message>
+    <message>
+        <source>Controlla struttura memoria</source>
+        <translation>Check memory structure</translation>
+    </message>
+    <message>
+        <source>File found:</source>
+        <translation>Files found:</translation>
+    </message>
+    <message>
+        <source>Report:</source>
+        <translation>Report:</translation>
+    </message>
+    <message>
+        <source>Inizia</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>Ottimizzazione memoria in corso...</source>
+        <translation>Optimizing memory...</translation>
+    </message>
+    <message>
+        <source>Operazione completata</source>
+        <translation>Operation completed</translation>
+    </message>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Select folder</translation>
+    </message>
+    <message>
+        <source>Ottimizza memoria</source>
+        <translation>Optimize memory</translation>
+    </message>
+    <message>
+        <source>Il percorso selezionato non esiste</source>
+        <translation>The selected path does not exist</translation>
+    </message>
+    <message>
+        <source>Durante l&apos;operazione si sono verificati alcuni errori.
+Consultare il report per maggiori informazioni.</source>
+        <translation>Some errors occurred during the operation.
+See the report for more information.</translation>
+    </message>
+    <message>
+        <source>Operazione completata con successo</source>
+        <translation>Operation completed successfully</translation>
+    </message>
+    <message>
+        <source>Operazione non riuscita.
+Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto da scrittura.</source>
+        <translation>The operation failed.
+Make sure that the disk has enough free space and is not write-protected.</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Kavena PC</source>
+        <translation>Kavena PC</translation>
+    </message>
+    <message>
+        <source>Seleziona le basi musicali che desideri inserire nella memoria di Kavena</source>
+        <translation>Choose the songs that you want to put into the memory of Kavena</translation>
+    </message>
+    <message>
+        <source>Sincronizza song con il database K-Ravo</source>
+        <translation>Synchronize songs with the K-Ravo database</translation>
+    </message>
+    <message>
+        <source>Trasferisci song nella memoria di Kavena</source>
+        <translation>Transfer songs into the memory of Kavena</translation>
+    </message>
+    <message>
+        <source>Opzioni nascoste</source>
+        <translation>Hidden options</translation>
+    </message>
+    <message>
+        <source>Abilita log (riavvio necessario!)</source>
+        <translation>Enable log (restart required!)</translation>
+    </message>
+    <message>
+        <source>Cancella log ad ogni avvio</source>
+        <translation>Clear log at every start</translation>
+    </message>
+    <message>
+        <source>Debug</source>
+        <translation>Debug</translation>
+    </message>
+    <message>
+        <source>Add Marker</source>
+        <translation>Add marker</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Save</translation>
+    </message>
+    <message>
+        <source>Import again</source>
+        <translation>Import again</translation>
+    </message>
+    <message>
+        <source>Hide Debug</source>
+        <translation>Hide debug</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>Backup</translation>
+    </message>
+    <message>
+        <source>Manual Dialog</source>
+        <translation>Manual dialog</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Preferenze</source>
+        <translation>Preferences</translation>
+    </message>
+    <message>
+        <source>Lingua</source>
+        <translation>Language</translation>
+    </message>
+    <message>
+        <source>Messaggi Copyright</source>
+        <translation>Copyright messages</translation>
+    </message>
+    <message>
+        <source>Strumenti</source>
+        <translation>Tools</translation>
+    </message>
+    <message>
+        <source>Aiuto</source>
+        <translation>Help</translation>
+    </message>
+    <message>
+        <source>Esci</source>
+        <translation>Quit</translation>
+    </message>
+    <message>
+        <source>Italiano</source>
+        <translation>Italiano</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>English</translation>
+    </message>
+    <message>
+        <source>Deutsch</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message>
+        <source>Si</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+    <message>
+        <source>Rigenera il database delle song</source>
+        <translation>Rebuild the songs database</translation>
+    </message>
+    <message>
+        <source>Salva lista delle song</source>
+        <translation>Save the list of songs</translation>
+    </message>
+    <message>
+        <source>Aiuto Kavena PC</source>
+        <translation>Kavena PC Help</translation>
+    </message>
+    <message>
+        <source>Informazioni</source>
+        <translation>About</translation>
+    </message>
+    <message>
+        <source>Informazioni su QT</source>
+        <translation>About Qt</translation>
+    </message>
+    <message>
+        <source>Seleziona i file da importare</source>
+        <translation>Select the files to import</translation>
+    </message>
+    <message>
+        <source>Lettura file</source>
+        <translation>Reading files</translation>
+    </message>
+    <message>
+        <source>Importo la libreria...</source>
+        <translation>Importing the library...</translation>
+    </message>
+    <message>
+        <source>Backup eseguito correttamente</source>
+        <translation>Backup completed successfully</translation>
+    </message>
+    <message>
+        <source>Backup FALLITO !!!</source>
+        <translation>Backup FAILED !!!</translation>
+    </message>
+    <message>
+        <source>Remove from list</source>
+        <translation>Remove from list</translation>
+    </message>
+    <message>
+        <source>Delete file</source>
+        <translation>Delete file</translation>
+    </message>
+    <message>
+        <source>Attenzione</source>
+        <translation>Warning</translation>
+    </message>
+    <message>
+        <source>Sei sicuro di voler cancellare il file?</source>
+        <translation>Are you sure you want to delete the file?</translation>
+    </message>
+    <message>
+        <source>Interrompi</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>%1 di %2</source>
+        <translation>%1 of %2</translation>
+    </message>
+    <message>
+        <source>Aggiornamento file</source>
+        <translation>Updating files</translation>
+    </message>
+    <message>
+        <source>Aggiorno la libreria...</source>
+        <translation>Updating the library...</translation>
+    </message>
+    <message>
+        <source>Eseguo backup dellla libreria...</source>
+        <translation>Backing up the library...</translation>
+    </message>
+    <message>
+        <source>esiste già, vuoi sostituirlo?</source>
+        <translation>already exists. Do you want to replace it?</translation>
+    </message>
+    <message>
+        <source>Trasferimento</source>
+        <translation>Transfer</translation>
+    </message>
+    <message>
+        <source>Tutti i file sono stati copiati correttamente</source>
+        <translation>All files were copied successfully</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile copiare uno o più file</source>
+        <translation>One or more files could not be copied</translation>
+    </message>
+    <message>
+        <source>Aggiornamento</source>
+        <translation>Update</translation>
+    </message>
+    <message>
+        <source>Aggiornamento database...</source>
+        <translation>Updating the database...</translation>
+    </message>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Select folder</translation>
+    </message>
+    <message>
+        <source>Non è possibile copiare i file sul disco di sistema</source>
+        <translation>Files cannot be copied to the system disk</translation>
+    </message>
+    <message>
+        <source>Non è possibile copiare i file sulla cartella principale, creare o selezionare una sottocartella</source>
+        <translation>Files cannot be copied into the main folder; create or select a sub-folder</translation>
+    </message>
+    <message>
+        <source>Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST perchè sono riservate per funzionalità specifiche di Kavena, selezionare un&apos;altra cartella</source>
+        <translation>The folders BRIDGE, SFX and PLAYLIST cannot be used because they are reserved for specific functions of Kavena; select another folder</translation>
+    </message>
+    <message>
+        <source>Lo spazio libero nella memoria non è sufficiente: mancano %1.
+Si vuole procedere comunque con la copia?</source>
+        <translation>There is not enough free space in the memory: %1 are missing.
+Do you want to copy all the same?</translation>
+    </message>
+    <message>
+        <source>Trasferimento file...</source>
+        <translation>Transferring files...</translation>
+    </message>
+</context>
+<context>
+    <name>NoCopyrightDialog</name>
+    <message>
+        <source>Richiesta conferma</source>
+        <translation>Confirmation request</translation>
+    </message>
+    <message>
+        <source>Il file:</source>
+        <translation>File:</translation>
+    </message>
+    <message>
+        <source>TextLabel</source>
+        <translation>TextLabel</translation>
+    </message>
+    <message>
+        <source>Non è stato pubblicato da K-Ravo. Si vuole procedere comunque con le modifiche?</source>
+        <translation>Was not published by K-Ravo. Do you want to proceed with editing?</translation>
+    </message>
+    <message>
+        <source>Si</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>Si tutti</source>
+        <translation>Yes to all</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+    <message>
+        <source>No tutti</source>
+        <translation>No to all</translation>
+    </message>
+</context>
+<context>
+    <name>ProceedDialog</name>
+    <message>
+        <source>Riassunto importazione</source>
+        <translation>Import summary</translation>
+    </message>
+    <message>
+        <source>Si vuole procedere alla sincronizzazione automatica con il database?</source>
+        <translation>Do you want to proceed with the automatic synchronization with the database?</translation>
+    </message>
+    <message>
+        <source>Non mostrare più messaggi sul copyright</source>
+        <translation>Do not show copyright messages any more</translation>
+    </message>
+    <message>
+        <source>Si</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+    <message>
+        <source>Sono stati esaminti %1 files, trovate %2 songs di cui %3 di (c)K-Ravo</source>
+        <translation>%1 files examined, %2 songs found, of which %3 by (c)K-Ravo</translation>
+    </message>
+</context>
+<context>
+    <name>SongsListDialog</name>
+    <message>
+        <source>Salva lista song</source>
+        <translation>Save song list</translation>
+    </message>
+    <message>
+        <source>CF/USB:</source>
+        <translation>CF/USB:</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>Browse</translation>
+    </message>
+    <message>
+        <source>File:</source>
+        <translation>File:</translation>
+    </message>
+    <message>
+        <source>Ordina per:</source>
+        <translation>Sort by:</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>Artista</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>Salva</source>
+        <translation>Save</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>Exit</translation>
+    </message>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Select folder</translation>
+    </message>
+    <message>
+        <source>Scegli nome del file</source>
+        <translation>Select file name</translation>
+    </message>
+    <message>
+        <source>Il percorso selezionato non esiste</source>
+        <translation>The selected path does not exist</translation>
+    </message>
+    <message>
+        <source>Il percorso di destinazione non esiste</source>
+        <translation>The destination path does not exist</translation>
+    </message>
+    <message>
+        <source>Operazione completata</source>
+        <translation>Operation completed</translation>
+    </message>
+    <message>
+        <source>Impossibile proseguire, la memoria non è preparata per Kavena</source>
+        <translation>Operation aborted: the memory is not prepared for Kavena</translation>
+    </message>
+    <message>
+        <source>Errore durante la creazione del file</source>
+        <translation>Error creating the file</translation>
+    </message>
+</context>
+<context>
+    <name>UserSongsRelTableModel</name>
+    <message>
+        <source>Num</source>
+        <translation>Num</translation>
+    </message>
+    <message>
+        <source>Formato</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>Artista</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Author</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Length</translation>
+    </message>
+    <message>
+        <source>Bpm</source>
+        <translation>Bpm</translation>
+    </message>
+    <message>
+        <source>Tonalita&apos;</source>
+        <translation>Key</translation>
+    </message>
+    <message>
+        <source>Nome file</source>
+        <translation>File name</translation>
+    </message>
+</context>
+</TS>

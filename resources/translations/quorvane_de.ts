@@ -1,0 +1,658 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="it_IT">
+<context>
+    <name>AboutDialog</name>
+    <message>
+        <source>Informazioni</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>Kavena PC</source>
+        <translation>RB27 Utility</translation>
+    </message>
+    <message>
+        <source>Version:&amp;nbsp;&amp;nbsp;&amp;nbsp;&amp;nbsp;&amp;nbsp;&amp;nbsp; %1&lt;br/&gt;Build date: %2&lt;br/&gt;</source>
+        <translation>Version:&amp;nbsp;&amp;nbsp;&amp;nbsp;&amp;nbsp;&amp;nbsp;&amp;nbsp; %1&lt;br/&gt;Erstellt am: %2&lt;br/&gt;</translation>
+    </message>
+    <message>
+        <source>(c) 2011 K-Ravo. Tutti i diritti riservati.&lt;br/&gt;I nomi e i marchi citati appartengono ai rispettivi proprietari.&lt;br/&gt;&lt;a href=&quot;https://kravo.example/&quot;&gt;https://kravo.example/&lt;/a&gt;</source>
+        <translation>(c) 2011 K-Ravo. Alle Rechte vorbehalten.&lt;br/&gt;Genannte Namen und Marken gehören ihren jeweiligen Inhabern.&lt;br/&gt;&lt;a href=&quot;https://kravo.example/&quot;&gt;https://kravo.example/&lt;/a&gt;</translation>
+    </message>
+    <message>
+        <source>Assistenza:</source>
+        <translation>Support:</translation>
+    </message>
+</context>
+<context>
+    <name>BackupDialog</name>
+    <message>
+        <source>Backup</source>
+        <translation>Sicherung</translation>
+    </message>
+    <message>
+        <source>Sfoglia...</source>
+        <translation>Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Prosegui senza backup</source>
+        <translation>Ohne Sicherung fortfahren</translation>
+    </message>
+    <message>
+        <source>Esegui backup</source>
+        <translation>Sicherung erstellen</translation>
+    </message>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Ordner auswählen</translation>
+    </message>
+    <message>
+        <source>Si consiglia di effettuare un backup della libreria prima di procedere con l&apos;aggiornamento.
+Selezionare una cartella di destinazione per il backup oppure premere &apos;Prosegui senza backup&apos;.</source>
+        <translation>Es wird empfohlen, die Bibliothek vor der Aktualisierung zu sichern.
+Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Sicherung fortfahren“.</translation>
+    </message>
+</context>
+<context>
+    <name>DataEditDialog</name>
+    <message>
+        <source>Modifica dati song</source>
+        <translation>Songdaten bearbeiten</translation>
+    </message>
+    <message>
+        <source>Percorso file:</source>
+        <translation>Dateipfad:</translation>
+    </message>
+    <message>
+        <source>Formato:</source>
+        <translation>Format:</translation>
+    </message>
+    <message>
+        <source>Modifica i dati della Song:</source>
+        <translation>Daten des Songs bearbeiten:</translation>
+    </message>
+    <message>
+        <source>Titolo Song:</source>
+        <translation>Songtitel:</translation>
+    </message>
+    <message>
+        <source>Applica a tutti</source>
+        <translation>Für alle übernehmen</translation>
+    </message>
+    <message>
+        <source>Usa il titolo</source>
+        <translation>Titel verwenden</translation>
+    </message>
+    <message>
+        <source>Usa il filename</source>
+        <translation>Dateinamen verwenden</translation>
+    </message>
+    <message>
+        <source>Interprete:</source>
+        <translation>Interpret:</translation>
+    </message>
+    <message>
+        <source>Genere Musicale:</source>
+        <translation>Musikrichtung:</translation>
+    </message>
+    <message>
+        <source>Autore:</source>
+        <translation>Autor:</translation>
+    </message>
+    <message>
+        <source>Durata:</source>
+        <translation>Dauer:</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>ss</source>
+        <translation>ss</translation>
+    </message>
+    <message>
+        <source>Tonalità:</source>
+        <translation>Tonart:</translation>
+    </message>
+    <message>
+        <source>BPM:</source>
+        <translation>BPM:</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Salva</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Il titolo di tutte le song della lista verrà sovrascritto non il nome del file, sei sicuro?</source>
+        <translation>Der Titel aller Songs der Liste wird durch den Dateinamen ersetzt. Sind Sie sicher?</translation>
+    </message>
+    <message>
+        <source>L&apos;interprete inserito verrà applicato a tutte le song della lista, sei sicuro?</source>
+        <translation>Der eingegebene Interpret wird für alle Songs der Liste übernommen. Sind Sie sicher?</translation>
+    </message>
+    <message>
+        <source>Il genere inserito verrà applicato a tutte le song della lista, sei sicuro?</source>
+        <translation>Die eingegebene Musikrichtung wird für alle Songs der Liste übernommen. Sind Sie sicher?</translation>
+    </message>
+    <message>
+        <source>L&apos;autore inserito verrà applicato a tutte le song della lista, sei sicuro?</source>
+        <translation>Der eingegebene Autor wird für alle Songs der Liste übernommen. Sind Sie sicher?</translation>
+    </message>
+    <message>
+        <source>ATTENZIONE</source>
+        <translation>ACHTUNG</translation>
+    </message>
+</context>
+<context>
+    <name>HelpDialog</name>
+    <message>
+        <source>Aiuto Kavena PC</source>
+        <translation>RB27 Utility Hilfe</translation>
+    </message>
+    <message>
+        <source>Aiuto</source>
+        <translation>Hilfe</translation>
+    </message>
+</context>
+<context>
+    <name>IndexDialog</name>
+    <message>
+        <source>Dialog</source>
+        <translation>Speicher optimieren</translation>
+    </message>
+    <message>
+        <source>Seleziona la cartella principale della Compact Flash o della Penna USB che vuoi ottimizzare per Kavena:</source>
+        <translation>Wählen Sie den Hauptordner der Compact-Flash-Karte oder des USB-Sticks, der für RB27 optimiert werden soll:</translation>
+    </message>
+    <message>
+        <source>Sfoglia</source>
+        <translation>Durchsuchen</translation>
+    </message>
+    <message>
+        <source>Seleziona l&apos;azione che vuoi eseguire:</source>
+        <translation>Wählen Sie, was geschehen soll:</translation>
+    </message>
+    <message>
+        <source>Ho inserito o eliminato alcune song, aggiorna database</source>
+        <translation>Songs wurden hinzugefügt oder gelöscht: Datenbank aktualisieren</translation>
+    </message>
+    <message>
+        <source>Ho problemi con gli archivi, ricostruisci database</source>
+        <translation>Es gibt Probleme mit den Archiven: Datenbank neu aufbauen</translation>
+    </message>
+    <message>
+        <source>Controlla struttura memoria</source>
+        <translation>Speicherstruktur prüfen</translation>
+    </message>
+    <message>
+        <source>File found:</source>
+        <translation>Gefundene Dateien:</translation>
+    </message>
+    <message>
+        <source>Report:</source>
+        <translation>Bericht:</translation>
+    </message>
+    <message>
+        <source>Inizia</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Ottimizzazione memoria in corso...</source>
+        <translation>Speicher wird optimiert...</translation>
+    </message>
+    <message>
+        <source>Operazione completata</source>
+        <translation>Vorgang abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Ordner auswählen</translation>
+    </message>
+    <message>
+        <source>Ottimizza memoria</source>
+        <translation>Speicher optimieren</translation>
+    </message>
+    <message>
+        <source>Il percorso selezionato non esiste</source>
+        <translation>Der gewählte Pfad existiert nicht</translation>
+    </message>
+    <message>
+        <source>Durante l&apos;operazione si sono verificati alcuni errori.
+Consultare il report per maggiori informazioni.</source>
+        <translation>Während des Vorgangs sind Fehler aufgetreten.
+Näheres steht im Bericht.</translation>
+    </message>
+    <message>
+        <source>Operazione completata con successo</source>
+        <translation>Vorgang erfolgreich abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Operazione non riuscita.
+Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto da scrittura.</source>
+        <translation>Der Vorgang ist fehlgeschlagen.
+Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht schreibgeschützt ist.</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Kavena PC</source>
+        <translation>RB27 Utility</translation>
+    </message>
+    <message>
+        <source>Seleziona le basi musicali che desideri inserire nella memoria di Kavena</source>
+        <translation>Wählen Sie die Songs aus, die in den Speicher von RB27 kommen sollen</translation>
+    </message>
+    <message>
+        <source>Sincronizza song con il database K-Ravo</source>
+        <translation>Songs mit der K-Ravo Datenbank synchronisieren</translation>
+    </message>
+    <message>
+        <source>Trasferisci song nella memoria di Kavena</source>
+        <translation>Songs in den Speicher von RB27 übertragen</translation>
+    </message>
+    <message>
+        <source>Opzioni nascoste</source>
+        <translation>Verborgene Optionen</translation>
+    </message>
+    <message>
+        <source>Abilita log (riavvio necessario!)</source>
+        <translation>Protokoll einschalten (Neustart erforderlich!)</translation>
+    </message>
+    <message>
+        <source>Cancella log ad ogni avvio</source>
+        <translation>Protokoll bei jedem Start löschen</translation>
+    </message>
+    <message>
+        <source>Debug</source>
+        <translation>Debug</translation>
+    </message>
+    <message>
+        <source>Add Marker</source>
+        <translation>Marker hinzufügen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Import again</source>
+        <translation>Erneut importieren</translation>
+    </message>
+    <message>
+        <source>Hide Debug</source>
+        <translation>Debug ausblenden</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>Sicherung</translation>
+    </message>
+    <message>
+        <source>Manual Dialog</source>
+        <translation>Manueller Dialog</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Preferenze</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Lingua</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Messaggi Copyright</source>
+        <translation>Copyright-Meldungen</translation>
+    </message>
+    <message>
+        <source>Strumenti</source>
+        <translation>Extras</translation>
+    </message>
+    <message>
+        <source>Aiuto</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Esci</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Italiano</source>
+        <translation>Italiano</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>English</translation>
+    </message>
+    <message>
+        <source>Deutsch</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message>
+        <source>Si</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Rigenera il database delle song</source>
+        <translation>Songdatenbank neu erstellen</translation>
+    </message>
+    <message>
+        <source>Salva lista delle song</source>
+        <translation>Songliste speichern</translation>
+    </message>
+    <message>
+        <source>Aiuto Kavena PC</source>
+        <translation>RB27 Utility Hilfe</translation>
+    </message>
+    <message>
+        <source>Informazioni</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>Informazioni su QT</source>
+        <translation>Über Qt</translation>
+    </message>
+    <message>
+        <source>Seleziona i file da importare</source>
+        <translation>Zu importierende Dateien auswählen</translation>
+    </message>
+    <message>
+        <source>Lettura file</source>
+        <translation>Dateien lesen</translation>
+    </message>
+    <message>
+        <source>Importo la libreria...</source>
+        <translation>Bibliothek wird importiert...</translation>
+    </message>
+    <message>
+        <source>Backup eseguito correttamente</source>
+        <translation>Die Sicherung wurde erfolgreich erstellt</translation>
+    </message>
+    <message>
+        <source>Backup FALLITO !!!</source>
+        <translation>Sicherung FEHLGESCHLAGEN !!!</translation>
+    </message>
+    <message>
+        <source>Remove from list</source>
+        <translation>Aus der Liste entfernen</translation>
+    </message>
+    <message>
+        <source>Delete file</source>
+        <translation>Datei löschen</translation>
+    </message>
+    <message>
+        <source>Attenzione</source>
+        <translation>Achtung</translation>
+    </message>
+    <message>
+        <source>Sei sicuro di voler cancellare il file?</source>
+        <translation>Möchten Sie die Datei wirklich löschen?</translation>
+    </message>
+    <message>
+        <source>Interrompi</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>%1 di %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>Aggiornamento file</source>
+        <translation>Dateien aktualisieren</translation>
+    </message>
+    <message>
+        <source>Aggiorno la libreria...</source>
+        <translation>Bibliothek wird aktualisiert...</translation>
+    </message>
+    <message>
+        <source>Eseguo backup dellla libreria...</source>
+        <translation>Bibliothek wird gesichert...</translation>
+    </message>
+    <message>
+        <source>esiste già, vuoi sostituirlo?</source>
+        <translation>existiert bereits. Möchten Sie die Datei ersetzen?</translation>
+    </message>
+    <message>
+        <source>Trasferimento</source>
+        <translation>Übertragung</translation>
+    </message>
+    <message>
+        <source>Tutti i file sono stati copiati correttamente</source>
+        <translation>Alle Dateien wurden erfolgreich kopiert</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile copiare uno o più file</source>
+        <translation>Eine oder mehrere Dateien konnten nicht kopiert werden</translation>
+    </message>
+    <message>
+        <source>Aggiornamento</source>
+        <translation>Aktualisierung</translation>
+    </message>
+    <message>
+        <source>Aggiornamento database...</source>
+        <translation>Datenbank wird aktualisiert...</translation>
+    </message>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Ordner auswählen</translation>
+    </message>
+    <message>
+        <source>Non è possibile copiare i file sul disco di sistema</source>
+        <translation>Auf den Systemdatenträger können keine Dateien kopiert werden</translation>
+    </message>
+    <message>
+        <source>Non è possibile copiare i file sulla cartella principale, creare o selezionare una sottocartella</source>
+        <translation>In den Hauptordner können keine Dateien kopiert werden. Erstellen oder wählen Sie einen Unterordner</translation>
+    </message>
+    <message>
+        <source>Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST perchè sono riservate per funzionalità specifiche di Kavena, selezionare un&apos;altra cartella</source>
+        <translation>Die Ordner BRIDGE, SFX und PLAYLIST können nicht verwendet werden, weil sie für besondere Funktionen von RB27 reserviert sind. Wählen Sie einen anderen Ordner</translation>
+    </message>
+    <message>
+        <source>Lo spazio libero nella memoria non è sufficiente: mancano %1.
+Si vuole procedere comunque con la copia?</source>
+        <translation>Der freie Platz im Speicher reicht nicht aus: Es fehlen %1.
+Trotzdem kopieren?</translation>
+    </message>
+    <message>
+        <source>Trasferimento file...</source>
+        <translation>Dateien werden übertragen...</translation>
+    </message>
+</context>
+<context>
+    <name>NoCopyrightDialog</name>
+    <message>
+        <source>Richiesta conferma</source>
+        <translation>Bestätigung</translation>
+    </message>
+    <message>
+        <source>Il file:</source>
+        <translation>Datei:</translation>
+    </message>
+    <message>
+        <source>TextLabel</source>
+        <translation>TextLabel</translation>
+    </message>
+    <message>
+        <source>Non è stato pubblicato da K-Ravo. Si vuole procedere comunque con le modifiche?</source>
+        <translation>Wurde nicht von K-Ravo veröffentlicht. Trotzdem ändern?</translation>
+    </message>
+    <message>
+        <source>Si</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>Si tutti</source>
+        <translation>Ja, alle</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>No tutti</source>
+        <translation>Nein, keine</translation>
+    </message>
+</context>
+<context>
+    <name>ProceedDialog</name>
+    <message>
+        <source>Riassunto importazione</source>
+        <translation>Zusammenfassung des Imports</translation>
+    </message>
+    <message>
+        <source>Si vuole procedere alla sincronizzazione automatica con il database?</source>
+        <translation>Möchten Sie jetzt automatisch mit der Datenbank synchronisieren?</translation>
+    </message>
+    <message>
+        <source>Non mostrare più messaggi sul copyright</source>
+        <translation>Keine Copyright-Meldungen mehr anzeigen</translation>
+    </message>
+    <message>
+        <source>Si</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Sono stati esaminti %1 files, trovate %2 songs di cui %3 di (c)K-Ravo</source>
+        <translation>%1 Dateien untersucht, %2 Songs gefunden, davon %3 von (c)K-Ravo</translation>
+    </message>
+</context>
+<context>
+    <name>SongsListDialog</name>
+    <message>
+        <source>Salva lista song</source>
+        <translation>Songliste speichern</translation>
+    </message>
+    <message>
+        <source>CF/USB:</source>
+        <translation>CF/USB:</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>Durchsuchen</translation>
+    </message>
+    <message>
+        <source>File:</source>
+        <translation>Datei:</translation>
+    </message>
+    <message>
+        <source>Ordina per:</source>
+        <translation>Sortieren nach:</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Artista</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Musikrichtung</translation>
+    </message>
+    <message>
+        <source>Salva</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Ordner auswählen</translation>
+    </message>
+    <message>
+        <source>Scegli nome del file</source>
+        <translation>Dateinamen auswählen</translation>
+    </message>
+    <message>
+        <source>Il percorso selezionato non esiste</source>
+        <translation>Der gewählte Pfad existiert nicht</translation>
+    </message>
+    <message>
+        <source>Il percorso di destinazione non esiste</source>
+        <translation>Der Zielpfad existiert nicht</translation>
+    </message>
+    <message>
+        <source>Operazione completata</source>
+        <translation>Vorgang abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Impossibile proseguire, la memoria non è preparata per Kavena</source>
+        <translation>Der Vorgang wurde abgebrochen: Der Speicher ist nicht für RB27 vorbereitet</translation>
+    </message>
+    <message>
+        <source>Errore durante la creazione del file</source>
+        <translation>Beim Erstellen der Datei ist ein Fehler aufgetreten</translation>
+    </message>
+</context>
+<context>
+    <name>UserSongsRelTableModel</name>
+    <message>
+        <source>Num</source>
+        <translation>Nr.</translation>
+    </message>
+    <message>
+        <source>Formato</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Artista</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Musikrichtung</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Autor</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Bpm</source>
+        <translation>Bpm</translation>
+    </message>
+    <message>
+        <source>Tonalita&apos;</source>
+        <translation>Tonart</translation>
+    </message>
+    <message>
+        <source>Nome file</source>
+        <translation>Dateiname</translation>
+    </message>
+</context>
+</TS>
