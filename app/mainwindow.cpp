@@ -39,6 +39,22 @@ namespace
 // The columns that follow their contents. The one left out holds the full path, which is hidden.
 constexpr int fittedColumns[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 10};
 
+/** Lets a view stand still while thousands of rows are added, and then shows them all at once. */
+class PaintingPaused
+{
+public:
+    explicit PaintingPaused(QWidget *view)
+        : m_view(view)
+    {
+        m_view->setUpdatesEnabled(false);
+    }
+    ~PaintingPaused() { m_view->setUpdatesEnabled(true); }
+    Q_DISABLE_COPY_MOVE(PaintingPaused)
+
+private:
+    QWidget *const m_view;
+};
+
 } // namespace
 
 MainWindow::MainWindow(QWidget *parent)
@@ -205,11 +221,16 @@ void MainWindow::on_selectDirToolButton_clicked()
                                       nullptr, QFileDialog::DontUseNativeDialog);
     if (files.isEmpty())
         return;
-    m_selectedFiles = files;
-    m_filesCount = static_cast<int>(m_selectedFiles.size());
+    setSelectedFiles(files);
     disableActionButtons();
     importUserLibrary();
     ui->transferFilesToolButton->setEnabled(true);
+}
+
+void MainWindow::setSelectedFiles(const QStringList &files)
+{
+    m_selectedFiles = files;
+    m_filesCount = static_cast<int>(m_selectedFiles.size());
 }
 
 void MainWindow::importUserLibrary()
@@ -233,6 +254,7 @@ void MainWindow::importUserLibrary()
     {
         const auto progress =
             openProgress()(tr("Lettura file"), tr("Importo la libreria..."), m_filesCount);
+        const PaintingPaused paused(ui->userLibraryTableView);
         counts = LibraryImport(*m_model, *progress).importFiles(m_selectedFiles);
     }
     adjustUserLibraryHeaders();
@@ -393,8 +415,9 @@ void MainWindow::deleteRowsFile(int row)
     if (deleted.isEmpty())
         return;
     // Backup and transfer copy the selected files: they would miss this one for ever.
-    m_selectedFiles.removeAll(deleted);
-    m_filesCount = static_cast<int>(m_selectedFiles.size());
+    QStringList files = m_selectedFiles;
+    files.removeAll(deleted);
+    setSelectedFiles(files);
 }
 
 SongEditor MainWindow::songEditor()

@@ -39,6 +39,9 @@ public:
     explicit MainWindow(QWidget *parent = nullptr);
     ~MainWindow() override;
 
+    /** Chooses the files that import, backup and transfer work on; absolute paths. */
+    void setSelectedFiles(const QStringList &files);
+
     /**
      * Replaces the table's rows by the selected files and, where the user wants to be asked, shows
      * the summary and synchronises at once if he agrees.

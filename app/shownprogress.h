@@ -3,7 +3,13 @@
 
 #include "library/progresswindow.h"
 
-/** Says where it can be found as long as it is on screen. */
+#include <QElapsedTimer>
+
+/**
+ * Says where it can be found as long as it is on screen. Plain steps are shown some times a second
+ * only: painting the bar for each of thousands of files would take longer than the files do. The
+ * last step is always shown.
+ */
 class ShownProgress : public ProgressWindow
 {
 public:
@@ -18,7 +24,19 @@ public:
     }
     ~ShownProgress() override { m_shown = m_before; }
 
+    void setValue(int done) override
+    {
+        if (done < dialog().maximum() && m_sinceShown.isValid() &&
+            !m_sinceShown.hasExpired(pauseMilliseconds))
+            return;
+        m_sinceShown.start();
+        ProgressWindow::setValue(done);
+    }
+
 private:
+    static constexpr int pauseMilliseconds = 40;
+
+    QElapsedTimer m_sinceShown;
     Progress *&m_shown;
     Progress *const m_before;
 };

@@ -49,6 +49,14 @@ const Ibm850 &ibm850()
     return tables;
 }
 
+int folded(QChar character)
+{
+    const ushort code = character.unicode();
+    if (code >= 0x80)
+        return character.toCaseFolded().unicode();
+    return code >= 'A' && code <= 'Z' ? code + ('a' - 'A') : code;
+}
+
 } // namespace
 
 QString stringToUpper(const QString &text)
@@ -72,7 +80,7 @@ int compareIgnoringCase(const QString &first, const QString &second)
             continue;
         if (one.isSurrogate() || other.isSurrogate())
             return first.compare(second, Qt::CaseInsensitive);
-        const int difference = one.toCaseFolded().unicode() - other.toCaseFolded().unicode();
+        const int difference = folded(one) - folded(other);
         if (difference != 0)
             return difference;
     }
@@ -94,10 +102,9 @@ QByteArray ibm850FromText(const QString &text)
 QString textFromIbm850(const QByteArray &bytes)
 {
     const Ibm850 &tables = ibm850();
-    QString text;
-    text.reserve(bytes.size());
-    for (const char code : bytes)
-        text += tables.character(code);
+    QString text(bytes.size(), Qt::Uninitialized);
+    std::transform(bytes.begin(), bytes.end(), text.begin(),
+                   [&tables](char code) { return tables.character(code); });
     return text;
 }
 

@@ -20,6 +20,8 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
+#include <optional>
 
 namespace
 {
@@ -55,8 +57,11 @@ bool removeFile(const QString &path)
 QByteArray listLine(const std::array<QStringView, 4> &fields)
 {
     QString line;
+    line.reserve(
+        std::accumulate(fields.begin(), fields.end(), qsizetype(fields.size() + 1),
+                        [](qsizetype sum, QStringView field) { return sum + field.size(); }));
     for (const QStringView field : fields)
-        line += field + QLatin1Char(';');
+        line.append(field).append(QLatin1Char(';'));
     line += QLatin1Char('\n');
     return line.toUtf8();
 }
@@ -300,7 +305,7 @@ bool Index::addFile(const QFileInfo &file, Order &order)
     if (!hasRoomFor(fullPath))
         return false;
 
-    const FileStamp stamp = FileStamp::of(file);
+    const FileStamp stamp = FileStamp::of(fullPath).value_or(FileStamp());
     SongInfoIndex entry;
     entry.fullPath = fullPath;
     entry.path = path;
@@ -424,18 +429,17 @@ void Index::refreshEntry(SongInfoIndex &entry)
         indexChanged = 1;
         return;
     }
-    const QFileInfo file(entry.fullPath);
-    if (!isMemoryPath(entry.path) || !file.isFile()) {
+    const std::optional<FileStamp> stamp = FileStamp::of(entry.fullPath);
+    if (!isMemoryPath(entry.path) || !stamp) {
         entry.id = SongInfoIndex::RemovedId;
         indexChanged = 1;
         return;
     }
-    const FileStamp stamp = FileStamp::of(file);
-    if (stamp.date == entry.date && stamp.time == entry.time)
+    if (stamp->date == entry.date && stamp->time == entry.time)
         return;
     readSong(entry);
-    entry.date = stamp.date;
-    entry.time = stamp.time;
+    entry.date = stamp->date;
+    entry.time = stamp->time;
     indexChanged = 1;
 }
 

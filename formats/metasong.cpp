@@ -18,13 +18,11 @@ namespace
 
 constexpr int magicSize = 4;
 constexpr char midiMagic[] = "MThd";
-constexpr char mf3Magic[] = "_MF3";
-constexpr char mf4Magic[] = "_MF4";
-constexpr char mf5Magic[] = "_MF5";
+constexpr char mfxMagic[] = "_MF"; ///< the variant's digit follows
 constexpr char id3Magic[] = "ID3";
 
-constexpr qint64 shortMfxHeaderSize = 512; ///< of "_MF3" and "_MF4"
-constexpr qint64 longMfxHeaderSize = 1024; ///< of "_MF5"
+/** No MFX header is longer; how long it is, the header itself knows. */
+constexpr qint64 longestMfxHeader = 1024;
 
 // The MIDI data of an "_MF4" file hold three more bytes, uncounted, at the head of the first track.
 constexpr char trackMagic[] = "MTrk";
@@ -97,6 +95,13 @@ bool removeMf4TrackHead(QByteArray &midi)
         return false;
     midi.remove(head, mf4TrackHeadSize);
     return true;
+}
+
+/** The header has exactly the size of its variant. */
+bool isWholeHeader(const MfxHeader &header)
+{
+    MfxHeader copy;
+    return copy.loadHeader(header.header()) && copy.header().size() == header.header().size();
 }
 
 /** The text fields of an MFX header are filled with dashes where the song has no such item. */
@@ -218,7 +223,7 @@ bool MetaSong::importFile(const QString &path)
     bool loaded = false;
     if (start == midiMagic)
         loaded = importMidi(file);
-    else if (start == mf3Magic || start == mf4Magic || start == mf5Magic)
+    else if (start.startsWith(mfxMagic))
         loaded = importMfx(file);
     else if (path.toUpper().endsWith(QLatin1String("MP3")) && isMp3Start(start))
         loaded = importMp3(file);
@@ -242,10 +247,11 @@ bool MetaSong::importMidi(QFile &file)
 
 bool MetaSong::importMfx(QFile &file)
 {
-    const bool isLong = file.peek(magicSize) == mf5Magic;
+    if (!m_mfxHeader.loadHeader(file.peek(longestMfxHeader)) ||
+        !file.seek(m_mfxHeader.header().size()))
+        return false;
     QByteArray compressed;
-    if (!m_mfxHeader.loadHeader(file.read(isLong ? longMfxHeaderSize : shortMfxHeaderSize)) ||
-        !readToEnd(file, compressed))
+    if (!readToEnd(file, compressed))
         return false;
 
     QByteArray midi;
@@ -424,11 +430,8 @@ bool MetaSong::isComplete() const
 {
     if (m_fileType == SongInfo::FileMp3)
         return true;
-    if (isMfx()) {
-        const bool isLong = m_fileType == SongInfo::FileMf5;
-        if (m_mfxHeader.header().size() != (isLong ? longMfxHeaderSize : shortMfxHeaderSize))
-            return false;
-    }
+    if (isMfx() && !isWholeHeader(m_mfxHeader))
+        return false;
     return (isMidi() || isMfx()) && !m_midi.stream().isEmpty();
 }
 

@@ -6,8 +6,10 @@
 #include "support/userdriver.h"
 
 #include <QApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QLabel>
 #include <QSettings>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -82,6 +84,7 @@ private:
     void makeBrokenFiles();
     void import(const QStringList &files);
     void transfer(const QString &destination);
+    void rewrite(const QString &path, const QByteArray &title);
     void clickWhenEnabled(const QString &button);
     int rows() const;
 
@@ -113,7 +116,7 @@ void TestEndToEnd::makeSongs()
 {
     const QString music = m_dir.filePath(QStringLiteral("music/"));
     const QStringList midi = samplesongs::installedMidiFiles();
-    QVERIFY2(midi.size() >= 32, "the MIDI files of openttd-openmsx are needed");
+    QVERIFY2(midi.size() >= 30, "the MIDI files of openttd-openmsx are needed");
     for (int i = 0; i < 28; ++i) {
         m_songs << music + QStringLiteral("SONG%1.MID").arg(i, 2, 10, QLatin1Char('0'));
         QVERIFY(QFile::copy(midi[i], m_songs.last()));
@@ -219,6 +222,17 @@ void TestEndToEnd::transfer(const QString &destination)
     QVERIFY(QApplication::activeModalWidget() == nullptr);
 }
 
+/** Puts another song into the file, at another second: the index knows no finer times. */
+void TestEndToEnd::rewrite(const QString &path, const QByteArray &title)
+{
+    QVERIFY(samplesongs::writeFile(
+        path, songbytes::midiFile({songbytes::track(songbytes::metaEvent(3, title))})));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(QDateTime::currentDateTime().addDays(-3),
+                             QFileDevice::FileModificationTime));
+}
+
 int TestEndToEnd::rows() const
 {
     const auto *view = m_window->findChild<QTableView *>(QStringLiteral("userLibraryTableView"));
@@ -261,7 +275,8 @@ void TestEndToEnd::transferToTheRootLandsInSongsAndBuildsTheIndex()
     const QMap<QByteArray, quint32> ids = idsByPath(m_card);
     QCOMPARE(ids.size(), 40);
     QVERIFY(ids.contains("/songs/SONG00.MID"));
-    QVERIFY(ids.contains("/songs/Along-1.mid") || ids.contains("/songs/Alongn-1.mid"));
+    QVERIFY(ids.contains("/songs/Alongn-1.mid"));
+    QVERIFY(ids.contains("/songs/Alongn-2.mid"));
     const QList<QByteArray> titles = titlesById(m_card).values();
     QVERIFY(titles.contains("GREENSLEEVES"));
     QVERIFY(titles.contains("CITT\xC0 2"));
@@ -271,8 +286,7 @@ void TestEndToEnd::secondTransferWithNoToAllKeepsWhatIsThere()
 {
     const QMap<QByteArray, quint32> before = idsByPath(m_card);
     const QString kept = m_card + QStringLiteral("/songs/SONG05.MID");
-    QVERIFY(samplesongs::writeFile(
-        kept, songbytes::midiFile({songbytes::track(songbytes::metaEvent(3, "My own take"))})));
+    rewrite(kept, "My own take");
     const QByteArray mine = samplesongs::readFile(kept);
 
     import(m_songs.mid(0, 28));
@@ -290,14 +304,7 @@ void TestEndToEnd::removedAndTouchedFilesAreFollowed()
     const quint32 highest = *std::max_element(before.cbegin(), before.cend());
     for (const char *gone : {"/songs/SONG03.MID", "/songs/SONG07.MID"})
         QVERIFY(QFile::remove(m_card + QString::fromLatin1(gone)));
-    QFile touched(m_card + QStringLiteral("/songs/SONG09.MID"));
-    QVERIFY(touched.open(QIODevice::ReadWrite));
-    QVERIFY(touched.resize(0));
-    touched.write(songbytes::midiFile({songbytes::track(songbytes::metaEvent(3, "Touched"))}));
-    QVERIFY(touched.flush());
-    QVERIFY(touched.setFileTime(QDateTime::currentDateTime().addDays(-3),
-                                QFileDevice::FileModificationTime));
-    touched.close();
+    rewrite(m_card + QStringLiteral("/songs/SONG09.MID"), "Touched");
 
     import(m_later.mid(0, 5));
     transfer(m_card);

@@ -18,7 +18,9 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
+#include <QLabel>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QSet>
 #include <QTableView>
@@ -104,7 +106,10 @@ bool Demo::gatherSongs()
     bool ok = QDir().mkpath(music) && QDir().mkpath(m_folder + QStringLiteral("/backups"));
     const QStringList midi = samplesongs::installedMidiFiles();
     for (int i = 0; i < 10 && i < midi.size(); ++i) {
-        m_songs << music + QFileInfo(midi[i]).fileName();
+        // One name stays too long for the player, to show the question about it.
+        const QFileInfo song(midi[i]);
+        m_songs << music + (i == 0 ? song.fileName()
+                                   : song.completeBaseName().left(8) + QStringLiteral(".mid"));
         ok = ok && QFile::copy(midi[i], m_songs.last());
     }
     const struct {
@@ -171,7 +176,8 @@ bool Demo::answerQuestion(QWidget *window)
 {
     if (qobject_cast<NoCopyrightDialog *>(window) == nullptr)
         return false;
-    shootOnce(window, QStringLiteral("question"));
+    const QString about = child<QLabel>(window, "label_2")->text().section(QLatin1Char(' '), 0, 1);
+    shootOnce(window, QStringLiteral("question-") + about);
     clickLater(child<QPushButton>(window, "yesAllPushButton"));
     return true;
 }

@@ -3,7 +3,7 @@
 
     check_memory.py [options] ROOT
 
-Prints one line for each fault. Exit status: 0 the index is consistent, 1 it has faults, 2 there is
+Prints one line for each fault, and with --list the songs as the player's title list shows them. Exit status: 0 the index is consistent, 1 it has faults, 2 there is
 no complete index (the player then finds no songs at all, which is no fault), 3 wrong usage.
 
 The file layouts are written down here a second time, on purpose: this program shares nothing with
@@ -274,6 +274,18 @@ class Checker:
                     self.fault(f"{name} song {song}: id {song_id} is not on the memory")
 
 
+    # What the player shows
+
+    def list_songs(self):
+        paths = {song[0]: song[1].decode("cp850") for song in self.songs}
+        types = ("MIDI", "MP3", "MF3", "MF4", "MF5")
+        print(f"{'id':>5}  {'type':4}  {'bpm':>3}  {'title':26}  path")
+        for song_id, record in self.records.items():
+            title = record[4:30].split(b"\0")[0].decode("latin-1")
+            kind = types[record[31] & 7] if record[31] & 7 < len(types) else "?"
+            print(f"{song_id:5}  {kind:4}  {record[30]:3}  {title:26}  {paths.get(song_id, '?')}")
+
+
 def fold(text):
     """Case is ignored character by character, as the player's lists are sorted."""
     return [char.lower() for char in text]
@@ -293,6 +305,7 @@ def main():
     parser.add_argument("--allow-missing", action="store_true", help="songs that are not listed")
     parser.add_argument("--allow-lost-songs", action="store_true", help="playlists may name them")
     parser.add_argument("--follow-links", action="store_true", help="songs behind symbolic links")
+    parser.add_argument("--list", action="store_true", help="print the songs by title")
     try:
         options = parser.parse_args()
     except SystemExit as stop:
@@ -303,6 +316,8 @@ def main():
         return 2
     checker = Checker(root, options)
     checker.run()
+    if options.list:
+        checker.list_songs()
     for fault in checker.faults:
         print(fault)
     return 1 if checker.faults else 0
