@@ -169,7 +169,7 @@ bool LzHuff::decode()
     if (size == 0)
         return false;
 
-    m_out.resize(static_cast<qsizetype>(size) + F - 1);
+    m_out = QByteArray(static_cast<qsizetype>(size) + F - 1, Qt::Uninitialized);
     int r = firstWrite;
     const auto write = [this, &r](quint8 byte) {
         putOutByte(byte);

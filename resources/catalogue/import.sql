@@ -1,10 +1,12 @@
 -- Fills the table Songs from songs.tsv; run by sqlite3 in this folder, after schema.sql.
 
--- A line with a missing or surplus cell is refused; the import itself would only warn.
-create temp table lines (line text check (length(line) - length(replace(line, char(9), '')) = 9));
+-- .import only warns of a line with a missing or surplus cell; the failing insert stops the build.
+create temp table lines (line text);
+create temp table checks (cells integer check (cells = 10));
 .mode ascii
 .separator "\001" "\n"
 .import songs.tsv lines
+insert into checks select length(line) - length(replace(line, char(9), '')) + 1 from lines;
 
 -- "ascii" takes cells as they stand: quotes mean nothing, blanks are kept.
 create temp table cells (title, artist, genre, author, length, bpm, key, filename, markers, altartist);

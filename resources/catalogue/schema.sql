@@ -1,6 +1,11 @@
 -- The reference catalogue: one row for each published song.
 --
--- All texts are upper case and fit ISO 8859-1, which is what song files can hold.
+-- All texts are upper case and fit ISO 8859-1, which is what song files can hold: letters of that
+-- set keep their accents, all others lose them (Fučík is FUCÍK). An apostrophe that only opens a
+-- title is left out, so that O SOLE MIO is found as people write it.
+--
+-- The performer is one whose historical recording or staging made the song known, otherwise the
+-- composer, otherwise TRADIZIONALE.
 create table Songs (
     title     varchar, -- never empty; several songs can share one
     artist    varchar, -- performer, persons with the surname first, joined by " - "

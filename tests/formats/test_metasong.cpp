@@ -101,7 +101,7 @@ QByteArray payloadOf(const QByteArray &mfx)
 {
     const qsizetype stream = mfxHeaderSize(mfx.left(4));
     const qsizetype size = littleEndianAt(mfx, stream);
-    return lzhufreference::decode(mfx.mid(stream + 4), size, lzhufreference::mfxLookAhead);
+    return lzhufreference::decode(mfx.mid(stream + 4), size, lzhufreference::mfxLookAhead).text;
 }
 
 /** The MIDI data with the three bytes that stand in an "_MF4" payload. */

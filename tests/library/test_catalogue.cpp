@@ -46,19 +46,30 @@ const QSet<QString> &keySpellings()
     return set;
 }
 
-/** The words of a name, sorted: the same for "CARUSO ENRICO" and "ENRICO CARUSO". */
-QStringList sortedWords(const QString &names)
+/** True for "ENRICO CARUSO" and "CARUSO ENRICO", and for a group, which is the same in both. */
+bool isSurnameMovedToTheFront(const QString &displayed, const QString &inOrder)
 {
-    QStringList words = names.toUpper().split(QLatin1Char(' '));
-    words.sort();
-    return words;
+    QStringList words = displayed.split(QLatin1Char(' '));
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        if (words.join(QLatin1Char(' ')) == inOrder)
+            return true;
+        words.append(words.takeFirst());
+    }
+    return false;
 }
 
-/** Upper case, one blank between words, nothing that a song file cannot hold. */
+/** The seconds from the start of the song to a bar, were its bars as short as two beats. */
+int earliestStart(int bar, int bpm)
+{
+    return (bar - 1) * 2 * 60 / bpm;
+}
+
+/** Upper case, one blank between words, nothing that a song file or a lookup cannot hold. */
 bool isTidy(const QString &text)
 {
+    static const QRegularExpression unwanted(str("[\"%_\\x00-\\x1F]"));
     return text == text.toUpper() && text == text.simplified() &&
-           text == QString::fromLatin1(text.toLatin1()) && !text.contains(QLatin1Char('"'));
+           text == QString::fromLatin1(text.toLatin1()) && !text.contains(unwanted);
 }
 
 /** Several names are joined by a hyphen between blanks, none of them empty. */
@@ -78,17 +89,24 @@ private slots:
     void initTestCase();
 
     void tableHasItsColumns();
+    void tableHoldsEnoughSongs();
+    void wellKnownSongsAreIn_data();
+    void wellKnownSongsAreIn();
     void textsAreUpperCaseAndTidy();
     void titlesAreNeverEmpty();
     void namesAreJoinedByHyphens();
     void displayedArtistHasTheSameNames();
     void genresAreASmallClosedSet();
     void lengthsAndTempiAreInRange();
+    void lengthsAndTempiVary();
     void keysAreSpelledAsListed();
+    void everyKeySpellingOccurs();
     void fileNamesAreUniqueBaseNames();
     void markersAreBarsAndTexts();
+    void markersLieWithinTheSong();
     void halfOfTheSongsHaveMarkers();
     void someTitlesAreShared();
+    void songsOfOneTitleDiffer();
     void someMarkersAreNull();
 
 private:
@@ -122,7 +140,7 @@ void TestCatalogue::initTestCase()
         }
     }
     QSqlDatabase::removeDatabase(str("catalogue"));
-    QVERIFY2(m_songs.size() >= 30, qPrintable(QString::number(m_songs.size())));
+    QVERIFY(!m_songs.isEmpty());
 }
 
 void TestCatalogue::tableHasItsColumns()
@@ -131,12 +149,45 @@ void TestCatalogue::tableHasItsColumns()
              str("title artist genre author length bpm key filename markers altartist"));
 }
 
+void TestCatalogue::tableHoldsEnoughSongs()
+{
+    QVERIFY2(m_songs.size() >= 400, qPrintable(QString::number(m_songs.size())));
+}
+
+void TestCatalogue::wellKnownSongsAreIn_data()
+{
+    QTest::addColumn<QString>("author");
+    QTest::newRow("SILENT NIGHT") << "GRUBER FRANZ XAVER";
+    QTest::newRow("GREENSLEEVES") << "TRADIZIONALE";
+    QTest::newRow("AMAZING GRACE") << "NEWTON JOHN";
+    QTest::newRow("JINGLE BELLS") << "PIERPONT JAMES LORD";
+    QTest::newRow("O SOLE MIO") << "DI CAPUA EDUARDO";
+    QTest::newRow("SANTA LUCIA") << "COTTRAU TEODORO";
+    QTest::newRow("FÜR ELISE") << "BEETHOVEN LUDWIG VAN";
+    QTest::newRow("AULD LANG SYNE") << "BURNS ROBERT";
+    QTest::newRow("LA CUMPARSITA") << "MATOS RODRÍGUEZ GERARDO";
+    QTest::newRow("MAPLE LEAF RAG") << "JOPLIN SCOTT";
+    QTest::newRow("VESTI LA GIUBBA") << "LEONCAVALLO RUGGERO";
+}
+
+void TestCatalogue::wellKnownSongsAreIn()
+{
+    QFETCH(QString, author);
+    const QString title = str(QTest::currentDataTag());
+    QStringList authors;
+    for (const Song &song : std::as_const(m_songs)) {
+        if (song.title == title)
+            authors.append(song.author.split(str(" - ")).first());
+    }
+    QCOMPARE(authors, QStringList(author));
+}
+
 void TestCatalogue::textsAreUpperCaseAndTidy()
 {
     for (const Song &song : std::as_const(m_songs)) {
-        for (const QString &text : {song.title, song.artist, song.genre, song.author})
+        for (const QString &text :
+             {song.title, song.artist, song.genre, song.author, song.altArtist})
             QVERIFY2(isTidy(text), qPrintable(song.fileName + str(": ") + text));
-        QVERIFY2(isTidy(song.altArtist.toUpper()), qPrintable(song.fileName));
     }
 }
 
@@ -157,19 +208,26 @@ void TestCatalogue::namesAreJoinedByHyphens()
 void TestCatalogue::displayedArtistHasTheSameNames()
 {
     for (const Song &song : std::as_const(m_songs)) {
-        QVERIFY2(sortedWords(song.artist) == sortedWords(song.altArtist),
-                 qPrintable(song.fileName + str(": ") + song.altArtist));
+        const QStringList inOrder = song.artist.split(str(" - "));
+        const QStringList displayed = song.altArtist.split(str(" - "));
+        QVERIFY2(inOrder.size() == displayed.size(), qPrintable(song.fileName));
+        for (qsizetype i = 0; i < inOrder.size(); ++i)
+            QVERIFY2(isSurnameMovedToTheFront(displayed.at(i), inOrder.at(i)),
+                     qPrintable(song.fileName + str(": ") + song.altArtist));
     }
 }
 
 void TestCatalogue::genresAreASmallClosedSet()
 {
-    QSet<QString> genres;
+    QHash<QString, int> songsByGenre;
     for (const Song &song : std::as_const(m_songs))
-        genres.insert(song.genre);
-    genres.remove(QString());
-    QVERIFY2(genres.size() >= 5 && genres.size() <= 24,
-             qPrintable(QStringList(genres.values()).join(str(", "))));
+        ++songsByGenre[song.genre];
+    songsByGenre.remove(QString());
+    QVERIFY2(songsByGenre.size() >= 16 && songsByGenre.size() <= 24,
+             qPrintable(QStringList(songsByGenre.keys()).join(str(", "))));
+    // A genre of its own for a song or two is a slip of the pen.
+    for (auto genre = songsByGenre.cbegin(); genre != songsByGenre.cend(); ++genre)
+        QVERIFY2(genre.value() >= 10, qPrintable(genre.key()));
 }
 
 void TestCatalogue::lengthsAndTempiAreInRange()
@@ -182,6 +240,28 @@ void TestCatalogue::lengthsAndTempiAreInRange()
         QVERIFY2(isNumberIn(song.length, 32, 631), qPrintable(song.fileName));
         QVERIFY2(isNumberIn(song.bpm, 45, 240), qPrintable(song.fileName));
     }
+}
+
+void TestCatalogue::lengthsAndTempiVary()
+{
+    QSet<int> lengths;
+    QSet<int> tempi;
+    for (const Song &song : std::as_const(m_songs)) {
+        lengths.insert(song.length.toInt());
+        tempi.insert(song.bpm.toInt());
+    }
+    QVERIFY(lengths.contains(32) && lengths.contains(631));
+    QVERIFY(tempi.contains(45) && tempi.contains(240));
+    QVERIFY2(lengths.size() >= 100, qPrintable(QString::number(lengths.size())));
+    QVERIFY2(tempi.size() >= 30, qPrintable(QString::number(tempi.size())));
+}
+
+void TestCatalogue::everyKeySpellingOccurs()
+{
+    QSet<QString> missing = keySpellings();
+    for (const Song &song : std::as_const(m_songs))
+        missing.remove(song.key);
+    QVERIFY2(missing.isEmpty(), qPrintable(QStringList(missing.values()).join(str(", "))));
 }
 
 void TestCatalogue::keysAreSpelledAsListed()
@@ -221,6 +301,21 @@ void TestCatalogue::markersAreBarsAndTexts()
     }
 }
 
+void TestCatalogue::markersLieWithinTheSong()
+{
+    for (const Song &song : std::as_const(m_songs)) {
+        if (song.markers.isNull())
+            continue;
+        const QString markers = song.markers.toString();
+        const QStringList parts = markers.split(QLatin1Char(';'), Qt::SkipEmptyParts);
+        QVERIFY2(parts.size() >= 4, qPrintable(song.fileName + str(": ") + markers));
+        QVERIFY2(parts.first() == str("1"), qPrintable(song.fileName + str(": ") + markers));
+        const int lastBar = parts.at(parts.size() - 2).toInt();
+        QVERIFY2(earliestStart(lastBar, song.bpm.toInt()) < song.length.toInt(),
+                 qPrintable(song.fileName + str(": ") + markers));
+    }
+}
+
 void TestCatalogue::halfOfTheSongsHaveMarkers()
 {
     const auto withMarkers = std::count_if(m_songs.cbegin(), m_songs.cend(),
@@ -233,15 +328,27 @@ void TestCatalogue::someTitlesAreShared()
     QHash<QString, int> songsByTitle;
     for (const Song &song : std::as_const(m_songs))
         ++songsByTitle[song.title];
-    const QList<int> counts = songsByTitle.values();
-    QVERIFY(*std::max_element(counts.cbegin(), counts.cend()) > 1);
+    const auto shared = std::count_if(songsByTitle.cbegin(), songsByTitle.cend(),
+                                      [](int songs) { return songs > 1; });
+    QVERIFY2(shared >= 5, qPrintable(QString::number(shared)));
     QVERIFY2(songsByTitle.size() * 10 >= m_songs.size() * 9, "most titles stand alone");
+}
+
+void TestCatalogue::songsOfOneTitleDiffer()
+{
+    QSet<QString> songs;
+    for (const Song &song : std::as_const(m_songs)) {
+        const QString titleAndAuthor = song.title + QLatin1Char('\n') + song.author;
+        QVERIFY2(!songs.contains(titleAndAuthor), qPrintable(song.fileName));
+        songs.insert(titleAndAuthor);
+    }
 }
 
 void TestCatalogue::someMarkersAreNull()
 {
-    QVERIFY(std::any_of(m_songs.cbegin(), m_songs.cend(),
-                        [](const Song &song) { return song.markers.isNull(); }));
+    const auto withoutMarkers = std::count_if(
+        m_songs.cbegin(), m_songs.cend(), [](const Song &song) { return song.markers.isNull(); });
+    QVERIFY2(withoutMarkers >= 10, qPrintable(QString::number(withoutMarkers)));
 }
 
 QTEST_GUILESS_MAIN(TestCatalogue)

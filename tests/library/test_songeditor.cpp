@@ -1,7 +1,7 @@
 // Editing, hiding and deleting songs: questions answered, progress recorded, files on disk.
 #include "library/dataeditdialog.h"
 #include "library/songeditor.h"
-#include "support/filesizelimit.h"
+#include "support/faults.h"
 #include "support/librarytable.h"
 #include "support/logcapture.h"
 #include "support/modalanswers.h"
@@ -65,7 +65,7 @@ struct Editing {
     SongEditor editor;
 };
 
-/** The lines from the label on, up to the record's dump behind it. */
+/** Where the line stands in the log; negative when it was not written. */
 int position(const QString &line)
 {
     return static_cast<int>(LogCapture::lines().indexOf(line));
@@ -273,7 +273,7 @@ void TestSongEditor::failedSaveIsLoggedAndTheRowShowsTheFile()
     editing.changeTo([](SongEdit &edit) { edit.info.title = QString(100, QLatin1Char('x')); });
     const LogCapture log;
     {
-        const FileSizeLimit full(static_cast<rlim_t>(fullMidi("A").size()));
+        const faults::FileSizeLimit full(static_cast<quint64>(fullMidi("A").size()));
         QVERIFY(editing.editor.edit(0));
     }
     QVERIFY(LogCapture::contains(QStringLiteral("Error! ")));

@@ -1,7 +1,7 @@
 // Synchronisation with the reference catalogue: questions answered, progress recorded, no window.
 #include "library/nocopyrightdialog.h"
 #include "library/synchronisation.h"
-#include "support/filesizelimit.h"
+#include "support/faults.h"
 #include "support/librarytable.h"
 #include "support/logcapture.h"
 #include "support/recordedprogress.h"
@@ -53,6 +53,21 @@ catalogue::Row row(const char *filename, const char *title)
     row.key = QStringLiteral("A -");
     row.markers = QStringLiteral("1;Intro;19;Verse1;");
     return row;
+}
+
+/** Four unsigned files that the catalogue knows. */
+bool addFourUnsigned(LibraryTable &library)
+{
+    for (const char *name : {"a.mid", "b.mid", "c.mid", "d.mid"}) {
+        if (!library.add(QString::fromLatin1(name), midi()))
+            return false;
+    }
+    return true;
+}
+
+QList<catalogue::Row> fourRows()
+{
+    return {row("A", "ONE"), row("B", "TWO"), row("C", "THREE"), row("D", "FOUR")};
 }
 
 /** A run with every question answered from here. */
@@ -141,6 +156,7 @@ private slots:
     void vanishedFileTurnsRedAndTheRunGoesOn();
     void folderInPlaceOfTheFileTurnsRed();
     void failedSaveKeepsTheFileAndShowsIt();
+    void protectedFilesAreLeftAsTheyAre();
     void fileThatCannotBeReadAgainKeepsItsTexts();
     void faultyCatalogueFindsNothing_data();
     void faultyCatalogueFindsNothing();
@@ -422,21 +438,6 @@ void TestSynchronisation::unsignedFileIsChangedAsAnswered()
     QCOMPARE(changed, library.model().status(0) == isSynced);
 }
 
-/** Four unsigned files that the catalogue knows. */
-static bool addFourUnsigned(LibraryTable &library)
-{
-    for (const char *name : {"a.mid", "b.mid", "c.mid", "d.mid"}) {
-        if (!library.add(QString::fromLatin1(name), midi()))
-            return false;
-    }
-    return true;
-}
-
-static QList<catalogue::Row> fourRows()
-{
-    return {row("A", "ONE"), row("B", "TWO"), row("C", "THREE"), row("D", "FOUR")};
-}
-
 void TestSynchronisation::yesToAllChangesTheRestWithoutAsking()
 {
     LibraryTable library(fourRows());
@@ -627,13 +628,52 @@ void TestSynchronisation::failedSaveKeepsTheFileAndShowsIt()
     const QByteArray before = library.bytes(QStringLiteral("song.mid"));
     Run run(library);
     {
-        const FileSizeLimit full(static_cast<rlim_t>(before.size()));
+        const LogCapture quiet; // the limit would hold for the test's own output too
+        const faults::FileSizeLimit full(static_cast<quint64>(before.size()));
         QVERIFY(run.synchronisation.run(false));
     }
     QCOMPARE(library.bytes(QStringLiteral("song.mid")), before);
     QCOMPARE(library.statuses(), QList<int>({isSynced}));
     QCOMPARE(library.cell(0, "title"), QString());
     QCOMPARE(library.cell(0, "genre"), QStringLiteral("Polka"));
+}
+
+void TestSynchronisation::protectedFilesAreLeftAsTheyAre()
+{
+    if (!faults::canBecomeAnotherUser())
+        QSKIP("Only root can make a file that belongs to somebody else");
+    LibraryTable library(fourRows());
+    const QByteArray mp3 = songbytes::id3Tag(songbytes::id3Frame("TCON", "Polka")) + "audio";
+    const QStringList names = {QStringLiteral("a.mid"), QStringLiteral("b.mp3"),
+                               QStringLiteral("c.mid")};
+    QVERIFY(library.add(names.at(0), midi(songbytes::kravoEvent(1, "Polka"))));
+    QVERIFY(library.add(names.at(1), mp3));
+    QVERIFY(library.add(names.at(2), midi()));
+    QList<QByteArray> before;
+    for (const QString &name : names)
+        before.append(library.bytes(name));
+    using File = QFileDevice;
+    const auto readable = File::ReadOwner | File::ReadGroup | File::ReadOther;
+    const auto enterable = File::ExeOwner | File::ExeGroup | File::ExeOther;
+    QVERIFY(QFile::setPermissions(library.path(), readable | enterable | File::WriteOwner));
+    QVERIFY(QFile::setPermissions(library.path(names.at(0)), readable));
+    QVERIFY(QFile::setPermissions(library.path(names.at(1)), readable));
+    QVERIFY(QFile::setPermissions(library.path(names.at(2)), File::Permissions()));
+
+    Run run(library);
+    {
+        const faults::AnotherUser user;
+        QVERIFY(run.synchronisation.run(false));
+    }
+    // Found in the catalogue: green although not written; the third could not even be read.
+    QCOMPARE(library.statuses(), QList<int>({isSynced, isSynced, isNotSynced}));
+    for (int i = 0; i < names.size(); ++i)
+        QCOMPARE(library.bytes(names.at(i)), before.at(i));
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(library.cell(i, "title"), QString());
+        QCOMPARE(library.cell(i, "genre"), QStringLiteral("Polka"));
+    }
+    QCOMPARE(QDir(library.path()).entryList({QStringLiteral("*.tmp")}, QDir::Files).size(), 0);
 }
 
 void TestSynchronisation::fileThatCannotBeReadAgainKeepsItsTexts()

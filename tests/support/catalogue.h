@@ -1,5 +1,7 @@
-// Small catalogues for tests, written as files that the program takes instead of its own.
+// Catalogues for tests whose rows are given field by field, faulty values included.
 #pragma once
+
+#include "support/debugcatalogue.h"
 
 #include <QList>
 #include <QSqlDatabase>
@@ -36,13 +38,8 @@ inline bool write(const QString &path, const QList<Row> &rows)
         database.setDatabaseName(path);
         database.open();
         QSqlQuery query(database);
-        written =
-            query.exec(QStringLiteral(
-                "create table Songs (title varchar, artist varchar, genre varchar, author varchar, "
-                "length integer, bpm integer, key varchar, filename varchar primary key, "
-                "markers varchar, altartist varchar)")) &&
-            database.transaction() &&
-            query.prepare(QStringLiteral("insert into Songs values (?,?,?,?,?,?,?,?,?,?)"));
+        written = query.exec(debugcatalogue::createTable) && database.transaction() &&
+                  query.prepare(QStringLiteral("insert into Songs values (?,?,?,?,?,?,?,?,?,?)"));
         for (const Row &row : rows) {
             const QVariantList values = {row.title,   row.artist,   row.genre, row.author,
                                          row.length,  row.bpm,      row.key,   row.filename,

@@ -6,11 +6,8 @@
 #include "library/usersongsreltablemodel.h"
 #include "support/catalogue.h"
 #include "support/samplesongs.h"
+#include "support/scratchfolder.h"
 
-#include <QDir>
-#include <QTemporaryDir>
-
-#include <memory>
 #include <optional>
 
 /**
@@ -21,17 +18,12 @@
 class LibraryTable
 {
 public:
-    LibraryTable()
-        : m_before(QDir::currentPath())
-    {
-        QDir::setCurrent(m_folder.path());
-    }
+    LibraryTable() = default;
     explicit LibraryTable(const QList<catalogue::Row> &rows)
         : LibraryTable()
     {
         m_good = catalogue::write(catalogue::overrideFile, rows) && open();
     }
-    ~LibraryTable() { QDir::setCurrent(m_before); }
     Q_DISABLE_COPY_MOVE(LibraryTable)
 
     /** True when the catalogue was written and the database opened. */
@@ -47,7 +39,10 @@ public:
 
     UserSongsRelTableModel &model() { return *m_model; }
 
-    QString path(const QString &name) const { return m_folder.filePath(name); }
+    QString path(const QString &name = QString()) const
+    {
+        return QDir(m_folder.path()).filePath(name);
+    }
 
     /** Writes the file and adds its row as the import does; false when it is no song. */
     bool add(const QString &name, const QByteArray &bytes)
@@ -89,11 +84,13 @@ public:
         return all;
     }
 
+private:
+    ScratchFolder m_folder;
+
+public:
     Database database;
 
 private:
-    const QString m_before;
-    QTemporaryDir m_folder;
     std::optional<UserSongsRelTableModel> m_model; ///< goes before the database that it shows
     bool m_good = false;
 };

@@ -59,7 +59,7 @@ private:
     QByteArray trackEvents(int channel)
     {
         const QList<QList<Note>> bars = {bar(), bar(), bar(), bar()};
-        const bool played = pick(4) != 0; // by hand: times and velocities waver
+        const bool played = pick(2) != 0; // by hand: times and velocities waver
         QByteArray out = songbytes::metaEvent(3, "Track " + QByteArray::number(pick(100)));
         for (int i = 0; i < 64; ++i) {
             for (const Note &note : bars[pick(3) == 0 ? pick(4) : i % 4])
@@ -70,11 +70,11 @@ private:
 
     void appendNote(QByteArray &out, const Note &note, int channel, bool played)
     {
-        appendWait(out, note.wait + (played ? pick(9) : 0));
+        appendWait(out, note.wait + (played ? pick(5) : 0));
         out.append(static_cast<char>(0x90 | channel));
         out.append(static_cast<char>(note.key));
         out.append(static_cast<char>(played ? 70 + pick(40) : 100));
-        appendWait(out, note.length - (played ? pick(9) : 0));
+        appendWait(out, note.length - (played ? pick(5) : 0));
         out.append(static_cast<char>(0x80 | channel));
         out.append(static_cast<char>(note.key));
         out.append('\x40');
