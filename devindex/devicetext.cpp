@@ -1,6 +1,7 @@
 #include "devindex/devicetext.h"
 
 #include <QTextCodec>
+#include <QtEndian>
 
 #include <algorithm>
 #include <array>
@@ -85,6 +86,29 @@ int compareIgnoringCase(const QString &first, const QString &second)
             return difference;
     }
     return first.size() == second.size() ? 0 : first.size() < second.size() ? -1 : 1;
+}
+
+void appendSortKey(QByteArray &key, const QString &text)
+{
+    const qsizetype start = key.size();
+    key.resize(start + text.size() * qsizetype(sizeof(quint16)));
+    char *unit = key.data() + start;
+    const auto put = [&unit](int code) {
+        qToBigEndian(static_cast<quint16>(code), unit);
+        unit += sizeof(quint16);
+    };
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar character = text.at(i);
+        const QChar next = i + 1 < text.size() ? text.at(i + 1) : QChar();
+        if (character.isHighSurrogate() && next.isLowSurrogate()) {
+            const char32_t pair = QChar::toCaseFolded(QChar::surrogateToUcs4(character, next));
+            put(QChar::highSurrogate(pair));
+            put(QChar::lowSurrogate(pair));
+            ++i;
+        } else {
+            put(folded(character));
+        }
+    }
 }
 
 QByteArray ibm850FromText(const QString &text)

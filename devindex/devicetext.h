@@ -11,10 +11,13 @@
 QString stringToUpper(const QString &text);
 
 /**
- * The order of two texts by their code points, ignoring case, as QString::compare gives it: below
- * 0, 0 or above. The player's lists are sorted by it, a song at a time, so it is made for speed.
+ * The order of two texts by their characters, ignoring case, as QString::compare gives it: below 0,
+ * 0 or above. Where texts are the same, Unicode's tables are not asked.
  */
 int compareIgnoringCase(const QString &first, const QString &second);
+
+/** Appends bytes that compare as compareIgnoringCase does: case-folded UTF-16, big-endian. */
+void appendSortKey(QByteArray &key, const QString &text);
 
 /** The bytes of a path in code page IBM 850; a character outside it becomes "?". */
 QByteArray ibm850FromText(const QString &text);

@@ -445,7 +445,7 @@ void Index::refreshEntry(SongInfoIndex &entry)
 
 void Index::removeDeletedItems()
 {
-    sortEntries(entries, compareByPosidx);
+    sortByPosidx(entries);
     quint16 removed = 0;
     for (SongInfoIndex &entry : entries) {
         if (entry.id == SongInfoIndex::RemovedId)
@@ -506,7 +506,7 @@ bool Index::writeIndexFiles()
 
 int Index::writePathIndex()
 {
-    sortEntries(entries, compareByPosidx);
+    sortByPosidx(entries);
     return indexwriter::writePaths(filePath(indexfiles::Path), entries);
 }
 
@@ -518,21 +518,21 @@ int Index::writeOrdIndex()
 
 int Index::writeTitleIndex(const QString &name)
 {
-    sortEntries(entries, compareTitle);
+    sortByTitle(entries);
     clearAlphaBuffer();
     return indexwriter::writeTitles(filePath(name), entries, alphaBuffer);
 }
 
 int Index::writeArtistIndex(const QString &name)
 {
-    sortEntries(entries, compareArtist);
+    sortByArtist(entries);
     clearAlphaBuffer();
     return indexwriter::writeGroups(filePath(name), entries, &SongInfoIndex::artist, alphaBuffer);
 }
 
 int Index::writeGenreIndex(const QString &name)
 {
-    sortEntries(entries, compareGenre);
+    sortByGenre(entries);
     clearAlphaBuffer();
     return indexwriter::writeGroups(filePath(name), entries, &SongInfoIndex::genre, alphaBuffer);
 }
@@ -619,10 +619,12 @@ int Index::saveSongsList(const QString &root, const QString &fileName, SORT_MODE
         return -1;
     if (loadAllIndexFile() < 0)
         return 0;
-    const EntryOrder order = mode == SortByArtist  ? compareArtist
-                             : mode == SortByGenre ? compareGenre
-                                                   : compareTitle;
-    sortEntries(entries, order);
+    if (mode == SortByArtist)
+        sortByArtist(entries);
+    else if (mode == SortByGenre)
+        sortByGenre(entries);
+    else
+        sortByTitle(entries);
     if (writeSongsList(fileName))
         return 1;
     if (QFileInfo(fileName).isFile())

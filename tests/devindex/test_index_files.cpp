@@ -1,8 +1,11 @@
 // The index files that the writers make, byte by byte.
+#include "devindex/entrysort.h"
 #include "devindex/index.h"
+#include "devindex/pathorder.h"
 #include "support/devicememory.h"
 #include "support/songbytes.h"
 
+#include <QRandomGenerator>
 #include <QTest>
 
 using namespace songbytes;
@@ -85,6 +88,7 @@ private slots:
     void countFileIsLittleEndian();
     void mp3SubsetDropsEverythingElse();
     void comparators();
+    void sortingFollowsTheComparators();
     void anExistingFileIsReplaced();
     void writersFailWhenAFolderIsInThePlace();
     void writersFailWithoutAMemory();
@@ -340,6 +344,47 @@ void TestIndexFiles::comparators()
     low.artist = QStringLiteral("a");
     low.title = QStringLiteral("z");
     QVERIFY(compareArtist(low, high));
+}
+
+void TestIndexFiles::sortingFollowsTheComparators()
+{
+    QRandomGenerator random(850);
+    // Letters with several forms, some of them outside the first 65,536 characters.
+    const QStringList letters =
+        QStringLiteral("a A b _ 0 é É ß ı i µ μ Ÿ \U00010400 \U00010428 \U0001F3B5 \uE000")
+            .split(QLatin1Char(' '));
+    const auto text = [&](int most) {
+        QString letters_;
+        for (int size = random.bounded(most); size > 0; --size)
+            letters_ += letters.at(random.bounded(int(letters.size())));
+        return letters_;
+    };
+    for (int round = 0; round < 30; ++round) {
+        QList<SongInfoIndex> entries;
+        for (int i = 0; i < 300; ++i) {
+            SongInfoIndex entry;
+            entry.id = static_cast<quint32>(i);
+            entry.posidx = static_cast<quint16>(random.bounded(200));
+            entry.title = text(round % 2 == 0 ? 3 : 9);
+            entry.artist = text(2);
+            entry.genre = text(3);
+            entry.path = QLatin1Char('/') + text(4);
+            entries.append(entry);
+        }
+        const auto check = [&](auto sort, auto compare) {
+            QList<SongInfoIndex> expected = entries;
+            std::stable_sort(expected.begin(), expected.end(), compare);
+            QList<SongInfoIndex> sorted = entries;
+            sort(sorted);
+            for (int i = 0; i < entries.size(); ++i)
+                QCOMPARE(sorted.at(i).id, expected.at(i).id);
+        };
+        check(sortByPosidx, compareByPosidx);
+        check(sortByTitle, compareTitle);
+        check(sortByArtist, compareArtist);
+        check(sortByGenre, compareGenre);
+        check([](QList<SongInfoIndex> &list) { PathOrder(list).apply(); }, compareByPath);
+    }
 }
 
 void TestIndexFiles::anExistingFileIsReplaced()
