@@ -228,6 +228,8 @@ void Index::scanFile(QFileInfo file, Scan &scan)
     emit currentPathChanged(file.filePath());
     if (!checkFileExt(file.suffix()))
         return;
+    if (file.isSymLink() && !file.isFile())
+        return; // a pipe or device at the link's other end could be read for ever
     const QString fullPath = file.absoluteFilePath();
     const QString name = renameLongFileName(fullPath);
     if (name.isEmpty())

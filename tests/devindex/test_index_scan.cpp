@@ -102,6 +102,7 @@ private slots:
     void linkToAnotherFolderIsEntered();
     void linksAmongManyFoldersEnd();
     void brokenLinksAndPipesAreNoSongs();
+    void linksToPipesAndDevicesAreNoSongs();
     void manySongsInReversedFolderOrder();
 };
 
@@ -669,6 +670,23 @@ void TestIndexScan::brokenLinksAndPipesAreNoSongs()
     SongInfoIndex pipe;
     pipe.fullPath = memory.path(QStringLiteral("c.mid"));
     QCOMPARE(index.setSongInfo(pipe), 0);
+}
+
+void TestIndexScan::linksToPipesAndDevicesAreNoSongs()
+{
+    const DeviceMemory memory;
+    memory.add(QStringLiteral("a.mid"), Song);
+    memory.add(QStringLiteral("sfx/real.dat"), Song);
+    QCOMPARE(QProcess::execute(QStringLiteral("mkfifo"), {memory.path(QStringLiteral("pipe"))}), 0);
+    QVERIFY(QFile::link(QStringLiteral("pipe"), memory.path(QStringLiteral("b.mid"))));
+    QVERIFY(QFile::link(QStringLiteral("/dev/zero"), memory.path(QStringLiteral("c.mid"))));
+    QVERIFY(QFile::link(QStringLiteral("sfx/real.dat"), memory.path(QStringLiteral("d.mid"))));
+    AskedIndex index(memory);
+    QVERIFY(index.createIndex(memory.root())); // reading the pipe would take for ever
+    QCOMPARE(index.filesFound, 2u);
+    QCOMPARE(memory.read(QStringLiteral("index.idx")).size(), 2 * 64);
+    QCOMPARE(index.loadAllIndexFile(), 0);
+    QCOMPARE(pathsOf(index), (QStringList{QStringLiteral("/a.mid"), QStringLiteral("/d.mid")}));
 }
 
 void TestIndexScan::manySongsInReversedFolderOrder()
