@@ -627,18 +627,19 @@ int Index::saveSongsList(const QString &root, const QString &fileName, SORT_MODE
         sortByGenre(entries);
     else
         sortByTitle(entries);
-    if (writeSongsList(fileName))
+    RecordWriter list(fileName);
+    if (!list.open())
+        return 0;
+    if (writeSongsList(list))
         return 1;
     if (QFileInfo(fileName).isFile())
         QFile::remove(fileName); // a part of the list would pass for all of it
     return 0;
 }
 
-bool Index::writeSongsList(const QString &fileName)
+bool Index::writeSongsList(RecordWriter &list)
 {
-    RecordWriter list(fileName);
-    if (!list.open() ||
-        !list.append(listLine({tr("TITOLO"), tr("ARTISTA"), tr("GENERE"), tr("FILE")})))
+    if (!list.append(listLine({tr("TITOLO"), tr("ARTISTA"), tr("GENERE"), tr("FILE")})))
         return false;
     emit progressMaxSetup(static_cast<int>(entries.size()));
     int step = 0;
