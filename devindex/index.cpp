@@ -1,5 +1,6 @@
 #include "devindex/index.h"
 
+#include "devindex/companion.h"
 #include "devindex/devicetext.h"
 #include "devindex/entrysort.h"
 #include "devindex/filestamp.h"
@@ -51,6 +52,14 @@ bool readSong(SongInfoIndex &entry)
 bool removeFile(const QString &path)
 {
     return QFile::remove(path) || !QFileInfo::exists(path);
+}
+
+bool renameItem(const QString &path, const QString &newPath)
+{
+    if (QDir().rename(path, newPath))
+        return true;
+    logWarning() << "[Index::renameLongFileName] Impossible to rename" << path;
+    return false;
 }
 
 /** A line of the list of songs: each field closed by ";", without quotes, in UTF-8. */
@@ -262,10 +271,13 @@ QString Index::renameLongFileName(const QString &path)
         return {};
     if (!askForRename(path, candidate))
         return path;
-    if (QDir().rename(path, candidate))
-        return candidate;
-    logWarning() << "[Index::renameLongFileName] Impossible to rename" << path;
-    return {};
+    const QString companion = QFileInfo(path).isFile() ? companionOf(path) : QString();
+    if (!renameItem(path, candidate))
+        return {};
+    // The player finds a song's karaoke pictures by the song's name.
+    if (!companion.isEmpty())
+        renameItem(companion, companionTarget(companion, candidate));
+    return candidate;
 }
 
 bool Index::askForRename(const QString &path, const QString &candidate)

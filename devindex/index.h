@@ -83,7 +83,7 @@ public:
 
     /**
      * The path under which a file or folder is to be used: unchanged, or new after it was renamed;
-     * empty when it cannot be used.
+     * empty when it cannot be used. The karaoke pictures of an MP3 are renamed with it.
      */
     QString renameLongFileName(const QString &path);
 
