@@ -21,7 +21,6 @@
 
 #include <algorithm>
 #include <array>
-#include <numeric>
 #include <optional>
 
 namespace
@@ -65,10 +64,11 @@ bool renameItem(const QString &path, const QString &newPath)
 /** A line of the list of songs: each field closed by ";", without quotes, in UTF-8. */
 QByteArray listLine(const std::array<QStringView, 4> &fields)
 {
+    qsizetype size = 1;
+    for (const QStringView field : fields)
+        size += field.size() + 1;
     QString line;
-    line.reserve(
-        std::accumulate(fields.begin(), fields.end(), qsizetype(fields.size() + 1),
-                        [](qsizetype sum, QStringView field) { return sum + field.size(); }));
+    line.reserve(size);
     for (const QStringView field : fields)
         line.append(field).append(QLatin1Char(';'));
     line += QLatin1Char('\n');
@@ -266,7 +266,7 @@ QString Index::renameLongFileName(const QString &path)
         return path;
     if (isShortName(path))
         return path;
-    const QString candidate = m_shortNames.candidateFor(QFileInfo(path));
+    QString candidate = m_shortNames.candidateFor(QFileInfo(path));
     if (candidate.isEmpty())
         return {};
     if (!askForRename(path, candidate))
@@ -311,8 +311,12 @@ bool Index::addFile(const QFileInfo &file, Order &order)
 
     const QByteArray key = pathSortKey(path);
     const qsizetype place = placeBehind(order, key);
-    // Different characters may share a key, so that the song can be anywhere among equal ones.
-    for (qsizetype same = place - 1; same >= 0 && order.keyAt(same) == key; --same) {
+    // Different characters may share a key, so that the song can be anywhere among equal ones. They
+    // stand as they were found, and are gone through in that order.
+    qsizetype same = place;
+    while (same > 0 && order.keyAt(same - 1) == key)
+        --same;
+    for (; same < place; ++same) {
         if (isIndexedAs(order.entryAt(same), path, fullPath))
             return true;
     }
