@@ -1,7 +1,7 @@
 // Copying songs beside "cp" of the same files in the same run: a library of small MIDI files and
 // some MP3s, from the page cache. "ratio" is the median of the one by the median of the other.
+#include "app/shownprogress.h"
 #include "devindex/filecopier.h"
-#include "library/progresswindow.h"
 
 #include <QApplication>
 #include <QDir>
@@ -111,9 +111,10 @@ double timeOfCopyFiles(benchmark::State &state)
     const QString dest = songs().emptyDest();
     QWidget window;
     window.show();
-    ProgressWindow progress(QStringLiteral("Trasferimento"),
-                            QStringLiteral("Trasferimento file..."),
-                            static_cast<int>(songs().files().size()), &window);
+    Progress *shown = nullptr;
+    ShownProgress progress(shown, QStringLiteral("Trasferimento"),
+                           QStringLiteral("Trasferimento file..."),
+                           static_cast<int>(songs().files().size()), &window);
     QCoreApplication::processEvents();
     FileCopier copier;
     const double time = milliseconds([&] {

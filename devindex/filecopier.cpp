@@ -94,15 +94,15 @@ bool FileCopier::copyFiles(const QStringList &files, const QString &dest, int &c
         }
         const QString target = targetOf(source, dest);
         ++processed;
-        if (isInPlace(source, target)) {
+        const bool exists = QFileInfo::exists(target);
+        if (source == target || (exists && isSameFile(source, target))) {
             ++copied;
             continue;
         }
         logDebug() << "Copying file:" << source << "to:" << target;
-        const bool replace = QFileInfo::exists(target);
-        if (replace && !mayReplace(target))
+        if (exists && !mayReplace(target))
             continue;
-        if (copySong(source, target, replace))
+        if (copySong(source, target, exists))
             ++copied;
         else
             ++failed;
