@@ -1,5 +1,6 @@
 #include "devindex/index.h"
 
+#include "devindex/companion.h"
 #include "devindex/devicetext.h"
 #include "devindex/entrysort.h"
 #include "devindex/filestamp.h"
@@ -20,7 +21,6 @@
 
 #include <algorithm>
 #include <array>
-#include <numeric>
 #include <optional>
 
 namespace
@@ -53,13 +53,22 @@ bool removeFile(const QString &path)
     return QFile::remove(path) || !QFileInfo::exists(path);
 }
 
+bool renameItem(const QString &path, const QString &newPath)
+{
+    if (QDir().rename(path, newPath))
+        return true;
+    logWarning() << "[Index::renameLongFileName] Impossible to rename" << path;
+    return false;
+}
+
 /** A line of the list of songs: each field closed by ";", without quotes, in UTF-8. */
 QByteArray listLine(const std::array<QStringView, 4> &fields)
 {
+    qsizetype size = 1;
+    for (const QStringView field : fields)
+        size += field.size() + 1;
     QString line;
-    line.reserve(
-        std::accumulate(fields.begin(), fields.end(), qsizetype(fields.size() + 1),
-                        [](qsizetype sum, QStringView field) { return sum + field.size(); }));
+    line.reserve(size);
     for (const QStringView field : fields)
         line.append(field).append(QLatin1Char(';'));
     line += QLatin1Char('\n');
@@ -228,6 +237,8 @@ void Index::scanFile(QFileInfo file, Scan &scan)
     emit currentPathChanged(file.filePath());
     if (!checkFileExt(file.suffix()))
         return;
+    if (file.isSymLink() && !file.isFile())
+        return; // a pipe or device at the link's other end could be read for ever
     const QString fullPath = file.absoluteFilePath();
     const QString name = renameLongFileName(fullPath);
     if (name.isEmpty())
@@ -255,15 +266,18 @@ QString Index::renameLongFileName(const QString &path)
         return path;
     if (isShortName(path))
         return path;
-    const QString candidate = m_shortNames.candidateFor(QFileInfo(path));
+    QString candidate = m_shortNames.candidateFor(QFileInfo(path));
     if (candidate.isEmpty())
         return {};
     if (!askForRename(path, candidate))
         return path;
-    if (QDir().rename(path, candidate))
-        return candidate;
-    logWarning() << "[Index::renameLongFileName] Impossible to rename" << path;
-    return {};
+    const QString companion = QFileInfo(path).isFile() ? companionOf(path) : QString();
+    if (!renameItem(path, candidate))
+        return {};
+    // The player finds a song's karaoke pictures by the song's name.
+    if (!companion.isEmpty())
+        renameItem(companion, companionTarget(companion, candidate));
+    return candidate;
 }
 
 bool Index::askForRename(const QString &path, const QString &candidate)
@@ -297,8 +311,12 @@ bool Index::addFile(const QFileInfo &file, Order &order)
 
     const QByteArray key = pathSortKey(path);
     const qsizetype place = placeBehind(order, key);
-    // Different characters may share a key, so that the song can be anywhere among equal ones.
-    for (qsizetype same = place - 1; same >= 0 && order.keyAt(same) == key; --same) {
+    // Different characters may share a key, so that the song can be anywhere among equal ones. They
+    // stand as they were found, and are gone through in that order.
+    qsizetype same = place;
+    while (same > 0 && order.keyAt(same - 1) == key)
+        --same;
+    for (; same < place; ++same) {
         if (isIndexedAs(order.entryAt(same), path, fullPath))
             return true;
     }
@@ -625,18 +643,19 @@ int Index::saveSongsList(const QString &root, const QString &fileName, SORT_MODE
         sortByGenre(entries);
     else
         sortByTitle(entries);
-    if (writeSongsList(fileName))
+    RecordWriter list(fileName);
+    if (!list.open())
+        return 0;
+    if (writeSongsList(list))
         return 1;
     if (QFileInfo(fileName).isFile())
         QFile::remove(fileName); // a part of the list would pass for all of it
     return 0;
 }
 
-bool Index::writeSongsList(const QString &fileName)
+bool Index::writeSongsList(RecordWriter &list)
 {
-    RecordWriter list(fileName);
-    if (!list.open() ||
-        !list.append(listLine({tr("TITOLO"), tr("ARTISTA"), tr("GENERE"), tr("FILE")})))
+    if (!list.append(listLine({tr("TITOLO"), tr("ARTISTA"), tr("GENERE"), tr("FILE")})))
         return false;
     emit progressMaxSetup(static_cast<int>(entries.size()));
     int step = 0;

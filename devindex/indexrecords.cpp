@@ -134,9 +134,9 @@ bool GroupHeader::isHeader(const char *bytes)
 
 quint16 PlaylistListRecord::number(const char *bytes)
 {
-    const int high = static_cast<quint8>(bytes[1]);
-    const int low = static_cast<qint8>(bytes[0]);
-    return static_cast<quint16>(high * 256 + low);
+    constexpr int signBit = 0x80;
+    const int number = qFromLittleEndian<quint16>(bytes);
+    return static_cast<quint16>((number & signBit) != 0 ? number - 0x100 : number);
 }
 
 quint32 PlaylistSongRecord::id(const char *bytes)

@@ -8,8 +8,8 @@
 namespace
 {
 
-/** The order file is written in blocks of this many values. */
-constexpr int OrderBlock = 512;
+/** The order file is written in blocks of 512 values. */
+constexpr std::size_t OrderBlockSize = std::size_t(512) * OrderValue::Size;
 
 SongRecord songRecord(const SongInfoIndex &entry)
 {
@@ -53,7 +53,7 @@ int indexwriter::writeOrder(const QString &path, const QList<SongInfoIndex> &ent
     RecordWriter file(path);
     if (!file.open())
         return -1;
-    std::array<char, OrderBlock * OrderValue::Size> block{};
+    std::array<char, OrderBlockSize> block{};
     std::size_t filled = 0;
     for (const SongInfoIndex &entry : entries) {
         OrderValue::encode(block.data() + filled, entry.posidx);

@@ -55,7 +55,7 @@ QString ShortNames::candidateFor(const QFileInfo &item)
 
     int &number = m_firstFree[folder + stem + suffix];
     for (number = std::max(number, 1); number <= MaxNumber; ++number) {
-        const QString candidate = folder + numberedBase(stem, number) + suffix;
+        QString candidate = folder + numberedBase(stem, number) + suffix;
         if (!isTaken(candidate))
             return candidate;
     }

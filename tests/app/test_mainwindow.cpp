@@ -208,9 +208,13 @@ private slots:
     void synchronisationLeavesItsButtonDisabled();
     void refusedBackupEnablesTheButtonAgain();
     void unsignedFilesAreAskedAboutOnlyWhenWanted();
+    void noToAllHoldsForOneSynchronisation();
+    void cancelledSynchronisationKeepsTheRestAsItWas();
     void singleRowIsSynchronised();
 
     void doubleClickEditsTheSong();
+    void doubleClickOnAnUnreadableFileDoesNothing();
+    void fileNamesBecomeTheTitlesOfAllSongs();
     void manualChangeIsWrittenAndShown();
     void editedRowIsScrolledToTheCentre();
     void removedRowLeavesTheFile();
@@ -796,6 +800,73 @@ void TestMainWindow::unsignedFilesAreAskedAboutOnlyWhenWanted()
     QCOMPARE(window.model()->status(0), int(Database::StatusSynced));
 }
 
+void TestMainWindow::noToAllHoldsForOneSynchronisation()
+{
+    QVERIFY(writeCatalogue());
+    OwnSettings::set(settings::copyrightAsk, true);
+    const SongFolder songs;
+    WindowUnderTest window;
+    window.setSelectedFiles({songs.midi(QStringLiteral("known.mid"), "A"),
+                             songs.midi(QStringLiteral("b.mid"), "Known title"),
+                             songs.signedMidi(QStringLiteral("c.mid"), "Known title")});
+    int questions = 0;
+    QString answer = QStringLiteral("noAllPushButton");
+    ModalAnswers user;
+    user.click<BackupDialog>(QStringLiteral("exitPushButton"));
+    user.add([](QWidget *modal) {
+        return qobject_cast<ProceedDialog *>(modal) != nullptr && modal->close();
+    });
+    user.add([&](QWidget *modal) {
+        auto *const question = qobject_cast<NoCopyrightDialog *>(modal);
+        if (question == nullptr)
+            return false;
+        ++questions;
+        QTest::mouseClick(question->findChild<QPushButton *>(answer), Qt::LeftButton);
+        return true;
+    });
+    window.importUserLibrary();
+    QTest::mouseClick(window.updateButton(), Qt::LeftButton);
+    QCOMPARE(questions, 1);
+    QCOMPARE(window.model()->status(0), int(Database::StatusNotSynced));
+    QCOMPARE(window.model()->status(1), int(Database::StatusNotSynced));
+    QCOMPARE(window.model()->status(2), int(Database::StatusSynced));
+    QCOMPARE(OwnSettings::value(settings::copyrightAsk), QVariant(true));
+
+    answer = QStringLiteral("yesAllPushButton");
+    window.importUserLibrary();
+    QTest::mouseClick(window.updateButton(), Qt::LeftButton);
+    QCOMPARE(questions, 2);
+    for (int row = 0; row < 3; ++row)
+        QCOMPARE(window.model()->status(row), int(Database::StatusSynced));
+}
+
+void TestMainWindow::cancelledSynchronisationKeepsTheRestAsItWas()
+{
+    QVERIFY(writeCatalogue());
+    OwnSettings::set(settings::copyrightAsk, false);
+    const SongFolder songs;
+    QStringList files;
+    for (int i = 0; i < 400; ++i)
+        files << songs.midi(QStringLiteral("%1.mid").arg(i), "Known title");
+    WindowUnderTest window;
+    window.setSelectedFiles(files);
+    window.importUserLibrary();
+    ModalAnswers user;
+    user.click<BackupDialog>(QStringLiteral("exitPushButton"));
+    user.click<QProgressDialog>(QString()); // its only button
+    QTest::mouseClick(window.updateButton(), Qt::LeftButton);
+
+    int done = 0;
+    while (done < files.size() && window.model()->status(done) == Database::StatusSynced)
+        ++done;
+    QVERIFY(done < files.size());
+    for (int row = done; row < files.size(); ++row)
+        QCOMPARE(window.model()->status(row), int(Database::StatusNew));
+    QVERIFY(window.updateButton()->isEnabled());
+    QVERIFY(window.transferButton()->isEnabled());
+    QVERIFY(QApplication::activeModalWidget() == nullptr);
+}
+
 void TestMainWindow::singleRowIsSynchronised()
 {
     QVERIFY(writeCatalogue());
@@ -837,6 +908,62 @@ void TestMainWindow::doubleClickEditsTheSong()
     SongInfo info;
     song.getSongInfo(info);
     QCOMPARE(info.title, QStringLiteral("New title"));
+}
+
+void TestMainWindow::doubleClickOnAnUnreadableFileDoesNothing()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    window.setSelectedFiles({songs.midi(QStringLiteral("a.mid"), "Old title")});
+    window.importUserLibrary();
+    QVERIFY(QFile::remove(songs.filePath(QStringLiteral("a.mid"))));
+    int windows = 0;
+    ModalAnswers user;
+    user.add([&](QWidget *modal) {
+        ++windows;
+        return modal->close();
+    });
+    doubleClick(window, 0);
+    QTest::qWait(20);
+    QCOMPARE(windows, 0);
+    QCOMPARE(window.model()->index(0, 2).data().toString(), QStringLiteral("Old title"));
+    QCOMPARE(window.model()->status(0), int(Database::StatusNew));
+}
+
+void TestMainWindow::fileNamesBecomeTheTitlesOfAllSongs()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    window.setSelectedFiles({songs.midi(QStringLiteral("a.mid"), "A"),
+                             songs.midi(QStringLiteral("Song.Name.mid"), "B"),
+                             songs.mp3(QStringLiteral("c.mp3"), "C")});
+    window.importUserLibrary();
+    ModalAnswers user;
+    user.pressInMessageBoxes(QMessageBox::Yes);
+    user.add([](QWidget *modal) {
+        auto *const dialog = qobject_cast<DataEditDialog *>(modal);
+        if (dialog == nullptr)
+            return false;
+        const auto press = [dialog](const char *name) {
+            QMetaObject::invokeMethod(
+                dialog->findChild<QAbstractButton *>(QString::fromLatin1(name)), "click",
+                Qt::QueuedConnection);
+        };
+        if (dialog->isApplyToAllFname()) {
+            press("savePushButton");
+        } else {
+            press("radioButtonTitle2");
+            press("checkBoxToAllTitle");
+        }
+        return true;
+    });
+    doubleClick(window, 0);
+    const QStringList titles{QStringLiteral("a"), QStringLiteral("Song.Name"), QStringLiteral("c")};
+    for (int row = 0; row < titles.size(); ++row) {
+        QCOMPARE(window.model()->index(row, 2).data().toString(), titles.at(row));
+        QCOMPARE(window.model()->status(row), int(Database::StatusEdited));
+    }
+    QVERIFY(QApplication::activeModalWidget() == nullptr);
 }
 
 void TestMainWindow::manualChangeIsWrittenAndShown()

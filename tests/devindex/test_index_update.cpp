@@ -274,7 +274,8 @@ void TestIndexUpdate::namesOutsideThePlayersCodePageAreKept()
 {
     const DeviceMemory memory;
     for (const char *name : {"Жук.mid", "Яма.mid", "日本.mp3", "e\xCC\x81.mid", "a.mid"})
-        memory.add(QString::fromUtf8(name), midi("T"));
+        memory.add(QString::fromUtf8(name), midi("T"),
+                   DeviceMemory::defaultTime().addDays(memory.snapshot().size()));
     QVERIFY(Index().createIndex(memory.root()));
     QCOMPARE(memory.faults(), QString());
     const QStringList records = pathRecords(memory);

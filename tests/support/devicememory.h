@@ -105,8 +105,8 @@ public:
         QProcess checker;
         checker.setProcessChannelMode(QProcess::MergedChannels);
         checker.start(QStringLiteral("python3"),
-                      QStringList{QFINDTESTDATA("tools/check_memory.py")} + options +
-                          QStringList{root});
+                      QStringList{QStringLiteral("-S"), QFINDTESTDATA("tools/check_memory.py")} +
+                          options + QStringList{root});
         if (!checker.waitForFinished())
             return QStringLiteral("the checker does not run");
         const QString output = QString::fromUtf8(checker.readAll());
