@@ -238,7 +238,7 @@ void TestLibraryImport::hostileFilesAreCountedAsBad()
     const QStringList files{
         songs.write(QStringLiteral("empty.mid"), QByteArray()),
         songs.write(QStringLiteral("threebytes.mid"), "MTh"),
-        songs.write(QStringLiteral("notrack.mid"), "MThd" + bigEndian(6, 4) + bigEndian(0, 6)),
+        songs.write(QStringLiteral("notrack.mid"), "MThd" + bigEndian(6, 4) + QByteArray(6, '\0')),
         songs.write(QStringLiteral("headeronly.mf5"), "_MF5" + QByteArray(200, '\xFF')),
         songs.write(QStringLiteral("nopayload.mf3"), "_MF3" + QByteArray(508, '\0')),
     };
