@@ -67,7 +67,7 @@ QByteArray listLine(const std::array<QStringView, 4> &fields)
 {
     QString line;
     line.reserve(
-        std::accumulate(fields.begin(), fields.end(), qsizetype(fields.size() + 1),
+        std::accumulate(fields.begin(), fields.end(), qsizetype(fields.size()) + 1,
                         [](qsizetype sum, QStringView field) { return sum + field.size(); }));
     for (const QStringView field : fields)
         line.append(field).append(QLatin1Char(';'));
@@ -266,7 +266,7 @@ QString Index::renameLongFileName(const QString &path)
         return path;
     if (isShortName(path))
         return path;
-    const QString candidate = m_shortNames.candidateFor(QFileInfo(path));
+    QString candidate = m_shortNames.candidateFor(QFileInfo(path));
     if (candidate.isEmpty())
         return {};
     if (!askForRename(path, candidate))
