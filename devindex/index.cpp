@@ -492,7 +492,7 @@ bool Index::writeIndexFiles()
         SongFile{&Index::writeGenreIndex, indexfiles::Mp3Genre, indexfiles::AlphaMp3Genre, 90}};
     constexpr std::size_t firstMp3File = 3;
 
-    if (!removeFile(filePath(indexfiles::Count)))
+    if (!removeFile(filePath(indexfiles::Count)) || !removeLinks())
         return false;
     if (writeOrdIndex() < 0)
         return false;
@@ -518,6 +518,15 @@ bool Index::writeIndexFiles()
         return false;
     emit progressValueChanged(100);
     return true;
+}
+
+/** Writing through a link would change a file outside the memory. */
+bool Index::removeLinks() const
+{
+    return std::all_of(indexfiles::All.begin(), indexfiles::All.end(), [this](QLatin1String name) {
+        const QString path = filePath(name);
+        return !QFileInfo(path).isSymLink() || QFile::remove(path);
+    });
 }
 
 // The writers ------------------------------------------------------------------------------------

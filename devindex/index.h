@@ -194,6 +194,7 @@ private:
 
     void refreshEntry(SongInfoIndex &entry);
     bool writeIndexFiles();
+    bool removeLinks() const;
     bool writeSongsList(RecordWriter &list);
 
     RenameQuestion m_renameQuestion;

@@ -19,10 +19,26 @@ namespace
 constexpr QLatin1String SongsSuffix("dat");
 constexpr QLatin1String PathsSuffix("pts");
 
-/** Opens a file that is there already; anything but a regular file could block for ever. */
+/**
+ * True for a regular file, which never blocks for ever, that lies here itself: a link could lead
+ * what is written to a file outside the memory.
+ */
+bool isOwnFile(const QString &path)
+{
+    const QFileInfo file(path);
+    return file.isFile() && !file.isSymLink();
+}
+
+/** True for a path at which nothing lies, not even a link that leads nowhere. */
+bool isFree(const QString &path)
+{
+    const QFileInfo file(path);
+    return !file.exists() && !file.isSymLink();
+}
+
 bool openExisting(QFile &file, QIODevice::OpenMode mode)
 {
-    return QFileInfo(file).isFile() && file.open(mode | QIODevice::ExistingOnly);
+    return isOwnFile(file.fileName()) && file.open(mode | QIODevice::ExistingOnly);
 }
 
 QString pathOfId(const QList<SongInfoIndex> &entries, quint32 id)
@@ -86,8 +102,7 @@ bool PlaylistFiles::readNumbers(QList<quint16> &numbers) const
 
 bool PlaylistFiles::needsPathFile(quint16 number) const
 {
-    return QFileInfo(fileName(number, SongsSuffix)).isFile() &&
-           !QFileInfo::exists(fileName(number, PathsSuffix));
+    return isOwnFile(fileName(number, SongsSuffix)) && isFree(fileName(number, PathsSuffix));
 }
 
 bool PlaylistFiles::savePaths(quint16 number, const QList<SongInfoIndex> &entries) const
@@ -95,8 +110,9 @@ bool PlaylistFiles::savePaths(quint16 number, const QList<SongInfoIndex> &entrie
     QFile playlist(fileName(number, SongsSuffix));
     if (!openExisting(playlist, QIODevice::ReadOnly))
         return false;
-    RecordWriter paths(fileName(number, PathsSuffix));
-    if (!paths.open())
+    const QString pathsName = fileName(number, PathsSuffix);
+    RecordWriter paths(pathsName);
+    if (!(isFree(pathsName) || isOwnFile(pathsName)) || !paths.open())
         return false;
     bool written = true;
     for (int song = 0; song < SongInfoIndex::MaxSongs && written; ++song) {

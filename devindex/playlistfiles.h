@@ -10,7 +10,8 @@ class PathOrder;
 
 /**
  * The playlists on one memory. They name songs by id; their path files name them by path. Of a
- * playlist no more songs are looked at than a memory can hold.
+ * playlist no more songs are looked at than a memory can hold. Links are passed over: what is
+ * written stays on the memory.
  */
 class PlaylistFiles
 {

@@ -164,6 +164,7 @@ private slots:
     void pathsOutsideTheMemoryAreDropped();
     void randomIndexesAreHarmless();
 
+    void linksInPlaceOfIndexFilesAreNotWrittenThrough();
     void folderInTheFilesPlaceFailsTheBuild_data();
     void folderInTheFilesPlaceFailsTheBuild();
     void shortWriteAnywhereLeavesNoIndex();
@@ -454,6 +455,26 @@ void TestIndexHostile::randomIndexesAreHarmless()
     QVERIFY(loaded > 10 && loaded < 300);
     QVERIFY(Index().createIndex(memory.root()));
     QCOMPARE(memory.faults(), QString());
+}
+
+void TestIndexHostile::linksInPlaceOfIndexFilesAreNotWrittenThrough()
+{
+    const DeviceMemory memory;
+    const DeviceMemory computer;
+    memory.add(QStringLiteral("a.mid"), Song);
+    QVERIFY(Index().createIndex(memory.root()));
+    for (const QString &name : DeviceMemory::indexFiles()) {
+        computer.add(name, memory.read(name));
+        memory.remove(name);
+        QVERIFY(QFile::link(computer.path(name), memory.path(name)));
+    }
+    const auto before = computer.snapshot();
+    memory.add(QStringLiteral("b.mp3"), Song);
+    QVERIFY(Index().updateIndex(memory.root()));
+    QCOMPARE(computer.snapshot(), before);
+    QCOMPARE(memory.faults(), QString());
+    for (const QString &name : DeviceMemory::indexFiles())
+        QVERIFY2(!QFileInfo(memory.path(name)).isSymLink(), qPrintable(name));
 }
 
 void TestIndexHostile::folderInTheFilesPlaceFailsTheBuild_data()

@@ -80,6 +80,8 @@ public:
 
 const QByteArray One("\x01\x00", 2);
 const QByteArray Two("\x02\x00", 2);
+const QByteArray Three("\x03\x00", 2);
+const QByteArray Four("\x04\x00", 2);
 
 } // namespace
 
@@ -113,6 +115,7 @@ private slots:
     void restoreNeedsBothFiles();
     void restoreEndsWithTheShorterFile();
     void pathFileThatCannotBeMadeKeepsTheIds();
+    void linksInPlaceOfPlaylistsAreNotWrittenThrough();
     void folderInPlaceOfTheListIsNoList();
 
 private:
@@ -395,6 +398,29 @@ void TestIndexPlaylists::pathFileThatCannotBeMadeKeepsTheIds()
     QVERIFY(index.updateIndex(memory.root()));
     QCOMPARE(int(index.restorePlaylists), 0);
     QCOMPARE(memory.snapshot(), before);
+}
+
+void TestIndexPlaylists::linksInPlaceOfPlaylistsAreNotWrittenThrough()
+{
+    const PlaylistMemory memory;
+    const DeviceMemory computer;
+    memory.addList({One, Two, Three, Four});
+    const auto link = [&](const char *number, const char *suffix, const QByteArray &bytes) {
+        const QString name = PlaylistMemory::fileName(number, suffix);
+        QVERIFY(QFile::link(computer.add(name, bytes), memory.path(name)));
+    };
+    link("0001", "dat", playlist({4, 0}));
+    memory.addPlaylist("0002", {1});
+    link("0002", "pts", "the user's own");
+    memory.addPlaylist("0003", {2});
+    memory.addPlaylist("0004", {1});
+    QVERIFY(QFile::link(computer.path(QStringLiteral("nothing yet")),
+                        memory.path(PlaylistMemory::fileName("0004", "pts"))));
+    const auto before = computer.snapshot();
+    QVERIFY(Index().updateIndex(memory.root()));
+    QCOMPARE(computer.snapshot(), before);
+    QCOMPARE(memory.paths("0003"), pathRecord("/c.mid"));
+    QCOMPARE(memory.songs("0003"), playlist({7}));
 }
 
 void TestIndexPlaylists::folderInPlaceOfTheListIsNoList()
