@@ -5,6 +5,8 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QList>
+#include <QPersistentModelIndex>
 
 SongEditor::SongEditor(UserSongsRelTableModel &model, AskEdit askEdit, AskDelete askDelete,
                        OpenProgress openProgress)
@@ -76,16 +78,25 @@ QString SongEditor::deleteFile(int row)
     return QFile::exists(path) ? QString() : path;
 }
 
-/** Always runs to its end, so that no library is left half changed: it cannot be stopped. */
+/**
+ * Always runs to its end, so that no library is left half changed: it cannot be stopped. A progress
+ * window that was cancelled is gone, though, and the table can then be sorted under the loop: the
+ * rows are kept by indexes that move with them.
+ */
 void SongEditor::applyToAll(const SongEdit &edit, int editedRow)
 {
     const int rows = m_model.goodRowCount();
+    QList<QPersistentModelIndex> songs;
+    songs.reserve(rows);
+    for (int row = 0; row < rows; ++row)
+        songs.append(m_model.rowIndex(row));
+
     const auto progress =
         m_openProgress(QCoreApplication::translate("MainWindow", "Aggiornamento file"),
                        QCoreApplication::translate("MainWindow", "Aggiorno la libreria..."), rows);
-    for (int row = 0; row < rows; ++row) {
-        if (row != editedRow && applyToRow(edit, row))
-            progress->updateProgress(row + 1);
+    for (int done = 0; done < rows; ++done) {
+        if (done != editedRow && applyToRow(edit, songs.at(done).row()))
+            progress->updateProgress(done + 1);
         QCoreApplication::processEvents();
     }
 }

@@ -96,6 +96,7 @@ private slots:
     void bulkEditCannotBeStopped();
     void pendingEventsRunBetweenFiles();
     void bulkEditOfASortedTableReachesEveryRow();
+    void bulkEditReachesEveryRowOfATableThatIsSortedMeanwhile();
     void removedRowLeavesTheFile();
     void removingARowThatDoesNotExistChangesNothing();
     void deletingAsksFirst();
@@ -472,6 +473,35 @@ void TestSongEditor::bulkEditOfASortedTableReachesEveryRow()
     QCOMPARE(library.model().shortName(edited), editedName);
     for (int row = 0; row < 4; ++row)
         QCOMPARE(library.song(library.model().shortName(row)).artist, QStringLiteral("A"));
+}
+
+// The progress window hides when it is cancelled, and the edit goes on: the header is free then.
+void TestSongEditor::bulkEditReachesEveryRowOfATableThatIsSortedMeanwhile()
+{
+    LibraryTable library(QList<catalogue::Row>{});
+    const QStringList names =
+        QStringLiteral("a.mid b.mid c.mid d.mid e.mid").split(QLatin1Char(' '));
+    for (const QString &name : names)
+        QVERIFY(library.add(name, fullMidi(name.toLatin1())));
+    Editing editing(library);
+    editing.changeTo([](SongEdit &edit) {
+        edit.info.title = QStringLiteral("My own title");
+        edit.titleToAll = true;
+    });
+    editing.progress.onUpdate = [&library](int done) {
+        const auto order = done % 2 == 0 ? Qt::AscendingOrder : Qt::DescendingOrder;
+        library.model().sort(library.model().fieldIndex(QStringLiteral("shortname")), order);
+    };
+    QVERIFY(editing.editor.edit(1));
+
+    QStringList titles;
+    for (const QString &name : names)
+        titles.append(library.song(name).title);
+    QCOMPARE(titles, QStringList({QStringLiteral("a"), QStringLiteral("My own title"),
+                                  QStringLiteral("c"), QStringLiteral("d"), QStringLiteral("e")}));
+    for (int row = 0; row < names.size(); ++row)
+        QCOMPARE(library.cell(row, "title"), library.song(library.cell(row, "shortname")).title);
+    QCOMPARE(library.statuses(), QList<int>(5, isEdited));
 }
 
 void TestSongEditor::removedRowLeavesTheFile()
