@@ -7,7 +7,7 @@
 namespace songbytes
 {
 
-inline QByteArray bigEndian(quint32 value, int bytes)
+inline QByteArray bigEndian(quint64 value, int bytes)
 {
     QByteArray out;
     for (int shift = 8 * (bytes - 1); shift >= 0; shift -= 8)
@@ -15,7 +15,7 @@ inline QByteArray bigEndian(quint32 value, int bytes)
     return out;
 }
 
-inline QByteArray littleEndian(quint32 value, int bytes)
+inline QByteArray littleEndian(quint64 value, int bytes)
 {
     QByteArray out;
     for (int i = 0; i < bytes; ++i)
