@@ -7,7 +7,7 @@ declare -A groups=(
   [build]="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev
            libqt6core5compat6-dev libqt6sql6-sqlite qt6-tools-dev qt6-tools-dev-tools
            qt6-l10n-tools qt6-translations-l10n sqlite3"
-  [test]="xvfb xauth openbox xdotool imagemagick x11-utils fonts-dejavu-core midicsv abcmidi lame
+  [test]="xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core midicsv abcmidi lame
           id3v2 openttd-openmsx python3 clang-format"
   [bench]="libbenchmark-dev lhasa time"
 )

@@ -10,13 +10,10 @@ here=$(dirname "$(realpath "$0")")
 mkdir -p "$folder/screenshots" "$folder/memories/CARD" "$folder/config"
 cd "$folder"
 export XDG_CONFIG_HOME="$folder/config" XDG_RUNTIME_DIR="$folder/config" HOME="$folder"
-export KAVENA_MOUNT_DIRS="$folder/memories" LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb
-unset WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS
+export KAVENA_MOUNT_DIRS="$folder/memories" LC_ALL=C.UTF-8
 chmod 700 "$folder/config"
 
-xvfb-run -a -s "-screen 0 1280x900x24" bash -c '
-  openbox >/dev/null 2>&1 &
-  "$1" "$2"' demo "$build/tests/kavena-demo" "$folder"
+"$here/../support/on-display.sh" "$build/tests/kavena-demo" "$folder"
 
 echo
 echo "What the index on the memory now holds:"

@@ -11,10 +11,9 @@ if [ "${SMOKE_DISPLAY:-}" != yes ]; then
   cd "$folder"
   mkdir config runtime music
   chmod 700 runtime
-  unset WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS QT_QPA_PLATFORM
   export HOME=$folder XDG_CONFIG_HOME=$folder/config XDG_RUNTIME_DIR=$folder/runtime
-  export LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb SMOKE_DISPLAY=yes
-  xvfb-run -a -s "-screen 0 1280x900x24" "$script" "$program"
+  export LC_ALL=C.UTF-8 SMOKE_DISPLAY=yes
+  "$(dirname "$script")/../support/on-display.sh" "$script" "$program"
   exit
 fi
 
@@ -32,7 +31,6 @@ pixels() { convert "$1" -fill black +opaque "$2" -fill white -opaque "$2" -forma
 
 window_named() { xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; }
 
-openbox >/dev/null 2>&1 &
 for song in 1 2 3; do
   printf 'X:1\nT:Smoke tune %s\nM:4/4\nL:1/4\nK:C\nCDEF|GABc|]\n' "$song" >"music/$song.abc"
   abc2midi "music/$song.abc" -o "music/tune$song.mid" >/dev/null
@@ -44,7 +42,8 @@ program=$!
 trap 'kill $program 2>/dev/null || true' EXIT
 
 # A first start is in German, under the partner's name.
-soon window_named '^RB27 Utility$' || fail "no window appeared: $(cat output.txt)"
+soon window_named '^RB27 Utility$' ||
+  fail "no window appeared: $(cat output.txt; xwininfo -root -tree)"
 soon grep -q 'language=de' config/kavena_pc/kravo.conf || fail "the first start stored no language"
 sleep 1
 import -window root before.png
