@@ -164,8 +164,10 @@ void MainWindow::changeEvent(QEvent *event)
         return;
     ui->retranslateUi(this);
     setWindowTitle(tr("Kavena PC"));
-    if (m_model != nullptr)
+    if (m_model != nullptr) {
         m_model->setHeaderLabels();
+        adjustUserLibraryHeaders(); // the titles have other widths now
+    }
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

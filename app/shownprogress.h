@@ -6,9 +6,9 @@
 #include <QElapsedTimer>
 
 /**
- * Says where it can be found as long as it is on screen. Plain steps are shown some times a second
- * only: painting the bar for each of thousands of files would take longer than the files do. The
- * last step is always shown.
+ * Says where it can be found as long as it is on screen. Steps are shown some times a second only:
+ * painting the bar for each of thousands of files would take longer than the files do. The last
+ * step is always shown.
  */
 class ShownProgress : public ProgressWindow
 {
@@ -26,14 +26,25 @@ public:
 
     void setValue(int done) override
     {
-        if (done < dialog().maximum() && m_sinceShown.isValid() &&
-            !m_sinceShown.hasExpired(pauseMilliseconds))
-            return;
-        m_sinceShown.start();
-        ProgressWindow::setValue(done);
+        if (isDue(done))
+            ProgressWindow::setValue(done);
+    }
+    void updateProgress(int done) override
+    {
+        if (isDue(done))
+            ProgressWindow::updateProgress(done);
     }
 
 private:
+    bool isDue(int done)
+    {
+        if (done < dialog().maximum() && m_sinceShown.isValid() &&
+            !m_sinceShown.hasExpired(pauseMilliseconds))
+            return false;
+        m_sinceShown.start();
+        return true;
+    }
+
     static constexpr int pauseMilliseconds = 40;
 
     QElapsedTimer m_sinceShown;

@@ -18,12 +18,14 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdlib>
+#include <filesystem>
 
 namespace
 {
 
 constexpr int songs = 2000;
-constexpr int mp3Bytes = 1000000; // a minute of music; songs are longer
+constexpr int mp3Bytes = 3000000; // three minutes of music at 128 kbit/s
+constexpr int differentMp3s = 20;
 constexpr int mfxHeaderBytes = 512;
 
 QByteArray randomBytes(QRandomGenerator &random, int size)
@@ -72,11 +74,11 @@ QByteArray mfxBytes(QRandomGenerator &random)
     return header + stream;
 }
 
-QByteArray mp3FileBytes(QRandomGenerator &random)
+QByteArray mp3Tag(int number)
 {
     using namespace songbytes;
-    return id3Tag(id3Frame("TIT2", "A song without a name") + id3Frame("TPE1", "Nobody")) +
-           randomBytes(random, mp3Bytes);
+    return id3Tag(id3Frame("TIT2", "Song " + QByteArray::number(number)) +
+                  id3Frame("TPE1", "Nobody"));
 }
 
 /** The songs, in a folder that goes with them. */
@@ -86,27 +88,44 @@ public:
     Songs()
     {
         QRandomGenerator random(1);
-        const QByteArray mp3 = mp3FileBytes(random);
+        const QByteArray audio = randomBytes(random, mp3Bytes);
+        for (int i = 0; i < differentMp3s; ++i)
+            write(path(QStringLiteral("original%1.mp3").arg(i)), mp3Tag(i) + audio);
         for (int i = 0; i < songs; ++i) {
             const int kind = i % 10;
             if (kind < 6)
-                write(QStringLiteral("%1.mid").arg(i), midiBytes(random));
+                add(QStringLiteral("%1.mid").arg(i), midiBytes(random));
             else if (kind < 9)
-                write(QStringLiteral("%1.mp3").arg(i), mp3);
+                addLink(QStringLiteral("%1.mp3").arg(i), i % differentMp3s);
             else
-                write(QStringLiteral("%1.mf3").arg(i), mfxBytes(random));
+                add(QStringLiteral("%1.mf3").arg(i), mfxBytes(random));
         }
     }
 
     const QStringList &paths() const { return m_paths; }
 
 private:
-    void write(const QString &name, const QByteArray &bytes)
+    QString path(const QString &name) const { return m_folder.filePath(name); }
+
+    static void write(const QString &path, const QByteArray &bytes)
     {
-        QFile file(m_folder.filePath(name));
+        QFile file(path);
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("Cannot write the songs");
-        m_paths.append(file.fileName());
+    }
+
+    void add(const QString &name, const QByteArray &bytes)
+    {
+        write(path(name), bytes);
+        m_paths.append(path(name));
+    }
+
+    /** One of the MP3s under another name, so that they do not fill the disk. */
+    void addLink(const QString &name, int number)
+    {
+        const QString original = path(QStringLiteral("original%1.mp3").arg(number));
+        std::filesystem::create_hard_link(original.toStdString(), path(name).toStdString());
+        m_paths.append(path(name));
     }
 
     QTemporaryDir m_folder;

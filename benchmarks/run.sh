@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds and runs every benchmark; each prints its figures and the ratios that it is held to.
+# Builds and runs every benchmark; each prints its figures and the ratios that it is held to, and
+# fails when it misses one.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -7,8 +8,14 @@ packaging/ensure-packages.sh build test bench
 cmake --preset release -DKAVENA_BENCHMARKS=ON >/dev/null
 cmake --build --preset release >/dev/null
 export QT_QPA_PLATFORM=offscreen
-for bench in build/release/benchmarks/bench_*; do
-  [ -x "$bench" ] && [ -f "$bench" ] || continue
-  echo "== $(basename "$bench")"
-  "$bench"
+missed=()
+for source in benchmarks/bench_*.cpp; do
+  name=$(basename "$source" .cpp)
+  echo "== $name"
+  "build/release/benchmarks/$name" || missed+=("$name")
 done
+if [ ${#missed[@]} -gt 0 ]; then
+  echo "LIMITS MISSED: ${missed[*]}"
+  exit 1
+fi
+echo "ALL LIMITS HELD"

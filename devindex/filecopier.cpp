@@ -1,5 +1,6 @@
 #include "devindex/filecopier.h"
 
+#include "devindex/companion.h"
 #include "formats/diagnostics.h"
 #include "library/nocopyrightdialog.h"
 
@@ -35,27 +36,6 @@ bool isSameFile(const QString &first, const QString &second)
 bool isInPlace(const QString &source, const QString &target)
 {
     return source == target || isSameFile(source, target);
-}
-
-/**
- * The ".cdg" file beside an MP3, or an empty text. Card file systems know no letter case, others
- * do: so "SONG.CDG" is looked for as well.
- */
-QString companionOf(const QString &path)
-{
-    if (!path.endsWith(QLatin1String(".mp3"), Qt::CaseInsensitive))
-        return {};
-    for (const QLatin1String suffix : {QLatin1String(".cdg"), QLatin1String(".CDG")}) {
-        QString companion = path.chopped(4) + suffix;
-        if (QFileInfo(companion).isFile())
-            return companion;
-    }
-    return {};
-}
-
-QString companionTarget(const QString &companion, const QString &target)
-{
-    return target.chopped(4) + companion.right(4);
 }
 
 qint64 clusters(const QString &path)
@@ -94,15 +74,15 @@ bool FileCopier::copyFiles(const QStringList &files, const QString &dest, int &c
         }
         const QString target = targetOf(source, dest);
         ++processed;
-        if (isInPlace(source, target)) {
+        const bool exists = QFileInfo::exists(target);
+        if (source == target || (exists && isSameFile(source, target))) {
             ++copied;
             continue;
         }
         logDebug() << "Copying file:" << source << "to:" << target;
-        const bool replace = QFileInfo::exists(target);
-        if (replace && !mayReplace(target))
+        if (exists && !mayReplace(target))
             continue;
-        if (copySong(source, target, replace))
+        if (copySong(source, target, exists))
             ++copied;
         else
             ++failed;

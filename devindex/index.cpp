@@ -1,5 +1,6 @@
 #include "devindex/index.h"
 
+#include "devindex/companion.h"
 #include "devindex/devicetext.h"
 #include "devindex/entrysort.h"
 #include "devindex/filestamp.h"
@@ -51,6 +52,14 @@ bool readSong(SongInfoIndex &entry)
 bool removeFile(const QString &path)
 {
     return QFile::remove(path) || !QFileInfo::exists(path);
+}
+
+bool renameItem(const QString &path, const QString &newPath)
+{
+    if (QDir().rename(path, newPath))
+        return true;
+    logWarning() << "[Index::renameLongFileName] Impossible to rename" << path;
+    return false;
 }
 
 /** A line of the list of songs: each field closed by ";", without quotes, in UTF-8. */
@@ -227,6 +236,8 @@ void Index::scanFile(QFileInfo file, Scan &scan)
     emit currentPathChanged(file.filePath());
     if (!checkFileExt(file.suffix()))
         return;
+    if (file.isSymLink() && !file.isFile())
+        return; // a pipe or device at the link's other end could be read for ever
     const QString fullPath = file.absoluteFilePath();
     const QString name = renameLongFileName(fullPath);
     if (name.isEmpty())
@@ -259,10 +270,13 @@ QString Index::renameLongFileName(const QString &path)
         return {};
     if (!askForRename(path, candidate))
         return path;
-    if (QDir().rename(path, candidate))
-        return candidate;
-    logWarning() << "[Index::renameLongFileName] Impossible to rename" << path;
-    return {};
+    const QString companion = QFileInfo(path).isFile() ? companionOf(path) : QString();
+    if (!renameItem(path, candidate))
+        return {};
+    // The player finds a song's karaoke pictures by the song's name.
+    if (!companion.isEmpty())
+        renameItem(companion, companionTarget(companion, candidate));
+    return candidate;
 }
 
 bool Index::askForRename(const QString &path, const QString &candidate)
@@ -628,18 +642,19 @@ int Index::saveSongsList(const QString &root, const QString &fileName, SORT_MODE
         sortByGenre(entries);
     else
         sortByTitle(entries);
-    if (writeSongsList(fileName))
+    RecordWriter list(fileName);
+    if (!list.open())
+        return 0;
+    if (writeSongsList(list))
         return 1;
     if (QFileInfo(fileName).isFile())
         QFile::remove(fileName); // a part of the list would pass for all of it
     return 0;
 }
 
-bool Index::writeSongsList(const QString &fileName)
+bool Index::writeSongsList(RecordWriter &list)
 {
-    RecordWriter list(fileName);
-    if (!list.open() ||
-        !list.append(listLine({tr("TITOLO"), tr("ARTISTA"), tr("GENERE"), tr("FILE")})))
+    if (!list.append(listLine({tr("TITOLO"), tr("ARTISTA"), tr("GENERE"), tr("FILE")})))
         return false;
     emit progressMaxSetup(static_cast<int>(entries.size()));
     int step = 0;

@@ -13,6 +13,7 @@
 
 class QFileInfo;
 class PathOrder;
+class RecordWriter;
 
 /**
  * The player does not read folders: it finds its songs by a set of index files in the root of its
@@ -60,7 +61,8 @@ public:
     /**
      * Writes the songs of the memory's index as a table: title, artist, genre and path, each closed
      * by ";", in UTF-8. Returns 1; -1 when the memory has no complete index; 0 when the index
-     * cannot be read or the file cannot be written (a file of that name then stays as it was).
+     * cannot be read, the file cannot be opened (one of that name then stays as it was) or not all
+     * of it can be written (then none is left).
      */
     int saveSongsList(const QString &root, const QString &fileName, SORT_MODE mode);
 
@@ -81,7 +83,7 @@ public:
 
     /**
      * The path under which a file or folder is to be used: unchanged, or new after it was renamed;
-     * empty when it cannot be used.
+     * empty when it cannot be used. The karaoke pictures of an MP3 are renamed with it.
      */
     QString renameLongFileName(const QString &path);
 
@@ -192,7 +194,7 @@ private:
 
     void refreshEntry(SongInfoIndex &entry);
     bool writeIndexFiles();
-    bool writeSongsList(const QString &fileName);
+    bool writeSongsList(RecordWriter &list);
 
     RenameQuestion m_renameQuestion;
     ShortNames m_shortNames;

@@ -17,6 +17,7 @@ constexpr int tagSizeBytes = 4;
 constexpr int tagHeaderSize = tagSizePos + tagSizeBytes;
 constexpr quint32 largestTagSize = 0x0FFFFFFF;
 constexpr char writtenVersion = 3;
+constexpr char groupedSizesVersion = 4; ///< its frame sizes are in seven-bit groups, too
 constexpr int framesStart = tagHeaderSize;
 
 // A frame: identifier, 32-bit size, two flag bytes; then, counted by the size, the encoding byte
@@ -56,6 +57,15 @@ QByteArray encodedFrame(const QByteArray &id, const QByteArray &content)
     return frame + content;
 }
 
+/** What four size bytes tell in groups of seven bits; as a plain number if they are no groups. */
+quint32 sizeInGroups(quint32 plain)
+{
+    if ((plain & 0x80808080U) != 0)
+        return plain;
+    return (plain >> 3 & 0x0FE00000U) | (plain >> 2 & 0x001FC000U) | (plain >> 1 & 0x00003F80U) |
+           (plain & 0x0000007FU);
+}
+
 /** The bytes from the position on, as many of them as there are. */
 QByteArrayView view(const QByteArray &bytes, qsizetype pos, qsizetype size)
 {
@@ -68,6 +78,12 @@ bool isFrameId(QByteArrayView bytes)
     return bytes.size() == frameIdSize && std::all_of(bytes.cbegin(), bytes.cend(), [](char c) {
                return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
            });
+}
+
+/** Zeros behind the last frame, or the end of the tag. */
+bool isPadding(QByteArrayView bytes)
+{
+    return std::all_of(bytes.cbegin(), bytes.cend(), [](char c) { return c == 0; });
 }
 
 } // namespace
@@ -242,7 +258,7 @@ int Mp3Header::extractId3Frame(QString &text, const QString &id) const
     const int pos = indexOfFrame(bytesFromText(id));
     if (pos < 0)
         return pos;
-    const qsizetype textSize = qsizetype{getSingleFrameLength(pos)} - 1;
+    const qsizetype textSize = qsizetype{frameSize(pos)} - 1;
     if (textSize > 0)
         text = textFromBytes(m_tag.mid(qsizetype{pos} + frameTextPos, textSize));
     return pos;
@@ -269,7 +285,7 @@ int Mp3Header::removeId3Frame(const QString &id)
     const int pos = indexOfFrame(bytesFromText(id));
     if (pos < 0)
         return 0;
-    const qsizetype claimed = qsizetype{getSingleFrameLength(pos)} + frameHeaderSize;
+    const qsizetype claimed = qsizetype{frameSize(pos)} + frameHeaderSize;
     const qsizetype removed = std::min(claimed, m_tag.size() - pos);
     m_tag.remove(pos, removed);
     m_tagSize -= static_cast<quint32>(removed);
@@ -303,24 +319,47 @@ int Mp3Header::indexOfFrame(const QByteArray &id) const
 }
 
 /**
+ * The size of the frame at the position, without its header. Version 4 writes it in groups of seven
+ * bits, which differs from 128 bytes on; but there are programs, this one among them, that write
+ * plain numbers there as well. So the groups count if they lead to where a frame can end. Taken for
+ * a plain number, they would reach into the frames behind, which would go when this one is removed.
+ */
+quint32 Mp3Header::frameSize(int pos) const
+{
+    const quint32 plain = getSingleFrameLength(pos);
+    const quint32 grouped = sizeInGroups(plain);
+    if (grouped == plain || m_tag.at(tagVersionPos) != groupedSizesVersion)
+        return plain;
+    const qsizetype end = qsizetype{pos} + frameHeaderSize + grouped;
+    if (end > m_tag.size())
+        return plain;
+    const QByteArrayView next = view(m_tag, end, frameIdSize);
+    if (isPadding(next))
+        return grouped;
+    // Text can look like an identifier, but then a size that fits does not stand behind it.
+    const quint32 nextSize = sizeInGroups(getSingleFrameLength(static_cast<int>(end)));
+    const bool fits = end + frameHeaderSize + nextSize <= m_tag.size();
+    return isFrameId(next) && fits ? grouped : plain;
+}
+
+/**
  * Where the frame at the position ends, or the position itself when no sound frame stands there:
  * an identifier, a size within the tag, and behind it the next identifier, padding or the tag's
- * end. In other versions than 3 a size of 128 or more is written in two ways, so it is not relied
- * upon.
+ * end. In other versions than 3 a plain size of 128 or more is not relied upon.
  */
 int Mp3Header::endOfSoundFrame(int pos) const
 {
     if (!isFrameId(view(m_tag, pos, frameIdSize)))
         return pos;
-    const quint32 size = getSingleFrameLength(pos);
-    if (size >= 0x80 && m_tag.at(tagVersionPos) != writtenVersion)
+    const quint32 size = frameSize(pos);
+    const bool isPlain = size == getSingleFrameLength(pos);
+    if (size >= 0x80 && isPlain && m_tag.at(tagVersionPos) != writtenVersion)
         return pos;
     const qsizetype end = qsizetype{pos} + frameHeaderSize + size;
     if (end > m_tag.size())
         return pos;
     const QByteArrayView next = view(m_tag, end, frameIdSize);
-    const bool padding = std::all_of(next.cbegin(), next.cend(), [](char c) { return c == 0; });
-    return padding || isFrameId(next) ? static_cast<int>(end) : pos;
+    return isPadding(next) || isFrameId(next) ? static_cast<int>(end) : pos;
 }
 
 bool Mp3Header::hasFrame(const char *id) const

@@ -90,8 +90,9 @@ public:
 
     /**
      * Delivers the text of the first frame with the identifier: ISO-8859-1, cut at the first zero
-     * byte, trimmed. A frame that claims more than the tag holds reaches to the tag's end. Returns
-     * the frame's position in the tag, or -1, with an empty text, when there is none.
+     * byte, trimmed. A frame that claims more than the tag holds reaches to the tag's end; in a tag
+     * of version 4 its size may also be written in groups of seven bits. Returns the frame's
+     * position in the tag, or -1, with an empty text, when there is none.
      */
     int extractId3Frame(QString &text, const QString &id) const;
 
@@ -110,6 +111,7 @@ public:
 
 private:
     int indexOfFrame(const QByteArray &id) const;
+    quint32 frameSize(int pos) const;
     int endOfSoundFrame(int pos) const;
     bool hasFrame(const char *id) const;
     QString frameText(const char *id) const;

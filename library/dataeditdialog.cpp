@@ -30,6 +30,17 @@ void completeInPopup(QComboBox *combo)
     combo->completer()->setFilterMode(Qt::MatchContains);
 }
 
+/**
+ * By itself a combo box replaces a text that differs from a listed one only by letter case as soon
+ * as its field is left. What the song holds, or the user typed, has to stay.
+ */
+void keepLetterCase(const QComboBox *combo)
+{
+    const QLineEdit *const field = combo->lineEdit();
+    QObject::disconnect(field, &QLineEdit::returnPressed, combo, nullptr);
+    QObject::disconnect(field, &QLineEdit::editingFinished, combo, nullptr);
+}
+
 void fill(QComboBox *combo, const QStringList &items)
 {
     combo->clear();
@@ -58,8 +69,10 @@ DataEditDialog::DataEditDialog(QWidget *parent)
     , m_secondsValidator(digits(2))
 {
     ui->setupUi(this);
-    completeInPopup(ui->artistComboBox);
-    completeInPopup(ui->genreComboBox);
+    for (QComboBox *combo : {ui->artistComboBox, ui->genreComboBox}) {
+        completeInPopup(combo);
+        keepLetterCase(combo);
+    }
     ui->bpmLineEdit->setValidator(&m_bpmValidator);
     ui->lenMmLineEdit->setValidator(&m_minutesValidator);
     ui->lenSsLineEdit->setValidator(&m_secondsValidator);

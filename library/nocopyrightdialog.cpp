@@ -3,6 +3,7 @@
 #include "ui_nocopyrightdialog.h"
 
 #include <QEvent>
+#include <QScreen>
 
 NoCopyrightDialog::NoCopyrightDialog(QWidget *parent)
     : QDialog(parent)
@@ -17,6 +18,9 @@ void NoCopyrightDialog::setFilename(const QString &fileName)
 {
     m_fileName = fileName;
     ui->fileNameLabel->setText(fileName);
+    // The whole path is shown where the screen has room for it.
+    const int widest = screen()->availableGeometry().width() * 2 / 3;
+    resize(qMax(width(), qMin(sizeHint().width(), widest)), height());
 }
 
 void NoCopyrightDialog::setMessage(const QString &message)

@@ -11,6 +11,9 @@ ProgressWindow::ProgressWindow(const QString &title, const QString &label, int m
     m_dialog.setAutoReset(false);
     m_dialog.setAutoClose(false);
     m_dialog.setMinimumDuration(0);
+    // A cancelled progress dialog hides at once, but the job goes on until it looks, or to its end.
+    QObject::connect(&m_dialog, &QProgressDialog::canceled, &m_dialog, &QWidget::show,
+                     Qt::QueuedConnection);
     m_dialog.setValue(0);
     m_dialog.show();
 }

@@ -8,8 +8,8 @@
 
 /**
  * A window-modal progress dialog that is on screen from its construction to its destruction: it
- * neither waits before it shows nor hides at its maximum, so that the main window never takes
- * clicks meanwhile and a cancellation is not forgotten.
+ * neither waits before it shows nor hides at its maximum or when it is cancelled, so that the main
+ * window never takes clicks meanwhile and a cancellation is not forgotten.
  */
 class ProgressWindow : public Progress
 {

@@ -164,6 +164,45 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
     </message>
 </context>
 <context>
+    <name>Index</name>
+    <message>
+        <source>verrà rinominato: </source>
+        <translation>verrà rinominato: </translation>
+    </message>
+    <message>
+        <source>Se il file non viene rinominato, è possibile che non venga rilevato da Kavena.</source>
+        <translation>Se il file non viene rinominato, è possibile che non venga rilevato da Kavena.</translation>
+    </message>
+    <message>
+        <source>File non importato, errore nel path:</source>
+        <translation>File non importato, errore nel percorso:</translation>
+    </message>
+    <message>
+        <source>File non importato, path troppo lungo: </source>
+        <translation>File non importato, percorso troppo lungo: </translation>
+    </message>
+    <message>
+        <source>File non importato, troppi file nella memoria: </source>
+        <translation>File non importato, troppi file nella memoria: </translation>
+    </message>
+    <message>
+        <source>TITOLO</source>
+        <translation>TITOLO</translation>
+    </message>
+    <message>
+        <source>ARTISTA</source>
+        <translation>ARTISTA</translation>
+    </message>
+    <message>
+        <source>GENERE</source>
+        <translation>GENERE</translation>
+    </message>
+    <message>
+        <source>FILE</source>
+        <translation>FILE</translation>
+    </message>
+</context>
+<context>
     <name>IndexDialog</name>
     <message>
         <source>Dialog</source>

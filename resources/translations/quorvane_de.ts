@@ -164,6 +164,45 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
     </message>
 </context>
 <context>
+    <name>Index</name>
+    <message>
+        <source>verrà rinominato: </source>
+        <translation>wird umbenannt in: </translation>
+    </message>
+    <message>
+        <source>Se il file non viene rinominato, è possibile che non venga rilevato da Kavena.</source>
+        <translation>Wird die Datei nicht umbenannt, findet RB27 sie möglicherweise nicht.</translation>
+    </message>
+    <message>
+        <source>File non importato, errore nel path:</source>
+        <translation>Datei nicht importiert, Fehler im Pfad:</translation>
+    </message>
+    <message>
+        <source>File non importato, path troppo lungo: </source>
+        <translation>Datei nicht importiert, Pfad zu lang: </translation>
+    </message>
+    <message>
+        <source>File non importato, troppi file nella memoria: </source>
+        <translation>Datei nicht importiert, zu viele Dateien im Speicher: </translation>
+    </message>
+    <message>
+        <source>TITOLO</source>
+        <translation>TITEL</translation>
+    </message>
+    <message>
+        <source>ARTISTA</source>
+        <translation>INTERPRET</translation>
+    </message>
+    <message>
+        <source>GENERE</source>
+        <translation>MUSIKRICHTUNG</translation>
+    </message>
+    <message>
+        <source>FILE</source>
+        <translation>DATEI</translation>
+    </message>
+</context>
+<context>
     <name>IndexDialog</name>
     <message>
         <source>Dialog</source>

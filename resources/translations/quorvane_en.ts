@@ -164,6 +164,45 @@ Select a destination folder for the backup or press &apos;Continue without backu
     </message>
 </context>
 <context>
+    <name>Index</name>
+    <message>
+        <source>verrà rinominato: </source>
+        <translation>will be renamed to: </translation>
+    </message>
+    <message>
+        <source>Se il file non viene rinominato, è possibile che non venga rilevato da Kavena.</source>
+        <translation>If the file is not renamed, RB27 may not find it.</translation>
+    </message>
+    <message>
+        <source>File non importato, errore nel path:</source>
+        <translation>File not imported, error in the path:</translation>
+    </message>
+    <message>
+        <source>File non importato, path troppo lungo: </source>
+        <translation>File not imported, path too long: </translation>
+    </message>
+    <message>
+        <source>File non importato, troppi file nella memoria: </source>
+        <translation>File not imported, too many files in the memory: </translation>
+    </message>
+    <message>
+        <source>TITOLO</source>
+        <translation>TITLE</translation>
+    </message>
+    <message>
+        <source>ARTISTA</source>
+        <translation>ARTIST</translation>
+    </message>
+    <message>
+        <source>GENERE</source>
+        <translation>GENRE</translation>
+    </message>
+    <message>
+        <source>FILE</source>
+        <translation>FILE</translation>
+    </message>
+</context>
+<context>
     <name>IndexDialog</name>
     <message>
         <source>Dialog</source>

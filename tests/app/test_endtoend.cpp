@@ -1,15 +1,26 @@
-// The main job through the real main window: import, transfer, update of the player's memory.
+// The whole job through the real main window: import, transfer, update of the player's memory, then
+// synchronisation with a backup, editing, rebuilding, export and the change of language.
+#include "app/backupdialog.h"
 #include "app/mainwindow.h"
+#include "devindex/indexdialog.h"
+#include "devindex/songslistdialog.h"
+#include "library/database.h"
+#include "library/dataeditdialog.h"
 #include "library/nocopyrightdialog.h"
 #include "support/samplesongs.h"
 #include "support/songbytes.h"
 #include "support/userdriver.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
+#include <QPlainTextEdit>
+#include <QRadioButton>
 #include <QSettings>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -25,6 +36,12 @@ const QStringList indexFiles = {
     QStringLiteral("aartist.idx"),  QStringLiteral("agenre.idx"),  QStringLiteral("title3.idx"),
     QStringLiteral("artist3.idx"),  QStringLiteral("genre3.idx"),  QStringLiteral("atitle3.idx"),
     QStringLiteral("aartist3.idx"), QStringLiteral("agenre3.idx"), QStringLiteral("fsinfos.idx")};
+
+// The columns of the library table.
+constexpr int columnTitle = 2;
+constexpr int columnArtist = 3;
+constexpr int columnShortName = 10;
+constexpr int columnStatus = 11;
 
 quint32 bigEndian32(const QByteArray &bytes, qsizetype offset)
 {
@@ -78,6 +95,11 @@ private slots:
     void secondTransferWithNoToAllKeepsWhatIsThere();
     void removedAndTouchedFilesAreFollowed();
     void playlistIsPointedAtTheSameSongs();
+    void synchronisesWithABackup();
+    void editsOneSongAndGivesItsArtistToAll();
+    void rebuildsTheMemory();
+    void exportsTheSongListSortedThreeWays();
+    void switchesToEnglishAndBack();
 
 private:
     void makeSongs();
@@ -86,7 +108,10 @@ private:
     void transfer(const QString &destination);
     void rewrite(const QString &path, const QByteArray &title);
     void clickWhenEnabled(const QString &button);
+    void trigger(const char *action);
     int rows() const;
+    QString cell(int row, int column) const;
+    int rowOf(const QString &shortName) const;
 
     QTemporaryDir m_dir;
     QString m_card;
@@ -233,6 +258,29 @@ void TestEndToEnd::rewrite(const QString &path, const QByteArray &title)
                              QFileDevice::FileModificationTime));
 }
 
+void TestEndToEnd::trigger(const char *action)
+{
+    m_window->findChild<QAction *>(QString::fromLatin1(action))->trigger();
+}
+
+QString TestEndToEnd::cell(int row, int column) const
+{
+    return child<QTableView>(m_window.get(), "userLibraryTableView")
+        ->model()
+        ->index(row, column)
+        .data()
+        .toString();
+}
+
+int TestEndToEnd::rowOf(const QString &shortName) const
+{
+    for (int row = 0; row < rows(); ++row) {
+        if (cell(row, columnShortName) == shortName)
+            return row;
+    }
+    return -1;
+}
+
 int TestEndToEnd::rows() const
 {
     const auto *view = m_window->findChild<QTableView *>(QStringLiteral("userLibraryTableView"));
@@ -356,6 +404,175 @@ void TestEndToEnd::playlistIsPointedAtTheSameSongs()
         QCOMPARE(pointed.mid(32 * i + 4, 28), QByteArray(28, 'p'));
     }
     QVERIFY(after.value(wanted[0]) != before.value(wanted[0]));
+}
+
+void TestEndToEnd::synchronisesWithABackup()
+{
+    import(m_songs);
+    const QString backups = m_dir.filePath(QStringLiteral("backups"));
+    QVERIFY(QDir().mkpath(backups));
+    QList<QByteArray> before;
+    for (const QString &song : std::as_const(m_songs))
+        before << samplesongs::readFile(song);
+
+    UserDriver user;
+    user.add([&](QWidget *window) {
+        if (qobject_cast<BackupDialog *>(window) == nullptr)
+            return false;
+        auto *const start = child<QPushButton>(window, "doBackupPushButton");
+        if (start->isEnabled()) {
+            clickLater(start);
+        } else if (nextStep(window) == 0) {
+            user.pick({backups});
+            clickLater(child<QPushButton>(window, "browsePushButton"));
+        }
+        return true;
+    });
+    user.pressInMessageBoxes(QMessageBox::Ok);
+    clickWhenEnabled(QStringLiteral("updateDataToolButton"));
+
+    QCOMPARE(user.messages(), QStringList{QStringLiteral("Backup: Backup eseguito correttamente")});
+    const QStringList made = QDir(backups).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    QCOMPARE(made.size(), 1);
+    QVERIFY(made[0].startsWith(QStringLiteral("backup_kravo_")));
+    for (int i = 0; i < m_songs.size(); ++i) {
+        const QString copy = backups + QLatin1Char('/') + made[0] + QLatin1Char('/') +
+                             QFileInfo(m_songs[i]).fileName();
+        QCOMPARE(samplesongs::readFile(copy), before[i]);
+    }
+    // The catalogue knows the carol by its title, and nothing of the game music.
+    const int known = rowOf(QStringLiteral("ABC3.mid"));
+    const int unknown = rowOf(QStringLiteral("SONG00.MID"));
+    QVERIFY(known >= 0 && unknown >= 0);
+    QCOMPARE(cell(known, columnStatus).toInt(), int(Database::StatusSynced));
+    QCOMPARE(cell(known, columnTitle), QStringLiteral("GREENSLEEVES"));
+    QVERIFY(samplesongs::readFile(m_songs[37]).contains("GREENSLEEVES"));
+    QCOMPARE(cell(unknown, columnStatus).toInt(), int(Database::StatusNotSynced));
+    QCOMPARE(samplesongs::readFile(m_songs[0]), before[0]);
+    QVERIFY(!child<QToolButton>(m_window.get(), "updateDataToolButton")->isEnabled());
+}
+
+void TestEndToEnd::editsOneSongAndGivesItsArtistToAll()
+{
+    UserDriver user;
+    user.add([](QWidget *window) {
+        if (qobject_cast<DataEditDialog *>(window) == nullptr)
+            return false;
+        switch (nextStep(window)) {
+        case 0:
+            child<QLineEdit>(window, "titleLineEdit")->setText(QStringLiteral("Perché no"));
+            child<QComboBox>(window, "artistComboBox")->setEditText(QStringLiteral("Gli Amici"));
+            clickLater(child<QCheckBox>(window, "checkBoxToAllArtist"));
+            break;
+        case 1:
+            clickLater(child<QPushButton>(window, "savePushButton"));
+            break;
+        }
+        return true;
+    });
+    user.pressInMessageBoxes(QMessageBox::Yes);
+    auto *const view = child<QTableView>(m_window.get(), "userLibraryTableView");
+    emit view->doubleClicked(view->model()->index(5, columnTitle));
+
+    QCOMPARE(user.messages().size(), 1);
+    QVERIFY(user.messages()[0].startsWith(QStringLiteral("ATTENZIONE: L'interprete inserito")));
+    QCOMPARE(cell(5, columnTitle), QStringLiteral("Perché no"));
+    for (int row = 0; row < rows(); ++row) {
+        QCOMPARE(cell(row, columnArtist), QStringLiteral("Gli Amici"));
+        QCOMPARE(cell(row, columnStatus).toInt(), int(Database::StatusEdited));
+    }
+    QVERIFY(cell(6, columnTitle) != QStringLiteral("Perché no"));
+    for (const QString &song : std::as_const(m_songs)) {
+        if (!song.contains(QStringLiteral(".mf"), Qt::CaseInsensitive))
+            QVERIFY2(samplesongs::readFile(song).contains("Gli Amici"), qPrintable(song));
+    }
+}
+
+void TestEndToEnd::rebuildsTheMemory()
+{
+    QVERIFY(QFile::remove(m_card + QStringLiteral("/title.idx")));
+    const qsizetype songs = idsByPath(m_card).size();
+
+    UserDriver user;
+    user.add([this](QWidget *window) {
+        if (qobject_cast<IndexDialog *>(window) == nullptr)
+            return false;
+        auto *const start = child<QPushButton>(window, "pushButtonStart");
+        if (!start->isEnabled())
+            return true;
+        if (nextStep(window) == 0) {
+            child<QLineEdit>(window, "lineEditPath")->setText(m_card + QStringLiteral("/songs"));
+            child<QRadioButton>(window, "radioButtonRebuild")->click();
+            clickLater(start);
+        } else if (!child<QPlainTextEdit>(window, "plainTextReport")->toPlainText().isEmpty()) {
+            clickLater(child<QPushButton>(window, "pushButtonClose"));
+        }
+        return true;
+    });
+    user.pressInMessageBoxes(QMessageBox::Ok);
+    trigger("optimizeMemory");
+
+    QCOMPARE(user.messages(),
+             QStringList{QStringLiteral("Ottimizza memoria: Operazione completata con successo")});
+    QCOMPARE(idsByPath(m_card).size(), songs);
+    QCOMPARE(titlesById(m_card).size(), songs);
+}
+
+void TestEndToEnd::exportsTheSongListSortedThreeWays()
+{
+    const auto fileFor = [this](int mode) {
+        return m_dir.filePath(QStringLiteral("list%1.csv").arg(mode));
+    };
+    UserDriver user;
+    user.add([&](QWidget *window) {
+        if (qobject_cast<SongsListDialog *>(window) == nullptr)
+            return false;
+        auto *const save = child<QPushButton>(window, "pushButtonSave");
+        if (!save->isEnabled())
+            return true;
+        const int mode = nextStep(window);
+        if (mode < 3) {
+            child<QLineEdit>(window, "lineEditPath")->setText(m_card);
+            child<QLineEdit>(window, "lineEditFile")->setText(fileFor(mode));
+            child<QComboBox>(window, "comboBoxSort")->setCurrentIndex(mode);
+            clickLater(save);
+        } else {
+            clickLater(child<QPushButton>(window, "pushButtonClose"));
+        }
+        return true;
+    });
+    user.pressInMessageBoxes(QMessageBox::Ok);
+    trigger("actionSongsList");
+
+    QCOMPARE(user.messages().size(), 3);
+    const qsizetype songs = idsByPath(m_card).size();
+    for (int mode = 0; mode < 3; ++mode) {
+        QStringList lines = QString::fromUtf8(samplesongs::readFile(fileFor(mode)))
+                                .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        QCOMPARE(lines.takeFirst(), QStringLiteral("TITOLO;ARTISTA;GENERE;FILE;"));
+        QCOMPARE(lines.size(), songs);
+        QStringList keys;
+        for (const QString &line : std::as_const(lines))
+            keys << line.split(QLatin1Char(';'))[mode];
+        QVERIFY(std::is_sorted(keys.cbegin(), keys.cend(), [](const auto &a, const auto &b) {
+            return QString::compare(a, b, Qt::CaseInsensitive) < 0;
+        }));
+    }
+}
+
+void TestEndToEnd::switchesToEnglishAndBack()
+{
+    const auto *view = child<QTableView>(m_window.get(), "userLibraryTableView");
+    const auto heading = [view] {
+        return view->model()->headerData(columnTitle, Qt::Horizontal).toString();
+    };
+    trigger("actionEnglish");
+    QTRY_COMPARE(heading(), QStringLiteral("Title"));
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("RB27 Utility"));
+    trigger("actionGerman");
+    QTRY_COMPARE(heading(), QStringLiteral("Titel"));
+    const QSettings settings(QStringLiteral("kavena_pc"), QStringLiteral("kravo"));
+    QCOMPARE(settings.value(QStringLiteral("language")).toString(), QStringLiteral("de"));
 }
 
 int main(int argc, char **argv)

@@ -36,29 +36,6 @@ void say(const QString &text)
     QTextStream(stdout) << text << Qt::endl;
 }
 
-template <typename Widget>
-Widget *child(QWidget *window, const char *name)
-{
-    auto *const found = window->findChild<Widget *>(QString::fromLatin1(name));
-    if (found == nullptr)
-        qFatal("no widget %s", name);
-    return found;
-}
-
-/** Clicks when the current event is done: the click may open a window of its own. */
-void clickLater(QWidget *button)
-{
-    QTimer::singleShot(0, button, [button] { QTest::mouseClick(button, Qt::LeftButton); });
-}
-
-/** How often this window was asked for its next step. */
-int nextStep(QWidget *window)
-{
-    const int step = window->property("demoStep").toInt();
-    window->setProperty("demoStep", step + 1);
-    return step;
-}
-
 class Demo
 {
 public:
@@ -194,7 +171,7 @@ bool Demo::answerEdit(QWidget *window)
         clickLater(child<QCheckBox>(window, "checkBoxToAllArtist"));
         break;
     case 1:
-        window->setProperty("demoStep", 0);
+        window->setProperty("step", 0);
         clickLater(child<QPushButton>(window, "savePushButton"));
         break;
     }

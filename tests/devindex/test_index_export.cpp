@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <optional>
+#include <unistd.h>
 
 using namespace songbytes;
 
@@ -68,6 +69,7 @@ private slots:
     void fileThatCannotBeMadeGivesZero();
     void fullDiskLeavesNoPartOfAList();
     void existingListIsReplaced();
+    void listThatMayNotBeWrittenStays();
     void rootMayEndInASlash();
     void progressFollowsTheSongs();
     void memoryItselfStaysAsItIs();
@@ -190,6 +192,28 @@ void TestIndexExport::existingListIsReplaced()
     QCOMPARE(index.saveSongsList(memory.root(), memory.list(), Index::SortByTitle), 1);
     QVERIFY(memory.listed().startsWith(Header));
     QVERIFY(!memory.listed().contains('x'));
+}
+
+void TestIndexExport::listThatMayNotBeWrittenStays()
+{
+    const ExportMemory memory;
+    QFile old(memory.list());
+    QVERIFY(old.open(QIODevice::WriteOnly));
+    old.write("the user's own");
+    old.close();
+    const auto everyone = QFile::Permissions(0x7777);
+    for (const QString &folder : {memory.root(), memory.lists()})
+        QVERIFY(QFile::setPermissions(folder, everyone));
+    QVERIFY(old.setPermissions(QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
+    // Nothing is write-protected for root.
+    const uid_t user = geteuid();
+    constexpr uid_t nobody = 65534;
+    QVERIFY(user != 0 || seteuid(nobody) == 0);
+    Index index;
+    const int result = index.saveSongsList(memory.root(), memory.list(), Index::SortByTitle);
+    QVERIFY(user != 0 || seteuid(user) == 0);
+    QCOMPARE(result, 0);
+    QCOMPARE(memory.listed(), QByteArray("the user's own"));
 }
 
 void TestIndexExport::rootMayEndInASlash()

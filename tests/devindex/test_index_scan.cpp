@@ -87,6 +87,11 @@ private slots:
     void past999NothingCanBeRenamed();
     void takenNamesArePassedOver();
     void rootIsNeverRenamed();
+    void karaokePicturesAreRenamedWithTheirSong_data();
+    void karaokePicturesAreRenamedWithTheirSong();
+    void picturesOfAnotherSongAreNotReplaced();
+    void picturesStayWithASongThatIsNotRenamed();
+    void aFolderNamedLikeAnMp3HasNoPictures();
     void foldersAreRenamedWithTheirSongs();
     void aFolderThatCannotBeRenamedIsLeftOut();
     void halfASurrogatePairIsNoName();
@@ -102,6 +107,7 @@ private slots:
     void linkToAnotherFolderIsEntered();
     void linksAmongManyFoldersEnd();
     void brokenLinksAndPipesAreNoSongs();
+    void linksToPipesAndDevicesAreNoSongs();
     void manySongsInReversedFolderOrder();
 };
 
@@ -471,6 +477,77 @@ void TestIndexScan::rootIsNeverRenamed()
     QCOMPARE(index.renameLongFileName(index.rootPath.toUpper()), index.rootPath.toUpper());
 }
 
+void TestIndexScan::karaokePicturesAreRenamedWithTheirSong_data()
+{
+    QTest::addColumn<QString>("suffix");
+    QTest::addColumn<QString>("pictures");
+    QTest::newRow("lower case") << "mp3"
+                                << "cdg";
+    QTest::newRow("upper case") << "MP3"
+                                << "CDG";
+}
+
+void TestIndexScan::karaokePicturesAreRenamedWithTheirSong()
+{
+    QFETCH(QString, suffix);
+    QFETCH(QString, pictures);
+    const DeviceMemory memory;
+    const QString name = QStringLiteral("pop/My Long Song.%1");
+    const QString shortName = QStringLiteral("pop/MyLong-1.%1");
+    memory.add(name.arg(suffix), Song);
+    memory.add(name.arg(pictures), "pictures");
+    memory.add(name.arg(QStringLiteral("txt")), "words");
+    AskedIndex index(memory);
+    index.scan_files(memory.root());
+    QCOMPARE(index.questions.size(), 1);
+    QCOMPARE(pathsOf(index), QStringList{QLatin1Char('/') + shortName.arg(suffix)});
+    QCOMPARE(memory.read(shortName.arg(pictures)), QByteArray("pictures"));
+    QVERIFY(!QFileInfo::exists(memory.path(name.arg(pictures))));
+    QCOMPARE(memory.read(name.arg(QStringLiteral("txt"))), QByteArray("words"));
+}
+
+void TestIndexScan::picturesOfAnotherSongAreNotReplaced()
+{
+    const DeviceMemory memory;
+    memory.add(QStringLiteral("My Long Song.mp3"), Song);
+    memory.add(QStringLiteral("My Long Song.cdg"), "pictures");
+    memory.add(QStringLiteral("MyLong-1.cdg"), "other pictures");
+    AskedIndex index(memory);
+    const LogCapture log;
+    index.scan_files(memory.root());
+    QCOMPARE(pathsOf(index), QStringList{QStringLiteral("/MyLong-1.mp3")});
+    QCOMPARE(memory.read(QStringLiteral("My Long Song.cdg")), QByteArray("pictures"));
+    QCOMPARE(memory.read(QStringLiteral("MyLong-1.cdg")), QByteArray("other pictures"));
+    QVERIFY(LogCapture::contains(
+        QStringLiteral("[Index::renameLongFileName] Impossible to rename \"%1\" ")
+            .arg(memory.path(QStringLiteral("My Long Song.cdg")))));
+}
+
+void TestIndexScan::picturesStayWithASongThatIsNotRenamed()
+{
+    const DeviceMemory memory;
+    memory.add(QStringLiteral("My Long Song.mp3"), Song);
+    memory.add(QStringLiteral("My Long Song.cdg"), "pictures");
+    memory.add(QStringLiteral("A Midi Song.mid"), Song);
+    memory.add(QStringLiteral("A Midi Song.cdg"), "no pictures");
+    AskedIndex index(memory, {NoCopyrightDialog::Yes, NoCopyrightDialog::No});
+    index.scan_files(memory.root());
+    QCOMPARE(QDir(memory.root()).entryList(QDir::Files, QDir::Name),
+             (QStringList{QStringLiteral("A Midi Song.cdg"), QStringLiteral("AMidiS-1.mid"),
+                          QStringLiteral("My Long Song.cdg"), QStringLiteral("My Long Song.mp3")}));
+}
+
+void TestIndexScan::aFolderNamedLikeAnMp3HasNoPictures()
+{
+    const DeviceMemory memory;
+    memory.add(QStringLiteral("A Long Album.mp3/a.mid"), Song);
+    memory.add(QStringLiteral("A Long Album.cdg"), "pictures");
+    AskedIndex index(memory);
+    index.scan_files(memory.root());
+    QCOMPARE(pathsOf(index), QStringList{QStringLiteral("/ALongA-1/a.mid")});
+    QCOMPARE(memory.read(QStringLiteral("A Long Album.cdg")), QByteArray("pictures"));
+}
+
 void TestIndexScan::foldersAreRenamedWithTheirSongs()
 {
     const DeviceMemory memory;
@@ -669,6 +746,23 @@ void TestIndexScan::brokenLinksAndPipesAreNoSongs()
     SongInfoIndex pipe;
     pipe.fullPath = memory.path(QStringLiteral("c.mid"));
     QCOMPARE(index.setSongInfo(pipe), 0);
+}
+
+void TestIndexScan::linksToPipesAndDevicesAreNoSongs()
+{
+    const DeviceMemory memory;
+    memory.add(QStringLiteral("a.mid"), Song);
+    memory.add(QStringLiteral("sfx/real.dat"), Song);
+    QCOMPARE(QProcess::execute(QStringLiteral("mkfifo"), {memory.path(QStringLiteral("pipe"))}), 0);
+    QVERIFY(QFile::link(QStringLiteral("pipe"), memory.path(QStringLiteral("b.mid"))));
+    QVERIFY(QFile::link(QStringLiteral("/dev/zero"), memory.path(QStringLiteral("c.mid"))));
+    QVERIFY(QFile::link(QStringLiteral("sfx/real.dat"), memory.path(QStringLiteral("d.mid"))));
+    AskedIndex index(memory);
+    QVERIFY(index.createIndex(memory.root())); // reading the pipe would take for ever
+    QCOMPARE(index.filesFound, 2u);
+    QCOMPARE(memory.read(QStringLiteral("index.idx")).size(), 2 * 64);
+    QCOMPARE(index.loadAllIndexFile(), 0);
+    QCOMPARE(pathsOf(index), (QStringList{QStringLiteral("/a.mid"), QStringLiteral("/d.mid")}));
 }
 
 void TestIndexScan::manySongsInReversedFolderOrder()

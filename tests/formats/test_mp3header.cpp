@@ -118,6 +118,10 @@ private slots:
     void identifierInsideAnotherFrameIsNoFrame();
     void framesBehindUnknownBytesAreFound();
     void framesBehindALargeVersion4FrameAreFound();
+    void largeVersion4FrameIsReadAndReplacedAlone_data();
+    void largeVersion4FrameIsReadAndReplacedAlone();
+    void longTextWrittenIntoAVersion4TagIsReplacedWhole_data();
+    void longTextWrittenIntoAVersion4TagIsReplacedWhole();
     void hostileTagsKeepTheirInvariants();
 };
 
@@ -645,6 +649,58 @@ void TestMp3Header::framesBehindALargeVersion4FrameAreFound()
     QVERIFY(header.loadHeader(tag));
     QCOMPARE(header.title(), latin1("Song"));
     QCOMPARE(header.artist(), latin1("Someone"));
+}
+
+void TestMp3Header::largeVersion4FrameIsReadAndReplacedAlone_data()
+{
+    QTest::addColumn<QByteArray>("behind");
+    const QByteArray artist = id3Frame("TPE1", "Someone");
+    QTest::newRow("end of the tag") << QByteArray();
+    QTest::newRow("padding") << QByteArray(300, '\0');
+    QTest::newRow("frame") << artist;
+    QTest::newRow("frame and padding") << artist + QByteArray(300, '\0');
+    QTest::newRow("large frame") << "COMM" + QByteArray("\x00\x00\x01\x49\x00\x00", 6) +
+                                        QByteArray(201, 'c') + artist;
+}
+
+void TestMp3Header::largeVersion4FrameIsReadAndReplacedAlone()
+{
+    // 201 bytes in groups of seven bits are 01 49, which would be 329 bytes in version 3.
+    QFETCH(QByteArray, behind);
+    const QByteArray title =
+        "TIT2" + QByteArray("\x00\x00\x01\x49\x00\x00\x00", 7) + QByteArray(200, 'x');
+    const QByteArray album = id3Frame("TALB", "Album");
+    const auto version4 = [](QByteArray tag) {
+        tag[3] = 4;
+        return tag;
+    };
+    Mp3Header header;
+    QVERIFY(header.loadHeader(version4(id3Tag(album + title + behind))));
+    QCOMPARE(header.title(), QString(200, QLatin1Char('x')));
+    header.setTitle(latin1("New"));
+    QCOMPARE(header.stream(), version4(id3Tag(id3Frame("TIT2", "New") + album + behind)));
+}
+
+void TestMp3Header::longTextWrittenIntoAVersion4TagIsReplacedWhole_data()
+{
+    QTest::addColumn<int>("length");
+    for (const int length : {126, 127, 128, 200, 255, 256, 300, 500, 20000})
+        QTest::addRow("%d", length) << length;
+}
+
+void TestMp3Header::longTextWrittenIntoAVersion4TagIsReplacedWhole()
+{
+    QFETCH(int, length);
+    QByteArray tag = id3Tag(id3Frame("TPE1", "Someone") + QByteArray(100, '\0'));
+    tag[3] = 4;
+    Mp3Header header;
+    QVERIFY(header.loadHeader(tag));
+    const QString text(length, QLatin1Char('A')); // looks like frame identifiers throughout
+    header.setTitle(text);
+    QCOMPARE(header.title(), text);
+    QCOMPARE(header.artist(), latin1("Someone"));
+    header.setTitle(QString());
+    QCOMPARE(header.stream(), tag);
 }
 
 void TestMp3Header::hostileTagsKeepTheirInvariants()

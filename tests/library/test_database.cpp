@@ -54,6 +54,39 @@ private:
     void (*m_oldHandler)(int);
     rlimit m_old{};
 };
+
+/** Lets temporary files be made in this folder only. */
+class TemporaryFilesIn
+{
+public:
+    explicit TemporaryFilesIn(const QString &folder)
+        : m_previous(qgetenv("TMPDIR"))
+    {
+        qputenv("TMPDIR", QFile::encodeName(folder));
+    }
+    ~TemporaryFilesIn()
+    {
+        if (m_previous.isNull())
+            qunsetenv("TMPDIR");
+        else
+            qputenv("TMPDIR", m_previous);
+    }
+    Q_DISABLE_COPY_MOVE(TemporaryFilesIn)
+
+private:
+    const QByteArray m_previous;
+};
+
+/** How many files below the folder this process has open, those without a name included. */
+int openFilesIn(const QString &folder)
+{
+    int count = 0;
+    const QFileInfoList descriptors =
+        QDir(str("/proc/self/fd")).entryInfoList(QDir::AllEntries | QDir::System);
+    for (const QFileInfo &descriptor : descriptors)
+        count += descriptor.symLinkTarget().startsWith(folder + QLatin1Char('/')) ? 1 : 0;
+    return count;
+}
 } // namespace
 
 class TestDatabase : public QObject
@@ -69,6 +102,7 @@ private slots:
     void builtInCatalogueIsCopiedToATemporaryFile();
     void everySongOfTheBuiltInCatalogueIsFound();
     void debugFileReplacesTheBuiltInCatalogue();
+    void debugFileIsUsedWithoutATemporaryFile();
     void folderNamedLikeTheDebugFileIsPassedOver();
     void unusableTemporaryFolderFailsInit();
     void fullDiskFailsInit();
@@ -199,6 +233,24 @@ void TestDatabase::debugFileReplacesTheBuiltInCatalogue()
              str("songsdb_debug"));
 }
 
+void TestDatabase::debugFileIsUsedWithoutATemporaryFile()
+{
+    QVERIFY(QDir::current().mkdir(str("temporary")));
+    const QString folder = QDir(m_folder->path()).canonicalPath() + str("/temporary");
+    const TemporaryFilesIn here(folder);
+    {
+        Database builtIn;
+        QVERIFY(builtIn.init());
+        QVERIFY(openFilesIn(folder) > 0);
+    }
+    QVERIFY(debugcatalogue::create({blueDanube}));
+    Database database;
+    QVERIFY(database.init());
+    QVERIFY(!database.artistsList().isEmpty());
+    QCOMPARE(openFilesIn(folder), 0);
+    QVERIFY(QDir(folder).isEmpty());
+}
+
 void TestDatabase::folderNamedLikeTheDebugFileIsPassedOver()
 {
     QVERIFY(QDir::current().mkdir(str("songsdb_debug")));
@@ -209,16 +261,10 @@ void TestDatabase::folderNamedLikeTheDebugFileIsPassedOver()
 
 void TestDatabase::unusableTemporaryFolderFailsInit()
 {
-    const QByteArray previous = qgetenv("TMPDIR");
-    qputenv("TMPDIR", "/dev/null");
+    const TemporaryFilesIn nowhere(str("/dev/null"));
     LogCapture log;
     Database database;
-    const bool succeeded = database.init();
-    if (previous.isNull())
-        qunsetenv("TMPDIR");
-    else
-        qputenv("TMPDIR", previous);
-    QVERIFY(!succeeded);
+    QVERIFY(!database.init());
     QVERIFY(log.contains(str("[Database::init] FATAL: Unable to create temporary files !!! ")));
 }
 

@@ -121,6 +121,8 @@ private slots:
     void artistAndGenreNeedNotBeInTheirLists();
     void listsAreReplacedInTheirOrder();
     void typedNameIsNotCompletedByItself();
+    void letterCaseStaysAsEntered_data();
+    void letterCaseStaysAsEntered();
     void keyIsSelectedByItsExactText_data();
     void keyIsSelectedByItsExactText();
     void textsAreTrimmedAndOtherFieldsKept();
@@ -325,6 +327,34 @@ void TestDataEditDialog::typedNameIsNotCompletedByItself()
     QTest::keyClicks(field, QStringLiteral("da"));
     QCOMPARE(open.result().artist, QStringLiteral("zelda"));
     QCOMPARE(open.combo("artistComboBox")->count(), 2);
+}
+
+void TestDataEditDialog::letterCaseStaysAsEntered_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("left by Tab") << int(Qt::Key_Tab);
+    QTest::newRow("ended by Return") << int(Qt::Key_Return);
+}
+
+void TestDataEditDialog::letterCaseStaysAsEntered()
+{
+    // Both names stand in the lists too, spelt otherwise.
+    QFETCH(int, key);
+    SongInfo info = someSong();
+    info.genre = QStringLiteral("Jazz");
+    OpenDialog open(info);
+    QVERIFY(QTest::qWaitForWindowActive(&open.dialog));
+    QLineEdit *const artist = open.combo("artistComboBox")->lineEdit();
+    artist->setFocus();
+    artist->selectAll();
+    QTest::keyClicks(artist, QStringLiteral("ZELDA"));
+    QTest::keyClick(artist, static_cast<Qt::Key>(key));
+    QCOMPARE(open.result().artist, QStringLiteral("ZELDA"));
+
+    QLineEdit *const genre = open.combo("genreComboBox")->lineEdit();
+    genre->setFocus();
+    QTest::keyClick(genre, static_cast<Qt::Key>(key));
+    QCOMPARE(open.result().genre, QStringLiteral("Jazz"));
 }
 
 void TestDataEditDialog::keyIsSelectedByItsExactText_data()

@@ -3,6 +3,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
@@ -16,6 +17,8 @@ private slots:
     void escapeAndClosingCountAsYes();
     void yesNoOnlyHidesTheAllButtons();
     void showsFileAndMessage();
+    void dialogIsAsWideAsTheFileNameNeeds();
+    void longFileNameLeavesTheButtonsOnScreen();
 };
 
 void TestNoCopyrightDialog::eachButtonGivesItsAnswer_data()
@@ -77,6 +80,40 @@ void TestNoCopyrightDialog::showsFileAndMessage()
     QCOMPARE(dialog.findChild<QLabel *>(QStringLiteral("fileNameLabel"))->text(),
              QStringLiteral("/music/Tanti & cari.mid"));
     QCOMPARE(message->text(), QStringLiteral("esiste già, vuoi sostituirlo?"));
+}
+
+void TestNoCopyrightDialog::dialogIsAsWideAsTheFileNameNeeds()
+{
+    NoCopyrightDialog shortName;
+    const int width = shortName.width();
+    shortName.setFilename(QStringLiteral("/music/short.mid"));
+    QCOMPARE(shortName.width(), width);
+
+    NoCopyrightDialog dialog;
+    auto *const label = dialog.findChild<QLabel *>(QStringLiteral("fileNameLabel"));
+    QString path = QStringLiteral("/music/");
+    while (label->fontMetrics().horizontalAdvance(path) < width)
+        path += QLatin1Char('w');
+    const int widest = dialog.screen()->availableGeometry().width() * 2 / 3;
+    dialog.setFilename(path);
+    dialog.show();
+    QCoreApplication::processEvents();
+    QVERIFY(dialog.width() > width || width >= widest);
+    QVERIFY(dialog.width() <= qMax(width, widest));
+}
+
+void TestNoCopyrightDialog::longFileNameLeavesTheButtonsOnScreen()
+{
+    // Names as long as file systems allow, without a blank to break the line at.
+    const QString path = QStringLiteral("/music/") + QString(250, QLatin1Char('w'));
+    NoCopyrightDialog dialog;
+    dialog.setFilename(path);
+    dialog.show();
+    QCoreApplication::processEvents();
+    QCOMPARE(dialog.findChild<QLabel *>(QStringLiteral("fileNameLabel"))->text(), path);
+    QVERIFY2(dialog.minimumSizeHint().width() <= 800,
+             QByteArray::number(dialog.minimumSizeHint().width()).constData());
+    QVERIFY(dialog.width() <= dialog.screen()->availableGeometry().width());
 }
 
 QTEST_MAIN(TestNoCopyrightDialog)

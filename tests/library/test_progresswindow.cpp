@@ -49,6 +49,8 @@ private slots:
     void cancelButtonIsRemembered();
     void escapeIsRemembered();
     void jobThatGoesOnAfterCancelStaysBehindTheDialog();
+    void cancelledDialogKeepsTheMainWindowShut_data();
+    void cancelledDialogKeepsTheMainWindowShut();
     void mainWindowTakesNoClicks();
     void closesWhenTheJobEnds();
     void endOfTheJobIsNoCancellation();
@@ -140,6 +142,38 @@ void TestProgressWindow::jobThatGoesOnAfterCancelStaysBehindTheDialog()
     progress.setValue(3);
     QVERIFY(progress.dialog().isVisible());
     QCOMPARE(progress.dialog().value(), 3);
+    QVERIFY(progress.wasCanceled());
+}
+
+void TestProgressWindow::cancelledDialogKeepsTheMainWindowShut_data()
+{
+    QTest::addColumn<bool>("byButton");
+    QTest::newRow("cancel button") << true;
+    QTest::newRow("close box") << false;
+}
+
+void TestProgressWindow::cancelledDialogKeepsTheMainWindowShut()
+{
+    QFETCH(bool, byButton);
+    QWidget parent;
+    parent.resize(400, 300);
+    auto *const button = new QPushButton(&parent);
+    button->resize(400, 300);
+    parent.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&parent));
+    QSignalSpy clicked(button, &QPushButton::clicked);
+    ProgressWindow progress(str("t"), str("l"), 5, &parent);
+    progress.setValue(2);
+    if (byButton)
+        clickAsUser(cancelButton(progress));
+    else
+        progress.dialog().close();
+    // A job that cannot be stopped, or not at once: it may take long before the next step shows.
+    QCoreApplication::processEvents();
+    QVERIFY(progress.dialog().isVisible());
+    QCOMPARE(QApplication::activeModalWidget(), &progress.dialog());
+    clickAsUser(button);
+    QCOMPARE(clicked.size(), 0);
     QVERIFY(progress.wasCanceled());
 }
 

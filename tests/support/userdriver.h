@@ -8,6 +8,30 @@
 #include <QLineEdit>
 #include <QQueue>
 
+/** The widget of this object name in the window; the test ends when there is none. */
+template <typename Widget>
+Widget *child(const QWidget *window, const char *name)
+{
+    auto *const found = window->findChild<Widget *>(QString::fromLatin1(name));
+    if (found == nullptr)
+        qFatal("no widget %s", name);
+    return found;
+}
+
+/** Clicks when the current event is done: the click may open a window of its own. */
+inline void clickLater(QWidget *button)
+{
+    QTimer::singleShot(0, button, [button] { QTest::mouseClick(button, Qt::LeftButton); });
+}
+
+/** How often this window was asked for its next step. */
+inline int nextStep(QWidget *window)
+{
+    const int step = window->property("step").toInt();
+    window->setProperty("step", step + 1);
+    return step;
+}
+
 /**
  * Answers file dialogs with the paths that were laid out for them, in turn; a file dialog for which
  * nothing was laid out is cancelled. The application must not use native dialogs
