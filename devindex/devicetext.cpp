@@ -1,7 +1,6 @@
 #include "devindex/devicetext.h"
 
 #include <QTextCodec>
-#include <QtEndian>
 
 #include <algorithm>
 #include <array>
@@ -10,6 +9,7 @@ namespace
 {
 
 constexpr QChar SharpS(0x00DF);
+constexpr int MaxUnitBytes = 3; // a UTF-16 unit in a sort key
 
 /** Both ways between IBM 850 and Unicode, at the price of a look into a table. */
 class Ibm850
@@ -48,6 +48,22 @@ const Ibm850 &ibm850()
 {
     static const Ibm850 tables;
     return tables;
+}
+
+/** Puts a UTF-16 unit where end points and moves end behind it: up to three bytes. */
+void putUnit(char *&end, int unit)
+{
+    if (unit < 0x80) {
+        *end++ = static_cast<char>(unit);
+        return;
+    }
+    if (unit < 0x800) {
+        *end++ = static_cast<char>(0xC0 | unit >> 6);
+    } else {
+        *end++ = static_cast<char>(0xE0 | unit >> 12);
+        *end++ = static_cast<char>(0x80 | (unit >> 6 & 0x3F));
+    }
+    *end++ = static_cast<char>(0x80 | (unit & 0x3F));
 }
 
 int folded(QChar character)
@@ -91,24 +107,21 @@ int compareIgnoringCase(const QString &first, const QString &second)
 void appendSortKey(QByteArray &key, const QString &text)
 {
     const qsizetype start = key.size();
-    key.resize(start + text.size() * qsizetype(sizeof(quint16)));
-    char *unit = key.data() + start;
-    const auto put = [&unit](int code) {
-        qToBigEndian(static_cast<quint16>(code), unit);
-        unit += sizeof(quint16);
-    };
+    key.resize(start + MaxUnitBytes * text.size());
+    char *end = key.data() + start;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar character = text.at(i);
-        const QChar next = i + 1 < text.size() ? text.at(i + 1) : QChar();
-        if (character.isHighSurrogate() && next.isLowSurrogate()) {
-            const char32_t pair = QChar::toCaseFolded(QChar::surrogateToUcs4(character, next));
-            put(QChar::highSurrogate(pair));
-            put(QChar::lowSurrogate(pair));
-            ++i;
-        } else {
-            put(folded(character));
+        if (!character.isHighSurrogate() || i + 1 == text.size() ||
+            !text.at(i + 1).isLowSurrogate()) {
+            putUnit(end, folded(character));
+            continue;
         }
+        ++i;
+        const char32_t pair = QChar::toCaseFolded(QChar::surrogateToUcs4(character, text.at(i)));
+        putUnit(end, QChar::highSurrogate(pair));
+        putUnit(end, QChar::lowSurrogate(pair));
     }
+    key.truncate(end - key.constData());
 }
 
 QByteArray ibm850FromText(const QString &text)

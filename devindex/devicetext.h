@@ -16,7 +16,10 @@ QString stringToUpper(const QString &text);
  */
 int compareIgnoringCase(const QString &first, const QString &second);
 
-/** Appends bytes that compare as compareIgnoringCase does: case-folded UTF-16, big-endian. */
+/**
+ * Appends bytes that compare as compareIgnoringCase does: the case-folded UTF-16 units, each in as
+ * many bytes as UTF-8 would take for it. Most texts take one byte for a character.
+ */
 void appendSortKey(QByteArray &key, const QString &text);
 
 /** The bytes of a path in code page IBM 850; a character outside it becomes "?". */

@@ -84,10 +84,9 @@ void sortByText(QList<SongInfoIndex> &entries, AppendKey append)
 
 void sortByTextThenTitle(QList<SongInfoIndex> &entries, QString SongInfoIndex::*text)
 {
-    const QByteArray separator(2, '\0'); // below every character
-    sortByText(entries, [&](QByteArray &key, const SongInfoIndex &entry) {
+    sortByText(entries, [text](QByteArray &key, const SongInfoIndex &entry) {
         appendSortKey(key, entry.*text);
-        key += separator;
+        key += '\0'; // below every character
         appendSortKey(key, entry.title);
     });
 }

@@ -18,6 +18,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
+#include <QVarLengthArray>
 
 #include <algorithm>
 #include <array>
@@ -64,15 +65,13 @@ bool renameItem(const QString &path, const QString &newPath)
 /** A line of the list of songs: each field closed by ";", without quotes, in UTF-8. */
 QByteArray listLine(const std::array<QStringView, 4> &fields)
 {
-    qsizetype size = 1;
-    for (const QStringView field : fields)
-        size += field.size() + 1;
-    QString line;
-    line.reserve(size);
-    for (const QStringView field : fields)
-        line.append(field).append(QLatin1Char(';'));
-    line += QLatin1Char('\n');
-    return line.toUtf8();
+    QVarLengthArray<QChar, 256> line;
+    for (const QStringView field : fields) {
+        line.append(field.data(), field.size());
+        line.append(QLatin1Char(';'));
+    }
+    line.append(QLatin1Char('\n'));
+    return QStringView(line).toUtf8();
 }
 
 int askInDialog(const QString &path, const QString &message)

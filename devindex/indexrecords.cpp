@@ -96,7 +96,7 @@ SongRecord SongRecord::decode(const char *bytes)
 {
     SongRecord record;
     record.id = idOf(bytes);
-    record.title = textFromBytes(QByteArray(bytes + TextOffset, TitleSize));
+    record.title = textFromBytes(QByteArrayView(bytes + TextOffset, TitleSize));
     record.bpm = static_cast<quint8>(bytes[BpmOffset]);
     record.fileType = static_cast<quint8>(bytes[TypeOffset] & TypeMask);
     record.hasMarkers = (bytes[TypeOffset] & MarkerBit) != 0;
@@ -123,7 +123,7 @@ GroupHeader GroupHeader::decode(const char *bytes)
     GroupHeader header;
     header.previousCount = qFromBigEndian<quint16>(bytes);
     header.count = qFromBigEndian<quint16>(bytes + GroupCountOffset);
-    header.text = textFromBytes(QByteArray(bytes + TextOffset, TextSize));
+    header.text = textFromBytes(QByteArrayView(bytes + TextOffset, TextSize));
     return header;
 }
 
