@@ -3,8 +3,8 @@
 //   bench_index [--songs=20000] [--small=5000] [--large=60000] [--rounds=5] [--folder=DIR]
 //
 // The songs are made below DIR (by default the folder for temporary files): 60 % MIDI, 30 % MP3 and
-// 10 % MFX. Besides Google Benchmark's own table it prints the ratios and the peak memory. On a busy
-// machine the ratios of processor time say more than those of real time.
+// 10 % MFX. Besides Google Benchmark's own table it prints the ratios and the peak memory. On a
+// busy machine the ratios of processor time say more than those of real time.
 #include "devindex/index.h"
 #include "support/songbytes.h"
 
