@@ -5,7 +5,7 @@ set -euo pipefail
 
 declare -A groups=(
   [build]="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev
-           libqt6core5compat6-dev libqt6sql6-sqlite qt6-tools-dev qt6-tools-dev-tools
+           qt6-5compat-dev libqt6sql6-sqlite qt6-tools-dev qt6-tools-dev-tools
            qt6-l10n-tools qt6-translations-l10n sqlite3"
   [test]="xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core midicsv abcmidi lame
           id3v2 openttd-openmsx python3 clang-format"
@@ -18,8 +18,8 @@ command -v dpkg-query >/dev/null || exit 0
 missing=()
 for group in "$@"; do
   for package in ${groups[$group]}; do
-    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
-      missing+=("$package")
+    status=$(dpkg-query -W -f '${Status}' "$package" 2>/dev/null || true)
+    [ "$status" = "install ok installed" ] || missing+=("$package")
   done
 done
 [ ${#missing[@]} -eq 0 ] && exit 0

@@ -255,9 +255,9 @@ void Demo::shoot(const QString &name)
 
 void Demo::shootOnce(QWidget *window, const QString &name)
 {
-    const QString title =
-        name + QLatin1Char('-') +
-        window->windowTitle().toLower().replace(QLatin1Char(' '), QLatin1Char('_'));
+    QString title = name + QLatin1Char('-') + window->windowTitle();
+    title = title.toLower().replace(QRegularExpression(QStringLiteral("[^\\w-]+")),
+                                    QStringLiteral("_"));
     if (!m_shot.contains(m_language + title))
         shoot(title);
 }
