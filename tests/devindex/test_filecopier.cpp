@@ -1,8 +1,8 @@
 // Copying song files: order and counters, questions, companions, failures that lose nothing.
 #include "devindex/copyingprogress.h"
 #include "devindex/filecopier.h"
-#include "devindex/filesizelimit.h"
 #include "library/nocopyrightdialog.h"
+#include "support/faults.h"
 #include "support/logcapture.h"
 #include "support/modalanswers.h"
 
@@ -488,7 +488,7 @@ void TestFileCopier::incompleteCopyIsRemoved()
     const QStringList files = {write(QStringLiteral("lib/big.mp3"), QByteArray(200000, 'b')),
                                write(QStringLiteral("lib/small.mid"), "small")};
     {
-        const FileSizeLimit limit(100000);
+        const faults::FileSizeLimit limit(100000);
         QVERIFY(!copy(files));
     }
     QCOMPARE(m_copied, 1);

@@ -1,6 +1,7 @@
 // Indexes that a stranger wrote, and memories that fail while they are written.
 #include "devindex/index.h"
 #include "support/devicememory.h"
+#include "support/faults.h"
 #include "support/logcapture.h"
 #include "support/songbytes.h"
 
@@ -8,9 +9,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include <csignal>
 #include <optional>
-#include <sys/resource.h>
 
 using namespace songbytes;
 
@@ -63,30 +62,6 @@ public:
         add(QStringLiteral("artist.idx"), groupHeader(counts, "ARTIST") + titles);
         add(QStringLiteral("genre.idx"), groupHeader(counts, "GENRE") + titles);
     }
-};
-
-/** While it lives, no file of this process grows beyond the limit. */
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_previous);
-        rlimit limit = m_previous;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_previous);
-        static_cast<void>(std::signal(SIGXFSZ, m_handler));
-    }
-    Q_DISABLE_COPY_MOVE(FileSizeLimit)
-
-private:
-    rlimit m_previous{};
-    void (*m_handler)(int) = nullptr;
 };
 
 /** A disk of this size over a folder, where the machine lets us mount one. */
@@ -513,7 +488,7 @@ void TestIndexHostile::shortWriteAnywhereLeavesNoIndex()
     for (rlim_t limit = 0; limit <= 2700; limit += limit < 300 ? 7 : 61) {
         bool built = false;
         {
-            const FileSizeLimit full(limit);
+            const faults::FileSizeLimit full(limit);
             built = Index().createIndex(memory.root());
         }
         ++(built ? succeeded : failed);

@@ -1,13 +1,13 @@
 // The transfer onto a memory: which folders are refused, room, copy, index, and what the user is
 // told; with answers handed in, and once through the real windows.
 #include "devindex/copyingprogress.h"
-#include "devindex/filesizelimit.h"
 #include "devindex/index.h"
 #include "devindex/mountedcard.h"
 #include "devindex/transfer.h"
 #include "devindex/transferdialogs.h"
 #include "library/nocopyrightdialog.h"
 #include "library/progresswindow.h"
+#include "support/faults.h"
 #include "support/logcapture.h"
 #include "support/userdriver.h"
 
@@ -513,7 +513,7 @@ void TestTransfer::fullCardIsReportedAndKeepsItsIndex()
     const QByteArray index = m_card->read(QStringLiteral("index.idx"));
     const QString big = m_card->writeMusic(QStringLiteral("big.mid"), QByteArray(5000, 'x'));
     {
-        const FileSizeLimit limit(1000);
+        const faults::FileSizeLimit limit(1000);
         QCOMPARE(transfer({big}), Transfer::Outcome::Incomplete);
     }
     QCOMPARE(m_questions->failures, QStringList(failureText));
@@ -527,7 +527,7 @@ void TestTransfer::indexThatDoesNotFitIsReportedAndLeavesNone()
     const QStringList songs = someSongs(4);
     {
         // Room for each song and for the alpha files of 256 bytes, not for 4 records of 64 bytes.
-        const FileSizeLimit limit(200);
+        const faults::FileSizeLimit limit(200);
         QCOMPARE(transfer(songs), Transfer::Outcome::Incomplete);
     }
     QCOMPARE(m_questions->failures, QStringList(failureText));

@@ -1,6 +1,7 @@
 // The reference catalogue's lookups and the in-memory library, also on catalogues that are none.
 #include "library/database.h"
 #include "support/debugcatalogue.h"
+#include "support/faults.h"
 #include "support/logcapture.h"
 #include "support/scratchfolder.h"
 
@@ -8,9 +9,7 @@
 #include <QSqlRecord>
 #include <QTest>
 
-#include <csignal>
 #include <memory>
-#include <sys/resource.h>
 
 namespace
 {
@@ -31,29 +30,6 @@ QString written(const QList<Marker> &markers)
         text += QStringLiteral("%1=%2|").arg(marker.bar).arg(marker.text);
     return text;
 }
-
-/** Limits how long a file may grow, as a full disk does. */
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-        : m_oldHandler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_old);
-        const rlimit limited{bytes, m_old.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_oldHandler);
-    }
-    Q_DISABLE_COPY_MOVE(FileSizeLimit)
-
-private:
-    void (*m_oldHandler)(int);
-    rlimit m_old{};
-};
 
 /** Lets temporary files be made in this folder only. */
 class TemporaryFilesIn
@@ -274,7 +250,7 @@ void TestDatabase::fullDiskFailsInit()
     Database database;
     bool succeeded = true;
     {
-        const FileSizeLimit limit(4096);
+        const faults::FileSizeLimit limit(4096);
         succeeded = database.init();
     }
     QVERIFY(!succeeded);

@@ -19,4 +19,9 @@ export DISPLAY=":$(head -n 1 "$work/display")" QT_QPA_PLATFORM=xcb
 export DBUS_SESSION_BUS_ADDRESS=disabled: NO_AT_BRIDGE=1
 unset WAYLAND_DISPLAY XAUTHORITY
 openbox >/dev/null 2>&1 &
+# A window that asks to be shown while the window manager still starts may never be shown.
+for _ in $(seq 150); do
+  xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
+  sleep 0.1
+done
 "$@"
