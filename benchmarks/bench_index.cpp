@@ -5,13 +5,13 @@
 // The songs are made below DIR (by default the folder for temporary files): 60 % MIDI, 30 % MP3 and
 // 10 % MFX. Besides Google Benchmark's own table it prints the ratios and the peak memory. On a
 // busy machine the ratios of processor time say more than those of real time.
+#include "benchmarks/peakmemory.h"
+#include "benchmarks/songtree.h"
 #include "devindex/index.h"
-#include "support/songbytes.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -24,93 +24,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-using namespace songbytes;
-
 namespace
 {
 
 constexpr int HeadSize = 3072;
-constexpr int SongsPerFolder = 200;
-
-QByteArray text(const char *beginning, int number)
-{
-    return beginning + QByteArray::number(number);
-}
-
-QByteArray midiSong(int number)
-{
-    const QByteArray head =
-        metaEvent(3, text("Song title ", number * 7919 % 100003)) + metaEvent(2, "(c) somebody") +
-        kravoEvent(2, text("Artist ", number % 1500)) + kravoEvent(1, text("Genre ", number % 20)) +
-        metaEvent(0x51, bigEndian(500000, 3));
-    QByteArray music;
-    while (music.size() < 6000)
-        music += notes();
-    return midiFile({track(head + music)});
-}
-
-QByteArray mp3Song(int number)
-{
-    return id3Tag(id3Frame("TIT2", text("Song title ", number * 7919 % 100003)) +
-                  id3Frame("TPE1", text("Artist ", number % 1500)) +
-                  id3Frame("TCON", text("Genre ", number % 20))) +
-           QByteArray(6000, '\xAA');
-}
-
-QByteArray mfxSong(int number)
-{
-    QByteArray song = "_MF4" + QByteArray(4092, '\0');
-    const QByteArray title = text("Song title ", number * 7919 % 100003);
-    song.replace(138, title.size(), title);
-    return song;
-}
-
-/** A memory full of songs in folders, some with accents in their names. */
-class SongTree
-{
-public:
-    SongTree(const QString &place, int songs)
-        : m_folder(place + QStringLiteral("/bench_index"))
-        , m_songs(songs)
-    {
-        for (int i = 0; i < songs; ++i) {
-            if (i % SongsPerFolder == 0)
-                QDir(root()).mkpath(folderOf(i));
-            const int kind = i % 10;
-            if (kind < 6)
-                write(i, "mid", midiSong(i));
-            else if (kind < 9)
-                write(i, "mp3", mp3Song(i));
-            else
-                write(i, "mf4", mfxSong(i));
-        }
-    }
-
-    QString root() const { return m_folder.path(); }
-    int songs() const { return m_songs; }
-
-private:
-    static QString folderOf(int song)
-    {
-        return QStringLiteral("%1%2")
-            .arg(song % 3 == 0 ? QStringLiteral("è") : QStringLiteral("f"))
-            .arg(song / SongsPerFolder);
-    }
-
-    void write(int song, const char *suffix, const QByteArray &bytes) const
-    {
-        const int first = song / SongsPerFolder * SongsPerFolder;
-        QFile file(QStringLiteral("%1/%2/s%3.%4")
-                       .arg(root(), folderOf(first))
-                       .arg(song)
-                       .arg(QString::fromUtf8(suffix)));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
-            qFatal("cannot make the songs: is the disk full?");
-    }
-
-    QTemporaryDir m_folder;
-    int m_songs;
-};
 
 /** The least that reading every song's head can take: system calls, no Qt. */
 qint64 bareRead(const std::string &root)
@@ -221,19 +138,6 @@ void add(const std::string &name, Job job)
         ->Iterations(1)
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime();
-}
-
-/** The most memory that this process has had, in MB. */
-double peakMemory()
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    require(status.open(QIODevice::ReadOnly), "reading /proc/self/status");
-    const QList<QByteArray> lines = status.readAll().split('\n');
-    for (const QByteArray &line : lines) {
-        if (line.startsWith("VmHWM:"))
-            return line.simplified().split(' ').at(1).toDouble() / 1024.0;
-    }
-    return 0;
 }
 
 /** Builds an index in a process of its own, so that nothing else counts. */

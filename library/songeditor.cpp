@@ -2,6 +2,7 @@
 
 #include "formats/diagnostics.h"
 #include "library/dataeditdialog.h"
+#include "library/whileanswering.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -47,9 +48,11 @@ bool SongEditor::edit(int row)
 
 void SongEditor::manualModifySong(MetaSong song, const SongInfo &info, const QString &path, int row)
 {
+    // The table may be sorted while the file is written.
+    const QPersistentModelIndex place = m_model.rowIndex(row);
     song.setSongInfo(info, true);
     logDebug() << "Saving to file: " << path;
-    if (song.saveToFile(path))
+    if (whileAnswering([&] { return song.saveToFile(path); }))
         logDebug() << "Ok";
     else
         logDebug() << "Error!";
@@ -58,9 +61,9 @@ void SongEditor::manualModifySong(MetaSong song, const SongInfo &info, const QSt
     if (saved.importFile(path)) {
         SongInfo savedInfo;
         saved.getSongInfo(savedInfo);
-        m_model.updateRow(row, savedInfo);
+        m_model.updateRow(place.row(), savedInfo);
     }
-    m_model.setStatus(row, Database::StatusEdited);
+    m_model.setStatus(place.row(), Database::StatusEdited);
 }
 
 void SongEditor::removeFromList(int row)

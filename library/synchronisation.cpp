@@ -3,6 +3,7 @@
 #include "formats/diagnostics.h"
 #include "formats/metasong.h"
 #include "library/nocopyrightdialog.h"
+#include "library/whileanswering.h"
 
 #include <QCoreApplication>
 
@@ -118,7 +119,7 @@ bool Synchronisation::updateFileWithDb(int row)
 
     song.setSongInfo(withCatalogueData(info, record), false);
     // A file that could not be written shows in its row what it still holds.
-    song.saveToFile(fileName);
+    whileAnswering([&] { return song.saveToFile(fileName); });
     MetaSong saved;
     if (saved.importFile(fileName)) {
         saved.getSongInfo(info);

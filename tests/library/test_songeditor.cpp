@@ -97,6 +97,7 @@ private slots:
     void pendingEventsRunBetweenFiles();
     void bulkEditOfASortedTableReachesEveryRow();
     void bulkEditReachesEveryRowOfATableThatIsSortedMeanwhile();
+    void rowIsFoundAgainWhenTheTableIsSortedDuringTheSave();
     void removedRowLeavesTheFile();
     void removingARowThatDoesNotExistChangesNothing();
     void deletingAsksFirst();
@@ -502,6 +503,26 @@ void TestSongEditor::bulkEditReachesEveryRowOfATableThatIsSortedMeanwhile()
     for (int row = 0; row < names.size(); ++row)
         QCOMPARE(library.cell(row, "title"), library.song(library.cell(row, "shortname")).title);
     QCOMPARE(library.statuses(), QList<int>(5, isEdited));
+}
+
+// Events run while the disk is at work.
+void TestSongEditor::rowIsFoundAgainWhenTheTableIsSortedDuringTheSave()
+{
+    LibraryTable library(QList<catalogue::Row>{});
+    for (const char *name : {"a.mid", "b.mid", "c.mid"})
+        QVERIFY(library.add(QString::fromLatin1(name), fullMidi(name)));
+    Editing editing(library);
+    editing.changeTo([&library](SongEdit &edit) {
+        edit.info.title = QStringLiteral("My own title");
+        QTimer::singleShot(0, &library.model(), [&library] {
+            const int column = library.model().fieldIndex(QStringLiteral("shortname"));
+            library.model().sort(column, Qt::DescendingOrder);
+        });
+    });
+    QVERIFY(editing.editor.edit(0));
+    QCOMPARE(library.cell(2, "shortname"), QStringLiteral("a.mid"));
+    QCOMPARE(library.cell(2, "title"), QStringLiteral("My own title"));
+    QCOMPARE(library.statuses(), QList<int>({isNew, isNew, isEdited}));
 }
 
 void TestSongEditor::removedRowLeavesTheFile()
