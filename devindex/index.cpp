@@ -12,6 +12,7 @@
 #include "devindex/recordfile.h"
 #include "devindex/songhead.h"
 #include "formats/diagnostics.h"
+#include "formats/flushtomedium.h"
 #include "library/nocopyrightdialog.h"
 
 #include <QDir>
@@ -178,8 +179,7 @@ bool Index::checkIndexFile() const
 void Index::deleteIndex()
 {
     logDebug() << "delete index";
-    // The counts go first: what is left if this is cut off is no index.
-    QFile::remove(filePath(indexfiles::Count));
+    removeCounts();
     for (const QLatin1String name : indexfiles::All)
         QFile::remove(filePath(name));
     for (const QLatin1String name : indexfiles::Temporary)
@@ -491,7 +491,7 @@ bool Index::writeIndexFiles()
         SongFile{&Index::writeGenreIndex, indexfiles::Mp3Genre, indexfiles::AlphaMp3Genre, 90}};
     constexpr std::size_t firstMp3File = 3;
 
-    if (!removeFile(filePath(indexfiles::Count)) || !removeLinks())
+    if (!removeCounts() || !removeLinks())
         return false;
     if (writeOrdIndex() < 0)
         return false;
@@ -513,10 +513,22 @@ bool Index::writeIndexFiles()
         counts.values.at(i) = static_cast<quint32>(count);
         emit progressValueChanged(file.progress);
     }
-    if (writeNumFile() < 0)
+    // The other files are on the medium by name, too, before the counts make them an index.
+    const QString countFile = filePath(indexfiles::Count);
+    if (!flushFolderOf(countFile) || writeNumFile() < 0 || !flushFolderOf(countFile))
         return false;
     emit progressValueChanged(100);
     return true;
+}
+
+/**
+ * Takes away the file of counts, on the medium as well, before any other index file changes: what
+ * is there if the work is cut off after that is no index.
+ */
+bool Index::removeCounts() const
+{
+    const QString path = filePath(indexfiles::Count);
+    return removeFile(path) && flushFolderOf(path);
 }
 
 /** Writing through a link would change a file outside the memory. */

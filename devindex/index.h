@@ -24,7 +24,7 @@ class RecordWriter;
  * used and tested by itself; the steps work below rootPath and on entries.
  *
  * While the index files are being written the file of counts is missing, so that an index that was
- * cut off never passes for a whole one.
+ * cut off, by a crash or by pulling the memory, never passes for a whole one.
  */
 class Index : public QObject
 {
@@ -194,6 +194,7 @@ private:
 
     void refreshEntry(SongInfoIndex &entry);
     bool writeIndexFiles();
+    bool removeCounts() const;
     bool removeLinks() const;
     bool writeSongsList(RecordWriter &list);
 

@@ -6,6 +6,7 @@
 #include "devindex/pathorder.h"
 #include "devindex/recordfile.h"
 #include "formats/diagnostics.h"
+#include "formats/flushtomedium.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -142,7 +143,7 @@ void PlaylistFiles::restoreIds(quint16 number, PathOrder &entries) const
         if (entry != nullptr && !replaceNextId(playlist, entry->id))
             break;
     }
-    if (!playlist.flush())
+    if (!flushToMedium(playlist))
         logWarning() << "[PlaylistFiles::restoreIds] Impossible to write playlist" << number;
 }
 

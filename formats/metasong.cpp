@@ -216,7 +216,8 @@ bool MetaSong::importFile(const QString &path)
 {
     *this = MetaSong();
     QFile file(path);
-    if (!openRegularFile(file))
+    // The program may have ended in the middle of the song's last save.
+    if (!SongFileWriter::recover(path) || !openRegularFile(file))
         return false;
 
     const QByteArray start = file.peek(magicSize);
