@@ -12,7 +12,7 @@
 #include "devindex/recordfile.h"
 #include "devindex/songhead.h"
 #include "formats/diagnostics.h"
-#include "formats/flushtomedium.h"
+#include "formats/safefile.h"
 #include "library/nocopyrightdialog.h"
 
 #include <QDir>
@@ -107,6 +107,8 @@ bool Index::createIndex(const QString &root)
     if (!begin(root))
         return false;
     restorePlaylists = createPlaylistFilePath() ? 1 : 0;
+    if (m_playlistsFailed)
+        return false; // their songs would be lost with the ids of this index
     maxLoadedId = NoIdLoaded;
     nextId = 0;
     nextPosidx = 0;
@@ -128,6 +130,8 @@ bool Index::updateIndex(const QString &root)
     nextId = 0;
     nextPosidx = 0;
     restorePlaylists = createPlaylistFilePath() ? 1 : 0;
+    if (m_playlistsFailed)
+        return false;
     if (restorePlaylists != 0) {
         // Every song is entered anew, with an id that was never used before; the playlists are
         // pointed at the new ids by path.
@@ -157,12 +161,13 @@ bool Index::begin(const QString &root)
     counts.values.fill(0);
     indexChanged = 0;
     m_buildFailed = false;
+    m_playlistsFailed = false;
     return true;
 }
 
 bool Index::hasWholeIndex() const
 {
-    return !m_buildFailed && checkIndexFile();
+    return !m_buildFailed && !m_playlistsFailed && checkIndexFile();
 }
 
 QString Index::filePath(const QString &name) const
@@ -406,8 +411,10 @@ void Index::createPathIndex()
     emit progressValueChanged(0);
     filesFound = 0;
     scan_files(rootPath);
-    if (filesFound == 0)
+    if (filesFound == 0) {
+        logWarning() << "[Index::createPathIndex] No songs in" << rootPath;
         return;
+    }
 
     emit progressMaxSetup(static_cast<int>(filesFound));
     createTitleIndex();
@@ -534,10 +541,12 @@ bool Index::removeCounts() const
 /** Writing through a link would change a file outside the memory. */
 bool Index::removeLinks() const
 {
-    return std::all_of(indexfiles::All.begin(), indexfiles::All.end(), [this](QLatin1String name) {
+    const auto isNoLink = [this](QLatin1String name) {
         const QString path = filePath(name);
         return !QFileInfo(path).isSymLink() || QFile::remove(path);
-    });
+    };
+    return std::all_of(indexfiles::All.begin(), indexfiles::All.end(), isNoLink) &&
+           isNoLink(indexfiles::UnfinishedCount);
 }
 
 // The writers ------------------------------------------------------------------------------------
@@ -592,7 +601,13 @@ int Index::writeAlphaBuffer(const QString &name)
 
 int Index::writeNumFile()
 {
-    return indexwriter::writeCounts(filePath(indexfiles::Count), counts);
+    // It makes the others an index, so it appears with its bytes or not at all.
+    const QString unfinished = filePath(indexfiles::UnfinishedCount);
+    if (indexwriter::writeCounts(unfinished, counts) == 0 &&
+        renameOver(unfinished, filePath(indexfiles::Count)))
+        return 0;
+    QFile::remove(unfinished);
+    return -1;
 }
 
 void Index::createMp3TitleIndex()
@@ -623,7 +638,9 @@ bool Index::createPlaylistFilePath()
 {
     logDebug() << "create playlist file path";
     const PlaylistFiles playlists(rootPath);
-    if (!playlists.readNumbers(playlistNumbers))
+    const auto read = playlists.readNumbers(playlistNumbers);
+    m_playlistsFailed = read == PlaylistFiles::Outcome::Failed;
+    if (read != PlaylistFiles::Outcome::Done)
         return false;
     const bool anyNew =
         std::any_of(playlistNumbers.cbegin(), playlistNumbers.cend(),
@@ -637,8 +654,11 @@ bool Index::createPlaylistFilePath()
     if (entries.isEmpty())
         return false;
     bool saved = false;
-    for (const quint16 number : std::as_const(playlistNumbers))
-        saved = playlists.savePaths(number, entries) || saved;
+    for (const quint16 number : std::as_const(playlistNumbers)) {
+        const auto outcome = playlists.savePaths(number, entries);
+        saved = outcome == PlaylistFiles::Outcome::Done || saved;
+        m_playlistsFailed = outcome == PlaylistFiles::Outcome::Failed || m_playlistsFailed;
+    }
     return saved;
 }
 
@@ -648,7 +668,8 @@ void Index::restorePlaylistFilePath()
     const PlaylistFiles playlists(rootPath);
     PathOrder order(entries);
     for (const quint16 number : std::as_const(playlistNumbers))
-        playlists.restoreIds(number, order);
+        m_playlistsFailed = playlists.restoreIds(number, order) == PlaylistFiles::Outcome::Failed ||
+                            m_playlistsFailed;
 }
 
 int Index::saveSongsList(const QString &root, const QString &fileName, SORT_MODE mode)

@@ -46,7 +46,8 @@ public:
 
     /**
      * Builds the whole index of the memory from its files; the songs get new ids. False when no
-     * complete index stands there afterwards: no songs, a full or protected memory.
+     * complete index stands there afterwards: no songs, a full or protected memory. False, too,
+     * when the playlists cannot be kept; where that shows before the build, the old index stays.
      */
     bool createIndex(const QString &root);
 
@@ -201,4 +202,5 @@ private:
     RenameQuestion m_renameQuestion;
     ShortNames m_shortNames;
     bool m_buildFailed = false;
+    bool m_playlistsFailed = false;
 };

@@ -1,6 +1,6 @@
 #include "devindex/recordfile.h"
 
-#include "formats/flushtomedium.h"
+#include "formats/safefile.h"
 
 #include <QFileInfo>
 

@@ -1,15 +1,13 @@
 #include "formats/songfilewriter.h"
 
 #include "formats/diagnostics.h"
-#include "formats/flushtomedium.h"
+#include "formats/safefile.h"
 #include "formats/songjournal.h"
 
 #include <QDateTime>
 #include <QFileInfo>
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace
 {
@@ -22,13 +20,6 @@ QString realPath(const QString &path)
 {
     const QString canonical = QFileInfo(path).canonicalFilePath();
     return canonical.isEmpty() ? path : canonical;
-}
-
-/** Something is there, be it only a link that leads nowhere. */
-bool isTaken(const QString &path)
-{
-    const QFileInfo info(path);
-    return info.exists() || info.isSymLink();
 }
 
 /** Lets the owner write; whether that helped, the open that follows will tell. */
@@ -73,15 +64,6 @@ bool copyRest(QFile &source, QFile &target)
         left -= chunk.size();
     }
     return true;
-}
-
-/** One step on every platform; QFile::rename never replaces a file. */
-bool renameOver(const QString &from, const QString &to)
-{
-    std::error_code error;
-    std::filesystem::rename(QFileInfo(from).filesystemFilePath(),
-                            QFileInfo(to).filesystemFilePath(), error);
-    return !error;
 }
 
 } // namespace

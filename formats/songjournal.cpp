@@ -1,6 +1,6 @@
 #include "formats/songjournal.h"
 
-#include "formats/flushtomedium.h"
+#include "formats/safefile.h"
 
 #include <QCryptographicHash>
 #include <QFileInfo>
@@ -18,18 +18,8 @@ constexpr qsizetype newSizePos = 16;
 constexpr qsizetype checksumPos = 20;
 constexpr qsizetype headerSize = 52;
 
-constexpr QLatin1String suffix(".kavena-journal");
-constexpr qsizetype longestFileName = 255;
-
 /** Hidden, and with no song's suffix: neither an import nor a scan takes it for a song. */
-QString journalPath(const QString &song)
-{
-    const QFileInfo info(song);
-    QByteArray name = info.fileName().toUtf8();
-    if (name.size() + 1 + suffix.size() > longestFileName)
-        name = QCryptographicHash::hash(name, QCryptographicHash::Sha1).toHex();
-    return info.path() + QLatin1String("/.") + QString::fromUtf8(name) + suffix;
-}
+constexpr QLatin1String suffix("kavena-journal");
 
 QByteArray checksum(const char *sizes, const QByteArray &oldBytes)
 {
@@ -67,7 +57,7 @@ std::optional<SongJournal::Content> SongJournal::Content::decode(const QByteArra
 }
 
 SongJournal::SongJournal(const QString &song)
-    : m_file(journalPath(song))
+    : m_file(hiddenBeside(song, suffix))
 {
 }
 

@@ -1,6 +1,10 @@
-#include "formats/flushtomedium.h"
+#include "formats/safefile.h"
 
+#include <QCryptographicHash>
 #include <QFileInfo>
+
+#include <filesystem>
+#include <system_error>
 
 #ifdef Q_OS_UNIX
 #include <cerrno>
@@ -55,3 +59,27 @@ bool flushFolderOf(const QString &)
 }
 
 #endif
+
+bool renameOver(const QString &from, const QString &to)
+{
+    std::error_code error;
+    std::filesystem::rename(QFileInfo(from).filesystemFilePath(),
+                            QFileInfo(to).filesystemFilePath(), error);
+    return !error;
+}
+
+QString hiddenBeside(const QString &path, QLatin1String suffix)
+{
+    constexpr qsizetype longestFileName = 255;
+    const QFileInfo info(path);
+    QByteArray name = info.fileName().toUtf8();
+    if (name.size() + 2 + suffix.size() > longestFileName)
+        name = QCryptographicHash::hash(name, QCryptographicHash::Sha1).toHex();
+    return info.path() + QLatin1String("/.") + QString::fromUtf8(name) + QLatin1Char('.') + suffix;
+}
+
+bool isTaken(const QString &path)
+{
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
+}
