@@ -2,10 +2,12 @@
 
 #include "devindex/companion.h"
 #include "formats/diagnostics.h"
+#include "formats/safefile.h"
 #include "library/nocopyrightdialog.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <QStorageInfo>
 
 #include <filesystem>
 #include <system_error>
@@ -18,6 +20,9 @@ constexpr qint64 clusterSize = 32768;
 
 /** Read and written at once; between two of these the windows get their turn. */
 constexpr qsizetype chunkSize = 262144;
+
+/** A copy that is not whole yet; with no song's suffix, so that nobody takes it for a song. */
+constexpr QLatin1String partSuffix("kavena-part");
 
 QString targetOf(const QString &source, const QString &dest)
 {
@@ -42,6 +47,14 @@ qint64 clusters(const QString &path)
 {
     const QFileInfo file(path);
     return file.isFile() ? (file.size() + clusterSize - 1) / clusterSize * clusterSize : 0;
+}
+
+/** True when the source has room on the target's medium, but not beside the target. */
+bool fitsInsteadOf(const QString &source, const QString &target)
+{
+    const qint64 available = QStorageInfo(QFileInfo(target).path()).bytesAvailable();
+    const qint64 size = QFileInfo(source).size();
+    return available >= 0 && available < size && available + QFileInfo(target).size() >= size;
 }
 
 qint64 growth(const QString &source, const QString &target)
@@ -139,38 +152,65 @@ bool FileCopier::copySong(const QString &source, const QString &target, bool rep
 }
 
 /**
- * The old target goes before the copy begins, because a full memory may need its room; but only
- * once the beginning of the source has been read, so that no song is given up for one that cannot
- * be read.
+ * The copy takes the target's name only when it is whole: whatever happens before, an old target is
+ * still there. Only where there is no room for both does the old one go first.
  */
 bool FileCopier::copyFile(const QString &source, const QString &target, bool replace)
+{
+    const QString part = hiddenBeside(target, partSuffix);
+    const auto refuse = [&target](const char *reason) {
+        logWarning() << "[FileCopier::copyFile] Impossible to copy," << reason << target;
+        return false;
+    };
+    if (QFileInfo(target).isDir() || (!replace && isTaken(target)))
+        return refuse("the name is taken:");
+
+    Copy copy = copyBytes(source, part, replace);
+    if (copy == Copy::NoRoom && replace && fitsInsteadOf(source, target)) {
+        if (!QFile::remove(target))
+            return refuse("no room and the old file cannot be removed:");
+        copy = copyBytes(source, part, replace);
+    }
+    if (copy != Copy::Done)
+        return refuse(copy == Copy::NoSource ? "the file cannot be read:"
+                                             : "it cannot be written:");
+    if (renameOver(part, target))
+        return true;
+    QFile::remove(part);
+    return refuse("the new file cannot take its name:");
+}
+
+/** Copies into a new file, and removes it when it does not become whole. */
+FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &part, bool replace)
 {
     const QFileInfo before(source);
     QFile in(source);
     if (!before.isFile() || !in.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return false;
+        return Copy::NoSource;
     qint64 left = before.size();
     qint64 count = readChunk(in, left);
     if (count < 0)
-        return false;
+        return Copy::NoSource;
 
-    QFile out(target);
-    if (replace && out.exists() && !out.remove())
-        return false;
+    QFile out(part);
+    if (isTaken(part))
+        out.remove(); // left behind when the program ended in the middle of a copy
     if (!out.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
-        return false;
-
+        return Copy::Failed;
     while (count > 0 && out.write(m_buffer.constData(), count) == count) {
         left -= count;
         m_keepAlive.processEvents();
         count = readChunk(in, left);
     }
+    const bool noRoom = out.error() == QFile::ResourceError;
+    // A new file can be copied again if the memory is pulled too early; flushing each would take
+    // half as long again. One that is replaced is not given up for bytes that are not there yet.
+    const bool whole = left == 0 && (!replace || flushToMedium(out));
     out.close();
-    if (left == 0 && QFileInfo(target).size() == QFileInfo(source).size())
-        return true;
-    logWarning() << "[FileCopier::copyFile] Incomplete copy removed:" << target;
+    if (whole && QFileInfo(part).size() == QFileInfo(source).size())
+        return Copy::Done;
     out.remove();
-    return false;
+    return noRoom ? Copy::NoRoom : Copy::Failed;
 }
 
 qint64 FileCopier::readChunk(QFile &in, qint64 left)

@@ -20,8 +20,9 @@ QT_END_NAMESPACE
  * answers; it has no window of its own.
  *
  * An MP3 takes its companion along: the karaoke pictures in the file of the same name that ends in
- * ".cdg". Nothing of a failed copy stays behind, and a file is never copied onto itself, by
- * whatever path the target leads to it.
+ * ".cdg". Nothing of a failed copy stays behind, a file that is to be replaced stays as it is until
+ * its successor is whole (unless there is no room for both), and a file is never copied onto
+ * itself, by whatever path the target leads to it.
  */
 class FileCopier
 {
@@ -58,9 +59,12 @@ public:
     static int showReplaceQuestion(const QString &target);
 
 private:
+    enum class Copy { Done, NoSource, NoRoom, Failed };
+
     bool mayReplace(const QString &target);
     bool copySong(const QString &source, const QString &target, bool replace);
     bool copyFile(const QString &source, const QString &target, bool replace);
+    Copy copyBytes(const QString &source, const QString &part, bool replace);
     qint64 readChunk(QFile &in, qint64 left);
 
     const AskReplace m_askReplace;

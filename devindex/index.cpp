@@ -12,6 +12,7 @@
 #include "devindex/recordfile.h"
 #include "devindex/songhead.h"
 #include "formats/diagnostics.h"
+#include "formats/safefile.h"
 #include "library/nocopyrightdialog.h"
 
 #include <QDir>
@@ -106,6 +107,8 @@ bool Index::createIndex(const QString &root)
     if (!begin(root))
         return false;
     restorePlaylists = createPlaylistFilePath() ? 1 : 0;
+    if (m_playlistsFailed)
+        return false; // their songs would be lost with the ids of this index
     maxLoadedId = NoIdLoaded;
     nextId = 0;
     nextPosidx = 0;
@@ -127,6 +130,8 @@ bool Index::updateIndex(const QString &root)
     nextId = 0;
     nextPosidx = 0;
     restorePlaylists = createPlaylistFilePath() ? 1 : 0;
+    if (m_playlistsFailed)
+        return false;
     if (restorePlaylists != 0) {
         // Every song is entered anew, with an id that was never used before; the playlists are
         // pointed at the new ids by path.
@@ -156,12 +161,13 @@ bool Index::begin(const QString &root)
     counts.values.fill(0);
     indexChanged = 0;
     m_buildFailed = false;
+    m_playlistsFailed = false;
     return true;
 }
 
 bool Index::hasWholeIndex() const
 {
-    return !m_buildFailed && checkIndexFile();
+    return !m_buildFailed && !m_playlistsFailed && checkIndexFile();
 }
 
 QString Index::filePath(const QString &name) const
@@ -178,8 +184,7 @@ bool Index::checkIndexFile() const
 void Index::deleteIndex()
 {
     logDebug() << "delete index";
-    // The counts go first: what is left if this is cut off is no index.
-    QFile::remove(filePath(indexfiles::Count));
+    removeCounts();
     for (const QLatin1String name : indexfiles::All)
         QFile::remove(filePath(name));
     for (const QLatin1String name : indexfiles::Temporary)
@@ -406,8 +411,10 @@ void Index::createPathIndex()
     emit progressValueChanged(0);
     filesFound = 0;
     scan_files(rootPath);
-    if (filesFound == 0)
+    if (filesFound == 0) {
+        logWarning() << "[Index::createPathIndex] No songs in" << rootPath;
         return;
+    }
 
     emit progressMaxSetup(static_cast<int>(filesFound));
     createTitleIndex();
@@ -491,7 +498,7 @@ bool Index::writeIndexFiles()
         SongFile{&Index::writeGenreIndex, indexfiles::Mp3Genre, indexfiles::AlphaMp3Genre, 90}};
     constexpr std::size_t firstMp3File = 3;
 
-    if (!removeFile(filePath(indexfiles::Count)) || !removeLinks())
+    if (!removeCounts() || !removeLinks())
         return false;
     if (writeOrdIndex() < 0)
         return false;
@@ -513,19 +520,33 @@ bool Index::writeIndexFiles()
         counts.values.at(i) = static_cast<quint32>(count);
         emit progressValueChanged(file.progress);
     }
-    if (writeNumFile() < 0)
+    // The other files are on the medium by name, too, before the counts make them an index.
+    const QString countFile = filePath(indexfiles::Count);
+    if (!flushFolderOf(countFile) || writeNumFile() < 0 || !flushFolderOf(countFile))
         return false;
     emit progressValueChanged(100);
     return true;
 }
 
+/**
+ * Takes away the file of counts, on the medium as well, before any other index file changes: what
+ * is there if the work is cut off after that is no index.
+ */
+bool Index::removeCounts() const
+{
+    const QString path = filePath(indexfiles::Count);
+    return removeFile(path) && flushFolderOf(path);
+}
+
 /** Writing through a link would change a file outside the memory. */
 bool Index::removeLinks() const
 {
-    return std::all_of(indexfiles::All.begin(), indexfiles::All.end(), [this](QLatin1String name) {
+    const auto isNoLink = [this](QLatin1String name) {
         const QString path = filePath(name);
         return !QFileInfo(path).isSymLink() || QFile::remove(path);
-    });
+    };
+    return std::all_of(indexfiles::All.begin(), indexfiles::All.end(), isNoLink) &&
+           isNoLink(indexfiles::UnfinishedCount);
 }
 
 // The writers ------------------------------------------------------------------------------------
@@ -580,7 +601,13 @@ int Index::writeAlphaBuffer(const QString &name)
 
 int Index::writeNumFile()
 {
-    return indexwriter::writeCounts(filePath(indexfiles::Count), counts);
+    // It makes the others an index, so it appears with its bytes or not at all.
+    const QString unfinished = filePath(indexfiles::UnfinishedCount);
+    if (indexwriter::writeCounts(unfinished, counts) == 0 &&
+        renameOver(unfinished, filePath(indexfiles::Count)))
+        return 0;
+    QFile::remove(unfinished);
+    return -1;
 }
 
 void Index::createMp3TitleIndex()
@@ -611,7 +638,9 @@ bool Index::createPlaylistFilePath()
 {
     logDebug() << "create playlist file path";
     const PlaylistFiles playlists(rootPath);
-    if (!playlists.readNumbers(playlistNumbers))
+    const auto read = playlists.readNumbers(playlistNumbers);
+    m_playlistsFailed = read == PlaylistFiles::Outcome::Failed;
+    if (read != PlaylistFiles::Outcome::Done)
         return false;
     const bool anyNew =
         std::any_of(playlistNumbers.cbegin(), playlistNumbers.cend(),
@@ -625,8 +654,11 @@ bool Index::createPlaylistFilePath()
     if (entries.isEmpty())
         return false;
     bool saved = false;
-    for (const quint16 number : std::as_const(playlistNumbers))
-        saved = playlists.savePaths(number, entries) || saved;
+    for (const quint16 number : std::as_const(playlistNumbers)) {
+        const auto outcome = playlists.savePaths(number, entries);
+        saved = outcome == PlaylistFiles::Outcome::Done || saved;
+        m_playlistsFailed = outcome == PlaylistFiles::Outcome::Failed || m_playlistsFailed;
+    }
     return saved;
 }
 
@@ -636,7 +668,8 @@ void Index::restorePlaylistFilePath()
     const PlaylistFiles playlists(rootPath);
     PathOrder order(entries);
     for (const quint16 number : std::as_const(playlistNumbers))
-        playlists.restoreIds(number, order);
+        m_playlistsFailed = playlists.restoreIds(number, order) == PlaylistFiles::Outcome::Failed ||
+                            m_playlistsFailed;
 }
 
 int Index::saveSongsList(const QString &root, const QString &fileName, SORT_MODE mode)

@@ -24,7 +24,7 @@ class RecordWriter;
  * used and tested by itself; the steps work below rootPath and on entries.
  *
  * While the index files are being written the file of counts is missing, so that an index that was
- * cut off never passes for a whole one.
+ * cut off, by a crash or by pulling the memory, never passes for a whole one.
  */
 class Index : public QObject
 {
@@ -46,7 +46,8 @@ public:
 
     /**
      * Builds the whole index of the memory from its files; the songs get new ids. False when no
-     * complete index stands there afterwards: no songs, a full or protected memory.
+     * complete index stands there afterwards: no songs, a full or protected memory. False, too,
+     * when the playlists cannot be kept; where that shows before the build, the old index stays.
      */
     bool createIndex(const QString &root);
 
@@ -194,10 +195,12 @@ private:
 
     void refreshEntry(SongInfoIndex &entry);
     bool writeIndexFiles();
+    bool removeCounts() const;
     bool removeLinks() const;
     bool writeSongsList(RecordWriter &list);
 
     RenameQuestion m_renameQuestion;
     ShortNames m_shortNames;
     bool m_buildFailed = false;
+    bool m_playlistsFailed = false;
 };

@@ -30,8 +30,11 @@ inline constexpr std::array<QLatin1String, 15> All{
     AlphaTitle, AlphaArtist,   AlphaGenre,     Mp3Title,      Mp3Artist,
     Mp3Genre,   AlphaMp3Title, AlphaMp3Artist, AlphaMp3Genre, Count};
 
-/** Working files that earlier index builds may have left behind. */
-inline constexpr std::array<QLatin1String, 2> Temporary{QLatin1String("temp1.idx"),
+/** The file of counts while it is being written. */
+inline constexpr QLatin1String UnfinishedCount("temp1.idx");
+
+/** Working files that index builds may have left behind. */
+inline constexpr std::array<QLatin1String, 2> Temporary{UnfinishedCount,
                                                         QLatin1String("temp2.idx")};
 
 /** Folders that belong to the player; songs are never looked for in them. */

@@ -6,6 +6,7 @@
 #include "devindex/pathorder.h"
 #include "devindex/recordfile.h"
 #include "formats/diagnostics.h"
+#include "formats/safefile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -81,17 +82,21 @@ PlaylistFiles::PlaylistFiles(const QString &root)
 {
 }
 
-bool PlaylistFiles::readNumbers(QList<quint16> &numbers) const
+PlaylistFiles::Outcome PlaylistFiles::readNumbers(QList<quint16> &numbers) const
 {
     numbers.clear();
     QFile list(m_root + QLatin1Char('/') + indexfiles::PlaylistList);
-    if (!openExisting(list, QIODevice::ReadOnly))
-        return false;
+    if (!isOwnFile(list.fileName()))
+        return Outcome::Nothing;
+    if (!openExisting(list, QIODevice::ReadOnly)) {
+        logWarning() << "[PlaylistFiles::readNumbers] Impossible to read" << list.fileName();
+        return Outcome::Failed;
+    }
     QSet<quint16> seen; // a list is trusted to hold no more numbers than there can be
     while (true) {
         const QByteArray record = list.read(PlaylistListRecord::Size);
         if (record.size() != PlaylistListRecord::Size)
-            return true;
+            return Outcome::Done;
         const quint16 number = PlaylistListRecord::number(record.constData());
         if (seen.contains(number))
             continue;
@@ -105,45 +110,66 @@ bool PlaylistFiles::needsPathFile(quint16 number) const
     return isOwnFile(fileName(number, SongsSuffix)) && isFree(fileName(number, PathsSuffix));
 }
 
-bool PlaylistFiles::savePaths(quint16 number, const QList<SongInfoIndex> &entries) const
+PlaylistFiles::Outcome PlaylistFiles::savePaths(quint16 number,
+                                                const QList<SongInfoIndex> &entries) const
 {
-    QFile playlist(fileName(number, SongsSuffix));
-    if (!openExisting(playlist, QIODevice::ReadOnly))
-        return false;
+    const QString songsName = fileName(number, SongsSuffix);
     const QString pathsName = fileName(number, PathsSuffix);
+    if (!isOwnFile(songsName) || !(isFree(pathsName) || isOwnFile(pathsName)))
+        return Outcome::Nothing;
+    QFile playlist(songsName);
     RecordWriter paths(pathsName);
-    if (!(isFree(pathsName) || isOwnFile(pathsName)) || !paths.open())
-        return false;
-    bool written = true;
-    for (int song = 0; song < SongInfoIndex::MaxSongs && written; ++song) {
+    if (openExisting(playlist, QIODevice::ReadOnly) && paths.open()) {
+        const bool written = writePaths(playlist, entries, paths);
+        if (paths.close() && written)
+            return Outcome::Done;
+        QFile::remove(pathsName); // a part of the playlist would pass for all of it
+    }
+    logWarning() << "[PlaylistFiles::savePaths] Impossible to save the paths of" << songsName;
+    return Outcome::Failed;
+}
+
+bool PlaylistFiles::writePaths(QFile &playlist, const QList<SongInfoIndex> &entries,
+                               RecordWriter &paths)
+{
+    for (int song = 0; song < SongInfoIndex::MaxSongs; ++song) {
         const QByteArray record = playlist.read(PlaylistSongRecord::Size);
         if (record.size() != PlaylistSongRecord::Size)
             break;
         const quint32 id = PlaylistSongRecord::id(record.constData());
-        written = paths.append(PlaylistPathRecord::encode(pathOfId(entries, id)));
+        if (!paths.append(PlaylistPathRecord::encode(pathOfId(entries, id))))
+            return false;
     }
-    if (!paths.close() || !written)
-        logWarning() << "[PlaylistFiles::savePaths] Path file is incomplete, playlist" << number;
     return true;
 }
 
-void PlaylistFiles::restoreIds(quint16 number, PathOrder &entries) const
+PlaylistFiles::Outcome PlaylistFiles::restoreIds(quint16 number, PathOrder &entries) const
 {
     QFile paths(fileName(number, PathsSuffix));
     QFile playlist(fileName(number, SongsSuffix));
-    if (!openExisting(paths, QIODevice::ReadOnly) || !openExisting(playlist, QIODevice::ReadWrite))
-        return;
+    if (!isOwnFile(paths.fileName()) || !isOwnFile(playlist.fileName()))
+        return Outcome::Nothing;
+    if (openExisting(paths, QIODevice::ReadOnly) && openExisting(playlist, QIODevice::ReadWrite)) {
+        writeIds(paths, entries, playlist);
+        if (flushToMedium(playlist) && playlist.error() == QFile::NoError)
+            return Outcome::Done;
+    }
+    logWarning() << "[PlaylistFiles::restoreIds] Impossible to write playlist"
+                 << playlist.fileName();
+    return Outcome::Failed;
+}
+
+void PlaylistFiles::writeIds(QFile &paths, PathOrder &entries, QFile &playlist)
+{
     for (int song = 0; song < SongInfoIndex::MaxSongs; ++song) {
         const QByteArray record = paths.read(PlaylistPathRecord::Size);
         if (record.size() != PlaylistPathRecord::Size)
-            break;
+            return;
         const QString path = PlaylistPathRecord::decode(record.constData());
         const SongInfoIndex *const entry = entryOfPath(entries, path);
         if (entry != nullptr && !replaceNextId(playlist, entry->id))
-            break;
+            return;
     }
-    if (!playlist.flush())
-        logWarning() << "[PlaylistFiles::restoreIds] Impossible to write playlist" << number;
 }
 
 QString PlaylistFiles::fileName(quint16 number, QLatin1String suffix) const

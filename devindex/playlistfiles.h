@@ -7,6 +7,8 @@
 #include <QString>
 
 class PathOrder;
+class QFile;
+class RecordWriter;
 
 /**
  * The playlists on one memory. They name songs by id; their path files name them by path. Of a
@@ -16,23 +18,28 @@ class PathOrder;
 class PlaylistFiles
 {
 public:
+    enum class Outcome {
+        Nothing, ///< there is no such file, or links and folders lie in its place
+        Done,
+        Failed ///< the medium does not let it be read or written
+    };
+
     explicit PlaylistFiles(const QString &root);
 
     /**
      * The numbers of the playlists in the order of the player's list, each once; a record that is
-     * cut off at the end is left out. False when there is no list.
+     * cut off at the end is left out.
      */
-    bool readNumbers(QList<quint16> &numbers) const;
+    Outcome readNumbers(QList<quint16> &numbers) const;
 
     /** True when the playlist is there and its path file is not. */
     bool needsPathFile(quint16 number) const;
 
     /**
      * Writes the playlist's path file from entries in ascending order of ids. A song that is not
-     * among them gets an empty path. False when there is no playlist or no path file can be made; a
-     * write that fails later leaves the path file short.
+     * among them gets an empty path. After a failure there is no path file.
      */
-    bool savePaths(quint16 number, const QList<SongInfoIndex> &entries) const;
+    Outcome savePaths(quint16 number, const QList<SongInfoIndex> &entries) const;
 
     /**
      * Writes the entries' ids into the playlist, song by song of its path file. A song that is gone
@@ -40,9 +47,12 @@ public:
      * earlier; the player's playlists have always been restored like this. A short read or write
      * ends it.
      */
-    void restoreIds(quint16 number, PathOrder &entries) const;
+    Outcome restoreIds(quint16 number, PathOrder &entries) const;
 
 private:
+    static bool writePaths(QFile &playlist, const QList<SongInfoIndex> &entries,
+                           RecordWriter &paths);
+    static void writeIds(QFile &paths, PathOrder &entries, QFile &playlist);
     QString fileName(quint16 number, QLatin1String suffix) const;
 
     QString m_root;

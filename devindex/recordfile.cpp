@@ -1,5 +1,7 @@
 #include "devindex/recordfile.h"
 
+#include "formats/safefile.h"
+
 #include <QFileInfo>
 
 RecordWriter::RecordWriter(const QString &path)
@@ -19,7 +21,7 @@ bool RecordWriter::append(const char *bytes, qint64 size)
 
 bool RecordWriter::close()
 {
-    const bool flushed = m_file.flush();
+    const bool flushed = flushToMedium(m_file);
     m_file.close();
     return flushed && m_file.error() == QFileDevice::NoError;
 }

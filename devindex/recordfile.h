@@ -32,7 +32,7 @@ public:
     /** Where the next record will stand. */
     qint64 offset() const { return m_file.pos(); }
 
-    /** Hands what is still buffered to the system and closes; false if that fails. */
+    /** Brings everything to the medium and closes; false if that fails. */
     bool close();
 
 private:

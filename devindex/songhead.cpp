@@ -2,6 +2,7 @@
 
 #include "devindex/devicetext.h"
 #include "formats/bytetext.h"
+#include "formats/diagnostics.h"
 
 #include <QFile>
 #include <QtEndian>
@@ -275,8 +276,10 @@ QByteArray songHeadOf(const QString &path)
     // questions that QFile asks about each file double the time.
     const std::unique_ptr<std::FILE, Closer> file(
         std::fopen(QFile::encodeName(path).constData(), "rb"));
-    if (file == nullptr)
+    if (file == nullptr) {
+        logWarning() << "[songHeadOf] Impossible to read song" << path;
         return {};
+    }
     std::setvbuf(file.get(), nullptr, _IONBF, 0);
     QByteArray head(SongHeadSize, Qt::Uninitialized);
     const std::size_t size = std::fread(head.data(), 1, SongHeadSize, file.get());

@@ -216,8 +216,13 @@ bool MetaSong::importFile(const QString &path)
 {
     *this = MetaSong();
     QFile file(path);
-    if (!openRegularFile(file))
+    // The program may have ended in the middle of the song's last save.
+    if (!SongFileWriter::recover(path))
         return false;
+    if (!openRegularFile(file)) {
+        logDebug() << "[MetaSong::importFile] Impossible to read file:" << path;
+        return false;
+    }
 
     const QByteArray start = file.peek(magicSize);
     bool loaded = false;

@@ -24,7 +24,8 @@ public:
      * Loads a song file; what was loaded before is forgotten. False, with nothing loaded, for
      * anything but a readable, regular file in one of the formats. A MIDI or MFX file is held in
      * memory whole and may have up to 64 MiB; of an MP3 file, of whatever size, only the tag is
-     * held (it has to lie within the first 1000000 bytes).
+     * held (it has to lie within the first 1000000 bytes). A song whose last save was cut off gets
+     * its old bytes back first; where that fails it is not loaded.
      */
     bool importFile(const QString &path);
 

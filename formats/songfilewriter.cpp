@@ -1,17 +1,13 @@
 #include "formats/songfilewriter.h"
 
 #include "formats/diagnostics.h"
+#include "formats/safefile.h"
+#include "formats/songjournal.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
-
-#ifdef Q_OS_UNIX
-#include <cerrno>
-#include <unistd.h>
-#endif
 
 namespace
 {
@@ -26,13 +22,6 @@ QString realPath(const QString &path)
     return canonical.isEmpty() ? path : canonical;
 }
 
-/** Something is there, be it only a link that leads nowhere. */
-bool isTaken(const QString &path)
-{
-    const QFileInfo info(path);
-    return info.exists() || info.isSymLink();
-}
-
 /** Lets the owner write; whether that helped, the open that follows will tell. */
 void allowOwnerToWrite(const QString &path)
 {
@@ -42,19 +31,16 @@ void allowOwnerToWrite(const QString &path)
 }
 
 /**
- * Brings what was written to the medium. A disk that turns out to be full or broken only now is
- * thus noticed while the old bytes can still be put back.
+ * False when the song has been changed by somebody else since its journal was left behind: its old
+ * bytes must not go over a song that was copied here or edited elsewhere in the meantime.
  */
-bool flushToMedium(QFile &file)
+bool isLeftBy(const SongJournal::Content &journal, const QString &journalPath, const QFile &song)
 {
-    if (!file.flush())
-        return false;
-#ifdef Q_OS_UNIX
-    // Some file systems cannot flush a single file; they say so with these two codes.
-    return ::fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOTSUP;
-#else
-    return true;
-#endif
+    constexpr qint64 longestSave = qint64{10} * 60; // seconds
+    const qint64 smallest = std::min<qint64>(journal.oldBytes.size(), journal.newSize);
+    const qint64 largest = std::max<qint64>(journal.oldBytes.size(), journal.newSize);
+    const qint64 age = QFileInfo(journalPath).lastModified().secsTo(QFileInfo(song).lastModified());
+    return song.size() >= smallest && song.size() <= largest && age <= longestSave;
 }
 
 /** The path up to the last dot of the file name (folder names may hold dots too), then ".tmp". */
@@ -80,15 +66,6 @@ bool copyRest(QFile &source, QFile &target)
     return true;
 }
 
-/** One step on every platform; QFile::rename never replaces a file. */
-bool renameOver(const QString &from, const QString &to)
-{
-    std::error_code error;
-    std::filesystem::rename(QFileInfo(from).filesystemFilePath(),
-                            QFileInfo(to).filesystemFilePath(), error);
-    return !error;
-}
-
 } // namespace
 
 SongFileWriter::SongFileWriter(const QString &path)
@@ -111,6 +88,11 @@ bool SongFileWriter::open()
         m_created = m_file.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered);
         return m_created;
     }
+    return recover(m_path) && openExisting();
+}
+
+bool SongFileWriter::openExisting()
+{
     if (!QFileInfo(m_path).isFile())
         return false;
     allowOwnerToWrite(m_path);
@@ -124,35 +106,56 @@ bool SongFileWriter::replaceBytes(const QByteArray &bytes)
 {
     if (!m_file.isOpen())
         return false;
-    // Only these of the old bytes will be written over: the rest goes, if at all, in the last step.
-    const qint64 headSize = std::min<qint64>(m_oldSize, bytes.size());
-    const QByteArray oldHead = headSize > 0 ? m_file.read(headSize) : QByteArray();
-    if (oldHead.size() != headSize)
-        return false;
-
-    const bool written = overwrite(bytes, oldHead);
-    if (written)
-        m_created = false;
-    else if (!m_created)
-        putBack(oldHead);
+    bool written = false;
+    if (m_created) {
+        written = writeAt(0, bytes) && flushToMedium(m_file);
+        m_created = !written;
+    } else if (m_oldSize <= SongJournal::LargestSong) {
+        SongJournal::Content journal;
+        journal.oldBytes = m_file.read(m_oldSize);
+        journal.newSize = bytes.size();
+        written = journal.oldBytes.size() == m_oldSize && replaceJournalled(bytes, journal);
+    }
     m_file.close();
     return written;
 }
 
+/** From the journal's first moment to its last the song can be put back, whatever happens. */
+bool SongFileWriter::replaceJournalled(const QByteArray &bytes, const SongJournal::Content &old)
+{
+    SongJournal journal(m_path);
+    if (!journal.write(old)) {
+        logWarning() << "[SongFileWriter::replaceBytes] Impossible to keep the old bytes in"
+                     << journal.path();
+        return false;
+    }
+    const bool written = overwrite(bytes);
+    // With a journal that cannot be taken away the song would become the old one again some day.
+    if ((written || putBack(old.oldBytes)) && journal.remove())
+        return written;
+    if (written)
+        putBack(old.oldBytes);
+    logWarning() << "[SongFileWriter::replaceBytes] The old bytes stay in" << journal.path();
+    return false;
+}
+
 /**
  * Writes what lies behind the old end first: a disk that is full says so while the old bytes are
- * still all there. The file shrinks last, when nothing else can fail.
+ * still all there. The file shrinks last.
  */
-bool SongFileWriter::overwrite(const QByteArray &bytes, const QByteArray &oldHead)
+bool SongFileWriter::overwrite(const QByteArray &bytes)
 {
-    const qint64 headSize = oldHead.size();
-    if (bytes.size() > headSize) {
-        if (!writeAt(headSize, bytes.mid(headSize)) || !flushToMedium(m_file))
+    const qint64 headSize = std::min<qint64>(m_oldSize, bytes.size());
+    if (bytes.size() > headSize && !writeAt(headSize, bytes.mid(headSize)))
+        return false;
+    if (headSize > 0 && !writeAt(0, bytes.left(headSize)))
+        return false;
+    if (bytes.size() < m_oldSize) {
+        m_overwritten = m_oldSize;
+        if (!m_file.resize(bytes.size()))
             return false;
     }
-    if (headSize > 0 && (!writeAt(0, bytes.left(headSize)) || !flushToMedium(m_file)))
-        return false;
-    return bytes.size() >= m_oldSize || m_file.resize(bytes.size());
+    return flushToMedium(m_file);
 }
 
 bool SongFileWriter::writeAt(qint64 pos, const QByteArray &bytes)
@@ -165,21 +168,65 @@ bool SongFileWriter::writeAt(qint64 pos, const QByteArray &bytes)
     return written == bytes.size();
 }
 
-void SongFileWriter::putBack(const QByteArray &oldHead)
+bool SongFileWriter::putBack(const QByteArray &oldBytes)
 {
     // The write that failed may fail again, at the same place: what lies behind it is still old.
-    const bool headIsOld =
+    const bool bytesAreOld =
         m_overwritten == 0 ||
-        (m_file.seek(0) && m_file.write(oldHead.left(m_overwritten)) == m_overwritten);
+        (m_file.seek(0) && m_file.write(oldBytes.left(m_overwritten)) == m_overwritten);
     const bool sizeIsOld = m_file.size() == m_oldSize || m_file.resize(m_oldSize);
-    if (!headIsOld || !sizeIsOld || !flushToMedium(m_file))
-        logWarning() << "[SongFileWriter::putBack] Impossible to put the old bytes back:" << m_path;
+    if (bytesAreOld && sizeIsOld && flushToMedium(m_file))
+        return true;
+    logWarning() << "[SongFileWriter::putBack] Impossible to put the old bytes back:" << m_path;
+    return false;
+}
+
+bool SongFileWriter::recover(const QString &path)
+{
+    const QString song = QFileInfo(path).isSymLink() ? realPath(path) : path;
+    SongJournal journal(song);
+    SongJournal::Content content;
+    const SongJournal::State state = journal.read(content);
+    if (state == SongJournal::State::Missing || !QFileInfo(song).isFile())
+        return true;
+    if (state == SongJournal::State::Unreadable) {
+        logWarning() << "[SongFileWriter::recover] Impossible to read" << journal.path();
+        return false;
+    }
+    const bool whole = state == SongJournal::State::Invalid ||
+                       SongFileWriter(song).rollBack(content, journal.path());
+    if (whole && !journal.remove())
+        logWarning() << "[SongFileWriter::recover] Impossible to remove" << journal.path();
+    return whole;
+}
+
+/** False when the song may hold a mixture of bytes, old and new. */
+bool SongFileWriter::rollBack(const SongJournal::Content &journal, const QString &journalPath)
+{
+    QFile reader(m_path);
+    if (!reader.open(QFile::ReadOnly | QFile::Unbuffered))
+        return false;
+    if (!isLeftBy(journal, journalPath, reader)) {
+        logWarning() << "[SongFileWriter::recover] The song was changed since, it stays:" << m_path;
+        return true;
+    }
+    if (reader.read(journal.oldBytes.size() + 1) == journal.oldBytes)
+        return true;
+    reader.close();
+    const bool written = openExisting() && overwrite(journal.oldBytes);
+    if (written)
+        logWarning() << "[SongFileWriter::recover] The last save was cut off, the song is as it "
+                        "was before:"
+                     << m_path;
+    else
+        logWarning() << "[SongFileWriter::recover] Impossible to put the old bytes back:" << m_path;
+    return written;
 }
 
 SongFileWriter::Outcome SongFileWriter::replaceThroughTemporary(const QByteArray &head,
                                                                 QFile &source, qint64 sourcePos)
 {
-    if (m_path.isEmpty() || (isTaken(m_path) && !QFileInfo(m_path).isFile()))
+    if (m_path.isEmpty() || (isTaken(m_path) && !QFileInfo(m_path).isFile()) || !recover(m_path))
         return Outcome::CannotOpen;
     QFile temporary;
     if (!openTemporary(temporary))

@@ -1,6 +1,8 @@
 // Replaces the bytes of a song file in such a way that a failure loses nothing.
 #pragma once
 
+#include "formats/songjournal.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QString>
@@ -10,6 +12,10 @@
  * The only place in the program that writes song files. Either the file holds the new bytes
  * afterwards, or it is the old one, byte for byte; a file that did not exist before does not exist
  * after a failure either. The permissions stay, except that the owner may write afterwards.
+ *
+ * That holds for a crash or a power cut as well: a rewrite in place keeps the old bytes in a
+ * SongJournal until the new ones are on the medium, and recover() puts them back. So a song is only
+ * rewritten in a folder in which files can be made.
  *
  * A symbolic link is followed: the file that it leads to is written, the link stays. Only regular
  * files are written, never a folder or a device.
@@ -40,8 +46,8 @@ public:
     bool open();
 
     /**
-     * Gives the opened file these bytes, and closes it. False when they could not be written: the
-     * old ones have been put back then.
+     * Gives the opened file these bytes, brings them to the medium and closes it. False when they
+     * could not be written: the old ones have been put back then, or wait in the journal.
      */
     bool replaceBytes(const QByteArray &bytes);
 
@@ -53,10 +59,21 @@ public:
      */
     Outcome replaceThroughTemporary(const QByteArray &head, QFile &source, qint64 sourcePos);
 
+    /**
+     * Undoes a rewrite in place that was cut off: a song with a journal gets its old bytes back. A
+     * journal that was cut off itself is removed, since its song was not touched yet; so is one
+     * whose song was changed by somebody else. False when the song cannot be put back, or when its
+     * journal cannot be read: what the song holds is of no use then.
+     */
+    static bool recover(const QString &path);
+
 private:
-    bool overwrite(const QByteArray &bytes, const QByteArray &oldHead);
+    bool openExisting();
+    bool replaceJournalled(const QByteArray &bytes, const SongJournal::Content &old);
+    bool overwrite(const QByteArray &bytes);
     bool writeAt(qint64 pos, const QByteArray &bytes);
-    void putBack(const QByteArray &oldHead);
+    bool putBack(const QByteArray &oldBytes);
+    bool rollBack(const SongJournal::Content &journal, const QString &journalPath);
     bool openTemporary(QFile &temporary) const;
 
     QString m_path; ///< of the file itself, where the given path was a link to it

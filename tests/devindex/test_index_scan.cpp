@@ -184,6 +184,8 @@ void TestIndexScan::hiddenEntriesAreSkipped()
     const DeviceMemory memory;
     memory.add(QStringLiteral(".hidden.mid"), Song);
     memory.add(QStringLiteral(".Trashes/x.mid"), Song);
+    memory.add(QStringLiteral(".a.mid.kavena-journal"), Song);
+    memory.add(QStringLiteral("a.tmp"), Song);
     memory.add(QStringLiteral("a.mid"), Song);
     AskedIndex index(memory);
     index.scan_files(memory.root());

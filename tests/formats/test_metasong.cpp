@@ -1,6 +1,7 @@
 // The song file facade: which files are songs, what they say, how records are merged, what a save
 // leaves on the disk. MFX payloads are packed and unpacked by the tests' own coder.
 #include "formats/metasong.h"
+#include "formats/songjournal.h"
 #include "support/faults.h"
 #include "support/logcapture.h"
 #include "support/lzhufreference.h"
@@ -349,6 +350,9 @@ private slots:
     void shrunkMp3SourceFails();
     void failedSaveKeepsTheOldFile_data();
     void failedSaveKeepsTheOldFile();
+    void importUndoesASaveThatWasCutOff();
+    void songThatCannotBePutBackIsNotImported();
+    void filesBesideASongThatIsSavedAreNoSongs();
 
     void debugMarker();
     void readOnlyFlagIsQuietElsewhere();
@@ -1533,6 +1537,52 @@ void TestMetaSong::failedSaveKeepsTheOldFile()
             QCOMPARE(files().size(), 1);
         }
     }
+}
+
+void TestMetaSong::importUndoesASaveThatWasCutOff()
+{
+    const QByteArray old = midi(metaEvent(0x03, "Old title"));
+    const QByteArray cutOff = midi(metaEvent(0x03, "New title")).chopped(3) + old.right(3);
+    const QString file = make("song.mid", cutOff);
+    const SongJournal::Content journal{old, old.size()};
+    make(".song.mid.kavena-journal", journal.encode());
+    const LogCapture log;
+    QCOMPARE(infoOf(imported(file)).title, QStringLiteral("Old title"));
+    QCOMPARE(readFile(file), old);
+    QCOMPARE(files().size(), 1);
+    const QStringList told = LogCapture::lines().filter(file);
+    QCOMPARE(told.size(), 1);
+    QVERIFY(told.constFirst().contains(QStringLiteral("The last save was cut off")));
+}
+
+void TestMetaSong::songThatCannotBePutBackIsNotImported()
+{
+    const QByteArray old = midi(metaEvent(0x03, "Old title"));
+    const QByteArray cutOff = midi(metaEvent(0x03, "New title"));
+    const QString file = make("song.mid", cutOff);
+    const SongJournal::Content journal{old, old.size()};
+    make(".song.mid.kavena-journal", journal.encode());
+    const LogCapture log;
+    {
+        const faults::FileSizeLimit limit(10);
+        QVERIFY(!MetaSong().importFile(file));
+    }
+    QCOMPARE(LogCapture::lines().filter(QStringLiteral("Impossible to put the old bytes")).size(),
+             1);
+    QCOMPARE(files().size(), 2);
+    QVERIFY(MetaSong().importFile(file));
+    QCOMPARE(readFile(file), old);
+    QCOMPARE(files().size(), 1);
+}
+
+void TestMetaSong::filesBesideASongThatIsSavedAreNoSongs()
+{
+    const SongJournal::Content journal{midi(metaEvent(0x03, "Old title")), 100};
+    const QString hidden = make(".song.mid.kavena-journal", journal.encode());
+    QVERIFY(!MetaSong().importFile(hidden));
+    const QString temporary = make("song.tmp", songFile(QStringLiteral("MP3"), Items()));
+    QVERIFY(!MetaSong().importFile(temporary));
+    QCOMPARE(files().size(), 2);
 }
 
 void TestMetaSong::debugMarker()

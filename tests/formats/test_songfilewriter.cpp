@@ -1,7 +1,9 @@
 // Rewriting a song file: the new bytes or the old ones, byte for byte, and nothing left beside it.
 #include "formats/songfilewriter.h"
 #include "support/faults.h"
+#include "support/logcapture.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -35,6 +37,28 @@ QByteArray bytes(int size, char first)
     for (int i = 0; i < size; ++i)
         out.append(static_cast<char>(first + i % 50));
     return out;
+}
+
+constexpr int journalHeaderSize = 52;
+
+QByteArray bigEndian(quint32 value)
+{
+    const QByteArray bytes = QByteArray::number(value, 16).rightJustified(8, '0');
+    return QByteArray::fromHex(bytes);
+}
+
+/** The journal of a rewrite of the old bytes by as many as newSize. */
+QByteArray journalOf(const QByteArray &old, int newSize)
+{
+    const QByteArray sizes =
+        bigEndian(static_cast<quint32>(old.size())) + bigEndian(static_cast<quint32>(newSize));
+    return "KvSongJr" + bigEndian(1) + sizes +
+           QCryptographicHash::hash(sizes + old, QCryptographicHash::Sha256) + old;
+}
+
+bool logTells(const QString &text)
+{
+    return LogCapture::lines().join(QLatin1Char('\n')).contains(text);
 }
 
 mode_t modeOf(const QString &path)
@@ -88,6 +112,20 @@ private slots:
     void filesOfOthersAreNotWritten();
     void inPlaceFollowsSymbolicLinks();
     void keepsTheInodeInPlace();
+
+    void journalGivesTheOldBytesBack_data();
+    void journalGivesTheOldBytesBack();
+    void journalOfAWholeSaveGivesTheOldBytesBack();
+    void journalThatIsNotWholeIsRemoved();
+    void journalWithAnyWrongByteIsRemoved();
+    void hugeJournalsAreRemovedUnread();
+    void journalOfASongChangedSinceIsRemoved();
+    void linksAndFoldersAreNoJournals();
+    void songIsNotSavedWhereItsJournalCannotBeMade();
+    void journalIsFoundThroughALink();
+    void journalOfALongNameFitsIntoTheFolder();
+    void savingResolvesALeftoverJournalFirst();
+    void songWithoutAJournalStays();
 
     void replacesTheHead_data();
     void replacesTheHead();
@@ -200,10 +238,10 @@ void TestSongFileWriter::keepsTheFileWhenWritesFailAnywhere_data()
 {
     QTest::addColumn<int>("oldSize");
     QTest::addColumn<int>("newSize");
-    QTest::newRow("longer") << 100 << 150;
+    QTest::newRow("longer") << 100 << 250;
     QTest::newRow("as long") << 100 << 100;
     QTest::newRow("shorter") << 150 << 100;
-    QTest::newRow("from nothing") << 0 << 60;
+    QTest::newRow("from nothing") << 0 << 160;
 }
 
 void TestSongFileWriter::keepsTheFileWhenWritesFailAnywhere()
@@ -212,9 +250,12 @@ void TestSongFileWriter::keepsTheFileWhenWritesFailAnywhere()
     QFETCH(int, newSize);
     const QByteArray old = bytes(oldSize, 'a');
     makeFile(path("song.mid"), old);
-    for (int writable = 0; writable < newSize; ++writable) {
+    // The journal takes the old bytes and its header; where it fails nothing was touched yet.
+    const int needed = qMax(newSize, journalHeaderSize + oldSize);
+    for (int writable = 0; writable < needed; ++writable) {
         bool written = true;
         {
+            const LogCapture log;
             const faults::FileSizeLimit limit(static_cast<quint64>(writable));
             written = rewriteInPlace(path("song.mid"), bytes(newSize, '0'));
         }
@@ -222,7 +263,7 @@ void TestSongFileWriter::keepsTheFileWhenWritesFailAnywhere()
         QCOMPARE(contentOf(path("song.mid")), old);
         QCOMPARE(files(), QStringList(QStringLiteral("song.mid")));
     }
-    const faults::FileSizeLimit limit(static_cast<quint64>(newSize));
+    const faults::FileSizeLimit limit(static_cast<quint64>(needed));
     QVERIFY(rewriteInPlace(path("song.mid"), bytes(newSize, '0')));
     QCOMPARE(contentOf(path("song.mid")), bytes(newSize, '0'));
 }
@@ -292,6 +333,206 @@ void TestSongFileWriter::keepsTheInodeInPlace()
              0);
     QVERIFY(rewriteInPlace(path("song.mid"), "new content"));
     QCOMPARE(contentOf(path("second name.mid")), QByteArray("new content"));
+}
+
+void TestSongFileWriter::journalGivesTheOldBytesBack_data()
+{
+    QTest::addColumn<int>("oldSize");
+    QTest::addColumn<int>("newSize");
+    QTest::addColumn<QByteArray>("leftover");
+    const QByteArray old = bytes(100, 'a');
+    QTest::newRow("untouched") << 100 << 150 << old;
+    QTest::newRow("longer, first byte of the tail") << 100 << 150 << old + 'X';
+    QTest::newRow("longer, tail and half of the head")
+        << 100 << 150 << bytes(50, '0') + old.mid(50) + bytes(50, '0');
+    QTest::newRow("as long, half") << 100 << 100 << bytes(50, '0') + old.mid(50);
+    QTest::newRow("shorter, one byte") << 100 << 50 << '0' + old.mid(1);
+    QTest::newRow("shorter, cut off") << 100 << 50 << bytes(50, '0');
+    QTest::newRow("shorter, damaged") << 100 << 50 << QByteArray(70, '\0');
+    QTest::newRow("from nothing") << 0 << 50 << bytes(20, '0');
+    QTest::newRow("to nothing") << 100 << 0 << QByteArray();
+}
+
+void TestSongFileWriter::journalGivesTheOldBytesBack()
+{
+    QFETCH(int, oldSize);
+    QFETCH(int, newSize);
+    QFETCH(QByteArray, leftover);
+    const QByteArray old = bytes(oldSize, 'a');
+    makeFile(path("song.mid"), leftover);
+    makeFile(path(".song.mid.kavena-journal"), journalOf(old, newSize));
+    const LogCapture log;
+    QVERIFY(SongFileWriter::recover(path("song.mid")));
+    QCOMPARE(contentOf(path("song.mid")), old);
+    QCOMPARE(files(), QStringList(QStringLiteral("song.mid")));
+    QCOMPARE(logTells(path("song.mid")), leftover != old);
+}
+
+void TestSongFileWriter::journalOfAWholeSaveGivesTheOldBytesBack()
+{
+    makeFile(path("song.mid"), bytes(150, '0'));
+    makeFile(path(".song.mid.kavena-journal"), journalOf(bytes(100, 'a'), 150));
+    const LogCapture log;
+    QVERIFY(SongFileWriter::recover(path("song.mid")));
+    QCOMPARE(contentOf(path("song.mid")), bytes(100, 'a'));
+}
+
+void TestSongFileWriter::journalThatIsNotWholeIsRemoved()
+{
+    const QByteArray whole = journalOf(bytes(100, 'a'), 150);
+    for (qsizetype size = 0; size < whole.size(); ++size) {
+        makeFile(path("song.mid"), bytes(120, 'A'));
+        makeFile(path(".song.mid.kavena-journal"), whole.left(size));
+        QVERIFY(SongFileWriter::recover(path("song.mid")));
+        QCOMPARE(contentOf(path("song.mid")), bytes(120, 'A'));
+        QCOMPARE(files(), QStringList(QStringLiteral("song.mid")));
+    }
+}
+
+void TestSongFileWriter::journalWithAnyWrongByteIsRemoved()
+{
+    const QByteArray whole = journalOf(bytes(100, 'a'), 150);
+    for (qsizetype pos = 0; pos < whole.size(); ++pos) {
+        QByteArray damaged = whole;
+        damaged[pos] = static_cast<char>(damaged.at(pos) ^ 1);
+        makeFile(path("song.mid"), bytes(120, 'A'));
+        makeFile(path(".song.mid.kavena-journal"), damaged);
+        QVERIFY(SongFileWriter::recover(path("song.mid")));
+        QCOMPARE(contentOf(path("song.mid")), bytes(120, 'A'));
+        QCOMPARE(files(), QStringList(QStringLiteral("song.mid")));
+    }
+}
+
+void TestSongFileWriter::hugeJournalsAreRemovedUnread()
+{
+    makeFile(path("song.mid"), "song");
+    makeFile(path(".song.mid.kavena-journal"), journalOf("old", 4));
+    QVERIFY(QFile::resize(path(".song.mid.kavena-journal"), qint64{1} << 40));
+    QVERIFY(SongFileWriter::recover(path("song.mid")));
+    QCOMPARE(contentOf(path("song.mid")), QByteArray("song"));
+    QCOMPARE(files(), QStringList(QStringLiteral("song.mid")));
+}
+
+void TestSongFileWriter::journalOfASongChangedSinceIsRemoved()
+{
+    const QByteArray journal = journalOf(bytes(100, 'a'), 150);
+    const LogCapture log;
+    for (const int size : {99, 151}) {
+        makeFile(path("song.mid"), bytes(size, 'A'));
+        makeFile(path(".song.mid.kavena-journal"), journal);
+        QVERIFY(SongFileWriter::recover(path("song.mid")));
+        QCOMPARE(contentOf(path("song.mid")), bytes(size, 'A'));
+        QCOMPARE(files(), QStringList(QStringLiteral("song.mid")));
+    }
+    makeFile(path("song.mid"), bytes(120, 'A'));
+    makeFile(path(".song.mid.kavena-journal"), journal);
+    QFile song(path("song.mid"));
+    QVERIFY(song.open(QFile::ReadWrite));
+    QVERIFY(
+        song.setFileTime(QDateTime::currentDateTime().addSecs(3600), QFile::FileModificationTime));
+    song.close();
+    QVERIFY(SongFileWriter::recover(path("song.mid")));
+    QCOMPARE(contentOf(path("song.mid")), bytes(120, 'A'));
+    QCOMPARE(files(), QStringList(QStringLiteral("song.mid")));
+    QVERIFY(logTells(QStringLiteral("The song was changed since")));
+}
+
+void TestSongFileWriter::linksAndFoldersAreNoJournals()
+{
+    makeFile(path("song.mid"), bytes(120, 'A'));
+    makeFile(path("precious"), journalOf(bytes(100, 'a'), 150));
+    const QString journal = path(".song.mid.kavena-journal");
+    const LogCapture log;
+
+    QVERIFY(QFile::link(path("precious"), journal));
+    QVERIFY(SongFileWriter::recover(path("song.mid")));
+    QVERIFY(QFileInfo(journal).isSymLink());
+    QVERIFY(!rewriteInPlace(path("song.mid"), "new content"));
+    QVERIFY(QFile::remove(journal));
+
+    QVERIFY(QDir().mkdir(journal));
+    QVERIFY(SongFileWriter::recover(path("song.mid")));
+    QVERIFY(QFileInfo(journal).isDir());
+    QVERIFY(!rewriteInPlace(path("song.mid"), "new content"));
+    QVERIFY(QDir().rmdir(journal));
+
+    QCOMPARE(mkfifo(QFile::encodeName(journal).constData(), 0600), 0);
+    QVERIFY(SongFileWriter::recover(path("song.mid")));
+    QVERIFY(!rewriteInPlace(path("song.mid"), "new content"));
+
+    QCOMPARE(contentOf(path("song.mid")), bytes(120, 'A'));
+    QCOMPARE(contentOf(path("precious")), journalOf(bytes(100, 'a'), 150));
+}
+
+void TestSongFileWriter::songIsNotSavedWhereItsJournalCannotBeMade()
+{
+    if (!faults::canBecomeAnotherUser())
+        QSKIP("needs root, to own a folder that the test's user may not write");
+    makeFile(path("song.mid"), "old");
+    setMode(path("song.mid"), 0666);
+    setMode(m_dir->path(), 0755);
+    const LogCapture log;
+    {
+        const faults::AnotherUser user;
+        QVERIFY(!rewriteInPlace(path("song.mid"), "new content"));
+    }
+    QCOMPARE(contentOf(path("song.mid")), QByteArray("old"));
+    QVERIFY(logTells(QStringLiteral(".song.mid.kavena-journal")));
+}
+
+void TestSongFileWriter::journalIsFoundThroughALink()
+{
+    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("songs")));
+    makeFile(path("songs/real.mid"), bytes(120, '0'));
+    makeFile(path("songs/.real.mid.kavena-journal"), journalOf(bytes(100, 'a'), 150));
+    QVERIFY(QFile::link(path("songs/real.mid"), path("link.mid")));
+    const LogCapture log;
+    QVERIFY(SongFileWriter::recover(path("link.mid")));
+    QCOMPARE(contentOf(path("songs/real.mid")), bytes(100, 'a'));
+    QCOMPARE(files(QStringLiteral("songs")), QStringList(QStringLiteral("real.mid")));
+}
+
+void TestSongFileWriter::journalOfALongNameFitsIntoTheFolder()
+{
+    for (const int length : {235, 236, 240, 255}) {
+        const QByteArray name = QByteArray(length - 4, 'n') + ".mid";
+        makeFile(path(name.constData()), "old");
+        QVERIFY(rewriteInPlace(path(name.constData()), "new content"));
+        QCOMPARE(contentOf(path(name.constData())), QByteArray("new content"));
+    }
+    QCOMPARE(files().size(), 4);
+}
+
+void TestSongFileWriter::savingResolvesALeftoverJournalFirst()
+{
+    const LogCapture log;
+    makeFile(path("song.mid"), bytes(120, '0'));
+    makeFile(path(".song.mid.kavena-journal"), journalOf(bytes(100, 'a'), 150));
+    {
+        SongFileWriter writer(path("song.mid"));
+        QVERIFY(writer.open());
+        QCOMPARE(contentOf(path("song.mid")), bytes(100, 'a'));
+        QVERIFY(writer.replaceBytes("new content"));
+    }
+    QCOMPARE(contentOf(path("song.mid")), QByteArray("new content"));
+    QCOMPARE(files(), QStringList(QStringLiteral("song.mid")));
+
+    makeFile(path("song.mp3"), bytes(120, '0'));
+    makeFile(path(".song.mp3.kavena-journal"), journalOf(bytes(100, 'a'), 150));
+    QCOMPARE(rewriteHead(path("song.mp3"), "head ", 0), Outcome::Done);
+    QVERIFY(!QFileInfo::exists(path(".song.mp3.kavena-journal")));
+}
+
+void TestSongFileWriter::songWithoutAJournalStays()
+{
+    makeFile(path("song.mid"), "old");
+    QVERIFY(SongFileWriter::recover(path("song.mid")));
+    QVERIFY(SongFileWriter::recover(path("missing.mid")));
+    QVERIFY(SongFileWriter::recover(QString()));
+    // The journal of a song that is not there waits for it.
+    makeFile(path(".gone.mid.kavena-journal"), journalOf(bytes(100, 'a'), 150));
+    QVERIFY(SongFileWriter::recover(path("gone.mid")));
+    QCOMPARE(files().size(), 2);
 }
 
 void TestSongFileWriter::replacesTheHead_data()
