@@ -87,6 +87,8 @@ bool MidiTrackWalk::skipChannelData(qsizetype position, int count)
 
 bool MidiTrackWalk::skipCountedData(qsizetype position)
 {
+    if (byteAt(position) == ContinuationBit)
+        return false; // nobody begins a length with zeros; it is a single byte of a large value
     qsizetype count = 0;
     for (int i = 0; i < MaxQuantityBytes; ++i) {
         const int byte = byteAt(position++);

@@ -41,6 +41,7 @@ struct Event {
     quint64 time = 0;
     QByteArray delta;
     QByteArray bytes;
+    quint8 subType = 0; ///< the byte behind the length, even if that is 0
 
     bool operator==(const Event &other) const
     {
@@ -50,7 +51,7 @@ struct Event {
     {
         return delta == QByteArray(1, '\0') && at(bytes, 0) == 0xFF &&
                at(bytes, 1) == target.type && at(bytes, 2) < 0x80 &&
-               (target.subType < 0 || at(bytes, 3) == target.subType);
+               (target.subType < 0 || subType == target.subType);
     }
 };
 
@@ -80,6 +81,7 @@ public:
             if (!skipEvent() || m_pos > m_bytes.size())
                 return std::nullopt;
             event.bytes = m_bytes.mid(eventStart, m_pos - eventStart);
+            event.subType = at(m_bytes, eventStart + 3);
             events.append(event);
         }
         return events;
@@ -100,6 +102,8 @@ private:
 
     bool skipCounted()
     {
+        if (at(m_bytes, m_pos) == 0x80)
+            return false; // begins with zeros, as nobody writes it
         const qint64 count = quantity();
         m_pos += std::max<qint64>(count, 0);
         return count >= 0;
