@@ -2,6 +2,8 @@
 
 #include "formats/midimetaevent.h"
 
+#include <algorithm>
+
 namespace
 {
 
@@ -35,29 +37,25 @@ int channelDataBytes(int status)
 MidiTrackWalk::MidiTrackWalk(QByteArrayView bytes, qsizetype start)
     : m_bytes(bytes)
     , m_eventStart(start)
-    , m_deltaEnd(start)
     , m_eventEnd(start)
 {
 }
 
-bool MidiTrackWalk::endsLongDeltaTime(qsizetype position)
+bool MidiTrackWalk::liesWithinEvent(qsizetype position)
 {
     while (!m_lost && m_eventEnd <= position)
         readEvent();
-    return m_eventStart < position && position == m_deltaEnd - 1;
+    return !m_lost && m_eventStart < position;
 }
 
 void MidiTrackWalk::readEvent()
 {
     m_eventStart = m_eventEnd;
-    m_deltaEnd = m_eventStart;
-    while ((byteAt(m_deltaEnd) & ContinuationBit) != 0 &&
-           m_deltaEnd - m_eventStart < MaxQuantityBytes)
-        ++m_deltaEnd;
-    ++m_deltaEnd;
-    m_lost = m_deltaEnd - m_eventStart > MaxQuantityBytes || !skipEventData(m_deltaEnd);
-    if (m_lost)
-        m_deltaEnd = m_eventStart;
+    qsizetype deltaEnd = m_eventStart;
+    while ((byteAt(deltaEnd) & ContinuationBit) != 0 && deltaEnd - m_eventStart < MaxQuantityBytes)
+        ++deltaEnd;
+    ++deltaEnd;
+    m_lost = deltaEnd - m_eventStart > MaxQuantityBytes || !skipEventData(deltaEnd);
 }
 
 bool MidiTrackWalk::skipEventData(qsizetype position)
@@ -73,14 +71,24 @@ bool MidiTrackWalk::skipEventData(qsizetype position)
         return skipCountedData(position + 1);
     if (status == SystemExclusive || status == EscapedBytes)
         return skipCountedData(position);
-    const int dataBytes = channelDataBytes(status);
     m_runningStatus = status;
-    m_eventEnd = position + dataBytes;
-    return dataBytes > 0 && m_eventEnd <= m_bytes.size();
+    return skipChannelData(position, channelDataBytes(status));
+}
+
+bool MidiTrackWalk::skipChannelData(qsizetype position, int count)
+{
+    m_eventEnd = position + count;
+    if (count == 0 || m_eventEnd > m_bytes.size())
+        return false;
+    const QByteArrayView data = m_bytes.sliced(position, count);
+    return std::all_of(data.begin(), data.end(),
+                       [](char byte) { return (static_cast<quint8>(byte) & StatusBit) == 0; });
 }
 
 bool MidiTrackWalk::skipCountedData(qsizetype position)
 {
+    if (byteAt(position) == ContinuationBit)
+        return false; // nobody begins a length with zeros; it is a single byte of a large value
     qsizetype count = 0;
     for (int i = 0; i < MaxQuantityBytes; ++i) {
         const int byte = byteAt(position++);

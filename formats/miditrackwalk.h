@@ -7,9 +7,10 @@
  * Walks from event to event through a track (Standard MIDI Files 1.0, running status included).
  *
  * Metadata events are found by their bytes "00 FF type". Those bytes are also there when the 00
- * is only the end of a longer delta time, such as 83 00: cutting there would leave half a delta
- * time behind and shift the music that follows. This walk recognises the case. Where a track makes
- * no sense the walk ends, and nothing is claimed about what follows.
+ * belongs to something else: it can end a longer delta time such as 83 00, be the velocity of a
+ * note or the length of an empty text, while FF and the type are the delta time of what follows.
+ * Cutting there would tear the music. This walk recognises the case. Where a track makes no sense
+ * the walk ends, and nothing is claimed about what follows.
  */
 class MidiTrackWalk
 {
@@ -18,20 +19,20 @@ public:
     MidiTrackWalk(QByteArrayView bytes, qsizetype start);
 
     /**
-     * True when the byte at the position is known to be the last one of a delta time of two or more
-     * bytes. Ask for ascending positions.
+     * True when the byte at the position is known to belong to an event that begins before it. Ask
+     * for ascending positions.
      */
-    bool endsLongDeltaTime(qsizetype position);
+    bool liesWithinEvent(qsizetype position);
 
 private:
     void readEvent();
     bool skipEventData(qsizetype position);
+    bool skipChannelData(qsizetype position, int count);
     bool skipCountedData(qsizetype position);
     int byteAt(qsizetype position) const;
 
     QByteArrayView m_bytes;
     qsizetype m_eventStart; ///< first byte of the current event's delta time
-    qsizetype m_deltaEnd;   ///< behind the current event's delta time
     qsizetype m_eventEnd;   ///< behind the current event
     int m_runningStatus = 0;
     bool m_lost = false;

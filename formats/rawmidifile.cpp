@@ -475,7 +475,7 @@ int RawMidiFile::removeHeadEvents(quint8 type, int subType, bool onlyFirst)
         const MidiMetaEvent event(bytes, position + 1);
         if (subType != AnySubType && event.dataAt(SubTypeIndex) != subType)
             continue;
-        if (event.signedLength() < 0 || event.end() > trackEnd || walk.endsLongDeltaTime(position))
+        if (event.signedLength() < 0 || event.end() > trackEnd || walk.liesWithinEvent(position))
             continue;
         kept += bytes.sliced(keptEnd, position - keptEnd);
         from = keptEnd = event.end();

@@ -142,7 +142,8 @@ public:
     /**
      * Removes the meta events of this type, or the first one only, that stand at delta time 0 in
      * the first track, and shortens the track by them. Left as they are: an event whose length
-     * byte is 80 or above, and one that runs past the track or the data.
+     * byte is 80 or above, one that runs past the track or the data, and bytes within another
+     * event that look like one.
      * @return number of bytes removed
      */
     int removeHeadMetaevent(char type, bool onlyFirst);

@@ -189,6 +189,9 @@ private slots:
     void removeLeavesTruncatedEvents();
     void removeKeepsLongDeltaTimesWhole_data();
     void removeKeepsLongDeltaTimesWhole();
+    void removeKeepsWhatOnlyLooksLikeAnEvent_data();
+    void removeKeepsWhatOnlyLooksLikeAnEvent();
+    void emptyTitleBeforeALongRestStaysWhole();
     void removeSeesDeltaZeroBehindHighBytes_data();
     void removeSeesDeltaZeroBehindHighBytes();
     void removeFollowsTheByteSearchOnRandomData();
@@ -1190,6 +1193,40 @@ void TestRawMidiFile::removeKeepsLongDeltaTimesWhole()
     QCOMPARE(midi.stream(), midiFile({track(before + keyChange + after)}));
 }
 
+void TestRawMidiFile::removeKeepsWhatOnlyLooksLikeAnEvent_data()
+{
+    // 00 FF 03 and a length, yet none of it is a title.
+    QTest::addColumn<QByteArray>("music");
+    QTest::newRow("velocity 0, then a rest of FF 03")
+        << bytes({0, 0x90, 60, 100, 96, 60, 0x00, 0xFF, 0x03, 64, 1, 0, 64, 0});
+    QTest::newRow("controller value 0, then a rest of FF 03")
+        << bytes({0, 0xB0, 7, 0x00, 0xFF, 0x03, 0xC0, 0, 1, 0xC0, 2});
+    QTest::newRow("program 0, then a rest of FF 03")
+        << bytes({0, 0xC0, 0x00, 0xFF, 0x03, 0x90, 60, 100, 96, 60, 0});
+    QTest::newRow("within a text") << metaEvent(0x01, bytes({'a', 0, 0xFF, 0x03, 1, 'b', 'c'}));
+    QTest::newRow("major key, then a rest of FF 03")
+        << metaEvent(0x59, bytes({2, 0x00})) + bytes({0xFF, 0x03, 0x90, 60, 100, 1, 60, 0});
+}
+
+void TestRawMidiFile::removeKeepsWhatOnlyLooksLikeAnEvent()
+{
+    QFETCH(QByteArray, music);
+    RawMidiFile midi = loaded(midiFile({track(metaEvent(0x03, "Title") + music)}));
+    QCOMPARE(midi.removeHeadMetaevent(char(0x03), false), 9);
+    QCOMPARE(midi.stream(), midiFile({track(music)}));
+}
+
+void TestRawMidiFile::emptyTitleBeforeALongRestStaysWhole()
+{
+    // The length of an empty title, then a rest of FF 4B and a note on: no event of the maker.
+    const QByteArray music = bytes({0xFF, 0x4B, 0x90, 1, 100, 0x60, 1, 0});
+    RawMidiFile midi = loaded(midiFile({track(music)}));
+    midi.setTitle(QString());
+    midi.setGenre(QStringLiteral("Pop"));
+    QCOMPARE(midi.stream(),
+             midiFile({track(kravoEvent(1, "Pop") + metaEvent(0x03, QByteArray()) + music)}));
+}
+
 void TestRawMidiFile::removeSeesDeltaZeroBehindHighBytes_data()
 {
     // The byte before the delta time is 80 or above, but belongs to the event before.
@@ -1212,11 +1249,11 @@ void TestRawMidiFile::removeSeesDeltaZeroBehindHighBytes()
 
 void TestRawMidiFile::removeFollowsTheByteSearchOnRandomData()
 {
-    // The rule, event by event and slowly, on data without any byte of 80 or above before a 00.
+    // The rule, event by event and slowly, on data that are no events from the first status byte on.
     QRandomGenerator random(20121001);
     int removedInAll = 0;
     for (int round = 0; round < 3000; ++round) {
-        QByteArray events;
+        QByteArray events = bytes({0, 0xF4});
         while (events.size() < 60) {
             switch (random.bounded(4)) {
             case 0:
