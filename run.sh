@@ -32,6 +32,8 @@ if ! { cmake --preset release && cmake --build --preset release --target "$targe
 fi
 
 if [ "$demo" = no ]; then
-  exec build/release/app/kavena-pc
+  program=build/release/app/kavena-pc
+  if [ "$(uname)" = Darwin ]; then program=$program.app/Contents/MacOS/kavena-pc; fi
+  exec "$program"
 fi
 exec tests/demo/demo.sh build/release "$(mktemp -d "${TMPDIR:-/tmp}/kavena-demo.XXXXXX")"

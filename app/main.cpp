@@ -3,7 +3,22 @@
 #include "app/startup.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QTranslator>
+
+namespace
+{
+
+/** The icon in every size that a desktop asks for, so that none has to be scaled. */
+QIcon applicationIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256, 512})
+        icon.addFile(QStringLiteral(":/imgs/kavena-pc_%1.png").arg(size));
+    return icon;
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
@@ -11,6 +26,9 @@ int main(int argc, char *argv[])
     startup.setUpLog();
 
     QApplication application(argc, argv);
+    QApplication::setWindowIcon(applicationIcon());
+    // Wayland knows a window's icon and its place in the menu by this name only.
+    QApplication::setDesktopFileName(QStringLiteral("org.kavena.KavenaPC"));
     QTranslator programTranslator;
     QTranslator qtTranslator;
     startup.setUpTranslation(programTranslator, qtTranslator);

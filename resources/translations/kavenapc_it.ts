@@ -5,7 +5,7 @@
     <name>AboutDialog</name>
     <message>
         <source>Informazioni</source>
-        <translation>Informazioni</translation>
+        <translation>Informazioni su Kavena PC</translation>
     </message>
     <message>
         <source>Kavena PC</source>
@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>(c) 2011 K-Ravo. Tutti i diritti riservati.&lt;br/&gt;I nomi e i marchi citati appartengono ai rispettivi proprietari.&lt;br/&gt;&lt;a href=&quot;https://kravo.example/&quot;&gt;https://kravo.example/&lt;/a&gt;</source>
-        <translation>(c) 2011 K-Ravo. Tutti i diritti riservati.&lt;br/&gt;I nomi e i marchi citati appartengono ai rispettivi proprietari.&lt;br/&gt;&lt;a href=&quot;https://kravo.example/&quot;&gt;https://kravo.example/&lt;/a&gt;</translation>
+        <translation>© 2011 K-Ravo. Tutti i diritti riservati.&lt;br/&gt;I nomi e i marchi citati appartengono ai rispettivi proprietari.&lt;br/&gt;&lt;a href=&quot;https://kravo.example/&quot;&gt;https://kravo.example/&lt;/a&gt;</translation>
     </message>
     <message>
         <source>Assistenza:</source>
@@ -32,7 +32,7 @@
     </message>
     <message>
         <source>Sfoglia...</source>
-        <translation>Sfoglia...</translation>
+        <translation>&amp;Sfoglia...</translation>
     </message>
     <message>
         <source>Annulla</source>
@@ -40,11 +40,11 @@
     </message>
     <message>
         <source>Prosegui senza backup</source>
-        <translation>Prosegui senza backup</translation>
+        <translation>&amp;Prosegui senza backup</translation>
     </message>
     <message>
         <source>Esegui backup</source>
-        <translation>Esegui backup</translation>
+        <translation>&amp;Esegui backup</translation>
     </message>
     <message>
         <source>Scegli cartella</source>
@@ -77,7 +77,7 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
     </message>
     <message>
         <source>Titolo Song:</source>
-        <translation>Titolo Song:</translation>
+        <translation>&amp;Titolo Song:</translation>
     </message>
     <message>
         <source>Applica a tutti</source>
@@ -85,43 +85,43 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
     </message>
     <message>
         <source>Usa il titolo</source>
-        <translation>Usa il titolo</translation>
+        <translation>&amp;Usa il titolo</translation>
     </message>
     <message>
         <source>Usa il filename</source>
-        <translation>Usa il nome del file</translation>
+        <translation>Usa il &amp;nome del file</translation>
     </message>
     <message>
         <source>Interprete:</source>
-        <translation>Interprete:</translation>
+        <translation>&amp;Interprete:</translation>
     </message>
     <message>
         <source>Genere Musicale:</source>
-        <translation>Genere Musicale:</translation>
+        <translation>&amp;Genere Musicale:</translation>
     </message>
     <message>
         <source>Autore:</source>
-        <translation>Autore:</translation>
+        <translation>&amp;Autore:</translation>
     </message>
     <message>
         <source>Durata:</source>
-        <translation>Durata:</translation>
+        <translation>&amp;Durata:</translation>
     </message>
     <message>
         <source>mm</source>
-        <translation>mm</translation>
+        <translation>min</translation>
     </message>
     <message>
         <source>ss</source>
-        <translation>ss</translation>
+        <translation>sec</translation>
     </message>
     <message>
         <source>Tonalità:</source>
-        <translation>Tonalità:</translation>
+        <translation>T&amp;onalità:</translation>
     </message>
     <message>
         <source>BPM:</source>
-        <translation>BPM:</translation>
+        <translation>&amp;BPM:</translation>
     </message>
     <message>
         <source>Annulla</source>
@@ -129,7 +129,7 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
     </message>
     <message>
         <source>Salva</source>
-        <translation>Salva</translation>
+        <translation>&amp;Salva</translation>
     </message>
     <message>
         <source>Il titolo di tutte le song della lista verrà sovrascritto non il nome del file, sei sicuro?</source>
@@ -175,15 +175,15 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
     </message>
     <message>
         <source>File non importato, errore nel path:</source>
-        <translation>File non importato, errore nel percorso:</translation>
+        <translation>File non inserito, errore nel percorso:</translation>
     </message>
     <message>
         <source>File non importato, path troppo lungo: </source>
-        <translation>File non importato, percorso troppo lungo: </translation>
+        <translation>File non inserito, percorso troppo lungo: </translation>
     </message>
     <message>
         <source>File non importato, troppi file nella memoria: </source>
-        <translation>File non importato, troppi file nella memoria: </translation>
+        <translation>File non inserito, troppi file nella memoria: </translation>
     </message>
     <message>
         <source>TITOLO</source>
@@ -210,27 +210,27 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
     </message>
     <message>
         <source>Seleziona la cartella principale della Compact Flash o della Penna USB che vuoi ottimizzare per Kavena:</source>
-        <translation>Seleziona la cartella principale della Compact Flash o della Penna USB che vuoi ottimizzare per Kavena:</translation>
+        <translation>Seleziona la cartella &amp;principale della Compact Flash o della Penna USB che vuoi ottimizzare per Kavena:</translation>
     </message>
     <message>
         <source>Sfoglia</source>
-        <translation>Sfoglia</translation>
+        <translation>&amp;Sfoglia</translation>
     </message>
     <message>
         <source>Seleziona l&apos;azione che vuoi eseguire:</source>
-        <translation>Seleziona l&apos;azione che vuoi eseguire:</translation>
+        <translation>Seleziona l&apos;a&amp;zione che vuoi eseguire:</translation>
     </message>
     <message>
         <source>Ho inserito o eliminato alcune song, aggiorna database</source>
-        <translation>Ho inserito o eliminato alcune song, aggiorna database</translation>
+        <translation>Ho inserito o eliminato alcune song, &amp;aggiorna database</translation>
     </message>
     <message>
         <source>Ho problemi con gli archivi, ricostruisci database</source>
-        <translation>Ho problemi con gli archivi, ricostruisci database</translation>
+        <translation>Ho problemi con gli archivi, &amp;ricostruisci database</translation>
     </message>
     <message>
         <source>Controlla struttura memoria</source>
-        <translation>Controlla struttura memoria</translation>
+        <translation>Controlla struttura &amp;memoria</translation>
     </message>
     <message>
         <source>File found:</source>
@@ -238,15 +238,15 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
     </message>
     <message>
         <source>Report:</source>
-        <translation>Rapporto:</translation>
+        <translation>Rappor&amp;to:</translation>
     </message>
     <message>
         <source>Inizia</source>
-        <translation>Inizia</translation>
+        <translation>&amp;Inizia</translation>
     </message>
     <message>
         <source>Chiudi</source>
-        <translation>Chiudi</translation>
+        <translation>&amp;Chiudi</translation>
     </message>
     <message>
         <source>Ottimizzazione memoria in corso...</source>
@@ -345,71 +345,71 @@ Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto 
     </message>
     <message>
         <source>File</source>
-        <translation>File</translation>
+        <translation>&amp;File</translation>
     </message>
     <message>
         <source>Preferenze</source>
-        <translation>Preferenze</translation>
+        <translation>&amp;Preferenze</translation>
     </message>
     <message>
         <source>Lingua</source>
-        <translation>Lingua</translation>
+        <translation>&amp;Lingua</translation>
     </message>
     <message>
         <source>Messaggi Copyright</source>
-        <translation>Messaggi Copyright</translation>
+        <translation>&amp;Messaggi Copyright</translation>
     </message>
     <message>
         <source>Strumenti</source>
-        <translation>Strumenti</translation>
+        <translation>&amp;Strumenti</translation>
     </message>
     <message>
         <source>Aiuto</source>
-        <translation>Aiuto</translation>
+        <translation>&amp;Aiuto</translation>
     </message>
     <message>
         <source>Esci</source>
-        <translation>Esci</translation>
+        <translation>&amp;Esci</translation>
     </message>
     <message>
         <source>Italiano</source>
-        <translation>Italiano</translation>
+        <translation>&amp;Italiano</translation>
     </message>
     <message>
         <source>English</source>
-        <translation>English</translation>
+        <translation>&amp;English</translation>
     </message>
     <message>
         <source>Deutsch</source>
-        <translation>Deutsch</translation>
+        <translation>&amp;Deutsch</translation>
     </message>
     <message>
         <source>Si</source>
-        <translation>Si</translation>
+        <translation>&amp;Si</translation>
     </message>
     <message>
         <source>No</source>
-        <translation>No</translation>
+        <translation>&amp;No</translation>
     </message>
     <message>
         <source>Rigenera il database delle song</source>
-        <translation>Rigenera il database delle song</translation>
+        <translation>&amp;Rigenera il database delle song</translation>
     </message>
     <message>
         <source>Salva lista delle song</source>
-        <translation>Salva lista delle song</translation>
+        <translation>&amp;Salva lista delle song</translation>
     </message>
     <message>
         <source>Aiuto Kavena PC</source>
-        <translation>Aiuto Kavena PC</translation>
+        <translation>&amp;Aiuto Kavena PC</translation>
     </message>
     <message>
         <source>Informazioni</source>
-        <translation>Informazioni</translation>
+        <translation>&amp;Informazioni su Kavena PC</translation>
     </message>
     <message>
         <source>Informazioni su QT</source>
-        <translation>Informazioni su Qt</translation>
+        <translation>Informazioni su &amp;Qt</translation>
     </message>
     <message>
         <source>Seleziona i file da importare</source>
@@ -429,15 +429,15 @@ Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto 
     </message>
     <message>
         <source>Backup FALLITO !!!</source>
-        <translation>Backup FALLITO !!!</translation>
+        <translation>Backup FALLITO!</translation>
     </message>
     <message>
         <source>Remove from list</source>
-        <translation>Rimuovi dalla lista</translation>
+        <translation>&amp;Rimuovi dalla lista</translation>
     </message>
     <message>
         <source>Delete file</source>
-        <translation>Cancella file</translation>
+        <translation>&amp;Cancella file</translation>
     </message>
     <message>
         <source>Attenzione</source>
@@ -449,7 +449,7 @@ Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto 
     </message>
     <message>
         <source>Interrompi</source>
-        <translation>Interrompi</translation>
+        <translation>&amp;Interrompi</translation>
     </message>
     <message>
         <source>%1 di %2</source>
@@ -505,7 +505,7 @@ Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto 
     </message>
     <message>
         <source>Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST perchè sono riservate per funzionalità specifiche di Kavena, selezionare un&apos;altra cartella</source>
-        <translation>Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST perchè sono riservate per funzionalità specifiche di Kavena, selezionare un&apos;altra cartella</translation>
+        <translation>Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST perché sono riservate per funzionalità specifiche di Kavena, selezionare un&apos;altra cartella</translation>
     </message>
     <message>
         <source>Lo spazio libero nella memoria non è sufficiente: mancano %1.
@@ -538,19 +538,19 @@ Si vuole procedere comunque con la copia?</translation>
     </message>
     <message>
         <source>Si</source>
-        <translation>Si</translation>
+        <translation>&amp;Si</translation>
     </message>
     <message>
         <source>Si tutti</source>
-        <translation>Si tutti</translation>
+        <translation>Si &amp;tutti</translation>
     </message>
     <message>
         <source>No</source>
-        <translation>No</translation>
+        <translation>&amp;No</translation>
     </message>
     <message>
         <source>No tutti</source>
-        <translation>No tutti</translation>
+        <translation>N&amp;o tutti</translation>
     </message>
 </context>
 <context>
@@ -565,19 +565,19 @@ Si vuole procedere comunque con la copia?</translation>
     </message>
     <message>
         <source>Non mostrare più messaggi sul copyright</source>
-        <translation>Non mostrare più messaggi sul copyright</translation>
+        <translation>Non &amp;mostrare più messaggi sul copyright</translation>
     </message>
     <message>
         <source>Si</source>
-        <translation>Si</translation>
+        <translation>&amp;Si</translation>
     </message>
     <message>
         <source>No</source>
-        <translation>No</translation>
+        <translation>&amp;No</translation>
     </message>
     <message>
         <source>Sono stati esaminti %1 files, trovate %2 songs di cui %3 di (c)K-Ravo</source>
-        <translation>Sono stati esaminati %1 file, trovate %2 song di cui %3 di (c)K-Ravo</translation>
+        <translation>Sono stati esaminati %1 file, trovate %2 song di cui %3 di © K-Ravo</translation>
     </message>
 </context>
 <context>
@@ -588,7 +588,7 @@ Si vuole procedere comunque con la copia?</translation>
     </message>
     <message>
         <source>CF/USB:</source>
-        <translation>CF/USB:</translation>
+        <translation>&amp;CF/USB:</translation>
     </message>
     <message>
         <source>Browse</source>
@@ -596,11 +596,11 @@ Si vuole procedere comunque con la copia?</translation>
     </message>
     <message>
         <source>File:</source>
-        <translation>File:</translation>
+        <translation>&amp;File:</translation>
     </message>
     <message>
         <source>Ordina per:</source>
-        <translation>Ordina per:</translation>
+        <translation>&amp;Ordina per:</translation>
     </message>
     <message>
         <source>Titolo</source>
@@ -616,11 +616,11 @@ Si vuole procedere comunque con la copia?</translation>
     </message>
     <message>
         <source>Salva</source>
-        <translation>Salva</translation>
+        <translation>&amp;Salva</translation>
     </message>
     <message>
         <source>Exit</source>
-        <translation>Chiudi</translation>
+        <translation>C&amp;hiudi</translation>
     </message>
     <message>
         <source>Scegli cartella</source>
@@ -655,7 +655,7 @@ Si vuole procedere comunque con la copia?</translation>
     <name>UserSongsRelTableModel</name>
     <message>
         <source>Num</source>
-        <translation>Num</translation>
+        <translation>N.</translation>
     </message>
     <message>
         <source>Formato</source>
@@ -683,7 +683,7 @@ Si vuole procedere comunque con la copia?</translation>
     </message>
     <message>
         <source>Bpm</source>
-        <translation>Bpm</translation>
+        <translation>BPM</translation>
     </message>
     <message>
         <source>Tonalita&apos;</source>

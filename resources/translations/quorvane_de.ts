@@ -5,7 +5,7 @@
     <name>AboutDialog</name>
     <message>
         <source>Informazioni</source>
-        <translation>Über</translation>
+        <translation>Über RB27 Utility</translation>
     </message>
     <message>
         <source>Kavena PC</source>
@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>(c) 2011 K-Ravo. Tutti i diritti riservati.&lt;br/&gt;I nomi e i marchi citati appartengono ai rispettivi proprietari.&lt;br/&gt;&lt;a href=&quot;https://kravo.example/&quot;&gt;https://kravo.example/&lt;/a&gt;</source>
-        <translation>(c) 2011 K-Ravo. Alle Rechte vorbehalten.&lt;br/&gt;Genannte Namen und Marken gehören ihren jeweiligen Inhabern.&lt;br/&gt;&lt;a href=&quot;https://kravo.example/&quot;&gt;https://kravo.example/&lt;/a&gt;</translation>
+        <translation>© 2011 K-Ravo. Alle Rechte vorbehalten.&lt;br/&gt;Alle genannten Namen und Marken gehören ihren jeweiligen Inhabern.&lt;br/&gt;&lt;a href=&quot;https://kravo.example/&quot;&gt;https://kravo.example/&lt;/a&gt;</translation>
     </message>
     <message>
         <source>Assistenza:</source>
@@ -32,7 +32,7 @@
     </message>
     <message>
         <source>Sfoglia...</source>
-        <translation>Durchsuchen...</translation>
+        <translation>&amp;Durchsuchen...</translation>
     </message>
     <message>
         <source>Annulla</source>
@@ -40,11 +40,11 @@
     </message>
     <message>
         <source>Prosegui senza backup</source>
-        <translation>Ohne Sicherung fortfahren</translation>
+        <translation>&amp;Ohne Sicherung fortfahren</translation>
     </message>
     <message>
         <source>Esegui backup</source>
-        <translation>Sicherung erstellen</translation>
+        <translation>&amp;Sicherung erstellen</translation>
     </message>
     <message>
         <source>Scegli cartella</source>
@@ -53,7 +53,7 @@
     <message>
         <source>Si consiglia di effettuare un backup della libreria prima di procedere con l&apos;aggiornamento.
 Selezionare una cartella di destinazione per il backup oppure premere &apos;Prosegui senza backup&apos;.</source>
-        <translation>Es wird empfohlen, die Bibliothek vor der Aktualisierung zu sichern.
+        <translation>Wir empfehlen, die Songs zu sichern, bevor sie aktualisiert werden.
 Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Sicherung fortfahren“.</translation>
     </message>
 </context>
@@ -73,11 +73,11 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
     </message>
     <message>
         <source>Modifica i dati della Song:</source>
-        <translation>Daten des Songs bearbeiten:</translation>
+        <translation>Songdaten bearbeiten:</translation>
     </message>
     <message>
         <source>Titolo Song:</source>
-        <translation>Songtitel:</translation>
+        <translation>Song&amp;titel:</translation>
     </message>
     <message>
         <source>Applica a tutti</source>
@@ -85,43 +85,43 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
     </message>
     <message>
         <source>Usa il titolo</source>
-        <translation>Titel verwenden</translation>
+        <translation>Tit&amp;el verwenden</translation>
     </message>
     <message>
         <source>Usa il filename</source>
-        <translation>Dateinamen verwenden</translation>
+        <translation>Datei&amp;namen verwenden</translation>
     </message>
     <message>
         <source>Interprete:</source>
-        <translation>Interpret:</translation>
+        <translation>&amp;Interpret:</translation>
     </message>
     <message>
         <source>Genere Musicale:</source>
-        <translation>Musikrichtung:</translation>
+        <translation>&amp;Musikrichtung:</translation>
     </message>
     <message>
         <source>Autore:</source>
-        <translation>Autor:</translation>
+        <translation>A&amp;utor:</translation>
     </message>
     <message>
         <source>Durata:</source>
-        <translation>Dauer:</translation>
+        <translation>&amp;Dauer:</translation>
     </message>
     <message>
         <source>mm</source>
-        <translation>mm</translation>
+        <translation>Min.</translation>
     </message>
     <message>
         <source>ss</source>
-        <translation>ss</translation>
+        <translation>Sek.</translation>
     </message>
     <message>
         <source>Tonalità:</source>
-        <translation>Tonart:</translation>
+        <translation>T&amp;onart:</translation>
     </message>
     <message>
         <source>BPM:</source>
-        <translation>BPM:</translation>
+        <translation>&amp;BPM:</translation>
     </message>
     <message>
         <source>Annulla</source>
@@ -129,7 +129,7 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
     </message>
     <message>
         <source>Salva</source>
-        <translation>Speichern</translation>
+        <translation>&amp;Speichern</translation>
     </message>
     <message>
         <source>Il titolo di tutte le song della lista verrà sovrascritto non il nome del file, sei sicuro?</source>
@@ -156,7 +156,7 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
     <name>HelpDialog</name>
     <message>
         <source>Aiuto Kavena PC</source>
-        <translation>RB27 Utility Hilfe</translation>
+        <translation>Hilfe zu RB27 Utility</translation>
     </message>
     <message>
         <source>Aiuto</source>
@@ -175,15 +175,15 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
     </message>
     <message>
         <source>File non importato, errore nel path:</source>
-        <translation>Datei nicht importiert, Fehler im Pfad:</translation>
+        <translation>Datei nicht aufgenommen, Fehler im Pfad:</translation>
     </message>
     <message>
         <source>File non importato, path troppo lungo: </source>
-        <translation>Datei nicht importiert, Pfad zu lang: </translation>
+        <translation>Datei nicht aufgenommen, Pfad zu lang: </translation>
     </message>
     <message>
         <source>File non importato, troppi file nella memoria: </source>
-        <translation>Datei nicht importiert, zu viele Dateien im Speicher: </translation>
+        <translation>Datei nicht aufgenommen, zu viele Dateien im Speicher: </translation>
     </message>
     <message>
         <source>TITOLO</source>
@@ -210,27 +210,27 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
     </message>
     <message>
         <source>Seleziona la cartella principale della Compact Flash o della Penna USB che vuoi ottimizzare per Kavena:</source>
-        <translation>Wählen Sie den Hauptordner der Compact-Flash-Karte oder des USB-Sticks, der für RB27 optimiert werden soll:</translation>
+        <translation>Wählen Sie den &amp;Hauptordner der Compact-Flash-Karte oder des USB-Sticks, der für RB27 optimiert werden soll:</translation>
     </message>
     <message>
         <source>Sfoglia</source>
-        <translation>Durchsuchen</translation>
+        <translation>&amp;Durchsuchen</translation>
     </message>
     <message>
         <source>Seleziona l&apos;azione che vuoi eseguire:</source>
-        <translation>Wählen Sie, was geschehen soll:</translation>
+        <translation>&amp;Wählen Sie, was geschehen soll:</translation>
     </message>
     <message>
         <source>Ho inserito o eliminato alcune song, aggiorna database</source>
-        <translation>Songs wurden hinzugefügt oder gelöscht: Datenbank aktualisieren</translation>
+        <translation>Songs wurden hinzugefügt oder gelöscht: Datenbank &amp;aktualisieren</translation>
     </message>
     <message>
         <source>Ho problemi con gli archivi, ricostruisci database</source>
-        <translation>Es gibt Probleme mit den Archiven: Datenbank neu aufbauen</translation>
+        <translation>Es gibt Probleme mit den Archiven: Datenbank &amp;neu aufbauen</translation>
     </message>
     <message>
         <source>Controlla struttura memoria</source>
-        <translation>Speicherstruktur prüfen</translation>
+        <translation>Speicher&amp;struktur prüfen</translation>
     </message>
     <message>
         <source>File found:</source>
@@ -238,15 +238,15 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
     </message>
     <message>
         <source>Report:</source>
-        <translation>Bericht:</translation>
+        <translation>&amp;Bericht:</translation>
     </message>
     <message>
         <source>Inizia</source>
-        <translation>Start</translation>
+        <translation>S&amp;tarten</translation>
     </message>
     <message>
         <source>Chiudi</source>
-        <translation>Schließen</translation>
+        <translation>Schl&amp;ießen</translation>
     </message>
     <message>
         <source>Ottimizzazione memoria in corso...</source>
@@ -297,7 +297,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Sincronizza song con il database K-Ravo</source>
-        <translation>Songs mit der K-Ravo Datenbank synchronisieren</translation>
+        <translation>Songs mit der K-Ravo-Datenbank synchronisieren</translation>
     </message>
     <message>
         <source>Trasferisci song nella memoria di Kavena</source>
@@ -345,71 +345,71 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>File</source>
-        <translation>Datei</translation>
+        <translation>&amp;Datei</translation>
     </message>
     <message>
         <source>Preferenze</source>
-        <translation>Einstellungen</translation>
+        <translation>&amp;Einstellungen</translation>
     </message>
     <message>
         <source>Lingua</source>
-        <translation>Sprache</translation>
+        <translation>&amp;Sprache</translation>
     </message>
     <message>
         <source>Messaggi Copyright</source>
-        <translation>Copyright-Meldungen</translation>
+        <translation>&amp;Copyright-Meldungen</translation>
     </message>
     <message>
         <source>Strumenti</source>
-        <translation>Extras</translation>
+        <translation>E&amp;xtras</translation>
     </message>
     <message>
         <source>Aiuto</source>
-        <translation>Hilfe</translation>
+        <translation>&amp;Hilfe</translation>
     </message>
     <message>
         <source>Esci</source>
-        <translation>Beenden</translation>
+        <translation>&amp;Beenden</translation>
     </message>
     <message>
         <source>Italiano</source>
-        <translation>Italiano</translation>
+        <translation>&amp;Italiano</translation>
     </message>
     <message>
         <source>English</source>
-        <translation>English</translation>
+        <translation>&amp;English</translation>
     </message>
     <message>
         <source>Deutsch</source>
-        <translation>Deutsch</translation>
+        <translation>&amp;Deutsch</translation>
     </message>
     <message>
         <source>Si</source>
-        <translation>Ja</translation>
+        <translation>&amp;Ja</translation>
     </message>
     <message>
         <source>No</source>
-        <translation>Nein</translation>
+        <translation>&amp;Nein</translation>
     </message>
     <message>
         <source>Rigenera il database delle song</source>
-        <translation>Songdatenbank neu erstellen</translation>
+        <translation>Songdatenbank &amp;neu erstellen</translation>
     </message>
     <message>
         <source>Salva lista delle song</source>
-        <translation>Songliste speichern</translation>
+        <translation>Song&amp;liste speichern</translation>
     </message>
     <message>
         <source>Aiuto Kavena PC</source>
-        <translation>RB27 Utility Hilfe</translation>
+        <translation>&amp;Hilfe zu RB27 Utility</translation>
     </message>
     <message>
         <source>Informazioni</source>
-        <translation>Über</translation>
+        <translation>&amp;Über RB27 Utility</translation>
     </message>
     <message>
         <source>Informazioni su QT</source>
-        <translation>Über Qt</translation>
+        <translation>Über &amp;Qt</translation>
     </message>
     <message>
         <source>Seleziona i file da importare</source>
@@ -429,15 +429,15 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Backup FALLITO !!!</source>
-        <translation>Sicherung FEHLGESCHLAGEN !!!</translation>
+        <translation>Sicherung FEHLGESCHLAGEN!</translation>
     </message>
     <message>
         <source>Remove from list</source>
-        <translation>Aus der Liste entfernen</translation>
+        <translation>Aus der Liste &amp;entfernen</translation>
     </message>
     <message>
         <source>Delete file</source>
-        <translation>Datei löschen</translation>
+        <translation>Datei &amp;löschen</translation>
     </message>
     <message>
         <source>Attenzione</source>
@@ -449,7 +449,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Interrompi</source>
-        <translation>Abbrechen</translation>
+        <translation>&amp;Abbrechen</translation>
     </message>
     <message>
         <source>%1 di %2</source>
@@ -501,11 +501,11 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Non è possibile copiare i file sulla cartella principale, creare o selezionare una sottocartella</source>
-        <translation>In den Hauptordner können keine Dateien kopiert werden. Erstellen oder wählen Sie einen Unterordner</translation>
+        <translation>In den Hauptordner können keine Dateien kopiert werden. Erstellen oder wählen Sie einen Unterordner.</translation>
     </message>
     <message>
         <source>Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST perchè sono riservate per funzionalità specifiche di Kavena, selezionare un&apos;altra cartella</source>
-        <translation>Die Ordner BRIDGE, SFX und PLAYLIST können nicht verwendet werden, weil sie für besondere Funktionen von RB27 reserviert sind. Wählen Sie einen anderen Ordner</translation>
+        <translation>Die Ordner BRIDGE, SFX und PLAYLIST können nicht verwendet werden, weil RB27 sie für eigene Zwecke braucht. Wählen Sie einen anderen Ordner.</translation>
     </message>
     <message>
         <source>Lo spazio libero nella memoria non è sufficiente: mancano %1.
@@ -534,23 +534,23 @@ Trotzdem kopieren?</translation>
     </message>
     <message>
         <source>Non è stato pubblicato da K-Ravo. Si vuole procedere comunque con le modifiche?</source>
-        <translation>Wurde nicht von K-Ravo veröffentlicht. Trotzdem ändern?</translation>
+        <translation>Diese Datei wurde nicht von K-Ravo veröffentlicht. Möchten Sie sie trotzdem ändern?</translation>
     </message>
     <message>
         <source>Si</source>
-        <translation>Ja</translation>
+        <translation>&amp;Ja</translation>
     </message>
     <message>
         <source>Si tutti</source>
-        <translation>Ja, alle</translation>
+        <translation>Ja, &amp;alle</translation>
     </message>
     <message>
         <source>No</source>
-        <translation>Nein</translation>
+        <translation>&amp;Nein</translation>
     </message>
     <message>
         <source>No tutti</source>
-        <translation>Nein, keine</translation>
+        <translation>Nein, &amp;keine</translation>
     </message>
 </context>
 <context>
@@ -561,23 +561,23 @@ Trotzdem kopieren?</translation>
     </message>
     <message>
         <source>Si vuole procedere alla sincronizzazione automatica con il database?</source>
-        <translation>Möchten Sie jetzt automatisch mit der Datenbank synchronisieren?</translation>
+        <translation>Möchten Sie die Songs jetzt mit der Datenbank synchronisieren?</translation>
     </message>
     <message>
         <source>Non mostrare più messaggi sul copyright</source>
-        <translation>Keine Copyright-Meldungen mehr anzeigen</translation>
+        <translation>&amp;Keine Copyright-Meldungen mehr anzeigen</translation>
     </message>
     <message>
         <source>Si</source>
-        <translation>Ja</translation>
+        <translation>&amp;Ja</translation>
     </message>
     <message>
         <source>No</source>
-        <translation>Nein</translation>
+        <translation>&amp;Nein</translation>
     </message>
     <message>
         <source>Sono stati esaminti %1 files, trovate %2 songs di cui %3 di (c)K-Ravo</source>
-        <translation>%1 Dateien untersucht, %2 Songs gefunden, davon %3 von (c)K-Ravo</translation>
+        <translation>%1 Dateien untersucht, %2 Songs gefunden, davon %3 von © K-Ravo</translation>
     </message>
 </context>
 <context>
@@ -588,7 +588,7 @@ Trotzdem kopieren?</translation>
     </message>
     <message>
         <source>CF/USB:</source>
-        <translation>CF/USB:</translation>
+        <translation>&amp;CF/USB:</translation>
     </message>
     <message>
         <source>Browse</source>
@@ -596,11 +596,11 @@ Trotzdem kopieren?</translation>
     </message>
     <message>
         <source>File:</source>
-        <translation>Datei:</translation>
+        <translation>&amp;Datei:</translation>
     </message>
     <message>
         <source>Ordina per:</source>
-        <translation>Sortieren nach:</translation>
+        <translation>Sortieren &amp;nach:</translation>
     </message>
     <message>
         <source>Titolo</source>
@@ -616,11 +616,11 @@ Trotzdem kopieren?</translation>
     </message>
     <message>
         <source>Salva</source>
-        <translation>Speichern</translation>
+        <translation>&amp;Speichern</translation>
     </message>
     <message>
         <source>Exit</source>
-        <translation>Schließen</translation>
+        <translation>Sch&amp;ließen</translation>
     </message>
     <message>
         <source>Scegli cartella</source>
@@ -644,7 +644,7 @@ Trotzdem kopieren?</translation>
     </message>
     <message>
         <source>Impossibile proseguire, la memoria non è preparata per Kavena</source>
-        <translation>Der Vorgang wurde abgebrochen: Der Speicher ist nicht für RB27 vorbereitet</translation>
+        <translation>Die Liste kann nicht erstellt werden: Der Speicher ist nicht für RB27 vorbereitet</translation>
     </message>
     <message>
         <source>Errore durante la creazione del file</source>
@@ -683,7 +683,7 @@ Trotzdem kopieren?</translation>
     </message>
     <message>
         <source>Bpm</source>
-        <translation>Bpm</translation>
+        <translation>BPM</translation>
     </message>
     <message>
         <source>Tonalita&apos;</source>

@@ -5,7 +5,7 @@
     <name>AboutDialog</name>
     <message>
         <source>Informazioni</source>
-        <translation>About</translation>
+        <translation>About RB27 Utility</translation>
     </message>
     <message>
         <source>Kavena PC</source>
@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>(c) 2011 K-Ravo. Tutti i diritti riservati.&lt;br/&gt;I nomi e i marchi citati appartengono ai rispettivi proprietari.&lt;br/&gt;&lt;a href=&quot;https://kravo.example/&quot;&gt;https://kravo.example/&lt;/a&gt;</source>
-        <translation>(c) 2011 K-Ravo. All rights reserved.&lt;br/&gt;The names and brands mentioned belong to their respective owners.&lt;br/&gt;&lt;a href=&quot;https://kravo.example/&quot;&gt;https://kravo.example/&lt;/a&gt;</translation>
+        <translation>© 2011 K-Ravo. All rights reserved.&lt;br/&gt;All names and brands mentioned belong to their respective owners.&lt;br/&gt;&lt;a href=&quot;https://kravo.example/&quot;&gt;https://kravo.example/&lt;/a&gt;</translation>
     </message>
     <message>
         <source>Assistenza:</source>
@@ -32,7 +32,7 @@
     </message>
     <message>
         <source>Sfoglia...</source>
-        <translation>Browse...</translation>
+        <translation>&amp;Browse...</translation>
     </message>
     <message>
         <source>Annulla</source>
@@ -40,11 +40,11 @@
     </message>
     <message>
         <source>Prosegui senza backup</source>
-        <translation>Continue without backup</translation>
+        <translation>&amp;Continue without backup</translation>
     </message>
     <message>
         <source>Esegui backup</source>
-        <translation>Make backup</translation>
+        <translation>&amp;Make backup</translation>
     </message>
     <message>
         <source>Scegli cartella</source>
@@ -53,8 +53,8 @@
     <message>
         <source>Si consiglia di effettuare un backup della libreria prima di procedere con l&apos;aggiornamento.
 Selezionare una cartella di destinazione per il backup oppure premere &apos;Prosegui senza backup&apos;.</source>
-        <translation>It is recommended to back up the library before it is updated.
-Select a destination folder for the backup or press &apos;Continue without backup&apos;.</translation>
+        <translation>We recommend backing up your songs before they are updated.
+Select a folder for the backup, or press “Continue without backup”.</translation>
     </message>
 </context>
 <context>
@@ -73,11 +73,11 @@ Select a destination folder for the backup or press &apos;Continue without backu
     </message>
     <message>
         <source>Modifica i dati della Song:</source>
-        <translation>Edit song info:</translation>
+        <translation>Edit song details:</translation>
     </message>
     <message>
         <source>Titolo Song:</source>
-        <translation>Song title:</translation>
+        <translation>Song &amp;title:</translation>
     </message>
     <message>
         <source>Applica a tutti</source>
@@ -85,43 +85,43 @@ Select a destination folder for the backup or press &apos;Continue without backu
     </message>
     <message>
         <source>Usa il titolo</source>
-        <translation>Use title</translation>
+        <translation>Use t&amp;itle</translation>
     </message>
     <message>
         <source>Usa il filename</source>
-        <translation>Use file name</translation>
+        <translation>Use &amp;file name</translation>
     </message>
     <message>
         <source>Interprete:</source>
-        <translation>Artist:</translation>
+        <translation>&amp;Artist:</translation>
     </message>
     <message>
         <source>Genere Musicale:</source>
-        <translation>Genre:</translation>
+        <translation>&amp;Genre:</translation>
     </message>
     <message>
         <source>Autore:</source>
-        <translation>Author:</translation>
+        <translation>A&amp;uthor:</translation>
     </message>
     <message>
         <source>Durata:</source>
-        <translation>Length:</translation>
+        <translation>&amp;Length:</translation>
     </message>
     <message>
         <source>mm</source>
-        <translation>mm</translation>
+        <translation>min</translation>
     </message>
     <message>
         <source>ss</source>
-        <translation>ss</translation>
+        <translation>sec</translation>
     </message>
     <message>
         <source>Tonalità:</source>
-        <translation>Key:</translation>
+        <translation>&amp;Key:</translation>
     </message>
     <message>
         <source>BPM:</source>
-        <translation>BPM:</translation>
+        <translation>&amp;BPM:</translation>
     </message>
     <message>
         <source>Annulla</source>
@@ -129,7 +129,7 @@ Select a destination folder for the backup or press &apos;Continue without backu
     </message>
     <message>
         <source>Salva</source>
-        <translation>Save</translation>
+        <translation>&amp;Save</translation>
     </message>
     <message>
         <source>Il titolo di tutte le song della lista verrà sovrascritto non il nome del file, sei sicuro?</source>
@@ -175,15 +175,15 @@ Select a destination folder for the backup or press &apos;Continue without backu
     </message>
     <message>
         <source>File non importato, errore nel path:</source>
-        <translation>File not imported, error in the path:</translation>
+        <translation>File not added, error in its path:</translation>
     </message>
     <message>
         <source>File non importato, path troppo lungo: </source>
-        <translation>File not imported, path too long: </translation>
+        <translation>File not added, path too long: </translation>
     </message>
     <message>
         <source>File non importato, troppi file nella memoria: </source>
-        <translation>File not imported, too many files in the memory: </translation>
+        <translation>File not added, too many files in the memory: </translation>
     </message>
     <message>
         <source>TITOLO</source>
@@ -210,27 +210,27 @@ Select a destination folder for the backup or press &apos;Continue without backu
     </message>
     <message>
         <source>Seleziona la cartella principale della Compact Flash o della Penna USB che vuoi ottimizzare per Kavena:</source>
-        <translation>Select the main folder of the Compact Flash card or USB pen that you want to optimize for RB27:</translation>
+        <translation>Select the &amp;main folder of the Compact Flash card or USB stick that you want to optimize for RB27:</translation>
     </message>
     <message>
         <source>Sfoglia</source>
-        <translation>Browse</translation>
+        <translation>&amp;Browse</translation>
     </message>
     <message>
         <source>Seleziona l&apos;azione che vuoi eseguire:</source>
-        <translation>Select what you want to do:</translation>
+        <translation>Select &amp;what you want to do:</translation>
     </message>
     <message>
         <source>Ho inserito o eliminato alcune song, aggiorna database</source>
-        <translation>I added or removed some songs: update the database</translation>
+        <translation>I added or removed some songs: &amp;update the database</translation>
     </message>
     <message>
         <source>Ho problemi con gli archivi, ricostruisci database</source>
-        <translation>I have problems with the archives: rebuild the database</translation>
+        <translation>I have problems with the archives: &amp;rebuild the database</translation>
     </message>
     <message>
         <source>Controlla struttura memoria</source>
-        <translation>Check memory structure</translation>
+        <translation>Check memory s&amp;tructure</translation>
     </message>
     <message>
         <source>File found:</source>
@@ -238,15 +238,15 @@ Select a destination folder for the backup or press &apos;Continue without backu
     </message>
     <message>
         <source>Report:</source>
-        <translation>Report:</translation>
+        <translation>Re&amp;port:</translation>
     </message>
     <message>
         <source>Inizia</source>
-        <translation>Start</translation>
+        <translation>&amp;Start</translation>
     </message>
     <message>
         <source>Chiudi</source>
-        <translation>Close</translation>
+        <translation>&amp;Close</translation>
     </message>
     <message>
         <source>Ottimizzazione memoria in corso...</source>
@@ -345,71 +345,71 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>File</source>
-        <translation>File</translation>
+        <translation>&amp;File</translation>
     </message>
     <message>
         <source>Preferenze</source>
-        <translation>Preferences</translation>
+        <translation>&amp;Preferences</translation>
     </message>
     <message>
         <source>Lingua</source>
-        <translation>Language</translation>
+        <translation>&amp;Language</translation>
     </message>
     <message>
         <source>Messaggi Copyright</source>
-        <translation>Copyright messages</translation>
+        <translation>&amp;Copyright messages</translation>
     </message>
     <message>
         <source>Strumenti</source>
-        <translation>Tools</translation>
+        <translation>&amp;Tools</translation>
     </message>
     <message>
         <source>Aiuto</source>
-        <translation>Help</translation>
+        <translation>&amp;Help</translation>
     </message>
     <message>
         <source>Esci</source>
-        <translation>Quit</translation>
+        <translation>&amp;Quit</translation>
     </message>
     <message>
         <source>Italiano</source>
-        <translation>Italiano</translation>
+        <translation>&amp;Italiano</translation>
     </message>
     <message>
         <source>English</source>
-        <translation>English</translation>
+        <translation>&amp;English</translation>
     </message>
     <message>
         <source>Deutsch</source>
-        <translation>Deutsch</translation>
+        <translation>&amp;Deutsch</translation>
     </message>
     <message>
         <source>Si</source>
-        <translation>Yes</translation>
+        <translation>&amp;Yes</translation>
     </message>
     <message>
         <source>No</source>
-        <translation>No</translation>
+        <translation>&amp;No</translation>
     </message>
     <message>
         <source>Rigenera il database delle song</source>
-        <translation>Rebuild the songs database</translation>
+        <translation>&amp;Rebuild the song database</translation>
     </message>
     <message>
         <source>Salva lista delle song</source>
-        <translation>Save the list of songs</translation>
+        <translation>&amp;Save the song list</translation>
     </message>
     <message>
         <source>Aiuto Kavena PC</source>
-        <translation>RB27 Utility Help</translation>
+        <translation>RB27 Utility &amp;Help</translation>
     </message>
     <message>
         <source>Informazioni</source>
-        <translation>About</translation>
+        <translation>&amp;About RB27 Utility</translation>
     </message>
     <message>
         <source>Informazioni su QT</source>
-        <translation>About Qt</translation>
+        <translation>About &amp;Qt</translation>
     </message>
     <message>
         <source>Seleziona i file da importare</source>
@@ -429,15 +429,15 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Backup FALLITO !!!</source>
-        <translation>Backup FAILED !!!</translation>
+        <translation>Backup FAILED!</translation>
     </message>
     <message>
         <source>Remove from list</source>
-        <translation>Remove from list</translation>
+        <translation>&amp;Remove from list</translation>
     </message>
     <message>
         <source>Delete file</source>
-        <translation>Delete file</translation>
+        <translation>&amp;Delete file</translation>
     </message>
     <message>
         <source>Attenzione</source>
@@ -449,7 +449,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Interrompi</source>
-        <translation>Stop</translation>
+        <translation>&amp;Stop</translation>
     </message>
     <message>
         <source>%1 di %2</source>
@@ -501,16 +501,16 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Non è possibile copiare i file sulla cartella principale, creare o selezionare una sottocartella</source>
-        <translation>Files cannot be copied into the main folder; create or select a sub-folder</translation>
+        <translation>Files cannot be copied into the main folder. Create or select a subfolder.</translation>
     </message>
     <message>
         <source>Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST perchè sono riservate per funzionalità specifiche di Kavena, selezionare un&apos;altra cartella</source>
-        <translation>The folders BRIDGE, SFX and PLAYLIST cannot be used because they are reserved for specific functions of RB27; select another folder</translation>
+        <translation>The folders BRIDGE, SFX and PLAYLIST cannot be used because RB27 needs them for itself. Select another folder.</translation>
     </message>
     <message>
         <source>Lo spazio libero nella memoria non è sufficiente: mancano %1.
 Si vuole procedere comunque con la copia?</source>
-        <translation>There is not enough free space in the memory: %1 are missing.
+        <translation>There is not enough free space in the memory: %1 more is needed.
 Do you want to copy all the same?</translation>
     </message>
     <message>
@@ -522,7 +522,7 @@ Do you want to copy all the same?</translation>
     <name>NoCopyrightDialog</name>
     <message>
         <source>Richiesta conferma</source>
-        <translation>Confirmation request</translation>
+        <translation>Confirmation</translation>
     </message>
     <message>
         <source>Il file:</source>
@@ -534,23 +534,23 @@ Do you want to copy all the same?</translation>
     </message>
     <message>
         <source>Non è stato pubblicato da K-Ravo. Si vuole procedere comunque con le modifiche?</source>
-        <translation>Was not published by K-Ravo. Do you want to proceed with editing?</translation>
+        <translation>This file was not published by K-Ravo. Do you want to change it all the same?</translation>
     </message>
     <message>
         <source>Si</source>
-        <translation>Yes</translation>
+        <translation>&amp;Yes</translation>
     </message>
     <message>
         <source>Si tutti</source>
-        <translation>Yes to all</translation>
+        <translation>Yes to &amp;all</translation>
     </message>
     <message>
         <source>No</source>
-        <translation>No</translation>
+        <translation>&amp;No</translation>
     </message>
     <message>
         <source>No tutti</source>
-        <translation>No to all</translation>
+        <translation>N&amp;o to all</translation>
     </message>
 </context>
 <context>
@@ -561,23 +561,23 @@ Do you want to copy all the same?</translation>
     </message>
     <message>
         <source>Si vuole procedere alla sincronizzazione automatica con il database?</source>
-        <translation>Do you want to proceed with the automatic synchronization with the database?</translation>
+        <translation>Do you want to synchronize the songs with the database now?</translation>
     </message>
     <message>
         <source>Non mostrare più messaggi sul copyright</source>
-        <translation>Do not show copyright messages any more</translation>
+        <translation>&amp;Do not show copyright messages again</translation>
     </message>
     <message>
         <source>Si</source>
-        <translation>Yes</translation>
+        <translation>&amp;Yes</translation>
     </message>
     <message>
         <source>No</source>
-        <translation>No</translation>
+        <translation>&amp;No</translation>
     </message>
     <message>
         <source>Sono stati esaminti %1 files, trovate %2 songs di cui %3 di (c)K-Ravo</source>
-        <translation>%1 files examined, %2 songs found, of which %3 by (c)K-Ravo</translation>
+        <translation>%1 files examined, %2 songs found, of which %3 are © K-Ravo</translation>
     </message>
 </context>
 <context>
@@ -588,7 +588,7 @@ Do you want to copy all the same?</translation>
     </message>
     <message>
         <source>CF/USB:</source>
-        <translation>CF/USB:</translation>
+        <translation>&amp;CF/USB:</translation>
     </message>
     <message>
         <source>Browse</source>
@@ -596,11 +596,11 @@ Do you want to copy all the same?</translation>
     </message>
     <message>
         <source>File:</source>
-        <translation>File:</translation>
+        <translation>&amp;File:</translation>
     </message>
     <message>
         <source>Ordina per:</source>
-        <translation>Sort by:</translation>
+        <translation>Sort &amp;by:</translation>
     </message>
     <message>
         <source>Titolo</source>
@@ -616,11 +616,11 @@ Do you want to copy all the same?</translation>
     </message>
     <message>
         <source>Salva</source>
-        <translation>Save</translation>
+        <translation>&amp;Save</translation>
     </message>
     <message>
         <source>Exit</source>
-        <translation>Exit</translation>
+        <translation>C&amp;lose</translation>
     </message>
     <message>
         <source>Scegli cartella</source>
@@ -644,18 +644,18 @@ Do you want to copy all the same?</translation>
     </message>
     <message>
         <source>Impossibile proseguire, la memoria non è preparata per Kavena</source>
-        <translation>Operation aborted: the memory is not prepared for RB27</translation>
+        <translation>The list cannot be made: the memory is not prepared for RB27</translation>
     </message>
     <message>
         <source>Errore durante la creazione del file</source>
-        <translation>Error creating the file</translation>
+        <translation>The file could not be created</translation>
     </message>
 </context>
 <context>
     <name>UserSongsRelTableModel</name>
     <message>
         <source>Num</source>
-        <translation>Num</translation>
+        <translation>No.</translation>
     </message>
     <message>
         <source>Formato</source>
@@ -683,7 +683,7 @@ Do you want to copy all the same?</translation>
     </message>
     <message>
         <source>Bpm</source>
-        <translation>Bpm</translation>
+        <translation>BPM</translation>
     </message>
     <message>
         <source>Tonalita&apos;</source>

@@ -140,7 +140,7 @@ void TestAboutDialog::followsALanguageChange()
 {
     const AboutDialog dialog;
     const GermanTexts german;
-    QCOMPARE(dialog.windowTitle(), QStringLiteral("Über"));
+    QCOMPARE(dialog.windowTitle(), QStringLiteral("Über RB27 Utility"));
     QCOMPARE(label(dialog, "label")->text(), QStringLiteral("RB27 Utility"));
     QCOMPARE(label(dialog, "logoLabel")->styleSheet(),
              QStringLiteral("image: url(:/imgs/logo-quorvane_512.png);"));

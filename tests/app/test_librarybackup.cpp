@@ -284,7 +284,7 @@ void TestLibraryBackup::dialogFollowsALanguageChange()
     QCOMPARE(dialog.windowTitle(), QStringLiteral("Sicherung"));
     QVERIFY(dialog.findChild<QLabel *>(QStringLiteral("backupLabel"))
                 ->text()
-                .startsWith(QStringLiteral("Es wird empfohlen")));
+                .startsWith(QStringLiteral("Wir empfehlen")));
     QCOMPARE(directoryEdit(dialog)->text(), m_work->path());
     QVERIFY(button(dialog, "doBackupPushButton")->isEnabled());
 }

@@ -445,7 +445,7 @@ void TestMainWindow::italianEntryDoesNothing()
     QMetaObject::invokeMethod(const_cast<WindowUnderTest *>(&window), "on_actionItalian_triggered");
     QCoreApplication::processEvents();
     QCOMPARE(OwnSettings::value(settings::language).toString(), QStringLiteral("de"));
-    QCOMPARE(window.action("actionQuit")->text(), QStringLiteral("Beenden"));
+    QCOMPARE(window.action("actionQuit")->text(), QStringLiteral("&Beenden"));
     QCOMPARE(checkedLanguages(window), QStringLiteral("d"));
 }
 
@@ -453,9 +453,9 @@ void TestMainWindow::switchToEnglishKeepsQtsTextsOfTheStart()
 {
     const GermanStart german;
     const WindowUnderTest window;
-    QCOMPARE(window.action("actionQuit")->text(), QStringLiteral("Beenden"));
+    QCOMPARE(window.action("actionQuit")->text(), QStringLiteral("&Beenden"));
     changeLanguage(window, "actionEnglish");
-    QCOMPARE(window.action("actionQuit")->text(), QStringLiteral("Quit"));
+    QCOMPARE(window.action("actionQuit")->text(), QStringLiteral("&Quit"));
     QCOMPARE(OwnSettings::value(settings::language).toString(), QStringLiteral("en"));
     QCOMPARE(checkedLanguages(window), QStringLiteral("e"));
     QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Abbrechen"));
@@ -467,13 +467,13 @@ void TestMainWindow::switchBackToGerman()
     const WindowUnderTest window;
     for (int i = 0; i < 2; ++i) {
         changeLanguage(window, "actionGerman");
-        QCOMPARE(window.action("actionQuit")->text(), QStringLiteral("Beenden"));
+        QCOMPARE(window.action("actionQuit")->text(), QStringLiteral("&Beenden"));
         QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"),
                  QStringLiteral("Abbrechen"));
         QCOMPARE(OwnSettings::value(settings::language).toString(), QStringLiteral("de"));
         QCOMPARE(checkedLanguages(window), QStringLiteral("d"));
         changeLanguage(window, "actionEnglish");
-        QCOMPARE(window.action("actionQuit")->text(), QStringLiteral("Quit"));
+        QCOMPARE(window.action("actionQuit")->text(), QStringLiteral("&Quit"));
         // The window's own Qt translator is gone, and the start-up installed none here.
         QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Cancel"));
     }
@@ -488,8 +488,8 @@ void TestMainWindow::textsFollowTheLanguage()
     QCOMPARE(header(window, 2), QStringLiteral("Titel"));
     QCOMPARE(header(window, 10), QStringLiteral("Dateiname"));
     QCOMPARE(textsOf(window.child<QMenu>("menuHelp")->actions()),
-             (QStringList{QStringLiteral("RB27 Utility Hilfe"), QStringLiteral("Über"),
-                          QStringLiteral("Über Qt")}));
+             (QStringList{QStringLiteral("&Hilfe zu RB27 Utility"),
+                          QStringLiteral("&Über RB27 Utility"), QStringLiteral("Über &Qt")}));
     changeLanguage(window, "actionEnglish");
     QCOMPARE(window.windowTitle(), QStringLiteral("RB27 Utility"));
     QCOMPARE(header(window, 2), QStringLiteral("Title"));

@@ -96,7 +96,7 @@ void TestStartup::firstRunIsGermanAndStoresIt()
     QVERIFY(!OwnSettings::value(settings::language).isValid());
     startup.setUpTranslation(program, qt);
     QCOMPARE(OwnSettings::value(settings::language).toString(), QStringLiteral("de"));
-    QCOMPARE(programText("Esci"), QStringLiteral("Beenden"));
+    QCOMPARE(programText("Esci"), QStringLiteral("&Beenden"));
     QCOMPARE(programText("Kavena PC"), QStringLiteral("RB27 Utility"));
 }
 
@@ -114,7 +114,7 @@ void TestStartup::germanInstallsQtsTextsToo()
     QTranslator program;
     QTranslator qt;
     Startup().setUpTranslation(program, qt);
-    QCOMPARE(programText("Esci"), QStringLiteral("Beenden"));
+    QCOMPARE(programText("Esci"), QStringLiteral("&Beenden"));
     QCOMPARE(qtText(), QStringLiteral("Abbrechen"));
 }
 
@@ -134,7 +134,7 @@ void TestStartup::everyOtherLanguageIsEnglish()
     QTranslator program;
     QTranslator qt;
     Startup().setUpTranslation(program, qt);
-    QCOMPARE(programText("Esci"), QStringLiteral("Quit"));
+    QCOMPARE(programText("Esci"), QStringLiteral("&Quit"));
     QCOMPARE(programText("Kavena PC"), QStringLiteral("RB27 Utility"));
     QCOMPARE(qtText(), QStringLiteral("Cancel"));
     QVERIFY(qt.isEmpty());

@@ -45,6 +45,7 @@ trap 'kill $program 2>/dev/null || true' EXIT
 soon window_named '^RB27 Utility$' ||
   fail "no window appeared: $(cat output.txt; xwininfo -root -tree)"
 soon grep -q 'language=de' config/kavena_pc/kravo.conf || fail "the first start stored no language"
+xprop -name 'RB27 Utility' _NET_WM_ICON | grep -q 'Icon (48 x 48)' || fail "the window has no icon"
 sleep 1
 import -window root before.png
 [ "$(convert before.png -format '%k' info:)" -gt 50 ] || fail "the screen is empty"

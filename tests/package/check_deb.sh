@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# check_deb.sh BUILD VERSION CPACK: makes the Debian package of a build, holds what is in it against
+# the rules for such files, and starts the program as the desktop's menu would.
+set -euo pipefail
+
+build=$(realpath "$1")
+version=$2
+cpack=$3
+here=$(dirname "$(realpath "$0")")
+folder=$(mktemp -d "${TMPDIR:-/tmp}/kavena-package.XXXXXX")
+trap 'rm -rf "$folder"' EXIT
+cd "$folder"
+
+fail() { echo "FAIL: $1" >&2; exit 1; }
+
+"$cpack" --config "$build/CPackConfig.cmake" -B . >cpack.txt 2>&1 || fail "$(cat cpack.txt)"
+package=$(echo kavena-pc_"$version"_*.deb)
+[ -f "$package" ] || fail "no package of this name: $(ls)"
+
+field() { dpkg-deb -f "$package" "$1"; }
+[ "$(field Version)" = "$version" ] || fail "version $(field Version)"
+for needed in libqt6sql6-sqlite libqt6gui6 libqt6widgets6 libqt6core5compat6; do
+  field Depends | grep -q "$needed" || fail "the package does not ask for $needed"
+done
+# Of the tags below an error or a warning, none is about what makes a package fail.
+lintian --fail-on error,warning "$package" 2>/dev/null || fail "lintian is not content"
+
+dpkg-deb -x "$package" root
+share=root/usr/share
+desktop=$share/applications/org.kavena.KavenaPC.desktop
+desktop-file-validate "$desktop"
+appstreamcli validate --no-net "$share"/metainfo/*.xml >appstream.txt || fail "$(cat appstream.txt)"
+grep -q "<release version=\"$version\" date=\"20[0-9-]*\"/>" "$share"/metainfo/*.xml ||
+  fail "the metainfo does not name this release"
+for page in "$share"/man/man1/kavena-pc.1.gz "$share"/man/de/man1/kavena-pc.1.gz; do
+  gunzip -c "$page" >page.1
+  mandoc -Tlint -Wwarning page.1 || fail "$page has mistakes"
+  grep -q "Kavena PC $version" page.1 || fail "$page is of another version"
+done
+
+icon=$(sed -n 's/^Icon=//p' "$desktop")
+for size in 16 22 24 32 48 64 128 256 512; do
+  picture=$share/icons/hicolor/${size}x$size/apps/$icon.png
+  [ "$(identify -format '%wx%h' "$picture")" = "${size}x$size" ] || fail "$picture is not $size"
+done
+[ -s "$share/icons/hicolor/scalable/apps/$icon.svg" ] || fail "no scalable icon"
+
+"$here/start_from_menu.sh" root
+echo "$package is in order, and the program in it starts"
