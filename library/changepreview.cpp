@@ -43,7 +43,7 @@ std::optional<ChangePreview> ChangePreview::compute(const Database &database,
     ChangePreview preview;
     const int rows = model.goodRowCount();
     const auto progress = openProgress(tr("Anteprima delle modifiche"),
-                                       tr("Confronto le song con il catalogo..."), rows);
+                                       tr("Confronto le song con il database..."), rows);
     for (int row = 0; row < rows; ++row) {
         if (progress->wasCanceled())
             return std::nullopt;

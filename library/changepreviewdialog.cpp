@@ -60,7 +60,7 @@ void ChangePreviewDialog::changeEvent(QEvent *event)
 void ChangePreviewDialog::showPreview()
 {
     ui->countsLabel->setText(tr("Song che verrebbero modificate: %1 di %2\n"
-                                "Song non presenti nel catalogo: %3\n"
+                                "Song non presenti nel database: %3\n"
                                 "Song non leggibili: %4")
                                  .arg(m_preview.changed.size())
                                  .arg(m_preview.songs)

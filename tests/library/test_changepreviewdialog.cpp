@@ -95,7 +95,7 @@ void TestChangePreviewDialog::countsSongs()
     ChangePreviewDialog dialog(somePreview(), false);
     QCOMPARE(child<QLabel>(&dialog, "countsLabel")->text(),
              QStringLiteral("Song che verrebbero modificate: 2 di 7\n"
-                            "Song non presenti nel catalogo: 3\n"
+                            "Song non presenti nel database: 3\n"
                             "Song non leggibili: 1"));
 }
 
