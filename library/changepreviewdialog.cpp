@@ -14,8 +14,8 @@ namespace
 
 enum Column { SongOrField, Before, After };
 
-constexpr int firstColumnWidth = 240;
-constexpr int beforeColumnWidth = 230;
+constexpr int firstColumnWidth = 210;
+constexpr int beforeColumnWidth = 200;
 
 } // namespace
 
