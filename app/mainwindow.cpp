@@ -16,6 +16,7 @@
 #include "devindex/transfer.h"
 #include "devindex/transferdialogs.h"
 #include "formats/diagnostics.h"
+#include "library/changepreviewdialog.h"
 #include "library/nocopyrightdialog.h"
 #include "library/settings.h"
 #include "library/songeditor.h"
@@ -106,6 +107,8 @@ void MainWindow::showSettings()
     const bool ask = copyrightAsk();
     ui->actionCopyrightYes->setChecked(ask);
     ui->actionCopyrightNo->setChecked(!ask);
+    ui->actionPreviewChanges->setChecked(
+        m_settings.value(settings::previewChanges, false).toBool());
     ui->dbgLogEnableCheckBox->setChecked(m_settings.value(settings::logEnabled, false).toBool());
     ui->dbgLogClearCheckBox->setChecked(m_settings.value(settings::logClear, false).toBool());
 }
@@ -334,6 +337,10 @@ bool MainWindow::updateUserLibrary()
     if (!hasLibrary())
         return false;
     const BusyGuard busy(m_busy);
+    const bool preview = m_settings.value(settings::previewChanges, false).toBool();
+    if (preview &&
+        !ChangePreviewDialog::confirm(m_database, *m_model, copyrightAsk(), openProgress(), this))
+        return false;
     return synchronisation().run(copyrightAsk());
 }
 
@@ -353,6 +360,11 @@ Synchronisation MainWindow::synchronisation()
         return dialog.exec();
     };
     return {m_database, *m_model, [this] { return suggestBackup(); }, askUnsigned, openProgress()};
+}
+
+void MainWindow::on_actionPreviewChanges_toggled(bool checked)
+{
+    m_settings.setValue(settings::previewChanges, checked);
 }
 
 void MainWindow::enableCopyrightMessage(bool enable)

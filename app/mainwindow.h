@@ -127,6 +127,7 @@ private slots:
     void on_optimizeMemory_triggered();
     void on_transferFilesToolButton_clicked();
     void on_actionSongsList_triggered();
+    void on_actionPreviewChanges_toggled(bool checked);
     void onSongsTableViewShowContextMenu(QPoint pos);
     void on_dbgImportPushButton_clicked();
     void on_dbgSavePushButton_clicked();

@@ -75,33 +75,34 @@ bool FileCopier::copyFiles(const QStringList &files, const QString &dest, int &c
 {
     copied = 0;
     int processed = 0;
-    int failed = 0;
+    m_report = {};
     m_ask = true;
     m_replaceAll = false;
 
     for (const QString &source : files) {
         m_keepAlive.processEvents();
-        if (progress.wasCanceled()) {
-            copied = 0;
+        if (progress.wasCanceled())
             return false;
-        }
         const QString target = targetOf(source, dest);
         ++processed;
         const bool exists = QFileInfo::exists(target);
         if (source == target || (exists && isSameFile(source, target))) {
-            ++copied;
+            ++m_report.copied;
             continue;
         }
         logDebug() << "Copying file:" << source << "to:" << target;
-        if (exists && !mayReplace(target))
+        if (exists && !mayReplace(target)) {
+            ++m_report.skipped;
             continue;
+        }
         if (copySong(source, target, exists))
-            ++copied;
+            ++m_report.copied;
         else
-            ++failed;
+            m_report.failed.append(source);
         progress.updateProgress(processed);
     }
-    return failed == 0;
+    copied = m_report.copied;
+    return m_report.failed.isEmpty();
 }
 
 qint64 FileCopier::roomNeeded(const QStringList &files, const QString &dest)

@@ -32,6 +32,13 @@ public:
     /** Asks whether the target may be replaced; answers as NoCopyrightDialog::Answer. */
     using AskReplace = std::function<int(const QString &target)>;
 
+    /** What became of the files of a list. */
+    struct Report {
+        int copied = 0;     ///< also when the user stopped it later
+        int skipped = 0;    ///< files that the user kept
+        QStringList failed; ///< the sources
+    };
+
     explicit FileCopier(AskReplace askReplace = &FileCopier::showReplaceQuestion);
 
     /**
@@ -47,6 +54,9 @@ public:
      *         files copied so far stay
      */
     bool copyFiles(const QStringList &files, const QString &dest, int &copied, Progress &progress);
+
+    /** The last call of copyFiles(), file by file. */
+    const Report &report() const { return m_report; }
 
     /**
      * The bytes by which the files in dest grow at most when the files are copied there. Sizes are
@@ -70,6 +80,7 @@ private:
     const AskReplace m_askReplace;
     bool m_ask = true;         ///< false after an "all" answer
     bool m_replaceAll = false; ///< that answer
+    Report m_report;
     QByteArray m_buffer;
     KeepAlive m_keepAlive;
 };

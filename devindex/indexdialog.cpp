@@ -3,13 +3,11 @@
 #include "devindex/index.h"
 #include "devindex/mountedvolumes.h"
 #include "formats/diagnostics.h"
-#include "library/settings.h"
 
 #include "ui_indexdialog.h"
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QMouseEvent>
@@ -26,11 +24,11 @@ const char *const completed = QT_TRANSLATE_NOOP("IndexDialog", "Operazione compl
 IndexDialog::IndexDialog(QWidget *parent)
     : QDialog(parent)
     , ui(new Ui::IndexDialog)
-    , m_settings(settings::organisation, settings::application)
 {
     ui->setupUi(this);
-    connect(ui->pushButtonBrowse, &QPushButton::clicked, this, &IndexDialog::browseDir);
-    ui->lineEditPath->setText(m_settings.value(settings::mediaRoot).toString());
+    connect(ui->pushButtonBrowse, &QPushButton::clicked, ui->comboBoxMemory,
+            &MemoryList::browseDir);
+    ui->comboBoxMemory->setPathField(ui->lineEditPath);
     ui->pushButtonStart->installEventFilter(this);
     ui->checkBoxChkdsk->setChecked(false);
     ui->checkBoxChkdsk->setEnabled(false);
@@ -68,16 +66,6 @@ void IndexDialog::changeEvent(QEvent *event)
     ui->plainTextReport->clear();
     for (const ReportLine &line : report)
         appendToReport(line);
-}
-
-void IndexDialog::browseDir()
-{
-    const QString folder =
-        QFileDialog::getExistingDirectory(this, tr("Scegli cartella"), QStringLiteral("/home"));
-    if (folder.isEmpty())
-        return;
-    ui->lineEditPath->setText(folder);
-    m_settings.setValue(settings::mediaRoot, folder);
 }
 
 /** The keyboard: mouse presses do not get as far as the button. */
@@ -196,8 +184,9 @@ void IndexDialog::tellResult(bool success)
 void IndexDialog::setRunning(bool running)
 {
     m_running = running;
-    QWidget *const inputs[] = {ui->pushButtonStart, ui->pushButtonClose,   ui->pushButtonBrowse,
-                               ui->lineEditPath,    ui->radioButtonUpdate, ui->radioButtonRebuild};
+    QWidget *const inputs[] = {ui->pushButtonStart,   ui->pushButtonClose, ui->pushButtonBrowse,
+                               ui->comboBoxMemory,    ui->lineEditPath,    ui->radioButtonUpdate,
+                               ui->radioButtonRebuild};
     for (QWidget *const input : inputs)
         input->setEnabled(!running);
 }

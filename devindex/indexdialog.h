@@ -6,7 +6,6 @@
 #include <QDialog>
 #include <QList>
 #include <QScopedPointer>
-#include <QSettings>
 #include <QString>
 
 QT_BEGIN_NAMESPACE
@@ -39,7 +38,6 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private slots:
-    void browseDir();
     void on_pushButtonStart_clicked();
     void on_pushButtonClose_clicked();
     void on_radioButtonUpdate_clicked();
@@ -68,7 +66,6 @@ private:
     void checkDisk(const QString &path);
 
     const QScopedPointer<Ui::IndexDialog> ui;
-    QSettings m_settings;
     QList<ReportLine> m_report;
     bool m_indexErrors = false; ///< the index reported an error during this run
     bool m_running = false;

@@ -1,7 +1,11 @@
 #include "devindex/mountedvolumes.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+
+#include <filesystem>
+#include <system_error>
 
 namespace
 {
@@ -54,6 +58,36 @@ QStringList listedMountDirectories()
     return directories;
 }
 
+/** The table of mounted file systems; empty on systems that have no such file. */
+QByteArray readMountTable()
+{
+    QFile table(QStringLiteral("/proc/self/mounts"));
+    return table.open(QIODevice::ReadOnly) ? table.readAll() : QByteArray();
+}
+
+/** The table writes blanks, tabs, line ends and backslashes as a backslash and three octal digits.
+ */
+QByteArray unescaped(const QByteArray &field)
+{
+    QByteArray text = field;
+    for (const char character : {' ', '\t', '\n', '\\'}) {
+        const QByteArray digits = QByteArray::number(character, 8).rightJustified(3, '0');
+        text.replace('\\' + digits, QByteArray(1, character));
+    }
+    return text;
+}
+
+void askForSize(MountedMemory &memory)
+{
+    std::error_code error;
+    const std::filesystem::space_info space =
+        std::filesystem::space(QFile::encodeName(memory.path).constData(), error);
+    if (error)
+        return;
+    memory.freeBytes = static_cast<qint64>(space.available);
+    memory.totalBytes = static_cast<qint64>(space.capacity);
+}
+
 } // namespace
 
 MountedVolumes::MountedVolumes()
@@ -69,6 +103,37 @@ QString MountedVolumes::startFolder() const
             return directory;
     }
     return volumes;
+}
+
+QList<MountedMemory> MountedVolumes::memories() const
+{
+    const QStringList withoutDevice = mountPointsWithoutDevice(readMountTable());
+    QList<MountedMemory> found;
+    for (const QString &directory : m_directories) {
+        const QStringList names = QDir(directory).entryList(
+            QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks, QDir::Name | QDir::IgnoreCase);
+        for (const QString &name : names) {
+            MountedMemory memory{name, directory + slash + name};
+            if (m_directories.contains(memory.path))
+                continue;
+            if (!withoutDevice.contains(memory.path))
+                askForSize(memory);
+            found.append(memory);
+        }
+    }
+    return found;
+}
+
+QStringList MountedVolumes::mountPointsWithoutDevice(const QByteArray &mountTable)
+{
+    QStringList mountPoints;
+    const QList<QByteArray> lines = mountTable.split('\n');
+    for (const QByteArray &line : lines) {
+        const QList<QByteArray> fields = line.split(' ');
+        if (fields.size() > 1 && !fields.at(0).startsWith("/dev/"))
+            mountPoints.append(QFile::decodeName(unescaped(fields.at(1))));
+    }
+    return mountPoints;
 }
 
 bool MountedVolumes::isSystemDisk(const QString &path) const

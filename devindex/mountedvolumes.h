@@ -1,8 +1,18 @@
 // Where the player's memories are mounted, and which part of a path is the memory.
 #pragma once
 
+#include <QByteArray>
+#include <QList>
 #include <QString>
 #include <QStringList>
+
+/** A memory that is mounted now. */
+struct MountedMemory {
+    QString name;
+    QString path;
+    qint64 freeBytes = -1; ///< negative when the volume was not asked, or did not tell
+    qint64 totalBytes = -1;
+};
 
 /**
  * The rules about mount directories. A mount directory is a folder whose sub-folders are memories:
@@ -26,6 +36,20 @@ public:
 
     /** The first mount directory that exists, for a chooser to start in; else "/Volumes". */
     QString startFolder() const;
+
+    /**
+     * The memories that are mounted now: the folders in the mount directories, in the order of the
+     * directories and then of their names. Hidden folders are left out, and symbolic links too: one
+     * of them leads to the system disk on macOS. No volume is touched but to ask for its size, and
+     * that only where it lies on a device of this computer: a server may not answer for minutes.
+     */
+    QList<MountedMemory> memories() const;
+
+    /**
+     * The mount points that do not lie on a device of this computer, from a table in the form of
+     * /proc/self/mounts. Lines that are too short are skipped.
+     */
+    static QStringList mountPointsWithoutDevice(const QByteArray &mountTable);
 
     /** False for a path inside a mounted memory (or its root), true for everything else. */
     bool isSystemDisk(const QString &path) const;

@@ -1,7 +1,6 @@
 #include "devindex/songslistdialog.h"
 
 #include "devindex/index.h"
-#include "library/settings.h"
 
 #include "ui_songslistdialog.h"
 
@@ -30,12 +29,12 @@ QString defaultFileName()
 SongsListDialog::SongsListDialog(QWidget *parent)
     : QDialog(parent)
     , ui(new Ui::SongsListDialog)
-    , m_settings(settings::organisation, settings::application)
 {
     ui->setupUi(this);
-    ui->lineEditPath->setText(m_settings.value(settings::mediaRoot).toString());
+    ui->comboBoxMemory->setPathField(ui->lineEditPath);
     ui->lineEditFile->setText(defaultFileName());
-    connect(ui->pushButtonBrowse, &QPushButton::clicked, this, &SongsListDialog::browseDir);
+    connect(ui->pushButtonBrowse, &QPushButton::clicked, ui->comboBoxMemory,
+            &MemoryList::browseDir);
     connect(ui->pushButtonBrowseFile, &QPushButton::clicked, this, &SongsListDialog::browseFile);
     connect(ui->pushButtonSave, &QPushButton::clicked, this, &SongsListDialog::start);
     connect(ui->pushButtonClose, &QPushButton::clicked, this, &SongsListDialog::close);
@@ -54,16 +53,6 @@ void SongsListDialog::changeEvent(QEvent *event)
     QDialog::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         ui->retranslateUi(this);
-}
-
-void SongsListDialog::browseDir()
-{
-    const QString folder =
-        QFileDialog::getExistingDirectory(this, tr("Scegli cartella"), QStringLiteral("/home"));
-    if (folder.isEmpty())
-        return;
-    ui->lineEditPath->setText(folder);
-    m_settings.setValue(settings::mediaRoot, folder);
 }
 
 void SongsListDialog::browseFile()
@@ -139,9 +128,9 @@ void SongsListDialog::tellResult(int result)
 void SongsListDialog::setRunning(bool running)
 {
     m_running = running;
-    QWidget *const inputs[] = {ui->pushButtonSave, ui->pushButtonClose,      ui->pushButtonBrowse,
-                               ui->lineEditPath,   ui->pushButtonBrowseFile, ui->lineEditFile,
-                               ui->comboBoxSort};
+    QWidget *const inputs[] = {ui->pushButtonSave, ui->pushButtonClose, ui->pushButtonBrowse,
+                               ui->comboBoxMemory, ui->lineEditPath,    ui->pushButtonBrowseFile,
+                               ui->lineEditFile,   ui->comboBoxSort};
     for (QWidget *const input : inputs)
         input->setEnabled(!running);
 }

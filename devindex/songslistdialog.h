@@ -5,7 +5,6 @@
 
 #include <QDialog>
 #include <QScopedPointer>
-#include <QSettings>
 #include <QString>
 
 QT_BEGIN_NAMESPACE
@@ -34,7 +33,6 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private slots:
-    void browseDir();
     void browseFile();
     void start();
     void initProgress(int maximum);
@@ -47,7 +45,6 @@ private:
     void setRunning(bool running);
 
     const QScopedPointer<Ui::SongsListDialog> ui;
-    QSettings m_settings;
     bool m_running = false;
     KeepAlive m_keepAlive;
 };

@@ -1,6 +1,5 @@
 #include "devindex/transfer.h"
 
-#include "devindex/filecopier.h"
 #include "devindex/index.h"
 #include "formats/diagnostics.h"
 
@@ -28,17 +27,19 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
     logDebug() << "============================================";
     logDebug() << "          TRASFERIMENTO FILE";
     logDebug() << "============================================";
-    const bool copied = copyFiles(files, dest);
+    FileCopier copier([this](const QString &target) { return m_questions.askReplace(target); });
+    const bool copied = copyFiles(files, dest, copier);
     const bool indexed = updateKavenaIndex(dest);
 
-    if (copied && indexed) {
+    const bool complete = copied && indexed;
+    if (complete)
         m_questions.inform(tr("Trasferimento"),
                            tr("Tutti i file sono stati copiati correttamente"));
-        return Outcome::Complete;
-    }
-    m_questions.showFailure(tr("Trasferimento"),
-                            tr("Non è stato possibile copiare uno o più file"));
-    return Outcome::Incomplete;
+    else
+        m_questions.showFailure(tr("Trasferimento"),
+                                tr("Non è stato possibile copiare uno o più file"));
+    tellCounts(copier.report(), files.size(), indexed);
+    return complete ? Outcome::Complete : Outcome::Incomplete;
 }
 
 bool Transfer::updateKavenaIndex(const QString &path)
@@ -112,19 +113,36 @@ bool Transfer::hasRoom(const QStringList &files, const QString &dest)
     if (missing <= 0)
         return true;
     return m_questions.askAnyway(
-        tr("Trasferimento"), tr("Lo spazio libero nella memoria non è sufficiente: mancano %1.\n"
-                                "Si vuole procedere comunque con la copia?")
-                                 .arg(QLocale().formattedDataSize(missing)));
+        tr("Trasferimento"),
+        tr("Lo spazio libero nella memoria non è sufficiente: mancano %1.\n"
+           "Si vuole procedere comunque con la copia?")
+            .arg(QLocale().formattedDataSize(missing, 1, QLocale::DataSizeSIFormat)));
 }
 
 /** True when no file failed; the progress is gone when this returns. */
-bool Transfer::copyFiles(const QStringList &files, const QString &dest)
+bool Transfer::copyFiles(const QStringList &files, const QString &dest, FileCopier &copier)
 {
     const std::unique_ptr<Progress> progress = m_openProgress(
         tr("Trasferimento"), tr("Trasferimento file..."), static_cast<int>(files.size()));
-    FileCopier copier([this](const QString &target) { return m_questions.askReplace(target); });
     int copied = 0;
     return copier.copyFiles(files, dest, copied, *progress);
+}
+
+/** The box before this one says whether all went well; this one says what did not. */
+void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, bool indexed)
+{
+    const qsizetype stopped = files - report.copied - report.skipped - report.failed.size();
+    QStringList lines = {tr("Song copiate: %1").arg(report.copied),
+                         tr("Song saltate: %1").arg(report.skipped),
+                         tr("Song non riuscite: %1").arg(report.failed.size())};
+    if (stopped > 0)
+        lines.append(tr("Song non più copiate dopo l'interruzione: %1").arg(stopped));
+    if (!indexed)
+        lines.append(tr("Il database della memoria non è stato aggiornato."));
+    QStringList names;
+    for (const QString &path : report.failed)
+        names.append(path.section(QLatin1Char('/'), -1));
+    m_questions.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')), names);
 }
 
 qint64 Transfer::bytesAvailable(const QString &folder)

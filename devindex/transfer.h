@@ -1,6 +1,7 @@
 // The transfer of the library's songs onto the player's memory.
 #pragma once
 
+#include "devindex/filecopier.h"
 #include "devindex/mountedvolumes.h"
 #include "library/progress.h"
 
@@ -33,6 +34,10 @@ public:
     virtual void warn(const QString &title, const QString &text) = 0;
     virtual void inform(const QString &title, const QString &text) = 0;
     virtual void showFailure(const QString &title, const QString &text) = 0;
+
+    /** Says what became of the songs; the names of those that failed only on request. */
+    virtual void tellCounts(const QString &title, const QString &text,
+                            const QStringList &failed) = 0;
 };
 
 /**
@@ -74,7 +79,8 @@ private:
     QString chooseDestination();
     bool isReserved(const QString &dest) const;
     bool hasRoom(const QStringList &files, const QString &dest);
-    bool copyFiles(const QStringList &files, const QString &dest);
+    bool copyFiles(const QStringList &files, const QString &dest, FileCopier &copier);
+    void tellCounts(const FileCopier::Report &report, qsizetype files, bool indexed);
     static qint64 bytesAvailable(const QString &folder);
 
     const MountedVolumes m_volumes;

@@ -44,3 +44,15 @@ void TransferDialogs::showFailure(const QString &title, const QString &text)
 {
     QMessageBox::critical(m_parent, title, text);
 }
+
+void TransferDialogs::tellCounts(const QString &title, const QString &text,
+                                 const QStringList &failed)
+{
+    QMessageBox box(failed.isEmpty() ? QMessageBox::Information : QMessageBox::Warning, title, text,
+                    QMessageBox::Ok, m_parent);
+    // A file's name could look like markup.
+    box.setTextFormat(Qt::PlainText);
+    if (!failed.isEmpty())
+        box.setDetailedText(failed.join(QLatin1Char('\n')));
+    box.exec();
+}

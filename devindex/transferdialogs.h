@@ -23,6 +23,7 @@ public:
     void warn(const QString &title, const QString &text) override;
     void inform(const QString &title, const QString &text) override;
     void showFailure(const QString &title, const QString &text) override;
+    void tellCounts(const QString &title, const QString &text, const QStringList &failed) override;
 
 private:
     QWidget *const m_parent;

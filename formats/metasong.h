@@ -40,6 +40,12 @@ public:
     void setSongInfo(const SongInfo &info, bool manual);
 
     /**
+     * False when saveToFile would refuse whatever the file: nothing is loaded, or more than a file
+     * of the format can hold.
+     */
+    bool canBeSaved() const { return isComplete() && canBeReadAgain(); }
+
+    /**
      * Writes the loaded song to the file, which is created when there is none. An MP3 gets the
      * audio of the file that was imported. False when nothing is loaded or the file could not be
      * written; an old file at the path is then as it was, byte for byte.

@@ -13,4 +13,5 @@ inline const QString logEnabled = QStringLiteral("logenabled");
 inline const QString logClear = QStringLiteral("logclear");
 inline const QString copyrightAsk = QStringLiteral("copyrightAsk");
 inline const QString mediaRoot = QStringLiteral("mediaroot");
+inline const QString previewChanges = QStringLiteral("previewchanges");
 } // namespace settings

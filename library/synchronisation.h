@@ -2,6 +2,7 @@
 #pragma once
 
 #include "formats/songinfo.h"
+#include "library/cataloguemerge.h"
 #include "library/database.h"
 #include "library/progress.h"
 #include "library/usersongsreltablemodel.h"
@@ -49,9 +50,8 @@ public:
 
 private:
     bool mayChange(const SongInfo &info, const QString &fileName);
-    bool findRecord(const SongInfo &info, const QString &shortName, SongsDbRecord &record) const;
 
-    const Database &m_database;
+    const CatalogueMerge m_catalogue;
     UserSongsRelTableModel &m_model;
     OfferBackup m_offerBackup;
     AskUnsigned m_askUnsigned;

@@ -29,15 +29,6 @@ QColor rowColour(int status, int row)
     }
 }
 
-/** Minutes and seconds, "02:05"; the minutes are not limited to two digits. */
-QString lengthText(qint32 seconds)
-{
-    if (seconds < 0)
-        return QStringLiteral("");
-    const QLatin1Char zero('0');
-    return QStringLiteral("%1:%2").arg(seconds / 60, 2, 10, zero).arg(seconds % 60, 2, 10, zero);
-}
-
 /** The way back from lengthText(), so that "100:00" is longer than "02:05". */
 qint64 secondsOf(const QString &lengthText)
 {
@@ -88,6 +79,14 @@ void UserSongsRelTableModel::setFiledsIndexes()
     m_filename = fieldIndex(QStringLiteral("filename"));
     m_shortname = fieldIndex(QStringLiteral("shortname"));
     m_status = fieldIndex(QStringLiteral("status"));
+}
+
+QString UserSongsRelTableModel::lengthText(qint32 seconds)
+{
+    if (seconds < 0)
+        return QStringLiteral("");
+    const QLatin1Char zero('0');
+    return QStringLiteral("%1:%2").arg(seconds / 60, 2, 10, zero).arg(seconds % 60, 2, 10, zero);
 }
 
 void UserSongsRelTableModel::setHeaderLabels()

@@ -38,6 +38,9 @@ public:
     /** Looks the column numbers up by the names of the fields. */
     void setFiledsIndexes();
 
+    /** Minutes and seconds, "02:05"; the minutes are not limited to two digits. */
+    static QString lengthText(qint32 seconds);
+
     /** Sets the column titles in the present language. */
     void setHeaderLabels();
 

@@ -58,6 +58,112 @@ Select a folder for the backup, or press “Continue without backup”.</transla
     </message>
 </context>
 <context>
+    <name>ChangePreview</name>
+    <message>
+        <source>Anteprima delle modifiche</source>
+        <translation>Preview of changes</translation>
+    </message>
+    <message>
+        <source>sì</source>
+        <translation>yes</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>no</translation>
+    </message>
+    <message>
+        <source>Confronto le song con il database...</source>
+        <translation>Comparing the songs with the database...</translation>
+    </message>
+</context>
+<context>
+    <name>ChangePreviewDialog</name>
+    <message>
+        <source>Anteprima delle modifiche</source>
+        <translation>Preview of changes</translation>
+    </message>
+    <message>
+        <source>Song e campo</source>
+        <translation>Song and field</translation>
+    </message>
+    <message>
+        <source>Valore attuale</source>
+        <translation>Current value</translation>
+    </message>
+    <message>
+        <source>Nuovo valore</source>
+        <translation>New value</translation>
+    </message>
+    <message>
+        <source>Nessun file è stato ancora modificato.</source>
+        <translation>No file has been changed yet.</translation>
+    </message>
+    <message>
+        <source>Sincronizza</source>
+        <translation>&amp;Synchronize</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>%1 (verrà chiesta conferma)</source>
+        <translation>%1 (will be asked about)</translation>
+    </message>
+    <message>
+        <source>(vuoto)</source>
+        <translation>(empty)</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>Genere Musicale</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Author</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Length</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Key</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Markers</translation>
+    </message>
+    <message>
+        <source>Marker attivi</source>
+        <translation>Markers shown</translation>
+    </message>
+    <message>
+        <source>La sincronizzazione modificherebbe questi dati:</source>
+        <translation>Synchronizing would &amp;change these data:</translation>
+    </message>
+    <message>
+        <source>Song che verrebbero modificate: %1 di %2
+Song non presenti nel database: %3
+Song non leggibili: %4</source>
+        <translation>Songs that would change: %1 of %2
+Songs that are not in the database: %3
+Songs that cannot be read: %4</translation>
+    </message>
+</context>
+<context>
     <name>DataEditDialog</name>
     <message>
         <source>Modifica dati song</source>
@@ -257,10 +363,6 @@ Select a folder for the backup, or press “Continue without backup”.</transla
         <translation>Operation completed</translation>
     </message>
     <message>
-        <source>Scegli cartella</source>
-        <translation>Select folder</translation>
-    </message>
-    <message>
         <source>Ottimizza memoria</source>
         <translation>Optimize memory</translation>
     </message>
@@ -283,6 +385,14 @@ See the report for more information.</translation>
 Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto da scrittura.</source>
         <translation>The operation failed.
 Make sure that the disk has enough free space and is not write-protected.</translation>
+    </message>
+    <message>
+        <source>Memoria:</source>
+        <translation>Memor&amp;y:</translation>
+    </message>
+    <message>
+        <source>Cartella:</source>
+        <translation>Folder:</translation>
     </message>
 </context>
 <context>
@@ -517,6 +627,49 @@ Do you want to copy all the same?</translation>
         <source>Trasferimento file...</source>
         <translation>Transferring files...</translation>
     </message>
+    <message>
+        <source>Mostra le modifiche prima di sincronizzare</source>
+        <translation>Show &amp;changes before synchronizing</translation>
+    </message>
+    <message>
+        <source>Song copiate: %1</source>
+        <translation>Songs copied: %1</translation>
+    </message>
+    <message>
+        <source>Song saltate: %1</source>
+        <translation>Songs skipped: %1</translation>
+    </message>
+    <message>
+        <source>Song non riuscite: %1</source>
+        <translation>Songs failed: %1</translation>
+    </message>
+    <message>
+        <source>Song non più copiate dopo l&apos;interruzione: %1</source>
+        <translation>Songs not copied after you stopped: %1</translation>
+    </message>
+    <message>
+        <source>Il database della memoria non è stato aggiornato.</source>
+        <translation>The memory&apos;s database was not updated.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryList</name>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Select folder</translation>
+    </message>
+    <message>
+        <source>%1 – %2 liberi di %3</source>
+        <translation>%1 – %2 free of %3</translation>
+    </message>
+    <message>
+        <source>Nessuna memoria collegata</source>
+        <translation>No memory connected</translation>
+    </message>
+    <message>
+        <source>Scegli una memoria</source>
+        <translation>Select a memory</translation>
+    </message>
 </context>
 <context>
     <name>NoCopyrightDialog</name>
@@ -623,10 +776,6 @@ Do you want to copy all the same?</translation>
         <translation>C&amp;lose</translation>
     </message>
     <message>
-        <source>Scegli cartella</source>
-        <translation>Select folder</translation>
-    </message>
-    <message>
         <source>Scegli nome del file</source>
         <translation>Select file name</translation>
     </message>
@@ -649,6 +798,10 @@ Do you want to copy all the same?</translation>
     <message>
         <source>Errore durante la creazione del file</source>
         <translation>The file could not be created</translation>
+    </message>
+    <message>
+        <source>Memoria:</source>
+        <translation>&amp;Memory:</translation>
     </message>
 </context>
 <context>

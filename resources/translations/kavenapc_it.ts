@@ -58,6 +58,112 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
     </message>
 </context>
 <context>
+    <name>ChangePreview</name>
+    <message>
+        <source>Anteprima delle modifiche</source>
+        <translation>Anteprima delle modifiche</translation>
+    </message>
+    <message>
+        <source>sì</source>
+        <translation>sì</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>no</translation>
+    </message>
+    <message>
+        <source>Confronto le song con il database...</source>
+        <translation>Confronto le song con il database...</translation>
+    </message>
+</context>
+<context>
+    <name>ChangePreviewDialog</name>
+    <message>
+        <source>Anteprima delle modifiche</source>
+        <translation>Anteprima delle modifiche</translation>
+    </message>
+    <message>
+        <source>Song e campo</source>
+        <translation>Song e campo</translation>
+    </message>
+    <message>
+        <source>Valore attuale</source>
+        <translation>Valore attuale</translation>
+    </message>
+    <message>
+        <source>Nuovo valore</source>
+        <translation>Nuovo valore</translation>
+    </message>
+    <message>
+        <source>Nessun file è stato ancora modificato.</source>
+        <translation>Nessun file è stato ancora modificato.</translation>
+    </message>
+    <message>
+        <source>Sincronizza</source>
+        <translation>&amp;Sincronizza</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>%1 (verrà chiesta conferma)</source>
+        <translation>%1 (verrà chiesta conferma)</translation>
+    </message>
+    <message>
+        <source>(vuoto)</source>
+        <translation>(vuoto)</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titolo</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interprete</translation>
+    </message>
+    <message>
+        <source>Genere Musicale</source>
+        <translation>Genere Musicale</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Autore</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Durata</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Tonalità</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Marker</translation>
+    </message>
+    <message>
+        <source>Marker attivi</source>
+        <translation>Marker attivi</translation>
+    </message>
+    <message>
+        <source>La sincronizzazione modificherebbe questi dati:</source>
+        <translation>La sincronizzazione modificherebbe questi &amp;dati:</translation>
+    </message>
+    <message>
+        <source>Song che verrebbero modificate: %1 di %2
+Song non presenti nel database: %3
+Song non leggibili: %4</source>
+        <translation>Song che verrebbero modificate: %1 di %2
+Song non presenti nel database: %3
+Song non leggibili: %4</translation>
+    </message>
+</context>
+<context>
     <name>DataEditDialog</name>
     <message>
         <source>Modifica dati song</source>
@@ -257,10 +363,6 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
         <translation>Operazione completata</translation>
     </message>
     <message>
-        <source>Scegli cartella</source>
-        <translation>Scegli cartella</translation>
-    </message>
-    <message>
         <source>Ottimizza memoria</source>
         <translation>Ottimizza memoria</translation>
     </message>
@@ -283,6 +385,14 @@ Consultare il report per maggiori informazioni.</translation>
 Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto da scrittura.</source>
         <translation>Operazione non riuscita.
 Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto da scrittura.</translation>
+    </message>
+    <message>
+        <source>Memoria:</source>
+        <translation>M&amp;emoria:</translation>
+    </message>
+    <message>
+        <source>Cartella:</source>
+        <translation>Cartella:</translation>
     </message>
 </context>
 <context>
@@ -517,6 +627,49 @@ Si vuole procedere comunque con la copia?</translation>
         <source>Trasferimento file...</source>
         <translation>Trasferimento file...</translation>
     </message>
+    <message>
+        <source>Mostra le modifiche prima di sincronizzare</source>
+        <translation>Mostra le &amp;modifiche prima di sincronizzare</translation>
+    </message>
+    <message>
+        <source>Song copiate: %1</source>
+        <translation>Song copiate: %1</translation>
+    </message>
+    <message>
+        <source>Song saltate: %1</source>
+        <translation>Song saltate: %1</translation>
+    </message>
+    <message>
+        <source>Song non riuscite: %1</source>
+        <translation>Song non riuscite: %1</translation>
+    </message>
+    <message>
+        <source>Song non più copiate dopo l&apos;interruzione: %1</source>
+        <translation>Song non più copiate dopo l&apos;interruzione: %1</translation>
+    </message>
+    <message>
+        <source>Il database della memoria non è stato aggiornato.</source>
+        <translation>Il database della memoria non è stato aggiornato.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryList</name>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Scegli cartella</translation>
+    </message>
+    <message>
+        <source>%1 – %2 liberi di %3</source>
+        <translation>%1 – %2 liberi di %3</translation>
+    </message>
+    <message>
+        <source>Nessuna memoria collegata</source>
+        <translation>Nessuna memoria collegata</translation>
+    </message>
+    <message>
+        <source>Scegli una memoria</source>
+        <translation>Scegli una memoria</translation>
+    </message>
 </context>
 <context>
     <name>NoCopyrightDialog</name>
@@ -623,10 +776,6 @@ Si vuole procedere comunque con la copia?</translation>
         <translation>C&amp;hiudi</translation>
     </message>
     <message>
-        <source>Scegli cartella</source>
-        <translation>Scegli cartella</translation>
-    </message>
-    <message>
         <source>Scegli nome del file</source>
         <translation>Scegli nome del file</translation>
     </message>
@@ -649,6 +798,10 @@ Si vuole procedere comunque con la copia?</translation>
     <message>
         <source>Errore durante la creazione del file</source>
         <translation>Errore durante la creazione del file</translation>
+    </message>
+    <message>
+        <source>Memoria:</source>
+        <translation>&amp;Memoria:</translation>
     </message>
 </context>
 <context>

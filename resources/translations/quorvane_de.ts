@@ -58,6 +58,112 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
     </message>
 </context>
 <context>
+    <name>ChangePreview</name>
+    <message>
+        <source>Anteprima delle modifiche</source>
+        <translation>Vorschau der Änderungen</translation>
+    </message>
+    <message>
+        <source>sì</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>Confronto le song con il database...</source>
+        <translation>Songs werden mit der Datenbank verglichen...</translation>
+    </message>
+</context>
+<context>
+    <name>ChangePreviewDialog</name>
+    <message>
+        <source>Anteprima delle modifiche</source>
+        <translation>Vorschau der Änderungen</translation>
+    </message>
+    <message>
+        <source>Song e campo</source>
+        <translation>Song und Angabe</translation>
+    </message>
+    <message>
+        <source>Valore attuale</source>
+        <translation>Bisher</translation>
+    </message>
+    <message>
+        <source>Nuovo valore</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Nessun file è stato ancora modificato.</source>
+        <translation>Noch wurde keine Datei verändert.</translation>
+    </message>
+    <message>
+        <source>Sincronizza</source>
+        <translation>S&amp;ynchronisieren</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>%1 (verrà chiesta conferma)</source>
+        <translation>%1 (mit Rückfrage)</translation>
+    </message>
+    <message>
+        <source>(vuoto)</source>
+        <translation>(leer)</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>Genere Musicale</source>
+        <translation>Musikrichtung</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Autor</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Tonart</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Abschnitte</translation>
+    </message>
+    <message>
+        <source>Marker attivi</source>
+        <translation>Abschnitte angezeigt</translation>
+    </message>
+    <message>
+        <source>La sincronizzazione modificherebbe questi dati:</source>
+        <translation>Beim &amp;Synchronisieren würden diese Angaben geändert:</translation>
+    </message>
+    <message>
+        <source>Song che verrebbero modificate: %1 di %2
+Song non presenti nel database: %3
+Song non leggibili: %4</source>
+        <translation>Songs, die geändert würden: %1 von %2
+Songs, die nicht in der Datenbank stehen: %3
+Songs, die nicht lesbar sind: %4</translation>
+    </message>
+</context>
+<context>
     <name>DataEditDialog</name>
     <message>
         <source>Modifica dati song</source>
@@ -257,10 +363,6 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
         <translation>Vorgang abgeschlossen</translation>
     </message>
     <message>
-        <source>Scegli cartella</source>
-        <translation>Ordner auswählen</translation>
-    </message>
-    <message>
         <source>Ottimizza memoria</source>
         <translation>Speicher optimieren</translation>
     </message>
@@ -283,6 +385,14 @@ Näheres steht im Bericht.</translation>
 Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto da scrittura.</source>
         <translation>Der Vorgang ist fehlgeschlagen.
 Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht schreibgeschützt ist.</translation>
+    </message>
+    <message>
+        <source>Memoria:</source>
+        <translation>S&amp;peicher:</translation>
+    </message>
+    <message>
+        <source>Cartella:</source>
+        <translation>Ordner:</translation>
     </message>
 </context>
 <context>
@@ -517,6 +627,49 @@ Trotzdem kopieren?</translation>
         <source>Trasferimento file...</source>
         <translation>Dateien werden übertragen...</translation>
     </message>
+    <message>
+        <source>Mostra le modifiche prima di sincronizzare</source>
+        <translation>Änderungen &amp;vor dem Synchronisieren anzeigen</translation>
+    </message>
+    <message>
+        <source>Song copiate: %1</source>
+        <translation>Kopierte Songs: %1</translation>
+    </message>
+    <message>
+        <source>Song saltate: %1</source>
+        <translation>Übersprungene Songs: %1</translation>
+    </message>
+    <message>
+        <source>Song non riuscite: %1</source>
+        <translation>Fehlgeschlagene Songs: %1</translation>
+    </message>
+    <message>
+        <source>Song non più copiate dopo l&apos;interruzione: %1</source>
+        <translation>Nach dem Abbrechen nicht mehr kopierte Songs: %1</translation>
+    </message>
+    <message>
+        <source>Il database della memoria non è stato aggiornato.</source>
+        <translation>Die Datenbank des Speichers wurde nicht aktualisiert.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryList</name>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Ordner auswählen</translation>
+    </message>
+    <message>
+        <source>%1 – %2 liberi di %3</source>
+        <translation>%1 – %2 von %3 frei</translation>
+    </message>
+    <message>
+        <source>Nessuna memoria collegata</source>
+        <translation>Kein Speicher angesteckt</translation>
+    </message>
+    <message>
+        <source>Scegli una memoria</source>
+        <translation>Speicher auswählen</translation>
+    </message>
 </context>
 <context>
     <name>NoCopyrightDialog</name>
@@ -623,10 +776,6 @@ Trotzdem kopieren?</translation>
         <translation>Sch&amp;ließen</translation>
     </message>
     <message>
-        <source>Scegli cartella</source>
-        <translation>Ordner auswählen</translation>
-    </message>
-    <message>
         <source>Scegli nome del file</source>
         <translation>Dateinamen auswählen</translation>
     </message>
@@ -649,6 +798,10 @@ Trotzdem kopieren?</translation>
     <message>
         <source>Errore durante la creazione del file</source>
         <translation>Beim Erstellen der Datei ist ein Fehler aufgetreten</translation>
+    </message>
+    <message>
+        <source>Memoria:</source>
+        <translation>S&amp;peicher:</translation>
     </message>
 </context>
 <context>

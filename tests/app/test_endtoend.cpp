@@ -242,8 +242,11 @@ void TestEndToEnd::transfer(const QString &destination)
     clickWhenEnabled(QStringLiteral("transferFilesToolButton"));
     QVERIFY(user.allPicked());
     QVERIFY(overwriteQuestions <= 1);
-    QCOMPARE(user.messages(), QStringList{QStringLiteral(
-                                  "Trasferimento: Tutti i file sono stati copiati correttamente")});
+    QCOMPARE(user.messages().size(), 2);
+    QCOMPARE(user.messages().first(), QStringLiteral("Trasferimento: Tutti i file sono stati "
+                                                     "copiati correttamente"));
+    QVERIFY(user.messages().last().startsWith(QStringLiteral("Trasferimento: Song copiate: ")));
+    QVERIFY(user.messages().last().endsWith(QStringLiteral("\nSong non riuscite: 0")));
     QVERIFY(QApplication::activeModalWidget() == nullptr);
 }
 

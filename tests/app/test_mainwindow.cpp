@@ -307,7 +307,8 @@ void TestMainWindow::menusStandInTheirOrder()
     QCOMPARE(names("menuLanguage"), QStringLiteral("actionItalian actionEnglish actionGerman"));
     QCOMPARE(names("menuMessaggi_Copyright"),
              QStringLiteral("actionCopyrightYes actionCopyrightNo"));
-    QCOMPARE(names("menuStrumenti"), QStringLiteral("optimizeMemory actionSongsList"));
+    QCOMPARE(names("menuStrumenti"),
+             QStringLiteral("optimizeMemory actionSongsList  actionPreviewChanges"));
     QCOMPARE(names("menuHelp"), QStringLiteral("actionContents actionAbout actionAbout_QT"));
     for (const char *checkable : {"actionItalian", "actionEnglish", "actionGerman",
                                   "actionCopyrightYes", "actionCopyrightNo"})
@@ -1111,8 +1112,10 @@ void TestMainWindow::transferGoesThroughTheWindow()
     QTest::mouseClick(window.transferButton(), Qt::LeftButton);
     qunsetenv("KAVENA_MOUNT_DIRS");
     QCOMPARE(user.messages(),
-             QStringList{QStringLiteral("Trasferimento: Tutti i file sono stati copiati "
-                                        "correttamente")});
+             QStringList({QStringLiteral("Trasferimento: Tutti i file sono stati copiati "
+                                         "correttamente"),
+                          QStringLiteral("Trasferimento: Song copiate: 2\nSong saltate: 0\n"
+                                         "Song non riuscite: 0")}));
     QVERIFY(QFile::exists(card + QStringLiteral("/songs/a.mid")));
     QVERIFY(QFile::exists(card + QStringLiteral("/songs/b.mp3")));
     QVERIFY(!window.updateButton()->isEnabled());

@@ -2,6 +2,7 @@
 #include "devindex/mountedvolumes.h"
 
 #include <QDir>
+#include <QStorageInfo>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -27,6 +28,10 @@ private slots:
     void anyFolderInAMemoryLeadsToItsRoot();
     void longestMountDirectoryDecides();
     void choosersStartInTheFirstMountDirectoryThatExists();
+    void foldersInTheMountDirectoriesAreTheMemories();
+    void memoriesTellTheirSpace();
+    void volumesOnNoDeviceAreKnown_data();
+    void volumesOnNoDeviceAreKnown();
 };
 
 /** Every test starts with one mount directory beside "/Volumes": "/mnt/cards". */
@@ -279,6 +284,71 @@ void TestMountedVolumes::choosersStartInTheFirstMountDirectoryThatExists()
     QCOMPARE(MountedVolumes().startFolder(), existing);
     qputenv("KAVENA_MOUNT_DIRS", QFile::encodeName(gone));
     QCOMPARE(MountedVolumes().startFolder(), QStringLiteral("/Volumes"));
+}
+
+void TestMountedVolumes::foldersInTheMountDirectoriesAreTheMemories()
+{
+    const QTemporaryDir folder;
+    const QDir dir(folder.path());
+    for (const char *const name :
+         {"b/STICK", "b/CARD/songs", "b/card2", "b/.hidden", "a/USB", "b/c/X"})
+        QVERIFY(dir.mkpath(QString::fromLatin1(name)));
+    QVERIFY(QFile::link(QStringLiteral("/"), dir.filePath(QStringLiteral("b/System disk"))));
+    QFile file(dir.filePath(QStringLiteral("b/file")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const QByteArray path = QFile::encodeName(folder.path());
+    qputenv("KAVENA_MOUNT_DIRS", path + "/b:" + path + "/gone:" + path + "/a:" + path + "/b/c");
+
+    QStringList names;
+    QStringList paths;
+    for (const MountedMemory &memory : MountedVolumes().memories()) {
+        names.append(memory.name);
+        paths.append(memory.path);
+    }
+    // A mount directory inside another one is no memory.
+    QCOMPARE(names,
+             QStringList({QStringLiteral("CARD"), QStringLiteral("card2"), QStringLiteral("STICK"),
+                          QStringLiteral("USB"), QStringLiteral("X")}));
+    QCOMPARE(paths.first(), dir.filePath(QStringLiteral("b/CARD")));
+    QCOMPARE(paths.last(), dir.filePath(QStringLiteral("b/c/X")));
+}
+
+void TestMountedVolumes::memoriesTellTheirSpace()
+{
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("CARD")));
+    qputenv("KAVENA_MOUNT_DIRS", QFile::encodeName(folder.path()));
+    const QList<MountedMemory> memories = MountedVolumes().memories();
+    QCOMPARE(memories.size(), 1);
+    const QStorageInfo storage(folder.path());
+    QCOMPARE(memories.first().totalBytes, storage.bytesTotal());
+    QVERIFY(memories.first().freeBytes > 0);
+    QVERIFY(memories.first().freeBytes <= memories.first().totalBytes);
+}
+
+void TestMountedVolumes::volumesOnNoDeviceAreKnown_data()
+{
+    QTest::addColumn<QByteArray>("table");
+    QTest::addColumn<QStringList>("mountPoints");
+    QTest::newRow("no table") << QByteArray() << QStringList();
+    QTest::newRow("stick") << QByteArray("/dev/sdb1 /media/anna/CARD vfat rw 0 0\n")
+                           << QStringList();
+    QTest::newRow("server") << QByteArray("nas:/music /media/anna/NAS nfs4 rw 0 0\n"
+                                          "//nas/music /media/anna/SMB cifs rw 0 0\n")
+                            << QStringList({QStringLiteral("/media/anna/NAS"),
+                                            QStringLiteral("/media/anna/SMB")});
+    QTest::newRow("name with a blank, a backslash and an umlaut")
+        << QByteArray("nas:/m /media/anna/My\\040\\134040\xC3\xBC nfs rw 0 0")
+        << QStringList(QStringLiteral("/media/anna/My \\040ü"));
+    QTest::newRow("lines cut short") << QByteArray("nas:/m\n\n \nnas:/m /mnt/x")
+                                     << QStringList({QString(), QStringLiteral("/mnt/x")});
+}
+
+void TestMountedVolumes::volumesOnNoDeviceAreKnown()
+{
+    QFETCH(QByteArray, table);
+    QFETCH(QStringList, mountPoints);
+    QCOMPARE(MountedVolumes::mountPointsWithoutDevice(table), mountPoints);
 }
 
 QTEST_GUILESS_MAIN(TestMountedVolumes)

@@ -13,6 +13,7 @@
 
 #include <QLabel>
 #include <QTest>
+#include <QTextEdit>
 
 #include <memory>
 
@@ -31,6 +32,15 @@ const QString successText =
     QStringLiteral("Trasferimento: Tutti i file sono stati copiati correttamente");
 const QString failureText =
     QStringLiteral("Trasferimento: Non è stato possibile copiare uno o più file");
+
+QString countsText(int copied, int skipped, int failed)
+{
+    return QStringLiteral("Trasferimento: Song copiate: %1\nSong saltate: %2\n"
+                          "Song non riuscite: %3")
+        .arg(copied)
+        .arg(skipped)
+        .arg(failed);
+}
 
 /** Answers as it was told, and keeps what was asked and said. */
 class ScriptedQuestions : public TransferQuestions
@@ -71,10 +81,16 @@ public:
         if (onEnd)
             onEnd();
     }
+    void tellCounts(const QString &title, const QString &text, const QStringList &failed) override
+    {
+        saidBeforeCounts = successes + failures;
+        counts.append(title + QStringLiteral(": ") + text);
+        failedNames = failed;
+    }
 
     bool saidNothing() const
     {
-        return warnings.isEmpty() && successes.isEmpty() && failures.isEmpty();
+        return warnings.isEmpty() && successes.isEmpty() && failures.isEmpty() && counts.isEmpty();
     }
 
     QString folder;
@@ -89,6 +105,9 @@ public:
     QStringList warnings;
     QStringList successes;
     QStringList failures;
+    QStringList counts;
+    QStringList failedNames;
+    QStringList saidBeforeCounts;
     std::function<void()> onEnd;
 };
 
@@ -141,6 +160,10 @@ private slots:
     void fullCardIsReportedAndKeepsItsIndex();
     void indexThatDoesNotFitIsReportedAndLeavesNone();
 
+    void countsAreToldAfterTheOutcome();
+    void countsSayWhatAStopLeftOut();
+    void countsSayThatTheIndexWasNotUpdated();
+
     void missingRoomIsAskedAbout_data();
     void missingRoomIsAskedAbout();
     void filesThatFitAreNotAskedAbout();
@@ -150,6 +173,7 @@ private slots:
     void missingMemoryHasNoIndexToUpdate();
 
     void realWindowsDoTheWholeJob();
+    void namesOfFailedSongsAreShownOnRequest();
     void roomQuestionsDefaultIsNo();
 
 private:
@@ -535,6 +559,43 @@ void TestTransfer::indexThatDoesNotFitIsReportedAndLeavesNone()
     QCOMPARE(QDir(m_card->root()).entryList({QStringLiteral("*.idx")}, QDir::Files), QStringList());
 }
 
+void TestTransfer::countsAreToldAfterTheOutcome()
+{
+    m_card->writeOnCard(QStringLiteral("pop/song1.mid"), MountedCard::midi("OLD"));
+    QStringList files = someSongs(3);
+    files.insert(1, m_card->music() + QStringLiteral("/gone.mid"));
+    files.append(m_card->path(QStringLiteral("pop/song1.mid"))); // lies there already
+    QCOMPARE(transfer(files), Transfer::Outcome::Incomplete);
+    QCOMPARE(m_questions->replaceAsked.size(), 1);
+    QCOMPARE(m_questions->counts, QStringList(countsText(3, 1, 1)));
+    QCOMPARE(m_questions->failedNames, QStringList(QStringLiteral("gone.mid")));
+    QCOMPARE(m_questions->saidBeforeCounts, QStringList(failureText));
+
+    QCOMPARE(transfer(files.mid(3)), Transfer::Outcome::Complete);
+    QCOMPARE(m_questions->counts.last(), countsText(1, 1, 0));
+    QVERIFY(m_questions->failedNames.isEmpty());
+    QCOMPARE(m_questions->saidBeforeCounts, QStringList({successText, failureText}));
+}
+
+void TestTransfer::countsSayWhatAStopLeftOut()
+{
+    m_onUpdate = [](CopyingProgress &progress, int done) { progress.canceled = done == 2; };
+    QCOMPARE(transfer(someSongs(5)), Transfer::Outcome::Incomplete);
+    QCOMPARE(m_questions->counts,
+             QStringList(countsText(2, 0, 0) +
+                         QStringLiteral("\nSong non più copiate dopo l'interruzione: 3")));
+}
+
+void TestTransfer::countsSayThatTheIndexWasNotUpdated()
+{
+    // A folder in the place of an index file: it can be neither loaded nor replaced.
+    QVERIFY(QDir().mkpath(m_card->path(QStringLiteral("index.idx/folder"))));
+    QCOMPARE(transfer(someSongs(1)), Transfer::Outcome::Incomplete);
+    QCOMPARE(m_questions->counts,
+             QStringList(countsText(1, 0, 0) +
+                         QStringLiteral("\nIl database della memoria non è stato aggiornato.")));
+}
+
 void TestTransfer::missingRoomIsAskedAbout_data()
 {
     QTest::addColumn<bool>("anyway");
@@ -555,7 +616,7 @@ void TestTransfer::missingRoomIsAskedAbout()
     QCOMPARE(m_questions->roomAsked,
              QStringList(QStringLiteral(
                  "Trasferimento: Lo spazio libero nella memoria non è sufficiente: mancano "
-                 "16.00 KiB.\nSi vuole procedere comunque con la copia?")));
+                 "16.4 kB.\nSi vuole procedere comunque con la copia?")));
     QCOMPARE(QDir(m_questions->folder).entryList(QDir::Files).size(), anyway ? 3 : 0);
     QCOMPARE(m_card->hasIndex(), anyway);
     QCOMPARE(m_questions->saidNothing(), !anyway);
@@ -622,7 +683,7 @@ void TestTransfer::realWindowsDoTheWholeJob()
     });
     QCOMPARE(job.transferFiles(someSongs(3)), Transfer::Outcome::Complete);
     QVERIFY(user.allPicked());
-    QCOMPARE(user.messages(), QStringList(successText));
+    QCOMPARE(user.messages(), QStringList({successText, countsText(3, 0, 0)}));
     QCOMPARE(m_card->read(QStringLiteral("pop/song1.mid")), MountedCard::midi("SONG 1"));
     QCOMPARE(m_card->indexedPaths().size(), 3);
     QVERIFY(QApplication::activeModalWidget() == nullptr);
@@ -634,7 +695,45 @@ void TestTransfer::realWindowsDoTheWholeJob()
     user.pick({m_card->path(QStringLiteral("pop"))});
     QCOMPARE(job.transferFiles({m_card->music() + QStringLiteral("/gone.mid")}),
              Transfer::Outcome::Incomplete);
-    QCOMPARE(user.messages(), QStringList({successText, systemDiskText, failureText}));
+    QCOMPARE(user.messages(), QStringList({successText, countsText(3, 0, 0), systemDiskText,
+                                           failureText, countsText(0, 0, 1)}));
+}
+
+void TestTransfer::namesOfFailedSongsAreShownOnRequest()
+{
+    TransferDialogs dialogs(nullptr);
+    const QString text = QStringLiteral("Song non riuscite: 2");
+    const QStringList failed = {QStringLiteral("<b>a.mid"), QStringLiteral("b.mid")};
+    for (const QStringList &names : {QStringList(), failed}) {
+        ModalAnswers user;
+        QString shownText;
+        bool offersNames = false;
+        bool namesAtFirst = false;
+        QString shownNames;
+        user.add([&](QWidget *window) {
+            auto *const box = qobject_cast<QMessageBox *>(window);
+            auto *const list = box->findChild<QTextEdit *>();
+            shownText = box->text();
+            QAbstractButton *request = nullptr;
+            for (QAbstractButton *const button : box->buttons()) {
+                if (box->buttonRole(button) == QMessageBox::ActionRole)
+                    request = button;
+            }
+            offersNames = request != nullptr;
+            if (offersNames) {
+                namesAtFirst = list->isVisible();
+                QTest::mouseClick(request, Qt::LeftButton);
+                shownNames = list->isVisible() ? list->toPlainText() : QString();
+            }
+            QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+            return true;
+        });
+        dialogs.tellCounts(QStringLiteral("Trasferimento"), text, names);
+        QCOMPARE(shownText, text);
+        QCOMPARE(offersNames, !names.isEmpty());
+        QVERIFY(!namesAtFirst);
+        QCOMPARE(shownNames, names.join(QLatin1Char('\n')));
+    }
 }
 
 void TestTransfer::roomQuestionsDefaultIsNo()

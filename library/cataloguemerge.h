@@ -1,0 +1,30 @@
+// Finds a song in the reference catalogue and merges what stands there into it.
+#pragma once
+
+#include "formats/metasong.h"
+#include "library/database.h"
+
+#include <QString>
+
+/** The step that synchronising a song and the preview of it share; no file is touched. */
+class CatalogueMerge
+{
+public:
+    /** The database must outlive the object. */
+    explicit CatalogueMerge(const Database &database)
+        : m_database(database)
+    {
+    }
+
+    /**
+     * Merges the catalogue's data into the loaded song, in memory. info is what the song holds,
+     * shortName the name of its file without the folder. False, with the song as it was, when the
+     * catalogue does not know it.
+     */
+    bool mergeInto(MetaSong &song, const SongInfo &info, const QString &shortName) const;
+
+private:
+    bool findRecord(const SongInfo &info, const QString &shortName, SongsDbRecord &record) const;
+
+    const Database &m_database;
+};

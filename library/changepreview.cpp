@@ -1,0 +1,101 @@
+#include "library/changepreview.h"
+
+#include "formats/diagnostics.h"
+#include "formats/metasong.h"
+#include "formats/mfxheader.h"
+#include "library/cataloguemerge.h"
+
+#include <QStringList>
+
+namespace
+{
+
+QString numberText(int number)
+{
+    return number > 0 ? QString::number(number) : QString();
+}
+
+QString lengthText(qint32 seconds)
+{
+    return seconds > 0 ? UserSongsRelTableModel::lengthText(seconds) : QString();
+}
+
+QString markersText(const QList<Marker> &markers)
+{
+    QStringList texts;
+    for (const Marker &marker : markers)
+        texts.append(QString::number(marker.bar) + QLatin1Char(' ') + marker.text);
+    return texts.join(QStringLiteral(", "));
+}
+
+bool showsMarkers(const SongInfo &info)
+{
+    return (info.mfxFlags & MfxHeader::MarkersFlag) != 0;
+}
+
+} // namespace
+
+std::optional<ChangePreview> ChangePreview::compute(const Database &database,
+                                                    UserSongsRelTableModel &model,
+                                                    const OpenProgress &openProgress)
+{
+    const CatalogueMerge catalogue(database);
+    ChangePreview preview;
+    const int rows = model.goodRowCount();
+    const auto progress = openProgress(tr("Anteprima delle modifiche"),
+                                       tr("Confronto le song con il database..."), rows);
+    for (int row = 0; row < rows; ++row) {
+        if (progress->wasCanceled())
+            return std::nullopt;
+        preview.addSong(catalogue, model.fileName(row), model.shortName(row));
+        progress->updateProgress(row + 1);
+        QCoreApplication::processEvents();
+    }
+    return preview;
+}
+
+void ChangePreview::addSong(const CatalogueMerge &catalogue, const QString &fileName,
+                            const QString &shortName)
+{
+    logDebug() << "[ChangePreview::addSong] file:" << fileName;
+    ++songs;
+    MetaSong song;
+    if (!song.importFile(fileName)) {
+        ++unreadable;
+        return;
+    }
+    SongInfo before;
+    song.getSongInfo(before);
+    if (!catalogue.mergeInto(song, before, shortName)) {
+        ++unknown;
+        return;
+    }
+    if (!song.canBeSaved())
+        return;
+    SongInfo after;
+    song.getSongInfo(after);
+    const QList<Change> found = changes(before, after);
+    if (!found.isEmpty())
+        changed.append({fileName, before.title, before.isKravo, found});
+}
+
+QList<ChangePreview::Change> ChangePreview::changes(const SongInfo &before, const SongInfo &after)
+{
+    QList<Change> found;
+    const auto compare = [&found](Field field, const QString &old, const QString &changed) {
+        if (old != changed)
+            found.append({field, old, changed});
+    };
+    compare(Field::Title, before.title, after.title);
+    compare(Field::Artist, before.artist, after.artist);
+    compare(Field::Genre, before.genre, after.genre);
+    compare(Field::Author, before.author, after.author);
+    compare(Field::Length, lengthText(before.length), lengthText(after.length));
+    compare(Field::Tempo, numberText(before.userBpm), numberText(after.userBpm));
+    compare(Field::Key, before.key, after.key);
+    compare(Field::Markers, markersText(before.markers), markersText(after.markers));
+    if (showsMarkers(before) != showsMarkers(after))
+        found.append({Field::MarkersShown, showsMarkers(before) ? tr("sì") : tr("no"),
+                      showsMarkers(after) ? tr("sì") : tr("no")});
+    return found;
+}

@@ -1,0 +1,61 @@
+// What synchronising the library would change, without changing anything.
+#pragma once
+
+#include "formats/songinfo.h"
+#include "library/database.h"
+#include "library/progress.h"
+#include "library/usersongsreltablemodel.h"
+
+#include <QCoreApplication>
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+class CatalogueMerge;
+
+/**
+ * The changes of each song, found by the very merge that synchronising does, on copies in memory:
+ * no file is written, and the table stays as it is.
+ */
+class ChangePreview
+{
+    Q_DECLARE_TR_FUNCTIONS(ChangePreview)
+
+public:
+    enum class Field { Title, Artist, Genre, Author, Length, Tempo, Key, Markers, MarkersShown };
+
+    struct Change {
+        Field field;
+        QString before; ///< as the user reads it; empty where the song has no such item
+        QString after;
+    };
+
+    struct Song {
+        QString fileName; ///< full path
+        QString title;    ///< as it stands in the file
+        bool isSigned;    ///< files without the publisher's signature may be asked about
+        QList<Change> changes;
+    };
+
+    /**
+     * Compares all songs of the table with the catalogue. Returns nothing when the user stopped
+     * it. Of a file that stands in the table twice, each row shows the change from the file as it
+     * is now.
+     */
+    static std::optional<ChangePreview> compute(const Database &database,
+                                                UserSongsRelTableModel &model,
+                                                const OpenProgress &openProgress);
+
+    /** The items that differ, in the order of Field. */
+    static QList<Change> changes(const SongInfo &before, const SongInfo &after);
+
+    QList<Song> changed; ///< the songs with changes, in the order of the table
+    int songs = 0;       ///< all that were looked at
+    int unknown = 0;     ///< those that the catalogue does not know
+    int unreadable = 0;  ///< those whose file cannot be read
+
+private:
+    void addSong(const CatalogueMerge &catalogue, const QString &fileName,
+                 const QString &shortName);
+};
