@@ -6,7 +6,7 @@
 //
 // JOB: make, save:NAME:TITLE, sync, create, update, transfer, backup or import. ROOT holds the
 // folders "library", "mnt/CARD" (the memory) and "backup". AT, MODE and GONE are what FAULTS_AT and
-// so on are set to. LIMIT is the size beyond which no file can grow, 0 for none. For each job it
+// so on are set to. LIMIT is the size beyond which no file can grow, -1 for none. For each job it
 // answers with a line, "exit N" or "signal N". What the program said lies in the file "report".
 #include "app/backupdialog.h"
 #include "app/librarybackup.h"
@@ -138,6 +138,7 @@ void makeLibrary(const QString &folder)
     };
     for (int i = 0; i < midiSongs; ++i)
         write(name("s%02d.mid", i), midiSong("Song " + QByteArray::number(i), i));
+    write(name("s%02d.mid", 4), midiSong("A title that is longer than all that a save adds", 4));
     for (int i = 3; i <= 5; ++i)
         write(name("p%d.mf", i) + QString::number(i),
               samplesongs::mfxBytes("_MF" + QByteArray::number(i), midiSong("Packed", i),
@@ -296,7 +297,7 @@ bool backUp(const Folders &folders, const QStringList &songs)
 
 struct Request {
     std::string job, root, at, mode, gone;
-    quint64 limit = 0;
+    qint64 limit = -1;
 };
 
 /** From here on the library that was loaded before this program counts, and lets calls fail. */
@@ -314,7 +315,7 @@ void armFaults(const Request &request)
     read();
 }
 
-bool run(const Request &request)
+bool run(const Request &request, std::optional<Library> &library)
 {
     const Folders folders{QString::fromStdString(request.root)};
     const QStringList job = QString::fromStdString(request.job).split(QLatin1Char(':'));
@@ -325,17 +326,13 @@ bool run(const Request &request)
         makeMemory(folders.card());
         return QDir().mkpath(folders.backup());
     }
-    std::optional<Library> library;
-    if (job.constFirst() == QLatin1String("sync"))
-        library.emplace(songs);
-
     armFaults(request);
     std::optional<faults::FileSizeLimit> limit;
-    if (request.limit != 0)
-        limit.emplace(request.limit - 1);
+    if (request.limit >= 0)
+        limit.emplace(static_cast<quint64>(request.limit));
     if (job.constFirst() == QLatin1String("save"))
         return save(folders.library() + QLatin1Char('/') + job.at(1), job.at(2));
-    if (library)
+    if (job.constFirst() == QLatin1String("sync"))
         return library->synchronise();
     if (job.constFirst() == QLatin1String("create"))
         return indexMemory(folders.card(), &Index::createIndex);
@@ -350,12 +347,12 @@ bool run(const Request &request)
     qFatal("unknown job");
 }
 
-[[noreturn]] void runInChild(const Request &request)
+[[noreturn]] void runInChild(const Request &request, std::optional<Library> &library)
 {
     alarm(longestJob);
     setenv("KAVENA_MOUNT_DIRS", (request.root + "/mnt").c_str(), 1);
     qInstallMessageHandler(&saveLog);
-    const bool succeeded = run(request);
+    const bool succeeded = run(request, library);
     unsetenv("FAULTS_ROOT");
     say(QStringLiteral("result"), QString::number(succeeded ? 1 : 0));
     samplesongs::writeFile(QStringLiteral("report"),
@@ -370,13 +367,20 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication app(argc, argv);
     std::string line;
+    std::string libraryRoot;
+    std::optional<Library> library; // every child starts with the same one
     while (std::getline(std::cin, line)) {
         Request request;
         std::istringstream(line) >> request.job >> request.root >> request.at >> request.mode >>
             request.gone >> request.limit;
+        if (request.job == "sync" && request.root != libraryRoot) {
+            libraryRoot = request.root;
+            library.reset();
+            library.emplace(Folders{QString::fromStdString(request.root)}.songs());
+        }
         const pid_t child = fork();
         if (child == 0)
-            runInChild(request);
+            runInChild(request, library);
         int status = 0;
         if (child < 0 || waitpid(child, &status, 0) != child)
             return EXIT_FAILURE;

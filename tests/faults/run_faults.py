@@ -13,7 +13,8 @@ for each way in which that call can fail. After each time:
 - the program has said that something failed, unless the job was done all the same;
 - no temporary file is left, unless the program was killed or could not remove it any more.
 
-Then the same on a disk that is full, and with a memory that is pulled in the middle.
+Among the ways is that the memory is pulled in the middle. Last, each job is done on a disk with more
+and more room; where nothing can be mounted, with files that can grow no further instead.
 """
 
 import argparse
@@ -33,8 +34,7 @@ import check_memory  # noqa: E402
 
 SAVES = (
     "s03.mid:A_title_that_makes_the_file_longer",
-    "s03.mid:x",
-    "s03.mid:Song_3",
+    "s04.mid:x",
     "p3.mf3:A_longer_title",
     "p4.mf4:x",
     "p5.mf5:A_longer_title",
@@ -76,7 +76,7 @@ class Driver:
             [program], cwd=work, env=environment, text=True,
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
 
-    def run(self, job, root, at=0, mode="none", gone="-", limit=0):
+    def run(self, job, root, at=0, mode="none", gone="-", limit=-1):
         """Returns how the job ended, what it said and which calls it made."""
         for name in ("report", "trace"):
             path = os.path.join(self.work, name)
@@ -114,13 +114,21 @@ def read_tree(root):
     return tree
 
 
-def write_tree(tree, root):
-    shutil.rmtree(root, ignore_errors=True)
-    os.makedirs(root)
+def write_tree(tree, root, now=None):
+    """Makes the root's content this tree again, where now tells what it is."""
+    if now is None:
+        shutil.rmtree(root, ignore_errors=True)
+        os.makedirs(root)
+        now = {}
+    for path in sorted(now.keys() - tree.keys(), reverse=True):
+        full = os.path.join(root, path)
+        os.rmdir(full) if path.endswith("/") else os.remove(full)
     for path in sorted(tree):
+        if path in now and now[path] == tree[path]:
+            continue
         full = os.path.join(root, path)
         if path.endswith("/"):
-            os.makedirs(full, exist_ok=True)
+            os.makedirs(full)
             continue
         content, changed = tree[path]
         with open(full, "wb") as file:
@@ -217,9 +225,9 @@ class Run:
         write_tree(before, root)
         self.before = read_tree(root)
         end, said, self.calls = driver.run(job, root)
-        after = read_tree(root)
+        self.now = after = read_tree(root)
         self.judge = Judge(self.before, after)
-        self.outcomes = {}
+        self.done = 0
         if end != "exit 0" or "result 1" not in said:
             raise Wrong(f"fails without a fault: {end}\n{said}")
         if len(self.calls) < 5 or after == self.before:
@@ -240,8 +248,24 @@ class Run:
                     runs += 1
         return runs
 
+    def restore(self):
+        write_tree(self.before, self.root, self.now)
+        self.now = None
+
+    def clear(self):
+        shutil.rmtree(self.root)
+
+    def without_room(self, room, limit=-1):
+        end, said, _ = self.driver.run(self.job, self.root, limit=limit)
+        try:
+            if end != "exit 0":
+                raise Wrong(f"the program ended with {end}")
+            return self.judge_outcome("full", said)
+        except Wrong as wrong:
+            raise Wrong(f"{self.job}, {room}: {wrong}\n{said}") from None
+
     def one(self, number, mode):
-        write_tree(self.before, self.root)
+        self.restore()
         gone = os.path.join(self.root, "library" if self.job[:4] in ("save", "sync") else
                             "backup" if self.job == "backup" else "mnt/CARD")
         end, said, calls = self.driver.run(self.job, self.root, number, mode, gone)
@@ -264,7 +288,7 @@ class Run:
             if end != "exit 0":
                 raise Wrong(f"the import after it ended with {end}")
             self.judge_recovery(told)
-        tree = read_tree(self.root)
+        self.now = tree = read_tree(self.root)
         self.judge.judge_songs(tree)
         index = self.judge.judge_index(tree, self.root, said)
         if not ended_early:
@@ -272,9 +296,10 @@ class Run:
         if any(path.endswith(".kavena-journal") for path in tree):
             raise Wrong("a journal outlives the import")
         done = self.judge.is_done(tree, index)
-        self.outcomes[done] = self.outcomes.get(done, 0) + 1
+        self.done += done
         if mode != "kill" and not done and not FAILURE.search(said):
             raise Wrong("the program does not say that something failed")
+        return done
 
     def judge_recovery(self, told):
         for line in told.splitlines():
@@ -312,32 +337,113 @@ def start_of(job, trees):
     return trees["all"]
 
 
+class FullDisk:
+    """A small disk of which a filler leaves just so many pages free."""
+
+    PAGE = 4096
+
+    def __init__(self, work):
+        self.folder = os.path.join(work, "small")
+        self.filler = os.path.join(self.folder, "filler")
+        os.mkdir(self.folder)
+        mount(self.folder, "size=4m")
+
+    def empty(self):
+        if os.path.exists(self.filler):
+            os.remove(self.filler)
+
+    def leave_free(self, pages):
+        self.empty()
+        free = os.statvfs(self.folder)
+        size = (free.f_bavail - pages) * free.f_frsize
+        with open(self.filler, "wb") as file:
+            if size > 0:
+                os.posix_fallocate(file.fileno(), 0, size)
+        return size >= 0
+
+
+def full_disk_runs(run, disk):
+    """Gives the job a page more each time until it is done; returns how often it was not."""
+    for pages in range(1000):
+        run.restore()
+        if not disk.leave_free(pages):
+            raise Wrong(f"{run.job} needs more than the small disk has")
+        if run.without_room(f"{pages} free pages"):
+            return pages
+    raise Wrong(f"{run.job} is never done, whatever room there is")
+
+
+LIMITS = (0, 1, 30, 60, 100, 150, 200, 250, 300, 400, 600, 1000, 2000, 4000, 6000, 99999, 299999)
+
+
+def limited_runs(run):
+    failed = 0
+    for limit in LIMITS:
+        run.restore()
+        if not run.without_room(f"files up to {limit} bytes", limit):
+            failed += 1
+    return failed
+
+
+def mount(folder, options):
+    subprocess.run(["mount", "-t", "tmpfs", "-o", options, "tmpfs", folder], check=True)
+
+
+def enter_own_mounts():
+    """Starts this program again where it may mount what nobody else sees; returns if it may not."""
+    for flags in ("-m", "-rm"):
+        test = ["unshare", flags, "mount", "-t", "tmpfs", "tmpfs", tempfile.gettempdir()]
+        try:
+            works = subprocess.run(test, stderr=subprocess.DEVNULL, check=False).returncode == 0
+        except FileNotFoundError:
+            return
+        if works:
+            os.execvp("unshare", ["unshare", flags, sys.executable, *sys.argv, "--may-mount"])
+
+
+def test(options, work):
+    driver = Driver(options.driver, options.library, work)
+    root = os.path.join(work, "root")
+    trees = make_trees(driver, root)
+    disk = FullDisk(work) if options.may_mount else None
+    for job in JOBS:
+        if not job.startswith(options.job):
+            continue
+        start = time.monotonic()
+        run = Run(driver, root, job, start_of(job, trees))
+        runs = run.all_modes()
+        print(f"{job}: {len(run.calls)} calls, {runs} faults, {run.done} times done all the same, "
+              f"{time.monotonic() - start:.1f} s")
+        if disk:
+            disk.empty()
+            small = Run(driver, os.path.join(disk.folder, "root"), job, start_of(job, trees))
+            print(f"    done with {full_disk_runs(small, disk)} free pages")
+            small.clear()
+        else:
+            print(f"    cannot mount: failed at {limited_runs(run)} of {len(LIMITS)} limits")
+        sys.stdout.flush()
+    driver.close()
+
+
 def main():
     parser = argparse.ArgumentParser(description="Lets every step of every job fail.")
     parser.add_argument("--job", default="", help="only jobs that begin like this")
+    parser.add_argument("--may-mount", action="store_true", help=argparse.SUPPRESS)
     parser.add_argument("driver")
     parser.add_argument("library")
     options = parser.parse_args()
-    in_memory = "/dev/shm"
-    folder = in_memory if os.access(in_memory, os.W_OK) else None
+    if not options.may_mount:
+        enter_own_mounts()
+    folder = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
     with tempfile.TemporaryDirectory(dir=folder) as work:
-        driver = Driver(options.driver, options.library, work)
-        root = os.path.join(work, "root")
         try:
-            trees = make_trees(driver, root)
-            for job in JOBS:
-                if not job.startswith(options.job):
-                    continue
-                start = time.monotonic()
-                run = Run(driver, root, job, start_of(job, trees))
-                runs = run.all_modes()
-                print(f"{job}: {len(run.calls)} calls, {runs} faults, "
-                      f"{run.outcomes.get(True, 0)} times done all the same, "
-                      f"{time.monotonic() - start:.1f} s", flush=True)
-            driver.close()
+            test(options, work)
         except Wrong as wrong:
             print(f"WRONG: {wrong}")
             return 1
+        finally:
+            if options.may_mount:
+                subprocess.run(["umount", "-l", os.path.join(work, "small")], check=False)
     return 0
 
 
