@@ -1,6 +1,7 @@
 #include "app/aboutdialog.h"
 
 #include "app/version.h"
+#include "library/roomfortext.h"
 
 #include "ui_aboutdialog.h"
 
@@ -37,6 +38,7 @@ AboutDialog::AboutDialog(QWidget *parent)
     , ui(new Ui::AboutDialog)
 {
     ui->setupUi(this);
+    new RoomForText(this);
     ui->logoLabel->setStyleSheet(QStringLiteral("image: url(:/imgs/logo-quorvane_512.png);"));
     showTexts();
 }

@@ -1,5 +1,7 @@
 #include "app/backupdialog.h"
 
+#include "library/roomfortext.h"
+
 #include "ui_backupdialog.h"
 
 #include <QCloseEvent>
@@ -11,7 +13,9 @@ BackupDialog::BackupDialog(QWidget *parent)
     , ui(new Ui::BackupDialog)
 {
     ui->setupUi(this);
+    new RoomForText(this);
     ui->doBackupPushButton->setEnabled(false);
+    ui->browsePushButton->setFocus();
     showTexts();
 }
 

@@ -1,5 +1,7 @@
 #include "app/proceeddialog.h"
 
+#include "library/roomfortext.h"
+
 #include "ui_proceeddialog.h"
 
 #include <QEvent>
@@ -9,6 +11,7 @@ ProceedDialog::ProceedDialog(QWidget *parent)
     , ui(new Ui::ProceedDialog)
 {
     ui->setupUi(this);
+    new RoomForText(this);
     showCounts();
 }
 

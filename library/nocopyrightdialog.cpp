@@ -1,5 +1,7 @@
 #include "library/nocopyrightdialog.h"
 
+#include "library/roomfortext.h"
+
 #include "ui_nocopyrightdialog.h"
 
 #include <QEvent>
@@ -10,6 +12,7 @@ NoCopyrightDialog::NoCopyrightDialog(QWidget *parent)
     , ui(new Ui::NoCopyrightDialog)
 {
     ui->setupUi(this);
+    new RoomForText(this);
 }
 
 NoCopyrightDialog::~NoCopyrightDialog() = default;

@@ -2,6 +2,11 @@
 
 #include <QCoreApplication>
 
+namespace
+{
+constexpr int leastWidth = 360;
+}
+
 ProgressWindow::ProgressWindow(const QString &title, const QString &label, int maximum,
                                QWidget *parent)
     : m_dialog(label, QCoreApplication::translate("MainWindow", "Interrompi"), 0, maximum, parent)
@@ -11,6 +16,8 @@ ProgressWindow::ProgressWindow(const QString &title, const QString &label, int m
     m_dialog.setAutoReset(false);
     m_dialog.setAutoClose(false);
     m_dialog.setMinimumDuration(0);
+    // Wide enough for its title, and for numbers that grow.
+    m_dialog.setMinimumSize(m_dialog.sizeHint().expandedTo(QSize(leastWidth, 0)));
     // A cancelled progress dialog hides at once, but the job goes on until it looks, or to its end.
     QObject::connect(&m_dialog, &QProgressDialog::canceled, &m_dialog, &QWidget::show,
                      Qt::QueuedConnection);

@@ -31,6 +31,10 @@
         <translation>Backup</translation>
     </message>
     <message>
+        <source>Cartella di backup</source>
+        <translation>Cartella di backup</translation>
+    </message>
+    <message>
         <source>Sfoglia...</source>
         <translation>&amp;Sfoglia...</translation>
     </message>

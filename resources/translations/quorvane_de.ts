@@ -31,6 +31,10 @@
         <translation>Sicherung</translation>
     </message>
     <message>
+        <source>Cartella di backup</source>
+        <translation>Ordner für die Sicherung</translation>
+    </message>
+    <message>
         <source>Sfoglia...</source>
         <translation>&amp;Durchsuchen...</translation>
     </message>

@@ -31,6 +31,10 @@
         <translation>Backup</translation>
     </message>
     <message>
+        <source>Cartella di backup</source>
+        <translation>Backup folder</translation>
+    </message>
+    <message>
         <source>Sfoglia...</source>
         <translation>&amp;Browse...</translation>
     </message>

@@ -31,6 +31,8 @@
 namespace
 {
 
+constexpr int installedSongs = 4;
+
 void say(const QString &text)
 {
     QTextStream(stdout) << text << Qt::endl;
@@ -56,6 +58,7 @@ private:
     bool answerSongsList(QWidget *window);
     bool answerOther(QWidget *window);
     void shootOnce(QWidget *window, const QString &name);
+    void document(QWidget *window, const QString &name);
     void clickTool(const char *name);
     void reportRows();
 
@@ -80,9 +83,10 @@ Demo::Demo(const QString &folder)
 bool Demo::gatherSongs()
 {
     const QString music = m_folder + QStringLiteral("/music/");
-    bool ok = QDir().mkpath(music) && QDir().mkpath(m_folder + QStringLiteral("/backups"));
+    bool ok = QDir().mkpath(music) && QDir().mkpath(m_folder + QStringLiteral("/backups")) &&
+              QDir().mkpath(m_folder + QStringLiteral("/documentation"));
     const QStringList midi = samplesongs::installedMidiFiles();
-    for (int i = 0; i < 10 && i < midi.size(); ++i) {
+    for (int i = 0; i < installedSongs && i < midi.size(); ++i) {
         // One name stays too long for the player, to show the question about it.
         const QFileInfo song(midi[i]);
         m_songs << music + (i == 0 ? song.fileName()
@@ -98,6 +102,12 @@ bool Demo::gatherSongs()
         {"SILENT.MID", "X:1\nT:Silent Night\nM:3/4\nL:1/8\nK:C\nG>AG E3|G>AG E3|d2d B3|c2c G3|]\n"},
         {"AMAZING.MID", "X:1\nT:Amazing Grace\nM:3/4\nL:1/4\nK:G\nD|G2B/G/|B2A|G2E|D2D|]\n"},
         {"JINGLE.MID", "X:1\nT:Jingle Bells\nM:4/4\nL:1/4\nK:G\nBBB2|BBB2|BdG>A|B4|]\n"},
+        {"STALUCIA.MID", "X:1\nT:Santa Lucia\nM:3/8\nL:1/8\nK:C\nGGc|cBB|FFA|AGG|]\n"},
+        {"ENTERTAI.MID", "X:1\nT:The Entertainer\nM:2/4\nL:1/8\nK:C\nDEcE|cEc2|cdec|dBcz|]\n"},
+        {"DANUBIO.MID", "X:1\nT:The Blue Danube\nM:3/4\nL:1/4\nK:D\nDFA|A2a|a2f|f2D|]\n"},
+        {"THESAINT.MID", "X:1\nT:The Saints\nM:4/4\nL:1/4\nK:F\nzFAB|c4|zFAB|c4|]\n"},
+        {"SCARFAIR.MID", "X:1\nT:Scarborough Fair\nM:3/4\nL:1/4\nK:Dm\nD2D|A2A|E>FE|D3|]\n"},
+        {"DANNYBOY.MID", "X:1\nT:Danny Boy\nM:4/4\nL:1/4\nK:Eb\nzDEF|G2FG|cBGF|E4|]\n"},
     };
     for (const auto &tune : tunes) {
         m_songs << music + QString::fromLatin1(tune.file);
@@ -121,7 +131,7 @@ bool Demo::gatherSongs()
                                               QStringLiteral("OpenMSX"), QStringLiteral("Jazz")}));
     }
     say(QStringLiteral("Gathered %1 songs").arg(m_songs.size()));
-    return ok && midi.size() >= 10;
+    return ok && midi.size() >= installedSongs;
 }
 
 void Demo::addAnswers()
@@ -255,11 +265,21 @@ void Demo::shoot(const QString &name)
 
 void Demo::shootOnce(QWidget *window, const QString &name)
 {
+    document(window, name.section(QLatin1Char('-'), 0, 0).remove(QStringLiteral("dialog")));
     QString title = name + QLatin1Char('-') + window->windowTitle();
     title = title.toLower().replace(QRegularExpression(QStringLiteral("[^\\w-]+")),
                                     QStringLiteral("_"));
     if (!m_shot.contains(m_language + title))
         shoot(title);
+}
+
+/** The window by itself, the first time that it is seen in a language, under a lasting name. */
+void Demo::document(QWidget *window, const QString &name)
+{
+    const QString file =
+        QStringLiteral("%1/documentation/%2-%3.png").arg(m_folder, name, m_language);
+    if (!QFileInfo::exists(file) && !window->grab().save(file))
+        qFatal("cannot write %s", qPrintable(file));
 }
 
 void Demo::clickTool(const char *name)
@@ -307,6 +327,7 @@ void Demo::runJob(const QString &language)
     clickTool("updateDataToolButton");
     reportRows();
     shoot(QStringLiteral("synchronised"));
+    document(&m_window, QStringLiteral("main"));
 
     say(QStringLiteral("Edit one song, its artist goes to all"));
     auto *const view = child<QTableView>(&m_window, "userLibraryTableView");

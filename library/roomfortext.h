@@ -1,0 +1,19 @@
+// Keeps a dialog high enough for its texts.
+#pragma once
+
+#include <QObject>
+
+class QWidget;
+
+/**
+ * Keeps a window at least as high as its layout needs at the window's present width. By itself a
+ * window reckons with texts that wrap at their best; made narrow, it would cut them off.
+ */
+class RoomForText : public QObject
+{
+public:
+    /** Watches the window, which owns this object and has a layout. */
+    explicit RoomForText(QWidget *window);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+};
