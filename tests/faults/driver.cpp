@@ -100,6 +100,10 @@ public:
         say(QStringLiteral("told"), text);
     }
     void showFailure(const QString &, const QString &text) override { say(failure, text); }
+    void tellCounts(const QString &, const QString &text, const QStringList &) override
+    {
+        say(QStringLiteral("told"), text);
+    }
 
     static inline const QString failure = QStringLiteral("failure");
 
