@@ -10,6 +10,7 @@
 #include <QLocale>
 #include <QSettings>
 #include <QSignalBlocker>
+#include <QWheelEvent>
 
 namespace
 {
@@ -75,6 +76,11 @@ void MemoryList::showEvent(QShowEvent *event)
 {
     refresh();
     QComboBox::showEvent(event);
+}
+
+void MemoryList::wheelEvent(QWheelEvent *event)
+{
+    event->ignore();
 }
 
 void MemoryList::refresh()

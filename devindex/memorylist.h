@@ -38,6 +38,9 @@ protected:
     void changeEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
+    /** Leaves the choice alone: the wheel must not lead to another memory by accident. */
+    void wheelEvent(QWheelEvent *event) override;
+
 private:
     void refresh();
     void watchMountDirectories();

@@ -90,7 +90,8 @@ QTreeWidgetItem *ChangePreviewDialog::makeItem(const ChangePreview::Song &song) 
     item->setToolTip(SongOrField, QDir::toNativeSeparators(song.fileName));
     for (const ChangePreview::Change &change : song.changes) {
         const QString values[] = {change.before, change.after};
-        auto *const row = new QTreeWidgetItem(item, {fieldName(change.field)});
+        auto *const row = new QTreeWidgetItem({fieldName(change.field)});
+        item->addChild(row);
         for (const int column : {Before, After}) {
             const QString &value = values[column - Before];
             row->setText(column, value.isEmpty() ? tr("(vuoto)") : value);

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QStorageInfo>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <memory>
 
@@ -28,6 +29,7 @@ private slots:
     void choosingFillsThePathField_data();
     void choosingFillsThePathField();
     void keyboardChoosesToo();
+    void wheelChoosesNothing();
     void runningWindowTakesNoChoice();
 
     void textTellsNameFreeAndTotalSpace();
@@ -156,6 +158,17 @@ void TestMemoryList::keyboardChoosesToo()
     QCOMPARE(m_field->text(), m_card->root());
     QTest::keyClick(m_list, Qt::Key_Down);
     QCOMPARE(m_field->text(), m_card->mountDirectory() + QStringLiteral("/STICK"));
+}
+
+void TestMemoryList::wheelChoosesNothing()
+{
+    m_list->setFocus();
+    const QPointF middle = m_list->rect().center();
+    QWheelEvent wheel(middle, m_list->mapToGlobal(middle), {}, QPoint(0, -120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(m_list, &wheel);
+    QCOMPARE(m_list->currentIndex(), -1);
+    QCOMPARE(m_field->text(), QString());
 }
 
 void TestMemoryList::runningWindowTakesNoChoice()
