@@ -13,4 +13,8 @@ inline const QString logEnabled = QStringLiteral("logenabled");
 inline const QString logClear = QStringLiteral("logclear");
 inline const QString copyrightAsk = QStringLiteral("copyrightAsk");
 inline const QString mediaRoot = QStringLiteral("mediaroot");
+inline const QString windowGeometry = QStringLiteral("windowgeometry");
+inline const QString columnWidths = QStringLiteral("columnwidths"); ///< a group, one key a column
+inline const QString sortField = QStringLiteral("sortfield");
+inline const QString sortDescending = QStringLiteral("sortdescending");
 } // namespace settings
