@@ -239,7 +239,7 @@ void TestSongDrop::dropDuringAWorkflowIsRefused()
 {
     const SongFolder songs;
     QStringList files;
-    for (int i = 0; i < 100; ++i)
+    for (int i = 0; i < 500; ++i)
         files << songs.midi(s("%1.mid").arg(i), "A");
     WindowUnderTest window;
     window.setSelectedFiles(files);
@@ -258,7 +258,7 @@ void TestSongDrop::dropDuringAWorkflowIsRefused()
     QVERIFY(tries > 0);
     QCOMPARE(taken, 0);
     QTest::qWait(50);
-    QCOMPARE(window.model()->goodRowCount(), 100);
+    QCOMPARE(window.model()->goodRowCount(), 500);
     QVERIFY(dragged.isDroppedOn(window)); // afterwards it is welcome
     QTRY_COMPARE(window.model()->goodRowCount(), 1);
 }
