@@ -87,6 +87,7 @@ bool LibraryImport::importFile(const QString &path, Counts &counts)
     MetaSong song;
     if (!song.importFile(path)) {
         ++counts.bad;
+        m_unreadable.append(UnreadableFile::examine(path));
         m_progress.setValue(counts.valid + counts.bad);
         return false;
     }

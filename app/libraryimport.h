@@ -1,9 +1,11 @@
 // Reads song files and fills the library table with them.
 #pragma once
 
+#include "app/unreadablefile.h"
 #include "library/progress.h"
 #include "library/usersongsreltablemodel.h"
 
+#include <QList>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -36,11 +38,15 @@ public:
      */
     bool scanDir(const QString &dir, Counts &counts);
 
+    /** The files that were counted as bad, in their order. */
+    const QList<UnreadableFile> &unreadableFiles() const { return m_unreadable; }
+
 private:
     bool importFile(const QString &path, Counts &counts);
     bool scanEntries(const QString &dir, Counts &counts);
 
     UserSongsRelTableModel &m_model;
     Progress &m_progress;
+    QList<UnreadableFile> m_unreadable;
     QSet<QString> m_openFolders; ///< canonical paths of the folders that are being scanned
 };

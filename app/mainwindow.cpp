@@ -2,13 +2,23 @@
 
 #include "app/aboutdialog.h"
 #include "app/backupdialog.h"
-#include "app/busyguard.h"
+#include "app/buttonaction.h"
+#include "app/columnlayout.h"
 #include "app/helpdialog.h"
 #include "app/librarybackup.h"
 #include "app/libraryimport.h"
+#include "app/paintingpaused.h"
 #include "app/proceeddialog.h"
+#include "app/rowactions.h"
 #include "app/shownprogress.h"
+#include "app/songdrop.h"
+#include "app/songfilter.h"
+#include "app/songsearch.h"
+#include "app/sortmenu.h"
+#include "app/statussummary.h"
 #include "app/translation.h"
+#include "app/unreadablefilesdialog.h"
+#include "app/windowplace.h"
 #include "devindex/filecopier.h"
 #include "devindex/indexdialog.h"
 #include "devindex/mountedvolumes.h"
@@ -29,6 +39,7 @@
 #include <QCloseEvent>
 #include <QDirIterator>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QMenu>
 #include <QMessageBox>
@@ -40,21 +51,7 @@ namespace
 // The columns that follow their contents. The one left out holds the full path, which is hidden.
 constexpr int fittedColumns[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 10};
 
-/** Lets a view stand still while thousands of rows are added, and then shows them all at once. */
-class PaintingPaused
-{
-public:
-    explicit PaintingPaused(QWidget *view)
-        : m_view(view)
-    {
-        m_view->setUpdatesEnabled(false);
-    }
-    ~PaintingPaused() { m_view->setUpdatesEnabled(true); }
-    Q_DISABLE_COPY_MOVE(PaintingPaused)
-
-private:
-    QWidget *const m_view;
-};
+constexpr int messageMilliseconds = 8000;
 
 } // namespace
 
@@ -67,6 +64,8 @@ MainWindow::MainWindow(QWidget *parent)
     setWindowTitle(tr("Kavena PC"));
     applyBranding();
     showSettings();
+    addMenuActions();
+    windowplace::restore(*this, m_settings);
 
     if (!m_database.init()) {
         logDebug() << "Error initializing DB !!!";
@@ -81,6 +80,7 @@ MainWindow::MainWindow(QWidget *parent)
     initUserLibraryModel();
     adjustUserLibraryHeaders();
     view->installEventFilter(this);
+    addListComforts();
 }
 
 MainWindow::~MainWindow()
@@ -128,6 +128,50 @@ void MainWindow::disableActionButtons()
     ui->transferFilesToolButton->setEnabled(false);
 }
 
+void MainWindow::addMenuActions()
+{
+    new ButtonAction(ui->actionSelectSongs, ui->selectDirToolButton);
+    new ButtonAction(ui->actionSynchronise, ui->updateDataToolButton);
+    new ButtonAction(ui->actionTransfer, ui->transferFilesToolButton);
+    ui->selectDirToolButton->setFocus(); // what a user begins with
+}
+
+void MainWindow::addListComforts()
+{
+    QTableView *const view = ui->userLibraryTableView;
+    m_columns = new ColumnLayout(view, *m_model, m_settings);
+    m_columns->columnsWereFitted();
+    new SortMenu(ui->menuSort, view, m_columns);
+
+    ui->filterLineEdit->setEnabled(true);
+    ui->actionFindSong->setEnabled(true);
+    m_filter = new SongFilter(ui->filterLineEdit, view, *m_model, m_busy);
+    connect(ui->actionFindSong, &QAction::triggered, m_filter, &SongFilter::focusField);
+
+    m_summary = new StatusSummary(ui->statusBar, view, *m_model);
+    connect(m_filter, &SongFilter::applied, m_summary, &StatusSummary::refresh);
+    connect(m_summary, &StatusSummary::listRequested, this, &MainWindow::showUnreadableFiles);
+
+    const auto *const rows =
+        new RowActions(view, {ui->actionEditSong, ui->actionRemoveSong, ui->actionDeleteSongFile});
+    connect(rows, &RowActions::editRequested, this, &MainWindow::onSongsTableViewDoubleClicked);
+    connect(rows, &RowActions::removeRequested, this, [this](int row) {
+        if (m_busy)
+            return;
+        const BusyGuard busy(m_busy);
+        songEditor().removeFromList(row);
+    });
+    connect(rows, &RowActions::deleteRequested, this, [this](int row) {
+        if (m_busy)
+            return;
+        const BusyGuard busy(m_busy);
+        deleteRowsFile(row);
+    });
+
+    const auto *const drop = new SongDrop(this, m_busy);
+    connect(drop, &SongDrop::dropped, this, &MainWindow::importDropped);
+}
+
 bool MainWindow::hasLibrary() const
 {
     if (m_model == nullptr)
@@ -171,6 +215,8 @@ void MainWindow::changeEvent(QEvent *event)
         m_model->setHeaderLabels();
         adjustUserLibraryHeaders(); // the titles have other widths now
     }
+    if (m_summary != nullptr)
+        m_summary->refresh();
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
@@ -180,6 +226,11 @@ void MainWindow::closeEvent(QCloseEvent *event)
         return;
     }
     QMainWindow::closeEvent(event);
+    if (!event->isAccepted())
+        return;
+    windowplace::save(*this, m_settings);
+    if (m_columns != nullptr)
+        m_columns->save();
 }
 
 // ---------------------------------------------------------------- library table
@@ -197,6 +248,7 @@ void MainWindow::initUserLibraryModel()
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
     view->setSelectionMode(QAbstractItemView::SingleSelection);
     view->setShowGrid(true);
+    view->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     view->verticalHeader()->hide();
     view->setAlternatingRowColors(false);
     view->setModel(m_model);
@@ -210,6 +262,8 @@ void MainWindow::adjustUserLibraryHeaders()
 {
     for (const int column : fittedColumns)
         ui->userLibraryTableView->resizeColumnToContents(column);
+    if (m_columns != nullptr)
+        m_columns->columnsWereFitted();
 }
 
 // ---------------------------------------------------------------- import
@@ -220,12 +274,30 @@ void MainWindow::on_selectDirToolButton_clicked()
         return;
     const BusyGuard busy(m_busy);
     // Qt's own dialog: unlike some desktops' it takes *.mid for SONG.MID too.
-    const QStringList files =
-        QFileDialog::getOpenFileNames(this, tr("Seleziona i file da importare"), QString(),
-                                      QStringLiteral("Songs (*.mid *.kar *.mp3 *.mf3 *.mf4 *.mf5)"),
-                                      nullptr, QFileDialog::DontUseNativeDialog);
-    if (files.isEmpty())
+    const QStringList files = QFileDialog::getOpenFileNames(
+        this, tr("Seleziona i file da importare"), m_libraryFolder,
+        QStringLiteral("Songs (%1)").arg(songnames::patterns().join(QLatin1Char(' '))), nullptr,
+        QFileDialog::DontUseNativeDialog);
+    if (!files.isEmpty())
+        importFiles(files);
+}
+
+void MainWindow::importDropped(const QStringList &paths)
+{
+    if (m_busy || !hasLibrary())
         return;
+    const BusyGuard busy(m_busy);
+    const auto files = SongSearch(openProgress()).search(paths);
+    if (files && files->isEmpty())
+        ui->statusBar->showMessage(tr("Nessuna song trovata"), messageMilliseconds);
+    else if (files)
+        importFiles(*files);
+}
+
+/** Takes the files as the user's new choice and imports them. */
+void MainWindow::importFiles(const QStringList &files)
+{
+    m_libraryFolder = QFileInfo(files.first()).path();
     setSelectedFiles(files);
     disableActionButtons();
     importUserLibrary();
@@ -260,8 +332,12 @@ void MainWindow::importUserLibrary()
         const auto progress =
             openProgress()(tr("Lettura file"), tr("Importo la libreria..."), m_filesCount);
         const PaintingPaused paused(ui->userLibraryTableView);
-        counts = LibraryImport(*m_model, *progress).importFiles(m_selectedFiles);
+        LibraryImport import(*m_model, *progress);
+        counts = import.importFiles(m_selectedFiles);
+        m_summary->setUnreadableFiles(import.unreadableFiles());
     }
+    m_columns->sortAsChosen();
+    m_filter->apply();
     adjustUserLibraryHeaders();
 
     const bool synchronised = copyrightAsk() &&
@@ -341,7 +417,9 @@ bool MainWindow::updateUserLibrary()
     if (preview &&
         !ChangePreviewDialog::confirm(m_database, *m_model, copyrightAsk(), openProgress(), this))
         return false;
-    return synchronisation().run(copyrightAsk());
+    const bool finished = synchronisation().run(copyrightAsk());
+    adjustUserLibraryHeaders(); // the rows hold the catalogue's texts now
+    return finished;
 }
 
 bool MainWindow::updateFileWithDb(int row)
@@ -557,6 +635,14 @@ void MainWindow::on_actionAbout_QT_triggered()
         return;
     const BusyGuard busy(m_busy);
     QMessageBox::aboutQt(this);
+}
+
+void MainWindow::showUnreadableFiles()
+{
+    if (m_busy)
+        return;
+    const BusyGuard busy(m_busy);
+    UnreadableFilesDialog(m_summary->unreadableFiles(), this).exec();
 }
 
 template <typename Dialog>

@@ -1,6 +1,7 @@
 // The program's window: the user's songs as a table, and what can be done with them.
 #pragma once
 
+#include "app/busystate.h"
 #include "formats/metasong.h"
 #include "formats/songinfo.h"
 #include "library/database.h"
@@ -15,7 +16,10 @@
 #include <QStringList>
 #include <QTranslator>
 
+class ColumnLayout;
 class SongEditor;
+class SongFilter;
+class StatusSummary;
 class Synchronisation;
 class UserSongsRelTableModel;
 
@@ -145,6 +149,10 @@ private:
     void disableActionButtons();
     bool hasLibrary() const;
     bool copyrightAsk() const;
+    void addMenuActions();
+    void addListComforts();
+    void importFiles(const QStringList &files);
+    void importDropped(const QStringList &paths);
     bool askToProceed(int valid, int kravo, int bad);
     Synchronisation synchronisation();
     SongEditor songEditor();
@@ -154,8 +162,10 @@ private:
     void scrollToRow(int row);
     template <typename Dialog>
     void runDialog();
+    void showUnreadableFiles();
 
     const QScopedPointer<Ui::MainWindow> ui;
+    QString m_libraryFolder; ///< where songs were last chosen in this run
     Database m_database;
     UserSongsRelTableModel *m_model = nullptr; ///< null when the database could not be opened
     DataEditDialog m_dataEditDialog;
@@ -166,5 +176,10 @@ private:
     QStringList m_selectedFiles;
     int m_filesCount = 0;           ///< number of selected files
     Progress *m_progress = nullptr; ///< the progress that is on screen
-    bool m_busy = false;            ///< a workflow runs or a dialog is open
+    BusyState m_busy;               ///< while a workflow runs or a dialog is open
+
+    // What surrounds the list; null when the database could not be opened.
+    ColumnLayout *m_columns = nullptr;
+    SongFilter *m_filter = nullptr;
+    StatusSummary *m_summary = nullptr;
 };

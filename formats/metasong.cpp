@@ -87,6 +87,11 @@ bool isMp3Start(const QByteArray &start)
     return (first == 0xFF && second > mp3SyncLimit) || (first == 0 && second == 0);
 }
 
+bool mayBeMp3(const QString &path, const QByteArray &start)
+{
+    return path.toUpper().endsWith(QLatin1String("MP3")) && isMp3Start(start);
+}
+
 bool removeMf4TrackHead(QByteArray &midi)
 {
     const qsizetype track = midi.indexOf(trackMagic);
@@ -230,7 +235,7 @@ bool MetaSong::importFile(const QString &path)
         loaded = importMidi(file);
     else if (start.startsWith(mfxMagic))
         loaded = importMfx(file);
-    else if (path.toUpper().endsWith(QLatin1String("MP3")) && isMp3Start(start))
+    else if (mayBeMp3(path, start))
         loaded = importMp3(file);
 
     if (!loaded) {
@@ -239,6 +244,15 @@ bool MetaSong::importFile(const QString &path)
     }
     m_fileName = path;
     return true;
+}
+
+bool MetaSong::hasKnownFormat(const QString &path)
+{
+    QFile file(path);
+    if (!openRegularFile(file))
+        return false;
+    const QByteArray start = file.peek(magicSize);
+    return start == midiMagic || start.startsWith(mfxMagic) || mayBeMp3(path, start);
 }
 
 bool MetaSong::importMidi(QFile &file)

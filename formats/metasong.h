@@ -29,6 +29,12 @@ public:
      */
     bool importFile(const QString &path);
 
+    /**
+     * True for a file that begins as one of the formats does, whether or not importFile can load
+     * it; false as well when it cannot be opened.
+     */
+    static bool hasKnownFormat(const QString &path);
+
     /** Fills the record from the loaded song; what the song does not tell is empty or 0. */
     void getSongInfo(SongInfo &info) const;
 

@@ -14,4 +14,9 @@ inline const QString logClear = QStringLiteral("logclear");
 inline const QString copyrightAsk = QStringLiteral("copyrightAsk");
 inline const QString mediaRoot = QStringLiteral("mediaroot");
 inline const QString previewChanges = QStringLiteral("previewchanges");
+inline const QString windowPlace = QStringLiteral("windowplace");
+inline const QString windowMaximised = QStringLiteral("windowmaximised");
+inline const QString columnWidths = QStringLiteral("columnwidths"); ///< a group, one key a column
+inline const QString sortField = QStringLiteral("sortfield");
+inline const QString sortDescending = QStringLiteral("sortdescending");
 } // namespace settings

@@ -1,7 +1,10 @@
 #include "library/statusrowdelegate.h"
 
+#include <QAbstractItemView>
 #include <QBrush>
+#include <QHelpEvent>
 #include <QPalette>
+#include <QToolTip>
 
 StatusRowDelegate::StatusRowDelegate(int statusColumn, QObject *parent)
     : QStyledItemDelegate(parent)
@@ -19,4 +22,17 @@ void StatusRowDelegate::initStyleOption(QStyleOptionViewItem *option,
     option->backgroundBrush = qvariant_cast<QBrush>(colour);
     if (index.column() != m_statusColumn) // whose text is not meant to be read
         option->palette.setBrush(QPalette::Text, Qt::black);
+}
+
+bool StatusRowDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
+                                  const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    if (event->type() != QEvent::ToolTip ||
+        sizeHint(option, index).width() <= view->visualRect(index).width())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    // As plain text, a title with angle brackets could be taken for tags.
+    const QString text =
+        QStringLiteral("<span>%1</span>").arg(index.data().toString().toHtmlEscaped());
+    QToolTip::showText(event->globalPos(), text, view->viewport());
+    return true;
 }

@@ -16,6 +16,10 @@ public:
     /** Takes the number of the model's status column. */
     explicit StatusRowDelegate(int statusColumn, QObject *parent = nullptr);
 
+    /** A text that its cell is too narrow for is shown whole as the tool tip. */
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override;
+
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 

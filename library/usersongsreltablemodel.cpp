@@ -2,32 +2,17 @@
 
 #include <QCollator>
 #include <QCollatorSortKey>
-#include <QColor>
 #include <QSqlError>
 #include <QSqlRecord>
 #include <QStringList>
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 
 namespace
 {
 const int idColumn = 0;
-
-QColor rowColour(int status, int row)
-{
-    const bool isOdd = row % 2 != 0;
-    switch (status) {
-    case Database::StatusSynced:
-        return isOdd ? QColor(130, 255, 130) : QColor(100, 225, 100);
-    case Database::StatusEdited:
-        return isOdd ? QColor(255, 255, 130) : QColor(225, 225, 100);
-    case Database::StatusNotSynced:
-        return isOdd ? QColor(255, 130, 130) : QColor(225, 100, 100);
-    default:
-        return isOdd ? QColor(230, 230, 230) : QColor(200, 200, 200);
-    }
-}
 
 /** The way back from lengthText(), so that "100:00" is longer than "02:05". */
 qint64 secondsOf(const QString &lengthText)
@@ -228,6 +213,32 @@ QString UserSongsRelTableModel::shortName(int row)
     return index(row, m_shortname).data().toString();
 }
 
+bool UserSongsRelTableModel::rowContains(int row, const QString &text) const
+{
+    if (row < 0 || row >= rowCount())
+        return false;
+    const Row &values = m_rows[static_cast<size_t>(row)];
+    const int columns[] = {m_title, m_artist, m_genre, m_author, m_shortname};
+    return std::any_of(std::begin(columns), std::end(columns), [&](int column) {
+        return values.value(column).toString().contains(text, Qt::CaseInsensitive);
+    });
+}
+
+QColor UserSongsRelTableModel::statusColour(int status, int row)
+{
+    const bool isOdd = row % 2 != 0;
+    switch (status) {
+    case Database::StatusSynced:
+        return isOdd ? QColor(130, 255, 130) : QColor(100, 225, 100);
+    case Database::StatusEdited:
+        return isOdd ? QColor(255, 255, 130) : QColor(225, 225, 100);
+    case Database::StatusNotSynced:
+        return isOdd ? QColor(255, 130, 130) : QColor(225, 100, 100);
+    default:
+        return isOdd ? QColor(230, 230, 230) : QColor(200, 200, 200);
+    }
+}
+
 int UserSongsRelTableModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
@@ -244,9 +255,9 @@ QVariant UserSongsRelTableModel::data(const QModelIndex &index, int role) const
     case Qt::EditRole:
         return row.value(index.column());
     case Qt::BackgroundRole:
-        return rowColour(isStatus ? row.at(m_status).toInt() : Database::StatusNew, index.row());
+        return statusColour(isStatus ? row.at(m_status).toInt() : Database::StatusNew, index.row());
     case Qt::ForegroundRole:
-        return isStatus ? rowColour(row.at(m_status).toInt(), index.row()) : QVariant();
+        return isStatus ? statusColour(row.at(m_status).toInt(), index.row()) : QVariant();
     default:
         return QSqlRelationalTableModel::data(index, role);
     }

@@ -4,6 +4,7 @@
 #include "formats/songinfo.h"
 #include "library/database.h"
 
+#include <QColor>
 #include <QList>
 #include <QSqlQuery>
 #include <QSqlRelationalTableModel>
@@ -69,6 +70,15 @@ public:
 
     /** The row's file name without its folder; empty for a row that does not exist. */
     QString shortName(int row);
+
+    /**
+     * True when the row's title, artist, genre, author or file name without its folder holds the
+     * text, in whatever case.
+     */
+    bool rowContains(int row, const QString &text) const;
+
+    /** The background of a row of this Database::statusEnum; odd and even rows differ. */
+    static QColor statusColour(int status, int row);
 
     int colIdxFilename() const { return m_filename; }
     int colIdxStatus() const { return m_status; }

@@ -655,6 +655,58 @@ Do you want to copy all the same?</translation>
         <source>Il database della memoria non è stato aggiornato.</source>
         <translation>The memory&apos;s database was not updated.</translation>
     </message>
+    <message>
+        <source>&amp;Cerca:</source>
+        <translation>&amp;Search:</translation>
+    </message>
+    <message>
+        <source>Titolo, artista, genere, autore o nome file</source>
+        <translation>Title, artist, genre, author or file name</translation>
+    </message>
+    <message>
+        <source>Lista delle song</source>
+        <translation>List of songs</translation>
+    </message>
+    <message>
+        <source>&amp;Ordina per</source>
+        <translation>Sort &amp;by</translation>
+    </message>
+    <message>
+        <source>&amp;Seleziona song...</source>
+        <translation>&amp;Select songs...</translation>
+    </message>
+    <message>
+        <source>Si&amp;ncronizza song</source>
+        <translation>S&amp;ynchronize songs</translation>
+    </message>
+    <message>
+        <source>&amp;Trasferisci song...</source>
+        <translation>&amp;Transfer songs...</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica dati song...</source>
+        <translation>&amp;Edit song details...</translation>
+    </message>
+    <message>
+        <source>&amp;Rimuovi dalla lista</source>
+        <translation>&amp;Remove from list</translation>
+    </message>
+    <message>
+        <source>Cance&amp;lla file...</source>
+        <translation>&amp;Delete file...</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca song</source>
+        <translation>&amp;Find songs</translation>
+    </message>
+    <message>
+        <source>Nessuna song trovata</source>
+        <translation>No songs found</translation>
+    </message>
+    <message>
+        <source>Cerco le song nelle cartelle...</source>
+        <translation>Searching the folders for songs...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -806,6 +858,97 @@ Do you want to copy all the same?</translation>
     <message>
         <source>Memoria:</source>
         <translation>&amp;Memory:</translation>
+    </message>
+</context>
+<context>
+    <name>SortMenu</name>
+    <message>
+        <source>Ordine di importazione</source>
+        <translation>Order of import</translation>
+    </message>
+</context>
+<context>
+    <name>StatusSummary</name>
+    <message numerus="yes">
+        <source>%n song</source>
+        <translation>
+            <numerusform>%n song</numerusform>
+            <numerusform>%n songs</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>mostrate: %1</source>
+        <translation>shown: %1</translation>
+    </message>
+    <message>
+        <source>nuove: %1</source>
+        <translation>new: %1</translation>
+    </message>
+    <message>
+        <source>sincronizzate: %1</source>
+        <translation>synchronized: %1</translation>
+    </message>
+    <message>
+        <source>modificate: %1</source>
+        <translation>edited: %1</translation>
+    </message>
+    <message>
+        <source>non sincronizzate: %1</source>
+        <translation>not synchronized: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file non leggibili...</source>
+        <translation>
+            <numerusform>%n unreadable file...</numerusform>
+            <numerusform>%n unreadable files...</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>UnreadableFilesDialog</name>
+    <message>
+        <source>File non leggibili</source>
+        <translation>Unreadable files</translation>
+    </message>
+    <message>
+        <source>Questi file non sono stati inseriti &amp;nella lista:</source>
+        <translation>These files were &amp;not added to the list:</translation>
+    </message>
+    <message>
+        <source>Nome file</source>
+        <translation>File name</translation>
+    </message>
+    <message>
+        <source>Motivo</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>&amp;Chiudi</source>
+        <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>Il file non esiste</source>
+        <translation>The file does not exist</translation>
+    </message>
+    <message>
+        <source>Non è un file normale</source>
+        <translation>Not a regular file</translation>
+    </message>
+    <message>
+        <source>Il file non può essere aperto</source>
+        <translation>The file cannot be opened</translation>
+    </message>
+    <message>
+        <source>Il file è vuoto</source>
+        <translation>The file is empty</translation>
+    </message>
+    <message>
+        <source>Formato non riconosciuto</source>
+        <translation>Format not recognized</translation>
+    </message>
+    <message>
+        <source>Il file è danneggiato</source>
+        <translation>The file is damaged</translation>
     </message>
 </context>
 <context>

@@ -655,6 +655,58 @@ Si vuole procedere comunque con la copia?</translation>
         <source>Il database della memoria non è stato aggiornato.</source>
         <translation>Il database della memoria non è stato aggiornato.</translation>
     </message>
+    <message>
+        <source>&amp;Cerca:</source>
+        <translation>&amp;Cerca:</translation>
+    </message>
+    <message>
+        <source>Titolo, artista, genere, autore o nome file</source>
+        <translation>Titolo, artista, genere, autore o nome file</translation>
+    </message>
+    <message>
+        <source>Lista delle song</source>
+        <translation>Lista delle song</translation>
+    </message>
+    <message>
+        <source>&amp;Ordina per</source>
+        <translation>&amp;Ordina per</translation>
+    </message>
+    <message>
+        <source>&amp;Seleziona song...</source>
+        <translation>&amp;Seleziona song...</translation>
+    </message>
+    <message>
+        <source>Si&amp;ncronizza song</source>
+        <translation>Si&amp;ncronizza song</translation>
+    </message>
+    <message>
+        <source>&amp;Trasferisci song...</source>
+        <translation>&amp;Trasferisci song...</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica dati song...</source>
+        <translation>&amp;Modifica dati song...</translation>
+    </message>
+    <message>
+        <source>&amp;Rimuovi dalla lista</source>
+        <translation>&amp;Rimuovi dalla lista</translation>
+    </message>
+    <message>
+        <source>Cance&amp;lla file...</source>
+        <translation>Cance&amp;lla file...</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca song</source>
+        <translation>&amp;Cerca song</translation>
+    </message>
+    <message>
+        <source>Nessuna song trovata</source>
+        <translation>Nessuna song trovata</translation>
+    </message>
+    <message>
+        <source>Cerco le song nelle cartelle...</source>
+        <translation>Cerco le song nelle cartelle...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -806,6 +858,97 @@ Si vuole procedere comunque con la copia?</translation>
     <message>
         <source>Memoria:</source>
         <translation>&amp;Memoria:</translation>
+    </message>
+</context>
+<context>
+    <name>SortMenu</name>
+    <message>
+        <source>Ordine di importazione</source>
+        <translation>Ordine di importazione</translation>
+    </message>
+</context>
+<context>
+    <name>StatusSummary</name>
+    <message numerus="yes">
+        <source>%n song</source>
+        <translation>
+            <numerusform>%n song</numerusform>
+            <numerusform>%n song</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>mostrate: %1</source>
+        <translation>mostrate: %1</translation>
+    </message>
+    <message>
+        <source>nuove: %1</source>
+        <translation>nuove: %1</translation>
+    </message>
+    <message>
+        <source>sincronizzate: %1</source>
+        <translation>sincronizzate: %1</translation>
+    </message>
+    <message>
+        <source>modificate: %1</source>
+        <translation>modificate: %1</translation>
+    </message>
+    <message>
+        <source>non sincronizzate: %1</source>
+        <translation>non sincronizzate: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file non leggibili...</source>
+        <translation>
+            <numerusform>%n file non leggibile...</numerusform>
+            <numerusform>%n file non leggibili...</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>UnreadableFilesDialog</name>
+    <message>
+        <source>File non leggibili</source>
+        <translation>File non leggibili</translation>
+    </message>
+    <message>
+        <source>Questi file non sono stati inseriti &amp;nella lista:</source>
+        <translation>Questi file non sono stati inseriti &amp;nella lista:</translation>
+    </message>
+    <message>
+        <source>Nome file</source>
+        <translation>Nome file</translation>
+    </message>
+    <message>
+        <source>Motivo</source>
+        <translation>Motivo</translation>
+    </message>
+    <message>
+        <source>&amp;Chiudi</source>
+        <translation>&amp;Chiudi</translation>
+    </message>
+    <message>
+        <source>Il file non esiste</source>
+        <translation>Il file non esiste</translation>
+    </message>
+    <message>
+        <source>Non è un file normale</source>
+        <translation>Non è un file normale</translation>
+    </message>
+    <message>
+        <source>Il file non può essere aperto</source>
+        <translation>Il file non può essere aperto</translation>
+    </message>
+    <message>
+        <source>Il file è vuoto</source>
+        <translation>Il file è vuoto</translation>
+    </message>
+    <message>
+        <source>Formato non riconosciuto</source>
+        <translation>Formato non riconosciuto</translation>
+    </message>
+    <message>
+        <source>Il file è danneggiato</source>
+        <translation>Il file è danneggiato</translation>
     </message>
 </context>
 <context>

@@ -655,6 +655,58 @@ Trotzdem kopieren?</translation>
         <source>Il database della memoria non è stato aggiornato.</source>
         <translation>Die Datenbank des Speichers wurde nicht aktualisiert.</translation>
     </message>
+    <message>
+        <source>&amp;Cerca:</source>
+        <translation>S&amp;uchen:</translation>
+    </message>
+    <message>
+        <source>Titolo, artista, genere, autore o nome file</source>
+        <translation>Titel, Interpret, Musikrichtung, Autor oder Dateiname</translation>
+    </message>
+    <message>
+        <source>Lista delle song</source>
+        <translation>Liste der Songs</translation>
+    </message>
+    <message>
+        <source>&amp;Ordina per</source>
+        <translation>S&amp;ortieren nach</translation>
+    </message>
+    <message>
+        <source>&amp;Seleziona song...</source>
+        <translation>Songs &amp;auswählen...</translation>
+    </message>
+    <message>
+        <source>Si&amp;ncronizza song</source>
+        <translation>Songs &amp;synchronisieren</translation>
+    </message>
+    <message>
+        <source>&amp;Trasferisci song...</source>
+        <translation>Songs über&amp;tragen...</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica dati song...</source>
+        <translation>Songdaten b&amp;earbeiten...</translation>
+    </message>
+    <message>
+        <source>&amp;Rimuovi dalla lista</source>
+        <translation>Aus der &amp;Liste entfernen</translation>
+    </message>
+    <message>
+        <source>Cance&amp;lla file...</source>
+        <translation>&amp;Datei löschen...</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca song</source>
+        <translation>Songs su&amp;chen</translation>
+    </message>
+    <message>
+        <source>Nessuna song trovata</source>
+        <translation>Keine Songs gefunden</translation>
+    </message>
+    <message>
+        <source>Cerco le song nelle cartelle...</source>
+        <translation>Songs werden in den Ordnern gesucht...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -806,6 +858,97 @@ Trotzdem kopieren?</translation>
     <message>
         <source>Memoria:</source>
         <translation>S&amp;peicher:</translation>
+    </message>
+</context>
+<context>
+    <name>SortMenu</name>
+    <message>
+        <source>Ordine di importazione</source>
+        <translation>Reihenfolge des Imports</translation>
+    </message>
+</context>
+<context>
+    <name>StatusSummary</name>
+    <message numerus="yes">
+        <source>%n song</source>
+        <translation>
+            <numerusform>%n Song</numerusform>
+            <numerusform>%n Songs</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>mostrate: %1</source>
+        <translation>angezeigt: %1</translation>
+    </message>
+    <message>
+        <source>nuove: %1</source>
+        <translation>neu: %1</translation>
+    </message>
+    <message>
+        <source>sincronizzate: %1</source>
+        <translation>synchronisiert: %1</translation>
+    </message>
+    <message>
+        <source>modificate: %1</source>
+        <translation>bearbeitet: %1</translation>
+    </message>
+    <message>
+        <source>non sincronizzate: %1</source>
+        <translation>nicht synchronisiert: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file non leggibili...</source>
+        <translation>
+            <numerusform>%n Datei nicht lesbar...</numerusform>
+            <numerusform>%n Dateien nicht lesbar...</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>UnreadableFilesDialog</name>
+    <message>
+        <source>File non leggibili</source>
+        <translation>Nicht lesbare Dateien</translation>
+    </message>
+    <message>
+        <source>Questi file non sono stati inseriti &amp;nella lista:</source>
+        <translation>Diese Dateien wurden &amp;nicht in die Liste aufgenommen:</translation>
+    </message>
+    <message>
+        <source>Nome file</source>
+        <translation>Dateiname</translation>
+    </message>
+    <message>
+        <source>Motivo</source>
+        <translation>Grund</translation>
+    </message>
+    <message>
+        <source>&amp;Chiudi</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>Il file non esiste</source>
+        <translation>Die Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>Non è un file normale</source>
+        <translation>Keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>Il file non può essere aperto</source>
+        <translation>Die Datei lässt sich nicht öffnen</translation>
+    </message>
+    <message>
+        <source>Il file è vuoto</source>
+        <translation>Die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>Formato non riconosciuto</source>
+        <translation>Format nicht erkannt</translation>
+    </message>
+    <message>
+        <source>Il file è danneggiato</source>
+        <translation>Die Datei ist beschädigt</translation>
     </message>
 </context>
 <context>

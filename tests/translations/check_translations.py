@@ -154,7 +154,8 @@ PLANTED = {
         ("resources/translations/quorvane_en.ts", "<translation>Support:", "<translation>",
          "has no translation"),
     "a lost place-holder":
-        ("resources/translations/quorvane_de.ts", "%1 von %2", "%1 von",
+        ("resources/translations/quorvane_de.ts", "<translation>%1 von %2<",
+         "<translation>%1 von<",
          'has other place-holders in "%1 von"'),
     "lost mark-up":
         ("resources/translations/quorvane_de.ts", "%2&lt;br/&gt;</translation>",

@@ -1,0 +1,108 @@
+#include "app/songdrop.h"
+
+#include "app/busystate.h"
+#include "app/songsearch.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QFileOpenEvent>
+#include <QMimeData>
+#include <QUrl>
+#include <QWidget>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int openEventsMilliseconds = 150;
+
+QStringList localPaths(const QMimeData *data)
+{
+    QStringList paths;
+    for (const QUrl &url : data->urls()) {
+        if (url.isLocalFile())
+            paths << url.toLocalFile();
+    }
+    return paths;
+}
+
+bool mayHoldSongs(const QStringList &paths)
+{
+    return std::any_of(paths.cbegin(), paths.cend(), [](const QString &path) {
+        return songnames::isSongName(path) || QFileInfo(path).isDir();
+    });
+}
+
+} // namespace
+
+SongDrop::SongDrop(QWidget *window, const BusyState &busy)
+    : QObject(window)
+    , m_window(window)
+    , m_busy(busy)
+{
+    m_sending.setSingleShot(true);
+    connect(&m_sending, &QTimer::timeout, this, &SongDrop::send);
+    m_window->setAcceptDrops(true);
+    m_window->installEventFilter(this);
+    qApp->installEventFilter(this); // which gets the events of the program's icon
+}
+
+bool SongDrop::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_window)
+        return filterWindow(event) || QObject::eventFilter(watched, event);
+    if (event->type() != QEvent::FileOpen || watched != qApp)
+        return QObject::eventFilter(watched, event);
+    const QString path = static_cast<const QFileOpenEvent *>(event)->file();
+    if (!m_busy && !path.isEmpty())
+        collect({path}, openEventsMilliseconds);
+    return true;
+}
+
+bool SongDrop::filterWindow(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::DragEnter: {
+        auto *const enter = static_cast<QDropEvent *>(event);
+        m_takesDrag = mayHoldSongs(localPaths(enter->mimeData()));
+        answer(enter, m_takesDrag && !m_busy);
+        return true;
+    }
+    case QEvent::DragMove:
+        answer(static_cast<QDropEvent *>(event), m_takesDrag && !m_busy);
+        return true;
+    case QEvent::Drop: {
+        auto *const drop = static_cast<QDropEvent *>(event);
+        const QStringList paths = localPaths(drop->mimeData());
+        const bool accepted = !m_busy && mayHoldSongs(paths);
+        answer(drop, accepted);
+        if (accepted)
+            collect(paths, 0);
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+void SongDrop::answer(QDropEvent *event, bool accepted) const
+{
+    event->setDropAction(accepted ? Qt::CopyAction : Qt::IgnoreAction);
+    event->setAccepted(accepted);
+}
+
+void SongDrop::collect(const QStringList &paths, int waitMilliseconds)
+{
+    m_collected << paths;
+    m_sending.start(waitMilliseconds);
+}
+
+void SongDrop::send()
+{
+    const QStringList paths = m_collected;
+    m_collected.clear();
+    if (!m_busy && mayHoldSongs(paths))
+        emit dropped(paths);
+}

@@ -1,0 +1,41 @@
+// Files and folders that are dropped on the window, or that the desktop asks the program to open.
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+
+class BusyState;
+class QDropEvent;
+
+/**
+ * Takes what holds a folder or a file named like a song, and nothing while a workflow runs. The
+ * files stay where they are: every drop is a copy. macOS sends an event of its own for each file
+ * that is dropped on the program's icon; what comes within a moment counts as one drop.
+ */
+class SongDrop : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** The window owns the object. */
+    SongDrop(QWidget *window, const BusyState &busy);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+signals:
+    /** Sent when the drop is over, so that the desktop does not wait for what follows. */
+    void dropped(const QStringList &paths);
+
+private:
+    bool filterWindow(QEvent *event);
+    void answer(QDropEvent *event, bool accepted) const;
+    void collect(const QStringList &paths, int waitMilliseconds);
+    void send();
+
+    QWidget *const m_window;
+    const BusyState &m_busy;
+    bool m_takesDrag = false; ///< what is being dragged over the window may be dropped
+    QStringList m_collected;
+    QTimer m_sending;
+};

@@ -1,0 +1,54 @@
+// The field above the list that narrows it to the songs that hold a text.
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+
+class BusyState;
+class QLineEdit;
+class QTableView;
+class UserSongsRelTableModel;
+
+/**
+ * Hides rows in the view, nothing else: the model and its row numbers know nothing of it. A row
+ * that is hidden is no longer chosen. Rows that come or change are looked at as soon as no workflow
+ * runs any more: going through all rows after each of thousands of songs would take longer than the
+ * songs do.
+ */
+class SongFilter : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** The view shows the model already; it owns the object. */
+    SongFilter(QLineEdit *field, QTableView *view, const UserSongsRelTableModel &model,
+               const BusyState &busy);
+
+    /** Shows the rows that hold the field's text, and all of them when it is empty. */
+    void apply();
+
+    /** Puts the cursor into the field and selects what is in it. */
+    void focusField();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+signals:
+    /** What is shown may have changed. */
+    void applied();
+
+private:
+    void applyLater();
+    void applyUnlessBusy();
+    void leaveHiddenRow();
+    bool fieldKey(int key);
+    int nearestShownRow(int row) const;
+    void focusList();
+
+    QLineEdit *const m_field;
+    QTableView *const m_view;
+    const UserSongsRelTableModel &m_model;
+    const BusyState &m_busy;
+    QTimer m_later;
+    bool m_stale = false;     ///< rows have changed since they were looked at
+    bool m_hidesRows = false; ///< some row may be hidden
+};

@@ -1,0 +1,50 @@
+// Finds the song files among files and folders that the user dropped.
+#pragma once
+
+#include "library/progress.h"
+
+#include <QElapsedTimer>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+/** The names that song files have. */
+namespace songnames
+{
+/** "*.mid" and so on. */
+QStringList patterns();
+
+/** True when the name, or path, ends in a song's extension, in whatever case. */
+bool isSongName(const QString &name);
+} // namespace songnames
+
+/**
+ * Files are taken as they are, whatever their names; the import tells which of them are no songs.
+ * Of folders, the files with a song's extension are taken, from all folders in it too. The
+ * interface stays alive; a search that takes long shows a progress, by which the user can stop it.
+ */
+class SongSearch
+{
+public:
+    explicit SongSearch(OpenProgress openProgress);
+
+    /**
+     * The absolute paths of the songs, each once, in the order given; a folder's own folders come
+     * first, each sorted by name. A folder that links lead back into is not entered again. Nothing
+     * when the user stopped the search.
+     */
+    std::optional<QStringList> search(const QStringList &paths);
+
+private:
+    bool searchFolder(const QString &folder);
+    bool goOn();
+
+    OpenProgress m_openProgress;
+    std::unique_ptr<Progress> m_progress; ///< once the search takes long
+    QElapsedTimer m_running;
+    QSet<QString> m_searched; ///< canonical paths of folders
+    QStringList m_found;
+};

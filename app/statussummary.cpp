@@ -1,0 +1,103 @@
+#include "app/statussummary.h"
+
+#include "library/usersongsreltablemodel.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTableView>
+
+#include <array>
+
+namespace
+{
+
+constexpr int pauseMilliseconds = 150;
+
+struct Counts {
+    int shown = 0;
+    std::array<int, Database::StatusNotSynced + 1> byStatus{};
+};
+
+Counts count(const QTableView &view, const UserSongsRelTableModel &model)
+{
+    Counts counts;
+    const int statusColumn = model.colIdxStatus();
+    const int rows = model.rowCount();
+    for (int row = 0; row < rows; ++row) {
+        counts.shown += view.isRowHidden(row) ? 0 : 1;
+        const int status = model.index(row, statusColumn).data().toInt();
+        const bool known = status > Database::StatusNew && status <= Database::StatusNotSynced;
+        ++counts.byStatus[static_cast<size_t>(known ? status : Database::StatusNew)];
+    }
+    return counts;
+}
+
+/** A small square in the colour of the rows, and the text. */
+QString coloured(Database::statusEnum status, const QString &text)
+{
+    return QStringLiteral("<span style=\"background-color:%1\">&nbsp;&nbsp;&nbsp;</span>&nbsp;%2")
+        .arg(UserSongsRelTableModel::statusColour(status, 0).name(), text);
+}
+
+} // namespace
+
+StatusSummary::StatusSummary(QStatusBar *bar, const QTableView *view,
+                             const UserSongsRelTableModel &model)
+    : QObject(bar)
+    , m_view(view)
+    , m_model(model)
+    , m_label(new QLabel(bar))
+    , m_unreadableButton(new QPushButton(bar))
+{
+    m_label->setObjectName(QStringLiteral("summaryLabel"));
+    m_label->setTextFormat(Qt::RichText);
+    m_label->setIndent(8);
+    m_unreadableButton->setObjectName(QStringLiteral("unreadablePushButton"));
+    m_unreadableButton->hide();
+    bar->addWidget(m_label);
+    bar->addPermanentWidget(m_unreadableButton);
+    connect(m_unreadableButton, &QPushButton::clicked, this, &StatusSummary::listRequested);
+
+    m_later.setSingleShot(true);
+    m_later.setInterval(pauseMilliseconds);
+    connect(&m_later, &QTimer::timeout, this, &StatusSummary::refresh);
+    connect(&m_model, &QAbstractItemModel::rowsInserted, this, &StatusSummary::refreshLater);
+    connect(&m_model, &QAbstractItemModel::rowsRemoved, this, &StatusSummary::refreshLater);
+    connect(&m_model, &QAbstractItemModel::dataChanged, this, &StatusSummary::refreshLater);
+    connect(&m_model, &QAbstractItemModel::modelReset, this, &StatusSummary::refreshLater);
+    refresh();
+}
+
+void StatusSummary::setUnreadableFiles(const QList<UnreadableFile> &files)
+{
+    m_unreadable = files;
+    refresh();
+}
+
+void StatusSummary::refreshLater()
+{
+    if (!m_later.isActive())
+        m_later.start();
+}
+
+void StatusSummary::refresh()
+{
+    const Counts counts = count(*m_view, m_model);
+    const int songs = m_model.rowCount();
+    QStringList texts{tr("%n song", nullptr, songs)};
+    if (counts.shown < songs)
+        texts << tr("mostrate: %1").arg(counts.shown);
+    const auto add = [&](Database::statusEnum status, const QString &text) {
+        texts << coloured(status, text.arg(counts.byStatus[status]));
+    };
+    add(Database::StatusNew, tr("nuove: %1"));
+    add(Database::StatusSynced, tr("sincronizzate: %1"));
+    add(Database::StatusEdited, tr("modificate: %1"));
+    add(Database::StatusNotSynced, tr("non sincronizzate: %1"));
+    m_label->setText(texts.join(QStringLiteral("&nbsp;&nbsp;&nbsp; ")));
+
+    m_unreadableButton->setText(
+        tr("%n file non leggibili...", nullptr, static_cast<int>(m_unreadable.size())));
+    m_unreadableButton->setVisible(!m_unreadable.isEmpty());
+}

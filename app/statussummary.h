@@ -1,0 +1,49 @@
+// The numbers in the status bar: what is in the list, and what the last import could not read.
+#pragma once
+
+#include "app/unreadablefile.h"
+
+#include <QList>
+#include <QObject>
+#include <QTimer>
+
+class QLabel;
+class QPushButton;
+class QStatusBar;
+class QTableView;
+class UserSongsRelTableModel;
+
+/**
+ * Counts the songs by status some time after they changed, and not more than a few times a second:
+ * adding thousands of songs must not become slower. Each number stands beside the colour that its
+ * rows have. A button tells how many files were not read and opens their list.
+ */
+class StatusSummary : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** The view shows the model already; the status bar owns the object. */
+    StatusSummary(QStatusBar *bar, const QTableView *view, const UserSongsRelTableModel &model);
+
+    /** Keeps the files for the list; the button hides when there are none. */
+    void setUnreadableFiles(const QList<UnreadableFile> &files);
+    const QList<UnreadableFile> &unreadableFiles() const { return m_unreadable; }
+
+    /** Counts anew and writes the texts, in the present language. */
+    void refresh();
+
+signals:
+    /** The user wants to see which files could not be read. */
+    void listRequested();
+
+private:
+    void refreshLater();
+
+    const QTableView *const m_view;
+    const UserSongsRelTableModel &m_model;
+    QLabel *const m_label;
+    QPushButton *const m_unreadableButton;
+    QList<UnreadableFile> m_unreadable;
+    QTimer m_later;
+};

@@ -1,0 +1,21 @@
+// A file that the import could not read, and why.
+#pragma once
+
+#include <QString>
+
+struct UnreadableFile {
+    enum class Reason {
+        Missing,       ///< gone, or never there
+        NoFile,        ///< a folder or a device
+        Locked,        ///< may not be read
+        Empty,         ///< holds not one byte
+        UnknownFormat, ///< does not begin as a song does
+        Damaged        ///< begins as a song does, but cannot be read as one
+    };
+
+    QString path;
+    Reason reason = Reason::Missing;
+
+    /** Looks for the reason why the file at the path could not be imported. */
+    static UnreadableFile examine(const QString &path);
+};

@@ -1,0 +1,472 @@
+// Songs that are dropped on the window, or that the desktop asks the program to open.
+#include "app/songdrop.h"
+#include "app/songsearch.h"
+#include "support/ownfolders.h"
+#include "support/songfolder.h"
+#include "support/userdriver.h"
+#include "support/windowundertest.h"
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QFileOpenEvent>
+#include <QMimeData>
+#include <QProgressDialog>
+#include <QStatusBar>
+
+namespace
+{
+
+QString s(const char *text)
+{
+    return QString::fromUtf8(text);
+}
+
+/** What a file manager sends while the user drags these files and folders. */
+class Dragged
+{
+public:
+    explicit Dragged(const QStringList &paths)
+    {
+        QList<QUrl> urls;
+        for (const QString &path : paths)
+            urls << QUrl::fromLocalFile(path);
+        data.setUrls(urls);
+    }
+
+    bool enters(QWidget &window) const
+    {
+        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction | Qt::MoveAction, &data,
+                              Qt::LeftButton, {});
+        enter.ignore();
+        QCoreApplication::sendEvent(&window, &enter);
+        return enter.isAccepted();
+    }
+
+    bool moves(QWidget &window) const
+    {
+        QDragMoveEvent move(QPoint(60, 60), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                            {});
+        move.ignore();
+        QCoreApplication::sendEvent(&window, &move);
+        return move.isAccepted();
+    }
+
+    /** True when the drop was taken, and as a copy: the files must not be moved away. */
+    bool drops(QWidget &window) const
+    {
+        QDropEvent drop(QPointF(60, 60), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                        {});
+        drop.setDropAction(Qt::MoveAction);
+        drop.ignore();
+        QCoreApplication::sendEvent(&window, &drop);
+        return drop.isAccepted() && drop.dropAction() == Qt::CopyAction;
+    }
+
+    /** The whole way of the mouse. */
+    bool isDroppedOn(QWidget &window) const
+    {
+        return enters(window) && moves(window) && drops(window);
+    }
+
+    QMimeData data;
+};
+
+void letTheDesktopOpen(const QStringList &paths)
+{
+    for (const QString &path : paths) {
+        QFileOpenEvent open(path);
+        QCoreApplication::sendEvent(qApp, &open);
+    }
+}
+
+/** A progress that nobody stops. */
+OpenProgress noProgress()
+{
+    return [](const QString &, const QString &, int) { return std::unique_ptr<Progress>(); };
+}
+
+QStringList found(const QStringList &paths)
+{
+    return SongSearch(noProgress()).search(paths).value_or(QStringList{s("stopped")});
+}
+
+} // namespace
+
+class TestSongDrop : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        OwnSettings::clear();
+        m_work.reset(new OwnWorkingFolder);
+    }
+    void cleanup() { m_work.reset(); }
+
+    void droppedFilesAreImported();
+    void droppedFilesReplaceTheList();
+    void droppedFolderIsSearched();
+    void dropIsImportedAfterItsEvent();
+    void fieldLetsDropsThrough();
+    void foreignFilesAreRefused_data();
+    void foreignFilesAreRefused();
+    void foreignFileAmongSongsIsToldAsUnreadable();
+    void folderWithoutSongsChangesNothing();
+    void dropDuringAWorkflowIsRefused();
+    void dropBeforeAWorkflowIsNotImportedDuringIt();
+    void failedDatabaseRefusesDrops();
+
+    void filesThatTheDesktopOpensAreImported();
+    void otherFilesOfTheDesktopAreIgnored();
+    void desktopCannotInterruptAWorkflow();
+
+    void dialogOpensInTheLastFolder();
+
+    void extensionsAreKnownInEitherCase_data();
+    void extensionsAreKnownInEitherCase();
+    void foldersComeFirstAndSorted();
+    void searchEndsInLinkedFolders();
+    void songDroppedTwiceIsImportedOnce();
+    void searchThatTakesLongCanBeStopped();
+
+private:
+    QScopedPointer<OwnWorkingFolder> m_work;
+};
+
+void TestSongDrop::droppedFilesAreImported()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    const Dragged dragged({songs.midi(s("b.mid"), "B"), songs.mp3(s("A.MP3"), "A")});
+    QVERIFY(dragged.isDroppedOn(window));
+    QTRY_COMPARE(window.shownNames(), (QStringList{s("b.mid"), s("A.MP3")}));
+    QVERIFY(window.updateButton()->isEnabled());
+    QVERIFY(window.transferButton()->isEnabled());
+    int copied = 0;
+    QVERIFY(window.copyFiles(m_work->path(), copied)); // they are what a transfer copies
+    QCOMPARE(copied, 2);
+}
+
+void TestSongDrop::droppedFilesReplaceTheList()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    window.setSelectedFiles({songs.midi(s("old.mid"), "Old")});
+    window.importUserLibrary();
+    QVERIFY(Dragged({songs.midi(s("new.mid"), "New")}).isDroppedOn(window));
+    QTRY_COMPARE(window.shownNames(), QStringList{s("new.mid")});
+}
+
+void TestSongDrop::droppedFolderIsSearched()
+{
+    const SongFolder songs;
+    QVERIFY(QDir(songs.path()).mkpath(s("Pop/1970")));
+    songs.midi(s("Pop/1970/x.KAR"), "X");
+    songs.midi(s("Pop/y.mid"), "Y");
+    songs.bad(s("Pop/cover.jpg"));
+    WindowUnderTest window;
+    QVERIFY(Dragged({songs.path()}).isDroppedOn(window));
+    QTRY_COMPARE(window.shownNames(), (QStringList{s("x.KAR"), s("y.mid")}));
+    QVERIFY(!window.child<QWidget>("unreadablePushButton")->isVisible());
+}
+
+void TestSongDrop::dropIsImportedAfterItsEvent()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    QVERIFY(Dragged({songs.midi(s("a.mid"), "A")}).isDroppedOn(window));
+    QCOMPARE(window.model()->goodRowCount(), 0); // the file manager still waits here
+    QTRY_COMPARE(window.model()->goodRowCount(), 1);
+}
+
+void TestSongDrop::fieldLetsDropsThrough()
+{
+    const WindowUnderTest window;
+    QVERIFY(!window.child<QLineEdit>("filterLineEdit")->acceptDrops());
+    QVERIFY(window.acceptDrops());
+}
+
+void TestSongDrop::foreignFilesAreRefused_data()
+{
+    QTest::addColumn<QList<QUrl>>("urls");
+    QTest::newRow("a text") << QList<QUrl>{QUrl::fromLocalFile(s("/tmp/readme.txt"))};
+    QTest::newRow("a page") << QList<QUrl>{QUrl(s("https://example.org/song.mid"))};
+    QTest::newRow("nothing") << QList<QUrl>();
+}
+
+void TestSongDrop::foreignFilesAreRefused()
+{
+    QFETCH(QList<QUrl>, urls);
+    const SongFolder songs;
+    WindowUnderTest window;
+    window.setSelectedFiles({songs.midi(s("old.mid"), "Old")});
+    window.importUserLibrary();
+    Dragged dragged({});
+    dragged.data.setUrls(urls);
+    dragged.data.setText(s("/tmp/song.mid"));
+    QVERIFY(!dragged.enters(window));
+    QVERIFY(!dragged.moves(window));
+    QVERIFY(!dragged.drops(window));
+    QTest::qWait(50);
+    QCOMPARE(window.shownNames(), QStringList{s("old.mid")});
+}
+
+void TestSongDrop::foreignFileAmongSongsIsToldAsUnreadable()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    QVERIFY(Dragged({songs.bad(s("readme.txt")), songs.midi(s("a.mid"), "A")}).isDroppedOn(window));
+    QTRY_COMPARE(window.shownNames(), QStringList{s("a.mid")});
+    QVERIFY(window.child<QWidget>("unreadablePushButton")->isVisible());
+}
+
+void TestSongDrop::folderWithoutSongsChangesNothing()
+{
+    const SongFolder songs;
+    QVERIFY(QDir(songs.path()).mkdir(s("empty")));
+    WindowUnderTest window;
+    window.setSelectedFiles({songs.midi(s("old.mid"), "Old")});
+    window.importUserLibrary();
+    QVERIFY(Dragged({songs.filePath(s("empty"))}).isDroppedOn(window));
+    QTRY_COMPARE(window.child<QStatusBar>("statusBar")->currentMessage(),
+                 s("Nessuna song trovata"));
+    QCOMPARE(window.shownNames(), QStringList{s("old.mid")});
+    QVERIFY(window.updateButton()->isEnabled());
+}
+
+void TestSongDrop::dropDuringAWorkflowIsRefused()
+{
+    const SongFolder songs;
+    QStringList files;
+    for (int i = 0; i < 500; ++i)
+        files << songs.midi(s("%1.mid").arg(i), "A");
+    WindowUnderTest window;
+    window.setSelectedFiles(files);
+    const Dragged dragged({songs.midi(s("late.mid"), "Late")});
+    int tries = 0;
+    int taken = 0;
+    ModalAnswers user;
+    user.add([&](QWidget *modal) {
+        if (qobject_cast<QProgressDialog *>(modal) == nullptr)
+            return false;
+        ++tries;
+        taken += dragged.enters(window) || dragged.moves(window) || dragged.drops(window) ? 1 : 0;
+        return true;
+    });
+    window.importUserLibrary();
+    QVERIFY(tries > 0);
+    QCOMPARE(taken, 0);
+    QTest::qWait(50);
+    QCOMPARE(window.model()->goodRowCount(), 500);
+    QVERIFY(dragged.isDroppedOn(window)); // afterwards it is welcome
+    QTRY_COMPARE(window.model()->goodRowCount(), 1);
+}
+
+void TestSongDrop::dropBeforeAWorkflowIsNotImportedDuringIt()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    ModalAnswers user;
+    bool asked = false;
+    user.add([&](QWidget *modal) {
+        if (asked)
+            return modal->close();
+        asked = true;
+        QTest::qWait(50); // the drop's turn comes now
+        return modal->close();
+    });
+    QVERIFY(Dragged({songs.midi(s("a.mid"), "A")}).isDroppedOn(window));
+    window.action("actionAbout")->trigger();
+    QVERIFY(asked);
+    QTest::qWait(50);
+    QCOMPARE(window.model()->goodRowCount(), 0);
+}
+
+void TestSongDrop::failedDatabaseRefusesDrops()
+{
+    const SongFolder songs;
+    const QString song = songs.midi(s("a.mid"), "A");
+    const QByteArray before = qgetenv("TMPDIR");
+    qputenv("TMPDIR", "/dev/null");
+    WindowUnderTest window;
+    before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
+    QVERIFY(!Dragged({song}).enters(window));
+    letTheDesktopOpen({song});
+    QTest::qWait(200);
+    QVERIFY(window.table()->model() == nullptr);
+}
+
+// ---------------------------------------------------------------- the program's icon
+
+void TestSongDrop::filesThatTheDesktopOpensAreImported()
+{
+    const SongFolder songs;
+    QVERIFY(QDir(songs.path()).mkdir(s("more")));
+    songs.midi(s("more/c.mid"), "C");
+    WindowUnderTest window;
+    letTheDesktopOpen(
+        {songs.midi(s("a.mid"), "A"), songs.midi(s("b.mid"), "B"), songs.filePath(s("more"))});
+    // One event a file, but one import of all of them.
+    QTRY_COMPARE(window.shownNames(), (QStringList{s("a.mid"), s("b.mid"), s("c.mid")}));
+}
+
+void TestSongDrop::otherFilesOfTheDesktopAreIgnored()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    window.setSelectedFiles({songs.midi(s("old.mid"), "Old")});
+    window.importUserLibrary();
+    letTheDesktopOpen({songs.bad(s("readme.txt"))});
+    QFileOpenEvent page(QUrl(s("https://example.org/song.mid")));
+    QCoreApplication::sendEvent(qApp, &page);
+    QTest::qWait(250);
+    QCOMPARE(window.shownNames(), QStringList{s("old.mid")});
+}
+
+void TestSongDrop::desktopCannotInterruptAWorkflow()
+{
+    const SongFolder songs;
+    const QString song = songs.midi(s("a.mid"), "A");
+    WindowUnderTest window;
+    ModalAnswers user;
+    user.add([&](QWidget *modal) {
+        letTheDesktopOpen({song});
+        QTest::qWait(250);
+        return modal->close();
+    });
+    window.action("actionAbout")->trigger();
+    QTest::qWait(250);
+    QCOMPARE(window.model()->goodRowCount(), 0);
+}
+
+// ---------------------------------------------------------------- file dialog
+
+void TestSongDrop::dialogOpensInTheLastFolder()
+{
+    const SongFolder songs;
+    const SongFolder others;
+    WindowUnderTest window;
+    QStringList folders;
+    QStringList picks{songs.midi(s("a.mid"), "A"), QString(), QString(), QString()};
+    ModalAnswers user;
+    user.add([&](QWidget *modal) {
+        auto *const dialog = qobject_cast<QFileDialog *>(modal);
+        if (dialog == nullptr)
+            return false;
+        folders << dialog->directory().absolutePath();
+        const QString pick = picks.takeFirst();
+        if (pick.isEmpty()) {
+            dialog->reject();
+        } else {
+            child<QLineEdit>(dialog, "fileNameEdit")->setText(pick);
+            QMetaObject::invokeMethod(dialog, "accept");
+        }
+        return true;
+    });
+    window.selectButton()->click();
+    window.selectButton()->click();
+    QVERIFY(Dragged({others.midi(s("b.mid"), "B")}).isDroppedOn(window));
+    QTRY_COMPARE(window.shownNames(), QStringList{s("b.mid")});
+    window.selectButton()->click();
+    QCOMPARE(folders, (QStringList{m_work->path(), songs.path(), others.path()}));
+}
+
+// ---------------------------------------------------------------- search
+
+void TestSongDrop::extensionsAreKnownInEitherCase_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("known");
+    for (const char *name : {"a.mid", "A.MID", "b.Kar", "c.mp3", "d.mf3", "e.MF4", "f.mf5",
+                             "two.dots.mid", "/folder.d/ü.mid"})
+        QTest::newRow(name) << s(name) << true;
+    for (const char *name : {"a.midi", "mid", "a.mf2", "a.mid.txt", "a.", "", "folder.mid/a"})
+        QTest::newRow(name) << s(name) << false;
+}
+
+void TestSongDrop::extensionsAreKnownInEitherCase()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, known);
+    QCOMPARE(songnames::isSongName(name), known);
+}
+
+void TestSongDrop::foldersComeFirstAndSorted()
+{
+    const SongFolder songs;
+    QVERIFY(QDir(songs.path()).mkpath(s("b/inner")));
+    QVERIFY(QDir(songs.path()).mkpath(s("a")));
+    for (const char *name : {"z.mid", "y.txt", "b/2.mid", "b/1.MP3", "b/inner/3.mf3", "a/.4.mid"})
+        songs.bad(s(name));
+    QCOMPARE(found({songs.path()}),
+             (QStringList{songs.filePath(s("b/inner/3.mf3")), songs.filePath(s("b/1.MP3")),
+                          songs.filePath(s("b/2.mid")), songs.filePath(s("z.mid"))}));
+    QCOMPARE(found({songs.filePath(s("missing")), songs.filePath(s("y.txt"))}),
+             (QStringList{songs.filePath(s("missing")), songs.filePath(s("y.txt"))}));
+}
+
+void TestSongDrop::searchEndsInLinkedFolders()
+{
+    const SongFolder songs;
+    QVERIFY(QDir(songs.path()).mkdir(s("sub")));
+    QVERIFY(QFile::link(songs.path(), songs.filePath(s("sub/back"))));
+    QVERIFY(QFile::link(s("/nowhere"), songs.filePath(s("sub/broken"))));
+    songs.bad(s("sub/a.mid"));
+    QCOMPARE(found({songs.path(), songs.filePath(s("sub"))}),
+             QStringList{songs.filePath(s("sub/a.mid"))});
+}
+
+void TestSongDrop::songDroppedTwiceIsImportedOnce()
+{
+    const SongFolder songs;
+    const QString song = songs.bad(s("a.mid"));
+    QCOMPARE(found({song, songs.path(), song}), QStringList{song});
+}
+
+void TestSongDrop::searchThatTakesLongCanBeStopped()
+{
+    /** Says "cancelled" from the third question on. */
+    class Stopping : public Progress
+    {
+    public:
+        explicit Stopping(int &asked)
+            : m_asked(asked)
+        {
+        }
+        void setMaximum(int) override {}
+        void setValue(int) override {}
+        void updateProgress(int) override {}
+        bool wasCanceled() const override { return ++m_asked > 2; }
+
+    private:
+        int &m_asked;
+    };
+    const SongFolder songs;
+    for (int i = 0; i < 20; ++i)
+        QVERIFY(QDir(songs.path()).mkpath(s("%1/deeper").arg(i)));
+    // Something that keeps the interface busy between two folders, as a slow disk does.
+    QTimer slow;
+    connect(&slow, &QTimer::timeout, &slow, [] { QTest::qSleep(60); });
+    slow.start(0);
+    int opened = 0;
+    int asked = 0;
+    SongSearch search([&](const QString &, const QString &, int maximum) {
+        opened += maximum == 0 ? 1 : 100;
+        return std::make_unique<Stopping>(asked);
+    });
+    QVERIFY(!search.search({songs.path()}).has_value());
+    QCOMPARE(opened, 1);
+    QCOMPARE(asked, 3);
+}
+
+int main(int argc, char *argv[])
+{
+    const OwnSettings ownSettings;
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication application(argc, argv);
+    TestSongDrop test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "test_songdrop.moc"
