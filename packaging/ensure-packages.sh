@@ -9,7 +9,7 @@ declare -A groups=(
            qt6-l10n-tools qt6-translations-l10n sqlite3"
   [test]="xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core midicsv abcmidi lame
           id3v2 openttd-openmsx python3 python3-mutagen clang-format"
-  [check]="clang libclang-rt-14-dev clang-tidy clang-tools cppcheck gcovr"
+  [check]="clang libclang-rt-14-dev clang-tidy cppcheck gcovr"
   [bench]="libbenchmark-dev lhasa time"
 )
 
