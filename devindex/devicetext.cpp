@@ -19,15 +19,15 @@ public:
     {
         constexpr int ascii = 0x80;
         QByteArray codes;
-        for (int code = ascii; code < int(m_characters.size()); ++code)
-            codes += static_cast<char>(code);
+        for (int byte = ascii; byte < int(m_characters.size()); ++byte)
+            codes += static_cast<char>(byte);
         const QString upperHalf = QTextCodec::codecForName("IBM 850")->toUnicode(codes);
 
         m_codes.fill('?');
-        for (int code = 0; code < int(m_characters.size()); ++code) {
-            const QChar character = code < ascii ? QChar(code) : upperHalf.at(code - ascii);
-            m_characters[std::size_t(code)] = character;
-            m_codes[character.unicode()] = static_cast<char>(code);
+        for (int byte = 0; byte < int(m_characters.size()); ++byte) {
+            const QChar unicode = byte < ascii ? QChar(byte) : upperHalf.at(byte - ascii);
+            m_characters[std::size_t(byte)] = unicode;
+            m_codes[unicode.unicode()] = static_cast<char>(byte);
         }
     }
 

@@ -72,7 +72,7 @@ bool loadTag(QFile &file, Mp3Header &header)
     if (start.size() != startSize || !header.loadHeader(start))
         return false;
     // The size that a tag tells leaves out its own ten bytes: its end can lie just behind.
-    const qsizetype missing = header.stream().size() - start.size();
+    const qsizetype missing = qsizetype{header.getAudioDataStartPos()} - start.size();
     return missing <= 0 || header.loadHeader(start + file.read(missing));
 }
 

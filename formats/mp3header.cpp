@@ -1,10 +1,12 @@
 #include "formats/mp3header.h"
 
 #include "formats/bytetext.h"
+#include "formats/id3version2.h"
 
 #include <QtEndian>
 
 #include <algorithm>
+#include <optional>
 
 namespace
 {
@@ -12,13 +14,20 @@ namespace
 // The tag: "ID3", version, revision, flags, four size bytes of seven bits, then the frames.
 constexpr char tagMagic[] = "ID3";
 constexpr int tagVersionPos = 3;
+constexpr int tagFlagsPos = 5;
 constexpr int tagSizePos = 6;
 constexpr int tagSizeBytes = 4;
 constexpr int tagHeaderSize = tagSizePos + tagSizeBytes;
 constexpr quint32 largestTagSize = 0x0FFFFFFF;
+constexpr char shortNamesVersion = 2; ///< its frames have names of three letters
 constexpr char writtenVersion = 3;
 constexpr char groupedSizesVersion = 4; ///< its frame sizes are in seven-bit groups, too
 constexpr int framesStart = tagHeaderSize;
+
+// Flags of the tag.
+constexpr int unsynchronised = 0x80; ///< a zero byte was put behind every FF
+constexpr int compressed = 0x40;     ///< of version 2; nobody ever said how
+constexpr int hasExtendedHeader = 0x40;
 
 // A frame: identifier, 32-bit size, two flag bytes; then, counted by the size, the encoding byte
 // and the text.
@@ -106,6 +115,7 @@ bool Mp3Header::loadHeader(const QByteArray &bytes)
     m_tag.append(wholeSize - m_tag.size(), '\0');
     m_tagSize = size;
     m_audioStart = size + tagHeaderSize;
+    renewFrames();
     return true;
 }
 
@@ -241,6 +251,7 @@ void Mp3Header::setLength(int seconds)
 
 void Mp3Header::setKavenaEditParam()
 {
+    removeExtendedHeader();
     insertId3Frame(QByteArray(3, '\0'), QLatin1String(editFrame), framesStart);
 }
 
@@ -374,8 +385,51 @@ QString Mp3Header::frameText(const char *id) const
     return text;
 }
 
+/** Gives a tag of version 2 the frames of version 3, in which the song's data can be found. */
+void Mp3Header::renewFrames()
+{
+    const int flags = static_cast<quint8>(m_tag.at(tagFlagsPos));
+    if (m_tag.at(tagVersionPos) != shortNamesVersion || (flags & compressed) != 0)
+        return;
+    QByteArray frames = m_tag.mid(framesStart);
+    if ((flags & unsynchronised) != 0)
+        frames.replace(QByteArray("\xFF\x00", 2), "\xFF");
+    const std::optional<QByteArray> renewed = framesOfVersion3(frames);
+    if (!renewed || renewed->isEmpty() || renewed->size() > qsizetype{largestTagSize})
+        return;
+    m_tag[tagVersionPos] = writtenVersion;
+    m_tag[tagFlagsPos] = '\0';
+    m_tag.replace(framesStart, m_tag.size() - framesStart, *renewed);
+    m_tagSize = static_cast<quint32>(renewed->size());
+    updateId3TagSize();
+}
+
+/**
+ * A frame inserted before an extended header would be taken for it, and the whole tag for damaged.
+ * The header holds a checksum and the size of the padding, which an edit makes wrong anyway.
+ */
+void Mp3Header::removeExtendedHeader()
+{
+    if (m_tag.isEmpty() || (m_tag.at(tagFlagsPos) & hasExtendedHeader) == 0)
+        return;
+    const char version = m_tag.at(tagVersionPos);
+    const quint32 plain = getSingleFrameLength(framesStart - frameSizePos);
+    qsizetype size = 0;
+    if (version == writtenVersion && (plain == 6 || plain == 10))
+        size = qsizetype{plain} + 4; // it does not count itself, in version 4 it does
+    else if (version == groupedSizesVersion && sizeInGroups(plain) >= 6)
+        size = sizeInGroups(plain);
+    if (size == 0 || size > m_tag.size() - framesStart)
+        return;
+    m_tag.remove(framesStart, size);
+    m_tag[tagFlagsPos] = static_cast<char>(m_tag.at(tagFlagsPos) & ~hasExtendedHeader);
+    m_tagSize -= static_cast<quint32>(size);
+    updateId3TagSize();
+}
+
 void Mp3Header::replaceFrame(const char *id, const QByteArray &content)
 {
+    removeExtendedHeader();
     removeId3Frame(QLatin1String(id));
     insertId3Frame(content, QLatin1String(id), framesStart);
 }

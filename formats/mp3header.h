@@ -20,7 +20,8 @@ public:
      * Takes the tag from the beginning of a file; a file without "ID3" gets a new, empty tag.
      * False, with an empty tag, for fewer than 10 bytes and for a tag that claims more than was
      * given. Up to 10 bytes that a tag lacks at its very end (its size does not count its own
-     * header) are filled with zeros, which is padding to every reader.
+     * header) are filled with zeros, which is padding to every reader. A sound tag of ID3v2.2 is
+     * brought into the form of version 3.
      */
     bool loadHeader(const QByteArray &bytes);
 
@@ -115,6 +116,8 @@ private:
     int endOfSoundFrame(int pos) const;
     bool hasFrame(const char *id) const;
     QString frameText(const char *id) const;
+    void renewFrames();
+    void removeExtendedHeader();
     void replaceFrame(const char *id, const QByteArray &content);
 
     QByteArray m_tag;

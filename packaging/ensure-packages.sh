@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing for the groups named as arguments (build, test,
-# package, bench), as root or through sudo; where neither is possible, says in one line what to install.
+# package, check, bench), as root or through sudo; where neither is possible, says in one line what
+# to install.
 set -euo pipefail
 
 declare -A groups=(
@@ -8,9 +9,10 @@ declare -A groups=(
            qt6-5compat-dev libqt6sql6-sqlite qt6-tools-dev qt6-tools-dev-tools
            qt6-l10n-tools qt6-translations-l10n sqlite3"
   [test]="xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core midicsv abcmidi lame
-          id3v2 openttd-openmsx python3 clang-format
+          id3v2 openttd-openmsx python3 python3-mutagen clang-format
           dpkg-dev desktop-file-utils appstream mandoc lintian"
   [package]="dpkg-dev"
+  [check]="clang libclang-rt-14-dev clang-tidy cppcheck gcovr"
   [bench]="libbenchmark-dev lhasa time"
 )
 

@@ -1,142 +1,19 @@
 // Real songs, judged by midicsv: it finds what we wrote, and the music as it was.
 #include "formats/rawmidifile.h"
+#include "support/midicsv.h"
 #include "support/samplesongs.h"
 
-#include <QFile>
 #include <QFileInfo>
-#include <QMap>
-#include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace midicsv;
+using samplesongs::readFile;
+using samplesongs::writeFile;
+
 namespace
 {
-
-/** One line of midicsv: track, time, record type, the rest. */
-struct Record {
-    QByteArray track;
-    qint64 time = 0;
-    QByteArray type;
-    QByteArray rest;
-
-    bool operator==(const Record &other) const
-    {
-        return track == other.track && time == other.time && type == other.type &&
-               rest == other.rest;
-    }
-    QByteArray line() const
-    {
-        return track + ", " + QByteArray::number(time) + ", " + type + ", " + rest;
-    }
-};
-
-using Records = QList<Record>;
-
-QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/** What midicsv prints of a file; nothing when it fails or complains. */
-Records csvRecords(const QString &path)
-{
-    QProcess process;
-    process.start(QStringLiteral("midicsv"), {path});
-    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit ||
-        process.exitCode() != 0 || !process.readAllStandardError().isEmpty())
-        return {};
-    Records records;
-    for (const QByteArray &line : process.readAllStandardOutput().split('\n')) {
-        const QList<QByteArray> fields = line.split(',');
-        if (fields.size() < 3)
-            continue;
-        qsizetype restPos = fields.at(0).size() + fields.at(1).size() + fields.at(2).size() + 3;
-        records.append({fields.at(0).trimmed(), fields.at(1).trimmed().toLongLong(),
-                        fields.at(2).trimmed(), line.mid(restPos).trimmed()});
-    }
-    return records;
-}
-
-/** The text between the quotes, midicsv's escapes undone. */
-QString csvText(const QByteArray &quoted)
-{
-    QByteArray text;
-    for (qsizetype i = 1; i < quoted.size() - 1; ++i) {
-        if (quoted.at(i) == '\\' && quoted.at(i + 1) != '\\') {
-            text += static_cast<char>(quoted.mid(i + 1, 3).toInt(nullptr, 8));
-            i += 3;
-            continue;
-        }
-        text += quoted.at(i);
-        if (quoted.at(i) == '"' || quoted.at(i) == '\\')
-            ++i; // both are doubled
-    }
-    return QString::fromLatin1(text).trimmed();
-}
-
-/** Our name of a key signature as midicsv prints it. */
-QString keyName(const QByteArray &signature)
-{
-    static const QStringList majors =
-        QStringLiteral("Cb Gb Db Ab Eb Bb F C G D A E B F# C#").split(QLatin1Char(' '));
-    static const QStringList minors =
-        QStringLiteral("Ab- Eb- Bb- F- C- G- D- A- E- B- F#- C#- G#- D#- A#-")
-            .split(QLatin1Char(' '));
-    const qsizetype comma = signature.indexOf(',');
-    const int sharps = signature.left(comma).toInt();
-    return signature.endsWith("\"minor\"") ? minors.value(sharps + 7) : majors.value(sharps + 7);
-}
-
-/** The first record of a type, wherever it stands. */
-QByteArray firstOf(const Records &records, const QByteArray &type, bool &found)
-{
-    for (const Record &record : records) {
-        if (record.type == type) {
-            found = true;
-            return record.rest;
-        }
-    }
-    found = false;
-    return QByteArray();
-}
-
-/** The maker's event as midicsv prints it: its type, its length, its bytes. */
-Record kravoRecord(int subType, const QByteArray &payload)
-{
-    QByteArray rest =
-        "75, " + QByteArray::number(payload.size() + 1) + ", " + QByteArray::number(subType);
-    for (const char byte : payload)
-        rest += ", " + QByteArray::number(static_cast<quint8>(byte));
-    return {"1", 0, "Unknown_meta_event", rest};
-}
-
-/** The records with the first track's metadata at delta time 0 replaced by the head. */
-Records withHead(const Records &original, const Records &head)
-{
-    Records expected;
-    qint64 timeBefore = 0;
-    for (const Record &record : original) {
-        const bool ours = record.type == "Title_t" || record.type == "Key_signature" ||
-                          (record.type == "Unknown_meta_event" && record.rest.startsWith("75,"));
-        const bool atDeltaZero = record.time == timeBefore;
-        timeBefore = record.time;
-        if (record.track == "1" && ours && atDeltaZero)
-            continue;
-        expected.append(record);
-        if (record.track == "1" && record.type == "Start_track")
-            expected += head;
-    }
-    return expected;
-}
-
-void compareRecords(const Records &found, const Records &expected)
-{
-    for (qsizetype i = 0; i < qMin(found.size(), expected.size()); ++i)
-        QCOMPARE(found.at(i).line(), expected.at(i).line());
-    QCOMPARE(found.size(), expected.size());
-}
 
 void writeEverything(RawMidiFile &midi, const QString &key, int number)
 {
@@ -164,12 +41,6 @@ Records writtenHead(const QByteArray &signature, int number)
             kravoRecord(1, "Caf\xE9 " + digits),
             kravoRecord(2, "Artist " + digits),
             {"1", 0, "Title_t", "\"La citt\xE0, \"\"nr.\"\" " + digits + "\""}};
-}
-
-bool writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
 }
 
 } // namespace
@@ -218,13 +89,13 @@ void TestRealMidi::titleAndKeyAreWhatMidicsvFinds()
     QFETCH(QString, path);
     RawMidiFile midi;
     QVERIFY(midi.loadData(readFile(path)));
-    const Records records = csvRecords(path);
+    const Records records = recordsOf(path);
     QVERIFY(records.size() > 100);
 
     bool found = false;
     const QByteArray title = firstOf(records, "Title_t", found);
     QCOMPARE(midi.hasTitle(), found);
-    QCOMPARE(midi.title(), csvText(title));
+    QCOMPARE(midi.title(), textOf(title));
     const QByteArray key = firstOf(records, "Key_signature", found);
     QCOMPARE(midi.hasKey(), found);
     QCOMPARE(midi.key(), found ? keyName(key) : QString());
@@ -242,21 +113,21 @@ void TestRealMidi::writtenMetadataAreFoundAndTheMusicIsUntouched_data()
 void TestRealMidi::writtenMetadataAreFoundAndTheMusicIsUntouched()
 {
     QFETCH(QString, path);
-    const Records original = csvRecords(path);
+    const Records original = recordsOf(path);
     RawMidiFile midi;
     QVERIFY(midi.loadData(readFile(path)));
     const QString edited = m_folder.filePath(QStringLiteral("edited.mid"));
 
     writeEverything(midi, QStringLiteral("F#-"), 97);
     QVERIFY(writeFile(edited, midi.stream()));
-    compareRecords(csvRecords(edited), withHead(original, writtenHead("3, \"minor\"", 97)));
+    compareRecords(recordsOf(edited), withHead(original, writtenHead("3, \"minor\"", 97)));
 
     // Once more, over what we wrote ourselves: the same again, but for markers, which stay.
     QVERIFY(midi.loadData(readFile(edited)));
     midi.removeHeadMetaevent(RawMidiFile::KravoMarker, false);
     writeEverything(midi, QStringLiteral("Db"), 5);
     QVERIFY(writeFile(edited, midi.stream()));
-    compareRecords(csvRecords(edited), withHead(original, writtenHead("-5, \"major\"", 5)));
+    compareRecords(recordsOf(edited), withHead(original, writtenHead("-5, \"major\"", 5)));
 }
 
 void TestRealMidi::everyKeyIsWhatMidicsvFinds()
@@ -269,7 +140,7 @@ void TestRealMidi::everyKeyIsWhatMidicsvFinds()
         midi.setKey(name);
         QVERIFY(writeFile(edited, midi.stream()));
         bool found = false;
-        QCOMPARE(keyName(firstOf(csvRecords(edited), "Key_signature", found)), name);
+        QCOMPARE(keyName(firstOf(recordsOf(edited), "Key_signature", found)), name);
     }
 }
 
@@ -287,13 +158,13 @@ void TestRealMidi::musicKeepsItsTimeWhenAKeyChangeFollowsALongPause()
                           22 + 30);
     const QString path = m_folder.filePath(QStringLiteral("pause.mid"));
     QVERIFY(writeFile(path, song));
-    const Records original = csvRecords(path);
+    const Records original = recordsOf(path);
     QVERIFY(!original.isEmpty());
     RawMidiFile midi;
     QVERIFY(midi.loadData(song));
     midi.setKey(QStringLiteral("C"));
     QVERIFY(writeFile(path, midi.stream()));
-    compareRecords(csvRecords(path),
+    compareRecords(recordsOf(path),
                    withHead(original, {{"1", 0, "Key_signature", "0, \"major\""}}));
 }
 

@@ -1,38 +1,21 @@
 // MP3 files made by lame: edited by our facade, judged by id3v2 (the tag) and by lame (the audio).
 #include "formats/metasong.h"
+#include "support/mp3judges.h"
 #include "support/samplesongs.h"
 #include "support/songbytes.h"
 
 #include <QDir>
-#include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <cmath>
 
+using mp3judges::audioOf;
+using mp3judges::run;
 using samplesongs::readFile;
 
 namespace
 {
-
-struct ToolResult {
-    bool ok = false;
-    QByteArray output;
-};
-
-ToolResult run(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    process.setProcessEnvironment(environment);
-    process.start(program, arguments);
-    process.closeWriteChannel();
-    const bool ok = process.waitForStarted() && process.waitForFinished(60000) &&
-                    process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
-    return {ok, process.readAllStandardOutput()};
-}
 
 /** One second of a rising tone, 44100 Hz, 16 bits, mono, as a WAV file. */
 QByteArray waveFile()
@@ -56,29 +39,6 @@ QByteArray waveFile()
 const QByteArray picture = QByteArray::fromHex(
     "89504e470d0a1a0a0000000d49484452000000010000000108000000003a7e9b550000000a494441"
     "54789c636000000002000148afa4710000000049454e44ae426082");
-
-/** Everything behind the ID3v2 tag. */
-QByteArray audioOf(const QByteArray &mp3)
-{
-    if (!mp3.startsWith("ID3"))
-        return mp3;
-    qsizetype size = 0;
-    for (int i = 6; i < 10; ++i)
-        size = size * 128 + (mp3.at(i) & 0x7F);
-    return mp3.mid(10 + size);
-}
-
-/** The lines of `id3v2 -l` that describe frames: "TIT2 (...): text" becomes "TIT2: text". */
-QStringList framesSeenById3v2(const QByteArray &output)
-{
-    QStringList frames;
-    for (const QByteArray &line : output.split('\n')) {
-        const qsizetype colon = line.indexOf("): ");
-        if (line.mid(4, 2) == " (" && colon > 0)
-            frames.append(QString::fromUtf8(line.left(4) + ": " + line.mid(colon + 3)));
-    }
-    return frames;
-}
 
 SongInfo infoOf(const QString &path)
 {
@@ -113,20 +73,8 @@ private:
                                                QStringList{path("tone.wav"), path("song.mp3")})
             .ok;
     }
-    QStringList id3v2Frames() const
-    {
-        const ToolResult listed =
-            run(QStringLiteral("id3v2"), {QStringLiteral("-l"), path("song.mp3")});
-        return listed.ok ? framesSeenById3v2(listed.output) : QStringList();
-    }
-    QByteArray decoded() const
-    {
-        const bool ok =
-            run(QStringLiteral("lame"), {QStringLiteral("--quiet"), QStringLiteral("--decode"),
-                                         path("song.mp3"), path("decoded.wav")})
-                .ok;
-        return ok ? readFile(path("decoded.wav")) : QByteArray();
-    }
+    QStringList id3v2Frames() const { return mp3judges::id3v2Frames(path("song.mp3")); }
+    QByteArray decoded() const { return mp3judges::decoded(path("song.mp3")); }
     bool edit(const SongInfo &info) const
     {
         MetaSong song;

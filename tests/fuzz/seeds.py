@@ -186,7 +186,9 @@ MP3_FILES = {
     "twotitles": tag(frame(b"TIT2", b"One") + frame(b"TIT2", b"Two")) + AUDIO,
     "picture": tag(frame(b"APIC", b"image/png\0\3\0TIT2\0\0\0\4") + frame(b"TIT2", b"One")) + AUDIO,
     "version4": tag(b"TALB\0\0\1\x03\0\0\0" + b"a" * 130 + frame(b"TIT2", b"One"), 4) + AUDIO,
-    "version2": tag(b"TT2\0\0\4\0One", 2) + AUDIO,
+    "version2": tag(b"TT2\0\0\4\0OnePIC\0\0\x0a\0PNG\3\0abcdTAL\0\0\2\0A", 2) + AUDIO,
+    "extended": b"ID3\3\0\x40" + tag(be(6, 4) + bytes(6) + FRAMES)[6:] + AUDIO,
+    "extended4": b"ID3\4\0\x40" + tag(be(6, 4) + b"\1\0" + FRAMES)[6:] + AUDIO,
     "hugeframe": tag(frame(b"TIT2", b"One", size=0xFFFFFFF0)) + AUDIO,
     "size80": b"ID3\3\0\0\0\0\0\x80" + bytes(128) + AUDIO,
     "size81": b"ID3\3\0\0\0\0\0\x81" + bytes(140) + AUDIO,
@@ -269,7 +271,8 @@ CHUNKS = [b"MThd", b"MTrk", b"\x00\xff\x03", b"\x00\xff\x02", b"\x00\xff\x59\x02
 MAKER_EVENTS = [b"\x00\xff\x4b\x05" + be(kind, 1) for kind in range(1, 7)]
 MAGICS = [b"_MF3", b"_MF4", b"_MF5", b"\xff\x00\xff"]
 TAG_NAMES = [b"ID3\x02\x00", b"ID3\x03\x00", b"ID3\x04\x00", b"TIT2", b"TPE1", b"TCON", b"TCOM",
-             b"TKEY", b"TBPM", b"TLEN", b"TCOP", b"MEDT", b"APIC", b"TT2", b"\0\0\0\5\0\0\0"]
+             b"TKEY", b"TBPM", b"TLEN", b"TCOP", b"MEDT", b"APIC", b"TT2\0\0\4", b"PIC\0\0\6",
+             b"COM\0\0\1", be(6, 4) + bytes(6), b"\0\0\0\5\0\0\0"]
 PUBLISHERS = [b"K-Ravo", b"TORVELIX"]
 KEYS = [b"C", b"F#-", b"Bb", b"G#", b"A -"]
 SONG_WORDS = CHUNKS + MAKER_EVENTS + PUBLISHERS + KEYS
