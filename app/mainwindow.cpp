@@ -469,8 +469,10 @@ void MainWindow::onSongsTableViewDoubleClicked(QModelIndex index)
     if (m_busy || !hasLibrary())
         return;
     const BusyGuard busy(m_busy);
-    if (songEditor().edit(index.row()))
-        scrollToRow(index.row());
+    if (!songEditor().edit(index.row()))
+        return;
+    adjustUserLibraryHeaders(); // the texts may have become longer
+    scrollToRow(index.row());
 }
 
 void MainWindow::manualModifySong(const MetaSong &song, const SongInfo &info, const QString &path,
