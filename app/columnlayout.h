@@ -55,6 +55,7 @@ private:
     QString fieldName(int column) const;
 
     QTableView *const m_view;
+    QWidget *const m_viewport; ///< outlives what makes the view a table
     const QSqlTableModel &m_model;
     QSettings &m_settings;
     QMap<QString, int> m_ownWidths; ///< of the columns that the user dragged

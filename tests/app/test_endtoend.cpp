@@ -7,6 +7,7 @@
 #include "library/database.h"
 #include "library/dataeditdialog.h"
 #include "library/nocopyrightdialog.h"
+#include "support/memorychecker.h"
 #include "support/samplesongs.h"
 #include "support/songbytes.h"
 #include "support/userdriver.h"
@@ -90,6 +91,7 @@ class TestEndToEnd : public QObject
 
 private slots:
     void initTestCase();
+    void cleanup() { MemoryChecker::judgeLeftBehind(m_card); }
     void importsFortySongsAndSkipsTenBrokenFiles();
     void transferToTheRootLandsInSongsAndBuildsTheIndex();
     void secondTransferWithNoToAllKeepsWhatIsThere();

@@ -1,6 +1,7 @@
 // A memory named CARD in a mount directory of the test's own, and a music folder beside it.
 #pragma once
 
+#include "support/memorychecker.h"
 #include "support/songbytes.h"
 
 #include <QDir>
@@ -20,7 +21,16 @@ public:
         if (!m_folder.isValid() || !QDir().mkpath(root()) || !QDir().mkpath(music()))
             qFatal("Cannot make the test's folders");
     }
+    /** Whatever index a test leaves behind is judged, unless the test says that it is broken. */
+    ~MountedCard()
+    {
+        if (!m_isLeftBroken)
+            MemoryChecker::judgeLeftBehind(root());
+    }
     Q_DISABLE_COPY_MOVE(MountedCard)
+
+    /** The test leaves an index that is damaged, or that does not fit the songs, on purpose. */
+    void isLeftBroken() { m_isLeftBroken = true; }
 
     QString mountDirectory() const { return m_folder.filePath(QStringLiteral("mounts")); }
     QString root() const { return mountDirectory() + QStringLiteral("/CARD"); }
@@ -85,4 +95,5 @@ public:
 
 private:
     QTemporaryDir m_folder;
+    bool m_isLeftBroken = false;
 };

@@ -59,6 +59,10 @@ private slots:
     void folderInTheTargetsPlaceStays();
     void missingDestinationFailsEveryFile();
     void incompleteCopyIsRemoved();
+    void targetStaysUntilItsSuccessorIsWhole();
+    void whatACutOffCopyLeftIsReplaced();
+    void linkToNothingIsNoFreeName();
+    void longNamesAreCopied();
     void emptyAndBigFilesArriveByteForByte_data();
     void emptyAndBigFilesArriveByteForByte();
 
@@ -493,6 +497,54 @@ void TestFileCopier::incompleteCopyIsRemoved()
     }
     QCOMPARE(m_copied, 1);
     QCOMPARE(QDir(m_dest).entryList(QDir::Files), QStringList(QStringLiteral("small.mid")));
+}
+
+void TestFileCopier::targetStaysUntilItsSuccessorIsWhole()
+{
+    const QString source = write(QStringLiteral("lib/a.mid"), QByteArray(500, 'n'));
+    write(QStringLiteral("dest/a.mid"), "old");
+    for (const quint64 size : {0, 1, 499}) {
+        const LogCapture log;
+        {
+            const faults::FileSizeLimit limit(size);
+            QVERIFY(!copy({source}, {NoCopyrightDialog::Yes}));
+        }
+        QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("old"));
+        QCOMPARE(QDir(m_dest).entryList(QDir::Files | QDir::Hidden),
+                 QStringList(QStringLiteral("a.mid")));
+        QCOMPARE(LogCapture::lines().filter(QStringLiteral("Impossible to copy")).size(), 1);
+    }
+    QVERIFY(copy({source}, {NoCopyrightDialog::Yes}));
+    QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray(500, 'n'));
+}
+
+void TestFileCopier::whatACutOffCopyLeftIsReplaced()
+{
+    write(QStringLiteral("dest/.a.mid.kavena-part"), "half of an ear");
+    write(QStringLiteral("precious"), "precious");
+    QVERIFY(QFile::link(path(QStringLiteral("precious")),
+                        m_dest + QStringLiteral("/.b.mid.kavena-part")));
+    QVERIFY(
+        copy({write(QStringLiteral("lib/a.mid"), "a"), write(QStringLiteral("lib/b.mid"), "b")}));
+    QCOMPARE(QDir(m_dest).entryList(QDir::Files | QDir::Hidden),
+             QStringList({QStringLiteral("a.mid"), QStringLiteral("b.mid")}));
+    QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("a"));
+    QCOMPARE(read(QStringLiteral("precious")), QByteArray("precious"));
+}
+
+void TestFileCopier::linkToNothingIsNoFreeName()
+{
+    QVERIFY(QFile::link(path(QStringLiteral("nothing")), m_dest + QStringLiteral("/a.mid")));
+    QVERIFY(!copy({write(QStringLiteral("lib/a.mid"), "a")}));
+    QVERIFY(QFileInfo(m_dest + QStringLiteral("/a.mid")).isSymLink());
+    QVERIFY(!QFileInfo::exists(path(QStringLiteral("nothing"))));
+}
+
+void TestFileCopier::longNamesAreCopied()
+{
+    const QString name = QString(251, QLatin1Char('n')) + QStringLiteral(".mid");
+    QVERIFY(copy({write(QStringLiteral("lib/") + name, "a")}));
+    QCOMPARE(QDir(m_dest).entryList(QDir::Files | QDir::Hidden), QStringList(name));
 }
 
 void TestFileCopier::emptyAndBigFilesArriveByteForByte_data()

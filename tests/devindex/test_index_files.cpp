@@ -3,6 +3,7 @@
 #include "devindex/index.h"
 #include "devindex/pathorder.h"
 #include "support/devicememory.h"
+#include "support/faults.h"
 #include "support/songbytes.h"
 
 #include <QRandomGenerator>
@@ -93,6 +94,7 @@ private slots:
     void writersFailWhenAFolderIsInThePlace();
     void writersFailWithoutAMemory();
     void writersFailOnAFullDevice();
+    void countsAppearWholeOrNotAtAll();
 };
 
 void TestIndexFiles::pathFileListsRecordsByNumber()
@@ -453,6 +455,21 @@ void TestIndexFiles::writersFailOnAFullDevice()
         QCOMPARE(index.writeGenreIndex(name), -1);
         QCOMPARE(index.writeAlphaBuffer(name), -1);
     }
+}
+
+void TestIndexFiles::countsAppearWholeOrNotAtAll()
+{
+    const DeviceMemory memory;
+    Index index;
+    index.rootPath = memory.root();
+    for (const quint64 size : {0, 11}) {
+        const faults::FileSizeLimit limit(size);
+        QCOMPARE(index.writeNumFile(), -1);
+        QCOMPARE(QDir(memory.root()).entryList(QDir::Files), QStringList());
+    }
+    QCOMPARE(index.writeNumFile(), 0);
+    QCOMPARE(QDir(memory.root()).entryList(QDir::Files),
+             QStringList(QStringLiteral("fsinfos.idx")));
 }
 
 QTEST_GUILESS_MAIN(TestIndexFiles)

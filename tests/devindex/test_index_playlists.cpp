@@ -1,6 +1,7 @@
 // Playlists keep pointing at their songs when the index gives new ids.
 #include "devindex/index.h"
 #include "support/devicememory.h"
+#include "support/faults.h"
 #include "support/logcapture.h"
 #include "support/songbytes.h"
 
@@ -117,6 +118,8 @@ private slots:
     void pathFileThatCannotBeMadeKeepsTheIds();
     void linksInPlaceOfPlaylistsAreNotWrittenThrough();
     void folderInPlaceOfTheListIsNoList();
+    void playlistsThatCannotBeSavedKeepTheIndex();
+    void playlistsThatCannotBeRestoredAreTold();
 
 private:
     std::optional<LogCapture> m_log;
@@ -197,6 +200,7 @@ void TestIndexPlaylists::numbersGiveTheFileNames()
 void TestIndexPlaylists::unknownIdBecomesAnEmptyPath()
 {
     const PlaylistMemory memory;
+    memory.isLeftBroken();
     memory.addList({One});
     memory.addPlaylist("0001", {99, 1, 0xFFFFFFFF});
     Index index;
@@ -233,6 +237,7 @@ void TestIndexPlaylists::onlyMissingPlaylistsNeedNoPathFiles()
 void TestIndexPlaylists::damagedIndexSavesNothing()
 {
     const PlaylistMemory memory;
+    memory.isLeftBroken();
     memory.addList({One});
     memory.addPlaylist("0001", {2});
     memory.add(QStringLiteral("genre.idx"), "short");
@@ -248,6 +253,7 @@ void TestIndexPlaylists::damagedIndexSavesNothing()
 void TestIndexPlaylists::emptyIndexSavesNothing()
 {
     const DeviceMemory memory;
+    memory.isLeftBroken();
     for (const QString &name : DeviceMemory::indexFiles())
         memory.add(name, {});
     memory.add(QStringLiteral("playlist/playlist.dat"), listRecord(One));
@@ -261,6 +267,7 @@ void TestIndexPlaylists::emptyIndexSavesNothing()
 void TestIndexPlaylists::incompleteRecordsAreLeftOut()
 {
     const PlaylistMemory memory;
+    memory.isLeftBroken();
     memory.add(QStringLiteral("playlist/playlist.dat"), listRecord(One) + listRecord(Two).left(31));
     memory.add(QStringLiteral("playlist/play0001.dat"), playlist({1, 2}).left(63));
     memory.addPlaylist("0002", {2});
@@ -330,6 +337,7 @@ void TestIndexPlaylists::rebuildPointsPlaylistsAtNewIds()
 void TestIndexPlaylists::songThatIsGoneShiftsTheOthers()
 {
     const PlaylistMemory memory;
+    memory.isLeftBroken();
     memory.addList({One});
     memory.addPlaylist("0001", {0, 1, 2, 3});
     memory.remove(QStringLiteral("b.mid"));
@@ -403,6 +411,7 @@ void TestIndexPlaylists::pathFileThatCannotBeMadeKeepsTheIds()
 void TestIndexPlaylists::linksInPlaceOfPlaylistsAreNotWrittenThrough()
 {
     const PlaylistMemory memory;
+    memory.isLeftBroken();
     const DeviceMemory computer;
     memory.addList({One, Two, Three, Four});
     const auto link = [&](const char *number, const char *suffix, const QByteArray &bytes) {
@@ -431,6 +440,54 @@ void TestIndexPlaylists::folderInPlaceOfTheListIsNoList()
     index.rootPath = memory.root();
     QVERIFY(!index.createPlaylistFilePath());
     QVERIFY(index.updateIndex(memory.root()));
+}
+
+void TestIndexPlaylists::playlistsThatCannotBeSavedKeepTheIndex()
+{
+    const PlaylistMemory memory;
+    memory.addList({One, Two});
+    memory.addPlaylist("0001", {1});
+    memory.addPlaylist("0002", {1, 2, 3});
+    memory.ageIndex();
+    memory.remove(QStringLiteral("a.mid"));
+    memory.isJudgedWith({QStringLiteral("--allow-missing")});
+    const QByteArray index = memory.read(QStringLiteral("index.idx"));
+    {
+        // Room for the paths of the first playlist, not for those of the second.
+        const faults::FileSizeLimit limit(100);
+        QVERIFY(!Index().createIndex(memory.root()));
+        QVERIFY(!Index().updateIndex(memory.root()));
+    }
+    QCOMPARE(memory.presentIndexFiles(), DeviceMemory::indexFiles());
+    QCOMPARE(memory.read(QStringLiteral("index.idx")), index);
+    QCOMPARE(memory.songs("0002"), playlist({1, 2, 3}));
+    QVERIFY(!memory.hasPaths("0002"));
+    QVERIFY(LogCapture::lines()
+                .filter(QStringLiteral("[PlaylistFiles::savePaths] Impossible"))
+                .filter(QStringLiteral("play0002.dat"))
+                .size() == 2);
+    QVERIFY(Index().updateIndex(memory.root()));
+    QCOMPARE(memory.songs("0002"), playlist({5, 6, 7}));
+}
+
+void TestIndexPlaylists::playlistsThatCannotBeRestoredAreTold()
+{
+    const PlaylistMemory memory;
+    memory.addList({One});
+    memory.addPlaylist("0001", {2});
+    Index index;
+    index.rootPath = memory.root();
+    QVERIFY(index.createPlaylistFilePath());
+    {
+        const faults::FileSizeLimit limit(0);
+        index.restorePlaylistFilePath();
+    }
+    QCOMPARE(memory.songs("0001"), playlist({2}));
+    QCOMPARE(LogCapture::lines()
+                 .filter(QStringLiteral("[PlaylistFiles::restoreIds] Impossible"))
+                 .filter(QStringLiteral("play0001.dat"))
+                 .size(),
+             1);
 }
 
 QTEST_GUILESS_MAIN(TestIndexPlaylists)

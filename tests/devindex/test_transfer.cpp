@@ -511,6 +511,7 @@ void TestTransfer::failedFileIsReportedAndTheOthersAreIndexed()
 void TestTransfer::damagedIndexIsReported()
 {
     QCOMPARE(transfer(someSongs(2)), Transfer::Outcome::Complete);
+    m_card->isLeftBroken();
     m_card->writeOnCard(QStringLiteral("index.idx"), "half a record");
     m_questions->replaceAnswer = NoCopyrightDialog::NoAll;
     QCOMPARE(transfer(someSongs(3)), Transfer::Outcome::Incomplete);

@@ -1,13 +1,14 @@
 // A memory of the player in a temporary folder, and the judge of what lies on it.
 #pragma once
 
+#include "support/memorychecker.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QMap>
-#include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QTest>
@@ -15,6 +16,22 @@
 class DeviceMemory
 {
 public:
+    DeviceMemory() = default;
+
+    /** Whatever index a test leaves behind is judged, unless the test says that it is broken. */
+    ~DeviceMemory()
+    {
+        if (!m_isLeftBroken)
+            MemoryChecker::judgeLeftBehind(root(), m_options);
+    }
+    Q_DISABLE_COPY_MOVE(DeviceMemory)
+
+    /** The test leaves an index that is damaged, or that does not fit the songs, on purpose. */
+    void isLeftBroken() const { m_isLeftBroken = true; }
+
+    /** What the judge lets pass at the end of the test: options of check_memory.py. */
+    void isJudgedWith(const QStringList &options) const { m_options = options; }
+
     /** When the songs were changed, unless a test says otherwise: 27 May 2013, 9:30:05. */
     static QDateTime defaultTime()
     {
@@ -102,20 +119,13 @@ public:
     /** What the independent checker finds wrong with the index; empty when it is consistent. */
     static QString faultsAt(const QString &root, const QStringList &options = {})
     {
-        QProcess checker;
-        checker.setProcessChannelMode(QProcess::MergedChannels);
-        checker.start(QStringLiteral("python3"),
-                      QStringList{QStringLiteral("-S"), QFINDTESTDATA("tools/check_memory.py")} +
-                          options + QStringList{root});
-        if (!checker.waitForFinished())
-            return QStringLiteral("the checker does not run");
-        const QString output = QString::fromUtf8(checker.readAll());
-        const bool passed = checker.exitStatus() == QProcess::NormalExit && checker.exitCode() == 0;
-        return passed ? QString() : QStringLiteral("exit %1: ").arg(checker.exitCode()) + output;
+        return MemoryChecker::faultsAt(root, options);
     }
 
     QString faults(const QStringList &options = {}) const { return faultsAt(root(), options); }
 
 private:
     QTemporaryDir m_folder;
+    mutable bool m_isLeftBroken = false;
+    mutable QStringList m_options;
 };

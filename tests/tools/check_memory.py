@@ -2,9 +2,14 @@
 """Reads a memory as the player does and says what is wrong with its index.
 
     check_memory.py [options] ROOT
+    check_memory.py --serve
 
-Prints one line for each fault, and with --list the songs as the player's title list shows them. Exit status: 0 the index is consistent, 1 it has faults, 2 there is
-no complete index (the player then finds no songs at all, which is no fault), 3 wrong usage.
+Prints one line for each fault, and with --list the songs as the player's title list shows them.
+Exit status: 0 the index is consistent, 1 it has faults, 2 there is no complete index (the player
+then finds no songs at all, which is no fault), 3 wrong usage.
+
+With --serve it reads lines of options and ROOT, separated by tabs, and ends the answer to each with
+a line "exit STATUS".
 
 The file layouts are written down here a second time, on purpose: this program shares nothing with
 the one that writes the index.
@@ -27,6 +32,7 @@ MAX_PATH = 45
 NO_OFFSET = 0xFFFFFFFF
 MP3 = 1
 LAST_FILE_TYPE = 4
+MOST_LINES = 100
 
 
 class Checker:
@@ -36,6 +42,7 @@ class Checker:
         self.faults = []
         self.songs = []  # (id, path bytes, date, time) by record number
         self.records = {}  # id: the song record in the title file
+        self.groups = {"artist": {}, "genre": {}}  # id: the text of the song's group
 
     def fault(self, text):
         self.faults.append(text)
@@ -215,6 +222,8 @@ class Checker:
             if song_id in seen or record != self.records.get(song_id):
                 self.fault(f"{where}: id {song_id} is listed twice or differs from title.idx")
             seen.add(song_id)
+            if fold(self.groups[kind].setdefault(song_id, group or "")) != fold(group or ""):
+                self.fault(f"{where}: id {song_id} has another {kind} than in {kind}.idx")
             self.check_order_of(where, previous_title, title)
             previous_title = title
         if left:
@@ -250,7 +259,7 @@ class Checker:
 
     def check_counts(self, counts):
         data = self.read("fsinfos.idx")
-        if data != struct.pack("<6H", *counts):
+        if data != struct.pack("<6H", *(count & 0xFFFF for count in counts)):
             self.fault(f"fsinfos.idx: {data.hex()} for {counts}")
 
     # Playlists
@@ -261,6 +270,8 @@ class Checker:
         except OSError:
             return
         known = {song[0] for song in self.songs}
+        if len(data) % 32:
+            self.fault(f"playlist/playlist.dat: {len(data)} bytes are no whole records")
         for pos in range(0, len(data) - 31, 32):
             low, high = struct.unpack("bB", data[pos : pos + 2])
             name = f"playlist/play{(high * 256 + low) % 65536:04}.dat"
@@ -268,6 +279,8 @@ class Checker:
                 songs = self.read(name)
             except OSError:
                 continue
+            if len(songs) % 32:
+                self.fault(f"{name}: {len(songs)} bytes are no whole records")
             for song in range(len(songs) // 32):
                 song_id = int.from_bytes(songs[32 * song : 32 * song + 4], "big")
                 if song_id not in known and not self.options.allow_lost_songs:
@@ -298,7 +311,7 @@ def path_key(path):
     return upper.encode("cp850", "replace")
 
 
-def main():
+def check(arguments):
     parser = argparse.ArgumentParser(description="Checks the player's index on a memory.")
     parser.add_argument("root")
     parser.add_argument("--allow-changed", action="store_true", help="files newer than the index")
@@ -307,7 +320,7 @@ def main():
     parser.add_argument("--follow-links", action="store_true", help="songs behind symbolic links")
     parser.add_argument("--list", action="store_true", help="print the songs by title")
     try:
-        options = parser.parse_args()
+        options = parser.parse_args(arguments)
     except SystemExit as stop:
         return 3 if stop.code else 0
     root = options.root.rstrip("/")
@@ -318,9 +331,17 @@ def main():
     checker.run()
     if options.list:
         checker.list_songs()
-    for fault in checker.faults:
+    for fault in checker.faults[:MOST_LINES]:
         print(fault)
     return 1 if checker.faults else 0
+
+
+def main():
+    if sys.argv[1:] != ["--serve"]:
+        return check(sys.argv[1:])
+    for line in sys.stdin:
+        print("exit", check(line.rstrip("\n").split("\t")), flush=True)
+    return 0
 
 
 if __name__ == "__main__":
