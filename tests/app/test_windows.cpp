@@ -1,17 +1,22 @@
 // Every window in every language: no text is cut off, mnemonics are unique and lead somewhere,
-// every field has a name. With KAVENA_WINDOW_PICTURES set to a folder, leaves a picture of each
-// window there, in a light and in a dark palette, for people to look at.
+// every field has a name, the Tab key walks in reading order. With KAVENA_WINDOW_PICTURES set to a
+// folder, leaves pictures of each window there, in a light and in a dark palette, and as small as
+// the window can get, for people to look at.
 #include "app/aboutdialog.h"
 #include "app/backupdialog.h"
 #include "app/helpdialog.h"
 #include "app/mainwindow.h"
 #include "app/proceeddialog.h"
+#include "app/statussummary.h"
+#include "app/unreadablefilesdialog.h"
 #include "devindex/indexdialog.h"
 #include "devindex/songslistdialog.h"
+#include "library/changepreviewdialog.h"
 #include "library/dataeditdialog.h"
 #include "library/elidedlabel.h"
 #include "library/nocopyrightdialog.h"
 #include "library/progresswindow.h"
+#include "library/usersongsreltablemodel.h"
 #include "support/ownfolders.h"
 
 #include <QAbstractSpinBox>
@@ -27,6 +32,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyle>
+#include <QTableView>
 #include <QTest>
 #include <QTextEdit>
 #include <QTranslator>
@@ -40,9 +46,8 @@ namespace
 const QString longPath =
     QStringLiteral("/home/anna/Music/Backing tracks/Neapolitan classics/O sole mio.mid");
 
-std::unique_ptr<QWidget> editDialog()
+SongInfo exampleSong()
 {
-    auto dialog = std::make_unique<DataEditDialog>();
     SongInfo info;
     info.title = QStringLiteral("'O SOLE MIO");
     info.artist = QStringLiteral("CAPUA EDUARDO DI");
@@ -52,7 +57,62 @@ std::unique_ptr<QWidget> editDialog()
     info.length = 203;
     info.userBpm = 128;
     info.fileName = longPath;
+    info.shortName = QStringLiteral("O sole mio.mid");
     info.format = QStringLiteral("MIDI");
+    return info;
+}
+
+const QList<UnreadableFile> &unreadableFiles()
+{
+    static const QList<UnreadableFile> files{
+        {longPath, UnreadableFile::Reason::Missing},
+        {QStringLiteral("/music/Folder.mid"), UnreadableFile::Reason::NoFile},
+        {QStringLiteral("/music/Secret.mid"), UnreadableFile::Reason::Locked},
+        {QStringLiteral("/music/Nothing.mid"), UnreadableFile::Reason::Empty},
+        {QStringLiteral("/music/Letter.mid"), UnreadableFile::Reason::UnknownFormat},
+        {QStringLiteral("/music/Half.mid"), UnreadableFile::Reason::Damaged}};
+    return files;
+}
+
+/** The main window with a song in each state and with files that could not be read. */
+std::unique_ptr<QWidget> library()
+{
+    auto window = std::make_unique<MainWindow>();
+    auto *const view = window->findChild<QTableView *>(QStringLiteral("userLibraryTableView"));
+    auto *const model = qobject_cast<UserSongsRelTableModel *>(view->model());
+    for (int row = 0; row <= 2 * Database::StatusNotSynced + 1; ++row) {
+        model->addSong(exampleSong());
+        model->setStatus(row, static_cast<Database::statusEnum>(row / 2));
+    }
+    window->findChild<StatusSummary *>()->setUnreadableFiles(unreadableFiles());
+    window->adjustUserLibraryHeaders();
+    view->selectRow(1);
+    return window;
+}
+
+std::unique_ptr<QWidget> unreadableFilesList()
+{
+    return std::make_unique<UnreadableFilesDialog>(unreadableFiles());
+}
+
+std::unique_ptr<QWidget> changePreview()
+{
+    using Field = ChangePreview::Field;
+    ChangePreview preview;
+    preview.songs = 1234;
+    preview.unknown = 23;
+    preview.unreadable = 4;
+    ChangePreview::Song song{longPath, exampleSong().title, false, {}};
+    for (int field = 0; field <= static_cast<int>(Field::MarkersShown); ++field)
+        song.changes.append({static_cast<Field>(field), QString(), QStringLiteral("1 Intro")});
+    preview.changed = {song};
+    return std::make_unique<ChangePreviewDialog>(preview, true);
+}
+
+std::unique_ptr<QWidget> editDialog()
+{
+    auto dialog = std::make_unique<DataEditDialog>();
+    const SongInfo info = exampleSong();
     dialog->setArtistsCombo({info.artist});
     dialog->setGenresCombo({info.genre});
     dialog->setKeysCombo({info.key});
@@ -115,6 +175,9 @@ const QList<Case> &windows()
 {
     static const QList<Case> all{
         {"main", plain<MainWindow>},
+        {"library", library},
+        {"unreadable", unreadableFilesList},
+        {"preview", changePreview},
         {"about", plain<AboutDialog>},
         {"backup", plain<BackupDialog>},
         {"help", plain<HelpDialog>},
@@ -298,6 +361,39 @@ QStringList namelessFields(const QWidget &window)
     return nameless;
 }
 
+/**
+ * The steps of the Tab key that lead to the left or upwards on its way round the window. The one
+ * from the last widget to the first is always among them.
+ */
+QStringList backwardTabSteps(QWidget &window)
+{
+    const auto place = [&window](const QWidget *widget) {
+        return QRect(widget->mapTo(&window, QPoint()), widget->size());
+    };
+    QStringList steps;
+    QSet<const QWidget *> left;
+    const QWidget *from = window.focusWidget();
+    while (from != nullptr && !left.contains(from)) {
+        left << from;
+        QTest::keyClick(&window, Qt::Key_Tab);
+        const QWidget *const to = window.focusWidget();
+        const QRect before = place(from);
+        const QRect after = place(to);
+        const bool sameLine =
+            after.top() <= before.center().y() && before.top() <= after.center().y();
+        if (sameLine ? after.left() <= before.left() : after.top() < before.top())
+            steps << QStringLiteral("%1 -> %2").arg(from->objectName(), to->objectName());
+        from = to;
+    }
+    return steps;
+}
+
+void makeSmallest(QWidget *window)
+{
+    window->resize(window->minimumSizeHint().expandedTo(window->minimumSize()));
+    QTest::qWait(0);
+}
+
 } // namespace
 
 class TestWindows : public QObject
@@ -312,6 +408,7 @@ private slots:
     void cutTextIsNoticed();
     void clashAndIdleMnemonicAreNoticed();
     void namelessFieldIsNoticed();
+    void stepBackIsNoticed();
 
 private:
     static void takePictures(const Case &window, const QString &language);
@@ -347,8 +444,12 @@ void TestWindows::everyWindow()
     QCOMPARE(idleMnemonics(*shown.window).join(QLatin1Char('\n')), QString());
     QCOMPARE(namelessFields(*shown.window).join(QLatin1Char('\n')), QString());
 
-    shown.window->resize(shown.window->minimumSizeHint().expandedTo(shown.window->minimumSize()));
-    QTest::qWait(0);
+    shown.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(shown.window));
+    const QStringList backward = backwardTabSteps(*shown.window);
+    QVERIFY2(backward.size() == 1, qPrintable(backward.join(QLatin1Char('\n'))));
+
+    makeSmallest(shown.window);
     QCOMPARE(cutTexts(*shown.window).join(QLatin1Char('\n')), QString());
     takePictures(windows()[window], language);
 }
@@ -361,10 +462,13 @@ void TestWindows::takePictures(const Case &window, const QString &language)
     for (const bool dark : {false, true}) {
         QApplication::setPalette(dark ? darkPalette() : QApplication::style()->standardPalette());
         const Shown shown(window);
-        const QString file = QStringLiteral("%1/%2-%3-%4.png")
+        const QString file = QStringLiteral("%1/%2-%3-%4%5.png")
                                  .arg(folder, QString::fromLatin1(window.name), language,
                                       dark ? QStringLiteral("dark") : QStringLiteral("light"));
-        QVERIFY2(shown.window->grab().save(file), qPrintable(file));
+        QTest::qWait(0); // for what a window puts off until it has its size
+        QVERIFY(shown.window->grab().save(file.arg(QString())));
+        makeSmallest(shown.window);
+        QVERIFY(shown.window->grab().save(file.arg(QStringLiteral("-small"))));
     }
     QApplication::setPalette(QApplication::style()->standardPalette());
 }
@@ -404,6 +508,23 @@ void TestWindows::namelessFieldIsNoticed()
     QCOMPARE(namelessFields(window), QStringList(field.objectName()));
     field.setAccessibleName(QStringLiteral("Name"));
     QCOMPARE(namelessFields(window), QStringList());
+}
+
+void TestWindows::stepBackIsNoticed()
+{
+    QWidget window;
+    const QPushButton first(&window);
+    QPushButton second(&window);
+    QPushButton third(&window);
+    second.move(100, 0);
+    third.move(200, 0);
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QCOMPARE(backwardTabSteps(window).size(), 1);
+    second.move(200, 0);
+    third.move(100, 0);
+    QCOMPARE(backwardTabSteps(window).size(), 2);
 }
 
 int main(int argc, char *argv[])
