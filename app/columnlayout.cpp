@@ -30,6 +30,7 @@ const Share shares[] = {{QStringLiteral("title"), 3},
 ColumnLayout::ColumnLayout(QTableView *view, const QSqlTableModel &model, QSettings &settings)
     : QObject(view)
     , m_view(view)
+    , m_viewport(view->viewport())
     , m_model(model)
     , m_settings(settings)
 {
@@ -47,7 +48,7 @@ ColumnLayout::ColumnLayout(QTableView *view, const QSqlTableModel &model, QSetti
     });
     connect(header, &QHeaderView::sectionHandleDoubleClicked, this, &ColumnLayout::releaseWidth);
     header->viewport()->installEventFilter(this);
-    m_view->viewport()->installEventFilter(this);
+    m_viewport->installEventFilter(this);
 }
 
 void ColumnLayout::load()
@@ -194,7 +195,7 @@ void ColumnLayout::chooseOrder(int column, Qt::SortOrder order)
 
 bool ColumnLayout::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_view->viewport()) {
+    if (watched == m_viewport) {
         if (event->type() == QEvent::Resize)
             QMetaObject::invokeMethod(this, &ColumnLayout::spread, Qt::QueuedConnection);
     } else if (event->type() == QEvent::MouseButtonPress) {
