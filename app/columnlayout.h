@@ -8,6 +8,7 @@
 
 class QSqlTableModel;
 class QTableView;
+class QWidget;
 
 /**
  * Columns are as wide as their contents, or as wide as the user dragged them; a double click on the
@@ -55,7 +56,7 @@ private:
     QString fieldName(int column) const;
 
     QTableView *const m_view;
-    QWidget *const m_viewport; ///< outlives what makes the view a table
+    QWidget *const m_viewport; ///< its events come while the view is destroyed, too
     const QSqlTableModel &m_model;
     QSettings &m_settings;
     QMap<QString, int> m_ownWidths; ///< of the columns that the user dragged

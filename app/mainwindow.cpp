@@ -469,10 +469,11 @@ void MainWindow::onSongsTableViewDoubleClicked(QModelIndex index)
     if (m_busy || !hasLibrary())
         return;
     const BusyGuard busy(m_busy);
+    const QPersistentModelIndex place = index; // the list may be sorted during the save
     if (!songEditor().edit(index.row()))
         return;
     adjustUserLibraryHeaders(); // the texts may have become longer
-    scrollToRow(index.row());
+    scrollToRow(place.row());
 }
 
 void MainWindow::manualModifySong(const MetaSong &song, const SongInfo &info, const QString &path,

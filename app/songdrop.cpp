@@ -22,8 +22,9 @@ QStringList localPaths(const QMimeData *data)
 {
     QStringList paths;
     for (const QUrl &url : data->urls()) {
-        if (url.isLocalFile())
-            paths << url.toLocalFile();
+        const QString path = url.toLocalFile();
+        if (!path.isEmpty())
+            paths << path;
     }
     return paths;
 }

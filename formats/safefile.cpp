@@ -9,6 +9,8 @@
 #ifdef Q_OS_UNIX
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -46,6 +48,15 @@ bool flushFolderOf(const QString &path)
     return flushed;
 }
 
+bool holdFile(QFile &file)
+{
+    if (::flock(file.handle(), LOCK_EX | LOCK_NB) != 0)
+        return errno != EWOULDBLOCK;
+    struct stat status {
+    };
+    return ::fstat(file.handle(), &status) != 0 || status.st_nlink > 0;
+}
+
 #else
 
 bool flushToMedium(QFile &file)
@@ -54,6 +65,11 @@ bool flushToMedium(QFile &file)
 }
 
 bool flushFolderOf(const QString &)
+{
+    return true;
+}
+
+bool holdFile(QFile &)
 {
     return true;
 }

@@ -19,6 +19,12 @@ bool flushToMedium(QFile &file);
 bool flushFolderOf(const QString &path);
 
 /**
+ * Holds the open file for this program until it is closed. False when another program holds it, or
+ * has just removed it. True where files cannot be held.
+ */
+bool holdFile(QFile &file);
+
+/**
  * A file takes the place of another, or of none, in one step: the name leads to either of them at
  * any time. Both must lie in one file system. False when nothing was changed.
  */

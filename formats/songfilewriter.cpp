@@ -189,6 +189,11 @@ bool SongFileWriter::recover(const QString &path)
     const SongJournal::State state = journal.read(content);
     if (state == SongJournal::State::Missing || !QFileInfo(song).isFile())
         return true;
+    if (state == SongJournal::State::InUse) {
+        logWarning() << "[SongFileWriter::recover] The song is being saved by another program:"
+                     << path;
+        return false;
+    }
     if (state == SongJournal::State::Unreadable) {
         logWarning() << "[SongFileWriter::recover] Impossible to read" << journal.path();
         return false;

@@ -63,7 +63,8 @@ public:
      * Undoes a rewrite in place that was cut off: a song with a journal gets its old bytes back. A
      * journal that was cut off itself is removed, since its song was not touched yet; so is one
      * whose song was changed by somebody else. False when the song cannot be put back, or when its
-     * journal cannot be read: what the song holds is of no use then.
+     * journal cannot be read, or while another program saves the song: what the song holds is of
+     * no use then.
      */
     static bool recover(const QString &path);
 

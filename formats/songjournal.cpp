@@ -69,10 +69,12 @@ bool SongJournal::write(const Content &content)
     if (!m_file.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered,
                      QFile::ReadOwner | QFile::WriteOwner))
         return false;
+    if (!holdFile(m_file)) {
+        m_file.close();
+        return false;
+    }
     const QByteArray bytes = content.encode();
-    const bool written = m_file.write(bytes) == bytes.size() && flushToMedium(m_file);
-    m_file.close();
-    if (written && flushFolderOf(path()))
+    if (m_file.write(bytes) == bytes.size() && flushToMedium(m_file) && flushFolderOf(path()))
         return true;
     remove();
     return false;
@@ -85,12 +87,14 @@ SongJournal::State SongJournal::read(Content &content)
         return State::Missing;
     if (!m_file.open(QFile::ReadOnly | QFile::Unbuffered))
         return State::Unreadable;
+    if (!holdFile(m_file)) {
+        m_file.close();
+        return State::InUse;
+    }
     const qint64 size = m_file.size();
     const bool hasSize = size >= headerSize && size <= headerSize + LargestSong;
     const QByteArray bytes = hasSize ? m_file.read(size) : QByteArray();
-    const bool failed = m_file.error() != QFile::NoError;
-    m_file.close();
-    if (failed)
+    if (m_file.error() != QFile::NoError)
         return State::Unreadable;
     const auto decoded = Content::decode(bytes);
     if (!decoded)
@@ -101,7 +105,11 @@ SongJournal::State SongJournal::read(Content &content)
 
 bool SongJournal::remove()
 {
-    if (m_file.remove())
+    // Removed while it is held, where the system lets an open file be removed: nobody must find it
+    // free and still there.
+    const bool removed = QFile::remove(path());
+    m_file.close();
+    if (removed || m_file.remove())
         return true;
     // An empty journal is invalid: it can never put anything back over newer bytes.
     const bool emptied = m_file.resize(0);

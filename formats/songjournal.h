@@ -15,6 +15,9 @@
  * Layout, numbers big-endian: magic "KvSongJr" (8 bytes), version (4), size of the old song (4),
  * size of the new one (4), SHA-256 of the two sizes and the old bytes (32), the old bytes. A
  * journal that was not written whole does not fit its checksum.
+ *
+ * The object holds the journal that it wrote or read until it removes it or goes itself, so that
+ * another program does not take a save that still runs for one that was cut off.
  */
 class SongJournal
 {
@@ -32,6 +35,7 @@ public:
 
     enum class State {
         Missing,    ///< no journal; links, folders and devices of its name are none
+        InUse,      ///< the song is being saved at this moment, by another program
         Unreadable, ///< there is one, but the medium or its rights do not let it be read
         Invalid,    ///< cut off while it was written, or no journal at all
         Valid

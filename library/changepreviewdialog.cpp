@@ -17,6 +17,12 @@ enum Column { SongOrField, Before, After };
 constexpr int firstColumnWidth = 210;
 constexpr int beforeColumnWidth = 200;
 
+/** As rich text a tool tip wraps; as escaped text nothing in it is taken for mark-up. */
+QString toolTipOf(const QString &text)
+{
+    return text.isEmpty() ? QString() : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
+}
+
 } // namespace
 
 ChangePreviewDialog::ChangePreviewDialog(ChangePreview preview, bool copyrightAsk, QWidget *parent)
@@ -87,7 +93,7 @@ QTreeWidgetItem *ChangePreviewDialog::makeItem(const ChangePreview::Song &song) 
     QFont bold = font();
     bold.setBold(true);
     item->setFont(SongOrField, bold);
-    item->setToolTip(SongOrField, QDir::toNativeSeparators(song.fileName));
+    item->setToolTip(SongOrField, toolTipOf(QDir::toNativeSeparators(song.fileName)));
     for (const ChangePreview::Change &change : song.changes) {
         const QString values[] = {change.before, change.after};
         auto *const row = new QTreeWidgetItem({fieldName(change.field)});
@@ -95,7 +101,7 @@ QTreeWidgetItem *ChangePreviewDialog::makeItem(const ChangePreview::Song &song) 
         for (const int column : {Before, After}) {
             const QString &value = values[column - Before];
             row->setText(column, value.isEmpty() ? tr("(vuoto)") : value);
-            row->setToolTip(column, value);
+            row->setToolTip(column, toolTipOf(value));
             if (value.isEmpty())
                 row->setForeground(column, palette().placeholderText());
         }

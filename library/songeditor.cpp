@@ -40,9 +40,10 @@ bool SongEditor::edit(int row)
     }
     logDebug() << "Accepted";
     edit->info.dbgDump();
+    const QPersistentModelIndex place = m_model.rowIndex(row);
     manualModifySong(song, edit->info, path, row);
     if (edit->titleToAll || edit->artistToAll || edit->genreToAll || edit->authorToAll)
-        applyToAll(*edit, row);
+        applyToAll(*edit, place.row());
     return true;
 }
 

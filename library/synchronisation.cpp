@@ -6,6 +6,7 @@
 #include "library/whileanswering.h"
 
 #include <QCoreApplication>
+#include <QPersistentModelIndex>
 
 namespace
 {
@@ -57,8 +58,9 @@ bool Synchronisation::run(bool copyrightAsk)
             return false;
         logDebug() << "[UPDATE] rowIdx: " << row;
         logDebug() << "[UPDATE] updating file: " << m_model.fileName(row);
+        const QPersistentModelIndex place = m_model.rowIndex(row);
         const bool synced = updateFileWithDb(row);
-        m_model.setStatus(row, synced ? Database::StatusSynced : Database::StatusNotSynced);
+        m_model.setStatus(place.row(), synced ? Database::StatusSynced : Database::StatusNotSynced);
         progress->updateProgress(row + 1);
         logEndOfRow();
         QCoreApplication::processEvents();
@@ -79,12 +81,14 @@ bool Synchronisation::updateFileWithDb(int row)
     if (!m_catalogue.mergeInto(song, info, m_model.shortName(row)))
         return false;
 
+    // A progress that was cancelled lets go of the table, which may then be sorted.
+    const QPersistentModelIndex place = m_model.rowIndex(row);
     // A file that could not be written shows in its row what it still holds.
     whileAnswering([&] { return song.saveToFile(fileName); });
     MetaSong saved;
     if (saved.importFile(fileName)) {
         saved.getSongInfo(info);
-        m_model.updateRow(row, info);
+        m_model.updateRow(place.row(), info);
     }
     return true;
 }

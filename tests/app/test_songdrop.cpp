@@ -13,6 +13,8 @@
 #include <QProgressDialog>
 #include <QStatusBar>
 
+#include <sys/stat.h>
+
 namespace
 {
 
@@ -112,6 +114,8 @@ private slots:
     void foreignFilesAreRefused_data();
     void foreignFilesAreRefused();
     void foreignFileAmongSongsIsToldAsUnreadable();
+    void linksThatLeadToNoFileAreLeftOut();
+    void pipeAndDeviceAreToldAsUnreadable();
     void folderWithoutSongsChangesNothing();
     void dropDuringAWorkflowIsRefused();
     void dropBeforeAWorkflowIsNotImportedDuringIt();
@@ -219,6 +223,34 @@ void TestSongDrop::foreignFileAmongSongsIsToldAsUnreadable()
     QVERIFY(Dragged({songs.bad(s("readme.txt")), songs.midi(s("a.mid"), "A")}).isDroppedOn(window));
     QTRY_COMPARE(window.shownNames(), QStringList{s("a.mid")});
     QVERIFY(window.child<QWidget>("unreadablePushButton")->isVisible());
+}
+
+void TestSongDrop::linksThatLeadToNoFileAreLeftOut()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    Dragged dragged({songs.midi(s("a.mid"), "A")});
+    QList<QUrl> urls = dragged.data.urls();
+    urls << QUrl(s("file:")) << QUrl(s("file://")) << QUrl(s("https://host.example/b.mid"))
+         << QUrl(s("mailto:c.mid")) << QUrl() << QUrl(s("d.mid"));
+    dragged.data.setUrls(urls);
+    QVERIFY(dragged.isDroppedOn(window));
+    QTRY_COMPARE(window.model()->goodRowCount(), 1);
+    QVERIFY(window.child<QPushButton>("unreadablePushButton")->isHidden());
+}
+
+void TestSongDrop::pipeAndDeviceAreToldAsUnreadable()
+{
+    const SongFolder songs;
+    const QString pipe = songs.filePath(s("pipe.mid"));
+    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const QString device = songs.filePath(s("zero.mp3"));
+    QVERIFY(QFile::link(s("/dev/zero"), device));
+    WindowUnderTest window;
+    QVERIFY(Dragged({songs.midi(s("a.mid"), "A"), pipe, device}).isDroppedOn(window));
+    QTRY_COMPARE(window.model()->goodRowCount(), 1);
+    const auto *const button = window.child<QPushButton>("unreadablePushButton");
+    QCOMPARE(button->text().section(QLatin1Char(' '), 0, 0), s("2"));
 }
 
 void TestSongDrop::folderWithoutSongsChangesNothing()

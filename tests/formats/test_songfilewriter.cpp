@@ -1,5 +1,6 @@
 // Rewriting a song file: the new bytes or the old ones, byte for byte, and nothing left beside it.
 #include "formats/songfilewriter.h"
+#include "formats/songjournal.h"
 #include "support/faults.h"
 #include "support/logcapture.h"
 
@@ -120,6 +121,7 @@ private slots:
     void journalWithAnyWrongByteIsRemoved();
     void hugeJournalsAreRemovedUnread();
     void journalOfASongChangedSinceIsRemoved();
+    void journalOfASaveThatStillRunsIsLeftAlone();
     void linksAndFoldersAreNoJournals();
     void songIsNotSavedWhereItsJournalCannotBeMade();
     void journalIsFoundThroughALink();
@@ -435,6 +437,30 @@ void TestSongFileWriter::journalOfASongChangedSinceIsRemoved()
     QCOMPARE(contentOf(path("song.mid")), bytes(120, 'A'));
     QCOMPARE(files(), QStringList(QStringLiteral("song.mid")));
     QVERIFY(logTells(QStringLiteral("The song was changed since")));
+}
+
+// Another window of the program reads the song while this one waits for a slow stick.
+void TestSongFileWriter::journalOfASaveThatStillRunsIsLeftAlone()
+{
+    const QByteArray old = bytes(3000, 'a');
+    const QByteArray written = bytes(2000, 'B') + old.mid(2000);
+    const QString song = path("song.mid");
+    makeFile(song, old);
+    SongJournal running(song);
+    QVERIFY(running.write({old, 3000}));
+    makeFile(song, written);
+
+    const LogCapture log;
+    QVERIFY(!SongFileWriter::recover(song));
+    QVERIFY(!rewriteInPlace(song, bytes(3000, 'x')));
+    QVERIFY(logTells(QStringLiteral("is being saved")));
+    QCOMPARE(contentOf(song), written);
+    QCOMPARE(contentOf(running.path()), journalOf(old, 3000));
+
+    QVERIFY(running.remove());
+    QVERIFY(SongFileWriter::recover(song));
+    QCOMPARE(contentOf(song), written);
+    QCOMPARE(files(), QStringList({QStringLiteral("song.mid")}));
 }
 
 void TestSongFileWriter::linksAndFoldersAreNoJournals()

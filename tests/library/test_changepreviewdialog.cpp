@@ -51,6 +51,7 @@ private slots:
     void showsSongsWithOldAndNewValues();
     void saysWhichSongsAreAskedAbout();
     void countsSongs();
+    void toolTipsTakeNoTextForMarkUp();
     void buttonsAndKeysDecide_data();
     void buttonsAndKeysDecide();
     void nothingIsCutOff();
@@ -97,6 +98,18 @@ void TestChangePreviewDialog::countsSongs()
              QStringLiteral("Song che verrebbero modificate: 2 di 7\n"
                             "Song non presenti nel database: 3\n"
                             "Song non leggibili: 1"));
+}
+
+void TestChangePreviewDialog::toolTipsTakeNoTextForMarkUp()
+{
+    ChangePreview preview = somePreview();
+    preview.changed[1].changes[0].after = QStringLiteral("<img src='x.png'>");
+    const ChangePreviewDialog dialog(preview, false);
+    const auto *const tree = child<QTreeWidget>(&dialog, "changesTreeWidget");
+    const QTreeWidgetItem *const song = tree->topLevelItem(1);
+    QVERIFY(song->toolTip(0).contains(QStringLiteral("/music/&lt;b&gt;.mp3")));
+    QVERIFY(song->child(0)->toolTip(2).contains(QStringLiteral("&lt;img src='x.png'&gt;")));
+    QCOMPARE(song->child(0)->toolTip(1), QString()); // the value is empty
 }
 
 void TestChangePreviewDialog::buttonsAndKeysDecide_data()

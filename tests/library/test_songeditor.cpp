@@ -98,6 +98,7 @@ private slots:
     void bulkEditOfASortedTableReachesEveryRow();
     void bulkEditReachesEveryRowOfATableThatIsSortedMeanwhile();
     void rowIsFoundAgainWhenTheTableIsSortedDuringTheSave();
+    void bulkEditLeavesOutTheEditedSongWhenTheTableIsSortedDuringItsSave();
     void removedRowLeavesTheFile();
     void removingARowThatDoesNotExistChangesNothing();
     void deletingAsksFirst();
@@ -523,6 +524,27 @@ void TestSongEditor::rowIsFoundAgainWhenTheTableIsSortedDuringTheSave()
     QCOMPARE(library.cell(2, "shortname"), QStringLiteral("a.mid"));
     QCOMPARE(library.cell(2, "title"), QStringLiteral("My own title"));
     QCOMPARE(library.statuses(), QList<int>({isNew, isNew, isEdited}));
+}
+
+void TestSongEditor::bulkEditLeavesOutTheEditedSongWhenTheTableIsSortedDuringItsSave()
+{
+    LibraryTable library(QList<catalogue::Row>{});
+    for (const char *name : {"a.mid", "b.mid", "c.mid"})
+        QVERIFY(library.add(QString::fromLatin1(name), fullMidi(name)));
+    Editing editing(library);
+    editing.changeTo([&library](SongEdit &edit) {
+        edit.info.title = QStringLiteral("My own title");
+        edit.titleToAll = true;
+        QTimer::singleShot(0, &library.model(), [&library] {
+            const int column = library.model().fieldIndex(QStringLiteral("shortname"));
+            library.model().sort(column, Qt::DescendingOrder);
+        });
+    });
+    QVERIFY(editing.editor.edit(0));
+    QCOMPARE(library.cell(2, "shortname"), QStringLiteral("a.mid"));
+    QCOMPARE(library.song(QStringLiteral("a.mid")).title, QStringLiteral("My own title"));
+    QCOMPARE(library.song(QStringLiteral("b.mid")).title, QStringLiteral("b"));
+    QCOMPARE(library.song(QStringLiteral("c.mid")).title, QStringLiteral("c"));
 }
 
 void TestSongEditor::removedRowLeavesTheFile()

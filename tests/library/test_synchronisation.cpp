@@ -8,6 +8,7 @@
 #include "support/songbytes.h"
 
 #include <QTest>
+#include <QTimer>
 
 namespace
 {
@@ -152,6 +153,7 @@ private slots:
     void progressCountsEveryRow();
     void pendingEventsRunBetweenFiles();
     void sortedTableIsWalkedAsItStands();
+    void rowIsFoundAgainWhenTheTableIsSortedDuringTheSave();
     void singleRowLeavesItsStatusToTheCaller();
     void vanishedFileTurnsRedAndTheRunGoesOn();
     void folderInPlaceOfTheFileTurnsRed();
@@ -581,6 +583,27 @@ void TestSynchronisation::sortedTableIsWalkedAsItStands()
         QCOMPARE(library.model().status(i), unknown ? isNotSynced : isSynced);
         QCOMPARE(library.cell(i, "title"), library.song(library.model().shortName(i)).title);
     }
+}
+
+// A progress that was cancelled lets go of the table while the song of that moment is saved.
+void TestSynchronisation::rowIsFoundAgainWhenTheTableIsSortedDuringTheSave()
+{
+    LibraryTable library(fourRows());
+    QVERIFY(addFourUnsigned(library));
+    Run run(library);
+    run.answers = {NoCopyrightDialog::Yes};
+    run.whileAsking = [&](const QString &) {
+        run.progress.canceled = true;
+        QTimer::singleShot(0, &library.model(), [&library] {
+            const int column = library.model().fieldIndex(QStringLiteral("shortname"));
+            library.model().sort(column, Qt::DescendingOrder);
+        });
+    };
+    QVERIFY(!run.synchronisation.run(true));
+    QCOMPARE(library.cell(3, "shortname"), QStringLiteral("a.mid"));
+    QCOMPARE(library.cell(3, "title"), QStringLiteral("ONE"));
+    QCOMPARE(library.statuses(), QList<int>({isNew, isNew, isNew, isSynced}));
+    QVERIFY(library.cell(0, "title") != QStringLiteral("ONE"));
 }
 
 void TestSynchronisation::singleRowLeavesItsStatusToTheCaller()
