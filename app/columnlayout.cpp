@@ -35,6 +35,9 @@ ColumnLayout::ColumnLayout(QTableView *view, const QSqlTableModel &model, QSetti
     , m_settings(settings)
 {
     load();
+    m_later.setSingleShot(true);
+    m_later.setInterval(0);
+    connect(&m_later, &QTimer::timeout, this, &ColumnLayout::spread);
     QHeaderView *const header = m_view->horizontalHeader();
     header->setSortIndicatorClearable(true);
     connect(header, &QHeaderView::sectionClicked, this, [this, header] {
@@ -118,7 +121,7 @@ void ColumnLayout::columnsWereFitted()
     for (auto own = m_ownWidths.cbegin(); own != m_ownWidths.cend(); ++own)
         m_view->setColumnWidth(shownColumn(own.key()), own.value());
     // Later, when the view has its place and knows whether it needs a scroll bar.
-    QMetaObject::invokeMethod(this, &ColumnLayout::spread, Qt::QueuedConnection);
+    m_later.start();
 }
 
 int ColumnLayout::wantedWidth(int column) const
@@ -197,7 +200,7 @@ bool ColumnLayout::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_viewport) {
         if (event->type() == QEvent::Resize)
-            QMetaObject::invokeMethod(this, &ColumnLayout::spread, Qt::QueuedConnection);
+            m_later.start();
     } else if (event->type() == QEvent::MouseButtonPress) {
         m_dragging = true;
     } else if (event->type() == QEvent::MouseButtonRelease) {

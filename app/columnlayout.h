@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QSettings>
 #include <QString>
+#include <QTimer>
 
 class QSqlTableModel;
 class QTableView;
@@ -63,5 +64,6 @@ private:
     QMap<int, int> m_fittedWidths;
     QString m_sortField; ///< empty: the order of the import
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
+    QTimer m_later;
     bool m_dragging = false; ///< the mouse is down on the headings
 };
