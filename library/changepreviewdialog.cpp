@@ -1,5 +1,7 @@
 #include "library/changepreviewdialog.h"
 
+#include "library/plaintooltip.h"
+
 #include "ui_changepreviewdialog.h"
 
 #include <QDir>
@@ -87,7 +89,7 @@ QTreeWidgetItem *ChangePreviewDialog::makeItem(const ChangePreview::Song &song) 
     QFont bold = font();
     bold.setBold(true);
     item->setFont(SongOrField, bold);
-    item->setToolTip(SongOrField, QDir::toNativeSeparators(song.fileName));
+    item->setToolTip(SongOrField, plainToolTip(QDir::toNativeSeparators(song.fileName)));
     for (const ChangePreview::Change &change : song.changes) {
         const QString values[] = {change.before, change.after};
         auto *const row = new QTreeWidgetItem({fieldName(change.field)});
@@ -95,7 +97,7 @@ QTreeWidgetItem *ChangePreviewDialog::makeItem(const ChangePreview::Song &song) 
         for (const int column : {Before, After}) {
             const QString &value = values[column - Before];
             row->setText(column, value.isEmpty() ? tr("(vuoto)") : value);
-            row->setToolTip(column, value);
+            row->setToolTip(column, plainToolTip(value));
             if (value.isEmpty())
                 row->setForeground(column, palette().placeholderText());
         }
