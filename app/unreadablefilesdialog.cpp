@@ -1,5 +1,7 @@
 #include "app/unreadablefilesdialog.h"
 
+#include "library/plaintooltip.h"
+
 #include "ui_unreadablefilesdialog.h"
 
 #include <QDir>
@@ -17,9 +19,9 @@ UnreadableFilesDialog::UnreadableFilesDialog(const QList<UnreadableFile> &files,
     for (const UnreadableFile &file : files) {
         auto *const item = new QTreeWidgetItem(
             ui->filesTreeWidget, {QFileInfo(file.path).fileName(), reasonText(file.reason)});
-        const QString path = QDir::toNativeSeparators(file.path).toHtmlEscaped();
+        const QString path = plainToolTip(QDir::toNativeSeparators(file.path));
         for (int column = 0; column < item->columnCount(); ++column)
-            item->setToolTip(column, QStringLiteral("<span>%1</span>").arg(path));
+            item->setToolTip(column, path);
     }
     ui->filesTreeWidget->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     ui->filesTreeWidget->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);

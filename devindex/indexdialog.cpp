@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QMouseEvent>
 
@@ -71,7 +72,7 @@ void IndexDialog::changeEvent(QEvent *event)
 /** The keyboard: mouse presses do not get as far as the button. */
 void IndexDialog::on_pushButtonStart_clicked()
 {
-    start(true);
+    start(QGuiApplication::keyboardModifiers() != Qt::ShiftModifier);
 }
 
 void IndexDialog::on_pushButtonClose_clicked()

@@ -1,5 +1,7 @@
 #include "devindex/memorylist.h"
 
+#include "devindex/sizetext.h"
+#include "library/plaintooltip.h"
 #include "library/settings.h"
 
 #include <QAbstractItemView>
@@ -7,7 +9,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
-#include <QLocale>
 #include <QSettings>
 #include <QSignalBlocker>
 #include <QWheelEvent>
@@ -20,11 +21,6 @@ namespace
  * is done.
  */
 constexpr int settlingMilliseconds = 700;
-
-QString sizeText(qint64 bytes)
-{
-    return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat);
-}
 
 } // namespace
 
@@ -100,7 +96,7 @@ void MemoryList::refresh()
                           .arg(memory.name, sizeText(memory.freeBytes), sizeText(memory.totalBytes))
                     : memory.name,
                 memory.path);
-        setItemData(count() - 1, memory.path, Qt::ToolTipRole);
+        setItemData(count() - 1, plainToolTip(memory.path), Qt::ToolTipRole);
     }
     setPlaceholderText(memories.isEmpty() ? tr("Nessuna memoria collegata")
                                           : tr("Scegli una memoria"));

@@ -1,11 +1,11 @@
 #include "devindex/transfer.h"
 
 #include "devindex/index.h"
+#include "devindex/sizetext.h"
 #include "formats/diagnostics.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLocale>
 #include <QStorageInfo>
 
 #include <memory>
@@ -113,10 +113,9 @@ bool Transfer::hasRoom(const QStringList &files, const QString &dest)
     if (missing <= 0)
         return true;
     return m_questions.askAnyway(
-        tr("Trasferimento"),
-        tr("Lo spazio libero nella memoria non è sufficiente: mancano %1.\n"
-           "Si vuole procedere comunque con la copia?")
-            .arg(QLocale().formattedDataSize(missing, 1, QLocale::DataSizeSIFormat)));
+        tr("Trasferimento"), tr("Lo spazio libero nella memoria non è sufficiente: mancano %1.\n"
+                                "Si vuole procedere comunque con la copia?")
+                                 .arg(sizeText(missing)));
 }
 
 /** True when no file failed; the progress is gone when this returns. */

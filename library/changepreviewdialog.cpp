@@ -1,5 +1,7 @@
 #include "library/changepreviewdialog.h"
 
+#include "library/plaintooltip.h"
+
 #include "ui_changepreviewdialog.h"
 
 #include <QDir>
@@ -16,12 +18,6 @@ enum Column { SongOrField, Before, After };
 
 constexpr int firstColumnWidth = 210;
 constexpr int beforeColumnWidth = 200;
-
-/** As rich text a tool tip wraps; as escaped text nothing in it is taken for mark-up. */
-QString toolTipOf(const QString &text)
-{
-    return text.isEmpty() ? QString() : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
-}
 
 } // namespace
 
@@ -93,7 +89,7 @@ QTreeWidgetItem *ChangePreviewDialog::makeItem(const ChangePreview::Song &song) 
     QFont bold = font();
     bold.setBold(true);
     item->setFont(SongOrField, bold);
-    item->setToolTip(SongOrField, toolTipOf(QDir::toNativeSeparators(song.fileName)));
+    item->setToolTip(SongOrField, plainToolTip(QDir::toNativeSeparators(song.fileName)));
     for (const ChangePreview::Change &change : song.changes) {
         const QString values[] = {change.before, change.after};
         auto *const row = new QTreeWidgetItem({fieldName(change.field)});
@@ -101,7 +97,7 @@ QTreeWidgetItem *ChangePreviewDialog::makeItem(const ChangePreview::Song &song) 
         for (const int column : {Before, After}) {
             const QString &value = values[column - Before];
             row->setText(column, value.isEmpty() ? tr("(vuoto)") : value);
-            row->setToolTip(column, toolTipOf(value));
+            row->setToolTip(column, plainToolTip(value));
             if (value.isEmpty())
                 row->setForeground(column, palette().placeholderText());
         }

@@ -1,5 +1,7 @@
 #include "library/elidedlabel.h"
 
+#include "library/plaintooltip.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
@@ -31,9 +33,7 @@ bool ElidedLabel::event(QEvent *event)
 {
     if (event->type() != QEvent::ToolTip || shownText() == text())
         return QLabel::event(event);
-    // As rich text a tool tip wraps; as escaped text a path is never taken for mark-up.
-    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
-                       QStringLiteral("<p>%1</p>").arg(text().toHtmlEscaped()), this);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), plainToolTip(text()), this);
     return true;
 }
 

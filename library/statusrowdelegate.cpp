@@ -1,5 +1,7 @@
 #include "library/statusrowdelegate.h"
 
+#include "library/plaintooltip.h"
+
 #include <QAbstractItemView>
 #include <QBrush>
 #include <QHelpEvent>
@@ -30,9 +32,6 @@ bool StatusRowDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     if (event->type() != QEvent::ToolTip ||
         sizeHint(option, index).width() <= view->visualRect(index).width())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
-    // As plain text, a title with angle brackets could be taken for tags.
-    const QString text =
-        QStringLiteral("<span>%1</span>").arg(index.data().toString().toHtmlEscaped());
-    QToolTip::showText(event->globalPos(), text, view->viewport());
+    QToolTip::showText(event->globalPos(), plainToolTip(index.data().toString()), view->viewport());
     return true;
 }

@@ -62,6 +62,7 @@ private slots:
 
     void keyboardStartsOnTheWholeMemory_data();
     void keyboardStartsOnTheWholeMemory();
+    void shiftCountsOnTheKeyboardToo();
     void releaseStartsNothing();
     void disabledButtonStartsNothing();
 
@@ -325,6 +326,15 @@ void TestIndexDialog::shiftWithoutFolderDoesNotExist()
     type(m_card->path(QStringLiteral("gone")));
     start(Qt::ShiftModifier);
     QCOMPARE(m_user->messages(), QStringList({missingText, missingText}));
+}
+
+void TestIndexDialog::shiftCountsOnTheKeyboardToo()
+{
+    type(m_card->path(QStringLiteral("pop")));
+    QTest::keyClick(child<QPushButton>("pushButtonStart"), Qt::Key_Space, Qt::ShiftModifier);
+    QCOMPARE(m_user->messages(), QStringList(successText));
+    QVERIFY(!m_card->hasIndex());
+    QVERIFY(QFileInfo::exists(m_card->path(QStringLiteral("pop/fsinfos.idx"))));
 }
 
 void TestIndexDialog::keyboardStartsOnTheWholeMemory_data()

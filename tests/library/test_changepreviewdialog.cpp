@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <QTest>
+#include <QTextDocument>
 #include <QTreeWidget>
 
 namespace
@@ -49,6 +50,7 @@ class TestChangePreviewDialog : public QObject
 
 private slots:
     void showsSongsWithOldAndNewValues();
+    void toolTipsShowTextsToTheLetter();
     void saysWhichSongsAreAskedAbout();
     void countsSongs();
     void toolTipsTakeNoTextForMarkUp();
@@ -81,6 +83,27 @@ void TestChangePreviewDialog::showsSongsWithOldAndNewValues()
                           QStringLiteral("1 Intro, 19 Verse1")}));
     // A song without a title goes by its file.
     QCOMPARE(tree->topLevelItem(1)->text(0), QStringLiteral("<b>.mp3"));
+}
+
+void TestChangePreviewDialog::toolTipsShowTextsToTheLetter()
+{
+    ChangePreview preview = somePreview();
+    preview.changed[0].fileName = QStringLiteral("/music/<i>song</i>.mid");
+    preview.changed[0].changes[0].before = QStringLiteral("<b>La</b> song");
+    const ChangePreviewDialog dialog(preview, false);
+    const QTreeWidgetItem *const song =
+        child<QTreeWidget>(&dialog, "changesTreeWidget")->topLevelItem(0);
+    const auto read = [](const QString &toolTip) {
+        QTextDocument shown;
+        if (Qt::mightBeRichText(toolTip))
+            shown.setHtml(toolTip);
+        else
+            shown.setPlainText(toolTip);
+        return shown.toPlainText();
+    };
+    QCOMPARE(read(song->toolTip(0)), preview.changed[0].fileName);
+    QCOMPARE(read(song->child(0)->toolTip(1)), preview.changed[0].changes[0].before);
+    QCOMPARE(song->child(1)->toolTip(1), QString()); // nothing to show
 }
 
 void TestChangePreviewDialog::saysWhichSongsAreAskedAbout()

@@ -74,7 +74,7 @@ void TestElidedLabel::toolTipShowsATextThatIsCut()
     label.setText(QStringLiteral("/a.mid"));
     QCOMPARE(toolTipOf(label), QString());
     label.setText(longText);
-    QCOMPARE(toolTipOf(label), QStringLiteral("<p>%1</p>").arg(longText.toHtmlEscaped()));
+    QCOMPARE(toolTipOf(label), QStringLiteral("<span>%1</span>").arg(longText.toHtmlEscaped()));
 }
 
 void TestElidedLabel::toolTipTakesNoPathForMarkUp()
