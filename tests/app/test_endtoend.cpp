@@ -91,7 +91,7 @@ class TestEndToEnd : public QObject
 
 private slots:
     void initTestCase();
-    void cleanup() { MemoryChecker::judgeLeftBehind(m_card); }
+    void cleanup() { MemoryChecker::judgeLeftBehind(m_card, m_judgedWith); }
     void importsFortySongsAndSkipsTenBrokenFiles();
     void transferToTheRootLandsInSongsAndBuildsTheIndex();
     void secondTransferWithNoToAllKeepsWhatIsThere();
@@ -117,6 +117,7 @@ private:
 
     QTemporaryDir m_dir;
     QString m_card;
+    QStringList m_judgedWith; ///< what the judge of the memory lets pass
     QStringList m_songs;
     QStringList m_broken;
     QStringList m_later;
@@ -495,6 +496,8 @@ void TestEndToEnd::editsOneSongAndGivesItsArtistToAll()
 
 void TestEndToEnd::rebuildsTheMemory()
 {
+    // The player has not taken away the playlist's path file, so a rebuild leaves its old ids.
+    m_judgedWith = QStringList{QStringLiteral("--allow-lost-songs")};
     QVERIFY(QFile::remove(m_card + QStringLiteral("/title.idx")));
     const qsizetype songs = idsByPath(m_card).size();
 

@@ -4,10 +4,10 @@
 //
 //   JOB ROOT AT MODE GONE LIMIT
 //
-// JOB: make, save:NAME:TITLE, sync, create, update, transfer, backup or import. ROOT holds the
-// folders "library", "mnt/CARD" (the memory) and "backup". AT, MODE and GONE are what FAULTS_AT and
-// so on are set to. LIMIT is the size beyond which no file can grow, -1 for none. For each job it
-// answers with a line, "exit N" or "signal N". What the program said lies in the file "report".
+// JOB: make, save:NAME:TITLE, sync, create, rebuild, update, transfer, backup or import. ROOT holds
+// the folders "library", "mnt/CARD" (the memory) and "backup". AT, MODE and GONE are what FAULTS_AT
+// and so on are set to. LIMIT is the size beyond which no file can grow, -1 for none. For each job
+// it answers with a line, "exit N" or "signal N". What the program said lies in the file "report".
 #include "app/backupdialog.h"
 #include "app/librarybackup.h"
 #include "devindex/filecopier.h"
@@ -338,7 +338,7 @@ bool run(const Request &request, std::optional<Library> &library)
         return save(folders.library() + QLatin1Char('/') + job.at(1), job.at(2));
     if (job.constFirst() == QLatin1String("sync"))
         return library->synchronise();
-    if (job.constFirst() == QLatin1String("create"))
+    if (job.constFirst() == QLatin1String("create") || job.constFirst() == QLatin1String("rebuild"))
         return indexMemory(folders.card(), &Index::createIndex);
     if (job.constFirst() == QLatin1String("update"))
         return indexMemory(folders.card(), &Index::updateIndex);
