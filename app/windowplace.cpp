@@ -7,6 +7,8 @@
 #include <QSettings>
 #include <QWidget>
 
+#include <algorithm>
+
 void windowplace::restore(QWidget &window, const QSettings &settings)
 {
     const QRect stored = settings.value(settings::windowPlace).toRect();
@@ -18,8 +20,9 @@ void windowplace::restore(QWidget &window, const QSettings &settings)
     const QRect room = screen->availableGeometry();
     window.resize(stored.size().boundedTo(room.size()));
     if (itsScreen != nullptr)
-        window.move(qBound(room.left(), stored.left(), room.right() + 1 - window.width()),
-                    qBound(room.top(), stored.top(), room.bottom() + 1 - window.height()));
+        window.move(
+            std::max(room.left(), std::min(stored.left(), room.right() + 1 - window.width())),
+            std::max(room.top(), std::min(stored.top(), room.bottom() + 1 - window.height())));
     if (settings.value(settings::windowMaximised).toBool())
         window.setWindowState(Qt::WindowMaximized);
 }
