@@ -753,8 +753,8 @@ void TestDataEditDialog::tabGoesThroughTheFieldsInReadingOrder()
                                   QStringLiteral("lenSsLineEdit"),
                                   QStringLiteral("keyComboBox"),
                                   QStringLiteral("bpmLineEdit"),
-                                  QStringLiteral("savePushButton"),
-                                  QStringLiteral("exitPushButton")};
+                                  QStringLiteral("exitPushButton"),
+                                  QStringLiteral("savePushButton")};
     QCOMPARE(visited, expected);
 }
 
