@@ -12,7 +12,7 @@ namespace
 {
 
 constexpr int widestColumn = 4000;
-constexpr int narrowestText = 200; ///< what a column of texts keeps when the window is too narrow
+constexpr int narrowestText = 150; ///< what a column of texts keeps when the window is too narrow
 
 /** How the width that is left over is shared out; the other columns hold short items. */
 struct Share {

@@ -323,6 +323,11 @@ void Demo::runJob(const QString &language)
     reportRows();
     shoot(QStringLiteral("imported"));
 
+    say(QStringLiteral("Look at what would change"));
+    trigger("actionPreviewChanges");
+    clickTool("updateDataToolButton");
+    trigger("actionPreviewChanges");
+
     say(QStringLiteral("Synchronise, with a backup"));
     clickTool("updateDataToolButton");
     reportRows();
