@@ -1249,7 +1249,8 @@ void TestRawMidiFile::removeSeesDeltaZeroBehindHighBytes()
 
 void TestRawMidiFile::removeFollowsTheByteSearchOnRandomData()
 {
-    // The rule, event by event and slowly, on data that are no events from the first status byte on.
+    // The rule, event by event and slowly, on data that are no events from the first status byte
+    // on.
     QRandomGenerator random(20121001);
     int removedInAll = 0;
     for (int round = 0; round < 3000; ++round) {
