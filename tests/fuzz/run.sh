@@ -3,6 +3,7 @@
 # Fails when one of them finds anything. Inputs, findings and logs stay in the work folder, so that
 # a later run goes on from where this one ended.
 #   JOBS           how many run at a time (default: one for each processor)
+#   FUZZ_TIMEOUT   seconds that one input may take (default: 10); more on a machine that is busy
 #   FUZZ_BINARIES  where the fuzzers are (default: build/fuzz/tests/fuzz, built by preset "fuzz")
 #   FUZZ_WORK      the work folder (default: build/fuzz/work)
 set -euo pipefail
@@ -30,7 +31,7 @@ fuzz() {
   esac
   mkdir -p "$work/corpus/$fuzzer" "$work/findings"
   local log=$work/$fuzzer.log
-  if "$binaries/$fuzzer" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 \
+  if "$binaries/$fuzzer" -max_total_time="$seconds" -timeout="${FUZZ_TIMEOUT:-10}" -rss_limit_mb=2048 \
       -max_len=$length -dict="$work/seeds/$fuzzer.dict" -print_final_stats=1 \
       -artifact_prefix="$work/findings/$fuzzer-" \
       "$work/corpus/$fuzzer" "$work/seeds/$fuzzer" >"$log" 2>&1; then
