@@ -30,6 +30,7 @@ const Share shares[] = {{QStringLiteral("title"), 3},
 ColumnLayout::ColumnLayout(QTableView *view, const QSqlTableModel &model, QSettings &settings)
     : QObject(view)
     , m_view(view)
+    , m_viewport(view->viewport())
     , m_model(model)
     , m_settings(settings)
 {
@@ -50,7 +51,7 @@ ColumnLayout::ColumnLayout(QTableView *view, const QSqlTableModel &model, QSetti
     });
     connect(header, &QHeaderView::sectionHandleDoubleClicked, this, &ColumnLayout::releaseWidth);
     header->viewport()->installEventFilter(this);
-    m_view->viewport()->installEventFilter(this);
+    m_viewport->installEventFilter(this);
 }
 
 void ColumnLayout::load()
@@ -130,7 +131,7 @@ int ColumnLayout::wantedWidth(int column) const
 
 void ColumnLayout::spread()
 {
-    int left = m_view->viewport()->width();
+    int left = m_viewport->width();
     for (auto fitted = m_fittedWidths.cbegin(); fitted != m_fittedWidths.cend(); ++fitted)
         left -= wantedWidth(fitted.key());
     if (left >= 0)
@@ -197,7 +198,7 @@ void ColumnLayout::chooseOrder(int column, Qt::SortOrder order)
 
 bool ColumnLayout::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_view->viewport()) {
+    if (watched == m_viewport) {
         if (event->type() == QEvent::Resize)
             m_later.start();
     } else if (event->type() == QEvent::MouseButtonPress) {

@@ -9,6 +9,7 @@
 
 class QSqlTableModel;
 class QTableView;
+class QWidget;
 
 /**
  * Columns are as wide as their contents, or as wide as the user dragged them; a double click on the
@@ -56,6 +57,7 @@ private:
     QString fieldName(int column) const;
 
     QTableView *const m_view;
+    QWidget *const m_viewport; ///< sends events when the view itself is almost gone
     const QSqlTableModel &m_model;
     QSettings &m_settings;
     QMap<QString, int> m_ownWidths; ///< of the columns that the user dragged
