@@ -131,7 +131,7 @@ int ColumnLayout::wantedWidth(int column) const
 
 void ColumnLayout::spread()
 {
-    int left = m_view->viewport()->width();
+    int left = m_viewport->width();
     for (auto fitted = m_fittedWidths.cbegin(); fitted != m_fittedWidths.cend(); ++fitted)
         left -= wantedWidth(fitted.key());
     if (left >= 0)
