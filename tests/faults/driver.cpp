@@ -115,9 +115,10 @@ private:
 
 QByteArray midiSong(const QByteArray &title, int number)
 {
-    return midiFile({track(metaEvent(0x03, title) + metaEvent(0x02, "(c) K-Ravo") + notes()),
-                     track(metaEvent(0x01, QByteArray(20 * (number % 5), 'x')) + notes())},
-                    1);
+    return midiFile(
+        {track(metaEvent(0x03, title) + metaEvent(0x02, "(c) K-Ravo") + notes()),
+         track(metaEvent(0x01, QByteArray(qsizetype{20} * (number % 5), 'x')) + notes())},
+        1);
 }
 
 QByteArray mp3Song(const QByteArray &title, int audio)

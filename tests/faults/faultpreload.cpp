@@ -125,13 +125,13 @@ int track(int handle, const std::string &path)
     return handle;
 }
 
-mode_t modeArgument(int flags, va_list arguments)
+/** A call with these flags has the new file's permissions as one more argument. */
+bool hasMode(int flags)
 {
-    const bool has = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
-    return has ? static_cast<mode_t>(va_arg(arguments, unsigned)) : 0;
+    return (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
 }
 
-/** The call that ends the call's line in the trace: reading, writing or making a file. */
+/** What the trace calls it: reading, writing or making a file. */
 const char *openName(int flags)
 {
     if ((flags & O_CREAT) != 0)
@@ -203,7 +203,7 @@ int open(const char *path, int flags, ...)
 {
     va_list arguments;
     va_start(arguments, flags);
-    const mode_t mode = modeArgument(flags, arguments);
+    const mode_t mode = hasMode(flags) ? va_arg(arguments, mode_t) : 0;
     va_end(arguments);
     return openCounted(path, flags, [&] { return REAL(open)(path, flags, mode); });
 }
@@ -212,7 +212,7 @@ int open64(const char *path, int flags, ...)
 {
     va_list arguments;
     va_start(arguments, flags);
-    const mode_t mode = modeArgument(flags, arguments);
+    const mode_t mode = hasMode(flags) ? va_arg(arguments, mode_t) : 0;
     va_end(arguments);
     return openCounted(path, flags, [&] { return REAL(open64)(path, flags, mode); });
 }
@@ -221,7 +221,7 @@ int openat(int folder, const char *path, int flags, ...)
 {
     va_list arguments;
     va_start(arguments, flags);
-    const mode_t mode = modeArgument(flags, arguments);
+    const mode_t mode = hasMode(flags) ? va_arg(arguments, mode_t) : 0;
     va_end(arguments);
     const auto real = [&] { return REAL(openat)(folder, path, flags, mode); };
     return folder == AT_FDCWD || path[0] == '/' ? openCounted(path, flags, real) : real();
