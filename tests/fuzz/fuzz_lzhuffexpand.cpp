@@ -19,7 +19,7 @@ quint32 statedSize(const QByteArray &stream)
 void shorten(QByteArray &stream)
 {
     const quint32 stated = statedSize(stream);
-    const bool isLargest = stated == LzHuff::MaxTextSize && stream.size() <= 5;
+    const bool isLargest = stated == LzHuff::MaxTextSize && stream.size() == 4;
     if (stated <= 8000 || stated > LzHuff::MaxTextSize || isLargest)
         return;
     const quint32 limit = stated % 256 == 0 ? 80000 : 8000;

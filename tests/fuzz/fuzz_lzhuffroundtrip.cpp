@@ -15,7 +15,7 @@ constexpr qsizetype UsualSize = 8000;
  */
 QByteArray grownText(const QByteArray &pattern, quint8 repeats, quint8 step)
 {
-    const bool isLargest = repeats == 0xFF && step == 0xFF;
+    const bool isLargest = repeats == 0xFF && pattern.endsWith("LARGEST");
     const qsizetype size = isLargest ? qsizetype{LzHuff::MaxTextSize} : UsualSize;
     QByteArray text;
     QByteArray part = pattern;

@@ -228,13 +228,13 @@ MARKERS = b"1;Intro;9;Verse;17;Chorus;"
 
 SEEDS = {
     "fuzz_lzhuffexpand": {
-        "hello": stream(b"hello hello"), "empty": le(0, 4), "largest": stream(b"x", 500000),
+        "hello": stream(b"hello hello"), "empty": le(0, 4), "largest": le(500000, 4),
         "rebuilt": stream(MIDI_FILES["full"], 40192), "toolarge": stream(b"x", 500001), "short": b"\1\0", "midi": stream(MIDI_FILES["full"]),
         "matches": le(300, 4) + b"\xfe\xdc\xba\x98" * 12},
     "fuzz_lzhuffroundtrip": {
         "one": b"\0\0x", "blanks": b"\2\0" + b" " * 60, "midi": b"\1\1" + MIDI_FILES["full"],
         "long": b"\x30\x07" + bytes(range(256)), "bytes": b"\0\0" + bytes(range(256)) * 2,
-        "largest": b"\xff\xff" + MIDI_FILES["full"]},
+        "largest": b"\xff\xff" + MIDI_FILES["full"] + b"LARGEST"},
     "fuzz_mfxheader": {
         name: b"\1" + be(500, 4) + b"".join(map(short, (b"Title", b"A" * 40, b"-", b""))) + data
         for name, data in MFX_FILES.items()},
