@@ -41,11 +41,16 @@ echo "this is no song" >music/broken.mid
 program=$!
 trap 'kill $program 2>/dev/null || true' EXIT
 
+# The icon follows the name.
+window_has_icon() {
+  xprop -name 'RB27 Utility' _NET_WM_ICON | grep -q 'Icon (48 x 48)'
+}
+
 # A first start is in German, under the partner's name.
 soon window_named '^RB27 Utility$' ||
   fail "no window appeared: $(cat output.txt; xwininfo -root -tree)"
 soon grep -q 'language=de' config/kavena_pc/kravo.conf || fail "the first start stored no language"
-xprop -name 'RB27 Utility' _NET_WM_ICON | grep -q 'Icon (48 x 48)' || fail "the window has no icon"
+soon window_has_icon || fail "the window has no icon"
 sleep 1
 import -window root before.png
 [ "$(convert before.png -format '%k' info:)" -gt 50 ] || fail "the screen is empty"
