@@ -5,7 +5,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QColor>
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QRegularExpression>
 #include <QScrollBar>
@@ -16,6 +15,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <ctime>
 #include <memory>
 
 namespace
@@ -639,23 +639,25 @@ void TestUserSongsRelTableModel::tenThousandRowsAreQuick()
     QVERIFY(QTest::qWaitForWindowExposed(&view));
 
     const int count = 10000;
-    QElapsedTimer time;
-    time.start();
+    // The processor's time, so that other programs of a busy machine do not count.
+    const auto milliseconds = [start = std::clock()] {
+        return (std::clock() - start) * 1000 / CLOCKS_PER_SEC;
+    };
     for (int i = 0; i < count; ++i)
         QVERIFY(m_model->addSong(song(QStringLiteral("song %1").arg(i * 7919 % count))));
-    const qint64 added = time.restart();
+    const auto added = milliseconds();
     QCOMPARE(m_model->goodRowCount(), count);
     QCOMPARE(view.model()->rowCount(), count);
 
     m_model->sort(m_model->fieldIndex(str("title")), Qt::AscendingOrder);
-    const qint64 sorted = time.restart();
+    const auto sorted = milliseconds();
     for (int row = 0; row < count; ++row) {
         SongInfo info = song(m_model->shortName(row));
         info.title = QString::number(count - row);
         m_model->updateRow(row, info);
         m_model->setStatus(row, Database::StatusSynced);
     }
-    const qint64 updated = time.elapsed();
+    const auto updated = milliseconds();
 
     // Each row of the table got what was meant for it.
     for (int row = 0; row < count; row += 997) {
@@ -663,9 +665,10 @@ void TestUserSongsRelTableModel::tenThousandRowsAreQuick()
         QCOMPARE(stored(row, str("title")), QString::number(count - row));
         QCOMPARE(m_model->status(row), 1);
     }
-    qInfo() << "ms to add, sort, update" << count << "rows:" << added << sorted << updated;
+    qInfo() << "ms until" << count << "rows were added, sorted, updated:" << added << sorted
+            << updated;
     QVERIFY2(added < 1000, qPrintable(QString::number(added)));
-    QVERIFY2(updated < 3000, qPrintable(QString::number(updated)));
+    QVERIFY2(updated - sorted < 3000, qPrintable(QString::number(updated - sorted)));
 }
 
 QTEST_MAIN(TestUserSongsRelTableModel)
