@@ -5,7 +5,7 @@
 #include "formats/metasong.h"
 #include "formats/songinfo.h"
 #include "library/database.h"
-#include "library/dataeditdialog.h"
+#include "windows/dataeditdialog.h"
 #include "library/progress.h"
 
 #include <QMainWindow>

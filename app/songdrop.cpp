@@ -1,7 +1,7 @@
 #include "app/songdrop.h"
 
 #include "app/busystate.h"
-#include "app/songsearch.h"
+#include "library/songsearch.h"
 
 #include <QApplication>
 #include <QDropEvent>

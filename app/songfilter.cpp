@@ -1,7 +1,7 @@
 #include "app/songfilter.h"
 
 #include "app/busystate.h"
-#include "app/paintingpaused.h"
+#include "windows/paintingpaused.h"
 #include "library/usersongsreltablemodel.h"
 
 #include <QKeyEvent>

@@ -1,9 +1,9 @@
 #include "app/startup.h"
 
 #include "app/messagehandler.h"
-#include "app/translation.h"
+#include "windows/translation.h"
 #include "app/version.h"
-#include "formats/diagnostics.h"
+#include "storage/diagnostics.h"
 #include "library/settings.h"
 
 #include <QByteArray>

@@ -1,7 +1,7 @@
 // The numbers in the status bar: what is in the list, and what the last import could not read.
 #pragma once
 
-#include "app/unreadablefile.h"
+#include "library/unreadablefile.h"
 
 #include <QList>
 #include <QObject>

@@ -1,9 +1,9 @@
 #include "devindex/filecopier.h"
 
 #include "devindex/companion.h"
-#include "formats/diagnostics.h"
-#include "formats/safefile.h"
-#include "library/nocopyrightdialog.h"
+#include "storage/diagnostics.h"
+#include "storage/safefile.h"
+#include "windows/nocopyrightdialog.h"
 
 #include <QFile>
 #include <QFileInfo>

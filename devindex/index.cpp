@@ -9,11 +9,11 @@
 #include "devindex/indexwriter.h"
 #include "devindex/pathorder.h"
 #include "devindex/playlistfiles.h"
-#include "devindex/recordfile.h"
+#include "storage/recordfile.h"
 #include "devindex/songhead.h"
-#include "formats/diagnostics.h"
-#include "formats/safefile.h"
-#include "library/nocopyrightdialog.h"
+#include "storage/diagnostics.h"
+#include "storage/safefile.h"
+#include "windows/nocopyrightdialog.h"
 
 #include <QDir>
 #include <QFile>

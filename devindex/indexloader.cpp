@@ -3,7 +3,7 @@
 #include "devindex/devicetext.h"
 #include "devindex/indexfiles.h"
 #include "devindex/indexrecords.h"
-#include "devindex/recordfile.h"
+#include "storage/recordfile.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "devindex/indexwriter.h"
 
 #include "devindex/devicetext.h"
-#include "devindex/recordfile.h"
+#include "storage/recordfile.h"
 
 #include <algorithm>
 

@@ -4,9 +4,9 @@
 #include "devindex/indexfiles.h"
 #include "devindex/indexrecords.h"
 #include "devindex/pathorder.h"
-#include "devindex/recordfile.h"
-#include "formats/diagnostics.h"
-#include "formats/safefile.h"
+#include "storage/recordfile.h"
+#include "storage/diagnostics.h"
+#include "storage/safefile.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -2,7 +2,7 @@
 
 #include "devindex/devicetext.h"
 #include "formats/bytetext.h"
-#include "formats/diagnostics.h"
+#include "storage/diagnostics.h"
 
 #include <QFile>
 #include <QtEndian>

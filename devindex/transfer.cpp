@@ -2,7 +2,7 @@
 
 #include "devindex/index.h"
 #include "devindex/sizetext.h"
-#include "formats/diagnostics.h"
+#include "storage/diagnostics.h"
 
 #include <QDir>
 #include <QFileInfo>

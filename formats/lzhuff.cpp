@@ -1,6 +1,6 @@
 #include "formats/lzhuff.h"
 
-#include "formats/diagnostics.h"
+#include "storage/diagnostics.h"
 
 #include <QtAlgorithms>
 #include <QtEndian>

@@ -1,8 +1,8 @@
 #include "formats/metasong.h"
 
-#include "formats/diagnostics.h"
+#include "storage/diagnostics.h"
 #include "formats/lzhuff.h"
-#include "formats/songfilewriter.h"
+#include "storage/songfilewriter.h"
 
 #include <QFile>
 #include <QFileInfo>

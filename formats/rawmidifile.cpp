@@ -1,7 +1,7 @@
 #include "formats/rawmidifile.h"
 
 #include "formats/bytetext.h"
-#include "formats/diagnostics.h"
+#include "storage/diagnostics.h"
 #include "formats/midimetaevent.h"
 #include "formats/miditrackwalk.h"
 

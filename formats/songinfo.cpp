@@ -1,6 +1,6 @@
 #include "formats/songinfo.h"
 
-#include "formats/diagnostics.h"
+#include "storage/diagnostics.h"
 
 void SongInfo::clear()
 {

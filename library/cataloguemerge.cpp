@@ -1,6 +1,6 @@
 #include "library/cataloguemerge.h"
 
-#include "formats/diagnostics.h"
+#include "storage/diagnostics.h"
 
 #include <algorithm>
 

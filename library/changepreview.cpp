@@ -1,6 +1,6 @@
 #include "library/changepreview.h"
 
-#include "formats/diagnostics.h"
+#include "storage/diagnostics.h"
 #include "formats/metasong.h"
 #include "formats/mfxheader.h"
 #include "library/cataloguemerge.h"

@@ -1,6 +1,6 @@
 #include "library/database.h"
 
-#include "formats/diagnostics.h"
+#include "storage/diagnostics.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "library/songeditor.h"
 
-#include "formats/diagnostics.h"
-#include "library/dataeditdialog.h"
+#include "storage/diagnostics.h"
+#include "windows/dataeditdialog.h"
 #include "library/whileanswering.h"
 
 #include <QCoreApplication>

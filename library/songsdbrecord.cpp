@@ -1,6 +1,6 @@
 #include "library/songsdbrecord.h"
 
-#include "formats/diagnostics.h"
+#include "storage/diagnostics.h"
 
 void SongsDbRecord::dbgDump() const
 {

@@ -1,8 +1,8 @@
 #include "library/synchronisation.h"
 
-#include "formats/diagnostics.h"
+#include "storage/diagnostics.h"
 #include "formats/metasong.h"
-#include "library/nocopyrightdialog.h"
+#include "windows/nocopyrightdialog.h"
 #include "library/whileanswering.h"
 
 #include <QCoreApplication>

@@ -1,5 +1,5 @@
 // The list's columns and the window's place: how they use the room, and what is remembered of them.
-#include "app/backupdialog.h"
+#include "windows/backupdialog.h"
 #include "support/catalogue.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"

@@ -1,12 +1,12 @@
 // The whole job through the real main window: import, transfer, update of the player's memory, then
 // synchronisation with a backup, editing, rebuilding, export and the change of language.
-#include "app/backupdialog.h"
+#include "windows/backupdialog.h"
 #include "app/mainwindow.h"
-#include "devindex/indexdialog.h"
-#include "devindex/songslistdialog.h"
+#include "windows/indexdialog.h"
+#include "windows/songslistdialog.h"
 #include "library/database.h"
-#include "library/dataeditdialog.h"
-#include "library/nocopyrightdialog.h"
+#include "windows/dataeditdialog.h"
+#include "windows/nocopyrightdialog.h"
 #include "support/memorychecker.h"
 #include "support/samplesongs.h"
 #include "support/songbytes.h"

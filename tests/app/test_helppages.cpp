@@ -1,5 +1,5 @@
 // The help pages: what their links lead to, and that they suit every palette and their branding.
-#include "app/helpdialog.h"
+#include "windows/helpdialog.h"
 #include "support/ownfolders.h"
 
 #include <QApplication>

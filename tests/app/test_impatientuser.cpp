@@ -1,9 +1,9 @@
 // A user who closes, sorts, filters, drops, deletes and starts other jobs while one runs: the job
 // does what it was asked for, and nothing else happens.
-#include "app/backupdialog.h"
-#include "library/changepreviewdialog.h"
-#include "library/dataeditdialog.h"
-#include "library/nocopyrightdialog.h"
+#include "windows/backupdialog.h"
+#include "windows/changepreviewdialog.h"
+#include "windows/dataeditdialog.h"
+#include "windows/nocopyrightdialog.h"
 #include "support/catalogue.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"

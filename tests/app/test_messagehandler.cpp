@@ -1,6 +1,6 @@
 // The two message handlers: what they write into the log and when they abort.
 #include "app/messagehandler.h"
-#include "formats/diagnostics.h"
+#include "storage/diagnostics.h"
 #include "support/ownfolders.h"
 
 #include <QCoreApplication>

@@ -1,8 +1,8 @@
 // The preview before a synchronisation, through the main window: switched on in the menu, shown
 // before anything else, and nothing happens without its consent.
-#include "app/backupdialog.h"
-#include "library/changepreviewdialog.h"
-#include "library/nocopyrightdialog.h"
+#include "windows/backupdialog.h"
+#include "windows/changepreviewdialog.h"
+#include "windows/nocopyrightdialog.h"
 #include "library/settings.h"
 #include "support/catalogue.h"
 #include "support/ownfolders.h"

@@ -1,7 +1,7 @@
 // The keys and menu entries of the main window: that each does its work, tells its shortcut, and
 // leaves alone what is not chosen.
-#include "app/translation.h"
-#include "library/dataeditdialog.h"
+#include "windows/translation.h"
+#include "windows/dataeditdialog.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"

@@ -1,6 +1,6 @@
 // Songs that are dropped on the window, or that the desktop asks the program to open.
 #include "app/songdrop.h"
-#include "app/songsearch.h"
+#include "library/songsearch.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"

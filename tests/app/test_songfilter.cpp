@@ -1,6 +1,6 @@
 // The field above the list: what it hides, and that nothing else notices.
-#include "app/backupdialog.h"
-#include "library/dataeditdialog.h"
+#include "windows/backupdialog.h"
+#include "windows/dataeditdialog.h"
 #include "support/catalogue.h"
 #include "support/ownfolders.h"
 #include "support/samplesongs.h"

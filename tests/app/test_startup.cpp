@@ -1,7 +1,7 @@
 // Start-up: the settings of a first run, the log and its banner, the choice of the language.
 #include "app/startup.h"
-#include "app/translation.h"
-#include "formats/diagnostics.h"
+#include "windows/translation.h"
+#include "storage/diagnostics.h"
 #include "support/ownfolders.h"
 
 #include <QCoreApplication>

@@ -1,8 +1,8 @@
 // What the status bar tells about the list and about the last import.
-#include "app/backupdialog.h"
-#include "app/translation.h"
-#include "app/unreadablefile.h"
-#include "app/unreadablefilesdialog.h"
+#include "windows/backupdialog.h"
+#include "windows/translation.h"
+#include "library/unreadablefile.h"
+#include "windows/unreadablefilesdialog.h"
 #include "support/catalogue.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"

@@ -1,7 +1,7 @@
 // Copying song files: order and counters, questions, companions, failures that lose nothing.
 #include "devindex/copyingprogress.h"
 #include "devindex/filecopier.h"
-#include "library/nocopyrightdialog.h"
+#include "windows/nocopyrightdialog.h"
 #include "support/faults.h"
 #include "support/logcapture.h"
 #include "support/modalanswers.h"

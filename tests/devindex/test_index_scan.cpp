@@ -1,6 +1,6 @@
 // Walking a memory: which files are songs, how their names are shortened, how they enter the index.
 #include "devindex/index.h"
-#include "library/nocopyrightdialog.h"
+#include "windows/nocopyrightdialog.h"
 #include "support/devicememory.h"
 #include "support/logcapture.h"
 #include "support/modalanswers.h"

@@ -1,7 +1,7 @@
 // The song file facade: which files are songs, what they say, how records are merged, what a save
 // leaves on the disk. MFX payloads are packed and unpacked by the tests' own coder.
 #include "formats/metasong.h"
-#include "formats/songjournal.h"
+#include "storage/songjournal.h"
 #include "support/faults.h"
 #include "support/logcapture.h"
 #include "support/lzhufreference.h"

@@ -2,7 +2,7 @@
 #include "devindex/index.h"
 #include "devindex/indexfiles.h"
 #include "fuzzing.h"
-#include "library/nocopyrightdialog.h"
+#include "windows/nocopyrightdialog.h"
 
 #include <QDir>
 #include <QFile>

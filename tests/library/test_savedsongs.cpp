@@ -1,6 +1,6 @@
 // Whole batches of real songs, synchronised and edited, judged by programs of others: midicsv reads
 // the MIDI files and MFX payloads, id3v2 and mutagen the tags, lame the audio.
-#include "library/nocopyrightdialog.h"
+#include "windows/nocopyrightdialog.h"
 #include "library/songeditor.h"
 #include "library/synchronisation.h"
 #include "support/librarytable.h"

@@ -1,5 +1,5 @@
 // Editing, hiding and deleting songs: questions answered, progress recorded, files on disk.
-#include "library/dataeditdialog.h"
+#include "windows/dataeditdialog.h"
 #include "library/songeditor.h"
 #include "support/faults.h"
 #include "support/librarytable.h"

@@ -1,5 +1,5 @@
 // Synchronisation with the reference catalogue: questions answered, progress recorded, no window.
-#include "library/nocopyrightdialog.h"
+#include "windows/nocopyrightdialog.h"
 #include "library/synchronisation.h"
 #include "support/faults.h"
 #include "support/librarytable.h"

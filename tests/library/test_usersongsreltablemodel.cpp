@@ -1,6 +1,6 @@
 // The table of the user's songs: its rules, and that a view on ten thousand rows stays quick and
 // never sees rows move.
-#include "library/statusrowdelegate.h"
+#include "windows/statusrowdelegate.h"
 #include "library/usersongsreltablemodel.h"
 
 #include <QAbstractItemModelTester>

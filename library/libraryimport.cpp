@@ -1,0 +1,107 @@
+#include "library/libraryimport.h"
+
+#include "storage/diagnostics.h"
+#include "formats/metasong.h"
+#include "formats/songinfo.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+namespace
+{
+
+QString fileNameOf(const QString &path)
+{
+    return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+}
+
+} // namespace
+
+LibraryImport::LibraryImport(UserSongsRelTableModel &model, Progress &progress)
+    : m_model(model)
+    , m_progress(progress)
+{
+}
+
+void LibraryImport::logBanner()
+{
+    logDebug() << "============================================";
+    logDebug() << "          IMPORT USER LIBRARY";
+    logDebug() << "============================================";
+}
+
+LibraryImport::Counts LibraryImport::importFiles(const QStringList &paths)
+{
+    Counts counts;
+    for (const QString &path : paths) {
+        logDebug() << "Found file:" << path;
+        if (!importFile(path, counts))
+            logDebug() << "Unknown/corrupted file" << path;
+        QCoreApplication::processEvents();
+    }
+    return counts;
+}
+
+bool LibraryImport::scanDir(const QString &dir, Counts &counts)
+{
+    logDebug() << "[scanDir] Analyzing directory:" << dir;
+    const QString canonical = QFileInfo(dir).canonicalFilePath();
+    if (!m_openFolders.contains(canonical)) {
+        m_openFolders.insert(canonical);
+        const bool finished = scanEntries(dir, counts);
+        m_openFolders.remove(canonical);
+        if (!finished)
+            return false;
+    }
+    logDebug() << "==========================================================================";
+    logDebug() << "";
+    return true;
+}
+
+bool LibraryImport::scanEntries(const QString &dir, Counts &counts)
+{
+    const QFileInfoList entries = QDir(dir).entryInfoList(
+        QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot, QDir::Name | QDir::DirsFirst);
+    for (const QFileInfo &entry : entries) {
+        const QString path = entry.filePath();
+        if (m_progress.wasCanceled())
+            return false;
+        if (entry.isDir()) {
+            logDebug() << "[scanDir] Found directory:" << path;
+            if (!scanDir(path, counts))
+                return false;
+            m_progress.setValue(counts.valid + counts.bad);
+            continue;
+        }
+        logDebug() << "[scanDir] Found file:" << path;
+        if (!importFile(path, counts))
+            logDebug() << "[scanDir] Unknown/corrupted file" << path;
+        QCoreApplication::processEvents();
+    }
+    return true;
+}
+
+bool LibraryImport::importFile(const QString &path, Counts &counts)
+{
+    MetaSong song;
+    if (!song.importFile(path)) {
+        ++counts.bad;
+        m_unreadable.append(UnreadableFile::examine(path));
+        m_progress.setValue(counts.valid + counts.bad);
+        return false;
+    }
+
+    ++counts.valid;
+    logDebug() << "Song Index:" << counts.valid;
+    SongInfo info;
+    song.getSongInfo(info);
+    info.fileName = path;
+    info.shortName = fileNameOf(path);
+    info.dbgDump();
+    m_model.addSong(info);
+    m_progress.setValue(counts.valid + counts.bad);
+    if (info.isKravo)
+        ++counts.kravo;
+    return true;
+}

@@ -1,0 +1,31 @@
+#include "library/unreadablefile.h"
+
+#include "formats/metasong.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace
+{
+
+UnreadableFile::Reason reasonFor(const QString &path)
+{
+    using Reason = UnreadableFile::Reason;
+    const QFileInfo item(path);
+    if (!item.exists())
+        return Reason::Missing;
+    if (!item.isFile())
+        return Reason::NoFile;
+    if (!QFile(path).open(QFile::ReadOnly))
+        return Reason::Locked;
+    if (item.size() == 0)
+        return Reason::Empty;
+    return MetaSong::hasKnownFormat(path) ? Reason::Damaged : Reason::UnknownFormat;
+}
+
+} // namespace
+
+UnreadableFile UnreadableFile::examine(const QString &path)
+{
+    return {path, reasonFor(path)};
+}

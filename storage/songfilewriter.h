@@ -1,0 +1,85 @@
+// Replaces the bytes of a song file in such a way that a failure loses nothing.
+#pragma once
+
+#include "storage/songjournal.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QString>
+#include <QtGlobal>
+
+/**
+ * The only place in the program that writes song files. Either the file holds the new bytes
+ * afterwards, or it is the old one, byte for byte; a file that did not exist before does not exist
+ * after a failure either. The permissions stay, except that the owner may write afterwards.
+ *
+ * That holds for a crash or a power cut as well: a rewrite in place keeps the old bytes in a
+ * SongJournal until the new ones are on the medium, and recover() puts them back. So a song is only
+ * rewritten in a folder in which files can be made.
+ *
+ * A symbolic link is followed: the file that it leads to is written, the link stays. Only regular
+ * files are written, never a folder or a device.
+ */
+class SongFileWriter
+{
+public:
+    /** Where a rewrite through a temporary file ended. */
+    enum class Outcome {
+        Done,
+        CannotOpen,   ///< no temporary file could be made beside the song
+        CannotWrite,  ///< the head could not be written
+        CannotSeek,   ///< the source ends before the position from which it is to be copied
+        CannotCopy,   ///< the rest of the source could not be copied whole
+        CannotReplace ///< the finished file could not take the old one's place
+    };
+
+    explicit SongFileWriter(const QString &path);
+
+    /** Removes a file that was created and did not get its bytes. */
+    ~SongFileWriter();
+    Q_DISABLE_COPY_MOVE(SongFileWriter)
+
+    /**
+     * Opens the file for a rewrite in place, without changing its content; creates it when there is
+     * none. False when it cannot be opened for writing or is no regular file.
+     */
+    bool open();
+
+    /**
+     * Gives the opened file these bytes, brings them to the medium and closes it. False when they
+     * could not be written: the old ones have been put back then, or wait in the journal.
+     */
+    bool replaceBytes(const QByteArray &bytes);
+
+    /**
+     * Gives the file this head, followed by all bytes of the source from the position on (the
+     * source may be the same file; it is closed afterwards). They are gathered in a temporary file
+     * beside the song, which then takes the song's place in one step; after a failure the temporary
+     * file is removed.
+     */
+    Outcome replaceThroughTemporary(const QByteArray &head, QFile &source, qint64 sourcePos);
+
+    /**
+     * Undoes a rewrite in place that was cut off: a song with a journal gets its old bytes back. A
+     * journal that was cut off itself is removed, since its song was not touched yet; so is one
+     * whose song was changed by somebody else. False when the song cannot be put back, or when its
+     * journal cannot be read, or while another program saves the song: what the song holds is of
+     * no use then.
+     */
+    static bool recover(const QString &path);
+
+private:
+    bool openExisting();
+    bool replaceJournalled(const QByteArray &bytes, const SongJournal::Content &old);
+    bool overwrite(const QByteArray &bytes);
+    bool writeAt(qint64 pos, const QByteArray &bytes);
+    bool putBack(const QByteArray &oldBytes);
+    bool rollBack(const SongJournal::Content &journal, const QString &journalPath);
+    bool openTemporary(QFile &temporary) const;
+
+    QString m_path; ///< of the file itself, where the given path was a link to it
+    QFile m_file;
+    qint64 m_oldSize = 0;
+    qint64 m_overwritten = 0; ///< how many of the old bytes have been written over
+    bool m_created = false;   ///< the file did not exist and has not got its bytes yet
+};

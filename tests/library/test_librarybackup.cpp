@@ -1,0 +1,582 @@
+// The backup of the library: dialog, workflow without windows, and the whole through the window.
+#include "windows/backupdialog.h"
+#include "library/librarybackup.h"
+#include "support/germantexts.h"
+#include "support/logcapture.h"
+#include "support/ownfolders.h"
+#include "support/songfolder.h"
+#include "support/userdriver.h"
+#include "support/windowundertest.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QProgressDialog>
+
+namespace
+{
+
+QPushButton *button(const QDialog &dialog, const char *name)
+{
+    return dialog.findChild<QPushButton *>(QString::fromLatin1(name));
+}
+
+QLineEdit *directoryEdit(const QDialog &dialog)
+{
+    return dialog.findChild<QLineEdit *>(QStringLiteral("directoryLineEdit"));
+}
+
+const QString failedMessage = QStringLiteral("Backup: Backup FALLITO !!!");
+const QString doneMessage = QStringLiteral("Backup: Backup eseguito correttamente");
+
+/** A progress without a window. */
+class QuietProgress : public Progress
+{
+public:
+    void setMaximum(int) override {}
+    void setValue(int) override {}
+    void updateProgress(int) override {}
+    bool wasCanceled() const override { return false; }
+};
+
+/** The workflow with everything around it replaced by notes of what it did. */
+class BackupWithoutWindows
+{
+public:
+    bool suggest()
+    {
+        return LibraryBackup([this] { return choice; },
+                             [this](const QString &destination, int &copied) {
+                                 copiedTo = destination;
+                                 progressOpenWhileCopying = progressOpen;
+                                 copied = copySucceeds ? filesCount : 0;
+                                 return copySucceeds;
+                             },
+                             [this](bool succeeded) {
+                                 progressOpenWhileReporting = progressOpen;
+                                 reports << succeeded;
+                             },
+                             [this](const QString &title, const QString &label, int maximum) {
+                                 progressTexts = {title, label, QString::number(maximum)};
+                                 return std::make_unique<NotedProgress>(progressOpen);
+                             })
+            .suggest(filesCount);
+    }
+
+    LibraryBackup::Choice choice;
+    int filesCount = 7;
+    bool copySucceeds = true;
+    QString copiedTo;
+    QStringList progressTexts;
+    QList<bool> reports;
+    bool progressOpenWhileCopying = false;
+    bool progressOpenWhileReporting = false;
+
+private:
+    class NotedProgress : public QuietProgress
+    {
+    public:
+        explicit NotedProgress(bool &open)
+            : m_open(open)
+        {
+            m_open = true;
+        }
+        ~NotedProgress() override { m_open = false; }
+        Q_DISABLE_COPY_MOVE(NotedProgress)
+
+    private:
+        bool &m_open;
+    };
+
+    bool progressOpen = false;
+};
+
+/**
+ * In the dialog of a backup: picks the folder with "Sfoglia..." and starts. The click that opens
+ * the chooser is queued, since no other answer is given while one is at work.
+ */
+void chooseAndStart(UserDriver &user, const QString &folder)
+{
+    user.pick({folder});
+    user.add([browsed = false](QWidget *window) mutable {
+        auto *const dialog = qobject_cast<BackupDialog *>(window);
+        if (dialog == nullptr)
+            return false;
+        if (!browsed)
+            QMetaObject::invokeMethod(button(*dialog, "browsePushButton"), "click",
+                                      Qt::QueuedConnection);
+        else if (!dialog->directory().isEmpty())
+            QTest::mouseClick(button(*dialog, "doBackupPushButton"), Qt::LeftButton);
+        browsed = true;
+        return true;
+    });
+}
+
+QStringList entriesOf(const QString &folder)
+{
+    return QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name);
+}
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+class TestLibraryBackup : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        OwnSettings::clear();
+        m_work.reset(new OwnWorkingFolder);
+    }
+    void cleanup() { m_work.reset(); }
+
+    void dialogRecommendsABackup();
+    void dialogStartsWithoutAFolder();
+    void chosenFolderIsShownAndEnablesTheBackup();
+    void cancelledChooserChangesNothing();
+    void typingDoesNotChooseAFolder();
+    void buttonsGiveTheChoices_data();
+    void buttonsGiveTheChoices();
+    void closingAndEscapeCancel();
+    void dialogFollowsALanguageChange();
+
+    void folderIsNamedAfterTheTime();
+    void eachChoiceDecidesWhetherToGoOn_data();
+    void eachChoiceDecidesWhetherToGoOn();
+    void backupWithoutAFolderFails();
+    void backupGoesIntoANewFolder();
+    void failedCopyIsReportedAndTheUpdateGoesOn();
+    void secondBackupInTheSameSecondFails();
+    void folderThatCannotBeMadeStopsTheUpdate();
+    void workflowIsLogged();
+
+    void wholeBackupThroughTheWindow();
+    void missingFileFailsTheBackupButNotTheUpdate();
+    void stoppedBackupFailsButNotTheUpdate();
+    void goneDestinationStopsTheUpdate();
+    void cancelledDialogStopsTheUpdate();
+    void withoutBackupTheUpdateGoesOn();
+    void debugButtonOffersABackup();
+
+    void folderTreeIsCopiedWhole();
+    void folderIsNotCopiedIntoItself();
+    void linkedFoldersEnd();
+    void existingFilesAreKeptAndFailTheCopy();
+
+private:
+    QScopedPointer<OwnWorkingFolder> m_work;
+};
+
+void TestLibraryBackup::dialogRecommendsABackup()
+{
+    const BackupDialog dialog;
+    QCOMPARE(dialog.windowTitle(), QStringLiteral("Backup"));
+    QCOMPARE(
+        dialog.findChild<QLabel *>(QStringLiteral("backupLabel"))->text(),
+        QStringLiteral("Si consiglia di effettuare un backup della libreria prima di procedere "
+                       "con l'aggiornamento.\nSelezionare una cartella di destinazione per il "
+                       "backup oppure premere 'Prosegui senza backup'."));
+    QCOMPARE(button(dialog, "browsePushButton")->text(), QStringLiteral("Sfoglia..."));
+    QCOMPARE(button(dialog, "abortPushButton")->text(), QStringLiteral("Annulla"));
+    QCOMPARE(button(dialog, "exitPushButton")->text(), QStringLiteral("Prosegui senza backup"));
+    QCOMPARE(button(dialog, "doBackupPushButton")->text(), QStringLiteral("Esegui backup"));
+}
+
+void TestLibraryBackup::dialogStartsWithoutAFolder()
+{
+    const BackupDialog dialog;
+    QVERIFY(dialog.directory().isEmpty());
+    QVERIFY(directoryEdit(dialog)->text().isEmpty());
+    QVERIFY(!button(dialog, "doBackupPushButton")->isEnabled());
+}
+
+void TestLibraryBackup::chosenFolderIsShownAndEnablesTheBackup()
+{
+    BackupDialog dialog;
+    dialog.show();
+    UserDriver user;
+    user.pick({m_work->path()});
+    QTest::mouseClick(button(dialog, "browsePushButton"), Qt::LeftButton);
+    QVERIFY(user.allPicked());
+    QCOMPARE(dialog.directory(), m_work->path());
+    QCOMPARE(directoryEdit(dialog)->text(), m_work->path());
+    QVERIFY(button(dialog, "doBackupPushButton")->isEnabled());
+}
+
+void TestLibraryBackup::cancelledChooserChangesNothing()
+{
+    BackupDialog dialog;
+    dialog.show();
+    QString caption;
+    QString start;
+    ModalAnswers user;
+    user.add([&](QWidget *window) {
+        auto *const chooser = qobject_cast<QFileDialog *>(window);
+        if (chooser == nullptr)
+            return false;
+        caption = chooser->windowTitle();
+        start = chooser->directory().path();
+        chooser->reject();
+        return true;
+    });
+    QTest::mouseClick(button(dialog, "browsePushButton"), Qt::LeftButton);
+    QCOMPARE(caption, QStringLiteral("Scegli cartella"));
+    QCOMPARE(start, QStringLiteral("/home"));
+    QVERIFY(dialog.directory().isEmpty());
+    QVERIFY(directoryEdit(dialog)->text().isEmpty());
+    QVERIFY(!button(dialog, "doBackupPushButton")->isEnabled());
+}
+
+void TestLibraryBackup::typingDoesNotChooseAFolder()
+{
+    BackupDialog dialog;
+    dialog.show();
+    QTest::keyClicks(directoryEdit(dialog), m_work->path());
+    QVERIFY(dialog.directory().isEmpty());
+    QVERIFY(!button(dialog, "doBackupPushButton")->isEnabled());
+}
+
+void TestLibraryBackup::buttonsGiveTheChoices_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<int>("result");
+    QTest::newRow("cancel") << QByteArray("abortPushButton") << 0;
+    QTest::newRow("backup") << QByteArray("doBackupPushButton") << 1;
+    QTest::newRow("no backup") << QByteArray("exitPushButton") << 2;
+}
+
+void TestLibraryBackup::buttonsGiveTheChoices()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(int, result);
+    BackupDialog dialog;
+    button(dialog, "doBackupPushButton")->setEnabled(true);
+    QTimer::singleShot(
+        0, &dialog, [&] { QTest::mouseClick(button(dialog, name.constData()), Qt::LeftButton); });
+    QCOMPARE(dialog.exec(), result);
+}
+
+void TestLibraryBackup::closingAndEscapeCancel()
+{
+    BackupDialog closed;
+    QTimer::singleShot(0, &closed, [&] { closed.close(); });
+    QCOMPARE(closed.exec(), 0);
+
+    BackupDialog escaped;
+    QTimer::singleShot(0, &escaped, [&] { QTest::keyClick(&escaped, Qt::Key_Escape); });
+    QCOMPARE(escaped.exec(), 0);
+}
+
+void TestLibraryBackup::dialogFollowsALanguageChange()
+{
+    BackupDialog dialog;
+    dialog.show();
+    UserDriver user;
+    user.pick({m_work->path()});
+    QTest::mouseClick(button(dialog, "browsePushButton"), Qt::LeftButton);
+    const GermanTexts german;
+    QCOMPARE(dialog.windowTitle(), QStringLiteral("Sicherung"));
+    QVERIFY(dialog.findChild<QLabel *>(QStringLiteral("backupLabel"))
+                ->text()
+                .startsWith(QStringLiteral("Wir empfehlen")));
+    QCOMPARE(directoryEdit(dialog)->text(), m_work->path());
+    QVERIFY(button(dialog, "doBackupPushButton")->isEnabled());
+}
+
+void TestLibraryBackup::folderIsNamedAfterTheTime()
+{
+    QCOMPARE(LibraryBackup::folderName(QDateTime(QDate(2012, 10, 1), QTime(9, 39, 3))),
+             QStringLiteral("backup_kravo_2012_10_01_09-39-03"));
+}
+
+void TestLibraryBackup::eachChoiceDecidesWhetherToGoOn_data()
+{
+    QTest::addColumn<int>("result");
+    QTest::addColumn<bool>("goOn");
+    QTest::newRow("cancelled") << 0 << false;
+    QTest::newRow("without backup") << 2 << true;
+    QTest::newRow("anything else") << 3 << false;
+}
+
+void TestLibraryBackup::eachChoiceDecidesWhetherToGoOn()
+{
+    QFETCH(int, result);
+    QFETCH(bool, goOn);
+    BackupWithoutWindows backup;
+    backup.choice = {result, m_work->path()};
+    QCOMPARE(backup.suggest(), goOn);
+    QVERIFY(backup.reports.isEmpty());
+    QVERIFY(backup.copiedTo.isEmpty());
+    QVERIFY(entriesOf(m_work->path()).isEmpty());
+}
+
+void TestLibraryBackup::backupWithoutAFolderFails()
+{
+    BackupWithoutWindows backup;
+    backup.choice = {BackupDialog::DoBackup, QString()};
+    QVERIFY(!backup.suggest());
+    QCOMPARE(backup.reports, QList<bool>{false});
+    QVERIFY(backup.copiedTo.isEmpty());
+}
+
+void TestLibraryBackup::backupGoesIntoANewFolder()
+{
+    BackupWithoutWindows backup;
+    backup.choice = {BackupDialog::DoBackup, m_work->path()};
+    const QDateTime before = QDateTime::currentDateTime();
+    QVERIFY(backup.suggest());
+    const QStringList entries = entriesOf(m_work->path());
+    QCOMPARE(entries.size(), 1);
+    QVERIFY(entries.first() >= LibraryBackup::folderName(before));
+    QVERIFY(entries.first() <= LibraryBackup::folderName(QDateTime::currentDateTime()));
+    QCOMPARE(backup.copiedTo, m_work->filePath(entries.first()));
+    QCOMPARE(backup.progressTexts, (QStringList{QStringLiteral("Backup"),
+                                                QStringLiteral("Eseguo backup dellla libreria..."),
+                                                QStringLiteral("7")}));
+    QVERIFY(backup.progressOpenWhileCopying);
+    QVERIFY(!backup.progressOpenWhileReporting);
+    QCOMPARE(backup.reports, QList<bool>{true});
+}
+
+void TestLibraryBackup::failedCopyIsReportedAndTheUpdateGoesOn()
+{
+    BackupWithoutWindows backup;
+    backup.choice = {BackupDialog::DoBackup, m_work->path()};
+    backup.copySucceeds = false;
+    QVERIFY(backup.suggest());
+    QCOMPARE(backup.reports, QList<bool>{false});
+    QVERIFY(!backup.progressOpenWhileReporting);
+}
+
+void TestLibraryBackup::secondBackupInTheSameSecondFails()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    for (int second = 0; second < 5; ++second)
+        QVERIFY(QDir().mkdir(m_work->filePath(LibraryBackup::folderName(now.addSecs(second)))));
+    BackupWithoutWindows backup;
+    backup.choice = {BackupDialog::DoBackup, m_work->path()};
+    QVERIFY(!backup.suggest());
+    QCOMPARE(backup.reports, QList<bool>{false});
+    QVERIFY(backup.copiedTo.isEmpty());
+}
+
+void TestLibraryBackup::folderThatCannotBeMadeStopsTheUpdate()
+{
+    BackupWithoutWindows backup;
+    backup.choice = {BackupDialog::DoBackup,
+                     QStringLiteral("/proc")}; // takes no folders, not even root's
+    const LogCapture log;
+    QVERIFY(!backup.suggest());
+    QCOMPARE(backup.reports, QList<bool>{false});
+    QVERIFY(LogCapture::contains(QStringLiteral("Dest root dir creation failed ")));
+}
+
+void TestLibraryBackup::workflowIsLogged()
+{
+    BackupWithoutWindows backup;
+    backup.choice = {BackupDialog::DoBackup, m_work->path()};
+    const LogCapture log;
+    QVERIFY(backup.suggest());
+    const QString bar = QStringLiteral("============================================ ");
+    QCOMPARE(
+        LogCapture::lines(),
+        (QStringList{bar, QStringLiteral("          BACKUP USER LIBRARY "), bar,
+                     QStringLiteral("Making new root backup dir: \"%1\" ").arg(backup.copiedTo),
+                     QStringLiteral(" ")}));
+}
+
+void TestLibraryBackup::wholeBackupThroughTheWindow()
+{
+    const SongFolder songs;
+    const QStringList files{songs.midi(QStringLiteral("a.mid"), "A"),
+                            songs.mp3(QStringLiteral("b.mp3"), "B"),
+                            songs.bad(QStringLiteral("c.mid"))};
+    WindowUnderTest window;
+    window.setSelectedFiles(files);
+    UserDriver user;
+    user.pressInMessageBoxes(QMessageBox::Ok);
+    chooseAndStart(user, m_work->path());
+    QVERIFY(window.suggestBackup());
+    QCOMPARE(user.messages(), QStringList{doneMessage});
+
+    const QStringList entries = entriesOf(m_work->path());
+    QCOMPARE(entries.size(), 1);
+    const QString folder = m_work->filePath(entries.first());
+    // What was selected is saved, whether or not it is a song.
+    QCOMPARE(entriesOf(folder), (QStringList{QStringLiteral("a.mid"), QStringLiteral("b.mp3"),
+                                             QStringLiteral("c.mid")}));
+    QCOMPARE(bytesOf(folder + QStringLiteral("/b.mp3")), bytesOf(files.at(1)));
+    QVERIFY(QApplication::activeModalWidget() == nullptr);
+}
+
+void TestLibraryBackup::missingFileFailsTheBackupButNotTheUpdate()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    window.setSelectedFiles({songs.midi(QStringLiteral("a.mid"), "A"),
+                             songs.filePath(QStringLiteral("missing.mid")),
+                             songs.midi(QStringLiteral("z.mid"), "Z")});
+    UserDriver user;
+    user.pressInMessageBoxes(QMessageBox::Ok);
+    chooseAndStart(user, m_work->path());
+    QVERIFY(window.suggestBackup());
+    QCOMPARE(user.messages(), QStringList{failedMessage});
+    const QString folder = m_work->filePath(entriesOf(m_work->path()).value(0));
+    QCOMPARE(entriesOf(folder), (QStringList{QStringLiteral("a.mid"), QStringLiteral("z.mid")}));
+}
+
+void TestLibraryBackup::stoppedBackupFailsButNotTheUpdate()
+{
+    const SongFolder songs;
+    QStringList files;
+    for (int i = 0; i < 500; ++i)
+        files << songs.midi(QStringLiteral("%1.mid").arg(i), "A");
+    WindowUnderTest window;
+    window.setSelectedFiles(files);
+    UserDriver user;
+    user.pressInMessageBoxes(QMessageBox::Ok);
+    chooseAndStart(user, m_work->path());
+    user.add([](QWidget *modal) {
+        auto *const progress = qobject_cast<QProgressDialog *>(modal);
+        if (progress == nullptr)
+            return false;
+        QTest::mouseClick(progress->findChild<QPushButton *>(), Qt::LeftButton);
+        return true;
+    });
+    QVERIFY(window.suggestBackup());
+    QCOMPARE(user.messages(), QStringList{failedMessage});
+    const QString folder = m_work->filePath(entriesOf(m_work->path()).value(0));
+    QVERIFY(entriesOf(folder).size() < 500);
+}
+
+void TestLibraryBackup::goneDestinationStopsTheUpdate()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    window.setSelectedFiles({songs.midi(QStringLiteral("a.mid"), "A")});
+    const QString destination = m_work->filePath(QStringLiteral("stick"));
+    QVERIFY(QDir().mkdir(destination));
+    UserDriver user;
+    user.pressInMessageBoxes(QMessageBox::Ok);
+    user.add([&](QWidget *modal) {
+        auto *const dialog = qobject_cast<BackupDialog *>(modal);
+        if (dialog != nullptr && !dialog->directory().isEmpty())
+            QDir().rmdir(destination); // pulled before the backup starts
+        return false;
+    });
+    chooseAndStart(user, destination);
+    QVERIFY(!window.suggestBackup());
+    QCOMPARE(user.messages(), QStringList{failedMessage});
+}
+
+void TestLibraryBackup::cancelledDialogStopsTheUpdate()
+{
+    WindowUnderTest window;
+    UserDriver user;
+    user.click<BackupDialog>(QStringLiteral("abortPushButton"));
+    QVERIFY(!window.suggestBackup());
+    QVERIFY(user.messages().isEmpty());
+}
+
+void TestLibraryBackup::withoutBackupTheUpdateGoesOn()
+{
+    WindowUnderTest window;
+    UserDriver user;
+    user.click<BackupDialog>(QStringLiteral("exitPushButton"));
+    QVERIFY(window.suggestBackup());
+    QVERIFY(entriesOf(m_work->path()).isEmpty());
+}
+
+void TestLibraryBackup::debugButtonOffersABackup()
+{
+    const WindowUnderTest window;
+    ModalAnswers user;
+    int offered = 0;
+    user.add([&](QWidget *modal) {
+        offered += qobject_cast<BackupDialog *>(modal) != nullptr ? 1 : 0;
+        return modal->close();
+    });
+    window.pressDebug("dbgBackupPushButton");
+    QCOMPARE(offered, 1);
+}
+
+void TestLibraryBackup::folderTreeIsCopiedWhole()
+{
+    const SongFolder songs;
+    QVERIFY(QDir(songs.path()).mkpath(QStringLiteral("sub/deeper")));
+    QVERIFY(QDir(songs.path()).mkpath(QStringLiteral("empty")));
+    songs.midi(QStringLiteral("a.mid"), "A");
+    songs.midi(QStringLiteral("sub/b.mid"), "B");
+    songs.midi(QStringLiteral("sub/deeper/c.mid"), "C");
+    WindowUnderTest window;
+    int count = 10;
+    const LogCapture log;
+    QVERIFY(window.backupDirectory(songs.path(), m_work->path(), count));
+    QCOMPARE(count, 13);
+    QCOMPARE(bytesOf(m_work->filePath(QStringLiteral("sub/deeper/c.mid"))),
+             bytesOf(songs.filePath(QStringLiteral("sub/deeper/c.mid"))));
+    QVERIFY(QDir(m_work->filePath(QStringLiteral("empty"))).exists());
+    QVERIFY(
+        LogCapture::contains(QStringLiteral("Backing up directory: \"%1\" ").arg(songs.path())));
+    QVERIFY(LogCapture::contains(
+        QStringLiteral("Making new dir: \"%1\" ").arg(m_work->filePath(QStringLiteral("sub")))));
+    QVERIFY(LogCapture::contains(
+        QStringLiteral("Copying file: \"%1\" ").arg(songs.filePath(QStringLiteral("a.mid")))));
+}
+
+void TestLibraryBackup::folderIsNotCopiedIntoItself()
+{
+    const SongFolder songs;
+    QVERIFY(QDir(songs.path()).mkdir(QStringLiteral("backup")));
+    songs.midi(QStringLiteral("a.mid"), "A");
+    int count = 0;
+    QVERIFY(LibraryBackup::backupDirectory(songs.path(), songs.filePath(QStringLiteral("backup")),
+                                           count));
+    QCOMPARE(count, 1);
+    QCOMPARE(entriesOf(songs.filePath(QStringLiteral("backup"))),
+             QStringList{QStringLiteral("a.mid")});
+}
+
+void TestLibraryBackup::linkedFoldersEnd()
+{
+    const SongFolder songs;
+    QVERIFY(QDir(songs.path()).mkdir(QStringLiteral("sub")));
+    QVERIFY(QFile::link(songs.path(), songs.filePath(QStringLiteral("sub/back"))));
+    songs.midi(QStringLiteral("sub/a.mid"), "A");
+    int count = 0;
+    QVERIFY(LibraryBackup::backupDirectory(songs.path(), m_work->path(), count));
+    QCOMPARE(count, 1);
+}
+
+void TestLibraryBackup::existingFilesAreKeptAndFailTheCopy()
+{
+    const SongFolder songs;
+    songs.midi(QStringLiteral("a.mid"), "A");
+    songs.midi(QStringLiteral("b.mid"), "B");
+    QFile old(m_work->filePath(QStringLiteral("a.mid")));
+    QVERIFY(old.open(QIODevice::WriteOnly));
+    old.write("old");
+    old.close();
+    int count = 0;
+    QVERIFY(!LibraryBackup::backupDirectory(songs.path(), m_work->path(), count));
+    QCOMPARE(count, 1);
+    QCOMPARE(bytesOf(old.fileName()), QByteArray("old"));
+    QVERIFY(QFile::exists(m_work->filePath(QStringLiteral("b.mid"))));
+}
+
+int main(int argc, char *argv[])
+{
+    const OwnSettings ownSettings;
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication application(argc, argv);
+    TestLibraryBackup test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "test_librarybackup.moc"

@@ -1,0 +1,627 @@
+// The import of song files, through the real windows and without them.
+#include "windows/backupdialog.h"
+#include "library/libraryimport.h"
+#include "windows/proceeddialog.h"
+#include "support/logcapture.h"
+#include "support/ownfolders.h"
+#include "support/songfolder.h"
+#include "support/userdriver.h"
+#include "support/windowundertest.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListView>
+#include <QProgressBar>
+#include <QProgressDialog>
+#include <QSqlQuery>
+
+#include <algorithm>
+
+namespace
+{
+
+/** A progress without a window that says "cancelled" from a certain moment on. */
+class CountingProgress : public Progress
+{
+public:
+    void setMaximum(int) override {}
+    void setValue(int done) override { values << done; }
+    void updateProgress(int done) override { values << done; }
+    bool wasCanceled() const override { return cancelAt >= 0 && values.size() >= cancelAt; }
+
+    QList<int> values;
+    int cancelAt = -1;
+};
+
+/** Lets the user pick these files with the folder button. */
+void importThrough(WindowUnderTest &window, UserDriver &user, const QStringList &files)
+{
+    user.pick(files);
+    QTest::mouseClick(window.selectButton(), Qt::LeftButton);
+}
+
+QString shown(const WindowUnderTest &window, int row, int column)
+{
+    return window.model()->index(row, column).data().toString();
+}
+
+} // namespace
+
+class TestLibraryImport : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        OwnSettings::clear();
+        m_work.reset(new OwnWorkingFolder);
+    }
+    void cleanup() { m_work.reset(); }
+
+    void dialogAsksForSongs();
+    void upperCaseExtensionsCanBePicked();
+    void cancelledSelectionChangesNothing();
+    void songsBecomeRowsInTheOrderPicked();
+    void emptyLibraryIsNotCleared();
+    void secondImportReplacesTheRows();
+    void importBringsBackTheOrderPicked();
+    void onlyCorruptedFilesLeaveTheTableEmpty();
+    void hostileFilesAreCountedAsBad();
+    void logTellsWhatWasFound();
+    void progressReachesTheNumberOfFiles();
+    void cancelButtonIsNotConsulted();
+    void tableThatCannotBeClearedKeepsItsRows();
+    void importAgainReadsTheSameFiles();
+    void summaryCountsTheFiles();
+    void tickedSummaryIsNotShownAgain();
+    void summaryLeftUntickedKeepsAsking();
+    void acceptedSummarySynchronises();
+    void acceptedSummaryWithoutSynchronisingEnablesTheButton();
+    void columnsFollowTheirContentsExceptThePath();
+    void nothingElseStartsDuringAnImport();
+
+    void scanGoesThroughFoldersFirst();
+    void scanStopsWhenCancelled();
+    void scanEndsInLinkedFolders();
+    void scanOfTheWindowAddsToTheCounts();
+
+private:
+    QScopedPointer<OwnWorkingFolder> m_work;
+};
+
+void TestLibraryImport::dialogAsksForSongs()
+{
+    WindowUnderTest window;
+    QString title;
+    QStringList filters;
+    ModalAnswers user;
+    user.add([&](QWidget *modal) {
+        auto *const dialog = qobject_cast<QFileDialog *>(modal);
+        if (dialog == nullptr)
+            return false;
+        title = dialog->windowTitle();
+        filters = dialog->nameFilters();
+        dialog->reject();
+        return true;
+    });
+    QTest::mouseClick(window.selectButton(), Qt::LeftButton);
+    QCOMPARE(title, QStringLiteral("Seleziona i file da importare"));
+    QCOMPARE(filters, QStringList{QStringLiteral("Songs (*.mid *.kar *.mp3 *.mf3 *.mf4 *.mf5)")});
+}
+
+void TestLibraryImport::upperCaseExtensionsCanBePicked()
+{
+    const SongFolder songs;
+    songs.midi(QStringLiteral("UPPER.MID"), "Upper");
+    songs.midi(QStringLiteral("lower.mid"), "Lower");
+    songs.mp3(QStringLiteral("Mixed.Mp3"), "Mixed");
+    songs.bad(QStringLiteral("other.txt"));
+    WindowUnderTest window;
+    QStringList offered;
+    ModalAnswers user;
+    user.add([&](QWidget *modal) {
+        auto *const dialog = qobject_cast<QFileDialog *>(modal);
+        if (dialog == nullptr)
+            return false;
+        dialog->setDirectory(songs.path());
+        const auto *const list = dialog->findChild<QListView *>(QStringLiteral("listView"));
+        const QModelIndex root = list->rootIndex();
+        if (list->model()->rowCount(root) < 3)
+            return true; // still reading the folder
+        for (int row = 0; row < list->model()->rowCount(root); ++row)
+            offered << list->model()->index(row, 0, root).data().toString();
+        dialog->reject();
+        return true;
+    });
+    QTest::mouseClick(window.selectButton(), Qt::LeftButton);
+    offered.sort();
+    QCOMPARE(offered, (QStringList{QStringLiteral("Mixed.Mp3"), QStringLiteral("UPPER.MID"),
+                                   QStringLiteral("lower.mid")}));
+}
+
+void TestLibraryImport::cancelledSelectionChangesNothing()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    UserDriver user;
+    importThrough(window, user, {songs.midi(QStringLiteral("a.mid"), "A")});
+    window.updateButton()->setEnabled(false);
+    QTest::mouseClick(window.selectButton(), Qt::LeftButton);
+    QCOMPARE(window.shownNames(), QStringList{QStringLiteral("a.mid")});
+    QVERIFY(!window.updateButton()->isEnabled());
+    QVERIFY(window.transferButton()->isEnabled());
+}
+
+void TestLibraryImport::songsBecomeRowsInTheOrderPicked()
+{
+    const SongFolder songs;
+    const QStringList files{songs.midi(QStringLiteral("z.mid"), "Last"),
+                            songs.mp3(QStringLiteral("m.mp3"), "Middle"),
+                            songs.midi(QStringLiteral("a.kar"), "First")};
+    WindowUnderTest window;
+    UserDriver user;
+    importThrough(window, user, files);
+    QCOMPARE(window.shownNames(), (QStringList{QStringLiteral("z.mid"), QStringLiteral("m.mp3"),
+                                               QStringLiteral("a.kar")}));
+    QCOMPARE(window.model()->fileName(1), files.at(1));
+    QCOMPARE(window.model()->status(1), int(Database::StatusNew));
+    QCOMPARE(shown(window, 0, 1), QStringLiteral("MIDI"));
+    QCOMPARE(shown(window, 0, 2), QStringLiteral("Last"));
+    QCOMPARE(shown(window, 1, 1), QStringLiteral("MP3"));
+    QCOMPARE(shown(window, 1, 2), QStringLiteral("Middle"));
+    QVERIFY(window.updateButton()->isEnabled());
+    QVERIFY(window.transferButton()->isEnabled());
+}
+
+void TestLibraryImport::emptyLibraryIsNotCleared()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    // Not even a table that could not be cleared stands in the way of the first import.
+    QSqlQuery trigger(QSqlDatabase::database(QStringLiteral("con_mem")));
+    QVERIFY(trigger.exec(QStringLiteral("create trigger keep before delete on usersongs begin "
+                                        "select raise(abort, 'kept'); end")));
+    UserDriver user;
+    importThrough(window, user, {songs.midi(QStringLiteral("a.mid"), "A")});
+    QCOMPARE(window.shownNames(), QStringList{QStringLiteral("a.mid")});
+}
+
+void TestLibraryImport::secondImportReplacesTheRows()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    UserDriver user;
+    importThrough(
+        window, user,
+        {songs.midi(QStringLiteral("a.mid"), "A"), songs.midi(QStringLiteral("b.mid"), "B")});
+    importThrough(window, user, {songs.midi(QStringLiteral("c.mid"), "C")});
+    QCOMPARE(window.shownNames(), QStringList{QStringLiteral("c.mid")});
+}
+
+void TestLibraryImport::importBringsBackTheOrderPicked()
+{
+    const SongFolder songs;
+    const QStringList files{songs.midi(QStringLiteral("a.mid"), "A"),
+                            songs.midi(QStringLiteral("b.mid"), "B"),
+                            songs.midi(QStringLiteral("c.mid"), "C")};
+    const QStringList inOrder{QStringLiteral("a.mid"), QStringLiteral("b.mid"),
+                              QStringLiteral("c.mid")};
+    WindowUnderTest window;
+    UserDriver user;
+    importThrough(window, user, files);
+    window.table()->sortByColumn(2, Qt::DescendingOrder);
+    QCOMPARE(window.shownNames().first(), QStringLiteral("c.mid"));
+    importThrough(window, user, files);
+    QCOMPARE(window.shownNames(), inOrder);
+    QCOMPARE(window.table()->horizontalHeader()->sortIndicatorSection(), -1);
+}
+
+void TestLibraryImport::onlyCorruptedFilesLeaveTheTableEmpty()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    UserDriver user;
+    importThrough(window, user,
+                  {songs.bad(QStringLiteral("a.mid")), songs.bad(QStringLiteral("b.mp3"))});
+    QCOMPARE(window.model()->goodRowCount(), 0);
+    QVERIFY(window.updateButton()->isEnabled());
+    QVERIFY(window.transferButton()->isEnabled());
+}
+
+void TestLibraryImport::hostileFilesAreCountedAsBad()
+{
+    using namespace songbytes;
+    const SongFolder songs;
+    const QStringList files{
+        songs.write(QStringLiteral("empty.mid"), QByteArray()),
+        songs.write(QStringLiteral("threebytes.mid"), "MTh"),
+        songs.write(QStringLiteral("notrack.mid"), "MThd" + bigEndian(6, 4) + QByteArray(6, '\0')),
+        songs.write(QStringLiteral("headeronly.mf5"), "_MF5" + QByteArray(200, '\xFF')),
+        songs.write(QStringLiteral("nopayload.mf3"), "_MF3" + QByteArray(508, '\0')),
+    };
+    WindowUnderTest window;
+    UserDriver user;
+    importThrough(window, user, files);
+    QCOMPARE(window.model()->goodRowCount(), 0);
+
+    // What no file dialog lets through: a folder with a song's name, and what is gone meanwhile.
+    QVERIFY(QDir(songs.path()).mkdir(QStringLiteral("folder.mid")));
+    CountingProgress progress;
+    const LibraryImport::Counts counts =
+        LibraryImport(*window.model(), progress)
+            .importFiles(files + QStringList{songs.filePath(QStringLiteral("folder.mid")),
+                                             songs.filePath(QStringLiteral("missing.mid"))});
+    QCOMPARE(counts.valid, 0);
+    QCOMPARE(counts.kravo, 0);
+    QCOMPARE(counts.bad, 7);
+    QCOMPARE(window.model()->goodRowCount(), 0);
+    QCOMPARE(progress.values, (QList<int>{1, 2, 3, 4, 5, 6, 7}));
+}
+
+void TestLibraryImport::logTellsWhatWasFound()
+{
+    const SongFolder songs;
+    const QString good = songs.midi(QStringLiteral("a.mid"), "A");
+    const QString bad = songs.bad(QStringLiteral("b.mid"));
+    WindowUnderTest window;
+    UserDriver user;
+    const LogCapture log;
+    importThrough(window, user, {good, bad});
+    const QStringList lines = LogCapture::lines();
+    const QString bar = QStringLiteral("============================================ ");
+    const auto start = lines.indexOf(bar);
+    QVERIFY(start >= 0);
+    QCOMPARE(lines.mid(start, 5),
+             (QStringList{bar, QStringLiteral("          IMPORT USER LIBRARY "), bar,
+                          QStringLiteral("Found file: \"%1\" ").arg(good),
+                          QStringLiteral("Song Index: 1 ")}));
+    QVERIFY(lines.contains(QStringLiteral("Title      : \"A\" ")));
+    QVERIFY(lines.contains(QStringLiteral("Filename   : \"%1\" ").arg(good)));
+    QVERIFY(lines.contains(QStringLiteral("Shortname  : \"a.mid\" ")));
+    const auto second = lines.indexOf(QStringLiteral("Found file: \"%1\" ").arg(bad));
+    QVERIFY(second > start);
+    QCOMPARE(lines.value(second + 1), QStringLiteral("Unknown/corrupted file \"%1\" ").arg(bad));
+}
+
+void TestLibraryImport::progressReachesTheNumberOfFiles()
+{
+    const SongFolder songs;
+    QStringList files;
+    for (int i = 0; i < 300; ++i)
+        files << songs.midi(QStringLiteral("%1.mid").arg(i), "A");
+    files << songs.bad(QStringLiteral("bad.mid"));
+    WindowUnderTest window;
+    UserDriver user;
+    QString title;
+    QString label;
+    QString button;
+    int maximum = 0;
+    Qt::WindowModality modality = Qt::NonModal;
+    QList<int> values;
+    user.add([&](QWidget *modal) {
+        auto *const dialog = qobject_cast<QProgressDialog *>(modal);
+        if (dialog == nullptr)
+            return false;
+        if (values.isEmpty()) {
+            connect(dialog->findChild<QProgressBar *>(), &QProgressBar::valueChanged, dialog,
+                    [&](int value) { values << value; });
+        }
+        title = dialog->windowTitle();
+        label = dialog->labelText();
+        button = dialog->findChild<QPushButton *>()->text();
+        maximum = dialog->maximum();
+        modality = dialog->windowModality();
+        return true;
+    });
+    importThrough(window, user, files);
+    QCOMPARE(title, QStringLiteral("Lettura file"));
+    QCOMPARE(label, QStringLiteral("Importo la libreria..."));
+    QCOMPARE(button, QStringLiteral("Interrompi"));
+    QCOMPARE(modality, Qt::WindowModal);
+    QCOMPARE(maximum, 301);
+    QCOMPARE(values.last(), 301);
+    QVERIFY(std::is_sorted(values.cbegin(), values.cend()));
+    QVERIFY(QApplication::activeModalWidget() == nullptr);
+}
+
+void TestLibraryImport::cancelButtonIsNotConsulted()
+{
+    const SongFolder songs;
+    QStringList files;
+    for (int i = 0; i < 200; ++i)
+        files << songs.midi(QStringLiteral("%1.mid").arg(i), "A");
+    WindowUnderTest window;
+    UserDriver user;
+    bool pressed = false;
+    user.add([&](QWidget *modal) {
+        auto *const dialog = qobject_cast<QProgressDialog *>(modal);
+        if (dialog == nullptr)
+            return false;
+        QTest::mouseClick(dialog->findChild<QPushButton *>(), Qt::LeftButton);
+        pressed = true;
+        return true;
+    });
+    importThrough(window, user, files);
+    QVERIFY(pressed);
+    QCOMPARE(window.model()->goodRowCount(), 200);
+}
+
+void TestLibraryImport::tableThatCannotBeClearedKeepsItsRows()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    UserDriver user;
+    importThrough(window, user, {songs.midi(QStringLiteral("a.mid"), "A")});
+    QSqlQuery trigger(QSqlDatabase::database(QStringLiteral("con_mem")));
+    QVERIFY(trigger.exec(QStringLiteral("create trigger keep before delete on usersongs begin "
+                                        "select raise(abort, 'kept'); end")));
+    const LogCapture log;
+    importThrough(window, user, {songs.midi(QStringLiteral("b.mid"), "B")});
+    QVERIFY(LogCapture::contains(QStringLiteral(
+        "[importUserLibrary] WARNING: impossible to CLEAR table. Aborting import !!! ")));
+    QCOMPARE(window.shownNames(), QStringList{QStringLiteral("a.mid")});
+    QVERIFY(!window.updateButton()->isEnabled());
+    QVERIFY(window.transferButton()->isEnabled());
+}
+
+void TestLibraryImport::importAgainReadsTheSameFiles()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    UserDriver user;
+    importThrough(window, user, {songs.midi(QStringLiteral("a.mid"), "Old")});
+    songs.midi(QStringLiteral("a.mid"), "New");
+    window.pressDebug("dbgImportPushButton");
+    QCOMPARE(window.shownNames(), QStringList{QStringLiteral("a.mid")});
+    QCOMPARE(shown(window, 0, 2), QStringLiteral("New"));
+}
+
+void TestLibraryImport::summaryCountsTheFiles()
+{
+    OwnSettings::set(settings::copyrightAsk, true);
+    const SongFolder songs;
+    WindowUnderTest window;
+    UserDriver user;
+    QString counts;
+    user.add([&](QWidget *modal) {
+        auto *const dialog = qobject_cast<ProceedDialog *>(modal);
+        if (dialog == nullptr)
+            return false;
+        counts = dialog->findChild<QLabel *>(QStringLiteral("msgLabel"))->text();
+        QTest::keyClick(dialog, Qt::Key_Escape);
+        return true;
+    });
+    importThrough(window, user,
+                  {songs.midi(QStringLiteral("a.mid"), "A"), songs.bad(QStringLiteral("b.mid")),
+                   songs.signedMidi(QStringLiteral("c.mid"), "C"),
+                   songs.bad(QStringLiteral("d.mp3")), songs.mp3(QStringLiteral("e.mp3"), "E")});
+    QCOMPARE(counts, QStringLiteral("Sono stati esaminti 5 files, trovate 3 songs di cui 1 di "
+                                    "(c)K-Ravo"));
+    QVERIFY(window.updateButton()->isEnabled());
+}
+
+void TestLibraryImport::tickedSummaryIsNotShownAgain()
+{
+    OwnSettings::set(settings::copyrightAsk, true);
+    const SongFolder songs;
+    const QString song = songs.midi(QStringLiteral("a.mid"), "A");
+    WindowUnderTest window;
+    UserDriver user;
+    int summaries = 0;
+    user.add([&](QWidget *modal) {
+        auto *const dialog = qobject_cast<ProceedDialog *>(modal);
+        if (dialog == nullptr)
+            return false;
+        ++summaries;
+        dialog->findChild<QCheckBox *>(QStringLiteral("checkBoxShowAgain"))->click();
+        dialog->close();
+        return true;
+    });
+    importThrough(window, user, {song});
+    QCOMPARE(summaries, 1);
+    QCOMPARE(OwnSettings::value(settings::copyrightAsk), QVariant(false));
+    QVERIFY(window.action("actionCopyrightNo")->isChecked());
+    QVERIFY(!window.action("actionCopyrightYes")->isChecked());
+    importThrough(window, user, {song});
+    QCOMPARE(summaries, 1);
+}
+
+void TestLibraryImport::summaryLeftUntickedKeepsAsking()
+{
+    OwnSettings::set(settings::copyrightAsk, true);
+    const SongFolder songs;
+    WindowUnderTest window;
+    UserDriver user;
+    user.add([](QWidget *modal) {
+        return qobject_cast<ProceedDialog *>(modal) != nullptr && modal->close();
+    });
+    importThrough(window, user, {songs.midi(QStringLiteral("a.mid"), "A")});
+    QCOMPARE(OwnSettings::value(settings::copyrightAsk), QVariant(true));
+    QVERIFY(window.action("actionCopyrightYes")->isChecked());
+}
+
+void TestLibraryImport::acceptedSummarySynchronises()
+{
+    OwnSettings::set(settings::copyrightAsk, true);
+    const SongFolder songs;
+    WindowUnderTest window;
+    UserDriver user;
+    user.add([](QWidget *modal) {
+        auto *const dialog = qobject_cast<ProceedDialog *>(modal);
+        if (dialog != nullptr)
+            dialog->accept();
+        return dialog != nullptr;
+    });
+    user.click<BackupDialog>(QStringLiteral("exitPushButton"));
+    importThrough(window, user, {songs.signedMidi(QStringLiteral("a.mid"), "Unknown to all")});
+    QCOMPARE(window.model()->status(0), int(Database::StatusNotSynced));
+    QVERIFY(!window.updateButton()->isEnabled());
+    QVERIFY(window.transferButton()->isEnabled());
+}
+
+void TestLibraryImport::acceptedSummaryWithoutSynchronisingEnablesTheButton()
+{
+    OwnSettings::set(settings::copyrightAsk, true);
+    const SongFolder songs;
+    WindowUnderTest window;
+    UserDriver user;
+    user.add([](QWidget *modal) {
+        auto *const dialog = qobject_cast<ProceedDialog *>(modal);
+        if (dialog != nullptr)
+            dialog->accept();
+        return dialog != nullptr;
+    });
+    user.click<BackupDialog>(QStringLiteral("abortPushButton"));
+    importThrough(window, user, {songs.signedMidi(QStringLiteral("a.mid"), "Unknown to all")});
+    QCOMPARE(window.model()->status(0), int(Database::StatusNew));
+    QVERIFY(window.updateButton()->isEnabled());
+}
+
+void TestLibraryImport::columnsFollowTheirContentsExceptThePath()
+{
+    const SongFolder songs;
+    WindowUnderTest window;
+    UserDriver user;
+    QTableView *const table = window.table();
+    const int path = window.model()->colIdxFilename();
+    QCOMPARE(path, 9);
+    table->showColumn(path);
+    table->setColumnWidth(path, 33);
+    for (const int column : {2, 10})
+        table->setColumnWidth(column, 500);
+    importThrough(window, user,
+                  {songs.midi(QStringLiteral("a.mid"), "A title that is longer than its heading")});
+    QCOMPARE(table->columnWidth(path), 33);
+    for (const int column : {1, 2, 3, 4, 5, 6, 7, 8, 10}) {
+        const int wanted = qMax(static_cast<QAbstractItemView *>(table)->sizeHintForColumn(column),
+                                table->horizontalHeader()->sectionSizeHint(column));
+        QVERIFY2(qAbs(table->columnWidth(column) - wanted) <= 1, QByteArray::number(column));
+    }
+}
+
+void TestLibraryImport::nothingElseStartsDuringAnImport()
+{
+    const SongFolder songs;
+    QStringList files;
+    for (int i = 0; i < 100; ++i)
+        files << songs.midi(QStringLiteral("%1.mid").arg(i), "A");
+    WindowUnderTest window;
+    UserDriver user;
+    int tries = 0;
+    user.add([&](QWidget *modal) {
+        if (qobject_cast<QProgressDialog *>(modal) == nullptr)
+            return false;
+        if (tries++ > 0)
+            return true;
+        // Each of these would open a dialog, or import the files once more.
+        window.selectButton()->click();
+        window.action("actionAbout")->trigger();
+        window.action("optimizeMemory")->trigger();
+        window.action("actionSongsList")->trigger();
+        window.pressDebug("dbgImportPushButton");
+        window.pressDebug("dbgBackupPushButton");
+        window.action("actionQuit")->trigger();
+        return true;
+    });
+    user.add([&](QWidget *modal) {
+        qWarning("unexpected window %s", modal->metaObject()->className());
+        modal->close();
+        tries = 1000;
+        return true;
+    });
+    importThrough(window, user, files);
+    QVERIFY(tries > 0 && tries < 1000);
+    QVERIFY(window.isVisible());
+    QCOMPARE(window.model()->goodRowCount(), 100);
+}
+
+void TestLibraryImport::scanGoesThroughFoldersFirst()
+{
+    const SongFolder songs;
+    QVERIFY(QDir(songs.path()).mkpath(QStringLiteral("sub/deeper")));
+    songs.signedMidi(QStringLiteral("a.mid"), "A");
+    songs.bad(QStringLiteral("sub/x.mid"));
+    songs.midi(QStringLiteral("sub/b.mid"), "B");
+    songs.midi(QStringLiteral("sub/deeper/c.mid"), "C");
+    const WindowUnderTest window;
+    CountingProgress progress;
+    LibraryImport::Counts counts;
+    const LogCapture log;
+    QVERIFY(LibraryImport(*window.model(), progress).scanDir(songs.path(), counts));
+    QCOMPARE(window.shownNames(), (QStringList{QStringLiteral("c.mid"), QStringLiteral("b.mid"),
+                                               QStringLiteral("a.mid")}));
+    QCOMPARE(counts.valid, 3);
+    QCOMPARE(counts.kravo, 1);
+    QCOMPARE(counts.bad, 1);
+    QCOMPARE(progress.values.last(), 4);
+
+    const QStringList lines = LogCapture::lines();
+    QCOMPARE(lines.first(),
+             QStringLiteral("[scanDir] Analyzing directory: \"%1\" ").arg(songs.path()));
+    QCOMPARE(lines.at(1), QStringLiteral("[scanDir] Found directory: \"%1\" ")
+                              .arg(songs.filePath(QStringLiteral("sub"))));
+    QVERIFY(lines.contains(QStringLiteral("[scanDir] Found file: \"%1\" ")
+                               .arg(songs.filePath(QStringLiteral("a.mid")))));
+    QVERIFY(lines.contains(QStringLiteral("[scanDir] Unknown/corrupted file \"%1\" ")
+                               .arg(songs.filePath(QStringLiteral("sub/x.mid")))));
+    QCOMPARE(lines.at(lines.size() - 2), QString(74, QLatin1Char('=')) + QLatin1Char(' '));
+    QCOMPARE(lines.last(), QStringLiteral(" "));
+}
+
+void TestLibraryImport::scanStopsWhenCancelled()
+{
+    const SongFolder songs;
+    QVERIFY(QDir(songs.path()).mkdir(QStringLiteral("sub")));
+    songs.midi(QStringLiteral("sub/a.mid"), "A");
+    songs.midi(QStringLiteral("sub/b.mid"), "B");
+    songs.midi(QStringLiteral("c.mid"), "C");
+    const WindowUnderTest window;
+    CountingProgress progress;
+    progress.cancelAt = 1;
+    LibraryImport::Counts counts;
+    QVERIFY(!LibraryImport(*window.model(), progress).scanDir(songs.path(), counts));
+    QCOMPARE(window.shownNames(), QStringList{QStringLiteral("a.mid")});
+    QCOMPARE(counts.valid, 1);
+}
+
+void TestLibraryImport::scanEndsInLinkedFolders()
+{
+    const SongFolder songs;
+    QVERIFY(QDir(songs.path()).mkdir(QStringLiteral("sub")));
+    QVERIFY(QFile::link(songs.path(), songs.filePath(QStringLiteral("sub/back"))));
+    songs.midi(QStringLiteral("sub/a.mid"), "A");
+    const WindowUnderTest window;
+    CountingProgress progress;
+    LibraryImport::Counts counts;
+    QVERIFY(LibraryImport(*window.model(), progress).scanDir(songs.path(), counts));
+    QCOMPARE(counts.valid, 1);
+}
+
+void TestLibraryImport::scanOfTheWindowAddsToTheCounts()
+{
+    const SongFolder songs;
+    songs.signedMidi(QStringLiteral("a.mid"), "A");
+    songs.bad(QStringLiteral("b.mid"));
+    WindowUnderTest window;
+    int valid = 10;
+    int kravo = 20;
+    int bad = 30;
+    window.scanDir(songs.path(), valid, kravo, bad);
+    QCOMPARE(valid, 11);
+    QCOMPARE(kravo, 21);
+    QCOMPARE(bad, 31);
+}
+
+int main(int argc, char *argv[])
+{
+    const OwnSettings ownSettings;
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication application(argc, argv);
+    TestLibraryImport test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "test_libraryimport.moc"

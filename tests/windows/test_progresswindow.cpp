@@ -1,0 +1,227 @@
+// The progress dialog of long jobs, as a job and a user meet it.
+#include "windows/progresswindow.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <memory>
+
+namespace
+{
+QString str(const char *text)
+{
+    return QString::fromUtf8(text);
+}
+
+QPushButton *cancelButton(ProgressWindow &progress)
+{
+    return progress.dialog().findChild<QPushButton *>();
+}
+
+QString labelText(ProgressWindow &progress)
+{
+    return progress.dialog().findChild<QLabel *>()->text();
+}
+
+/** A click where the user would click, which a modal window above would swallow. */
+void clickAsUser(QWidget *target)
+{
+    QWidget *const window = target->window();
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {},
+                      target->mapTo(window, target->rect().center()));
+}
+} // namespace
+
+class TestProgressWindow : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void isShownAtOnceWithItsTexts();
+    void isShownWithoutAnythingToDo();
+    void progressIsLabelledBeforeTheValueMoves();
+    void labelTellsTheMaximumOfTheDialog();
+    void staysAtItsMaximum();
+    void cancelButtonIsRemembered();
+    void escapeIsRemembered();
+    void jobThatGoesOnAfterCancelStaysBehindTheDialog();
+    void cancelledDialogKeepsTheMainWindowShut_data();
+    void cancelledDialogKeepsTheMainWindowShut();
+    void mainWindowTakesNoClicks();
+    void closesWhenTheJobEnds();
+    void endOfTheJobIsNoCancellation();
+};
+
+void TestProgressWindow::isShownAtOnceWithItsTexts()
+{
+    QWidget parent;
+    parent.show();
+    ProgressWindow progress(str("Lettura file"), str("Importo la libreria..."), 7, &parent);
+    QVERIFY(progress.dialog().isVisible());
+    QCOMPARE(progress.dialog().windowTitle(), str("Lettura file"));
+    QCOMPARE(labelText(progress), str("Importo la libreria..."));
+    QCOMPARE(cancelButton(progress)->text(), str("Interrompi"));
+    QCOMPARE(progress.dialog().minimum(), 0);
+    QCOMPARE(progress.dialog().maximum(), 7);
+    QCOMPARE(progress.dialog().value(), 0);
+    QCOMPARE(progress.dialog().parentWidget(), &parent);
+    QCOMPARE(progress.dialog().windowModality(), Qt::WindowModal);
+    QVERIFY(!progress.wasCanceled());
+}
+
+void TestProgressWindow::isShownWithoutAnythingToDo()
+{
+    ProgressWindow progress(str("t"), str("l"), 0, nullptr);
+    QVERIFY(progress.dialog().isVisible());
+    progress.setValue(0);
+    progress.updateProgress(1);
+    QVERIFY(progress.dialog().isVisible());
+}
+
+void TestProgressWindow::progressIsLabelledBeforeTheValueMoves()
+{
+    ProgressWindow progress(str("t"), str("l"), 10, nullptr);
+    QString labelAtMove;
+    connect(progress.dialog().findChild<QProgressBar *>(), &QProgressBar::valueChanged, this,
+            [&] { labelAtMove = labelText(progress); });
+    progress.updateProgress(3);
+    QCOMPARE(labelAtMove, str("3 di 10"));
+    QCOMPARE(progress.dialog().value(), 3);
+}
+
+void TestProgressWindow::labelTellsTheMaximumOfTheDialog()
+{
+    ProgressWindow progress(str("t"), str("l"), 10, nullptr);
+    progress.setMaximum(25);
+    progress.updateProgress(4);
+    QCOMPARE(labelText(progress), str("4 di 25"));
+    progress.setValue(5);
+    QCOMPARE(progress.dialog().value(), 5);
+    QCOMPARE(labelText(progress), str("4 di 25"));
+}
+
+void TestProgressWindow::staysAtItsMaximum()
+{
+    ProgressWindow progress(str("t"), str("l"), 2, nullptr);
+    progress.updateProgress(1);
+    clickAsUser(cancelButton(progress));
+    QVERIFY(progress.wasCanceled());
+    progress.updateProgress(2);
+    QCoreApplication::processEvents();
+    QVERIFY(progress.dialog().isVisible());
+    QCOMPARE(progress.dialog().value(), 2);
+    QVERIFY(progress.wasCanceled());
+}
+
+void TestProgressWindow::cancelButtonIsRemembered()
+{
+    ProgressWindow progress(str("t"), str("l"), 5, nullptr);
+    progress.setValue(2);
+    QVERIFY(!progress.wasCanceled());
+    clickAsUser(cancelButton(progress));
+    QVERIFY(progress.wasCanceled());
+}
+
+void TestProgressWindow::escapeIsRemembered()
+{
+    ProgressWindow progress(str("t"), str("l"), 5, nullptr);
+    QVERIFY(QTest::qWaitForWindowActive(&progress.dialog()));
+    QTest::keyClick(progress.dialog().windowHandle(), Qt::Key_Escape);
+    QVERIFY(progress.wasCanceled());
+}
+
+void TestProgressWindow::jobThatGoesOnAfterCancelStaysBehindTheDialog()
+{
+    ProgressWindow progress(str("t"), str("l"), 5, nullptr);
+    progress.setValue(2);
+    clickAsUser(cancelButton(progress));
+    progress.setValue(3);
+    QVERIFY(progress.dialog().isVisible());
+    QCOMPARE(progress.dialog().value(), 3);
+    QVERIFY(progress.wasCanceled());
+}
+
+void TestProgressWindow::cancelledDialogKeepsTheMainWindowShut_data()
+{
+    QTest::addColumn<bool>("byButton");
+    QTest::newRow("cancel button") << true;
+    QTest::newRow("close box") << false;
+}
+
+void TestProgressWindow::cancelledDialogKeepsTheMainWindowShut()
+{
+    QFETCH(bool, byButton);
+    QWidget parent;
+    parent.resize(400, 300);
+    auto *const button = new QPushButton(&parent);
+    button->resize(400, 300);
+    parent.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&parent));
+    QSignalSpy clicked(button, &QPushButton::clicked);
+    ProgressWindow progress(str("t"), str("l"), 5, &parent);
+    progress.setValue(2);
+    if (byButton)
+        clickAsUser(cancelButton(progress));
+    else
+        progress.dialog().close();
+    // A job that cannot be stopped, or not at once: it may take long before the next step shows.
+    QCoreApplication::processEvents();
+    QVERIFY(progress.dialog().isVisible());
+    QCOMPARE(QApplication::activeModalWidget(), &progress.dialog());
+    clickAsUser(button);
+    QCOMPARE(clicked.size(), 0);
+    QVERIFY(progress.wasCanceled());
+}
+
+void TestProgressWindow::mainWindowTakesNoClicks()
+{
+    QWidget parent;
+    parent.resize(400, 300);
+    auto *const button = new QPushButton(&parent);
+    button->resize(400, 300);
+    parent.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&parent));
+    QSignalSpy clicked(button, &QPushButton::clicked);
+    {
+        ProgressWindow progress(str("t"), str("l"), 5, &parent);
+        clickAsUser(button);
+        progress.setValue(5);
+        clickAsUser(button);
+        QCOMPARE(clicked.size(), 0);
+    }
+    clickAsUser(button);
+    QCOMPARE(clicked.size(), 1);
+}
+
+void TestProgressWindow::closesWhenTheJobEnds()
+{
+    QWidget parent;
+    parent.show();
+    {
+        ProgressWindow progress(str("t"), str("l"), 5, &parent);
+        progress.setValue(5);
+        QCOMPARE(QApplication::activeModalWidget(), &progress.dialog());
+    }
+    QVERIFY(QApplication::activeModalWidget() == nullptr);
+    QVERIFY(parent.findChildren<QProgressDialog *>().isEmpty());
+    QVERIFY(parent.isVisible());
+}
+
+void TestProgressWindow::endOfTheJobIsNoCancellation()
+{
+    auto progress = std::make_unique<ProgressWindow>(str("t"), str("l"), 5, nullptr);
+    progress->setValue(5);
+    QSignalSpy canceled(&progress->dialog(), &QProgressDialog::canceled);
+    QSignalSpy lastClosed(qApp, &QGuiApplication::lastWindowClosed);
+    progress.reset();
+    QCoreApplication::processEvents();
+    QCOMPARE(canceled.size(), 0);
+    QCOMPARE(lastClosed.size(), 0);
+}
+
+QTEST_MAIN(TestProgressWindow)
+#include "test_progresswindow.moc"

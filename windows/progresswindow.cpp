@@ -1,0 +1,53 @@
+#include "windows/progresswindow.h"
+
+#include <QCoreApplication>
+
+namespace
+{
+constexpr int leastWidth = 360;
+}
+
+ProgressWindow::ProgressWindow(const QString &title, const QString &label, int maximum,
+                               QWidget *parent)
+    : m_dialog(label, QCoreApplication::translate("MainWindow", "Interrompi"), 0, maximum, parent)
+{
+    m_dialog.setWindowTitle(title);
+    m_dialog.setWindowModality(Qt::WindowModal);
+    m_dialog.setAutoReset(false);
+    m_dialog.setAutoClose(false);
+    m_dialog.setMinimumDuration(0);
+    // Wide enough for its title, and for numbers that grow.
+    m_dialog.setMinimumSize(m_dialog.sizeHint().expandedTo(QSize(leastWidth, 0)));
+    // A cancelled progress dialog hides at once, but the job goes on until it looks, or to its end.
+    QObject::connect(&m_dialog, &QProgressDialog::canceled, &m_dialog, &QWidget::show,
+                     Qt::QueuedConnection);
+    m_dialog.setValue(0);
+    m_dialog.show();
+}
+
+ProgressWindow::~ProgressWindow()
+{
+    m_dialog.hide();
+}
+
+void ProgressWindow::setMaximum(int steps)
+{
+    m_dialog.setMaximum(steps);
+}
+
+void ProgressWindow::setValue(int done)
+{
+    m_dialog.setValue(done);
+}
+
+void ProgressWindow::updateProgress(int done)
+{
+    m_dialog.setLabelText(
+        QCoreApplication::translate("MainWindow", "%1 di %2").arg(done).arg(m_dialog.maximum()));
+    m_dialog.setValue(done);
+}
+
+bool ProgressWindow::wasCanceled() const
+{
+    return m_dialog.wasCanceled();
+}

@@ -1,0 +1,58 @@
+#include "windows/transferdialogs.h"
+
+#include "devindex/filecopier.h"
+#include "windows/nocopyrightdialog.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+
+QString TransferDialogs::chooseFolder(const QString &title, const QString &startFolder)
+{
+    return QFileDialog::getExistingDirectory(m_parent, title, startFolder);
+}
+
+int TransferDialogs::askReplace(const QString &target)
+{
+    return FileCopier::showReplaceQuestion(target);
+}
+
+int TransferDialogs::askRename(const QString &path, const QString &message)
+{
+    NoCopyrightDialog dialog;
+    dialog.setFilename(path);
+    dialog.setMessage(message);
+    return dialog.exec();
+}
+
+bool TransferDialogs::askAnyway(const QString &title, const QString &question)
+{
+    return QMessageBox::question(m_parent, title, question, QMessageBox::Yes | QMessageBox::No,
+                                 QMessageBox::No) == QMessageBox::Yes;
+}
+
+void TransferDialogs::warn(const QString &title, const QString &text)
+{
+    QMessageBox::warning(m_parent, title, text);
+}
+
+void TransferDialogs::inform(const QString &title, const QString &text)
+{
+    QMessageBox::information(m_parent, title, text);
+}
+
+void TransferDialogs::showFailure(const QString &title, const QString &text)
+{
+    QMessageBox::critical(m_parent, title, text);
+}
+
+void TransferDialogs::tellCounts(const QString &title, const QString &text,
+                                 const QStringList &failed)
+{
+    QMessageBox box(failed.isEmpty() ? QMessageBox::Information : QMessageBox::Warning, title, text,
+                    QMessageBox::Ok, m_parent);
+    // A file's name could look like markup.
+    box.setTextFormat(Qt::PlainText);
+    if (!failed.isEmpty())
+        box.setDetailedText(failed.join(QLatin1Char('\n')));
+    box.exec();
+}
