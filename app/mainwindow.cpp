@@ -1,38 +1,39 @@
 #include "app/mainwindow.h"
 
-#include "windows/aboutdialog.h"
-#include "windows/backupdialog.h"
 #include "app/buttonaction.h"
 #include "app/columnlayout.h"
-#include "windows/helpdialog.h"
-#include "library/librarybackup.h"
-#include "library/libraryimport.h"
-#include "windows/paintingpaused.h"
-#include "windows/proceeddialog.h"
 #include "app/rowactions.h"
-#include "windows/shownprogress.h"
 #include "app/songdrop.h"
 #include "app/songfilter.h"
-#include "library/songsearch.h"
 #include "app/sortmenu.h"
 #include "app/statussummary.h"
+#include "devindex/filecopier.h"
+#include "devindex/mountedvolumes.h"
+#include "devindex/transfer.h"
+#include "formats/songnames.h"
+#include "library/librarybackup.h"
+#include "library/libraryimport.h"
+#include "library/settings.h"
+#include "library/songeditor.h"
+#include "library/songsearch.h"
+#include "library/synchronisation.h"
+#include "library/usersongsreltablemodel.h"
+#include "storage/diagnostics.h"
+#include "windows/aboutdialog.h"
+#include "windows/backupdialog.h"
+#include "windows/changepreviewdialog.h"
+#include "windows/confirmation.h"
+#include "windows/helpdialog.h"
+#include "windows/indexdialog.h"
+#include "windows/paintingpaused.h"
+#include "windows/proceeddialog.h"
+#include "windows/shownprogress.h"
+#include "windows/songslistdialog.h"
+#include "windows/statusrowdelegate.h"
+#include "windows/transferdialogs.h"
 #include "windows/translation.h"
 #include "windows/unreadablefilesdialog.h"
 #include "windows/windowplace.h"
-#include "devindex/filecopier.h"
-#include "windows/indexdialog.h"
-#include "devindex/mountedvolumes.h"
-#include "windows/songslistdialog.h"
-#include "devindex/transfer.h"
-#include "windows/transferdialogs.h"
-#include "storage/diagnostics.h"
-#include "windows/changepreviewdialog.h"
-#include "windows/nocopyrightdialog.h"
-#include "library/settings.h"
-#include "library/songeditor.h"
-#include "windows/statusrowdelegate.h"
-#include "library/synchronisation.h"
-#include "library/usersongsreltablemodel.h"
 
 #include "ui_mainwindow.h"
 
@@ -376,8 +377,8 @@ bool MainWindow::suggestBackup()
     const BusyGuard busy(m_busy);
     const auto ask = [] {
         BackupDialog dialog;
-        const int result = dialog.exec();
-        return LibraryBackup::Choice{result, dialog.directory()};
+        dialog.exec();
+        return LibraryBackup::Choice{dialog.wish(), dialog.directory()};
     };
     const auto copy = [this](const QString &destination, int &copied) {
         return copyFiles(destination, copied);
@@ -432,12 +433,8 @@ bool MainWindow::updateFileWithDb(int row)
 
 Synchronisation MainWindow::synchronisation()
 {
-    const auto askUnsigned = [](const QString &fileName) {
-        NoCopyrightDialog dialog;
-        dialog.setFilename(fileName);
-        return dialog.exec();
-    };
-    return {m_database, *m_model, [this] { return suggestBackup(); }, askUnsigned, openProgress()};
+    return {m_database, *m_model, [this] { return suggestBackup(); }, &confirmation::askToChange,
+            openProgress()};
 }
 
 void MainWindow::on_actionPreviewChanges_toggled(bool checked)
@@ -557,8 +554,8 @@ bool MainWindow::copyFiles(const QString &dest, int &copied)
 {
     const BusyGuard busy(m_busy);
     NoProgress noProgress;
-    return FileCopier().copyFiles(m_selectedFiles, dest, copied,
-                                  m_progress != nullptr ? *m_progress : noProgress);
+    return FileCopier(&confirmation::askToReplace)
+        .copyFiles(m_selectedFiles, dest, copied, m_progress != nullptr ? *m_progress : noProgress);
 }
 
 bool MainWindow::updateKavenaIndex(const QString &path)

@@ -5,8 +5,8 @@
 #include "formats/metasong.h"
 #include "formats/songinfo.h"
 #include "library/database.h"
-#include "windows/dataeditdialog.h"
 #include "library/progress.h"
+#include "windows/dataeditdialog.h"
 
 #include <QMainWindow>
 #include <QModelIndex>

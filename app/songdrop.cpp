@@ -1,7 +1,7 @@
 #include "app/songdrop.h"
 
 #include "app/busystate.h"
-#include "library/songsearch.h"
+#include "formats/songnames.h"
 
 #include <QApplication>
 #include <QDropEvent>

@@ -1,8 +1,8 @@
 #include "app/songfilter.h"
 
 #include "app/busystate.h"
-#include "windows/paintingpaused.h"
 #include "library/usersongsreltablemodel.h"
+#include "windows/paintingpaused.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

@@ -1,10 +1,10 @@
 #include "app/startup.h"
 
 #include "app/messagehandler.h"
-#include "windows/translation.h"
-#include "app/version.h"
-#include "storage/diagnostics.h"
+#include "library/version.h"
 #include "library/settings.h"
+#include "storage/diagnostics.h"
+#include "windows/translation.h"
 
 #include <QByteArray>
 #include <QFile>

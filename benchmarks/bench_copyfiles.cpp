@@ -1,7 +1,7 @@
 // Copying songs beside "cp" of the same files in the same run: a library of small MIDI files and
 // some MP3s, from the page cache. "ratio" is the median of the one by the median of the other.
-#include "windows/shownprogress.h"
 #include "devindex/filecopier.h"
+#include "windows/shownprogress.h"
 
 #include <QApplication>
 #include <QDir>

@@ -5,20 +5,20 @@
 //
 // The library is 10,000 songs: MIDI of 40 kB with twenty of 500 kB among them, MP3, MFX, and one
 // MP3 of 200 MB whose tag has 900 kB. The memory holds 50,000 songs before the library joins them.
-#include "windows/backupdialog.h"
 #include "app/messagehandler.h"
 #include "benchmarks/peakmemory.h"
 #include "benchmarks/songtree.h"
-#include "windows/indexdialog.h"
-#include "windows/songslistdialog.h"
 #include "library/database.h"
-#include "windows/dataeditdialog.h"
-#include "windows/nocopyrightdialog.h"
 #include "support/midilike.h"
 #include "support/ownfolders.h"
 #include "support/samplesongs.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
+#include "windows/backupdialog.h"
+#include "windows/dataeditdialog.h"
+#include "windows/indexdialog.h"
+#include "windows/nocopyrightdialog.h"
+#include "windows/songslistdialog.h"
 
 #include <QCheckBox>
 #include <QComboBox>

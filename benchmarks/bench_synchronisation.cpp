@@ -4,12 +4,12 @@
 // median of the other, and is to stay below 2.5.
 #include "formats/metasong.h"
 #include "library/database.h"
-#include "windows/nocopyrightdialog.h"
-#include "windows/progresswindow.h"
 #include "library/synchronisation.h"
 #include "library/usersongsreltablemodel.h"
 #include "support/catalogue.h"
 #include "support/songbytes.h"
+#include "windows/nocopyrightdialog.h"
+#include "windows/progresswindow.h"
 
 #include <QApplication>
 #include <QDir>

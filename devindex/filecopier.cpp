@@ -3,7 +3,6 @@
 #include "devindex/companion.h"
 #include "storage/diagnostics.h"
 #include "storage/safefile.h"
-#include "windows/nocopyrightdialog.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -76,8 +75,7 @@ bool FileCopier::copyFiles(const QStringList &files, const QString &dest, int &c
     copied = 0;
     int processed = 0;
     m_report = {};
-    m_ask = true;
-    m_replaceAll = false;
+    m_replace = RememberedAnswer();
 
     for (const QString &source : files) {
         m_keepAlive.processEvents();
@@ -91,7 +89,7 @@ bool FileCopier::copyFiles(const QStringList &files, const QString &dest, int &c
             continue;
         }
         logDebug() << "Copying file:" << source << "to:" << target;
-        if (exists && !mayReplace(target)) {
+        if (exists && !m_replace.isYes([&] { return m_askReplace(target); })) {
             ++m_report.skipped;
             continue;
         }
@@ -118,27 +116,6 @@ qint64 FileCopier::roomNeeded(const QStringList &files, const QString &dest)
             needed += growth(companion, companionTarget(companion, target));
     }
     return needed;
-}
-
-int FileCopier::showReplaceQuestion(const QString &target)
-{
-    NoCopyrightDialog dialog;
-    dialog.setFilename(target);
-    dialog.setMessage(tr("esiste già, vuoi sostituirlo?"));
-    return dialog.exec();
-}
-
-bool FileCopier::mayReplace(const QString &target)
-{
-    if (!m_ask)
-        return m_replaceAll;
-    const int answer = m_askReplace(target);
-    const bool replace = answer == NoCopyrightDialog::Yes || answer == NoCopyrightDialog::YesAll;
-    if (answer == NoCopyrightDialog::YesAll || answer == NoCopyrightDialog::NoAll) {
-        m_ask = false;
-        m_replaceAll = replace;
-    }
-    return replace;
 }
 
 bool FileCopier::copySong(const QString &source, const QString &target, bool replace)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "devindex/keepalive.h"
+#include "library/answer.h"
 #include "library/progress.h"
 
 #include <QByteArray>
@@ -29,8 +30,8 @@ class FileCopier
     Q_DECLARE_TR_FUNCTIONS(MainWindow)
 
 public:
-    /** Asks whether the target may be replaced; answers as NoCopyrightDialog::Answer. */
-    using AskReplace = std::function<int(const QString &target)>;
+    /** Asks whether the target may be replaced. */
+    using AskReplace = std::function<Answer(const QString &target)>;
 
     /** What became of the files of a list. */
     struct Report {
@@ -39,7 +40,7 @@ public:
         QStringList failed; ///< the sources
     };
 
-    explicit FileCopier(AskReplace askReplace = &FileCopier::showReplaceQuestion);
+    explicit FileCopier(AskReplace askReplace);
 
     /**
      * Copies the files into the folder dest, in their order. A file that lies there already counts
@@ -65,21 +66,16 @@ public:
      */
     static qint64 roomNeeded(const QStringList &files, const QString &dest);
 
-    /** The question in a window of its own; it returns one of NoCopyrightDialog::Answer. */
-    static int showReplaceQuestion(const QString &target);
-
 private:
     enum class Copy { Done, NoSource, NoRoom, Failed };
 
-    bool mayReplace(const QString &target);
     bool copySong(const QString &source, const QString &target, bool replace);
     bool copyFile(const QString &source, const QString &target, bool replace);
     Copy copyBytes(const QString &source, const QString &part, bool replace);
     qint64 readChunk(QFile &in, qint64 left);
 
     const AskReplace m_askReplace;
-    bool m_ask = true;         ///< false after an "all" answer
-    bool m_replaceAll = false; ///< that answer
+    RememberedAnswer m_replace;
     Report m_report;
     QByteArray m_buffer;
     KeepAlive m_keepAlive;

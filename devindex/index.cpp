@@ -9,11 +9,11 @@
 #include "devindex/indexwriter.h"
 #include "devindex/pathorder.h"
 #include "devindex/playlistfiles.h"
-#include "storage/recordfile.h"
 #include "devindex/songhead.h"
+#include "formats/songnames.h"
 #include "storage/diagnostics.h"
+#include "storage/recordfile.h"
 #include "storage/safefile.h"
-#include "windows/nocopyrightdialog.h"
 
 #include <QDir>
 #include <QFile>
@@ -75,14 +75,6 @@ QByteArray listLine(const std::array<QStringView, 4> &fields)
     return QStringView(line).toUtf8();
 }
 
-int askInDialog(const QString &path, const QString &message)
-{
-    NoCopyrightDialog dialog;
-    dialog.setFilename(path);
-    dialog.setMessage(message);
-    return dialog.exec();
-}
-
 } // namespace
 
 /** One walk through the folders of a memory. */
@@ -91,11 +83,6 @@ struct Index::Scan {
     QSet<QString> active; ///< folders being scanned, by canonical path
     QSet<QString> linked; ///< folders that were entered through a symbolic link
 };
-
-Index::Index()
-    : m_renameQuestion(askInDialog)
-{
-}
 
 void Index::setRenameQuestion(RenameQuestion question)
 {
@@ -256,12 +243,7 @@ void Index::scanFile(QFileInfo file, Scan &scan)
 
 bool Index::checkFileExt(const QString &suffix) const
 {
-    constexpr std::array<QLatin1String, 6> known{QLatin1String("MID"), QLatin1String("KAR"),
-                                                 QLatin1String("MF3"), QLatin1String("MF4"),
-                                                 QLatin1String("MF5"), QLatin1String("MP3")};
-    return std::any_of(known.begin(), known.end(), [&suffix](QLatin1String extension) {
-        return suffix.compare(extension, Qt::CaseInsensitive) == 0;
-    });
+    return songnames::isSongSuffix(suffix);
 }
 
 QString Index::renameLongFileName(const QString &path)
@@ -286,17 +268,16 @@ QString Index::renameLongFileName(const QString &path)
 
 bool Index::askForRename(const QString &path, const QString &candidate)
 {
-    if (askBeforeRename != 0) {
+    RememberedAnswer rename(renameAccepted != 0, askBeforeRename == 0);
+    const bool accepted = rename.isYes([&] {
         const QString message =
             tr("verrà rinominato: ") + candidate + QLatin1String("\n\n") +
             tr("Se il file non viene rinominato, è possibile che non venga rilevato da Kavena.");
-        const int answer = m_renameQuestion(path, message);
-        renameAccepted =
-            answer == NoCopyrightDialog::Yes || answer == NoCopyrightDialog::YesAll ? 1 : 0;
-        askBeforeRename =
-            answer == NoCopyrightDialog::YesAll || answer == NoCopyrightDialog::NoAll ? 0 : 1;
-    }
-    return renameAccepted != 0;
+        return m_renameQuestion ? m_renameQuestion(path, message) : Answer::No;
+    });
+    renameAccepted = accepted ? 1 : 0;
+    askBeforeRename = rename.isToAll() ? 0 : 1;
+    return accepted;
 }
 
 bool Index::addFileToIndex(const QFileInfo &fi)

@@ -4,6 +4,7 @@
 #include "devindex/indexrecords.h"
 #include "devindex/shortname.h"
 #include "devindex/songinfoindex.h"
+#include "library/answer.h"
 
 #include <QList>
 #include <QObject>
@@ -34,14 +35,10 @@ public:
     /** How saveSongsList orders the songs. */
     enum SORT_MODE { SortByTitle = 0, SortByArtist = 1, SortByGenre = 2 };
 
-    /**
-     * Asks whether path may be renamed as the message says; returns an answer of NoCopyrightDialog.
-     */
-    using RenameQuestion = std::function<int(const QString &path, const QString &message)>;
+    /** Asks whether path may be renamed as the message says. */
+    using RenameQuestion = std::function<Answer(const QString &path, const QString &message)>;
 
-    Index();
-
-    /** Replaces the dialog that asks before something is renamed. */
+    /** Sets what asks before something is renamed; without it nothing is. */
     void setRenameQuestion(RenameQuestion question);
 
     /**

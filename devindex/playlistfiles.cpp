@@ -4,8 +4,8 @@
 #include "devindex/indexfiles.h"
 #include "devindex/indexrecords.h"
 #include "devindex/pathorder.h"
-#include "storage/recordfile.h"
 #include "storage/diagnostics.h"
+#include "storage/recordfile.h"
 #include "storage/safefile.h"
 
 #include <QFile>

@@ -22,11 +22,11 @@ public:
     /** The folder to copy into; an empty text when the user changed his mind. */
     virtual QString chooseFolder(const QString &title, const QString &startFolder) = 0;
 
-    /** Whether the target may be replaced; answers as NoCopyrightDialog::Answer. */
-    virtual int askReplace(const QString &target) = 0;
+    /** Whether the target may be replaced. */
+    virtual Answer askReplace(const QString &target) = 0;
 
-    /** Whether path may be renamed as the message says; answers as NoCopyrightDialog::Answer. */
-    virtual int askRename(const QString &path, const QString &message) = 0;
+    /** Whether path may be renamed as the message says. */
+    virtual Answer askRename(const QString &path, const QString &message) = 0;
 
     /** Whether to go on in spite of what the question says; no, unless the user says yes. */
     virtual bool askAnyway(const QString &title, const QString &question) = 0;

@@ -1,7 +1,7 @@
 #include "formats/metasong.h"
 
-#include "storage/diagnostics.h"
 #include "formats/lzhuff.h"
+#include "storage/diagnostics.h"
 #include "storage/songfilewriter.h"
 
 #include <QFile>

@@ -1,9 +1,9 @@
 #include "formats/rawmidifile.h"
 
 #include "formats/bytetext.h"
-#include "storage/diagnostics.h"
 #include "formats/midimetaevent.h"
 #include "formats/miditrackwalk.h"
+#include "storage/diagnostics.h"
 
 #include <QtEndian>
 

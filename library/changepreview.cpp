@@ -1,9 +1,9 @@
 #include "library/changepreview.h"
 
-#include "storage/diagnostics.h"
 #include "formats/metasong.h"
 #include "formats/mfxheader.h"
 #include "library/cataloguemerge.h"
+#include "storage/diagnostics.h"
 
 #include <QStringList>
 

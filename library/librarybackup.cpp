@@ -1,6 +1,5 @@
 #include "library/librarybackup.h"
 
-#include "windows/backupdialog.h"
 #include "storage/diagnostics.h"
 
 #include <QDir>
@@ -85,9 +84,9 @@ LibraryBackup::LibraryBackup(Ask ask, CopyFiles copyFiles, Report report, OpenPr
 bool LibraryBackup::suggest(int filesCount) const
 {
     const Choice choice = m_ask();
-    if (choice.result == BackupDialog::ContinueWithoutBackup)
+    if (choice.wish == Wish::NoBackup)
         return true;
-    if (choice.result != BackupDialog::DoBackup)
+    if (choice.wish != Wish::Backup)
         return false;
     if (choice.directory.isEmpty()) {
         m_report(false);

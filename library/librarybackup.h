@@ -15,9 +15,11 @@ class LibraryBackup
     Q_DECLARE_TR_FUNCTIONS(MainWindow)
 
 public:
-    /** What the user wants: one of BackupDialog::Choice, and the folder chosen for the backup. */
+    enum class Wish { Cancel, Backup, NoBackup };
+
+    /** What the user wants, and the folder chosen for the backup. */
     struct Choice {
-        int result = 0;
+        Wish wish = Wish::Cancel;
         QString directory;
     };
 

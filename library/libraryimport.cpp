@@ -1,8 +1,8 @@
 #include "library/libraryimport.h"
 
-#include "storage/diagnostics.h"
 #include "formats/metasong.h"
 #include "formats/songinfo.h"
+#include "storage/diagnostics.h"
 
 #include <QCoreApplication>
 #include <QDir>

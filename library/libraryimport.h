@@ -1,8 +1,8 @@
 // Reads song files and fills the library table with them.
 #pragma once
 
-#include "library/unreadablefile.h"
 #include "library/progress.h"
+#include "library/unreadablefile.h"
 #include "library/usersongsreltablemodel.h"
 
 #include <QList>

@@ -1,8 +1,8 @@
 #include "library/songeditor.h"
 
-#include "storage/diagnostics.h"
-#include "windows/dataeditdialog.h"
+#include "formats/songnames.h"
 #include "library/whileanswering.h"
+#include "storage/diagnostics.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -116,7 +116,7 @@ bool SongEditor::applyToRow(const SongEdit &edit, int row)
     song.getSongInfo(info);
     info.fileName = path;
     if (edit.titleToAll)
-        info.title = DataEditDialog::titleFromFileName(path);
+        info.title = songnames::titleFromFileName(path);
     if (edit.authorToAll)
         info.author = edit.info.author;
     if (edit.artistToAll)
@@ -125,24 +125,4 @@ bool SongEditor::applyToRow(const SongEdit &edit, int row)
         info.genre = edit.info.genre;
     manualModifySong(song, info, path, row);
     return true;
-}
-
-std::optional<SongEdit> editInDialog(DataEditDialog &dialog, const Database &database,
-                                     const SongInfo &info)
-{
-    dialog.setArtistsCombo(database.artistsList());
-    dialog.setGenresCombo(database.genresList());
-    dialog.setKeysCombo(MetaSong::getKeysList());
-    dialog.setOtherInfo(info);
-    if (dialog.exec() != QDialog::Accepted)
-        return std::nullopt;
-
-    SongEdit edit;
-    edit.info = info;
-    dialog.getInfo(edit.info);
-    edit.titleToAll = dialog.isApplyToAllFname();
-    edit.artistToAll = dialog.isApplyToAllArtist();
-    edit.genreToAll = dialog.isApplyToAllGenre();
-    edit.authorToAll = dialog.isApplyToAllAuthor();
-    return edit;
 }

@@ -12,8 +12,6 @@
 #include <functional>
 #include <optional>
 
-class DataEditDialog;
-
 /** What the user entered for one song, and which of it all the other songs get too. */
 struct SongEdit {
     SongInfo info;
@@ -74,10 +72,3 @@ private:
     AskDelete m_askDelete;
     OpenProgress m_openProgress;
 };
-
-/**
- * Runs the dialog for the song, with the catalogue's artists and genres and all keys to choose
- * from: the AskEdit of a window.
- */
-std::optional<SongEdit> editInDialog(DataEditDialog &dialog, const Database &database,
-                                     const SongInfo &info);

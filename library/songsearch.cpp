@@ -1,34 +1,17 @@
 #include "library/songsearch.h"
 
+#include "formats/songnames.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-
-#include <algorithm>
 
 namespace
 {
 
 constexpr qint64 patienceMilliseconds = 400;
 
-const char *const extensions[] = {"mid", "kar", "mp3", "mf3", "mf4", "mf5"};
-
 } // namespace
-
-QStringList songnames::patterns()
-{
-    QStringList patterns;
-    for (const char *extension : extensions)
-        patterns << QStringLiteral("*.") + QLatin1String(extension);
-    return patterns;
-}
-
-bool songnames::isSongName(const QString &name)
-{
-    const QString suffix = QFileInfo(name).suffix().toLower();
-    return std::any_of(std::begin(extensions), std::end(extensions),
-                       [&](const char *extension) { return suffix == QLatin1String(extension); });
-}
 
 SongSearch::SongSearch(OpenProgress openProgress)
     : m_openProgress(std::move(openProgress))

@@ -11,16 +11,6 @@
 #include <memory>
 #include <optional>
 
-/** The names that song files have. */
-namespace songnames
-{
-/** "*.mid" and so on. */
-QStringList patterns();
-
-/** True when the name, or path, ends in a song's extension, in whatever case. */
-bool isSongName(const QString &name);
-} // namespace songnames
-
 /**
  * Files are taken as they are, whatever their names; the import tells which of them are no songs.
  * Of folders, the files with a song's extension are taken, from all folders in it too. The

@@ -1,9 +1,8 @@
 #include "library/synchronisation.h"
 
-#include "storage/diagnostics.h"
 #include "formats/metasong.h"
-#include "windows/nocopyrightdialog.h"
 #include "library/whileanswering.h"
+#include "storage/diagnostics.h"
 
 #include <QCoreApplication>
 #include <QPersistentModelIndex>
@@ -51,8 +50,7 @@ bool Synchronisation::run(bool copyrightAsk)
     const auto progress =
         m_openProgress(QCoreApplication::translate("MainWindow", "Aggiornamento file"),
                        QCoreApplication::translate("MainWindow", "Aggiorno la libreria..."), rows);
-    m_copyrightAsk = copyrightAsk;
-    m_proceedWithoutAsking = true;
+    m_changeUnsigned = copyrightAsk ? RememberedAnswer() : RememberedAnswer::toAll(true);
     for (int row = 0; row < rows; ++row) {
         if (progress->wasCanceled())
             return false;
@@ -96,15 +94,5 @@ bool Synchronisation::updateFileWithDb(int row)
 /** Signed files always; the others as the user answers, where an "all" holds for this run. */
 bool Synchronisation::mayChange(const SongInfo &info, const QString &fileName)
 {
-    if (info.isKravo)
-        return true;
-    if (!m_copyrightAsk)
-        return m_proceedWithoutAsking;
-    const int answer = m_askUnsigned(fileName);
-    const bool proceed = answer == NoCopyrightDialog::Yes || answer == NoCopyrightDialog::YesAll;
-    if (answer == NoCopyrightDialog::YesAll || answer == NoCopyrightDialog::NoAll) {
-        m_copyrightAsk = false;
-        m_proceedWithoutAsking = proceed;
-    }
-    return proceed;
+    return info.isKravo || m_changeUnsigned.isYes([&] { return m_askUnsigned(fileName); });
 }

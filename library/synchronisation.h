@@ -2,6 +2,7 @@
 #pragma once
 
 #include "formats/songinfo.h"
+#include "library/answer.h"
 #include "library/cataloguemerge.h"
 #include "library/database.h"
 #include "library/progress.h"
@@ -22,11 +23,8 @@ public:
     /** Offers a backup; false means that no file may be changed. */
     using OfferBackup = std::function<bool()>;
 
-    /**
-     * Asks whether a file without the publisher's signature may be changed; returns a
-     * NoCopyrightDialog::Answer.
-     */
-    using AskUnsigned = std::function<int(const QString &fileName)>;
+    /** Asks whether a file without the publisher's signature may be changed. */
+    using AskUnsigned = std::function<Answer(const QString &fileName)>;
 
     /** The database and the model must outlive the object. */
     Synchronisation(const Database &database, UserSongsRelTableModel &model,
@@ -56,6 +54,5 @@ private:
     OfferBackup m_offerBackup;
     AskUnsigned m_askUnsigned;
     OpenProgress m_openProgress;
-    bool m_copyrightAsk = false;
-    bool m_proceedWithoutAsking = true; ///< the answer while the user is not asked
+    RememberedAnswer m_changeUnsigned = RememberedAnswer::toAll(true);
 };

@@ -1,6 +1,6 @@
 #include "windows/aboutdialog.h"
 
-#include "app/version.h"
+#include "library/version.h"
 #include "windows/roomfortext.h"
 
 #include "ui_aboutdialog.h"

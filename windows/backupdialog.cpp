@@ -21,6 +21,18 @@ BackupDialog::BackupDialog(QWidget *parent)
 
 BackupDialog::~BackupDialog() = default;
 
+LibraryBackup::Wish BackupDialog::wish() const
+{
+    switch (result()) {
+    case DoBackup:
+        return LibraryBackup::Wish::Backup;
+    case ContinueWithoutBackup:
+        return LibraryBackup::Wish::NoBackup;
+    default:
+        return LibraryBackup::Wish::Cancel;
+    }
+}
+
 QString BackupDialog::directory() const
 {
     return m_directory;

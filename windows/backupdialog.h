@@ -1,6 +1,8 @@
 // Recommends a backup before song files are rewritten, and asks where to put it.
 #pragma once
 
+#include "library/librarybackup.h"
+
 #include <QDialog>
 #include <QScopedPointer>
 #include <QString>
@@ -22,6 +24,9 @@ public:
 
     explicit BackupDialog(QWidget *parent = nullptr);
     ~BackupDialog() override;
+
+    /** What the button that ended the dialog means to the backup. */
+    LibraryBackup::Wish wish() const;
 
     /** The folder that was chosen; empty until then. */
     QString directory() const;

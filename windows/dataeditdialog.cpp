@@ -1,5 +1,7 @@
 #include "windows/dataeditdialog.h"
 
+#include "formats/songnames.h"
+
 #include "ui_dataeditdialog.h"
 
 #include <QCompleter>
@@ -132,13 +134,6 @@ void DataEditDialog::getInfo(SongInfo &info) const
     info.userBpm = ui->bpmLineEdit->text().toInt();
 }
 
-QString DataEditDialog::titleFromFileName(const QString &path)
-{
-    const QString name = path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
-    const auto dot = name.lastIndexOf(QLatin1Char('.'));
-    return dot < 0 ? name : name.left(dot);
-}
-
 void DataEditDialog::changeEvent(QEvent *event)
 {
     QDialog::changeEvent(event);
@@ -162,7 +157,7 @@ void DataEditDialog::on_radioButtonTitle2_clicked(bool checked)
     if (!checked)
         return;
     ui->checkBoxToAllTitle->setEnabled(true);
-    ui->titleLineEdit->setText(titleFromFileName(m_song.fileName));
+    ui->titleLineEdit->setText(songnames::titleFromFileName(m_song.fileName));
 }
 
 void DataEditDialog::on_checkBoxToAllTitle_clicked(bool checked)
@@ -223,4 +218,24 @@ bool DataEditDialog::confirmed(QCheckBox *box, const QString &question)
     message.setFocus();
     box->setChecked(message.exec() == QMessageBox::Yes);
     return box->isChecked();
+}
+
+std::optional<SongEdit> editInDialog(DataEditDialog &dialog, const Database &database,
+                                     const SongInfo &info)
+{
+    dialog.setArtistsCombo(database.artistsList());
+    dialog.setGenresCombo(database.genresList());
+    dialog.setKeysCombo(MetaSong::getKeysList());
+    dialog.setOtherInfo(info);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+
+    SongEdit edit;
+    edit.info = info;
+    dialog.getInfo(edit.info);
+    edit.titleToAll = dialog.isApplyToAllFname();
+    edit.artistToAll = dialog.isApplyToAllArtist();
+    edit.genreToAll = dialog.isApplyToAllGenre();
+    edit.authorToAll = dialog.isApplyToAllAuthor();
+    return edit;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "formats/songinfo.h"
+#include "library/songeditor.h"
 
 #include <QDialog>
 #include <QRegularExpressionValidator>
@@ -64,12 +65,6 @@ public:
     /** True when every other song is to get its own file name as its title. */
     bool isApplyToAllFname() const { return m_applyToAllTitle; }
 
-    /**
-     * The title that a file's name makes: what stands after the last "/" and before the last "."
-     * behind it; without a dot, everything after the "/".
-     */
-    static QString titleFromFileName(const QString &path);
-
 protected:
     void changeEvent(QEvent *event) override;
 
@@ -96,3 +91,10 @@ private:
     bool m_applyToAllGenre = false;
     bool m_applyToAllTitle = false;
 };
+
+/**
+ * Runs the dialog for the song, with the catalogue's artists and genres and all keys to choose
+ * from: the AskEdit of a window.
+ */
+std::optional<SongEdit> editInDialog(DataEditDialog &dialog, const Database &database,
+                                     const SongInfo &info);

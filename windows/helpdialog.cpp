@@ -1,7 +1,7 @@
 #include "windows/helpdialog.h"
 
-#include "windows/translation.h"
 #include "library/settings.h"
+#include "windows/translation.h"
 
 #include "ui_helpdialog.h"
 

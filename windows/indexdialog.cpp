@@ -3,6 +3,7 @@
 #include "devindex/index.h"
 #include "devindex/mountedvolumes.h"
 #include "storage/diagnostics.h"
+#include "windows/confirmation.h"
 
 #include "ui_indexdialog.h"
 
@@ -148,6 +149,7 @@ bool IndexDialog::runIndex(const QString &path)
 {
     logDebug() << "[IndexDialog::start] path:" << path;
     Index index;
+    index.setRenameQuestion(&confirmation::ask);
     connect(&index, &Index::fileFoundChanged, this, &IndexDialog::updateLabelNum);
     connect(&index, &Index::progressMaxSetup, this, &IndexDialog::initProgress);
     connect(&index, &Index::progressValueChanged, this, &IndexDialog::setProgressValue);

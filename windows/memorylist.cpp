@@ -1,8 +1,8 @@
 #include "windows/memorylist.h"
 
 #include "devindex/sizetext.h"
-#include "windows/plaintooltip.h"
 #include "library/settings.h"
+#include "windows/plaintooltip.h"
 
 #include <QAbstractItemView>
 #include <QEvent>

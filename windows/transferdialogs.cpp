@@ -1,7 +1,6 @@
 #include "windows/transferdialogs.h"
 
-#include "devindex/filecopier.h"
-#include "windows/nocopyrightdialog.h"
+#include "windows/confirmation.h"
 
 #include <QFileDialog>
 #include <QMessageBox>
@@ -11,17 +10,14 @@ QString TransferDialogs::chooseFolder(const QString &title, const QString &start
     return QFileDialog::getExistingDirectory(m_parent, title, startFolder);
 }
 
-int TransferDialogs::askReplace(const QString &target)
+Answer TransferDialogs::askReplace(const QString &target)
 {
-    return FileCopier::showReplaceQuestion(target);
+    return confirmation::askToReplace(target);
 }
 
-int TransferDialogs::askRename(const QString &path, const QString &message)
+Answer TransferDialogs::askRename(const QString &path, const QString &message)
 {
-    NoCopyrightDialog dialog;
-    dialog.setFilename(path);
-    dialog.setMessage(message);
-    return dialog.exec();
+    return confirmation::ask(path, message);
 }
 
 bool TransferDialogs::askAnyway(const QString &title, const QString &question)

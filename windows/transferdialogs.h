@@ -17,8 +17,8 @@ public:
     }
 
     QString chooseFolder(const QString &title, const QString &startFolder) override;
-    int askReplace(const QString &target) override;
-    int askRename(const QString &path, const QString &message) override;
+    Answer askReplace(const QString &target) override;
+    Answer askRename(const QString &path, const QString &message) override;
     bool askAnyway(const QString &title, const QString &question) override;
     void warn(const QString &title, const QString &text) override;
     void inform(const QString &title, const QString &text) override;

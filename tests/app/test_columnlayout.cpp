@@ -1,10 +1,10 @@
 // The list's columns and the window's place: how they use the room, and what is remembered of them.
-#include "windows/backupdialog.h"
 #include "support/catalogue.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
+#include "windows/backupdialog.h"
 
 #include <QApplication>
 #include <QHeaderView>

@@ -1,16 +1,16 @@
 // The whole job through the real main window: import, transfer, update of the player's memory, then
 // synchronisation with a backup, editing, rebuilding, export and the change of language.
-#include "windows/backupdialog.h"
 #include "app/mainwindow.h"
-#include "windows/indexdialog.h"
-#include "windows/songslistdialog.h"
 #include "library/database.h"
-#include "windows/dataeditdialog.h"
-#include "windows/nocopyrightdialog.h"
 #include "support/memorychecker.h"
 #include "support/samplesongs.h"
 #include "support/songbytes.h"
 #include "support/userdriver.h"
+#include "windows/backupdialog.h"
+#include "windows/dataeditdialog.h"
+#include "windows/indexdialog.h"
+#include "windows/nocopyrightdialog.h"
+#include "windows/songslistdialog.h"
 
 #include <QAction>
 #include <QApplication>

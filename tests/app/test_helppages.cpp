@@ -1,6 +1,6 @@
 // The help pages: what their links lead to, and that they suit every palette and their branding.
-#include "windows/helpdialog.h"
 #include "support/ownfolders.h"
+#include "windows/helpdialog.h"
 
 #include <QApplication>
 #include <QFile>

@@ -1,14 +1,14 @@
 // A user who closes, sorts, filters, drops, deletes and starts other jobs while one runs: the job
 // does what it was asked for, and nothing else happens.
-#include "windows/backupdialog.h"
-#include "windows/changepreviewdialog.h"
-#include "windows/dataeditdialog.h"
-#include "windows/nocopyrightdialog.h"
 #include "support/catalogue.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
+#include "windows/backupdialog.h"
+#include "windows/changepreviewdialog.h"
+#include "windows/dataeditdialog.h"
+#include "windows/nocopyrightdialog.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,8 +1,5 @@
 // The preview before a synchronisation, through the main window: switched on in the menu, shown
 // before anything else, and nothing happens without its consent.
-#include "windows/backupdialog.h"
-#include "windows/changepreviewdialog.h"
-#include "windows/nocopyrightdialog.h"
 #include "library/settings.h"
 #include "support/catalogue.h"
 #include "support/ownfolders.h"
@@ -10,6 +7,9 @@
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
+#include "windows/backupdialog.h"
+#include "windows/changepreviewdialog.h"
+#include "windows/nocopyrightdialog.h"
 
 #include <QApplication>
 #include <QMenu>

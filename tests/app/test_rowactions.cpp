@@ -1,11 +1,11 @@
 // The keys and menu entries of the main window: that each does its work, tells its shortcut, and
 // leaves alone what is not chosen.
-#include "windows/translation.h"
-#include "windows/dataeditdialog.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
+#include "windows/dataeditdialog.h"
+#include "windows/translation.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>

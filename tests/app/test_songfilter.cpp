@@ -1,12 +1,12 @@
 // The field above the list: what it hides, and that nothing else notices.
-#include "windows/backupdialog.h"
-#include "windows/dataeditdialog.h"
 #include "support/catalogue.h"
 #include "support/ownfolders.h"
 #include "support/samplesongs.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
+#include "windows/backupdialog.h"
+#include "windows/dataeditdialog.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,8 +1,8 @@
 // Start-up: the settings of a first run, the log and its banner, the choice of the language.
 #include "app/startup.h"
-#include "windows/translation.h"
 #include "storage/diagnostics.h"
 #include "support/ownfolders.h"
+#include "windows/translation.h"
 
 #include <QCoreApplication>
 #include <QTranslator>

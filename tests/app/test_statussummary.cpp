@@ -1,13 +1,13 @@
 // What the status bar tells about the list and about the last import.
-#include "windows/backupdialog.h"
-#include "windows/translation.h"
 #include "library/unreadablefile.h"
-#include "windows/unreadablefilesdialog.h"
 #include "support/catalogue.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
+#include "windows/backupdialog.h"
+#include "windows/translation.h"
+#include "windows/unreadablefilesdialog.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>

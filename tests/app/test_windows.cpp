@@ -2,22 +2,22 @@
 // every field has a name, the Tab key walks in reading order. With KAVENA_WINDOW_PICTURES set to a
 // folder, leaves pictures of each window there, in a light and in a dark palette, and as small as
 // the window can get, for people to look at.
+#include "app/mainwindow.h"
+#include "app/statussummary.h"
+#include "library/usersongsreltablemodel.h"
+#include "support/ownfolders.h"
 #include "windows/aboutdialog.h"
 #include "windows/backupdialog.h"
-#include "windows/helpdialog.h"
-#include "app/mainwindow.h"
-#include "windows/proceeddialog.h"
-#include "app/statussummary.h"
-#include "windows/unreadablefilesdialog.h"
-#include "windows/indexdialog.h"
-#include "windows/songslistdialog.h"
 #include "windows/changepreviewdialog.h"
 #include "windows/dataeditdialog.h"
 #include "windows/elidedlabel.h"
+#include "windows/helpdialog.h"
+#include "windows/indexdialog.h"
 #include "windows/nocopyrightdialog.h"
+#include "windows/proceeddialog.h"
 #include "windows/progresswindow.h"
-#include "library/usersongsreltablemodel.h"
-#include "support/ownfolders.h"
+#include "windows/songslistdialog.h"
+#include "windows/unreadablefilesdialog.h"
 
 #include <QAbstractSpinBox>
 #include <QApplication>

@@ -1,16 +1,16 @@
 // Drives the real windows through the whole job, on whatever display it is started on: gathers
 // songs, imports, synchronises, edits, transfers, rebuilds and exports, in German and in English.
 // Leaves the songs, the player's memory and the screenshots in the folder that it is given.
-#include "windows/backupdialog.h"
 #include "app/mainwindow.h"
 #include "app/startup.h"
-#include "windows/indexdialog.h"
-#include "windows/songslistdialog.h"
 #include "library/database.h"
-#include "windows/dataeditdialog.h"
-#include "windows/nocopyrightdialog.h"
 #include "support/samplesongs.h"
 #include "support/userdriver.h"
+#include "windows/backupdialog.h"
+#include "windows/dataeditdialog.h"
+#include "windows/indexdialog.h"
+#include "windows/nocopyrightdialog.h"
+#include "windows/songslistdialog.h"
 
 #include <QAction>
 #include <QApplication>

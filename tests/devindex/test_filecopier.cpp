@@ -1,10 +1,10 @@
 // Copying song files: order and counters, questions, companions, failures that lose nothing.
 #include "devindex/copyingprogress.h"
 #include "devindex/filecopier.h"
-#include "windows/nocopyrightdialog.h"
 #include "support/faults.h"
 #include "support/logcapture.h"
 #include "support/modalanswers.h"
+#include "windows/nocopyrightdialog.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,10 +1,10 @@
 // Walking a memory: which files are songs, how their names are shortened, how they enter the index.
 #include "devindex/index.h"
-#include "windows/nocopyrightdialog.h"
 #include "support/devicememory.h"
 #include "support/logcapture.h"
 #include "support/modalanswers.h"
 #include "support/songbytes.h"
+#include "windows/nocopyrightdialog.h"
 
 #include <QLabel>
 #include <QSignalSpy>

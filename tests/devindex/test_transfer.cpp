@@ -4,12 +4,12 @@
 #include "devindex/index.h"
 #include "devindex/mountedcard.h"
 #include "devindex/transfer.h"
-#include "windows/transferdialogs.h"
-#include "windows/nocopyrightdialog.h"
-#include "windows/progresswindow.h"
 #include "support/faults.h"
 #include "support/logcapture.h"
 #include "support/userdriver.h"
+#include "windows/nocopyrightdialog.h"
+#include "windows/progresswindow.h"
+#include "windows/transferdialogs.h"
 
 #include <QLabel>
 #include <QTest>

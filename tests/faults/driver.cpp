@@ -8,14 +8,12 @@
 // the folders "library", "mnt/CARD" (the memory) and "backup". AT, MODE and GONE are what FAULTS_AT
 // and so on are set to. LIMIT is the size beyond which no file can grow, -1 for none. For each job
 // it answers with a line, "exit N" or "signal N". What the program said lies in the file "report".
-#include "windows/backupdialog.h"
-#include "library/librarybackup.h"
 #include "devindex/filecopier.h"
 #include "devindex/index.h"
 #include "devindex/transfer.h"
 #include "formats/metasong.h"
 #include "library/database.h"
-#include "windows/nocopyrightdialog.h"
+#include "library/librarybackup.h"
 #include "library/synchronisation.h"
 #include "library/usersongsreltablemodel.h"
 #include "support/catalogue.h"
@@ -23,6 +21,8 @@
 #include "support/recordedprogress.h"
 #include "support/samplesongs.h"
 #include "support/songbytes.h"
+#include "windows/backupdialog.h"
+#include "windows/nocopyrightdialog.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,11 +1,11 @@
 // The preview of a synchronisation: it says what synchronising then does, and does nothing itself.
 #include "formats/mfxheader.h"
 #include "library/changepreview.h"
-#include "windows/nocopyrightdialog.h"
 #include "library/synchronisation.h"
 #include "support/librarytable.h"
 #include "support/recordedprogress.h"
 #include "support/songbytes.h"
+#include "windows/nocopyrightdialog.h"
 
 #include <QDateTime>
 #include <QFileInfo>

@@ -1,5 +1,4 @@
 // The backup of the library: dialog, workflow without windows, and the whole through the window.
-#include "windows/backupdialog.h"
 #include "library/librarybackup.h"
 #include "support/germantexts.h"
 #include "support/logcapture.h"
@@ -7,6 +6,7 @@
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
+#include "windows/backupdialog.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,12 +1,12 @@
 // The import of song files, through the real windows and without them.
-#include "windows/backupdialog.h"
 #include "library/libraryimport.h"
-#include "windows/proceeddialog.h"
 #include "support/logcapture.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
+#include "windows/backupdialog.h"
+#include "windows/proceeddialog.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,6 +1,5 @@
 // Whole batches of real songs, synchronised and edited, judged by programs of others: midicsv reads
 // the MIDI files and MFX payloads, id3v2 and mutagen the tags, lame the audio.
-#include "windows/nocopyrightdialog.h"
 #include "library/songeditor.h"
 #include "library/synchronisation.h"
 #include "support/librarytable.h"
@@ -9,6 +8,7 @@
 #include "support/mp3judges.h"
 #include "support/recordedprogress.h"
 #include "support/songbytes.h"
+#include "windows/nocopyrightdialog.h"
 
 #include <QTest>
 #include <QtEndian>

@@ -1,5 +1,4 @@
 // Editing, hiding and deleting songs: questions answered, progress recorded, files on disk.
-#include "windows/dataeditdialog.h"
 #include "library/songeditor.h"
 #include "support/faults.h"
 #include "support/librarytable.h"
@@ -7,6 +6,7 @@
 #include "support/modalanswers.h"
 #include "support/recordedprogress.h"
 #include "support/songbytes.h"
+#include "windows/dataeditdialog.h"
 
 #include <QCheckBox>
 #include <QComboBox>

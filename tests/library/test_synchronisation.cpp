@@ -1,11 +1,11 @@
 // Synchronisation with the reference catalogue: questions answered, progress recorded, no window.
-#include "windows/nocopyrightdialog.h"
 #include "library/synchronisation.h"
 #include "support/faults.h"
 #include "support/librarytable.h"
 #include "support/logcapture.h"
 #include "support/recordedprogress.h"
 #include "support/songbytes.h"
+#include "windows/nocopyrightdialog.h"
 
 #include <QTest>
 #include <QTimer>

@@ -1,6 +1,6 @@
 // The about box.
-#include "windows/aboutdialog.h"
 #include "support/germantexts.h"
+#include "windows/aboutdialog.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>

@@ -1,9 +1,9 @@
 // The window that shows what synchronising would change.
-#include "windows/changepreviewdialog.h"
 #include "support/librarytable.h"
 #include "support/recordedprogress.h"
 #include "support/songbytes.h"
 #include "support/userdriver.h"
+#include "windows/changepreviewdialog.h"
 
 #include <QElapsedTimer>
 #include <QLabel>

@@ -1,6 +1,6 @@
 // The dialog for one song's data, driven as a user does.
-#include "windows/dataeditdialog.h"
 #include "support/modalanswers.h"
+#include "windows/dataeditdialog.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,7 +1,7 @@
 // The help window: which page it shows.
-#include "windows/helpdialog.h"
 #include "support/germantexts.h"
 #include "support/ownfolders.h"
+#include "windows/helpdialog.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>

@@ -1,11 +1,11 @@
 // The dialog that prepares or repairs a memory, driven by mouse and keyboard on real folders.
 #include "devindex/brackettranslator.h"
-#include "windows/indexdialog.h"
 #include "devindex/mountedcard.h"
-#include "windows/nocopyrightdialog.h"
 #include "library/settings.h"
 #include "support/logcapture.h"
 #include "support/userdriver.h"
+#include "windows/indexdialog.h"
+#include "windows/nocopyrightdialog.h"
 
 #include <QCheckBox>
 #include <QLabel>

@@ -1,13 +1,13 @@
 // The list of mounted memories beside a path field, as both memory windows have it.
 #include "devindex/brackettranslator.h"
-#include "windows/indexdialog.h"
-#include "windows/memorylist.h"
 #include "devindex/mountedcard.h"
-#include "windows/songslistdialog.h"
-#include "windows/plaintooltip.h"
 #include "library/settings.h"
 #include "support/ownfolders.h"
 #include "support/userdriver.h"
+#include "windows/indexdialog.h"
+#include "windows/memorylist.h"
+#include "windows/plaintooltip.h"
+#include "windows/songslistdialog.h"
 
 #include <QAbstractItemView>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
 // The import summary.
-#include "windows/proceeddialog.h"
 #include "support/germantexts.h"
+#include "windows/proceeddialog.h"
 
 #include <QCheckBox>
 #include <QLabel>

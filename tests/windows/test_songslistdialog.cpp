@@ -2,9 +2,9 @@
 #include "devindex/brackettranslator.h"
 #include "devindex/index.h"
 #include "devindex/mountedcard.h"
-#include "windows/songslistdialog.h"
 #include "library/settings.h"
 #include "support/userdriver.h"
+#include "windows/songslistdialog.h"
 
 #include <QComboBox>
 #include <QLabel>

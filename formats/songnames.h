@@ -1,0 +1,23 @@
+// The names that song files have.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace songnames
+{
+/** "*.mid" and so on. */
+QStringList patterns();
+
+/** True for the suffix of a song file, without its dot, in any case. */
+bool isSongSuffix(const QString &suffix);
+
+/** True when the name, or path, ends in a song's suffix, in any case. */
+bool isSongName(const QString &name);
+
+/**
+ * The title that a file's name makes: what stands after the last "/" and before the last "." behind
+ * it; without a dot, everything after the "/".
+ */
+QString titleFromFileName(const QString &path);
+} // namespace songnames
