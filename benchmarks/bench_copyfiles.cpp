@@ -116,7 +116,7 @@ double timeOfCopyFiles(benchmark::State &state)
                            QStringLiteral("Trasferimento file..."),
                            static_cast<int>(songs().files().size()), &window);
     QCoreApplication::processEvents();
-    FileCopier copier;
+    FileCopier copier([](const QString &) { return Answer::Yes; });
     const double time = milliseconds([&] {
         int copied = 0;
         if (!copier.copyFiles(songs().files(), dest, copied, progress))

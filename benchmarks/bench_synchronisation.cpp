@@ -3,12 +3,12 @@
 // and the progress window is on screen, as in the program. "ratio" is the median of the one by the
 // median of the other, and is to stay below 2.5.
 #include "formats/metasong.h"
+#include "library/answer.h"
 #include "library/database.h"
 #include "library/synchronisation.h"
 #include "library/usersongsreltablemodel.h"
 #include "support/catalogue.h"
 #include "support/songbytes.h"
-#include "windows/nocopyrightdialog.h"
 #include "windows/progresswindow.h"
 
 #include <QApplication>
@@ -177,7 +177,7 @@ double timeOfSynchronisation(Library &library, benchmark::State &state)
     QCoreApplication::processEvents();
     Synchronisation synchronisation(
         library.database(), *model, [] { return true; },
-        [](const QString &) { return int{NoCopyrightDialog::Yes}; },
+        [](const QString &) { return Answer::Yes; },
         [&view](const QString &title, const QString &label, int maximum) {
             return std::make_unique<ProgressWindow>(title, label, maximum, &view);
         });

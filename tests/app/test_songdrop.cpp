@@ -1,5 +1,6 @@
 // Songs that are dropped on the window, or that the desktop asks the program to open.
 #include "app/songdrop.h"
+#include "formats/songnames.h"
 #include "library/songsearch.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"

@@ -1,9 +1,11 @@
 // Copying song files: order and counters, questions, companions, failures that lose nothing.
 #include "devindex/copyingprogress.h"
 #include "devindex/filecopier.h"
+#include "library/answer.h"
 #include "support/faults.h"
 #include "support/logcapture.h"
 #include "support/modalanswers.h"
+#include "windows/confirmation.h"
 #include "windows/nocopyrightdialog.h"
 
 #include <QDir>
@@ -74,8 +76,8 @@ private:
     QString write(const QString &name, const QByteArray &bytes);
     QByteArray read(const QString &name) const;
     QString path(const QString &name) const { return m_folder->filePath(name); }
-    FileCopier::AskReplace answering(QList<int> answers);
-    bool copy(const QStringList &files, QList<int> answers = {});
+    FileCopier::AskReplace answering(QList<Answer> answers);
+    bool copy(const QStringList &files, QList<Answer> answers = {});
 
     std::unique_ptr<QTemporaryDir> m_folder;
     CopyingProgress *m_progress = nullptr;
@@ -119,19 +121,19 @@ QByteArray TestFileCopier::read(const QString &name) const
 }
 
 /** Gives the answers in turn and remembers what was asked; a question too many fails the test. */
-FileCopier::AskReplace TestFileCopier::answering(QList<int> answers)
+FileCopier::AskReplace TestFileCopier::answering(QList<Answer> answers)
 {
     return [this, answers](const QString &target) mutable {
         m_asked.append(target);
         if (answers.isEmpty()) {
             QTest::qFail("asked once too often", __FILE__, __LINE__);
-            return int(NoCopyrightDialog::No);
+            return Answer::No;
         }
         return answers.takeFirst();
     };
 }
 
-bool TestFileCopier::copy(const QStringList &files, QList<int> answers)
+bool TestFileCopier::copy(const QStringList &files, QList<Answer> answers)
 {
     FileCopier copier(answering(std::move(answers)));
     return copier.copyFiles(files, m_dest, m_copied, *m_progress);
@@ -214,24 +216,26 @@ void TestFileCopier::fileReachedByAnotherPathIsAtItsPlace()
 
 void TestFileCopier::answersDecideAboutExistingTargets_data()
 {
-    QTest::addColumn<QList<int>>("answers");
+    QTest::addColumn<QList<Answer>>("answers");
     QTest::addColumn<QByteArray>("replaced"); // by song: '1' new bytes, '0' old bytes
     QTest::addColumn<int>("copied");
     QTest::addColumn<QList<int>>("updates");
     using L = QList<int>;
-    const int yes = 0, yesAll = 1, no = 2, noAll = 3;
-    QTest::newRow("yes each") << L{yes, yes, yes} << QByteArray("111") << 4 << L{1, 2, 3, 4};
-    QTest::newRow("no each") << L{no, no, no} << QByteArray("000") << 1 << L{4};
-    QTest::newRow("mixed") << L{no, yes, no} << QByteArray("010") << 2 << L{2, 4};
-    QTest::newRow("yes to all") << L{yesAll} << QByteArray("111") << 4 << L{1, 2, 3, 4};
-    QTest::newRow("no to all") << L{noAll} << QByteArray("000") << 1 << L{4};
-    QTest::newRow("yes, no to all") << L{yes, noAll} << QByteArray("100") << 2 << L{1, 4};
-    QTest::newRow("no, yes to all") << L{no, yesAll} << QByteArray("011") << 3 << L{2, 3, 4};
+    using A = QList<Answer>;
+    const Answer yes = Answer::Yes, yesAll = Answer::YesToAll;
+    const Answer no = Answer::No, noAll = Answer::NoToAll;
+    QTest::newRow("yes each") << A{yes, yes, yes} << QByteArray("111") << 4 << L{1, 2, 3, 4};
+    QTest::newRow("no each") << A{no, no, no} << QByteArray("000") << 1 << L{4};
+    QTest::newRow("mixed") << A{no, yes, no} << QByteArray("010") << 2 << L{2, 4};
+    QTest::newRow("yes to all") << A{yesAll} << QByteArray("111") << 4 << L{1, 2, 3, 4};
+    QTest::newRow("no to all") << A{noAll} << QByteArray("000") << 1 << L{4};
+    QTest::newRow("yes, no to all") << A{yes, noAll} << QByteArray("100") << 2 << L{1, 4};
+    QTest::newRow("no, yes to all") << A{no, yesAll} << QByteArray("011") << 3 << L{2, 3, 4};
 }
 
 void TestFileCopier::answersDecideAboutExistingTargets()
 {
-    QFETCH(QList<int>, answers);
+    QFETCH(QList<Answer>, answers);
     QFETCH(QByteArray, replaced);
     QFETCH(int, copied);
     QFETCH(QList<int>, updates);
@@ -260,7 +264,7 @@ void TestFileCopier::allAnswersEndWithTheirCall()
 {
     const QString source = write(QStringLiteral("lib/a.mid"), "new");
     write(QStringLiteral("dest/a.mid"), "old");
-    FileCopier copier(answering({NoCopyrightDialog::NoAll, NoCopyrightDialog::Yes}));
+    FileCopier copier(answering({Answer::NoToAll, Answer::Yes}));
     QVERIFY(copier.copyFiles({source}, m_dest, m_copied, *m_progress));
     QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("old"));
     QVERIFY(copier.copyFiles({source}, m_dest, m_copied, *m_progress));
@@ -285,7 +289,7 @@ void TestFileCopier::questionShowsTargetAndText()
                           Qt::LeftButton);
         return true;
     });
-    FileCopier copier;
+    FileCopier copier(&confirmation::askToReplace);
     QVERIFY(copier.copyFiles({source}, m_dest, m_copied, *m_progress));
     QCOMPARE(m_copied, 0);
     QCOMPARE(shownFile, m_dest + QStringLiteral("/a.mid"));
@@ -302,7 +306,7 @@ void TestFileCopier::closingTheQuestionReplaces()
         QTest::keyClick(window, Qt::Key_Escape);
         return true;
     });
-    FileCopier copier;
+    FileCopier copier(&confirmation::askToReplace);
     QVERIFY(copier.copyFiles({source}, m_dest, m_copied, *m_progress));
     QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("new"));
 }
@@ -367,9 +371,9 @@ void TestFileCopier::companionIsReplacedWithItsSong()
     write(QStringLiteral("lib/a.cdg"), "new pictures");
     write(QStringLiteral("dest/a.mp3"), "old");
     write(QStringLiteral("dest/a.cdg"), "old pictures");
-    QVERIFY(copy({source}, {NoCopyrightDialog::No}));
+    QVERIFY(copy({source}, {Answer::No}));
     QCOMPARE(read(QStringLiteral("dest/a.cdg")), QByteArray("old pictures"));
-    QVERIFY(copy({source}, {NoCopyrightDialog::Yes}));
+    QVERIFY(copy({source}, {Answer::Yes}));
     QCOMPARE(m_copied, 1);
     QCOMPARE(read(QStringLiteral("dest/a.mp3")), QByteArray("new"));
     QCOMPARE(read(QStringLiteral("dest/a.cdg")), QByteArray("new pictures"));
@@ -462,7 +466,7 @@ void TestFileCopier::unreadableSourceKeepsTheTarget()
     if (kind == QLatin1String("pipe"))
         QCOMPARE(mkfifo(QFile::encodeName(source).constData(), 0644), 0);
     write(QStringLiteral("dest/a.mid"), "the only copy");
-    QVERIFY(!copy({source}, {NoCopyrightDialog::Yes}));
+    QVERIFY(!copy({source}, {Answer::Yes}));
     QCOMPARE(m_copied, 0);
     QCOMPARE(m_progress->updates, QList<int>({1}));
     QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("the only copy"));
@@ -472,7 +476,7 @@ void TestFileCopier::folderInTheTargetsPlaceStays()
 {
     const QString source = write(QStringLiteral("lib/a.mid"), "a");
     QVERIFY(QDir().mkdir(m_dest + QStringLiteral("/a.mid")));
-    QVERIFY(!copy({source}, {NoCopyrightDialog::Yes}));
+    QVERIFY(!copy({source}, {Answer::Yes}));
     QVERIFY(QFileInfo(m_dest + QStringLiteral("/a.mid")).isDir());
 }
 
@@ -507,14 +511,14 @@ void TestFileCopier::targetStaysUntilItsSuccessorIsWhole()
         const LogCapture log;
         {
             const faults::FileSizeLimit limit(size);
-            QVERIFY(!copy({source}, {NoCopyrightDialog::Yes}));
+            QVERIFY(!copy({source}, {Answer::Yes}));
         }
         QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("old"));
         QCOMPARE(QDir(m_dest).entryList(QDir::Files | QDir::Hidden),
                  QStringList(QStringLiteral("a.mid")));
         QCOMPARE(LogCapture::lines().filter(QStringLiteral("Impossible to copy")).size(), 1);
     }
-    QVERIFY(copy({source}, {NoCopyrightDialog::Yes}));
+    QVERIFY(copy({source}, {Answer::Yes}));
     QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray(500, 'n'));
 }
 

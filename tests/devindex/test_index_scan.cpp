@@ -1,9 +1,11 @@
 // Walking a memory: which files are songs, how their names are shortened, how they enter the index.
 #include "devindex/index.h"
+#include "library/answer.h"
 #include "support/devicememory.h"
 #include "support/logcapture.h"
 #include "support/modalanswers.h"
 #include "support/songbytes.h"
+#include "windows/confirmation.h"
 #include "windows/nocopyrightdialog.h"
 
 #include <QLabel>
@@ -37,20 +39,20 @@ QStringList texts(const QSignalSpy &spy)
 class AskedIndex : public Index
 {
 public:
-    explicit AskedIndex(const DeviceMemory &memory, const QList<int> &answers = {})
+    explicit AskedIndex(const DeviceMemory &memory, const QList<Answer> &answers = {})
         : m_answers(answers)
     {
         rootPath = memory.root();
         setRenameQuestion([this](const QString &path, const QString &message) {
             questions.append(path + QLatin1Char('|') + message);
-            return m_answers.isEmpty() ? int(NoCopyrightDialog::Yes) : m_answers.takeFirst();
+            return m_answers.isEmpty() ? Answer::Yes : m_answers.takeFirst();
         });
     }
 
     QStringList questions;
 
 private:
-    QList<int> m_answers;
+    QList<Answer> m_answers;
 };
 
 } // namespace
@@ -101,7 +103,7 @@ private slots:
     void noToAllKeepsEveryLongName();
     void answersAreKeptForTheWholeObject();
     void questionShowsTheCandidatesWholePath();
-    void defaultQuestionIsTheConfirmationDialog();
+    void questionIsShownInTheConfirmationDialog();
 
     void linkToAFolderBeingScannedIsNotEntered();
     void linkToAnotherFolderIsEntered();
@@ -426,7 +428,7 @@ void TestIndexScan::numbersOfTwoAndThreeDigitsShortenTheName()
     for (int i = 1; i <= 101; ++i)
         memory.add(QStringLiteral("My Long Song %1.mid").arg(i, 3, 10, QLatin1Char('0')),
                    QByteArray::number(i));
-    AskedIndex index(memory, {NoCopyrightDialog::YesAll});
+    AskedIndex index(memory, {Answer::YesToAll});
     index.scan_files(memory.root());
     QCOMPARE(index.entries.size(), 101);
     QCOMPARE(memory.read(QStringLiteral("MyLong-1.mid")), QByteArray("1"));
@@ -532,7 +534,7 @@ void TestIndexScan::picturesStayWithASongThatIsNotRenamed()
     memory.add(QStringLiteral("My Long Song.cdg"), "pictures");
     memory.add(QStringLiteral("A Midi Song.mid"), Song);
     memory.add(QStringLiteral("A Midi Song.cdg"), "no pictures");
-    AskedIndex index(memory, {NoCopyrightDialog::Yes, NoCopyrightDialog::No});
+    AskedIndex index(memory, {Answer::Yes, Answer::No});
     index.scan_files(memory.root());
     QCOMPARE(QDir(memory.root()).entryList(QDir::Files, QDir::Name),
              (QStringList{QStringLiteral("A Midi Song.cdg"), QStringLiteral("AMidiS-1.mid"),
@@ -569,7 +571,7 @@ void TestIndexScan::aFolderThatCannotBeRenamedIsLeftOut()
     // The name is taken between the question and the answer: renaming fails.
     index.setRenameQuestion([&memory](const QString &, const QString &) {
         memory.add(QStringLiteral("Alongf-1/x.txt"), {});
-        return int(NoCopyrightDialog::Yes);
+        return Answer::Yes;
     });
     const LogCapture log;
     index.scan_files(memory.root());
@@ -593,7 +595,7 @@ void TestIndexScan::yesRenamesAndAsksAgain()
     const DeviceMemory memory;
     memory.add(QStringLiteral("first long name.mid"), Song);
     memory.add(QStringLiteral("second long name.mid"), Song);
-    AskedIndex index(memory, {NoCopyrightDialog::Yes, NoCopyrightDialog::Yes});
+    AskedIndex index(memory, {Answer::Yes, Answer::Yes});
     index.scan_files(memory.root());
     QCOMPARE(index.questions.size(), 2);
     QCOMPARE(pathsOf(index),
@@ -607,7 +609,7 @@ void TestIndexScan::yesToAllRenamesWithoutAsking()
     const DeviceMemory memory;
     memory.add(QStringLiteral("first long name.mid"), Song);
     memory.add(QStringLiteral("second long name.mid"), Song);
-    AskedIndex index(memory, {NoCopyrightDialog::YesAll});
+    AskedIndex index(memory, {Answer::YesToAll});
     index.scan_files(memory.root());
     QCOMPARE(index.questions.size(), 1);
     QCOMPARE(pathsOf(index),
@@ -621,7 +623,7 @@ void TestIndexScan::noKeepsTheLongNameAndIndexesIt()
     const DeviceMemory memory;
     memory.add(QStringLiteral("first long name.mid"), Song);
     memory.add(QStringLiteral("second long name.mid"), Song);
-    AskedIndex index(memory, {NoCopyrightDialog::No, NoCopyrightDialog::Yes});
+    AskedIndex index(memory, {Answer::No, Answer::Yes});
     index.scan_files(memory.root());
     QCOMPARE(index.questions.size(), 2);
     QCOMPARE(pathsOf(index), (QStringList{QStringLiteral("/first long name.mid"),
@@ -633,7 +635,7 @@ void TestIndexScan::noToAllKeepsEveryLongName()
     const DeviceMemory memory;
     memory.add(QStringLiteral("first long name.mid"), Song);
     memory.add(QStringLiteral("second long name.mid"), Song);
-    AskedIndex index(memory, {NoCopyrightDialog::NoAll});
+    AskedIndex index(memory, {Answer::NoToAll});
     index.scan_files(memory.root());
     QCOMPARE(index.questions.size(), 1);
     QCOMPARE(pathsOf(index), (QStringList{QStringLiteral("/first long name.mid"),
@@ -646,7 +648,7 @@ void TestIndexScan::answersAreKeptForTheWholeObject()
 {
     const DeviceMemory memory;
     memory.add(QStringLiteral("first long name.mid"), Song);
-    AskedIndex index(memory, {NoCopyrightDialog::NoAll});
+    AskedIndex index(memory, {Answer::NoToAll});
     index.scan_files(memory.root());
     memory.add(QStringLiteral("second long name.mid"), Song);
     index.scan_files(memory.root());
@@ -667,11 +669,12 @@ void TestIndexScan::questionShowsTheCandidatesWholePath()
                                         "venga rilevato da Kavena.")});
 }
 
-void TestIndexScan::defaultQuestionIsTheConfirmationDialog()
+void TestIndexScan::questionIsShownInTheConfirmationDialog()
 {
     const DeviceMemory memory;
     const QString full = memory.add(QStringLiteral("My Long Song Name.mid"), Song);
     Index index;
+    index.setRenameQuestion(&confirmation::ask);
     index.rootPath = memory.root();
     QStringList shown;
     ModalAnswers answers;

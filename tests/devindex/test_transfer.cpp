@@ -4,6 +4,7 @@
 #include "devindex/index.h"
 #include "devindex/mountedcard.h"
 #include "devindex/transfer.h"
+#include "library/answer.h"
 #include "support/faults.h"
 #include "support/logcapture.h"
 #include "support/userdriver.h"
@@ -52,12 +53,12 @@ public:
         chooserStart = startFolder;
         return folder;
     }
-    int askReplace(const QString &target) override
+    Answer askReplace(const QString &target) override
     {
         replaceAsked.append(target);
         return replaceAnswer;
     }
-    int askRename(const QString &path, const QString &message) override
+    Answer askRename(const QString &path, const QString &message) override
     {
         renameAsked.append(path + QStringLiteral(": ") + message);
         return renameAnswer;
@@ -94,8 +95,8 @@ public:
     }
 
     QString folder;
-    int replaceAnswer = NoCopyrightDialog::No;
-    int renameAnswer = NoCopyrightDialog::No;
+    Answer replaceAnswer = Answer::No;
+    Answer renameAnswer = Answer::No;
     bool anyway = false;
     QString chooserTitle;
     QString chooserStart;
@@ -427,7 +428,7 @@ void TestTransfer::secondTransferAddsToTheIndex()
 {
     QCOMPARE(transfer(someSongs(2)), Transfer::Outcome::Complete);
     const QList<quint32> firstIds = m_card->indexedIds();
-    m_questions->replaceAnswer = NoCopyrightDialog::NoAll;
+    m_questions->replaceAnswer = Answer::NoToAll;
     QCOMPARE(transfer(someSongs(3)), Transfer::Outcome::Complete);
     QCOMPARE(m_questions->replaceAsked.size(), 1);
     const QList<quint32> ids = m_card->indexedIds();
@@ -450,7 +451,7 @@ void TestTransfer::longNamesAreShortenedAfterAsking()
 {
     const QString song =
         m_card->writeMusic(QStringLiteral("My Long Song.mid"), MountedCard::midi("LONG"));
-    m_questions->renameAnswer = NoCopyrightDialog::Yes;
+    m_questions->renameAnswer = Answer::Yes;
     QCOMPARE(transfer({song}), Transfer::Outcome::Complete);
     QCOMPARE(m_questions->renameAsked.size(), 1);
     QVERIFY(m_questions->renameAsked.first().startsWith(
@@ -475,7 +476,7 @@ void TestTransfer::keptFilesAreNoFailure()
 {
     m_card->writeOnCard(QStringLiteral("pop/song0.mid"), MountedCard::midi("KEPT 0"));
     m_card->writeOnCard(QStringLiteral("pop/song1.mid"), MountedCard::midi("KEPT 1"));
-    m_questions->replaceAnswer = NoCopyrightDialog::NoAll;
+    m_questions->replaceAnswer = Answer::NoToAll;
     QCOMPARE(transfer(someSongs(3)), Transfer::Outcome::Complete);
     QCOMPARE(m_questions->replaceAsked, QStringList(m_card->path(QStringLiteral("pop/song0.mid"))));
     QCOMPARE(m_card->read(QStringLiteral("pop/song0.mid")), MountedCard::midi("KEPT 0"));
@@ -513,7 +514,7 @@ void TestTransfer::damagedIndexIsReported()
     QCOMPARE(transfer(someSongs(2)), Transfer::Outcome::Complete);
     m_card->isLeftBroken();
     m_card->writeOnCard(QStringLiteral("index.idx"), "half a record");
-    m_questions->replaceAnswer = NoCopyrightDialog::NoAll;
+    m_questions->replaceAnswer = Answer::NoToAll;
     QCOMPARE(transfer(someSongs(3)), Transfer::Outcome::Incomplete);
     QCOMPARE(m_questions->failures, QStringList(failureText));
     QCOMPARE(m_card->read(QStringLiteral("index.idx")), QByteArray("half a record"));
@@ -631,7 +632,7 @@ void TestTransfer::filesThatFitAreNotAskedAbout()
     QVERIFY(m_questions->roomAsked.isEmpty());
     // Replacing them needs no room at all.
     m_freeBytes = 0;
-    m_questions->replaceAnswer = NoCopyrightDialog::YesAll;
+    m_questions->replaceAnswer = Answer::YesToAll;
     QCOMPARE(transfer(someSongs(3)), Transfer::Outcome::Complete);
     QVERIFY(m_questions->roomAsked.isEmpty());
     // A file system that does not tell is tried.

@@ -12,6 +12,7 @@
 #include "devindex/index.h"
 #include "devindex/transfer.h"
 #include "formats/metasong.h"
+#include "library/answer.h"
 #include "library/database.h"
 #include "library/librarybackup.h"
 #include "library/synchronisation.h"
@@ -22,7 +23,6 @@
 #include "support/samplesongs.h"
 #include "support/songbytes.h"
 #include "windows/backupdialog.h"
-#include "windows/nocopyrightdialog.h"
 
 #include <QApplication>
 #include <QDir>
@@ -91,8 +91,8 @@ public:
     {
     }
     QString chooseFolder(const QString &, const QString &) override { return m_destination; }
-    int askReplace(const QString &) override { return NoCopyrightDialog::Yes; }
-    int askRename(const QString &, const QString &) override { return NoCopyrightDialog::Yes; }
+    Answer askReplace(const QString &) override { return Answer::Yes; }
+    Answer askRename(const QString &, const QString &) override { return Answer::Yes; }
     bool askAnyway(const QString &, const QString &) override { return true; }
     void warn(const QString &, const QString &text) override { say(failure, text); }
     void inform(const QString &, const QString &text) override
@@ -251,8 +251,8 @@ public:
     bool synchronise()
     {
         Synchronisation synchronisation(
-            m_database, *m_model, [] { return true; },
-            [](const QString &) { return int{NoCopyrightDialog::Yes}; }, recordedBy(m_record));
+            m_database, *m_model, [] { return true; }, [](const QString &) { return Answer::Yes; },
+            recordedBy(m_record));
         return synchronisation.run(false);
     }
 
@@ -265,8 +265,7 @@ private:
 bool indexMemory(const QString &card, bool (Index::*build)(const QString &))
 {
     Index index;
-    index.setRenameQuestion(
-        [](const QString &, const QString &) { return int{NoCopyrightDialog::Yes}; });
+    index.setRenameQuestion([](const QString &, const QString &) { return Answer::Yes; });
     QObject::connect(&index, &Index::errorFromIndex, &index,
                      [](const QString &text) { say(WillingUser::failure, text); });
     return (index.*build)(card);
@@ -285,11 +284,12 @@ bool backUp(const Folders &folders, const QStringList &songs)
     bool complete = false;
     const LibraryBackup backup(
         [&] {
-            return LibraryBackup::Choice{BackupDialog::DoBackup, folders.backup()};
+            return LibraryBackup::Choice{LibraryBackup::Wish::Backup, folders.backup()};
         },
         [&](const QString &destination, int &copied) {
             RecordedProgress progress(record, {}, {}, 0);
-            return FileCopier().copyFiles(songs, destination, copied, progress);
+            return FileCopier([](const QString &) { return Answer::Yes; })
+                .copyFiles(songs, destination, copied, progress);
         },
         [&](bool succeeded) {
             complete = succeeded;

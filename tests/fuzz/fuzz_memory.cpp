@@ -2,7 +2,7 @@
 #include "devindex/index.h"
 #include "devindex/indexfiles.h"
 #include "fuzzing.h"
-#include "windows/nocopyrightdialog.h"
+#include "library/answer.h"
 
 #include <QDir>
 #include <QFile>
@@ -136,7 +136,7 @@ void update(const QString &root)
 {
     Index index;
     index.setRenameQuestion(
-        [](const QString &, const QString &) -> int { return NoCopyrightDialog::NoAll; });
+        [](const QString &, const QString &) -> Answer { return Answer::NoToAll; });
     int refused = 0; // where the ids have run out, a song is refused with a message
     QObject::connect(&index, &Index::errorFromIndex, [&refused] { ++refused; });
     const bool updated = index.updateIndex(root);

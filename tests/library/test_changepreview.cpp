@@ -1,11 +1,11 @@
 // The preview of a synchronisation: it says what synchronising then does, and does nothing itself.
 #include "formats/mfxheader.h"
+#include "library/answer.h"
 #include "library/changepreview.h"
 #include "library/synchronisation.h"
 #include "support/librarytable.h"
 #include "support/recordedprogress.h"
 #include "support/songbytes.h"
-#include "windows/nocopyrightdialog.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -61,7 +61,7 @@ bool synchronise(LibraryTable &library)
     ProgressRecord progress;
     Synchronisation run(
         library.database, library.model(), [] { return true; },
-        [](const QString &) { return int{NoCopyrightDialog::Yes}; }, recordedBy(progress));
+        [](const QString &) { return Answer::Yes; }, recordedBy(progress));
     return run.run(false);
 }
 

@@ -1,5 +1,6 @@
 // Whole batches of real songs, synchronised and edited, judged by programs of others: midicsv reads
 // the MIDI files and MFX payloads, id3v2 and mutagen the tags, lame the audio.
+#include "library/answer.h"
 #include "library/songeditor.h"
 #include "library/synchronisation.h"
 #include "support/librarytable.h"
@@ -8,7 +9,6 @@
 #include "support/mp3judges.h"
 #include "support/recordedprogress.h"
 #include "support/songbytes.h"
-#include "windows/nocopyrightdialog.h"
 
 #include <QTest>
 #include <QtEndian>
@@ -308,7 +308,7 @@ void TestSavedSongs::judgesAgreeAfterEachPass()
     ProgressRecord progress;
     Synchronisation synchronisation(
         library.database, library.model(), [] { return true; },
-        [](const QString &) -> int { return NoCopyrightDialog::YesAll; }, recordedBy(progress));
+        [](const QString &) -> Answer { return Answer::YesToAll; }, recordedBy(progress));
     QVERIFY(synchronisation.run(false));
     QCOMPARE(library.statuses(), QList<int>(20, Database::StatusSynced));
     QCOMPARE(library.song(QStringLiteral("midi1.mid")).userBpm, 97);

@@ -1,11 +1,11 @@
 // Synchronisation with the reference catalogue: questions answered, progress recorded, no window.
+#include "library/answer.h"
 #include "library/synchronisation.h"
 #include "support/faults.h"
 #include "support/librarytable.h"
 #include "support/logcapture.h"
 #include "support/recordedprogress.h"
 #include "support/songbytes.h"
-#include "windows/nocopyrightdialog.h"
 
 #include <QTest>
 #include <QTimer>
@@ -84,7 +84,7 @@ struct Run {
                   asked.append(fileName);
                   if (whileAsking)
                       whileAsking(fileName);
-                  return answers.isEmpty() ? int{NoCopyrightDialog::No} : answers.takeFirst();
+                  return answers.isEmpty() ? Answer::No : answers.takeFirst();
               },
               recordedBy(progress))
     {
@@ -92,7 +92,7 @@ struct Run {
 
     bool backupAnswer = true;
     int backupOffers = 0;
-    QList<int> answers; ///< to the questions, in turn; then no
+    QList<Answer> answers; ///< to the questions, in turn; then no
     QStringList asked;
     std::function<void(const QString &fileName)> whileAsking; ///< called when it is set
     ProgressRecord progress;
@@ -417,17 +417,17 @@ void TestSynchronisation::missingCatalogueNumbersAreNotWritten()
 
 void TestSynchronisation::unsignedFileIsChangedAsAnswered_data()
 {
-    QTest::addColumn<int>("answer");
+    QTest::addColumn<Answer>("answer");
     QTest::addColumn<int>("status");
-    QTest::newRow("yes") << 0 << isSynced;
-    QTest::newRow("yes to all") << 1 << isSynced;
-    QTest::newRow("no") << 2 << isNotSynced;
-    QTest::newRow("no to all") << 3 << isNotSynced;
+    QTest::newRow("yes") << Answer::Yes << isSynced;
+    QTest::newRow("yes to all") << Answer::YesToAll << isSynced;
+    QTest::newRow("no") << Answer::No << isNotSynced;
+    QTest::newRow("no to all") << Answer::NoToAll << isNotSynced;
 }
 
 void TestSynchronisation::unsignedFileIsChangedAsAnswered()
 {
-    QFETCH(int, answer);
+    QFETCH(Answer, answer);
     LibraryTable library({row("SONG", "LA SONG")});
     QVERIFY(library.add(QStringLiteral("song.mid"), midi()));
     const QByteArray before = library.bytes(QStringLiteral("song.mid"));
@@ -445,7 +445,7 @@ void TestSynchronisation::yesToAllChangesTheRestWithoutAsking()
     LibraryTable library(fourRows());
     QVERIFY(addFourUnsigned(library));
     Run run(library);
-    run.answers = {NoCopyrightDialog::No, NoCopyrightDialog::YesAll};
+    run.answers = {Answer::No, Answer::YesToAll};
     QVERIFY(run.synchronisation.run(true));
     QCOMPARE(run.asked.size(), 2);
     QCOMPARE(library.statuses(), QList<int>({isNotSynced, isSynced, isSynced, isSynced}));
@@ -456,7 +456,7 @@ void TestSynchronisation::noToAllSkipsTheRestWithoutAsking()
     LibraryTable library(fourRows());
     QVERIFY(addFourUnsigned(library));
     Run run(library);
-    run.answers = {NoCopyrightDialog::Yes, NoCopyrightDialog::NoAll};
+    run.answers = {Answer::Yes, Answer::NoToAll};
     QVERIFY(run.synchronisation.run(true));
     QCOMPARE(run.asked.size(), 2);
     QCOMPARE(library.statuses(), QList<int>({isSynced, isNotSynced, isNotSynced, isNotSynced}));
@@ -467,16 +467,16 @@ void TestSynchronisation::nextRunAsksAgain()
     LibraryTable library(fourRows());
     QVERIFY(addFourUnsigned(library));
     Run run(library);
-    run.answers = {NoCopyrightDialog::NoAll};
+    run.answers = {Answer::NoToAll};
     QVERIFY(run.synchronisation.run(true));
     QCOMPARE(run.asked.size(), 1);
-    run.answers = {NoCopyrightDialog::YesAll};
+    run.answers = {Answer::YesToAll};
     QVERIFY(run.synchronisation.run(true));
     QCOMPARE(run.asked.size(), 2);
     QCOMPARE(library.statuses(), QList<int>({isSynced, isSynced, isSynced, isSynced}));
 
     // "No to all" of one run does not hold for a later one that asks nothing either.
-    run.answers = {NoCopyrightDialog::NoAll};
+    run.answers = {Answer::NoToAll};
     QVERIFY(run.synchronisation.run(true));
     QCOMPARE(library.statuses().count(isNotSynced), 4);
     QVERIFY(run.synchronisation.run(false));
@@ -499,7 +499,7 @@ void TestSynchronisation::signedFilesAreNeverAskedAbout()
     QVERIFY(library.add(QStringLiteral("a.mid"), midi()));
     QVERIFY(library.add(QStringLiteral("b.mid"), signedMidi()));
     Run run(library);
-    run.answers = {NoCopyrightDialog::NoAll};
+    run.answers = {Answer::NoToAll};
     QVERIFY(run.synchronisation.run(true));
     QCOMPARE(run.asked, QStringList(library.path(QStringLiteral("a.mid"))));
     QCOMPARE(library.statuses(), QList<int>({isNotSynced, isSynced}));
@@ -591,7 +591,7 @@ void TestSynchronisation::rowIsFoundAgainWhenTheTableIsSortedDuringTheSave()
     LibraryTable library(fourRows());
     QVERIFY(addFourUnsigned(library));
     Run run(library);
-    run.answers = {NoCopyrightDialog::Yes};
+    run.answers = {Answer::Yes};
     run.whileAsking = [&](const QString &) {
         run.progress.canceled = true;
         QTimer::singleShot(0, &library.model(), [&library] {
@@ -626,7 +626,7 @@ void TestSynchronisation::vanishedFileTurnsRedAndTheRunGoesOn()
     QVERIFY(addFourUnsigned(library));
     QVERIFY(QFile::remove(library.path(QStringLiteral("b.mid"))));
     Run run(library);
-    run.answers = {NoCopyrightDialog::YesAll};
+    run.answers = {Answer::YesToAll};
     QVERIFY(run.synchronisation.run(true));
     QCOMPARE(library.statuses(), QList<int>({isSynced, isNotSynced, isSynced, isSynced}));
     QVERIFY(!QFile::exists(library.path(QStringLiteral("b.mid"))));
@@ -708,7 +708,7 @@ void TestSynchronisation::fileThatCannotBeReadAgainKeepsItsTexts()
         QFile::remove(fileName);
         QDir().mkdir(fileName);
     };
-    run.answers = {NoCopyrightDialog::Yes};
+    run.answers = {Answer::Yes};
     QVERIFY(run.synchronisation.run(true));
     QCOMPARE(library.statuses(), QList<int>({isSynced}));
     QCOMPARE(library.cell(0, "title"), QStringLiteral("Mine"));

@@ -1,4 +1,5 @@
 // The dialog for one song's data, driven as a user does.
+#include "formats/songnames.h"
 #include "support/modalanswers.h"
 #include "windows/dataeditdialog.h"
 
@@ -442,7 +443,7 @@ void TestDataEditDialog::fileNameBecomesTheTitle()
     open.click("radioButtonTitle2");
     QTEST(open.edit("titleLineEdit")->text(), "title");
     QVERIFY(open.box(titleBox)->isEnabled());
-    QTEST(DataEditDialog::titleFromFileName(path), "title");
+    QTEST(songnames::titleFromFileName(path), "title");
 }
 
 void TestDataEditDialog::useTitleBringsTheTitleBack()

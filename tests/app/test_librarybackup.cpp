@@ -246,9 +246,11 @@ void TestLibraryBackup::buttonsGiveTheChoices_data()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<int>("result");
-    QTest::newRow("cancel") << QByteArray("abortPushButton") << 0;
-    QTest::newRow("backup") << QByteArray("doBackupPushButton") << 1;
-    QTest::newRow("no backup") << QByteArray("exitPushButton") << 2;
+    QTest::addColumn<LibraryBackup::Wish>("wish");
+    QTest::newRow("cancel") << QByteArray("abortPushButton") << 0 << LibraryBackup::Wish::Cancel;
+    QTest::newRow("backup") << QByteArray("doBackupPushButton") << 1 << LibraryBackup::Wish::Backup;
+    QTest::newRow("no backup") << QByteArray("exitPushButton") << 2
+                               << LibraryBackup::Wish::NoBackup;
 }
 
 void TestLibraryBackup::buttonsGiveTheChoices()
@@ -260,6 +262,7 @@ void TestLibraryBackup::buttonsGiveTheChoices()
     QTimer::singleShot(
         0, &dialog, [&] { QTest::mouseClick(button(dialog, name.constData()), Qt::LeftButton); });
     QCOMPARE(dialog.exec(), result);
+    QTEST(dialog.wish(), "wish");
 }
 
 void TestLibraryBackup::closingAndEscapeCancel()
@@ -297,19 +300,18 @@ void TestLibraryBackup::folderIsNamedAfterTheTime()
 
 void TestLibraryBackup::eachChoiceDecidesWhetherToGoOn_data()
 {
-    QTest::addColumn<int>("result");
+    QTest::addColumn<LibraryBackup::Wish>("wish");
     QTest::addColumn<bool>("goOn");
-    QTest::newRow("cancelled") << 0 << false;
-    QTest::newRow("without backup") << 2 << true;
-    QTest::newRow("anything else") << 3 << false;
+    QTest::newRow("cancelled") << LibraryBackup::Wish::Cancel << false;
+    QTest::newRow("without backup") << LibraryBackup::Wish::NoBackup << true;
 }
 
 void TestLibraryBackup::eachChoiceDecidesWhetherToGoOn()
 {
-    QFETCH(int, result);
+    QFETCH(LibraryBackup::Wish, wish);
     QFETCH(bool, goOn);
     BackupWithoutWindows backup;
-    backup.choice = {result, m_work->path()};
+    backup.choice = {wish, m_work->path()};
     QCOMPARE(backup.suggest(), goOn);
     QVERIFY(backup.reports.isEmpty());
     QVERIFY(backup.copiedTo.isEmpty());
@@ -319,7 +321,7 @@ void TestLibraryBackup::eachChoiceDecidesWhetherToGoOn()
 void TestLibraryBackup::backupWithoutAFolderFails()
 {
     BackupWithoutWindows backup;
-    backup.choice = {BackupDialog::DoBackup, QString()};
+    backup.choice = {LibraryBackup::Wish::Backup, QString()};
     QVERIFY(!backup.suggest());
     QCOMPARE(backup.reports, QList<bool>{false});
     QVERIFY(backup.copiedTo.isEmpty());
@@ -328,7 +330,7 @@ void TestLibraryBackup::backupWithoutAFolderFails()
 void TestLibraryBackup::backupGoesIntoANewFolder()
 {
     BackupWithoutWindows backup;
-    backup.choice = {BackupDialog::DoBackup, m_work->path()};
+    backup.choice = {LibraryBackup::Wish::Backup, m_work->path()};
     const QDateTime before = QDateTime::currentDateTime();
     QVERIFY(backup.suggest());
     const QStringList entries = entriesOf(m_work->path());
@@ -347,7 +349,7 @@ void TestLibraryBackup::backupGoesIntoANewFolder()
 void TestLibraryBackup::failedCopyIsReportedAndTheUpdateGoesOn()
 {
     BackupWithoutWindows backup;
-    backup.choice = {BackupDialog::DoBackup, m_work->path()};
+    backup.choice = {LibraryBackup::Wish::Backup, m_work->path()};
     backup.copySucceeds = false;
     QVERIFY(backup.suggest());
     QCOMPARE(backup.reports, QList<bool>{false});
@@ -360,7 +362,7 @@ void TestLibraryBackup::secondBackupInTheSameSecondFails()
     for (int second = 0; second < 5; ++second)
         QVERIFY(QDir().mkdir(m_work->filePath(LibraryBackup::folderName(now.addSecs(second)))));
     BackupWithoutWindows backup;
-    backup.choice = {BackupDialog::DoBackup, m_work->path()};
+    backup.choice = {LibraryBackup::Wish::Backup, m_work->path()};
     QVERIFY(!backup.suggest());
     QCOMPARE(backup.reports, QList<bool>{false});
     QVERIFY(backup.copiedTo.isEmpty());
@@ -369,7 +371,7 @@ void TestLibraryBackup::secondBackupInTheSameSecondFails()
 void TestLibraryBackup::folderThatCannotBeMadeStopsTheUpdate()
 {
     BackupWithoutWindows backup;
-    backup.choice = {BackupDialog::DoBackup,
+    backup.choice = {LibraryBackup::Wish::Backup,
                      QStringLiteral("/proc")}; // takes no folders, not even root's
     const LogCapture log;
     QVERIFY(!backup.suggest());
@@ -380,7 +382,7 @@ void TestLibraryBackup::folderThatCannotBeMadeStopsTheUpdate()
 void TestLibraryBackup::workflowIsLogged()
 {
     BackupWithoutWindows backup;
-    backup.choice = {BackupDialog::DoBackup, m_work->path()};
+    backup.choice = {LibraryBackup::Wish::Backup, m_work->path()};
     const LogCapture log;
     QVERIFY(backup.suggest());
     const QString bar = QStringLiteral("============================================ ");
