@@ -55,14 +55,6 @@ bool removeFile(const QString &path)
     return QFile::remove(path) || !QFileInfo::exists(path);
 }
 
-bool renameItem(const QString &path, const QString &newPath)
-{
-    if (QDir().rename(path, newPath))
-        return true;
-    logWarning() << "[Index::renameLongFileName] Impossible to rename" << path;
-    return false;
-}
-
 /** A line of the list of songs: each field closed by ";", without quotes, in UTF-8. */
 QByteArray listLine(const std::array<QStringView, 4> &fields)
 {
@@ -149,12 +141,13 @@ bool Index::begin(const QString &root)
     indexChanged = 0;
     m_buildFailed = false;
     m_playlistsFailed = false;
+    m_renamesUnsure = false;
     return true;
 }
 
 bool Index::hasWholeIndex() const
 {
-    return !m_buildFailed && !m_playlistsFailed && checkIndexFile();
+    return !m_buildFailed && !m_playlistsFailed && !m_renamesUnsure && checkIndexFile();
 }
 
 QString Index::filePath(const QString &name) const
@@ -183,7 +176,7 @@ void Index::createKavenaDir()
     const QDir root(rootPath);
     for (const QLatin1String name : {indexfiles::EffectsFolder, indexfiles::BridgeFolder}) {
         if (!root.exists(name))
-            root.mkdir(name);
+            makeFolder(filePath(name));
     }
 }
 
@@ -264,6 +257,23 @@ QString Index::renameLongFileName(const QString &path)
     if (!companion.isEmpty())
         renameItem(companion, companionTarget(companion, candidate));
     return candidate;
+}
+
+/**
+ * Renames a file or folder, on the medium as well: it is flushed itself before its folder, since on
+ * FAT its new entry would else lead nowhere. Never by copying, as Qt does after a failure.
+ */
+bool Index::renameItem(const QString &path, const QString &newPath)
+{
+    if (isTaken(newPath) || !renameOver(path, newPath)) {
+        logWarning() << "[Index::renameLongFileName] Impossible to rename" << path;
+        return false;
+    }
+    if (!flushPath(newPath) || !flushFolderOf(newPath)) {
+        logWarning() << "[Index::renameLongFileName] Impossible to flush" << newPath;
+        m_renamesUnsure = true;
+    }
+    return true;
 }
 
 bool Index::askForRename(const QString &path, const QString &candidate)
@@ -392,6 +402,8 @@ void Index::createPathIndex()
     emit progressValueChanged(0);
     filesFound = 0;
     scan_files(rootPath);
+    if (m_renamesUnsure)
+        return;
     if (filesFound == 0) {
         logWarning() << "[Index::createPathIndex] No songs in" << rootPath;
         return;
@@ -462,6 +474,10 @@ void Index::removeDeletedItems()
         [](const SongInfoIndex &entry) { return entry.id == SongInfoIndex::RemovedId; });
 }
 
+/**
+ * Order of the flushes: the folder once the old counts are gone; each file; the folder; the new
+ * counts, before and after they get their name; the folder again.
+ */
 bool Index::writeIndexFiles()
 {
     struct SongFile {
@@ -503,7 +519,7 @@ bool Index::writeIndexFiles()
     }
     // The other files are on the medium by name, too, before the counts make them an index.
     const QString countFile = filePath(indexfiles::Count);
-    if (!flushFolderOf(countFile) || writeNumFile() < 0 || !flushFolderOf(countFile))
+    if (!flushFolderOf(countFile) || writeNumFile() < 0)
         return false;
     emit progressValueChanged(100);
     return true;
@@ -585,7 +601,7 @@ int Index::writeNumFile()
     // It makes the others an index, so it appears with its bytes or not at all.
     const QString unfinished = filePath(indexfiles::UnfinishedCount);
     if (indexwriter::writeCounts(unfinished, counts) == 0 &&
-        renameOver(unfinished, filePath(indexfiles::Count)))
+        replaceOnMedium(unfinished, filePath(indexfiles::Count)))
         return 0;
     QFile::remove(unfinished);
     return -1;
@@ -690,5 +706,5 @@ bool Index::writeSongsList(RecordWriter &list)
         emit currentPathChanged(entry.fullPath);
         emit progressValueChanged(++step);
     }
-    return list.close();
+    return list.close() && flushFolderOf(list.path());
 }

@@ -1,6 +1,7 @@
 #include "library/librarybackup.h"
 
 #include "storage/diagnostics.h"
+#include "storage/safefile.h"
 
 #include <QDir>
 #include <QFile>
@@ -53,7 +54,7 @@ private:
         if (m_closed.contains(folder.canonicalFilePath()))
             return true;
         logDebug() << "Making new dir:" << target;
-        if (!QDir().mkdir(target))
+        if (!makeFolder(target))
             return false;
         return copy(folder.filePath(), target);
     }
@@ -61,7 +62,7 @@ private:
     bool copyFile(const QString &file, const QString &target)
     {
         logDebug() << "Copying file:" << file;
-        if (!QFile::copy(file, target))
+        if (!QFile::copy(file, target) || !flushPath(target) || !flushFolderOf(target))
             return false;
         ++m_count;
         return true;
@@ -110,7 +111,7 @@ bool LibraryBackup::backUp(const QString &directory, int filesCount) const
     logBanner();
     const QString folder = directory + QLatin1Char('/') + folderName(QDateTime::currentDateTime());
     logDebug() << "Making new root backup dir:" << folder;
-    if (!QDir().mkdir(folder)) {
+    if (!makeFolder(folder)) {
         logDebug() << "Dest root dir creation failed";
         m_report(false);
         return false;

@@ -30,7 +30,7 @@ public:
         CannotWrite,  ///< the head could not be written
         CannotSeek,   ///< the source ends before the position from which it is to be copied
         CannotCopy,   ///< the rest of the source could not be copied whole
-        CannotReplace ///< the finished file could not take the old one's place
+        CannotReplace ///< the finished file could not take the old one's place on the medium
     };
 
     explicit SongFileWriter(const QString &path);
@@ -47,7 +47,9 @@ public:
 
     /**
      * Gives the opened file these bytes, brings them to the medium and closes it. False when they
-     * could not be written: the old ones have been put back then, or wait in the journal.
+     * could not be written: the old ones have been put back then, or wait in the journal. False,
+     * too, when the medium did not confirm that the journal is gone: the song is whole then, but
+     * a power cut may make it the old one again.
      */
     bool replaceBytes(const QByteArray &bytes);
 
