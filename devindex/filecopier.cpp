@@ -2,7 +2,9 @@
 
 #include "devindex/companion.h"
 #include "formats/diagnostics.h"
+#include "formats/leftovers.h"
 #include "formats/safefile.h"
+#include "formats/songjournal.h"
 #include "library/nocopyrightdialog.h"
 
 #include <QFile>
@@ -20,9 +22,6 @@ constexpr qint64 clusterSize = 32768;
 
 /** Read and written at once; between two of these the windows get their turn. */
 constexpr qsizetype chunkSize = 262144;
-
-/** A copy that is not whole yet; with no song's suffix, so that nobody takes it for a song. */
-constexpr QLatin1String partSuffix("kavena-part");
 
 QString targetOf(const QString &source, const QString &dest)
 {
@@ -78,6 +77,7 @@ bool FileCopier::copyFiles(const QStringList &files, const QString &dest, int &c
     m_report = {};
     m_ask = true;
     m_replaceAll = false;
+    Leftovers().tidy(dest);
 
     for (const QString &source : files) {
         m_keepAlive.processEvents();
@@ -158,7 +158,7 @@ bool FileCopier::copySong(const QString &source, const QString &target, bool rep
  */
 bool FileCopier::copyFile(const QString &source, const QString &target, bool replace)
 {
-    const QString part = hiddenBeside(target, partSuffix);
+    QFile part;
     const auto refuse = [&target](const char *reason) {
         logWarning() << "[FileCopier::copyFile] Impossible to copy," << reason << target;
         return false;
@@ -166,23 +166,30 @@ bool FileCopier::copyFile(const QString &source, const QString &target, bool rep
     if (QFileInfo(target).isDir() || (!replace && isTaken(target)))
         return refuse("the name is taken:");
 
-    Copy copy = copyBytes(source, part, replace);
+    Copy copy = copyBytes(source, target, part, replace);
     if (copy == Copy::NoRoom && replace && fitsInsteadOf(source, target)) {
         if (!QFile::remove(target))
             return refuse("no room and the old file cannot be removed:");
-        copy = copyBytes(source, part, replace);
+        copy = copyBytes(source, target, part, replace);
     }
     if (copy != Copy::Done)
         return refuse(copy == Copy::NoSource ? "the file cannot be read:"
                                              : "it cannot be written:");
-    if (renameOver(part, target))
+    if (renameOver(part, target)) {
+        // The bytes that a save of the replaced song left behind belong to no file any more.
+        SongJournal::removeAllOf(target);
         return true;
-    QFile::remove(part);
+    }
+    QFile::remove(part.fileName());
     return refuse("the new file cannot take its name:");
 }
 
-/** Copies into a new file, and removes it when it does not become whole. */
-FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &part, bool replace)
+/**
+ * Copies into a new file beside the target, which stays open, so that it is held; removes it when
+ * it does not become whole.
+ */
+FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &target, QFile &part,
+                                       bool replace)
 {
     const QFileInfo before(source);
     QFile in(source);
@@ -193,24 +200,21 @@ FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &par
     if (count < 0)
         return Copy::NoSource;
 
-    QFile out(part);
-    if (isTaken(part))
-        out.remove(); // left behind when the program ended in the middle of a copy
-    if (!out.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+    if (!createHiddenBeside(part, target, Leftovers::PartSuffix))
         return Copy::Failed;
-    while (count > 0 && out.write(m_buffer.constData(), count) == count) {
+    while (count > 0 && part.write(m_buffer.constData(), count) == count) {
         left -= count;
         m_keepAlive.processEvents();
         count = readChunk(in, left);
     }
-    const bool noRoom = out.error() == QFile::ResourceError;
+    const bool noRoom = part.error() == QFile::ResourceError;
     // A new file can be copied again if the memory is pulled too early; flushing each would take
     // half as long again. One that is replaced is not given up for bytes that are not there yet.
-    const bool whole = left == 0 && (!replace || flushToMedium(out));
-    out.close();
-    if (whole && QFileInfo(part).size() == QFileInfo(source).size())
+    const bool whole = left == 0 && (!replace || flushToMedium(part));
+    if (whole && part.size() == QFileInfo(source).size())
         return Copy::Done;
-    out.remove();
+    part.close();
+    QFile::remove(part.fileName());
     return noRoom ? Copy::NoRoom : Copy::Failed;
 }
 

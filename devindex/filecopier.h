@@ -74,7 +74,7 @@ private:
     bool mayReplace(const QString &target);
     bool copySong(const QString &source, const QString &target, bool replace);
     bool copyFile(const QString &source, const QString &target, bool replace);
-    Copy copyBytes(const QString &source, const QString &part, bool replace);
+    Copy copyBytes(const QString &source, const QString &target, QFile &part, bool replace);
     qint64 readChunk(QFile &in, qint64 left);
 
     const AskReplace m_askReplace;

@@ -2,6 +2,7 @@
 
 #include <QCryptographicHash>
 #include <QFileInfo>
+#include <QRandomGenerator>
 
 #include <filesystem>
 #include <system_error>
@@ -13,6 +14,19 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
+
+namespace
+{
+
+QString uniqueHiddenBeside(const QString &path, QLatin1String suffix)
+{
+    const QByteArray random =
+        QByteArray::number(QRandomGenerator::system()->generate(), 16).rightJustified(8, '0');
+    const QByteArray ending = random + '.' + QByteArray(suffix.data(), suffix.size());
+    return hiddenBeside(path, QLatin1String(ending));
+}
+
+} // namespace
 
 #ifdef Q_OS_UNIX
 
@@ -30,7 +44,45 @@ bool flushHandle(int handle)
     return ::fsync(handle) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
+/** Neither follows a link nor waits; the QFile closes the handle. */
+bool openHandle(QFile &file, const QByteArray &path, int flags)
+{
+    const int handle = ::open(path.constData(), flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (handle < 0)
+        return false;
+    const QFile::OpenMode access = flags == O_RDONLY ? QFile::ReadOnly : QFile::ReadWrite;
+    if (file.open(handle, access | QFile::Unbuffered, QFile::AutoCloseHandle))
+        return true;
+    ::close(handle);
+    return false;
+}
+
 } // namespace
+
+Found openOwnFile(QFile &file, const QString &path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    struct stat status {
+    };
+    if (::lstat(name.constData(), &status) != 0)
+        return Found::Nothing;
+    // Opening a device may already set something off.
+    if (!S_ISREG(status.st_mode))
+        return Found::SomethingElse;
+    if (!openHandle(file, name, O_RDWR) && !openHandle(file, name, O_RDONLY))
+        return Found::Unreadable;
+    if (::fstat(file.handle(), &status) == 0 && S_ISREG(status.st_mode) && status.st_nlink <= 1)
+        return Found::Opened;
+    file.close();
+    return Found::SomethingElse;
+}
+
+bool removeUnheld(const QString &path)
+{
+    QFile file;
+    return openOwnFile(file, path) == Found::Opened &&
+           ::flock(file.handle(), LOCK_EX | LOCK_NB) == 0 && QFile::remove(path);
+}
 
 bool flushToMedium(QFile &file)
 {
@@ -74,7 +126,53 @@ bool holdFile(QFile &)
     return true;
 }
 
+Found openOwnFile(QFile &file, const QString &path)
+{
+    const QFileInfo info(path);
+    if (!isTaken(path))
+        return Found::Nothing;
+    if (!info.isFile() || info.isSymLink())
+        return Found::SomethingElse;
+    file.setFileName(path);
+    const bool opened = file.open(QFile::ReadWrite | QFile::ExistingOnly | QFile::Unbuffered) ||
+                        file.open(QFile::ReadOnly | QFile::Unbuffered);
+    return opened ? Found::Opened : Found::Unreadable;
+}
+
+bool removeUnheld(const QString &path)
+{
+    // A file that a running program has open cannot be removed here.
+    const QFileInfo info(path);
+    return info.isFile() && !info.isSymLink() && QFile::remove(path);
+}
+
 #endif
+
+bool createHeld(QFile &file)
+{
+    if (file.open(QFile::ReadWrite | QFile::NewOnly | QFile::Unbuffered,
+                  QFile::ReadOwner | QFile::WriteOwner) &&
+        holdFile(file))
+        return true;
+    file.close();
+    return false;
+}
+
+bool createHiddenBeside(QFile &file, const QString &path, QLatin1String suffix)
+{
+    constexpr int attempts = 100;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        file.setFileName(uniqueHiddenBeside(path, suffix));
+        if (!file.open(QFile::ReadWrite | QFile::NewOnly | QFile::Unbuffered)) {
+            if (!isTaken(file.fileName()))
+                return false;
+        } else if (holdFile(file)) {
+            return true;
+        }
+        file.close();
+    }
+    return false;
+}
 
 bool renameOver(const QString &from, const QString &to)
 {
@@ -82,6 +180,16 @@ bool renameOver(const QString &from, const QString &to)
     std::filesystem::rename(QFileInfo(from).filesystemFilePath(),
                             QFileInfo(to).filesystemFilePath(), error);
     return !error;
+}
+
+bool renameOver(QFile &file, const QString &to)
+{
+#ifndef Q_OS_UNIX
+    file.close();
+#endif
+    const bool renamed = renameOver(file.fileName(), to);
+    file.close();
+    return renamed;
 }
 
 QString hiddenBeside(const QString &path, QLatin1String suffix)

@@ -3,6 +3,7 @@
 #include "devindex/filecopier.h"
 #include "library/nocopyrightdialog.h"
 #include "support/faults.h"
+#include "support/journalbytes.h"
 #include "support/logcapture.h"
 #include "support/modalanswers.h"
 
@@ -60,7 +61,8 @@ private slots:
     void missingDestinationFailsEveryFile();
     void incompleteCopyIsRemoved();
     void targetStaysUntilItsSuccessorIsWhole();
-    void whatACutOffCopyLeftIsReplaced();
+    void whatCutOffCopiesLeftIsRemoved();
+    void journalOfAReplacedSongGoes();
     void linkToNothingIsNoFreeName();
     void longNamesAreCopied();
     void emptyAndBigFilesArriveByteForByte_data();
@@ -518,18 +520,41 @@ void TestFileCopier::targetStaysUntilItsSuccessorIsWhole()
     QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray(500, 'n'));
 }
 
-void TestFileCopier::whatACutOffCopyLeftIsReplaced()
+void TestFileCopier::whatCutOffCopiesLeftIsRemoved()
 {
     write(QStringLiteral("dest/.a.mid.kavena-part"), "half of an ear");
+    write(QStringLiteral("dest/.c.mid.0123abcd.kavena-part"), "half of an ear");
     write(QStringLiteral("precious"), "precious");
     QVERIFY(QFile::link(path(QStringLiteral("precious")),
                         m_dest + QStringLiteral("/.b.mid.kavena-part")));
     QVERIFY(
         copy({write(QStringLiteral("lib/a.mid"), "a"), write(QStringLiteral("lib/b.mid"), "b")}));
     QCOMPARE(QDir(m_dest).entryList(QDir::Files | QDir::Hidden),
-             QStringList({QStringLiteral("a.mid"), QStringLiteral("b.mid")}));
+             QStringList({QStringLiteral(".b.mid.kavena-part"), QStringLiteral("a.mid"),
+                          QStringLiteral("b.mid")}));
     QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("a"));
     QCOMPARE(read(QStringLiteral("precious")), QByteArray("precious"));
+}
+
+void TestFileCopier::journalOfAReplacedSongGoes()
+{
+    const QString journal = m_dest + QStringLiteral("/.a.mid.kavena-journal");
+    const QByteArray old = journalbytes::song(100, 'a');
+    write(QStringLiteral("dest/a.mid"), journalbytes::song(150, '0'));
+    write(QStringLiteral("dest/.a.mid.kavena-journal"), journalbytes::firstJournalOf(old, 150));
+    // It is needed as long as the old song is there.
+    const QString source = write(QStringLiteral("lib/a.mid"), journalbytes::song(120, 'A'));
+    {
+        const LogCapture log;
+        const faults::FileSizeLimit limit(10);
+        QVERIFY(!copy({source}, {NoCopyrightDialog::Yes}));
+    }
+    QVERIFY(QFileInfo::exists(journal));
+    copy({source}, {NoCopyrightDialog::No});
+    QVERIFY(QFileInfo::exists(journal));
+    QVERIFY(copy({source}, {NoCopyrightDialog::Yes}));
+    QVERIFY(!QFileInfo::exists(journal));
+    QVERIFY(read(QStringLiteral("dest/a.mid")) == journalbytes::song(120, 'A'));
 }
 
 void TestFileCopier::linkToNothingIsNoFreeName()
