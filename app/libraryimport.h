@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/unreadablefile.h"
+#include "formats/leftovers.h"
 #include "library/progress.h"
 #include "library/usersongsreltablemodel.h"
 
@@ -48,5 +49,6 @@ private:
     UserSongsRelTableModel &m_model;
     Progress &m_progress;
     QList<UnreadableFile> m_unreadable;
+    Leftovers m_leftovers;
     QSet<QString> m_openFolders; ///< canonical paths of the folders that are being scanned
 };

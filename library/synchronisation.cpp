@@ -53,6 +53,7 @@ bool Synchronisation::run(bool copyrightAsk)
                        QCoreApplication::translate("MainWindow", "Aggiorno la libreria..."), rows);
     m_copyrightAsk = copyrightAsk;
     m_proceedWithoutAsking = true;
+    m_leftovers = {};
     for (int row = 0; row < rows; ++row) {
         if (progress->wasCanceled())
             return false;
@@ -71,6 +72,7 @@ bool Synchronisation::run(bool copyrightAsk)
 bool Synchronisation::updateFileWithDb(int row)
 {
     const QString fileName = m_model.fileName(row);
+    m_leftovers.tidyBeside(fileName);
     MetaSong song;
     if (!song.importFile(fileName))
         return false;

@@ -1,6 +1,7 @@
 // Rewrites the songs of the library with what the reference catalogue knows about them.
 #pragma once
 
+#include "formats/leftovers.h"
 #include "formats/songinfo.h"
 #include "library/cataloguemerge.h"
 #include "library/database.h"
@@ -56,6 +57,7 @@ private:
     OfferBackup m_offerBackup;
     AskUnsigned m_askUnsigned;
     OpenProgress m_openProgress;
+    Leftovers m_leftovers; ///< of the last run
     bool m_copyrightAsk = false;
     bool m_proceedWithoutAsking = true; ///< the answer while the user is not asked
 };
