@@ -1,6 +1,7 @@
 #include "devindex/copybatch.h"
 
 #include "storage/diagnostics.h"
+#include "storage/songjournal.h"
 
 #include <algorithm>
 #include <memory>
@@ -24,13 +25,13 @@ CopyBatch::CopyBatch(const QString &folder)
 CopyBatch::~CopyBatch()
 {
     for (const File &file : std::as_const(m_files))
-        QFile::remove(file.part);
+        QFile::remove(file.part->fileName());
 }
 
-void CopyBatch::add(const File &file, qint64 size)
+void CopyBatch::add(const File &file)
 {
     m_files.append(file);
-    m_size += size;
+    m_size += file.part->size();
 }
 
 bool CopyBatch::isFull() const
@@ -60,7 +61,7 @@ QSet<int> CopyBatch::settle()
     m_failed.clear();
     if (m_files.isEmpty())
         return {};
-    flush(&File::part);
+    flush();
     std::vector<std::unique_ptr<QFile>> oldBytes;
     for (const File &file : std::as_const(m_files)) {
         if (file.replaces)
@@ -69,11 +70,13 @@ QSet<int> CopyBatch::settle()
     giveNames(true);
     bool flushed = oldBytes.empty() || flushPath(m_folder);
     giveNames(false);
-    flush(&File::target);
+    flush();
     flushed = flushPath(m_folder) && flushed;
     for (const File &file : std::as_const(m_files)) {
         if (!flushed)
             fail(file, "the folder cannot be brought to the medium:");
+        else if (file.replaces)
+            SongJournal::removeAllOf(file.target); // its old bytes belong to no file any more
     }
     m_files.clear();
     m_size = 0;
@@ -81,15 +84,15 @@ QSet<int> CopyBatch::settle()
 }
 
 /** Files that cannot be flushed leave the batch. */
-void CopyBatch::flush(QString File::*path)
+void CopyBatch::flush()
 {
     if (m_fileSystem.flush())
         return;
-    m_files.removeIf([this, path](const File &file) {
-        if (flushPath(file.*path))
+    m_files.removeIf([this](const File &file) {
+        if (!file.part->isOpen() || flushToMedium(*file.part))
             return false;
         fail(file, "it cannot be brought to the medium:");
-        QFile::remove(file.part);
+        QFile::remove(file.part->fileName());
         return true;
     });
 }
@@ -100,10 +103,10 @@ void CopyBatch::giveNames(bool replacing)
     m_files.removeIf([this, replacing](const File &file) {
         if (file.replaces != replacing)
             return false;
-        if ((replacing || !isTaken(file.target)) && renameOver(file.part, file.target))
+        if ((replacing || !isTaken(file.target)) && renameOver(*file.part, file.target))
             return false;
         fail(file, "the new file cannot take its name:");
-        QFile::remove(file.part);
+        QFile::remove(file.part->fileName());
         return true;
     });
 }

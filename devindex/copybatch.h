@@ -3,10 +3,13 @@
 
 #include "storage/safefile.h"
 
+#include <QFile>
 #include <QList>
 #include <QSet>
 #include <QString>
 #include <QtGlobal>
+
+#include <memory>
 
 /**
  * Many small files are brought to the medium together, since a flush for each would take several
@@ -16,10 +19,10 @@ class CopyBatch
 {
 public:
     struct File {
-        int song = 0;          ///< by which settle() names what failed
-        QString part;          ///< where the bytes are
-        QString target;        ///< the name that they get
-        bool replaces = false; ///< a file may have that name already
+        int song = 0;                ///< by which settle() names what failed
+        std::shared_ptr<QFile> part; ///< the bytes; open, so that no other program tidies it away
+        QString target;              ///< the name that they get
+        bool replaces = false;       ///< a file may have that name already
     };
 
     /** All files of the batch lie in this folder. */
@@ -29,8 +32,8 @@ public:
     ~CopyBatch();
     Q_DISABLE_COPY_MOVE(CopyBatch)
 
-    /** Takes over a file of this size, written and closed. */
-    void add(const File &file, qint64 size);
+    /** Takes over a written file. */
+    void add(const File &file);
 
     bool isEmpty() const { return m_files.isEmpty(); }
 
@@ -47,7 +50,7 @@ public:
     QSet<int> settle();
 
 private:
-    void flush(QString File::*path);
+    void flush();
     void giveNames(bool replacing);
     void fail(const File &file, const char *reason);
 

@@ -4,7 +4,9 @@
 #include "devindex/copybatch.h"
 #include "library/whileanswering.h"
 #include "storage/diagnostics.h"
+#include "storage/leftovers.h"
 #include "storage/safefile.h"
+#include "storage/songjournal.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -21,9 +23,6 @@ constexpr qint64 clusterSize = 32768;
 
 /** Read and written at once; between two of these the windows get their turn. */
 constexpr qsizetype chunkSize = 262144;
-
-/** A copy that is not whole yet; with no song's suffix, so that nobody takes it for a song. */
-constexpr QLatin1String partSuffix("kavena-part");
 
 QString targetOf(const QString &source, const QString &dest)
 {
@@ -78,6 +77,7 @@ bool FileCopier::copyFiles(const QStringList &files, const QString &dest, int &c
 {
     copied = 0;
     m_report = {};
+    Leftovers().tidy(dest);
     m_songs = QList<Song>(files.size(), Song::NotReached);
     m_batch = std::make_unique<CopyBatch>(dest);
     m_replace = RememberedAnswer();
@@ -171,7 +171,7 @@ bool FileCopier::copySong(int song, const QString &source, const QString &target
  */
 bool FileCopier::copyFile(int song, const QString &source, const QString &target, bool replace)
 {
-    const QString part = hiddenBeside(target, partSuffix);
+    const auto part = std::make_shared<QFile>();
     const auto refuse = [&target](const char *reason) {
         logWarning() << "[FileCopier::copyFile] Impossible to copy," << reason << target;
         return false;
@@ -181,20 +181,20 @@ bool FileCopier::copyFile(int song, const QString &source, const QString &target
     if (QFileInfo(target).isDir() || (!replace && isTaken(target)))
         return refuse("the name is taken:");
 
-    Copy copy = copyBytes(source, part);
+    Copy copy = copyBytes(source, target, *part);
     if (copy == Copy::NoRoom && !m_batch->isEmpty()) {
         settle(); // the files that it replaces give their room back
-        copy = copyBytes(source, part);
+        copy = copyBytes(source, target, *part);
     }
     if (copy == Copy::NoRoom && replace && fitsInsteadOf(source, target)) {
         if (!giveUp(target))
             return refuse("no room and the old file cannot be removed:");
-        copy = copyBytes(source, part);
+        copy = copyBytes(source, target, *part);
     }
     if (copy != Copy::Done)
         return refuse(copy == Copy::NoSource ? "the file cannot be read:"
                                              : "it cannot be written:");
-    m_batch->add({song, part, target, replace && isTaken(target)}, QFileInfo(part).size());
+    m_batch->add({song, part, target, replace && isTaken(target)});
     return true;
 }
 
@@ -208,8 +208,11 @@ bool FileCopier::giveUp(const QString &target)
     return QFile::remove(target) && flushFolderOf(target);
 }
 
-/** Copies into a new file, and removes it when it does not become whole. */
-FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &part)
+/**
+ * Copies into a new file beside the target, which stays open, so that it is held; removes it when
+ * it does not become whole.
+ */
+FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &target, QFile &part)
 {
     const QFileInfo before(source);
     QFile in(source);
@@ -220,21 +223,18 @@ FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &par
     if (count < 0)
         return Copy::NoSource;
 
-    QFile out(part);
-    if (isTaken(part))
-        out.remove(); // left behind when the program ended in the middle of a copy
-    if (!out.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+    if (!createHiddenBeside(part, target, Leftovers::PartSuffix))
         return Copy::Failed;
-    while (count > 0 && out.write(m_buffer.constData(), count) == count) {
+    while (count > 0 && part.write(m_buffer.constData(), count) == count) {
         left -= count;
         m_keepAlive.processEvents();
         count = readChunk(in, left);
     }
-    const bool noRoom = out.error() == QFile::ResourceError;
-    const bool arrived = closeChecked(out);
-    if (left == 0 && arrived && QFileInfo(part).size() == QFileInfo(source).size())
+    const bool noRoom = part.error() == QFile::ResourceError;
+    if (left == 0 && hasArrived(part) && part.size() == QFileInfo(source).size())
         return Copy::Done;
-    out.remove();
+    part.close();
+    QFile::remove(part.fileName());
     return noRoom ? Copy::NoRoom : Copy::Failed;
 }
 

@@ -83,7 +83,7 @@ private:
     bool copySong(int song, const QString &source, const QString &target, bool replace);
     bool copyFile(int song, const QString &source, const QString &target, bool replace);
     static bool giveUp(const QString &target);
-    Copy copyBytes(const QString &source, const QString &part);
+    Copy copyBytes(const QString &source, const QString &target, QFile &part);
     qint64 readChunk(QFile &in, qint64 left);
 
     const AskReplace m_askReplace;

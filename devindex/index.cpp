@@ -599,11 +599,11 @@ int Index::writeAlphaBuffer(const QString &name)
 int Index::writeNumFile()
 {
     // It makes the others an index, so it appears with its bytes or not at all.
-    const QString unfinished = filePath(indexfiles::UnfinishedCount);
-    if (indexwriter::writeCounts(unfinished, counts) == 0 &&
+    QFile unfinished(filePath(indexfiles::UnfinishedCount));
+    if (indexwriter::writeCounts(unfinished.fileName(), counts) == 0 &&
         replaceOnMedium(unfinished, filePath(indexfiles::Count)))
         return 0;
-    QFile::remove(unfinished);
+    unfinished.remove();
     return -1;
 }
 

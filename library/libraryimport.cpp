@@ -84,6 +84,7 @@ bool LibraryImport::scanEntries(const QString &dir, Counts &counts)
 
 bool LibraryImport::importFile(const QString &path, Counts &counts)
 {
+    m_leftovers.tidyBeside(path);
     MetaSong song;
     if (!song.importFile(path)) {
         ++counts.bad;

@@ -4,6 +4,7 @@
 #include "library/progress.h"
 #include "library/unreadablefile.h"
 #include "library/usersongsreltablemodel.h"
+#include "storage/leftovers.h"
 
 #include <QList>
 #include <QSet>
@@ -48,5 +49,6 @@ private:
     UserSongsRelTableModel &m_model;
     Progress &m_progress;
     QList<UnreadableFile> m_unreadable;
+    Leftovers m_leftovers;
     QSet<QString> m_openFolders; ///< canonical paths of the folders that are being scanned
 };

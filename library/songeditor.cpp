@@ -3,6 +3,7 @@
 #include "formats/songnames.h"
 #include "library/whileanswering.h"
 #include "storage/diagnostics.h"
+#include "storage/leftovers.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -25,6 +26,7 @@ bool SongEditor::edit(int row)
     const QString path = m_model.fileName(row);
     logDebug() << "File name: " << path;
     logDebug() << "[MainWindow] Manual modifing row: " << row;
+    Leftovers().tidyBeside(path);
     MetaSong song;
     if (!song.importFile(path))
         return false;
@@ -98,7 +100,9 @@ void SongEditor::applyToAll(const SongEdit &edit, int editedRow)
     const auto progress =
         m_openProgress(QCoreApplication::translate("MainWindow", "Aggiornamento file"),
                        QCoreApplication::translate("MainWindow", "Aggiorno la libreria..."), rows);
+    Leftovers leftovers;
     for (int done = 0; done < rows; ++done) {
+        leftovers.tidyBeside(m_model.fileName(songs.at(done).row()));
         if (done != editedRow && applyToRow(edit, songs.at(done).row()))
             progress->updateProgress(done + 1);
         QCoreApplication::processEvents();

@@ -51,6 +51,7 @@ bool Synchronisation::run(bool copyrightAsk)
         m_openProgress(QCoreApplication::translate("MainWindow", "Aggiornamento file"),
                        QCoreApplication::translate("MainWindow", "Aggiorno la libreria..."), rows);
     m_changeUnsigned = copyrightAsk ? RememberedAnswer() : RememberedAnswer::toAll(true);
+    m_leftovers = {};
     for (int row = 0; row < rows; ++row) {
         if (progress->wasCanceled())
             return false;
@@ -69,6 +70,7 @@ bool Synchronisation::run(bool copyrightAsk)
 bool Synchronisation::updateFileWithDb(int row)
 {
     const QString fileName = m_model.fileName(row);
+    m_leftovers.tidyBeside(fileName);
     MetaSong song;
     if (!song.importFile(fileName))
         return false;

@@ -7,6 +7,7 @@
 #include "library/database.h"
 #include "library/progress.h"
 #include "library/usersongsreltablemodel.h"
+#include "storage/leftovers.h"
 
 #include <QString>
 
@@ -54,5 +55,6 @@ private:
     OfferBackup m_offerBackup;
     AskUnsigned m_askUnsigned;
     OpenProgress m_openProgress;
+    Leftovers m_leftovers; ///< of the last run
     RememberedAnswer m_changeUnsigned = RememberedAnswer::toAll(true);
 };

@@ -3,6 +3,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
+#include <QRandomGenerator>
 
 #include <algorithm>
 #include <array>
@@ -20,6 +21,19 @@
 #ifdef Q_OS_LINUX
 #include <sys/vfs.h>
 #endif
+
+namespace
+{
+
+QString uniqueHiddenBeside(const QString &path, QLatin1String suffix)
+{
+    const QByteArray random =
+        QByteArray::number(QRandomGenerator::system()->generate(), 16).rightJustified(8, '0');
+    const QByteArray ending = random + '.' + QByteArray(suffix.data(), suffix.size());
+    return hiddenBeside(path, QLatin1String(ending));
+}
+
+} // namespace
 
 #ifdef Q_OS_UNIX
 
@@ -47,18 +61,54 @@ bool closesWell(int handle)
     return second >= 0 && ::close(second) == 0;
 }
 
+/** Neither follows a link nor waits; the QFile closes the handle. */
+bool openHandle(QFile &file, const QByteArray &path, int flags)
+{
+    const int handle = ::open(path.constData(), flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (handle < 0)
+        return false;
+    const QFile::OpenMode access = flags == O_RDONLY ? QFile::ReadOnly : QFile::ReadWrite;
+    if (file.open(handle, access | QFile::Unbuffered, QFile::AutoCloseHandle))
+        return true;
+    ::close(handle);
+    return false;
+}
+
 } // namespace
+
+Found openOwnFile(QFile &file, const QString &path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    struct stat status {
+    };
+    if (::lstat(name.constData(), &status) != 0)
+        return Found::Nothing;
+    // Opening a device may already set something off.
+    if (!S_ISREG(status.st_mode))
+        return Found::SomethingElse;
+    if (!openHandle(file, name, O_RDWR) && !openHandle(file, name, O_RDONLY))
+        return Found::Unreadable;
+    if (::fstat(file.handle(), &status) == 0 && S_ISREG(status.st_mode) && status.st_nlink <= 1)
+        return Found::Opened;
+    file.close();
+    return Found::SomethingElse;
+}
+
+bool removeUnheld(const QString &path)
+{
+    QFile file;
+    return openOwnFile(file, path) == Found::Opened &&
+           ::flock(file.handle(), LOCK_EX | LOCK_NB) == 0 && QFile::remove(path);
+}
 
 bool flushToMedium(QFile &file)
 {
     return file.flush() && flushHandle(file.handle()) && closesWell(file.handle());
 }
 
-bool closeChecked(QFile &file)
+bool hasArrived(QFile &file)
 {
-    const bool arrived = file.flush() && closesWell(file.handle());
-    file.close();
-    return arrived;
+    return file.flush() && closesWell(file.handle());
 }
 
 bool flushPath(const QString &path)
@@ -102,11 +152,9 @@ bool flushToMedium(QFile &file)
     return file.flush();
 }
 
-bool closeChecked(QFile &file)
+bool hasArrived(QFile &file)
 {
-    const bool arrived = file.flush();
-    file.close();
-    return arrived && file.error() == QFile::NoError;
+    return file.flush();
 }
 
 bool flushPath(const QString &)
@@ -129,7 +177,53 @@ bool holdFile(QFile &)
     return true;
 }
 
+Found openOwnFile(QFile &file, const QString &path)
+{
+    const QFileInfo info(path);
+    if (!isTaken(path))
+        return Found::Nothing;
+    if (!info.isFile() || info.isSymLink())
+        return Found::SomethingElse;
+    file.setFileName(path);
+    const bool opened = file.open(QFile::ReadWrite | QFile::ExistingOnly | QFile::Unbuffered) ||
+                        file.open(QFile::ReadOnly | QFile::Unbuffered);
+    return opened ? Found::Opened : Found::Unreadable;
+}
+
+bool removeUnheld(const QString &path)
+{
+    // A file that a running program has open cannot be removed here.
+    const QFileInfo info(path);
+    return info.isFile() && !info.isSymLink() && QFile::remove(path);
+}
+
 #endif
+
+bool createHeld(QFile &file)
+{
+    if (file.open(QFile::ReadWrite | QFile::NewOnly | QFile::Unbuffered,
+                  QFile::ReadOwner | QFile::WriteOwner) &&
+        holdFile(file))
+        return true;
+    file.close();
+    return false;
+}
+
+bool createHiddenBeside(QFile &file, const QString &path, QLatin1String suffix)
+{
+    constexpr int attempts = 100;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        file.setFileName(uniqueHiddenBeside(path, suffix));
+        if (!file.open(QFile::ReadWrite | QFile::NewOnly | QFile::Unbuffered)) {
+            if (!isTaken(file.fileName()))
+                return false;
+        } else if (holdFile(file)) {
+            return true;
+        }
+        file.close();
+    }
+    return false;
+}
 
 bool renameOver(const QString &from, const QString &to)
 {
@@ -139,10 +233,20 @@ bool renameOver(const QString &from, const QString &to)
     return !error;
 }
 
-bool replaceOnMedium(const QString &from, const QString &to)
+bool renameOver(QFile &file, const QString &to)
+{
+#ifndef Q_OS_UNIX
+    file.close();
+#endif
+    return renameOver(file.fileName(), to);
+}
+
+bool replaceOnMedium(QFile &from, const QString &to)
 {
     const auto oldBytes = keepBytesOf(to);
-    if (!renameOver(from, to))
+    const bool renamed = renameOver(from, to);
+    from.close();
+    if (!renamed)
         return false;
     // A flush that fails is no reason to leave out those behind it.
     bool flushed = !oldBytes || flushFolderOf(to);

@@ -15,8 +15,8 @@
  */
 bool flushToMedium(QFile &file);
 
-/** Closes a written file; false when the system tells only now that its bytes did not arrive. */
-bool closeChecked(QFile &file);
+/** False when the system tells, as it may do only at a close, that written bytes did not arrive. */
+bool hasArrived(QFile &file);
 
 /**
  * Brings a file that nobody writes any more, or the entries of a folder, to the medium. After a
@@ -37,11 +37,51 @@ bool flushFolderOf(const QString &path);
  */
 bool holdFile(QFile &file);
 
+/** What lies at the path of a hidden file of ours. */
+enum class Found {
+    Nothing,
+    SomethingElse, ///< a link, a file with further names, a folder, a pipe or a device
+    Unreadable,    ///< a file that the medium or its rights do not let be opened
+    Opened
+};
+
+/**
+ * Opens an existing file for reading, and for writing where that is allowed, if it is a regular one
+ * with this name only. Never follows a link and never waits for the other end of a pipe. The QFile
+ * does not learn the name.
+ */
+Found openOwnFile(QFile &file, const QString &path);
+
+/**
+ * Makes a file of the QFile's name for its owner alone, opens it for reading and writing and holds
+ * it. False when anything of that name is there, or the file cannot be made or held.
+ */
+bool createHeld(QFile &file);
+
+/**
+ * Makes a hidden file of ours beside the path under a name that no other program chooses:
+ * ".song.mid.RANDOM.suffix"; opens and holds it. The permissions are those of any new file. False
+ * when no file can be made there.
+ */
+bool createHiddenBeside(QFile &file, const QString &path, QLatin1String suffix);
+
+/**
+ * Removes a regular file that no running program holds and that has no other name. False when it
+ * stays, also where files cannot be held.
+ */
+bool removeUnheld(const QString &path);
+
 /**
  * A file takes the place of another, or of none, in one step: the name leads to either of them at
  * any time. Both must lie in one file system. False when nothing was changed.
  */
 bool renameOver(const QString &from, const QString &to);
+
+/**
+ * The same for an open file, which stays open and held where the system lets open files be renamed;
+ * elsewhere it is closed.
+ */
+bool renameOver(QFile &file, const QString &to);
 
 /**
  * While the returned object lives, the bytes of this file stay on the medium although the file
@@ -51,9 +91,9 @@ bool renameOver(const QString &from, const QString &to);
 std::unique_ptr<QFile> keepBytesOf(const QString &path);
 
 /**
- * Like renameOver(); when this is true, the new state is on the medium. The bytes of from must be
- * there already. False when nothing was changed, or when the medium does not take the change: the
- * name leads to one of the two files even then.
+ * Like renameOver(), and closes the file; when this is true, the new state is on the medium. The
+ * bytes of from must be there already. False when nothing was changed, or when the medium does not
+ * take the change: the name leads to one of the two files even then.
  *
  * The order, for FAT, where a crash may leave any part of what was not flushed:
  *  1. the rename, while the old bytes are kept;
@@ -64,7 +104,7 @@ std::unique_ptr<QFile> keepBytesOf(const QString &path);
  *  5. the place of the old bytes is free.
  * Without an old file there is no step 2: the name to would lead nowhere after it.
  */
-bool replaceOnMedium(const QString &from, const QString &to);
+bool replaceOnMedium(QFile &from, const QString &to);
 
 /** Makes a folder, whose parent must exist; true when it is on the medium. */
 bool makeFolder(const QString &path);

@@ -1,10 +1,10 @@
 #include "storage/songfilewriter.h"
 
 #include "storage/diagnostics.h"
+#include "storage/leftovers.h"
 #include "storage/safefile.h"
 #include "storage/songjournal.h"
 
-#include <QDateTime>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -13,7 +13,6 @@ namespace
 {
 
 constexpr qint64 copyChunkSize = 100000;
-constexpr int temporaryNames = 100;
 
 /** The file that a path leads to, through all symbolic links; a path without a file as it is. */
 QString realPath(const QString &path)
@@ -30,27 +29,19 @@ void allowOwnerToWrite(const QString &path)
         QFile::setPermissions(path, old | QFile::WriteOwner | QFile::WriteUser);
 }
 
-/**
- * False when the song has been changed by somebody else since its journal was left behind: its old
- * bytes must not go over a song that was copied here or edited elsewhere in the meantime.
- */
-bool isLeftBy(const SongJournal::Content &journal, const QString &journalPath, const QFile &song)
+/** Only such songs are rewritten in place; no other file ever had a journal. */
+bool isRewrittenInPlace(const QByteArray &song)
 {
-    constexpr qint64 longestSave = qint64{10} * 60; // seconds
-    const qint64 smallest = std::min<qint64>(journal.oldBytes.size(), journal.newSize);
-    const qint64 largest = std::max<qint64>(journal.oldBytes.size(), journal.newSize);
-    const qint64 age = QFileInfo(journalPath).lastModified().secsTo(QFileInfo(song).lastModified());
-    return song.size() >= smallest && song.size() <= largest && age <= longestSave;
+    return song.startsWith("MThd") || song.startsWith("_MF");
 }
 
 /** The path up to the last dot of the file name (folder names may hold dots too), then ".tmp". */
-QString temporaryName(const QString &path, int attempt)
+QString temporaryName(const QString &path)
 {
     const qsizetype nameStart = path.lastIndexOf(QLatin1Char('/')) + 1;
     const qsizetype dot = path.lastIndexOf(QLatin1Char('.'));
     const QString stem = dot < nameStart ? path : path.left(dot);
-    const QString number = attempt == 0 ? QString() : QLatin1Char('.') + QString::number(attempt);
-    return stem + number + QLatin1String(".tmp");
+    return stem + QLatin1String(".tmp");
 }
 
 /** Copies the source, from where it stands up to its end. */
@@ -64,6 +55,12 @@ bool copyRest(QFile &source, QFile &target)
         left -= chunk.size();
     }
     return true;
+}
+
+void removeJournal(SongJournal &journal)
+{
+    if (!journal.remove())
+        logWarning() << "[SongFileWriter::recover] Impossible to remove" << journal.path();
 }
 
 } // namespace
@@ -113,7 +110,7 @@ bool SongFileWriter::replaceBytes(const QByteArray &bytes)
     } else if (m_oldSize <= SongJournal::LargestSong) {
         SongJournal::Content journal;
         journal.oldBytes = m_file.read(m_oldSize);
-        journal.newSize = bytes.size();
+        journal.newBytes = bytes;
         written = journal.oldBytes.size() == m_oldSize && replaceJournalled(bytes, journal);
     }
     m_file.close();
@@ -150,18 +147,21 @@ bool SongFileWriter::replaceJournalled(const QByteArray &bytes, const SongJourna
 
 /**
  * Writes what lies behind the old end first: a disk that is full says so while the old bytes are
- * still all there. The file shrinks last.
+ * still all there. The file shrinks last. Between the two steps everything goes to the medium: a
+ * memory that is pulled may keep the new size without the new end, or the end of the old song cut
+ * off, but only while all that lies in front of it is known.
  */
 bool SongFileWriter::overwrite(const QByteArray &bytes)
 {
     const qint64 headSize = std::min<qint64>(m_oldSize, bytes.size());
-    if (bytes.size() > headSize && !writeAt(headSize, bytes.mid(headSize)))
+    if (bytes.size() > headSize &&
+        (!writeAt(headSize, bytes.mid(headSize)) || !flushToMedium(m_file)))
         return false;
     if (headSize > 0 && !writeAt(0, bytes.left(headSize)))
         return false;
     if (bytes.size() < m_oldSize) {
         m_overwritten = m_oldSize;
-        if (!m_file.resize(bytes.size()))
+        if (!flushToMedium(m_file) || !m_file.resize(bytes.size()))
             return false;
     }
     return flushToMedium(m_file);
@@ -193,48 +193,66 @@ bool SongFileWriter::putBack(const QByteArray &oldBytes)
 bool SongFileWriter::recover(const QString &path)
 {
     const QString song = QFileInfo(path).isSymLink() ? realPath(path) : path;
-    SongJournal journal(song);
-    SongJournal::Content content;
-    const SongJournal::State state = journal.read(content);
-    if (state == SongJournal::State::Missing || !QFileInfo(song).isFile())
-        return true;
-    if (state == SongJournal::State::InUse) {
-        logWarning() << "[SongFileWriter::recover] The song is being saved by another program:"
-                     << path;
-        return false;
+    for (int number = 0; number < SongJournal::Names; ++number) {
+        SongJournal journal(song, number);
+        SongJournal::Content content;
+        switch (journal.read(content)) {
+        case SongJournal::State::Missing:
+            return true;
+        case SongJournal::State::SomethingElse:
+            break;
+        case SongJournal::State::InUse:
+            logWarning() << "[SongFileWriter::recover] The song is being saved by another program:"
+                         << path;
+            return false;
+        case SongJournal::State::Unreadable:
+            logWarning() << "[SongFileWriter::recover] Impossible to read" << journal.path();
+            return false;
+        case SongJournal::State::Invalid:
+            removeJournal(journal);
+            break;
+        case SongJournal::State::Valid:
+            if (QFileInfo(song).isFile() && !SongFileWriter(song).resolve(journal, content))
+                return false;
+        }
     }
-    if (state == SongJournal::State::Unreadable) {
-        logWarning() << "[SongFileWriter::recover] Impossible to read" << journal.path();
-        return false;
-    }
-    const bool whole = state == SongJournal::State::Invalid ||
-                       SongFileWriter(song).rollBack(content, journal.path());
-    if (whole && !journal.remove())
-        logWarning() << "[SongFileWriter::recover] Impossible to remove" << journal.path();
-    return whole;
+    return true;
 }
 
 /** False when the song may hold a mixture of bytes, old and new. */
-bool SongFileWriter::rollBack(const SongJournal::Content &journal, const QString &journalPath)
+bool SongFileWriter::resolve(SongJournal &journal, const SongJournal::Content &content)
 {
     QFile reader(m_path);
     if (!reader.open(QFile::ReadOnly | QFile::Unbuffered))
         return false;
-    if (!isLeftBy(journal, journalPath, reader)) {
-        logWarning() << "[SongFileWriter::recover] The song was changed since, it stays:" << m_path;
-        return true;
-    }
-    if (reader.read(journal.oldBytes.size() + 1) == journal.oldBytes)
-        return true;
+    const QByteArray newBytes = content.newBytes.value_or(QByteArray());
+    const QByteArray song = reader.read(std::max(content.oldBytes.size(), newBytes.size()) + 1);
+    if (reader.error() != QFile::NoError)
+        return false;
     reader.close();
-    const bool written = openExisting() && overwrite(journal.oldBytes);
-    if (written)
+
+    const SongJournal::Verdict verdict = content.judge(song);
+    const bool mayHaveAJournal = isRewrittenInPlace(song);
+    if (mayHaveAJournal && verdict == SongJournal::Verdict::CutOff) {
+        if (!openExisting() || !overwrite(content.oldBytes)) {
+            logWarning() << "[SongFileWriter::recover] Impossible to put the old bytes back:"
+                         << m_path;
+            return false;
+        }
+        m_file.close();
         logWarning() << "[SongFileWriter::recover] The last save was cut off, the song is as it "
                         "was before:"
                      << m_path;
-    else
-        logWarning() << "[SongFileWriter::recover] Impossible to put the old bytes back:" << m_path;
-    return written;
+    } else if (mayHaveAJournal && verdict == SongJournal::Verdict::NotOurs && !content.newBytes) {
+        // It cannot be told whether the song was cut off: nothing of either of them is given up.
+        logWarning() << "[SongFileWriter::recover] The song stays, bytes of an earlier one are in"
+                     << journal.path();
+        return true;
+    } else if (verdict == SongJournal::Verdict::NotOurs) {
+        logWarning() << "[SongFileWriter::recover] The song was changed since, it stays:" << m_path;
+    }
+    removeJournal(journal);
+    return true;
 }
 
 /**
@@ -250,7 +268,8 @@ SongFileWriter::Outcome SongFileWriter::replaceThroughTemporary(const QByteArray
     if (!openTemporary(temporary))
         return Outcome::CannotOpen;
     const auto giveUp = [&temporary](Outcome outcome) {
-        temporary.remove();
+        temporary.close();
+        QFile::remove(temporary.fileName());
         return outcome;
     };
 
@@ -260,31 +279,26 @@ SongFileWriter::Outcome SongFileWriter::replaceThroughTemporary(const QByteArray
         return giveUp(Outcome::CannotSeek);
     if (!copyRest(source, temporary) || !flushToMedium(temporary))
         return giveUp(Outcome::CannotCopy);
-    temporary.close();
     source.close();
-    if (!replaceOnMedium(temporary.fileName(), m_path))
+    if (!replaceOnMedium(temporary, m_path))
         return giveUp(Outcome::CannotReplace);
     return Outcome::Done;
 }
 
 /**
  * Opens a new file beside the song, with the song's permissions. Where the usual name is taken (by
- * a file of the user's, a folder, or what a crash left behind), a number goes into it.
+ * a file of the user's, a folder, or what a crash left behind), it is a hidden one of ours.
  */
 bool SongFileWriter::openTemporary(QFile &temporary) const
 {
-    for (int attempt = 0; attempt < temporaryNames; ++attempt) {
-        const QString name = temporaryName(m_path, attempt);
-        if (name == m_path || isTaken(name))
-            continue;
-        temporary.setFileName(name);
-        if (!temporary.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered))
-            return false;
-        if (QFileInfo::exists(m_path)) {
-            allowOwnerToWrite(m_path);
-            temporary.setPermissions(QFile::permissions(m_path));
-        }
-        return true;
+    temporary.setFileName(temporaryName(m_path));
+    const bool isFree = temporary.fileName() != m_path && !isTaken(temporary.fileName());
+    const bool opened = isFree
+                            ? temporary.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered)
+                            : createHiddenBeside(temporary, m_path, Leftovers::TemporarySuffix);
+    if (opened && QFileInfo::exists(m_path)) {
+        allowOwnerToWrite(m_path);
+        temporary.setPermissions(QFile::permissions(m_path));
     }
-    return false;
+    return opened;
 }

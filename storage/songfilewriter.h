@@ -62,11 +62,13 @@ public:
     Outcome replaceThroughTemporary(const QByteArray &head, QFile &source, qint64 sourcePos);
 
     /**
-     * Undoes a rewrite in place that was cut off: a song with a journal gets its old bytes back. A
-     * journal that was cut off itself is removed, since its song was not touched yet; so is one
-     * whose song was changed by somebody else. False when the song cannot be put back, or when its
-     * journal cannot be read, or while another program saves the song: what the song holds is of
-     * no use then.
+     * Undoes a rewrite in place that was cut off: a song gets its old bytes back when it is
+     * provably made of the old and of the new ones that its journal knows. Any other song stays as
+     * it is, and the journal goes; so does one that was cut off itself, since its song was not
+     * touched yet. Only a journal of the program's first version, which does not know the new
+     * bytes, stays beside a song that is not the old one. False when the song cannot be put back,
+     * or when its journal cannot be read, or while another program saves the song: what the song
+     * holds is of no use then.
      */
     static bool recover(const QString &path);
 
@@ -76,7 +78,7 @@ private:
     bool overwrite(const QByteArray &bytes);
     bool writeAt(qint64 pos, const QByteArray &bytes);
     bool putBack(const QByteArray &oldBytes);
-    bool rollBack(const SongJournal::Content &journal, const QString &journalPath);
+    bool resolve(SongJournal &journal, const SongJournal::Content &content);
     bool openTemporary(QFile &temporary) const;
 
     QString m_path; ///< of the file itself, where the given path was a link to it

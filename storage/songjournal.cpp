@@ -3,78 +3,232 @@
 #include "storage/safefile.h"
 
 #include <QCryptographicHash>
-#include <QFileInfo>
 #include <QtEndian>
+
+#include <algorithm>
 
 namespace
 {
 
 constexpr char magic[] = "KvSongJr";
-constexpr quint32 version = 1;
+constexpr quint32 version = 2;
+constexpr quint32 versionWithoutNewBytes = 1;
 
 constexpr qsizetype versionPos = 8;
 constexpr qsizetype oldSizePos = 12;
 constexpr qsizetype newSizePos = 16;
-constexpr qsizetype checksumPos = 20;
-constexpr qsizetype headerSize = 52;
+constexpr qsizetype commonStartPos = 20;
+constexpr qsizetype commonEndPos = 24;
+constexpr qsizetype checksumPos = 28;
+constexpr qsizetype checksumSize = 32;
+constexpr qsizetype headerSize = checksumPos + checksumSize;
+
+// Version 1: the checksum is that of the two sizes and the old bytes.
+constexpr qsizetype firstChecksumPos = 20;
+constexpr qsizetype firstHeaderSize = firstChecksumPos + checksumSize;
+
+/** What media write at once. A save that is cut off leaves such a piece old or new. */
+constexpr qsizetype sectorSize = 512;
+
+/**
+ * Sectors that may be old and new in themselves: where a write stopped, where the one that put the
+ * old bytes back stopped, and where the shorter of the two songs ends.
+ */
+constexpr int tornSectors = 3;
 
 /** Hidden, and with no song's suffix: neither an import nor a scan takes it for a song. */
-constexpr QLatin1String suffix("kavena-journal");
+QByteArray suffix(int number)
+{
+    return number == 0 ? QByteArray("kavena-journal")
+                       : "kavena-journal" + QByteArray::number(number);
+}
 
-QByteArray checksum(const char *sizes, const QByteArray &oldBytes)
+QString nameOf(const QString &song, int number)
+{
+    return hiddenBeside(song, QLatin1String(suffix(number)));
+}
+
+quint32 numberAt(const QByteArray &bytes, qsizetype pos)
+{
+    return qFromBigEndian<quint32>(bytes.constData() + pos);
+}
+
+void putNumber(QByteArray &bytes, qsizetype pos, qsizetype number)
+{
+    qToBigEndian(static_cast<quint32>(number), bytes.data() + pos);
+}
+
+QByteArray checksum(QByteArrayView head, QByteArrayView body)
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    hash.addData(QByteArrayView(sizes, checksumPos - oldSizePos));
-    hash.addData(oldBytes);
+    hash.addData(head);
+    hash.addData(body);
     return hash.result();
+}
+
+qsizetype commonStart(const QByteArray &one, const QByteArray &other)
+{
+    const auto end = one.cbegin() + std::min(one.size(), other.size());
+    return std::mismatch(one.cbegin(), end, other.cbegin()).first - one.cbegin();
+}
+
+/** At most so many. */
+qsizetype commonEnd(const QByteArray &one, const QByteArray &other, qsizetype most)
+{
+    const auto end = one.crbegin() + most;
+    return std::mismatch(one.crbegin(), end, other.crbegin()).first - one.crbegin();
+}
+
+std::optional<SongJournal::Content> decodeFirstVersion(const QByteArray &bytes)
+{
+    if (bytes.size() < firstHeaderSize ||
+        numberAt(bytes, oldSizePos) != bytes.size() - firstHeaderSize)
+        return std::nullopt;
+    SongJournal::Content content;
+    content.oldBytes = bytes.mid(firstHeaderSize);
+    const QByteArrayView sizes =
+        QByteArrayView(bytes).sliced(oldSizePos, firstChecksumPos - oldSizePos);
+    if (numberAt(bytes, newSizePos) > SongJournal::LargestSong ||
+        content.oldBytes.size() > SongJournal::LargestSong ||
+        bytes.mid(firstChecksumPos, checksumSize) != checksum(sizes, content.oldBytes))
+        return std::nullopt;
+    return content;
+}
+
+/** A MIDI or MFX file that does not say itself that bytes are missing at its end. */
+bool isWholeSong(const QByteArray &song)
+{
+    constexpr qint64 chunkHead = 8;
+    if (song.startsWith("_MF"))
+        return song.size() >= chunkHead && qFromLittleEndian<quint32>(song.constData() + 4) <=
+                                               static_cast<quint64>(song.size());
+    if (!song.startsWith("MThd"))
+        return false;
+    qint64 pos = 0;
+    int tracks = 0;
+    while (pos + chunkHead <= song.size()) {
+        tracks += song.mid(pos, 4) == "MTrk" ? 1 : 0;
+        pos += chunkHead + numberAt(song, pos + 4);
+    }
+    return tracks > 0 && pos == song.size();
+}
+
+/** The bytes from the position on, as many as there are. */
+QByteArrayView piece(QByteArrayView bytes, qsizetype pos, qsizetype size)
+{
+    const qsizetype start = std::min(pos, bytes.size());
+    return bytes.sliced(start, std::min(size, bytes.size() - start));
+}
+
+/** Each sector is the old or the new one, but for those in which a write may have stopped. */
+bool isMadeOf(const QByteArray &oldBytes, const QByteArray &newBytes, const QByteArray &song)
+{
+    int torn = 0;
+    for (qsizetype start = 0; start < song.size(); start += sectorSize) {
+        const QByteArrayView now = piece(song, start, sectorSize);
+        const QByteArrayView before = piece(oldBytes, start, now.size());
+        const QByteArrayView after = piece(newBytes, start, now.size());
+        if (now == before || now == after)
+            continue;
+        for (qsizetype i = 0; i < now.size(); ++i) {
+            const bool isOld = i < before.size() && now[i] == before[i];
+            const bool isNew = i < after.size() && now[i] == after[i];
+            if (!isOld && !isNew)
+                return false;
+        }
+        if (++torn > tornSectors)
+            return false;
+    }
+    return true;
 }
 
 } // namespace
 
 QByteArray SongJournal::Content::encode() const
 {
-    QByteArray bytes(checksumPos, '\0');
-    bytes.replace(0, versionPos, magic);
-    qToBigEndian(version, bytes.data() + versionPos);
-    qToBigEndian(static_cast<quint32>(oldBytes.size()), bytes.data() + oldSizePos);
-    qToBigEndian(static_cast<quint32>(newSize), bytes.data() + newSizePos);
-    return bytes + checksum(bytes.constData() + oldSizePos, oldBytes) + oldBytes;
+    const QByteArray after = newBytes.value_or(QByteArray());
+    const qsizetype start = commonStart(oldBytes, after);
+    const qsizetype end =
+        commonEnd(oldBytes, after, std::min(oldBytes.size(), after.size()) - start);
+    const QByteArray body = oldBytes + after.mid(start, after.size() - start - end);
+
+    QByteArray head(checksumPos, '\0');
+    head.replace(0, versionPos, magic);
+    putNumber(head, versionPos, version);
+    putNumber(head, oldSizePos, oldBytes.size());
+    putNumber(head, newSizePos, after.size());
+    putNumber(head, commonStartPos, start);
+    putNumber(head, commonEndPos, end);
+    return head + checksum(head, body) + body;
 }
 
 std::optional<SongJournal::Content> SongJournal::Content::decode(const QByteArray &bytes)
 {
-    if (bytes.size() < headerSize || !bytes.startsWith(magic) ||
-        qFromBigEndian<quint32>(bytes.constData() + versionPos) != version ||
-        qFromBigEndian<quint32>(bytes.constData() + oldSizePos) != bytes.size() - headerSize)
+    if (bytes.size() < firstHeaderSize || !bytes.startsWith(magic))
         return std::nullopt;
+    if (numberAt(bytes, versionPos) == versionWithoutNewBytes)
+        return decodeFirstVersion(bytes);
+    if (bytes.size() < headerSize || numberAt(bytes, versionPos) != version)
+        return std::nullopt;
+
+    const qint64 oldSize = numberAt(bytes, oldSizePos);
+    const qint64 newSize = numberAt(bytes, newSizePos);
+    const qint64 start = numberAt(bytes, commonStartPos);
+    const qint64 end = numberAt(bytes, commonEndPos);
+    const qint64 changed = newSize - start - end;
+    if (oldSize > LargestSong || newSize > LargestSong || start + end > oldSize || changed < 0 ||
+        bytes.size() != headerSize + oldSize + changed)
+        return std::nullopt;
+    const QByteArrayView view(bytes);
+    if (view.sliced(checksumPos, checksumSize) !=
+        checksum(view.first(checksumPos), view.sliced(headerSize)))
+        return std::nullopt;
+
     Content content;
-    content.oldBytes = bytes.mid(headerSize);
-    content.newSize = qFromBigEndian<quint32>(bytes.constData() + newSizePos);
-    if (bytes.mid(checksumPos, headerSize - checksumPos) !=
-        checksum(bytes.constData() + oldSizePos, content.oldBytes))
-        return std::nullopt;
+    content.oldBytes = bytes.mid(headerSize, oldSize);
+    content.newBytes = content.oldBytes.left(start) + bytes.mid(headerSize + oldSize) +
+                       content.oldBytes.right(end);
     return content;
 }
 
-SongJournal::SongJournal(const QString &song)
-    : m_file(hiddenBeside(song, suffix))
+SongJournal::Verdict SongJournal::Content::judge(const QByteArray &song) const
+{
+    if (song == oldBytes)
+        return Verdict::Old;
+    if (!newBytes)
+        return Verdict::NotOurs;
+    if (song == *newBytes)
+        return Verdict::New;
+    if (song.size() < std::min(oldBytes.size(), newBytes->size()) ||
+        song.size() > std::max(oldBytes.size(), newBytes->size()))
+        return Verdict::NotOurs;
+    if (isMadeOf(oldBytes, *newBytes, song))
+        return Verdict::CutOff;
+    // The new end may have got its place, but not its bytes: until then, the old song is untouched
+    // in front of it. Nothing of a song is lost with what lies behind its end.
+    return song.startsWith(oldBytes) && isWholeSong(oldBytes) ? Verdict::CutOff : Verdict::NotOurs;
+}
+
+SongJournal::SongJournal(const QString &song, int number)
+    : m_song(song)
+    , m_number(number)
+    , m_path(nameOf(song, number))
 {
 }
 
 bool SongJournal::write(const Content &content)
 {
-    if (content.oldBytes.size() > LargestSong || content.newSize > LargestSong)
+    if (!content.newBytes || content.oldBytes.size() > LargestSong ||
+        content.newBytes->size() > LargestSong)
         return false;
+    while (isTaken(m_path) && m_number < Names - 1)
+        m_path = nameOf(m_song, ++m_number);
+    m_file.setFileName(m_path);
     // Nobody but the owner may read it: the song itself may be private.
-    if (!m_file.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered,
-                     QFile::ReadOwner | QFile::WriteOwner))
+    if (!createHeld(m_file))
         return false;
-    if (!holdFile(m_file)) {
-        m_file.close();
-        return false;
-    }
     const QByteArray bytes = content.encode();
-    if (m_file.write(bytes) == bytes.size() && flushToMedium(m_file) && flushFolderOf(path()))
+    if (m_file.write(bytes) == bytes.size() && flushToMedium(m_file) && flushFolderOf(m_path))
         return true;
     remove();
     return false;
@@ -82,17 +236,22 @@ bool SongJournal::write(const Content &content)
 
 SongJournal::State SongJournal::read(Content &content)
 {
-    const QFileInfo info(m_file);
-    if (!info.isFile() || info.isSymLink())
+    switch (openOwnFile(m_file, m_path)) {
+    case Found::Nothing:
         return State::Missing;
-    if (!m_file.open(QFile::ReadOnly | QFile::Unbuffered))
+    case Found::SomethingElse:
+        return State::SomethingElse;
+    case Found::Unreadable:
         return State::Unreadable;
+    case Found::Opened:
+        break;
+    }
     if (!holdFile(m_file)) {
         m_file.close();
         return State::InUse;
     }
     const qint64 size = m_file.size();
-    const bool hasSize = size >= headerSize && size <= headerSize + LargestSong;
+    const bool hasSize = size >= firstHeaderSize && size <= headerSize + 2 * LargestSong;
     const QByteArray bytes = hasSize ? m_file.read(size) : QByteArray();
     if (m_file.error() != QFile::NoError)
         return State::Unreadable;
@@ -107,12 +266,27 @@ bool SongJournal::remove()
 {
     // Removed while it is held, where the system lets an open file be removed: nobody must find it
     // free and still there.
-    const bool removed = QFile::remove(path());
+    const bool removed = QFile::remove(m_path);
+    // An empty journal is invalid: it can never put anything back over newer bytes. Emptied is the
+    // file that is held, whatever may have got its name since.
+    const bool emptied =
+        !removed && m_file.isWritable() && m_file.resize(0) && flushToMedium(m_file);
     m_file.close();
     // A journal that comes back after a power cut would undo a save that was reported.
-    if (removed || m_file.remove())
-        return flushFolderOf(path());
-    // An empty journal is invalid: it can never put anything back over newer bytes.
-    const bool emptied = m_file.resize(0) && flushPath(path());
-    return (m_file.remove() && flushFolderOf(path())) || emptied;
+    if (removed || QFile::remove(m_path))
+        return flushFolderOf(m_path);
+    return emptied;
+}
+
+void SongJournal::removeAllOf(const QString &song)
+{
+    for (int number = 0; number < Names; ++number) {
+        SongJournal journal(song, number);
+        Content content;
+        const State state = journal.read(content);
+        if (state == State::Missing)
+            return;
+        if (state == State::Valid || state == State::Invalid)
+            journal.remove();
+    }
 }

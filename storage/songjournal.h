@@ -12,9 +12,12 @@
  * While a song is rewritten in place, its old bytes lie in a hidden file beside it. What a crash or
  * a power cut leaves of the song can be put back from there.
  *
- * Layout, numbers big-endian: magic "KvSongJr" (8 bytes), version (4), size of the old song (4),
- * size of the new one (4), SHA-256 of the two sizes and the old bytes (32), the old bytes. A
- * journal that was not written whole does not fit its checksum.
+ * Layout, numbers big-endian: magic "KvSongJr" (8 bytes), version 2 (4), size of the old song (4),
+ * size of the new one (4), how many bytes both have in common at their start (4) and at their end
+ * (4), SHA-256 of all that with the bytes that follow it (32), the old bytes, and those of the new
+ * ones that lie between the common ones. Version 1 knew nothing of the new bytes: sizes of the old
+ * and of the new song, SHA-256, the old bytes. A journal that was not written whole does not fit
+ * its checksum.
  *
  * The object holds the journal that it wrote or read until it removes it or goes itself, so that
  * another program does not take a save that still runs for one that was cut off.
@@ -22,40 +25,61 @@
 class SongJournal
 {
 public:
+    /** What a song is, compared with the two states between which its journal leads. */
+    enum class Verdict {
+        Old,
+        New,
+        CutOff, ///< on the way from the one to the other
+        NotOurs ///< neither of the two, nor made of them
+    };
+
     /** What a journal tells. */
     struct Content {
         QByteArray oldBytes;
-        qint64 newSize = 0; ///< of the song, once the rewrite is done
+        std::optional<QByteArray> newBytes; ///< nothing in a journal of version 1
 
+        /** A journal of version 2; there must be new bytes. */
         QByteArray encode() const;
 
         /** Nothing when the bytes are no journal, or not a whole one. */
         static std::optional<Content> decode(const QByteArray &bytes);
+
+        /**
+         * Of a song's bytes, of which no more are needed than one beyond both states. A journal
+         * without the new bytes can only tell whether the song is the old one.
+         */
+        Verdict judge(const QByteArray &song) const;
     };
 
     enum class State {
-        Missing,    ///< no journal; links, folders and devices of its name are none
-        InUse,      ///< the song is being saved at this moment, by another program
-        Unreadable, ///< there is one, but the medium or its rights do not let it be read
-        Invalid,    ///< cut off while it was written, or no journal at all
+        Missing,       ///< nothing of that name
+        SomethingElse, ///< a link, a file with further names, a folder, a pipe or a device
+        InUse,         ///< the song is being saved at this moment, by another program
+        Unreadable,    ///< there is one, but the medium or its rights do not let it be read
+        Invalid,       ///< cut off while it was written, or no journal at all
         Valid
     };
 
-    /** No song that is rewritten in place is larger; nor is the old song in a journal. */
+    /** No song that is rewritten in place is larger; nor are the songs in a journal. */
     static constexpr qint64 LargestSong = qint64{65} * 1024 * 1024;
 
-    /** The journal of this song, which must be no symbolic link. */
-    explicit SongJournal(const QString &song);
+    /** So many names a journal may have: the next one where something else lies at the first. */
+    static constexpr int Names = 10;
 
-    QString path() const { return m_file.fileName(); }
+    /** The journal of this song, which must be no symbolic link, at the first or a later name. */
+    explicit SongJournal(const QString &song, int number = 0);
+
+    QString path() const { return m_path; }
 
     /**
-     * Makes the journal and brings it to the medium. False when that cannot be done, or when
-     * something of its name is there already; nothing of it is left behind then.
+     * Makes the journal, at the first name from its own on where nothing is, and brings it to the
+     * medium. False when that cannot be done; nothing of it is left behind then.
      */
     bool write(const Content &content);
 
-    /** Reads the journal; the content is filled when it is valid. No more is read than it can be.
+    /**
+     * Reads the journal; the content is filled when it is valid. No more is read than it can be,
+     * nothing is followed or waited for.
      */
     State read(Content &content);
 
@@ -65,6 +89,15 @@ public:
      */
     bool remove();
 
+    /**
+     * Takes away what earlier saves left of a song that another file has replaced. What is in use
+     * stays, and so does what is no journal by its kind.
+     */
+    static void removeAllOf(const QString &song);
+
 private:
+    QString m_song;
+    int m_number;
+    QString m_path;
     QFile m_file;
 };

@@ -70,6 +70,7 @@ private slots:
     void importBringsBackTheOrderPicked();
     void onlyCorruptedFilesLeaveTheTableEmpty();
     void hostileFilesAreCountedAsBad();
+    void whatKilledProgramsLeftIsRemoved();
     void logTellsWhatWasFound();
     void progressReachesTheNumberOfFiles();
     void cancelButtonIsNotConsulted();
@@ -259,6 +260,27 @@ void TestLibraryImport::hostileFilesAreCountedAsBad()
     QCOMPARE(counts.bad, 7);
     QCOMPARE(window.model()->goodRowCount(), 0);
     QCOMPARE(progress.values, (QList<int>{1, 2, 3, 4, 5, 6, 7}));
+}
+
+void TestLibraryImport::whatKilledProgramsLeftIsRemoved()
+{
+    const SongFolder songs;
+    QVERIFY(QDir(songs.path()).mkdir(QStringLiteral("below")));
+    const QString song = songs.midi(QStringLiteral("a.mid"), "A");
+    songs.midi(QStringLiteral("below/b.mid"), "B");
+    const QString left = songs.write(QStringLiteral(".a.mp3.0123abcd.kavena-tmp"), "half");
+    const QString below = songs.write(QStringLiteral("below/.b.mid.kavena-part"), "half");
+    const QString users = songs.write(QStringLiteral("a.tmp"), "a file of the user's");
+    WindowUnderTest window;
+    CountingProgress progress;
+    QCOMPARE(LibraryImport(*window.model(), progress).importFiles({song}).valid, 1);
+    QVERIFY(!QFileInfo::exists(left));
+    QVERIFY(QFileInfo::exists(below));
+
+    LibraryImport::Counts counts;
+    QVERIFY(LibraryImport(*window.model(), progress).scanDir(songs.path(), counts));
+    QVERIFY(!QFileInfo::exists(below));
+    QVERIFY(QFileInfo::exists(users));
 }
 
 void TestLibraryImport::logTellsWhatWasFound()

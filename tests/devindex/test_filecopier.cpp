@@ -3,9 +3,11 @@
 #include "devindex/filecopier.h"
 #include "library/answer.h"
 #include "support/faults.h"
+#include "support/journalbytes.h"
 #include "support/logcapture.h"
 #include "support/modalanswers.h"
 #include "windows/confirmation.h"
+#include "library/answer.h"
 #include "windows/nocopyrightdialog.h"
 
 #include <QDir>
@@ -65,7 +67,8 @@ private slots:
     void missingDestinationFailsEveryFile();
     void incompleteCopyIsRemoved();
     void targetStaysUntilItsSuccessorIsWhole();
-    void whatACutOffCopyLeftIsReplaced();
+    void whatCutOffCopiesLeftIsRemoved();
+    void journalOfAReplacedSongGoes();
     void linkToNothingIsNoFreeName();
     void longNamesAreCopied();
     void emptyAndBigFilesArriveByteForByte_data();
@@ -178,7 +181,7 @@ void TestFileCopier::filesGetTheirNamesTogetherWhenTheyAreOnTheMedium()
         QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("old"));
         QVERIFY(!QFile::exists(m_dest + QStringLiteral("/b.mid")));
     };
-    QVERIFY(copy(files, {NoCopyrightDialog::Yes}));
+    QVERIFY(copy(files, {Answer::Yes}));
     QCOMPARE(looked, 2);
     QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("new"));
     QCOMPARE(read(QStringLiteral("dest/b.mid")), QByteArray("bbb"));
@@ -211,7 +214,7 @@ void TestFileCopier::secondFileOfOneNameFindsTheFirstInPlace()
             QDir().mkpath(path(QStringLiteral("two"))));
     const QStringList files = {write(QStringLiteral("one/a.mid"), "first"),
                                write(QStringLiteral("two/a.mid"), "second")};
-    QVERIFY(copy(files, {NoCopyrightDialog::No}));
+    QVERIFY(copy(files, {Answer::No}));
     QCOMPARE(m_asked, QStringList(m_dest + QStringLiteral("/a.mid")));
     QCOMPARE(m_copied, 1);
     QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("first"));
@@ -576,18 +579,41 @@ void TestFileCopier::targetStaysUntilItsSuccessorIsWhole()
     QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray(500, 'n'));
 }
 
-void TestFileCopier::whatACutOffCopyLeftIsReplaced()
+void TestFileCopier::whatCutOffCopiesLeftIsRemoved()
 {
     write(QStringLiteral("dest/.a.mid.kavena-part"), "half of an ear");
+    write(QStringLiteral("dest/.c.mid.0123abcd.kavena-part"), "half of an ear");
     write(QStringLiteral("precious"), "precious");
     QVERIFY(QFile::link(path(QStringLiteral("precious")),
                         m_dest + QStringLiteral("/.b.mid.kavena-part")));
     QVERIFY(
         copy({write(QStringLiteral("lib/a.mid"), "a"), write(QStringLiteral("lib/b.mid"), "b")}));
     QCOMPARE(QDir(m_dest).entryList(QDir::Files | QDir::Hidden),
-             QStringList({QStringLiteral("a.mid"), QStringLiteral("b.mid")}));
+             QStringList({QStringLiteral(".b.mid.kavena-part"), QStringLiteral("a.mid"),
+                          QStringLiteral("b.mid")}));
     QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("a"));
     QCOMPARE(read(QStringLiteral("precious")), QByteArray("precious"));
+}
+
+void TestFileCopier::journalOfAReplacedSongGoes()
+{
+    const QString journal = m_dest + QStringLiteral("/.a.mid.kavena-journal");
+    const QByteArray old = journalbytes::song(100, 'a');
+    write(QStringLiteral("dest/a.mid"), journalbytes::song(150, '0'));
+    write(QStringLiteral("dest/.a.mid.kavena-journal"), journalbytes::firstJournalOf(old, 150));
+    // It is needed as long as the old song is there.
+    const QString source = write(QStringLiteral("lib/a.mid"), journalbytes::song(120, 'A'));
+    {
+        const LogCapture log;
+        const faults::FileSizeLimit limit(10);
+        QVERIFY(!copy({source}, {Answer::Yes}));
+    }
+    QVERIFY(QFileInfo::exists(journal));
+    copy({source}, {Answer::No});
+    QVERIFY(QFileInfo::exists(journal));
+    QVERIFY(copy({source}, {Answer::Yes}));
+    QVERIFY(!QFileInfo::exists(journal));
+    QVERIFY(read(QStringLiteral("dest/a.mid")) == journalbytes::song(120, 'A'));
 }
 
 void TestFileCopier::linkToNothingIsNoFreeName()

@@ -1542,9 +1542,9 @@ void TestMetaSong::failedSaveKeepsTheOldFile()
 void TestMetaSong::importUndoesASaveThatWasCutOff()
 {
     const QByteArray old = midi(metaEvent(0x03, "Old title"));
-    const QByteArray cutOff = midi(metaEvent(0x03, "New title")).chopped(3) + old.right(3);
-    const QString file = make("song.mid", cutOff);
-    const SongJournal::Content journal{old, old.size()};
+    const QByteArray written = midi(metaEvent(0x03, "New title"));
+    const QString file = make("song.mid", written.left(27) + old.mid(27));
+    const SongJournal::Content journal{old, written};
     make(".song.mid.kavena-journal", journal.encode());
     const LogCapture log;
     QCOMPARE(infoOf(imported(file)).title, QStringLiteral("Old title"));
@@ -1558,9 +1558,9 @@ void TestMetaSong::importUndoesASaveThatWasCutOff()
 void TestMetaSong::songThatCannotBePutBackIsNotImported()
 {
     const QByteArray old = midi(metaEvent(0x03, "Old title"));
-    const QByteArray cutOff = midi(metaEvent(0x03, "New title"));
-    const QString file = make("song.mid", cutOff);
-    const SongJournal::Content journal{old, old.size()};
+    const QByteArray written = midi(metaEvent(0x03, "New title"));
+    const QString file = make("song.mid", written.left(27) + old.mid(27));
+    const SongJournal::Content journal{old, written};
     make(".song.mid.kavena-journal", journal.encode());
     const LogCapture log;
     {
@@ -1577,7 +1577,7 @@ void TestMetaSong::songThatCannotBePutBackIsNotImported()
 
 void TestMetaSong::filesBesideASongThatIsSavedAreNoSongs()
 {
-    const SongJournal::Content journal{midi(metaEvent(0x03, "Old title")), 100};
+    const SongJournal::Content journal{midi(metaEvent(0x03, "Old title")), QByteArray()};
     const QString hidden = make(".song.mid.kavena-journal", journal.encode());
     QVERIFY(!MetaSong().importFile(hidden));
     const QString temporary = make("song.tmp", songFile(QStringLiteral("MP3"), Items()));

@@ -5,6 +5,7 @@ FOLDER/<fuzzer>/ gets the seeds, FOLDER/<fuzzer>.dict the words. Everything is p
 formats' tables; nothing of the program is used. The inputs begin with the values that each fuzzer
 takes in front of its file (see fuzzing.h).
 """
+import hashlib
 import os
 import sys
 
@@ -226,6 +227,22 @@ PLAYLISTS = (be(1, 2) + bytes(30) + be(0x0102, 2) + bytes(30), playlist(0, 1, 7)
 
 MARKERS = b"1;Intro;9;Verse;17;Chorus;"
 
+
+def journal(song, old, new, start, end):
+    """The journal of a save that was cut off, behind the song that it left. The fuzzer looks at it
+    a second time with a checksum that it puts in behind the numbers; there it has none."""
+    head = (b"KvSongJr" + be(2, 4) + be(len(old), 4) + be(len(new), 4) + be(start, 4) + be(end, 4))
+    return long(song) + head + old + new[start:len(new) - end]
+
+
+def first_journal(song, old, new_size):
+    sizes = be(len(old), 4) + be(new_size, 4)
+    digest = hashlib.sha256(sizes + old).digest()
+    return long(song) + b"KvSongJr" + be(1, 4) + sizes + digest + old
+
+
+OLD, NEW = MIDI_FILES["full"], midi(meta(3, b"A longer title") + NOTES)
+
 SEEDS = {
     "fuzz_lzhuffexpand": {
         "hello": stream(b"hello hello"), "empty": le(0, 4), "largest": le(500000, 4),
@@ -261,6 +278,12 @@ SEEDS = {
         "cut": memory(2, PATHS[:100], SONGS, GROUPS, GROUPS),
         "strangeid": memory(2, PATHS, song_record(9, b"X"), GROUPS, GROUPS, PLAYLISTS),
         "outside": memory(2, path_record(0, b"/../x.mid"), SONGS[:32], b"", b"", PLAYLISTS)},
+    "fuzz_songjournal": {
+        "mixed": journal(NEW[:40] + OLD[40:], OLD, NEW, 0, 0),
+        "common": journal(OLD, OLD, OLD[:30] + b"X" + OLD[30:], 30, len(OLD) - 30),
+        "junk": journal(OLD + bytes(9), OLD, OLD + bytes(20), len(OLD), 0),
+        "overflow": journal(OLD, OLD, NEW, 0xFFFFFFFF, 8),
+        "first": first_journal(OLD, OLD, len(NEW))},
     "fuzz_catalogue": {
         "title": short(b"BLUE MOON") + MARKERS, "wild": short(b"%a%_%") + b"70000;x;;-1;y;3",
         "quote": short(b'a"b') + "1;Größe;".encode(), "many": short(b"%" * 60) + b"1;a;" * 40},
@@ -285,6 +308,8 @@ WORDS = {
     "fuzz_metasong": SONG_WORDS + MAGICS + TAG_NAMES + [b"-", b"--"],
     "fuzz_songhead": CHUNKS + MAKER_EVENTS + MAGICS + TAG_NAMES,
     "fuzz_memory": [b"/A.MID", b"/B.MP3", b"/../", b"20130527093005", b"\0\xff", be(0xFFFFFFFF, 4)],
+    "fuzz_songjournal": [b"KvSongJr" + be(1, 4), b"KvSongJr" + be(2, 4), b"MThd", b"_MF4",
+                         be(0xFFFFFFFF, 4), be(65 << 20, 4)],
     "fuzz_catalogue": [b";", b"%", b"_", b'"', b"65535;", b"65536;", b"%_%_"],
 }
 

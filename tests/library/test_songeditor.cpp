@@ -99,6 +99,7 @@ private slots:
     void bulkEditReachesEveryRowOfATableThatIsSortedMeanwhile();
     void rowIsFoundAgainWhenTheTableIsSortedDuringTheSave();
     void bulkEditLeavesOutTheEditedSongWhenTheTableIsSortedDuringItsSave();
+    void whatKilledProgramsLeftIsRemovedBesideEachSong();
     void removedRowLeavesTheFile();
     void removingARowThatDoesNotExistChangesNothing();
     void deletingAsksFirst();
@@ -545,6 +546,27 @@ void TestSongEditor::bulkEditLeavesOutTheEditedSongWhenTheTableIsSortedDuringIts
     QCOMPARE(library.song(QStringLiteral("a.mid")).title, QStringLiteral("My own title"));
     QCOMPARE(library.song(QStringLiteral("b.mid")).title, QStringLiteral("b"));
     QCOMPARE(library.song(QStringLiteral("c.mid")).title, QStringLiteral("c"));
+}
+
+void TestSongEditor::whatKilledProgramsLeftIsRemovedBesideEachSong()
+{
+    LibraryTable library(QList<catalogue::Row>{});
+    QVERIFY(QDir(library.path()).mkdir(QStringLiteral("below")));
+    QVERIFY(library.add(QStringLiteral("a.mid"), fullMidi("A")));
+    QVERIFY(library.add(QStringLiteral("below/b.mid"), fullMidi("B")));
+    const QString left = library.path(QStringLiteral(".a.mid.kavena-part"));
+    const QString below = library.path(QStringLiteral("below/.b.mid.kavena-part"));
+    QVERIFY(samplesongs::writeFile(left, "half") && samplesongs::writeFile(below, "half"));
+    Editing editing(library);
+    editing.changeTo([](SongEdit &edit) { edit.info.genre = QStringLiteral("Rock"); });
+    const LogCapture log;
+    QVERIFY(editing.editor.edit(0));
+    QVERIFY(!QFileInfo::exists(left));
+    QVERIFY(QFileInfo::exists(below));
+
+    editing.changeTo([](SongEdit &edit) { edit.genreToAll = true; });
+    QVERIFY(editing.editor.edit(0));
+    QVERIFY(!QFileInfo::exists(below));
 }
 
 void TestSongEditor::removedRowLeavesTheFile()

@@ -132,6 +132,7 @@ private slots:
     void everyStepIsLogged();
     void fileKeyLosesAnExtensionOfThreeWordCharacters_data();
     void fileKeyLosesAnExtensionOfThreeWordCharacters();
+    void whatKilledProgramsLeftIsRemovedByEachRun();
     void isFoundByFileNameFirst();
     void isFoundByLongNameBeforeTitle();
     void emptyLongNameIsNotLookedUp();
@@ -268,6 +269,20 @@ void TestSynchronisation::fileKeyLosesAnExtensionOfThreeWordCharacters()
     const LogCapture log;
     QVERIFY(!run.synchronisation.updateFileWithDb(0));
     QVERIFY(LogCapture::contains(QStringLiteral("Record  \"%1/TITLE\" NOT found in DB ").arg(key)));
+}
+
+void TestSynchronisation::whatKilledProgramsLeftIsRemovedByEachRun()
+{
+    LibraryTable library({row("SONG", "TITLE")});
+    QVERIFY(library.add(QStringLiteral("song.mid"), signedMidi(titled("Title"))));
+    Run run(library);
+    const LogCapture log;
+    const QString left = library.path(QStringLiteral(".song.mp3.0123abcd.kavena-tmp"));
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(samplesongs::writeFile(left, "half"));
+        QVERIFY(run.synchronisation.run(false));
+        QVERIFY(!QFileInfo::exists(left));
+    }
 }
 
 void TestSynchronisation::isFoundByFileNameFirst()

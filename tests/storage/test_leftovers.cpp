@@ -1,0 +1,177 @@
+// What killed programs left in a folder goes; everything else there stays.
+#include "storage/leftovers.h"
+#include "storage/safefile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+class TestLeftovers : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void ourHiddenFilesGo();
+    void filesThatAreNotProvablyOursStay();
+    void whatIsNoRegularFileOfOneNameStays();
+    void fileThatARunningProgramHoldsStays();
+    void eachFolderIsTidiedOncePerJob();
+    void foldersBelowAreNotTouched();
+    void missingFolderIsNoFault();
+
+    void hiddenFilesOfTwoNeverShareAName();
+    void heldFileTakesItsNameAndIsLetGo();
+    void hiddenFileIsLikeAnyNewFile();
+
+private:
+    QString path(const QString &name) const { return m_dir->filePath(name); }
+    void make(const QString &name) const
+    {
+        QFile file(path(name));
+        if (!file.open(QFile::WriteOnly) || file.write("bytes") != 5)
+            qFatal("cannot make a file for a test");
+    }
+    QStringList files() const
+    {
+        return QDir(m_dir->path())
+            .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System);
+    }
+
+    QScopedPointer<QTemporaryDir> m_dir;
+};
+
+void TestLeftovers::init()
+{
+    m_dir.reset(new QTemporaryDir);
+    QVERIFY(m_dir->isValid());
+}
+
+void TestLeftovers::ourHiddenFilesGo()
+{
+    make(QStringLiteral(".a.mid.kavena-part"));
+    make(QStringLiteral(".a.mid.0123abcd.kavena-part"));
+    make(QStringLiteral(".a.mp3.0123abcd.kavena-tmp"));
+    make(QStringLiteral("a.mid"));
+    Leftovers().tidyBeside(path(QStringLiteral("a.mid")));
+    QCOMPARE(files(), QStringList(QStringLiteral("a.mid")));
+}
+
+void TestLeftovers::filesThatAreNotProvablyOursStay()
+{
+    const QStringList names{
+        QStringLiteral(".a.mid.kavena-journal"),
+        QStringLiteral(".a.mid.kavena-part.bak"),
+        QStringLiteral(".a.midkavena-part"),
+        QStringLiteral("a.mid.kavena-part"),
+        QStringLiteral("a.tmp"),
+    };
+    for (const QString &name : names)
+        make(name);
+    Leftovers().tidy(m_dir->path());
+    QCOMPARE(files(), names);
+}
+
+void TestLeftovers::whatIsNoRegularFileOfOneNameStays()
+{
+    make(QStringLiteral("precious"));
+    const auto name = [this](const char *song) {
+        return path(QStringLiteral(".%1.mid.kavena-part").arg(QLatin1String(song)));
+    };
+    QVERIFY(QFile::link(path(QStringLiteral("precious")), name("a")));
+    QCOMPARE(::link(QFile::encodeName(path(QStringLiteral("precious"))).constData(),
+                    QFile::encodeName(name("b")).constData()),
+             0);
+    QVERIFY(QDir().mkdir(name("c")));
+    QCOMPARE(mkfifo(QFile::encodeName(name("d")).constData(), 0600), 0);
+    Leftovers().tidy(m_dir->path());
+    QCOMPARE(files().size(), 5);
+    QCOMPARE(QFileInfo(path(QStringLiteral("precious"))).size(), qint64{5});
+}
+
+void TestLeftovers::fileThatARunningProgramHoldsStays()
+{
+    QFile running;
+    QVERIFY(createHiddenBeside(running, path(QStringLiteral("a.mid")), Leftovers::PartSuffix));
+    Leftovers().tidy(m_dir->path());
+    QCOMPARE(files(), QStringList(QFileInfo(running.fileName()).fileName()));
+    running.close();
+    Leftovers().tidy(m_dir->path());
+    QCOMPARE(files(), QStringList());
+}
+
+void TestLeftovers::eachFolderIsTidiedOncePerJob()
+{
+    Leftovers job;
+    job.tidyBeside(path(QStringLiteral("a.mid")));
+    make(QStringLiteral(".a.mid.kavena-part"));
+    job.tidyBeside(path(QStringLiteral("b.mid")));
+    QCOMPARE(files().size(), 1);
+    Leftovers().tidy(m_dir->path());
+    QCOMPARE(files().size(), 0);
+}
+
+void TestLeftovers::foldersBelowAreNotTouched()
+{
+    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("below")));
+    make(QStringLiteral("below/.a.mid.kavena-part"));
+    Leftovers().tidy(m_dir->path());
+    QVERIFY(QFileInfo::exists(path(QStringLiteral("below/.a.mid.kavena-part"))));
+}
+
+void TestLeftovers::missingFolderIsNoFault()
+{
+    Leftovers().tidy(path(QStringLiteral("missing")));
+    QVERIFY(!QFileInfo::exists(path(QStringLiteral("missing"))));
+}
+
+void TestLeftovers::hiddenFilesOfTwoNeverShareAName()
+{
+    QFile one;
+    QFile other;
+    const QString song = path(QStringLiteral("a.mid"));
+    QVERIFY(createHiddenBeside(one, song, Leftovers::PartSuffix));
+    QVERIFY(createHiddenBeside(other, song, Leftovers::PartSuffix));
+    QVERIFY(one.fileName() != other.fileName());
+    const QStringList names = files();
+    QCOMPARE(names.size(), 2);
+    for (const QString &name : names) {
+        QVERIFY(name.startsWith(QStringLiteral(".a.mid.")));
+        QVERIFY(name.endsWith(QStringLiteral(".kavena-part")));
+    }
+    QFile nowhere;
+    QVERIFY(
+        !createHiddenBeside(nowhere, path(QStringLiteral("missing/a.mid")), Leftovers::PartSuffix));
+}
+
+void TestLeftovers::heldFileTakesItsNameAndIsLetGo()
+{
+    QFile part;
+    const QString song = path(QStringLiteral("a.mid"));
+    QVERIFY(createHiddenBeside(part, song, Leftovers::PartSuffix));
+    QCOMPARE(part.write("song"), qint64{4});
+    QVERIFY(!removeUnheld(part.fileName()));
+    QVERIFY(renameOver(part, song));
+    QVERIFY(!part.isOpen());
+    QCOMPARE(files(), QStringList(QStringLiteral("a.mid")));
+    QCOMPARE(QFileInfo(song).size(), qint64{4});
+    QVERIFY(removeUnheld(song));
+}
+
+// A copy is readable for those for whom any new file is.
+void TestLeftovers::hiddenFileIsLikeAnyNewFile()
+{
+    make(QStringLiteral("any"));
+    QFile part;
+    QVERIFY(createHiddenBeside(part, path(QStringLiteral("a.mid")), Leftovers::PartSuffix));
+    QCOMPARE(part.permissions(), QFile::permissions(path(QStringLiteral("any"))));
+}
+
+QTEST_APPLESS_MAIN(TestLeftovers)
+#include "test_leftovers.moc"
