@@ -7,8 +7,10 @@
 #include "devindex/indexfiles.h"
 #include "devindex/indexloader.h"
 #include "devindex/indexwriter.h"
+#include "devindex/pathfinder.h"
 #include "devindex/pathorder.h"
 #include "devindex/playlistfiles.h"
+#include "devindex/playlistkeeper.h"
 #include "devindex/recordfile.h"
 #include "devindex/songhead.h"
 #include "formats/diagnostics.h"
@@ -107,7 +109,7 @@ bool Index::createIndex(const QString &root)
     if (!begin(root))
         return false;
     restorePlaylists = createPlaylistFilePath() ? 1 : 0;
-    if (m_playlistsFailed)
+    if (m_playlistsFailed || !keepPlaylists())
         return false; // their songs would be lost with the ids of this index
     maxLoadedId = NoIdLoaded;
     nextId = 0;
@@ -135,6 +137,8 @@ bool Index::updateIndex(const QString &root)
     if (restorePlaylists != 0) {
         // Every song is entered anew, with an id that was never used before; the playlists are
         // pointed at the new ids by path.
+        if (!keepPlaylists())
+            return false;
         entries.clear();
         nextPosidx = 0;
     } else {
@@ -425,6 +429,12 @@ void Index::createPathIndex()
     emit progressValueChanged(0);
     removeDeletedItems();
     emit progressValueChanged(10);
+    QList<quint16> numbers;
+    if (restorePlaylists == 0 &&
+        PlaylistKeeper(rootPath).savePaths(numbers) == PlaylistFiles::Outcome::Failed) {
+        m_playlistsFailed = true;
+        return;
+    }
     m_buildFailed = !writeIndexFiles();
     if (m_buildFailed) {
         logWarning() << "[Index::createPathIndex] Impossible to write the index of" << rootPath;
@@ -504,7 +514,7 @@ bool Index::writeIndexFiles()
         return false;
     if (restorePlaylists != 0)
         restorePlaylistFilePath();
-    if (writePathIndex() < 0)
+    if (m_playlistsFailed || writePathIndex() < 0)
         return false;
     emit progressValueChanged(20);
 
@@ -530,12 +540,14 @@ bool Index::writeIndexFiles()
 
 /**
  * Takes away the file of counts, on the medium as well, before any other index file changes: what
- * is there if the work is cut off after that is no index.
+ * is there if the work is cut off after that is no index. Where the playlists get new ids, the old
+ * path file goes, too: nobody must look for the new ids in it.
  */
 bool Index::removeCounts() const
 {
     const QString path = filePath(indexfiles::Count);
-    return removeFile(path) && flushFolderOf(path);
+    return removeFile(path) && (restorePlaylists == 0 || removeFile(filePath(indexfiles::Path))) &&
+           flushFolderOf(path);
 }
 
 /** Writing through a link would change a file outside the memory. */
@@ -662,13 +674,22 @@ bool Index::createPlaylistFilePath()
     return saved;
 }
 
+/** Ids are given anew: the playlists will be pointed at them by path. False if they cannot be. */
+bool Index::keepPlaylists()
+{
+    const auto kept = PlaylistKeeper(rootPath).prepareForNewIds(playlistNumbers);
+    restorePlaylists = kept == PlaylistFiles::Outcome::Done ? 1 : 0;
+    m_playlistsFailed = kept == PlaylistFiles::Outcome::Failed;
+    return !m_playlistsFailed;
+}
+
 void Index::restorePlaylistFilePath()
 {
     logDebug() << "restore playlist file path";
     const PlaylistFiles playlists(rootPath);
-    PathOrder order(entries);
+    PathFinder songs(entries);
     for (const quint16 number : std::as_const(playlistNumbers))
-        m_playlistsFailed = playlists.restoreIds(number, order) == PlaylistFiles::Outcome::Failed ||
+        m_playlistsFailed = playlists.restoreIds(number, songs) == PlaylistFiles::Outcome::Failed ||
                             m_playlistsFailed;
 }
 

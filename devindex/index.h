@@ -183,6 +183,7 @@ private:
     QString filePath(const QString &name) const;
     bool begin(const QString &root);
     bool hasWholeIndex() const;
+    bool keepPlaylists();
 
     void scanFolder(const QString &dir, bool throughLink, Scan &scan);
     void scanFile(QFileInfo file, Scan &scan);

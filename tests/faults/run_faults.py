@@ -209,10 +209,10 @@ class Judge:
 def memory_faults(card, playlists_failed, renames_failed):
     options = types.SimpleNamespace(
         allow_changed=False, allow_missing=renames_failed, allow_lost_songs=playlists_failed,
-        follow_links=False, list=False)
+        follow_links=False, list=False, save_playlists=None, playlists_before=None)
     checker = check_memory.Checker(card, options)
     checker.run()
-    return checker.faults
+    return checker
 
 
 class Run:
