@@ -1,6 +1,7 @@
 #include "devindex/filecopier.h"
 
 #include "devindex/companion.h"
+#include "devindex/samefile.h"
 #include "formats/diagnostics.h"
 #include "formats/safefile.h"
 #include "library/nocopyrightdialog.h"
@@ -9,8 +10,6 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 namespace
@@ -27,15 +26,6 @@ constexpr QLatin1String partSuffix("kavena-part");
 QString targetOf(const QString &source, const QString &dest)
 {
     return dest + QLatin1Char('/') + source.section(QLatin1Char('/'), -1);
-}
-
-/** True when both paths lead to one file: by links, other spellings or another letter case. */
-bool isSameFile(const QString &first, const QString &second)
-{
-    std::error_code error;
-    return std::filesystem::equivalent(QFile::encodeName(first).constData(),
-                                       QFile::encodeName(second).constData(), error) &&
-           !error;
 }
 
 bool isInPlace(const QString &source, const QString &target)

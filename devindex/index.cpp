@@ -1,9 +1,10 @@
 #include "devindex/index.h"
 
-#include "devindex/companion.h"
 #include "devindex/devicetext.h"
+#include "devindex/entrymatcher.h"
 #include "devindex/entrysort.h"
 #include "devindex/filestamp.h"
+#include "devindex/folderrules.h"
 #include "devindex/indexfiles.h"
 #include "devindex/indexloader.h"
 #include "devindex/indexwriter.h"
@@ -13,6 +14,7 @@
 #include "devindex/playlistkeeper.h"
 #include "devindex/recordfile.h"
 #include "devindex/songhead.h"
+#include "devindex/songrenamer.h"
 #include "formats/diagnostics.h"
 #include "formats/safefile.h"
 #include "library/nocopyrightdialog.h"
@@ -39,12 +41,6 @@ bool isMemoryPath(const QString &path)
            !path.contains(QLatin1String("/../")) && !path.endsWith(QLatin1String("/.."));
 }
 
-bool isPlayerFolder(const QString &name)
-{
-    return name.compare(indexfiles::EffectsFolder, Qt::CaseInsensitive) == 0 ||
-           name.compare(indexfiles::BridgeFolder, Qt::CaseInsensitive) == 0;
-}
-
 /** Reads what the index shows of a song whose file is known to be a regular one. */
 bool readSong(SongInfoIndex &entry)
 {
@@ -55,14 +51,6 @@ bool readSong(SongInfoIndex &entry)
 bool removeFile(const QString &path)
 {
     return QFile::remove(path) || !QFileInfo::exists(path);
-}
-
-bool renameItem(const QString &path, const QString &newPath)
-{
-    if (QDir().rename(path, newPath))
-        return true;
-    logWarning() << "[Index::renameLongFileName] Impossible to rename" << path;
-    return false;
 }
 
 /** A line of the list of songs: each field closed by ";", without quotes, in UTF-8. */
@@ -89,9 +77,9 @@ int askInDialog(const QString &path, const QString &message)
 
 /** One walk through the folders of a memory. */
 struct Index::Scan {
-    PathOrder order;
     QSet<QString> active; ///< folders being scanned, by canonical path
     QSet<QString> linked; ///< folders that were entered through a symbolic link
+    QStringList songs;    ///< absolute paths, in the order in which they were found
 };
 
 Index::Index()
@@ -208,9 +196,13 @@ void Index::createKavenaDir()
 
 void Index::scan_files(const QString &dir)
 {
-    Scan scan{PathOrder(entries), {}, {}};
+    Scan scan;
     scanFolder(dir, false, scan);
-    scan.order.apply();
+    entrymatcher::nameUnclearEntries(entries, scan.songs, rootPath.size());
+    PathOrder order(entries);
+    for (const QString &song : std::as_const(scan.songs))
+        addFile(song, order);
+    order.apply();
 }
 
 void Index::scanFolder(const QString &dir, bool throughLink, Scan &scan)
@@ -234,26 +226,23 @@ void Index::scanFolder(const QString &dir, bool throughLink, Scan &scan)
     for (const QFileInfo &item : items) {
         if (!item.isDir())
             scanFile(item, scan);
-        else if (!isPlayerFolder(item.fileName()))
+        else if (!isPlayerFolder(item.fileName()) && !isSystemFolder(item.fileName()))
             scanFolder(item.absoluteFilePath(), throughLink || item.isSymLink(), scan);
     }
     scan.active.remove(canonical);
 }
 
-void Index::scanFile(QFileInfo file, Scan &scan)
+void Index::scanFile(const QFileInfo &file, Scan &scan)
 {
     emit currentPathChanged(file.filePath());
     if (!checkFileExt(file.suffix()))
         return;
     if (file.isSymLink() && !file.isFile())
         return; // a pipe or device at the link's other end could be read for ever
-    const QString fullPath = file.absoluteFilePath();
-    const QString name = renameLongFileName(fullPath);
-    if (name.isEmpty())
+    const QString song = renameLongFileName(file.absoluteFilePath());
+    if (song.isEmpty())
         return;
-    if (name != fullPath)
-        file.setFile(name);
-    addFile(file, scan.order);
+    scan.songs.append(song);
     ++filesFound;
     emit fileFoundChanged(static_cast<int>(filesFound));
 }
@@ -272,20 +261,20 @@ QString Index::renameLongFileName(const QString &path)
 {
     if (path.compare(rootPath, Qt::CaseInsensitive) == 0)
         return path;
-    if (isShortName(path))
+    if (isShortName(path) || songrenamer::liesOutside(rootPath, path))
         return path;
     QString candidate = m_shortNames.candidateFor(QFileInfo(path));
     if (candidate.isEmpty())
         return {};
     if (!askForRename(path, candidate))
         return path;
-    const QString companion = QFileInfo(path).isFile() ? companionOf(path) : QString();
-    if (!renameItem(path, candidate))
-        return {};
-    // The player finds a song's karaoke pictures by the song's name.
-    if (!companion.isEmpty())
-        renameItem(companion, companionTarget(companion, candidate));
-    return candidate;
+    const songrenamer::Outcome renamed = songrenamer::rename(path, candidate);
+    if (renamed == songrenamer::Outcome::Unfinished) {
+        emit errorFromIndex(
+            tr("File non rinominato, l'ultimo salvataggio non è stato completato: ") + path);
+        return path;
+    }
+    return renamed == songrenamer::Outcome::Renamed ? candidate : QString();
 }
 
 bool Index::askForRename(const QString &path, const QString &candidate)
@@ -306,13 +295,12 @@ bool Index::askForRename(const QString &path, const QString &candidate)
 bool Index::addFileToIndex(const QFileInfo &fi)
 {
     SortedEntries order(entries);
-    return addFile(fi, order);
+    return addFile(fi.absoluteFilePath(), order);
 }
 
 template <typename Order>
-bool Index::addFile(const QFileInfo &file, Order &order)
+bool Index::addFile(const QString &fullPath, Order &order)
 {
-    const QString fullPath = file.absoluteFilePath();
     QString path;
     if (!pathOnMemory(fullPath, path))
         return false;
@@ -361,25 +349,17 @@ bool Index::pathOnMemory(const QString &fullPath, QString &path)
     return true;
 }
 
-/**
- * True when the entry is the song of this path. An entry whose file is found no more under its own
- * spelling takes this one: names are loaded with "?" for what the index cannot hold, and their case
- * may have been changed.
- */
+/** True when the entry is the song of this path, and for a second file of its name: see match. */
 bool Index::isIndexedAs(SongInfoIndex &entry, const QString &path, const QString &fullPath)
 {
-    if (entry.path == path)
-        return true;
-    const bool sameName = entry.path.compare(path, Qt::CaseInsensitive) == 0;
-    const bool sameRecord = ibm850FromText(entry.path) == ibm850FromText(path);
-    if ((sameName || sameRecord) && !QFileInfo::exists(entry.fullPath)) {
-        entry.path = path;
-        entry.fullPath = fullPath;
-        if (!sameRecord)
-            indexChanged = 1;
-        return true;
-    }
-    return sameName;
+    const entrymatcher::Match found = entrymatcher::match(entry, path, fullPath);
+    if (found == entrymatcher::Match::NewSpelling)
+        indexChanged = 1;
+    if (found == entrymatcher::Match::OtherFile)
+        emit errorFromIndex(
+            tr("File non importato, il nome differisce da un altro solo per le maiuscole: ") +
+            fullPath);
+    return found != entrymatcher::Match::None;
 }
 
 bool Index::hasRoomFor(const QString &fullPath)

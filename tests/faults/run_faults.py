@@ -43,6 +43,8 @@ SAVES = (
 )
 JOBS = ["save:" + save for save in SAVES] + ["sync", "create", "rebuild", "update", "transfer", "backup"]
 
+INDEX_JOBS = ("create", "rebuild", "update", "transfer")
+
 # Which calls can fail in which way. A flush writes nothing, so it cannot write too little.
 CAN_FAIL = {
     "eio": {"create", "open", "openread", "write", "flush", "truncate", "rename", "remove", "close",
@@ -154,9 +156,10 @@ def is_temporary(path):
 class Judge:
     """Knows a job's folders before it and after it was done without a fault."""
 
-    def __init__(self, before, after):
+    def __init__(self, before, after, playlists):
         self.before = before
         self.after = after
+        self.playlists = playlists
         self.old = songs_of(before)
         self.new = songs_of(after)
 
@@ -182,10 +185,13 @@ class Judge:
             return "none"
         if index == index_of(self.before):
             return "old"
-        faults = memory_faults(os.path.join(root, "mnt/CARD"), "[PlaylistFiles::" in said,
-                               "[Index::renameLongFileName]" in said)
-        if faults:
-            raise Wrong("the memory has an index that is not whole: " + "; ".join(faults))
+        checker = checked_memory(os.path.join(root, "mnt/CARD"),
+                                 "[Index::renameLongFileName]" in said)
+        if self.playlists:
+            checker.options.allow_changed = True  # the songs' titles, not the songs
+            checker.compare_playlists(self.playlists)
+        if checker.faults:
+            raise Wrong("the memory has an index that is not whole: " + "; ".join(checker.faults))
         return "new"
 
     def judge_temporaries(self, tree):
@@ -206,10 +212,10 @@ class Judge:
                      or index_of(self.after) == index_of(self.before)))
 
 
-def memory_faults(card, playlists_failed, renames_failed):
+def checked_memory(card, renames_failed):
     options = types.SimpleNamespace(
-        allow_changed=False, allow_missing=renames_failed, allow_lost_songs=playlists_failed,
-        follow_links=False, list=False, save_playlists=None, playlists_before=None)
+        allow_changed=False, allow_missing=renames_failed, allow_lost_songs=False,
+        follow_links=False, list=False)
     checker = check_memory.Checker(card, options)
     checker.run()
     return checker
@@ -218,7 +224,7 @@ def memory_faults(card, playlists_failed, renames_failed):
 class Run:
     """All faults of one job."""
 
-    def __init__(self, driver, root, job, before):
+    def __init__(self, driver, root, job, before, playlists):
         self.driver = driver
         self.root = root
         self.job = job
@@ -226,7 +232,7 @@ class Run:
         self.before = read_tree(root)
         end, said, self.calls = driver.run(job, root)
         self.now = after = read_tree(root)
-        self.judge = Judge(self.before, after)
+        self.judge = Judge(self.before, after, playlists)
         self.done = 0
         if end != "exit 0" or "result 1" not in said:
             raise Wrong(f"fails without a fault: {end}\n{said}")
@@ -277,6 +283,8 @@ class Run:
                     raise Wrong(f"{gone} is back, but the memory is not")
                 os.rename(gone + ".gone", gone)
             self.judge_outcome(mode, said)
+            if self.job in INDEX_JOBS:
+                self.judge_repair()
         except Wrong as wrong:
             line = calls[number - 1] if number <= len(calls) else "?"
             raise Wrong(f"{self.job}, {mode} at call {number} ({line}): {wrong}\n{said}") from None
@@ -301,6 +309,15 @@ class Run:
             raise Wrong("the program does not say that something failed")
         return done
 
+    def judge_repair(self):
+        """The next update finds everything that it needs for a whole index."""
+        end, said, _ = self.driver.run("update", self.root)
+        self.now = read_tree(self.root)
+        if end != "exit 0" or "result 1" not in said:
+            raise Wrong(f"the update after it fails: {end}\n{said}")
+        if self.judge.judge_index(self.now, self.root, said) != "new":
+            raise Wrong("there is no new index after the next update")
+
     def judge_recovery(self, told):
         for line in told.splitlines():
             if "The last save was cut off" in line and not re.search(r"library/[sp]\d+\.m", line):
@@ -318,7 +335,10 @@ def make_trees(driver, root):
         if item:
             tree[path] = (item[0], item[1] // 10**9 * 10**9)
     library = {path: item for path, item in tree.items() if path.startswith("library/")}
-    return {"all": tree, "library": library,
+    checker = checked_memory(os.path.join(root, "mnt/CARD"), True)  # the index is out of date
+    if len(checker.playlists) != 1:
+        raise Wrong("the memory has no playlist")
+    return {"all": tree, "library": library, "playlists": checker.playlists,
             "no index": {path: item for path, item in tree.items()
                          if os.path.basename(path) not in INDEX}}
 
@@ -412,7 +432,9 @@ def test(options, work):
         if not job.startswith(options.job):
             continue
         start = time.monotonic()
-        run = Run(driver, root, job, start_of(job, trees))
+        # Without any index nobody knows which songs the playlists mean.
+        playlists = {} if job == "create" else trees["playlists"]
+        run = Run(driver, root, job, start_of(job, trees), playlists)
         runs = run.all_modes()
         print(f"{job}: {len(run.calls)} calls, {runs} faults, {run.done} times done all the same, "
               f"{time.monotonic() - start:.1f} s")

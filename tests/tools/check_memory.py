@@ -20,6 +20,7 @@ the one that writes the index.
 import argparse
 import json
 import os
+import re
 import struct
 import sys
 import time
@@ -30,6 +31,8 @@ INDEX_FILES = (
 ).split()
 SONG_SUFFIXES = {"mid", "kar", "mf3", "mf4", "mf5", "mp3"}
 PLAYER_FOLDERS = {"sfx", "bridge"}
+HIDDEN_FOLDER = re.compile(
+    r"\..*|system volume information|\$recycle\.bin|found\.[0-9]{3}|lost\.dir|recycler", re.I)
 MAX_SONGS = 65535
 MAX_PATH = 45
 NO_OFFSET = 0xFFFFFFFF
@@ -104,17 +107,20 @@ class Checker:
                 self.fault(f"{where}: changed at {stamps}, listed with {digits.decode()}")
             self.songs.append((song_id, path))
         if not self.options.allow_missing:
+            # The player tells no upper case from lower case: one of such files is enough.
+            listed = {fold_text(path.decode("cp850")) for path in seen}
             for path in found:
-                if path not in seen:
+                if fold_text(path.decode("cp850")) not in listed:
                     self.fault(f"{path.decode('cp850')}: a song that is not listed")
 
     def song_files(self):
         """Every song file that the index can list: path bytes and times of change."""
         found = {}
-        folded = set()
         for folder, subfolders, names in os.walk(self.root, followlinks=self.options.follow_links):
             subfolders[:] = [
-                name for name in subfolders if name.lower() not in PLAYER_FOLDERS and name[0] != "."
+                name
+                for name in subfolders
+                if name.lower() not in PLAYER_FOLDERS and not HIDDEN_FOLDER.fullmatch(name)
             ]
             for name in names:
                 if name.startswith(".") or name.rpartition(".")[2].lower() not in SONG_SUFFIXES:
@@ -123,9 +129,6 @@ class Checker:
                 path = full[len(self.root) :]
                 if len(path) > MAX_PATH or not os.path.isfile(full):
                     continue
-                if path.lower() in folded:
-                    continue  # the player tells no upper case from lower case
-                folded.add(path.lower())
                 stamp = time.strftime("%Y%m%d%H%M%S", time.localtime(os.stat(full).st_mtime))
                 found.setdefault(path.encode("cp850", "replace"), []).append(stamp)
         return found
