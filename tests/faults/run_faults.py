@@ -9,7 +9,8 @@ for each way in which that call can fail. After each time:
 
 - every song file is byte for byte the old one or the whole new one, and none is missing (where the
   program was killed, or the medium stayed dead: after the songs have been imported again);
-- a memory has its whole old index, a whole new one (check_memory.py is the judge) or none;
+- a memory has its whole old index, a whole new one (check_memory.py is the judge) or none, and the
+  next update makes a whole one; the playlists then mean the songs that they meant before;
 - the program has said that something failed, unless the job was done all the same;
 - no temporary file is left, unless the program was killed or could not remove it any more.
 
@@ -184,6 +185,9 @@ class Judge:
         if set(index) != INDEX:
             return "none"
         if index == index_of(self.before):
+            playlist = "mnt/CARD/playlist/play0001.dat"
+            if self.playlists and tree[playlist][0] != self.before[playlist][0]:
+                raise Wrong("the playlist does not have the old index's ids")
             return "old"
         checker = checked_memory(os.path.join(root, "mnt/CARD"),
                                  "[Index::renameLongFileName]" in said)
@@ -440,7 +444,8 @@ def test(options, work):
               f"{time.monotonic() - start:.1f} s")
         if disk:
             disk.empty()
-            small = Run(driver, os.path.join(disk.folder, "root"), job, start_of(job, trees))
+            small = Run(driver, os.path.join(disk.folder, "root"), job, start_of(job, trees),
+                        playlists)
             print(f"    done with {full_disk_runs(small, disk)} free pages")
             small.clear()
         else:
