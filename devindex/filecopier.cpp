@@ -2,6 +2,7 @@
 
 #include "devindex/companion.h"
 #include "devindex/copybatch.h"
+#include "devindex/samefile.h"
 #include "library/whileanswering.h"
 #include "storage/diagnostics.h"
 #include "storage/leftovers.h"
@@ -12,8 +13,6 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 namespace
@@ -27,15 +26,6 @@ constexpr qsizetype chunkSize = 262144;
 QString targetOf(const QString &source, const QString &dest)
 {
     return dest + QLatin1Char('/') + source.section(QLatin1Char('/'), -1);
-}
-
-/** True when both paths lead to one file: by links, other spellings or another letter case. */
-bool isSameFile(const QString &first, const QString &second)
-{
-    std::error_code error;
-    return std::filesystem::equivalent(QFile::encodeName(first).constData(),
-                                       QFile::encodeName(second).constData(), error) &&
-           !error;
 }
 
 bool isInPlace(const QString &source, const QString &target)

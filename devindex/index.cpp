@@ -1,15 +1,19 @@
 #include "devindex/index.h"
 
-#include "devindex/companion.h"
 #include "devindex/devicetext.h"
+#include "devindex/entrymatcher.h"
 #include "devindex/entrysort.h"
 #include "devindex/filestamp.h"
+#include "devindex/folderrules.h"
 #include "devindex/indexfiles.h"
 #include "devindex/indexloader.h"
 #include "devindex/indexwriter.h"
+#include "devindex/pathfinder.h"
 #include "devindex/pathorder.h"
 #include "devindex/playlistfiles.h"
+#include "devindex/playlistkeeper.h"
 #include "devindex/songhead.h"
+#include "devindex/songrenamer.h"
 #include "formats/songnames.h"
 #include "storage/diagnostics.h"
 #include "storage/recordfile.h"
@@ -35,12 +39,6 @@ bool isMemoryPath(const QString &path)
 {
     return path.startsWith(QLatin1Char('/')) && path.size() <= PathRecord::MaxPathLength &&
            !path.contains(QLatin1String("/../")) && !path.endsWith(QLatin1String("/.."));
-}
-
-bool isPlayerFolder(const QString &name)
-{
-    return name.compare(indexfiles::EffectsFolder, Qt::CaseInsensitive) == 0 ||
-           name.compare(indexfiles::BridgeFolder, Qt::CaseInsensitive) == 0;
 }
 
 /** Reads what the index shows of a song whose file is known to be a regular one. */
@@ -71,9 +69,9 @@ QByteArray listLine(const std::array<QStringView, 4> &fields)
 
 /** One walk through the folders of a memory. */
 struct Index::Scan {
-    PathOrder order;
     QSet<QString> active; ///< folders being scanned, by canonical path
     QSet<QString> linked; ///< folders that were entered through a symbolic link
+    QStringList songs;    ///< absolute paths, in the order in which they were found
 };
 
 void Index::setRenameQuestion(RenameQuestion question)
@@ -86,7 +84,7 @@ bool Index::createIndex(const QString &root)
     if (!begin(root))
         return false;
     restorePlaylists = createPlaylistFilePath() ? 1 : 0;
-    if (m_playlistsFailed)
+    if (m_playlistsFailed || !keepPlaylists())
         return false; // their songs would be lost with the ids of this index
     maxLoadedId = NoIdLoaded;
     nextId = 0;
@@ -114,6 +112,8 @@ bool Index::updateIndex(const QString &root)
     if (restorePlaylists != 0) {
         // Every song is entered anew, with an id that was never used before; the playlists are
         // pointed at the new ids by path.
+        if (!keepPlaylists())
+            return false;
         entries.clear();
         nextPosidx = 0;
     } else {
@@ -184,9 +184,13 @@ void Index::createKavenaDir()
 
 void Index::scan_files(const QString &dir)
 {
-    Scan scan{PathOrder(entries), {}, {}};
+    Scan scan;
     scanFolder(dir, false, scan);
-    scan.order.apply();
+    entrymatcher::nameUnclearEntries(entries, scan.songs, rootPath.size());
+    PathOrder order(entries);
+    for (const QString &song : std::as_const(scan.songs))
+        addFile(song, order);
+    order.apply();
 }
 
 void Index::scanFolder(const QString &dir, bool throughLink, Scan &scan)
@@ -210,26 +214,23 @@ void Index::scanFolder(const QString &dir, bool throughLink, Scan &scan)
     for (const QFileInfo &item : items) {
         if (!item.isDir())
             scanFile(item, scan);
-        else if (!isPlayerFolder(item.fileName()))
+        else if (!isPlayerFolder(item.fileName()) && !isSystemFolder(item.fileName()))
             scanFolder(item.absoluteFilePath(), throughLink || item.isSymLink(), scan);
     }
     scan.active.remove(canonical);
 }
 
-void Index::scanFile(QFileInfo file, Scan &scan)
+void Index::scanFile(const QFileInfo &file, Scan &scan)
 {
     emit currentPathChanged(file.filePath());
     if (!checkFileExt(file.suffix()))
         return;
     if (file.isSymLink() && !file.isFile())
         return; // a pipe or device at the link's other end could be read for ever
-    const QString fullPath = file.absoluteFilePath();
-    const QString name = renameLongFileName(fullPath);
-    if (name.isEmpty())
+    const QString song = renameLongFileName(file.absoluteFilePath());
+    if (song.isEmpty())
         return;
-    if (name != fullPath)
-        file.setFile(name);
-    addFile(file, scan.order);
+    scan.songs.append(song);
     ++filesFound;
     emit fileFoundChanged(static_cast<int>(filesFound));
 }
@@ -243,37 +244,21 @@ QString Index::renameLongFileName(const QString &path)
 {
     if (path.compare(rootPath, Qt::CaseInsensitive) == 0)
         return path;
-    if (isShortName(path))
+    if (isShortName(path) || songrenamer::liesOutside(rootPath, path))
         return path;
     QString candidate = m_shortNames.candidateFor(QFileInfo(path));
     if (candidate.isEmpty())
         return {};
     if (!askForRename(path, candidate))
         return path;
-    const QString companion = QFileInfo(path).isFile() ? companionOf(path) : QString();
-    if (!renameItem(path, candidate))
-        return {};
-    // The player finds a song's karaoke pictures by the song's name.
-    if (!companion.isEmpty())
-        renameItem(companion, companionTarget(companion, candidate));
-    return candidate;
-}
-
-/**
- * Renames a file or folder, on the medium as well: it is flushed itself before its folder, since on
- * FAT its new entry would else lead nowhere. Never by copying, as Qt does after a failure.
- */
-bool Index::renameItem(const QString &path, const QString &newPath)
-{
-    if (isTaken(newPath) || !renameOver(path, newPath)) {
-        logWarning() << "[Index::renameLongFileName] Impossible to rename" << path;
-        return false;
+    const songrenamer::Outcome renamed = songrenamer::rename(path, candidate);
+    if (renamed == songrenamer::Outcome::Unfinished) {
+        emit errorFromIndex(
+            tr("File non rinominato, l'ultimo salvataggio non è stato completato: ") + path);
+        return path;
     }
-    if (!flushPath(newPath) || !flushFolderOf(newPath)) {
-        logWarning() << "[Index::renameLongFileName] Impossible to flush" << newPath;
-        m_renamesUnsure = true;
-    }
-    return true;
+    m_renamesUnsure = m_renamesUnsure || renamed == songrenamer::Outcome::Unsure;
+    return renamed == songrenamer::Outcome::Failed ? QString() : candidate;
 }
 
 bool Index::askForRename(const QString &path, const QString &candidate)
@@ -293,13 +278,12 @@ bool Index::askForRename(const QString &path, const QString &candidate)
 bool Index::addFileToIndex(const QFileInfo &fi)
 {
     SortedEntries order(entries);
-    return addFile(fi, order);
+    return addFile(fi.absoluteFilePath(), order);
 }
 
 template <typename Order>
-bool Index::addFile(const QFileInfo &file, Order &order)
+bool Index::addFile(const QString &fullPath, Order &order)
 {
-    const QString fullPath = file.absoluteFilePath();
     QString path;
     if (!pathOnMemory(fullPath, path))
         return false;
@@ -348,25 +332,17 @@ bool Index::pathOnMemory(const QString &fullPath, QString &path)
     return true;
 }
 
-/**
- * True when the entry is the song of this path. An entry whose file is found no more under its own
- * spelling takes this one: names are loaded with "?" for what the index cannot hold, and their case
- * may have been changed.
- */
+/** True when the entry is the song of this path, and for a second file of its name: see match. */
 bool Index::isIndexedAs(SongInfoIndex &entry, const QString &path, const QString &fullPath)
 {
-    if (entry.path == path)
-        return true;
-    const bool sameName = entry.path.compare(path, Qt::CaseInsensitive) == 0;
-    const bool sameRecord = ibm850FromText(entry.path) == ibm850FromText(path);
-    if ((sameName || sameRecord) && !QFileInfo::exists(entry.fullPath)) {
-        entry.path = path;
-        entry.fullPath = fullPath;
-        if (!sameRecord)
-            indexChanged = 1;
-        return true;
-    }
-    return sameName;
+    const entrymatcher::Match found = entrymatcher::match(entry, path, fullPath);
+    if (found == entrymatcher::Match::NewSpelling)
+        indexChanged = 1;
+    if (found == entrymatcher::Match::OtherFile)
+        emit errorFromIndex(
+            tr("File non importato, il nome differisce da un altro solo per le maiuscole: ") +
+            fullPath);
+    return found != entrymatcher::Match::None;
 }
 
 bool Index::hasRoomFor(const QString &fullPath)
@@ -418,6 +394,12 @@ void Index::createPathIndex()
     emit progressValueChanged(0);
     removeDeletedItems();
     emit progressValueChanged(10);
+    QList<quint16> numbers;
+    if (restorePlaylists == 0 &&
+        PlaylistKeeper(rootPath).savePaths(numbers) == PlaylistFiles::Outcome::Failed) {
+        m_playlistsFailed = true;
+        return;
+    }
     m_buildFailed = !writeIndexFiles();
     if (m_buildFailed) {
         logWarning() << "[Index::createPathIndex] Impossible to write the index of" << rootPath;
@@ -501,7 +483,7 @@ bool Index::writeIndexFiles()
         return false;
     if (restorePlaylists != 0)
         restorePlaylistFilePath();
-    if (writePathIndex() < 0)
+    if (m_playlistsFailed || writePathIndex() < 0)
         return false;
     emit progressValueChanged(20);
 
@@ -527,12 +509,14 @@ bool Index::writeIndexFiles()
 
 /**
  * Takes away the file of counts, on the medium as well, before any other index file changes: what
- * is there if the work is cut off after that is no index.
+ * is there if the work is cut off after that is no index. Where the playlists get new ids, the old
+ * path file goes, too: nobody must look for the new ids in it.
  */
 bool Index::removeCounts() const
 {
     const QString path = filePath(indexfiles::Count);
-    return removeFile(path) && flushFolderOf(path);
+    return removeFile(path) && (restorePlaylists == 0 || removeFile(filePath(indexfiles::Path))) &&
+           flushFolderOf(path);
 }
 
 /** Writing through a link would change a file outside the memory. */
@@ -659,13 +643,22 @@ bool Index::createPlaylistFilePath()
     return saved;
 }
 
+/** Ids are given anew: the playlists will be pointed at them by path. False if they cannot be. */
+bool Index::keepPlaylists()
+{
+    const auto kept = PlaylistKeeper(rootPath).prepareForNewIds(playlistNumbers);
+    restorePlaylists = kept == PlaylistFiles::Outcome::Done ? 1 : 0;
+    m_playlistsFailed = kept == PlaylistFiles::Outcome::Failed;
+    return !m_playlistsFailed;
+}
+
 void Index::restorePlaylistFilePath()
 {
     logDebug() << "restore playlist file path";
     const PlaylistFiles playlists(rootPath);
-    PathOrder order(entries);
+    PathFinder songs(entries);
     for (const quint16 number : std::as_const(playlistNumbers))
-        m_playlistsFailed = playlists.restoreIds(number, order) == PlaylistFiles::Outcome::Failed ||
+        m_playlistsFailed = playlists.restoreIds(number, songs) == PlaylistFiles::Outcome::Failed ||
                             m_playlistsFailed;
 }
 

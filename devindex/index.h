@@ -71,8 +71,9 @@ public:
 
     /**
      * Adds the songs of a folder and of all folders in it to entries. Names too long for the player
-     * are shortened on the way. The player's own folders and hidden files are passed over; a folder
-     * that is being scanned already is not entered again through a symbolic link.
+     * are shortened on the way. The player's own folders, those of operating systems and hidden
+     * files are passed over; a folder that is being scanned already is not entered again through a
+     * symbolic link.
      */
     void scan_files(const QString &dir);
 
@@ -81,13 +82,16 @@ public:
 
     /**
      * The path under which a file or folder is to be used: unchanged, or new after it was renamed;
-     * empty when it cannot be used. The karaoke pictures of an MP3 are renamed with it.
+     * empty when it cannot be used. The karaoke pictures of an MP3 are renamed with it. What a
+     * symbolic link brings from outside the memory keeps its name, and so does, after
+     * errorFromIndex, a song whose last save was cut off and cannot be undone.
      */
     QString renameLongFileName(const QString &path);
 
     /**
-     * Adds a song to entries, which must be in path order, unless it is there already. False, after
-     * errorFromIndex, when it cannot be indexed.
+     * Adds a song to entries, which must be in path order, unless it is there already. A second
+     * file whose name differs only in case counts as there; errorFromIndex tells it. False, after
+     * errorFromIndex, when the song cannot be indexed.
      */
     bool addFileToIndex(const QFileInfo &fi);
 
@@ -180,13 +184,13 @@ private:
     QString filePath(const QString &name) const;
     bool begin(const QString &root);
     bool hasWholeIndex() const;
+    bool keepPlaylists();
 
     void scanFolder(const QString &dir, bool throughLink, Scan &scan);
-    void scanFile(QFileInfo file, Scan &scan);
+    void scanFile(const QFileInfo &file, Scan &scan);
     bool askForRename(const QString &path, const QString &candidate);
-    bool renameItem(const QString &path, const QString &newPath);
     template <typename Order>
-    bool addFile(const QFileInfo &file, Order &order);
+    bool addFile(const QString &fullPath, Order &order);
     bool pathOnMemory(const QString &fullPath, QString &path);
     bool isIndexedAs(SongInfoIndex &entry, const QString &path, const QString &fullPath);
     bool hasRoomFor(const QString &fullPath);

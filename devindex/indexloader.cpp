@@ -20,6 +20,16 @@ bool IndexLoader::load()
            loadGroups(indexfiles::Genre, &SongInfoIndex::genre);
 }
 
+bool IndexLoader::loadPathsAlone()
+{
+    QByteArray order;
+    if (loadPaths() && read(indexfiles::Order, OrderValue::Size, SongInfoIndex::MaxSongs, order) &&
+        order.size() / OrderValue::Size == m_entries.size())
+        return true;
+    m_entries.clear();
+    return false;
+}
+
 bool IndexLoader::loadPaths()
 {
     QByteArray bytes;

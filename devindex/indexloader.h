@@ -25,6 +25,12 @@ public:
      */
     bool load();
 
+    /**
+     * Reads only ids and paths. True when the path file is whole, as far as the order file tells;
+     * the other files may be damaged or missing.
+     */
+    bool loadPathsAlone();
+
 private:
     bool loadPaths();
     bool loadTitles();

@@ -3,6 +3,7 @@
 #include "devindex/devicetext.h"
 #include "devindex/indexfiles.h"
 #include "devindex/indexrecords.h"
+#include "devindex/pathfinder.h"
 #include "devindex/pathorder.h"
 #include "storage/diagnostics.h"
 #include "storage/recordfile.h"
@@ -50,18 +51,34 @@ QString pathOfId(const QList<SongInfoIndex> &entries, quint32 id)
     return found != entries.cend() && found->id == id ? found->path : QString();
 }
 
-/** The entry with this path, or the first that the player takes for the same; null if none. */
-const SongInfoIndex *entryOfPath(PathOrder &entries, const QString &path)
+/** Opens a file that may be write-protected; the protection of a file that is written goes. */
+bool openForWriting(QFile &file)
 {
-    const QByteArray key = pathSortKey(path);
-    const SongInfoIndex *found = nullptr;
-    for (qsizetype place = placeBehind(entries, key) - 1; place >= 0 && entries.keyAt(place) == key;
-         --place) {
-        found = &entries.entryAt(place);
-        if (found->path.compare(path, Qt::CaseInsensitive) == 0)
-            break;
-    }
-    return found;
+    if (openExisting(file, QIODevice::ReadWrite))
+        return true;
+    return isOwnFile(file.fileName()) &&
+           file.setPermissions(file.permissions() | QFile::ReadOwner | QFile::WriteOwner) &&
+           openExisting(file, QIODevice::ReadWrite);
+}
+
+bool holds(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return openExisting(file, QIODevice::ReadOnly) && file.size() == bytes.size() &&
+           file.read(bytes.size()) == bytes;
+}
+
+/** Gives the file these bytes, on the medium and by name; after a failure there is none. */
+bool replace(const QString &path, const QByteArray &bytes)
+{
+    RecordWriter file(path);
+    if (!file.open())
+        return false;
+    const bool written = file.append(bytes);
+    if (file.close() && written && flushFolderOf(path))
+        return true;
+    QFile::remove(path); // a part of the playlist would pass for all of it
+    return false;
 }
 
 /** Puts the id into the playlist's next record; false at the end or when the memory fails. */
@@ -93,16 +110,19 @@ PlaylistFiles::Outcome PlaylistFiles::readNumbers(QList<quint16> &numbers) const
         return Outcome::Failed;
     }
     QSet<quint16> seen; // a list is trusted to hold no more numbers than there can be
-    while (true) {
+    // A file that could be read for ever ends where its size says.
+    for (qint64 left = list.size(); left >= PlaylistListRecord::Size;
+         left -= PlaylistListRecord::Size) {
         const QByteArray record = list.read(PlaylistListRecord::Size);
         if (record.size() != PlaylistListRecord::Size)
-            return Outcome::Done;
+            break;
         const quint16 number = PlaylistListRecord::number(record.constData());
         if (seen.contains(number))
             continue;
         seen.insert(number);
         numbers.append(number);
     }
+    return Outcome::Done;
 }
 
 bool PlaylistFiles::needsPathFile(quint16 number) const
@@ -118,39 +138,50 @@ PlaylistFiles::Outcome PlaylistFiles::savePaths(quint16 number,
     if (!isOwnFile(songsName) || !(isFree(pathsName) || isOwnFile(pathsName)))
         return Outcome::Nothing;
     QFile playlist(songsName);
-    RecordWriter paths(pathsName);
-    if (openExisting(playlist, QIODevice::ReadOnly) && paths.open()) {
-        const bool written = writePaths(playlist, entries, paths);
-        if (paths.close() && written && flushFolderOf(pathsName))
+    if (openExisting(playlist, QIODevice::ReadOnly)) {
+        const QByteArray bytes = pathsOf(playlist, entries);
+        if (playlist.error() == QFile::NoError &&
+            (holds(pathsName, bytes) || replace(pathsName, bytes)))
             return Outcome::Done;
-        QFile::remove(pathsName); // a part of the playlist would pass for all of it
     }
     logWarning() << "[PlaylistFiles::savePaths] Impossible to save the paths of" << songsName;
     return Outcome::Failed;
 }
 
-bool PlaylistFiles::writePaths(QFile &playlist, const QList<SongInfoIndex> &entries,
-                               RecordWriter &paths)
+QByteArray PlaylistFiles::pathsOf(QFile &playlist, const QList<SongInfoIndex> &entries)
 {
+    QByteArray paths;
     for (int song = 0; song < SongInfoIndex::MaxSongs; ++song) {
         const QByteArray record = playlist.read(PlaylistSongRecord::Size);
         if (record.size() != PlaylistSongRecord::Size)
             break;
         const quint32 id = PlaylistSongRecord::id(record.constData());
-        if (!paths.append(PlaylistPathRecord::encode(pathOfId(entries, id))))
-            return false;
+        const auto path = PlaylistPathRecord::encode(pathOfId(entries, id));
+        paths.append(path.data(), static_cast<qsizetype>(path.size()));
     }
-    return true;
+    return paths;
 }
 
-PlaylistFiles::Outcome PlaylistFiles::restoreIds(quint16 number, PathOrder &entries) const
+PlaylistFiles::Outcome PlaylistFiles::allowWriting(quint16 number) const
+{
+    QFile playlist(fileName(number, SongsSuffix));
+    if (!isOwnFile(playlist.fileName()))
+        return Outcome::Nothing;
+    if (openForWriting(playlist))
+        return Outcome::Done;
+    logWarning() << "[PlaylistFiles::allowWriting] Impossible to write playlist"
+                 << playlist.fileName();
+    return Outcome::Failed;
+}
+
+PlaylistFiles::Outcome PlaylistFiles::restoreIds(quint16 number, PathFinder &songs) const
 {
     QFile paths(fileName(number, PathsSuffix));
     QFile playlist(fileName(number, SongsSuffix));
     if (!isOwnFile(paths.fileName()) || !isOwnFile(playlist.fileName()))
         return Outcome::Nothing;
-    if (openExisting(paths, QIODevice::ReadOnly) && openExisting(playlist, QIODevice::ReadWrite)) {
-        writeIds(paths, entries, playlist);
+    if (openExisting(paths, QIODevice::ReadOnly) && openForWriting(playlist)) {
+        writeIds(paths, songs, playlist);
         if (flushToMedium(playlist) && playlist.error() == QFile::NoError)
             return Outcome::Done;
     }
@@ -159,14 +190,14 @@ PlaylistFiles::Outcome PlaylistFiles::restoreIds(quint16 number, PathOrder &entr
     return Outcome::Failed;
 }
 
-void PlaylistFiles::writeIds(QFile &paths, PathOrder &entries, QFile &playlist)
+void PlaylistFiles::writeIds(QFile &paths, PathFinder &songs, QFile &playlist)
 {
     for (int song = 0; song < SongInfoIndex::MaxSongs; ++song) {
         const QByteArray record = paths.read(PlaylistPathRecord::Size);
         if (record.size() != PlaylistPathRecord::Size)
             return;
         const QString path = PlaylistPathRecord::decode(record.constData());
-        const SongInfoIndex *const entry = entryOfPath(entries, path);
+        const SongInfoIndex *const entry = songs.find(path);
         if (entry != nullptr && !replaceNextId(playlist, entry->id))
             return;
     }

@@ -3,12 +3,12 @@
 
 #include "devindex/songinfoindex.h"
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 
-class PathOrder;
+class PathFinder;
 class QFile;
-class RecordWriter;
 
 /**
  * The playlists on one memory. They name songs by id; their path files name them by path. Of a
@@ -37,22 +37,25 @@ public:
 
     /**
      * Writes the playlist's path file from entries in ascending order of ids. A song that is not
-     * among them gets an empty path. After a failure there is no path file.
+     * among them gets an empty path. A path file that says the same already stays as it is. After
+     * a failure to write it there is none.
      */
     Outcome savePaths(quint16 number, const QList<SongInfoIndex> &entries) const;
 
+    /** Makes sure that the playlist can be written, without changing its bytes. */
+    Outcome allowWriting(quint16 number) const;
+
     /**
-     * Writes the entries' ids into the playlist, song by song of its path file. A song that is gone
+     * Writes the songs' ids into the playlist, song by song of its path file. A song that is gone
      * is passed over without a step in the playlist, so that the ids behind it land one record
      * earlier; the player's playlists have always been restored like this. A short read or write
      * ends it.
      */
-    Outcome restoreIds(quint16 number, PathOrder &entries) const;
+    Outcome restoreIds(quint16 number, PathFinder &songs) const;
 
 private:
-    static bool writePaths(QFile &playlist, const QList<SongInfoIndex> &entries,
-                           RecordWriter &paths);
-    static void writeIds(QFile &paths, PathOrder &entries, QFile &playlist);
+    static QByteArray pathsOf(QFile &playlist, const QList<SongInfoIndex> &entries);
+    static void writeIds(QFile &paths, PathFinder &songs, QFile &playlist);
     QString fileName(quint16 number, QLatin1String suffix) const;
 
     QString m_root;

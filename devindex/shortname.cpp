@@ -1,6 +1,11 @@
 #include "devindex/shortname.h"
 
+#include "devindex/companion.h"
+#include "storage/safefile.h"
+
 #include <QFileInfo>
+
+#include <algorithm>
 
 namespace
 {
@@ -30,10 +35,11 @@ QString numberedBase(const QString &stem, int number)
     return base + tail;
 }
 
-bool isTaken(const QString &path)
+/** An MP3 must not come to lie beside the karaoke pictures of another song. */
+bool isFreeFor(const QFileInfo &item, const QString &candidate)
 {
-    const QFileInfo item(path);
-    return item.exists() || item.isSymLink();
+    const QStringList pictures = item.isDir() ? QStringList() : companionPaths(candidate);
+    return !isTaken(candidate) && std::none_of(pictures.cbegin(), pictures.cend(), isTaken);
 }
 
 } // namespace
@@ -56,7 +62,7 @@ QString ShortNames::candidateFor(const QFileInfo &item)
     int &number = m_firstFree[folder + stem + suffix];
     for (number = std::max(number, 1); number <= MaxNumber; ++number) {
         QString candidate = folder + numberedBase(stem, number) + suffix;
-        if (!isTaken(candidate))
+        if (isFreeFor(item, candidate))
             return candidate;
     }
     return {};

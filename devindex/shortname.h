@@ -19,7 +19,7 @@ class ShortNames
 public:
     /**
      * The path of the first short name that no file or folder has, in the item's own folder; empty
-     * when all are taken.
+     * when all are taken. The short name of an MP3 is free for its karaoke pictures, too.
      */
     QString candidateFor(const QFileInfo &item);
 

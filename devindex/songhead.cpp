@@ -5,12 +5,17 @@
 #include "storage/diagnostics.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QtEndian>
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <memory>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
 
 namespace
 {
@@ -265,6 +270,21 @@ void setDefaults(const QString &fileName, SongInfoIndex &entry)
     entry.hasMarkers = 0;
 }
 
+/** The size of the opened file that lies at path; the limit for a larger one. */
+qsizetype sizeWithin(qsizetype limit, std::FILE *file, const QString &path)
+{
+#ifdef Q_OS_UNIX
+    Q_UNUSED(path)
+    struct stat status {
+    };
+    const qint64 size = ::fstat(::fileno(file), &status) == 0 ? qint64(status.st_size) : 0;
+#else
+    Q_UNUSED(file)
+    const qint64 size = QFileInfo(path).size();
+#endif
+    return static_cast<qsizetype>(std::min<qint64>(size, limit));
+}
+
 } // namespace
 
 QByteArray songHeadOf(const QString &path)
@@ -281,8 +301,10 @@ QByteArray songHeadOf(const QString &path)
         return {};
     }
     std::setvbuf(file.get(), nullptr, _IONBF, 0);
-    QByteArray head(SongHeadSize, Qt::Uninitialized);
-    const std::size_t size = std::fread(head.data(), 1, SongHeadSize, file.get());
+    // Some regular files have no size and can be read for ever, or wait for ever to be read.
+    QByteArray head(sizeWithin(SongHeadSize, file.get(), path), Qt::Uninitialized);
+    const std::size_t size =
+        std::fread(head.data(), 1, static_cast<std::size_t>(head.size()), file.get());
     head.truncate(static_cast<qsizetype>(size));
     return head;
 }

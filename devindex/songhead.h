@@ -9,7 +9,9 @@
 /** How much of a song file is looked at, in bytes. */
 constexpr int SongHeadSize = 3072;
 
-/** The first SongHeadSize bytes of a regular file, or all that it has; empty if it is unreadable.
+/**
+ * The first SongHeadSize bytes of a regular file, or as many as its size says; empty if it is
+ * unreadable.
  */
 QByteArray songHeadOf(const QString &path);
 

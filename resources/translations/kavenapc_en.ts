@@ -296,6 +296,14 @@ Songs that cannot be read: %4</translation>
         <translation>File not added, too many files in the memory: </translation>
     </message>
     <message>
+        <source>File non importato, il nome differisce da un altro solo per le maiuscole: </source>
+        <translation>File not added, its name differs from another one only in upper and lower case: </translation>
+    </message>
+    <message>
+        <source>File non rinominato, l&apos;ultimo salvataggio non è stato completato: </source>
+        <translation>File not renamed, its last save was not finished: </translation>
+    </message>
+    <message>
         <source>TITOLO</source>
         <translation>TITLE</translation>
     </message>

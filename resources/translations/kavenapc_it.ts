@@ -296,6 +296,14 @@ Song non leggibili: %4</translation>
         <translation>File non inserito, troppi file nella memoria: </translation>
     </message>
     <message>
+        <source>File non importato, il nome differisce da un altro solo per le maiuscole: </source>
+        <translation>File non inserito, il nome differisce da un altro solo per le maiuscole: </translation>
+    </message>
+    <message>
+        <source>File non rinominato, l&apos;ultimo salvataggio non è stato completato: </source>
+        <translation>File non rinominato, l&apos;ultimo salvataggio non è stato completato: </translation>
+    </message>
+    <message>
         <source>TITOLO</source>
         <translation>TITOLO</translation>
     </message>

@@ -296,6 +296,14 @@ Songs, die nicht lesbar sind: %4</translation>
         <translation>Datei nicht aufgenommen, zu viele Dateien im Speicher: </translation>
     </message>
     <message>
+        <source>File non importato, il nome differisce da un altro solo per le maiuscole: </source>
+        <translation>Datei nicht aufgenommen, der Name unterscheidet sich nur in Groß- und Kleinschreibung von einem anderen: </translation>
+    </message>
+    <message>
+        <source>File non rinominato, l&apos;ultimo salvataggio non è stato completato: </source>
+        <translation>Datei nicht umbenannt, das letzte Speichern wurde nicht beendet: </translation>
+    </message>
+    <message>
         <source>TITOLO</source>
         <translation>TITEL</translation>
     </message>

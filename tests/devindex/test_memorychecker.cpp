@@ -27,6 +27,7 @@ private slots:
     void removedChangedAndUnlistedSongsAreSeen();
     void lostPlaylistSongsAreSeen();
     void cutOffPlaylistsAreSeen();
+    void playlistsThatMeanOtherSongsAreSeen();
 
 private:
     static void fill(const DeviceMemory &memory);
@@ -170,6 +171,26 @@ void TestMemoryChecker::cutOffPlaylistsAreSeen()
         memory.add(file, memory.read(file).chopped(1));
         QVERIFY(memory.faults().contains(file + QStringLiteral(": 31 bytes are no whole records")));
     }
+}
+
+void TestMemoryChecker::playlistsThatMeanOtherSongsAreSeen()
+{
+    const DeviceMemory memory;
+    memory.isLeftBroken();
+    fill(memory);
+    const QString file = QStringLiteral("playlist/play0001.dat");
+    const auto record = [](int id) { return bigEndian(id, 4) + QByteArray(28, '\0'); };
+    memory.add(file, record(0) + record(2));
+    memory.notePlaylists();
+    QCOMPARE(memory.playlistFaults(), QString());
+    // Ids 2 and 3 are songs as well, but others.
+    for (const QByteArray &changed : {record(0) + record(3), record(2) + record(0), record(0)}) {
+        memory.add(file, changed);
+        QCOMPARE(memory.faults(), QString());
+        QVERIFY(memory.playlistFaults().contains(file + QLatin1Char(':')));
+    }
+    memory.remove(file);
+    QVERIFY(memory.playlistFaults().contains(QStringLiteral("the playlist is gone")));
 }
 
 QTEST_GUILESS_MAIN(TestMemoryChecker)

@@ -9,7 +9,8 @@ for each way in which that call can fail. After each time:
 
 - every song file is byte for byte the old one or the whole new one, and none is missing (where the
   program was killed, or the medium stayed dead: after the songs have been imported again);
-- a memory has its whole old index, a whole new one (check_memory.py is the judge) or none;
+- a memory has its whole old index, a whole new one (check_memory.py is the judge) or none, and the
+  next update makes a whole one; the playlists then mean the songs that they meant before;
 - the program has said that something failed, unless the job was done all the same;
 - no temporary file is left, unless the program was killed or could not remove it any more;
 - unless the program was killed, its flushes came in the right order (check_order.py), and it did
@@ -46,6 +47,8 @@ SAVES = (
     "a2.mp3:x",
 )
 JOBS = ["save:" + save for save in SAVES] + ["sync", "create", "rebuild", "update", "transfer", "backup"]
+
+INDEX_JOBS = ("create", "rebuild", "update", "transfer")
 
 # Which calls can fail in which way. A flush writes nothing, so it cannot write too little.
 CAN_FAIL = {
@@ -158,9 +161,10 @@ def is_temporary(path):
 class Judge:
     """Knows a job's folders before it and after it was done without a fault."""
 
-    def __init__(self, before, after):
+    def __init__(self, before, after, playlists):
         self.before = before
         self.after = after
+        self.playlists = playlists
         self.old = songs_of(before)
         self.new = songs_of(after)
 
@@ -185,11 +189,17 @@ class Judge:
         if set(index) != INDEX:
             return "none"
         if index == index_of(self.before):
+            playlist = "mnt/CARD/playlist/play0001.dat"
+            if self.playlists and tree[playlist][0] != self.before[playlist][0]:
+                raise Wrong("the playlist does not have the old index's ids")
             return "old"
-        faults = memory_faults(os.path.join(root, "mnt/CARD"), "[PlaylistFiles::" in said,
-                               "[Index::renameLongFileName]" in said)
-        if faults:
-            raise Wrong("the memory has an index that is not whole: " + "; ".join(faults))
+        checker = checked_memory(os.path.join(root, "mnt/CARD"),
+                                 "[Index::renameLongFileName]" in said)
+        if self.playlists:
+            checker.options.allow_changed = True  # the songs' titles, not the songs
+            checker.compare_playlists(self.playlists)
+        if checker.faults:
+            raise Wrong("the memory has an index that is not whole: " + "; ".join(checker.faults))
         return "new"
 
     def judge_temporaries(self, tree):
@@ -210,19 +220,19 @@ class Judge:
                      or index_of(self.after) == index_of(self.before)))
 
 
-def memory_faults(card, playlists_failed, renames_failed):
+def checked_memory(card, renames_failed):
     options = types.SimpleNamespace(
-        allow_changed=False, allow_missing=renames_failed, allow_lost_songs=playlists_failed,
+        allow_changed=False, allow_missing=renames_failed, allow_lost_songs=False,
         follow_links=False, list=False)
     checker = check_memory.Checker(card, options)
     checker.run()
-    return checker.faults
+    return checker
 
 
 class Run:
     """All faults of one job."""
 
-    def __init__(self, driver, root, job, before):
+    def __init__(self, driver, root, job, before, playlists):
         self.driver = driver
         self.root = root
         self.job = job
@@ -234,7 +244,7 @@ class Run:
         self.calls = check_order.counted(trace)
         self.must_be_noticed = check_order.must_be_noticed(trace)
         self.now = after = read_tree(root)
-        self.judge = Judge(self.before, after)
+        self.judge = Judge(self.before, after, playlists)
         self.done = 0
         self.made_room = 0  # runs in which an old song went first
         if end != "exit 0" or "result 1" not in said:
@@ -297,6 +307,8 @@ class Run:
                 if number in self.must_be_noticed and not FAILURE.search(said):
                     raise Wrong("the failure is passed over")
             self.judge_outcome(mode, said)
+            if self.job in INDEX_JOBS:
+                self.judge_repair()
         except Wrong as wrong:
             line = calls[number - 1] if number <= len(calls) else "?"
             raise Wrong(f"{self.job}, {mode} at call {number} ({line}): {wrong}\n{said}") from None
@@ -329,6 +341,15 @@ class Run:
         except check_order.WrongOrder as wrong:
             raise Wrong(f"{self.job}, order of the flushes: {wrong}") from None
 
+    def judge_repair(self):
+        """The next update finds everything that it needs for a whole index."""
+        end, said, _ = self.driver.run("update", self.root)
+        self.now = read_tree(self.root)
+        if end != "exit 0" or "result 1" not in said:
+            raise Wrong(f"the update after it fails: {end}\n{said}")
+        if self.judge.judge_index(self.now, self.root, said) != "new":
+            raise Wrong("there is no new index after the next update")
+
     def judge_recovery(self, told):
         for line in told.splitlines():
             if "The last save was cut off" in line and not re.search(r"library/[sp]\d+\.m", line):
@@ -346,7 +367,10 @@ def make_trees(driver, root):
         if item:
             tree[path] = (item[0], item[1] // 10**9 * 10**9)
     library = {path: item for path, item in tree.items() if path.startswith("library/")}
-    return {"all": tree, "library": library,
+    checker = checked_memory(os.path.join(root, "mnt/CARD"), True)  # the index is out of date
+    if len(checker.playlists) != 1:
+        raise Wrong("the memory has no playlist")
+    return {"all": tree, "library": library, "playlists": checker.playlists,
             "no index": {path: item for path, item in tree.items()
                          if os.path.basename(path) not in INDEX}}
 
@@ -440,13 +464,16 @@ def test(options, work):
         if not job.startswith(options.job):
             continue
         start = time.monotonic()
-        run = Run(driver, root, job, start_of(job, trees))
+        # Without any index nobody knows which songs the playlists mean.
+        playlists = {} if job == "create" else trees["playlists"]
+        run = Run(driver, root, job, start_of(job, trees), playlists)
         runs = run.all_modes()
         print(f"{job}: {len(run.calls)} calls, {runs} faults, {run.done} times done all the same, "
               f"{time.monotonic() - start:.1f} s")
         if disk:
             disk.empty()
-            small = Run(driver, os.path.join(disk.folder, "root"), job, start_of(job, trees))
+            small = Run(driver, os.path.join(disk.folder, "root"), job, start_of(job, trees),
+                        playlists)
             print(f"    done with {full_disk_runs(small, disk)} free pages, "
                   f"{small.made_room} times an old song went first")
             if job == "transfer" and small.made_room == 0:

@@ -124,8 +124,25 @@ public:
 
     QString faults(const QStringList &options = {}) const { return faultsAt(root(), options); }
 
+    /**
+     * Notes which songs the playlists mean; from now on whatever index is judged must leave them
+     * meaning the same. The index must be consistent.
+     */
+    void notePlaylists() const
+    {
+        const QString note = m_notes.filePath(QStringLiteral("playlists"));
+        const QString found = faults({QStringLiteral("--save-playlists"), note});
+        if (!found.isEmpty())
+            QTest::qFail(qPrintable(found), __FILE__, __LINE__);
+        m_options += {QStringLiteral("--playlists-before"), note};
+    }
+
+    /** What is wrong with the index, or with the songs that the playlists mean by now. */
+    QString playlistFaults() const { return faults(m_options); }
+
 private:
     QTemporaryDir m_folder;
+    QTemporaryDir m_notes;
     mutable bool m_isLeftBroken = false;
     mutable QStringList m_options;
 };

@@ -5,6 +5,8 @@
     check_memory.py --serve
 
 Prints one line for each fault, and with --list the songs as the player's title list shows them.
+Ids say nothing about which song a playlist means: --save-playlists notes the songs behind them in a
+file, and --playlists-before compares the playlists of a later index with it.
 Exit status: 0 the index is consistent, 1 it has faults, 2 there is no complete index (the player
 then finds no songs at all, which is no fault), 3 wrong usage.
 
@@ -16,7 +18,9 @@ the one that writes the index.
 """
 
 import argparse
+import json
 import os
+import re
 import struct
 import sys
 import time
@@ -27,6 +31,8 @@ INDEX_FILES = (
 ).split()
 SONG_SUFFIXES = {"mid", "kar", "mf3", "mf4", "mf5", "mp3"}
 PLAYER_FOLDERS = {"sfx", "bridge"}
+HIDDEN_FOLDER = re.compile(
+    r"\..*|system volume information|\$recycle\.bin|found\.[0-9]{3}|lost\.dir|recycler", re.I)
 MAX_SONGS = 65535
 MAX_PATH = 45
 NO_OFFSET = 0xFFFFFFFF
@@ -43,6 +49,7 @@ class Checker:
         self.songs = []  # (id, path bytes, date, time) by record number
         self.records = {}  # id: the song record in the title file
         self.groups = {"artist": {}, "genre": {}}  # id: the text of the song's group
+        self.playlists = {}  # file name: [path, title] of each song, None for a song that is gone
 
     def fault(self, text):
         self.faults.append(text)
@@ -100,17 +107,20 @@ class Checker:
                 self.fault(f"{where}: changed at {stamps}, listed with {digits.decode()}")
             self.songs.append((song_id, path))
         if not self.options.allow_missing:
+            # The player tells no upper case from lower case: one of such files is enough.
+            listed = {fold_text(path.decode("cp850")) for path in seen}
             for path in found:
-                if path not in seen:
+                if fold_text(path.decode("cp850")) not in listed:
                     self.fault(f"{path.decode('cp850')}: a song that is not listed")
 
     def song_files(self):
         """Every song file that the index can list: path bytes and times of change."""
         found = {}
-        folded = set()
         for folder, subfolders, names in os.walk(self.root, followlinks=self.options.follow_links):
             subfolders[:] = [
-                name for name in subfolders if name.lower() not in PLAYER_FOLDERS and name[0] != "."
+                name
+                for name in subfolders
+                if name.lower() not in PLAYER_FOLDERS and not HIDDEN_FOLDER.fullmatch(name)
             ]
             for name in names:
                 if name.startswith(".") or name.rpartition(".")[2].lower() not in SONG_SUFFIXES:
@@ -119,9 +129,6 @@ class Checker:
                 path = full[len(self.root) :]
                 if len(path) > MAX_PATH or not os.path.isfile(full):
                     continue
-                if path.lower() in folded:
-                    continue  # the player tells no upper case from lower case
-                folded.add(path.lower())
                 stamp = time.strftime("%Y%m%d%H%M%S", time.localtime(os.stat(full).st_mtime))
                 found.setdefault(path.encode("cp850", "replace"), []).append(stamp)
         return found
@@ -269,23 +276,53 @@ class Checker:
             data = self.read("playlist/playlist.dat")
         except OSError:
             return
-        known = {song[0] for song in self.songs}
         if len(data) % 32:
             self.fault(f"playlist/playlist.dat: {len(data)} bytes are no whole records")
+        paths = {song[0]: song[1].decode("cp850") for song in self.songs}
         for pos in range(0, len(data) - 31, 32):
             low, high = struct.unpack("bB", data[pos : pos + 2])
             name = f"playlist/play{(high * 256 + low) % 65536:04}.dat"
             try:
-                songs = self.read(name)
+                records = self.read(name)
             except OSError:
                 continue
-            if len(songs) % 32:
-                self.fault(f"{name}: {len(songs)} bytes are no whole records")
-            for song in range(len(songs) // 32):
-                song_id = int.from_bytes(songs[32 * song : 32 * song + 4], "big")
-                if song_id not in known and not self.options.allow_lost_songs:
+            if len(records) % 32:
+                self.fault(f"{name}: {len(records)} bytes are no whole records")
+            songs = self.playlists[name] = []
+            for song in range(len(records) // 32):
+                song_id = int.from_bytes(records[32 * song : 32 * song + 4], "big")
+                if song_id in paths:
+                    songs.append([paths[song_id], self.title_of(song_id)])
+                    continue
+                songs.append(None)
+                if not self.options.allow_lost_songs:
                     self.fault(f"{name} song {song}: id {song_id} is not on the memory")
 
+    def title_of(self, song_id):
+        return self.records.get(song_id, bytes(32))[4:30].split(b"\0")[0].decode("latin-1")
+
+    def compare_playlists(self, before):
+        """Says where the playlists do not mean the songs any more that they meant before."""
+        left = {fold_text(song[1].decode("cp850")) for song in self.songs}
+        for name, songs in before.items():
+            if name not in self.playlists:
+                self.fault(f"{name}: the playlist is gone")
+                continue
+            now = self.playlists[name]
+            if len(now) != len(songs):
+                self.fault(f"{name}: {len(now)} songs, {len(songs)} before")
+            # The record of a song that is gone keeps its id, or the songs behind it move up.
+            wanted = [song for song in songs if song and fold_text(song[0]) in left]
+            found = [song for song in now if song]
+            for place, song in enumerate(wanted):
+                meant = found[place] if place < len(found) else None
+                if meant is None or not self.is_same_song(song, meant):
+                    self.fault(f"{name}: {meant} instead of {song}")
+                    break
+
+    def is_same_song(self, before, now):
+        return fold_text(before[0]) == fold_text(now[0]) and (
+            self.options.allow_changed or before[1] == now[1])
 
     # What the player shows
 
@@ -304,6 +341,10 @@ def fold(text):
     return [char.lower() for char in text]
 
 
+def fold_text(text):
+    return "".join(fold(text))
+
+
 def path_key(path):
     """The bytes by which the player orders paths: upper case, except that "ß" stays."""
     text = path.decode("cp850")
@@ -319,6 +360,8 @@ def check(arguments):
     parser.add_argument("--allow-lost-songs", action="store_true", help="playlists may name them")
     parser.add_argument("--follow-links", action="store_true", help="songs behind symbolic links")
     parser.add_argument("--list", action="store_true", help="print the songs by title")
+    parser.add_argument("--save-playlists", metavar="FILE", help="note the playlists' songs there")
+    parser.add_argument("--playlists-before", metavar="FILE", help="the songs that were noted")
     try:
         options = parser.parse_args(arguments)
     except SystemExit as stop:
@@ -329,6 +372,12 @@ def check(arguments):
         return 2
     checker = Checker(root, options)
     checker.run()
+    if options.save_playlists:
+        with open(options.save_playlists, "w", encoding="utf-8") as file:
+            json.dump(checker.playlists, file)
+    if options.playlists_before:
+        with open(options.playlists_before, encoding="utf-8") as file:
+            checker.compare_playlists(json.load(file))
     if options.list:
         checker.list_songs()
     for fault in checker.faults[:MOST_LINES]:

@@ -1,0 +1,13 @@
+// Folders of a memory in which no songs are looked for.
+#pragma once
+
+#include <QString>
+
+/** True for the name of a folder that belongs to the player. */
+bool isPlayerFolder(const QString &name);
+
+/**
+ * True for the name of a folder that operating systems and players keep for themselves: deleted
+ * files, what a repair found, and the like. Only some systems show them as hidden.
+ */
+bool isSystemFolder(const QString &name);
