@@ -1,6 +1,7 @@
 #include "devindex/filecopier.h"
 
 #include "devindex/companion.h"
+#include "devindex/writeproblem.h"
 #include "formats/diagnostics.h"
 #include "formats/safefile.h"
 #include "library/nocopyrightdialog.h"
@@ -92,13 +93,13 @@ bool FileCopier::copyFiles(const QStringList &files, const QString &dest, int &c
         }
         logDebug() << "Copying file:" << source << "to:" << target;
         if (exists && !mayReplace(target)) {
-            ++m_report.skipped;
+            m_report.skipped.append(source);
             continue;
         }
         if (copySong(source, target, exists))
             ++m_report.copied;
         else
-            m_report.failed.append(source);
+            m_report.failed.append({source, m_reason});
         progress.updateProgress(processed);
     }
     copied = m_report.copied;
@@ -143,13 +144,28 @@ bool FileCopier::mayReplace(const QString &target)
 
 bool FileCopier::copySong(const QString &source, const QString &target, bool replace)
 {
-    if (!copyFile(source, target, replace))
+    if (!copyFile(source, target, replace)) {
+        m_reason = whyNotCopied(source, target, replace);
         return false;
+    }
     const QString companion = companionOf(source);
     if (companion.isEmpty())
         return true;
     const QString besideTarget = companionTarget(companion, target);
-    return isSameFile(companion, besideTarget) || copyFile(companion, besideTarget, replace);
+    if (isSameFile(companion, besideTarget) || copyFile(companion, besideTarget, replace))
+        return true;
+    m_reason = companion.section(QLatin1Char('/'), -1) + QLatin1String(": ") +
+               whyNotCopied(companion, besideTarget, replace);
+    return false;
+}
+
+/** The cause, from what is to be seen after the failure. */
+QString FileCopier::whyNotCopied(const QString &source, const QString &target, bool replace)
+{
+    const QFileInfo there(target);
+    if (!replace && isTaken(target) && !there.isDir() && QFileInfo::exists(source))
+        return tr("esiste già un file con questo nome");
+    return WriteProblem::whyNotCopied(source, target);
 }
 
 /**

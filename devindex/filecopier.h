@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -32,11 +33,17 @@ public:
     /** Asks whether the target may be replaced; answers as NoCopyrightDialog::Answer. */
     using AskReplace = std::function<int(const QString &target)>;
 
+    /** A file that was not copied, and why in a few words. */
+    struct Failure {
+        QString source;
+        QString reason;
+    };
+
     /** What became of the files of a list. */
     struct Report {
-        int copied = 0;     ///< also when the user stopped it later
-        int skipped = 0;    ///< files that the user kept
-        QStringList failed; ///< the sources
+        int copied = 0;      ///< also when the user stopped it later
+        QStringList skipped; ///< the sources of the files that the user kept
+        QList<Failure> failed;
     };
 
     explicit FileCopier(AskReplace askReplace = &FileCopier::showReplaceQuestion);
@@ -76,11 +83,13 @@ private:
     bool copyFile(const QString &source, const QString &target, bool replace);
     Copy copyBytes(const QString &source, const QString &part, bool replace);
     qint64 readChunk(QFile &in, qint64 left);
+    static QString whyNotCopied(const QString &source, const QString &target, bool replace);
 
     const AskReplace m_askReplace;
     bool m_ask = true;         ///< false after an "all" answer
     bool m_replaceAll = false; ///< that answer
     Report m_report;
+    QString m_reason; ///< why the last song was not copied
     QByteArray m_buffer;
     KeepAlive m_keepAlive;
 };
