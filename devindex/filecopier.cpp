@@ -1,6 +1,7 @@
 #include "devindex/filecopier.h"
 
 #include "devindex/companion.h"
+#include "devindex/unfinishedcopy.h"
 #include "devindex/writeproblem.h"
 #include "formats/diagnostics.h"
 #include "formats/safefile.h"
@@ -21,9 +22,6 @@ constexpr qint64 clusterSize = 32768;
 
 /** Read and written at once; between two of these the windows get their turn. */
 constexpr qsizetype chunkSize = 262144;
-
-/** A copy that is not whole yet; with no song's suffix, so that nobody takes it for a song. */
-constexpr QLatin1String partSuffix("kavena-part");
 
 QString targetOf(const QString &source, const QString &dest)
 {
@@ -77,6 +75,7 @@ bool FileCopier::copyFiles(const QStringList &files, const QString &dest, int &c
     copied = 0;
     int processed = 0;
     m_report = {};
+    unfinishedcopy::removeLeftovers(dest);
     m_ask = true;
     m_replaceAll = false;
 
@@ -174,7 +173,7 @@ QString FileCopier::whyNotCopied(const QString &source, const QString &target, b
  */
 bool FileCopier::copyFile(const QString &source, const QString &target, bool replace)
 {
-    const QString part = hiddenBeside(target, partSuffix);
+    const QString part = unfinishedcopy::pathFor(target);
     const auto refuse = [&target](const char *reason) {
         logWarning() << "[FileCopier::copyFile] Impossible to copy," << reason << target;
         return false;
@@ -210,8 +209,6 @@ FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &par
         return Copy::NoSource;
 
     QFile out(part);
-    if (isTaken(part))
-        out.remove(); // left behind when the program ended in the middle of a copy
     if (!out.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
         return Copy::Failed;
     while (count > 0 && out.write(m_buffer.constData(), count) == count) {

@@ -1,6 +1,7 @@
 // Copying song files: order and counters, questions, companions, failures that lose nothing.
 #include "devindex/copyingprogress.h"
 #include "devindex/filecopier.h"
+#include "formats/safefile.h"
 #include "library/nocopyrightdialog.h"
 #include "support/faults.h"
 #include "support/logcapture.h"
@@ -9,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -61,6 +63,9 @@ private slots:
     void incompleteCopyIsRemoved();
     void targetStaysUntilItsSuccessorIsWhole();
     void whatACutOffCopyLeftIsReplaced();
+    void copiesAtTheSameTimeNeverShareAnUnfinishedFile();
+    void unfinishedFileOfARunningProgramIsLeftAlone_data();
+    void unfinishedFileOfARunningProgramIsLeftAlone();
     void linkToNothingIsNoFreeName();
     void longNamesAreCopied();
     void emptyAndBigFilesArriveByteForByte_data();
@@ -530,6 +535,70 @@ void TestFileCopier::whatACutOffCopyLeftIsReplaced()
              QStringList({QStringLiteral("a.mid"), QStringLiteral("b.mid")}));
     QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("a"));
     QCOMPARE(read(QStringLiteral("precious")), QByteArray("precious"));
+}
+
+void TestFileCopier::copiesAtTheSameTimeNeverShareAnUnfinishedFile()
+{
+    const QByteArray first(96 * 1024 * 1024, '1');
+    const QByteArray second(1000, '2');
+    QVERIFY(QDir().mkdir(path(QStringLiteral("lib/other"))));
+    const QString source = write(QStringLiteral("lib/a.mid"), first);
+    const QString other = write(QStringLiteral("lib/other/a.mid"), second);
+    // The timer stands for another program: it fires while the first song is being copied.
+    bool otherCopied = false;
+    QByteArray arrived;
+    const auto copyOther = [&] {
+        CopyingProgress progress;
+        int copied = 0;
+        const auto replace = [](const QString &) { return int(NoCopyrightDialog::Yes); };
+        otherCopied = FileCopier(replace).copyFiles({other}, m_dest, copied, progress);
+        arrived = read(QStringLiteral("dest/a.mid"));
+    };
+    QTimer::singleShot(0, this, [&] { QTimer::singleShot(1, this, copyOther); });
+    write(QStringLiteral("dest/a.mid"), "old");
+    QVERIFY(copy({source}, {NoCopyrightDialog::Yes}));
+    QVERIFY(otherCopied);
+    QCOMPARE(arrived, second);
+    QCOMPARE(read(QStringLiteral("dest/a.mid")), first);
+    QCOMPARE(QDir(m_dest).entryList(QDir::Files | QDir::Hidden),
+             QStringList(QStringLiteral("a.mid")));
+}
+
+void TestFileCopier::unfinishedFileOfARunningProgramIsLeftAlone_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("held");
+    QTest::addColumn<bool>("stays");
+    const QString own = QString::number(QCoreApplication::applicationPid());
+    QProcess ended;
+    ended.start(QStringLiteral("true"), QStringList());
+    QVERIFY(ended.waitForStarted());
+    const QString gone = QString::number(ended.processId());
+    QVERIFY(ended.waitForFinished());
+    QTest::newRow("held") << ".a.mid.kavena-part" << true << true;
+    QTest::newRow("held by nobody") << ".b.mid.kavena-part" << false << false;
+    QTest::newRow("running") << QStringLiteral(".a.mid.%1-1000.kavena-part").arg(own) << false
+                             << true;
+    QTest::newRow("ended") << QStringLiteral(".a.mid.%1-1.kavena-part").arg(gone) << false << false;
+    QTest::newRow("not ours") << ".a.mid.part" << false << true;
+    QTest::newRow("not hidden") << "a.mid.kavena-part" << false << true;
+}
+
+void TestFileCopier::unfinishedFileOfARunningProgramIsLeftAlone()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, held);
+    QFETCH(bool, stays);
+    const QString part = write(QStringLiteral("dest/") + name, "half of another song");
+    QFile others(part);
+    QVERIFY(others.open(QIODevice::ReadWrite));
+    QVERIFY(!held || holdFile(others));
+    QVERIFY(copy({write(QStringLiteral("lib/a.mid"), "a")}));
+    QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("a"));
+    QCOMPARE(QFileInfo::exists(part), stays);
+    if (stays)
+        QCOMPARE(read(QStringLiteral("dest/") + name), QByteArray("half of another song"));
+    QCOMPARE(QDir(m_dest).entryList(QDir::Files | QDir::Hidden).size(), stays ? 2 : 1);
 }
 
 void TestFileCopier::linkToNothingIsNoFreeName()
