@@ -6,6 +6,7 @@
 #include "formats/safefile.h"
 #include "library/nocopyrightdialog.h"
 #include "support/faults.h"
+#include "support/smallmemory.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -16,7 +17,6 @@
 
 #include <cstdio>
 #include <memory>
-#include <sys/mount.h>
 #include <sys/stat.h>
 
 namespace
@@ -34,29 +34,6 @@ int holdUntilInputEnds(const QString &root)
     }
     return 0;
 }
-
-/** Mounts a small file system of its own on the folder, where that is allowed (root only). */
-class SmallMemory
-{
-public:
-    SmallMemory(const QString &folder, unsigned long flags, const char *options)
-        : m_folder(QFile::encodeName(folder))
-        , m_mounted(::mount("tmpfs", m_folder.constData(), "tmpfs", flags, options) == 0)
-    {
-    }
-    ~SmallMemory()
-    {
-        if (m_mounted)
-            ::umount2(m_folder.constData(), MNT_DETACH);
-    }
-    Q_DISABLE_COPY_MOVE(SmallMemory)
-
-    bool isMounted() const { return m_mounted; }
-
-private:
-    const QByteArray m_folder;
-    const bool m_mounted;
-};
 
 } // namespace
 
