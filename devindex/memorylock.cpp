@@ -98,7 +98,7 @@ MemoryLock::Attempt MemoryLock::create()
         m_file.resize(0);
         m_written.clear();
     }
-    if (content() == m_written && isTaken(m_path))
+    if (content() == m_written)
         return Attempt::Taken;
     m_file.close();
     return Attempt::Again;
@@ -133,18 +133,22 @@ void MemoryLock::release()
 {
     if (!m_file.isOpen())
         return;
-    // After the stick was pulled, another one's lock may lie under the same path.
-    if (content() == m_written) {
+    // After the stick was pulled, another one's lock may lie under the same path. What cannot be
+    // read is ours for all that is known; a leftover would do no harm, but stay on the memory.
+    if (content().value_or(m_written) == m_written) {
         QFile::remove(m_path);
         flushFolderOf(m_path);
     }
     m_file.close();
 }
 
-QByteArray MemoryLock::content() const
+/** What lies under the lock's name now; nothing when it cannot be read. */
+std::optional<QByteArray> MemoryLock::content() const
 {
     QFile file(m_path);
-    return file.open(QIODevice::ReadOnly) ? file.read(largestContent) : QByteArray();
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return file.read(largestContent);
 }
 
 QString MemoryLock::message() const

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QString>
 
+#include <optional>
+
 /**
  * Whoever writes to a memory holds its lock meanwhile: a hidden file in the memory's root that says
  * who holds it. The operating system keeps the hold on the open file, so that it ends with the
@@ -50,7 +52,7 @@ private:
 
     Attempt create();
     Attempt examine();
-    QByteArray content() const;
+    std::optional<QByteArray> content() const;
 
     const QString m_root;
     const QString m_path;
