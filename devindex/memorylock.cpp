@@ -136,7 +136,9 @@ void MemoryLock::release()
     // After the stick was pulled, another one's lock may lie under the same path. What cannot be
     // read is ours for all that is known; a leftover would do no harm, but stay on the memory.
     if (content().value_or(m_written) == m_written) {
-        QFile::remove(m_path);
+        // A second time, for a medium that only stumbled.
+        if (!QFile::remove(m_path) && !QFile::remove(m_path))
+            logWarning() << "[MemoryLock::release] Impossible to remove" << m_path;
         flushFolderOf(m_path);
     }
     m_file.close();
