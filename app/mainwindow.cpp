@@ -538,16 +538,25 @@ void MainWindow::on_transferFilesToolButton_clicked()
 {
     if (m_busy)
         return;
+    const bool couldSynchronise = ui->updateDataToolButton->isEnabled();
     disableActionButtons();
-    transferFiles();
+    if (!transferSelectedFiles())
+        ui->updateDataToolButton->setEnabled(couldSynchronise);
     ui->transferFilesToolButton->setEnabled(true);
 }
 
 void MainWindow::transferFiles()
 {
+    transferSelectedFiles();
+}
+
+/** False when the user changed his mind or the folder was refused. */
+bool MainWindow::transferSelectedFiles()
+{
     const BusyGuard busy(m_busy);
     TransferDialogs dialogs(this);
-    Transfer(dialogs, openProgress()).transferFiles(m_selectedFiles);
+    const auto outcome = Transfer(dialogs, openProgress()).transferFiles(m_selectedFiles);
+    return outcome != Transfer::Outcome::NotStarted;
 }
 
 bool MainWindow::copyFiles(const QString &dest, int &copied)

@@ -156,6 +156,7 @@ private:
     bool askToProceed(int valid, int kravo, int bad);
     Synchronisation synchronisation();
     SongEditor songEditor();
+    bool transferSelectedFiles();
     OpenProgress openProgress();
     void saveTestCopy(MetaSong &song, const QString &fileName);
     void deleteRowsFile(int row);

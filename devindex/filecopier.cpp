@@ -8,6 +8,7 @@
 #include "storage/leftovers.h"
 #include "storage/safefile.h"
 #include "storage/songjournal.h"
+#include "storage/writeproblem.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -68,18 +69,22 @@ bool FileCopier::copyFiles(const QStringList &files, const QString &dest, int &c
     copied = 0;
     m_report = {};
     Leftovers().tidy(dest);
-    m_songs = QList<Song>(files.size(), Song::NotReached);
+    m_songs.clear();
+    for (const QString &source : files)
+        m_songs.append({source, targetOf(source, dest), State::NotReached, {}});
     m_batch = std::make_unique<CopyBatch>(dest);
     m_replace = RememberedAnswer();
 
     const bool toTheEnd = copyAll(files, dest, progress);
     settle();
-    for (qsizetype i = 0; i < files.size(); ++i) {
-        if (m_songs.at(i) == Song::Failed)
-            m_report.failed.append(files.at(i));
+    for (const Song &song : std::as_const(m_songs)) {
+        if (song.state == State::Copied)
+            ++m_report.copied;
+        else if (song.state == State::Skipped)
+            m_report.skipped.append(song.source);
+        else if (song.state == State::Failed)
+            m_report.failed.append({song.source, song.reason});
     }
-    m_report.copied = static_cast<int>(m_songs.count(Song::Copied));
-    m_report.skipped = static_cast<int>(m_songs.count(Song::Skipped));
     if (!toTheEnd)
         return false;
     copied = m_report.copied;
@@ -99,17 +104,17 @@ bool FileCopier::copyAll(const QStringList &files, const QString &dest, Progress
             settle();
         const bool exists = QFileInfo::exists(target);
         if (source == target || (exists && isSameFile(source, target))) {
-            m_songs[i] = Song::Copied;
+            m_songs[i].state = State::Copied;
             continue;
         }
         logDebug() << "Copying file:" << source << "to:" << target;
         if (exists && !m_replace.isYes([&] { return m_askReplace(target); })) {
-            m_songs[i] = Song::Skipped;
+            m_songs[i].state = State::Skipped;
             continue;
         }
-        m_songs[i] = Song::Copied;
+        m_songs[i].state = State::Copied;
         if (!copySong(i, source, target, exists))
-            m_songs[i] = Song::Failed;
+            m_songs[i].state = State::Failed;
         progress.updateProgress(i + 1);
     }
     return true;
@@ -124,8 +129,11 @@ void FileCopier::settle()
             failed = m_batch->settle();
             return true;
         });
-    for (const int song : std::as_const(failed))
-        m_songs[song] = Song::Failed;
+    for (const int number : std::as_const(failed)) {
+        Song &song = m_songs[number];
+        song.state = State::Failed;
+        song.reason = WriteProblem::whyNotCopied(song.source, song.target);
+    }
 }
 
 qint64 FileCopier::roomNeeded(const QStringList &files, const QString &dest)
@@ -145,13 +153,28 @@ qint64 FileCopier::roomNeeded(const QStringList &files, const QString &dest)
 
 bool FileCopier::copySong(int song, const QString &source, const QString &target, bool replace)
 {
-    if (!copyFile(song, source, target, replace))
+    if (!copyFile(song, source, target, replace)) {
+        m_songs[song].reason = whyNotCopied(source, target, replace);
         return false;
+    }
     const QString companion = companionOf(source);
     if (companion.isEmpty())
         return true;
     const QString besideTarget = companionTarget(companion, target);
-    return isSameFile(companion, besideTarget) || copyFile(song, companion, besideTarget, replace);
+    if (isSameFile(companion, besideTarget) || copyFile(song, companion, besideTarget, replace))
+        return true;
+    m_songs[song].reason = companion.section(QLatin1Char('/'), -1) + QLatin1String(": ") +
+                           whyNotCopied(companion, besideTarget, replace);
+    return false;
+}
+
+/** The cause, from what is to be seen after the failure. */
+QString FileCopier::whyNotCopied(const QString &source, const QString &target, bool replace)
+{
+    const QFileInfo there(target);
+    if (!replace && isTaken(target) && !there.isDir() && QFileInfo::exists(source))
+        return tr("esiste già un file con questo nome");
+    return WriteProblem::whyNotCopied(source, target);
 }
 
 /**

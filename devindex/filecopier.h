@@ -37,11 +37,17 @@ public:
     /** Asks whether the target may be replaced. */
     using AskReplace = std::function<Answer(const QString &target)>;
 
+    /** A file that was not copied, and why in a few words. */
+    struct Failure {
+        QString source;
+        QString reason;
+    };
+
     /** What became of the files of a list. */
     struct Report {
-        int copied = 0;     ///< also when the user stopped it later
-        int skipped = 0;    ///< files that the user kept
-        QStringList failed; ///< the sources
+        int copied = 0;      ///< also when the user stopped it later
+        QStringList skipped; ///< the sources of the files that the user kept
+        QList<Failure> failed;
     };
 
     explicit FileCopier(AskReplace askReplace);
@@ -76,7 +82,14 @@ public:
 private:
     enum class Copy { Done, NoSource, NoRoom, Failed };
 
-    enum class Song { NotReached, Copied, Skipped, Failed };
+    enum class State { NotReached, Copied, Skipped, Failed };
+
+    struct Song {
+        QString source;
+        QString target;
+        State state = State::NotReached;
+        QString reason; ///< why it failed
+    };
 
     bool copyAll(const QStringList &files, const QString &dest, Progress &progress);
     void settle();
@@ -85,6 +98,7 @@ private:
     static bool giveUp(const QString &target);
     Copy copyBytes(const QString &source, const QString &target, QFile &part);
     qint64 readChunk(QFile &in, qint64 left);
+    static QString whyNotCopied(const QString &source, const QString &target, bool replace);
 
     const AskReplace m_askReplace;
     RememberedAnswer m_replace;

@@ -9,8 +9,20 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
+
+namespace
+{
+
+QString fileNameOf(const QString &path)
+{
+    return path.section(QLatin1Char('/'), -1);
+}
+
+} // namespace
 
 Transfer::Transfer(TransferQuestions &questions, OpenProgress openProgress, FreeBytes freeBytes)
     : m_questions(questions)
@@ -21,8 +33,20 @@ Transfer::Transfer(TransferQuestions &questions, OpenProgress openProgress, Free
 
 Transfer::Outcome Transfer::transferFiles(const QStringList &files)
 {
-    const QString dest = chooseDestination();
-    if (dest.isEmpty() || !hasRoom(files, dest))
+    QString dest = chooseDestination();
+    if (dest.isEmpty())
+        return Outcome::NotStarted;
+    const QString root = m_volumes.getRootDrivePath(dest);
+    const bool isRoot = m_volumes.isRoot(dest);
+    MemoryLock lock(root);
+    if (!takeLock(lock, tr("Trasferimento"), isRoot))
+        return Outcome::NotStarted;
+    if (isRoot) {
+        dest += QStringLiteral("/songs");
+        if (!makeSongsFolder(dest))
+            return Outcome::NotStarted;
+    }
+    if (!hasRoom(files, dest))
         return Outcome::NotStarted;
 
     logDebug() << "============================================";
@@ -30,7 +54,8 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
     logDebug() << "============================================";
     FileCopier copier([this](const QString &target) { return m_questions.askReplace(target); });
     const bool copied = copyFiles(files, dest, copier);
-    const bool indexed = updateKavenaIndex(dest);
+    const bool indexed = updateIndex(root);
+    lock.release(); // who reads the outcome may pull the memory
 
     const bool complete = copied && indexed;
     if (complete)
@@ -46,6 +71,14 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
 bool Transfer::updateKavenaIndex(const QString &path)
 {
     const QString root = m_volumes.getRoot(path);
+    if (!QFileInfo::exists(root))
+        return false;
+    MemoryLock lock(root);
+    return takeLock(lock, tr("Aggiornamento"), false) && updateIndex(root);
+}
+
+bool Transfer::updateIndex(const QString &root)
+{
     if (!QFileInfo::exists(root))
         return false;
     // The number of songs is not known before the scan has found them: 0 shows a busy bar.
@@ -71,29 +104,56 @@ QString Transfer::chooseDestination()
     const QString chosen = m_questions.chooseFolder(tr("Scegli cartella"), m_volumes.startFolder());
     if (chosen.isEmpty())
         return {};
-    QString dest = QDir::cleanPath(chosen);
+    const QString dest = QDir::cleanPath(chosen);
 
     if (m_volumes.isSystemDisk(dest)) {
         m_questions.warn(title, tr("Non è possibile copiare i file sul disco di sistema"));
         return {};
     }
-    if (m_volumes.isRoot(dest)) {
-        // Not mkpath: a memory that was pulled must not come back as a folder of the system disk.
-        const QString songs = dest + QStringLiteral("/songs");
-        if (!QFileInfo(songs).isDir() && !makeFolder(songs)) {
-            m_questions.warn(title, tr("Non è possibile copiare i file sulla cartella principale, "
-                                       "creare o selezionare una sottocartella"));
-            return {};
-        }
-        dest = songs;
-    }
-    if (isReserved(dest)) {
+    if (!m_volumes.isRoot(dest) && isReserved(dest)) {
         m_questions.warn(title, tr("Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST "
                                    "perchè sono riservate per funzionalità specifiche di Kavena, "
                                    "selezionare un'altra cartella"));
         return {};
     }
     return dest;
+}
+
+/** False when the memory must be left as it is; the user has been told why. */
+bool Transfer::takeLock(MemoryLock &lock, const QString &title, bool isRoot)
+{
+    if (lock.take())
+        return true;
+    m_questions.warn(title, isRoot && !lock.isHeldByOther() ? whyNotIntoRoot(lock.problem())
+                                                            : lock.message());
+    return false;
+}
+
+/** False when there is no such folder now; the user has been told why. */
+bool Transfer::makeSongsFolder(const QString &songs)
+{
+    if (QFileInfo(songs).isDir())
+        return true;
+    // No folders above it: a memory that was pulled must not come back as one of the system disk.
+    std::error_code error;
+    if (std::filesystem::create_directory(QFileInfo(songs).filesystemFilePath(), error))
+        return true;
+    WriteProblem::Kind problem = WriteProblem::Unknown;
+    if (error == std::errc::read_only_file_system)
+        problem = WriteProblem::ReadOnly;
+    if (error == std::errc::no_space_on_device)
+        problem = WriteProblem::Full;
+    m_questions.warn(tr("Trasferimento"), whyNotIntoRoot(problem));
+    return false;
+}
+
+/** A sub-folder would help, but not on a memory to which nothing at all can be written. */
+QString Transfer::whyNotIntoRoot(WriteProblem::Kind problem)
+{
+    if (problem == WriteProblem::ReadOnly || problem == WriteProblem::Full)
+        return WriteProblem::sentence(problem);
+    return tr("Non è possibile copiare i file sulla cartella principale, "
+              "creare o selezionare una sottocartella");
 }
 
 /** True for the folders in which the player keeps its own files: songs in them are not found. */
@@ -131,18 +191,21 @@ bool Transfer::copyFiles(const QStringList &files, const QString &dest, FileCopi
 /** The box before this one says whether all went well; this one says what did not. */
 void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, bool indexed)
 {
-    const qsizetype stopped = files - report.copied - report.skipped - report.failed.size();
+    const qsizetype stopped = files - report.copied - report.skipped.size() - report.failed.size();
     QStringList lines = {tr("Song copiate: %1").arg(report.copied),
-                         tr("Song saltate: %1").arg(report.skipped),
+                         tr("Song saltate: %1").arg(report.skipped.size()),
                          tr("Song non riuscite: %1").arg(report.failed.size())};
     if (stopped > 0)
         lines.append(tr("Song non più copiate dopo l'interruzione: %1").arg(stopped));
     if (!indexed)
         lines.append(tr("Il database della memoria non è stato aggiornato."));
-    QStringList names;
-    for (const QString &path : report.failed)
-        names.append(path.section(QLatin1Char('/'), -1));
-    m_questions.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')), names);
+    QStringList failed;
+    for (const FileCopier::Failure &failure : report.failed)
+        failed.append(fileNameOf(failure.source) + QLatin1String(": ") + failure.reason);
+    QStringList skipped;
+    for (const QString &source : report.skipped)
+        skipped.append(fileNameOf(source));
+    m_questions.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')), failed, skipped);
 }
 
 qint64 Transfer::bytesAvailable(const QString &folder)

@@ -4,6 +4,7 @@
 #include "devindex/filecopier.h"
 #include "devindex/mountedvolumes.h"
 #include "library/progress.h"
+#include "storage/memorylock.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -35,9 +36,12 @@ public:
     virtual void inform(const QString &title, const QString &text) = 0;
     virtual void showFailure(const QString &title, const QString &text) = 0;
 
-    /** Says what became of the songs; the names of those that failed only on request. */
-    virtual void tellCounts(const QString &title, const QString &text,
-                            const QStringList &failed) = 0;
+    /**
+     * Says what became of the songs. Only on request it names those that failed, each with its
+     * reason, and those that were skipped.
+     */
+    virtual void tellCounts(const QString &title, const QString &text, const QStringList &failed,
+                            const QStringList &skipped) = 0;
 };
 
 /**
@@ -63,20 +67,26 @@ public:
              FreeBytes freeBytes = &Transfer::bytesAvailable);
 
     /**
-     * The whole job, with all questions and messages. Refused are the system disk, a memory's root
-     * when its folder "songs" cannot be made, and the folders that the player reserves. When the
-     * copy was stopped the index is updated all the same, so that what has arrived is found.
+     * The whole job, with all questions and messages. Refused are the system disk, a memory that
+     * another program is writing to, one that cannot be written to, a memory's root when its folder
+     * "songs" cannot be made, and the folders that the player reserves. When the copy was stopped
+     * the index is updated all the same, so that what has arrived is found.
      */
     Outcome transferFiles(const QStringList &files);
 
     /**
      * Updates the index of the memory that holds the path.
-     * @return false when there is no such memory or its index could not be updated
+     * @return false when there is no such memory, another program is writing to it, which the user
+     *         is told, or its index could not be updated
      */
     bool updateKavenaIndex(const QString &path);
 
 private:
     QString chooseDestination();
+    bool takeLock(MemoryLock &lock, const QString &title, bool isRoot);
+    bool makeSongsFolder(const QString &songs);
+    static QString whyNotIntoRoot(WriteProblem::Kind problem);
+    bool updateIndex(const QString &root);
     bool isReserved(const QString &dest) const;
     bool hasRoom(const QStringList &files, const QString &dest);
     bool copyFiles(const QStringList &files, const QString &dest, FileCopier &copier);

@@ -3,6 +3,7 @@
 #include "devindex/index.h"
 #include "devindex/mountedvolumes.h"
 #include "storage/diagnostics.h"
+#include "storage/memorylock.h"
 #include "windows/confirmation.h"
 
 #include "ui_indexdialog.h"
@@ -133,6 +134,17 @@ void IndexDialog::start(bool useRoot)
     }
     if (path.endsWith(QLatin1Char('/')) || path.endsWith(QLatin1Char('\\')))
         path.chop(1);
+    // Whoever writes to any folder of a memory may change the index in its root.
+    const QString memory = getRootDrivePath(path);
+    MemoryLock lock(memory.isEmpty() ? path : memory);
+    if (!lock.take()) {
+        clearIndexErrors();
+        if (lock.isHeldByOther() || lock.problem() != WriteProblem::Unknown)
+            QMessageBox::warning(this, tr("Ottimizza memoria"), lock.message());
+        else
+            tellResult(false);
+        return;
+    }
 
     setRunning(true);
     updateLabelNum(0);
@@ -140,7 +152,9 @@ void IndexDialog::start(bool useRoot)
     QCoreApplication::processEvents();
     clearIndexErrors();
     appendToReport({{}, inProgress});
-    tellResult(runIndex(path));
+    const bool success = runIndex(path);
+    lock.release(); // who reads the outcome may pull the memory
+    tellResult(success);
     appendToReport({{}, completed});
     setRunning(false);
 }

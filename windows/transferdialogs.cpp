@@ -42,13 +42,16 @@ void TransferDialogs::showFailure(const QString &title, const QString &text)
 }
 
 void TransferDialogs::tellCounts(const QString &title, const QString &text,
-                                 const QStringList &failed)
+                                 const QStringList &failed, const QStringList &skipped)
 {
     QMessageBox box(failed.isEmpty() ? QMessageBox::Information : QMessageBox::Warning, title, text,
                     QMessageBox::Ok, m_parent);
     // A file's name could look like markup.
     box.setTextFormat(Qt::PlainText);
-    if (!failed.isEmpty())
-        box.setDetailedText(failed.join(QLatin1Char('\n')));
+    QStringList details = failed;
+    for (const QString &name : skipped)
+        details.append(tr("%1: esisteva già e non è stata sostituita").arg(name));
+    if (!details.isEmpty())
+        box.setDetailedText(details.join(QLatin1Char('\n')));
     box.exec();
 }

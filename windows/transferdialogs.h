@@ -10,6 +10,8 @@ QT_END_NAMESPACE
 /** Asks and tells in dialogs over the parent. */
 class TransferDialogs : public TransferQuestions
 {
+    Q_DECLARE_TR_FUNCTIONS(MainWindow)
+
 public:
     explicit TransferDialogs(QWidget *parent)
         : m_parent(parent)
@@ -23,7 +25,8 @@ public:
     void warn(const QString &title, const QString &text) override;
     void inform(const QString &title, const QString &text) override;
     void showFailure(const QString &title, const QString &text) override;
-    void tellCounts(const QString &title, const QString &text, const QStringList &failed) override;
+    void tellCounts(const QString &title, const QString &text, const QStringList &failed,
+                    const QStringList &skipped) override;
 
 private:
     QWidget *const m_parent;

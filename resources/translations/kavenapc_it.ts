@@ -664,6 +664,14 @@ Si vuole procedere comunque con la copia?</translation>
         <translation>Il database della memoria non è stato aggiornato.</translation>
     </message>
     <message>
+        <source>esiste già un file con questo nome</source>
+        <translation>esiste già un file con questo nome</translation>
+    </message>
+    <message>
+        <source>%1: esisteva già e non è stata sostituita</source>
+        <translation>%1: esisteva già e non è stata sostituita</translation>
+    </message>
+    <message>
         <source>&amp;Cerca:</source>
         <translation>&amp;Cerca:</translation>
     </message>
@@ -733,6 +741,21 @@ Si vuole procedere comunque con la copia?</translation>
     <message>
         <source>Scegli una memoria</source>
         <translation>Scegli una memoria</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryLock</name>
+    <message>
+        <source>Un altro programma sta scrivendo su questa memoria.
+Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
+        <translation>Un altro programma sta scrivendo su questa memoria.
+Non è stato cambiato nulla. Riprovare quando avrà finito.</translation>
+    </message>
+    <message>
+        <source>Un altro programma sta scrivendo su questa memoria: %1 (processo %2 sul computer %3, dal %4).
+Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
+        <translation>Un altro programma sta scrivendo su questa memoria: %1 (processo %2 sul computer %3, dal %4).
+Non è stato cambiato nulla. Riprovare quando avrà finito.</translation>
     </message>
 </context>
 <context>
@@ -1000,6 +1023,77 @@ Si vuole procedere comunque con la copia?</translation>
     <message>
         <source>Nome file</source>
         <translation>Nome file</translation>
+    </message>
+</context>
+<context>
+    <name>WriteProblem</name>
+    <message>
+        <source>La memoria non c&apos;è più. È stata estratta?</source>
+        <translation>La memoria non c&apos;è più. È stata estratta?</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura.
+Togliere la protezione e riprovare.</source>
+        <translation>La memoria è protetta da scrittura.
+Togliere la protezione e riprovare.</translation>
+    </message>
+    <message>
+        <source>La memoria è piena.
+Liberare spazio e riprovare.</source>
+        <translation>La memoria è piena.
+Liberare spazio e riprovare.</translation>
+    </message>
+    <message>
+        <source>Manca il permesso di scrivere sulla memoria.</source>
+        <translation>Manca il permesso di scrivere sulla memoria.</translation>
+    </message>
+    <message>
+        <source>Non è possibile scrivere sulla memoria.</source>
+        <translation>Non è possibile scrivere sulla memoria.</translation>
+    </message>
+    <message>
+        <source>il file non c&apos;è più</source>
+        <translation>il file non c&apos;è più</translation>
+    </message>
+    <message>
+        <source>una cartella ha già questo nome</source>
+        <translation>una cartella ha già questo nome</translation>
+    </message>
+    <message>
+        <source>il nome è troppo lungo</source>
+        <translation>il nome è troppo lungo</translation>
+    </message>
+    <message>
+        <source>il file non può essere letto</source>
+        <translation>il file non può essere letto</translation>
+    </message>
+    <message>
+        <source>la cartella non c&apos;è più (la memoria è stata estratta?)</source>
+        <translation>la cartella non c&apos;è più (la memoria è stata estratta?)</translation>
+    </message>
+    <message>
+        <source>la memoria è protetta da scrittura</source>
+        <translation>la memoria è protetta da scrittura</translation>
+    </message>
+    <message>
+        <source>la memoria è piena</source>
+        <translation>la memoria è piena</translation>
+    </message>
+    <message>
+        <source>manca il permesso di scrivere</source>
+        <translation>manca il permesso di scrivere</translation>
+    </message>
+    <message>
+        <source>non può essere scritto</source>
+        <translation>non può essere scritto</translation>
+    </message>
+    <message>
+        <source>la memoria non ammette questi caratteri nel nome: %1</source>
+        <translation>la memoria non ammette questi caratteri nel nome: %1</translation>
+    </message>
+    <message>
+        <source>la memoria non ammette questo nome</source>
+        <translation>la memoria non ammette questo nome</translation>
     </message>
 </context>
 </TS>

@@ -664,6 +664,14 @@ Trotzdem kopieren?</translation>
         <translation>Die Datenbank des Speichers wurde nicht aktualisiert.</translation>
     </message>
     <message>
+        <source>esiste già un file con questo nome</source>
+        <translation>eine Datei mit diesem Namen ist schon da</translation>
+    </message>
+    <message>
+        <source>%1: esisteva già e non è stata sostituita</source>
+        <translation>%1: war schon da und wurde nicht ersetzt</translation>
+    </message>
+    <message>
         <source>&amp;Cerca:</source>
         <translation>S&amp;uchen:</translation>
     </message>
@@ -733,6 +741,21 @@ Trotzdem kopieren?</translation>
     <message>
         <source>Scegli una memoria</source>
         <translation>Speicher auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryLock</name>
+    <message>
+        <source>Un altro programma sta scrivendo su questa memoria.
+Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
+        <translation>Ein anderes Programm schreibt gerade auf diesen Speicher.
+Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig ist.</translation>
+    </message>
+    <message>
+        <source>Un altro programma sta scrivendo su questa memoria: %1 (processo %2 sul computer %3, dal %4).
+Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
+        <translation>Ein anderes Programm schreibt gerade auf diesen Speicher: %1 (Prozess %2 auf dem Computer %3, seit %4).
+Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig ist.</translation>
     </message>
 </context>
 <context>
@@ -1000,6 +1023,77 @@ Trotzdem kopieren?</translation>
     <message>
         <source>Nome file</source>
         <translation>Dateiname</translation>
+    </message>
+</context>
+<context>
+    <name>WriteProblem</name>
+    <message>
+        <source>La memoria non c&apos;è più. È stata estratta?</source>
+        <translation>Der Speicher ist nicht mehr da. Wurde er herausgezogen?</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura.
+Togliere la protezione e riprovare.</source>
+        <translation>Der Speicher ist schreibgeschützt.
+Bitte heben Sie den Schutz auf und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>La memoria è piena.
+Liberare spazio e riprovare.</source>
+        <translation>Der Speicher ist voll.
+Bitte schaffen Sie Platz und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>Manca il permesso di scrivere sulla memoria.</source>
+        <translation>Sie dürfen auf diesen Speicher nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>Non è possibile scrivere sulla memoria.</source>
+        <translation>Auf den Speicher kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>il file non c&apos;è più</source>
+        <translation>die Datei ist nicht mehr da</translation>
+    </message>
+    <message>
+        <source>una cartella ha già questo nome</source>
+        <translation>ein Ordner heißt schon so</translation>
+    </message>
+    <message>
+        <source>il nome è troppo lungo</source>
+        <translation>der Name ist zu lang</translation>
+    </message>
+    <message>
+        <source>il file non può essere letto</source>
+        <translation>die Datei ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>la cartella non c&apos;è più (la memoria è stata estratta?)</source>
+        <translation>der Ordner ist nicht mehr da (wurde der Speicher herausgezogen?)</translation>
+    </message>
+    <message>
+        <source>la memoria è protetta da scrittura</source>
+        <translation>der Speicher ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>la memoria è piena</source>
+        <translation>der Speicher ist voll</translation>
+    </message>
+    <message>
+        <source>manca il permesso di scrivere</source>
+        <translation>Sie dürfen dort nicht schreiben</translation>
+    </message>
+    <message>
+        <source>non può essere scritto</source>
+        <translation>sie kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>la memoria non ammette questi caratteri nel nome: %1</source>
+        <translation>der Speicher erlaubt diese Zeichen im Namen nicht: %1</translation>
+    </message>
+    <message>
+        <source>la memoria non ammette questo nome</source>
+        <translation>der Speicher erlaubt diesen Namen nicht</translation>
     </message>
 </context>
 </TS>

@@ -664,6 +664,14 @@ Do you want to copy all the same?</translation>
         <translation>The memory&apos;s database was not updated.</translation>
     </message>
     <message>
+        <source>esiste già un file con questo nome</source>
+        <translation>a file of this name is there already</translation>
+    </message>
+    <message>
+        <source>%1: esisteva già e non è stata sostituita</source>
+        <translation>%1: was there already and was not replaced</translation>
+    </message>
+    <message>
         <source>&amp;Cerca:</source>
         <translation>&amp;Search:</translation>
     </message>
@@ -733,6 +741,21 @@ Do you want to copy all the same?</translation>
     <message>
         <source>Scegli una memoria</source>
         <translation>Select a memory</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryLock</name>
+    <message>
+        <source>Un altro programma sta scrivendo su questa memoria.
+Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
+        <translation>Another program is writing to this memory.
+Nothing was changed. Try again when it has finished.</translation>
+    </message>
+    <message>
+        <source>Un altro programma sta scrivendo su questa memoria: %1 (processo %2 sul computer %3, dal %4).
+Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
+        <translation>Another program is writing to this memory: %1 (process %2 on the computer %3, since %4).
+Nothing was changed. Try again when it has finished.</translation>
     </message>
 </context>
 <context>
@@ -1000,6 +1023,77 @@ Do you want to copy all the same?</translation>
     <message>
         <source>Nome file</source>
         <translation>File name</translation>
+    </message>
+</context>
+<context>
+    <name>WriteProblem</name>
+    <message>
+        <source>La memoria non c&apos;è più. È stata estratta?</source>
+        <translation>The memory is no longer there. Was it pulled out?</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura.
+Togliere la protezione e riprovare.</source>
+        <translation>The memory is write-protected.
+Remove the protection and try again.</translation>
+    </message>
+    <message>
+        <source>La memoria è piena.
+Liberare spazio e riprovare.</source>
+        <translation>The memory is full.
+Make room and try again.</translation>
+    </message>
+    <message>
+        <source>Manca il permesso di scrivere sulla memoria.</source>
+        <translation>You are not allowed to write to the memory.</translation>
+    </message>
+    <message>
+        <source>Non è possibile scrivere sulla memoria.</source>
+        <translation>Nothing can be written to the memory.</translation>
+    </message>
+    <message>
+        <source>il file non c&apos;è più</source>
+        <translation>the file is no longer there</translation>
+    </message>
+    <message>
+        <source>una cartella ha già questo nome</source>
+        <translation>a folder has this name already</translation>
+    </message>
+    <message>
+        <source>il nome è troppo lungo</source>
+        <translation>the name is too long</translation>
+    </message>
+    <message>
+        <source>il file non può essere letto</source>
+        <translation>the file cannot be read</translation>
+    </message>
+    <message>
+        <source>la cartella non c&apos;è più (la memoria è stata estratta?)</source>
+        <translation>the folder is no longer there (was the memory pulled out?)</translation>
+    </message>
+    <message>
+        <source>la memoria è protetta da scrittura</source>
+        <translation>the memory is write-protected</translation>
+    </message>
+    <message>
+        <source>la memoria è piena</source>
+        <translation>the memory is full</translation>
+    </message>
+    <message>
+        <source>manca il permesso di scrivere</source>
+        <translation>you are not allowed to write there</translation>
+    </message>
+    <message>
+        <source>non può essere scritto</source>
+        <translation>it cannot be written</translation>
+    </message>
+    <message>
+        <source>la memoria non ammette questi caratteri nel nome: %1</source>
+        <translation>the memory does not allow these characters in a name: %1</translation>
+    </message>
+    <message>
+        <source>la memoria non ammette questo nome</source>
+        <translation>the memory does not allow this name</translation>
     </message>
 </context>
 </TS>

@@ -225,7 +225,7 @@ private slots:
     void filesAreCountedInAllFolders();
     void progressWithoutAWindowIsIgnored();
     void transferGoesThroughTheWindow();
-    void refusedTransferEnablesOnlyItsButton();
+    void refusedOrCancelledTransferLeavesTheButtons();
 
     void debugSaveWritesATestFile();
     void debugMarkerIsAdded();
@@ -1126,22 +1126,29 @@ void TestMainWindow::transferGoesThroughTheWindow()
     QVERIFY(window.updateKavenaIndex(QStringLiteral("/nowhere/at/all")) == false);
 }
 
-void TestMainWindow::refusedTransferEnablesOnlyItsButton()
+void TestMainWindow::refusedOrCancelledTransferLeavesTheButtons()
 {
     const SongFolder songs;
     WindowUnderTest window;
     UserDriver user;
     user.pick({songs.midi(QStringLiteral("a.mid"), "A")});
     QTest::mouseClick(window.selectButton(), Qt::LeftButton);
-    QVERIFY(window.updateButton()->isEnabled());
     user.pressInMessageBoxes(QMessageBox::Ok);
-    user.pick({m_work->path()});
-    QTest::mouseClick(window.transferButton(), Qt::LeftButton);
-    QCOMPARE(user.messages(),
-             QStringList{QStringLiteral("Trasferimento: Non è possibile copiare i file sul disco "
-                                        "di sistema")});
-    QVERIFY(!window.updateButton()->isEnabled());
-    QVERIFY(window.transferButton()->isEnabled());
+    for (const bool synchronisable : {true, false}) {
+        window.updateButton()->setEnabled(synchronisable);
+        user.pick({m_work->path()});
+        QTest::mouseClick(window.transferButton(), Qt::LeftButton);
+        QCOMPARE(window.updateButton()->isEnabled(), synchronisable);
+        QVERIFY(window.transferButton()->isEnabled());
+
+        // A chooser for which no folder was laid out is cancelled.
+        QTest::mouseClick(window.transferButton(), Qt::LeftButton);
+        QCOMPARE(window.updateButton()->isEnabled(), synchronisable);
+        QVERIFY(window.transferButton()->isEnabled());
+    }
+    const QString refusal = QStringLiteral("Trasferimento: Non è possibile copiare i file sul "
+                                           "disco di sistema");
+    QCOMPARE(user.messages(), QStringList({refusal, refusal}));
 }
 
 // ---------------------------------------------------------------- debug panel

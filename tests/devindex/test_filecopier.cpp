@@ -2,17 +2,18 @@
 #include "devindex/copyingprogress.h"
 #include "devindex/filecopier.h"
 #include "library/answer.h"
+#include "storage/safefile.h"
 #include "support/faults.h"
 #include "support/journalbytes.h"
 #include "support/logcapture.h"
 #include "support/modalanswers.h"
 #include "windows/confirmation.h"
-#include "library/answer.h"
 #include "windows/nocopyrightdialog.h"
 
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -69,6 +70,7 @@ private slots:
     void targetStaysUntilItsSuccessorIsWhole();
     void whatCutOffCopiesLeftIsRemoved();
     void journalOfAReplacedSongGoes();
+    void copiesAtTheSameTimeNeverShareAnUnfinishedFile();
     void linkToNothingIsNoFreeName();
     void longNamesAreCopied();
     void emptyAndBigFilesArriveByteForByte_data();
@@ -614,6 +616,33 @@ void TestFileCopier::journalOfAReplacedSongGoes()
     QVERIFY(copy({source}, {Answer::Yes}));
     QVERIFY(!QFileInfo::exists(journal));
     QVERIFY(read(QStringLiteral("dest/a.mid")) == journalbytes::song(120, 'A'));
+}
+
+void TestFileCopier::copiesAtTheSameTimeNeverShareAnUnfinishedFile()
+{
+    const QByteArray first(96 * 1024 * 1024, '1');
+    const QByteArray second(1000, '2');
+    QVERIFY(QDir().mkdir(path(QStringLiteral("lib/other"))));
+    const QString source = write(QStringLiteral("lib/a.mid"), first);
+    const QString other = write(QStringLiteral("lib/other/a.mid"), second);
+    // The timer stands for another program: it fires while the first song is being copied.
+    bool otherCopied = false;
+    QByteArray arrived;
+    const auto copyOther = [&] {
+        CopyingProgress progress;
+        int copied = 0;
+        const auto replace = [](const QString &) { return Answer::Yes; };
+        otherCopied = FileCopier(replace).copyFiles({other}, m_dest, copied, progress);
+        arrived = read(QStringLiteral("dest/a.mid"));
+    };
+    QTimer::singleShot(0, this, [&] { QTimer::singleShot(1, this, copyOther); });
+    write(QStringLiteral("dest/a.mid"), "old");
+    QVERIFY(copy({source}, {Answer::Yes}));
+    QVERIFY(otherCopied);
+    QCOMPARE(arrived, second);
+    QCOMPARE(read(QStringLiteral("dest/a.mid")), first);
+    QCOMPARE(QDir(m_dest).entryList(QDir::Files | QDir::Hidden),
+             QStringList(QStringLiteral("a.mid")));
 }
 
 void TestFileCopier::linkToNothingIsNoFreeName()

@@ -82,8 +82,10 @@ public:
         if (onEnd)
             onEnd();
     }
-    void tellCounts(const QString &title, const QString &text, const QStringList &failed) override
+    void tellCounts(const QString &title, const QString &text, const QStringList &failed,
+                    const QStringList &skipped) override
     {
+        skippedNames = skipped;
         saidBeforeCounts = successes + failures;
         counts.append(title + QStringLiteral(": ") + text);
         failedNames = failed;
@@ -108,6 +110,7 @@ public:
     QStringList failures;
     QStringList counts;
     QStringList failedNames;
+    QStringList skippedNames;
     QStringList saidBeforeCounts;
     std::function<void()> onEnd;
 };
@@ -175,6 +178,7 @@ private slots:
 
     void realWindowsDoTheWholeJob();
     void namesOfFailedSongsAreShownOnRequest();
+    void namesOfSkippedSongsAreShownOnRequest();
     void roomQuestionsDefaultIsNo();
 
 private:
@@ -570,7 +574,9 @@ void TestTransfer::countsAreToldAfterTheOutcome()
     QCOMPARE(transfer(files), Transfer::Outcome::Incomplete);
     QCOMPARE(m_questions->replaceAsked.size(), 1);
     QCOMPARE(m_questions->counts, QStringList(countsText(3, 1, 1)));
-    QCOMPARE(m_questions->failedNames, QStringList(QStringLiteral("gone.mid")));
+    QCOMPARE(m_questions->failedNames,
+             QStringList(QStringLiteral("gone.mid: il file non c'è più")));
+    QCOMPARE(m_questions->skippedNames, QStringList(QStringLiteral("song1.mid")));
     QCOMPARE(m_questions->saidBeforeCounts, QStringList(failureText));
 
     QCOMPARE(transfer(files.mid(3)), Transfer::Outcome::Complete);
@@ -730,12 +736,37 @@ void TestTransfer::namesOfFailedSongsAreShownOnRequest()
             QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
             return true;
         });
-        dialogs.tellCounts(QStringLiteral("Trasferimento"), text, names);
+        dialogs.tellCounts(QStringLiteral("Trasferimento"), text, names, {});
         QCOMPARE(shownText, text);
         QCOMPARE(offersNames, !names.isEmpty());
         QVERIFY(!namesAtFirst);
         QCOMPARE(shownNames, names.join(QLatin1Char('\n')));
     }
+}
+
+void TestTransfer::namesOfSkippedSongsAreShownOnRequest()
+{
+    TransferDialogs dialogs(nullptr);
+    ModalAnswers user;
+    QString details;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    user.add([&](QWidget *window) {
+        auto *const box = qobject_cast<QMessageBox *>(window);
+        details = box->detailedText();
+        icon = box->icon();
+        QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+        return true;
+    });
+    dialogs.tellCounts(QStringLiteral("Trasferimento"), QStringLiteral("text"), {},
+                       {QStringLiteral("a.mid"), QStringLiteral("%1.mid")});
+    QCOMPARE(details, QStringLiteral("a.mid: esisteva già e non è stata sostituita\n"
+                                     "%1.mid: esisteva già e non è stata sostituita"));
+    QCOMPARE(icon, QMessageBox::Information);
+    dialogs.tellCounts(QStringLiteral("Trasferimento"), QStringLiteral("text"),
+                       {QStringLiteral("b.mid: la memoria è piena")}, {QStringLiteral("a.mid")});
+    QCOMPARE(details, QStringLiteral("b.mid: la memoria è piena\n"
+                                     "a.mid: esisteva già e non è stata sostituita"));
+    QCOMPARE(icon, QMessageBox::Warning);
 }
 
 void TestTransfer::roomQuestionsDefaultIsNo()

@@ -104,7 +104,8 @@ public:
         say(QStringLiteral("told"), text);
     }
     void showFailure(const QString &, const QString &text) override { say(failure, text); }
-    void tellCounts(const QString &, const QString &text, const QStringList &) override
+    void tellCounts(const QString &, const QString &text, const QStringList &,
+                    const QStringList &) override
     {
         say(QStringLiteral("told"), text);
     }

@@ -1,0 +1,255 @@
+// A transfer that cannot write: what the user is told, song by song, and that nothing stays behind.
+#include "devindex/copyingprogress.h"
+#include "devindex/mountedcard.h"
+#include "devindex/transfer.h"
+#include "library/answer.h"
+#include "support/smallmemory.h"
+#include "support/userdriver.h"
+#include "windows/indexdialog.h"
+
+#include <QApplication>
+#include <QTest>
+
+#include <memory>
+
+namespace
+{
+
+const QString protectedText = QStringLiteral("La memoria è protetta da scrittura.\n"
+                                             "Togliere la protezione e riprovare.");
+const QString fullText = QStringLiteral("La memoria è piena.\nLiberare spazio e riprovare.");
+const QString rootFolderText =
+    QStringLiteral("Non è possibile copiare i file sulla cartella principale, "
+                   "creare o selezionare una sottocartella");
+
+/** Chooses the folder, keeps what is there, and remembers what it was told. */
+class ListeningUser : public TransferQuestions
+{
+public:
+    QString chooseFolder(const QString &, const QString &) override { return folder; }
+    Answer askReplace(const QString &) override { return Answer::No; }
+    Answer askRename(const QString &, const QString &) override { return Answer::NoToAll; }
+    bool askAnyway(const QString &, const QString &) override { return true; }
+    void warn(const QString &, const QString &text) override { warnings.append(text); }
+    void inform(const QString &, const QString &) override {}
+    void showFailure(const QString &, const QString &) override {}
+    void tellCounts(const QString &, const QString &, const QStringList &failedLines,
+                    const QStringList &skippedNames) override
+    {
+        failed = failedLines;
+        skipped = skippedNames;
+    }
+
+    QString folder;
+    QStringList warnings;
+    QStringList failed;
+    QStringList skipped;
+};
+
+} // namespace
+
+class TestTransferProblems : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { m_card.reset(); }
+
+    void protectedMemoryIsToldAsSuch_data();
+    void protectedMemoryIsToldAsSuch();
+    void fullMemoryWithoutRoomForTheFolderIsToldAsSuch();
+    void adviceStaysForOtherCauses_data();
+    void adviceStaysForOtherCauses();
+    void missingMemoryIsToldForAFolderInIt();
+    void songThatDoesNotFitHasItsReason();
+    void songsOfAPulledMemoryHaveTheirReason();
+    void companionThatFailedIsNamed();
+    void skippedSongsAreNamed();
+    void memoryDialogTellsAProtectedMemory();
+    void memoryDialogFailsWhereNoLockCanBeMade();
+
+private:
+    Transfer::Outcome transfer(const QStringList &files);
+    QString song(const QString &name, qsizetype size = 0) const;
+
+    std::unique_ptr<MountedCard> m_card;
+    ListeningUser m_user;
+    std::function<void(int)> m_onUpdate;
+};
+
+void TestTransferProblems::init()
+{
+    m_card = std::make_unique<MountedCard>();
+    m_user.folder = m_card->root();
+    m_user.warnings.clear();
+    m_user.failed.clear();
+    m_user.skipped.clear();
+    m_onUpdate = {};
+}
+
+Transfer::Outcome TestTransferProblems::transfer(const QStringList &files)
+{
+    const OpenProgress openProgress = [this](const QString &, const QString &, int) {
+        auto progress = std::make_unique<CopyingProgress>();
+        progress->onUpdate = m_onUpdate;
+        return std::unique_ptr<Progress>(std::move(progress));
+    };
+    return Transfer(m_user, openProgress).transferFiles(files);
+}
+
+/** A song in the music folder, filled up to the size. */
+QString TestTransferProblems::song(const QString &name, qsizetype size) const
+{
+    const QByteArray bytes = MountedCard::midi(name.toUtf8());
+    return m_card->writeMusic(name,
+                              bytes + QByteArray(qMax(qsizetype(0), size - bytes.size()), 'x'));
+}
+
+void TestTransferProblems::protectedMemoryIsToldAsSuch_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("root") << "";
+    QTest::newRow("folder") << "/pop";
+}
+
+void TestTransferProblems::protectedMemoryIsToldAsSuch()
+{
+    QFETCH(QString, folder);
+    const SmallMemory memory(m_card->root(), 0, "size=64k");
+    if (!memory.isMounted())
+        QSKIP("No memory can be mounted here");
+    QVERIFY(QDir().mkdir(m_card->path(QStringLiteral("pop"))));
+    QVERIFY(memory.protect());
+    m_user.folder = m_card->root() + folder;
+    QCOMPARE(transfer({song(QStringLiteral("a.mid"))}), Transfer::Outcome::NotStarted);
+    QCOMPARE(m_user.warnings, QStringList(protectedText));
+    QVERIFY(!QFileInfo::exists(m_card->path(QStringLiteral("songs"))));
+}
+
+void TestTransferProblems::fullMemoryWithoutRoomForTheFolderIsToldAsSuch()
+{
+    // The second of two entries is the lock's: there is none for the folder.
+    const SmallMemory memory(m_card->root(), 0, "size=64k,nr_inodes=2");
+    if (!memory.isMounted())
+        QSKIP("No memory can be mounted here");
+    QCOMPARE(transfer({song(QStringLiteral("a.mid"))}), Transfer::Outcome::NotStarted);
+    QCOMPARE(m_user.warnings, QStringList(fullText));
+    QVERIFY(QDir(m_card->root()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+}
+
+void TestTransferProblems::adviceStaysForOtherCauses_data()
+{
+    QTest::addColumn<QString>("inTheWay");
+    QTest::newRow("a file is named songs") << "songs";
+    QTest::newRow("nothing can be made in the root") << ".kavena-lock/folder";
+}
+
+void TestTransferProblems::adviceStaysForOtherCauses()
+{
+    QFETCH(QString, inTheWay);
+    m_card->writeOnCard(inTheWay, "in the way");
+    QCOMPARE(transfer({song(QStringLiteral("a.mid"))}), Transfer::Outcome::NotStarted);
+    QCOMPARE(m_user.warnings, QStringList(rootFolderText));
+    QVERIFY(!m_card->hasIndex());
+}
+
+void TestTransferProblems::missingMemoryIsToldForAFolderInIt()
+{
+    m_user.folder = m_card->mountDirectory() + QStringLiteral("/PULLED/pop");
+    QCOMPARE(transfer({song(QStringLiteral("a.mid"))}), Transfer::Outcome::NotStarted);
+    QCOMPARE(m_user.warnings,
+             QStringList(QStringLiteral("La memoria non c'è più. È stata estratta?")));
+}
+
+void TestTransferProblems::songThatDoesNotFitHasItsReason()
+{
+    const SmallMemory memory(m_card->root(), 0, "size=1m");
+    if (!memory.isMounted())
+        QSKIP("No memory can be mounted here");
+    QCOMPARE(transfer({song(QStringLiteral("a.mid")), song(QStringLiteral("big.mid"), 2000000),
+                       song(QStringLiteral("c.mid"))}),
+             Transfer::Outcome::Incomplete);
+    QCOMPARE(m_user.failed, QStringList(QStringLiteral("big.mid: la memoria è piena")));
+    QCOMPARE(m_card->indexedPaths(),
+             QStringList({QStringLiteral("/songs/a.mid"), QStringLiteral("/songs/c.mid")}));
+    const QString found = MemoryChecker::faultsAt(m_card->root());
+    QVERIFY2(found.isEmpty(), qPrintable(found));
+}
+
+void TestTransferProblems::songsOfAPulledMemoryHaveTheirReason()
+{
+    m_onUpdate = [this](int done) {
+        if (done == 1)
+            QVERIFY(QDir(m_card->root()).removeRecursively());
+    };
+    QCOMPARE(transfer({song(QStringLiteral("a.mid")), song(QStringLiteral("b.mid"))}),
+             Transfer::Outcome::Incomplete);
+    QVERIFY(m_user.failed.contains(
+        QStringLiteral("b.mid: la cartella non c'è più (la memoria è stata estratta?)")));
+    QVERIFY(!QFileInfo::exists(m_card->root()));
+}
+
+void TestTransferProblems::companionThatFailedIsNamed()
+{
+    m_card->writeOnCard(QStringLiteral("songs/hit.cdg"), "old pictures");
+    const QString hit = m_card->writeMusic(QStringLiteral("hit.mp3"), "ID3 music");
+    m_card->writeMusic(QStringLiteral("hit.cdg"), "new pictures");
+    QCOMPARE(transfer({hit}), Transfer::Outcome::Incomplete);
+    QCOMPARE(m_user.failed,
+             QStringList(QStringLiteral("hit.mp3: hit.cdg: esiste già un file con questo nome")));
+    QCOMPARE(m_card->read(QStringLiteral("songs/hit.cdg")), QByteArray("old pictures"));
+}
+
+void TestTransferProblems::skippedSongsAreNamed()
+{
+    m_card->writeOnCard(QStringLiteral("songs/a.mid"), MountedCard::midi("OLD"));
+    m_card->writeOnCard(QStringLiteral("songs/c.mid"), MountedCard::midi("OLD"));
+    QCOMPARE(transfer({song(QStringLiteral("a.mid")), song(QStringLiteral("b.mid")),
+                       song(QStringLiteral("c.mid"))}),
+             Transfer::Outcome::Complete);
+    QVERIFY(m_user.failed.isEmpty());
+    QCOMPARE(m_user.skipped, QStringList({QStringLiteral("a.mid"), QStringLiteral("c.mid")}));
+}
+
+void TestTransferProblems::memoryDialogTellsAProtectedMemory()
+{
+    const SmallMemory memory(m_card->root(), MS_RDONLY, "size=64k");
+    if (!memory.isMounted())
+        QSKIP("No memory can be mounted here");
+    UserDriver user;
+    user.pressInMessageBoxes(QMessageBox::Ok);
+    IndexDialog dialog;
+    dialog.show();
+    child<QLineEdit>(&dialog, "lineEditPath")->setText(m_card->root());
+    QTest::mouseClick(child<QPushButton>(&dialog, "pushButtonStart"), Qt::LeftButton);
+    QCOMPARE(user.messages(), QStringList(QStringLiteral("Ottimizza memoria: ") + protectedText));
+}
+
+void TestTransferProblems::memoryDialogFailsWhereNoLockCanBeMade()
+{
+    m_card->writeOnCard(QStringLiteral("a.mid"), MountedCard::midi("A"));
+    m_card->writeOnCard(QStringLiteral(".kavena-lock/folder"), "in the way");
+    UserDriver user;
+    user.pressInMessageBoxes(QMessageBox::Ok);
+    IndexDialog dialog;
+    dialog.show();
+    child<QLineEdit>(&dialog, "lineEditPath")->setText(m_card->root());
+    auto *const start = child<QPushButton>(&dialog, "pushButtonStart");
+    QTest::mouseClick(start, Qt::LeftButton);
+    QCOMPARE(user.messages(),
+             QStringList(QStringLiteral(
+                 "Ottimizza memoria: Operazione non riuscita.\nAssicurarsi che il disco abbia "
+                 "sufficiente spazio libero e che non sia protetto da scrittura.")));
+    QVERIFY(start->isEnabled());
+    QVERIFY(!m_card->hasIndex());
+}
+
+int main(int argc, char **argv)
+{
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    const QApplication app(argc, argv);
+    TestTransferProblems test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "test_transfer_problems.moc"
