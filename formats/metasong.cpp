@@ -395,8 +395,8 @@ void MetaSong::fillMfxArtist(const SongInfo &info)
 {
     const QString artist = m_mfxHeader.artist();
     // A dash gives way to the alternative artist even where the catalogue has none: the player
-    // then shows no artist at all.
-    if (isDash(artist)) {
+    // then shows no artist at all. Where it is the alternative artist, it stays like any other.
+    if (isDash(artist) && artist != info.altArtist) {
         m_mfxHeader.setArtist(info.altArtist);
         return;
     }
