@@ -2,6 +2,7 @@
 
 #include "formats/diagnostics.h"
 #include "formats/lzhuff.h"
+#include "formats/mp3edit.h"
 #include "formats/songfilewriter.h"
 
 #include <QFile>
@@ -71,8 +72,10 @@ bool loadTag(QFile &file, Mp3Header &header)
     const QByteArray start = file.read(startSize);
     if (start.size() != startSize || !header.loadHeader(start))
         return false;
-    // The size that a tag tells leaves out its own ten bytes: its end can lie just behind.
-    const qsizetype missing = qsizetype{header.getAudioDataStartPos()} - start.size();
+    // The size that a tag tells leaves out its own ten bytes and a footer: its end can lie just
+    // behind.
+    const qsizetype missing =
+        qsizetype{header.getAudioDataStartPos()} + Mp3Header::FooterSize - start.size();
     return missing <= 0 || header.loadHeader(start + file.read(missing));
 }
 
@@ -150,19 +153,6 @@ void readItems(const Tags &tags, SongInfo &info)
     info.key = tags.key();
     info.length = tags.length();
     info.isKravo = tags.isKravo();
-}
-
-/** Writes every item of the record as it stands. */
-template <typename Tags>
-void writeItems(Tags &tags, const SongInfo &info)
-{
-    tags.setTitle(info.title);
-    tags.setArtist(info.artist);
-    tags.setAuthor(info.author);
-    tags.setGenre(info.genre);
-    tags.setUserBpm(info.userBpm);
-    tags.setKey(info.key);
-    tags.setLength(info.length);
 }
 
 /**
@@ -340,7 +330,13 @@ void MetaSong::setSongInfo(const SongInfo &info, bool manual)
 void MetaSong::setMidiInfo(const SongInfo &info, bool manual)
 {
     if (manual) {
-        writeItems(m_midi, info);
+        m_midi.setTitle(info.title);
+        m_midi.setArtist(info.artist);
+        m_midi.setAuthor(info.author);
+        m_midi.setGenre(info.genre);
+        m_midi.setUserBpm(info.userBpm);
+        m_midi.setKey(info.key);
+        m_midi.setLength(info.length);
         return;
     }
     const bool setsTitle = !m_midi.hasTitle() || isShortened(m_midi.title(), info.title);
@@ -353,7 +349,7 @@ void MetaSong::setMidiInfo(const SongInfo &info, bool manual)
 void MetaSong::setMp3Info(const SongInfo &info, bool manual)
 {
     if (manual)
-        writeItems(m_mp3Header, info);
+        writeEditedItems(m_mp3Header, info);
     else
         fillItems(m_mp3Header, info, !m_mp3Header.hasTitle());
     if (!m_mp3Header.hasKavenaEditParam())
