@@ -1,9 +1,11 @@
 #include "library/changepreview.h"
 
+#include "formats/bytetext.h"
 #include "formats/diagnostics.h"
 #include "formats/metasong.h"
 #include "formats/mfxheader.h"
 #include "library/cataloguemerge.h"
+#include "library/lostcharacters.h"
 
 #include <QStringList>
 
@@ -26,6 +28,23 @@ QString markersText(const QList<Marker> &markers)
     for (const Marker &marker : markers)
         texts.append(QString::number(marker.bar) + QLatin1Char(' ') + marker.text);
     return texts.join(QStringLiteral(", "));
+}
+
+/** The texts of the catalogue that can come to stand in the field. */
+QStringList sourcesOf(ChangePreview::Field field, const SongInfo &record)
+{
+    switch (field) {
+    case ChangePreview::Field::Title:
+        return {record.title};
+    case ChangePreview::Field::Artist:
+        return {record.altArtist, record.artist};
+    case ChangePreview::Field::Genre:
+        return {record.genre};
+    case ChangePreview::Field::Author:
+        return {record.author};
+    default:
+        return {};
+    }
 }
 
 bool showsMarkers(const SongInfo &info)
@@ -66,7 +85,8 @@ void ChangePreview::addSong(const CatalogueMerge &catalogue, const QString &file
     }
     SongInfo before;
     song.getSongInfo(before);
-    if (!catalogue.mergeInto(song, before, shortName)) {
+    const std::optional<SongInfo> record = catalogue.mergeInto(song, before, shortName);
+    if (!record) {
         ++unknown;
         return;
     }
@@ -74,7 +94,8 @@ void ChangePreview::addSong(const CatalogueMerge &catalogue, const QString &file
         return;
     SongInfo after;
     song.getSongInfo(after);
-    const QList<Change> found = changes(before, after);
+    QList<Change> found = changes(before, after);
+    nameLostCharacters(found, *record);
     if (!found.isEmpty())
         changed.append({fileName, before.title, before.isKravo, found});
 }
@@ -98,4 +119,18 @@ QList<ChangePreview::Change> ChangePreview::changes(const SongInfo &before, cons
         found.append({Field::MarkersShown, showsMarkers(before) ? tr("sì") : tr("no"),
                       showsMarkers(after) ? tr("sì") : tr("no")});
     return found;
+}
+
+void ChangePreview::nameLostCharacters(QList<Change> &changes, const SongInfo &record)
+{
+    for (Change &change : changes) {
+        for (const QString &source : sourcesOf(change.field, record)) {
+            // An MFX file holds the beginning only.
+            const QString kept = source.trimmed().left(change.after.size());
+            if (textFromBytes(bytesFromText(kept)) != change.after)
+                continue;
+            change.lost = lostCharacters(kept);
+            break;
+        }
+    }
 }

@@ -1,5 +1,7 @@
 #include "library/dataeditdialog.h"
 
+#include "library/lostcharacters.h"
+
 #include "ui_dataeditdialog.h"
 
 #include <QCompleter>
@@ -76,6 +78,11 @@ DataEditDialog::DataEditDialog(QWidget *parent)
     ui->bpmLineEdit->setValidator(&m_bpmValidator);
     ui->lenMmLineEdit->setValidator(&m_minutesValidator);
     ui->lenSsLineEdit->setValidator(&m_secondsValidator);
+    for (const QLineEdit *field : {ui->titleLineEdit, ui->authorLineEdit,
+                                   ui->artistComboBox->lineEdit(), ui->genreComboBox->lineEdit()})
+        connect(field, &QLineEdit::textChanged, this, &DataEditDialog::showLostCharacters);
+    // Its line is kept free, so that nothing moves while the user types.
+    ui->lostCharactersLabel->setMinimumHeight(ui->titleCaptionLabel->sizeHint().height());
 }
 
 DataEditDialog::~DataEditDialog() = default;
@@ -132,6 +139,11 @@ void DataEditDialog::getInfo(SongInfo &info) const
     info.userBpm = ui->bpmLineEdit->text().toInt();
 }
 
+bool DataEditDialog::hasKeyChoice() const
+{
+    return ui->keyComboBox->currentIndex() >= 0;
+}
+
 QString DataEditDialog::titleFromFileName(const QString &path)
 {
     const QString name = path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
@@ -143,8 +155,10 @@ void DataEditDialog::changeEvent(QEvent *event)
 {
     QDialog::changeEvent(event);
     // The form holds no text for the widgets that the song fills, so nothing of it is undone.
-    if (event->type() == QEvent::LanguageChange)
-        ui->retranslateUi(this);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    ui->retranslateUi(this);
+    showLostCharacters();
 }
 
 void DataEditDialog::on_radioButtonTitle1_clicked(bool checked)
@@ -206,6 +220,15 @@ void DataEditDialog::on_exitPushButton_clicked()
 void DataEditDialog::on_savePushButton_clicked()
 {
     accept();
+}
+
+void DataEditDialog::showLostCharacters()
+{
+    const QString lost =
+        lostCharacters(ui->titleLineEdit->text() + ui->artistComboBox->currentText() +
+                       ui->genreComboBox->currentText() + ui->authorLineEdit->text());
+    ui->lostCharactersLabel->setText(
+        lost.isEmpty() ? QString() : tr("Il player mostrerà \"?\" al posto di: %1").arg(lost));
 }
 
 /** Asks when the box was just checked, unchecks it unless the answer is yes; its final state. */

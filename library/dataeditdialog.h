@@ -65,6 +65,12 @@ public:
     bool isApplyToAllFname() const { return m_applyToAllTitle; }
 
     /**
+     * False while no key is chosen, not even "no key": the song's own one is not among the keys,
+     * and the user left it at that.
+     */
+    bool hasKeyChoice() const;
+
+    /**
      * The title that a file's name makes: what stands after the last "/" and before the last "."
      * behind it; without a dot, everything after the "/".
      */
@@ -84,6 +90,7 @@ private slots:
     void on_savePushButton_clicked();
 
 private:
+    void showLostCharacters();
     bool confirmed(QCheckBox *box, const QString &question);
 
     const QScopedPointer<Ui::DataEditDialog> ui;

@@ -140,6 +140,10 @@ std::optional<SongEdit> editInDialog(DataEditDialog &dialog, const Database &dat
     SongEdit edit;
     edit.info = info;
     dialog.getInfo(edit.info);
+    // In MP3 files people have keys of any notation. What cannot be chosen must not go by itself.
+    const bool isMp3 = info.format == MetaSong::getFormatString(SongInfo::FileMp3);
+    if (isMp3 && !dialog.hasKeyChoice())
+        edit.info.key = info.key;
     edit.titleToAll = dialog.isApplyToAllFname();
     edit.artistToAll = dialog.isApplyToAllArtist();
     edit.genreToAll = dialog.isApplyToAllGenre();

@@ -166,6 +166,10 @@ Song non leggibili: %4</source>
 Song non presenti nel database: %3
 Song non leggibili: %4</translation>
     </message>
+    <message>
+        <source>%1 (&quot;?&quot; al posto di: %2)</source>
+        <translation>%1 (&quot;?&quot; al posto di: %2)</translation>
+    </message>
 </context>
 <context>
     <name>DataEditDialog</name>
@@ -260,6 +264,10 @@ Song non leggibili: %4</translation>
     <message>
         <source>ATTENZIONE</source>
         <translation>ATTENZIONE</translation>
+    </message>
+    <message>
+        <source>Il player mostrerà &quot;?&quot; al posto di: %1</source>
+        <translation>Il player mostrerà &quot;?&quot; al posto di: %1</translation>
     </message>
 </context>
 <context>

@@ -166,6 +166,10 @@ Song non leggibili: %4</source>
 Songs, die nicht in der Datenbank stehen: %3
 Songs, die nicht lesbar sind: %4</translation>
     </message>
+    <message>
+        <source>%1 (&quot;?&quot; al posto di: %2)</source>
+        <translation>%1 („?“ statt: %2)</translation>
+    </message>
 </context>
 <context>
     <name>DataEditDialog</name>
@@ -260,6 +264,10 @@ Songs, die nicht lesbar sind: %4</translation>
     <message>
         <source>ATTENZIONE</source>
         <translation>ACHTUNG</translation>
+    </message>
+    <message>
+        <source>Il player mostrerà &quot;?&quot; al posto di: %1</source>
+        <translation>Der Player zeigt „?“ statt: %1</translation>
     </message>
 </context>
 <context>

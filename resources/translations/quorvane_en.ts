@@ -166,6 +166,10 @@ Song non leggibili: %4</source>
 Songs that are not in the database: %3
 Songs that cannot be read: %4</translation>
     </message>
+    <message>
+        <source>%1 (&quot;?&quot; al posto di: %2)</source>
+        <translation>%1 (&quot;?&quot; instead of: %2)</translation>
+    </message>
 </context>
 <context>
     <name>DataEditDialog</name>
@@ -260,6 +264,10 @@ Songs that cannot be read: %4</translation>
     <message>
         <source>ATTENZIONE</source>
         <translation>WARNING</translation>
+    </message>
+    <message>
+        <source>Il player mostrerà &quot;?&quot; al posto di: %1</source>
+        <translation>The player will show &quot;?&quot; instead of: %1</translation>
     </message>
 </context>
 <context>
