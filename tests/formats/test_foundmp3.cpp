@@ -229,9 +229,11 @@ void TestFoundMp3::editKeepsWhatItDoesNotChange()
         if (reference.isEmpty())
             before = made;
     }
-    // Version 3 has no counterparts of these.
-    for (const char *leftOut : {"PCST", "LINK:http://x"})
-        before.frames.remove(QString::fromLatin1(leftOut));
+    // Version 3 has no frames of the layouts that these have in version 2.
+    for (const QString &name : before.frames.keys()) {
+        if (name.startsWith(QLatin1String("PCS")) || name.startsWith(QLatin1String("LINK")))
+            before.frames.remove(name);
+    }
     QVERIFY(before.frames.size() >= frames);
     QVERIFY(before.frames.keys().filter(QStringLiteral("APIC")).size() >= 1);
     QCOMPARE(before.packets.count(",a,"), 1);

@@ -18,7 +18,7 @@ def frames(encoding):
     return [
         id3.TIT2(encoding, "Caffè nero"),
         id3.TPE1(encoding, ["Łukasz", "Zoë"]),
-        id3.TCOM(encoding, "Conte"),
+        id3.TCOM(encoding, "Contè"),
         id3.TBPM(encoding, "128.00"),
         id3.TKEY(encoding, "F#m"),
         id3.TLEN(encoding, "215999"),
