@@ -252,7 +252,8 @@ void MainWindow::initUserLibraryModel()
     view->verticalHeader()->hide();
     view->setAlternatingRowColors(false);
     view->setModel(m_model);
-    view->setItemDelegate(new StatusRowDelegate(m_model->colIdxStatus(), view));
+    view->setItemDelegate(
+        new StatusRowDelegate(m_model->colIdxStatus(), m_model->colIdxType(), view));
     view->hideColumn(m_model->colIdxFilename());
     view->hideColumn(m_model->colIdxStatus());
     view->hideColumn(0);
