@@ -10,6 +10,7 @@
 #include "app/paintingpaused.h"
 #include "app/proceeddialog.h"
 #include "app/rowactions.h"
+#include "app/runreportbox.h"
 #include "app/shownprogress.h"
 #include "app/songdrop.h"
 #include "app/songfilter.h"
@@ -418,8 +419,10 @@ bool MainWindow::updateUserLibrary()
     if (preview &&
         !ChangePreviewDialog::confirm(m_database, *m_model, copyrightAsk(), openProgress(), this))
         return false;
-    const bool finished = synchronisation().run(copyrightAsk());
+    Synchronisation run = synchronisation();
+    const bool finished = run.run(copyrightAsk());
     adjustUserLibraryHeaders(); // the rows hold the catalogue's texts now
+    RunReportBox::tell(run.report(), this);
     return finished;
 }
 
@@ -471,10 +474,12 @@ void MainWindow::onSongsTableViewDoubleClicked(QModelIndex index)
         return;
     const BusyGuard busy(m_busy);
     const QPersistentModelIndex place = index; // the list may be sorted during the save
-    if (!songEditor().edit(index.row()))
+    SongEditor editor = songEditor();
+    if (!editor.edit(index.row()))
         return;
     adjustUserLibraryHeaders(); // the texts may have become longer
     scrollToRow(place.row());
+    RunReportBox::tell(editor.report(), this);
 }
 
 void MainWindow::manualModifySong(const MetaSong &song, const SongInfo &info, const QString &path,

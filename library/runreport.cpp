@@ -22,6 +22,15 @@ QString RunReport::summary() const
     return lines.join(QLatin1Char('\n'));
 }
 
+QString RunReport::text(const SongFinding &finding)
+{
+    switch (finding.kind) {
+    case SongFinding::Kind::NotSaved:
+        return tr("Non salvata: %1").arg(finding.reason);
+    }
+    return {};
+}
+
 QString RunReport::reasonText(SaveFailure failure)
 {
     switch (failure) {

@@ -33,6 +33,9 @@ public:
     /** How many songs the findings are about, kind by kind; a line each. Empty without findings. */
     QString summary() const;
 
+    /** What the finding says about its song, in a few words. */
+    static QString text(const SongFinding &finding);
+
     /** A failure in the user's words; empty for None. */
     static QString reasonText(SaveFailure failure);
 

@@ -304,7 +304,7 @@ QVariant UserSongsRelTableModel::notSavedText(int row, int role) const
     const QString reason = RunReport::reasonText(failure);
     if (role == NotSavedRole)
         return reason;
-    const QString text = tr("Non salvata: %1").arg(reason);
+    const QString text = RunReport::text({SongFinding::Kind::NotSaved, QString(), reason});
     return role == Qt::ToolTipRole ? plainToolTip(text) : text;
 }
 

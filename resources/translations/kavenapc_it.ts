@@ -263,6 +263,21 @@ Song non leggibili: %4</translation>
     </message>
 </context>
 <context>
+    <name>FileListDialog</name>
+    <message>
+        <source>Nome file</source>
+        <translation>Nome file</translation>
+    </message>
+    <message>
+        <source>Motivo</source>
+        <translation>Motivo</translation>
+    </message>
+    <message>
+        <source>&amp;Chiudi</source>
+        <translation>&amp;Chiudi</translation>
+    </message>
+</context>
+<context>
     <name>HelpDialog</name>
     <message>
         <source>Aiuto Kavena PC</source>
@@ -790,6 +805,79 @@ Si vuole procedere comunque con la copia?</translation>
     </message>
 </context>
 <context>
+    <name>RunReport</name>
+    <message numerus="yes">
+        <source>%n song non sono state salvate.</source>
+        <translation>
+            <numerusform>%n song non è stata salvata.</numerusform>
+            <numerusform>%n song non sono state salvate.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Non salvata: %1</source>
+        <translation>Non salvata: %1</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura</source>
+        <translation>La memoria è protetta da scrittura</translation>
+    </message>
+    <message>
+        <source>Non c'è più spazio</source>
+        <translation>Non c'è più spazio</translation>
+    </message>
+    <message>
+        <source>Il file non c'è più</source>
+        <translation>Il file non c'è più</translation>
+    </message>
+    <message>
+        <source>Il file non può essere modificato: mancano i permessi</source>
+        <translation>Il file non può essere modificato: mancano i permessi</translation>
+    </message>
+    <message>
+        <source>Il file è in uso da un altro programma</source>
+        <translation>Il file è in uso da un altro programma</translation>
+    </message>
+    <message>
+        <source>La memoria dà errori o è stata tolta</source>
+        <translation>La memoria dà errori o è stata tolta</translation>
+    </message>
+    <message>
+        <source>I dati sono troppi per questo formato</source>
+        <translation>I dati sono troppi per questo formato</translation>
+    </message>
+    <message>
+        <source>Il file non è leggibile</source>
+        <translation>Il file non è leggibile</translation>
+    </message>
+    <message>
+        <source>Il file non può essere scritto</source>
+        <translation>Il file non può essere scritto</translation>
+    </message>
+</context>
+<context>
+    <name>RunReportBox</name>
+    <message>
+        <source>Aggiornamento file</source>
+        <translation>Aggiornamento file</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Dettagli...</translation>
+    </message>
+    <message>
+        <source>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</source>
+        <translation>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</translation>
+    </message>
+    <message>
+        <source>Dettagli</source>
+        <translation>Dettagli</translation>
+    </message>
+    <message>
+        <source>Queste &amp;song non sono a posto:</source>
+        <translation>Queste &amp;song non sono a posto:</translation>
+    </message>
+</context>
+<context>
     <name>SongsListDialog</name>
     <message>
         <source>Salva lista song</source>
@@ -913,18 +1001,6 @@ Si vuole procedere comunque con la copia?</translation>
     <message>
         <source>Questi file non sono stati inseriti &amp;nella lista:</source>
         <translation>Questi file non sono stati inseriti &amp;nella lista:</translation>
-    </message>
-    <message>
-        <source>Nome file</source>
-        <translation>Nome file</translation>
-    </message>
-    <message>
-        <source>Motivo</source>
-        <translation>Motivo</translation>
-    </message>
-    <message>
-        <source>&amp;Chiudi</source>
-        <translation>&amp;Chiudi</translation>
     </message>
     <message>
         <source>Il file non esiste</source>

@@ -263,6 +263,21 @@ Songs, die nicht lesbar sind: %4</translation>
     </message>
 </context>
 <context>
+    <name>FileListDialog</name>
+    <message>
+        <source>Nome file</source>
+        <translation>Dateiname</translation>
+    </message>
+    <message>
+        <source>Motivo</source>
+        <translation>Grund</translation>
+    </message>
+    <message>
+        <source>&amp;Chiudi</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+</context>
+<context>
     <name>HelpDialog</name>
     <message>
         <source>Aiuto Kavena PC</source>
@@ -790,6 +805,79 @@ Trotzdem kopieren?</translation>
     </message>
 </context>
 <context>
+    <name>RunReport</name>
+    <message numerus="yes">
+        <source>%n song non sono state salvate.</source>
+        <translation>
+            <numerusform>%n Song konnte nicht gespeichert werden.</numerusform>
+            <numerusform>%n Songs konnten nicht gespeichert werden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Non salvata: %1</source>
+        <translation>Nicht gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura</source>
+        <translation>Der Speicher ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>Non c'è più spazio</source>
+        <translation>Der Speicher ist voll</translation>
+    </message>
+    <message>
+        <source>Il file non c'è più</source>
+        <translation>Die Datei ist nicht mehr da</translation>
+    </message>
+    <message>
+        <source>Il file non può essere modificato: mancano i permessi</source>
+        <translation>Sie haben kein Recht, die Datei zu ändern</translation>
+    </message>
+    <message>
+        <source>Il file è in uso da un altro programma</source>
+        <translation>Ein anderes Programm benutzt die Datei</translation>
+    </message>
+    <message>
+        <source>La memoria dà errori o è stata tolta</source>
+        <translation>Der Speicher ist fehlerhaft oder wurde entfernt</translation>
+    </message>
+    <message>
+        <source>I dati sono troppi per questo formato</source>
+        <translation>Zu viele Daten für dieses Format</translation>
+    </message>
+    <message>
+        <source>Il file non è leggibile</source>
+        <translation>Die Datei ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>Il file non può essere scritto</source>
+        <translation>Die Datei lässt sich nicht schreiben</translation>
+    </message>
+</context>
+<context>
+    <name>RunReportBox</name>
+    <message>
+        <source>Aggiornamento file</source>
+        <translation>Dateien aktualisieren</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Details...</translation>
+    </message>
+    <message>
+        <source>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</source>
+        <translation>In der Liste tragen sie ein Warnzeichen. Der Grund erscheint, wenn die Maus auf der Zeile steht.</translation>
+    </message>
+    <message>
+        <source>Dettagli</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>Queste &amp;song non sono a posto:</source>
+        <translation>Bei diesen &amp;Songs ging etwas schief:</translation>
+    </message>
+</context>
+<context>
     <name>SongsListDialog</name>
     <message>
         <source>Salva lista song</source>
@@ -913,18 +1001,6 @@ Trotzdem kopieren?</translation>
     <message>
         <source>Questi file non sono stati inseriti &amp;nella lista:</source>
         <translation>Diese Dateien wurden &amp;nicht in die Liste aufgenommen:</translation>
-    </message>
-    <message>
-        <source>Nome file</source>
-        <translation>Dateiname</translation>
-    </message>
-    <message>
-        <source>Motivo</source>
-        <translation>Grund</translation>
-    </message>
-    <message>
-        <source>&amp;Chiudi</source>
-        <translation>S&amp;chließen</translation>
     </message>
     <message>
         <source>Il file non esiste</source>

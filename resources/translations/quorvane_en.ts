@@ -263,6 +263,21 @@ Songs that cannot be read: %4</translation>
     </message>
 </context>
 <context>
+    <name>FileListDialog</name>
+    <message>
+        <source>Nome file</source>
+        <translation>File name</translation>
+    </message>
+    <message>
+        <source>Motivo</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>&amp;Chiudi</source>
+        <translation>&amp;Close</translation>
+    </message>
+</context>
+<context>
     <name>HelpDialog</name>
     <message>
         <source>Aiuto Kavena PC</source>
@@ -790,6 +805,79 @@ Do you want to copy all the same?</translation>
     </message>
 </context>
 <context>
+    <name>RunReport</name>
+    <message numerus="yes">
+        <source>%n song non sono state salvate.</source>
+        <translation>
+            <numerusform>%n song could not be saved.</numerusform>
+            <numerusform>%n songs could not be saved.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Non salvata: %1</source>
+        <translation>Not saved: %1</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura</source>
+        <translation>The memory is write-protected</translation>
+    </message>
+    <message>
+        <source>Non c'è più spazio</source>
+        <translation>The memory is full</translation>
+    </message>
+    <message>
+        <source>Il file non c'è più</source>
+        <translation>The file is gone</translation>
+    </message>
+    <message>
+        <source>Il file non può essere modificato: mancano i permessi</source>
+        <translation>You have no permission to change the file</translation>
+    </message>
+    <message>
+        <source>Il file è in uso da un altro programma</source>
+        <translation>Another program is using the file</translation>
+    </message>
+    <message>
+        <source>La memoria dà errori o è stata tolta</source>
+        <translation>The memory is faulty or was removed</translation>
+    </message>
+    <message>
+        <source>I dati sono troppi per questo formato</source>
+        <translation>Too much data for this format</translation>
+    </message>
+    <message>
+        <source>Il file non è leggibile</source>
+        <translation>The file cannot be read</translation>
+    </message>
+    <message>
+        <source>Il file non può essere scritto</source>
+        <translation>The file cannot be written</translation>
+    </message>
+</context>
+<context>
+    <name>RunReportBox</name>
+    <message>
+        <source>Aggiornamento file</source>
+        <translation>Updating files</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Details...</translation>
+    </message>
+    <message>
+        <source>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</source>
+        <translation>They have a warning sign in the list. Rest the mouse on the row to read the reason.</translation>
+    </message>
+    <message>
+        <source>Dettagli</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>Queste &amp;song non sono a posto:</source>
+        <translation>Something went wrong with these &amp;songs:</translation>
+    </message>
+</context>
+<context>
     <name>SongsListDialog</name>
     <message>
         <source>Salva lista song</source>
@@ -913,18 +1001,6 @@ Do you want to copy all the same?</translation>
     <message>
         <source>Questi file non sono stati inseriti &amp;nella lista:</source>
         <translation>These files were &amp;not added to the list:</translation>
-    </message>
-    <message>
-        <source>Nome file</source>
-        <translation>File name</translation>
-    </message>
-    <message>
-        <source>Motivo</source>
-        <translation>Reason</translation>
-    </message>
-    <message>
-        <source>&amp;Chiudi</source>
-        <translation>&amp;Close</translation>
     </message>
     <message>
         <source>Il file non esiste</source>
