@@ -382,7 +382,7 @@ bool MainWindow::suggestBackup()
         return LibraryBackup::Choice{result, dialog.directory()};
     };
     const auto copy = [this](const QString &destination, int &copied) {
-        return copyFiles(destination, copied);
+        return copyForBackup(destination, copied);
     };
     const auto report = [this](bool succeeded) {
         if (succeeded)
@@ -391,6 +391,18 @@ bool MainWindow::suggestBackup()
             QMessageBox::critical(this, tr("Backup"), tr("Backup FALLITO !!!"));
     };
     return LibraryBackup(ask, copy, report, openProgress()).suggest(m_filesCount);
+}
+
+/** As copyFiles(), but no two songs ever need the same name there. */
+bool MainWindow::copyForBackup(const QString &destination, int &copied)
+{
+    NoProgress noProgress;
+    const auto copyList = [](const QStringList &files, const QString &folder, int &arrived,
+                             Progress &progress) {
+        return FileCopier().copyFiles(files, folder, arrived, progress);
+    };
+    return LibraryBackup::copyFiles(m_selectedFiles, destination, copied,
+                                    m_progress != nullptr ? *m_progress : noProgress, copyList);
 }
 
 bool MainWindow::backupDirectory(const QString &source, const QString &destination, int &count)

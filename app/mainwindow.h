@@ -148,6 +148,7 @@ private:
     void checkLanguage(const QString &language);
     void disableActionButtons();
     bool hasLibrary() const;
+    bool copyForBackup(const QString &destination, int &copied);
     bool copyrightAsk() const;
     void addMenuActions();
     void addListComforts();
