@@ -2,6 +2,7 @@
 
 #include "app/backupdialog.h"
 #include "app/backupplan.h"
+#include "devindex/filecopier.h"
 #include "formats/diagnostics.h"
 
 #include <QDir>
@@ -153,6 +154,12 @@ bool LibraryBackup::copyFiles(const QStringList &files, const QString &destinati
         before += static_cast<int>(batch.files.size());
     }
     return complete;
+}
+
+bool LibraryBackup::copyWithFileCopier(const QStringList &files, const QString &folder, int &copied,
+                                       Progress &progress)
+{
+    return FileCopier().copyFiles(files, folder, copied, progress);
 }
 
 bool LibraryBackup::backUp(const QString &directory, int filesCount) const

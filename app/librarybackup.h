@@ -61,9 +61,11 @@ public:
      * counts those that are there afterwards. False when one is missing or the user stopped it.
      */
     static bool copyFiles(const QStringList &files, const QString &destination, int &copied,
-                          Progress &progress, const CopyList &copyList);
+                          Progress &progress, const CopyList &copyList = &copyWithFileCopier);
 
 private:
+    static bool copyWithFileCopier(const QStringList &files, const QString &folder, int &copied,
+                                   Progress &progress);
     bool backUp(const QString &directory, int filesCount) const;
 
     const Ask m_ask;

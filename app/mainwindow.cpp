@@ -7,6 +7,7 @@
 #include "app/helpdialog.h"
 #include "app/librarybackup.h"
 #include "app/libraryimport.h"
+#include "app/missinglibrary.h"
 #include "app/paintingpaused.h"
 #include "app/proceeddialog.h"
 #include "app/rowactions.h"
@@ -70,6 +71,7 @@ MainWindow::MainWindow(QWidget *parent)
 
     if (!m_database.init()) {
         logDebug() << "Error initializing DB !!!";
+        m_missingLibrary = new MissingLibrary(ui->statusBar);
         return;
     }
     logDebug() << "DB initialized correctly";
@@ -173,6 +175,12 @@ void MainWindow::addListComforts()
     connect(drop, &SongDrop::dropped, this, &MainWindow::importDropped);
 }
 
+void MainWindow::tellMissingLibrary()
+{
+    if (m_missingLibrary != nullptr)
+        m_missingLibrary->tell(this, m_busy);
+}
+
 bool MainWindow::hasLibrary() const
 {
     if (m_model == nullptr)
@@ -218,6 +226,8 @@ void MainWindow::changeEvent(QEvent *event)
     }
     if (m_summary != nullptr)
         m_summary->refresh();
+    if (m_missingLibrary != nullptr)
+        m_missingLibrary->refresh();
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
@@ -382,7 +392,9 @@ bool MainWindow::suggestBackup()
         return LibraryBackup::Choice{result, dialog.directory()};
     };
     const auto copy = [this](const QString &destination, int &copied) {
-        return copyForBackup(destination, copied);
+        NoProgress noProgress;
+        return LibraryBackup::copyFiles(m_selectedFiles, destination, copied,
+                                        m_progress != nullptr ? *m_progress : noProgress);
     };
     const auto report = [this](bool succeeded) {
         if (succeeded)
@@ -391,18 +403,6 @@ bool MainWindow::suggestBackup()
             QMessageBox::critical(this, tr("Backup"), tr("Backup FALLITO !!!"));
     };
     return LibraryBackup(ask, copy, report, openProgress()).suggest(m_filesCount);
-}
-
-/** As copyFiles(), but no two songs ever need the same name there. */
-bool MainWindow::copyForBackup(const QString &destination, int &copied)
-{
-    NoProgress noProgress;
-    const auto copyList = [](const QStringList &files, const QString &folder, int &arrived,
-                             Progress &progress) {
-        return FileCopier().copyFiles(files, folder, arrived, progress);
-    };
-    return LibraryBackup::copyFiles(m_selectedFiles, destination, copied,
-                                    m_progress != nullptr ? *m_progress : noProgress, copyList);
 }
 
 bool MainWindow::backupDirectory(const QString &source, const QString &destination, int &count)

@@ -743,6 +743,33 @@ Si vuole procedere comunque con la copia?</translation>
     </message>
 </context>
 <context>
+    <name>MissingLibrary</name>
+    <message>
+        <source>La lista delle song non è disponibile</source>
+        <translation>La lista delle song non è disponibile</translation>
+    </message>
+    <message>
+        <source>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
+
+Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</source>
+        <translation>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
+
+Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</translation>
+    </message>
+    <message>
+        <source>Il programma non è installato per intero: manca il modulo di Qt per i database SQLite. Le song non possono essere elencate, sincronizzate o trasferite.
+
+Installare di nuovo il programma.</source>
+        <translation>Il programma non è installato per intero: manca il modulo di Qt per i database SQLite. Le song non possono essere elencate, sincronizzate o trasferite.
+
+Installare di nuovo il programma.</translation>
+    </message>
+    <message>
+        <source>Attenzione</source>
+        <translation>Attenzione</translation>
+    </message>
+</context>
+<context>
     <name>NoCopyrightDialog</name>
     <message>
         <source>Richiesta conferma</source>

@@ -743,6 +743,33 @@ Trotzdem kopieren?</translation>
     </message>
 </context>
 <context>
+    <name>MissingLibrary</name>
+    <message>
+        <source>La lista delle song non è disponibile</source>
+        <translation>Die Songliste ist nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
+
+Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</source>
+        <translation>Die Songdatenbank lässt sich nicht öffnen: Songs können weder aufgelistet noch synchronisiert noch übertragen werden.
+
+Bitte prüfen Sie, ob im Ordner für vorübergehende Dateien (%1) Platz ist und ob darin geschrieben werden darf, und starten Sie das Programm dann neu.</translation>
+    </message>
+    <message>
+        <source>Il programma non è installato per intero: manca il modulo di Qt per i database SQLite. Le song non possono essere elencate, sincronizzate o trasferite.
+
+Installare di nuovo il programma.</source>
+        <translation>Das Programm ist nicht vollständig installiert: Der Qt-Baustein für SQLite-Datenbanken fehlt. Songs können weder aufgelistet noch synchronisiert noch übertragen werden.
+
+Bitte installieren Sie das Programm neu.</translation>
+    </message>
+    <message>
+        <source>Attenzione</source>
+        <translation>Achtung</translation>
+    </message>
+</context>
+<context>
     <name>NoCopyrightDialog</name>
     <message>
         <source>Richiesta conferma</source>
@@ -823,7 +850,7 @@ Trotzdem kopieren?</translation>
     </message>
     <message>
         <source>Non c'è più spazio</source>
-        <translation>Der Speicher ist voll</translation>
+        <translation>Kein Platz mehr frei</translation>
     </message>
     <message>
         <source>Il file non c'è più</source>

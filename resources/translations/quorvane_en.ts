@@ -743,6 +743,33 @@ Do you want to copy all the same?</translation>
     </message>
 </context>
 <context>
+    <name>MissingLibrary</name>
+    <message>
+        <source>La lista delle song non è disponibile</source>
+        <translation>The song list is not available</translation>
+    </message>
+    <message>
+        <source>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
+
+Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</source>
+        <translation>The song database cannot be opened: songs cannot be listed, synchronized or transferred.
+
+Please check that the folder for temporary files (%1) has room and can be written to, then start the program again.</translation>
+    </message>
+    <message>
+        <source>Il programma non è installato per intero: manca il modulo di Qt per i database SQLite. Le song non possono essere elencate, sincronizzate o trasferite.
+
+Installare di nuovo il programma.</source>
+        <translation>The program is not completely installed: the Qt module for SQLite databases is missing. Songs cannot be listed, synchronized or transferred.
+
+Please install the program again.</translation>
+    </message>
+    <message>
+        <source>Attenzione</source>
+        <translation>Warning</translation>
+    </message>
+</context>
+<context>
     <name>NoCopyrightDialog</name>
     <message>
         <source>Richiesta conferma</source>
@@ -823,7 +850,7 @@ Do you want to copy all the same?</translation>
     </message>
     <message>
         <source>Non c'è più spazio</source>
-        <translation>The memory is full</translation>
+        <translation>No room left</translation>
     </message>
     <message>
         <source>Il file non c'è più</source>
