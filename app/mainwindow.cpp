@@ -282,8 +282,12 @@ void MainWindow::adjustUserLibraryHeaders()
 
 void MainWindow::on_selectDirToolButton_clicked()
 {
-    if (m_busy || !hasLibrary())
+    if (m_busy)
         return;
+    if (!hasLibrary()) {
+        tellMissingLibrary();
+        return;
+    }
     const BusyGuard busy(m_busy);
     // Qt's own dialog: unlike some desktops' it takes *.mid for SONG.MID too.
     const QStringList files = QFileDialog::getOpenFileNames(

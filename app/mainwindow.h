@@ -56,7 +56,7 @@ public:
 
     /**
      * Says why the list cannot be used, once the window is on the screen; nothing where it can. For
-     * the start of the program.
+     * the start of the program, and for whoever wants to choose songs all the same.
      */
     void tellMissingLibrary();
 

@@ -55,6 +55,7 @@ private slots:
     void missingDriverIsToldInEveryLanguage_data();
     void missingDriverIsToldInEveryLanguage();
     void statusBarSaysItInTheLanguageOfTheProgram();
+    void choosingSongsIsAnsweredToo();
     void windowStaysUsableAfterwards();
     void catalogueThatCannotBeOpenedIsTold();
     void nothingIsToldWhenTheListIsThere();
@@ -112,6 +113,15 @@ void TestMissingLibrary::statusBarSaysItInTheLanguageOfTheProgram()
         QCOMPARE(label->text(), s("Die Songliste ist nicht verfügbar"));
     }
     QCOMPARE(label->text(), s("La lista delle song non è disponibile"));
+}
+
+void TestMissingLibrary::choosingSongsIsAnsweredToo()
+{
+    const WindowUnderTest window;
+    ModalAnswers user;
+    user.pressInMessageBoxes(QMessageBox::Ok);
+    QTest::mouseClick(window.selectButton(), Qt::LeftButton);
+    QTRY_COMPARE(user.messages().size(), 1);
 }
 
 void TestMissingLibrary::windowStaysUsableAfterwards()
