@@ -47,7 +47,7 @@ bool StatusRowDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     QString tip = plainToolTip(index.data().toString());
     const QString reason = index.data(Qt::ToolTipRole).toString();
     if (!reason.isEmpty())
-        tip += QStringLiteral("<br/>") + reason;
+        tip += QStringLiteral("<br/>") + plainToolTip(reason);
     QToolTip::showText(event->globalPos(), tip, view->viewport());
     return true;
 }

@@ -1,6 +1,5 @@
 #include "library/usersongsreltablemodel.h"
 
-#include "library/plaintooltip.h"
 #include "library/runreport.h"
 
 #include <QCollator>
@@ -304,8 +303,7 @@ QVariant UserSongsRelTableModel::notSavedText(int row, int role) const
     const QString reason = RunReport::reasonText(failure);
     if (role == NotSavedRole)
         return reason;
-    const QString text = RunReport::text({SongFinding::Kind::NotSaved, QString(), reason});
-    return role == Qt::ToolTipRole ? plainToolTip(text) : text;
+    return RunReport::text({SongFinding::Kind::NotSaved, QString(), reason});
 }
 
 bool UserSongsRelTableModel::setData(const QModelIndex &index, const QVariant &value, int role)

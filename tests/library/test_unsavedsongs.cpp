@@ -9,9 +9,12 @@
 #include "support/smallmedium.h"
 #include "support/songbytes.h"
 
+#include <QHelpEvent>
 #include <QImage>
 #include <QTableView>
 #include <QTest>
+#include <QTextDocument>
+#include <QToolTip>
 
 namespace
 {
@@ -139,6 +142,7 @@ private slots:
     void markOfARowThatDoesNotExistIsIgnored();
     void everyReasonHasWordsOfItsOwn();
     void warningSignIsPaintedBesideTheFormat();
+    void toolTipOfANarrowCellTellsTextAndReason();
 };
 
 void TestUnsavedSongs::everySavedSongLeavesAnEmptyReport()
@@ -281,7 +285,7 @@ void TestUnsavedSongs::markIsShownInTheWholeRowWithoutTouchingItsColour()
         const QModelIndex marked = model.rowIndex(0).siblingAtColumn(column);
         QCOMPARE(marked.data(UserSongsRelTableModel::NotSavedRole).toString(), full);
         QCOMPARE(marked.data(Qt::AccessibleDescriptionRole).toString(), s("Non salvata: ") + full);
-        QVERIFY(marked.data(Qt::ToolTipRole).toString().contains(full.toHtmlEscaped()));
+        QCOMPARE(marked.data(Qt::ToolTipRole).toString(), s("Non salvata: ") + full);
         const QModelIndex other = model.rowIndex(1).siblingAtColumn(column);
         QVERIFY(!other.data(UserSongsRelTableModel::NotSavedRole).isValid());
         QVERIFY(!other.data(Qt::ToolTipRole).isValid());
@@ -372,6 +376,34 @@ void TestUnsavedSongs::warningSignIsPaintedBesideTheFormat()
     library.model().setSaveFailure(0, saved);
     view.setColumnWidth(type, narrow);
     QCOMPARE(picture(0, type), plain);
+}
+
+void TestUnsavedSongs::toolTipOfANarrowCellTellsTextAndReason()
+{
+    LibraryOnMedium library;
+    QTableView view;
+    view.setModel(&library.model());
+    view.setItemDelegate(
+        new StatusRowDelegate(library.model().colIdxStatus(), library.model().colIdxType(), &view));
+    view.resize(1000, 300);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    const int title = library.model().fieldIndex(s("title"));
+    const auto tipOf = [&](int row) {
+        QToolTip::hideText();
+        const QPoint place = view.visualRect(library.model().index(row, title)).center();
+        QHelpEvent hover(QEvent::ToolTip, place, view.viewport()->mapToGlobal(place));
+        QCoreApplication::sendEvent(view.viewport(), &hover);
+        QTextDocument tip;
+        tip.setHtml(QToolTip::text());
+        return tip.toPlainText();
+    };
+    library.model().setSaveFailure(0, SaveFailure::DiskFull);
+    view.setColumnWidth(title, 300);
+    QCOMPARE(tipOf(0), s("Non salvata: ") + full);
+    view.setColumnWidth(title, 12);
+    QCOMPARE(tipOf(0), s("A.mid\nNon salvata: ") + full);
+    QCOMPARE(tipOf(1), s("B.mid"));
 }
 
 QTEST_MAIN(TestUnsavedSongs)
