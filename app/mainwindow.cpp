@@ -7,9 +7,11 @@
 #include "app/helpdialog.h"
 #include "app/librarybackup.h"
 #include "app/libraryimport.h"
+#include "app/missinglibrary.h"
 #include "app/paintingpaused.h"
 #include "app/proceeddialog.h"
 #include "app/rowactions.h"
+#include "app/runreportbox.h"
 #include "app/shownprogress.h"
 #include "app/songdrop.h"
 #include "app/songfilter.h"
@@ -69,6 +71,7 @@ MainWindow::MainWindow(QWidget *parent)
 
     if (!m_database.init()) {
         logDebug() << "Error initializing DB !!!";
+        m_missingLibrary = new MissingLibrary(ui->statusBar);
         return;
     }
     logDebug() << "DB initialized correctly";
@@ -172,6 +175,12 @@ void MainWindow::addListComforts()
     connect(drop, &SongDrop::dropped, this, &MainWindow::importDropped);
 }
 
+void MainWindow::tellMissingLibrary()
+{
+    if (m_missingLibrary != nullptr)
+        m_missingLibrary->tell(this, m_busy);
+}
+
 bool MainWindow::hasLibrary() const
 {
     if (m_model == nullptr)
@@ -217,6 +226,8 @@ void MainWindow::changeEvent(QEvent *event)
     }
     if (m_summary != nullptr)
         m_summary->refresh();
+    if (m_missingLibrary != nullptr)
+        m_missingLibrary->refresh();
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
@@ -252,7 +263,8 @@ void MainWindow::initUserLibraryModel()
     view->verticalHeader()->hide();
     view->setAlternatingRowColors(false);
     view->setModel(m_model);
-    view->setItemDelegate(new StatusRowDelegate(m_model->colIdxStatus(), view));
+    view->setItemDelegate(
+        new StatusRowDelegate(m_model->colIdxStatus(), m_model->colIdxType(), view));
     view->hideColumn(m_model->colIdxFilename());
     view->hideColumn(m_model->colIdxStatus());
     view->hideColumn(0);
@@ -270,8 +282,12 @@ void MainWindow::adjustUserLibraryHeaders()
 
 void MainWindow::on_selectDirToolButton_clicked()
 {
-    if (m_busy || !hasLibrary())
+    if (m_busy)
         return;
+    if (!hasLibrary()) {
+        tellMissingLibrary();
+        return;
+    }
     const BusyGuard busy(m_busy);
     // Qt's own dialog: unlike some desktops' it takes *.mid for SONG.MID too.
     const QStringList files = QFileDialog::getOpenFileNames(
@@ -380,7 +396,9 @@ bool MainWindow::suggestBackup()
         return LibraryBackup::Choice{result, dialog.directory()};
     };
     const auto copy = [this](const QString &destination, int &copied) {
-        return copyFiles(destination, copied);
+        NoProgress noProgress;
+        return LibraryBackup::copyFiles(m_selectedFiles, destination, copied,
+                                        m_progress != nullptr ? *m_progress : noProgress);
     };
     const auto report = [this](bool succeeded) {
         if (succeeded)
@@ -417,8 +435,10 @@ bool MainWindow::updateUserLibrary()
     if (preview &&
         !ChangePreviewDialog::confirm(m_database, *m_model, copyrightAsk(), openProgress(), this))
         return false;
-    const bool finished = synchronisation().run(copyrightAsk());
+    Synchronisation run = synchronisation();
+    const bool finished = run.run(copyrightAsk());
     adjustUserLibraryHeaders(); // the rows hold the catalogue's texts now
+    RunReportBox::tell(run.report(), this);
     return finished;
 }
 
@@ -470,10 +490,12 @@ void MainWindow::onSongsTableViewDoubleClicked(QModelIndex index)
         return;
     const BusyGuard busy(m_busy);
     const QPersistentModelIndex place = index; // the list may be sorted during the save
-    if (!songEditor().edit(index.row()))
+    SongEditor editor = songEditor();
+    if (!editor.edit(index.row()))
         return;
     adjustUserLibraryHeaders(); // the texts may have become longer
     scrollToRow(place.row());
+    RunReportBox::tell(editor.report(), this);
 }
 
 void MainWindow::manualModifySong(const MetaSong &song, const SongInfo &info, const QString &path,

@@ -427,16 +427,16 @@ void MetaSong::addMarkers(const QList<Marker> &markers)
         m_midi.setAuthor(author);
 }
 
-bool MetaSong::saveToFile(const QString &path)
+SaveFailure MetaSong::save(const QString &path)
 {
     if (!isComplete()) {
         logDebug() << "[MetaSong::saveToFile] UNKNOWN format (or data corrupted) in memory, "
                       "aborting";
-        return false;
+        return SaveFailure::Other;
     }
     if (!canBeReadAgain()) {
         logDebug() << "[MetaSong::saveToFile] Too much data for the format, aborting";
-        return false;
+        return SaveFailure::TooLarge;
     }
     return m_fileType == SongInfo::FileMp3 ? saveMp3(path) : saveInPlace(path);
 }
@@ -460,20 +460,20 @@ bool MetaSong::canBeReadAgain() const
     return m_midi.stream().size() <= largestFileInMemory;
 }
 
-bool MetaSong::saveInPlace(const QString &path)
+SaveFailure MetaSong::saveInPlace(const QString &path)
 {
     removeReadOnlyFlag(path);
     SongFileWriter writer(path);
     if (!writer.open()) {
         logDebug() << messageFor(SongFileWriter::Outcome::CannotOpen);
-        return false;
+        return saveFailureFrom(writer.systemError(), path);
     }
     logDebug() << (isMfx() ? "[MetaSong::saveToFile] MFx" : "[MetaSong::saveToFile] MIDI");
     if (!writer.replaceBytes(isMfx() ? mfxFileBytes() : m_midi.stream())) {
         logDebug() << messageFor(SongFileWriter::Outcome::CannotWrite);
-        return false;
+        return saveFailureFrom(writer.systemError(), path);
     }
-    return true;
+    return SaveFailure::None;
 }
 
 /** The MIDI data as they are compressed into an MFX file. */
@@ -497,28 +497,28 @@ QByteArray MetaSong::mfxFileBytes()
     return m_mfxHeader.header() + compressed;
 }
 
-bool MetaSong::saveMp3(const QString &path) const
+SaveFailure MetaSong::saveMp3(const QString &path) const
 {
     removeReadOnlyFlag(path);
     QFile source(m_fileName);
     if (!openRegularFile(source)) {
         logDebug() << "[MetaSong::saveToFile] Impossible to read from file.";
-        return false;
+        return loadFailureOf(m_fileName);
     }
     // Where the audio begins is asked of the file as it is now: an earlier save of this song, or of
     // a copy of it, has moved it.
     Mp3Header onDisk;
     if (!loadTag(source, onDisk)) {
         logDebug() << messageFor(SongFileWriter::Outcome::CannotSeek);
-        return false;
+        return loadFailureOf(m_fileName);
     }
     SongFileWriter writer(path);
     const auto outcome =
         writer.replaceThroughTemporary(m_mp3Header.stream(), source, onDisk.getAudioDataStartPos());
     if (outcome == SongFileWriter::Outcome::Done)
-        return true;
+        return SaveFailure::None;
     logDebug() << messageFor(outcome);
-    return false;
+    return saveFailureFrom(writer.systemError(), path);
 }
 
 void MetaSong::dbgAddMarker(const QString &text, unsigned short bar)

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <cerrno>
 
 namespace
 {
@@ -74,6 +75,14 @@ SongFileWriter::SongFileWriter(const QString &path)
 {
 }
 
+/** Keeps the number at once: the steps that clean up after a failure have numbers of their own. */
+bool SongFileWriter::noted(bool succeeded) const
+{
+    if (!succeeded && m_systemError == 0)
+        m_systemError = errno;
+    return succeeded;
+}
+
 SongFileWriter::~SongFileWriter()
 {
     if (m_created)
@@ -85,7 +94,7 @@ bool SongFileWriter::open()
     if (m_path.isEmpty())
         return false;
     if (!isTaken(m_path)) {
-        m_created = m_file.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered);
+        m_created = noted(m_file.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered));
         return m_created;
     }
     return recover(m_path) && openExisting();
@@ -96,7 +105,7 @@ bool SongFileWriter::openExisting()
     if (!QFileInfo(m_path).isFile())
         return false;
     allowOwnerToWrite(m_path);
-    if (!m_file.open(QFile::ReadWrite | QFile::ExistingOnly | QFile::Unbuffered))
+    if (!noted(m_file.open(QFile::ReadWrite | QFile::ExistingOnly | QFile::Unbuffered)))
         return false;
     m_oldSize = m_file.size();
     return true;
@@ -108,7 +117,7 @@ bool SongFileWriter::replaceBytes(const QByteArray &bytes)
         return false;
     bool written = false;
     if (m_created) {
-        written = writeAt(0, bytes) && flushToMedium(m_file);
+        written = noted(writeAt(0, bytes) && flushToMedium(m_file));
         m_created = !written;
     } else if (m_oldSize <= SongJournal::LargestSong) {
         SongJournal::Content journal;
@@ -124,12 +133,12 @@ bool SongFileWriter::replaceBytes(const QByteArray &bytes)
 bool SongFileWriter::replaceJournalled(const QByteArray &bytes, const SongJournal::Content &old)
 {
     SongJournal journal(m_path);
-    if (!journal.write(old)) {
+    if (!noted(journal.write(old))) {
         logWarning() << "[SongFileWriter::replaceBytes] Impossible to keep the old bytes in"
                      << journal.path();
         return false;
     }
-    const bool written = overwrite(bytes);
+    const bool written = noted(overwrite(bytes));
     // With a journal that cannot be taken away the song would become the old one again some day.
     if ((written || putBack(old.oldBytes)) && journal.remove())
         return written;
@@ -236,7 +245,8 @@ SongFileWriter::Outcome SongFileWriter::replaceThroughTemporary(const QByteArray
     QFile temporary;
     if (!openTemporary(temporary))
         return Outcome::CannotOpen;
-    const auto giveUp = [&temporary](Outcome outcome) {
+    const auto giveUp = [this, &temporary](Outcome outcome) {
+        noted(outcome == Outcome::CannotSeek); // where no call of the system failed
         temporary.remove();
         return outcome;
     };
@@ -265,7 +275,7 @@ bool SongFileWriter::openTemporary(QFile &temporary) const
         if (name == m_path || isTaken(name))
             continue;
         temporary.setFileName(name);
-        if (!temporary.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered))
+        if (!noted(temporary.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered)))
             return false;
         if (QFileInfo::exists(m_path)) {
             allowOwnerToWrite(m_path);

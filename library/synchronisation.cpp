@@ -40,6 +40,7 @@ Synchronisation::Synchronisation(const Database &database, UserSongsRelTableMode
 bool Synchronisation::run(bool copyrightAsk)
 {
     logBanner();
+    m_report = {};
     const int rows = m_model.goodRowCount();
     if (rows < 1) {
         logDebug() << "[UPDATE] WARNING: Empty table. Aborting update !!!";
@@ -72,8 +73,10 @@ bool Synchronisation::updateFileWithDb(int row)
 {
     const QString fileName = m_model.fileName(row);
     MetaSong song;
-    if (!song.importFile(fileName))
+    if (!song.importFile(fileName)) {
+        keepFailure(row, fileName, loadFailureOf(fileName));
         return false;
+    }
     SongInfo info;
     song.getSongInfo(info);
     if (!mayChange(info, fileName))
@@ -84,13 +87,26 @@ bool Synchronisation::updateFileWithDb(int row)
     // A progress that was cancelled lets go of the table, which may then be sorted.
     const QPersistentModelIndex place = m_model.rowIndex(row);
     // A file that could not be written shows in its row what it still holds.
-    whileAnswering([&] { return song.saveToFile(fileName); });
+    SaveFailure failure = SaveFailure::None;
+    whileAnswering([&] {
+        failure = song.save(fileName);
+        return failure == SaveFailure::None;
+    });
+    keepFailure(place.row(), fileName, failure);
     MetaSong saved;
     if (saved.importFile(fileName)) {
         saved.getSongInfo(info);
         m_model.updateRow(place.row(), info);
     }
     return true;
+}
+
+/** Marks the row and reports its song; with None, takes the mark of an earlier failure away. */
+void Synchronisation::keepFailure(int row, const QString &fileName, SaveFailure failure)
+{
+    m_model.setSaveFailure(row, failure);
+    if (failure != SaveFailure::None)
+        m_report.add(SongFinding::Kind::NotSaved, fileName, RunReport::reasonText(failure));
 }
 
 /** Signed files always; the others as the user answers, where an "all" holds for this run. */

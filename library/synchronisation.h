@@ -5,6 +5,7 @@
 #include "library/cataloguemerge.h"
 #include "library/database.h"
 #include "library/progress.h"
+#include "library/runreport.h"
 #include "library/usersongsreltablemodel.h"
 
 #include <QString>
@@ -14,7 +15,8 @@
 /**
  * One run goes through all rows of the library table: each song that the catalogue knows gets the
  * catalogue's data, is read again, and its row shows what the file now holds. The colour of the row
- * tells the outcome. The workflow has no window: it asks and reports through what it is given.
+ * tells the outcome; a song that could not be read or written gets a mark and is in the report.
+ * The workflow has no window: it asks and reports through what it is given.
  */
 class Synchronisation
 {
@@ -48,7 +50,11 @@ public:
      */
     bool updateFileWithDb(int row);
 
+    /** What the last run() has to tell, also when the user stopped it. */
+    const RunReport &report() const { return m_report; }
+
 private:
+    void keepFailure(int row, const QString &fileName, SaveFailure failure);
     bool mayChange(const SongInfo &info, const QString &fileName);
 
     const CatalogueMerge m_catalogue;
@@ -56,6 +62,7 @@ private:
     OfferBackup m_offerBackup;
     AskUnsigned m_askUnsigned;
     OpenProgress m_openProgress;
+    RunReport m_report;
     bool m_copyrightAsk = false;
     bool m_proceedWithoutAsking = true; ///< the answer while the user is not asked
 };

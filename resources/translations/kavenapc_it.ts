@@ -271,6 +271,21 @@ Song non leggibili: %4</translation>
     </message>
 </context>
 <context>
+    <name>FileListDialog</name>
+    <message>
+        <source>Nome file</source>
+        <translation>Nome file</translation>
+    </message>
+    <message>
+        <source>Motivo</source>
+        <translation>Motivo</translation>
+    </message>
+    <message>
+        <source>&amp;Chiudi</source>
+        <translation>&amp;Chiudi</translation>
+    </message>
+</context>
+<context>
     <name>HelpDialog</name>
     <message>
         <source>Aiuto Kavena PC</source>
@@ -736,6 +751,33 @@ Si vuole procedere comunque con la copia?</translation>
     </message>
 </context>
 <context>
+    <name>MissingLibrary</name>
+    <message>
+        <source>La lista delle song non è disponibile</source>
+        <translation>La lista delle song non è disponibile</translation>
+    </message>
+    <message>
+        <source>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
+
+Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</source>
+        <translation>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
+
+Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</translation>
+    </message>
+    <message>
+        <source>Il programma non è installato per intero: manca il modulo di Qt per i database SQLite. Le song non possono essere elencate, sincronizzate o trasferite.
+
+Installare di nuovo il programma.</source>
+        <translation>Il programma non è installato per intero: manca il modulo di Qt per i database SQLite. Le song non possono essere elencate, sincronizzate o trasferite.
+
+Installare di nuovo il programma.</translation>
+    </message>
+    <message>
+        <source>Attenzione</source>
+        <translation>Attenzione</translation>
+    </message>
+</context>
+<context>
     <name>NoCopyrightDialog</name>
     <message>
         <source>Richiesta conferma</source>
@@ -795,6 +837,79 @@ Si vuole procedere comunque con la copia?</translation>
     <message>
         <source>Sono stati esaminti %1 files, trovate %2 songs di cui %3 di (c)K-Ravo</source>
         <translation>Sono stati esaminati %1 file, trovate %2 song di cui %3 di © K-Ravo</translation>
+    </message>
+</context>
+<context>
+    <name>RunReport</name>
+    <message numerus="yes">
+        <source>%n song non sono state salvate.</source>
+        <translation>
+            <numerusform>%n song non è stata salvata.</numerusform>
+            <numerusform>%n song non sono state salvate.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Non salvata: %1</source>
+        <translation>Non salvata: %1</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura</source>
+        <translation>La memoria è protetta da scrittura</translation>
+    </message>
+    <message>
+        <source>Non c'è più spazio</source>
+        <translation>Non c'è più spazio</translation>
+    </message>
+    <message>
+        <source>Il file non c'è più</source>
+        <translation>Il file non c'è più</translation>
+    </message>
+    <message>
+        <source>Il file non può essere modificato: mancano i permessi</source>
+        <translation>Il file non può essere modificato: mancano i permessi</translation>
+    </message>
+    <message>
+        <source>Il file è in uso da un altro programma</source>
+        <translation>Il file è in uso da un altro programma</translation>
+    </message>
+    <message>
+        <source>La memoria dà errori o è stata tolta</source>
+        <translation>La memoria dà errori o è stata tolta</translation>
+    </message>
+    <message>
+        <source>I dati sono troppi per questo formato</source>
+        <translation>I dati sono troppi per questo formato</translation>
+    </message>
+    <message>
+        <source>Il file non è leggibile</source>
+        <translation>Il file non è leggibile</translation>
+    </message>
+    <message>
+        <source>Il file non può essere scritto</source>
+        <translation>Il file non può essere scritto</translation>
+    </message>
+</context>
+<context>
+    <name>RunReportBox</name>
+    <message>
+        <source>Aggiornamento file</source>
+        <translation>Aggiornamento file</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Dettagli...</translation>
+    </message>
+    <message>
+        <source>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</source>
+        <translation>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</translation>
+    </message>
+    <message>
+        <source>Dettagli</source>
+        <translation>Dettagli</translation>
+    </message>
+    <message>
+        <source>Queste &amp;song non sono a posto:</source>
+        <translation>Queste &amp;song non sono a posto:</translation>
     </message>
 </context>
 <context>
@@ -921,18 +1036,6 @@ Si vuole procedere comunque con la copia?</translation>
     <message>
         <source>Questi file non sono stati inseriti &amp;nella lista:</source>
         <translation>Questi file non sono stati inseriti &amp;nella lista:</translation>
-    </message>
-    <message>
-        <source>Nome file</source>
-        <translation>Nome file</translation>
-    </message>
-    <message>
-        <source>Motivo</source>
-        <translation>Motivo</translation>
-    </message>
-    <message>
-        <source>&amp;Chiudi</source>
-        <translation>&amp;Chiudi</translation>
     </message>
     <message>
         <source>Il file non esiste</source>

@@ -271,6 +271,21 @@ Songs, die nicht lesbar sind: %4</translation>
     </message>
 </context>
 <context>
+    <name>FileListDialog</name>
+    <message>
+        <source>Nome file</source>
+        <translation>Dateiname</translation>
+    </message>
+    <message>
+        <source>Motivo</source>
+        <translation>Grund</translation>
+    </message>
+    <message>
+        <source>&amp;Chiudi</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+</context>
+<context>
     <name>HelpDialog</name>
     <message>
         <source>Aiuto Kavena PC</source>
@@ -736,6 +751,33 @@ Trotzdem kopieren?</translation>
     </message>
 </context>
 <context>
+    <name>MissingLibrary</name>
+    <message>
+        <source>La lista delle song non è disponibile</source>
+        <translation>Die Songliste ist nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
+
+Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</source>
+        <translation>Die Songdatenbank lässt sich nicht öffnen: Songs können weder aufgelistet noch synchronisiert noch übertragen werden.
+
+Bitte prüfen Sie, ob im Ordner für vorübergehende Dateien (%1) Platz ist und ob darin geschrieben werden darf, und starten Sie das Programm dann neu.</translation>
+    </message>
+    <message>
+        <source>Il programma non è installato per intero: manca il modulo di Qt per i database SQLite. Le song non possono essere elencate, sincronizzate o trasferite.
+
+Installare di nuovo il programma.</source>
+        <translation>Das Programm ist nicht vollständig installiert: Der Qt-Baustein für SQLite-Datenbanken fehlt. Songs können weder aufgelistet noch synchronisiert noch übertragen werden.
+
+Bitte installieren Sie das Programm neu.</translation>
+    </message>
+    <message>
+        <source>Attenzione</source>
+        <translation>Achtung</translation>
+    </message>
+</context>
+<context>
     <name>NoCopyrightDialog</name>
     <message>
         <source>Richiesta conferma</source>
@@ -795,6 +837,79 @@ Trotzdem kopieren?</translation>
     <message>
         <source>Sono stati esaminti %1 files, trovate %2 songs di cui %3 di (c)K-Ravo</source>
         <translation>%1 Dateien untersucht, %2 Songs gefunden, davon %3 von © K-Ravo</translation>
+    </message>
+</context>
+<context>
+    <name>RunReport</name>
+    <message numerus="yes">
+        <source>%n song non sono state salvate.</source>
+        <translation>
+            <numerusform>%n Song konnte nicht gespeichert werden.</numerusform>
+            <numerusform>%n Songs konnten nicht gespeichert werden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Non salvata: %1</source>
+        <translation>Nicht gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura</source>
+        <translation>Der Speicher ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>Non c'è più spazio</source>
+        <translation>Kein Platz mehr frei</translation>
+    </message>
+    <message>
+        <source>Il file non c'è più</source>
+        <translation>Die Datei ist nicht mehr da</translation>
+    </message>
+    <message>
+        <source>Il file non può essere modificato: mancano i permessi</source>
+        <translation>Sie haben kein Recht, die Datei zu ändern</translation>
+    </message>
+    <message>
+        <source>Il file è in uso da un altro programma</source>
+        <translation>Ein anderes Programm benutzt die Datei</translation>
+    </message>
+    <message>
+        <source>La memoria dà errori o è stata tolta</source>
+        <translation>Der Speicher ist fehlerhaft oder wurde entfernt</translation>
+    </message>
+    <message>
+        <source>I dati sono troppi per questo formato</source>
+        <translation>Zu viele Daten für dieses Format</translation>
+    </message>
+    <message>
+        <source>Il file non è leggibile</source>
+        <translation>Die Datei ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>Il file non può essere scritto</source>
+        <translation>Die Datei lässt sich nicht schreiben</translation>
+    </message>
+</context>
+<context>
+    <name>RunReportBox</name>
+    <message>
+        <source>Aggiornamento file</source>
+        <translation>Dateien aktualisieren</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Details...</translation>
+    </message>
+    <message>
+        <source>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</source>
+        <translation>In der Liste tragen sie ein Warnzeichen. Der Grund erscheint, wenn die Maus auf der Zeile steht.</translation>
+    </message>
+    <message>
+        <source>Dettagli</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>Queste &amp;song non sono a posto:</source>
+        <translation>Bei diesen &amp;Songs ging etwas schief:</translation>
     </message>
 </context>
 <context>
@@ -921,18 +1036,6 @@ Trotzdem kopieren?</translation>
     <message>
         <source>Questi file non sono stati inseriti &amp;nella lista:</source>
         <translation>Diese Dateien wurden &amp;nicht in die Liste aufgenommen:</translation>
-    </message>
-    <message>
-        <source>Nome file</source>
-        <translation>Dateiname</translation>
-    </message>
-    <message>
-        <source>Motivo</source>
-        <translation>Grund</translation>
-    </message>
-    <message>
-        <source>&amp;Chiudi</source>
-        <translation>S&amp;chließen</translation>
     </message>
     <message>
         <source>Il file non esiste</source>
