@@ -47,6 +47,17 @@ QStringList sourcesOf(ChangePreview::Field field, const SongInfo &record)
     }
 }
 
+/** What was written of the record's text into the field: an MFX file holds its beginning only. */
+QString keptPart(const ChangePreview::Change &change, const SongInfo &record)
+{
+    for (const QString &source : sourcesOf(change.field, record)) {
+        const QString kept = source.trimmed().left(change.after.size());
+        if (textFromBytes(bytesFromText(kept)) == change.after)
+            return kept;
+    }
+    return {};
+}
+
 bool showsMarkers(const SongInfo &info)
 {
     return (info.mfxFlags & MfxHeader::MarkersFlag) != 0;
@@ -123,14 +134,15 @@ QList<ChangePreview::Change> ChangePreview::changes(const SongInfo &before, cons
 
 void ChangePreview::nameLostCharacters(QList<Change> &changes, const SongInfo &record)
 {
-    for (Change &change : changes) {
-        for (const QString &source : sourcesOf(change.field, record)) {
-            // An MFX file holds the beginning only.
-            const QString kept = source.trimmed().left(change.after.size());
-            if (textFromBytes(bytesFromText(kept)) != change.after)
-                continue;
-            change.lost = lostCharacters(kept);
-            break;
-        }
-    }
+    for (Change &change : changes)
+        change.lost = ::lostCharacters(keptPart(change, record));
+}
+
+QString ChangePreview::lostCharacters(const std::optional<SongInfo> &before, const SongInfo &after,
+                                      const SongInfo &record)
+{
+    QString texts;
+    for (const Change &change : changes(before.value_or(SongInfo()), after))
+        texts += keptPart(change, record);
+    return ::lostCharacters(texts);
 }

@@ -52,6 +52,13 @@ public:
     static QList<Change> changes(const SongInfo &before, const SongInfo &after);
 
     /**
+     * The characters of the record that a song has lost: the texts that differ from before, or all
+     * texts without a before, in a list for reading. Empty when the song has all of them.
+     */
+    static QString lostCharacters(const std::optional<SongInfo> &before, const SongInfo &after,
+                                  const SongInfo &record);
+
+    /**
      * Tells which characters of the catalogue's record the changed texts lose, because no song file
      * can hold them.
      */

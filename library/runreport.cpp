@@ -19,6 +19,9 @@ QString RunReport::summary() const
     QStringList lines;
     if (const int songs = count(SongFinding::Kind::NotSaved); songs > 0)
         lines << tr("%n song non sono state salvate.", nullptr, songs);
+    if (const int songs = count(SongFinding::Kind::LostCharacters); songs > 0)
+        lines << tr("In %n song ci sono caratteri che il player mostra come \"?\".", nullptr,
+                    songs);
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -27,6 +30,8 @@ QString RunReport::text(const SongFinding &finding)
     switch (finding.kind) {
     case SongFinding::Kind::NotSaved:
         return tr("Non salvata: %1").arg(finding.reason);
+    case SongFinding::Kind::LostCharacters:
+        return tr("\"?\" al posto di: %1").arg(finding.reason);
     }
     return {};
 }

@@ -10,12 +10,13 @@
 /** One thing about one song that the user should know. A song may have several. */
 struct SongFinding {
     enum class Kind {
-        NotSaved ///< what was to be written into the song is not in it
+        NotSaved,       ///< what was to be written into the song is not in it
+        LostCharacters, ///< characters that the player cannot show stand in it as "?"
     };
 
     Kind kind = Kind::NotSaved;
     QString path;
-    QString reason; ///< in the user's words
+    QString reason; ///< in the user's words; of lost characters these themselves, as a list
 };
 
 /** The findings of one run, in their order. A run that did all it was to do has none. */

@@ -1,6 +1,7 @@
 #include "library/songeditor.h"
 
 #include "formats/diagnostics.h"
+#include "library/changepreview.h"
 #include "library/dataeditdialog.h"
 #include "library/whileanswering.h"
 
@@ -41,8 +42,9 @@ bool SongEditor::edit(int row)
     logDebug() << "Accepted";
     edit->info.dbgDump();
     const QPersistentModelIndex place = m_model.rowIndex(row);
+    m_changesMany = edit->titleToAll || edit->artistToAll || edit->genreToAll || edit->authorToAll;
     manualModifySong(song, edit->info, path, row);
-    if (edit->titleToAll || edit->artistToAll || edit->genreToAll || edit->authorToAll)
+    if (m_changesMany)
         applyToAll(*edit, place.row());
     return true;
 }
@@ -68,6 +70,9 @@ void SongEditor::manualModifySong(MetaSong song, const SongInfo &info, const QSt
     if (onDisk.importFile(path)) {
         SongInfo savedInfo;
         onDisk.getSongInfo(savedInfo);
+        const QString lost = ChangePreview::lostCharacters(std::nullopt, savedInfo, info);
+        if (m_changesMany && saved && !lost.isEmpty())
+            m_report.add(SongFinding::Kind::LostCharacters, path, lost);
         m_model.updateRow(place.row(), savedInfo);
     }
     m_model.setStatus(place.row(), Database::StatusEdited);

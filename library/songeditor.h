@@ -79,6 +79,7 @@ private:
     AskDelete m_askDelete;
     OpenProgress m_openProgress;
     RunReport m_report;
+    bool m_changesMany = false; ///< one song's lost characters the user saw while typing
 };
 
 /**

@@ -2,6 +2,7 @@
 
 #include "formats/diagnostics.h"
 #include "formats/metasong.h"
+#include "library/changepreview.h"
 #include "library/nocopyrightdialog.h"
 #include "library/whileanswering.h"
 
@@ -81,7 +82,8 @@ bool Synchronisation::updateFileWithDb(int row)
     song.getSongInfo(info);
     if (!mayChange(info, fileName))
         return false;
-    if (!m_catalogue.mergeInto(song, info, m_model.shortName(row)))
+    const auto record = m_catalogue.mergeInto(song, info, m_model.shortName(row));
+    if (!record)
         return false;
 
     // A progress that was cancelled lets go of the table, which may then be sorted.
@@ -95,8 +97,12 @@ bool Synchronisation::updateFileWithDb(int row)
     keepFailure(place.row(), fileName, failure);
     MetaSong saved;
     if (saved.importFile(fileName)) {
-        saved.getSongInfo(info);
-        m_model.updateRow(place.row(), info);
+        SongInfo savedInfo;
+        saved.getSongInfo(savedInfo);
+        const QString lost = ChangePreview::lostCharacters(info, savedInfo, *record);
+        if (!lost.isEmpty())
+            m_report.add(SongFinding::Kind::LostCharacters, fileName, lost);
+        m_model.updateRow(place.row(), savedInfo);
     }
     return true;
 }

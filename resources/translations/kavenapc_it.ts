@@ -888,6 +888,17 @@ Installare di nuovo il programma.</translation>
         <source>Il file non può essere scritto</source>
         <translation>Il file non può essere scritto</translation>
     </message>
+    <message numerus="yes">
+        <source>In %n song ci sono caratteri che il player mostra come &quot;?&quot;.</source>
+        <translation>
+            <numerusform>In %n song ci sono caratteri che il player mostra come &quot;?&quot;.</numerusform>
+            <numerusform>In %n song ci sono caratteri che il player mostra come &quot;?&quot;.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;?&quot; al posto di: %1</source>
+        <translation>&quot;?&quot; al posto di: %1</translation>
+    </message>
 </context>
 <context>
     <name>RunReportBox</name>

@@ -888,6 +888,17 @@ Bitte installieren Sie das Programm neu.</translation>
         <source>Il file non può essere scritto</source>
         <translation>Die Datei lässt sich nicht schreiben</translation>
     </message>
+    <message numerus="yes">
+        <source>In %n song ci sono caratteri che il player mostra come &quot;?&quot;.</source>
+        <translation>
+            <numerusform>In %n Song zeigt der Player „?“ statt einzelner Zeichen.</numerusform>
+            <numerusform>In %n Songs zeigt der Player „?“ statt einzelner Zeichen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;?&quot; al posto di: %1</source>
+        <translation>„?“ statt: %1</translation>
+    </message>
 </context>
 <context>
     <name>RunReportBox</name>

@@ -888,6 +888,17 @@ Please install the program again.</translation>
         <source>Il file non può essere scritto</source>
         <translation>The file cannot be written</translation>
     </message>
+    <message numerus="yes">
+        <source>In %n song ci sono caratteri che il player mostra come &quot;?&quot;.</source>
+        <translation>
+            <numerusform>In %n song the player shows &quot;?&quot; instead of some characters.</numerusform>
+            <numerusform>In %n songs the player shows &quot;?&quot; instead of some characters.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;?&quot; al posto di: %1</source>
+        <translation>&quot;?&quot; instead of: %1</translation>
+    </message>
 </context>
 <context>
     <name>RunReportBox</name>

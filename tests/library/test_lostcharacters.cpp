@@ -2,12 +2,16 @@
 #include "library/changepreviewdialog.h"
 #include "library/dataeditdialog.h"
 #include "library/lostcharacters.h"
+#include "library/nocopyrightdialog.h"
+#include "library/songeditor.h"
+#include "library/synchronisation.h"
 #include "support/librarytable.h"
 #include "support/recordedprogress.h"
 #include "support/songbytes.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
@@ -108,6 +112,8 @@ private slots:
     void previewTellsThem();
     void previewTellsOnlyWhatIsWritten();
     void previewWindowShowsThem();
+    void synchronisingReportsThem();
+    void editForAllSongsReportsThem();
 };
 
 void TestLostCharacters::charactersAreListed_data()
@@ -289,6 +295,72 @@ void TestLostCharacters::previewWindowShowsThem()
     const auto *const tree = dialog.findChild<QTreeWidget *>(QStringLiteral("changesTreeWidget"));
     QCOMPARE(tree->topLevelItem(0)->child(0)->text(2),
              QStringLiteral("DVO?ÁK (\"?\" al posto di: Ř)"));
+}
+
+void TestLostCharacters::synchronisingReportsThem()
+{
+    catalogue::Row row;
+    row.filename = QStringLiteral("A");
+    row.title = QStringLiteral("RŮŽE");
+    row.artist = QStringLiteral("DVOŘÁK");
+    catalogue::Row plain;
+    plain.filename = QStringLiteral("B");
+    plain.title = QStringLiteral("AZZURRO");
+    LibraryTable library({row, plain});
+    QVERIFY(library.isGood());
+    QVERIFY(library.add(QStringLiteral("a.mid"), midi()));
+    QVERIFY(library.add(QStringLiteral("b.mid"), midi()));
+    ProgressRecord progress;
+    Synchronisation run(
+        library.database, library.model(), [] { return true; },
+        [](const QString &) { return int{NoCopyrightDialog::Yes}; }, recordedBy(progress));
+    QVERIFY(run.run(false));
+    QCOMPARE(run.report().findings().size(), 1);
+    const SongFinding finding = run.report().findings().first();
+    QCOMPARE(finding.kind, SongFinding::Kind::LostCharacters);
+    QCOMPARE(finding.path, library.path(QStringLiteral("a.mid")));
+    QCOMPARE(RunReport::text(finding), QStringLiteral("\"?\" al posto di: Ů, Ž, Ř"));
+    QCOMPARE(run.report().summary(),
+             QStringLiteral("In 1 song ci sono caratteri che il player mostra come \"?\"."));
+    QVERIFY(library.song(QStringLiteral("a.mid")).title == QStringLiteral("R??E"));
+}
+
+void TestLostCharacters::editForAllSongsReportsThem()
+{
+    LibraryTable library(QList<catalogue::Row>{});
+    for (const char *name : {"a.mid", "b.mp3", "c.mf3"}) {
+        const QByteArray bytes = QByteArray(name).endsWith("mid") ? midi()
+                                 : QByteArray(name).endsWith("mp3")
+                                     ? mp3(QByteArray())
+                                     : samplesongs::mfxBytes("_MF3", midi(), {});
+        QVERIFY(library.add(QString::fromLatin1(name), bytes));
+    }
+    for (const bool toAll : {false, true}) {
+        ProgressRecord progress;
+        SongEditor editor(
+            library.model(),
+            [toAll](const SongInfo &info) {
+                SongEdit edit;
+                edit.info = info;
+                edit.info.artist = QStringLiteral("Dvořák");
+                edit.artistToAll = toAll;
+                return std::optional<SongEdit>(edit);
+            },
+            [] { return false; }, recordedBy(progress));
+        QVERIFY(editor.edit(1));
+        QStringList told;
+        for (const SongFinding &finding : editor.report().findings())
+            told.append(QFileInfo(finding.path).fileName() + QStringLiteral(": ") +
+                        RunReport::text(finding));
+        told.sort();
+        // Of a single song the dialog has told it while it was typed.
+        const QString lost = QStringLiteral(": \"?\" al posto di: ř");
+        QCOMPARE(told, toAll ? QStringList({QStringLiteral("a.mid") + lost,
+                                            QStringLiteral("b.mp3") + lost,
+                                            QStringLiteral("c.mf3") + lost})
+                             : QStringList());
+        QCOMPARE(library.song(QStringLiteral("b.mp3")).artist, QStringLiteral("Dvo?ák"));
+    }
 }
 
 QTEST_MAIN(TestLostCharacters)
