@@ -35,5 +35,6 @@ int main(int argc, char *argv[])
 
     MainWindow window;
     window.show();
+    window.tellMissingLibrary();
     return QApplication::exec();
 }

@@ -25,8 +25,10 @@
 #include "windows/confirmation.h"
 #include "windows/helpdialog.h"
 #include "windows/indexdialog.h"
+#include "windows/missinglibrary.h"
 #include "windows/paintingpaused.h"
 #include "windows/proceeddialog.h"
+#include "windows/runreportbox.h"
 #include "windows/shownprogress.h"
 #include "windows/songslistdialog.h"
 #include "windows/statusrowdelegate.h"
@@ -70,6 +72,7 @@ MainWindow::MainWindow(QWidget *parent)
 
     if (!m_database.init()) {
         logDebug() << "Error initializing DB !!!";
+        m_missingLibrary = new MissingLibrary(ui->statusBar);
         return;
     }
     logDebug() << "DB initialized correctly";
@@ -173,6 +176,12 @@ void MainWindow::addListComforts()
     connect(drop, &SongDrop::dropped, this, &MainWindow::importDropped);
 }
 
+void MainWindow::tellMissingLibrary()
+{
+    if (m_missingLibrary != nullptr)
+        m_missingLibrary->tell(this, m_busy);
+}
+
 bool MainWindow::hasLibrary() const
 {
     if (m_model == nullptr)
@@ -218,6 +227,8 @@ void MainWindow::changeEvent(QEvent *event)
     }
     if (m_summary != nullptr)
         m_summary->refresh();
+    if (m_missingLibrary != nullptr)
+        m_missingLibrary->refresh();
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
@@ -253,7 +264,8 @@ void MainWindow::initUserLibraryModel()
     view->verticalHeader()->hide();
     view->setAlternatingRowColors(false);
     view->setModel(m_model);
-    view->setItemDelegate(new StatusRowDelegate(m_model->colIdxStatus(), view));
+    view->setItemDelegate(
+        new StatusRowDelegate(m_model->colIdxStatus(), m_model->colIdxType(), view));
     view->hideColumn(m_model->colIdxFilename());
     view->hideColumn(m_model->colIdxStatus());
     view->hideColumn(0);
@@ -271,8 +283,12 @@ void MainWindow::adjustUserLibraryHeaders()
 
 void MainWindow::on_selectDirToolButton_clicked()
 {
-    if (m_busy || !hasLibrary())
+    if (m_busy)
         return;
+    if (!hasLibrary()) {
+        tellMissingLibrary();
+        return;
+    }
     const BusyGuard busy(m_busy);
     // Qt's own dialog: unlike some desktops' it takes *.mid for SONG.MID too.
     const QStringList files = QFileDialog::getOpenFileNames(
@@ -381,7 +397,14 @@ bool MainWindow::suggestBackup()
         return LibraryBackup::Choice{dialog.wish(), dialog.directory()};
     };
     const auto copy = [this](const QString &destination, int &copied) {
-        return copyFiles(destination, copied);
+        NoProgress noProgress;
+        const auto copyList = [](const QStringList &files, const QString &folder, int &arrived,
+                                 Progress &progress) {
+            return FileCopier(&confirmation::askToReplace)
+                .copyFiles(files, folder, arrived, progress);
+        };
+        return LibraryBackup::copyFiles(m_selectedFiles, destination, copied,
+                                        m_progress != nullptr ? *m_progress : noProgress, copyList);
     };
     const auto report = [this](bool succeeded) {
         if (succeeded)
@@ -418,8 +441,10 @@ bool MainWindow::updateUserLibrary()
     if (preview &&
         !ChangePreviewDialog::confirm(m_database, *m_model, copyrightAsk(), openProgress(), this))
         return false;
-    const bool finished = synchronisation().run(copyrightAsk());
+    Synchronisation run = synchronisation();
+    const bool finished = run.run(copyrightAsk());
     adjustUserLibraryHeaders(); // the rows hold the catalogue's texts now
+    RunReportBox::tell(run.report(), this);
     return finished;
 }
 
@@ -467,10 +492,12 @@ void MainWindow::onSongsTableViewDoubleClicked(QModelIndex index)
         return;
     const BusyGuard busy(m_busy);
     const QPersistentModelIndex place = index; // the list may be sorted during the save
-    if (!songEditor().edit(index.row()))
+    SongEditor editor = songEditor();
+    if (!editor.edit(index.row()))
         return;
     adjustUserLibraryHeaders(); // the texts may have become longer
     scrollToRow(place.row());
+    RunReportBox::tell(editor.report(), this);
 }
 
 void MainWindow::manualModifySong(const MetaSong &song, const SongInfo &info, const QString &path,

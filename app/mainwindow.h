@@ -17,6 +17,7 @@
 #include <QTranslator>
 
 class ColumnLayout;
+class MissingLibrary;
 class SongEditor;
 class SongFilter;
 class StatusSummary;
@@ -33,7 +34,8 @@ QT_END_NAMESPACE
 /**
  * The window hands each job to a workflow class and shows its questions. While one runs no other
  * can start and the window refuses to close: a question that cannot be shown any more would count
- * as answered with yes. With a catalogue that cannot be opened the table is empty and inert.
+ * as answered with yes. With a catalogue that cannot be opened the table is empty and inert, and
+ * the status bar says so.
  */
 class MainWindow : public QMainWindow
 {
@@ -51,6 +53,12 @@ public:
      * the summary and synchronises at once if he agrees.
      */
     void importUserLibrary();
+
+    /**
+     * Says why the list cannot be used, once the window is on the screen; nothing where it can. For
+     * the start of the program, and for whoever wants to choose songs all the same.
+     */
+    void tellMissingLibrary();
 
     /** Creates the table's model and sets up its view; called once, with an open database. */
     void initUserLibraryModel();
@@ -183,4 +191,5 @@ private:
     ColumnLayout *m_columns = nullptr;
     SongFilter *m_filter = nullptr;
     StatusSummary *m_summary = nullptr;
+    MissingLibrary *m_missingLibrary = nullptr; ///< only when the database could not be opened
 };

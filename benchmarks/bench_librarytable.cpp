@@ -41,7 +41,8 @@ struct ShownLibrary {
         model = std::make_unique<UserSongsRelTableModel>(nullptr, database.userLibraryDb());
         view.setSortingEnabled(true);
         view.setModel(model.get());
-        view.setItemDelegate(new StatusRowDelegate(model->colIdxStatus(), &view));
+        view.setItemDelegate(
+            new StatusRowDelegate(model->colIdxStatus(), model->colIdxType(), &view));
         view.resize(1000, 700);
         view.show();
         QCoreApplication::processEvents();

@@ -11,6 +11,23 @@ QByteArray bytesFromText(const QString &text)
     return text.toLatin1();
 }
 
+QStringList charactersOutsideLatin1(const QString &text)
+{
+    constexpr char16_t lastLatin1 = 0xFF;
+    QStringList found;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text.at(i).unicode() <= lastLatin1)
+            continue;
+        const bool isPair =
+            text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        const QString character = text.mid(i, isPair ? 2 : 1);
+        i += character.size() - 1;
+        if (!found.contains(character))
+            found.append(character);
+    }
+    return found;
+}
+
 qint32 countFromText(const QString &text)
 {
     bool ok = false;

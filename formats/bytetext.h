@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
+#include <QStringList>
 
 /**
  * The text of a fixed or length-prefixed field: cut at the first zero byte, taken as Latin-1
@@ -16,6 +17,13 @@ QString textFromBytes(QByteArrayView field);
  * takes two UTF-16 units, so that a text cut to n units never exceeds n bytes).
  */
 QByteArray bytesFromText(const QString &text);
+
+/**
+ * The characters of the text that Latin-1 does not hold, so that no song file can and the player
+ * does not show them: bytesFromText makes "?" of them. Each one once, in the order in which they
+ * first appear; one that takes two UTF-16 units stays whole.
+ */
+QStringList charactersOutsideLatin1(const QString &text);
 
 /**
  * The number of a decimal text, such as a length or a tempo: 0 when the text is no integer, is

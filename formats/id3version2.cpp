@@ -37,6 +37,13 @@ constexpr Successor successors[] = {
     {"TSC", "TSOC"}, {"TSP", "TSOP"}, {"TST", "TSOT"},
 };
 
+bool isOldId(QByteArrayView bytes)
+{
+    return std::all_of(bytes.cbegin(), bytes.cend(),
+                       [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); });
+}
+
+/** Empty for a frame that version 3 has no counterpart of, or only one of another layout. */
 QByteArray successorOf(QByteArrayView oldId)
 {
     const auto *const found =
@@ -71,16 +78,16 @@ std::optional<QByteArray> framesOfVersion3(QByteArrayView framesOfVersion2)
     QByteArray frames;
     QByteArrayView left = framesOfVersion2;
     while (!left.isEmpty() && left.front() != '\0') {
-        const QByteArray id =
-            left.size() < oldHeaderSize ? QByteArray() : successorOf(left.first(oldIdSize));
-        if (id.isEmpty())
+        if (left.size() < oldHeaderSize || !isOldId(left.first(oldIdSize)))
             return std::nullopt;
+        const QByteArray id = successorOf(left.first(oldIdSize));
         const std::array<char, sizeof(quint32)> field{'\0', left[3], left[4], left[5]};
         const qsizetype size = qFromBigEndian<quint32>(field.data());
         if (size > left.size() - oldHeaderSize)
             return std::nullopt;
         const QByteArray content = left.sliced(oldHeaderSize, size).toByteArray();
-        frames += newFrame(id, id == "APIC" ? pictureContent(content) : content);
+        if (!id.isEmpty())
+            frames += newFrame(id, id == "APIC" ? pictureContent(content) : content);
         left = left.sliced(oldHeaderSize + size);
     }
     return frames;

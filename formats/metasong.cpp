@@ -1,6 +1,7 @@
 #include "formats/metasong.h"
 
 #include "formats/lzhuff.h"
+#include "formats/mp3edit.h"
 #include "storage/diagnostics.h"
 #include "storage/songfilewriter.h"
 
@@ -71,8 +72,10 @@ bool loadTag(QFile &file, Mp3Header &header)
     const QByteArray start = file.read(startSize);
     if (start.size() != startSize || !header.loadHeader(start))
         return false;
-    // The size that a tag tells leaves out its own ten bytes: its end can lie just behind.
-    const qsizetype missing = qsizetype{header.getAudioDataStartPos()} - start.size();
+    // The size that a tag tells leaves out its own ten bytes and a footer: its end can lie just
+    // behind.
+    const qsizetype missing =
+        qsizetype{header.getAudioDataStartPos()} + Mp3Header::FooterSize - start.size();
     return missing <= 0 || header.loadHeader(start + file.read(missing));
 }
 
@@ -150,19 +153,6 @@ void readItems(const Tags &tags, SongInfo &info)
     info.key = tags.key();
     info.length = tags.length();
     info.isKravo = tags.isKravo();
-}
-
-/** Writes every item of the record as it stands. */
-template <typename Tags>
-void writeItems(Tags &tags, const SongInfo &info)
-{
-    tags.setTitle(info.title);
-    tags.setArtist(info.artist);
-    tags.setAuthor(info.author);
-    tags.setGenre(info.genre);
-    tags.setUserBpm(info.userBpm);
-    tags.setKey(info.key);
-    tags.setLength(info.length);
 }
 
 /**
@@ -340,7 +330,13 @@ void MetaSong::setSongInfo(const SongInfo &info, bool manual)
 void MetaSong::setMidiInfo(const SongInfo &info, bool manual)
 {
     if (manual) {
-        writeItems(m_midi, info);
+        m_midi.setTitle(info.title);
+        m_midi.setArtist(info.artist);
+        m_midi.setAuthor(info.author);
+        m_midi.setGenre(info.genre);
+        m_midi.setUserBpm(info.userBpm);
+        m_midi.setKey(info.key);
+        m_midi.setLength(info.length);
         return;
     }
     const bool setsTitle = !m_midi.hasTitle() || isShortened(m_midi.title(), info.title);
@@ -353,7 +349,7 @@ void MetaSong::setMidiInfo(const SongInfo &info, bool manual)
 void MetaSong::setMp3Info(const SongInfo &info, bool manual)
 {
     if (manual)
-        writeItems(m_mp3Header, info);
+        writeEditedItems(m_mp3Header, info);
     else
         fillItems(m_mp3Header, info, !m_mp3Header.hasTitle());
     if (!m_mp3Header.hasKavenaEditParam())
@@ -395,8 +391,8 @@ void MetaSong::fillMfxArtist(const SongInfo &info)
 {
     const QString artist = m_mfxHeader.artist();
     // A dash gives way to the alternative artist even where the catalogue has none: the player
-    // then shows no artist at all.
-    if (isDash(artist)) {
+    // then shows no artist at all. Where it is the alternative artist, it stays like any other.
+    if (isDash(artist) && artist != info.altArtist) {
         m_mfxHeader.setArtist(info.altArtist);
         return;
     }
@@ -431,16 +427,16 @@ void MetaSong::addMarkers(const QList<Marker> &markers)
         m_midi.setAuthor(author);
 }
 
-bool MetaSong::saveToFile(const QString &path)
+SaveFailure MetaSong::save(const QString &path)
 {
     if (!isComplete()) {
         logDebug() << "[MetaSong::saveToFile] UNKNOWN format (or data corrupted) in memory, "
                       "aborting";
-        return false;
+        return SaveFailure::Other;
     }
     if (!canBeReadAgain()) {
         logDebug() << "[MetaSong::saveToFile] Too much data for the format, aborting";
-        return false;
+        return SaveFailure::TooLarge;
     }
     return m_fileType == SongInfo::FileMp3 ? saveMp3(path) : saveInPlace(path);
 }
@@ -464,20 +460,20 @@ bool MetaSong::canBeReadAgain() const
     return m_midi.stream().size() <= largestFileInMemory;
 }
 
-bool MetaSong::saveInPlace(const QString &path)
+SaveFailure MetaSong::saveInPlace(const QString &path)
 {
     removeReadOnlyFlag(path);
     SongFileWriter writer(path);
     if (!writer.open()) {
         logDebug() << messageFor(SongFileWriter::Outcome::CannotOpen);
-        return false;
+        return saveFailureFrom(writer.systemError(), path);
     }
     logDebug() << (isMfx() ? "[MetaSong::saveToFile] MFx" : "[MetaSong::saveToFile] MIDI");
     if (!writer.replaceBytes(isMfx() ? mfxFileBytes() : m_midi.stream())) {
         logDebug() << messageFor(SongFileWriter::Outcome::CannotWrite);
-        return false;
+        return saveFailureFrom(writer.systemError(), path);
     }
-    return true;
+    return SaveFailure::None;
 }
 
 /** The MIDI data as they are compressed into an MFX file. */
@@ -501,28 +497,28 @@ QByteArray MetaSong::mfxFileBytes()
     return m_mfxHeader.header() + compressed;
 }
 
-bool MetaSong::saveMp3(const QString &path) const
+SaveFailure MetaSong::saveMp3(const QString &path) const
 {
     removeReadOnlyFlag(path);
     QFile source(m_fileName);
     if (!openRegularFile(source)) {
         logDebug() << "[MetaSong::saveToFile] Impossible to read from file.";
-        return false;
+        return loadFailureOf(m_fileName);
     }
     // Where the audio begins is asked of the file as it is now: an earlier save of this song, or of
     // a copy of it, has moved it.
     Mp3Header onDisk;
     if (!loadTag(source, onDisk)) {
         logDebug() << messageFor(SongFileWriter::Outcome::CannotSeek);
-        return false;
+        return loadFailureOf(m_fileName);
     }
     SongFileWriter writer(path);
     const auto outcome =
         writer.replaceThroughTemporary(m_mp3Header.stream(), source, onDisk.getAudioDataStartPos());
     if (outcome == SongFileWriter::Outcome::Done)
-        return true;
+        return SaveFailure::None;
     logDebug() << messageFor(outcome);
-    return false;
+    return saveFailureFrom(writer.systemError(), path);
 }
 
 void MetaSong::dbgAddMarker(const QString &text, unsigned short bar)

@@ -4,6 +4,7 @@
 #include "formats/mfxheader.h"
 #include "formats/mp3header.h"
 #include "formats/rawmidifile.h"
+#include "formats/savefailure.h"
 #include "formats/songinfo.h"
 
 #include <QString>
@@ -56,7 +57,10 @@ public:
      * audio of the file that was imported. False when nothing is loaded or the file could not be
      * written; an old file at the path is then as it was, byte for byte.
      */
-    bool saveToFile(const QString &path);
+    bool saveToFile(const QString &path) { return save(path) == SaveFailure::None; }
+
+    /** As saveToFile(); returns why the file could not be written, None when it was. */
+    SaveFailure save(const QString &path);
 
     /** Adds a marker, at a bar as the user counts, to the MIDI data (for the debug panel). */
     void dbgAddMarker(const QString &text, unsigned short bar);
@@ -87,10 +91,10 @@ private:
 
     bool isComplete() const;
     bool canBeReadAgain() const;
-    bool saveInPlace(const QString &path);
+    SaveFailure saveInPlace(const QString &path);
     QByteArray mfxPayload() const;
     QByteArray mfxFileBytes();
-    bool saveMp3(const QString &path) const;
+    SaveFailure saveMp3(const QString &path) const;
 
     bool isMidi() const;
     bool isMfx() const;

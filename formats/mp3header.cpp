@@ -1,6 +1,7 @@
 #include "formats/mp3header.h"
 
 #include "formats/bytetext.h"
+#include "formats/id3frame.h"
 #include "formats/id3version2.h"
 
 #include <QtEndian>
@@ -28,6 +29,9 @@ constexpr int framesStart = tagHeaderSize;
 constexpr int unsynchronised = 0x80; ///< a zero byte was put behind every FF
 constexpr int compressed = 0x40;     ///< of version 2; nobody ever said how
 constexpr int hasExtendedHeader = 0x40;
+constexpr int hasFooter = 0x10; ///< of version 4: the header again, behind the frames
+
+constexpr char footerMagic[] = "3DI";
 
 // A frame: identifier, 32-bit size, two flag bytes; then, counted by the size, the encoding byte
 // and the text.
@@ -35,19 +39,6 @@ constexpr int frameIdSize = 4;
 constexpr int frameSizePos = frameIdSize;
 constexpr int frameHeaderSize = 10;
 constexpr int frameTextPos = frameHeaderSize + 1;
-constexpr char latin1Encoding = 0;
-
-constexpr char titleFrame[] = "TIT2";
-constexpr char artistFrame[] = "TPE1";
-constexpr char genreFrame[] = "TCON";
-constexpr char authorFrame[] = "TCOM";
-constexpr char keyFrame[] = "TKEY";
-constexpr char userBpmFrame[] = "TBPM";
-constexpr char lengthFrame[] = "TLEN";
-constexpr char copyrightFrame[] = "TCOP";
-constexpr char editFrame[] = "MEDT";
-
-constexpr int millisecondsPerSecond = 1000;
 
 QByteArray tagSizeField(quint32 size)
 {
@@ -57,36 +48,11 @@ QByteArray tagSizeField(quint32 size)
     return field;
 }
 
-QByteArray encodedFrame(const QByteArray &id, const QByteArray &content)
-{
-    QByteArray frame(frameTextPos, '\0');
-    frame.replace(0, frameIdSize, id);
-    qToBigEndian(static_cast<quint32>(content.size() + 1), frame.data() + frameSizePos);
-    frame[frameHeaderSize] = latin1Encoding;
-    return frame + content;
-}
-
-/** What four size bytes tell in groups of seven bits; as a plain number if they are no groups. */
-quint32 sizeInGroups(quint32 plain)
-{
-    if ((plain & 0x80808080U) != 0)
-        return plain;
-    return (plain >> 3 & 0x0FE00000U) | (plain >> 2 & 0x001FC000U) | (plain >> 1 & 0x00003F80U) |
-           (plain & 0x0000007FU);
-}
-
 /** The bytes from the position on, as many of them as there are. */
 QByteArrayView view(const QByteArray &bytes, qsizetype pos, qsizetype size)
 {
     const qsizetype start = std::min(pos, bytes.size());
     return QByteArrayView(bytes).sliced(start, std::min(size, bytes.size() - start));
-}
-
-bool isFrameId(QByteArrayView bytes)
-{
-    return bytes.size() == frameIdSize && std::all_of(bytes.cbegin(), bytes.cend(), [](char c) {
-               return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
-           });
 }
 
 /** Zeros behind the last frame, or the end of the tag. */
@@ -115,6 +81,8 @@ bool Mp3Header::loadHeader(const QByteArray &bytes)
     m_tag.append(wholeSize - m_tag.size(), '\0');
     m_tagSize = size;
     m_audioStart = size + tagHeaderSize;
+    leaveOutFooter(view(bytes, wholeSize, FooterSize));
+    undoUnsynchronisation();
     renewFrames();
     return true;
 }
@@ -135,124 +103,125 @@ unsigned int Mp3Header::getId3TagSize(const QByteArray &bytes) const
 
 QString Mp3Header::title() const
 {
-    return frameText(titleFrame);
+    return frameText(Id3FrameId::title);
 }
 
 QString Mp3Header::artist() const
 {
-    return frameText(artistFrame);
+    return frameText(Id3FrameId::artist);
 }
 
 QString Mp3Header::genre() const
 {
-    return frameText(genreFrame);
+    return frameText(Id3FrameId::genre);
 }
 
 QString Mp3Header::author() const
 {
-    return frameText(authorFrame);
+    return frameText(Id3FrameId::author);
 }
 
 QString Mp3Header::key() const
 {
-    return frameText(keyFrame);
+    return frameText(Id3FrameId::key);
 }
 
 int Mp3Header::userBpm() const
 {
-    return countFromText(frameText(userBpmFrame));
+    return countFromText(frameText(Id3FrameId::userBpm));
 }
 
 int Mp3Header::length() const
 {
-    return countFromText(frameText(lengthFrame)) / millisecondsPerSecond;
+    return countFromText(frameText(Id3FrameId::length)) / MillisecondsPerSecond;
 }
 
 bool Mp3Header::hasTitle() const
 {
-    return hasFrame(titleFrame);
+    return hasFrame(Id3FrameId::title);
 }
 
 bool Mp3Header::hasArtist() const
 {
-    return hasFrame(artistFrame);
+    return hasFrame(Id3FrameId::artist);
 }
 
 bool Mp3Header::hasGenre() const
 {
-    return hasFrame(genreFrame);
+    return hasFrame(Id3FrameId::genre);
 }
 
 bool Mp3Header::hasAuthor() const
 {
-    return hasFrame(authorFrame);
+    return hasFrame(Id3FrameId::author);
 }
 
 bool Mp3Header::hasKey() const
 {
-    return hasFrame(keyFrame);
+    return hasFrame(Id3FrameId::key);
 }
 
 bool Mp3Header::hasUserBpm() const
 {
-    return hasFrame(userBpmFrame);
+    return hasFrame(Id3FrameId::userBpm);
 }
 
 bool Mp3Header::hasLength() const
 {
-    return hasFrame(lengthFrame);
+    return hasFrame(Id3FrameId::length);
 }
 
 bool Mp3Header::hasKavenaEditParam() const
 {
-    return hasFrame(editFrame);
+    return hasFrame(Id3FrameId::edit);
 }
 
 bool Mp3Header::isKravo() const
 {
-    return frameText(copyrightFrame).toUpper().contains(QLatin1String("K-RAVO"));
+    return frameText(Id3FrameId::copyright).toUpper().contains(QLatin1String("K-RAVO"));
 }
 
 void Mp3Header::setTitle(const QString &title)
 {
-    replaceFrame(titleFrame, bytesFromText(title));
+    replaceFrame(Id3FrameId::title, bytesFromText(title));
 }
 
 void Mp3Header::setArtist(const QString &artist)
 {
-    replaceFrame(artistFrame, bytesFromText(artist));
+    replaceFrame(Id3FrameId::artist, bytesFromText(artist));
 }
 
 void Mp3Header::setGenre(const QString &genre)
 {
-    replaceFrame(genreFrame, bytesFromText(genre));
+    replaceFrame(Id3FrameId::genre, bytesFromText(genre));
 }
 
 void Mp3Header::setAuthor(const QString &author)
 {
-    replaceFrame(authorFrame, bytesFromText(author));
+    replaceFrame(Id3FrameId::author, bytesFromText(author));
 }
 
 void Mp3Header::setKey(const QString &key)
 {
-    replaceFrame(keyFrame, bytesFromText(key));
+    replaceFrame(Id3FrameId::key, bytesFromText(key));
 }
 
 void Mp3Header::setUserBpm(int bpm)
 {
-    replaceFrame(userBpmFrame, bpm >= 1 ? QByteArray::number(bpm) : QByteArray());
+    replaceFrame(Id3FrameId::userBpm, bpm >= 1 ? QByteArray::number(bpm) : QByteArray());
 }
 
 void Mp3Header::setLength(int seconds)
 {
-    const qint64 milliseconds = qint64{seconds} * millisecondsPerSecond;
-    replaceFrame(lengthFrame, seconds >= 1 ? QByteArray::number(milliseconds) : QByteArray());
+    const qint64 milliseconds = qint64{seconds} * MillisecondsPerSecond;
+    replaceFrame(Id3FrameId::length,
+                 seconds >= 1 ? QByteArray::number(milliseconds) : QByteArray());
 }
 
 void Mp3Header::setKavenaEditParam()
 {
     removeExtendedHeader();
-    insertId3Frame(QByteArray(3, '\0'), QLatin1String(editFrame), framesStart);
+    insertId3Frame(QByteArray(3, '\0'), QLatin1String(Id3FrameId::edit), framesStart);
 }
 
 unsigned int Mp3Header::getSingleFrameLength(int pos) const
@@ -275,6 +244,12 @@ int Mp3Header::extractId3Frame(QString &text, const QString &id) const
     return pos;
 }
 
+QByteArrayView Mp3Header::firstFrame(const QString &id) const
+{
+    const int pos = indexOfFrame(bytesFromText(id));
+    return pos < 0 ? QByteArrayView() : frameAt(pos);
+}
+
 int Mp3Header::insertId3Frame(const QByteArray &content, const QString &id, int pos)
 {
     const QByteArray idBytes = bytesFromText(id);
@@ -284,7 +259,8 @@ int Mp3Header::insertId3Frame(const QByteArray &content, const QString &id, int 
         return 0;
     if (content.size() > qsizetype{largestTagSize} - m_tagSize - frameTextPos)
         return 0;
-    const QByteArray frame = encodedFrame(idBytes, content);
+    const bool groupsSize = m_tag.at(tagVersionPos) == groupedSizesVersion;
+    const QByteArray frame = encodedTextFrame(idBytes, content, groupsSize);
     m_tag.insert(pos, frame);
     m_tagSize += static_cast<quint32>(frame.size());
     updateId3TagSize();
@@ -296,8 +272,7 @@ int Mp3Header::removeId3Frame(const QString &id)
     const int pos = indexOfFrame(bytesFromText(id));
     if (pos < 0)
         return 0;
-    const qsizetype claimed = qsizetype{frameSize(pos)} + frameHeaderSize;
-    const qsizetype removed = std::min(claimed, m_tag.size() - pos);
+    const qsizetype removed = frameAt(pos).size();
     m_tag.remove(pos, removed);
     m_tagSize -= static_cast<quint32>(removed);
     updateId3TagSize();
@@ -320,7 +295,7 @@ int Mp3Header::indexOfFrame(const QByteArray &id) const
 {
     if (id.size() != frameIdSize)
         return -1;
-    int pos = framesStart;
+    int pos = framesStart + extendedHeaderSize();
     for (int end = endOfSoundFrame(pos); end > pos; end = endOfSoundFrame(pos)) {
         if (view(m_tag, pos, frameIdSize) == id)
             return pos;
@@ -385,23 +360,86 @@ QString Mp3Header::frameText(const char *id) const
     return text;
 }
 
+/** The whole frame at the position; one that claims more than the tag holds ends with the tag. */
+QByteArrayView Mp3Header::frameAt(int pos) const
+{
+    return view(m_tag, pos, qsizetype{frameSize(pos)} + frameHeaderSize);
+}
+
+void Mp3Header::setFlags(int flags)
+{
+    m_tag[tagFlagsPos] = static_cast<char>(flags);
+}
+
+int Mp3Header::flags() const
+{
+    return m_tag.size() > tagFlagsPos ? static_cast<quint8>(m_tag.at(tagFlagsPos)) : 0;
+}
+
+void Mp3Header::setFrames(const QByteArray &frames)
+{
+    m_tag.replace(framesStart, m_tag.size() - framesStart, frames);
+    m_tagSize = static_cast<quint32>(frames.size());
+    updateId3TagSize();
+}
+
+/**
+ * A footer repeats the header for those who read the file from behind. It would go wrong with the
+ * first edit; left in the file, it would stand between the new tag and the audio.
+ */
+void Mp3Header::leaveOutFooter(QByteArrayView behind)
+{
+    if (m_tag.at(tagVersionPos) != groupedSizesVersion || (flags() & hasFooter) == 0)
+        return;
+    setFlags(flags() & ~hasFooter);
+    if (behind.size() == FooterSize && behind.startsWith(footerMagic))
+        m_audioStart += FooterSize;
+}
+
+/**
+ * Where a tag of version 2 or 3 is unsynchronised, it is so as a whole, and what is written into it
+ * would have to be. No reader of today needs it. Version 4 has it in each frame, where it stays.
+ */
+void Mp3Header::undoUnsynchronisation()
+{
+    const char version = m_tag.at(tagVersionPos);
+    if ((version != shortNamesVersion && version != writtenVersion) ||
+        (flags() & unsynchronised) == 0)
+        return;
+    const auto frames = withoutUnsynchronisation(QByteArrayView(m_tag).sliced(framesStart));
+    if (!frames)
+        return;
+    setFlags(flags() & ~unsynchronised);
+    setFrames(*frames);
+}
+
 /** Gives a tag of version 2 the frames of version 3, in which the song's data can be found. */
 void Mp3Header::renewFrames()
 {
-    const int flags = static_cast<quint8>(m_tag.at(tagFlagsPos));
-    if (m_tag.at(tagVersionPos) != shortNamesVersion || (flags & compressed) != 0)
+    if (m_tag.at(tagVersionPos) != shortNamesVersion || (flags() & compressed) != 0)
         return;
-    QByteArray frames = m_tag.mid(framesStart);
-    if ((flags & unsynchronised) != 0)
-        frames.replace(QByteArray("\xFF\x00", 2), "\xFF");
+    const QByteArrayView frames = QByteArrayView(m_tag).sliced(framesStart);
     const std::optional<QByteArray> renewed = framesOfVersion3(frames);
-    if (!renewed || renewed->isEmpty() || renewed->size() > qsizetype{largestTagSize})
+    if (!renewed || isPadding(frames) || renewed->size() > qsizetype{largestTagSize})
         return;
     m_tag[tagVersionPos] = writtenVersion;
-    m_tag[tagFlagsPos] = '\0';
-    m_tag.replace(framesStart, m_tag.size() - framesStart, *renewed);
-    m_tagSize = static_cast<quint32>(renewed->size());
-    updateId3TagSize();
+    setFlags(0);
+    setFrames(*renewed);
+}
+
+/** Of a sound extended header in front of the frames; 0 when there is none. */
+int Mp3Header::extendedHeaderSize() const
+{
+    if ((flags() & hasExtendedHeader) == 0)
+        return 0;
+    const char version = m_tag.at(tagVersionPos);
+    const quint32 plain = getSingleFrameLength(framesStart - frameSizePos);
+    qsizetype size = 0;
+    if (version == writtenVersion && (plain == 6 || plain == 10))
+        size = qsizetype{plain} + 4; // it does not count itself, in version 4 it does
+    else if (version == groupedSizesVersion && sizeInGroups(plain) >= 6)
+        size = sizeInGroups(plain);
+    return size <= m_tag.size() - framesStart ? static_cast<int>(size) : 0;
 }
 
 /**
@@ -410,19 +448,11 @@ void Mp3Header::renewFrames()
  */
 void Mp3Header::removeExtendedHeader()
 {
-    if (m_tag.isEmpty() || (m_tag.at(tagFlagsPos) & hasExtendedHeader) == 0)
-        return;
-    const char version = m_tag.at(tagVersionPos);
-    const quint32 plain = getSingleFrameLength(framesStart - frameSizePos);
-    qsizetype size = 0;
-    if (version == writtenVersion && (plain == 6 || plain == 10))
-        size = qsizetype{plain} + 4; // it does not count itself, in version 4 it does
-    else if (version == groupedSizesVersion && sizeInGroups(plain) >= 6)
-        size = sizeInGroups(plain);
-    if (size == 0 || size > m_tag.size() - framesStart)
+    const int size = extendedHeaderSize();
+    if (size == 0)
         return;
     m_tag.remove(framesStart, size);
-    m_tag[tagFlagsPos] = static_cast<char>(m_tag.at(tagFlagsPos) & ~hasExtendedHeader);
+    setFlags(flags() & ~hasExtendedHeader);
     m_tagSize -= static_cast<quint32>(size);
     updateId3TagSize();
 }

@@ -4,6 +4,7 @@
 #include "formats/songinfo.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 /**
@@ -16,12 +17,19 @@
 class Mp3Header
 {
 public:
+    /** Bytes of a footer, which may follow a tag of version 4. */
+    static constexpr int FooterSize = 10;
+
+    /** The length of a song stands in the tag in milliseconds. */
+    static constexpr int MillisecondsPerSecond = 1000;
+
     /**
      * Takes the tag from the beginning of a file; a file without "ID3" gets a new, empty tag.
      * False, with an empty tag, for fewer than 10 bytes and for a tag that claims more than was
      * given. Up to 10 bytes that a tag lacks at its very end (its size does not count its own
      * header) are filled with zeros, which is padding to every reader. A sound tag of ID3v2.2 is
-     * brought into the form of version 3.
+     * brought into the form of version 3. A tag that is unsynchronised as a whole (version 2 or 3)
+     * is freed of it, and a footer (version 4) is left out: stream() is the tag without them.
      */
     bool loadHeader(const QByteArray &bytes);
 
@@ -32,7 +40,10 @@ public:
      */
     unsigned int getId3TagSize(const QByteArray &bytes) const;
 
-    /** Position of the first audio byte in the file that was loaded; 0 when it had no tag. */
+    /**
+     * Position of the first audio byte in the file that was loaded; 0 when it had no tag. A footer
+     * is counted only where the bytes given to loadHeader reach FooterSize beyond the tag.
+     */
     unsigned int getAudioDataStartPos() const { return m_audioStart; }
 
     /** The tag as it is now: its header and its frames. */
@@ -98,6 +109,12 @@ public:
     int extractId3Frame(QString &text, const QString &id) const;
 
     /**
+     * The first frame with the identifier, header included; one that claims more than the tag holds
+     * ends with the tag. Empty when there is none. Valid until the tag changes.
+     */
+    QByteArrayView firstFrame(const QString &id) const;
+
+    /**
      * Inserts a text frame at the position in the tag and returns the number of bytes inserted: 0
      * when the content is empty, the position lies outside the frames, the identifier has not 4
      * characters, or the tag would outgrow the 28 bits of its size field.
@@ -116,7 +133,14 @@ private:
     int endOfSoundFrame(int pos) const;
     bool hasFrame(const char *id) const;
     QString frameText(const char *id) const;
+    QByteArrayView frameAt(int pos) const;
+    int flags() const;
+    void setFlags(int flags);
+    void setFrames(const QByteArray &frames);
+    void leaveOutFooter(QByteArrayView behind);
+    void undoUnsynchronisation();
     void renewFrames();
+    int extendedHeaderSize() const;
     void removeExtendedHeader();
     void replaceFrame(const char *id, const QByteArray &content);
 

@@ -44,13 +44,15 @@ SongInfo withCatalogueData(SongInfo info, const SongsDbRecord &record)
 
 } // namespace
 
-bool CatalogueMerge::mergeInto(MetaSong &song, const SongInfo &info, const QString &shortName) const
+std::optional<SongInfo> CatalogueMerge::mergeInto(MetaSong &song, const SongInfo &info,
+                                                  const QString &shortName) const
 {
     SongsDbRecord record;
     if (!findRecord(info, shortName, record))
-        return false;
-    song.setSongInfo(withCatalogueData(info, record), false);
-    return true;
+        return std::nullopt;
+    SongInfo merged = withCatalogueData(info, record);
+    song.setSongInfo(merged, false);
+    return merged;
 }
 
 /** By file name, by the long name of an MFX header, by title: the first hit counts. */

@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <optional>
+
 /** The step that synchronising a song and the preview of it share; no file is touched. */
 class CatalogueMerge
 {
@@ -18,10 +20,11 @@ public:
 
     /**
      * Merges the catalogue's data into the loaded song, in memory. info is what the song holds,
-     * shortName the name of its file without the folder. False, with the song as it was, when the
-     * catalogue does not know it.
+     * shortName the name of its file without the folder. Returns the record that was merged;
+     * nothing, with the song as it was, when the catalogue does not know it.
      */
-    bool mergeInto(MetaSong &song, const SongInfo &info, const QString &shortName) const;
+    std::optional<SongInfo> mergeInto(MetaSong &song, const SongInfo &info,
+                                      const QString &shortName) const;
 
 private:
     bool findRecord(const SongInfo &info, const QString &shortName, SongsDbRecord &record) const;

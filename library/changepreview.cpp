@@ -1,8 +1,10 @@
 #include "library/changepreview.h"
 
+#include "formats/bytetext.h"
 #include "formats/metasong.h"
 #include "formats/mfxheader.h"
 #include "library/cataloguemerge.h"
+#include "library/lostcharacters.h"
 #include "storage/diagnostics.h"
 
 #include <QStringList>
@@ -26,6 +28,34 @@ QString markersText(const QList<Marker> &markers)
     for (const Marker &marker : markers)
         texts.append(QString::number(marker.bar) + QLatin1Char(' ') + marker.text);
     return texts.join(QStringLiteral(", "));
+}
+
+/** The texts of the catalogue that can come to stand in the field. */
+QStringList sourcesOf(ChangePreview::Field field, const SongInfo &record)
+{
+    switch (field) {
+    case ChangePreview::Field::Title:
+        return {record.title};
+    case ChangePreview::Field::Artist:
+        return {record.altArtist, record.artist};
+    case ChangePreview::Field::Genre:
+        return {record.genre};
+    case ChangePreview::Field::Author:
+        return {record.author};
+    default:
+        return {};
+    }
+}
+
+/** What was written of the record's text into the field: an MFX file holds its beginning only. */
+QString keptPart(const ChangePreview::Change &change, const SongInfo &record)
+{
+    for (const QString &source : sourcesOf(change.field, record)) {
+        const QString kept = source.trimmed().left(change.after.size());
+        if (textFromBytes(bytesFromText(kept)) == change.after)
+            return kept;
+    }
+    return {};
 }
 
 bool showsMarkers(const SongInfo &info)
@@ -66,7 +96,8 @@ void ChangePreview::addSong(const CatalogueMerge &catalogue, const QString &file
     }
     SongInfo before;
     song.getSongInfo(before);
-    if (!catalogue.mergeInto(song, before, shortName)) {
+    const std::optional<SongInfo> record = catalogue.mergeInto(song, before, shortName);
+    if (!record) {
         ++unknown;
         return;
     }
@@ -74,7 +105,8 @@ void ChangePreview::addSong(const CatalogueMerge &catalogue, const QString &file
         return;
     SongInfo after;
     song.getSongInfo(after);
-    const QList<Change> found = changes(before, after);
+    QList<Change> found = changes(before, after);
+    nameLostCharacters(found, *record);
     if (!found.isEmpty())
         changed.append({fileName, before.title, before.isKravo, found});
 }
@@ -98,4 +130,19 @@ QList<ChangePreview::Change> ChangePreview::changes(const SongInfo &before, cons
         found.append({Field::MarkersShown, showsMarkers(before) ? tr("sì") : tr("no"),
                       showsMarkers(after) ? tr("sì") : tr("no")});
     return found;
+}
+
+void ChangePreview::nameLostCharacters(QList<Change> &changes, const SongInfo &record)
+{
+    for (Change &change : changes)
+        change.lost = ::lostCharacters(keptPart(change, record));
+}
+
+QString ChangePreview::lostCharacters(const std::optional<SongInfo> &before, const SongInfo &after,
+                                      const SongInfo &record)
+{
+    QString texts;
+    for (const Change &change : changes(before.value_or(SongInfo()), after))
+        texts += keptPart(change, record);
+    return ::lostCharacters(texts);
 }

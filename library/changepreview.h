@@ -29,6 +29,7 @@ public:
         Field field;
         QString before; ///< as the user reads it; empty where the song has no such item
         QString after;
+        QString lost = {}; ///< characters that the player will show as "?", as the user reads them
     };
 
     struct Song {
@@ -49,6 +50,19 @@ public:
 
     /** The items that differ, in the order of Field. */
     static QList<Change> changes(const SongInfo &before, const SongInfo &after);
+
+    /**
+     * The characters of the record that a song has lost: the texts that differ from before, or all
+     * texts without a before, in a list for reading. Empty when the song has all of them.
+     */
+    static QString lostCharacters(const std::optional<SongInfo> &before, const SongInfo &after,
+                                  const SongInfo &record);
+
+    /**
+     * Tells which characters of the catalogue's record the changed texts lose, because no song file
+     * can hold them.
+     */
+    static void nameLostCharacters(QList<Change> &changes, const SongInfo &record);
 
     QList<Song> changed; ///< the songs with changes, in the order of the table
     int songs = 0;       ///< all that were looked at

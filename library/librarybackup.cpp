@@ -1,5 +1,6 @@
 #include "library/librarybackup.h"
 
+#include "library/backupplan.h"
 #include "storage/diagnostics.h"
 #include "storage/safefile.h"
 
@@ -72,6 +73,26 @@ private:
     QSet<QString> m_closed; ///< canonical paths: the destination, and folders being copied
 };
 
+/** The progress of one list of files as part of a longer one. */
+class PartOfProgress : public Progress
+{
+public:
+    PartOfProgress(Progress &whole, int before)
+        : m_whole(whole)
+        , m_before(before)
+    {
+    }
+
+    void setMaximum(int steps) override { m_whole.setMaximum(steps); }
+    void setValue(int step) override { m_whole.setValue(m_before + step); }
+    void updateProgress(int done) override { m_whole.updateProgress(m_before + done); }
+    bool wasCanceled() const override { return m_whole.wasCanceled(); }
+
+private:
+    Progress &m_whole;
+    const int m_before;
+};
+
 } // namespace
 
 LibraryBackup::LibraryBackup(Ask ask, CopyFiles copyFiles, Report report, OpenProgress openProgress)
@@ -104,6 +125,34 @@ QString LibraryBackup::folderName(const QDateTime &time)
 bool LibraryBackup::backupDirectory(const QString &source, const QString &destination, int &count)
 {
     return FolderCopy(destination, count).copy(source, destination);
+}
+
+bool LibraryBackup::copyFiles(const QStringList &files, const QString &destination, int &copied,
+                              Progress &progress, const CopyList &copyList)
+{
+    copied = 0;
+    int before = 0;
+    bool complete = true;
+    const BackupPlan plan(files);
+    for (const BackupPlan::Batch &batch : plan.batches()) {
+        QString folder = destination;
+        if (!batch.folder.isEmpty()) {
+            folder += QLatin1Char('/') + batch.folder;
+            logDebug() << "Making new dir:" << folder;
+            makeFolder(folder); // where that fails, so does the copying of each file
+        }
+        PartOfProgress part(progress, before);
+        int arrived = 0;
+        const bool allArrived = copyList(batch.files, folder, arrived, part);
+        complete = allArrived && complete;
+        if (!allArrived && progress.wasCanceled()) {
+            copied = 0;
+            return false;
+        }
+        copied += arrived;
+        before += static_cast<int>(batch.files.size());
+    }
+    return complete;
 }
 
 bool LibraryBackup::backUp(const QString &directory, int filesCount) const

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -52,6 +53,17 @@ public:
      * out. Returns false when a file or folder could not be copied; the others are.
      */
     static bool backupDirectory(const QString &source, const QString &destination, int &count);
+
+    /** Copies one list of files into a folder, as CopyFiles does; the progress is for this list. */
+    using CopyList = std::function<bool(const QStringList &files, const QString &folder,
+                                        int &copied, Progress &progress)>;
+
+    /**
+     * Copies the files into the folder of a backup, each song to its place in the BackupPlan, and
+     * counts those that are there afterwards. False when one is missing or the user stopped it.
+     */
+    static bool copyFiles(const QStringList &files, const QString &destination, int &copied,
+                          Progress &progress, const CopyList &copyList);
 
 private:
     bool backUp(const QString &directory, int filesCount) const;

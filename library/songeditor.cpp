@@ -1,6 +1,7 @@
 #include "library/songeditor.h"
 
 #include "formats/songnames.h"
+#include "library/changepreview.h"
 #include "library/whileanswering.h"
 #include "storage/diagnostics.h"
 #include "storage/leftovers.h"
@@ -43,8 +44,9 @@ bool SongEditor::edit(int row)
     logDebug() << "Accepted";
     edit->info.dbgDump();
     const QPersistentModelIndex place = m_model.rowIndex(row);
+    m_changesMany = edit->titleToAll || edit->artistToAll || edit->genreToAll || edit->authorToAll;
     manualModifySong(song, edit->info, path, row);
-    if (edit->titleToAll || edit->artistToAll || edit->genreToAll || edit->authorToAll)
+    if (m_changesMany)
         applyToAll(*edit, place.row());
     return true;
 }
@@ -55,18 +57,35 @@ void SongEditor::manualModifySong(MetaSong song, const SongInfo &info, const QSt
     const QPersistentModelIndex place = m_model.rowIndex(row);
     song.setSongInfo(info, true);
     logDebug() << "Saving to file: " << path;
-    if (whileAnswering([&] { return song.saveToFile(path); }))
+    SaveFailure failure = SaveFailure::None;
+    const bool saved = whileAnswering([&] {
+        failure = song.save(path);
+        return failure == SaveFailure::None;
+    });
+    if (saved)
         logDebug() << "Ok";
     else
         logDebug() << "Error!";
 
-    MetaSong saved;
-    if (saved.importFile(path)) {
+    keepFailure(place.row(), path, failure);
+    MetaSong onDisk;
+    if (onDisk.importFile(path)) {
         SongInfo savedInfo;
-        saved.getSongInfo(savedInfo);
+        onDisk.getSongInfo(savedInfo);
+        const QString lost = ChangePreview::lostCharacters(std::nullopt, savedInfo, info);
+        if (m_changesMany && saved && !lost.isEmpty())
+            m_report.add(SongFinding::Kind::LostCharacters, path, lost);
         m_model.updateRow(place.row(), savedInfo);
     }
     m_model.setStatus(place.row(), Database::StatusEdited);
+}
+
+/** Marks the row and reports its song; with None, takes the mark of an earlier failure away. */
+void SongEditor::keepFailure(int row, const QString &path, SaveFailure failure)
+{
+    m_model.setSaveFailure(row, failure);
+    if (failure != SaveFailure::None)
+        m_report.add(SongFinding::Kind::NotSaved, path, RunReport::reasonText(failure));
 }
 
 void SongEditor::removeFromList(int row)
@@ -109,13 +128,15 @@ void SongEditor::applyToAll(const SongEdit &edit, int editedRow)
     }
 }
 
-/** False when the row's file cannot be read; it then stays as it is. */
+/** False when the row's file cannot be read; it then stays as it is, but for the row's mark. */
 bool SongEditor::applyToRow(const SongEdit &edit, int row)
 {
     const QString path = m_model.fileName(row);
     MetaSong song;
-    if (!song.importFile(path))
+    if (!song.importFile(path)) {
+        keepFailure(row, path, loadFailureOf(path));
         return false;
+    }
     SongInfo info;
     song.getSongInfo(info);
     info.fileName = path;

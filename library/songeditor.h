@@ -5,6 +5,7 @@
 #include "formats/songinfo.h"
 #include "library/database.h"
 #include "library/progress.h"
+#include "library/runreport.h"
 #include "library/usersongsreltablemodel.h"
 
 #include <QString>
@@ -49,7 +50,7 @@ public:
     /**
      * Writes the data into the song, saves it to the path and shows in the row what the file then
      * holds. The row counts as edited even when the save failed; if the file cannot be read again
-     * the row keeps its texts.
+     * the row keeps its texts. A song that was not saved gets a mark and is in the report.
      */
     void manualModifySong(MetaSong song, const SongInfo &info, const QString &path, int row);
 
@@ -63,7 +64,11 @@ public:
      */
     QString deleteFile(int row);
 
+    /** What has to be told about the songs that this object was to write. */
+    const RunReport &report() const { return m_report; }
+
 private:
+    void keepFailure(int row, const QString &path, SaveFailure failure);
     void applyToAll(const SongEdit &edit, int editedRow);
     bool applyToRow(const SongEdit &edit, int row);
 
@@ -71,4 +76,6 @@ private:
     AskEdit m_askEdit;
     AskDelete m_askDelete;
     OpenProgress m_openProgress;
+    RunReport m_report;
+    bool m_changesMany = false; ///< one song's lost characters the user saw while typing
 };

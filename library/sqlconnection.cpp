@@ -1,9 +1,19 @@
 #include "library/sqlconnection.h"
 
+namespace
+{
+const QString driver = QStringLiteral("QSQLITE");
+} // namespace
+
+bool SqlConnection::hasDriver()
+{
+    return QSqlDatabase::isDriverAvailable(driver);
+}
+
 SqlConnection::SqlConnection(const QString &name)
     : m_name(name)
 {
-    QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name);
+    QSqlDatabase::addDatabase(driver, m_name);
 }
 
 SqlConnection::~SqlConnection()

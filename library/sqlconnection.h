@@ -12,6 +12,9 @@
 class SqlConnection
 {
 public:
+    /** False when this computer's Qt came without SQLite: no connection can be opened then. */
+    static bool hasDriver();
+
     explicit SqlConnection(const QString &name);
     ~SqlConnection();
     Q_DISABLE_COPY_MOVE(SqlConnection)

@@ -1,6 +1,7 @@
 #include "library/synchronisation.h"
 
 #include "formats/metasong.h"
+#include "library/changepreview.h"
 #include "library/whileanswering.h"
 #include "storage/diagnostics.h"
 
@@ -39,6 +40,7 @@ Synchronisation::Synchronisation(const Database &database, UserSongsRelTableMode
 bool Synchronisation::run(bool copyrightAsk)
 {
     logBanner();
+    m_report = {};
     const int rows = m_model.goodRowCount();
     if (rows < 1) {
         logDebug() << "[UPDATE] WARNING: Empty table. Aborting update !!!";
@@ -72,25 +74,45 @@ bool Synchronisation::updateFileWithDb(int row)
     const QString fileName = m_model.fileName(row);
     m_leftovers.tidyBeside(fileName);
     MetaSong song;
-    if (!song.importFile(fileName))
+    if (!song.importFile(fileName)) {
+        keepFailure(row, fileName, loadFailureOf(fileName));
         return false;
+    }
     SongInfo info;
     song.getSongInfo(info);
     if (!mayChange(info, fileName))
         return false;
-    if (!m_catalogue.mergeInto(song, info, m_model.shortName(row)))
+    const auto record = m_catalogue.mergeInto(song, info, m_model.shortName(row));
+    if (!record)
         return false;
 
     // A progress that was cancelled lets go of the table, which may then be sorted.
     const QPersistentModelIndex place = m_model.rowIndex(row);
     // A file that could not be written shows in its row what it still holds.
-    whileAnswering([&] { return song.saveToFile(fileName); });
+    SaveFailure failure = SaveFailure::None;
+    whileAnswering([&] {
+        failure = song.save(fileName);
+        return failure == SaveFailure::None;
+    });
+    keepFailure(place.row(), fileName, failure);
     MetaSong saved;
     if (saved.importFile(fileName)) {
-        saved.getSongInfo(info);
-        m_model.updateRow(place.row(), info);
+        SongInfo savedInfo;
+        saved.getSongInfo(savedInfo);
+        const QString lost = ChangePreview::lostCharacters(info, savedInfo, *record);
+        if (!lost.isEmpty())
+            m_report.add(SongFinding::Kind::LostCharacters, fileName, lost);
+        m_model.updateRow(place.row(), savedInfo);
     }
     return true;
+}
+
+/** Marks the row and reports its song; with None, takes the mark of an earlier failure away. */
+void Synchronisation::keepFailure(int row, const QString &fileName, SaveFailure failure)
+{
+    m_model.setSaveFailure(row, failure);
+    if (failure != SaveFailure::None)
+        m_report.add(SongFinding::Kind::NotSaved, fileName, RunReport::reasonText(failure));
 }
 
 /** Signed files always; the others as the user answers, where an "all" holds for this run. */

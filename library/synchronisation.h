@@ -6,6 +6,7 @@
 #include "library/cataloguemerge.h"
 #include "library/database.h"
 #include "library/progress.h"
+#include "library/runreport.h"
 #include "library/usersongsreltablemodel.h"
 #include "storage/leftovers.h"
 
@@ -16,7 +17,8 @@
 /**
  * One run goes through all rows of the library table: each song that the catalogue knows gets the
  * catalogue's data, is read again, and its row shows what the file now holds. The colour of the row
- * tells the outcome. The workflow has no window: it asks and reports through what it is given.
+ * tells the outcome; a song that could not be read or written gets a mark and is in the report.
+ * The workflow has no window: it asks and reports through what it is given.
  */
 class Synchronisation
 {
@@ -47,7 +49,11 @@ public:
      */
     bool updateFileWithDb(int row);
 
+    /** What the last run() has to tell, also when the user stopped it. */
+    const RunReport &report() const { return m_report; }
+
 private:
+    void keepFailure(int row, const QString &fileName, SaveFailure failure);
     bool mayChange(const SongInfo &info, const QString &fileName);
 
     const CatalogueMerge m_catalogue;
@@ -57,4 +63,5 @@ private:
     OpenProgress m_openProgress;
     Leftovers m_leftovers; ///< of the last run
     RememberedAnswer m_changeUnsigned = RememberedAnswer::toAll(true);
+    RunReport m_report;
 };

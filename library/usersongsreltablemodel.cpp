@@ -1,5 +1,7 @@
 #include "library/usersongsreltablemodel.h"
 
+#include "library/runreport.h"
+
 #include <QCollator>
 #include <QCollatorSortKey>
 #include <QSqlError>
@@ -128,6 +130,7 @@ bool UserSongsRelTableModel::select()
 
     beginResetModel();
     m_rows.clear();
+    m_notSaved.clear();
     const int columns = columnCount();
     while (query.next()) {
         Row row;
@@ -191,6 +194,30 @@ void UserSongsRelTableModel::setStatus(int row, Database::statusEnum status)
 int UserSongsRelTableModel::status(int row)
 {
     return index(row, m_status).data().toInt();
+}
+
+/** -1 for a row that does not exist; no row has that id. */
+qint64 UserSongsRelTableModel::idOf(int row) const
+{
+    if (row < 0 || row >= rowCount())
+        return -1;
+    return m_rows[static_cast<size_t>(row)].at(idColumn).toLongLong();
+}
+
+void UserSongsRelTableModel::setSaveFailure(int row, SaveFailure failure)
+{
+    if (idOf(row) < 0 || saveFailure(row) == failure)
+        return;
+    if (failure == SaveFailure::None)
+        m_notSaved.remove(idOf(row));
+    else
+        m_notSaved.insert(idOf(row), failure);
+    emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+}
+
+SaveFailure UserSongsRelTableModel::saveFailure(int row) const
+{
+    return m_notSaved.value(idOf(row), SaveFailure::None);
 }
 
 int UserSongsRelTableModel::goodRowCount()
@@ -258,9 +285,25 @@ QVariant UserSongsRelTableModel::data(const QModelIndex &index, int role) const
         return statusColour(isStatus ? row.at(m_status).toInt() : Database::StatusNew, index.row());
     case Qt::ForegroundRole:
         return isStatus ? statusColour(row.at(m_status).toInt(), index.row()) : QVariant();
+    case NotSavedRole:
+    case Qt::AccessibleDescriptionRole:
+    case Qt::ToolTipRole:
+        return notSavedText(index.row(), role);
     default:
         return QSqlRelationalTableModel::data(index, role);
     }
+}
+
+/** No value for an unmarked row. */
+QVariant UserSongsRelTableModel::notSavedText(int row, int role) const
+{
+    const SaveFailure failure = saveFailure(row);
+    if (failure == SaveFailure::None)
+        return QVariant();
+    const QString reason = RunReport::reasonText(failure);
+    if (role == NotSavedRole)
+        return reason;
+    return RunReport::text({SongFinding::Kind::NotSaved, QString(), reason});
 }
 
 bool UserSongsRelTableModel::setData(const QModelIndex &index, const QVariant &value, int role)
@@ -345,6 +388,7 @@ bool UserSongsRelTableModel::removeRows(int row, int count, const QModelIndex &p
         if (!execute(m_delete))
             return false;
         beginRemoveRows(QModelIndex(), row, row);
+        m_notSaved.remove(idOf(row));
         m_rows.erase(song);
         endRemoveRows();
     }

@@ -1,10 +1,12 @@
 // The table of the user's songs behind the main window's list.
 #pragma once
 
+#include "formats/savefailure.h"
 #include "formats/songinfo.h"
 #include "library/database.h"
 
 #include <QColor>
+#include <QHash>
 #include <QList>
 #include <QSqlQuery>
 #include <QSqlRelationalTableModel>
@@ -25,6 +27,8 @@
  * - addSong(), setData() and removeRows() change the table and the row held here, and tell the
  * views just that: they keep their place, and no other row moves.
  * - sort() orders the rows here; nothing else does. A new row goes to the end.
+ *
+ * A row whose song could not be saved is marked until it is saved; its colour is not touched.
  *
  * Rows enter through addSong() only; insertRows() and so insertRecord() refuse.
  */
@@ -59,6 +63,15 @@ public:
     /** The row's Database::statusEnum; 0 for a row that does not exist. */
     int status(int row);
 
+    /** In every column of a marked row: why the song was not saved, in the user's words. */
+    static constexpr int NotSavedRole = Qt::UserRole;
+
+    /** Marks the row as not saved; None takes the mark away. select() takes all marks away. */
+    void setSaveFailure(int row, SaveFailure failure);
+
+    /** Why the row's song was not saved; None for an unmarked row and for one that is not there. */
+    SaveFailure saveFailure(int row) const;
+
     /** The number of all rows. */
     int goodRowCount();
 
@@ -82,12 +95,14 @@ public:
 
     int colIdxFilename() const { return m_filename; }
     int colIdxStatus() const { return m_status; }
+    int colIdxType() const { return m_type; }
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
 
     /**
      * The cell's value; as background the grey of the row, and in the status column the colour of
-     * the status as background and foreground, so that the number in it cannot be read.
+     * the status as background and foreground, so that the number in it cannot be read. In a
+     * marked row, the tool tip and the description for screen readers tell why it is marked.
      */
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
@@ -120,10 +135,13 @@ private:
 
     void prepareStatements();
     bool execute(QSqlQuery &statement);
+    qint64 idOf(int row) const;
+    QVariant notSavedText(int row, int role) const;
     std::vector<int> sortedRows() const;
     void arrange(const std::vector<int> &order);
 
-    std::vector<Row> m_rows; ///< as the views show them
+    std::vector<Row> m_rows;               ///< as the views show them
+    QHash<qint64, SaveFailure> m_notSaved; ///< the marked rows, by their ids
     int m_sortColumn = 0;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
 

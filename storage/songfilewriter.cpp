@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <cerrno>
 
 namespace
 {
@@ -71,6 +72,14 @@ SongFileWriter::SongFileWriter(const QString &path)
 {
 }
 
+/** Keeps the number at once: the steps that clean up after a failure have numbers of their own. */
+bool SongFileWriter::noted(bool succeeded) const
+{
+    if (!succeeded && m_systemError == 0)
+        m_systemError = errno;
+    return succeeded;
+}
+
 SongFileWriter::~SongFileWriter()
 {
     if (m_created)
@@ -82,7 +91,7 @@ bool SongFileWriter::open()
     if (m_path.isEmpty())
         return false;
     if (!isTaken(m_path)) {
-        m_created = m_file.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered);
+        m_created = noted(m_file.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered));
         return m_created;
     }
     return recover(m_path) && openExisting();
@@ -93,7 +102,7 @@ bool SongFileWriter::openExisting()
     if (!QFileInfo(m_path).isFile())
         return false;
     allowOwnerToWrite(m_path);
-    if (!m_file.open(QFile::ReadWrite | QFile::ExistingOnly | QFile::Unbuffered))
+    if (!noted(m_file.open(QFile::ReadWrite | QFile::ExistingOnly | QFile::Unbuffered)))
         return false;
     m_oldSize = m_file.size();
     return true;
@@ -105,7 +114,7 @@ bool SongFileWriter::replaceBytes(const QByteArray &bytes)
         return false;
     bool written = false;
     if (m_created) {
-        written = writeAt(0, bytes) && flushToMedium(m_file) && flushFolderOf(m_path);
+        written = noted(writeAt(0, bytes) && flushToMedium(m_file) && flushFolderOf(m_path));
         m_created = !written;
     } else if (m_oldSize <= SongJournal::LargestSong) {
         SongJournal::Content journal;
@@ -124,12 +133,12 @@ bool SongFileWriter::replaceBytes(const QByteArray &bytes)
 bool SongFileWriter::replaceJournalled(const QByteArray &bytes, const SongJournal::Content &old)
 {
     SongJournal journal(m_path);
-    if (!journal.write(old)) {
+    if (!noted(journal.write(old))) {
         logWarning() << "[SongFileWriter::replaceBytes] Impossible to keep the old bytes in"
                      << journal.path();
         return false;
     }
-    const bool written = overwrite(bytes);
+    const bool written = noted(overwrite(bytes));
     // With a journal that cannot be taken away the song would become the old one again some day.
     if ((written || putBack(old.oldBytes)) && journal.remove())
         return written;
@@ -267,7 +276,8 @@ SongFileWriter::Outcome SongFileWriter::replaceThroughTemporary(const QByteArray
     QFile temporary;
     if (!openTemporary(temporary))
         return Outcome::CannotOpen;
-    const auto giveUp = [&temporary](Outcome outcome) {
+    const auto giveUp = [this, &temporary](Outcome outcome) {
+        noted(outcome == Outcome::CannotSeek); // where no call of the system failed
         temporary.close();
         QFile::remove(temporary.fileName());
         return outcome;
@@ -293,9 +303,9 @@ bool SongFileWriter::openTemporary(QFile &temporary) const
 {
     temporary.setFileName(temporaryName(m_path));
     const bool isFree = temporary.fileName() != m_path && !isTaken(temporary.fileName());
-    const bool opened = isFree
-                            ? temporary.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered)
-                            : createHiddenBeside(temporary, m_path, Leftovers::TemporarySuffix);
+    const bool opened =
+        noted(isFree ? temporary.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered)
+                     : createHiddenBeside(temporary, m_path, Leftovers::TemporarySuffix));
     if (opened && QFileInfo::exists(m_path)) {
         allowOwnerToWrite(m_path);
         temporary.setPermissions(QFile::permissions(m_path));

@@ -72,7 +72,11 @@ public:
      */
     static bool recover(const QString &path);
 
+    /** The errno of the first step that failed; 0 when none did or the system gave no number. */
+    int systemError() const { return m_systemError; }
+
 private:
+    bool noted(bool succeeded) const;
     bool openExisting();
     bool replaceJournalled(const QByteArray &bytes, const SongJournal::Content &old);
     bool overwrite(const QByteArray &bytes);
@@ -86,4 +90,5 @@ private:
     qint64 m_oldSize = 0;
     qint64 m_overwritten = 0; ///< how many of the old bytes have been written over
     bool m_created = false;   ///< the file did not exist and has not got its bytes yet
+    mutable int m_systemError = 0;
 };

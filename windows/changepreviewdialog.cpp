@@ -91,7 +91,10 @@ QTreeWidgetItem *ChangePreviewDialog::makeItem(const ChangePreview::Song &song) 
     item->setFont(SongOrField, bold);
     item->setToolTip(SongOrField, plainToolTip(QDir::toNativeSeparators(song.fileName)));
     for (const ChangePreview::Change &change : song.changes) {
-        const QString values[] = {change.before, change.after};
+        const QString after = change.lost.isEmpty()
+                                  ? change.after
+                                  : tr("%1 (\"?\" al posto di: %2)").arg(change.after, change.lost);
+        const QString values[] = {change.before, after};
         auto *const row = new QTreeWidgetItem({fieldName(change.field)});
         item->addChild(row);
         for (const int column : {Before, After}) {

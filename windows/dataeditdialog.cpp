@@ -1,6 +1,7 @@
 #include "windows/dataeditdialog.h"
 
 #include "formats/songnames.h"
+#include "library/lostcharacters.h"
 
 #include "ui_dataeditdialog.h"
 
@@ -78,6 +79,11 @@ DataEditDialog::DataEditDialog(QWidget *parent)
     ui->bpmLineEdit->setValidator(&m_bpmValidator);
     ui->lenMmLineEdit->setValidator(&m_minutesValidator);
     ui->lenSsLineEdit->setValidator(&m_secondsValidator);
+    for (const QLineEdit *field : {ui->titleLineEdit, ui->authorLineEdit,
+                                   ui->artistComboBox->lineEdit(), ui->genreComboBox->lineEdit()})
+        connect(field, &QLineEdit::textChanged, this, &DataEditDialog::showLostCharacters);
+    // Its line is kept free, so that nothing moves while the user types.
+    ui->lostCharactersLabel->setMinimumHeight(ui->titleCaptionLabel->sizeHint().height());
 }
 
 DataEditDialog::~DataEditDialog() = default;
@@ -134,12 +140,19 @@ void DataEditDialog::getInfo(SongInfo &info) const
     info.userBpm = ui->bpmLineEdit->text().toInt();
 }
 
+bool DataEditDialog::hasKeyChoice() const
+{
+    return ui->keyComboBox->currentIndex() >= 0;
+}
+
 void DataEditDialog::changeEvent(QEvent *event)
 {
     QDialog::changeEvent(event);
     // The form holds no text for the widgets that the song fills, so nothing of it is undone.
-    if (event->type() == QEvent::LanguageChange)
-        ui->retranslateUi(this);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    ui->retranslateUi(this);
+    showLostCharacters();
 }
 
 void DataEditDialog::on_radioButtonTitle1_clicked(bool checked)
@@ -203,6 +216,15 @@ void DataEditDialog::on_savePushButton_clicked()
     accept();
 }
 
+void DataEditDialog::showLostCharacters()
+{
+    const QString lost =
+        lostCharacters(ui->titleLineEdit->text() + ui->artistComboBox->currentText() +
+                       ui->genreComboBox->currentText() + ui->authorLineEdit->text());
+    ui->lostCharactersLabel->setText(
+        lost.isEmpty() ? QString() : tr("Il player mostrerà \"?\" al posto di: %1").arg(lost));
+}
+
 /** Asks when the box was just checked, unchecks it unless the answer is yes; its final state. */
 bool DataEditDialog::confirmed(QCheckBox *box, const QString &question)
 {
@@ -233,6 +255,10 @@ std::optional<SongEdit> editInDialog(DataEditDialog &dialog, const Database &dat
     SongEdit edit;
     edit.info = info;
     dialog.getInfo(edit.info);
+    // In MP3 files people have keys of any notation. What cannot be chosen must not go by itself.
+    const bool isMp3 = info.format == MetaSong::getFormatString(SongInfo::FileMp3);
+    if (isMp3 && !dialog.hasKeyChoice())
+        edit.info.key = info.key;
     edit.titleToAll = dialog.isApplyToAllFname();
     edit.artistToAll = dialog.isApplyToAllArtist();
     edit.genreToAll = dialog.isApplyToAllGenre();

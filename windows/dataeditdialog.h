@@ -65,6 +65,12 @@ public:
     /** True when every other song is to get its own file name as its title. */
     bool isApplyToAllFname() const { return m_applyToAllTitle; }
 
+    /**
+     * False while no key is chosen, not even "no key": the song's own one is not among the keys,
+     * and the user left it at that.
+     */
+    bool hasKeyChoice() const;
+
 protected:
     void changeEvent(QEvent *event) override;
 
@@ -79,6 +85,7 @@ private slots:
     void on_savePushButton_clicked();
 
 private:
+    void showLostCharacters();
     bool confirmed(QCheckBox *box, const QString &question);
 
     const QScopedPointer<Ui::DataEditDialog> ui;

@@ -1,16 +1,20 @@
 #include "windows/statusrowdelegate.h"
 
+#include "library/usersongsreltablemodel.h"
 #include "windows/plaintooltip.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QBrush>
 #include <QHelpEvent>
 #include <QPalette>
+#include <QStyle>
 #include <QToolTip>
 
-StatusRowDelegate::StatusRowDelegate(int statusColumn, QObject *parent)
+StatusRowDelegate::StatusRowDelegate(int statusColumn, int markColumn, QObject *parent)
     : QStyledItemDelegate(parent)
     , m_statusColumn(statusColumn)
+    , m_markColumn(markColumn)
 {
 }
 
@@ -18,6 +22,14 @@ void StatusRowDelegate::initStyleOption(QStyleOptionViewItem *option,
                                         const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    if (index.column() == m_markColumn &&
+        index.data(UserSongsRelTableModel::NotSavedRole).isValid()) {
+        const QStyle *const style =
+            option->widget ? option->widget->style() : QApplication::style();
+        option->icon = style->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, option->widget);
+        option->features |= QStyleOptionViewItem::HasDecoration;
+        option->decorationSize = QSize(option->fontMetrics.height(), option->fontMetrics.height());
+    }
     const QVariant colour = index.siblingAtColumn(m_statusColumn).data(Qt::BackgroundRole);
     if (!colour.isValid())
         return;
@@ -32,6 +44,10 @@ bool StatusRowDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     if (event->type() != QEvent::ToolTip ||
         sizeHint(option, index).width() <= view->visualRect(index).width())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
-    QToolTip::showText(event->globalPos(), plainToolTip(index.data().toString()), view->viewport());
+    QString tip = plainToolTip(index.data().toString());
+    const QString reason = index.data(Qt::ToolTipRole).toString();
+    if (!reason.isEmpty())
+        tip += QStringLiteral("<br/>") + plainToolTip(reason);
+    QToolTip::showText(event->globalPos(), tip, view->viewport());
     return true;
 }

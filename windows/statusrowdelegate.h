@@ -7,16 +7,21 @@
  * Gives every cell of a row the background of the row's status cell, whether that column is shown
  * or hidden. These backgrounds are light, so the text on them is dark on a dark desktop too; a
  * selected row looks as the style paints selections.
+ *
+ * A row whose song could not be saved has a warning sign in the mark column, whatever its colour.
  */
 class StatusRowDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 
 public:
-    /** Takes the number of the model's status column. */
-    explicit StatusRowDelegate(int statusColumn, QObject *parent = nullptr);
+    /** Takes the numbers of the model's status column and of the column for marks. */
+    StatusRowDelegate(int statusColumn, int markColumn, QObject *parent = nullptr);
 
-    /** A text that its cell is too narrow for is shown whole as the tool tip. */
+    /**
+     * A text that its cell is too narrow for is shown whole as the tool tip, in a marked row above
+     * the reason of the mark.
+     */
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override;
 
@@ -25,4 +30,5 @@ protected:
 
 private:
     const int m_statusColumn;
+    const int m_markColumn;
 };

@@ -1,34 +1,18 @@
 #include "windows/unreadablefilesdialog.h"
 
-#include "windows/plaintooltip.h"
-
-#include "ui_unreadablefilesdialog.h"
-
-#include <QDir>
-#include <QFileInfo>
-#include <QHeaderView>
-#include <QPushButton>
-
 UnreadableFilesDialog::UnreadableFilesDialog(const QList<UnreadableFile> &files, QWidget *parent)
-    : QDialog(parent)
-    , ui(new Ui::UnreadableFilesDialog)
+    : FileListDialog(tr("File non leggibili"),
+                     tr("Questi file non sono stati inseriti &nella lista:"), lines(files), parent)
 {
-    ui->setupUi(this);
-    // Qt has no Italian and, after a change of language, no English text for it.
-    ui->buttonBox->button(QDialogButtonBox::Close)->setText(tr("&Chiudi"));
-    for (const UnreadableFile &file : files) {
-        auto *const item = new QTreeWidgetItem(
-            ui->filesTreeWidget, {QFileInfo(file.path).fileName(), reasonText(file.reason)});
-        const QString path = plainToolTip(QDir::toNativeSeparators(file.path));
-        for (int column = 0; column < item->columnCount(); ++column)
-            item->setToolTip(column, path);
-    }
-    ui->filesTreeWidget->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    ui->filesTreeWidget->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    ui->filesTreeWidget->header()->setStretchLastSection(false);
 }
 
-UnreadableFilesDialog::~UnreadableFilesDialog() = default;
+QList<FileListDialog::Line> UnreadableFilesDialog::lines(const QList<UnreadableFile> &files)
+{
+    QList<Line> lines;
+    for (const UnreadableFile &file : files)
+        lines.append({file.path, reasonText(file.reason)});
+    return lines;
+}
 
 QString UnreadableFilesDialog::reasonText(UnreadableFile::Reason reason)
 {

@@ -2,29 +2,19 @@
 #pragma once
 
 #include "library/unreadablefile.h"
+#include "windows/filelistdialog.h"
 
-#include <QDialog>
 #include <QList>
-#include <QScopedPointer>
 
-QT_BEGIN_NAMESPACE
-namespace Ui
-{
-class UnreadableFilesDialog;
-}
-QT_END_NAMESPACE
-
-/** Shows each file's name and the reason in words; the whole path is the line's tool tip. */
-class UnreadableFilesDialog : public QDialog
+/** Tells the reason of each file in words. */
+class UnreadableFilesDialog : public FileListDialog
 {
     Q_OBJECT
 
 public:
     explicit UnreadableFilesDialog(const QList<UnreadableFile> &files, QWidget *parent = nullptr);
-    ~UnreadableFilesDialog() override;
 
 private:
+    static QList<Line> lines(const QList<UnreadableFile> &files);
     static QString reasonText(UnreadableFile::Reason reason);
-
-    const QScopedPointer<Ui::UnreadableFilesDialog> ui;
 };

@@ -166,6 +166,10 @@ Song non leggibili: %4</source>
 Songs that are not in the database: %3
 Songs that cannot be read: %4</translation>
     </message>
+    <message>
+        <source>%1 (&quot;?&quot; al posto di: %2)</source>
+        <translation>%1 (&quot;?&quot; instead of: %2)</translation>
+    </message>
 </context>
 <context>
     <name>DataEditDialog</name>
@@ -260,6 +264,10 @@ Songs that cannot be read: %4</translation>
     <message>
         <source>ATTENZIONE</source>
         <translation>WARNING</translation>
+    </message>
+    <message>
+        <source>Il player mostrerà &quot;?&quot; al posto di: %1</source>
+        <translation>The player will show &quot;?&quot; instead of: %1</translation>
     </message>
 </context>
 <context>
@@ -946,18 +954,6 @@ Nothing was changed. Try again when it has finished.</translation>
         <translation>These files were &amp;not added to the list:</translation>
     </message>
     <message>
-        <source>Nome file</source>
-        <translation>File name</translation>
-    </message>
-    <message>
-        <source>Motivo</source>
-        <translation>Reason</translation>
-    </message>
-    <message>
-        <source>&amp;Chiudi</source>
-        <translation>&amp;Close</translation>
-    </message>
-    <message>
         <source>Il file non esiste</source>
         <translation>The file does not exist</translation>
     </message>
@@ -1094,6 +1090,132 @@ Make room and try again.</translation>
     <message>
         <source>la memoria non ammette questo nome</source>
         <translation>the memory does not allow this name</translation>
+    </message>
+</context>
+<context>
+    <name>FileListDialog</name>
+    <message>
+        <source>Nome file</source>
+        <translation>File name</translation>
+    </message>
+    <message>
+        <source>Motivo</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>&amp;Chiudi</source>
+        <translation>&amp;Close</translation>
+    </message>
+</context>
+<context>
+    <name>MissingLibrary</name>
+    <message>
+        <source>La lista delle song non è disponibile</source>
+        <translation>The song list is not available</translation>
+    </message>
+    <message>
+        <source>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
+
+Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</source>
+        <translation>The song database cannot be opened: songs cannot be listed, synchronized or transferred.
+
+Please check that the folder for temporary files (%1) has room and can be written to, then start the program again.</translation>
+    </message>
+    <message>
+        <source>Il programma non è installato per intero: manca il modulo di Qt per i database SQLite. Le song non possono essere elencate, sincronizzate o trasferite.
+
+Installare di nuovo il programma.</source>
+        <translation>The program is not completely installed: the Qt module for SQLite databases is missing. Songs cannot be listed, synchronized or transferred.
+
+Please install the program again.</translation>
+    </message>
+    <message>
+        <source>Attenzione</source>
+        <translation>Warning</translation>
+    </message>
+</context>
+<context>
+    <name>RunReport</name>
+    <message numerus="yes">
+        <source>%n song non sono state salvate.</source>
+        <translation>
+            <numerusform>%n song could not be saved.</numerusform>
+            <numerusform>%n songs could not be saved.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Non salvata: %1</source>
+        <translation>Not saved: %1</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura</source>
+        <translation>The memory is write-protected</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è più spazio</source>
+        <translation>No room left</translation>
+    </message>
+    <message>
+        <source>Il file non c&apos;è più</source>
+        <translation>The file is gone</translation>
+    </message>
+    <message>
+        <source>Il file non può essere modificato: mancano i permessi</source>
+        <translation>You have no permission to change the file</translation>
+    </message>
+    <message>
+        <source>Il file è in uso da un altro programma</source>
+        <translation>Another program is using the file</translation>
+    </message>
+    <message>
+        <source>La memoria dà errori o è stata tolta</source>
+        <translation>The memory is faulty or was removed</translation>
+    </message>
+    <message>
+        <source>I dati sono troppi per questo formato</source>
+        <translation>Too much data for this format</translation>
+    </message>
+    <message>
+        <source>Il file non è leggibile</source>
+        <translation>The file cannot be read</translation>
+    </message>
+    <message>
+        <source>Il file non può essere scritto</source>
+        <translation>The file cannot be written</translation>
+    </message>
+    <message numerus="yes">
+        <source>In %n song ci sono caratteri che il player mostra come &quot;?&quot;.</source>
+        <translation>
+            <numerusform>In %n song the player shows &quot;?&quot; instead of some characters.</numerusform>
+            <numerusform>In %n songs the player shows &quot;?&quot; instead of some characters.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;?&quot; al posto di: %1</source>
+        <translation>&quot;?&quot; instead of: %1</translation>
+    </message>
+</context>
+<context>
+    <name>RunReportBox</name>
+    <message>
+        <source>Aggiornamento file</source>
+        <translation>Updating files</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Details...</translation>
+    </message>
+    <message>
+        <source>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</source>
+        <translation>They have a warning sign in the list. Rest the mouse on the row to read the reason.</translation>
+    </message>
+    <message>
+        <source>Dettagli</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>Queste &amp;song non sono a posto:</source>
+        <translation>Something went wrong with these &amp;songs:</translation>
     </message>
 </context>
 </TS>

@@ -166,6 +166,10 @@ Song non leggibili: %4</source>
 Song non presenti nel database: %3
 Song non leggibili: %4</translation>
     </message>
+    <message>
+        <source>%1 (&quot;?&quot; al posto di: %2)</source>
+        <translation>%1 (&quot;?&quot; al posto di: %2)</translation>
+    </message>
 </context>
 <context>
     <name>DataEditDialog</name>
@@ -260,6 +264,10 @@ Song non leggibili: %4</translation>
     <message>
         <source>ATTENZIONE</source>
         <translation>ATTENZIONE</translation>
+    </message>
+    <message>
+        <source>Il player mostrerà &quot;?&quot; al posto di: %1</source>
+        <translation>Il player mostrerà &quot;?&quot; al posto di: %1</translation>
     </message>
 </context>
 <context>
@@ -946,18 +954,6 @@ Non è stato cambiato nulla. Riprovare quando avrà finito.</translation>
         <translation>Questi file non sono stati inseriti &amp;nella lista:</translation>
     </message>
     <message>
-        <source>Nome file</source>
-        <translation>Nome file</translation>
-    </message>
-    <message>
-        <source>Motivo</source>
-        <translation>Motivo</translation>
-    </message>
-    <message>
-        <source>&amp;Chiudi</source>
-        <translation>&amp;Chiudi</translation>
-    </message>
-    <message>
         <source>Il file non esiste</source>
         <translation>Il file non esiste</translation>
     </message>
@@ -1094,6 +1090,132 @@ Liberare spazio e riprovare.</translation>
     <message>
         <source>la memoria non ammette questo nome</source>
         <translation>la memoria non ammette questo nome</translation>
+    </message>
+</context>
+<context>
+    <name>FileListDialog</name>
+    <message>
+        <source>Nome file</source>
+        <translation>Nome file</translation>
+    </message>
+    <message>
+        <source>Motivo</source>
+        <translation>Motivo</translation>
+    </message>
+    <message>
+        <source>&amp;Chiudi</source>
+        <translation>&amp;Chiudi</translation>
+    </message>
+</context>
+<context>
+    <name>MissingLibrary</name>
+    <message>
+        <source>La lista delle song non è disponibile</source>
+        <translation>La lista delle song non è disponibile</translation>
+    </message>
+    <message>
+        <source>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
+
+Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</source>
+        <translation>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
+
+Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</translation>
+    </message>
+    <message>
+        <source>Il programma non è installato per intero: manca il modulo di Qt per i database SQLite. Le song non possono essere elencate, sincronizzate o trasferite.
+
+Installare di nuovo il programma.</source>
+        <translation>Il programma non è installato per intero: manca il modulo di Qt per i database SQLite. Le song non possono essere elencate, sincronizzate o trasferite.
+
+Installare di nuovo il programma.</translation>
+    </message>
+    <message>
+        <source>Attenzione</source>
+        <translation>Attenzione</translation>
+    </message>
+</context>
+<context>
+    <name>RunReport</name>
+    <message numerus="yes">
+        <source>%n song non sono state salvate.</source>
+        <translation>
+            <numerusform>%n song non è stata salvata.</numerusform>
+            <numerusform>%n song non sono state salvate.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Non salvata: %1</source>
+        <translation>Non salvata: %1</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura</source>
+        <translation>La memoria è protetta da scrittura</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è più spazio</source>
+        <translation>Non c&apos;è più spazio</translation>
+    </message>
+    <message>
+        <source>Il file non c&apos;è più</source>
+        <translation>Il file non c&apos;è più</translation>
+    </message>
+    <message>
+        <source>Il file non può essere modificato: mancano i permessi</source>
+        <translation>Il file non può essere modificato: mancano i permessi</translation>
+    </message>
+    <message>
+        <source>Il file è in uso da un altro programma</source>
+        <translation>Il file è in uso da un altro programma</translation>
+    </message>
+    <message>
+        <source>La memoria dà errori o è stata tolta</source>
+        <translation>La memoria dà errori o è stata tolta</translation>
+    </message>
+    <message>
+        <source>I dati sono troppi per questo formato</source>
+        <translation>I dati sono troppi per questo formato</translation>
+    </message>
+    <message>
+        <source>Il file non è leggibile</source>
+        <translation>Il file non è leggibile</translation>
+    </message>
+    <message>
+        <source>Il file non può essere scritto</source>
+        <translation>Il file non può essere scritto</translation>
+    </message>
+    <message numerus="yes">
+        <source>In %n song ci sono caratteri che il player mostra come &quot;?&quot;.</source>
+        <translation>
+            <numerusform>In %n song ci sono caratteri che il player mostra come &quot;?&quot;.</numerusform>
+            <numerusform>In %n song ci sono caratteri che il player mostra come &quot;?&quot;.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;?&quot; al posto di: %1</source>
+        <translation>&quot;?&quot; al posto di: %1</translation>
+    </message>
+</context>
+<context>
+    <name>RunReportBox</name>
+    <message>
+        <source>Aggiornamento file</source>
+        <translation>Aggiornamento file</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Dettagli...</translation>
+    </message>
+    <message>
+        <source>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</source>
+        <translation>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</translation>
+    </message>
+    <message>
+        <source>Dettagli</source>
+        <translation>Dettagli</translation>
+    </message>
+    <message>
+        <source>Queste &amp;song non sono a posto:</source>
+        <translation>Queste &amp;song non sono a posto:</translation>
     </message>
 </context>
 </TS>

@@ -166,6 +166,10 @@ Song non leggibili: %4</source>
 Songs, die nicht in der Datenbank stehen: %3
 Songs, die nicht lesbar sind: %4</translation>
     </message>
+    <message>
+        <source>%1 (&quot;?&quot; al posto di: %2)</source>
+        <translation>%1 („?“ statt: %2)</translation>
+    </message>
 </context>
 <context>
     <name>DataEditDialog</name>
@@ -260,6 +264,10 @@ Songs, die nicht lesbar sind: %4</translation>
     <message>
         <source>ATTENZIONE</source>
         <translation>ACHTUNG</translation>
+    </message>
+    <message>
+        <source>Il player mostrerà &quot;?&quot; al posto di: %1</source>
+        <translation>Der Player zeigt „?“ statt: %1</translation>
     </message>
 </context>
 <context>
@@ -946,18 +954,6 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
         <translation>Diese Dateien wurden &amp;nicht in die Liste aufgenommen:</translation>
     </message>
     <message>
-        <source>Nome file</source>
-        <translation>Dateiname</translation>
-    </message>
-    <message>
-        <source>Motivo</source>
-        <translation>Grund</translation>
-    </message>
-    <message>
-        <source>&amp;Chiudi</source>
-        <translation>S&amp;chließen</translation>
-    </message>
-    <message>
         <source>Il file non esiste</source>
         <translation>Die Datei gibt es nicht</translation>
     </message>
@@ -1094,6 +1090,132 @@ Bitte schaffen Sie Platz und versuchen Sie es noch einmal.</translation>
     <message>
         <source>la memoria non ammette questo nome</source>
         <translation>der Speicher erlaubt diesen Namen nicht</translation>
+    </message>
+</context>
+<context>
+    <name>FileListDialog</name>
+    <message>
+        <source>Nome file</source>
+        <translation>Dateiname</translation>
+    </message>
+    <message>
+        <source>Motivo</source>
+        <translation>Grund</translation>
+    </message>
+    <message>
+        <source>&amp;Chiudi</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+</context>
+<context>
+    <name>MissingLibrary</name>
+    <message>
+        <source>La lista delle song non è disponibile</source>
+        <translation>Die Songliste ist nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
+
+Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</source>
+        <translation>Die Songdatenbank lässt sich nicht öffnen: Songs können weder aufgelistet noch synchronisiert noch übertragen werden.
+
+Bitte prüfen Sie, ob im Ordner für vorübergehende Dateien (%1) Platz ist und ob darin geschrieben werden darf, und starten Sie das Programm dann neu.</translation>
+    </message>
+    <message>
+        <source>Il programma non è installato per intero: manca il modulo di Qt per i database SQLite. Le song non possono essere elencate, sincronizzate o trasferite.
+
+Installare di nuovo il programma.</source>
+        <translation>Das Programm ist nicht vollständig installiert: Der Qt-Baustein für SQLite-Datenbanken fehlt. Songs können weder aufgelistet noch synchronisiert noch übertragen werden.
+
+Bitte installieren Sie das Programm neu.</translation>
+    </message>
+    <message>
+        <source>Attenzione</source>
+        <translation>Achtung</translation>
+    </message>
+</context>
+<context>
+    <name>RunReport</name>
+    <message numerus="yes">
+        <source>%n song non sono state salvate.</source>
+        <translation>
+            <numerusform>%n Song konnte nicht gespeichert werden.</numerusform>
+            <numerusform>%n Songs konnten nicht gespeichert werden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Non salvata: %1</source>
+        <translation>Nicht gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura</source>
+        <translation>Der Speicher ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è più spazio</source>
+        <translation>Kein Platz mehr frei</translation>
+    </message>
+    <message>
+        <source>Il file non c&apos;è più</source>
+        <translation>Die Datei ist nicht mehr da</translation>
+    </message>
+    <message>
+        <source>Il file non può essere modificato: mancano i permessi</source>
+        <translation>Sie haben kein Recht, die Datei zu ändern</translation>
+    </message>
+    <message>
+        <source>Il file è in uso da un altro programma</source>
+        <translation>Ein anderes Programm benutzt die Datei</translation>
+    </message>
+    <message>
+        <source>La memoria dà errori o è stata tolta</source>
+        <translation>Der Speicher ist fehlerhaft oder wurde entfernt</translation>
+    </message>
+    <message>
+        <source>I dati sono troppi per questo formato</source>
+        <translation>Zu viele Daten für dieses Format</translation>
+    </message>
+    <message>
+        <source>Il file non è leggibile</source>
+        <translation>Die Datei ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>Il file non può essere scritto</source>
+        <translation>Die Datei lässt sich nicht schreiben</translation>
+    </message>
+    <message numerus="yes">
+        <source>In %n song ci sono caratteri che il player mostra come &quot;?&quot;.</source>
+        <translation>
+            <numerusform>In %n Song zeigt der Player „?“ statt einzelner Zeichen.</numerusform>
+            <numerusform>In %n Songs zeigt der Player „?“ statt einzelner Zeichen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;?&quot; al posto di: %1</source>
+        <translation>„?“ statt: %1</translation>
+    </message>
+</context>
+<context>
+    <name>RunReportBox</name>
+    <message>
+        <source>Aggiornamento file</source>
+        <translation>Dateien aktualisieren</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Details...</translation>
+    </message>
+    <message>
+        <source>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</source>
+        <translation>In der Liste tragen sie ein Warnzeichen. Der Grund erscheint, wenn die Maus auf der Zeile steht.</translation>
+    </message>
+    <message>
+        <source>Dettagli</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>Queste &amp;song non sono a posto:</source>
+        <translation>Bei diesen &amp;Songs ging etwas schief:</translation>
     </message>
 </context>
 </TS>

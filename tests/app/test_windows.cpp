@@ -11,11 +11,13 @@
 #include "windows/changepreviewdialog.h"
 #include "windows/dataeditdialog.h"
 #include "windows/elidedlabel.h"
+#include "windows/filelistdialog.h"
 #include "windows/helpdialog.h"
 #include "windows/indexdialog.h"
 #include "windows/nocopyrightdialog.h"
 #include "windows/proceeddialog.h"
 #include "windows/progresswindow.h"
+#include "windows/runreportbox.h"
 #include "windows/songslistdialog.h"
 #include "windows/unreadablefilesdialog.h"
 
@@ -83,6 +85,8 @@ std::unique_ptr<QWidget> library()
     for (int row = 0; row <= 2 * Database::StatusNotSynced + 1; ++row) {
         model->addSong(exampleSong());
         model->setStatus(row, static_cast<Database::statusEnum>(row / 2));
+        if (row % 3 == 0)
+            model->setSaveFailure(row, SaveFailure::DiskFull);
     }
     window->findChild<StatusSummary *>()->setUnreadableFiles(unreadableFiles());
     window->adjustUserLibraryHeaders();
@@ -93,6 +97,27 @@ std::unique_ptr<QWidget> library()
 std::unique_ptr<QWidget> unreadableFilesList()
 {
     return std::make_unique<UnreadableFilesDialog>(unreadableFiles());
+}
+
+/** Every way in which a song can fail to be saved. */
+RunReport exampleReport()
+{
+    RunReport report;
+    for (int failure = 1; failure <= static_cast<int>(SaveFailure::Other); ++failure)
+        report.add(SongFinding::Kind::NotSaved, longPath,
+                   RunReport::reasonText(static_cast<SaveFailure>(failure)));
+    return report;
+}
+
+std::unique_ptr<QWidget> runReport()
+{
+    return std::make_unique<RunReportBox>(exampleReport());
+}
+
+/** The list behind the button of the box. */
+std::unique_ptr<QWidget> runDetails()
+{
+    return RunReportBox::details(exampleReport());
 }
 
 std::unique_ptr<QWidget> changePreview()
@@ -177,6 +202,8 @@ const QList<Case> &windows()
         {"main", plain<MainWindow>},
         {"library", library},
         {"unreadable", unreadableFilesList},
+        {"report", runReport},
+        {"report-details", runDetails},
         {"preview", changePreview},
         {"about", plain<AboutDialog>},
         {"backup", plain<BackupDialog>},

@@ -15,6 +15,8 @@ private slots:
     void charactersOutsideLatin1BecomeQuestionMarks();
     void numbers_data();
     void numbers();
+    void charactersOutsideLatin1AreNamedOnce_data();
+    void charactersOutsideLatin1AreNamedOnce();
 };
 
 void TestByteText::textEndsAtTheFirstZeroByte()
@@ -85,6 +87,36 @@ void TestByteText::numbers_data()
     row("1,000", 0);
     row("1e3", 0);
     row("0x10", 0);
+}
+
+void TestByteText::charactersOutsideLatin1AreNamedOnce_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("characters");
+    const auto row = [](const char *name, const QString &text, const QStringList &characters) {
+        QTest::newRow(name) << text << characters;
+    };
+    row("empty", QString(), {});
+    row("all of Latin-1", QStringLiteral("Caffè nero \u00A0\u00FF\u0001"), {});
+    row("first one behind Latin-1", QStringLiteral("\u0100"), {QStringLiteral("\u0100")});
+    row("in their order, once", QStringLiteral("źŁódź Łź"),
+        {QStringLiteral("ź"), QStringLiteral("Ł")});
+    row("typographic", QStringLiteral("Don’t – stop…"),
+        {QStringLiteral("’"), QStringLiteral("–"), QStringLiteral("…")});
+    row("two units", QStringLiteral("a\U0001F3B5b\U0001F3B5\U0001F3B8"),
+        {QStringLiteral("\U0001F3B5"), QStringLiteral("\U0001F3B8")});
+    row("half a character", QString(QChar(0xD83C)) + QLatin1Char('a'), {QString(QChar(0xD83C))});
+    row("half a character at the end", QString(QChar(0xD83C)), {QString(QChar(0xD83C))});
+    row("other half first", QString(QChar(0xDFB5)) + QChar(0xD83C),
+        {QString(QChar(0xDFB5)), QString(QChar(0xD83C))});
+}
+
+void TestByteText::charactersOutsideLatin1AreNamedOnce()
+{
+    QFETCH(QString, text);
+    QFETCH(QStringList, characters);
+    QCOMPARE(charactersOutsideLatin1(text), characters);
+    QCOMPARE(bytesFromText(text).contains('?'), !characters.isEmpty());
 }
 
 void TestByteText::numbers()

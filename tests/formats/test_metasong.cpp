@@ -1137,6 +1137,7 @@ void TestMetaSong::manualModeWritesEmptyItemsToo()
     QCOMPARE(saved.mid(16, 512 - 16), mfxHeader("_MF3", emptied).mid(16));
 
     items.key = "G";
+    items.length = "60000";
     const QString mp3Path = make("song.mp3", songFile(QStringLiteral("MP3"), items));
     MetaSong mp3 = imported(mp3Path);
     mp3.setSongInfo(SongInfo(), true);

@@ -191,6 +191,8 @@ MP3_FILES = {
     "extended": b"ID3\3\0\x40" + tag(be(6, 4) + bytes(6) + FRAMES)[6:] + AUDIO,
     "extended4": b"ID3\4\0\x40" + tag(be(6, 4) + b"\1\0" + FRAMES)[6:] + AUDIO,
     "hugeframe": tag(frame(b"TIT2", b"One", size=0xFFFFFFF0)) + AUDIO,
+    "unsynchronised": b"ID3\3\0\x80" + tag(FRAMES + frame(b"GEOB", b"\xff\0\xe0", size=3))[6:] + AUDIO,
+    "footer": b"ID3\4\0\x10" + tag(FRAMES)[6:] + b"3DI\4\0\x10" + tag(FRAMES)[6:10] + AUDIO,
     "size80": b"ID3\3\0\0\0\0\0\x80" + bytes(128) + AUDIO,
     "size81": b"ID3\3\0\0\0\0\0\x81" + bytes(140) + AUDIO,
     "cut": tag(FRAMES, size=len(FRAMES) + 400),

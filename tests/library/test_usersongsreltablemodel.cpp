@@ -633,7 +633,8 @@ void TestUserSongsRelTableModel::tenThousandRowsAreQuick()
     QTableView view;
     view.setSortingEnabled(true);
     view.setModel(m_model.get());
-    view.setItemDelegate(new StatusRowDelegate(m_model->colIdxStatus(), &view));
+    view.setItemDelegate(
+        new StatusRowDelegate(m_model->colIdxStatus(), m_model->colIdxType(), &view));
     view.resize(900, 600);
     view.show();
     QVERIFY(QTest::qWaitForWindowExposed(&view));

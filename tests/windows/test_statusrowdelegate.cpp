@@ -83,7 +83,8 @@ void TestStatusRowDelegate::init()
     m_view = std::make_unique<QTableView>();
     m_view->setPalette(darkPalette());
     m_view->setModel(m_model.get());
-    m_view->setItemDelegate(new StatusRowDelegate(m_model->colIdxStatus(), m_view.get()));
+    m_view->setItemDelegate(
+        new StatusRowDelegate(m_model->colIdxStatus(), m_model->colIdxType(), m_view.get()));
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_view->hideColumn(m_model->colIdxStatus());
     m_view->resize(1200, 300);
@@ -152,7 +153,7 @@ void TestStatusRowDelegate::textIsDarkOnADarkPalette()
 
 void TestStatusRowDelegate::statusTextCannotBeRead()
 {
-    const ReadableDelegate delegate(m_model->colIdxStatus());
+    const ReadableDelegate delegate(m_model->colIdxStatus(), m_model->colIdxType());
     QStyleOptionViewItem option;
     option.palette = darkPalette();
     delegate.initStyleOption(&option, m_model->index(1, m_model->colIdxStatus()));
@@ -175,7 +176,7 @@ void TestStatusRowDelegate::selectionIsVisibleOnEveryStatus()
 
 void TestStatusRowDelegate::modelWithoutAStatusColumnIsPaintedAsUsual()
 {
-    const ReadableDelegate delegate(99);
+    const ReadableDelegate delegate(99, 98);
     QStyleOptionViewItem option;
     option.palette = darkPalette();
     delegate.initStyleOption(&option, m_model->index(1, 2));

@@ -1,0 +1,58 @@
+// Frames of ID3v2 tags: how they are written, and what they say beyond the text that is read.
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+
+#include <optional>
+
+/** The identifiers of the frames with the song's data. */
+namespace Id3FrameId
+{
+constexpr char title[] = "TIT2";
+constexpr char artist[] = "TPE1";
+constexpr char genre[] = "TCON";
+constexpr char author[] = "TCOM";
+constexpr char key[] = "TKEY";
+constexpr char userBpm[] = "TBPM";
+constexpr char length[] = "TLEN"; ///< in milliseconds
+constexpr char copyright[] = "TCOP";
+constexpr char edit[] = "MEDT"; ///< the mark of a file that this program has edited
+} // namespace Id3FrameId
+
+/**
+ * What four size bytes, given as a big-endian number, tell in groups of seven bits, as version 4
+ * writes them; as a plain number if they are no groups.
+ */
+quint32 sizeInGroups(quint32 plain);
+
+/** True for four capital letters or digits, as every frame begins. */
+bool isFrameId(QByteArrayView bytes);
+
+/**
+ * A text frame as the player reads it: no flags, ISO-8859-1, no terminator. The identifier has 4
+ * characters, the text less than 2^28 bytes. groupsSize: the size has groups of seven bits, the
+ * form of version 4.
+ */
+QByteArray encodedTextFrame(const QByteArray &id, const QByteArray &text, bool groupsSize);
+
+/**
+ * True when a frame written as encodedTextFrame does, with the text that is read from this one
+ * (8-bit, up to the first zero), would say all that this one says. Not so for a frame that is
+ * compressed, encrypted or grouped, in another encoding (UTF-8 that is ASCII is fine), or of
+ * several texts. A frame that is cut off or empty counts as an empty text.
+ */
+bool isPlainText(QByteArrayView frame);
+
+/**
+ * True when a frame that counts whole units (1000 for milliseconds as seconds) would say all that
+ * this one says: its plain text is empty or a number, not negative, that is a multiple of the unit.
+ */
+bool isPlainNumber(QByteArrayView frame, int unit);
+
+/**
+ * The bytes of a tag behind its header, or of a frame, before a zero was put behind every FF that
+ * something could take for MPEG audio. Nothing when these bytes hold what could still be taken for
+ * it: the flag that promised this was wrong.
+ */
+std::optional<QByteArray> withoutUnsynchronisation(QByteArrayView bytes);

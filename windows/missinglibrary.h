@@ -1,0 +1,29 @@
+// Says why the list of songs cannot be used, where its databases could not be opened.
+#pragma once
+
+#include <QObject>
+
+class BusyState;
+class QLabel;
+class QStatusBar;
+
+/** Stands in the status bar, where the summary of the songs is otherwise. */
+class MissingLibrary : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** The status bar owns the object. */
+    explicit MissingLibrary(QStatusBar *bar);
+
+    /** Writes the text of the status bar in the present language. */
+    void refresh();
+
+    /** Tells the reason in a box over the window, once that is on the screen. */
+    void tell(QWidget *window, BusyState &busy);
+
+private:
+    static QString reason();
+
+    QLabel *const m_label;
+};
