@@ -375,6 +375,10 @@ Song non leggibili: %4</translation>
         <translation>Il percorso selezionato non esiste</translation>
     </message>
     <message>
+        <source>Il percorso selezionato non è una cartella</source>
+        <translation>Il percorso selezionato non è una cartella</translation>
+    </message>
+    <message>
         <source>Durante l&apos;operazione si sono verificati alcuni errori.
 Consultare il report per maggiori informazioni.</source>
         <translation>Durante l&apos;operazione si sono verificati alcuni errori.
@@ -834,6 +838,10 @@ Si vuole procedere comunque con la copia?</translation>
     <message>
         <source>Scegli nome del file</source>
         <translation>Scegli nome del file</translation>
+    </message>
+    <message>
+        <source>File (*.csv)</source>
+        <translation>File (*.csv)</translation>
     </message>
     <message>
         <source>Il percorso selezionato non esiste</source>

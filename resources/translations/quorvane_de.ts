@@ -375,6 +375,10 @@ Songs, die nicht lesbar sind: %4</translation>
         <translation>Der gewählte Pfad existiert nicht</translation>
     </message>
     <message>
+        <source>Il percorso selezionato non è una cartella</source>
+        <translation>Das ist kein Ordner, sondern eine Datei</translation>
+    </message>
+    <message>
         <source>Durante l&apos;operazione si sono verificati alcuni errori.
 Consultare il report per maggiori informazioni.</source>
         <translation>Während des Vorgangs sind Fehler aufgetreten.
@@ -834,6 +838,10 @@ Trotzdem kopieren?</translation>
     <message>
         <source>Scegli nome del file</source>
         <translation>Dateinamen auswählen</translation>
+    </message>
+    <message>
+        <source>File (*.csv)</source>
+        <translation>Datei (*.csv)</translation>
     </message>
     <message>
         <source>Il percorso selezionato non esiste</source>

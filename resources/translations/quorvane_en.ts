@@ -375,6 +375,10 @@ Songs that cannot be read: %4</translation>
         <translation>The selected path does not exist</translation>
     </message>
     <message>
+        <source>Il percorso selezionato non è una cartella</source>
+        <translation>This is a file, not a folder</translation>
+    </message>
+    <message>
         <source>Durante l&apos;operazione si sono verificati alcuni errori.
 Consultare il report per maggiori informazioni.</source>
         <translation>Some errors occurred during the operation.
@@ -834,6 +838,10 @@ Do you want to copy all the same?</translation>
     <message>
         <source>Scegli nome del file</source>
         <translation>Select file name</translation>
+    </message>
+    <message>
+        <source>File (*.csv)</source>
+        <translation>File (*.csv)</translation>
     </message>
     <message>
         <source>Il percorso selezionato non esiste</source>
