@@ -601,15 +601,14 @@ void MainWindow::on_actionEnglish_triggered()
 {
     m_settings.setValue(settings::language, translation::english);
     checkLanguage(translation::english);
-    translation::installEnglish(m_programTranslator);
-    QCoreApplication::removeTranslator(&m_qtTranslator);
+    translation::use(translation::english);
 }
 
 void MainWindow::on_actionGerman_triggered()
 {
     m_settings.setValue(settings::language, translation::german);
     checkLanguage(translation::german);
-    translation::installGerman(m_programTranslator, m_qtTranslator);
+    translation::use(translation::german);
 }
 
 void MainWindow::on_actionAbout_triggered()

@@ -14,7 +14,6 @@
 #include <QScopedPointer>
 #include <QSettings>
 #include <QStringList>
-#include <QTranslator>
 
 class ColumnLayout;
 class SongEditor;
@@ -170,8 +169,6 @@ private:
     UserSongsRelTableModel *m_model = nullptr; ///< null when the database could not be opened
     DataEditDialog m_dataEditDialog;
     QSettings m_settings;
-    QTranslator m_programTranslator;
-    QTranslator m_qtTranslator;
     bool m_copyrightDefault = true;
     QStringList m_selectedFiles;
     int m_filesCount = 0;           ///< number of selected files

@@ -51,14 +51,11 @@ void Startup::setUpLog() const
     writeBanner();
 }
 
-void Startup::setUpTranslation(QTranslator &program, QTranslator &qt)
+void Startup::setUpTranslation()
 {
     if (m_language == noLanguage) {
         m_language = translation::german;
         m_settings.setValue(settings::language, m_language);
     }
-    if (m_language == translation::german)
-        translation::installGerman(program, qt);
-    else
-        translation::installEnglish(program);
+    translation::use(m_language);
 }

@@ -5,6 +5,7 @@
 #include "library/dataeditdialog.h"
 #include "library/nocopyrightdialog.h"
 #include "support/catalogue.h"
+#include "support/interfacelanguage.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
@@ -110,6 +111,7 @@ void TestImpatientUser::cleanup()
 {
     m_timer.reset();
     m_window.reset();
+    backToItalian();
     m_songs.reset();
     m_work.reset();
 }
