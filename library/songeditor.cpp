@@ -99,6 +99,8 @@ void SongEditor::applyToAll(const SongEdit &edit, int editedRow)
         m_openProgress(QCoreApplication::translate("MainWindow", "Aggiornamento file"),
                        QCoreApplication::translate("MainWindow", "Aggiorno la libreria..."), rows);
     for (int done = 0; done < rows; ++done) {
+        if (MetaSong::takesLongToImport(m_model.fileName(songs.at(done).row())))
+            progress->catchUp();
         if (done != editedRow && applyToRow(edit, songs.at(done).row()))
             progress->updateProgress(done + 1);
         QCoreApplication::processEvents();
