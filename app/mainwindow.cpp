@@ -9,6 +9,7 @@
 #include "app/libraryimport.h"
 #include "app/paintingpaused.h"
 #include "app/proceeddialog.h"
+#include "app/readablelinks.h"
 #include "app/rowactions.h"
 #include "app/shownprogress.h"
 #include "app/songdrop.h"
@@ -60,6 +61,7 @@ MainWindow::MainWindow(QWidget *parent)
     , ui(new Ui::MainWindow)
     , m_settings(settings::organisation, settings::application)
 {
+    new ReadableLinks(this);
     ui->setupUi(this);
     setWindowTitle(tr("Kavena PC"));
     applyBranding();
