@@ -11,6 +11,7 @@
 #include "app/proceeddialog.h"
 #include "app/readablelinks.h"
 #include "app/rowactions.h"
+#include "app/screenroom.h"
 #include "app/shownprogress.h"
 #include "app/songdrop.h"
 #include "app/songfilter.h"
@@ -62,6 +63,7 @@ MainWindow::MainWindow(QWidget *parent)
     , m_settings(settings::organisation, settings::application)
 {
     new ReadableLinks(this);
+    new ScreenRoom(this);
     ui->setupUi(this);
     setWindowTitle(tr("Kavena PC"));
     applyBranding();
