@@ -2,8 +2,8 @@
 // every field has a name, the Tab key walks in reading order. With KAVENA_WINDOW_PICTURES set to a
 // folder, leaves pictures of each window there, in a light and in a dark palette, and as small as
 // the window can get, for people to look at.
-#include "support/everywindow.h"
 #include "library/elidedlabel.h"
+#include "support/everywindow.h"
 #include "support/ownfolders.h"
 
 #include <QAbstractSpinBox>
