@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QTranslator>
 
 namespace
 {
@@ -25,13 +24,13 @@ int main(int argc, char *argv[])
     Startup startup;
     startup.setUpLog();
 
+    // The desktop's own choosers speak the language of the desktop, not the one chosen here.
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
     QApplication::setWindowIcon(applicationIcon());
     // Wayland knows a window's icon and its place in the menu by this name only.
     QApplication::setDesktopFileName(QStringLiteral("org.kavena.KavenaPC"));
-    QTranslator programTranslator;
-    QTranslator qtTranslator;
-    startup.setUpTranslation(programTranslator, qtTranslator);
+    startup.setUpTranslation();
 
     MainWindow window;
     window.show();

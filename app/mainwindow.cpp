@@ -28,7 +28,9 @@
 #include "windows/missinglibrary.h"
 #include "windows/paintingpaused.h"
 #include "windows/proceeddialog.h"
+#include "windows/readablelinks.h"
 #include "windows/runreportbox.h"
+#include "windows/screenroom.h"
 #include "windows/shownprogress.h"
 #include "windows/songslistdialog.h"
 #include "windows/statusrowdelegate.h"
@@ -63,6 +65,8 @@ MainWindow::MainWindow(QWidget *parent)
     , ui(new Ui::MainWindow)
     , m_settings(settings::organisation, settings::application)
 {
+    new ReadableLinks(this);
+    new ScreenRoom(this);
     ui->setupUi(this);
     setWindowTitle(tr("Kavena PC"));
     applyBranding();
@@ -634,15 +638,14 @@ void MainWindow::on_actionEnglish_triggered()
 {
     m_settings.setValue(settings::language, translation::english);
     checkLanguage(translation::english);
-    translation::installEnglish(m_programTranslator);
-    QCoreApplication::removeTranslator(&m_qtTranslator);
+    translation::use(translation::english);
 }
 
 void MainWindow::on_actionGerman_triggered()
 {
     m_settings.setValue(settings::language, translation::german);
     checkLanguage(translation::german);
-    translation::installGerman(m_programTranslator, m_qtTranslator);
+    translation::use(translation::german);
 }
 
 void MainWindow::on_actionAbout_triggered()

@@ -1,11 +1,11 @@
 // The program's window: the user's songs as a table, and what can be done with them.
 #pragma once
 
-#include "app/busystate.h"
 #include "formats/metasong.h"
 #include "formats/songinfo.h"
 #include "library/database.h"
 #include "library/progress.h"
+#include "windows/busystate.h"
 #include "windows/dataeditdialog.h"
 
 #include <QMainWindow>
@@ -14,7 +14,6 @@
 #include <QScopedPointer>
 #include <QSettings>
 #include <QStringList>
-#include <QTranslator>
 
 class ColumnLayout;
 class MissingLibrary;
@@ -179,8 +178,6 @@ private:
     UserSongsRelTableModel *m_model = nullptr; ///< null when the database could not be opened
     DataEditDialog m_dataEditDialog;
     QSettings m_settings;
-    QTranslator m_programTranslator;
-    QTranslator m_qtTranslator;
     bool m_copyrightDefault = true;
     QStringList m_selectedFiles;
     int m_filesCount = 0;           ///< number of selected files

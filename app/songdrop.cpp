@@ -1,7 +1,7 @@
 #include "app/songdrop.h"
 
-#include "app/busystate.h"
 #include "formats/songnames.h"
+#include "windows/busystate.h"
 
 #include <QApplication>
 #include <QDropEvent>

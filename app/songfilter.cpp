@@ -1,7 +1,7 @@
 #include "app/songfilter.h"
 
-#include "app/busystate.h"
 #include "library/usersongsreltablemodel.h"
+#include "windows/busystate.h"
 #include "windows/paintingpaused.h"
 
 #include <QKeyEvent>

@@ -1,8 +1,8 @@
 #include "app/startup.h"
 
 #include "app/messagehandler.h"
-#include "library/version.h"
 #include "library/settings.h"
+#include "library/version.h"
 #include "storage/diagnostics.h"
 #include "windows/translation.h"
 
@@ -59,14 +59,11 @@ void Startup::setUpLog() const
     writeBanner();
 }
 
-void Startup::setUpTranslation(QTranslator &program, QTranslator &qt)
+void Startup::setUpTranslation()
 {
     if (m_language == noLanguage) {
         m_language = translation::german;
         m_settings.setValue(settings::language, m_language);
     }
-    if (m_language == translation::german)
-        translation::installGerman(program, qt);
-    else
-        translation::installEnglish(program);
+    translation::use(m_language);
 }

@@ -4,8 +4,6 @@
 #include <QSettings>
 #include <QString>
 
-class QTranslator;
-
 /**
  * Reads the stored settings when it is created. The log is set up before the application object
  * exists, so that nothing that Qt reports is lost; the translation needs the application object.
@@ -24,9 +22,9 @@ public:
 
     /**
      * Installs the interface language. A first run stores German, the default of this branding;
-     * anything that is not German is English.
+     * anything that is not German is English. Needs the application object.
      */
-    void setUpTranslation(QTranslator &program, QTranslator &qt);
+    void setUpTranslation();
 
 private:
     QSettings m_settings;

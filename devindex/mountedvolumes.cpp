@@ -138,14 +138,14 @@ QStringList MountedVolumes::mountPointsWithoutDevice(const QByteArray &mountTabl
 
 bool MountedVolumes::isSystemDisk(const QString &path) const
 {
-    return getRootDrivePath(path).isEmpty();
+    return memoryOf(path).isEmpty();
 }
 
 QString MountedVolumes::getRoot(const QString &path) const
 {
     const QString above = mountDirectoryAbove(cleaned(path));
     if (!above.isEmpty() && above != volumes)
-        return getRootDrivePath(path);
+        return memoryOf(path);
 
     const QString clean = cleanedWithSlash(path);
     const qsizetype first = clean.indexOf(slash, 1);
@@ -157,13 +157,24 @@ QString MountedVolumes::getRoot(const QString &path) const
 
 bool MountedVolumes::isRoot(const QString &path) const
 {
-    const QString memory = getRootDrivePath(path);
+    const QString memory = memoryOf(path);
     if (memory.isEmpty())
         return getRoot(path) == path;
     return cleaned(path) == memory;
 }
 
 QString MountedVolumes::getRootDrivePath(const QString &path) const
+{
+    const QString above = mountDirectoryAbove(path);
+    if (above.isEmpty())
+        return {};
+    // The name has one character at least, even if that is a slash.
+    const QString root = path.left(path.indexOf(slash, above.size() + 2));
+    // Nor does a text with dots or slashes in the name's place lead to the system disk.
+    return memoryOf(root).isEmpty() ? QString() : root;
+}
+
+QString MountedVolumes::memoryOf(const QString &path) const
 {
     const QString clean = cleaned(path);
     const QString above = mountDirectoryAbove(clean);

@@ -69,6 +69,12 @@ public:
     bool isRoot(const QString &path) const;
 
     /** The root of the memory that holds the path, or an empty text when it lies in none. */
+    QString memoryOf(const QString &path) const;
+
+    /**
+     * The beginning of the path that names a memory's root, from the text as it is: ".." behind the
+     * memory's name and doubled slashes in front of it are not resolved. Empty where there is none.
+     */
     QString getRootDrivePath(const QString &path) const;
 
 private:

@@ -245,6 +245,13 @@ bool MetaSong::hasKnownFormat(const QString &path)
     return start == midiMagic || start.startsWith(mfxMagic) || mayBeMp3(path, start);
 }
 
+bool MetaSong::takesLongToImport(const QString &path)
+{
+    constexpr qint64 large = 1000000;
+    const bool isReadWhole = !path.endsWith(QLatin1String(".mp3"), Qt::CaseInsensitive);
+    return isReadWhole && QFileInfo(path).size() > large;
+}
+
 bool MetaSong::importMidi(QFile &file)
 {
     QByteArray bytes;

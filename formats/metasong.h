@@ -30,6 +30,9 @@ public:
      */
     bool importFile(const QString &path);
 
+    /** True for a large file that importFile reads and unpacks as a whole. */
+    static bool takesLongToImport(const QString &path);
+
     /**
      * True for a file that begins as one of the formats does, whether or not importFile can load
      * it; false as well when it cannot be opened.

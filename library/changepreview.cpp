@@ -77,6 +77,8 @@ std::optional<ChangePreview> ChangePreview::compute(const Database &database,
     for (int row = 0; row < rows; ++row) {
         if (progress->wasCanceled())
             return std::nullopt;
+        if (MetaSong::takesLongToImport(model.fileName(row)))
+            progress->catchUp();
         preview.addSong(catalogue, model.fileName(row), model.shortName(row));
         progress->updateProgress(row + 1);
         QCoreApplication::processEvents();

@@ -85,6 +85,8 @@ bool LibraryImport::scanEntries(const QString &dir, Counts &counts)
 bool LibraryImport::importFile(const QString &path, Counts &counts)
 {
     m_leftovers.tidyBeside(path);
+    if (MetaSong::takesLongToImport(path))
+        m_progress.catchUp();
     MetaSong song;
     if (!song.importFile(path)) {
         ++counts.bad;

@@ -23,6 +23,12 @@ public:
     /** As setValue, and says "n of maximum" in words. */
     virtual void updateProgress(int done) = 0;
 
+    /**
+     * Shows the last step if it was held back. To be called before work during which no events are
+     * processed for long, so that the number on screen is the true one meanwhile.
+     */
+    virtual void catchUp() {}
+
     /** True once the user asked the job to stop. */
     virtual bool wasCanceled() const = 0;
 };

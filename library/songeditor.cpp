@@ -122,6 +122,8 @@ void SongEditor::applyToAll(const SongEdit &edit, int editedRow)
     Leftovers leftovers;
     for (int done = 0; done < rows; ++done) {
         leftovers.tidyBeside(m_model.fileName(songs.at(done).row()));
+        if (MetaSong::takesLongToImport(m_model.fileName(songs.at(done).row())))
+            progress->catchUp();
         if (done != editedRow && applyToRow(edit, songs.at(done).row()))
             progress->updateProgress(done + 1);
         QCoreApplication::processEvents();

@@ -60,6 +60,8 @@ bool Synchronisation::run(bool copyrightAsk)
         logDebug() << "[UPDATE] rowIdx: " << row;
         logDebug() << "[UPDATE] updating file: " << m_model.fileName(row);
         const QPersistentModelIndex place = m_model.rowIndex(row);
+        if (MetaSong::takesLongToImport(m_model.fileName(row)))
+            progress->catchUp();
         const bool synced = updateFileWithDb(row);
         m_model.setStatus(place.row(), synced ? Database::StatusSynced : Database::StatusNotSynced);
         progress->updateProgress(row + 1);

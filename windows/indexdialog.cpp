@@ -29,8 +29,7 @@ IndexDialog::IndexDialog(QWidget *parent)
     , ui(new Ui::IndexDialog)
 {
     ui->setupUi(this);
-    connect(ui->pushButtonBrowse, &QPushButton::clicked, ui->comboBoxMemory,
-            &MemoryList::browseDir);
+    connect(ui->pushButtonBrowse, &QPushButton::clicked, this, &IndexDialog::browseDir);
     ui->comboBoxMemory->setPathField(ui->lineEditPath);
     ui->pushButtonStart->installEventFilter(this);
     ui->checkBoxChkdsk->setChecked(false);
@@ -86,6 +85,11 @@ void IndexDialog::on_radioButtonUpdate_clicked() {}
 
 void IndexDialog::on_radioButtonRebuild_clicked() {}
 
+void IndexDialog::browseDir()
+{
+    ui->comboBoxMemory->browseDir();
+}
+
 void IndexDialog::updateLabelNum(int filesFound)
 {
     ui->labelFileFound->setText(QString::number(filesFound));
@@ -127,11 +131,15 @@ void IndexDialog::start(bool useRoot)
     QString path = ui->lineEditPath->text();
     if (useRoot)
         path = getRootDrivePath(path);
-    if (!QFileInfo(path).isDir()) {
+    const QFileInfo chosen(path);
+    if (!chosen.isDir()) {
         QMessageBox::warning(this, tr("Ottimizza memoria"),
-                             tr("Il percorso selezionato non esiste"));
+                             chosen.exists() ? tr("Il percorso selezionato non è una cartella")
+                                             : tr("Il percorso selezionato non esiste"));
         return;
     }
+    const bool update = ui->radioButtonUpdate->isChecked();
+    const bool rebuild = ui->radioButtonRebuild->isChecked();
     if (path.endsWith(QLatin1Char('/')) || path.endsWith(QLatin1Char('\\')))
         path.chop(1);
     // Whoever writes to any folder of a memory may change the index in its root.
@@ -152,14 +160,14 @@ void IndexDialog::start(bool useRoot)
     QCoreApplication::processEvents();
     clearIndexErrors();
     appendToReport({{}, inProgress});
-    const bool success = runIndex(path);
+    const bool success = runIndex(path, update, rebuild);
     lock.release(); // who reads the outcome may pull the memory
     tellResult(success);
     appendToReport({{}, completed});
     setRunning(false);
 }
 
-bool IndexDialog::runIndex(const QString &path)
+bool IndexDialog::runIndex(const QString &path, bool update, bool rebuild)
 {
     logDebug() << "[IndexDialog::start] path:" << path;
     Index index;
@@ -169,20 +177,15 @@ bool IndexDialog::runIndex(const QString &path)
     connect(&index, &Index::progressValueChanged, this, &IndexDialog::setProgressValue);
     connect(&index, &Index::currentPathChanged, this, &IndexDialog::updateLabelCurrPath);
     connect(&index, &Index::errorFromIndex, this, &IndexDialog::errorFromIndexReceived);
-    if (ui->radioButtonUpdate->isChecked())
+    if (update)
         return index.updateIndex(path);
-    if (ui->radioButtonRebuild->isChecked())
+    if (rebuild)
         return index.createIndex(path);
     return false;
 }
 
 void IndexDialog::tellResult(bool success)
 {
-    // A memory without songs leaves the bar busy.
-    if (!success || ui->progressBar->maximum() == 0) {
-        ui->progressBar->setRange(0, 100);
-        ui->progressBar->setValue(0);
-    }
     if (m_indexErrors) {
         QMessageBox::critical(this, tr("Ottimizza memoria"),
                               tr("Durante l'operazione si sono verificati alcuni errori.\n"
@@ -191,6 +194,8 @@ void IndexDialog::tellResult(bool success)
         QMessageBox::information(this, tr("Ottimizza memoria"),
                                  tr("Operazione completata con successo"));
     } else {
+        ui->progressBar->setRange(0, 100);
+        ui->progressBar->setValue(0);
         QMessageBox::critical(this, tr("Ottimizza memoria"),
                               tr("Operazione non riuscita.\n"
                                  "Assicurarsi che il disco abbia sufficiente spazio libero e che "
@@ -201,11 +206,10 @@ void IndexDialog::tellResult(bool success)
 void IndexDialog::setRunning(bool running)
 {
     m_running = running;
-    QWidget *const inputs[] = {ui->pushButtonStart,   ui->pushButtonClose, ui->pushButtonBrowse,
-                               ui->comboBoxMemory,    ui->lineEditPath,    ui->radioButtonUpdate,
-                               ui->radioButtonRebuild};
-    for (QWidget *const input : inputs)
-        input->setEnabled(!running);
+    ui->pushButtonStart->setEnabled(!running);
+    ui->pushButtonClose->setEnabled(!running);
+    // The run would stand still, in the middle of its work, for as long as a chooser is open.
+    ui->pushButtonBrowse->setEnabled(!running);
 }
 
 void IndexDialog::appendToReport(const ReportLine &line)

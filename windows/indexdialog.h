@@ -43,6 +43,7 @@ private slots:
     void on_radioButtonUpdate_clicked();
     void on_radioButtonRebuild_clicked();
 
+    void browseDir();
     void updateLabelNum(int filesFound);
     void initProgress(int maximum);
     void setProgressValue(int value);
@@ -58,7 +59,7 @@ private:
     };
 
     void start(bool useRoot);
-    bool runIndex(const QString &path);
+    bool runIndex(const QString &path, bool update, bool rebuild);
     void tellResult(bool success);
     void setRunning(bool running);
     void appendToReport(const ReportLine &line);

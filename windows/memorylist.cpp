@@ -119,7 +119,7 @@ void MemoryList::watchMountDirectories()
 void MemoryList::showMemoryOfPath()
 {
     if (m_pathField != nullptr)
-        setCurrentIndex(findData(m_volumes.getRootDrivePath(m_pathField->text())));
+        setCurrentIndex(findData(m_volumes.memoryOf(m_pathField->text())));
 }
 
 void MemoryList::take(const QString &folder)

@@ -1,7 +1,7 @@
 #include "windows/missinglibrary.h"
 
-#include "app/busystate.h"
 #include "library/sqlconnection.h"
+#include "windows/busystate.h"
 
 #include <QDir>
 #include <QLabel>

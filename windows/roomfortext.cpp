@@ -2,7 +2,10 @@
 
 #include <QEvent>
 #include <QLayout>
+#include <QScreen>
 #include <QWidget>
+
+#include <algorithm>
 
 RoomForText::RoomForText(QWidget *window)
     : QObject(window)
@@ -15,7 +18,9 @@ bool RoomForText::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest ||
         event->type() == QEvent::Show) {
         auto *const window = static_cast<QWidget *>(watched);
-        window->setMinimumHeight(window->layout()->totalHeightForWidth(window->width()));
+        // On a screen with less room the contents scroll, or the window shows what it can.
+        window->setMinimumHeight(std::min(window->layout()->totalHeightForWidth(window->width()),
+                                          window->screen()->availableGeometry().height()));
     }
     return false;
 }

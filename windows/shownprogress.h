@@ -4,50 +4,34 @@
 #include "windows/progresswindow.h"
 
 #include <QElapsedTimer>
+#include <QTimer>
 
 /**
  * Says where it can be found as long as it is on screen. Steps are shown some times a second only:
- * painting the bar for each of thousands of files would take longer than the files do. The last
- * step is always shown.
+ * painting the bar for each of thousands of files would take longer than the files do. A step that
+ * has to wait is shown as soon as its time has come and events are processed; the last one of the
+ * job is shown at once.
  */
 class ShownProgress : public ProgressWindow
 {
 public:
     /** The pointer leads to this progress until it closes, and then to the one before. */
     ShownProgress(Progress *&shown, const QString &title, const QString &label, int maximum,
-                  QWidget *parent)
-        : ProgressWindow(title, label, maximum, parent)
-        , m_shown(shown)
-        , m_before(shown)
-    {
-        m_shown = this;
-    }
-    ~ShownProgress() override { m_shown = m_before; }
+                  QWidget *parent);
+    ~ShownProgress() override;
 
-    void setValue(int done) override
-    {
-        if (isDue(done))
-            ProgressWindow::setValue(done);
-    }
-    void updateProgress(int done) override
-    {
-        if (isDue(done))
-            ProgressWindow::updateProgress(done);
-    }
+    void setValue(int done) override;
+    void updateProgress(int done) override;
+    void catchUp() override;
 
 private:
-    bool isDue(int done)
-    {
-        if (done < dialog().maximum() && m_sinceShown.isValid() &&
-            !m_sinceShown.hasExpired(pauseMilliseconds))
-            return false;
-        m_sinceShown.start();
-        return true;
-    }
+    void take(int done, bool inWords);
+    void showLast();
 
-    static constexpr int pauseMilliseconds = 40;
-
-    QElapsedTimer m_sinceShown;
+    int m_done = 0;
+    bool m_inWords = false;     ///< the last step is to be labelled too
+    QElapsedTimer m_sinceShown; ///< not valid before the first step is shown
+    QTimer m_due;               ///< runs while a step waits
     Progress *&m_shown;
     Progress *const m_before;
 };

@@ -33,8 +33,7 @@ SongsListDialog::SongsListDialog(QWidget *parent)
     ui->setupUi(this);
     ui->comboBoxMemory->setPathField(ui->lineEditPath);
     ui->lineEditFile->setText(defaultFileName());
-    connect(ui->pushButtonBrowse, &QPushButton::clicked, ui->comboBoxMemory,
-            &MemoryList::browseDir);
+    connect(ui->pushButtonBrowse, &QPushButton::clicked, this, &SongsListDialog::browseDir);
     connect(ui->pushButtonBrowseFile, &QPushButton::clicked, this, &SongsListDialog::browseFile);
     connect(ui->pushButtonSave, &QPushButton::clicked, this, &SongsListDialog::start);
     connect(ui->pushButtonClose, &QPushButton::clicked, this, &SongsListDialog::close);
@@ -55,11 +54,16 @@ void SongsListDialog::changeEvent(QEvent *event)
         ui->retranslateUi(this);
 }
 
+void SongsListDialog::browseDir()
+{
+    ui->comboBoxMemory->browseDir();
+}
+
 void SongsListDialog::browseFile()
 {
     // A dialog of its own, because the static function adds no suffix: the question about an
     // existing file must be asked for the name that is written.
-    QFileDialog dialog(this, tr("Scegli nome del file"), {}, QStringLiteral("File (*.csv)"));
+    QFileDialog dialog(this, tr("Scegli nome del file"), {}, tr("File (*.csv)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("csv"));
     dialog.selectFile(ui->lineEditFile->text());

@@ -33,6 +33,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private slots:
+    void browseDir();
     void browseFile();
     void start();
     void initProgress(int maximum);

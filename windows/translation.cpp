@@ -1,29 +1,57 @@
 #include "windows/translation.h"
 
+#include <QApplication>
 #include <QCoreApplication>
+#include <QLocale>
 #include <QTranslator>
+#include <QWidget>
 
 namespace
 {
 
-// A translator that is installed already is taken out first: it must not stand in the list twice.
-// One that cannot be loaded is installed all the same and leaves the Italian texts.
-void loadAndInstall(QTranslator &translator, const QString &resource)
+/** The program's one translator of this name. */
+QTranslator &translator(const QString &name)
 {
-    QCoreApplication::removeTranslator(&translator);
-    (void)translator.load(resource);
-    QCoreApplication::installTranslator(&translator);
+    auto *found = qApp->findChild<QTranslator *>(name, Qt::FindDirectChildrenOnly);
+    if (found == nullptr) {
+        found = new QTranslator(qApp);
+        found->setObjectName(name);
+    }
+    return *found;
+}
+
+/** Someone in Vienna or London keeps the habits of the own country where the language is theirs. */
+QLocale localeOf(QLocale::Language language)
+{
+    const QLocale system(QLocale::system().name());
+    return system.language() == language ? system : QLocale(language);
+}
+
+/** A window takes over the locale of its time of birth, and its fields take over the window's. */
+void showIn(const QLocale &locale)
+{
+    QLocale::setDefault(locale);
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows)
+        window->unsetLocale();
 }
 
 } // namespace
 
-void translation::installGerman(QTranslator &program, QTranslator &qt)
+void translation::use(const QString &language)
 {
-    loadAndInstall(program, QStringLiteral(":/trans/quorvane_de"));
-    loadAndInstall(qt, QStringLiteral(":/trans/qt_de"));
-}
+    const bool isGerman = language == german;
+    QTranslator &program = translator(QStringLiteral("programTranslator"));
+    QTranslator &qt = translator(QStringLiteral("qtTranslator"));
+    QCoreApplication::removeTranslator(&program);
+    QCoreApplication::removeTranslator(&qt);
 
-void translation::installEnglish(QTranslator &program)
-{
-    loadAndInstall(program, QStringLiteral(":/trans/quorvane_en"));
+    showIn(localeOf(isGerman ? QLocale::German : QLocale::English));
+    (void)program.load(isGerman ? QStringLiteral(":/trans/quorvane_de")
+                                : QStringLiteral(":/trans/quorvane_en"));
+    QCoreApplication::installTranslator(&program);
+    if (!isGerman)
+        return; // Qt's texts are English by themselves
+    (void)qt.load(QStringLiteral(":/trans/qt_de"));
+    QCoreApplication::installTranslator(&qt);
 }

@@ -3,17 +3,17 @@
 
 #include <QString>
 
-class QTranslator;
-
 namespace translation
 {
 inline const QString italian = QStringLiteral("it");
 inline const QString english = QStringLiteral("en");
 inline const QString german = QStringLiteral("de");
 
-/** Puts the program's German texts and those of Qt's own dialogs in front of what is installed. */
-void installGerman(QTranslator &program, QTranslator &qt);
-
-/** Puts the program's English texts in front of what is installed; Qt itself speaks English. */
-void installEnglish(QTranslator &program);
+/**
+ * Makes German or, for every other value, English the language of the program's texts, of those of
+ * Qt's own windows and key names, and of numbers and dates; what an earlier call installed is taken
+ * out. Needs the application object, which owns the translators. A translation that cannot be
+ * loaded leaves the texts of the sources.
+ */
+void use(const QString &language);
 } // namespace translation

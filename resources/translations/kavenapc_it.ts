@@ -414,6 +414,10 @@ Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto 
         <source>Cartella:</source>
         <translation>Cartella:</translation>
     </message>
+    <message>
+        <source>Il percorso selezionato non è una cartella</source>
+        <translation>Il percorso selezionato non è una cartella</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -897,6 +901,10 @@ Non è stato cambiato nulla. Riprovare quando avrà finito.</translation>
     <message>
         <source>Memoria:</source>
         <translation>&amp;Memoria:</translation>
+    </message>
+    <message>
+        <source>File (*.csv)</source>
+        <translation>File (*.csv)</translation>
     </message>
 </context>
 <context>

@@ -414,6 +414,10 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
         <source>Cartella:</source>
         <translation>Ordner:</translation>
     </message>
+    <message>
+        <source>Il percorso selezionato non è una cartella</source>
+        <translation>Das ist kein Ordner, sondern eine Datei</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -897,6 +901,10 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
     <message>
         <source>Memoria:</source>
         <translation>S&amp;peicher:</translation>
+    </message>
+    <message>
+        <source>File (*.csv)</source>
+        <translation>Datei (*.csv)</translation>
     </message>
 </context>
 <context>

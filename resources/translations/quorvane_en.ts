@@ -414,6 +414,10 @@ Make sure that the disk has enough free space and is not write-protected.</trans
         <source>Cartella:</source>
         <translation>Folder:</translation>
     </message>
+    <message>
+        <source>Il percorso selezionato non è una cartella</source>
+        <translation>This is a file, not a folder</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -897,6 +901,10 @@ Nothing was changed. Try again when it has finished.</translation>
     <message>
         <source>Memoria:</source>
         <translation>&amp;Memory:</translation>
+    </message>
+    <message>
+        <source>File (*.csv)</source>
+        <translation>File (*.csv)</translation>
     </message>
 </context>
 <context>

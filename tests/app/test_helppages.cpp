@@ -60,6 +60,8 @@ private slots:
     void colorsAreThePalettes();
     void pageNamesItsBrandingOnly_data() { pages(); }
     void pageNamesItsBrandingOnly();
+    void shortNameOfAnUntitledSongIsMentioned_data() { pages(); }
+    void shortNameOfAnUntitledSongIsMentioned();
     void clickInTheContentsScrollsToTheSection();
 
 private:
@@ -111,6 +113,18 @@ void TestHelpPages::pageNamesItsBrandingOnly()
     const QString source = pageSource(QString::fromLatin1(QTest::currentDataTag()));
     QVERIFY(!source.isEmpty());
     QVERIFY(!source.contains(otherBranding));
+}
+
+/** The player shows such a song under its file name, which a shortened name changes. */
+void TestHelpPages::shortNameOfAnUntitledSongIsMentioned()
+{
+    const QString source = pageSource(QString::fromLatin1(QTest::currentDataTag()));
+    const qsizetype begin = source.indexOf(QStringLiteral("<a name=\"names\">"));
+    const QString section =
+        source.mid(begin, source.indexOf(QStringLiteral("<h2>"), begin) - begin);
+    const QStringList untitled =
+        found(section, QStringLiteral("<b>(ohne Titel|without a title|senza titolo)</b>"));
+    QCOMPARE(untitled.size(), 1);
 }
 
 void TestHelpPages::clickInTheContentsScrollsToTheSection()

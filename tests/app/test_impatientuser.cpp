@@ -1,6 +1,7 @@
 // A user who closes, sorts, filters, drops, deletes and starts other jobs while one runs: the job
 // does what it was asked for, and nothing else happens.
 #include "support/catalogue.h"
+#include "support/interfacelanguage.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
@@ -110,6 +111,7 @@ void TestImpatientUser::cleanup()
 {
     m_timer.reset();
     m_window.reset();
+    backToItalian();
     m_songs.reset();
     m_work.reset();
 }

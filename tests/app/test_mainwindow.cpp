@@ -1,6 +1,7 @@
 // The main window: its form, its settings, its language, and what starts when and when not.
 #include "formats/metasong.h"
 #include "support/catalogue.h"
+#include "support/interfacelanguage.h"
 #include "support/logcapture.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"
@@ -58,17 +59,9 @@ private:
 class GermanStart
 {
 public:
-    GermanStart() { translation::installGerman(m_program, m_qt); }
-    ~GermanStart()
-    {
-        QCoreApplication::removeTranslator(&m_program);
-        QCoreApplication::removeTranslator(&m_qt);
-    }
+    GermanStart() { translation::use(translation::german); }
+    ~GermanStart() { backToItalian(); }
     Q_DISABLE_COPY_MOVE(GermanStart)
-
-private:
-    QTranslator m_program;
-    QTranslator m_qt;
 };
 
 /** While it lives there is no place for the private copy of the catalogue. */
@@ -170,7 +163,11 @@ private slots:
         OwnSettings::clear();
         m_work.reset(new OwnWorkingFolder);
     }
-    void cleanup() { m_work.reset(); }
+    void cleanup()
+    {
+        m_work.reset();
+        backToItalian();
+    }
 
     void formHoldsItsTexts_data();
     void formHoldsItsTexts();
@@ -186,7 +183,7 @@ private slots:
     void storedLanguageIsChecked_data();
     void storedLanguageIsChecked();
     void italianEntryDoesNothing();
-    void switchToEnglishKeepsQtsTextsOfTheStart();
+    void switchToEnglishTakesQtsTextsAlong();
     void switchBackToGerman();
     void textsFollowTheLanguage();
     void logosSurviveALanguageSwitch();
@@ -453,7 +450,7 @@ void TestMainWindow::italianEntryDoesNothing()
     QCOMPARE(checkedLanguages(window), QStringLiteral("d"));
 }
 
-void TestMainWindow::switchToEnglishKeepsQtsTextsOfTheStart()
+void TestMainWindow::switchToEnglishTakesQtsTextsAlong()
 {
     const GermanStart german;
     const WindowUnderTest window;
@@ -462,7 +459,7 @@ void TestMainWindow::switchToEnglishKeepsQtsTextsOfTheStart()
     QCOMPARE(window.action("actionQuit")->text(), QStringLiteral("&Quit"));
     QCOMPARE(OwnSettings::value(settings::language).toString(), QStringLiteral("en"));
     QCOMPARE(checkedLanguages(window), QStringLiteral("e"));
-    QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Abbrechen"));
+    QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Cancel"));
 }
 
 void TestMainWindow::switchBackToGerman()
@@ -478,7 +475,6 @@ void TestMainWindow::switchBackToGerman()
         QCOMPARE(checkedLanguages(window), QStringLiteral("d"));
         changeLanguage(window, "actionEnglish");
         QCOMPARE(window.action("actionQuit")->text(), QStringLiteral("&Quit"));
-        // The window's own Qt translator is gone, and the start-up installed none here.
         QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Cancel"));
     }
 }

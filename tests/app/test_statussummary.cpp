@@ -1,6 +1,7 @@
 // What the status bar tells about the list and about the last import.
 #include "library/unreadablefile.h"
 #include "support/catalogue.h"
+#include "support/interfacelanguage.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
@@ -70,7 +71,11 @@ private slots:
         OwnSettings::clear();
         m_work.reset(new OwnWorkingFolder);
     }
-    void cleanup() { m_work.reset(); }
+    void cleanup()
+    {
+        m_work.reset();
+        backToItalian();
+    }
 
     void emptyListIsCounted();
     void songsAreCountedByStatus();
@@ -281,9 +286,7 @@ void TestStatusSummary::listWaitsForAWorkflow()
 
 void TestStatusSummary::listFollowsTheLanguage()
 {
-    QTranslator program;
-    QTranslator qt;
-    translation::installGerman(program, qt);
+    translation::use(translation::german);
     const UnreadableFilesDialog dialog({{s("/a.mid"), UnreadableFile::Reason::UnknownFormat}});
     QCOMPARE(dialog.windowTitle(), s("Nicht lesbare Dateien"));
     const auto *const list = child<QTreeWidget>(&dialog, "filesTreeWidget");

@@ -5,6 +5,7 @@
 #include "app/mainwindow.h"
 #include "app/statussummary.h"
 #include "library/usersongsreltablemodel.h"
+#include "support/everywindow.h"
 #include "support/ownfolders.h"
 #include "windows/aboutdialog.h"
 #include "windows/backupdialog.h"
@@ -34,205 +35,14 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyle>
-#include <QTableView>
 #include <QTest>
 #include <QTextEdit>
 #include <QTranslator>
 
-#include <functional>
-#include <memory>
-
 namespace
 {
 
-const QString longPath =
-    QStringLiteral("/home/anna/Music/Backing tracks/Neapolitan classics/O sole mio.mid");
-
-SongInfo exampleSong()
-{
-    SongInfo info;
-    info.title = QStringLiteral("'O SOLE MIO");
-    info.artist = QStringLiteral("CAPUA EDUARDO DI");
-    info.genre = QStringLiteral("NEAPOLITAN");
-    info.author = QStringLiteral("G. CAPURRO - E. DI CAPUA");
-    info.key = QStringLiteral("G");
-    info.length = 203;
-    info.userBpm = 128;
-    info.fileName = longPath;
-    info.shortName = QStringLiteral("O sole mio.mid");
-    info.format = QStringLiteral("MIDI");
-    return info;
-}
-
-const QList<UnreadableFile> &unreadableFiles()
-{
-    static const QList<UnreadableFile> files{
-        {longPath, UnreadableFile::Reason::Missing},
-        {QStringLiteral("/music/Folder.mid"), UnreadableFile::Reason::NoFile},
-        {QStringLiteral("/music/Secret.mid"), UnreadableFile::Reason::Locked},
-        {QStringLiteral("/music/Nothing.mid"), UnreadableFile::Reason::Empty},
-        {QStringLiteral("/music/Letter.mid"), UnreadableFile::Reason::UnknownFormat},
-        {QStringLiteral("/music/Half.mid"), UnreadableFile::Reason::Damaged}};
-    return files;
-}
-
-/** The main window with a song in each state and with files that could not be read. */
-std::unique_ptr<QWidget> library()
-{
-    auto window = std::make_unique<MainWindow>();
-    auto *const view = window->findChild<QTableView *>(QStringLiteral("userLibraryTableView"));
-    auto *const model = qobject_cast<UserSongsRelTableModel *>(view->model());
-    for (int row = 0; row <= 2 * Database::StatusNotSynced + 1; ++row) {
-        model->addSong(exampleSong());
-        model->setStatus(row, static_cast<Database::statusEnum>(row / 2));
-        if (row % 3 == 0)
-            model->setSaveFailure(row, SaveFailure::DiskFull);
-    }
-    window->findChild<StatusSummary *>()->setUnreadableFiles(unreadableFiles());
-    window->adjustUserLibraryHeaders();
-    view->selectRow(1);
-    return window;
-}
-
-std::unique_ptr<QWidget> unreadableFilesList()
-{
-    return std::make_unique<UnreadableFilesDialog>(unreadableFiles());
-}
-
-/** Every way in which a song can fail to be saved. */
-RunReport exampleReport()
-{
-    RunReport report;
-    for (int failure = 1; failure <= static_cast<int>(SaveFailure::Other); ++failure)
-        report.add(SongFinding::Kind::NotSaved, longPath,
-                   RunReport::reasonText(static_cast<SaveFailure>(failure)));
-    return report;
-}
-
-std::unique_ptr<QWidget> runReport()
-{
-    return std::make_unique<RunReportBox>(exampleReport());
-}
-
-/** The list behind the button of the box. */
-std::unique_ptr<QWidget> runDetails()
-{
-    return RunReportBox::details(exampleReport());
-}
-
-std::unique_ptr<QWidget> changePreview()
-{
-    using Field = ChangePreview::Field;
-    ChangePreview preview;
-    preview.songs = 1234;
-    preview.unknown = 23;
-    preview.unreadable = 4;
-    ChangePreview::Song song{longPath, exampleSong().title, false, {}};
-    for (int field = 0; field <= static_cast<int>(Field::MarkersShown); ++field)
-        song.changes.append({static_cast<Field>(field), QString(), QStringLiteral("1 Intro")});
-    preview.changed = {song};
-    return std::make_unique<ChangePreviewDialog>(preview, true);
-}
-
-std::unique_ptr<QWidget> editDialog()
-{
-    auto dialog = std::make_unique<DataEditDialog>();
-    const SongInfo info = exampleSong();
-    dialog->setArtistsCombo({info.artist});
-    dialog->setGenresCombo({info.genre});
-    dialog->setKeysCombo({info.key});
-    dialog->setOtherInfo(info);
-    return dialog;
-}
-
-std::unique_ptr<QWidget> importSummary()
-{
-    auto dialog = std::make_unique<ProceedDialog>();
-    dialog->setFilesCount(1234, 1000, 56);
-    return dialog;
-}
-
-std::unique_ptr<QWidget> question()
-{
-    auto dialog = std::make_unique<NoCopyrightDialog>();
-    dialog->setFilename(longPath);
-    return dialog;
-}
-
-std::unique_ptr<QWidget> yesNoQuestion()
-{
-    auto dialog = std::make_unique<NoCopyrightDialog>();
-    dialog->setFilename(longPath);
-    dialog->setMessage(QCoreApplication::translate("MainWindow", "esiste già, vuoi sostituirlo?"));
-    dialog->setYesNoOnly(true);
-    return dialog;
-}
-
-/** A progress window stays the child of the widget that is handed out. */
-class ProgressHolder : public QWidget
-{
-public:
-    ProgressHolder()
-        : m_progress(QCoreApplication::translate("MainWindow", "Aggiornamento file"),
-                     QCoreApplication::translate("MainWindow", "Aggiorno la libreria..."), 65000,
-                     nullptr)
-    {
-        m_progress.updateProgress(54321);
-    }
-    QWidget *dialog() { return &m_progress.dialog(); }
-
-private:
-    ProgressWindow m_progress;
-};
-
-template <typename Window>
-std::unique_ptr<QWidget> plain()
-{
-    return std::make_unique<Window>();
-}
-
-struct Case {
-    const char *name;
-    std::function<std::unique_ptr<QWidget>()> make;
-};
-
-const QList<Case> &windows()
-{
-    static const QList<Case> all{
-        {"main", plain<MainWindow>},
-        {"library", library},
-        {"unreadable", unreadableFilesList},
-        {"report", runReport},
-        {"report-details", runDetails},
-        {"preview", changePreview},
-        {"about", plain<AboutDialog>},
-        {"backup", plain<BackupDialog>},
-        {"help", plain<HelpDialog>},
-        {"summary", importSummary},
-        {"edit", editDialog},
-        {"question", question},
-        {"question-yes-no", yesNoQuestion},
-        {"memory", plain<IndexDialog>},
-        {"songslist", plain<SongsListDialog>},
-        {"progress", plain<ProgressHolder>},
-    };
-    return all;
-}
-
-/** A window on the screen, for as long as it lives. */
-struct Shown {
-    explicit Shown(const Case &described)
-        : owner(described.make())
-    {
-        auto *const holder = dynamic_cast<ProgressHolder *>(owner.get());
-        window = holder != nullptr ? holder->dialog() : owner.get();
-        window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(window));
-    }
-
-    std::unique_ptr<QWidget> owner;
-    QWidget *window = nullptr;
-};
+using namespace everywindow;
 
 QPalette darkPalette()
 {

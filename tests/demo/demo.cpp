@@ -26,7 +26,6 @@
 #include <QTableView>
 #include <QTextStream>
 #include <QToolButton>
-#include <QTranslator>
 
 namespace
 {
@@ -368,9 +367,7 @@ int main(int argc, char **argv)
     Startup startup;
     startup.setUpLog();
     QApplication application(argc, argv);
-    QTranslator program;
-    QTranslator qt;
-    startup.setUpTranslation(program, qt);
+    startup.setUpTranslation();
 
     Demo demo(QFile::decodeName(argv[1]));
     if (!demo.gatherSongs()) {

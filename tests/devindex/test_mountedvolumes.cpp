@@ -236,8 +236,22 @@ void TestMountedVolumes::anyFolderInAMemoryLeadsToItsRoot_data()
                                << "";
     QTest::newRow("empty") << ""
                            << "";
-    QTest::newRow("way out") << "/Volumes/CARD/../../home/anna"
-                             << "";
+    QTest::newRow("doubled slash in front of the name") << "/Volumes//x"
+                                                        << "/Volumes//x";
+    QTest::newRow("doubled slash and a folder") << "/Volumes//x/songs"
+                                                << "/Volumes//x";
+    QTest::newRow("doubled slash behind the name") << "/Volumes/CARD//songs"
+                                                   << "/Volumes/CARD";
+    QTest::newRow("dots behind the name") << "/Volumes/CARD/../../home/anna"
+                                          << "/Volumes/CARD";
+    QTest::newRow("dots for a name") << "/Volumes/../home/anna"
+                                     << "";
+    QTest::newRow("a dot for a name") << "/Volumes/./CARD"
+                                      << "";
+    QTest::newRow("slashes for a name") << "/Volumes//"
+                                        << "";
+    QTest::newRow("way in") << "/home/../Volumes/CARD"
+                            << "";
     QTest::newRow("listed") << "/mnt/cards/CARD/music/pop"
                             << "/mnt/cards/CARD";
 }

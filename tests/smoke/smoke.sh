@@ -19,11 +19,13 @@ fi
 
 fail() { echo "FAIL: $1" >&2; exit 1; }
 
-# Tries a command for 30 seconds.
+# Tries a command until it succeeds, for a minute.
 soon() {
-  local tries
-  for tries in $(seq 150); do "$@" && return; sleep 0.2; done
-  return 1
+  local end=$((SECONDS + 60))
+  until "$@"; do
+    [ $SECONDS -lt $end ] || return 1
+    sleep 0.2
+  done
 }
 
 # How many pixels of the screenshot have exactly this colour.
@@ -51,19 +53,26 @@ soon window_named '^RB27 Utility$' ||
   fail "no window appeared: $(cat output.txt; xwininfo -root -tree)"
 soon grep -q 'language=de' config/kavena_pc/kravo.conf || fail "the first start stored no language"
 soon window_has_icon || fail "the window has no icon"
-sleep 1
-import -window root before.png
+# What is on the screen has arrived when it does not change any more and the folder button, which is
+# where the screen is folder-yellow, has its full size.
+folder_button() {
+  convert "$1" -fuzz 4% -fill black +opaque '#f5b942' -fill white -opaque '#f5b942' \
+    -trim -format '%w %h %X %Y\n' info: | tr -d '+'
+}
+window_painted() {
+  import -window root earlier.png && sleep 0.3 && import -window root before.png
+  cmp -s earlier.png before.png || return 1
+  read -r width height x y < <(folder_button before.png)
+  [ "$width" -gt 20 ] && [ "$width" -lt 200 ] && [ "$height" -gt 20 ] && [ "$height" -lt 200 ]
+}
+soon window_painted || fail "the folder button is not to be seen"
 [ "$(convert before.png -format '%k' info:)" -gt 50 ] || fail "the screen is empty"
 [ "$(pixels before.png '#e6e6e6')" -lt 5000 ] || fail "the table is not empty at the start"
-
-# The folder button is where the screen is folder-yellow.
-read -r width height x y < <(convert before.png -fuzz 4% -fill black +opaque '#f5b942' \
-  -fill white -opaque '#f5b942' -trim -format '%w %h %X %Y\n' info: | tr -d '+')
-[ "$width" -lt 200 ] && [ "$height" -lt 200 ] || fail "the folder button is not to be seen"
 xdotool mousemove $((x + width / 2)) $((y + height / 2)) click 1
 
-soon window_named 'Dateien.*ausw|ausw.*Dateien|Importieren' || fail "no file dialog in German"
-sleep 0.5
+# Keys reach a window only once it has the focus; the desktop gives it some time after it is shown.
+focus_is_in() { xdotool getwindowfocus getwindowname 2>/dev/null | grep -qE "$1"; }
+soon focus_is_in 'Dateien.*ausw|ausw.*Dateien|Importieren' || fail "no file dialog in German"
 xdotool type --delay 5 "\"$PWD/music/tune1.mid\" \"$PWD/music/tune2.mid\" \"$PWD/music/tune3.mid\" \"$PWD/music/broken.mid\""
 xdotool key Return
 
@@ -78,7 +87,8 @@ kill -0 $program || fail "the program ended: $(cat output.txt)"
 ! grep -qiE 'error|cannot|No such' output.txt || fail "the program complained: $(cat output.txt)"
 [ "$(xdotool search --onlyvisible --name . 2>/dev/null | wc -l)" -ge 1 ] || fail "no window is left"
 
-# Quit from the keyboard.
+# Quit from the keyboard, once the import's progress is gone: until then the window does not close.
+soon focus_is_in '^RB27 Utility$' || fail "the window did not get the focus back"
 xdotool key alt+F4
 soon bash -c "! kill -0 $program 2>/dev/null" || fail "the window did not close"
 echo "smoke test passed"

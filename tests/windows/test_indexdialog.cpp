@@ -6,6 +6,7 @@
 #include "support/userdriver.h"
 #include "windows/indexdialog.h"
 #include "windows/nocopyrightdialog.h"
+#include "windows/songslistdialog.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -21,6 +22,8 @@ namespace
 {
 
 const QString missingText = QStringLiteral("Ottimizza memoria: Il percorso selezionato non esiste");
+const QString noFolderText =
+    QStringLiteral("Ottimizza memoria: Il percorso selezionato non è una cartella");
 const QString successText = QStringLiteral("Ottimizza memoria: Operazione completata con successo");
 const QString errorsText =
     QStringLiteral("Ottimizza memoria: Durante l'operazione si sono verificati alcuni errori.\n"
@@ -49,11 +52,15 @@ private slots:
     void browsingKeepsTheFolder();
     void browsingStartsInHome();
     void cancelledBrowsingChangesNothing();
+    void browsingIsASlotOfTheDialog();
 
     void pathOutsideTheMountDirectoriesDoesNotExist_data();
     void pathOutsideTheMountDirectoriesDoesNotExist();
+    void fileIsNoFolder_data();
+    void fileIsNoFolder();
     void anyFolderMeansItsMemory_data();
     void anyFolderMeansItsMemory();
+    void doubledSlashInFrontOfTheMemoryIsTheMemory();
     void shiftTakesTheFolderItself_data();
     void shiftTakesTheFolderItself();
     void shiftTakesAFolderOfTheComputer();
@@ -71,7 +78,9 @@ private slots:
     void errorsOfASuccessfulRunAreReported();
     void errorsAreForgottenByTheNextRun();
     void memoryWithoutSongsFails();
-    void emptyUpdateLeavesNoBusyBar();
+    void onlyAFailedRunTakesTheBarBack();
+    void onlyItsButtonsAreShutWhileItWorks();
+    void inputDuringTheRunIsForTheNextOne();
 
     void doesNotCloseWhileItWorks();
     void closesByItsButtonAndByEscape();
@@ -245,21 +254,42 @@ void TestIndexDialog::pathOutsideTheMountDirectoriesDoesNotExist_data()
     QTest::newRow("folder of the computer") << "%1/../music";
     QTest::newRow("the system disk") << "/";
     QTest::newRow("the mount directory") << "%1";
-    QTest::newRow("a way out of a memory") << "%1/CARD/../../music";
+    QTest::newRow("a way out of the mount directory") << "%1/../music";
+    QTest::newRow("slashes for a memory's name") << "%1//";
     QTest::newRow("a memory that was pulled") << "%1/PULLED/songs";
     QTest::newRow("a memory that was never there") << "/Volumes/NEVER/songs";
-    QTest::newRow("a file in a memory's place") << "%1/file";
 }
 
 void TestIndexDialog::pathOutsideTheMountDirectoriesDoesNotExist()
 {
     QFETCH(QString, path);
-    m_card->write(m_card->mountDirectory() + QStringLiteral("/file"), "no folder");
     type(path.replace(QStringLiteral("%1"), m_card->mountDirectory()));
     start();
     QCOMPARE(m_user->messages(), QStringList(missingText));
     QCOMPARE(report(), QString());
     QVERIFY(child<QPushButton>("pushButtonStart")->isEnabled());
+    QVERIFY(!m_card->hasIndex());
+}
+
+void TestIndexDialog::fileIsNoFolder_data()
+{
+    QTest::addColumn<QString>("path"); // %1 stands for the mount directory
+    QTest::addColumn<bool>("shift");
+    QTest::newRow("in a memory's place") << "%1/file" << false;
+    QTest::newRow("in a memory") << "%1/CARD/pop/a.mid" << true;
+    QTest::newRow("on the computer") << "%1/../file" << true;
+}
+
+void TestIndexDialog::fileIsNoFolder()
+{
+    QFETCH(QString, path);
+    QFETCH(bool, shift);
+    for (const char *file : {"/file", "/../file"})
+        m_card->write(m_card->mountDirectory() + QString::fromLatin1(file), "no folder");
+    type(path.replace(QStringLiteral("%1"), m_card->mountDirectory()));
+    start(shift ? Qt::ShiftModifier : Qt::NoModifier);
+    QCOMPARE(m_user->messages(), QStringList(noFolderText));
+    QCOMPARE(report(), QString());
     QVERIFY(!m_card->hasIndex());
 }
 
@@ -270,6 +300,7 @@ void TestIndexDialog::anyFolderMeansItsMemory_data()
     QTest::newRow("root and slash") << "/";
     QTest::newRow("deep folder") << "/music/pop";
     QTest::newRow("doubled slashes") << "//music//pop/";
+    QTest::newRow("way back out") << "/../../music";
 }
 
 void TestIndexDialog::anyFolderMeansItsMemory()
@@ -282,6 +313,15 @@ void TestIndexDialog::anyFolderMeansItsMemory()
     QCOMPARE(m_card->indexedPaths(),
              QStringList({QStringLiteral("/music/pop/c.mid"), QStringLiteral("/pop/a.mid"),
                           QStringLiteral("/pop/b.mid")}));
+}
+
+void TestIndexDialog::doubledSlashInFrontOfTheMemoryIsTheMemory()
+{
+    type(m_card->mountDirectory() + QStringLiteral("//CARD/pop"));
+    start();
+    QCOMPARE(m_user->messages(), QStringList(successText));
+    QCOMPARE(m_card->indexedPaths(),
+             QStringList({QStringLiteral("/pop/a.mid"), QStringLiteral("/pop/b.mid")}));
 }
 
 void TestIndexDialog::shiftTakesTheFolderItself_data()
@@ -442,13 +482,74 @@ void TestIndexDialog::memoryWithoutSongsFails()
     QCOMPARE(text("labelFileFound"), QStringLiteral("0"));
 }
 
-void TestIndexDialog::emptyUpdateLeavesNoBusyBar()
+void TestIndexDialog::onlyAFailedRunTakesTheBarBack()
 {
     m_card->isLeftBroken();
+    const auto *const bar = child<QProgressBar>("progressBar");
     start();
     QVERIFY(QDir(m_card->path(QStringLiteral("pop"))).removeRecursively());
+    start(); // an update without songs tells no number of steps
+    QCOMPARE(m_user->messages().last(), successText);
+    QCOMPARE(bar->maximum(), 0);
+
+    child<QRadioButton>("radioButtonRebuild")->setChecked(true);
     start();
-    QVERIFY(child<QProgressBar>("progressBar")->maximum() > 0);
+    QCOMPARE(m_user->messages().last(), failureText);
+    QCOMPARE(bar->maximum(), 100);
+    QCOMPARE(bar->value(), 0);
+}
+
+void TestIndexDialog::onlyItsButtonsAreShutWhileItWorks()
+{
+    QStringList shut;
+    m_user.reset();
+    ModalAnswers user;
+    user.add([&](QWidget *window) {
+        if (qobject_cast<QMessageBox *>(window) == nullptr)
+            return false;
+        for (const char *const name :
+             {"pushButtonStart", "pushButtonClose", "pushButtonBrowse", "comboBoxMemory",
+              "lineEditPath", "radioButtonUpdate", "radioButtonRebuild", "plainTextReport"}) {
+            if (!child<QWidget>(name)->isEnabled())
+                shut << QString::fromLatin1(name);
+        }
+        return window->close();
+    });
+    start();
+    QCOMPARE(shut,
+             QStringList({QStringLiteral("pushButtonStart"), QStringLiteral("pushButtonClose"),
+                          // its chooser would hold up the run for as long as it is open
+                          QStringLiteral("pushButtonBrowse")}));
+}
+
+void TestIndexDialog::inputDuringTheRunIsForTheNextOne()
+{
+    // The question about a long name stands in the middle of the run.
+    m_card->writeOnCard(QStringLiteral("pop/A Long Song.mid"), MountedCard::midi("LONG"));
+    m_user->add([&](QWidget *window) {
+        auto *const question = qobject_cast<NoCopyrightDialog *>(window);
+        if (question == nullptr)
+            return false;
+        type(m_card->music());
+        child<QRadioButton>("radioButtonRebuild")->setChecked(true);
+        QTest::mouseClick(question->findChild<QPushButton *>(QStringLiteral("yesPushButton")),
+                          Qt::LeftButton);
+        return true;
+    });
+    start();
+    QCOMPARE(m_user->messages(), QStringList(successText));
+    QCOMPARE(m_card->indexedPaths().size(), 3);
+    QVERIFY(!QFileInfo::exists(m_card->music() + QStringLiteral("/index.idx")));
+}
+
+void TestIndexDialog::browsingIsASlotOfTheDialog()
+{
+    QVERIFY(m_dialog->metaObject()->indexOfSlot("browseDir()") >= 0);
+    QVERIFY(SongsListDialog::staticMetaObject.indexOfSlot("browseDir()") >= 0);
+    const QString folder = m_card->path(QStringLiteral("pop"));
+    m_user->pick({folder});
+    QVERIFY(QMetaObject::invokeMethod(m_dialog.get(), "browseDir"));
+    QCOMPARE(child<QLineEdit>("lineEditPath")->text(), folder);
 }
 
 void TestIndexDialog::doesNotCloseWhileItWorks()
