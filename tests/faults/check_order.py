@@ -114,7 +114,7 @@ class Order:
             self.building = True
         counts = os.path.join(os.path.dirname(path), COUNTS)
         pending = [changed for changed, _ in self.changes.get(os.path.dirname(path), [])]
-        if removed and counts in self.unopened:
+        if removed and self.unopened & {counts, os.path.dirname(path)}:
             return
         if name in OTHER_INDEX_FILES and (counts in self.existing or counts in pending):
             self.wrong(line, "the old counts are still there")
