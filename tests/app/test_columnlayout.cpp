@@ -13,6 +13,7 @@
 #include <QMenu>
 #include <QScreen>
 #include <QToolTip>
+#include <QTranslator>
 
 namespace
 {
