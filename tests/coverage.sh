@@ -7,8 +7,10 @@ cd "$(dirname "$0")/.."
 build=${1:-build/asan}
 
 gcovr --root . --object-directory "$build" --json-summary \
-  --filter 'formats/' --filter 'library/' --filter 'devindex/' \
-  "$build/formats" "$build/library" "$build/devindex" "$build/app" "$build/tests" |
+  --filter 'storage/' --filter 'formats/' --filter 'library/' --filter 'devindex/' \
+  --filter 'windows/' --filter 'app/' \
+  "$build/storage" "$build/formats" "$build/library" "$build/devindex" "$build/windows" \
+  "$build/app" "$build/tests" |
   python3 -c '
 import collections, json, sys
 
@@ -22,7 +24,8 @@ for file in files:
 print("least covered files:")
 for file in sorted(files, key=lambda file: file["line_percent"])[:8]:
     print("  %5.1f %%  %s" % (file["line_percent"], file["filename"]))
-missed = [name for name in ("formats", "library", "devindex") if not folders[name][1]]
+layers = ("storage", "formats", "library", "devindex", "windows", "app")
+missed = [name for name in layers if not folders[name][1]]
 for name, (covered, total) in sorted(folders.items()):
     percent = 100.0 * covered / total
     print("%-9s %5.1f %%  (%d of %d lines)" % (name, percent, covered, total))

@@ -1,60 +1,21 @@
-// A transfer that cannot write: what the user is told, song by song, and that nothing stays behind.
-#include "devindex/copyingprogress.h"
-#include "devindex/mountedcard.h"
+// What the user is told about a memory that is full, protected or pulled.
 #include "devindex/transfer.h"
-#include "library/answer.h"
+#include "support/mountedcard.h"
 #include "support/smallmemory.h"
-#include "support/userdriver.h"
-#include "windows/indexdialog.h"
+#include "support/transferproblems.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QTest>
 
-#include <memory>
+using namespace transferproblems;
 
-namespace
-{
-
-const QString protectedText = QStringLiteral("La memoria è protetta da scrittura.\n"
-                                             "Togliere la protezione e riprovare.");
-const QString fullText = QStringLiteral("La memoria è piena.\nLiberare spazio e riprovare.");
-const QString rootFolderText =
-    QStringLiteral("Non è possibile copiare i file sulla cartella principale, "
-                   "creare o selezionare una sottocartella");
-
-/** Chooses the folder, keeps what is there, and remembers what it was told. */
-class ListeningUser : public TransferQuestions
-{
-public:
-    QString chooseFolder(const QString &, const QString &) override { return folder; }
-    Answer askReplace(const QString &) override { return Answer::No; }
-    Answer askRename(const QString &, const QString &) override { return Answer::NoToAll; }
-    bool askAnyway(const QString &, const QString &) override { return true; }
-    void warn(const QString &, const QString &text) override { warnings.append(text); }
-    void inform(const QString &, const QString &) override {}
-    void showFailure(const QString &, const QString &) override {}
-    void tellCounts(const QString &, const QString &, const QStringList &failedLines,
-                    const QStringList &skippedNames) override
-    {
-        failed = failedLines;
-        skipped = skippedNames;
-    }
-
-    QString folder;
-    QStringList warnings;
-    QStringList failed;
-    QStringList skipped;
-};
-
-} // namespace
-
-class TestTransferProblems : public QObject
+class TestTransferProblems : public ProblemFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup() { m_card.reset(); }
+    void init() { ProblemFixture::init(); }
+    void cleanup() { ProblemFixture::cleanup(); }
 
     void protectedMemoryIsToldAsSuch_data();
     void protectedMemoryIsToldAsSuch();
@@ -66,45 +27,7 @@ private slots:
     void songsOfAPulledMemoryHaveTheirReason();
     void companionThatFailedIsNamed();
     void skippedSongsAreNamed();
-    void memoryDialogTellsAProtectedMemory();
-    void memoryDialogFailsWhereNoLockCanBeMade();
-
-private:
-    Transfer::Outcome transfer(const QStringList &files);
-    QString song(const QString &name, qsizetype size = 0) const;
-
-    std::unique_ptr<MountedCard> m_card;
-    ListeningUser m_user;
-    std::function<void(int)> m_onUpdate;
 };
-
-void TestTransferProblems::init()
-{
-    m_card = std::make_unique<MountedCard>();
-    m_user.folder = m_card->root();
-    m_user.warnings.clear();
-    m_user.failed.clear();
-    m_user.skipped.clear();
-    m_onUpdate = {};
-}
-
-Transfer::Outcome TestTransferProblems::transfer(const QStringList &files)
-{
-    const OpenProgress openProgress = [this](const QString &, const QString &, int) {
-        auto progress = std::make_unique<CopyingProgress>();
-        progress->onUpdate = m_onUpdate;
-        return std::unique_ptr<Progress>(std::move(progress));
-    };
-    return Transfer(m_user, openProgress).transferFiles(files);
-}
-
-/** A song in the music folder, filled up to the size. */
-QString TestTransferProblems::song(const QString &name, qsizetype size) const
-{
-    const QByteArray bytes = MountedCard::midi(name.toUtf8());
-    return m_card->writeMusic(name,
-                              bytes + QByteArray(qMax(qsizetype(0), size - bytes.size()), 'x'));
-}
 
 void TestTransferProblems::protectedMemoryIsToldAsSuch_data()
 {
@@ -212,44 +135,11 @@ void TestTransferProblems::skippedSongsAreNamed()
     QCOMPARE(m_user.skipped, QStringList({QStringLiteral("a.mid"), QStringLiteral("c.mid")}));
 }
 
-void TestTransferProblems::memoryDialogTellsAProtectedMemory()
-{
-    const SmallMemory memory(m_card->root(), MS_RDONLY, "size=64k");
-    if (!memory.isMounted())
-        QSKIP("No memory can be mounted here");
-    UserDriver user;
-    user.pressInMessageBoxes(QMessageBox::Ok);
-    IndexDialog dialog;
-    dialog.show();
-    child<QLineEdit>(&dialog, "lineEditPath")->setText(m_card->root());
-    QTest::mouseClick(child<QPushButton>(&dialog, "pushButtonStart"), Qt::LeftButton);
-    QCOMPARE(user.messages(), QStringList(QStringLiteral("Ottimizza memoria: ") + protectedText));
-}
-
-void TestTransferProblems::memoryDialogFailsWhereNoLockCanBeMade()
-{
-    m_card->writeOnCard(QStringLiteral("a.mid"), MountedCard::midi("A"));
-    m_card->writeOnCard(QStringLiteral(".kavena-lock/folder"), "in the way");
-    UserDriver user;
-    user.pressInMessageBoxes(QMessageBox::Ok);
-    IndexDialog dialog;
-    dialog.show();
-    child<QLineEdit>(&dialog, "lineEditPath")->setText(m_card->root());
-    auto *const start = child<QPushButton>(&dialog, "pushButtonStart");
-    QTest::mouseClick(start, Qt::LeftButton);
-    QCOMPARE(user.messages(),
-             QStringList(QStringLiteral(
-                 "Ottimizza memoria: Operazione non riuscita.\nAssicurarsi che il disco abbia "
-                 "sufficiente spazio libero e che non sia protetto da scrittura.")));
-    QVERIFY(start->isEnabled());
-    QVERIFY(!m_card->hasIndex());
-}
-
 int main(int argc, char **argv)
 {
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    const QApplication app(argc, argv);
+    const QCoreApplication app(argc, argv);
     TestTransferProblems test;
     return QTest::qExec(&test, argc, argv);
 }
+
 #include "test_transfer_problems.moc"

@@ -1,4 +1,4 @@
-// Songs that could not be saved: the report of the run, and the mark of their rows.
+// Songs that could not be saved are shown and reported.
 #include "library/answer.h"
 #include "library/runreport.h"
 #include "library/songeditor.h"
@@ -6,100 +6,14 @@
 #include "support/librarytable.h"
 #include "support/recordedprogress.h"
 #include "support/smallmedium.h"
-#include "support/songbytes.h"
-#include "windows/statusrowdelegate.h"
+#include "support/unsavedsongs.h"
 
-#include <QHelpEvent>
-#include <QImage>
-#include <QTableView>
 #include <QTest>
-#include <QTextDocument>
-#include <QToolTip>
+
+using namespace unsavedsongs;
 
 namespace
 {
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
-/** The catalogue's row for the file, with data that the file does not hold. */
-catalogue::Row known(const QString &filename)
-{
-    catalogue::Row row;
-    row.filename = filename;
-    row.title = s("CATALOGUE ") + filename;
-    row.artist = s("DOE JOHN");
-    row.altartist = s("JOHN DOE");
-    row.genre = s("SWING");
-    row.author = s("SMITH");
-    row.length = 200;
-    row.bpm = 96;
-    row.key = s("A -");
-    return row;
-}
-
-QByteArray midi(const QByteArray &title)
-{
-    using namespace songbytes;
-    return midiFile({track(metaEvent(0x03, title) + notes())});
-}
-
-/** A library whose songs A.mid, B.mid and C.mid, known to the catalogue, lie on a small medium. */
-class LibraryOnMedium
-{
-public:
-    LibraryOnMedium()
-        : medium(256)
-        , table({known(s("A")), known(s("B")), known(s("C"))})
-    {
-        for (const char *name : {"A.mid", "B.mid", "C.mid"}) {
-            SongInfo info;
-            info.fileName = medium.path(s(name));
-            info.shortName = s(name);
-            info.title = s(name);
-            info.format = s("MIDI");
-            if (!samplesongs::writeFile(info.fileName, midi(name)) || !model().addSong(info))
-                qFatal("Cannot write %s", name);
-        }
-    }
-
-    UserSongsRelTableModel &model() { return table.model(); }
-    QString path(const char *name) const { return medium.path(s(name)); }
-
-    QList<SaveFailure> marks()
-    {
-        QList<SaveFailure> all;
-        for (int row = 0; row < model().goodRowCount(); ++row)
-            all << model().saveFailure(row);
-        return all;
-    }
-
-    Synchronisation synchronisation()
-    {
-        return {table.database, model(), [] { return true; },
-                [](const QString &) { return Answer::Yes; }, recordedBy(progress)};
-    }
-
-    /** An editor whose user makes the title a long one, and the genre that of all songs. */
-    SongEditor editor(bool genreToAll)
-    {
-        const auto change = [genreToAll](const SongInfo &info) {
-            SongEdit edit;
-            edit.info = info;
-            edit.info.title = QString(100, QLatin1Char('x'));
-            edit.info.genre = s("Polka");
-            edit.genreToAll = genreToAll;
-            return std::optional<SongEdit>(edit);
-        };
-        return {model(), change, [] { return false; }, recordedBy(progress)};
-    }
-
-    SmallMedium medium;
-    LibraryTable table;
-    ProgressRecord progress;
-};
 
 /** "name: reason" of each finding. */
 QStringList told(const RunReport &report)
@@ -109,9 +23,6 @@ QStringList told(const RunReport &report)
         lines << finding.path.section(QLatin1Char('/'), -1) + s(": ") + finding.reason;
     return lines;
 }
-
-const QString full = RunReport::reasonText(SaveFailure::DiskFull);
-constexpr SaveFailure saved = SaveFailure::None;
 
 } // namespace
 
@@ -141,8 +52,6 @@ private slots:
     void newImportHasNoMarks();
     void markOfARowThatDoesNotExistIsIgnored();
     void everyReasonHasWordsOfItsOwn();
-    void warningSignIsPaintedBesideTheFormat();
-    void toolTipOfANarrowCellTellsTextAndReason();
 };
 
 void TestUnsavedSongs::everySavedSongLeavesAnEmptyReport()
@@ -346,64 +255,6 @@ void TestUnsavedSongs::everyReasonHasWordsOfItsOwn()
     QCOMPARE(words.removeDuplicates(), 0);
 }
 
-void TestUnsavedSongs::warningSignIsPaintedBesideTheFormat()
-{
-    LibraryOnMedium library;
-    QTableView view;
-    view.setModel(&library.model());
-    const int type = library.model().colIdxType();
-    view.setItemDelegate(new StatusRowDelegate(library.model().colIdxStatus(), type, &view));
-    view.resize(1000, 300);
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
-    const auto picture = [&](int row, int column) {
-        QCoreApplication::processEvents();
-        const QRect cell = view.visualRect(library.model().index(row, column));
-        return view.viewport()->grab(cell).toImage();
-    };
-    view.resizeColumnToContents(type);
-    const int narrow = view.columnWidth(type);
-    const QImage plain = picture(0, type);
-    const QImage title = picture(0, type + 1);
-
-    library.model().setSaveFailure(0, SaveFailure::DiskFull);
-    view.resizeColumnToContents(type);
-    QVERIFY(view.columnWidth(type) > narrow); // there is room for the sign and the text
-    QVERIFY(picture(0, type) != plain);
-    QCOMPARE(picture(0, type + 1), title);
-
-    library.model().setSaveFailure(0, saved);
-    view.setColumnWidth(type, narrow);
-    QCOMPARE(picture(0, type), plain);
-}
-
-void TestUnsavedSongs::toolTipOfANarrowCellTellsTextAndReason()
-{
-    LibraryOnMedium library;
-    QTableView view;
-    view.setModel(&library.model());
-    view.setItemDelegate(
-        new StatusRowDelegate(library.model().colIdxStatus(), library.model().colIdxType(), &view));
-    view.resize(1000, 300);
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
-    const int title = library.model().fieldIndex(s("title"));
-    const auto tipOf = [&](int row) {
-        QToolTip::hideText();
-        const QPoint place = view.visualRect(library.model().index(row, title)).center();
-        QHelpEvent hover(QEvent::ToolTip, place, view.viewport()->mapToGlobal(place));
-        QCoreApplication::sendEvent(view.viewport(), &hover);
-        QTextDocument tip;
-        tip.setHtml(QToolTip::text());
-        return tip.toPlainText();
-    };
-    library.model().setSaveFailure(0, SaveFailure::DiskFull);
-    view.setColumnWidth(title, 300);
-    QCOMPARE(tipOf(0), s("Non salvata: ") + full);
-    view.setColumnWidth(title, 12);
-    QCOMPARE(tipOf(0), s("A.mid\nNon salvata: ") + full);
-    QCOMPARE(tipOf(1), s("B.mid"));
-}
-
 QTEST_MAIN(TestUnsavedSongs)
+
 #include "test_unsavedsongs.moc"

@@ -1,39 +1,20 @@
-// The table of the user's songs: its rules, and that a view on ten thousand rows stays quick and
-// never sees rows move.
+// The model of the song table: rows, texts and sorting.
 #include "library/usersongsreltablemodel.h"
-#include "windows/statusrowdelegate.h"
+#include "support/modelfixture.h"
 
-#include <QAbstractItemModelTester>
 #include <QColor>
-#include <QHeaderView>
-#include <QRegularExpression>
-#include <QScrollBar>
 #include <QSignalSpy>
-#include <QSqlError>
 #include <QSqlRecord>
-#include <QTableView>
+#include <QSqlError>
 #include <QTest>
 
 #include <algorithm>
 #include <ctime>
-#include <memory>
+
+using namespace modelfixture;
 
 namespace
 {
-QString str(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
-SongInfo song(const QString &title)
-{
-    SongInfo info;
-    info.format = QStringLiteral("MIDI");
-    info.title = title;
-    info.fileName = QStringLiteral("/music/") + title;
-    info.shortName = title;
-    return info;
-}
 
 /** A song whose every field that a row shows is set. */
 SongInfo fullSong()
@@ -51,15 +32,16 @@ SongInfo fullSong()
     info.shortName = str("full.mf4");
     return info;
 }
+
 } // namespace
 
-class TestUserSongsRelTableModel : public QObject
+class TestUserSongsRelTableModel : public ModelFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { ModelFixture::init(); }
+    void cleanup() { ModelFixture::cleanup(); }
 
     void columnNumbersFollowTheFieldNames();
     void headersAreLabelled();
@@ -82,75 +64,17 @@ private slots:
     void changedStatusRepaintsTheWholeRow();
 
     void allRowsAreLoadedBeyondTheFirstBatch();
-    void rowsStandInImportOrderInAViewWithSorting();
-    void headerClickSortsAndRowNumbersFollow();
     void writingNeverMovesRows();
     void textsSortWithoutRegardToCase();
     void numbersAndLengthsSortByValue();
     void sortingIsStable();
-    void sortingKeepsTheCurrentRow();
     void noColumnMeansImportOrder();
     void selectKeepsTheOrderAskedFor();
 
     void removedRowLeavesNoBlankRow();
-    void removingKeepsTheViewsPlace();
     void removingOutOfRangeDoesNothing();
     void clearedTableIsEmptyAfterSelect();
-
-    void tenThousandRowsAreQuick();
-
-private:
-    QString stored(int row, const QString &field) const;
-    QString titles() const;
-    void addTitles(const QString &titles);
-
-    std::unique_ptr<Database> m_database;
-    std::unique_ptr<UserSongsRelTableModel> m_model;
-    std::unique_ptr<QAbstractItemModelTester> m_tester; ///< slow with many rows: reset it there
 };
-
-void TestUserSongsRelTableModel::init()
-{
-    QTest::failOnWarning(QRegularExpression(str("QSql")));
-    m_database = std::make_unique<Database>();
-    QVERIFY(m_database->init());
-    m_model = std::make_unique<UserSongsRelTableModel>(nullptr, m_database->userLibraryDb());
-    m_tester = std::make_unique<QAbstractItemModelTester>(
-        m_model.get(), QAbstractItemModelTester::FailureReportingMode::QtTest);
-}
-
-void TestUserSongsRelTableModel::cleanup()
-{
-    m_tester.reset();
-    m_model.reset();
-    m_database.reset();
-}
-
-/** What the table itself, not the model, holds for a row of the model. */
-QString TestUserSongsRelTableModel::stored(int row, const QString &field) const
-{
-    QSqlQuery query(m_database->userLibraryDb());
-    query.exec(QStringLiteral("select %1 from usersongs where id = %2")
-                   .arg(field)
-                   .arg(m_model->index(row, 0).data().toInt()));
-    return query.next() ? query.value(0).toString() : QStringLiteral("no such row");
-}
-
-/** The titles from the first row to the last, with a blank between. */
-QString TestUserSongsRelTableModel::titles() const
-{
-    QStringList all;
-    for (int row = 0; row < m_model->rowCount(); ++row)
-        all.append(m_model->index(row, m_model->fieldIndex(str("title"))).data().toString());
-    return all.join(QLatin1Char(' '));
-}
-
-/** Adds a song for each title of a list like that of titles(). */
-void TestUserSongsRelTableModel::addTitles(const QString &titles)
-{
-    for (const QString &title : titles.split(QLatin1Char(' ')))
-        QVERIFY(m_model->addSong(song(title)));
-}
 
 void TestUserSongsRelTableModel::columnNumbersFollowTheFieldNames()
 {
@@ -405,62 +329,6 @@ void TestUserSongsRelTableModel::allRowsAreLoadedBeyondTheFirstBatch()
     QCOMPARE(m_model->fileName(600), str("/music/next"));
 }
 
-void TestUserSongsRelTableModel::rowsStandInImportOrderInAViewWithSorting()
-{
-    QTableView before;
-    before.setSortingEnabled(true);
-    before.setModel(m_model.get());
-    addTitles(str("m z"));
-    QTableView after;
-    after.setModel(m_model.get());
-    after.setSortingEnabled(true); // sorts by column 0, descending, at once
-    addTitles(str("a k"));
-    QCOMPARE(titles(), str("m z a k"));
-    QVERIFY(m_model->select());
-    QCOMPARE(titles(), str("m z a k"));
-}
-
-void TestUserSongsRelTableModel::headerClickSortsAndRowNumbersFollow()
-{
-    QTableView view;
-    view.setSortingEnabled(true);
-    view.setModel(m_model.get());
-    view.hideColumn(0);
-    view.resize(900, 300);
-    m_tester.reset();
-    for (int i = 0; i < 300; ++i)
-        QVERIFY(m_model->addSong(
-            song(QStringLiteral("t%1").arg(i * 7 % 300, 3, 10, QLatin1Char('0')))));
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
-
-    const int column = m_model->fieldIndex(str("title"));
-    QHeaderView *const header = view.horizontalHeader();
-    const QPoint title(header->sectionViewportPosition(column) + 20, header->height() / 2);
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, title);
-    QCOMPARE(m_model->fileName(0), str("/music/t000"));
-    QCOMPARE(m_model->fileName(299), str("/music/t299"));
-
-    m_model->setStatus(290, Database::StatusSynced);
-    SongInfo changed = song(str("t291"));
-    changed.artist = str("Changed");
-    m_model->updateRow(291, changed);
-    QCOMPARE(m_model->fileName(290), str("/music/t290"));
-    QCOMPARE(stored(290, str("filename")), str("/music/t290"));
-    QCOMPARE(stored(290, str("status")), str("1"));
-    QCOMPARE(stored(291, str("filename")), str("/music/t291"));
-    QCOMPARE(stored(291, str("artist")), str("Changed"));
-    QSqlQuery others(m_database->userLibraryDb());
-    QVERIFY(
-        others.exec(str("select count(*) from usersongs where status = 1 or artist = 'Changed'")));
-    QVERIFY(others.next());
-    QCOMPARE(others.value(0).toInt(), 2);
-
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, title);
-    QCOMPARE(m_model->fileName(0), str("/music/t299"));
-    QCOMPARE(m_model->status(9), 1);
-}
-
 void TestUserSongsRelTableModel::writingNeverMovesRows()
 {
     addTitles(str("b a d c"));
@@ -530,19 +398,6 @@ void TestUserSongsRelTableModel::sortingIsStable()
     QCOMPARE(titles(), (first + second).join(QLatin1Char(' ')));
 }
 
-void TestUserSongsRelTableModel::sortingKeepsTheCurrentRow()
-{
-    QTableView view;
-    view.setModel(m_model.get());
-    view.setSelectionBehavior(QAbstractItemView::SelectRows);
-    addTitles(str("c b a"));
-    view.setCurrentIndex(m_model->index(0, 2));
-    m_model->sort(m_model->fieldIndex(str("title")), Qt::AscendingOrder);
-    QCOMPARE(titles(), str("a b c"));
-    QCOMPARE(view.currentIndex(), m_model->index(2, 2));
-    QCOMPARE(view.selectionModel()->selectedRows(), QModelIndexList{m_model->index(2, 0)});
-}
-
 void TestUserSongsRelTableModel::noColumnMeansImportOrder()
 {
     addTitles(str("c b a"));
@@ -577,33 +432,6 @@ void TestUserSongsRelTableModel::removedRowLeavesNoBlankRow()
     QCOMPARE(stored(1, str("title")), str("e"));
 }
 
-void TestUserSongsRelTableModel::removingKeepsTheViewsPlace()
-{
-    m_tester.reset();
-    QTableView view;
-    view.setModel(m_model.get());
-    view.resize(600, 300);
-    for (int i = 0; i < 600; ++i)
-        QVERIFY(m_model->addSong(song(QString::number(i))));
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
-    view.scrollTo(m_model->index(300, 2), QAbstractItemView::PositionAtTop);
-    view.setCurrentIndex(m_model->index(305, 2));
-    const int place = view.verticalScrollBar()->value();
-    QVERIFY(place > 0);
-
-    QVERIFY(m_model->removeRow(303));
-    QCoreApplication::processEvents();
-    QCOMPARE(view.verticalScrollBar()->value(), place);
-    QCOMPARE(view.currentIndex(), m_model->index(304, 2));
-    QCOMPARE(view.currentIndex().data().toString(), str("305"));
-
-    QVERIFY(m_model->removeRow(304)); // the current row itself: a neighbour takes its place
-    QCoreApplication::processEvents();
-    QCOMPARE(view.verticalScrollBar()->value(), place);
-    QVERIFY(qAbs(view.currentIndex().row() - 304) <= 1);
-}
-
 void TestUserSongsRelTableModel::removingOutOfRangeDoesNothing()
 {
     addTitles(str("a b"));
@@ -627,50 +455,6 @@ void TestUserSongsRelTableModel::clearedTableIsEmptyAfterSelect()
     QCOMPARE(m_model->status(0), 0);
 }
 
-void TestUserSongsRelTableModel::tenThousandRowsAreQuick()
-{
-    m_tester.reset();
-    QTableView view;
-    view.setSortingEnabled(true);
-    view.setModel(m_model.get());
-    view.setItemDelegate(
-        new StatusRowDelegate(m_model->colIdxStatus(), m_model->colIdxType(), &view));
-    view.resize(900, 600);
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
-
-    const int count = 10000;
-    // The processor's time, so that other programs of a busy machine do not count.
-    const auto milliseconds = [start = std::clock()] {
-        return (std::clock() - start) * 1000 / CLOCKS_PER_SEC;
-    };
-    for (int i = 0; i < count; ++i)
-        QVERIFY(m_model->addSong(song(QStringLiteral("song %1").arg(i * 7919 % count))));
-    const auto added = milliseconds();
-    QCOMPARE(m_model->goodRowCount(), count);
-    QCOMPARE(view.model()->rowCount(), count);
-
-    m_model->sort(m_model->fieldIndex(str("title")), Qt::AscendingOrder);
-    const auto sorted = milliseconds();
-    for (int row = 0; row < count; ++row) {
-        SongInfo info = song(m_model->shortName(row));
-        info.title = QString::number(count - row);
-        m_model->updateRow(row, info);
-        m_model->setStatus(row, Database::StatusSynced);
-    }
-    const auto updated = milliseconds();
-
-    // Each row of the table got what was meant for it.
-    for (int row = 0; row < count; row += 997) {
-        QCOMPARE(stored(row, str("filename")), m_model->fileName(row));
-        QCOMPARE(stored(row, str("title")), QString::number(count - row));
-        QCOMPARE(m_model->status(row), 1);
-    }
-    qInfo() << "ms until" << count << "rows were added, sorted, updated:" << added << sorted
-            << updated;
-    QVERIFY2(added < 1000, qPrintable(QString::number(added)));
-    QVERIFY2(updated - sorted < 3000, qPrintable(QString::number(updated - sorted)));
-}
-
 QTEST_MAIN(TestUserSongsRelTableModel)
+
 #include "test_usersongsreltablemodel.moc"

@@ -1,6 +1,6 @@
 // The list of mounted memories beside a path field, as both memory windows have it.
-#include "devindex/brackettranslator.h"
-#include "devindex/mountedcard.h"
+#include "support/brackettranslator.h"
+#include "support/mountedcard.h"
 #include "library/settings.h"
 #include "support/ownfolders.h"
 #include "support/userdriver.h"

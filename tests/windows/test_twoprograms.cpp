@@ -1,7 +1,7 @@
 // Two programs on one memory: one writes, the other is told and leaves everything as it is. The
 // programs are this test, started once more.
-#include "devindex/copyingprogress.h"
-#include "devindex/mountedcard.h"
+#include "support/copyingprogress.h"
+#include "support/mountedcard.h"
 #include "devindex/transfer.h"
 #include "library/answer.h"
 #include "storage/memorylock.h"

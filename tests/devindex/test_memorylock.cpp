@@ -1,14 +1,14 @@
 // The lock on a memory: who holds it, leftovers, memories that cannot be locked. Other programs are
 // this test, started once more.
 #include "devindex/index.h"
-#include "devindex/mountedcard.h"
+#include "support/mountedcard.h"
 #include "library/answer.h"
 #include "storage/memorylock.h"
 #include "storage/safefile.h"
 #include "support/faults.h"
 #include "support/smallmemory.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QLocale>
 #include <QProcess>
@@ -340,7 +340,7 @@ void TestMemoryLock::indexDoesNotSeeTheLock()
 
 int main(int argc, char **argv)
 {
-    const QApplication app(argc, argv);
+    const QCoreApplication app(argc, argv);
     if (argc == 3 && qstrcmp(argv[1], "--hold") == 0)
         return holdUntilInputEnds(QFile::decodeName(argv[2]));
     TestMemoryLock test;

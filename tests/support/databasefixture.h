@@ -1,0 +1,44 @@
+// A database in a folder of its own, for its tests.
+#pragma once
+
+#include "support/debugcatalogue.h"
+#include "support/scratchfolder.h"
+
+#include <QRegularExpression>
+#include <QTest>
+
+#include <memory>
+
+namespace databasefixture
+{
+
+inline const QString blueDanube =
+    QStringLiteral("'SUL BEL DANUBIO BLU', 'STRAUSS JOHANN', 'VALZER', 'STRAUSS JOHANN', 600, 180, "
+                   "'D', 'DANUBIO', '1;Intro;45;Waltz1;', 'JOHANN STRAUSS'");
+
+inline QString str(const char *text)
+{
+    return QString::fromUtf8(text);
+}
+
+class DatabaseFixture : public QObject
+{
+protected:
+    void init();
+    void cleanup();
+
+    std::unique_ptr<ScratchFolder> m_folder;
+};
+
+inline void DatabaseFixture::init()
+{
+    QTest::failOnWarning(QRegularExpression(str("QSql")));
+    m_folder = std::make_unique<ScratchFolder>();
+}
+
+inline void DatabaseFixture::cleanup()
+{
+    m_folder.reset();
+}
+
+} // namespace databasefixture
