@@ -1,7 +1,7 @@
 // A backup of songs that have the same name: each has a place of its own, and nothing is asked.
 #include "library/backupplan.h"
 #include "library/librarybackup.h"
-#include "support/ownfolders.h"
+#include "support/apptest.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -62,17 +62,13 @@ public:
 
 } // namespace
 
-class TestBackupPlan : public QObject
+class TestBackupPlan : public AppFixture
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        OwnSettings::clear();
-        m_work.reset(new OwnWorkingFolder);
-    }
-    void cleanup() { m_work.reset(); }
+    void init() { AppFixture::init(); }
+    void cleanup() { AppFixture::cleanup(); }
 
     void songsOfDifferentNamesStayTogether();
     void secondSongOfANameGoesIntoItsFoldersOwn();
@@ -92,7 +88,6 @@ private slots:
 private:
     QString backUpThroughTheWindow(const QStringList &files);
 
-    QScopedPointer<OwnWorkingFolder> m_work;
     QStringList m_messages;
     int m_questions = 0;
 };
@@ -280,11 +275,7 @@ void TestBackupPlan::folderThatCannotBeMadeFailsTheBackup()
 
 int main(int argc, char *argv[])
 {
-    const OwnSettings ownSettings;
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication application(argc, argv);
-    TestBackupPlan test;
-    return QTest::qExec(&test, argc, argv);
+    return runAppTest<TestBackupPlan>(argc, argv);
 }
 
 #include "test_backupplan.moc"

@@ -1,7 +1,7 @@
 // What the window tells after a run that could not save every song.
+#include "support/apptest.h"
 #include "support/catalogue.h"
 #include "support/germantexts.h"
-#include "support/ownfolders.h"
 #include "support/samplesongs.h"
 #include "support/smallmedium.h"
 #include "support/songbytes.h"
@@ -264,11 +264,7 @@ void TestHonestResults::marksFollowTheFilterAndTheSorting()
 
 int main(int argc, char *argv[])
 {
-    const OwnSettings ownSettings;
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication application(argc, argv);
-    TestHonestResults test;
-    return QTest::qExec(&test, argc, argv);
+    return runAppTest<TestHonestResults>(argc, argv);
 }
 
 #include "test_honestresults.moc"

@@ -1,8 +1,8 @@
 // A user who closes, sorts, filters, drops, deletes and starts other jobs while one runs: the job
 // does what it was asked for, and nothing else happens.
+#include "support/apptest.h"
 #include "support/catalogue.h"
 #include "support/interfacelanguage.h"
-#include "support/ownfolders.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -259,13 +259,9 @@ void TestImpatientUser::importOfSongs()
     checkWindow();
 }
 
-int main(int argc, char **argv)
+int main(int argc, char *argv[])
 {
-    const OwnSettings settings;
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication app(argc, argv);
-    TestImpatientUser test;
-    return QTest::qExec(&test, argc, argv);
+    return runAppTest<TestImpatientUser>(argc, argv);
 }
 
 #include "test_impatientuser.moc"

@@ -2,8 +2,8 @@
 #include "app/mainwindow.h"
 #include "app/startup.h"
 #include "devindex/sizetext.h"
+#include "support/apptest.h"
 #include "support/interfacelanguage.h"
-#include "support/ownfolders.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
 #include "windows/helpdialog.h"
@@ -238,11 +238,7 @@ void TestLanguageSwitch::nothingPilesUp()
 
 int main(int argc, char *argv[])
 {
-    const OwnSettings ownSettings;
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication application(argc, argv);
-    TestLanguageSwitch test;
-    return QTest::qExec(&test, argc, argv);
+    return runAppTest<TestLanguageSwitch>(argc, argv);
 }
 
 #include "test_languageswitch.moc"

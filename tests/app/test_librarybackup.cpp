@@ -1,29 +1,22 @@
-// The backup of the library: dialog, workflow without windows, and the whole through the window.
+// The backup: its workflow and its windows.
 #include "library/librarybackup.h"
+#include "support/apptest.h"
+#include "support/backupdriver.h"
 #include "support/germantexts.h"
 #include "support/logcapture.h"
-#include "support/ownfolders.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
 #include "windows/backupdialog.h"
 
 #include <QApplication>
-#include <QLabel>
 #include <QProgressDialog>
+#include <QTest>
+
+using namespace backupdriver;
 
 namespace
 {
-
-QPushButton *button(const QDialog &dialog, const char *name)
-{
-    return dialog.findChild<QPushButton *>(QString::fromLatin1(name));
-}
-
-QLineEdit *directoryEdit(const QDialog &dialog)
-{
-    return dialog.findChild<QLineEdit *>(QStringLiteral("directoryLineEdit"));
-}
 
 const QString failedMessage = QStringLiteral("Backup: Backup FALLITO !!!");
 const QString doneMessage = QStringLiteral("Backup: Backup eseguito correttamente");
@@ -124,27 +117,13 @@ QByteArray bytesOf(const QString &path)
 
 } // namespace
 
-class TestLibraryBackup : public QObject
+class TestLibraryBackup : public AppFixture
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        OwnSettings::clear();
-        m_work.reset(new OwnWorkingFolder);
-    }
-    void cleanup() { m_work.reset(); }
-
-    void dialogRecommendsABackup();
-    void dialogStartsWithoutAFolder();
-    void chosenFolderIsShownAndEnablesTheBackup();
-    void cancelledChooserChangesNothing();
-    void typingDoesNotChooseAFolder();
-    void buttonsGiveTheChoices_data();
-    void buttonsGiveTheChoices();
-    void closingAndEscapeCancel();
-    void dialogFollowsALanguageChange();
+    void init() { AppFixture::init(); }
+    void cleanup() { AppFixture::cleanup(); }
 
     void folderIsNamedAfterTheTime();
     void eachChoiceDecidesWhetherToGoOn_data();
@@ -168,129 +147,7 @@ private slots:
     void folderIsNotCopiedIntoItself();
     void linkedFoldersEnd();
     void existingFilesAreKeptAndFailTheCopy();
-
-private:
-    QScopedPointer<OwnWorkingFolder> m_work;
 };
-
-void TestLibraryBackup::dialogRecommendsABackup()
-{
-    const BackupDialog dialog;
-    QCOMPARE(dialog.windowTitle(), QStringLiteral("Backup"));
-    QCOMPARE(
-        dialog.findChild<QLabel *>(QStringLiteral("backupLabel"))->text(),
-        QStringLiteral("Si consiglia di effettuare un backup della libreria prima di procedere "
-                       "con l'aggiornamento.\nSelezionare una cartella di destinazione per il "
-                       "backup oppure premere 'Prosegui senza backup'."));
-    QCOMPARE(button(dialog, "browsePushButton")->text(), QStringLiteral("Sfoglia..."));
-    QCOMPARE(button(dialog, "abortPushButton")->text(), QStringLiteral("Annulla"));
-    QCOMPARE(button(dialog, "exitPushButton")->text(), QStringLiteral("Prosegui senza backup"));
-    QCOMPARE(button(dialog, "doBackupPushButton")->text(), QStringLiteral("Esegui backup"));
-}
-
-void TestLibraryBackup::dialogStartsWithoutAFolder()
-{
-    const BackupDialog dialog;
-    QVERIFY(dialog.directory().isEmpty());
-    QVERIFY(directoryEdit(dialog)->text().isEmpty());
-    QVERIFY(!button(dialog, "doBackupPushButton")->isEnabled());
-}
-
-void TestLibraryBackup::chosenFolderIsShownAndEnablesTheBackup()
-{
-    BackupDialog dialog;
-    dialog.show();
-    UserDriver user;
-    user.pick({m_work->path()});
-    QTest::mouseClick(button(dialog, "browsePushButton"), Qt::LeftButton);
-    QVERIFY(user.allPicked());
-    QCOMPARE(dialog.directory(), m_work->path());
-    QCOMPARE(directoryEdit(dialog)->text(), m_work->path());
-    QVERIFY(button(dialog, "doBackupPushButton")->isEnabled());
-}
-
-void TestLibraryBackup::cancelledChooserChangesNothing()
-{
-    BackupDialog dialog;
-    dialog.show();
-    QString caption;
-    QString start;
-    ModalAnswers user;
-    user.add([&](QWidget *window) {
-        auto *const chooser = qobject_cast<QFileDialog *>(window);
-        if (chooser == nullptr)
-            return false;
-        caption = chooser->windowTitle();
-        start = chooser->directory().path();
-        chooser->reject();
-        return true;
-    });
-    QTest::mouseClick(button(dialog, "browsePushButton"), Qt::LeftButton);
-    QCOMPARE(caption, QStringLiteral("Scegli cartella"));
-    QCOMPARE(start, QStringLiteral("/home"));
-    QVERIFY(dialog.directory().isEmpty());
-    QVERIFY(directoryEdit(dialog)->text().isEmpty());
-    QVERIFY(!button(dialog, "doBackupPushButton")->isEnabled());
-}
-
-void TestLibraryBackup::typingDoesNotChooseAFolder()
-{
-    BackupDialog dialog;
-    dialog.show();
-    QTest::keyClicks(directoryEdit(dialog), m_work->path());
-    QVERIFY(dialog.directory().isEmpty());
-    QVERIFY(!button(dialog, "doBackupPushButton")->isEnabled());
-}
-
-void TestLibraryBackup::buttonsGiveTheChoices_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<int>("result");
-    QTest::addColumn<LibraryBackup::Wish>("wish");
-    QTest::newRow("cancel") << QByteArray("abortPushButton") << 0 << LibraryBackup::Wish::Cancel;
-    QTest::newRow("backup") << QByteArray("doBackupPushButton") << 1 << LibraryBackup::Wish::Backup;
-    QTest::newRow("no backup") << QByteArray("exitPushButton") << 2
-                               << LibraryBackup::Wish::NoBackup;
-}
-
-void TestLibraryBackup::buttonsGiveTheChoices()
-{
-    QFETCH(QByteArray, name);
-    QFETCH(int, result);
-    BackupDialog dialog;
-    button(dialog, "doBackupPushButton")->setEnabled(true);
-    QTimer::singleShot(
-        0, &dialog, [&] { QTest::mouseClick(button(dialog, name.constData()), Qt::LeftButton); });
-    QCOMPARE(dialog.exec(), result);
-    QTEST(dialog.wish(), "wish");
-}
-
-void TestLibraryBackup::closingAndEscapeCancel()
-{
-    BackupDialog closed;
-    QTimer::singleShot(0, &closed, [&] { closed.close(); });
-    QCOMPARE(closed.exec(), 0);
-
-    BackupDialog escaped;
-    QTimer::singleShot(0, &escaped, [&] { QTest::keyClick(&escaped, Qt::Key_Escape); });
-    QCOMPARE(escaped.exec(), 0);
-}
-
-void TestLibraryBackup::dialogFollowsALanguageChange()
-{
-    BackupDialog dialog;
-    dialog.show();
-    UserDriver user;
-    user.pick({m_work->path()});
-    QTest::mouseClick(button(dialog, "browsePushButton"), Qt::LeftButton);
-    const GermanTexts german;
-    QCOMPARE(dialog.windowTitle(), QStringLiteral("Sicherung"));
-    QVERIFY(dialog.findChild<QLabel *>(QStringLiteral("backupLabel"))
-                ->text()
-                .startsWith(QStringLiteral("Wir empfehlen")));
-    QCOMPARE(directoryEdit(dialog)->text(), m_work->path());
-    QVERIFY(button(dialog, "doBackupPushButton")->isEnabled());
-}
 
 void TestLibraryBackup::folderIsNamedAfterTheTime()
 {
@@ -574,11 +431,7 @@ void TestLibraryBackup::existingFilesAreKeptAndFailTheCopy()
 
 int main(int argc, char *argv[])
 {
-    const OwnSettings ownSettings;
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication application(argc, argv);
-    TestLibraryBackup test;
-    return QTest::qExec(&test, argc, argv);
+    return runAppTest<TestLibraryBackup>(argc, argv);
 }
 
 #include "test_librarybackup.moc"

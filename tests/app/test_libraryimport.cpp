@@ -1,46 +1,25 @@
-// The import of song files, through the real windows and without them.
+// The import through the main window: which songs become rows.
 #include "library/libraryimport.h"
+#include "support/apptest.h"
+#include "support/importdriver.h"
 #include "support/logcapture.h"
-#include "support/ownfolders.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
-#include "windows/backupdialog.h"
-#include "windows/proceeddialog.h"
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QHeaderView>
-#include <QLabel>
 #include <QListView>
 #include <QProgressBar>
 #include <QProgressDialog>
 #include <QSqlQuery>
+#include <QTest>
 
 #include <algorithm>
 
+using namespace importdriver;
+
 namespace
 {
-
-/** A progress without a window that says "cancelled" from a certain moment on. */
-class CountingProgress : public Progress
-{
-public:
-    void setMaximum(int) override {}
-    void setValue(int done) override { values << done; }
-    void updateProgress(int done) override { values << done; }
-    bool wasCanceled() const override { return cancelAt >= 0 && values.size() >= cancelAt; }
-
-    QList<int> values;
-    int cancelAt = -1;
-};
-
-/** Lets the user pick these files with the folder button. */
-void importThrough(WindowUnderTest &window, UserDriver &user, const QStringList &files)
-{
-    user.pick(files);
-    QTest::mouseClick(window.selectButton(), Qt::LeftButton);
-}
 
 QString shown(const WindowUnderTest &window, int row, int column)
 {
@@ -49,17 +28,13 @@ QString shown(const WindowUnderTest &window, int row, int column)
 
 } // namespace
 
-class TestLibraryImport : public QObject
+class TestLibraryImport : public AppFixture
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        OwnSettings::clear();
-        m_work.reset(new OwnWorkingFolder);
-    }
-    void cleanup() { m_work.reset(); }
+    void init() { AppFixture::init(); }
+    void cleanup() { AppFixture::cleanup(); }
 
     void dialogAsksForSongs();
     void upperCaseExtensionsCanBePicked();
@@ -76,21 +51,6 @@ private slots:
     void cancelButtonIsNotConsulted();
     void tableThatCannotBeClearedKeepsItsRows();
     void importAgainReadsTheSameFiles();
-    void summaryCountsTheFiles();
-    void tickedSummaryIsNotShownAgain();
-    void summaryLeftUntickedKeepsAsking();
-    void acceptedSummarySynchronises();
-    void acceptedSummaryWithoutSynchronisingEnablesTheButton();
-    void columnsFollowTheirContentsExceptThePath();
-    void nothingElseStartsDuringAnImport();
-
-    void scanGoesThroughFoldersFirst();
-    void scanStopsWhenCancelled();
-    void scanEndsInLinkedFolders();
-    void scanOfTheWindowAddsToTheCounts();
-
-private:
-    QScopedPointer<OwnWorkingFolder> m_work;
 };
 
 void TestLibraryImport::dialogAsksForSongs()
@@ -401,249 +361,9 @@ void TestLibraryImport::importAgainReadsTheSameFiles()
     QCOMPARE(shown(window, 0, 2), QStringLiteral("New"));
 }
 
-void TestLibraryImport::summaryCountsTheFiles()
-{
-    OwnSettings::set(settings::copyrightAsk, true);
-    const SongFolder songs;
-    WindowUnderTest window;
-    UserDriver user;
-    QString counts;
-    user.add([&](QWidget *modal) {
-        auto *const dialog = qobject_cast<ProceedDialog *>(modal);
-        if (dialog == nullptr)
-            return false;
-        counts = dialog->findChild<QLabel *>(QStringLiteral("msgLabel"))->text();
-        QTest::keyClick(dialog, Qt::Key_Escape);
-        return true;
-    });
-    importThrough(window, user,
-                  {songs.midi(QStringLiteral("a.mid"), "A"), songs.bad(QStringLiteral("b.mid")),
-                   songs.signedMidi(QStringLiteral("c.mid"), "C"),
-                   songs.bad(QStringLiteral("d.mp3")), songs.mp3(QStringLiteral("e.mp3"), "E")});
-    QCOMPARE(counts, QStringLiteral("Sono stati esaminti 5 files, trovate 3 songs di cui 1 di "
-                                    "(c)K-Ravo"));
-    QVERIFY(window.updateButton()->isEnabled());
-}
-
-void TestLibraryImport::tickedSummaryIsNotShownAgain()
-{
-    OwnSettings::set(settings::copyrightAsk, true);
-    const SongFolder songs;
-    const QString song = songs.midi(QStringLiteral("a.mid"), "A");
-    WindowUnderTest window;
-    UserDriver user;
-    int summaries = 0;
-    user.add([&](QWidget *modal) {
-        auto *const dialog = qobject_cast<ProceedDialog *>(modal);
-        if (dialog == nullptr)
-            return false;
-        ++summaries;
-        dialog->findChild<QCheckBox *>(QStringLiteral("checkBoxShowAgain"))->click();
-        dialog->close();
-        return true;
-    });
-    importThrough(window, user, {song});
-    QCOMPARE(summaries, 1);
-    QCOMPARE(OwnSettings::value(settings::copyrightAsk), QVariant(false));
-    QVERIFY(window.action("actionCopyrightNo")->isChecked());
-    QVERIFY(!window.action("actionCopyrightYes")->isChecked());
-    importThrough(window, user, {song});
-    QCOMPARE(summaries, 1);
-}
-
-void TestLibraryImport::summaryLeftUntickedKeepsAsking()
-{
-    OwnSettings::set(settings::copyrightAsk, true);
-    const SongFolder songs;
-    WindowUnderTest window;
-    UserDriver user;
-    user.add([](QWidget *modal) {
-        return qobject_cast<ProceedDialog *>(modal) != nullptr && modal->close();
-    });
-    importThrough(window, user, {songs.midi(QStringLiteral("a.mid"), "A")});
-    QCOMPARE(OwnSettings::value(settings::copyrightAsk), QVariant(true));
-    QVERIFY(window.action("actionCopyrightYes")->isChecked());
-}
-
-void TestLibraryImport::acceptedSummarySynchronises()
-{
-    OwnSettings::set(settings::copyrightAsk, true);
-    const SongFolder songs;
-    WindowUnderTest window;
-    UserDriver user;
-    user.add([](QWidget *modal) {
-        auto *const dialog = qobject_cast<ProceedDialog *>(modal);
-        if (dialog != nullptr)
-            dialog->accept();
-        return dialog != nullptr;
-    });
-    user.click<BackupDialog>(QStringLiteral("exitPushButton"));
-    importThrough(window, user, {songs.signedMidi(QStringLiteral("a.mid"), "Unknown to all")});
-    QCOMPARE(window.model()->status(0), int(Database::StatusNotSynced));
-    QVERIFY(!window.updateButton()->isEnabled());
-    QVERIFY(window.transferButton()->isEnabled());
-}
-
-void TestLibraryImport::acceptedSummaryWithoutSynchronisingEnablesTheButton()
-{
-    OwnSettings::set(settings::copyrightAsk, true);
-    const SongFolder songs;
-    WindowUnderTest window;
-    UserDriver user;
-    user.add([](QWidget *modal) {
-        auto *const dialog = qobject_cast<ProceedDialog *>(modal);
-        if (dialog != nullptr)
-            dialog->accept();
-        return dialog != nullptr;
-    });
-    user.click<BackupDialog>(QStringLiteral("abortPushButton"));
-    importThrough(window, user, {songs.signedMidi(QStringLiteral("a.mid"), "Unknown to all")});
-    QCOMPARE(window.model()->status(0), int(Database::StatusNew));
-    QVERIFY(window.updateButton()->isEnabled());
-}
-
-void TestLibraryImport::columnsFollowTheirContentsExceptThePath()
-{
-    const SongFolder songs;
-    WindowUnderTest window;
-    UserDriver user;
-    QTableView *const table = window.table();
-    const int path = window.model()->colIdxFilename();
-    QCOMPARE(path, 9);
-    table->showColumn(path);
-    table->setColumnWidth(path, 33);
-    for (const int column : {2, 10})
-        table->setColumnWidth(column, 500);
-    importThrough(window, user,
-                  {songs.midi(QStringLiteral("a.mid"), "A title that is longer than its heading")});
-    QCOMPARE(table->columnWidth(path), 33);
-    for (const int column : {1, 2, 3, 4, 5, 6, 7, 8, 10}) {
-        const int wanted = qMax(static_cast<QAbstractItemView *>(table)->sizeHintForColumn(column),
-                                table->horizontalHeader()->sectionSizeHint(column));
-        QVERIFY2(qAbs(table->columnWidth(column) - wanted) <= 1, QByteArray::number(column));
-    }
-}
-
-void TestLibraryImport::nothingElseStartsDuringAnImport()
-{
-    const SongFolder songs;
-    QStringList files;
-    for (int i = 0; i < 100; ++i)
-        files << songs.midi(QStringLiteral("%1.mid").arg(i), "A");
-    WindowUnderTest window;
-    UserDriver user;
-    int tries = 0;
-    user.add([&](QWidget *modal) {
-        if (qobject_cast<QProgressDialog *>(modal) == nullptr)
-            return false;
-        if (tries++ > 0)
-            return true;
-        // Each of these would open a dialog, or import the files once more.
-        window.selectButton()->click();
-        window.action("actionAbout")->trigger();
-        window.action("optimizeMemory")->trigger();
-        window.action("actionSongsList")->trigger();
-        window.pressDebug("dbgImportPushButton");
-        window.pressDebug("dbgBackupPushButton");
-        window.action("actionQuit")->trigger();
-        return true;
-    });
-    user.add([&](QWidget *modal) {
-        qWarning("unexpected window %s", modal->metaObject()->className());
-        modal->close();
-        tries = 1000;
-        return true;
-    });
-    importThrough(window, user, files);
-    QVERIFY(tries > 0 && tries < 1000);
-    QVERIFY(window.isVisible());
-    QCOMPARE(window.model()->goodRowCount(), 100);
-}
-
-void TestLibraryImport::scanGoesThroughFoldersFirst()
-{
-    const SongFolder songs;
-    QVERIFY(QDir(songs.path()).mkpath(QStringLiteral("sub/deeper")));
-    songs.signedMidi(QStringLiteral("a.mid"), "A");
-    songs.bad(QStringLiteral("sub/x.mid"));
-    songs.midi(QStringLiteral("sub/b.mid"), "B");
-    songs.midi(QStringLiteral("sub/deeper/c.mid"), "C");
-    const WindowUnderTest window;
-    CountingProgress progress;
-    LibraryImport::Counts counts;
-    const LogCapture log;
-    QVERIFY(LibraryImport(*window.model(), progress).scanDir(songs.path(), counts));
-    QCOMPARE(window.shownNames(), (QStringList{QStringLiteral("c.mid"), QStringLiteral("b.mid"),
-                                               QStringLiteral("a.mid")}));
-    QCOMPARE(counts.valid, 3);
-    QCOMPARE(counts.kravo, 1);
-    QCOMPARE(counts.bad, 1);
-    QCOMPARE(progress.values.last(), 4);
-
-    const QStringList lines = LogCapture::lines();
-    QCOMPARE(lines.first(),
-             QStringLiteral("[scanDir] Analyzing directory: \"%1\" ").arg(songs.path()));
-    QCOMPARE(lines.at(1), QStringLiteral("[scanDir] Found directory: \"%1\" ")
-                              .arg(songs.filePath(QStringLiteral("sub"))));
-    QVERIFY(lines.contains(QStringLiteral("[scanDir] Found file: \"%1\" ")
-                               .arg(songs.filePath(QStringLiteral("a.mid")))));
-    QVERIFY(lines.contains(QStringLiteral("[scanDir] Unknown/corrupted file \"%1\" ")
-                               .arg(songs.filePath(QStringLiteral("sub/x.mid")))));
-    QCOMPARE(lines.at(lines.size() - 2), QString(74, QLatin1Char('=')) + QLatin1Char(' '));
-    QCOMPARE(lines.last(), QStringLiteral(" "));
-}
-
-void TestLibraryImport::scanStopsWhenCancelled()
-{
-    const SongFolder songs;
-    QVERIFY(QDir(songs.path()).mkdir(QStringLiteral("sub")));
-    songs.midi(QStringLiteral("sub/a.mid"), "A");
-    songs.midi(QStringLiteral("sub/b.mid"), "B");
-    songs.midi(QStringLiteral("c.mid"), "C");
-    const WindowUnderTest window;
-    CountingProgress progress;
-    progress.cancelAt = 1;
-    LibraryImport::Counts counts;
-    QVERIFY(!LibraryImport(*window.model(), progress).scanDir(songs.path(), counts));
-    QCOMPARE(window.shownNames(), QStringList{QStringLiteral("a.mid")});
-    QCOMPARE(counts.valid, 1);
-}
-
-void TestLibraryImport::scanEndsInLinkedFolders()
-{
-    const SongFolder songs;
-    QVERIFY(QDir(songs.path()).mkdir(QStringLiteral("sub")));
-    QVERIFY(QFile::link(songs.path(), songs.filePath(QStringLiteral("sub/back"))));
-    songs.midi(QStringLiteral("sub/a.mid"), "A");
-    const WindowUnderTest window;
-    CountingProgress progress;
-    LibraryImport::Counts counts;
-    QVERIFY(LibraryImport(*window.model(), progress).scanDir(songs.path(), counts));
-    QCOMPARE(counts.valid, 1);
-}
-
-void TestLibraryImport::scanOfTheWindowAddsToTheCounts()
-{
-    const SongFolder songs;
-    songs.signedMidi(QStringLiteral("a.mid"), "A");
-    songs.bad(QStringLiteral("b.mid"));
-    WindowUnderTest window;
-    int valid = 10;
-    int kravo = 20;
-    int bad = 30;
-    window.scanDir(songs.path(), valid, kravo, bad);
-    QCOMPARE(valid, 11);
-    QCOMPARE(kravo, 21);
-    QCOMPARE(bad, 31);
-}
-
 int main(int argc, char *argv[])
 {
-    const OwnSettings ownSettings;
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication application(argc, argv);
-    TestLibraryImport test;
-    return QTest::qExec(&test, argc, argv);
+    return runAppTest<TestLibraryImport>(argc, argv);
 }
 
 #include "test_libraryimport.moc"

@@ -1,8 +1,8 @@
 // The preview before a synchronisation, through the main window: switched on in the menu, shown
 // before anything else, and nothing happens without its consent.
 #include "library/settings.h"
+#include "support/apptest.h"
 #include "support/catalogue.h"
-#include "support/ownfolders.h"
 #include "support/samplesongs.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
@@ -244,12 +244,8 @@ void TestPreviewBeforeSync::songsThatWillBeAskedAboutAreMarked()
                      QStringLiteral("NoCopyrightDialog"), QStringLiteral("NoCopyrightDialog")}));
 }
 
-int main(int argc, char **argv)
+int main(int argc, char *argv[])
 {
-    const OwnSettings ownSettings;
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication app(argc, argv);
-    TestPreviewBeforeSync test;
-    return QTest::qExec(&test, argc, argv);
+    return runAppTest<TestPreviewBeforeSync>(argc, argv);
 }
 #include "test_previewbeforesync.moc"

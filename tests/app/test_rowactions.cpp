@@ -1,6 +1,6 @@
 // The keys and menu entries of the main window: that each does its work, tells its shortcut, and
 // leaves alone what is not chosen.
-#include "support/ownfolders.h"
+#include "support/apptest.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -107,17 +107,13 @@ QString mnemonicClashes(const QWidget *menu)
 
 } // namespace
 
-class TestRowActions : public QObject
+class TestRowActions : public AppFixture
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        OwnSettings::clear();
-        m_work.reset(new OwnWorkingFolder);
-    }
-    void cleanup() { m_work.reset(); }
+    void init() { AppFixture::init(); }
+    void cleanup() { AppFixture::cleanup(); }
 
     void returnEditsTheChosenSong_data();
     void returnEditsTheChosenSong();
@@ -140,9 +136,6 @@ private slots:
     void mnemonicsDoNotClash();
     void tabGoesInReadingOrder();
     void iconButtonsHaveNames();
-
-private:
-    QScopedPointer<OwnWorkingFolder> m_work;
 };
 
 void TestRowActions::returnEditsTheChosenSong_data()
@@ -454,11 +447,7 @@ void TestRowActions::iconButtonsHaveNames()
 
 int main(int argc, char *argv[])
 {
-    const OwnSettings ownSettings;
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication application(argc, argv);
-    TestRowActions test;
-    return QTest::qExec(&test, argc, argv);
+    return runAppTest<TestRowActions>(argc, argv);
 }
 
 #include "test_rowactions.moc"

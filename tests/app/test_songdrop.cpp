@@ -2,7 +2,7 @@
 #include "app/songdrop.h"
 #include "formats/songnames.h"
 #include "library/songsearch.h"
-#include "support/ownfolders.h"
+#include "support/apptest.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -95,17 +95,13 @@ QStringList found(const QStringList &paths)
 
 } // namespace
 
-class TestSongDrop : public QObject
+class TestSongDrop : public AppFixture
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        OwnSettings::clear();
-        m_work.reset(new OwnWorkingFolder);
-    }
-    void cleanup() { m_work.reset(); }
+    void init() { AppFixture::init(); }
+    void cleanup() { AppFixture::cleanup(); }
 
     void droppedFilesAreImported();
     void droppedFilesReplaceTheList();
@@ -134,9 +130,6 @@ private slots:
     void searchEndsInLinkedFolders();
     void songDroppedTwiceIsImportedOnce();
     void searchThatTakesLongCanBeStopped();
-
-private:
-    QScopedPointer<OwnWorkingFolder> m_work;
 };
 
 void TestSongDrop::droppedFilesAreImported()
@@ -495,11 +488,7 @@ void TestSongDrop::searchThatTakesLongCanBeStopped()
 
 int main(int argc, char *argv[])
 {
-    const OwnSettings ownSettings;
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication application(argc, argv);
-    TestSongDrop test;
-    return QTest::qExec(&test, argc, argv);
+    return runAppTest<TestSongDrop>(argc, argv);
 }
 
 #include "test_songdrop.moc"

@@ -1,79 +1,25 @@
-// The field above the list: what it hides, and that nothing else notices.
+// The field that narrows the list of songs.
+#include "support/apptest.h"
 #include "support/catalogue.h"
-#include "support/ownfolders.h"
-#include "support/samplesongs.h"
+#include "support/filterdriver.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
 #include "windows/backupdialog.h"
 #include "windows/dataeditdialog.h"
 
-#include <QApplication>
 #include <QLabel>
-#include <QMenu>
-#include <QProgressDialog>
+#include <QTest>
 
-namespace
-{
+using namespace filterdriver;
 
-QLineEdit *field(const WindowUnderTest &window)
-{
-    return window.child<QLineEdit>("filterLineEdit");
-}
-
-/** Types the text into the emptied field, key by key. */
-void type(const WindowUnderTest &window, const QString &text)
-{
-    field(window)->clear();
-    for (const QChar &letter : text)
-        QTest::sendKeyEvent(QTest::Click, field(window), Qt::Key_unknown, letter, {});
-}
-
-/** The file names of the rows that can be seen, from top to bottom. */
-QString visible(const WindowUnderTest &window)
-{
-    QStringList names;
-    for (int row = 0; row < window.model()->goodRowCount(); ++row) {
-        if (!window.table()->isRowHidden(row) &&
-            !window.table()->visualRect(window.model()->index(row, 2)).isEmpty())
-            names << window.model()->shortName(row);
-    }
-    return names.join(QLatin1Char(' '));
-}
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
-/** Three songs: a.mid "Alpha", b.mid "Beta", c.mid "Alphabet". */
-struct ThreeSongs {
-    ThreeSongs()
-    {
-        window.setSelectedFiles({songs.midi(s("a.mid"), "Alpha"), songs.midi(s("b.mid"), "Beta"),
-                                 songs.midi(s("c.mid"), "Alphabet")});
-        window.importUserLibrary();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-    }
-
-    const SongFolder songs;
-    WindowUnderTest window;
-};
-
-} // namespace
-
-class TestSongFilter : public QObject
+class TestSongFilter : public AppFixture
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        OwnSettings::clear();
-        m_work.reset(new OwnWorkingFolder);
-    }
-    void cleanup() { m_work.reset(); }
+    void init() { AppFixture::init(); }
+    void cleanup() { AppFixture::cleanup(); }
 
     void typingNarrowsTheList();
     void eachFieldIsSearched_data();
@@ -91,24 +37,6 @@ private slots:
     void escapeClearsAndThenLeaves();
     void returnGoesToTheFirstSongShown();
     void mnemonicFocusesTheField();
-
-    void hiddenSongIsNoLongerChosen();
-    void shownSongStaysChosen();
-    void nextSongShownIsChosenAfterARemoval();
-    void removingTheLastSongShownLeavesNothingChosen();
-    void arrowKeysSkipHiddenRows();
-    void typingInTheListNeverEndsOnAHiddenRow();
-    void rowMenuActsOnTheRowThatIsSeen();
-
-    void importIsFiltered();
-    void rowsThatArriveAreFiltered();
-    void changedSongIsLookedAtAgain();
-    void sortingKeepsWhatIsHidden();
-    void workflowIsNotDisturbed();
-    void failedDatabaseLeavesTheFieldDisabled();
-
-private:
-    QScopedPointer<OwnWorkingFolder> m_work;
 };
 
 void TestSongFilter::typingNarrowsTheList()
@@ -277,7 +205,6 @@ void TestSongFilter::editingForAllReachesHiddenRows()
 }
 
 // ---------------------------------------------------------------- keys
-
 void TestSongFilter::shortcutFocusesTheField()
 {
     const ThreeSongs three;
@@ -321,215 +248,9 @@ void TestSongFilter::mnemonicFocusesTheField()
     QVERIFY(field(three.window)->hasFocus());
 }
 
-// ---------------------------------------------------------------- choice
-
-void TestSongFilter::hiddenSongIsNoLongerChosen()
-{
-    const ThreeSongs three;
-    three.window.table()->selectRow(0);
-    QVERIFY(three.window.action("actionRemoveSong")->isEnabled());
-    type(three.window, s("beta"));
-    QVERIFY(!three.window.table()->currentIndex().isValid());
-    QVERIFY(three.window.table()->selectionModel()->selectedRows().isEmpty());
-    for (const char *name : {"actionEditSong", "actionRemoveSong", "actionDeleteSongFile"})
-        QVERIFY2(!three.window.action(name)->isEnabled(), name);
-    three.window.table()->setFocus();
-    QTest::keyClick(three.window.windowHandle(), Qt::Key_Delete);
-    QCOMPARE(three.window.model()->goodRowCount(), 3);
-    field(three.window)->clear();
-    QVERIFY(three.window.table()->selectionModel()->selectedRows().isEmpty());
-    QTest::keyClick(three.window.windowHandle(), Qt::Key_Delete);
-    QCOMPARE(three.window.model()->goodRowCount(), 3);
-}
-
-void TestSongFilter::shownSongStaysChosen()
-{
-    const ThreeSongs three;
-    three.window.table()->selectRow(1);
-    type(three.window, s("bet"));
-    QCOMPARE(three.window.table()->currentIndex().row(), 1);
-    QVERIFY(three.window.action("actionRemoveSong")->isEnabled());
-}
-
-void TestSongFilter::nextSongShownIsChosenAfterARemoval()
-{
-    const ThreeSongs three;
-    type(three.window, s("alpha"));
-    three.window.table()->selectRow(0);
-    three.window.table()->setFocus();
-    QTest::keyClick(three.window.windowHandle(), Qt::Key_Delete);
-    QCoreApplication::processEvents();
-    QCOMPARE(three.window.shownNames(), (QStringList{s("b.mid"), s("c.mid")}));
-    QCOMPARE(three.window.table()->currentIndex().row(), 1); // and not the hidden b.mid
-    QTest::keyClick(three.window.windowHandle(), Qt::Key_Delete);
-    QCOMPARE(three.window.shownNames(), QStringList{s("b.mid")});
-}
-
-void TestSongFilter::removingTheLastSongShownLeavesNothingChosen()
-{
-    const ThreeSongs three;
-    type(three.window, s("beta"));
-    three.window.table()->selectRow(1);
-    three.window.table()->setFocus();
-    QTest::keyClick(three.window.windowHandle(), Qt::Key_Delete);
-    QVERIFY(!three.window.action("actionRemoveSong")->isEnabled()); // at once
-    QTest::keyClick(three.window.windowHandle(), Qt::Key_Delete);
-    QCoreApplication::processEvents();
-    QTest::keyClick(three.window.windowHandle(), Qt::Key_Delete);
-    QCOMPARE(three.window.shownNames(), (QStringList{s("a.mid"), s("c.mid")}));
-    QVERIFY(!three.window.table()->currentIndex().isValid());
-}
-
-void TestSongFilter::arrowKeysSkipHiddenRows()
-{
-    const ThreeSongs three;
-    type(three.window, s("alpha"));
-    three.window.table()->selectRow(0);
-    three.window.table()->setFocus();
-    QTest::keyClick(three.window.windowHandle(), Qt::Key_Down);
-    QCOMPARE(three.window.table()->currentIndex().row(), 2);
-    QTest::keyClick(three.window.windowHandle(), Qt::Key_Up);
-    QCOMPARE(three.window.table()->currentIndex().row(), 0);
-}
-
-void TestSongFilter::typingInTheListNeverEndsOnAHiddenRow()
-{
-    const ThreeSongs three;
-    type(three.window, s("alpha"));
-    three.window.table()->setCurrentIndex(three.window.model()->index(0, 2));
-    three.window.table()->setFocus();
-    QTest::keyClicks(three.window.table(), s("b")); // "Beta" is hidden
-    QCoreApplication::processEvents();
-    QVERIFY(!three.window.table()->isRowHidden(three.window.table()->currentIndex().row()));
-}
-
-void TestSongFilter::rowMenuActsOnTheRowThatIsSeen()
-{
-    const ThreeSongs three;
-    type(three.window, s("alphabet"));
-    QTimer chooser;
-    QObject::connect(&chooser, &QTimer::timeout, &chooser, [&] {
-        auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        if (menu == nullptr)
-            return;
-        chooser.stop();
-        menu->setActiveAction(menu->actions().first());
-        QTest::keyClick(menu, Qt::Key_Return);
-    });
-    chooser.start(5);
-    emit three.window.table()->customContextMenuRequested(QPoint(20, 5)); // the first row seen
-    QCOMPARE(three.window.shownNames(), (QStringList{s("a.mid"), s("b.mid")}));
-}
-
-// ---------------------------------------------------------------- changing rows
-
-void TestSongFilter::importIsFiltered()
-{
-    const SongFolder songs;
-    WindowUnderTest window;
-    type(window, s("special"));
-    QStringList files;
-    for (int i = 0; i < 600; ++i)
-        files << songs.midi(s("%1.mid").arg(i), i % 100 == 7 ? "A special one" : "Plain");
-    window.setSelectedFiles(files);
-    for (int i = 0; i < 2; ++i) { // the second import replaces rows that are hidden
-        window.importUserLibrary();
-        QCOMPARE(window.model()->goodRowCount(), 600);
-        QCOMPARE(visible(window), s("7.mid 107.mid 207.mid 307.mid 407.mid 507.mid"));
-    }
-    field(window)->clear();
-    for (int row = 0; row < 600; ++row)
-        QVERIFY(!window.table()->isRowHidden(row));
-}
-
-void TestSongFilter::rowsThatArriveAreFiltered()
-{
-    ThreeSongs three;
-    three.songs.midi(s("d.mid"), "Delta");
-    three.songs.midi(s("e.mid"), "Alpha the second");
-    type(three.window, s("alpha"));
-    int valid = 0;
-    int kravo = 0;
-    int bad = 0;
-    three.window.scanDir(three.songs.path(), valid, kravo, bad);
-    QCOMPARE(valid, 5);
-    QCOMPARE(visible(three.window), s("a.mid c.mid a.mid c.mid e.mid"));
-    SongInfo info;
-    info.title = s("No match");
-    three.window.model()->addSong(info);
-    QTRY_VERIFY(three.window.table()->isRowHidden(8));
-}
-
-void TestSongFilter::changedSongIsLookedAtAgain()
-{
-    const ThreeSongs three;
-    type(three.window, s("beta"));
-    SongInfo info;
-    info.title = s("Beta too");
-    three.window.model()->updateRow(0, info);
-    QTRY_COMPARE(visible(three.window), s("a.mid b.mid"));
-    info.title = s("Gamma");
-    three.window.model()->updateRow(1, info);
-    QTRY_COMPARE(visible(three.window), s("a.mid"));
-}
-
-void TestSongFilter::sortingKeepsWhatIsHidden()
-{
-    const ThreeSongs three;
-    type(three.window, s("alpha"));
-    three.window.table()->sortByColumn(2, Qt::DescendingOrder); // Beta, Alphabet, Alpha
-    QCoreApplication::processEvents();
-    QCOMPARE(visible(three.window), s("c.mid a.mid"));
-    QCOMPARE(three.window.shownNames(), (QStringList{s("b.mid"), s("c.mid"), s("a.mid")}));
-    three.window.table()->sortByColumn(-1, Qt::AscendingOrder);
-    QCoreApplication::processEvents();
-    QCOMPARE(visible(three.window), s("a.mid c.mid"));
-}
-
-void TestSongFilter::workflowIsNotDisturbed()
-{
-    const SongFolder songs;
-    QStringList files;
-    for (int i = 0; i < 200; ++i)
-        files << songs.midi(s("%1.mid").arg(i), "Plain");
-    WindowUnderTest window;
-    window.setSelectedFiles(files);
-    ModalAnswers user;
-    int hidden = -1;
-    user.add([&](QWidget *modal) {
-        if (qobject_cast<QProgressDialog *>(modal) == nullptr || hidden >= 0)
-            return false;
-        window.action("actionFindSong")->trigger();
-        field(window)->setText(s("199.mid"));
-        QTest::qWait(20);
-        hidden = 0;
-        for (int row = 0; row < window.model()->goodRowCount(); ++row)
-            hidden += window.table()->isRowHidden(row) ? 1 : 0;
-        return true;
-    });
-    window.importUserLibrary();
-    QCOMPARE(hidden, 0); // it waits until nothing runs any more
-    QCOMPARE(visible(window), s("199.mid"));
-}
-
-void TestSongFilter::failedDatabaseLeavesTheFieldDisabled()
-{
-    const QByteArray before = qgetenv("TMPDIR");
-    qputenv("TMPDIR", "/dev/null");
-    const WindowUnderTest window;
-    before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
-    QVERIFY(window.table()->model() == nullptr);
-    QVERIFY(!field(window)->isEnabled());
-    QVERIFY(!window.action("actionFindSong")->isEnabled());
-}
-
 int main(int argc, char *argv[])
 {
-    const OwnSettings ownSettings;
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication application(argc, argv);
-    TestSongFilter test;
-    return QTest::qExec(&test, argc, argv);
+    return runAppTest<TestSongFilter>(argc, argv);
 }
 
 #include "test_songfilter.moc"

@@ -1,8 +1,8 @@
 // What the status bar tells about the list and about the last import.
 #include "library/unreadablefile.h"
+#include "support/apptest.h"
 #include "support/catalogue.h"
 #include "support/interfacelanguage.h"
-#include "support/ownfolders.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -61,19 +61,15 @@ QStringList listedFiles(const WindowUnderTest &window)
 
 Q_DECLARE_METATYPE(UnreadableFile::Reason)
 
-class TestStatusSummary : public QObject
+class TestStatusSummary : public AppFixture
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        OwnSettings::clear();
-        m_work.reset(new OwnWorkingFolder);
-    }
+    void init() { AppFixture::init(); }
     void cleanup()
     {
-        m_work.reset();
+        AppFixture::cleanup();
         backToItalian();
     }
 
@@ -95,9 +91,6 @@ private slots:
     void reasonIsFound_data();
     void reasonIsFound();
     void fileThatMayNotBeReadIsLocked();
-
-private:
-    QScopedPointer<OwnWorkingFolder> m_work;
 };
 
 void TestStatusSummary::emptyListIsCounted()
@@ -338,11 +331,7 @@ void TestStatusSummary::fileThatMayNotBeReadIsLocked()
 
 int main(int argc, char *argv[])
 {
-    const OwnSettings ownSettings;
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication application(argc, argv);
-    TestStatusSummary test;
-    return QTest::qExec(&test, argc, argv);
+    return runAppTest<TestStatusSummary>(argc, argv);
 }
 
 #include "test_statussummary.moc"

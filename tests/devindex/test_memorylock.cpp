@@ -1,11 +1,11 @@
 // The lock on a memory: who holds it, leftovers, memories that cannot be locked. Other programs are
 // this test, started once more.
 #include "devindex/index.h"
-#include "support/mountedcard.h"
 #include "library/answer.h"
 #include "storage/memorylock.h"
 #include "storage/safefile.h"
 #include "support/faults.h"
+#include "support/mountedcard.h"
 #include "support/smallmemory.h"
 
 #include <QCoreApplication>

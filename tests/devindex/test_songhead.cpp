@@ -1,6 +1,6 @@
 // What the index reads in the first bytes of a MIDI song.
-#include "devindex/songhead.h"
 #include "devindex/index.h"
+#include "devindex/songhead.h"
 #include "support/devicememory.h"
 #include "support/headsofsongs.h"
 #include "support/songbytes.h"

@@ -4,8 +4,8 @@
 
 #include <QColor>
 #include <QSignalSpy>
-#include <QSqlRecord>
 #include <QSqlError>
+#include <QSqlRecord>
 #include <QTest>
 
 #include <algorithm>

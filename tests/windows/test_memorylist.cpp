@@ -1,7 +1,7 @@
 // The list of mounted memories beside a path field, as both memory windows have it.
+#include "library/settings.h"
 #include "support/brackettranslator.h"
 #include "support/mountedcard.h"
-#include "library/settings.h"
 #include "support/ownfolders.h"
 #include "support/userdriver.h"
 #include "windows/indexdialog.h"

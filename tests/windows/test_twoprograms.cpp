@@ -1,10 +1,10 @@
 // Two programs on one memory: one writes, the other is told and leaves everything as it is. The
 // programs are this test, started once more.
-#include "support/copyingprogress.h"
-#include "support/mountedcard.h"
 #include "devindex/transfer.h"
 #include "library/answer.h"
 #include "storage/memorylock.h"
+#include "support/copyingprogress.h"
+#include "support/mountedcard.h"
 #include "support/userdriver.h"
 #include "windows/indexdialog.h"
 #include "windows/nocopyrightdialog.h"
