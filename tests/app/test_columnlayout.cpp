@@ -7,6 +7,8 @@
 #include "support/windowundertest.h"
 #include "windows/backupdialog.h"
 
+#include <QApplication>
+#include <QHeaderView>
 #include <QHelpEvent>
 #include <QMenu>
 #include <QTest>

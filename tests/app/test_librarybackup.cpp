@@ -10,6 +10,7 @@
 #include "windows/backupdialog.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QProgressDialog>
 #include <QTest>
 

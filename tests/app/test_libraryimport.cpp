@@ -8,6 +8,8 @@
 #include "support/windowundertest.h"
 
 #include <QApplication>
+#include <QHeaderView>
+#include <QLabel>
 #include <QListView>
 #include <QProgressBar>
 #include <QProgressDialog>

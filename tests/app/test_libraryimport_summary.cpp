@@ -10,6 +10,7 @@
 #include "windows/proceeddialog.h"
 
 #include <QCheckBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QProgressDialog>
 #include <QTest>

@@ -16,8 +16,10 @@
 #include "windows/songslistdialog.h"
 #include "windows/translation.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>

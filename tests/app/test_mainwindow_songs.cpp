@@ -10,6 +10,7 @@
 #include "windows/dataeditdialog.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QMenu>

@@ -12,6 +12,7 @@
 #include "windows/proceeddialog.h"
 
 #include <QApplication>
+#include <QMenu>
 #include <QProgressDialog>
 #include <QTest>
 

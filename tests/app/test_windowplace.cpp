@@ -5,7 +5,10 @@
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
 
+#include <QApplication>
+#include <QHeaderView>
 #include <QLabel>
+#include <QScreen>
 #include <QTest>
 #include <QTranslator>
 
