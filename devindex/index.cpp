@@ -13,6 +13,7 @@
 #include "devindex/playlistfiles.h"
 #include "devindex/playlistkeeper.h"
 #include "devindex/songhead.h"
+#include "devindex/songlistline.h"
 #include "devindex/songrenamer.h"
 #include "formats/songnames.h"
 #include "storage/diagnostics.h"
@@ -23,7 +24,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
-#include <QVarLengthArray>
 
 #include <algorithm>
 #include <array>
@@ -51,18 +51,6 @@ bool readSong(SongInfoIndex &entry)
 bool removeFile(const QString &path)
 {
     return QFile::remove(path) || !QFileInfo::exists(path);
-}
-
-/** A line of the list of songs: each field closed by ";", without quotes, in UTF-8. */
-QByteArray listLine(const std::array<QStringView, 4> &fields)
-{
-    QVarLengthArray<QChar, 256> line;
-    for (const QStringView field : fields) {
-        line.append(field.data(), field.size());
-        line.append(QLatin1Char(';'));
-    }
-    line.append(QLatin1Char('\n'));
-    return QStringView(line).toUtf8();
 }
 
 } // namespace
@@ -686,14 +674,14 @@ int Index::saveSongsList(const QString &root, const QString &fileName, SORT_MODE
 
 bool Index::writeSongsList(RecordWriter &list)
 {
-    if (!list.append(listLine({tr("TITOLO"), tr("ARTISTA"), tr("GENERE"), tr("FILE")})))
+    if (!list.append(songListHeader()))
         return false;
     emit progressMaxSetup(static_cast<int>(entries.size()));
     int step = 0;
     for (const SongInfoIndex &entry : std::as_const(entries)) {
         const QString longPath = getLongFileNamePath(entry.fullPath);
         const QString &path = longPath.isNull() ? entry.fullPath : longPath;
-        if (!list.append(listLine(
+        if (!list.append(songListLine(
                 {entry.title, entry.artist, entry.genre, QStringView(path).mid(rootPath.size())})))
             return false;
         emit currentPathChanged(entry.fullPath);

@@ -5,6 +5,7 @@
 #include "formats/mfxheader.h"
 #include "library/cataloguemerge.h"
 #include "library/lostcharacters.h"
+#include "library/songupdate.h"
 #include "storage/diagnostics.h"
 
 #include <QStringList>
@@ -91,26 +92,20 @@ void ChangePreview::addSong(const CatalogueMerge &catalogue, const QString &file
 {
     logDebug() << "[ChangePreview::addSong] file:" << fileName;
     ++songs;
-    MetaSong song;
-    if (!song.importFile(fileName)) {
+    SongUpdate update(fileName);
+    if (!update.load()) {
         ++unreadable;
         return;
     }
-    SongInfo before;
-    song.getSongInfo(before);
-    const std::optional<SongInfo> record = catalogue.mergeInto(song, before, shortName);
-    if (!record) {
+    if (!update.merge(catalogue, shortName)) {
         ++unknown;
         return;
     }
-    if (!song.canBeSaved())
+    if (!update.canBeSaved())
         return;
-    SongInfo after;
-    song.getSongInfo(after);
-    QList<Change> found = changes(before, after);
-    nameLostCharacters(found, *record);
+    const QList<Change> found = update.changes();
     if (!found.isEmpty())
-        changed.append({fileName, before.title, before.isKravo, found});
+        changed.append({fileName, update.before().title, update.before().isKravo, found});
 }
 
 QList<ChangePreview::Change> ChangePreview::changes(const SongInfo &before, const SongInfo &after)

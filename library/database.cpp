@@ -27,8 +27,14 @@ const QString selectByTitle =
     QStringLiteral("SELECT title,artist,genre,author,length,bpm,key,markers,altartist FROM songs "
                    "WHERE title like ?");
 const QString countByTitle = QStringLiteral("SELECT count(*) from songs WHERE title like ?");
+// The catalogue is in capitals.
+const QString selectByText =
+    QStringLiteral("SELECT title,artist,genre,author,length,bpm,key,markers,altartist,filename "
+                   "FROM songs WHERE instr(upper(title || char(10) || ifnull(artist,'') || "
+                   "char(10) || ifnull(altartist,'') || char(10) || ifnull(author,'') || char(10) "
+                   "|| ifnull(filename,'')), ?) > 0 ORDER BY title, rowid");
 
-enum Column { Title, Artist, Genre, Author, Length, Bpm, Key, Markers, AltArtist };
+enum Column { Title, Artist, Genre, Author, Length, Bpm, Key, Markers, AltArtist, FileName };
 
 QString trimmedText(const QSqlQuery &row, Column column)
 {
@@ -218,6 +224,26 @@ bool Database::isOnlyTitle(const QString &title) const
         return false;
     }
     return true;
+}
+
+QList<SongsDbRecord> Database::find(const QString &text) const
+{
+    QList<SongsDbRecord> found;
+    if (!m_catalogue)
+        return found;
+    QSqlQuery query(m_catalogue->database());
+    query.setForwardOnly(true);
+    if (!query.prepare(selectByText))
+        return found;
+    query.bindValue(0, text.toUpper());
+    if (!query.exec())
+        return found;
+    while (query.next()) {
+        SongsDbRecord record = recordOf(query);
+        record.filename = trimmedText(query, FileName);
+        found.append(record);
+    }
+    return found;
 }
 
 bool Database::clearUserLibraryDb()

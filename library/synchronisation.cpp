@@ -1,7 +1,7 @@
 #include "library/synchronisation.h"
 
 #include "formats/metasong.h"
-#include "library/changepreview.h"
+#include "library/songupdate.h"
 #include "library/whileanswering.h"
 #include "storage/diagnostics.h"
 
@@ -75,17 +75,14 @@ bool Synchronisation::updateFileWithDb(int row)
 {
     const QString fileName = m_model.fileName(row);
     m_leftovers.tidyBeside(fileName);
-    MetaSong song;
-    if (!song.importFile(fileName)) {
+    SongUpdate update(fileName);
+    if (!update.load()) {
         keepFailure(row, fileName, loadFailureOf(fileName));
         return false;
     }
-    SongInfo info;
-    song.getSongInfo(info);
-    if (!mayChange(info, fileName))
+    if (!mayChange(update.before(), fileName))
         return false;
-    const auto record = m_catalogue.mergeInto(song, info, m_model.shortName(row));
-    if (!record)
+    if (!update.merge(m_catalogue, m_model.shortName(row)))
         return false;
 
     // A progress that was cancelled lets go of the table, which may then be sorted.
@@ -93,7 +90,7 @@ bool Synchronisation::updateFileWithDb(int row)
     // A file that could not be written shows in its row what it still holds.
     SaveFailure failure = SaveFailure::None;
     whileAnswering([&] {
-        failure = song.save(fileName);
+        failure = update.save();
         return failure == SaveFailure::None;
     });
     keepFailure(place.row(), fileName, failure);
@@ -101,7 +98,7 @@ bool Synchronisation::updateFileWithDb(int row)
     if (saved.importFile(fileName)) {
         SongInfo savedInfo;
         saved.getSongInfo(savedInfo);
-        const QString lost = ChangePreview::lostCharacters(info, savedInfo, *record);
+        const QString lost = update.lostCharacters(savedInfo);
         if (!lost.isEmpty())
             m_report.add(SongFinding::Kind::LostCharacters, fileName, lost);
         m_model.updateRow(place.row(), savedInfo);

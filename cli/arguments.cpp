@@ -1,0 +1,332 @@
+#include "cli/arguments.h"
+
+#include "cli/values.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace
+{
+
+using Command = Request::Command;
+
+struct CommandWords {
+    Command command;
+    const char *first;
+    const char *second; ///< of a command of two words
+};
+
+constexpr std::array commandWords{
+    CommandWords{Command::Show, "show", nullptr},
+    CommandWords{Command::Set, "set", nullptr},
+    CommandWords{Command::Sync, "sync", nullptr},
+    CommandWords{Command::Transfer, "transfer", nullptr},
+    CommandWords{Command::IndexUpdate, "index", "update"},
+    CommandWords{Command::IndexRebuild, "index", "rebuild"},
+    CommandWords{Command::IndexCheck, "index", "check"},
+    CommandWords{Command::List, "list", nullptr},
+    CommandWords{Command::CatalogueFind, "catalogue", "find"},
+};
+
+/** Stands in front of each argument that is no option, so that CLI11 does not look into it. */
+constexpr char plainMark = '\x01';
+
+/** What CLI11 found, as text. */
+struct Texts {
+    bool help = false;
+    bool version = false;
+    bool json = false;
+    bool csv = false;
+    bool zero = false;
+    bool dryRun = false;
+    std::string title;
+    std::string artist;
+    std::string genre;
+    std::string author;
+    std::string key;
+    std::string bpm;
+    std::string length;
+    std::string backup;
+    std::string to;
+    std::string replace;
+    std::string rename;
+    std::string changeUnsigned;
+    std::string sort;
+    std::vector<std::string> paths;
+};
+
+/** The arguments as CLI11 gets them, and those behind "--", which it does not get. */
+struct Split {
+    std::vector<std::string> marked; ///< in reverse order, as CLI11 wants them
+    QList<QByteArray> behindDashes;
+};
+
+bool isCommandWord(const QList<QByteArray> &arguments, qsizetype place)
+{
+    for (const CommandWords &words : commandWords) {
+        if (place == 0 && arguments.at(0) == words.first)
+            return true;
+        if (place == 1 && words.second != nullptr && arguments.at(0) == words.first &&
+            arguments.at(1) == words.second)
+            return true;
+    }
+    return false;
+}
+
+Split split(const QList<QByteArray> &arguments)
+{
+    Split parts;
+    for (qsizetype place = 0; place < arguments.size(); ++place) {
+        const QByteArray &argument = arguments.at(place);
+        if (argument == "--") {
+            parts.behindDashes = arguments.mid(place + 1);
+            break;
+        }
+        const bool isOption = argument.startsWith('-') && argument != "-";
+        if (isOption || isCommandWord(arguments, place))
+            parts.marked.push_back(argument.toStdString());
+        else
+            parts.marked.push_back(plainMark + argument.toStdString());
+    }
+    std::reverse(parts.marked.begin(), parts.marked.end());
+    return parts;
+}
+
+QByteArray plain(const std::string &text)
+{
+    QByteArray bytes = QByteArray::fromStdString(text);
+    if (bytes.startsWith(plainMark))
+        bytes.remove(0, 1);
+    return bytes;
+}
+
+QString plainText(const std::string &text)
+{
+    return QString::fromUtf8(plain(text));
+}
+
+/** The options and arguments of each command; the texts must outlive the application. */
+class Grammar
+{
+public:
+    Grammar()
+    {
+        m_app.set_help_flag();
+        m_app.require_subcommand(0, 1);
+        m_app.add_flag("--help,-h", m_texts.help);
+        m_app.add_flag("--version", m_texts.version);
+        for (const CommandWords &words : commandWords) {
+            CLI::App *command = subcommand(m_app, words.first);
+            if (words.second != nullptr)
+                command = subcommand(*command, words.second);
+            command->add_flag("--help,-h", m_texts.help);
+            command->add_option("paths", m_texts.paths);
+            addOptions(*command, words.command);
+        }
+    }
+
+    /** Throws a CLI::ParseError. */
+    void parse(std::vector<std::string> reversed) { m_app.parse(std::move(reversed)); }
+
+    const Texts &texts() const { return m_texts; }
+
+    Command command() const
+    {
+        for (const CommandWords &words : commandWords) {
+            const CLI::App *const first = m_app.get_subcommand(words.first);
+            if (!first->parsed())
+                continue;
+            if (words.second == nullptr || first->get_subcommand(words.second)->parsed())
+                return words.command;
+        }
+        return Command::None;
+    }
+
+    bool has(const char *option) const
+    {
+        const CLI::App *const found = parsedCommand();
+        return found != nullptr && found->get_option_no_throw(option) != nullptr &&
+               found->count(option) > 0;
+    }
+
+private:
+    static CLI::App *subcommand(CLI::App &parent, const char *name)
+    {
+        for (CLI::App *const known : parent.get_subcommands({})) {
+            if (known->get_name() == name)
+                return known;
+        }
+        CLI::App *const added = parent.add_subcommand(name);
+        added->set_help_flag();
+        parent.require_subcommand(0, 1);
+        return added;
+    }
+
+    const CLI::App *parsedCommand() const
+    {
+        const CLI::App *found = nullptr;
+        for (const CLI::App *next = &m_app; !next->get_subcommands().empty();)
+            found = next = next->get_subcommands().front();
+        return found;
+    }
+
+    void addOptions(CLI::App &command, Command kind)
+    {
+        const auto isOneOf = [kind](std::initializer_list<Command> kinds) {
+            return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
+        };
+        if (isOneOf({Command::Show, Command::Sync, Command::IndexCheck, Command::List,
+                     Command::CatalogueFind}))
+            command.add_flag("--json", m_texts.json);
+        if (isOneOf({Command::Show, Command::Set, Command::Sync, Command::Transfer}))
+            command.add_flag("-0", m_texts.zero);
+        if (isOneOf({Command::Set})) {
+            command.add_option("--title", m_texts.title);
+            command.add_option("--artist", m_texts.artist);
+            command.add_option("--genre", m_texts.genre);
+            command.add_option("--author", m_texts.author);
+            command.add_option("--key", m_texts.key);
+            command.add_option("--bpm", m_texts.bpm);
+            command.add_option("--length", m_texts.length);
+        }
+        if (isOneOf({Command::Sync})) {
+            command.add_option("--backup", m_texts.backup);
+            command.add_flag("--dry-run", m_texts.dryRun);
+            command.add_option("--unsigned", m_texts.changeUnsigned);
+        }
+        if (isOneOf({Command::Transfer})) {
+            command.add_option("--to", m_texts.to);
+            command.add_option("--replace", m_texts.replace);
+        }
+        if (isOneOf({Command::Transfer, Command::IndexUpdate, Command::IndexRebuild}))
+            command.add_option("--rename", m_texts.rename);
+        if (isOneOf({Command::List})) {
+            command.add_flag("--csv", m_texts.csv);
+            command.add_option("--sort", m_texts.sort);
+        }
+    }
+
+    Texts m_texts;
+    CLI::App m_app;
+};
+
+bool takesOneArgument(Command command)
+{
+    switch (command) {
+    case Command::IndexUpdate:
+    case Command::IndexRebuild:
+    case Command::IndexCheck:
+    case Command::List:
+    case Command::CatalogueFind:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+QString Arguments::words(Request::Command command)
+{
+    for (const CommandWords &words : commandWords) {
+        if (words.command != command)
+            continue;
+        QString text = QString::fromUtf8(words.first);
+        if (words.second != nullptr)
+            text += QLatin1Char(' ') + QString::fromUtf8(words.second);
+        return text;
+    }
+    return {};
+}
+
+Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
+{
+    Split parts = split(arguments);
+    Grammar grammar;
+    Result result;
+    Request &request = result.request;
+    try {
+        grammar.parse(std::move(parts.marked));
+    } catch (const CLI::ExtrasError &error) {
+        const std::string what = error.what();
+        QString extra = QString::fromStdString(what.substr(what.find(": ") + 2));
+        extra.remove(QLatin1Char(plainMark));
+        result.error = tr("Argomento sconosciuto: %1").arg(extra);
+    } catch (const CLI::ArgumentMismatch &error) {
+        const std::string what = error.what();
+        result.error = tr("L'opzione vuole un solo valore: %1")
+                           .arg(QString::fromStdString(what.substr(0, what.find(':'))));
+    } catch (const CLI::ParseError &error) {
+        result.error = QString::fromUtf8(error.what()).remove(QLatin1Char(plainMark));
+    }
+    request.command = grammar.command();
+    const Texts &texts = grammar.texts();
+    request.help = texts.help;
+    request.version = texts.version;
+    if (!result.error.isEmpty() || request.help || request.version)
+        return result;
+    if (request.command == Command::None) {
+        result.error = tr("Manca il comando");
+        return result;
+    }
+
+    for (const std::string &path : texts.paths)
+        request.paths.append(plain(path));
+    request.paths += parts.behindDashes;
+    request.pathsFromStandardInput = texts.zero;
+    request.dryRun = texts.dryRun;
+    if (texts.json && texts.csv) {
+        result.error = tr("--json e --csv non vanno insieme");
+        return result;
+    }
+    if (texts.json || texts.csv)
+        request.form = texts.json ? Request::Form::Json : Request::Form::Csv;
+    if (grammar.has("--backup"))
+        request.backup = plain(texts.backup);
+    request.to = plain(texts.to);
+
+    const auto decide = [&](const char *option, const std::string &text, auto read, auto &target) {
+        if (!grammar.has(option) || !result.error.isEmpty())
+            return;
+        const auto value = read(plainText(text));
+        if (value && plain(text).isValidUtf8())
+            target = *value;
+        else
+            result.error = tr("Valore non valido per %1: %2")
+                               .arg(QString::fromUtf8(option), plainText(text));
+    };
+    const auto anyText = [](const QString &text) { return std::optional(text.trimmed()); };
+    decide("--title", texts.title, anyText, request.edit.title);
+    decide("--artist", texts.artist, anyText, request.edit.artist);
+    decide("--genre", texts.genre, anyText, request.edit.genre);
+    decide("--author", texts.author, anyText, request.edit.author);
+    decide("--key", texts.key, values::key, request.edit.key);
+    decide("--bpm", texts.bpm, values::tempo, request.edit.bpm);
+    decide("--length", texts.length, values::length, request.edit.length);
+    decide("--unsigned", texts.changeUnsigned, values::yesOrNo, request.changeUnsigned);
+    decide("--replace", texts.replace, values::yesOrNo, request.replace);
+    decide("--rename", texts.rename, values::yesOrNo, request.rename);
+    decide("--sort", texts.sort, values::sortMode, request.sort);
+    if (!result.error.isEmpty())
+        return result;
+
+    if (request.command == Command::Set && request.edit.isEmpty())
+        result.error = tr("Manca il dato da modificare, per esempio --title");
+    else if (request.command == Command::Transfer && request.to.isEmpty())
+        result.error = tr("Manca la cartella di destinazione: --to CARTELLA");
+    else if (request.paths.isEmpty() && !request.pathsFromStandardInput)
+        result.error = takesOneArgument(request.command) ? tr("Manca un argomento")
+                                                         : tr("Mancano i file");
+    else if (takesOneArgument(request.command) && request.paths.size() > 1)
+        result.error = tr("Troppi argomenti");
+    if (request.command == Command::CatalogueFind && result.error.isEmpty())
+        request.text = QString::fromUtf8(request.paths.constFirst());
+    return result;
+}
