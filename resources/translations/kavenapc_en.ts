@@ -1226,4 +1226,461 @@ Please install the program again.</translation>
         <translation>Something went wrong with these &amp;songs:</translation>
     </message>
 </context>
+<context>
+    <name>Arguments</name>
+    <message>
+        <source>Argomento sconosciuto: %1</source>
+        <translation>Unknown argument: %1</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione vuole un solo valore: %1</source>
+        <translation>The option takes exactly one value: %1</translation>
+    </message>
+    <message>
+        <source>Manca il comando</source>
+        <translation>The command is missing</translation>
+    </message>
+    <message>
+        <source>--json e --csv non vanno insieme</source>
+        <translation>--json and --csv do not go together</translation>
+    </message>
+    <message>
+        <source>Valore non valido per %1: %2</source>
+        <translation>Invalid value for %1: %2</translation>
+    </message>
+    <message>
+        <source>Manca il dato da modificare, per esempio --title</source>
+        <translation>What is to be changed is missing, for example --title</translation>
+    </message>
+    <message>
+        <source>Manca la cartella di destinazione: --to CARTELLA</source>
+        <translation>The destination folder is missing: --to FOLDER</translation>
+    </message>
+    <message>
+        <source>Manca un argomento</source>
+        <translation>An argument is missing</translation>
+    </message>
+    <message>
+        <source>Mancano i file</source>
+        <translation>The files are missing</translation>
+    </message>
+    <message>
+        <source>Troppi argomenti</source>
+        <translation>Too many arguments</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueCommand</name>
+    <message>
+        <source>Il catalogo non può essere aperto</source>
+        <translation>The catalogue cannot be opened</translation>
+    </message>
+    <message>
+        <source>Non è nel catalogo</source>
+        <translation>Not in the catalogue</translation>
+    </message>
+</context>
+<context>
+    <name>Help</name>
+    <message>
+        <source>titolo</source>
+        <translation>title</translation>
+    </message>
+    <message>
+        <source>interprete</source>
+        <translation>artist</translation>
+    </message>
+    <message>
+        <source>genere</source>
+        <translation>genre</translation>
+    </message>
+    <message>
+        <source>autore</source>
+        <translation>author</translation>
+    </message>
+    <message>
+        <source>tonalità, per esempio C, F# o A-; vuota per nessuna</source>
+        <translation>key, for example C, F# or A-; empty for none</translation>
+    </message>
+    <message>
+        <source>tempo, da 0 a 999; 0 per nessuno</source>
+        <translation>tempo, 0 to 999; 0 for none</translation>
+    </message>
+    <message>
+        <source>durata in minuti e secondi</source>
+        <translation>length in minutes and seconds</translation>
+    </message>
+    <message>
+        <source>copia prima le song in una nuova cartella in DIR</source>
+        <translation>first copies the songs into a new folder in DIR</translation>
+    </message>
+    <message>
+        <source>mostra le modifiche e non scrive niente</source>
+        <translation>shows the changes and writes nothing</translation>
+    </message>
+    <message>
+        <source>modifica anche le song senza la firma del produttore</source>
+        <translation>changes songs without the publisher&apos;s signature as well</translation>
+    </message>
+    <message>
+        <source>la cartella di destinazione, in una memoria</source>
+        <translation>the destination folder, on a memory</translation>
+    </message>
+    <message>
+        <source>sostituisce i file che ci sono già</source>
+        <translation>replaces files that are already there</translation>
+    </message>
+    <message>
+        <source>accorcia i nomi troppo lunghi per il player</source>
+        <translation>shortens names that are too long for the player</translation>
+    </message>
+    <message>
+        <source>l&apos;ordine dell&apos;elenco</source>
+        <translation>the order of the list</translation>
+    </message>
+    <message>
+        <source>una tabella con i campi separati da &quot;;&quot;</source>
+        <translation>a table, fields separated by &quot;;&quot;</translation>
+    </message>
+    <message>
+        <source>un oggetto JSON per riga; i nomi sono nella pagina di manuale</source>
+        <translation>one JSON object a line; the manual page tells the names</translation>
+    </message>
+    <message>
+        <source>legge altri nomi dallo standard input, ognuno chiuso da un byte zero</source>
+        <translation>reads further names from standard input, each ended by a zero byte</translation>
+    </message>
+    <message>
+        <source>Esempi:</source>
+        <translation>Examples:</translation>
+    </message>
+    <message>
+        <source>Uso:</source>
+        <translation>Usage:</translation>
+    </message>
+    <message>
+        <source>Opzioni:</source>
+        <translation>Options:</translation>
+    </message>
+    <message>
+        <source>mostra questo aiuto</source>
+        <translation>shows this help</translation>
+    </message>
+    <message>
+        <source>mostra la versione</source>
+        <translation>shows the version</translation>
+    </message>
+    <message>
+        <source>dopo ci sono solo nomi di file</source>
+        <translation>only file names follow</translation>
+    </message>
+    <message>
+        <source>Le domande senza risposta nelle opzioni si fanno solo su un terminale; altrove valgono come no.
+Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.</source>
+        <translation>Questions that no option answers are asked on a terminal only; elsewhere the answer is no.
+Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</translation>
+    </message>
+</context>
+<context>
+    <name>IndexCommand</name>
+    <message>
+        <source>%1: la memoria non è in ordine</source>
+        <translation>%1: the memory is not in order</translation>
+    </message>
+    <message>
+        <source>Aggiornamento database</source>
+        <translation>Updating the database</translation>
+    </message>
+    <message>
+        <source>Nessuna song nella memoria</source>
+        <translation>No songs on the memory</translation>
+    </message>
+</context>
+<context>
+    <name>ListCommand</name>
+    <message>
+        <source>Il database della memoria è danneggiato</source>
+        <translation>The database of the memory is damaged</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryCheck</name>
+    <message>
+        <source>%1 byte non sono un numero intero di record</source>
+        <translation>%1 bytes are no whole number of records</translation>
+    </message>
+    <message>
+        <source>Il file manca o non è leggibile: la memoria non ha un database completo</source>
+        <translation>The file is missing or cannot be read: the memory has no complete database</translation>
+    </message>
+    <message>
+        <source>%1 song sono troppe</source>
+        <translation>%1 songs are too many</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 ha un numero di song sbagliato: %3</source>
+        <translation>Record %1 of %2 has a wrong song number: %3</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non finisce con zeri</source>
+        <translation>Record %1 of %2 does not end in zeros</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non è un percorso della memoria</source>
+        <translation>Record %1 of %2 is no path on the memory</translation>
+    </message>
+    <message>
+        <source>La song è elencata due volte</source>
+        <translation>The song is listed twice</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non ha una data</source>
+        <translation>Record %1 of %2 has no date</translation>
+    </message>
+    <message>
+        <source>Il file non c&apos;è</source>
+        <translation>The file is not there</translation>
+    </message>
+    <message>
+        <source>Il file è stato modificato dopo l&apos;aggiornamento</source>
+        <translation>The file was changed after the update</translation>
+    </message>
+    <message>
+        <source>La song non è nel database</source>
+        <translation>The song is not in the database</translation>
+    </message>
+    <message>
+        <source>%1 byte per %2 song</source>
+        <translation>%1 bytes for %2 songs</translation>
+    </message>
+    <message>
+        <source>Non elenca ogni song una volta</source>
+        <translation>Does not list each song once</translation>
+    </message>
+    <message>
+        <source>%1 è al posto sbagliato</source>
+        <translation>%1 is in the wrong place</translation>
+    </message>
+    <message>
+        <source>Il titolo del record %1 non finisce con zeri</source>
+        <translation>The title in record %1 does not end in zeros</translation>
+    </message>
+    <message>
+        <source>Il formato del record %1 non esiste</source>
+        <translation>There is no such format as in record %1</translation>
+    </message>
+    <message>
+        <source>Il record %1, %2, è al posto sbagliato</source>
+        <translation>Record %1, %2, is in the wrong place</translation>
+    </message>
+    <message>
+        <source>La song %1 del record %2 è elencata due volte o non ha un file</source>
+        <translation>Song %1 in record %2 is listed twice or has no file</translation>
+    </message>
+    <message>
+        <source>La song %1 è diversa che in %2</source>
+        <translation>Song %1 differs from %2</translation>
+    </message>
+    <message>
+        <source>Alla fine mancano %1 song</source>
+        <translation>%1 songs are missing at the end</translation>
+    </message>
+    <message>
+        <source>Prima del gruppo %1 mancano %2 song</source>
+        <translation>%2 songs are missing before the group %1</translation>
+    </message>
+    <message>
+        <source>Il gruppo %1 conta %2 song nel gruppo precedente, che ne ha %3</source>
+        <translation>The group %1 counts %2 songs in the group before it, which has %3</translation>
+    </message>
+    <message>
+        <source>L&apos;inizio del gruppo nel record %1 è danneggiato</source>
+        <translation>The head of the group in record %1 is damaged</translation>
+    </message>
+    <message>
+        <source>Il gruppo %1 c&apos;è due volte</source>
+        <translation>The group %1 is there twice</translation>
+    </message>
+    <message>
+        <source>Il record %1 è una song in più di quelle del suo gruppo</source>
+        <translation>Record %1 is one song more than its group has</translation>
+    </message>
+    <message>
+        <source>La song %1 del record %2 è elencata due volte o è diversa che in %3</source>
+        <translation>Song %1 in record %2 is listed twice or differs from %3</translation>
+    </message>
+    <message>
+        <source>La song %1 è in un altro gruppo che in %2</source>
+        <translation>Song %1 is in another group than in %2</translation>
+    </message>
+    <message>
+        <source>%1 byte invece di %2</source>
+        <translation>%1 bytes instead of %2</translation>
+    </message>
+    <message>
+        <source>L&apos;iniziale %1 porta al posto sbagliato</source>
+        <translation>The first letter %1 leads to the wrong place</translation>
+    </message>
+    <message>
+        <source>I numeri di song, interpreti e generi non sono quelli degli elenchi</source>
+        <translation>The numbers of songs, artists and genres are not those of the lists</translation>
+    </message>
+    <message>
+        <source>La song %1 della playlist non è nella memoria</source>
+        <translation>Song %1 of the playlist is not on the memory</translation>
+    </message>
+</context>
+<context>
+    <name>PeopleWriter</name>
+    <message>
+        <source>Formato</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Author</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Length</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Key</translation>
+    </message>
+    <message>
+        <source>Firma</source>
+        <translation>Signature</translation>
+    </message>
+    <message>
+        <source>sì</source>
+        <translation>yes</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>no</translation>
+    </message>
+    <message>
+        <source>%1: non è nel catalogo</source>
+        <translation>%1: not in the catalogue</translation>
+    </message>
+    <message>
+        <source>%1: nessuna modifica</source>
+        <translation>%1: no change</translation>
+    </message>
+    <message>
+        <source>(vuoto)</source>
+        <translation>(empty)</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Markers</translation>
+    </message>
+    <message>
+        <source>Marker attivi</source>
+        <translation>Shown</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>aiuto: kavena %1--help</source>
+        <translation>help: kavena %1--help</translation>
+    </message>
+    <message>
+        <source>Non tutti i dati hanno potuto essere scritti sullo standard output</source>
+        <translation>Not all data could be written to standard output</translation>
+    </message>
+</context>
+<context>
+    <name>SetCommand</name>
+    <message>
+        <source>Modifica</source>
+        <translation>Changing</translation>
+    </message>
+</context>
+<context>
+    <name>ShowCommand</name>
+    <message>
+        <source>Lettura</source>
+        <translation>Reading</translation>
+    </message>
+</context>
+<context>
+    <name>SongPaths</name>
+    <message>
+        <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
+        <translation>The name is not in UTF-8, and the file cannot be opened</translation>
+    </message>
+</context>
+<context>
+    <name>SyncCommand</name>
+    <message>
+        <source>Il catalogo non può essere aperto</source>
+        <translation>The catalogue cannot be opened</translation>
+    </message>
+    <message>
+        <source>Sincronizzazione</source>
+        <translation>Synchronising</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>Backup</translation>
+    </message>
+    <message>
+        <source>La song non ha la firma del produttore. Modificarla?</source>
+        <translation>The song does not have the publisher&apos;s signature. Change it?</translation>
+    </message>
+    <message>
+        <source>%1: non modificata, senza la firma del produttore</source>
+        <translation>%1: not changed, without the publisher&apos;s signature</translation>
+    </message>
+</context>
+<context>
+    <name>Terminal</name>
+    <message>
+        <source>Interrotto</source>
+        <translation>Stopped</translation>
+    </message>
+    <message>
+        <source>Senza terminale la risposta è no: %1</source>
+        <translation>Without a terminal the answer is no: %1</translation>
+    </message>
+    <message>
+        <source>Senza terminale la risposta è no (%1 yes la cambia): %2</source>
+        <translation>Without a terminal the answer is no (%1 yes changes it): %2</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>y</translation>
+    </message>
+    <message>
+        <source>n</source>
+        <translation>n</translation>
+    </message>
+    <message>
+        <source>[%1 = sì, %2 = sì a tutti, %3 = no, %4 = no a tutti]</source>
+        <translation>[%1 = yes, %2 = yes to all, %3 = no, %4 = no to all]</translation>
+    </message>
+</context>
 </TS>

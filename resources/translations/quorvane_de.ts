@@ -1226,4 +1226,461 @@ Bitte installieren Sie das Programm neu.</translation>
         <translation>Bei diesen &amp;Songs ging etwas schief:</translation>
     </message>
 </context>
+<context>
+    <name>Arguments</name>
+    <message>
+        <source>Argomento sconosciuto: %1</source>
+        <translation>Unbekanntes Argument: %1</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione vuole un solo valore: %1</source>
+        <translation>Die Option braucht genau einen Wert: %1</translation>
+    </message>
+    <message>
+        <source>Manca il comando</source>
+        <translation>Es fehlt der Befehl</translation>
+    </message>
+    <message>
+        <source>--json e --csv non vanno insieme</source>
+        <translation>--json und --csv gehen nicht zusammen</translation>
+    </message>
+    <message>
+        <source>Valore non valido per %1: %2</source>
+        <translation>Ungültiger Wert für %1: %2</translation>
+    </message>
+    <message>
+        <source>Manca il dato da modificare, per esempio --title</source>
+        <translation>Es fehlt, was geändert werden soll, zum Beispiel --title</translation>
+    </message>
+    <message>
+        <source>Manca la cartella di destinazione: --to CARTELLA</source>
+        <translation>Es fehlt der Zielordner: --to ORDNER</translation>
+    </message>
+    <message>
+        <source>Manca un argomento</source>
+        <translation>Es fehlt ein Argument</translation>
+    </message>
+    <message>
+        <source>Mancano i file</source>
+        <translation>Es fehlen die Dateien</translation>
+    </message>
+    <message>
+        <source>Troppi argomenti</source>
+        <translation>Zu viele Argumente</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueCommand</name>
+    <message>
+        <source>Il catalogo non può essere aperto</source>
+        <translation>Der Katalog lässt sich nicht öffnen</translation>
+    </message>
+    <message>
+        <source>Non è nel catalogo</source>
+        <translation>Steht nicht im Katalog</translation>
+    </message>
+</context>
+<context>
+    <name>Help</name>
+    <message>
+        <source>titolo</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>interprete</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>genere</source>
+        <translation>Musikrichtung</translation>
+    </message>
+    <message>
+        <source>autore</source>
+        <translation>Autor</translation>
+    </message>
+    <message>
+        <source>tonalità, per esempio C, F# o A-; vuota per nessuna</source>
+        <translation>Tonart, zum Beispiel C, F# oder A-; leer für keine</translation>
+    </message>
+    <message>
+        <source>tempo, da 0 a 999; 0 per nessuno</source>
+        <translation>Tempo, 0 bis 999; 0 für keines</translation>
+    </message>
+    <message>
+        <source>durata in minuti e secondi</source>
+        <translation>Dauer in Minuten und Sekunden</translation>
+    </message>
+    <message>
+        <source>copia prima le song in una nuova cartella in DIR</source>
+        <translation>kopiert die Songs zuerst in einen neuen Ordner in DIR</translation>
+    </message>
+    <message>
+        <source>mostra le modifiche e non scrive niente</source>
+        <translation>zeigt die Änderungen und schreibt nichts</translation>
+    </message>
+    <message>
+        <source>modifica anche le song senza la firma del produttore</source>
+        <translation>ändert auch Songs ohne die Signatur des Herstellers</translation>
+    </message>
+    <message>
+        <source>la cartella di destinazione, in una memoria</source>
+        <translation>der Zielordner, auf einem Speicher</translation>
+    </message>
+    <message>
+        <source>sostituisce i file che ci sono già</source>
+        <translation>ersetzt Dateien, die es dort schon gibt</translation>
+    </message>
+    <message>
+        <source>accorcia i nomi troppo lunghi per il player</source>
+        <translation>kürzt Namen, die für den Player zu lang sind</translation>
+    </message>
+    <message>
+        <source>l&apos;ordine dell&apos;elenco</source>
+        <translation>die Reihenfolge der Liste</translation>
+    </message>
+    <message>
+        <source>una tabella con i campi separati da &quot;;&quot;</source>
+        <translation>eine Tabelle, Felder durch &quot;;&quot; getrennt</translation>
+    </message>
+    <message>
+        <source>un oggetto JSON per riga; i nomi sono nella pagina di manuale</source>
+        <translation>ein JSON-Objekt je Zeile; die Namen stehen in der Handbuchseite</translation>
+    </message>
+    <message>
+        <source>legge altri nomi dallo standard input, ognuno chiuso da un byte zero</source>
+        <translation>liest weitere Namen aus der Standardeingabe, jeder mit einem Nullbyte beendet</translation>
+    </message>
+    <message>
+        <source>Esempi:</source>
+        <translation>Beispiele:</translation>
+    </message>
+    <message>
+        <source>Uso:</source>
+        <translation>Aufruf:</translation>
+    </message>
+    <message>
+        <source>Opzioni:</source>
+        <translation>Optionen:</translation>
+    </message>
+    <message>
+        <source>mostra questo aiuto</source>
+        <translation>zeigt diese Hilfe</translation>
+    </message>
+    <message>
+        <source>mostra la versione</source>
+        <translation>zeigt die Version</translation>
+    </message>
+    <message>
+        <source>dopo ci sono solo nomi di file</source>
+        <translation>danach folgen nur Dateinamen</translation>
+    </message>
+    <message>
+        <source>Le domande senza risposta nelle opzioni si fanno solo su un terminale; altrove valgono come no.
+Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.</source>
+        <translation>Fragen, die keine Option beantwortet, werden nur an einem Terminal gestellt; sonst gelten sie als Nein.
+Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan.</translation>
+    </message>
+</context>
+<context>
+    <name>IndexCommand</name>
+    <message>
+        <source>%1: la memoria non è in ordine</source>
+        <translation>%1: Der Speicher ist nicht in Ordnung</translation>
+    </message>
+    <message>
+        <source>Aggiornamento database</source>
+        <translation>Datenbank aktualisieren</translation>
+    </message>
+    <message>
+        <source>Nessuna song nella memoria</source>
+        <translation>Keine Songs auf dem Speicher</translation>
+    </message>
+</context>
+<context>
+    <name>ListCommand</name>
+    <message>
+        <source>Il database della memoria è danneggiato</source>
+        <translation>Die Datenbank des Speichers ist beschädigt</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryCheck</name>
+    <message>
+        <source>%1 byte non sono un numero intero di record</source>
+        <translation>%1 Bytes sind keine ganze Zahl von Datensätzen</translation>
+    </message>
+    <message>
+        <source>Il file manca o non è leggibile: la memoria non ha un database completo</source>
+        <translation>Die Datei fehlt oder ist nicht lesbar: Der Speicher hat keine vollständige Datenbank</translation>
+    </message>
+    <message>
+        <source>%1 song sono troppe</source>
+        <translation>%1 Songs sind zu viele</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 ha un numero di song sbagliato: %3</source>
+        <translation>Datensatz %1 von %2 hat eine falsche Songnummer: %3</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non finisce con zeri</source>
+        <translation>Datensatz %1 von %2 endet nicht mit Nullen</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non è un percorso della memoria</source>
+        <translation>Datensatz %1 von %2 ist kein Pfad auf dem Speicher</translation>
+    </message>
+    <message>
+        <source>La song è elencata due volte</source>
+        <translation>Der Song ist zweimal aufgeführt</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non ha una data</source>
+        <translation>Datensatz %1 von %2 hat kein Datum</translation>
+    </message>
+    <message>
+        <source>Il file non c&apos;è</source>
+        <translation>Die Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>Il file è stato modificato dopo l&apos;aggiornamento</source>
+        <translation>Die Datei wurde nach der Aktualisierung geändert</translation>
+    </message>
+    <message>
+        <source>La song non è nel database</source>
+        <translation>Der Song steht nicht in der Datenbank</translation>
+    </message>
+    <message>
+        <source>%1 byte per %2 song</source>
+        <translation>%1 Bytes für %2 Songs</translation>
+    </message>
+    <message>
+        <source>Non elenca ogni song una volta</source>
+        <translation>Führt nicht jeden Song einmal auf</translation>
+    </message>
+    <message>
+        <source>%1 è al posto sbagliato</source>
+        <translation>%1 steht am falschen Platz</translation>
+    </message>
+    <message>
+        <source>Il titolo del record %1 non finisce con zeri</source>
+        <translation>Der Titel in Datensatz %1 endet nicht mit Nullen</translation>
+    </message>
+    <message>
+        <source>Il formato del record %1 non esiste</source>
+        <translation>Das Format in Datensatz %1 gibt es nicht</translation>
+    </message>
+    <message>
+        <source>Il record %1, %2, è al posto sbagliato</source>
+        <translation>Datensatz %1, %2, steht am falschen Platz</translation>
+    </message>
+    <message>
+        <source>La song %1 del record %2 è elencata due volte o non ha un file</source>
+        <translation>Song %1 in Datensatz %2 ist zweimal aufgeführt oder hat keine Datei</translation>
+    </message>
+    <message>
+        <source>La song %1 è diversa che in %2</source>
+        <translation>Song %1 ist anders als in %2</translation>
+    </message>
+    <message>
+        <source>Alla fine mancano %1 song</source>
+        <translation>Am Ende fehlen %1 Songs</translation>
+    </message>
+    <message>
+        <source>Prima del gruppo %1 mancano %2 song</source>
+        <translation>Vor der Gruppe %1 fehlen %2 Songs</translation>
+    </message>
+    <message>
+        <source>Il gruppo %1 conta %2 song nel gruppo precedente, che ne ha %3</source>
+        <translation>Die Gruppe %1 zählt %2 Songs in der Gruppe davor, die %3 hat</translation>
+    </message>
+    <message>
+        <source>L&apos;inizio del gruppo nel record %1 è danneggiato</source>
+        <translation>Der Anfang der Gruppe in Datensatz %1 ist beschädigt</translation>
+    </message>
+    <message>
+        <source>Il gruppo %1 c&apos;è due volte</source>
+        <translation>Die Gruppe %1 gibt es zweimal</translation>
+    </message>
+    <message>
+        <source>Il record %1 è una song in più di quelle del suo gruppo</source>
+        <translation>Datensatz %1 ist ein Song mehr, als seine Gruppe hat</translation>
+    </message>
+    <message>
+        <source>La song %1 del record %2 è elencata due volte o è diversa che in %3</source>
+        <translation>Song %1 in Datensatz %2 ist zweimal aufgeführt oder anders als in %3</translation>
+    </message>
+    <message>
+        <source>La song %1 è in un altro gruppo che in %2</source>
+        <translation>Song %1 steht in einer anderen Gruppe als in %2</translation>
+    </message>
+    <message>
+        <source>%1 byte invece di %2</source>
+        <translation>%1 Bytes statt %2</translation>
+    </message>
+    <message>
+        <source>L&apos;iniziale %1 porta al posto sbagliato</source>
+        <translation>Der Anfangsbuchstabe %1 führt an die falsche Stelle</translation>
+    </message>
+    <message>
+        <source>I numeri di song, interpreti e generi non sono quelli degli elenchi</source>
+        <translation>Die Anzahlen der Songs, Interpreten und Musikrichtungen sind nicht die der Listen</translation>
+    </message>
+    <message>
+        <source>La song %1 della playlist non è nella memoria</source>
+        <translation>Song %1 der Playlist ist nicht auf dem Speicher</translation>
+    </message>
+</context>
+<context>
+    <name>PeopleWriter</name>
+    <message>
+        <source>Formato</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Autor</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Tonart</translation>
+    </message>
+    <message>
+        <source>Firma</source>
+        <translation>Signatur</translation>
+    </message>
+    <message>
+        <source>sì</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>%1: non è nel catalogo</source>
+        <translation>%1: nicht im Katalog</translation>
+    </message>
+    <message>
+        <source>%1: nessuna modifica</source>
+        <translation>%1: keine Änderung</translation>
+    </message>
+    <message>
+        <source>(vuoto)</source>
+        <translation>(leer)</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Abschnitte</translation>
+    </message>
+    <message>
+        <source>Marker attivi</source>
+        <translation>Angezeigt</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>aiuto: kavena %1--help</source>
+        <translation>Hilfe: kavena %1--help</translation>
+    </message>
+    <message>
+        <source>Non tutti i dati hanno potuto essere scritti sullo standard output</source>
+        <translation>Nicht alle Daten konnten auf die Standardausgabe geschrieben werden</translation>
+    </message>
+</context>
+<context>
+    <name>SetCommand</name>
+    <message>
+        <source>Modifica</source>
+        <translation>Ändere</translation>
+    </message>
+</context>
+<context>
+    <name>ShowCommand</name>
+    <message>
+        <source>Lettura</source>
+        <translation>Lese</translation>
+    </message>
+</context>
+<context>
+    <name>SongPaths</name>
+    <message>
+        <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
+        <translation>Der Name ist nicht in UTF-8, und die Datei lässt sich nicht öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>SyncCommand</name>
+    <message>
+        <source>Il catalogo non può essere aperto</source>
+        <translation>Der Katalog lässt sich nicht öffnen</translation>
+    </message>
+    <message>
+        <source>Sincronizzazione</source>
+        <translation>Synchronisiere</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>Sicherung</translation>
+    </message>
+    <message>
+        <source>La song non ha la firma del produttore. Modificarla?</source>
+        <translation>Der Song hat nicht die Signatur des Herstellers. Ändern?</translation>
+    </message>
+    <message>
+        <source>%1: non modificata, senza la firma del produttore</source>
+        <translation>%1: nicht geändert, ohne Signatur des Herstellers</translation>
+    </message>
+</context>
+<context>
+    <name>Terminal</name>
+    <message>
+        <source>Interrotto</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Senza terminale la risposta è no: %1</source>
+        <translation>Ohne Terminal ist die Antwort Nein: %1</translation>
+    </message>
+    <message>
+        <source>Senza terminale la risposta è no (%1 yes la cambia): %2</source>
+        <translation>Ohne Terminal ist die Antwort Nein (%1 yes ändert das): %2</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>j</translation>
+    </message>
+    <message>
+        <source>n</source>
+        <translation>n</translation>
+    </message>
+    <message>
+        <source>[%1 = sì, %2 = sì a tutti, %3 = no, %4 = no a tutti]</source>
+        <translation>[%1 = ja, %2 = ja für alle, %3 = nein, %4 = nein für alle]</translation>
+    </message>
+</context>
 </TS>

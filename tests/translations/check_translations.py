@@ -54,8 +54,8 @@ def updated_entries(lupdate, sources, name):
     """The entries as they stand after a comparison with the sources, which is made on a copy."""
     with tempfile.TemporaryDirectory() as scratch:
         copy = shutil.copy(sources / f"resources/translations/{name}.ts", scratch)
-        subprocess.run([lupdate, "-silent", "storage", "library", "devindex", "windows", "app", "-I", ".",
-                        "-extensions", "cpp,h,ui", "-source-language", "it_IT",
+        subprocess.run([lupdate, "-silent", "storage", "library", "devindex", "windows", "app",
+                        "cli", "-I", ".", "-extensions", "cpp,h,ui", "-source-language", "it_IT",
                         "-locations", "none", "-ts", copy], cwd=sources, check=True)
         return entries(copy)
 
@@ -178,7 +178,8 @@ PLANTED = {
 def undetected(lupdate, sources):
     with tempfile.TemporaryDirectory() as scratch:
         copy = pathlib.Path(scratch)
-        for folder in ("storage", "library", "devindex", "windows", "app", "resources/translations", "resources/help"):
+        for folder in ("storage", "library", "devindex", "windows", "app", "cli",
+                       "resources/translations", "resources/help"):
             shutil.copytree(sources / folder, copy / folder)
         for what, (name, old, new, expected) in PLANTED.items():
             file = copy / name
