@@ -51,6 +51,11 @@ void say(const QString &line)
     std::fflush(stdout);
 }
 
+QString nameOf(const QString &path)
+{
+    return path.section(QLatin1Char('/'), -1);
+}
+
 bool &warned()
 {
     static bool since = false;
@@ -66,24 +71,13 @@ void noteWarnings(QtMsgType type, const QMessageLogContext &, const QString &tex
     say(QStringLiteral("WARNING ") + QString(text).replace(QLatin1Char('\n'), QLatin1Char(' ')));
 }
 
-/** A progress by which each song is claimed that has brought no warning. */
-ProgressRecord claiming(const QString &what, const QStringList &songs)
-{
-    ProgressRecord record;
-    record.onUpdate = [what, songs](int done) {
-        if (!warned())
-            say(QStringLiteral("CLAIM %1 %2").arg(what, QFileInfo(songs.at(done - 1)).fileName()));
-        warned() = false;
-    };
-    return record;
-}
-
 /** The user, who wants everything done. */
 class WillingUser : public TransferQuestions
 {
 public:
-    explicit WillingUser(QString destination)
+    WillingUser(QString destination, QStringList songs)
         : m_destination(std::move(destination))
+        , m_songs(std::move(songs))
     {
     }
     QString chooseFolder(const QString &, const QString &) override { return m_destination; }
@@ -96,9 +90,13 @@ public:
         say(QStringLiteral("CLAIM all-copied"));
     }
     void showFailure(const QString &, const QString &text) override { tell(text); }
-    void tellCounts(const QString &, const QString &text, const QStringList &) override
+    void tellCounts(const QString &, const QString &text, const QStringList &failed) override
     {
         tell(text);
+        for (const QString &song : std::as_const(m_songs)) {
+            if (!failed.contains(nameOf(song)))
+                say(QStringLiteral("CLAIM copied ") + nameOf(song));
+        }
     }
 
 private:
@@ -107,6 +105,7 @@ private:
         say(QStringLiteral("TOLD ") + QString(text).replace(QLatin1Char('\n'), QLatin1Char(';')));
     }
     QString m_destination;
+    QStringList m_songs;
 };
 
 // The songs ---------------------------------------------------------------------------------------
@@ -253,16 +252,15 @@ void make(const QString &folder)
 
 bool transfer(const QStringList &songs, const QString &stick)
 {
-    WillingUser user(stick);
-    ProgressRecord copying = claiming(QStringLiteral("copied"), songs);
-    ProgressRecord indexing;
-    const OpenProgress open = [&](const QString &title, const QString &label, int maximum) {
-        ProgressRecord &record = maximum > 0 ? copying : indexing;
-        return recordedBy(record)(title, label, maximum);
+    WillingUser user(stick, songs);
+    ProgressRecord record;
+    record.onUpdate = [&songs](int done) {
+        say(QStringLiteral("STEP ") + nameOf(songs.at(done - 1)));
     };
-    return Transfer(user, open).transferFiles(songs) == Transfer::Outcome::Complete;
+    return Transfer(user, recordedBy(record)).transferFiles(songs) == Transfer::Outcome::Complete;
 }
 
+/** A song counts as saved when its row says so and the log says nothing else. */
 bool synchronise(const QStringList &songs)
 {
     Database database;
@@ -272,11 +270,18 @@ bool synchronise(const QStringList &songs)
     for (const QString &path : songs) {
         SongInfo info;
         info.fileName = path;
-        info.shortName = QFileInfo(path).fileName();
+        info.shortName = nameOf(path);
         if (!model.addSong(info))
             qFatal("cannot fill the table");
     }
-    ProgressRecord record = claiming(QStringLiteral("saved"), songs);
+    ProgressRecord record;
+    record.onUpdate = [&](int done) {
+        const QString name = nameOf(songs.at(done - 1));
+        if (!warned() && model.status(done - 1) == Database::StatusSynced)
+            say(QStringLiteral("CLAIM saved ") + name);
+        say(QStringLiteral("STEP ") + name);
+        warned() = false;
+    };
     Synchronisation synchronisation(
         database, model, [] { return true; },
         [](const QString &) { return int{NoCopyrightDialog::Yes}; }, recordedBy(record));
@@ -288,6 +293,8 @@ bool updateIndex(const QString &stick)
     Index index;
     index.setRenameQuestion(
         [](const QString &, const QString &) { return int{NoCopyrightDialog::Yes}; });
+    QObject::connect(&index, &Index::progressValueChanged, &index,
+                     [](int done) { say(QStringLiteral("STEP %1").arg(done)); });
     if (!index.updateIndex(stick))
         return false;
     say(QStringLiteral("CLAIM index-written"));

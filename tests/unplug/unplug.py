@@ -56,8 +56,8 @@ class Guest:
         self.work = work
         self.lines = []  # (time, text) of what the guest has said since the last job
         self.news = threading.Condition()
-        sockets = [os.path.join(work, name) for name in ("qmp", "serial")]
-        for path in sockets:
+        self.sockets = [os.path.join(work, name) for name in ("qmp", "serial")]
+        for path in self.sockets:
             if os.path.exists(path):
                 os.remove(path)
         kernel = os.path.join(work, "kernel", "boot")
@@ -67,10 +67,12 @@ class Guest:
              "-nic", "none", "-no-reboot", "-kernel", kernel, "-initrd", os.path.join(work, "guest.cpio"),
              "-append", "console=ttyS0 panic=-1 rdinit=/init", "-device", "qemu-xhci",
              "-serial", "file:" + os.path.join(work, "console.log"),
-             "-serial", f"unix:{sockets[1]},server=on", "-qmp", f"unix:{sockets[0]},server=on,wait=off"],
+             "-serial", f"unix:{self.sockets[1]},server=on", "-qmp", f"unix:{self.sockets[0]},server=on,wait=off"],
             stdin=subprocess.DEVNULL)
-        self.qmp = connect(sockets[0]).makefile("rw")
-        self.serial = connect(sockets[1]).makefile("rw")
+
+    def begin(self):
+        """Returns when the guest is ready for its first job."""
+        self.qmp, self.serial = (connect(path).makefile("rw") for path in self.sockets)
         self.qmp.readline()
         self.command("qmp_capabilities")
         threading.Thread(target=self.listen, daemon=True).start()
@@ -97,7 +99,7 @@ class Guest:
         self.serial.flush()
 
     def wait_for(self, beginning, count=1, seconds=LONGEST_JOB):
-        """Waits until so many lines begin like this; returns the time when the last of them came."""
+        """Waits until so many lines begin like this; returns when the last of them came."""
         def found():
             return [when for when, line in self.lines if line.startswith(beginning)][count - 1:]
         with self.news:
@@ -231,7 +233,7 @@ class Job:
         run("cp", "--sparse=always", self.fresh, self.image)
 
     def rehearse(self, mount):
-        """The job without a pull; returns when its claims came after its beginning."""
+        """The job without a pull; returns when its steps came after its beginning, and its end."""
         self.take_fresh()
         began = self.guest.start(self.name, mount, self.image)
         ended = self.guest.wait_for("DONE 0") - began
@@ -246,25 +248,27 @@ class Job:
         verdict = self.judge(after, [line for _, line in lines])
         if verdict.losses() or verdict["new"] < len(self.new):
             raise Wrong(f"{self.name} loses songs without a pull: {verdict} {verdict.faults}")
-        return [when - began for when, line in lines if line.startswith("CLAIM")] + [ended]
+        return [when - began for when, line in lines if line.startswith("STEP")] + [ended]
 
     def pull_once(self, number, chance):
-        """Pulls at a random moment, which counts from the last claim before it: the guest is not
+        """Pulls at a random moment, which counts from the last step before it: the guest is not
         always equally fast."""
-        times = self.times[number % len(MOUNT_OPTIONS)]
+        mount = number % len(MOUNT_OPTIONS)
+        times = self.times[mount]
         moment = chance.uniform(0, times[-1] * 1.1)
-        claims = sum(1 for when in times[:-1] if when <= moment)
+        steps = sum(1 for when in times[:-1] if when <= moment)
         self.take_fresh()
-        self.guest.start(self.name, MOUNT_OPTIONS[number % len(MOUNT_OPTIONS)], self.image)
-        if claims:
-            self.guest.wait_for("CLAIM", claims)
-        time.sleep(moment - times[claims - 1] if claims else moment)
+        self.guest.start(self.name, MOUNT_OPTIONS[mount], self.image)
+        if steps:
+            self.guest.wait_for("STEP", steps)
+        time.sleep(moment - times[steps - 1] if steps else moment)
         self.guest.pull()
         self.guest.wait_for("DONE")
         said = self.guest.said()
         self.guest.release()
 
-        shutil.copyfile(self.image, self.image + ".raw") if self.options.keep else None
+        if self.options.keep:
+            run("cp", "--sparse=always", self.image, self.image + ".raw")
         fsck = run("fsck.vfat", "-a", "-w", self.image, good=(0, 1))
         run("fsck.vfat", "-n", self.image)
         read_image(self.image, self.folder)
@@ -274,7 +278,8 @@ class Job:
         if index_faults:
             verdict.lose("index", "; ".join(index_faults[:5]))
         if verdict.losses():
-            self.keep_findings(number, [f"claims before the pull: {claims}", *verdict.faults, "",
+            self.keep_findings(number, [f"{MOUNT_OPTIONS[mount]}, pulled {moment:.2f} s of "
+                                        f"{times[-1]:.2f} after the start", *verdict.faults, "",
                                         "The program said:", *said, "", "fsck:", fsck,
                                         "The recovery:", recovery])
         return verdict
@@ -291,6 +296,7 @@ class Job:
             content = now.get(path)
             old, new = self.old.get(path), self.new.get(path)
             verdict["claimed"] += path in claimed
+            verdict["early"] += content != new and f"STEP {os.path.basename(path)}" in said
             if path in claimed and content != new:
                 verdict.lose("untrue", f"{path} was claimed, but is not the new one")
             if content is not None and content in (old, new):
@@ -312,7 +318,7 @@ class Job:
         for line in said:
             if line in ("CLAIM all-copied", "CLAIM index-written"):
                 paths |= self.new.keys()
-            elif line.startswith("CLAIM "):
+            elif re.match("CLAIM (copied|saved) ", line):
                 song = "songs/" + line.split(" ", 2)[2]
                 paths |= {song, song.replace(".mp3", ".cdg")} & self.new.keys()
         return paths
@@ -327,7 +333,7 @@ class Job:
         os.makedirs(folder)
         shutil.copytree(self.folder, os.path.join(folder, "stick"))
         if self.options.keep:
-            shutil.copyfile(self.image + ".raw", os.path.join(folder, "stick.img"))
+            os.rename(self.image + ".raw", os.path.join(folder, "stick.img"))
         with open(os.path.join(folder, "report"), "w", encoding="utf-8") as file:
             file.write("\n".join(lines) + "\n")
 
@@ -356,7 +362,7 @@ def control(guest, work):
             raise Wrong(f"a pull keeps {len(content)} bytes of a file that is {job}")
 
 
-COLUMNS = ("old", "new", "claimed", *Verdict.LOSSES)
+COLUMNS = ("old", "new", "early", "claimed", *Verdict.LOSSES)
 
 
 def test(options):
@@ -364,17 +370,19 @@ def test(options):
     losses = 0
     guest = Guest(options.work)
     try:
+        guest.begin()
         control(guest, options.work)
         for name in options.jobs.split():
             job = Job(name, guest, options)
             chance = random.Random(f"{name} {options.seed}")
             total = collections.Counter()
+            start = time.monotonic()
             for number in range(options.pulls):
                 verdict = job.pull_once(number, chance)
                 total.update(verdict)
                 losses += verdict.losses()
-            print(f"{name:8}{options.pulls:6}" + "".join(f"{total[column]:9}" for column in COLUMNS),
-                  flush=True)
+            print(f"{name:8}{options.pulls:6}" + "".join(f"{total[column]:9}" for column in COLUMNS)
+                  + f"   {time.monotonic() - start:.0f} s", flush=True)
     finally:
         guest.close()
     return losses
