@@ -2,6 +2,7 @@
 
 #include "app/backupdialog.h"
 #include "formats/diagnostics.h"
+#include "formats/safefile.h"
 
 #include <QDir>
 #include <QFile>
@@ -54,7 +55,7 @@ private:
         if (m_closed.contains(folder.canonicalFilePath()))
             return true;
         logDebug() << "Making new dir:" << target;
-        if (!QDir().mkdir(target))
+        if (!makeFolder(target))
             return false;
         return copy(folder.filePath(), target);
     }
@@ -62,7 +63,7 @@ private:
     bool copyFile(const QString &file, const QString &target)
     {
         logDebug() << "Copying file:" << file;
-        if (!QFile::copy(file, target))
+        if (!QFile::copy(file, target) || !flushPath(target) || !flushFolderOf(target))
             return false;
         ++m_count;
         return true;
@@ -111,7 +112,7 @@ bool LibraryBackup::backUp(const QString &directory, int filesCount) const
     logBanner();
     const QString folder = directory + QLatin1Char('/') + folderName(QDateTime::currentDateTime());
     logDebug() << "Making new root backup dir:" << folder;
-    if (!QDir().mkdir(folder)) {
+    if (!makeFolder(folder)) {
         logDebug() << "Dest root dir creation failed";
         m_report(false);
         return false;

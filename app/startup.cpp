@@ -9,6 +9,10 @@
 #include <QByteArray>
 #include <QFile>
 
+#ifdef Q_OS_UNIX
+#include <csignal>
+#endif
+
 namespace
 {
 
@@ -36,6 +40,10 @@ Startup::Startup()
     , m_logEnabled(m_settings.value(settings::logEnabled, false).toBool())
     , m_logClear(m_settings.value(settings::logClear, false).toBool())
 {
+#ifdef Q_OS_UNIX
+    // A file that reaches the user's size limit is a write that fails, not the end of the program.
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
 }
 
 void Startup::setUpLog() const

@@ -13,6 +13,7 @@ class QTranslator;
 class Startup
 {
 public:
+    /** From here on a write beyond the limit for file sizes fails and does not end the program. */
     Startup();
 
     /**

@@ -1,9 +1,11 @@
 #include "devindex/filecopier.h"
 
 #include "devindex/companion.h"
+#include "devindex/copybatch.h"
 #include "formats/diagnostics.h"
 #include "formats/safefile.h"
 #include "library/nocopyrightdialog.h"
+#include "library/whileanswering.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -70,39 +72,72 @@ FileCopier::FileCopier(AskReplace askReplace)
 {
 }
 
+FileCopier::~FileCopier() = default;
+
 bool FileCopier::copyFiles(const QStringList &files, const QString &dest, int &copied,
                            Progress &progress)
 {
     copied = 0;
-    int processed = 0;
     m_report = {};
+    m_songs = QList<Song>(files.size(), Song::NotReached);
+    m_batch = std::make_unique<CopyBatch>(dest);
     m_ask = true;
     m_replaceAll = false;
 
-    for (const QString &source : files) {
+    const bool toTheEnd = copyAll(files, dest, progress);
+    settle();
+    for (qsizetype i = 0; i < files.size(); ++i) {
+        if (m_songs.at(i) == Song::Failed)
+            m_report.failed.append(files.at(i));
+    }
+    m_report.copied = static_cast<int>(m_songs.count(Song::Copied));
+    m_report.skipped = static_cast<int>(m_songs.count(Song::Skipped));
+    if (!toTheEnd)
+        return false;
+    copied = m_report.copied;
+    return m_report.failed.isEmpty();
+}
+
+/** False when the user stopped it. */
+bool FileCopier::copyAll(const QStringList &files, const QString &dest, Progress &progress)
+{
+    for (int i = 0; i < files.size(); ++i) {
         m_keepAlive.processEvents();
         if (progress.wasCanceled())
             return false;
+        const QString &source = files.at(i);
         const QString target = targetOf(source, dest);
-        ++processed;
+        if (m_batch->isFull() || m_batch->holds(target))
+            settle();
         const bool exists = QFileInfo::exists(target);
         if (source == target || (exists && isSameFile(source, target))) {
-            ++m_report.copied;
+            m_songs[i] = Song::Copied;
             continue;
         }
         logDebug() << "Copying file:" << source << "to:" << target;
         if (exists && !mayReplace(target)) {
-            ++m_report.skipped;
+            m_songs[i] = Song::Skipped;
             continue;
         }
-        if (copySong(source, target, exists))
-            ++m_report.copied;
-        else
-            m_report.failed.append(source);
-        progress.updateProgress(processed);
+        m_songs[i] = Song::Copied;
+        if (!copySong(i, source, target, exists))
+            m_songs[i] = Song::Failed;
+        progress.updateProgress(i + 1);
     }
-    copied = m_report.copied;
-    return m_report.failed.isEmpty();
+    return true;
+}
+
+/** Brings what was copied to the medium; songs that do not get there have failed. */
+void FileCopier::settle()
+{
+    QSet<int> failed;
+    if (!m_batch->isEmpty())
+        whileAnswering([&] {
+            failed = m_batch->settle();
+            return true;
+        });
+    for (const int song : std::as_const(failed))
+        m_songs[song] = Song::Failed;
 }
 
 qint64 FileCopier::roomNeeded(const QStringList &files, const QString &dest)
@@ -141,48 +176,63 @@ bool FileCopier::mayReplace(const QString &target)
     return replace;
 }
 
-bool FileCopier::copySong(const QString &source, const QString &target, bool replace)
+bool FileCopier::copySong(int song, const QString &source, const QString &target, bool replace)
 {
-    if (!copyFile(source, target, replace))
+    if (!copyFile(song, source, target, replace))
         return false;
     const QString companion = companionOf(source);
     if (companion.isEmpty())
         return true;
     const QString besideTarget = companionTarget(companion, target);
-    return isSameFile(companion, besideTarget) || copyFile(companion, besideTarget, replace);
+    return isSameFile(companion, besideTarget) || copyFile(song, companion, besideTarget, replace);
 }
 
 /**
- * The copy takes the target's name only when it is whole: whatever happens before, an old target is
- * still there. Only where there is no room for both does the old one go first.
+ * The copy takes the target's name only when it is whole, with the others of its batch: whatever
+ * happens before, an old target is still there. Only where there is no room for both does the old
+ * one go first.
  */
-bool FileCopier::copyFile(const QString &source, const QString &target, bool replace)
+bool FileCopier::copyFile(int song, const QString &source, const QString &target, bool replace)
 {
     const QString part = hiddenBeside(target, partSuffix);
     const auto refuse = [&target](const char *reason) {
         logWarning() << "[FileCopier::copyFile] Impossible to copy," << reason << target;
         return false;
     };
+    if (m_batch->holds(target))
+        settle();
     if (QFileInfo(target).isDir() || (!replace && isTaken(target)))
         return refuse("the name is taken:");
 
-    Copy copy = copyBytes(source, part, replace);
+    Copy copy = copyBytes(source, part);
+    if (copy == Copy::NoRoom && !m_batch->isEmpty()) {
+        settle(); // the files that it replaces give their room back
+        copy = copyBytes(source, part);
+    }
     if (copy == Copy::NoRoom && replace && fitsInsteadOf(source, target)) {
-        if (!QFile::remove(target))
+        if (!giveUp(target))
             return refuse("no room and the old file cannot be removed:");
-        copy = copyBytes(source, part, replace);
+        copy = copyBytes(source, part);
     }
     if (copy != Copy::Done)
         return refuse(copy == Copy::NoSource ? "the file cannot be read:"
                                              : "it cannot be written:");
-    if (renameOver(part, target))
-        return true;
-    QFile::remove(part);
-    return refuse("the new file cannot take its name:");
+    m_batch->add({song, part, target, replace && isTaken(target)}, QFileInfo(part).size());
+    return true;
+}
+
+/**
+ * Removes an old file to make room. Its place is free when its name is gone on the medium: no name
+ * must lead to bytes that have become another song's.
+ */
+bool FileCopier::giveUp(const QString &target)
+{
+    const auto oldBytes = keepBytesOf(target);
+    return QFile::remove(target) && flushFolderOf(target);
 }
 
 /** Copies into a new file, and removes it when it does not become whole. */
-FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &part, bool replace)
+FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &part)
 {
     const QFileInfo before(source);
     QFile in(source);
@@ -204,11 +254,8 @@ FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &par
         count = readChunk(in, left);
     }
     const bool noRoom = out.error() == QFile::ResourceError;
-    // A new file can be copied again if the memory is pulled too early; flushing each would take
-    // half as long again. One that is replaced is not given up for bytes that are not there yet.
-    const bool whole = left == 0 && (!replace || flushToMedium(out));
-    out.close();
-    if (whole && QFileInfo(part).size() == QFileInfo(source).size())
+    const bool arrived = closeChecked(out);
+    if (left == 0 && arrived && QFileInfo(part).size() == QFileInfo(source).size())
         return Copy::Done;
     out.remove();
     return noRoom ? Copy::NoRoom : Copy::Failed;

@@ -6,14 +6,18 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 
 QT_BEGIN_NAMESPACE
 class QFile;
 QT_END_NAMESPACE
+
+class CopyBatch;
 
 /**
  * One object copies one list of files. It asks before it replaces a file and remembers the "all"
@@ -40,11 +44,14 @@ public:
     };
 
     explicit FileCopier(AskReplace askReplace = &FileCopier::showReplaceQuestion);
+    ~FileCopier();
+    Q_DISABLE_COPY_MOVE(FileCopier)
 
     /**
      * Copies the files into the folder dest, in their order. A file that lies there already counts
      * as copied; one that the user keeps counts as neither copied nor failed. An MP3 whose
-     * companion cannot be copied counts as failed, although the MP3 itself has arrived.
+     * companion cannot be copied counts as failed, although the MP3 itself has arrived. Every file
+     * that counts as copied is on the medium when this returns.
      *
      * The progress is asked before each file whether to stop, and told the number of files looked
      * at after each attempt to copy one.
@@ -71,16 +78,23 @@ public:
 private:
     enum class Copy { Done, NoSource, NoRoom, Failed };
 
+    enum class Song { NotReached, Copied, Skipped, Failed };
+
+    bool copyAll(const QStringList &files, const QString &dest, Progress &progress);
+    void settle();
     bool mayReplace(const QString &target);
-    bool copySong(const QString &source, const QString &target, bool replace);
-    bool copyFile(const QString &source, const QString &target, bool replace);
-    Copy copyBytes(const QString &source, const QString &part, bool replace);
+    bool copySong(int song, const QString &source, const QString &target, bool replace);
+    bool copyFile(int song, const QString &source, const QString &target, bool replace);
+    static bool giveUp(const QString &target);
+    Copy copyBytes(const QString &source, const QString &part);
     qint64 readChunk(QFile &in, qint64 left);
 
     const AskReplace m_askReplace;
     bool m_ask = true;         ///< false after an "all" answer
     bool m_replaceAll = false; ///< that answer
     Report m_report;
+    QList<Song> m_songs; ///< what became of each file of the list
+    std::unique_ptr<CopyBatch> m_batch;
     QByteArray m_buffer;
     KeepAlive m_keepAlive;
 };

@@ -55,10 +55,17 @@ bool removeFile(const QString &path)
     return QFile::remove(path) || !QFileInfo::exists(path);
 }
 
+/**
+ * Renames a file or folder, on the medium as well: it is flushed itself before its folder, since on
+ * FAT its new entry would else lead nowhere.
+ */
 bool renameItem(const QString &path, const QString &newPath)
 {
-    if (QDir().rename(path, newPath))
+    if (QDir().rename(path, newPath)) {
+        if (!flushPath(newPath) || !flushFolderOf(newPath))
+            logWarning() << "[Index::renameLongFileName] Impossible to flush" << newPath;
         return true;
+    }
     logWarning() << "[Index::renameLongFileName] Impossible to rename" << path;
     return false;
 }
@@ -196,7 +203,7 @@ void Index::createKavenaDir()
     const QDir root(rootPath);
     for (const QLatin1String name : {indexfiles::EffectsFolder, indexfiles::BridgeFolder}) {
         if (!root.exists(name))
-            root.mkdir(name);
+            makeFolder(filePath(name));
     }
 }
 
@@ -481,6 +488,10 @@ void Index::removeDeletedItems()
         [](const SongInfoIndex &entry) { return entry.id == SongInfoIndex::RemovedId; });
 }
 
+/**
+ * Order of the flushes: the folder once the old counts are gone; each file; the folder; the new
+ * counts, before and after they get their name; the folder again.
+ */
 bool Index::writeIndexFiles()
 {
     struct SongFile {
@@ -522,7 +533,7 @@ bool Index::writeIndexFiles()
     }
     // The other files are on the medium by name, too, before the counts make them an index.
     const QString countFile = filePath(indexfiles::Count);
-    if (!flushFolderOf(countFile) || writeNumFile() < 0 || !flushFolderOf(countFile))
+    if (!flushFolderOf(countFile) || writeNumFile() < 0)
         return false;
     emit progressValueChanged(100);
     return true;
@@ -604,7 +615,7 @@ int Index::writeNumFile()
     // It makes the others an index, so it appears with its bytes or not at all.
     const QString unfinished = filePath(indexfiles::UnfinishedCount);
     if (indexwriter::writeCounts(unfinished, counts) == 0 &&
-        renameOver(unfinished, filePath(indexfiles::Count)))
+        replaceOnMedium(unfinished, filePath(indexfiles::Count)))
         return 0;
     QFile::remove(unfinished);
     return -1;
@@ -709,5 +720,5 @@ bool Index::writeSongsList(RecordWriter &list)
         emit currentPathChanged(entry.fullPath);
         emit progressValueChanged(++step);
     }
-    return list.close();
+    return list.close() && flushFolderOf(list.path());
 }

@@ -121,7 +121,7 @@ PlaylistFiles::Outcome PlaylistFiles::savePaths(quint16 number,
     RecordWriter paths(pathsName);
     if (openExisting(playlist, QIODevice::ReadOnly) && paths.open()) {
         const bool written = writePaths(playlist, entries, paths);
-        if (paths.close() && written)
+        if (paths.close() && written && flushFolderOf(pathsName))
             return Outcome::Done;
         QFile::remove(pathsName); // a part of the playlist would pass for all of it
     }

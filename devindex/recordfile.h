@@ -17,6 +17,8 @@ class RecordWriter
 public:
     explicit RecordWriter(const QString &path);
 
+    QString path() const { return m_file.fileName(); }
+
     /** Creates the file, or empties the one that is there. */
     bool open();
 

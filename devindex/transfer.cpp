@@ -3,6 +3,7 @@
 #include "devindex/index.h"
 #include "devindex/sizetext.h"
 #include "formats/diagnostics.h"
+#include "formats/safefile.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -79,7 +80,7 @@ QString Transfer::chooseDestination()
     if (m_volumes.isRoot(dest)) {
         // Not mkpath: a memory that was pulled must not come back as a folder of the system disk.
         const QString songs = dest + QStringLiteral("/songs");
-        if (!QFileInfo(songs).isDir() && !QDir().mkdir(songs)) {
+        if (!QFileInfo(songs).isDir() && !makeFolder(songs)) {
             m_questions.warn(title, tr("Non è possibile copiare i file sulla cartella principale, "
                                        "creare o selezionare una sottocartella"));
             return {};

@@ -1,8 +1,11 @@
 #include "formats/safefile.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <system_error>
 
@@ -12,6 +15,10 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#endif
+
+#ifdef Q_OS_LINUX
+#include <sys/vfs.h>
 #endif
 
 #ifdef Q_OS_UNIX
@@ -30,22 +37,53 @@ bool flushHandle(int handle)
     return ::fsync(handle) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
+/**
+ * Network and user-space file systems tell as late as at close() that bytes did not arrive, and
+ * QFile does not listen. They tell it at each close of the file, that of a second handle included.
+ */
+bool closesWell(int handle)
+{
+    const int second = ::dup(handle);
+    return second >= 0 && ::close(second) == 0;
+}
+
 } // namespace
 
 bool flushToMedium(QFile &file)
 {
-    return file.flush() && flushHandle(file.handle());
+    return file.flush() && flushHandle(file.handle()) && closesWell(file.handle());
+}
+
+bool closeChecked(QFile &file)
+{
+    const bool arrived = file.flush() && closesWell(file.handle());
+    file.close();
+    return arrived;
+}
+
+bool flushPath(const QString &path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    int handle = ::open(name.constData(), O_RDONLY | O_CLOEXEC);
+    if (handle < 0 && errno == EACCES)
+        handle = ::open(name.constData(), O_WRONLY | O_CLOEXEC);
+    if (handle < 0)
+        return errno == EISDIR; // files may be made in a folder that may not be read
+    const bool flushed = flushHandle(handle);
+    return ::close(handle) == 0 && flushed;
 }
 
 bool flushFolderOf(const QString &path)
 {
-    const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
-    const int handle = ::open(folder.constData(), O_RDONLY | O_CLOEXEC);
-    if (handle < 0)
-        return errno == EACCES; // files may be made in a folder that may not be read
-    const bool flushed = flushHandle(handle);
-    ::close(handle);
-    return flushed;
+    return flushPath(QFileInfo(path).path());
+}
+
+std::unique_ptr<QFile> keepBytesOf(const QString &path)
+{
+    auto file = std::make_unique<QFile>(path);
+    if (!file->open(QFile::ReadOnly | QFile::Unbuffered))
+        file.reset();
+    return file;
 }
 
 bool holdFile(QFile &file)
@@ -64,9 +102,26 @@ bool flushToMedium(QFile &file)
     return file.flush();
 }
 
+bool closeChecked(QFile &file)
+{
+    const bool arrived = file.flush();
+    file.close();
+    return arrived && file.error() == QFile::NoError;
+}
+
+bool flushPath(const QString &)
+{
+    return true;
+}
+
 bool flushFolderOf(const QString &)
 {
     return true;
+}
+
+std::unique_ptr<QFile> keepBytesOf(const QString &)
+{
+    return nullptr; // no file takes the name of an open one there
 }
 
 bool holdFile(QFile &)
@@ -82,6 +137,59 @@ bool renameOver(const QString &from, const QString &to)
     std::filesystem::rename(QFileInfo(from).filesystemFilePath(),
                             QFileInfo(to).filesystemFilePath(), error);
     return !error;
+}
+
+bool replaceOnMedium(const QString &from, const QString &to)
+{
+    const auto oldBytes = keepBytesOf(to);
+    return renameOver(from, to) && (!oldBytes || flushFolderOf(to)) && flushPath(to) &&
+           flushFolderOf(to);
+}
+
+bool makeFolder(const QString &path)
+{
+    return QDir().mkdir(path) && flushPath(path) && flushFolderOf(path);
+}
+
+FileSystemFlush::FileSystemFlush(const QString &folder)
+{
+#ifdef Q_OS_LINUX
+    // The file systems that the kernel writes itself, and brings to the medium whole.
+    constexpr std::array<quint32, 8> known{0x4D44,     // FAT
+                                           0x2011BAB0, // exFAT
+                                           0xEF53,     // ext2 to ext4
+                                           0x9123683E, // Btrfs
+                                           0x58465342, // XFS
+                                           0xF2F52010, // F2FS
+                                           0x7366746E, // NTFS
+                                           0x01021994};
+    m_handle = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_CLOEXEC);
+    struct statfs system {
+    };
+    m_works =
+        m_handle >= 0 && ::fstatfs(m_handle, &system) == 0 &&
+        std::find(known.begin(), known.end(), static_cast<quint32>(system.f_type)) != known.end();
+#else
+    Q_UNUSED(folder)
+#endif
+}
+
+FileSystemFlush::~FileSystemFlush()
+{
+#ifdef Q_OS_LINUX
+    if (m_handle >= 0)
+        ::close(m_handle);
+#endif
+}
+
+bool FileSystemFlush::flush() const
+{
+#ifdef Q_OS_LINUX
+    // The folder's own flush makes a disk write what it still holds in a buffer of its own.
+    return m_works && ::syncfs(m_handle) == 0 && flushHandle(m_handle);
+#else
+    return false;
+#endif
 }
 
 QString hiddenBeside(const QString &path, QLatin1String suffix)

@@ -6,11 +6,24 @@
 #include <QLatin1String>
 #include <QString>
 
+#include <memory>
+
 /**
  * Brings everything that was written to the open file to the medium. A disk that turns out to be
- * full or broken only now makes this false. True on file systems that cannot flush single files.
+ * full or broken only now makes this false, and so does what closing the file would tell. True on
+ * file systems that cannot flush single files.
  */
 bool flushToMedium(QFile &file);
+
+/** Closes a written file; false when the system tells only now that its bytes did not arrive. */
+bool closeChecked(QFile &file);
+
+/**
+ * Brings a file that nobody writes any more, or the entries of a folder, to the medium. After a
+ * file was renamed, this is what makes its new entry lead to its bytes on a FAT file system. False
+ * when the medium fails or nothing lies there; true where that cannot be flushed.
+ */
+bool flushPath(const QString &path);
 
 /**
  * Brings the entries of the folder that holds the path to the medium: files that were created,
@@ -29,6 +42,51 @@ bool holdFile(QFile &file);
  * any time. Both must lie in one file system. False when nothing was changed.
  */
 bool renameOver(const QString &from, const QString &to);
+
+/**
+ * While the returned object lives, the bytes of this file stay on the medium although the file
+ * loses its name: a file system without a journal would else give their place free before its
+ * folder leads to the new bytes. Null when the file cannot be opened for reading.
+ */
+std::unique_ptr<QFile> keepBytesOf(const QString &path);
+
+/**
+ * Like renameOver(); when this is true, the new state is on the medium. The bytes of from must be
+ * there already. False when nothing was changed, or when the medium does not take the change: the
+ * name leads to one of the two files even then.
+ *
+ * The order, for FAT, where a crash may leave any part of what was not flushed:
+ *  1. the rename, while the old bytes are kept;
+ *  2. the folder: the name from is gone (else two names would lead to the same bytes, and a check
+ *     of the file system empties one of them), the name to leads to the old bytes;
+ *  3. the file: the name leads to the new bytes;
+ *  4. the folder once more, for file systems that write the name only with it;
+ *  5. the place of the old bytes is free.
+ * Without an old file there is no step 2: the name to would lead nowhere after it.
+ */
+bool replaceOnMedium(const QString &from, const QString &to);
+
+/** Makes a folder, whose parent must exist; true when it is on the medium. */
+bool makeFolder(const QString &path);
+
+/**
+ * Brings everything in the file system of a folder to the medium at once, which for many files is
+ * much quicker than one after the other. Failures count from when the object was made.
+ */
+class FileSystemFlush
+{
+public:
+    explicit FileSystemFlush(const QString &folder);
+    ~FileSystemFlush();
+    Q_DISABLE_COPY_MOVE(FileSystemFlush)
+
+    /** False when it failed, or cannot be relied upon: then each file has to be flushed itself. */
+    bool flush() const;
+
+private:
+    int m_handle = -1;
+    bool m_works = false;
+};
 
 /**
  * The path of a hidden file beside this one that ends in the suffix: ".song.mid.suffix". A name

@@ -108,7 +108,7 @@ bool SongFileWriter::replaceBytes(const QByteArray &bytes)
         return false;
     bool written = false;
     if (m_created) {
-        written = writeAt(0, bytes) && flushToMedium(m_file);
+        written = writeAt(0, bytes) && flushToMedium(m_file) && flushFolderOf(m_path);
         m_created = !written;
     } else if (m_oldSize <= SongJournal::LargestSong) {
         SongJournal::Content journal;
@@ -120,7 +120,10 @@ bool SongFileWriter::replaceBytes(const QByteArray &bytes)
     return written;
 }
 
-/** From the journal's first moment to its last the song can be put back, whatever happens. */
+/**
+ * From the journal's first moment to its last the song can be put back, whatever happens. Order of
+ * the flushes: the journal, its folder; the song; the folder again when the journal is gone.
+ */
 bool SongFileWriter::replaceJournalled(const QByteArray &bytes, const SongJournal::Content &old)
 {
     SongJournal journal(m_path);
@@ -228,6 +231,10 @@ bool SongFileWriter::rollBack(const SongJournal::Content &journal, const QString
     return written;
 }
 
+/**
+ * Order of the flushes: the temporary file with all its bytes; then what replaceOnMedium() does to
+ * bring its new name to the medium. Before that the song is the old one.
+ */
 SongFileWriter::Outcome SongFileWriter::replaceThroughTemporary(const QByteArray &head,
                                                                 QFile &source, qint64 sourcePos)
 {
@@ -249,7 +256,7 @@ SongFileWriter::Outcome SongFileWriter::replaceThroughTemporary(const QByteArray
         return giveUp(Outcome::CannotCopy);
     temporary.close();
     source.close();
-    if (!renameOver(temporary.fileName(), m_path))
+    if (!replaceOnMedium(temporary.fileName(), m_path))
         return giveUp(Outcome::CannotReplace);
     return Outcome::Done;
 }

@@ -30,7 +30,7 @@ public:
         CannotWrite,  ///< the head could not be written
         CannotSeek,   ///< the source ends before the position from which it is to be copied
         CannotCopy,   ///< the rest of the source could not be copied whole
-        CannotReplace ///< the finished file could not take the old one's place
+        CannotReplace ///< the finished file could not take the old one's place on the medium
     };
 
     explicit SongFileWriter(const QString &path);

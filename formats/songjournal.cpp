@@ -109,9 +109,10 @@ bool SongJournal::remove()
     // free and still there.
     const bool removed = QFile::remove(path());
     m_file.close();
+    // A journal that comes back after a power cut would undo a save that was reported.
     if (removed || m_file.remove())
-        return true;
+        return flushFolderOf(path());
     // An empty journal is invalid: it can never put anything back over newer bytes.
-    const bool emptied = m_file.resize(0);
-    return m_file.remove() || emptied;
+    const bool emptied = m_file.resize(0) && flushPath(path());
+    return (m_file.remove() && flushFolderOf(path())) || emptied;
 }

@@ -59,7 +59,10 @@ public:
      */
     State read(Content &content);
 
-    /** Takes the journal away, or at least its meaning. False when neither is possible. */
+    /**
+     * Takes the journal away, or at least its meaning, on the medium as well. False when neither is
+     * possible.
+     */
     bool remove();
 
 private:

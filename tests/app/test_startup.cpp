@@ -7,6 +7,11 @@
 #include <QCoreApplication>
 #include <QTranslator>
 
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 namespace
 {
 
@@ -83,6 +88,7 @@ private slots:
     void clearedLogHoldsOnlyThisRun();
     void logIsNotClearedWhileItIsOff();
     void clearingAMissingLogIsFine();
+    void limitForFileSizesLetsAWriteFailAndNotTheProgram();
 
 private:
     QScopedPointer<OwnWorkingFolder> m_folder;
@@ -190,6 +196,37 @@ void TestStartup::clearingAMissingLogIsFine()
     OwnSettings::set(settings::logClear, true);
     Startup().setUpLog();
     QCOMPARE(logLines(), banner);
+}
+
+void TestStartup::limitForFileSizesLetsAWriteFailAndNotTheProgram()
+{
+    // In a child process: the limit and what the program does about the signal stay with it.
+    constexpr int writeFailed = 7;
+    const auto childEndsWith = [](bool startsUp) {
+        const pid_t child = fork();
+        if (child == 0) {
+            std::signal(SIGXFSZ, SIG_DFL);
+            if (startsUp)
+                Startup();
+            rlimit limit{};
+            getrlimit(RLIMIT_FSIZE, &limit);
+            limit.rlim_cur = 100;
+            setrlimit(RLIMIT_FSIZE, &limit);
+            QFile song(QStringLiteral("song.mid"));
+            const bool written = song.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+                                 song.write(QByteArray(200, 'x')) == 200;
+            _exit(written ? 0 : writeFailed);
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        return status;
+    };
+    const int withoutStartup = childEndsWith(false);
+    QVERIFY(WIFSIGNALED(withoutStartup));
+    QCOMPARE(WTERMSIG(withoutStartup), SIGXFSZ);
+    const int withStartup = childEndsWith(true);
+    QVERIFY(WIFEXITED(withStartup));
+    QCOMPARE(WEXITSTATUS(withStartup), writeFailed);
 }
 
 int main(int argc, char *argv[])

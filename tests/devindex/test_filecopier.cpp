@@ -32,6 +32,9 @@ private slots:
 
     void copiesEveryFileInTheOrderOfTheList();
     void emptyListIsASuccess();
+    void filesGetTheirNamesTogetherWhenTheyAreOnTheMedium();
+    void manyFilesGetTheirNamesInSeveralGroups();
+    void secondFileOfOneNameFindsTheFirstInPlace();
     void logNamesSourceAndTarget();
     void fileAtItsPlaceCountsAsCopiedWithoutProgress();
     void fileReachedByAnotherPathIsAtItsPlace_data();
@@ -144,7 +147,7 @@ void TestFileCopier::copiesEveryFileInTheOrderOfTheList()
                                write(QStringLiteral("lib/città.kar"), "c")};
     QStringList order;
     m_progress->onUpdate = [&](int) {
-        const QStringList now = QDir(m_dest).entryList(QDir::Files);
+        const QStringList now = QDir(m_dest).entryList(QDir::Files | QDir::Hidden);
         for (const QString &name : now) {
             if (!order.contains(name))
                 order.append(name);
@@ -153,12 +156,63 @@ void TestFileCopier::copiesEveryFileInTheOrderOfTheList()
     QVERIFY(copy(files));
     QCOMPARE(m_copied, 3);
     QCOMPARE(m_progress->updates, QList<int>({1, 2, 3}));
-    QCOMPARE(order, QStringList({QStringLiteral("z.mid"), QStringLiteral("a.mf5"),
-                                 QStringLiteral("città.kar")}));
+    QCOMPARE(order, QStringList({QStringLiteral(".z.mid.kavena-part"),
+                                 QStringLiteral(".a.mf5.kavena-part"),
+                                 QStringLiteral(".città.kar.kavena-part")}));
     QCOMPARE(read(QStringLiteral("dest/z.mid")), QByteArray("zzz"));
     QCOMPARE(read(QStringLiteral("dest/a.mf5")), QByteArray("aaaa"));
     QCOMPARE(read(QStringLiteral("dest/città.kar")), QByteArray("c"));
     QCOMPARE(read(QStringLiteral("lib/z.mid")), QByteArray("zzz"));
+}
+
+void TestFileCopier::filesGetTheirNamesTogetherWhenTheyAreOnTheMedium()
+{
+    write(QStringLiteral("dest/a.mid"), "old");
+    const QStringList files = {write(QStringLiteral("lib/a.mid"), "new"),
+                               write(QStringLiteral("lib/b.mid"), "bbb")};
+    int looked = 0;
+    m_progress->onUpdate = [&](int) {
+        ++looked;
+        QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("old"));
+        QVERIFY(!QFile::exists(m_dest + QStringLiteral("/b.mid")));
+    };
+    QVERIFY(copy(files, {NoCopyrightDialog::Yes}));
+    QCOMPARE(looked, 2);
+    QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("new"));
+    QCOMPARE(read(QStringLiteral("dest/b.mid")), QByteArray("bbb"));
+    QCOMPARE(QDir(m_dest).entryList(QDir::Files | QDir::Hidden, QDir::Name),
+             QStringList({QStringLiteral("a.mid"), QStringLiteral("b.mid")}));
+}
+
+void TestFileCopier::manyFilesGetTheirNamesInSeveralGroups()
+{
+    constexpr int count = 600;
+    QStringList files;
+    for (int i = 0; i < count; ++i)
+        files.append(write(QStringLiteral("lib/s%1.mid").arg(i), QByteArray::number(i)));
+    int named = 0;
+    m_progress->onUpdate = [&](int done) {
+        if (done == count)
+            named = static_cast<int>(QDir(m_dest).entryList(QDir::Files).size());
+    };
+    QVERIFY(copy(files));
+    QCOMPARE(m_copied, count);
+    QVERIFY2(named > 0 && named < count, qPrintable(QString::number(named)));
+    for (int i = 0; i < count; ++i)
+        QCOMPARE(read(QStringLiteral("dest/s%1.mid").arg(i)), QByteArray::number(i));
+    QCOMPARE(QDir(m_dest).entryList(QDir::Files | QDir::Hidden).size(), count);
+}
+
+void TestFileCopier::secondFileOfOneNameFindsTheFirstInPlace()
+{
+    QVERIFY(QDir().mkpath(path(QStringLiteral("one"))) &&
+            QDir().mkpath(path(QStringLiteral("two"))));
+    const QStringList files = {write(QStringLiteral("one/a.mid"), "first"),
+                               write(QStringLiteral("two/a.mid"), "second")};
+    QVERIFY(copy(files, {NoCopyrightDialog::No}));
+    QCOMPARE(m_asked, QStringList(m_dest + QStringLiteral("/a.mid")));
+    QCOMPARE(m_copied, 1);
+    QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("first"));
 }
 
 void TestFileCopier::emptyListIsASuccess()

@@ -1,0 +1,115 @@
+#include "devindex/copybatch.h"
+
+#include "formats/diagnostics.h"
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+namespace
+{
+
+/** As many old files are held open at the same time; a program may have 1024 open at most. */
+constexpr qsizetype mostFiles = 256;
+constexpr qint64 mostBytes = qint64{64} * 1024 * 1024;
+
+} // namespace
+
+CopyBatch::CopyBatch(const QString &folder)
+    : m_folder(folder)
+    , m_fileSystem(folder)
+{
+}
+
+CopyBatch::~CopyBatch()
+{
+    for (const File &file : std::as_const(m_files))
+        QFile::remove(file.part);
+}
+
+void CopyBatch::add(const File &file, qint64 size)
+{
+    m_files.append(file);
+    m_size += size;
+}
+
+bool CopyBatch::isFull() const
+{
+    return m_files.size() >= mostFiles || m_size >= mostBytes;
+}
+
+bool CopyBatch::holds(const QString &target) const
+{
+    return std::any_of(m_files.cbegin(), m_files.cend(), [&target](const File &file) {
+        return file.target.compare(target, Qt::CaseInsensitive) == 0;
+    });
+}
+
+/**
+ * The order is that of replaceOnMedium(), each step for all files:
+ *  1. the parts are flushed;
+ *  2. those that replace a file get their names, while the old bytes are kept; the folder is
+ *     flushed: the names lead to the old bytes;
+ *  3. new files get their names: not before, since they would lead nowhere after that flush;
+ *  4. all files are flushed under their names: they lead to the new bytes;
+ *  5. the folder is flushed;
+ *  6. the place of the old bytes is free.
+ */
+QSet<int> CopyBatch::settle()
+{
+    m_failed.clear();
+    if (m_files.isEmpty())
+        return {};
+    flush(&File::part);
+    std::vector<std::unique_ptr<QFile>> oldBytes;
+    for (const File &file : std::as_const(m_files)) {
+        if (file.replaces)
+            oldBytes.push_back(keepBytesOf(file.target));
+    }
+    giveNames(true);
+    bool flushed = oldBytes.empty() || flushPath(m_folder);
+    giveNames(false);
+    flush(&File::target);
+    flushed = flushPath(m_folder) && flushed;
+    for (const File &file : std::as_const(m_files)) {
+        if (!flushed)
+            fail(file, "the folder cannot be brought to the medium:");
+    }
+    m_files.clear();
+    m_size = 0;
+    return m_failed;
+}
+
+/** Files that cannot be flushed leave the batch. */
+void CopyBatch::flush(QString File::*path)
+{
+    if (m_fileSystem.flush())
+        return;
+    m_files.removeIf([this, path](const File &file) {
+        if (flushPath(file.*path))
+            return false;
+        fail(file, "it cannot be brought to the medium:");
+        QFile::remove(file.part);
+        return true;
+    });
+}
+
+/** Files that do not get their names leave the batch. */
+void CopyBatch::giveNames(bool replacing)
+{
+    m_files.removeIf([this, replacing](const File &file) {
+        if (file.replaces != replacing)
+            return false;
+        if ((replacing || !isTaken(file.target)) && renameOver(file.part, file.target))
+            return false;
+        fail(file, "the new file cannot take its name:");
+        QFile::remove(file.part);
+        return true;
+    });
+}
+
+void CopyBatch::fail(const File &file, const char *reason)
+{
+    logWarning() << "[CopyBatch::settle] Impossible to copy," << reason << file.target;
+    m_failed.insert(file.song);
+}

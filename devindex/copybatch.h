@@ -1,0 +1,59 @@
+// Copies that have all their bytes but not yet their names.
+#pragma once
+
+#include "formats/safefile.h"
+
+#include <QList>
+#include <QSet>
+#include <QString>
+#include <QtGlobal>
+
+/**
+ * Many small files are brought to the medium together, since a flush for each would take several
+ * times as long as copying it. A copy counts only when settle() did not name its song.
+ */
+class CopyBatch
+{
+public:
+    struct File {
+        int song = 0;          ///< by which settle() names what failed
+        QString part;          ///< where the bytes are
+        QString target;        ///< the name that they get
+        bool replaces = false; ///< a file may have that name already
+    };
+
+    /** All files of the batch lie in this folder. */
+    explicit CopyBatch(const QString &folder);
+
+    /** Removes what was not settled. */
+    ~CopyBatch();
+    Q_DISABLE_COPY_MOVE(CopyBatch)
+
+    /** Takes over a file of this size, written and closed. */
+    void add(const File &file, qint64 size);
+
+    bool isEmpty() const { return m_files.isEmpty(); }
+
+    /** Time to settle: what is not settled is lost if the medium is pulled. */
+    bool isFull() const;
+
+    /** A file of the batch is going to have this name, in whatever letter case. */
+    bool holds(const QString &target) const;
+
+    /**
+     * Gives all files their names and empties the batch. Returns the songs of which a file did not
+     * get its name, or is not on the medium under it for certain.
+     */
+    QSet<int> settle();
+
+private:
+    void flush(QString File::*path);
+    void giveNames(bool replacing);
+    void fail(const File &file, const char *reason);
+
+    QString m_folder;
+    FileSystemFlush m_fileSystem;
+    QList<File> m_files;
+    qint64 m_size = 0;
+    QSet<int> m_failed;
+};
