@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing for the groups named as arguments (build, test,
-# package, check, bench, unplug), as root or through sudo; where neither is possible, says in one line what
-# to install.
+# package, check, bench, unplug), as root or through sudo; where neither is possible, says in one
+# line what to install.
 set -euo pipefail
 
 declare -A groups=(

@@ -40,6 +40,9 @@ import check_memory  # noqa: E402
 MOUNT_OPTIONS = ("utf8=1,shortname=mixed,flush", "utf8=1,shortname=mixed")
 STICK_SIZE = 300 << 20
 SECTORS_PER_CLUSTER = 8
+# A cheap stick. The slower it is, the more pulls come while something is being written.
+WRITES_PER_SECOND = 300
+BYTES_PER_SECOND = 5 << 20
 LONGEST_JOB = 300  # seconds
 SONG = re.compile(r"\.(mid|mf3|mf4|mf5|mp3|cdg)$")
 INDEX = set(check_memory.INDEX_FILES)
@@ -75,6 +78,8 @@ class Guest:
         self.qmp, self.serial = (connect(path).makefile("rw") for path in self.sockets)
         self.qmp.readline()
         self.command("qmp_capabilities")
+        self.command("object-add", **{"qom-type": "throttle-group"}, id="cheap", limits={
+            "iops-write": WRITES_PER_SECOND, "bps-write": BYTES_PER_SECOND})
         threading.Thread(target=self.listen, daemon=True).start()
         self.wait_for("READY", seconds=100)
 
@@ -110,8 +115,9 @@ class Guest:
     def start(self, job, options, image):
         self.lines = []
         # The emulator's own flushes are of no use: what it has written is in the file for us.
-        self.command("blockdev-add", driver="raw", **{"node-name": "image"}, file={
-            "driver": "file", "filename": image, "cache": {"no-flush": True}})
+        self.command("blockdev-add", driver="throttle", **{"node-name": "image"}, file={
+            "driver": "raw", "file": {"driver": "file", "filename": image}}, cache={"no-flush": True},
+            **{"throttle-group": "cheap"})
         self.command("device_add", driver="usb-storage", id="stick", drive="image")
         self.say(f"{job} {options}")
         return self.wait_for("MOUNTED")
