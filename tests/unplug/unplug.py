@@ -308,8 +308,8 @@ class Job:
             if content is not None and content in (old, new):
                 verdict["new" if content == new else "old"] += 1
             elif content is None:
-                # A song that was renamed is there under its other name.
-                if old is not None and old not in now.values():
+                # A song that was renamed is there, or judged, under its other name.
+                if old is not None and old not in now.values() and not self.is_renamed(old, now):
                     verdict.lose("missing", path)
             elif not content:
                 verdict.lose("empty", path)
@@ -318,6 +318,10 @@ class Job:
             else:
                 verdict.lose("damaged", f"{path}: {len(content)} bytes")
         return verdict
+
+    def is_renamed(self, content, now):
+        return any(path in now and path not in self.old
+                   for path, new in self.new.items() if new == content)
 
     def claimed(self, said):
         paths = set()
