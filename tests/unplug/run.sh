@@ -4,12 +4,13 @@
 #   UNPLUG_DRIVER  the driver (default: that of the preset "release", which is built)
 #   UNPLUG_JOBS    only these of the jobs "empty over sync update"
 #   UNPLUG_SEED    a number; another one gives other moments
-# The kernel is Debian's: its package is downloaded and unpacked into build/unplug, not installed.
-# What a pull has left behind when something was lost stays in build/unplug/findings.
+#   UNPLUG_WORK    the work folder (default: build/unplug)
+# The kernel is Debian's: its package is downloaded and unpacked into the work folder, not installed.
+# What a pull has left behind when something was lost stays in its folder "findings".
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 root=$(cd "$here/../.." && pwd)
-work=$root/build/unplug
+work=${UNPLUG_WORK:-$root/build/unplug}
 
 "$root/packaging/ensure-packages.sh" build unplug
 driver=${UNPLUG_DRIVER:-$root/build/release/tests/kavena-unplug-driver}
