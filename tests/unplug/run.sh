@@ -5,7 +5,7 @@
 #   UNPLUG_JOBS    only these of the jobs "empty over sync update"
 #   UNPLUG_SEED    a number; another one gives other moments
 #   UNPLUG_WORK    the work folder (default: build/unplug)
-# The kernel is Debian's: its package is downloaded and unpacked into the work folder, not installed.
+# The kernel is Debian's: its package is downloaded and unpacked in the work folder, not installed.
 # What a pull has left behind when something was lost stays in its folder "findings".
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
@@ -15,7 +15,8 @@ work=${UNPLUG_WORK:-$root/build/unplug}
 "$root/packaging/ensure-packages.sh" build unplug
 driver=${UNPLUG_DRIVER:-$root/build/release/tests/kavena-unplug-driver}
 if [ -z "${UNPLUG_DRIVER:-}" ]; then
-  (cd "$root" && cmake --preset release && cmake --build --preset release --target kavena-unplug-driver)
+  (cd "$root" && cmake --preset release &&
+    cmake --build --preset release --target kavena-unplug-driver)
 fi
 mkdir -p "$work"
 cd "$work"
@@ -42,11 +43,12 @@ cp "$plugin" guest/work/plugins/sqldrivers/
 ldd "$driver" "$plugin" | sed -n 's/.*=> \(\/[^ ]*\).*/\1/p' | sort -u | xargs cp -Lt guest/work/lib
 mkdir guest/lib64
 cp -L /lib64/ld-linux-x86-64.so.2 guest/lib64/
-(cd "${modules[0]}/.." && find */kernel \( -path '*/fs/fat/*' -o -path '*/fs/nls/*' \
-  -o -path '*/drivers/usb/c*' -o -path '*/drivers/usb/host/xhci*' -o -path '*/drivers/usb/storage/*' \
+mkdir -p guest/lib/modules
+(cd kernel/lib/modules && find */kernel \( -path '*/fs/fat/*' -o -path '*/fs/nls/*' \
+  -o -path '*/drivers/usb/c*' -o -path '*/usb/host/xhci*' -o -path '*/usb/storage/*' \
   -o -path '*/drivers/scsi/s*' -o -path '*/block/t10*' -o -path '*/crypto/crc*' \
-  -o -path '*/lib/crc*' -o -path '*/x86/crypto/crc*' \) -name '*.ko' -print0 |
-  xargs -0 cp --parents -t "$(mkdir -p "$work/guest/lib/modules" && echo "$work/guest/lib/modules")")
+  -o -path '*/lib/crc*' \) -name '*.ko' -print0 |
+  xargs -0 cp --parents -t "$work/guest/lib/modules")
 busybox depmod -b guest "$(basename "${modules[0]}")"
 (cd guest && find . | cpio --quiet -o -H newc) >guest.cpio
 

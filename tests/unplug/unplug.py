@@ -3,9 +3,10 @@
 
 Started by run.sh. For each job the guest (init, driver.cpp) first does it undisturbed: this gives
 the new songs and the times of the program's claims. Then it does it again on a fresh stick for each
-pull. The stick goes at a random moment between the beginning and a little after the end, by a
-device_del of the emulator, of which the guest learns only when its next access fails: what it has
-not written by then is lost. Two control pulls prove that, before anything else.
+pull. The stick goes at a random moment between the beginning and a little after the end, after so
+many seconds or after so many writes, by a device_del of the emulator, of which the guest learns
+only when its next access fails: what it has not written by then is lost. Two control pulls prove
+that, before anything else.
 
 After each pull fsck.vfat repairs the image, the driver reads all songs so that the program can put
 back what was cut off, and then
@@ -19,6 +20,7 @@ back what was cut off, and then
 
 import argparse
 import collections
+import glob
 import json
 import os
 import random
@@ -63,15 +65,15 @@ class Guest:
         for path in self.sockets:
             if os.path.exists(path):
                 os.remove(path)
-        kernel = os.path.join(work, "kernel", "boot")
-        kernel = os.path.join(kernel, next(n for n in os.listdir(kernel) if n.startswith("vmlinuz")))
+        kernel = glob.glob(os.path.join(work, "kernel/boot/vmlinuz-*"))[0]
+        # No kvm: where it is there, but does not work, the guest would stand still.
         self.process = subprocess.Popen(
             ["qemu-system-x86_64", "-accel", "tcg", "-m", "1024", "-display", "none",
              "-nic", "none", "-no-reboot", "-kernel", kernel, "-initrd", os.path.join(work, "guest.cpio"),
              "-append", "console=ttyS0 panic=-1 rdinit=/init", "-device", "qemu-xhci",
              "-serial", "file:" + os.path.join(work, "console.log"),
-             "-serial", f"unix:{self.sockets[1]},server=on", "-qmp", f"unix:{self.sockets[0]},server=on,wait=off"],
-            stdin=subprocess.DEVNULL)
+             "-serial", f"unix:{self.sockets[1]},server=on,wait=off",
+             "-qmp", f"unix:{self.sockets[0]},server=on,wait=off"], stdin=subprocess.DEVNULL)
 
     def begin(self):
         """Returns when the guest is ready for its first job."""
@@ -81,7 +83,7 @@ class Guest:
         self.command("object-add", **{"qom-type": "throttle-group"}, id="cheap", limits={
             "iops-write": WRITES_PER_SECOND, "bps-write": BYTES_PER_SECOND})
         threading.Thread(target=self.listen, daemon=True).start()
-        self.wait_for("READY", seconds=100)
+        self.wait_for("READY")
 
     def listen(self):
         for line in self.serial:
@@ -97,7 +99,7 @@ class Guest:
             if "error" in answer:
                 raise Wrong(f"{name}: {answer['error']}")
             if "return" in answer:
-                return
+                return answer["return"]
 
     def say(self, line):
         self.serial.write(line + "\n")
@@ -115,18 +117,24 @@ class Guest:
     def start(self, job, options, image):
         self.lines = []
         # The emulator's own flushes are of no use: what it has written is in the file for us.
-        self.command("blockdev-add", driver="throttle", **{"node-name": "image"}, file={
-            "driver": "raw", "file": {"driver": "file", "filename": image}}, cache={"no-flush": True},
-            **{"throttle-group": "cheap"})
+        file = {"driver": "raw", "file": {"driver": "file", "filename": image}}
+        self.command("blockdev-add", driver="throttle", file=file, cache={"no-flush": True},
+                     **{"node-name": "image", "throttle-group": "cheap"})
         self.command("device_add", driver="usb-storage", id="stick", drive="image")
         self.say(f"{job} {options}")
         return self.wait_for("MOUNTED")
+
+    def writes(self):
+        """How often the stick was written since it was plugged in."""
+        return sum(device["stats"]["wr_operations"] for device in self.command("query-blockstats")
+                   if "stick" in device.get("qdev", ""))
 
     def pull(self):
         self.command("device_del", id="stick")
         for _ in range(100):
             try:
-                return self.command("blockdev-del", **{"node-name": "image"})
+                self.command("blockdev-del", **{"node-name": "image"})
+                return
             except Wrong:
                 time.sleep(0.02)  # the last write is still under way
         raise Wrong("the stick cannot be pulled")
@@ -233,18 +241,20 @@ class Job:
         make_image(os.path.join(self.work, "songs", name), self.fresh)
         before = read_image(self.fresh, self.folder)
         self.old, self.old_index = songs_of(before), index_of(before)
-        self.times = [self.rehearse(mount) for mount in MOUNT_OPTIONS]
+        self.rehearsals = [self.rehearse(mount) for mount in MOUNT_OPTIONS]
 
     def take_fresh(self):
         run("cp", "--sparse=always", self.fresh, self.image)
 
     def rehearse(self, mount):
-        """The job without a pull; returns when its steps came after its beginning, and its end."""
+        """The job without a pull; returns when its steps and its end came after its beginning, and
+        how many writes it takes."""
         self.take_fresh()
         began = self.guest.start(self.name, mount, self.image)
         ended = self.guest.wait_for("DONE 0") - began
         lines = list(self.guest.lines)
         self.guest.release()
+        writes = self.guest.writes()
         self.guest.pull()
         after = read_image(self.image, self.folder)
         self.new = songs_of(after)
@@ -254,20 +264,32 @@ class Job:
         verdict = self.judge(after, [line for _, line in lines])
         if verdict.losses() or verdict["new"] < len(self.new):
             raise Wrong(f"{self.name} loses songs without a pull: {verdict} {verdict.faults}")
-        return [when - began for when, line in lines if line.startswith("STEP")] + [ended]
+        return [when - began for when, line in lines if line.startswith("STEP")] + [ended], writes
 
-    def pull_once(self, number, chance):
-        """Pulls at a random moment, which counts from the last step before it: the guest is not
-        always equally fast."""
-        mount = number % len(MOUNT_OPTIONS)
-        times = self.times[mount]
-        moment = chance.uniform(0, times[-1] * 1.1)
+    def wait_seconds(self, times, moment):
+        """Counts from the last step before the moment: the guest is not always equally fast."""
         steps = sum(1 for when in times[:-1] if when <= moment)
-        self.take_fresh()
-        self.guest.start(self.name, MOUNT_OPTIONS[mount], self.image)
         if steps:
             self.guest.wait_for("STEP", steps)
         time.sleep(moment - times[steps - 1] if steps else moment)
+
+    def wait_writes(self, writes):
+        while self.guest.writes() < writes and not any(
+                line.startswith("DONE") for line in self.guest.said()):
+            time.sleep(0.001)
+
+    def pull_once(self, number, chance):
+        mount = number % len(MOUNT_OPTIONS)
+        by_writes = number // len(MOUNT_OPTIONS) % 2
+        times, writes = self.rehearsals[mount]
+        end = writes if by_writes else times[-1]
+        moment = chance.uniform(0, end * 1.1)
+        self.take_fresh()
+        self.guest.start(self.name, MOUNT_OPTIONS[mount], self.image)
+        if by_writes:
+            self.wait_writes(moment)
+        else:
+            self.wait_seconds(times, moment)
         self.guest.pull()
         self.guest.wait_for("DONE")
         said = self.guest.said()
@@ -284,10 +306,10 @@ class Job:
         if index_faults:
             verdict.lose("index", "; ".join(index_faults[:5]))
         if verdict.losses():
-            self.keep_findings(number, [f"{MOUNT_OPTIONS[mount]}, pulled {moment:.2f} s of "
-                                        f"{times[-1]:.2f} after the start", *verdict.faults, "",
-                                        "The program said:", *said, "", "fsck:", fsck,
-                                        "The recovery:", recovery])
+            pulled = f"after {moment:.2f} of {end:.2f} {'writes' if by_writes else 'seconds'}"
+            self.keep_findings(number, [
+                f"{MOUNT_OPTIONS[mount]}, pulled {pulled}", *verdict.faults, "",
+                "The program said:", *said, "", "fsck:", fsck, "The recovery:", recovery])
         return verdict
 
     def judge(self, tree, said):
