@@ -55,21 +55,6 @@ bool removeFile(const QString &path)
     return QFile::remove(path) || !QFileInfo::exists(path);
 }
 
-/**
- * Renames a file or folder, on the medium as well: it is flushed itself before its folder, since on
- * FAT its new entry would else lead nowhere.
- */
-bool renameItem(const QString &path, const QString &newPath)
-{
-    if (QDir().rename(path, newPath)) {
-        if (!flushPath(newPath) || !flushFolderOf(newPath))
-            logWarning() << "[Index::renameLongFileName] Impossible to flush" << newPath;
-        return true;
-    }
-    logWarning() << "[Index::renameLongFileName] Impossible to rename" << path;
-    return false;
-}
-
 /** A line of the list of songs: each field closed by ";", without quotes, in UTF-8. */
 QByteArray listLine(const std::array<QStringView, 4> &fields)
 {
@@ -169,12 +154,13 @@ bool Index::begin(const QString &root)
     indexChanged = 0;
     m_buildFailed = false;
     m_playlistsFailed = false;
+    m_renamesUnsure = false;
     return true;
 }
 
 bool Index::hasWholeIndex() const
 {
-    return !m_buildFailed && !m_playlistsFailed && checkIndexFile();
+    return !m_buildFailed && !m_playlistsFailed && !m_renamesUnsure && checkIndexFile();
 }
 
 QString Index::filePath(const QString &name) const
@@ -289,6 +275,23 @@ QString Index::renameLongFileName(const QString &path)
     if (!companion.isEmpty())
         renameItem(companion, companionTarget(companion, candidate));
     return candidate;
+}
+
+/**
+ * Renames a file or folder, on the medium as well: it is flushed itself before its folder, since on
+ * FAT its new entry would else lead nowhere. Never by copying, as Qt does after a failure.
+ */
+bool Index::renameItem(const QString &path, const QString &newPath)
+{
+    if (isTaken(newPath) || !renameOver(path, newPath)) {
+        logWarning() << "[Index::renameLongFileName] Impossible to rename" << path;
+        return false;
+    }
+    if (!flushPath(newPath) || !flushFolderOf(newPath)) {
+        logWarning() << "[Index::renameLongFileName] Impossible to flush" << newPath;
+        m_renamesUnsure = true;
+    }
+    return true;
 }
 
 bool Index::askForRename(const QString &path, const QString &candidate)
@@ -418,6 +421,8 @@ void Index::createPathIndex()
     emit progressValueChanged(0);
     filesFound = 0;
     scan_files(rootPath);
+    if (m_renamesUnsure)
+        return;
     if (filesFound == 0) {
         logWarning() << "[Index::createPathIndex] No songs in" << rootPath;
         return;

@@ -187,6 +187,7 @@ private:
     void scanFolder(const QString &dir, bool throughLink, Scan &scan);
     void scanFile(QFileInfo file, Scan &scan);
     bool askForRename(const QString &path, const QString &candidate);
+    bool renameItem(const QString &path, const QString &newPath);
     template <typename Order>
     bool addFile(const QFileInfo &file, Order &order);
     bool pathOnMemory(const QString &fullPath, QString &path);
@@ -203,4 +204,5 @@ private:
     ShortNames m_shortNames;
     bool m_buildFailed = false;
     bool m_playlistsFailed = false;
+    bool m_renamesUnsure = false; ///< a song was renamed, but may not be so after a power cut
 };

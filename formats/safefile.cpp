@@ -142,8 +142,12 @@ bool renameOver(const QString &from, const QString &to)
 bool replaceOnMedium(const QString &from, const QString &to)
 {
     const auto oldBytes = keepBytesOf(to);
-    return renameOver(from, to) && (!oldBytes || flushFolderOf(to)) && flushPath(to) &&
-           flushFolderOf(to);
+    if (!renameOver(from, to))
+        return false;
+    // A flush that fails is no reason to leave out those behind it.
+    bool flushed = !oldBytes || flushFolderOf(to);
+    flushed = flushPath(to) && flushed;
+    return flushFolderOf(to) && flushed;
 }
 
 bool makeFolder(const QString &path)

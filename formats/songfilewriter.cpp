@@ -136,6 +136,12 @@ bool SongFileWriter::replaceJournalled(const QByteArray &bytes, const SongJourna
     // With a journal that cannot be taken away the song would become the old one again some day.
     if ((written || putBack(old.oldBytes)) && journal.remove())
         return written;
+    if (!isTaken(journal.path())) {
+        // It may be back after a power cut; writing the song without it would be worse.
+        logWarning() << "[SongFileWriter::replaceBytes] Impossible to flush the folder of"
+                     << m_path;
+        return false;
+    }
     if (written)
         putBack(old.oldBytes);
     logWarning() << "[SongFileWriter::replaceBytes] The old bytes stay in" << journal.path();

@@ -47,7 +47,9 @@ public:
 
     /**
      * Gives the opened file these bytes, brings them to the medium and closes it. False when they
-     * could not be written: the old ones have been put back then, or wait in the journal.
+     * could not be written: the old ones have been put back then, or wait in the journal. False,
+     * too, when the medium did not confirm that the journal is gone: the song is whole then, but
+     * a power cut may make it the old one again.
      */
     bool replaceBytes(const QByteArray &bytes);
 

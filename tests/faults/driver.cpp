@@ -57,6 +57,10 @@ QStringList &report()
 void say(const QString &kind, const QString &text)
 {
     report().append(kind + QLatin1Char(' ') + QString(text).replace(QLatin1Char('\n'), QChar()));
+    using Note = void (*)(const char *);
+    static const auto note = reinterpret_cast<Note>(dlsym(RTLD_DEFAULT, "faults_note"));
+    if (note != nullptr)
+        note(report().constLast().toUtf8().constData());
 }
 
 void saveLog(QtMsgType type, const QMessageLogContext &, const QString &text)
@@ -358,8 +362,8 @@ bool run(const Request &request, std::optional<Library> &library)
     setenv("KAVENA_MOUNT_DIRS", (request.root + "/mnt").c_str(), 1);
     qInstallMessageHandler(&saveLog);
     const bool succeeded = run(request, library);
-    unsetenv("FAULTS_ROOT");
     say(QStringLiteral("result"), QString::number(succeeded ? 1 : 0));
+    unsetenv("FAULTS_ROOT");
     samplesongs::writeFile(QStringLiteral("report"),
                            report().join(QLatin1Char('\n')).toUtf8() + '\n');
     _exit(EXIT_SUCCESS);

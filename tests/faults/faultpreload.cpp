@@ -10,11 +10,15 @@
 //                 kill    the process is killed instead of the call
 //                 gone    the folder FAULTS_GONE is renamed away before the call, as when a memory
 //                         is pulled (to the same name with ".gone" behind it)
-//   FAULTS_TRACE  a file that gets a line for each call: its name and the path
+//   FAULTS_TRACE  a file that gets a line for each call, in their order: its name and the path; for
+//                 a rename " -> " and the new path, for an open file " #" and its handle behind it.
+//                 Lines that are no calls: "handle" for what an open gave, "failed" behind a call
+//                 that had to fail, "say" for what the program told
 //
 // Counted are the calls that open, write, flush, truncate, rename, remove or close a file or make a
-// folder. Flushes that succeed are not carried out: what is in the page cache outlives a killed
-// process, and the tests are quicker.
+// folder. Flushes that succeed are only traced, not carried out: what is in the page cache outlives
+// a killed process, and the tests are quicker. What they would have brought to the medium, and
+// whether in the right order, is told from the trace (check_order.py).
 #include <cerrno>
 #include <climits>
 #include <csignal>
@@ -107,6 +111,7 @@ bool fails(const char *call, const std::string &path)
     const bool isDead = p.mode == "dead" && p.at > 0 && p.count >= p.at;
     if (!isDead && (!isAt || p.mode == "short"))
         return false;
+    trace("failed", call);
     errno = p.mode == "enospc" ? ENOSPC : EIO;
     return true;
 }
@@ -114,6 +119,12 @@ bool fails(const char *call, const std::string &path)
 bool isTracked(int handle)
 {
     return handle >= 0 && handle < maxHandles && !paths[handle].empty();
+}
+
+/** How the trace names an open file. */
+std::string named(int handle)
+{
+    return paths[handle] + " #" + std::to_string(handle);
 }
 
 int track(int handle, const std::string &path)
@@ -145,7 +156,11 @@ int openCounted(const char *path, int flags, const Open &open)
     const std::string full = absolute(path);
     if (!counts(full))
         return open();
-    return fails(openName(flags), full) ? -1 : track(open(), full);
+    if (fails(openName(flags), full))
+        return -1;
+    const int handle = track(open(), full);
+    trace(handle < 0 ? "refused" : "handle", handle < 0 ? full : named(handle));
+    return handle;
 }
 
 template <typename Change>
@@ -161,7 +176,7 @@ ssize_t writeCounted(int handle, size_t size, const Write &write)
     if (!isTracked(handle))
         return write(size);
     Plan &p = plan();
-    if (fails("write", paths[handle]))
+    if (fails("write", named(handle)))
         return -1;
     if (full[handle]) {
         full[handle] = false;
@@ -175,16 +190,29 @@ ssize_t writeCounted(int handle, size_t size, const Write &write)
 }
 
 template <typename Sync>
-int syncCounted(int handle, const Sync &sync)
+int syncCounted(const char *call, int handle, const Sync &sync)
 {
     if (!isTracked(handle))
         return sync();
-    return fails("flush", paths[handle]) ? -1 : 0;
+    return fails(call, named(handle)) ? -1 : 0;
+}
+
+template <typename Rename>
+int renameCounted(const char *from, const char *to, const Rename &rename)
+{
+    const std::string full = absolute(from);
+    return counts(full) && fails("rename", full + " -> " + absolute(to)) ? -1 : rename();
 }
 
 } // namespace
 
 extern "C" {
+
+/** Puts what the program says among the calls of the trace. */
+void faults_note(const char *text)
+{
+    trace("say", text);
+}
 
 __attribute__((constructor)) void faults_read_environment()
 {
@@ -236,7 +264,7 @@ FILE *fopen64(const char *path, const char *mode)
         return nullptr;
     FILE *const file = REAL(fopen64)(path, mode);
     if (file != nullptr)
-        track(fileno(file), full);
+        trace("handle", named(track(fileno(file), full)));
     return file;
 }
 
@@ -250,7 +278,7 @@ int fclose(FILE *file)
     const int handle = fileno(file);
     if (!isTracked(handle))
         return REAL(fclose)(file);
-    const bool failing = fails("close", paths[handle]);
+    const bool failing = fails("close", named(handle));
     const int error = errno;
     track(handle, "");
     const int result = REAL(fclose)(file);
@@ -264,7 +292,7 @@ int close(int handle)
 {
     if (!isTracked(handle))
         return REAL(close)(handle);
-    const bool failing = fails("close", paths[handle]);
+    const bool failing = fails("close", named(handle));
     const int error = errno;
     track(handle, "");
     const int result = REAL(close)(handle);
@@ -289,17 +317,31 @@ ssize_t pwrite64(int handle, const void *bytes, size_t size, off64_t position)
 
 int fsync(int handle)
 {
-    return syncCounted(handle, [&] { return REAL(fsync)(handle); });
+    return syncCounted("flush", handle, [&] { return REAL(fsync)(handle); });
 }
 
 int fdatasync(int handle)
 {
-    return syncCounted(handle, [&] { return REAL(fdatasync)(handle); });
+    return syncCounted("flush", handle, [&] { return REAL(fdatasync)(handle); });
+}
+
+int syncfs(int handle) noexcept
+{
+    return syncCounted("flushall", handle, [&] { return REAL(syncfs)(handle); });
+}
+
+/** Not counted: a second handle changes nothing. Closing it can fail like closing the first. */
+int dup(int handle) noexcept
+{
+    const int second = REAL(dup)(handle);
+    if (isTracked(handle) && second >= 0)
+        trace("handle", named(track(second, paths[handle])));
+    return second;
 }
 
 int ftruncate64(int handle, off64_t size)
 {
-    return isTracked(handle) && fails("truncate", paths[handle]) ? -1
+    return isTracked(handle) && fails("truncate", named(handle)) ? -1
                                                                  : REAL(ftruncate64)(handle, size);
 }
 
@@ -320,12 +362,12 @@ int truncate(const char *path, off_t size)
 
 int rename(const char *from, const char *to)
 {
-    return changeCounted("rename", from, [&] { return REAL(rename)(from, to); });
+    return renameCounted(from, to, [&] { return REAL(rename)(from, to); });
 }
 
 int renameat2(int fromFolder, const char *from, int toFolder, const char *to, unsigned flags)
 {
-    return changeCounted("rename", from,
+    return renameCounted(from, to,
                          [&] { return REAL(renameat2)(fromFolder, from, toFolder, to, flags); });
 }
 

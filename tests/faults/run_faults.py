@@ -11,7 +11,9 @@ for each way in which that call can fail. After each time:
   program was killed, or the medium stayed dead: after the songs have been imported again);
 - a memory has its whole old index, a whole new one (check_memory.py is the judge) or none;
 - the program has said that something failed, unless the job was done all the same;
-- no temporary file is left, unless the program was killed or could not remove it any more.
+- no temporary file is left, unless the program was killed or could not remove it any more;
+- unless the program was killed, its flushes came in the right order (check_order.py), and it did
+  not call something done that was not flushed; a flush or a close that failed is never passed over.
 
 Among the ways is that the memory is pulled in the middle. Last, each job is done on a disk with more
 and more room; where nothing can be mounted, with files that can grow no further instead.
@@ -30,7 +32,9 @@ import types
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.join(HERE, "..", "tools"))
 sys.dont_write_bytecode = True
+sys.path.insert(0, HERE)
 import check_memory  # noqa: E402
+import check_order  # noqa: E402
 
 SAVES = (
     "s03.mid:A_title_that_makes_the_file_longer",
@@ -46,15 +50,15 @@ JOBS = ["save:" + save for save in SAVES] + ["sync", "create", "rebuild", "updat
 # Which calls can fail in which way. A flush writes nothing, so it cannot write too little.
 CAN_FAIL = {
     "eio": {"create", "open", "openread", "write", "flush", "truncate", "rename", "remove", "close",
-            "mkdir"},
-    "enospc": {"create", "write", "flush", "truncate", "rename", "close", "mkdir"},
+            "mkdir", "flushall"},
+    "enospc": {"create", "write", "flush", "flushall", "truncate", "rename", "close", "mkdir"},
     "short": {"write"},
     "dead": {"create", "open", "openread", "write", "flush", "truncate", "rename", "remove",
-             "close", "mkdir"},
+             "close", "mkdir", "flushall"},
     "kill": {"create", "open", "openread", "write", "flush", "truncate", "rename", "remove",
-             "close", "mkdir"},
+             "close", "mkdir", "flushall"},
     "gone": {"create", "open", "openread", "write", "flush", "truncate", "rename", "remove",
-             "close", "mkdir"},
+             "close", "mkdir", "flushall"},
 }
 
 SONG = re.compile(r"\.(mid|mf3|mf4|mf5|mp3|cdg)$")
@@ -224,10 +228,15 @@ class Run:
         self.job = job
         write_tree(before, root)
         self.before = read_tree(root)
-        end, said, self.calls = driver.run(job, root)
+        self.existing = [os.path.join(root, path).rstrip("/") for path in self.before]
+        self.order = check_order.Order(self.existing + [root])
+        end, said, trace = driver.run(job, root)
+        self.calls = check_order.counted(trace)
+        self.must_be_noticed = check_order.must_be_noticed(trace)
         self.now = after = read_tree(root)
         self.judge = Judge(self.before, after)
         self.done = 0
+        self.made_room = 0  # runs in which an old song went first
         if end != "exit 0" or "result 1" not in said:
             raise Wrong(f"fails without a fault: {end}\n{said}")
         if len(self.calls) < 5 or after == self.before:
@@ -235,6 +244,7 @@ class Run:
         if index_of(after) != index_of(self.before) and \
                 self.judge.judge_index(after, root, "") != "new":
             raise Wrong("makes no index without a fault")
+        self.judge_order(self.order, trace, True)
 
     def call_names(self):
         return [line.split(" ", 1)[0] for line in self.calls]
@@ -256,10 +266,14 @@ class Run:
         shutil.rmtree(self.root)
 
     def without_room(self, room, limit=-1):
-        end, said, _ = self.driver.run(self.job, self.root, limit=limit)
+        order = check_order.Order(self.existing + [self.root])
+        end, said, trace = self.driver.run(self.job, self.root, limit=limit)
         try:
             if end != "exit 0":
                 raise Wrong(f"the program ended with {end}")
+            self.judge_order(order, trace, False)
+            self.made_room += any(line.startswith("remove ") and check_order.SONG.search(line)
+                                  for line in trace)
             return self.judge_outcome("full", said)
         except Wrong as wrong:
             raise Wrong(f"{self.job}, {room}: {wrong}\n{said}") from None
@@ -268,7 +282,9 @@ class Run:
         self.restore()
         gone = os.path.join(self.root, "library" if self.job[:4] in ("save", "sync") else
                             "backup" if self.job == "backup" else "mnt/CARD")
-        end, said, calls = self.driver.run(self.job, self.root, number, mode, gone)
+        order = check_order.Order(self.existing + [self.root])
+        end, said, trace = self.driver.run(self.job, self.root, number, mode, gone)
+        calls = check_order.counted(trace)
         try:
             if end != ("signal 9" if mode == "kill" else "exit 0"):
                 raise Wrong(f"the program ended with {end}")
@@ -276,6 +292,10 @@ class Run:
                 if os.path.exists(gone):
                     raise Wrong(f"{gone} is back, but the memory is not")
                 os.rename(gone + ".gone", gone)
+            if mode in ("eio", "enospc", "short"):
+                self.judge_order(order, trace, False)
+                if number in self.must_be_noticed and not FAILURE.search(said):
+                    raise Wrong("the failure is passed over")
             self.judge_outcome(mode, said)
         except Wrong as wrong:
             line = calls[number - 1] if number <= len(calls) else "?"
@@ -300,6 +320,14 @@ class Run:
         if mode != "kill" and not done and not FAILURE.search(said):
             raise Wrong("the program does not say that something failed")
         return done
+
+    def judge_order(self, order, trace, every_claim):
+        if self.job == "sync" and not every_claim:
+            return  # its result does not tell about single songs
+        try:
+            order.check(trace, every_claim)
+        except check_order.WrongOrder as wrong:
+            raise Wrong(f"{self.job}, order of the flushes: {wrong}") from None
 
     def judge_recovery(self, told):
         for line in told.splitlines():
@@ -419,7 +447,10 @@ def test(options, work):
         if disk:
             disk.empty()
             small = Run(driver, os.path.join(disk.folder, "root"), job, start_of(job, trees))
-            print(f"    done with {full_disk_runs(small, disk)} free pages")
+            print(f"    done with {full_disk_runs(small, disk)} free pages, "
+                  f"{small.made_room} times an old song went first")
+            if job == "transfer" and small.made_room == 0:
+                raise Wrong("no song went first to make room")
             small.clear()
         else:
             print(f"    cannot mount: failed at {limited_runs(run)} of {len(LIMITS)} limits")
