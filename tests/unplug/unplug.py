@@ -69,7 +69,8 @@ class Guest:
         # No kvm: where it is there, but does not work, the guest would stand still.
         self.process = subprocess.Popen(
             ["qemu-system-x86_64", "-accel", "tcg", "-m", "1024", "-display", "none",
-             "-nic", "none", "-no-reboot", "-kernel", kernel, "-initrd", os.path.join(work, "guest.cpio"),
+             "-nic", "none", "-no-reboot", "-kernel", kernel,
+             "-initrd", os.path.join(work, "guest.cpio"),
              "-append", "console=ttyS0 panic=-1 rdinit=/init", "-device", "qemu-xhci",
              "-serial", "file:" + os.path.join(work, "console.log"),
              "-serial", f"unix:{self.sockets[1]},server=on,wait=off",
