@@ -152,7 +152,8 @@ bool Index::checkIndexFile() const
 void Index::deleteIndex()
 {
     logDebug() << "delete index";
-    removeCounts();
+    if (!removeCounts())
+        logWarning() << "[Index::deleteIndex] Impossible to remove the counts in" << rootPath;
     for (const QLatin1String name : indexfiles::All)
         QFile::remove(filePath(name));
     for (const QLatin1String name : indexfiles::Temporary)

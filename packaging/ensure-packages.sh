@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing for the groups named as arguments (build, test,
-# package, check, bench), as root or through sudo; where neither is possible, says in one line what
-# to install.
+# package, check, bench, unplug), as root or through sudo; where neither is possible, says in one
+# line what to install.
 set -euo pipefail
 
 declare -A groups=(
@@ -15,6 +15,7 @@ declare -A groups=(
   [package]="dpkg-dev"
   [check]="clang libclang-rt-14-dev clang-tidy cppcheck gcovr"
   [bench]="libbenchmark-dev lhasa time"
+  [unplug]="qemu-system-x86 dosfstools mtools busybox-static cpio python3"
 )
 
 # Without dpkg (macOS, other systems) the packages are the user's business; CMake says what it misses.

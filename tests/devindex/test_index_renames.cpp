@@ -50,7 +50,7 @@ void cutSaveOff(const QString &song, const QByteArray &oldBytes, const QByteArra
         SongJournal journal(song);
         SongJournal::Content content;
         content.oldBytes = oldBytes;
-        content.newSize = newBytes.size();
+        content.newBytes = newBytes;
         QVERIFY(journal.write(content));
     }
     QFile file(song);
@@ -111,7 +111,7 @@ void TestIndexRenames::songInUseIsLeftAloneAndReported()
     SongJournal held(song); // as another program that saves the song
     SongJournal::Content content;
     content.oldBytes = Song;
-    content.newSize = Song.size();
+    content.newBytes = Song;
     QVERIFY(held.write(content));
     RenamingIndex index(memory);
     const QSignalSpy errors(&index, &Index::errorFromIndex);

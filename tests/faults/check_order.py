@@ -66,7 +66,7 @@ class Order:
         self.changes = {}   # folder: changes of its entries, as (path, call)
         self.handles = {}
         self.kept = {}      # handle: the file whose old bytes it keeps
-        self.unopened = set()
+        self.unopened = set()  # what the medium refused
         self.opening = ""
         self.building = False
 
@@ -76,7 +76,7 @@ class Order:
             match = LINE.match(line)
             call, path, target, handle = match.groups()
             failed = number + 1 < len(trace) and trace[number + 1].startswith("failed ")
-            if failed and call in ("openread", "flush"):
+            if failed and (call in ("openread", "flush") or path.endswith("/" + COUNTS)):
                 # The medium refuses: what follows for this file cannot be had, but a claim is wrong.
                 self.unopened.add(path)
                 self.fresh.discard(path)
@@ -104,8 +104,8 @@ class Order:
     def changed(self, path, line):
         self.changes.setdefault(os.path.dirname(path), []).append((path, line))
 
-    def change_index(self, line, path):
-        """The index is built behind all else."""
+    def change_index(self, line, path, removed=False):
+        """The index is built behind all else. Without one of its files it is none, too."""
         name = os.path.basename(path)
         if name not in INDEX_FILES:
             return
@@ -114,6 +114,8 @@ class Order:
             self.building = True
         counts = os.path.join(os.path.dirname(path), COUNTS)
         pending = [changed for changed, _ in self.changes.get(os.path.dirname(path), [])]
+        if removed and self.unopened & {counts, os.path.dirname(path)}:
+            return
         if name in OTHER_INDEX_FILES and (counts in self.existing or counts in pending):
             self.wrong(line, "the old counts are still there")
 
@@ -209,7 +211,7 @@ class Order:
     def remove(self, line, path, target, handle):
         if path not in self.existing:
             return
-        self.change_index(line, path)
+        self.change_index(line, path, removed=True)
         folder, name = os.path.split(path)
         if name.endswith(".kavena-journal"):
             song = os.path.join(folder, name[1:-len(".kavena-journal")])

@@ -330,7 +330,7 @@ void TestMemoryLock::indexDoesNotSeeTheLock()
     QStringList asked;
     index.setRenameQuestion([&asked](const QString &path, const QString &) {
         asked.append(path);
-        return static_cast<int>(Answer::Yes);
+        return Answer::Yes;
     });
     QVERIFY(index.createIndex(m_card->root()));
     QVERIFY(asked.isEmpty());
