@@ -3,7 +3,7 @@
 #include "cli/shownname.h"
 #include "cli/standardoutput.h"
 #include "devindex/indexrecords.h"
-#include "library/usersongsreltablemodel.h"
+#include "library/songtable.h"
 
 namespace
 {
@@ -23,7 +23,7 @@ void PeopleWriter::song(const QString &path, const SongInfo &info)
     item(tr("Genere"), info.genre);
     item(tr("Autore"), info.author);
     item(tr("Durata"),
-         info.length > 0 ? UserSongsRelTableModel::lengthText(info.length) : QString());
+         info.length > 0 ? SongTable::lengthText(info.length) : QString());
     number(tr("BPM"), info.userBpm);
     item(tr("Tonalità"), info.key);
     item(tr("Firma"), info.isKravo ? tr("sì") : tr("no"));
@@ -72,7 +72,7 @@ void PeopleWriter::catalogueSong(const SongsDbRecord &song)
     item(tr("Genere"), song.genre);
     item(tr("Autore"), song.author);
     item(tr("Durata"),
-         song.length > 0 ? UserSongsRelTableModel::lengthText(song.length) : QString());
+         song.length > 0 ? SongTable::lengthText(song.length) : QString());
     number(tr("BPM"), song.bpm);
     item(tr("Tonalità"), song.key);
     markers(song.markers);

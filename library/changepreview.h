@@ -4,7 +4,7 @@
 #include "formats/songinfo.h"
 #include "library/database.h"
 #include "library/progress.h"
-#include "library/usersongsreltablemodel.h"
+#include "library/songtable.h"
 
 #include <QCoreApplication>
 #include <QList>
@@ -45,7 +45,7 @@ public:
      * is now.
      */
     static std::optional<ChangePreview> compute(const Database &database,
-                                                UserSongsRelTableModel &model,
+                                                SongTable &model,
                                                 const OpenProgress &openProgress);
 
     /** The items that differ, in the order of Field. */

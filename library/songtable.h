@@ -1,11 +1,10 @@
-// The table of the user's songs behind the main window's list.
+// The table of the user's songs: its rows, their order and every change to them.
 #pragma once
 
 #include "formats/savefailure.h"
 #include "formats/songinfo.h"
 #include "library/database.h"
 
-#include <QColor>
 #include <QHash>
 #include <QList>
 #include <QSqlQuery>
@@ -32,22 +31,19 @@
  *
  * Rows enter through addSong() only; insertRows() and so insertRecord() refuse.
  */
-class UserSongsRelTableModel : public QSqlRelationalTableModel
+class SongTable : public QSqlRelationalTableModel
 {
     Q_OBJECT
 
 public:
     /** Loads the rows that the connection's `usersongs` holds, in the order of their import. */
-    UserSongsRelTableModel(QObject *parent, const QSqlDatabase &db);
+    SongTable(QObject *parent, const QSqlDatabase &db);
 
     /** Looks the column numbers up by the names of the fields. */
     void setFiledsIndexes();
 
     /** Minutes and seconds, "02:05"; the minutes are not limited to two digits. */
     static QString lengthText(qint32 seconds);
-
-    /** Sets the column titles in the present language. */
-    void setHeaderLabels();
 
     /** Appends the song with the status "new"; false when the table refuses it. */
     bool addSong(const SongInfo &info);
@@ -90,9 +86,6 @@ public:
      */
     bool rowContains(int row, const QString &text) const;
 
-    /** The background of a row of this Database::statusEnum; odd and even rows differ. */
-    static QColor statusColour(int status, int row);
-
     int colIdxFilename() const { return m_filename; }
     int colIdxStatus() const { return m_status; }
     int colIdxType() const { return m_type; }
@@ -100,9 +93,8 @@ public:
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
 
     /**
-     * The cell's value; as background the grey of the row, and in the status column the colour of
-     * the status as background and foreground, so that the number in it cannot be read. In a
-     * marked row, the tool tip and the description for screen readers tell why it is marked.
+     * The cell's value. In a marked row, the tool tip and the description for screen readers tell
+     * why it is marked.
      */
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 

@@ -1,0 +1,10 @@
+# cmake -DLIBRARIES=LIST -P core_links.cmake: what the core is linked with is nothing for windows.
+if(NOT LIBRARIES MATCHES "Qt6::Core")
+  message(FATAL_ERROR "The list of libraries is empty or wrong: ${LIBRARIES}")
+endif()
+foreach(library ${LIBRARIES})
+  if(library MATCHES "Qt6?::(Gui|Widgets|OpenGL|Quick)")
+    message(FATAL_ERROR "The core is linked with ${library}")
+  endif()
+endforeach()
+message(STATUS "The core is linked with ${LIBRARIES}")
