@@ -5,7 +5,6 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
-
 #include <algorithm>
 #include <array>
 #include <string>
@@ -299,8 +298,8 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
         if (value && plain(text).isValidUtf8())
             target = *value;
         else
-            result.error = tr("Valore non valido per %1: %2")
-                               .arg(QString::fromUtf8(option), plainText(text));
+            result.error =
+                tr("Valore non valido per %1: %2").arg(QString::fromUtf8(option), plainText(text));
     };
     const auto anyText = [](const QString &text) { return std::optional(text.trimmed()); };
     decide("--title", texts.title, anyText, request.edit.title);
@@ -322,8 +321,8 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
     else if (request.command == Command::Transfer && request.to.isEmpty())
         result.error = tr("Manca la cartella di destinazione: --to CARTELLA");
     else if (request.paths.isEmpty() && !request.pathsFromStandardInput)
-        result.error = takesOneArgument(request.command) ? tr("Manca un argomento")
-                                                         : tr("Mancano i file");
+        result.error =
+            takesOneArgument(request.command) ? tr("Manca un argomento") : tr("Mancano i file");
     else if (takesOneArgument(request.command) && request.paths.size() > 1)
         result.error = tr("Troppi argomenti");
     if (request.command == Command::CatalogueFind && result.error.isEmpty())

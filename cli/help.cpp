@@ -68,8 +68,8 @@ QString Help::text(Command command)
     for (const Usage &entry : usages()) {
         if (command != Command::None && command != entry.command)
             continue;
-        examples += command == Command::None ? QStringList{entry.examples.constFirst()}
-                                             : entry.examples;
+        examples +=
+            command == Command::None ? QStringList{entry.examples.constFirst()} : entry.examples;
         arguments += entry.arguments;
         usage += QStringLiteral("kavena ") + Arguments::words(entry.command) + QLatin1Char(' ') +
                  entry.arguments;

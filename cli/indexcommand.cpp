@@ -10,14 +10,13 @@
 
 ExitStatus IndexCommand::run()
 {
-    const std::optional<QString> path =
-        SongPaths::decode(m_request.paths.constFirst(), m_terminal);
+    const std::optional<QString> path = SongPaths::decode(m_request.paths.constFirst(), m_terminal);
     if (!path)
         return ExitStatus::NothingDone;
     const QString absolute = QFileInfo(*path).absoluteFilePath();
     if (!QFileInfo(absolute).isDir())
-        return m_terminal.refuse(
-            *path, QCoreApplication::translate("IndexDialog", "Il percorso selezionato non esiste"));
+        return m_terminal.refuse(*path, QCoreApplication::translate(
+                                            "IndexDialog", "Il percorso selezionato non esiste"));
     // A folder on a mounted memory stands for the memory; any other is taken for one itself.
     const QString memory = MountedVolumes().getRootDrivePath(absolute);
     const QString root = memory.isEmpty() ? absolute : memory;

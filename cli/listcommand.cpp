@@ -9,14 +9,13 @@
 
 ExitStatus ListCommand::run()
 {
-    const std::optional<QString> path =
-        SongPaths::decode(m_request.paths.constFirst(), m_terminal);
+    const std::optional<QString> path = SongPaths::decode(m_request.paths.constFirst(), m_terminal);
     if (!path)
         return ExitStatus::NothingDone;
     const QString absolute = QFileInfo(*path).absoluteFilePath();
     if (!QFileInfo(absolute).isDir())
-        return m_terminal.refuse(
-            *path, QCoreApplication::translate("IndexDialog", "Il percorso selezionato non esiste"));
+        return m_terminal.refuse(*path, QCoreApplication::translate(
+                                            "IndexDialog", "Il percorso selezionato non esiste"));
     const QString memory = MountedVolumes().getRootDrivePath(absolute);
     Index index;
     index.rootPath = memory.isEmpty() ? absolute : memory;

@@ -22,8 +22,7 @@ void PeopleWriter::song(const QString &path, const SongInfo &info)
     item(tr("Interprete"), info.artist);
     item(tr("Genere"), info.genre);
     item(tr("Autore"), info.author);
-    item(tr("Durata"),
-         info.length > 0 ? SongTable::lengthText(info.length) : QString());
+    item(tr("Durata"), info.length > 0 ? SongTable::lengthText(info.length) : QString());
     number(tr("BPM"), info.userBpm);
     item(tr("Tonalità"), info.key);
     item(tr("Firma"), info.isKravo ? tr("sì") : tr("no"));
@@ -43,7 +42,9 @@ void PeopleWriter::changes(const QString &path, bool found,
     else
         line(path);
     for (const ChangePreview::Change &change : changes) {
-        const auto shown = [](const QString &text) { return text.isEmpty() ? tr("(vuoto)") : text; };
+        const auto shown = [](const QString &text) {
+            return text.isEmpty() ? tr("(vuoto)") : text;
+        };
         item(fieldLabel(change.field),
              shown(change.before) + QStringLiteral(" -> ") + shown(change.after));
     }
@@ -71,8 +72,7 @@ void PeopleWriter::catalogueSong(const SongsDbRecord &song)
     item(tr("Interprete"), song.altartist.isEmpty() ? song.artist : song.altartist);
     item(tr("Genere"), song.genre);
     item(tr("Autore"), song.author);
-    item(tr("Durata"),
-         song.length > 0 ? SongTable::lengthText(song.length) : QString());
+    item(tr("Durata"), song.length > 0 ? SongTable::lengthText(song.length) : QString());
     number(tr("BPM"), song.bpm);
     item(tr("Tonalità"), song.key);
     markers(song.markers);

@@ -67,8 +67,8 @@ ExitStatus Program::run(const QList<QByteArray> &arguments)
     if (!error.isEmpty()) {
         const QString words = Arguments::words(request.command);
         terminal.note(error);
-        terminal.note(tr("aiuto: kavena %1--help")
-                          .arg(words.isEmpty() ? words : words + QLatin1Char(' ')));
+        terminal.note(
+            tr("aiuto: kavena %1--help").arg(words.isEmpty() ? words : words + QLatin1Char(' ')));
         return ExitStatus::WrongUse;
     }
     StandardOutput output;

@@ -8,7 +8,8 @@
 ExitStatus ShowCommand::run()
 {
     const QList<QByteArray> paths = SongPaths::given(m_request);
-    const auto progress = m_terminal.openProgress({}, tr("Lettura"), static_cast<int>(paths.size()));
+    const auto progress =
+        m_terminal.openProgress({}, tr("Lettura"), static_cast<int>(paths.size()));
     int done = 0;
     for (const QByteArray &path : paths) {
         if (m_terminal.isStopped())

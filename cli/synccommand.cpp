@@ -109,8 +109,7 @@ void SyncCommand::sync(const QString &path, const CatalogueMerge &catalogue)
 void SyncCommand::save(const QString &path, SongUpdate &update)
 {
     const QList<ChangePreview::Change> changes = update.changes();
-    const SaveFailure failure =
-        update.canBeSaved() ? update.save() : SaveFailure::TooLarge;
+    const SaveFailure failure = update.canBeSaved() ? update.save() : SaveFailure::TooLarge;
     if (failure != SaveFailure::None) {
         m_terminal.fail(path, RunReport::reasonText(failure));
         m_writer.unreadable(path, RunReport::reasonText(failure));
@@ -120,7 +119,8 @@ void SyncCommand::save(const QString &path, SongUpdate &update)
     m_writer.changes(path, true, changes);
     for (const ChangePreview::Change &change : changes) {
         if (!change.lost.isEmpty())
-            m_terminal.note(path + QStringLiteral(": ") +
-                            RunReport::text({SongFinding::Kind::LostCharacters, path, change.lost}));
+            m_terminal.note(
+                path + QStringLiteral(": ") +
+                RunReport::text({SongFinding::Kind::LostCharacters, path, change.lost}));
     }
 }

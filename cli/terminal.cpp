@@ -122,10 +122,9 @@ Answer Terminal::ask(const QString &path, const QString &question, const char *o
         return *decided ? Answer::YesToAll : Answer::NoToAll;
     if (!m_canAsk) {
         if (!m_toldNo.contains(QByteArray(option)))
-            note(option == nullptr
-                     ? tr("Senza terminale la risposta è no: %1").arg(question)
-                     : tr("Senza terminale la risposta è no (%1 yes la cambia): %2")
-                           .arg(QString::fromUtf8(option), question));
+            note(option == nullptr ? tr("Senza terminale la risposta è no: %1").arg(question)
+                                   : tr("Senza terminale la risposta è no (%1 yes la cambia): %2")
+                                         .arg(QString::fromUtf8(option), question));
         m_toldNo.insert(QByteArray(option));
         return Answer::NoToAll;
     }

@@ -23,10 +23,9 @@ public:
 
     Answer askReplace(const QString &target) override
     {
-        return m_terminal.ask(target,
-                              QCoreApplication::translate("MainWindow",
-                                                          "esiste già, vuoi sostituirlo?"),
-                              "--replace", m_request.replace);
+        return m_terminal.ask(
+            target, QCoreApplication::translate("MainWindow", "esiste già, vuoi sostituirlo?"),
+            "--replace", m_request.replace);
     }
 
     Answer askRename(const QString &path, const QString &message) override
@@ -40,10 +39,7 @@ public:
         return answer == Answer::Yes || answer == Answer::YesToAll;
     }
 
-    void warn(const QString &, const QString &text) override
-    {
-        m_terminal.refuse(m_folder, text);
-    }
+    void warn(const QString &, const QString &text) override { m_terminal.refuse(m_folder, text); }
 
     // Failures are named one by one, and success is told by silence.
     void inform(const QString &, const QString &) override {}

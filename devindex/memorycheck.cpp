@@ -145,8 +145,9 @@ bool MemoryCheck::isComplete()
     for (const QLatin1String name : indexfiles::All) {
         const QString path = m_root + QLatin1Char('/') + name;
         if (!QFileInfo(path).isFile() || !QFile(path).open(QFile::ReadOnly)) {
-            add(Kind::NoIndex, name, tr("Il file manca o non è leggibile: la memoria non ha un "
-                                        "database completo"));
+            add(Kind::NoIndex, name,
+                tr("Il file manca o non è leggibile: la memoria non ha un "
+                   "database completo"));
             return false;
         }
     }
@@ -361,8 +362,8 @@ void MemoryCheck::checkGroupHeader(const QString &name, int number, const char *
 {
     const GroupHeader header = GroupHeader::decode(record);
     bool isPadded = false;
-    const QString text = QString::fromLatin1(
-        fieldText(record + sizeof(quint32), GroupHeader::TextSize, isPadded));
+    const QString text =
+        QString::fromLatin1(fieldText(record + sizeof(quint32), GroupHeader::TextSize, isPadded));
     if (m_state.left > 0)
         add(Kind::WrongGroup, name,
             tr("Prima del gruppo %1 mancano %2 song").arg(text).arg(m_state.left));
@@ -373,7 +374,8 @@ void MemoryCheck::checkGroupHeader(const QString &name, int number, const char *
                 .arg(header.previousCount)
                 .arg(m_state.lastCount));
     if (header.count == 0 || !isPadded || record[GroupHeader::Size - 2] != '\0')
-        add(Kind::BadRecord, name, tr("L'inizio del gruppo nel record %1 è danneggiato").arg(number));
+        add(Kind::BadRecord, name,
+            tr("L'inizio del gruppo nel record %1 è danneggiato").arg(number));
     const bool isKnown = !text.contains(QLatin1Char(replacedCharacter));
     if (m_state.hasGroup && isKnown && folded(m_state.group) == folded(text))
         add(Kind::ListedTwice, name, tr("Il gruppo %1 c'è due volte").arg(text));
@@ -392,8 +394,8 @@ void MemoryCheck::checkGroupedSong(const QString &name, int number, const char *
     checkSongBytes(name, number, record);
     const quint32 id = SongRecord::idOf(record);
     bool isPadded = false;
-    const QString title = QString::fromLatin1(
-        fieldText(record + sizeof(quint32), SongRecord::TitleSize, isPadded));
+    const QString title =
+        QString::fromLatin1(fieldText(record + sizeof(quint32), SongRecord::TitleSize, isPadded));
     if (m_state.left == 0)
         add(Kind::WrongGroup, name,
             tr("Il record %1 è una song in più di quelle del suo gruppo").arg(number));
@@ -424,7 +426,8 @@ void MemoryCheck::checkLetters(const QString &name, const QList<Initial> &initia
 {
     const QByteArray bytes = read(name);
     if (bytes.size() != AlphaTable::Size) {
-        add(Kind::WrongSize, name, tr("%1 byte invece di %2").arg(bytes.size()).arg(AlphaTable::Size));
+        add(Kind::WrongSize, name,
+            tr("%1 byte invece di %2").arg(bytes.size()).arg(AlphaTable::Size));
         return;
     }
     QHash<QString, quint32> first;
@@ -440,8 +443,9 @@ void MemoryCheck::checkLetters(const QString &name, const QList<Initial> &initia
         const auto offset =
             qFromBigEndian<quint32>(bytes.constData() + slot * int{sizeof(quint32)});
         const bool isUnknown = letter == QLatin1Char(replacedCharacter);
-        const bool isWrong = isUnknown ? offset != noOffset && !texts.value(offset).startsWith(letter)
-                                       : offset != first.value(letter, noOffset);
+        const bool isWrong = isUnknown
+                                 ? offset != noOffset && !texts.value(offset).startsWith(letter)
+                                 : offset != first.value(letter, noOffset);
         if (isWrong)
             add(Kind::WrongLetter, name, tr("L'iniziale %1 porta al posto sbagliato").arg(letter));
     }

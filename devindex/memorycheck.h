@@ -20,19 +20,19 @@ class MemoryCheck
 
 public:
     enum class Kind {
-        NoIndex,        ///< an index file is missing or cannot be read
-        WrongSize,      ///< a file does not end with a record, or its size does not fit
-        TooManySongs,   ///< more than the player counts
-        BadRecord,      ///< a record that the player cannot use
-        ListedTwice,    ///< a path, a song or a group stands there a second time
-        MissingSong,    ///< the index lists a file that is not there
-        ChangedSong,    ///< the file was changed after it was indexed
-        UnlistedSong,   ///< a song file that the index does not list
-        WrongOrder,     ///< the player searches in another order
-        WrongSongs,     ///< a list does not hold each song that belongs there
-        WrongGroup,     ///< the counts or the text of a group of songs
-        WrongLetter,    ///< a first letter leads to another place
-        WrongCounts,    ///< the file of counts
+        NoIndex,      ///< an index file is missing or cannot be read
+        WrongSize,    ///< a file does not end with a record, or its size does not fit
+        TooManySongs, ///< more than the player counts
+        BadRecord,    ///< a record that the player cannot use
+        ListedTwice,  ///< a path, a song or a group stands there a second time
+        MissingSong,  ///< the index lists a file that is not there
+        ChangedSong,  ///< the file was changed after it was indexed
+        UnlistedSong, ///< a song file that the index does not list
+        WrongOrder,   ///< the player searches in another order
+        WrongSongs,   ///< a list does not hold each song that belongs there
+        WrongGroup,   ///< the counts or the text of a group of songs
+        WrongLetter,  ///< a first letter leads to another place
+        WrongCounts,  ///< the file of counts
         UnknownSongInPlaylist
     };
 

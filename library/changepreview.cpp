@@ -66,8 +66,7 @@ bool showsMarkers(const SongInfo &info)
 
 } // namespace
 
-std::optional<ChangePreview> ChangePreview::compute(const Database &database,
-                                                    SongTable &model,
+std::optional<ChangePreview> ChangePreview::compute(const Database &database, SongTable &model,
                                                     const OpenProgress &openProgress)
 {
     const CatalogueMerge catalogue(database);

@@ -44,8 +44,7 @@ public:
      * it. Of a file that stands in the table twice, each row shows the change from the file as it
      * is now.
      */
-    static std::optional<ChangePreview> compute(const Database &database,
-                                                SongTable &model,
+    static std::optional<ChangePreview> compute(const Database &database, SongTable &model,
                                                 const OpenProgress &openProgress);
 
     /** The items that differ, in the order of Field. */

@@ -6,7 +6,7 @@ set -euo pipefail
 
 declare -A groups=(
   [build]="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev
-           qt6-5compat-dev libqt6sql6-sqlite qt6-tools-dev qt6-tools-dev-tools
+           qt6-5compat-dev libqt6sql6-sqlite libcli11-dev qt6-tools-dev qt6-tools-dev-tools
            qt6-l10n-tools qt6-translations-l10n sqlite3"
   [test]="xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core midicsv abcmidi lame
           ffmpeg

@@ -96,6 +96,6 @@ class CliTest(unittest.TestCase):
 
 def main():
     global KAVENA
-    KAVENA = sys.argv.pop(1)
+    KAVENA = os.path.abspath(sys.argv.pop(1))
     signal.signal(signal.SIGINT, signal.default_int_handler)
     unittest.main(module="__main__")

@@ -127,7 +127,7 @@ class Index(CliTest):
         lines = self.run_kavena("list", "--json", self.card, status=0).lines
         self.assertEqual(lines[0], {
             "id": 0, "path": "/a.mid", "title": "ALPHA", "artist": "ZOE", "genre": "<UNKNOWN>",
-            "format": "MIDI", "bpm": 120, "markers": False})
+            "format": "MIDI", "bpm": 0, "markers": False})
         self.assertEqual({line["format"] for line in lines}, {"MIDI", "MP3", "MF5"})
 
     def test_orders_of_the_list(self):

@@ -131,20 +131,20 @@ class Sync(CliTest):
         super().setUp()
         self.known = self.write(FILE + ".mid", song("X", signed=True))
         self.unsigned = self.write("sub/" + FILE + ".MID", song("Y"))
-        self.unknown = self.write("sub/nobody.mid", song("Nobody knows", signed=True))
+        self.unknown = self.write("sub/zzqqxx.mid", song("Zzqq Xx", signed=True))
 
     def test_dry_run_prints_the_changes_and_writes_nothing(self):
         before = self.snapshot()
         run = self.run_kavena("sync", "--dry-run", "--json", ".", status=0)
         self.assertEqual(self.snapshot(), before)
         lines = {line["path"]: line for line in run.lines}
-        self.assertEqual(set(lines), {f"./{FILE}.mid", f"./sub/{FILE}.MID", "./sub/nobody.mid"})
+        self.assertEqual(set(lines), {f"./{FILE}.mid", f"./sub/{FILE}.MID", "./sub/zzqqxx.mid"})
         found = lines[f"./{FILE}.mid"]
         self.assertEqual(set(found), {"path", "found", "changes"})
         self.assertIs(found["found"], True)
         self.assertIn({"field": "artist", "old": "", "new": ARTIST}, found["changes"])
-        self.assertEqual(lines["./sub/nobody.mid"],
-                         {"path": "./sub/nobody.mid", "found": False, "changes": []})
+        self.assertEqual(lines["./sub/zzqqxx.mid"],
+                         {"path": "./sub/zzqqxx.mid", "found": False, "changes": []})
         self.assertIn(ARTIST, self.run_kavena("sync", "--dry-run", ".", status=0).out)
 
     def test_unsigned_songs_are_left_alone_without_a_terminal(self):
@@ -186,7 +186,7 @@ class Sync(CliTest):
     def test_nothing_to_do(self):
         (self.music / "empty").mkdir()
         self.run_kavena("sync", "empty", status=3)
-        self.run_kavena("sync", "sub/nobody.mid", status=3)
+        self.run_kavena("sync", "sub/zzqqxx.mid", status=3)
 
     def shown(self, path):
         return self.run_kavena("show", "--json", path, status=0).lines[0]

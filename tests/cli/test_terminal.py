@@ -124,10 +124,10 @@ class Interruptions(CliTest):
 
     def stop_with(self, signum):
         """Songs are done until the signal comes, and every song is the old or the new one."""
-        paths = [self.write(f"{signum}/{number}/{ITEM}", song("X", signed=True))
-                 for number in range(2000)]
+        paths = [self.write(f"{signum.value}/{number}/{ITEM}", song("X", signed=True))
+                 for number in range(500)]
         old = song("X", signed=True)
-        new_song = self.write(f"{signum}-new/{ITEM}", old)
+        new_song = self.write(f"{signum.value}-new/{ITEM}", old)
         self.run_kavena("sync", new_song, status=0)
         new = new_song.read_bytes()
         self.assertNotEqual(new, old)
@@ -136,7 +136,10 @@ class Interruptions(CliTest):
             stdout=subprocess.PIPE, stderr=subprocess.PIPE, cwd=self.music, env=self.environment)
         first = process.stdout.readline()
         process.send_signal(signum)
-        out, err = process.communicate(timeout=120)
+        out, err = process.stdout.read(), process.stderr.read()
+        process.wait(60)
+        process.stdout.close()
+        process.stderr.close()
         done = len((first + out).splitlines())
         self.assertEqual(process.returncode, 1, err)
         self.assertIn(b"Stopped", err)

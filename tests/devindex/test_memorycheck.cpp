@@ -74,9 +74,8 @@ void TestMemoryCheck::compareWithTwin(const DeviceMemory &memory, const QByteArr
                  lines.join(QStringLiteral(" | ")).toUtf8());
     for (qsizetype i = 0; i < lines.size(); ++i) {
         const QString &path = findings.at(i).path;
-        const bool isNamed = std::any_of(lines.cbegin(), lines.cend(), [&](const QString &line) {
-            return line.contains(path);
-        });
+        const bool isNamed = std::any_of(lines.cbegin(), lines.cend(),
+                                         [&](const QString &line) { return line.contains(path); });
         QVERIFY2(isNamed, where + ": " + path.toUtf8() + " is not in " +
                               lines.join(QStringLiteral(" | ")).toUtf8());
     }
