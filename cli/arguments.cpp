@@ -111,8 +111,10 @@ QString plainText(const std::string &text)
     return QString::fromUtf8(plain(text));
 }
 
+} // namespace
+
 /** The options and arguments of each command; the texts must outlive the application. */
-class Grammar
+class Arguments::Grammar
 {
 public:
     Grammar()
@@ -216,6 +218,9 @@ private:
     CLI::App m_app;
 };
 
+namespace
+{
+
 bool takesOneArgument(Command command)
 {
     switch (command) {
@@ -245,63 +250,42 @@ QString Arguments::words(Request::Command command)
     return {};
 }
 
-Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
+/** What CLI11 has to say about the arguments; empty when it accepts them. */
+QString Arguments::parse(Grammar &grammar, std::vector<std::string> reversed)
 {
-    Split parts = split(arguments);
-    Grammar grammar;
-    Result result;
-    Request &request = result.request;
+    const QLatin1Char mark(plainMark);
     try {
-        grammar.parse(std::move(parts.marked));
+        grammar.parse(std::move(reversed));
     } catch (const CLI::ExtrasError &error) {
-        const std::string what = error.what();
-        QString extra = QString::fromStdString(what.substr(what.find(": ") + 2));
-        extra.remove(QLatin1Char(plainMark));
-        result.error = tr("Argomento sconosciuto: %1").arg(extra);
+        const QString what = QString::fromUtf8(error.what());
+        return tr("Argomento sconosciuto: %1")
+            .arg(what.section(QStringLiteral(": "), 1))
+            .remove(mark);
     } catch (const CLI::ArgumentMismatch &error) {
-        const std::string what = error.what();
-        result.error = tr("L'opzione vuole un solo valore: %1")
-                           .arg(QString::fromStdString(what.substr(0, what.find(':'))));
+        const QString what = QString::fromUtf8(error.what());
+        return tr("L'opzione vuole un solo valore: %1").arg(what.section(QLatin1Char(':'), 0, 0));
     } catch (const CLI::ParseError &error) {
-        result.error = QString::fromUtf8(error.what()).remove(QLatin1Char(plainMark));
+        return QString::fromUtf8(error.what()).remove(mark);
     }
-    request.command = grammar.command();
-    const Texts &texts = grammar.texts();
-    request.help = texts.help;
-    request.version = texts.version;
-    if (!result.error.isEmpty() || request.help || request.version)
-        return result;
-    if (request.command == Command::None) {
-        result.error = tr("Manca il comando");
-        return result;
-    }
+    return {};
+}
 
-    for (const std::string &path : texts.paths)
-        request.paths.append(plain(path));
-    request.paths += parts.behindDashes;
-    request.pathsFromStandardInput = texts.zero;
-    request.dryRun = texts.dryRun;
-    if (texts.json && texts.csv) {
-        result.error = tr("--json e --csv non vanno insieme");
-        return result;
-    }
-    if (texts.json || texts.csv)
-        request.form = texts.json ? Request::Form::Json : Request::Form::Csv;
-    if (grammar.has("--backup"))
-        request.backup = plain(texts.backup);
-    request.to = plain(texts.to);
-
+/** Reads the options' values; what is wrong with the first bad one. */
+QString Arguments::readValues(const Grammar &grammar, Request &request)
+{
+    QString wrong;
     const auto decide = [&](const char *option, const std::string &text, auto read, auto &target) {
-        if (!grammar.has(option) || !result.error.isEmpty())
+        if (!grammar.has(option) || !wrong.isEmpty())
             return;
         const auto value = read(plainText(text));
         if (value && plain(text).isValidUtf8())
             target = *value;
         else
-            result.error =
+            wrong =
                 tr("Valore non valido per %1: %2").arg(QString::fromUtf8(option), plainText(text));
     };
     const auto anyText = [](const QString &text) { return std::optional(text.trimmed()); };
+    const Texts &texts = grammar.texts();
     decide("--title", texts.title, anyText, request.edit.title);
     decide("--artist", texts.artist, anyText, request.edit.artist);
     decide("--genre", texts.genre, anyText, request.edit.genre);
@@ -313,18 +297,53 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
     decide("--replace", texts.replace, values::yesOrNo, request.replace);
     decide("--rename", texts.rename, values::yesOrNo, request.rename);
     decide("--sort", texts.sort, values::sortMode, request.sort);
-    if (!result.error.isEmpty())
+    return wrong;
+}
+
+/** What the request lacks, or has too much of; empty when it can be carried out. */
+QString Arguments::whatIsWrong(const Request &request)
+{
+    if (request.command == Command::None)
+        return tr("Manca il comando");
+    if (request.command == Command::Set && request.edit.isEmpty())
+        return tr("Manca il dato da modificare, per esempio --title");
+    if (request.command == Command::Transfer && request.to.isEmpty())
+        return tr("Manca la cartella di destinazione: --to CARTELLA");
+    const bool takesOne = takesOneArgument(request.command);
+    if (request.paths.isEmpty() && !request.pathsFromStandardInput)
+        return takesOne ? tr("Manca un argomento") : tr("Mancano i file");
+    return takesOne && request.paths.size() > 1 ? tr("Troppi argomenti") : QString();
+}
+
+Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
+{
+    Split parts = split(arguments);
+    Grammar grammar;
+    Result result;
+    Request &request = result.request;
+    result.error = parse(grammar, std::move(parts.marked));
+    request.command = grammar.command();
+    const Texts &texts = grammar.texts();
+    request.help = texts.help;
+    request.version = texts.version;
+    if (!result.error.isEmpty() || request.help || request.version)
         return result;
 
-    if (request.command == Command::Set && request.edit.isEmpty())
-        result.error = tr("Manca il dato da modificare, per esempio --title");
-    else if (request.command == Command::Transfer && request.to.isEmpty())
-        result.error = tr("Manca la cartella di destinazione: --to CARTELLA");
-    else if (request.paths.isEmpty() && !request.pathsFromStandardInput)
-        result.error =
-            takesOneArgument(request.command) ? tr("Manca un argomento") : tr("Mancano i file");
-    else if (takesOneArgument(request.command) && request.paths.size() > 1)
-        result.error = tr("Troppi argomenti");
+    for (const std::string &path : texts.paths)
+        request.paths.append(plain(path));
+    request.paths += parts.behindDashes;
+    request.pathsFromStandardInput = texts.zero;
+    request.dryRun = texts.dryRun;
+    request.to = plain(texts.to);
+    if (grammar.has("--backup"))
+        request.backup = plain(texts.backup);
+    if (texts.json || texts.csv)
+        request.form = texts.json ? Request::Form::Json : Request::Form::Csv;
+
+    result.error = texts.json && texts.csv ? tr("--json e --csv non vanno insieme")
+                                           : readValues(grammar, request);
+    if (result.error.isEmpty())
+        result.error = whatIsWrong(request);
     if (request.command == Command::CatalogueFind && result.error.isEmpty())
         request.text = QString::fromUtf8(request.paths.constFirst());
     return result;

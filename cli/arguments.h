@@ -8,7 +8,8 @@
 #include <QList>
 #include <QString>
 
-#include <optional>
+#include <string>
+#include <vector>
 
 class Arguments
 {
@@ -29,4 +30,11 @@ public:
 
     /** The words of a command, such as "index update"; empty for None. */
     static QString words(Request::Command command);
+
+private:
+    class Grammar;
+
+    static QString parse(Grammar &grammar, std::vector<std::string> reversed);
+    static QString readValues(const Grammar &grammar, Request &request);
+    static QString whatIsWrong(const Request &request);
 };

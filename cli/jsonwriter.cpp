@@ -7,7 +7,10 @@
 namespace
 {
 
-/** The text in quotes. Half of a character of two UTF-16 units is escaped: no UTF-8 holds it. */
+/**
+ * The text in quotes. Half of a character of two UTF-16 units is escaped, since no UTF-8 holds it,
+ * and so are control characters.
+ */
 QByteArray quoted(const QString &text)
 {
     QByteArray json("\"");
@@ -23,7 +26,7 @@ QByteArray quoted(const QString &text)
         } else if (unit == QLatin1Char('"') || unit == QLatin1Char('\\')) {
             json += '\\';
             json += static_cast<char>(unit.unicode());
-        } else if (unit.unicode() < 0x20 || unit.unicode() == 0x7F || unit.isSurrogate()) {
+        } else if (unit.category() == QChar::Other_Control || unit.isSurrogate()) {
             escape(unit);
         } else if (unit.unicode() < 0x80) {
             json += static_cast<char>(unit.unicode());

@@ -55,7 +55,7 @@ std::optional<QStringList> SongPaths::songs(const Request &request, Terminal &te
             continue;
         }
         const auto found = SongSearch(terminal.progressOpener()).search({*path});
-        if (!found || terminal.isStopped())
+        if (terminal.isStopped() || !found)
             return std::nullopt;
         QString folder = *path;
         while (folder.endsWith(QLatin1Char('/')))

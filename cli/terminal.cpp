@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 
+#include <array>
 #include <cstdio>
 #include <poll.h>
 #include <unistd.h>
@@ -138,14 +139,16 @@ Answer Terminal::ask(const QString &path, const QString &question, const char *o
     pollfd input{STDIN_FILENO, POLLIN, 0};
     if (poll(&input, 1, -1) < 0)
         return Answer::NoToAll;
-    char line[16] = {};
-    const bool wasRead = std::fgets(line, sizeof line, stdin) != nullptr;
-    const QString answer = QString::fromUtf8(line).trimmed();
-    if (wasRead && answer == yes)
+    std::array<char, 4096> line{}; // a terminal gives no longer line
+    const ssize_t size = read(STDIN_FILENO, line.data(), line.size());
+    if (size <= 0)
+        return Answer::NoToAll;
+    const QString answer = QString::fromUtf8(line.data(), size).trimmed();
+    if (answer == yes)
         return Answer::Yes;
-    if (wasRead && answer == yes.toUpper())
+    if (answer == yes.toUpper())
         return Answer::YesToAll;
-    return wasRead && answer != no.toUpper() ? Answer::No : Answer::NoToAll;
+    return answer == no.toUpper() ? Answer::NoToAll : Answer::No;
 }
 
 std::unique_ptr<Progress> Terminal::openProgress(const QString &, const QString &label, int maximum)

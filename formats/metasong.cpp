@@ -68,9 +68,17 @@ bool readToEnd(QFile &file, QByteArray &bytes)
 /** Loads the tag of an MP3 file, which stands at its start. */
 bool loadTag(QFile &file, Mp3Header &header)
 {
-    const qint64 startSize = std::min(file.size(), mp3StartSize);
-    const QByteArray start = file.read(startSize);
-    if (start.size() != startSize || !header.loadHeader(start))
+    const qint64 most = std::min(file.size(), mp3StartSize);
+    const auto readUpTo = [&file, most](QByteArray &bytes, qint64 size) {
+        bytes += file.read(std::min(most, size) - bytes.size());
+        return bytes.size() == std::min(most, size);
+    };
+    QByteArray start;
+    if (!readUpTo(start, Mp3Header::HeaderSize))
+        return false;
+    const qint64 tagSize = start.startsWith(id3Magic) ? header.getId3TagSize(start) : 0;
+    if (!readUpTo(start, Mp3Header::HeaderSize + tagSize + Mp3Header::FooterSize) ||
+        !header.loadHeader(start))
         return false;
     // The size that a tag tells leaves out its own ten bytes and a footer: its end can lie just
     // behind.

@@ -18,7 +18,8 @@ constexpr int tagVersionPos = 3;
 constexpr int tagFlagsPos = 5;
 constexpr int tagSizePos = 6;
 constexpr int tagSizeBytes = 4;
-constexpr int tagHeaderSize = tagSizePos + tagSizeBytes;
+constexpr int tagHeaderSize = Mp3Header::HeaderSize;
+static_assert(tagSizePos + tagSizeBytes == tagHeaderSize);
 constexpr quint32 largestTagSize = 0x0FFFFFFF;
 constexpr char shortNamesVersion = 2; ///< its frames have names of three letters
 constexpr char writtenVersion = 3;

@@ -17,6 +17,9 @@
 class Mp3Header
 {
 public:
+    /** Bytes of a tag in front of its frames. */
+    static constexpr int HeaderSize = 10;
+
     /** Bytes of a footer, which may follow a tag of version 4. */
     static constexpr int FooterSize = 10;
 

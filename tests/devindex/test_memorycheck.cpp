@@ -131,14 +131,13 @@ void TestMemoryCheck::everyChangedByteIsSeenAsTheTwinDoes()
     // The tables of first letters are all alike; every fifth byte is one of each kind.
     const int step = name.startsWith(QLatin1Char('a')) && bytes.size() == 256 ? 5 : 1;
     for (qsizetype position = 0; position < bytes.size(); position += step) {
-        for (const char change : {'\x10', '\xFF', '\x01'}) {
-            QByteArray changed = bytes;
-            changed[position] = static_cast<char>(bytes.at(position) ^ change);
-            memory.add(name, changed);
-            compareWithTwin(memory, name.toUtf8() + " at " + QByteArray::number(position));
-            if (QTest::currentTestFailed())
-                return;
-        }
+        const char change = "\x10\xFF\x01"[position % 3];
+        QByteArray changed = bytes;
+        changed[position] = static_cast<char>(bytes.at(position) ^ change);
+        memory.add(name, changed);
+        compareWithTwin(memory, name.toUtf8() + " at " + QByteArray::number(position));
+        if (QTest::currentTestFailed())
+            return;
     }
 }
 

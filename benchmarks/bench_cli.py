@@ -1,0 +1,100 @@
+#!/usr/bin/env python3
+"""bench_cli.py KAVENA: the command line against others that read the same tags.
+
+One run over 10,000 MP3 songs, after one to warm the disk's cache. Limits: `kavena show` at least 4
+times as fast as each of the others (kid3-cli where it is installed, and a script with mutagen), and
+`kavena --version` under 20 ms.
+"""
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import time
+
+SONGS = 10_000
+AUDIO = b"\xff\xfb\x90\x00" + bytes(413)
+FASTER = 4
+VERSION_MS = 20
+
+MUTAGEN = """
+import sys
+from mutagen.id3 import ID3
+for name in sys.stdin.read().split("\\0"):
+    if name:
+        tag = ID3(name)
+        print(name, *[str(tag.get(frame, "")) for frame in
+                      ("TIT2", "TPE1", "TCON", "TCOM", "TLEN", "TBPM", "TKEY")], sep="\\t")
+"""
+
+
+def frame(name, text):
+    data = b"\0" + text.encode("latin-1")
+    return name + len(data).to_bytes(4, "big") + b"\0\0" + data
+
+
+def song(number):
+    frames = (frame(b"TIT2", f"Song number {number}") + frame(b"TPE1", f"Artist {number % 300}")
+              + frame(b"TCON", "Swing") + frame(b"TCOM", f"Composer {number % 100}")
+              + frame(b"TBPM", str(60 + number % 120)) + frame(b"TKEY", "A-")
+              + frame(b"TLEN", "185000")) + bytes(1024)
+    size = len(frames)
+    head = b"ID3\x03\0\0" + bytes(size >> shift & 127 for shift in (21, 14, 7, 0))
+    return head + frames + AUDIO * 40
+
+
+def seconds(command, listed, folder):
+    start = time.perf_counter()
+    done = subprocess.run(command, input=listed, cwd=folder, check=True, stdout=subprocess.PIPE)
+    taken = time.perf_counter() - start
+    if done.stdout.count(b"\n") < SONGS:
+        sys.exit(f"{command[0]} has not read all songs")
+    return taken
+
+
+def version_milliseconds(kavena):
+    start = time.perf_counter()
+    subprocess.run([kavena, "--version"], check=True, stdout=subprocess.DEVNULL)
+    return 1000 * (time.perf_counter() - start)
+
+
+def kid3(names):
+    """One process for all songs, which reads its commands from standard input."""
+    lines = []
+    for name in names:
+        lines += [f'select "{name}"', "get all 2"]
+    return ["kid3-cli"], ("\n".join(lines) + "\nexit force\n").encode()
+
+
+def main():
+    kavena = os.path.abspath(sys.argv[1])
+    missed = []
+    with tempfile.TemporaryDirectory(prefix="kavena-bench.") as folder:
+        names = [f"s{number:05}.mp3" for number in range(SONGS)]
+        for number, name in enumerate(names):
+            (pathlib.Path(folder) / name).write_bytes(song(number))
+        listed = b"\0".join(name.encode() for name in names) + b"\0"
+        peers = {"mutagen": (["/usr/bin/python3", "-c", MUTAGEN], listed)}
+        if subprocess.run(["sh", "-c", "command -v kid3-cli"], stdout=subprocess.DEVNULL,
+                          check=False).returncode == 0:
+            peers["kid3-cli"] = kid3(names)
+        own = [kavena, "show", "--json", "-0"]
+        seconds(own, listed, folder)
+        taken = seconds(own, listed, folder)
+        print(f"kavena show, {SONGS} songs: {taken:.2f} s")
+        for name, (command, commands) in peers.items():
+            other = seconds(command, commands, folder)
+            print(f"{name}: {other:.2f} s, {other / taken:.1f} times as long (at least {FASTER})")
+            if other < FASTER * taken:
+                missed.append(name)
+    version_milliseconds(kavena)
+    version = version_milliseconds(kavena)
+    print(f"kavena --version: {version:.1f} ms (under {VERSION_MS})")
+    if version >= VERSION_MS:
+        missed.append("--version")
+    if missed:
+        sys.exit("LIMITS MISSED: " + ", ".join(missed))
+
+
+if __name__ == "__main__":
+    main()
