@@ -1,6 +1,6 @@
 #include "devindex/songrenamer.h"
 
-#include "devindex/companion.h"
+#include "library/companion.h"
 #include "storage/diagnostics.h"
 #include "storage/safefile.h"
 #include "storage/songfilewriter.h"
@@ -56,8 +56,10 @@ songrenamer::Outcome songrenamer::rename(const QString &path, const QString &new
     // The player finds a song's karaoke pictures by the song's name.
     const QString pictures = companion.isEmpty() ? QString() : companionTarget(companion, newPath);
     const bool together = companion.isEmpty() || renameItem(companion, pictures);
-    if (!together && renameItem(newPath, path))
+    if (!together && renameItem(newPath, path)) {
+        flushRenamed(path);
         return Outcome::Failed;
+    }
     const bool flushed = flushRenamed(newPath);
     return (companion.isEmpty() || !together || flushRenamed(pictures)) && flushed
                ? Outcome::Renamed
