@@ -676,6 +676,10 @@ Do you want to copy all the same?</translation>
         <translation>The memory&apos;s database was not updated.</translation>
     </message>
     <message>
+        <source>Song della memoria con problemi: %1</source>
+        <translation>Songs on the memory with problems: %1</translation>
+    </message>
+    <message>
         <source>esiste già un file con questo nome</source>
         <translation>a file of this name is there already</translation>
     </message>

@@ -676,6 +676,10 @@ Si vuole procedere comunque con la copia?</translation>
         <translation>Il database della memoria non è stato aggiornato.</translation>
     </message>
     <message>
+        <source>Song della memoria con problemi: %1</source>
+        <translation>Song della memoria con problemi: %1</translation>
+    </message>
+    <message>
         <source>esiste già un file con questo nome</source>
         <translation>esiste già un file con questo nome</translation>
     </message>

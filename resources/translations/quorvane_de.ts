@@ -676,6 +676,10 @@ Trotzdem kopieren?</translation>
         <translation>Die Datenbank des Speichers wurde nicht aktualisiert.</translation>
     </message>
     <message>
+        <source>Song della memoria con problemi: %1</source>
+        <translation>Songs auf dem Speicher mit Problemen: %1</translation>
+    </message>
+    <message>
         <source>esiste già un file con questo nome</source>
         <translation>eine Datei mit diesem Namen ist schon da</translation>
     </message>
