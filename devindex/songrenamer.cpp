@@ -1,6 +1,6 @@
 #include "devindex/songrenamer.h"
 
-#include "devindex/companion.h"
+#include "library/companion.h"
 #include "storage/diagnostics.h"
 #include "storage/safefile.h"
 #include "storage/songfilewriter.h"

@@ -735,6 +735,10 @@ Do you want to copy all the same?</translation>
         <source>Cerco le song nelle cartelle...</source>
         <translation>Searching the folders for songs...</translation>
     </message>
+    <message>
+        <source>Song della memoria con problemi: %1</source>
+        <translation>Songs on the memory with problems: %1</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>

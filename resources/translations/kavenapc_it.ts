@@ -735,6 +735,10 @@ Si vuole procedere comunque con la copia?</translation>
         <source>Cerco le song nelle cartelle...</source>
         <translation>Cerco le song nelle cartelle...</translation>
     </message>
+    <message>
+        <source>Song della memoria con problemi: %1</source>
+        <translation>Song della memoria con problemi: %1</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>

@@ -735,6 +735,10 @@ Trotzdem kopieren?</translation>
         <source>Cerco le song nelle cartelle...</source>
         <translation>Songs werden in den Ordnern gesucht...</translation>
     </message>
+    <message>
+        <source>Song della memoria con problemi: %1</source>
+        <translation>Songs auf dem Speicher mit Problemen: %1</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
