@@ -106,7 +106,7 @@ void TestProceedDialog::followsALanguageChange()
     const GermanTexts german;
     QCOMPARE(dialog.windowTitle(), QStringLiteral("Zusammenfassung des Imports"));
     QCOMPARE(counts(dialog),
-             QStringLiteral("5 Dateien untersucht, 3 Songs gefunden, davon 1 von © K-Ravo"));
+             QStringLiteral("Untersuchte Dateien: 5, gefundene Songs: 3, davon von © K-Ravo: 1"));
     QVERIFY(!dialog.getShowAgainValue());
 }
 
