@@ -15,6 +15,7 @@
 #include <QProgressDialog>
 #include <QSet>
 #include <QToolTip>
+#include <QTranslator>
 
 namespace
 {
