@@ -463,7 +463,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Import again</source>
-        <translation>Erneut importieren</translation>
+        <translation>Erneut einlesen</translation>
     </message>
     <message>
         <source>Hide Debug</source>
@@ -547,7 +547,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Seleziona i file da importare</source>
-        <translation>Zu importierende Dateien auswählen</translation>
+        <translation>Songs auswählen</translation>
     </message>
     <message>
         <source>Lettura file</source>
@@ -819,7 +819,7 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
     <name>ProceedDialog</name>
     <message>
         <source>Riassunto importazione</source>
-        <translation>Zusammenfassung des Imports</translation>
+        <translation>Eingelesene Songs</translation>
     </message>
     <message>
         <source>Si vuole procedere alla sincronizzazione automatica con il database?</source>
@@ -921,7 +921,7 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
     <name>SortMenu</name>
     <message>
         <source>Ordine di importazione</source>
-        <translation>Reihenfolge des Imports</translation>
+        <translation>Reihenfolge des Einlesens</translation>
     </message>
 </context>
 <context>

@@ -551,11 +551,11 @@ Make sure that the memory has enough free space and is not write-protected.</tra
     </message>
     <message>
         <source>Lettura file</source>
-        <translation>Read songs</translation>
+        <translation>Import songs</translation>
     </message>
     <message>
         <source>Importo la libreria...</source>
-        <translation>Reading the songs...</translation>
+        <translation>Importing the songs...</translation>
     </message>
     <message>
         <source>Backup eseguito correttamente</source>

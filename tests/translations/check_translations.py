@@ -51,6 +51,7 @@ TERMS = {
         ("Abschnitte?", "Markers?"),
         ("Anhalten", "Abbruch", "(?:beim|nach dem) Abbrechen"),
         ("Nicht kopiert", "Fehlgeschlagene Songs"),
+        ("einlesen", r"\w*import\w*", "Dateien lesen"),
     ),
     "en": (
         ("song index", "(?<!song )index", "song database", "archives?",
@@ -61,6 +62,7 @@ TERMS = {
         ("connected", r"(?:un)?mount(?:ed)?"),
         ("details?", "data"),
         ("sections?", "markers?"),
+        (r"import\w*", "read(?:ing)? (?:the )?(?:songs|files)"),
         ("not copied", "failed songs?", "songs failed"),
     ),
     "it": (
