@@ -14,6 +14,8 @@ TRANSLATIONS = ("quorvane_de", "quorvane_en", "kavenapc_en", "kavenapc_it")
 PRODUCT = {"quorvane": ("RB27 Utility", "RB27"), "kavenapc": ("Kavena PC", "Kavena")}
 PLACEHOLDER = re.compile(r"%L?\d+")
 MARKUP = re.compile(r"<[^<>]+>|&[a-z]+;")
+# "1 files": a text without a form for one has to keep its numbers away from such words.
+COUNTED = re.compile(r"%L?\d+ (?:Dateien|Songs|files|songs)\b")
 MNEMONIC = re.compile(r"&(?!&|[a-z]+;)")
 # Which page quotes which translation, between which quotation marks. No German of the primary
 # branding exists but for its page, so that page quotes the partner's texts under its own names.
@@ -52,6 +54,8 @@ TERMS = {
         ("Anhalten", "Abbruch", "(?:beim|nach dem) Abbrechen"),
         ("Nicht kopiert", "Fehlgeschlagene Songs"),
         ("einlesen", r"\w*import\w*", "Dateien lesen"),
+        ("Songs synchronisieren", "Dateien aktualisieren"),
+        ("Soll sie umbenannt werden", "wird umbenannt in"),
     ),
     "en": (
         ("song index", "(?<!song )index", "song database", "archives?",
@@ -63,6 +67,8 @@ TERMS = {
         ("details?", "data"),
         ("sections?", "markers?"),
         (r"import\w*", "read(?:ing)? (?:the )?(?:songs|files)"),
+        ("synchronize songs", "updating files"),
+        ("do you want to rename it", "will be renamed"),
         ("not copied", "failed songs?", "songs failed"),
     ),
     "it": (
@@ -140,6 +146,8 @@ def faults_of_text(source, text, product):
         yield f'has other mark-up in "{text}"'
     if len(MNEMONIC.findall(text)) > 1:
         yield f'has two mnemonics in "{text}"'
+    if COUNTED.search(text):
+        yield f'says "1 files" or the like in "{text}"'
     for end in (":", "...", " "):
         if source.endswith(end) != text.endswith(end):
             yield f'ends in other characters than "{text}"'
@@ -277,6 +285,9 @@ PLANTED = {
     "a menu entry that does not say that it opens a window":
         ("resources/translations/quorvane_de.ts", "Speicher &amp;optimieren...",
          "Speicher &amp;optimieren", 'ends in other characters than "Speicher &optimieren"'),
+    "a number before a word that has no form for one":
+        ("resources/translations/quorvane_de.ts", "Untersuchte Dateien: %1", "%1 Dateien untersucht",
+         'says "1 files" or the like in "%1 Dateien untersucht'),
     "a row menu that differs from the File menu":
         ("resources/translations/quorvane_en.ts",
          "<source>Remove from list</source>\n        <translation>&amp;Remove",
