@@ -400,21 +400,28 @@ bool MainWindow::suggestBackup()
         dialog.exec();
         return LibraryBackup::Choice{dialog.wish(), dialog.directory()};
     };
-    const auto copy = [this](const QString &destination, int &copied) {
+    QStringList failed;
+    const auto copy = [this, &failed](const QString &destination, int &copied) {
         NoProgress noProgress;
-        const auto copyList = [](const QStringList &files, const QString &folder, int &arrived,
-                                 Progress &progress) {
-            return FileCopier(&confirmation::askToReplace)
-                .copyFiles(files, folder, arrived, progress);
+        const auto copyList = [&failed](const QStringList &files, const QString &folder,
+                                        int &arrived, Progress &progress) {
+            FileCopier copier(&confirmation::askToReplace);
+            const bool complete = copier.copyFiles(files, folder, arrived, progress);
+            failed += copier.report().failedLines();
+            return complete;
         };
         return LibraryBackup::copyFiles(m_selectedFiles, destination, copied,
                                         m_progress != nullptr ? *m_progress : noProgress, copyList);
     };
-    const auto report = [this](bool succeeded) {
-        if (succeeded)
+    const auto report = [this, &failed](bool succeeded) {
+        if (succeeded) {
             QMessageBox::information(this, tr("Backup"), tr("Backup eseguito correttamente"));
-        else
-            QMessageBox::critical(this, tr("Backup"), tr("Backup FALLITO !!!"));
+            return;
+        }
+        QMessageBox box(QMessageBox::Critical, tr("Backup"), tr("Backup FALLITO !!!"),
+                        QMessageBox::Ok, this);
+        box.setDetailedText(failed.join(QLatin1Char('\n')));
+        box.exec();
     };
     return LibraryBackup(ask, copy, report, openProgress()).suggest(m_filesCount);
 }

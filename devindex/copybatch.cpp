@@ -75,7 +75,7 @@ QSet<int> CopyBatch::settle()
     for (const File &file : std::as_const(m_files)) {
         if (!flushed)
             fail(file, "the folder cannot be brought to the medium:");
-        else if (file.replaces)
+        else
             SongJournal::removeAllOf(file.target); // its old bytes belong to no file any more
     }
     m_files.clear();

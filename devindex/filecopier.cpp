@@ -1,8 +1,8 @@
 #include "devindex/filecopier.h"
 
-#include "devindex/companion.h"
 #include "devindex/copybatch.h"
 #include "devindex/samefile.h"
+#include "library/companion.h"
 #include "library/whileanswering.h"
 #include "storage/diagnostics.h"
 #include "storage/leftovers.h"
@@ -54,6 +54,15 @@ qint64 growth(const QString &source, const QString &target)
 }
 
 } // namespace
+
+QStringList FileCopier::Report::failedLines() const
+{
+    QStringList lines;
+    for (const Failure &failure : failed)
+        lines.append(failure.source.section(QLatin1Char('/'), -1) + QLatin1String(": ") +
+                     failure.reason);
+    return lines;
+}
 
 FileCopier::FileCopier(AskReplace askReplace)
     : m_askReplace(std::move(askReplace))
@@ -238,12 +247,15 @@ FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &tar
 
     if (!createHiddenBeside(part, target, Leftovers::PartSuffix))
         return Copy::Failed;
-    while (count > 0 && part.write(m_buffer.constData(), count) == count) {
+    qint64 written = 0;
+    while (count > 0 && (written = part.write(m_buffer.constData(), count)) == count) {
         left -= count;
         m_keepAlive.processEvents();
         count = readChunk(in, left);
     }
-    const bool noRoom = part.error() == QFile::ResourceError;
+    // A disk takes what still fits, and says nothing of it.
+    const bool isShort = written > 0 && written < count;
+    const bool noRoom = isShort || part.error() == QFile::ResourceError;
     if (left == 0 && hasArrived(part) && part.size() == QFileInfo(source).size())
         return Copy::Done;
     part.close();

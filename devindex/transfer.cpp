@@ -91,6 +91,9 @@ bool Transfer::updateIndex(const QString &root)
     index.setRenameQuestion([this](const QString &item, const QString &message) {
         return m_questions.askRename(item, message);
     });
+    m_indexProblems.clear();
+    QObject::connect(&index, &Index::errorFromIndex, &index,
+                     [this](const QString &message) { m_indexProblems.append(message); });
     QObject::connect(&index, &Index::fileFoundChanged, &index, setValue);
     QObject::connect(&index, &Index::progressValueChanged, &index, setValue);
     QObject::connect(&index, &Index::progressMaxSetup, &index, setMaximum);
@@ -136,7 +139,8 @@ bool Transfer::makeSongsFolder(const QString &songs)
         return true;
     // No folders above it: a memory that was pulled must not come back as one of the system disk.
     std::error_code error;
-    if (std::filesystem::create_directory(QFileInfo(songs).filesystemFilePath(), error))
+    if (std::filesystem::create_directory(QFileInfo(songs).filesystemFilePath(), error) &&
+        flushPath(songs) && flushFolderOf(songs))
         return true;
     WriteProblem::Kind problem = WriteProblem::Unknown;
     if (error == std::errc::read_only_file_system)
@@ -194,18 +198,18 @@ void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, boo
     const qsizetype stopped = files - report.copied - report.skipped.size() - report.failed.size();
     QStringList lines = {tr("Song copiate: %1").arg(report.copied),
                          tr("Song saltate: %1").arg(report.skipped.size()),
-                         tr("Song non riuscite: %1").arg(report.failed.size())};
+                         tr("Song non copiate (errori): %1").arg(report.failed.size())};
     if (stopped > 0)
         lines.append(tr("Song non più copiate dopo l'interruzione: %1").arg(stopped));
     if (!indexed)
         lines.append(tr("Il database della memoria non è stato aggiornato."));
-    QStringList failed;
-    for (const FileCopier::Failure &failure : report.failed)
-        failed.append(fileNameOf(failure.source) + QLatin1String(": ") + failure.reason);
+    if (!m_indexProblems.isEmpty())
+        lines.append(tr("Song della memoria con problemi: %1").arg(m_indexProblems.size()));
     QStringList skipped;
     for (const QString &source : report.skipped)
         skipped.append(fileNameOf(source));
-    m_questions.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')), failed, skipped);
+    m_questions.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
+                           report.failedLines() + m_indexProblems, skipped);
 }
 
 qint64 Transfer::bytesAvailable(const QString &folder)

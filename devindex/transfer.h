@@ -37,8 +37,8 @@ public:
     virtual void showFailure(const QString &title, const QString &text) = 0;
 
     /**
-     * Says what became of the songs. Only on request it names those that failed, each with its
-     * reason, and those that were skipped.
+     * Says what became of the songs. Only on request it names those that failed or that the player
+     * will not find, each with its reason, and those that were skipped.
      */
     virtual void tellCounts(const QString &title, const QString &text, const QStringList &failed,
                             const QStringList &skipped) = 0;
@@ -97,4 +97,5 @@ private:
     TransferQuestions &m_questions;
     const OpenProgress m_openProgress;
     const FreeBytes m_freeBytes;
+    QStringList m_indexProblems; ///< what the last update of an index said about single songs
 };

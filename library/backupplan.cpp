@@ -1,6 +1,6 @@
 #include "library/backupplan.h"
 
-#include "devindex/companion.h"
+#include "library/companion.h"
 
 #include <utility>
 

@@ -88,12 +88,15 @@ private slots:
     void progressCountsThroughAllFolders();
     void stoppedCopyCountsNothing();
     void folderThatCannotBeMadeFailsTheBackup();
+    void folderThatIsNotMadeForCertainFailsTheBackup();
+    void failedBackupTellsWhySongsAreMissing();
 
 private:
     QString backUpThroughTheWindow(const QStringList &files);
 
     QScopedPointer<OwnWorkingFolder> m_work;
     QStringList m_messages;
+    QString m_details; ///< of the last message
     int m_questions = 0;
 };
 
@@ -165,6 +168,12 @@ QString TestBackupPlan::backUpThroughTheWindow(const QStringList &files)
     WindowUnderTest window;
     window.setSelectedFiles(files);
     UserDriver user;
+    m_details.clear();
+    user.add([this](QWidget *modal) {
+        if (const auto *const box = qobject_cast<QMessageBox *>(modal))
+            m_details = box->detailedText();
+        return false;
+    });
     user.pressInMessageBoxes(QMessageBox::Ok);
     user.add([this](QWidget *modal) {
         auto *const question = qobject_cast<NoCopyrightDialog *>(modal);
@@ -276,6 +285,30 @@ void TestBackupPlan::folderThatCannotBeMadeFailsTheBackup()
     QVERIFY(!LibraryBackup::copyFiles({s("/a/1.mid"), s("/b/1.mid")}, m_work->path(), copied,
                                       progress, copy));
     QCOMPARE(copied, 1);
+}
+
+void TestBackupPlan::folderThatIsNotMadeForCertainFailsTheBackup()
+{
+    QVERIFY(QFile(m_work->filePath(s("b"))).open(QFile::WriteOnly));
+    CountedProgress progress;
+    int copied = -1;
+    const auto copy = [](const QStringList &list, const QString &, int &arrived, Progress &) {
+        arrived = static_cast<int>(list.size());
+        return true;
+    };
+    QVERIFY(!LibraryBackup::copyFiles({s("/a/1.mid"), s("/b/1.mid")}, m_work->path(), copied,
+                                      progress, copy));
+    QCOMPARE(copied, 1);
+}
+
+void TestBackupPlan::failedBackupTellsWhySongsAreMissing()
+{
+    const SongFolder songs;
+    const QString here = songs.midi(s("here.mid"), "Here");
+    const QString folder = backUpThroughTheWindow({here, songs.path() + s("/gone.mid")});
+    QCOMPARE(m_messages, QStringList(s("Backup: Backup FALLITO !!!")));
+    QCOMPARE(m_details, s("gone.mid: il file non c'è più"));
+    QCOMPARE(filesBelow(folder), QStringList(s("here.mid")));
 }
 
 int main(int argc, char *argv[])

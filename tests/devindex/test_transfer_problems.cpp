@@ -33,15 +33,17 @@ public:
     void warn(const QString &, const QString &text) override { warnings.append(text); }
     void inform(const QString &, const QString &) override {}
     void showFailure(const QString &, const QString &) override {}
-    void tellCounts(const QString &, const QString &, const QStringList &failedLines,
+    void tellCounts(const QString &, const QString &text, const QStringList &failedLines,
                     const QStringList &skippedNames) override
     {
+        counts = text;
         failed = failedLines;
         skipped = skippedNames;
     }
 
     QString folder;
     QStringList warnings;
+    QString counts;
     QStringList failed;
     QStringList skipped;
 };
@@ -66,6 +68,7 @@ private slots:
     void songsOfAPulledMemoryHaveTheirReason();
     void companionThatFailedIsNamed();
     void skippedSongsAreNamed();
+    void songsThatThePlayerWillNotFindAreNamed();
     void memoryDialogTellsAProtectedMemory();
     void memoryDialogFailsWhereNoLockCanBeMade();
 
@@ -210,6 +213,19 @@ void TestTransferProblems::skippedSongsAreNamed()
              Transfer::Outcome::Complete);
     QVERIFY(m_user.failed.isEmpty());
     QCOMPARE(m_user.skipped, QStringList({QStringLiteral("a.mid"), QStringLiteral("c.mid")}));
+}
+
+void TestTransferProblems::songsThatThePlayerWillNotFindAreNamed()
+{
+    const QString folder = QStringLiteral("/a folder whose name is too long for the player");
+    QVERIFY(QDir().mkdir(m_card->root() + folder));
+    m_user.folder = m_card->root() + folder;
+    m_card->writeOnCard(QStringLiteral("found.mid"), MountedCard::midi("FOUND"));
+    QCOMPARE(transfer({song(QStringLiteral("a.mid"))}), Transfer::Outcome::Complete);
+    QCOMPARE(m_card->indexedPaths(), QStringList(QStringLiteral("/found.mid")));
+    QCOMPARE(m_user.failed, QStringList(QStringLiteral("File non importato, path troppo lungo: ") +
+                                        m_user.folder + QStringLiteral("/a.mid")));
+    QVERIFY(m_user.counts.endsWith(QStringLiteral("\nSong della memoria con problemi: 1")));
 }
 
 void TestTransferProblems::memoryDialogTellsAProtectedMemory()

@@ -1,4 +1,4 @@
-#include "devindex/companion.h"
+#include "library/companion.h"
 
 #include <QFileInfo>
 #include <QLatin1String>
