@@ -173,7 +173,7 @@ void MemoryCheck::checkPaths()
     const QByteArray bytes = records(indexfiles::Path, PathRecord::Size);
     const qsizetype count = bytes.size() / PathRecord::Size;
     if (count > SongInfoIndex::MaxSongs)
-        add(Kind::TooManySongs, indexfiles::Path, tr("%1 song sono troppe").arg(count));
+        add(Kind::TooManySongs, indexfiles::Path, tr("Troppe song: %1").arg(count));
     m_songs.reserve(count);
     for (qsizetype number = 0; number < count; ++number)
         checkPath(static_cast<int>(number), bytes.constData() + number * PathRecord::Size);
@@ -237,7 +237,7 @@ void MemoryCheck::checkOrder()
     const QByteArray bytes = read(indexfiles::Order);
     if (bytes.size() != m_songs.size() * OrderValue::Size) {
         add(Kind::WrongSize, indexfiles::Order,
-            tr("%1 byte per %2 song").arg(bytes.size()).arg(m_songs.size()));
+            tr("La dimensione non corrisponde al numero di song"));
         return;
     }
     QList<quint16> order;
@@ -351,7 +351,7 @@ int MemoryCheck::checkGroups(const QString &kind, bool mp3Only)
             checkGroupedSong(name, number, record);
     }
     if (m_state.left > 0)
-        add(Kind::WrongGroup, name, tr("Alla fine mancano %1 song").arg(m_state.left));
+        add(Kind::WrongGroup, name, tr("Song mancanti alla fine: %1").arg(m_state.left));
     if (m_state.seen != m_expected)
         add(Kind::WrongSongs, name, tr("Non elenca ogni song una volta"));
     checkLetters(QLatin1Char('a') + name, m_state.initials);
@@ -366,10 +366,10 @@ void MemoryCheck::checkGroupHeader(const QString &name, int number, const char *
         QString::fromLatin1(fieldText(record + sizeof(quint32), GroupHeader::TextSize, isPadded));
     if (m_state.left > 0)
         add(Kind::WrongGroup, name,
-            tr("Prima del gruppo %1 mancano %2 song").arg(text).arg(m_state.left));
+            tr("Song mancanti prima del gruppo %1: %2").arg(text).arg(m_state.left));
     if (header.previousCount != m_state.lastCount)
         add(Kind::WrongGroup, name,
-            tr("Il gruppo %1 conta %2 song nel gruppo precedente, che ne ha %3")
+            tr("Il gruppo %1 conta male le song del gruppo precedente: %2 invece di %3")
                 .arg(text)
                 .arg(header.previousCount)
                 .arg(m_state.lastCount));

@@ -1251,16 +1251,12 @@ Please install the program again.</translation>
         <translation>The option takes exactly one value: %1</translation>
     </message>
     <message>
-        <source>Manca il comando</source>
-        <translation>The command is missing</translation>
-    </message>
-    <message>
-        <source>--json e --csv non vanno insieme</source>
-        <translation>--json and --csv do not go together</translation>
-    </message>
-    <message>
         <source>Valore non valido per %1: %2</source>
         <translation>Invalid value for %1: %2</translation>
+    </message>
+    <message>
+        <source>Manca il comando</source>
+        <translation>The command is missing</translation>
     </message>
     <message>
         <source>Manca il dato da modificare, per esempio --title</source>
@@ -1281,6 +1277,10 @@ Please install the program again.</translation>
     <message>
         <source>Troppi argomenti</source>
         <translation>Too many arguments</translation>
+    </message>
+    <message>
+        <source>--json e --csv non vanno insieme</source>
+        <translation>--json and --csv do not go together</translation>
     </message>
 </context>
 <context>
@@ -1403,7 +1403,7 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     </message>
     <message>
         <source>Aggiornamento database</source>
-        <translation>Updating the database</translation>
+        <translation>Updating the song index</translation>
     </message>
     <message>
         <source>Nessuna song nella memoria</source>
@@ -1414,7 +1414,7 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <name>ListCommand</name>
     <message>
         <source>Il database della memoria è danneggiato</source>
-        <translation>The database of the memory is damaged</translation>
+        <translation>The song index is damaged</translation>
     </message>
 </context>
 <context>
@@ -1425,11 +1425,11 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     </message>
     <message>
         <source>Il file manca o non è leggibile: la memoria non ha un database completo</source>
-        <translation>The file is missing or cannot be read: the memory has no complete database</translation>
+        <translation>The file is missing or cannot be read: the memory has no complete song index</translation>
     </message>
     <message>
-        <source>%1 song sono troppe</source>
-        <translation>%1 songs are too many</translation>
+        <source>Troppe song: %1</source>
+        <translation>Too many songs: %1</translation>
     </message>
     <message>
         <source>Il record %1 di %2 ha un numero di song sbagliato: %3</source>
@@ -1441,7 +1441,7 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     </message>
     <message>
         <source>Il record %1 di %2 non è un percorso della memoria</source>
-        <translation>Record %1 of %2 is no path on the memory</translation>
+        <translation>Record %1 of %2 names no file on the memory</translation>
     </message>
     <message>
         <source>La song è elencata due volte</source>
@@ -1461,11 +1461,11 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     </message>
     <message>
         <source>La song non è nel database</source>
-        <translation>The song is not in the database</translation>
+        <translation>The song is not in the song index</translation>
     </message>
     <message>
-        <source>%1 byte per %2 song</source>
-        <translation>%1 bytes for %2 songs</translation>
+        <source>La dimensione non corrisponde al numero di song</source>
+        <translation>The size does not fit the number of songs</translation>
     </message>
     <message>
         <source>Non elenca ogni song una volta</source>
@@ -1496,16 +1496,16 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>Song %1 differs from %2</translation>
     </message>
     <message>
-        <source>Alla fine mancano %1 song</source>
-        <translation>%1 songs are missing at the end</translation>
+        <source>Song mancanti alla fine: %1</source>
+        <translation>Songs missing at the end: %1</translation>
     </message>
     <message>
-        <source>Prima del gruppo %1 mancano %2 song</source>
-        <translation>%2 songs are missing before the group %1</translation>
+        <source>Song mancanti prima del gruppo %1: %2</source>
+        <translation>Songs missing before the group %1: %2</translation>
     </message>
     <message>
-        <source>Il gruppo %1 conta %2 song nel gruppo precedente, che ne ha %3</source>
-        <translation>The group %1 counts %2 songs in the group before it, which has %3</translation>
+        <source>Il gruppo %1 conta male le song del gruppo precedente: %2 invece di %3</source>
+        <translation>The group %1 miscounts the songs of the group before it: %2 instead of %3</translation>
     </message>
     <message>
         <source>L&apos;inizio del gruppo nel record %1 è danneggiato</source>
@@ -1608,7 +1608,7 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     </message>
     <message>
         <source>Marker</source>
-        <translation>Markers</translation>
+        <translation>Sections</translation>
     </message>
     <message>
         <source>Marker attivi</source>
@@ -1623,7 +1623,7 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     </message>
     <message>
         <source>Non tutti i dati hanno potuto essere scritti sullo standard output</source>
-        <translation>Not all data could be written to standard output</translation>
+        <translation>Not everything could be written to standard output</translation>
     </message>
 </context>
 <context>
@@ -1655,7 +1655,7 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     </message>
     <message>
         <source>Sincronizzazione</source>
-        <translation>Synchronising</translation>
+        <translation>Synchronizing</translation>
     </message>
     <message>
         <source>Backup</source>

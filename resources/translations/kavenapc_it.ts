@@ -1251,16 +1251,12 @@ Installare di nuovo il programma.</translation>
         <translation>L&apos;opzione vuole un solo valore: %1</translation>
     </message>
     <message>
-        <source>Manca il comando</source>
-        <translation>Manca il comando</translation>
-    </message>
-    <message>
-        <source>--json e --csv non vanno insieme</source>
-        <translation>--json e --csv non vanno insieme</translation>
-    </message>
-    <message>
         <source>Valore non valido per %1: %2</source>
         <translation>Valore non valido per %1: %2</translation>
+    </message>
+    <message>
+        <source>Manca il comando</source>
+        <translation>Manca il comando</translation>
     </message>
     <message>
         <source>Manca il dato da modificare, per esempio --title</source>
@@ -1281,6 +1277,10 @@ Installare di nuovo il programma.</translation>
     <message>
         <source>Troppi argomenti</source>
         <translation>Troppi argomenti</translation>
+    </message>
+    <message>
+        <source>--json e --csv non vanno insieme</source>
+        <translation>--json e --csv non vanno insieme</translation>
     </message>
 </context>
 <context>
@@ -1428,8 +1428,8 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>Il file manca o non è leggibile: la memoria non ha un database completo</translation>
     </message>
     <message>
-        <source>%1 song sono troppe</source>
-        <translation>%1 song sono troppe</translation>
+        <source>Troppe song: %1</source>
+        <translation>Troppe song: %1</translation>
     </message>
     <message>
         <source>Il record %1 di %2 ha un numero di song sbagliato: %3</source>
@@ -1464,8 +1464,8 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>La song non è nel database</translation>
     </message>
     <message>
-        <source>%1 byte per %2 song</source>
-        <translation>%1 byte per %2 song</translation>
+        <source>La dimensione non corrisponde al numero di song</source>
+        <translation>La dimensione non corrisponde al numero di song</translation>
     </message>
     <message>
         <source>Non elenca ogni song una volta</source>
@@ -1496,16 +1496,16 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>La song %1 è diversa che in %2</translation>
     </message>
     <message>
-        <source>Alla fine mancano %1 song</source>
-        <translation>Alla fine mancano %1 song</translation>
+        <source>Song mancanti alla fine: %1</source>
+        <translation>Song mancanti alla fine: %1</translation>
     </message>
     <message>
-        <source>Prima del gruppo %1 mancano %2 song</source>
-        <translation>Prima del gruppo %1 mancano %2 song</translation>
+        <source>Song mancanti prima del gruppo %1: %2</source>
+        <translation>Song mancanti prima del gruppo %1: %2</translation>
     </message>
     <message>
-        <source>Il gruppo %1 conta %2 song nel gruppo precedente, che ne ha %3</source>
-        <translation>Il gruppo %1 conta %2 song nel gruppo precedente, che ne ha %3</translation>
+        <source>Il gruppo %1 conta male le song del gruppo precedente: %2 invece di %3</source>
+        <translation>Il gruppo %1 conta male le song del gruppo precedente: %2 invece di %3</translation>
     </message>
     <message>
         <source>L&apos;inizio del gruppo nel record %1 è danneggiato</source>

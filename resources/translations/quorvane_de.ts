@@ -1251,16 +1251,12 @@ Bitte installieren Sie das Programm neu.</translation>
         <translation>Die Option braucht genau einen Wert: %1</translation>
     </message>
     <message>
-        <source>Manca il comando</source>
-        <translation>Es fehlt der Befehl</translation>
-    </message>
-    <message>
-        <source>--json e --csv non vanno insieme</source>
-        <translation>--json und --csv gehen nicht zusammen</translation>
-    </message>
-    <message>
         <source>Valore non valido per %1: %2</source>
         <translation>Ungültiger Wert für %1: %2</translation>
+    </message>
+    <message>
+        <source>Manca il comando</source>
+        <translation>Es fehlt der Befehl</translation>
     </message>
     <message>
         <source>Manca il dato da modificare, per esempio --title</source>
@@ -1281,6 +1277,10 @@ Bitte installieren Sie das Programm neu.</translation>
     <message>
         <source>Troppi argomenti</source>
         <translation>Zu viele Argumente</translation>
+    </message>
+    <message>
+        <source>--json e --csv non vanno insieme</source>
+        <translation>--json und --csv gehen nicht zusammen</translation>
     </message>
 </context>
 <context>
@@ -1403,7 +1403,7 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     </message>
     <message>
         <source>Aggiornamento database</source>
-        <translation>Datenbank aktualisieren</translation>
+        <translation>Songverzeichnis wird aktualisiert</translation>
     </message>
     <message>
         <source>Nessuna song nella memoria</source>
@@ -1414,7 +1414,7 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <name>ListCommand</name>
     <message>
         <source>Il database della memoria è danneggiato</source>
-        <translation>Die Datenbank des Speichers ist beschädigt</translation>
+        <translation>Das Songverzeichnis ist beschädigt</translation>
     </message>
 </context>
 <context>
@@ -1425,11 +1425,11 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     </message>
     <message>
         <source>Il file manca o non è leggibile: la memoria non ha un database completo</source>
-        <translation>Die Datei fehlt oder ist nicht lesbar: Der Speicher hat keine vollständige Datenbank</translation>
+        <translation>Die Datei fehlt oder ist nicht lesbar: Der Speicher hat kein vollständiges Songverzeichnis</translation>
     </message>
     <message>
-        <source>%1 song sono troppe</source>
-        <translation>%1 Songs sind zu viele</translation>
+        <source>Troppe song: %1</source>
+        <translation>Zu viele Songs: %1</translation>
     </message>
     <message>
         <source>Il record %1 di %2 ha un numero di song sbagliato: %3</source>
@@ -1441,7 +1441,7 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     </message>
     <message>
         <source>Il record %1 di %2 non è un percorso della memoria</source>
-        <translation>Datensatz %1 von %2 ist kein Pfad auf dem Speicher</translation>
+        <translation>Datensatz %1 von %2 nennt keine Datei auf dem Speicher</translation>
     </message>
     <message>
         <source>La song è elencata due volte</source>
@@ -1461,11 +1461,11 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     </message>
     <message>
         <source>La song non è nel database</source>
-        <translation>Der Song steht nicht in der Datenbank</translation>
+        <translation>Der Song steht nicht im Songverzeichnis</translation>
     </message>
     <message>
-        <source>%1 byte per %2 song</source>
-        <translation>%1 Bytes für %2 Songs</translation>
+        <source>La dimensione non corrisponde al numero di song</source>
+        <translation>Die Größe passt nicht zur Anzahl der Songs</translation>
     </message>
     <message>
         <source>Non elenca ogni song una volta</source>
@@ -1496,16 +1496,16 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>Song %1 ist anders als in %2</translation>
     </message>
     <message>
-        <source>Alla fine mancano %1 song</source>
-        <translation>Am Ende fehlen %1 Songs</translation>
+        <source>Song mancanti alla fine: %1</source>
+        <translation>Am Ende fehlende Songs: %1</translation>
     </message>
     <message>
-        <source>Prima del gruppo %1 mancano %2 song</source>
-        <translation>Vor der Gruppe %1 fehlen %2 Songs</translation>
+        <source>Song mancanti prima del gruppo %1: %2</source>
+        <translation>Vor der Gruppe %1 fehlende Songs: %2</translation>
     </message>
     <message>
-        <source>Il gruppo %1 conta %2 song nel gruppo precedente, che ne ha %3</source>
-        <translation>Die Gruppe %1 zählt %2 Songs in der Gruppe davor, die %3 hat</translation>
+        <source>Il gruppo %1 conta male le song del gruppo precedente: %2 invece di %3</source>
+        <translation>Die Gruppe %1 zählt die Songs der Gruppe davor falsch: %2 statt %3</translation>
     </message>
     <message>
         <source>L&apos;inizio del gruppo nel record %1 è danneggiato</source>
@@ -1623,7 +1623,7 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     </message>
     <message>
         <source>Non tutti i dati hanno potuto essere scritti sullo standard output</source>
-        <translation>Nicht alle Daten konnten auf die Standardausgabe geschrieben werden</translation>
+        <translation>Die Standardausgabe konnte nicht vollständig geschrieben werden</translation>
     </message>
 </context>
 <context>
