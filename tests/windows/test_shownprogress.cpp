@@ -5,6 +5,7 @@
 #include "support/recordedprogress.h"
 #include "support/songbytes.h"
 #include "windows/shownprogress.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QApplication>
 #include <QLabel>
