@@ -252,14 +252,14 @@ QString Index::renameLongFileName(const QString &path)
         return {};
     if (!askForRename(path, candidate))
         return path;
-    const songrenamer::Outcome renamed = songrenamer::rename(path, candidate);
-    if (renamed == songrenamer::Outcome::Unfinished) {
+    const songrenamer::Result renamed = songrenamer::rename(path, candidate);
+    if (renamed.outcome == songrenamer::Outcome::Unfinished) {
         emit errorFromIndex(
             tr("File non rinominato, l'ultimo salvataggio non è stato completato: ") + path);
         return path;
     }
-    m_renamesUnsure = m_renamesUnsure || renamed == songrenamer::Outcome::Unsure;
-    return renamed == songrenamer::Outcome::Failed ? QString() : candidate;
+    m_renamesUnsure = m_renamesUnsure || !renamed.onMedium;
+    return renamed.outcome == songrenamer::Outcome::Failed ? QString() : candidate;
 }
 
 bool Index::askForRename(const QString &path, const QString &candidate)
@@ -515,9 +515,11 @@ bool Index::writeIndexFiles()
  */
 bool Index::removeCounts() const
 {
-    const QString path = filePath(indexfiles::Count);
-    return removeFile(path) && (restorePlaylists == 0 || removeFile(filePath(indexfiles::Path))) &&
-           flushFolderOf(path);
+    const auto remove = [this](QLatin1String name) {
+        const QString path = filePath(name);
+        return removeFile(path) && flushFolderOf(path);
+    };
+    return remove(indexfiles::Count) && (restorePlaylists == 0 || remove(indexfiles::Path));
 }
 
 /** Writing through a link would change a file outside the memory. */

@@ -198,7 +198,7 @@ void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, boo
     const qsizetype stopped = files - report.copied - report.skipped.size() - report.failed.size();
     QStringList lines = {tr("Song copiate: %1").arg(report.copied),
                          tr("Song saltate: %1").arg(report.skipped.size()),
-                         tr("Song non riuscite: %1").arg(report.failed.size())};
+                         tr("Song non copiate (errori): %1").arg(report.failed.size())};
     if (stopped > 0)
         lines.append(tr("Song non più copiate dopo l'interruzione: %1").arg(stopped));
     if (!indexed)

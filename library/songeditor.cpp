@@ -116,9 +116,9 @@ void SongEditor::applyToAll(const SongEdit &edit, int editedRow)
     for (int row = 0; row < rows; ++row)
         songs.append(m_model.rowIndex(row));
 
-    const auto progress =
-        m_openProgress(QCoreApplication::translate("MainWindow", "Aggiornamento file"),
-                       QCoreApplication::translate("MainWindow", "Aggiorno la libreria..."), rows);
+    const auto progress = m_openProgress(
+        QCoreApplication::translate("MainWindow", "Aggiornamento file", "Apply to all"),
+        QCoreApplication::translate("MainWindow", "Aggiorno la libreria...", "Apply to all"), rows);
     Leftovers leftovers;
     for (int done = 0; done < rows; ++done) {
         leftovers.tidyBeside(m_model.fileName(songs.at(done).row()));

@@ -88,7 +88,7 @@ Select a folder for the backup, or press “Continue without backup”.</transla
     </message>
     <message>
         <source>Song e campo</source>
-        <translation>Song and field</translation>
+        <translation>Song and detail</translation>
     </message>
     <message>
         <source>Valore attuale</source>
@@ -148,15 +148,15 @@ Select a folder for the backup, or press “Continue without backup”.</transla
     </message>
     <message>
         <source>Marker</source>
-        <translation>Markers</translation>
+        <translation>Sections</translation>
     </message>
     <message>
         <source>Marker attivi</source>
-        <translation>Markers shown</translation>
+        <translation>Sections shown</translation>
     </message>
     <message>
         <source>La sincronizzazione modificherebbe questi dati:</source>
-        <translation>Synchronizing would &amp;change these data:</translation>
+        <translation>Synchronizing would &amp;change these details:</translation>
     </message>
     <message>
         <source>Song che verrebbero modificate: %1 di %2
@@ -179,7 +179,7 @@ Songs that cannot be read: %4</translation>
     </message>
     <message>
         <source>Percorso file:</source>
-        <translation>File path:</translation>
+        <translation>File:</translation>
     </message>
     <message>
         <source>Formato:</source>
@@ -187,7 +187,7 @@ Songs that cannot be read: %4</translation>
     </message>
     <message>
         <source>Modifica i dati della Song:</source>
-        <translation>Edit song details:</translation>
+        <translation>Song details:</translation>
     </message>
     <message>
         <source>Titolo Song:</source>
@@ -285,19 +285,19 @@ Songs that cannot be read: %4</translation>
     <name>Index</name>
     <message>
         <source>verrà rinominato: </source>
-        <translation>will be renamed to: </translation>
+        <translation>Do you want to rename it? New name: </translation>
     </message>
     <message>
         <source>Se il file non viene rinominato, è possibile che non venga rilevato da Kavena.</source>
-        <translation>If the file is not renamed, Kavena may not find it.</translation>
+        <translation>If it is not renamed, Kavena may not find it.</translation>
     </message>
     <message>
         <source>File non importato, errore nel path:</source>
-        <translation>File not added, error in its path:</translation>
+        <translation>File not added, error in its folder or name:</translation>
     </message>
     <message>
         <source>File non importato, path troppo lungo: </source>
-        <translation>File not added, path too long: </translation>
+        <translation>File not added, its folder and name together are too long: </translation>
     </message>
     <message>
         <source>File non importato, troppi file nella memoria: </source>
@@ -348,11 +348,11 @@ Songs that cannot be read: %4</translation>
     </message>
     <message>
         <source>Ho inserito o eliminato alcune song, aggiorna database</source>
-        <translation>I added or removed some songs: &amp;update the database</translation>
+        <translation>I added or removed some songs: &amp;update the song index</translation>
     </message>
     <message>
         <source>Ho problemi con gli archivi, ricostruisci database</source>
-        <translation>I have problems with the archives: &amp;rebuild the database</translation>
+        <translation>The player does not find some songs: &amp;rebuild the song index</translation>
     </message>
     <message>
         <source>Controlla struttura memoria</source>
@@ -388,7 +388,7 @@ Songs that cannot be read: %4</translation>
     </message>
     <message>
         <source>Il percorso selezionato non esiste</source>
-        <translation>The selected path does not exist</translation>
+        <translation>The selected folder does not exist</translation>
     </message>
     <message>
         <source>Durante l&apos;operazione si sono verificati alcuni errori.
@@ -404,7 +404,7 @@ See the report for more information.</translation>
         <source>Operazione non riuscita.
 Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto da scrittura.</source>
         <translation>The operation failed.
-Make sure that the disk has enough free space and is not write-protected.</translation>
+Make sure that the memory has enough free space and is not write-protected.</translation>
     </message>
     <message>
         <source>Memoria:</source>
@@ -427,7 +427,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Seleziona le basi musicali che desideri inserire nella memoria di Kavena</source>
-        <translation>Choose the songs that you want to put into the memory of Kavena</translation>
+        <translation>Choose the songs that you want to put on the card or stick</translation>
     </message>
     <message>
         <source>Sincronizza song con il database K-Ravo</source>
@@ -435,7 +435,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Trasferisci song nella memoria di Kavena</source>
-        <translation>Transfer songs into the memory of Kavena</translation>
+        <translation>Transfer songs to the card or stick</translation>
     </message>
     <message>
         <source>Opzioni nascoste</source>
@@ -455,7 +455,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Add Marker</source>
-        <translation>Add marker</translation>
+        <translation>Add section</translation>
     </message>
     <message>
         <source>Save</source>
@@ -471,7 +471,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Backup</source>
-        <translation>Backup</translation>
+        <translation>Back up songs</translation>
     </message>
     <message>
         <source>Manual Dialog</source>
@@ -527,23 +527,23 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Rigenera il database delle song</source>
-        <translation>&amp;Rebuild the song database</translation>
+        <translation>&amp;Optimize memory...</translation>
     </message>
     <message>
         <source>Salva lista delle song</source>
-        <translation>&amp;Save the song list</translation>
+        <translation>&amp;Save the song list...</translation>
     </message>
     <message>
         <source>Aiuto Kavena PC</source>
-        <translation>Kavena PC &amp;Help</translation>
+        <translation>Kavena PC &amp;Help...</translation>
     </message>
     <message>
         <source>Informazioni</source>
-        <translation>&amp;About Kavena PC</translation>
+        <translation>&amp;About Kavena PC...</translation>
     </message>
     <message>
         <source>Informazioni su QT</source>
-        <translation>About &amp;Qt</translation>
+        <translation>About &amp;Qt...</translation>
     </message>
     <message>
         <source>Seleziona i file da importare</source>
@@ -551,11 +551,11 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Lettura file</source>
-        <translation>Reading files</translation>
+        <translation>Import songs</translation>
     </message>
     <message>
         <source>Importo la libreria...</source>
-        <translation>Importing the library...</translation>
+        <translation>Importing the songs...</translation>
     </message>
     <message>
         <source>Backup eseguito correttamente</source>
@@ -571,7 +571,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Delete file</source>
-        <translation>&amp;Delete file</translation>
+        <translation>&amp;Delete file...</translation>
     </message>
     <message>
         <source>Attenzione</source>
@@ -591,15 +591,15 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Aggiornamento file</source>
-        <translation>Updating files</translation>
+        <translation>Synchronize songs</translation>
     </message>
     <message>
         <source>Aggiorno la libreria...</source>
-        <translation>Updating the library...</translation>
+        <translation>Synchronizing the songs...</translation>
     </message>
     <message>
         <source>Eseguo backup dellla libreria...</source>
-        <translation>Backing up the library...</translation>
+        <translation>Backing up the songs...</translation>
     </message>
     <message>
         <source>esiste già, vuoi sostituirlo?</source>
@@ -623,7 +623,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Aggiornamento database...</source>
-        <translation>Updating the database...</translation>
+        <translation>Updating the song index...</translation>
     </message>
     <message>
         <source>Scegli cartella</source>
@@ -631,7 +631,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Non è possibile copiare i file sul disco di sistema</source>
-        <translation>Files cannot be copied to the system disk</translation>
+        <translation>This folder is not on a card or stick</translation>
     </message>
     <message>
         <source>Non è possibile copiare i file sulla cartella principale, creare o selezionare una sottocartella</source>
@@ -649,7 +649,7 @@ Do you want to copy all the same?</translation>
     </message>
     <message>
         <source>Trasferimento file...</source>
-        <translation>Transferring files...</translation>
+        <translation>Transferring the songs...</translation>
     </message>
     <message>
         <source>Mostra le modifiche prima di sincronizzare</source>
@@ -664,20 +664,12 @@ Do you want to copy all the same?</translation>
         <translation>Songs skipped: %1</translation>
     </message>
     <message>
-        <source>Song non riuscite: %1</source>
-        <translation>Songs failed: %1</translation>
-    </message>
-    <message>
         <source>Song non più copiate dopo l&apos;interruzione: %1</source>
         <translation>Songs not copied after you stopped: %1</translation>
     </message>
     <message>
         <source>Il database della memoria non è stato aggiornato.</source>
-        <translation>The memory&apos;s database was not updated.</translation>
-    </message>
-    <message>
-        <source>Song della memoria con problemi: %1</source>
-        <translation>Songs on the memory with problems: %1</translation>
+        <translation>The memory&apos;s song index was not updated.</translation>
     </message>
     <message>
         <source>esiste già un file con questo nome</source>
@@ -708,10 +700,6 @@ Do you want to copy all the same?</translation>
         <translation>&amp;Select songs...</translation>
     </message>
     <message>
-        <source>Si&amp;ncronizza song</source>
-        <translation>S&amp;ynchronize songs</translation>
-    </message>
-    <message>
         <source>&amp;Trasferisci song...</source>
         <translation>&amp;Transfer songs...</translation>
     </message>
@@ -738,6 +726,28 @@ Do you want to copy all the same?</translation>
     <message>
         <source>Cerco le song nelle cartelle...</source>
         <translation>Searching the folders for songs...</translation>
+    </message>
+    <message>
+        <source>Song della memoria con problemi: %1</source>
+        <translation>Songs on the memory with problems: %1</translation>
+    </message>
+    <message>
+        <source>Aggiornamento file</source>
+        <comment>Apply to all</comment>
+        <translation>Edit songs</translation>
+    </message>
+    <message>
+        <source>Aggiorno la libreria...</source>
+        <comment>Apply to all</comment>
+        <translation>Editing the songs...</translation>
+    </message>
+    <message>
+        <source>Song non copiate (errori): %1</source>
+        <translation>Not copied (errors): %1</translation>
+    </message>
+    <message>
+        <source>Si&amp;ncronizza song...</source>
+        <translation>S&amp;ynchronize songs...</translation>
     </message>
 </context>
 <context>
@@ -833,7 +843,7 @@ Nothing was changed. Try again when it has finished.</translation>
     </message>
     <message>
         <source>Sono stati esaminti %1 files, trovate %2 songs di cui %3 di (c)K-Ravo</source>
-        <translation>%1 files examined, %2 songs found, of which %3 are © K-Ravo</translation>
+        <translation>Files examined: %1, songs found: %2, of which © K-Ravo: %3</translation>
     </message>
 </context>
 <context>
@@ -844,7 +854,7 @@ Nothing was changed. Try again when it has finished.</translation>
     </message>
     <message>
         <source>CF/USB:</source>
-        <translation>&amp;CF/USB:</translation>
+        <translation>Fol&amp;der:</translation>
     </message>
     <message>
         <source>Browse</source>
@@ -884,11 +894,11 @@ Nothing was changed. Try again when it has finished.</translation>
     </message>
     <message>
         <source>Il percorso selezionato non esiste</source>
-        <translation>The selected path does not exist</translation>
+        <translation>The selected folder does not exist</translation>
     </message>
     <message>
         <source>Il percorso di destinazione non esiste</source>
-        <translation>The destination path does not exist</translation>
+        <translation>The destination folder does not exist</translation>
     </message>
     <message>
         <source>Operazione completata</source>
@@ -1129,7 +1139,7 @@ Make room and try again.</translation>
         <source>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
 
 Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</source>
-        <translation>The song database cannot be opened: songs cannot be listed, synchronized or transferred.
+        <translation>The song list cannot be opened: songs cannot be listed, synchronized or transferred.
 
 Please check that the folder for temporary files (%1) has room and can be written to, then start the program again.</translation>
     </message>
@@ -1185,7 +1195,7 @@ Please install the program again.</translation>
     </message>
     <message>
         <source>I dati sono troppi per questo formato</source>
-        <translation>Too much data for this format</translation>
+        <translation>The details are too long for this format</translation>
     </message>
     <message>
         <source>Il file non è leggibile</source>
@@ -1211,11 +1221,11 @@ Please install the program again.</translation>
     <name>RunReportBox</name>
     <message>
         <source>Aggiornamento file</source>
-        <translation>Updating files</translation>
+        <translation>Save songs</translation>
     </message>
     <message>
         <source>&amp;Dettagli...</source>
-        <translation>&amp;Details...</translation>
+        <translation>&amp;Show songs...</translation>
     </message>
     <message>
         <source>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</source>
@@ -1223,7 +1233,7 @@ Please install the program again.</translation>
     </message>
     <message>
         <source>Dettagli</source>
-        <translation>Details</translation>
+        <translation>Songs concerned</translation>
     </message>
     <message>
         <source>Queste &amp;song non sono a posto:</source>

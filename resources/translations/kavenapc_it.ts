@@ -527,23 +527,23 @@ Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto 
     </message>
     <message>
         <source>Rigenera il database delle song</source>
-        <translation>&amp;Rigenera il database delle song</translation>
+        <translation>&amp;Rigenera il database delle song...</translation>
     </message>
     <message>
         <source>Salva lista delle song</source>
-        <translation>&amp;Salva lista delle song</translation>
+        <translation>&amp;Salva lista delle song...</translation>
     </message>
     <message>
         <source>Aiuto Kavena PC</source>
-        <translation>&amp;Aiuto Kavena PC</translation>
+        <translation>&amp;Aiuto Kavena PC...</translation>
     </message>
     <message>
         <source>Informazioni</source>
-        <translation>&amp;Informazioni su Kavena PC</translation>
+        <translation>&amp;Informazioni su Kavena PC...</translation>
     </message>
     <message>
         <source>Informazioni su QT</source>
-        <translation>Informazioni su &amp;Qt</translation>
+        <translation>Informazioni su &amp;Qt...</translation>
     </message>
     <message>
         <source>Seleziona i file da importare</source>
@@ -571,7 +571,7 @@ Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto 
     </message>
     <message>
         <source>Delete file</source>
-        <translation>&amp;Cancella file</translation>
+        <translation>Cance&amp;lla file...</translation>
     </message>
     <message>
         <source>Attenzione</source>
@@ -664,20 +664,12 @@ Si vuole procedere comunque con la copia?</translation>
         <translation>Song saltate: %1</translation>
     </message>
     <message>
-        <source>Song non riuscite: %1</source>
-        <translation>Song non riuscite: %1</translation>
-    </message>
-    <message>
         <source>Song non più copiate dopo l&apos;interruzione: %1</source>
         <translation>Song non più copiate dopo l&apos;interruzione: %1</translation>
     </message>
     <message>
         <source>Il database della memoria non è stato aggiornato.</source>
         <translation>Il database della memoria non è stato aggiornato.</translation>
-    </message>
-    <message>
-        <source>Song della memoria con problemi: %1</source>
-        <translation>Song della memoria con problemi: %1</translation>
     </message>
     <message>
         <source>esiste già un file con questo nome</source>
@@ -708,10 +700,6 @@ Si vuole procedere comunque con la copia?</translation>
         <translation>&amp;Seleziona song...</translation>
     </message>
     <message>
-        <source>Si&amp;ncronizza song</source>
-        <translation>Si&amp;ncronizza song</translation>
-    </message>
-    <message>
         <source>&amp;Trasferisci song...</source>
         <translation>&amp;Trasferisci song...</translation>
     </message>
@@ -738,6 +726,28 @@ Si vuole procedere comunque con la copia?</translation>
     <message>
         <source>Cerco le song nelle cartelle...</source>
         <translation>Cerco le song nelle cartelle...</translation>
+    </message>
+    <message>
+        <source>Song della memoria con problemi: %1</source>
+        <translation>Song della memoria con problemi: %1</translation>
+    </message>
+    <message>
+        <source>Aggiornamento file</source>
+        <comment>Apply to all</comment>
+        <translation>Aggiornamento file</translation>
+    </message>
+    <message>
+        <source>Aggiorno la libreria...</source>
+        <comment>Apply to all</comment>
+        <translation>Aggiorno la libreria...</translation>
+    </message>
+    <message>
+        <source>Song non copiate (errori): %1</source>
+        <translation>Song non copiate (errori): %1</translation>
+    </message>
+    <message>
+        <source>Si&amp;ncronizza song...</source>
+        <translation>Si&amp;ncronizza song...</translation>
     </message>
 </context>
 <context>
@@ -833,7 +843,7 @@ Non è stato cambiato nulla. Riprovare quando avrà finito.</translation>
     </message>
     <message>
         <source>Sono stati esaminti %1 files, trovate %2 songs di cui %3 di (c)K-Ravo</source>
-        <translation>Sono stati esaminati %1 file, trovate %2 song di cui %3 di © K-Ravo</translation>
+        <translation>File esaminati: %1, song trovate: %2, di cui © K-Ravo: %3</translation>
     </message>
 </context>
 <context>
@@ -844,7 +854,7 @@ Non è stato cambiato nulla. Riprovare quando avrà finito.</translation>
     </message>
     <message>
         <source>CF/USB:</source>
-        <translation>&amp;CF/USB:</translation>
+        <translation>&amp;Cartella:</translation>
     </message>
     <message>
         <source>Browse</source>

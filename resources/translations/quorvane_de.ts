@@ -175,11 +175,11 @@ Songs, die nicht lesbar sind: %4</translation>
     <name>DataEditDialog</name>
     <message>
         <source>Modifica dati song</source>
-        <translation>Songdaten bearbeiten</translation>
+        <translation>Song bearbeiten</translation>
     </message>
     <message>
         <source>Percorso file:</source>
-        <translation>Dateipfad:</translation>
+        <translation>Datei:</translation>
     </message>
     <message>
         <source>Formato:</source>
@@ -187,7 +187,7 @@ Songs, die nicht lesbar sind: %4</translation>
     </message>
     <message>
         <source>Modifica i dati della Song:</source>
-        <translation>Songdaten bearbeiten:</translation>
+        <translation>Angaben zum Song:</translation>
     </message>
     <message>
         <source>Titolo Song:</source>
@@ -285,23 +285,23 @@ Songs, die nicht lesbar sind: %4</translation>
     <name>Index</name>
     <message>
         <source>verrà rinominato: </source>
-        <translation>wird umbenannt in: </translation>
+        <translation>Soll sie umbenannt werden? Neuer Name: </translation>
     </message>
     <message>
         <source>Se il file non viene rinominato, è possibile che non venga rilevato da Kavena.</source>
-        <translation>Wird die Datei nicht umbenannt, findet RB27 sie möglicherweise nicht.</translation>
+        <translation>Wird sie nicht umbenannt, findet RB27 sie möglicherweise nicht.</translation>
     </message>
     <message>
         <source>File non importato, errore nel path:</source>
-        <translation>Datei nicht aufgenommen, Fehler im Pfad:</translation>
+        <translation>Datei nicht aufgenommen, Fehler bei Ordner oder Name:</translation>
     </message>
     <message>
         <source>File non importato, path troppo lungo: </source>
-        <translation>Datei nicht aufgenommen, Pfad zu lang: </translation>
+        <translation>Datei nicht aufgenommen, Ordner und Name zusammen zu lang: </translation>
     </message>
     <message>
         <source>File non importato, troppi file nella memoria: </source>
-        <translation>Datei nicht aufgenommen, zu viele Dateien im Speicher: </translation>
+        <translation>Datei nicht aufgenommen, zu viele Dateien auf dem Speicher: </translation>
     </message>
     <message>
         <source>File non importato, il nome differisce da un altro solo per le maiuscole: </source>
@@ -348,11 +348,11 @@ Songs, die nicht lesbar sind: %4</translation>
     </message>
     <message>
         <source>Ho inserito o eliminato alcune song, aggiorna database</source>
-        <translation>Songs wurden hinzugefügt oder gelöscht: Datenbank &amp;aktualisieren</translation>
+        <translation>Songs wurden hinzugefügt oder gelöscht: Songverzeichnis &amp;aktualisieren</translation>
     </message>
     <message>
         <source>Ho problemi con gli archivi, ricostruisci database</source>
-        <translation>Es gibt Probleme mit den Archiven: Datenbank &amp;neu aufbauen</translation>
+        <translation>Der Player findet Songs nicht: Songverzeichnis &amp;neu aufbauen</translation>
     </message>
     <message>
         <source>Controlla struttura memoria</source>
@@ -388,7 +388,7 @@ Songs, die nicht lesbar sind: %4</translation>
     </message>
     <message>
         <source>Il percorso selezionato non esiste</source>
-        <translation>Der gewählte Pfad existiert nicht</translation>
+        <translation>Den gewählten Ordner gibt es nicht</translation>
     </message>
     <message>
         <source>Durante l&apos;operazione si sono verificati alcuni errori.
@@ -427,7 +427,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Seleziona le basi musicali che desideri inserire nella memoria di Kavena</source>
-        <translation>Wählen Sie die Songs aus, die in den Speicher von RB27 kommen sollen</translation>
+        <translation>Wählen Sie die Songs aus, die auf Karte oder Stick kommen sollen</translation>
     </message>
     <message>
         <source>Sincronizza song con il database K-Ravo</source>
@@ -435,7 +435,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Trasferisci song nella memoria di Kavena</source>
-        <translation>Songs in den Speicher von RB27 übertragen</translation>
+        <translation>Songs auf Karte oder Stick übertragen</translation>
     </message>
     <message>
         <source>Opzioni nascoste</source>
@@ -455,7 +455,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Add Marker</source>
-        <translation>Marker hinzufügen</translation>
+        <translation>Abschnitt hinzufügen</translation>
     </message>
     <message>
         <source>Save</source>
@@ -463,7 +463,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Import again</source>
-        <translation>Erneut importieren</translation>
+        <translation>Erneut einlesen</translation>
     </message>
     <message>
         <source>Hide Debug</source>
@@ -471,7 +471,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Backup</source>
-        <translation>Sicherung</translation>
+        <translation>Songs sichern</translation>
     </message>
     <message>
         <source>Manual Dialog</source>
@@ -527,35 +527,35 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Rigenera il database delle song</source>
-        <translation>Songdatenbank &amp;neu erstellen</translation>
+        <translation>Speicher &amp;optimieren...</translation>
     </message>
     <message>
         <source>Salva lista delle song</source>
-        <translation>Song&amp;liste speichern</translation>
+        <translation>Song&amp;liste speichern...</translation>
     </message>
     <message>
         <source>Aiuto Kavena PC</source>
-        <translation>&amp;Hilfe zu RB27 Utility</translation>
+        <translation>&amp;Hilfe zu RB27 Utility...</translation>
     </message>
     <message>
         <source>Informazioni</source>
-        <translation>&amp;Über RB27 Utility</translation>
+        <translation>&amp;Über RB27 Utility...</translation>
     </message>
     <message>
         <source>Informazioni su QT</source>
-        <translation>Über &amp;Qt</translation>
+        <translation>Über &amp;Qt...</translation>
     </message>
     <message>
         <source>Seleziona i file da importare</source>
-        <translation>Zu importierende Dateien auswählen</translation>
+        <translation>Songs auswählen</translation>
     </message>
     <message>
         <source>Lettura file</source>
-        <translation>Dateien lesen</translation>
+        <translation>Songs einlesen</translation>
     </message>
     <message>
         <source>Importo la libreria...</source>
-        <translation>Bibliothek wird importiert...</translation>
+        <translation>Songs werden eingelesen...</translation>
     </message>
     <message>
         <source>Backup eseguito correttamente</source>
@@ -567,11 +567,11 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Remove from list</source>
-        <translation>Aus der Liste &amp;entfernen</translation>
+        <translation>Aus der &amp;Liste entfernen</translation>
     </message>
     <message>
         <source>Delete file</source>
-        <translation>Datei &amp;löschen</translation>
+        <translation>&amp;Datei löschen...</translation>
     </message>
     <message>
         <source>Attenzione</source>
@@ -583,7 +583,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Interrompi</source>
-        <translation>&amp;Abbrechen</translation>
+        <translation>&amp;Anhalten</translation>
     </message>
     <message>
         <source>%1 di %2</source>
@@ -591,15 +591,15 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Aggiornamento file</source>
-        <translation>Dateien aktualisieren</translation>
+        <translation>Songs synchronisieren</translation>
     </message>
     <message>
         <source>Aggiorno la libreria...</source>
-        <translation>Bibliothek wird aktualisiert...</translation>
+        <translation>Songs werden synchronisiert...</translation>
     </message>
     <message>
         <source>Eseguo backup dellla libreria...</source>
-        <translation>Bibliothek wird gesichert...</translation>
+        <translation>Songs werden gesichert...</translation>
     </message>
     <message>
         <source>esiste già, vuoi sostituirlo?</source>
@@ -623,7 +623,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Aggiornamento database...</source>
-        <translation>Datenbank wird aktualisiert...</translation>
+        <translation>Songverzeichnis wird aktualisiert...</translation>
     </message>
     <message>
         <source>Scegli cartella</source>
@@ -631,7 +631,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Non è possibile copiare i file sul disco di sistema</source>
-        <translation>Auf den Systemdatenträger können keine Dateien kopiert werden</translation>
+        <translation>Dieser Ordner liegt nicht auf Karte oder Stick</translation>
     </message>
     <message>
         <source>Non è possibile copiare i file sulla cartella principale, creare o selezionare una sottocartella</source>
@@ -644,12 +644,12 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     <message>
         <source>Lo spazio libero nella memoria non è sufficiente: mancano %1.
 Si vuole procedere comunque con la copia?</source>
-        <translation>Der freie Platz im Speicher reicht nicht aus: Es fehlen %1.
+        <translation>Der freie Platz auf dem Speicher reicht nicht aus: Es fehlen %1.
 Trotzdem kopieren?</translation>
     </message>
     <message>
         <source>Trasferimento file...</source>
-        <translation>Dateien werden übertragen...</translation>
+        <translation>Songs werden übertragen...</translation>
     </message>
     <message>
         <source>Mostra le modifiche prima di sincronizzare</source>
@@ -664,20 +664,12 @@ Trotzdem kopieren?</translation>
         <translation>Übersprungene Songs: %1</translation>
     </message>
     <message>
-        <source>Song non riuscite: %1</source>
-        <translation>Fehlgeschlagene Songs: %1</translation>
-    </message>
-    <message>
         <source>Song non più copiate dopo l&apos;interruzione: %1</source>
-        <translation>Nach dem Abbrechen nicht mehr kopierte Songs: %1</translation>
+        <translation>Nach dem Anhalten nicht mehr kopierte Songs: %1</translation>
     </message>
     <message>
         <source>Il database della memoria non è stato aggiornato.</source>
-        <translation>Die Datenbank des Speichers wurde nicht aktualisiert.</translation>
-    </message>
-    <message>
-        <source>Song della memoria con problemi: %1</source>
-        <translation>Songs auf dem Speicher mit Problemen: %1</translation>
+        <translation>Das Songverzeichnis des Speichers wurde nicht aktualisiert.</translation>
     </message>
     <message>
         <source>esiste già un file con questo nome</source>
@@ -708,16 +700,12 @@ Trotzdem kopieren?</translation>
         <translation>Songs &amp;auswählen...</translation>
     </message>
     <message>
-        <source>Si&amp;ncronizza song</source>
-        <translation>Songs &amp;synchronisieren</translation>
-    </message>
-    <message>
         <source>&amp;Trasferisci song...</source>
         <translation>Songs über&amp;tragen...</translation>
     </message>
     <message>
         <source>&amp;Modifica dati song...</source>
-        <translation>Songdaten b&amp;earbeiten...</translation>
+        <translation>Song b&amp;earbeiten...</translation>
     </message>
     <message>
         <source>&amp;Rimuovi dalla lista</source>
@@ -739,6 +727,28 @@ Trotzdem kopieren?</translation>
         <source>Cerco le song nelle cartelle...</source>
         <translation>Songs werden in den Ordnern gesucht...</translation>
     </message>
+    <message>
+        <source>Song della memoria con problemi: %1</source>
+        <translation>Songs auf dem Speicher mit Problemen: %1</translation>
+    </message>
+    <message>
+        <source>Aggiornamento file</source>
+        <comment>Apply to all</comment>
+        <translation>Songs bearbeiten</translation>
+    </message>
+    <message>
+        <source>Aggiorno la libreria...</source>
+        <comment>Apply to all</comment>
+        <translation>Songs werden bearbeitet...</translation>
+    </message>
+    <message>
+        <source>Song non copiate (errori): %1</source>
+        <translation>Nicht kopiert (Fehler): %1</translation>
+    </message>
+    <message>
+        <source>Si&amp;ncronizza song...</source>
+        <translation>Songs &amp;synchronisieren...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -752,7 +762,7 @@ Trotzdem kopieren?</translation>
     </message>
     <message>
         <source>Nessuna memoria collegata</source>
-        <translation>Kein Speicher angesteckt</translation>
+        <translation>Kein Speicher angeschlossen</translation>
     </message>
     <message>
         <source>Scegli una memoria</source>
@@ -813,7 +823,7 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
     <name>ProceedDialog</name>
     <message>
         <source>Riassunto importazione</source>
-        <translation>Zusammenfassung des Imports</translation>
+        <translation>Eingelesene Songs</translation>
     </message>
     <message>
         <source>Si vuole procedere alla sincronizzazione automatica con il database?</source>
@@ -833,7 +843,7 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
     </message>
     <message>
         <source>Sono stati esaminti %1 files, trovate %2 songs di cui %3 di (c)K-Ravo</source>
-        <translation>%1 Dateien untersucht, %2 Songs gefunden, davon %3 von © K-Ravo</translation>
+        <translation>Untersuchte Dateien: %1, gefundene Songs: %2, davon von © K-Ravo: %3</translation>
     </message>
 </context>
 <context>
@@ -844,7 +854,7 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
     </message>
     <message>
         <source>CF/USB:</source>
-        <translation>&amp;CF/USB:</translation>
+        <translation>&amp;Ordner:</translation>
     </message>
     <message>
         <source>Browse</source>
@@ -884,11 +894,11 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
     </message>
     <message>
         <source>Il percorso selezionato non esiste</source>
-        <translation>Der gewählte Pfad existiert nicht</translation>
+        <translation>Den gewählten Ordner gibt es nicht</translation>
     </message>
     <message>
         <source>Il percorso di destinazione non esiste</source>
-        <translation>Der Zielpfad existiert nicht</translation>
+        <translation>Den Zielordner gibt es nicht</translation>
     </message>
     <message>
         <source>Operazione completata</source>
@@ -915,7 +925,7 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
     <name>SortMenu</name>
     <message>
         <source>Ordine di importazione</source>
-        <translation>Reihenfolge des Imports</translation>
+        <translation>Reihenfolge des Einlesens</translation>
     </message>
 </context>
 <context>
@@ -1129,7 +1139,7 @@ Bitte schaffen Sie Platz und versuchen Sie es noch einmal.</translation>
         <source>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
 
 Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</source>
-        <translation>Die Songdatenbank lässt sich nicht öffnen: Songs können weder aufgelistet noch synchronisiert noch übertragen werden.
+        <translation>Die Songliste lässt sich nicht öffnen: Songs können weder aufgelistet noch synchronisiert noch übertragen werden.
 
 Bitte prüfen Sie, ob im Ordner für vorübergehende Dateien (%1) Platz ist und ob darin geschrieben werden darf, und starten Sie das Programm dann neu.</translation>
     </message>
@@ -1185,7 +1195,7 @@ Bitte installieren Sie das Programm neu.</translation>
     </message>
     <message>
         <source>I dati sono troppi per questo formato</source>
-        <translation>Zu viele Daten für dieses Format</translation>
+        <translation>Die Angaben sind zu lang für dieses Format</translation>
     </message>
     <message>
         <source>Il file non è leggibile</source>
@@ -1211,11 +1221,11 @@ Bitte installieren Sie das Programm neu.</translation>
     <name>RunReportBox</name>
     <message>
         <source>Aggiornamento file</source>
-        <translation>Dateien aktualisieren</translation>
+        <translation>Songs speichern</translation>
     </message>
     <message>
         <source>&amp;Dettagli...</source>
-        <translation>&amp;Details...</translation>
+        <translation>&amp;Songs anzeigen...</translation>
     </message>
     <message>
         <source>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</source>
@@ -1223,7 +1233,7 @@ Bitte installieren Sie das Programm neu.</translation>
     </message>
     <message>
         <source>Dettagli</source>
-        <translation>Details</translation>
+        <translation>Betroffene Songs</translation>
     </message>
     <message>
         <source>Queste &amp;song non sono a posto:</source>

@@ -488,8 +488,8 @@ void TestMainWindow::textsFollowTheLanguage()
     QCOMPARE(header(window, 2), QStringLiteral("Titel"));
     QCOMPARE(header(window, 10), QStringLiteral("Dateiname"));
     QCOMPARE(textsOf(window.child<QMenu>("menuHelp")->actions()),
-             (QStringList{QStringLiteral("&Hilfe zu RB27 Utility"),
-                          QStringLiteral("&Über RB27 Utility"), QStringLiteral("Über &Qt")}));
+             (QStringList{QStringLiteral("&Hilfe zu RB27 Utility..."),
+                          QStringLiteral("&Über RB27 Utility..."), QStringLiteral("Über &Qt...")}));
     changeLanguage(window, "actionEnglish");
     QCOMPARE(window.windowTitle(), QStringLiteral("RB27 Utility"));
     QCOMPARE(header(window, 2), QStringLiteral("Title"));
@@ -1114,7 +1114,7 @@ void TestMainWindow::transferGoesThroughTheWindow()
              QStringList({QStringLiteral("Trasferimento: Tutti i file sono stati copiati "
                                          "correttamente"),
                           QStringLiteral("Trasferimento: Song copiate: 2\nSong saltate: 0\n"
-                                         "Song non riuscite: 0")}));
+                                         "Song non copiate (errori): 0")}));
     QVERIFY(QFile::exists(card + QStringLiteral("/songs/a.mid")));
     QVERIFY(QFile::exists(card + QStringLiteral("/songs/b.mp3")));
     QVERIFY(!window.updateButton()->isEnabled());

@@ -37,7 +37,7 @@ const QString failureText =
 QString countsText(int copied, int skipped, int failed)
 {
     return QStringLiteral("Trasferimento: Song copiate: %1\nSong saltate: %2\n"
-                          "Song non riuscite: %3")
+                          "Song non copiate (errori): %3")
         .arg(copied)
         .arg(skipped)
         .arg(failed);
@@ -710,7 +710,7 @@ void TestTransfer::realWindowsDoTheWholeJob()
 void TestTransfer::namesOfFailedSongsAreShownOnRequest()
 {
     TransferDialogs dialogs(nullptr);
-    const QString text = QStringLiteral("Song non riuscite: 2");
+    const QString text = QStringLiteral("Song non copiate (errori): 2");
     const QStringList failed = {QStringLiteral("<b>a.mid"), QStringLiteral("b.mid")};
     for (const QStringList &names : {QStringList(), failed}) {
         ModalAnswers user;
