@@ -139,7 +139,7 @@ bool SongFileWriter::replaceJournalled(const QByteArray &bytes, const SongJourna
         return false;
     }
     const bool written = noted(overwrite(bytes));
-    // With a journal that cannot be taken away the song would become the old one again some day.
+    // A save that leaves its journal behind is reported as none, so the song becomes the old one.
     if ((written || putBack(old.oldBytes)) && journal.remove())
         return written;
     if (!isTaken(journal.path())) {

@@ -272,7 +272,7 @@ bool SongJournal::remove()
     const bool emptied =
         !removed && m_file.isWritable() && m_file.resize(0) && flushToMedium(m_file);
     m_file.close();
-    // A journal that comes back after a power cut would undo a save that was reported.
+    // Gone for good, not only until the next power cut.
     if (removed || QFile::remove(m_path))
         return flushFolderOf(m_path);
     return emptied;
