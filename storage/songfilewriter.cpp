@@ -4,6 +4,7 @@
 #include "storage/leftovers.h"
 #include "storage/safefile.h"
 #include "storage/songjournal.h"
+#include "storage/songlayout.h"
 
 #include <QFileInfo>
 
@@ -33,7 +34,7 @@ void allowOwnerToWrite(const QString &path)
 /** Only such songs are rewritten in place; no other file ever had a journal. */
 bool isRewrittenInPlace(const QByteArray &song)
 {
-    return song.startsWith("MThd") || song.startsWith("_MF");
+    return song.startsWith(songlayout::midiMagic) || song.startsWith(songlayout::mfxMagic);
 }
 
 /** The path up to the last dot of the file name (folder names may hold dots too), then ".tmp". */

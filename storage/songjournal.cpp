@@ -1,6 +1,7 @@
 #include "storage/songjournal.h"
 
 #include "storage/safefile.h"
+#include "storage/songlayout.h"
 
 #include <QCryptographicHash>
 #include <QtEndian>
@@ -98,17 +99,18 @@ std::optional<SongJournal::Content> decodeFirstVersion(const QByteArray &bytes)
 /** A MIDI or MFX file that does not say itself that bytes are missing at its end. */
 bool isWholeSong(const QByteArray &song)
 {
-    constexpr qint64 chunkHead = 8;
-    if (song.startsWith("_MF"))
-        return song.size() >= chunkHead && qFromLittleEndian<quint32>(song.constData() + 4) <=
-                                               static_cast<quint64>(song.size());
-    if (!song.startsWith("MThd"))
+    using namespace songlayout;
+    if (song.startsWith(mfxMagic))
+        return song.size() >= mfxFileSizePos + qsizetype{sizeof(quint32)} &&
+               qFromLittleEndian<quint32>(song.constData() + mfxFileSizePos) <=
+                   static_cast<quint64>(song.size());
+    if (!song.startsWith(midiMagic))
         return false;
     qint64 pos = 0;
     int tracks = 0;
-    while (pos + chunkHead <= song.size()) {
-        tracks += song.mid(pos, 4) == "MTrk" ? 1 : 0;
-        pos += chunkHead + numberAt(song, pos + 4);
+    while (pos + chunkHeaderSize <= song.size()) {
+        tracks += song.mid(pos, chunkSizePos) == midiTrackMagic ? 1 : 0;
+        pos += qint64{chunkHeaderSize} + numberAt(song, pos + chunkSizePos);
     }
     return tracks > 0 && pos == song.size();
 }
