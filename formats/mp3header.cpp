@@ -75,7 +75,7 @@ bool Mp3Header::loadHeader(const QByteArray &bytes)
     m_tag.append(wholeSize - m_tag.size(), '\0');
     m_tagSize = size;
     m_audioStart = size + tagHeaderSize;
-    leaveOutFooter(view(bytes, wholeSize, FooterSize));
+    leaveOutFooter(view(bytes, wholeSize, footerSize));
     undoUnsynchronisation();
     renewFrames();
     return true;
@@ -127,7 +127,7 @@ int Mp3Header::userBpm() const
 
 int Mp3Header::length() const
 {
-    return countFromText(frameText(Id3FrameId::length)) / MillisecondsPerSecond;
+    return countFromText(frameText(Id3FrameId::length)) / millisecondsPerSecond;
 }
 
 bool Mp3Header::hasTitle() const
@@ -207,7 +207,7 @@ void Mp3Header::setUserBpm(int bpm)
 
 void Mp3Header::setLength(int seconds)
 {
-    const qint64 milliseconds = qint64{seconds} * MillisecondsPerSecond;
+    const qint64 milliseconds = qint64{seconds} * millisecondsPerSecond;
     replaceFrame(Id3FrameId::length,
                  seconds >= 1 ? QByteArray::number(milliseconds) : QByteArray());
 }
@@ -386,8 +386,8 @@ void Mp3Header::leaveOutFooter(QByteArrayView behind)
     if (m_tag.at(tagVersionPos) != groupedSizesVersion || (flags() & hasFooter) == 0)
         return;
     setFlags(flags() & ~hasFooter);
-    if (behind.size() == FooterSize && behind.startsWith(footerMagic))
-        m_audioStart += FooterSize;
+    if (behind.size() == footerSize && behind.startsWith(footerMagic))
+        m_audioStart += footerSize;
 }
 
 /**
