@@ -236,7 +236,7 @@ FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &tar
     if (count < 0)
         return Copy::NoSource;
 
-    if (!createHiddenBeside(part, target, Leftovers::PartSuffix))
+    if (!createHiddenBeside(part, target, Leftovers::partSuffix))
         return Copy::Failed;
     while (count > 0 && part.write(m_buffer.constData(), count) == count) {
         left -= count;

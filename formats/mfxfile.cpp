@@ -63,7 +63,7 @@ void MfxFile::read(SongInfo &info) const
 
 bool MfxFile::canBeReadAgain() const
 {
-    return payload().size() <= qsizetype{LzHuff::MaxTextSize};
+    return payload().size() <= qsizetype{LzHuff::maxTextSize};
 }
 
 SaveFailure MfxFile::save(const QString &path)

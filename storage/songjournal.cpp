@@ -89,8 +89,8 @@ std::optional<SongJournal::Content> decodeFirstVersion(const QByteArray &bytes)
     content.oldBytes = bytes.mid(firstHeaderSize);
     const QByteArrayView sizes =
         QByteArrayView(bytes).sliced(oldSizePos, firstChecksumPos - oldSizePos);
-    if (numberAt(bytes, newSizePos) > SongJournal::LargestSong ||
-        content.oldBytes.size() > SongJournal::LargestSong ||
+    if (numberAt(bytes, newSizePos) > SongJournal::largestSong ||
+        content.oldBytes.size() > SongJournal::largestSong ||
         bytes.mid(firstChecksumPos, checksumSize) != checksum(sizes, content.oldBytes))
         return std::nullopt;
     return content;
@@ -178,7 +178,7 @@ std::optional<SongJournal::Content> SongJournal::Content::decode(const QByteArra
     const qint64 start = numberAt(bytes, commonStartPos);
     const qint64 end = numberAt(bytes, commonEndPos);
     const qint64 changed = newSize - start - end;
-    if (oldSize > LargestSong || newSize > LargestSong || start + end > oldSize || changed < 0 ||
+    if (oldSize > largestSong || newSize > largestSong || start + end > oldSize || changed < 0 ||
         bytes.size() != headerSize + oldSize + changed)
         return std::nullopt;
     const QByteArrayView view(bytes);
@@ -220,10 +220,10 @@ SongJournal::SongJournal(const QString &song, int number)
 
 bool SongJournal::write(const Content &content)
 {
-    if (!content.newBytes || content.oldBytes.size() > LargestSong ||
-        content.newBytes->size() > LargestSong)
+    if (!content.newBytes || content.oldBytes.size() > largestSong ||
+        content.newBytes->size() > largestSong)
         return false;
-    while (isTaken(m_path) && m_number < Names - 1)
+    while (isTaken(m_path) && m_number < maxNames - 1)
         m_path = nameOf(m_song, ++m_number);
     m_file.setFileName(m_path);
     // Nobody but the owner may read it: the song itself may be private.
@@ -253,7 +253,7 @@ SongJournal::State SongJournal::read(Content &content)
         return State::InUse;
     }
     const qint64 size = m_file.size();
-    const bool hasSize = size >= firstHeaderSize && size <= headerSize + 2 * LargestSong;
+    const bool hasSize = size >= firstHeaderSize && size <= headerSize + 2 * largestSong;
     const QByteArray bytes = hasSize ? m_file.read(size) : QByteArray();
     if (m_file.error() != QFile::NoError)
         return State::Unreadable;
@@ -282,7 +282,7 @@ bool SongJournal::remove()
 
 void SongJournal::removeAllOf(const QString &song)
 {
-    for (int number = 0; number < Names; ++number) {
+    for (int number = 0; number < maxNames; ++number) {
         SongJournal journal(song, number);
         Content content;
         const State state = journal.read(content);
