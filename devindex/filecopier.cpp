@@ -245,7 +245,7 @@ FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &tar
     if (count < 0)
         return Copy::NoSource;
 
-    if (!createHiddenBeside(part, target, Leftovers::PartSuffix))
+    if (!createHiddenBeside(part, target, Leftovers::partSuffix))
         return Copy::Failed;
     qint64 written = 0;
     while (count > 0 && (written = part.write(m_buffer.constData(), count)) == count) {

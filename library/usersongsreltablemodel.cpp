@@ -285,7 +285,7 @@ QVariant UserSongsRelTableModel::data(const QModelIndex &index, int role) const
         return statusColour(isStatus ? row.at(m_status).toInt() : Database::StatusNew, index.row());
     case Qt::ForegroundRole:
         return isStatus ? statusColour(row.at(m_status).toInt(), index.row()) : QVariant();
-    case NotSavedRole:
+    case notSavedRole:
     case Qt::AccessibleDescriptionRole:
     case Qt::ToolTipRole:
         return notSavedText(index.row(), role);
@@ -301,7 +301,7 @@ QVariant UserSongsRelTableModel::notSavedText(int row, int role) const
     if (failure == SaveFailure::None)
         return QVariant();
     const QString reason = RunReport::reasonText(failure);
-    if (role == NotSavedRole)
+    if (role == notSavedRole)
         return reason;
     return RunReport::text({SongFinding::Kind::NotSaved, QString(), reason});
 }

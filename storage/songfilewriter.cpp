@@ -4,6 +4,7 @@
 #include "storage/leftovers.h"
 #include "storage/safefile.h"
 #include "storage/songjournal.h"
+#include "storage/songlayout.h"
 
 #include <QFileInfo>
 
@@ -33,7 +34,7 @@ void allowOwnerToWrite(const QString &path)
 /** Only such songs are rewritten in place; no other file ever had a journal. */
 bool isRewrittenInPlace(const QByteArray &song)
 {
-    return song.startsWith("MThd") || song.startsWith("_MF");
+    return song.startsWith(songlayout::midiMagic) || song.startsWith(songlayout::mfxMagic);
 }
 
 /** The path up to the last dot of the file name (folder names may hold dots too), then ".tmp". */
@@ -116,7 +117,7 @@ bool SongFileWriter::replaceBytes(const QByteArray &bytes)
     if (m_created) {
         written = noted(writeAt(0, bytes) && flushToMedium(m_file) && flushFolderOf(m_path));
         m_created = !written;
-    } else if (m_oldSize <= SongJournal::LargestSong) {
+    } else if (m_oldSize <= SongJournal::largestSong) {
         SongJournal::Content journal;
         journal.oldBytes = m_file.read(m_oldSize);
         journal.newBytes = bytes;
@@ -202,7 +203,7 @@ bool SongFileWriter::putBack(const QByteArray &oldBytes)
 bool SongFileWriter::recover(const QString &path)
 {
     const QString song = QFileInfo(path).isSymLink() ? realPath(path) : path;
-    for (int number = 0; number < SongJournal::Names; ++number) {
+    for (int number = 0; number < SongJournal::maxNames; ++number) {
         SongJournal journal(song, number);
         SongJournal::Content content;
         switch (journal.read(content)) {
@@ -305,7 +306,7 @@ bool SongFileWriter::openTemporary(QFile &temporary) const
     const bool isFree = temporary.fileName() != m_path && !isTaken(temporary.fileName());
     const bool opened =
         noted(isFree ? temporary.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered)
-                     : createHiddenBeside(temporary, m_path, Leftovers::TemporarySuffix));
+                     : createHiddenBeside(temporary, m_path, Leftovers::temporarySuffix));
     if (opened && QFileInfo::exists(m_path)) {
         allowOwnerToWrite(m_path);
         temporary.setPermissions(QFile::permissions(m_path));
