@@ -31,32 +31,32 @@ int writeSingle(const QString &path, const Record &bytes)
 
 } // namespace
 
-int indexwriter::writePaths(const QString &path, const QList<SongInfoIndex> &entries)
+int indexwriter::writePaths(const QString &path, const EntryList &entries)
 {
     RecordWriter file(path);
     if (!file.open())
         return -1;
-    for (const SongInfoIndex &entry : entries) {
+    for (const SongInfoIndex *const entry : entries) {
         PathRecord record;
-        record.id = entry.id;
-        record.path = entry.path;
-        record.date = entry.date;
-        record.time = entry.time;
+        record.id = entry->id;
+        record.path = entry->path;
+        record.date = entry->date;
+        record.time = entry->time;
         if (!file.append(record.encode()))
             return -1;
     }
     return file.close() ? 0 : -1;
 }
 
-int indexwriter::writeOrder(const QString &path, const QList<SongInfoIndex> &entries)
+int indexwriter::writeOrder(const QString &path, const EntryList &entries)
 {
     RecordWriter file(path);
     if (!file.open())
         return -1;
     std::array<char, OrderBlockSize> block{};
     std::size_t filled = 0;
-    for (const SongInfoIndex &entry : entries) {
-        OrderValue::encode(block.data() + filled, entry.posidx);
+    for (const SongInfoIndex *const entry : entries) {
+        OrderValue::encode(block.data() + filled, entry->posidx);
         filled += OrderValue::Size;
         if (filled < block.size())
             continue;
@@ -69,21 +69,20 @@ int indexwriter::writeOrder(const QString &path, const QList<SongInfoIndex> &ent
     return file.close() ? 0 : -1;
 }
 
-int indexwriter::writeTitles(const QString &path, const QList<SongInfoIndex> &entries,
-                             AlphaTable &alpha)
+int indexwriter::writeTitles(const QString &path, const EntryList &entries, AlphaTable &alpha)
 {
     RecordWriter file(path);
     if (!file.open())
         return -1;
-    for (const SongInfoIndex &entry : entries) {
-        alpha.add(entry.title, file.offset());
-        if (!file.append(songRecord(entry).encode()))
+    for (const SongInfoIndex *const entry : entries) {
+        alpha.add(entry->title, file.offset());
+        if (!file.append(songRecord(*entry).encode()))
             return -1;
     }
     return file.close() ? static_cast<int>(entries.size()) : -1;
 }
 
-int indexwriter::writeGroups(const QString &path, const QList<SongInfoIndex> &entries,
+int indexwriter::writeGroups(const QString &path, const EntryList &entries,
                              QString SongInfoIndex::*text, AlphaTable &alpha)
 {
     RecordWriter file(path);
@@ -92,9 +91,9 @@ int indexwriter::writeGroups(const QString &path, const QList<SongInfoIndex> &en
     int groups = 0;
     GroupHeader header;
     for (auto song = entries.cbegin(); song != entries.cend(); ++groups) {
-        const QString &groupText = (*song).*text;
-        const auto end = std::find_if(song, entries.cend(), [&](const SongInfoIndex &entry) {
-            return compareIgnoringCase(entry.*text, groupText) != 0;
+        const QString &groupText = (*song)->*text;
+        const auto end = std::find_if(song, entries.cend(), [&](const SongInfoIndex *entry) {
+            return compareIgnoringCase(entry->*text, groupText) != 0;
         });
         header.previousCount = header.count;
         header.count = static_cast<quint16>(end - song);
@@ -103,7 +102,7 @@ int indexwriter::writeGroups(const QString &path, const QList<SongInfoIndex> &en
         if (!file.append(header.encode()))
             return -1;
         for (; song != end; ++song) {
-            if (!file.append(songRecord(*song).encode()))
+            if (!file.append(songRecord(**song).encode()))
                 return -1;
         }
     }
