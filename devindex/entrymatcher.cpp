@@ -121,7 +121,7 @@ entrymatcher::Match entrymatcher::match(SongInfoIndex &entry, const QString &pat
     return isSameFile(entry.fullPath, fullPath) ? Match::Same : Match::OtherFile;
 }
 
-void entrymatcher::nameUnclearEntries(QList<SongInfoIndex> &entries, const QStringList &files,
+void entrymatcher::nameUnclearEntries(QList<SongInfoIndex> &entries, const QList<FoundSong> &songs,
                                       qsizetype rootSize)
 {
     QHash<QByteArray, Group> groups;
@@ -134,10 +134,10 @@ void entrymatcher::nameUnclearEntries(QList<SongInfoIndex> &entries, const QStri
     }
     if (groups.isEmpty())
         return;
-    for (const QString &fullPath : files) {
+    for (const FoundSong &song : songs) {
         SongInfoIndex file;
-        file.fullPath = fullPath;
-        file.path = fullPath.mid(rootSize);
+        file.fullPath = song.path;
+        file.path = song.path.mid(rootSize);
         const auto group = groups.find(ibm850FromText(file.path));
         if (group == groups.end() || named.contains(file.path))
             continue;

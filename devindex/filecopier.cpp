@@ -16,6 +16,10 @@
 
 #include <utility>
 
+#ifdef Q_OS_LINUX
+#include <fcntl.h>
+#endif
+
 namespace
 {
 
@@ -51,6 +55,19 @@ bool fitsInsteadOf(const QString &source, const QString &target)
 qint64 growth(const QString &source, const QString &target)
 {
     return isInPlace(source, target) ? 0 : qMax<qint64>(0, clusters(source) - clusters(target));
+}
+
+/**
+ * Lets the medium begin with a written file while the next ones are read: the flush of the batch
+ * then has less to wait for. Promises nothing, and need not.
+ */
+void beginFlush(const QFile &file)
+{
+#ifdef Q_OS_LINUX
+    ::sync_file_range(file.handle(), 0, 0, SYNC_FILE_RANGE_WRITE);
+#else
+    Q_UNUSED(file)
+#endif
 }
 
 } // namespace
@@ -256,8 +273,10 @@ FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &tar
     // A disk takes what still fits, and says nothing of it.
     const bool isShort = written > 0 && written < count;
     const bool noRoom = isShort || part.error() == QFile::ResourceError;
-    if (left == 0 && hasArrived(part) && part.size() == QFileInfo(source).size())
+    if (left == 0 && hasArrived(part) && part.size() == QFileInfo(source).size()) {
+        beginFlush(part);
         return Copy::Done;
+    }
     part.close();
     QFile::remove(part.fileName());
     return noRoom ? Copy::NoRoom : Copy::Failed;

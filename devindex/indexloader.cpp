@@ -100,6 +100,10 @@ bool IndexLoader::read(QLatin1String name, int recordSize, int maxRecords, QByte
 
 SongInfoIndex *IndexLoader::entryOf(quint32 id)
 {
+    // On a memory from which no song was ever removed the ids are the places.
+    const auto place = static_cast<qsizetype>(id);
+    if (place < m_entries.size() && m_entries.at(place).id == id)
+        return &m_entries[place];
     SongInfoIndex wanted;
     wanted.id = id;
     const auto found = std::lower_bound(m_entries.begin(), m_entries.end(), wanted, compareById);
