@@ -48,6 +48,21 @@ bool fitsInsteadOf(const QString &source, const QString &target)
     return available >= 0 && available < size && available + QFileInfo(target).size() >= size;
 }
 
+/**
+ * Writes all of the bytes. On a full medium the system takes what there is room for, without a
+ * word; only asked for the rest it says why not.
+ */
+bool writeWhole(QFile &file, QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const qint64 written = file.write(bytes.data(), bytes.size());
+        if (written <= 0)
+            return false;
+        bytes = bytes.sliced(static_cast<qsizetype>(written));
+    }
+    return true;
+}
+
 qint64 growth(const QString &source, const QString &target)
 {
     return isInPlace(source, target) ? 0 : qMax<qint64>(0, clusters(source) - clusters(target));
@@ -238,7 +253,7 @@ FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &tar
 
     if (!createHiddenBeside(part, target, Leftovers::PartSuffix))
         return Copy::Failed;
-    while (count > 0 && part.write(m_buffer.constData(), count) == count) {
+    while (count > 0 && writeWhole(part, QByteArrayView(m_buffer).first(count))) {
         left -= count;
         m_keepAlive.processEvents();
         count = readChunk(in, left);
