@@ -9,8 +9,8 @@
 namespace
 {
 
-/** As many old files are held open at the same time; a program may have 1024 open at most. */
-constexpr qsizetype mostFiles = 256;
+/** As many old files are held open at the same time; on a Mac a program may have 256 open. */
+constexpr qsizetype mostFiles = 100;
 constexpr qint64 mostBytes = qint64{64} * 1024 * 1024;
 
 } // namespace

@@ -105,7 +105,22 @@ bool SongFileWriter::openExisting()
     allowOwnerToWrite(m_path);
     if (!noted(m_file.open(QFile::ReadWrite | QFile::ExistingOnly | QFile::Unbuffered)))
         return false;
+    // Two that write into one song at once would leave a mixture without a journal.
+    if (!noted(holdFile(m_file))) {
+        m_file.close();
+        return false;
+    }
     m_oldSize = m_file.size();
+    return true;
+}
+
+/** False when the song was replaced or changed by another program since it was opened. */
+bool SongFileWriter::isAsOpened()
+{
+    if (!holdFile(m_file) || m_file.size() != m_oldSize) {
+        errno = EBUSY;
+        return noted(false);
+    }
     return true;
 }
 
@@ -117,7 +132,7 @@ bool SongFileWriter::replaceBytes(const QByteArray &bytes)
     if (m_created) {
         written = noted(writeAt(0, bytes) && flushToMedium(m_file) && flushFolderOf(m_path));
         m_created = !written;
-    } else if (m_oldSize <= SongJournal::largestSong) {
+    } else if (m_oldSize <= SongJournal::largestSong && isAsOpened()) {
         SongJournal::Content journal;
         journal.oldBytes = m_file.read(m_oldSize);
         journal.newBytes = bytes;
