@@ -20,10 +20,14 @@ bool renameItem(const QString &path, const QString &newPath)
     return false;
 }
 
-/** The item itself before its folder: on FAT its new entry would else lead nowhere. */
-bool flushRenamed(const QString &path)
+/**
+ * The items themselves before their folder: on FAT their new entries would else lead nowhere. Both
+ * lie in one folder; the second may be none.
+ */
+bool flushRenamed(const QString &path, const QString &other)
 {
-    if (flushPath(path) && flushFolderOf(path))
+    const bool items = flushPath(path) && (other.isEmpty() || flushPath(other));
+    if (flushFolderOf(path) && items)
         return true;
     logWarning() << "[Index::renameLongFileName] Impossible to flush" << path;
     return false;
@@ -58,10 +62,8 @@ songrenamer::Outcome songrenamer::rename(const QString &path, const QString &new
     const bool together = companion.isEmpty() || renameItem(companion, pictures);
     if (!together && renameItem(newPath, path))
         return Outcome::Failed;
-    const bool flushed = flushRenamed(newPath);
-    return (companion.isEmpty() || !together || flushRenamed(pictures)) && flushed
-               ? Outcome::Renamed
-               : Outcome::Unsure;
+    return flushRenamed(newPath, together ? pictures : QString()) ? Outcome::Renamed
+                                                                  : Outcome::Unsure;
 }
 
 bool songrenamer::liesOutside(const QString &root, const QString &path)
