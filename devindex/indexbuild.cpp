@@ -148,10 +148,12 @@ bool IndexBuild::writeSongFiles(const BuildOrders &orders)
 
 bool IndexBuild::removeCounts() const
 {
-    const QString path = m_state.filePath(indexfiles::Count);
-    return removeFile(path) &&
-           (m_state.restorePlaylists == 0 || removeFile(m_state.filePath(indexfiles::Path))) &&
-           flushFolderOf(path);
+    const auto removeOnMedium = [this](QLatin1String name) {
+        const QString path = m_state.filePath(name);
+        return removeFile(path) && flushFolderOf(path);
+    };
+    return removeOnMedium(indexfiles::Count) &&
+           (m_state.restorePlaylists == 0 || removeOnMedium(indexfiles::Path));
 }
 
 /** Writing through a link would change a file outside the memory. */
