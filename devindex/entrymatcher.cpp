@@ -124,6 +124,11 @@ entrymatcher::Match entrymatcher::match(SongInfoIndex &entry, const QString &pat
 void entrymatcher::nameUnclearEntries(QList<SongInfoIndex> &entries, const QList<FoundSong> &songs,
                                       qsizetype rootSize)
 {
+    const bool allClear =
+        std::none_of(entries.cbegin(), entries.cend(),
+                     [](const SongInfoIndex &entry) { return isUnclear(entry.path); });
+    if (allClear)
+        return;
     QHash<QByteArray, Group> groups;
     QSet<QString> named;
     for (SongInfoIndex &entry : entries) {
@@ -132,8 +137,6 @@ void entrymatcher::nameUnclearEntries(QList<SongInfoIndex> &entries, const QList
         else
             named.insert(entry.path);
     }
-    if (groups.isEmpty())
-        return;
     for (const FoundSong &song : songs) {
         SongInfoIndex file;
         file.fullPath = song.path;

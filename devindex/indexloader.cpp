@@ -5,6 +5,8 @@
 #include "devindex/indexrecords.h"
 #include "storage/recordfile.h"
 
+#include <QStringBuilder>
+
 #include <algorithm>
 
 IndexLoader::IndexLoader(const QString &root, QList<SongInfoIndex> &entries)
@@ -45,11 +47,11 @@ bool IndexLoader::loadPaths()
         SongInfoIndex entry;
         entry.id = record.id;
         entry.path = record.path;
-        entry.fullPath = m_root + record.path;
+        entry.fullPath = m_root % record.path;
         entry.date = record.date;
         entry.time = record.time;
         entry.posidx = static_cast<quint16>(m_entries.size());
-        m_entries.append(entry);
+        m_entries.append(std::move(entry));
     }
     return true;
 }

@@ -3,6 +3,7 @@
 #include "devindex/folderrules.h"
 
 #include <QFileInfo>
+#include <QStringBuilder>
 
 MemoryScan::MemoryScan(IndexState &state, IndexObserver &observer, ItemRenamer &renamer)
     : m_state(state)
@@ -42,7 +43,7 @@ void MemoryScan::scanFolder(const QString &dir, bool isLink, bool throughLink)
     m_active.insert(listing.id);
     const QString start = folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
     for (const FolderItem &item : listing.items) {
-        const QString path = start + item.name;
+        const QString path = start % item.name;
         if (!item.isFolder)
             scanFile(path, item, throughLink);
         else if (!isPlayerFolder(item.name) && !isSystemFolder(item.name))
