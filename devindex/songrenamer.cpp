@@ -38,7 +38,7 @@ bool isWithoutJournal(const QString &song)
 {
     if (!SongFileWriter::recover(song))
         return false;
-    for (int number = 0; number < SongJournal::Names; ++number) {
+    for (int number = 0; number < SongJournal::maxNames; ++number) {
         const QFileInfo journal(SongJournal(song, number).path());
         if (journal.isFile() && !journal.isSymLink())
             return false;

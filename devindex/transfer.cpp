@@ -1,5 +1,6 @@
 #include "devindex/transfer.h"
 
+#include "devindex/folderrules.h"
 #include "devindex/index.h"
 #include "devindex/sizetext.h"
 #include "storage/diagnostics.h"
@@ -113,7 +114,7 @@ QString Transfer::chooseDestination()
         m_questions.warn(title, tr("Non è possibile copiare i file sul disco di sistema"));
         return {};
     }
-    if (!m_volumes.isRoot(dest) && isReserved(dest)) {
+    if (!m_volumes.isRoot(dest) && isReservedFolder(fileNameOf(dest))) {
         m_questions.warn(title, tr("Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST "
                                    "perchè sono riservate per funzionalità specifiche di Kavena, "
                                    "selezionare un'altra cartella"));
@@ -158,14 +159,6 @@ QString Transfer::whyNotIntoRoot(WriteProblem::Kind problem)
         return WriteProblem::sentence(problem);
     return tr("Non è possibile copiare i file sulla cartella principale, "
               "creare o selezionare una sottocartella");
-}
-
-/** True for the folders in which the player keeps its own files: songs in them are not found. */
-bool Transfer::isReserved(const QString &dest) const
-{
-    static const QStringList reserved = {QStringLiteral("SFX"), QStringLiteral("BRIDGE"),
-                                         QStringLiteral("PLAYLIST")};
-    return reserved.contains(dest.section(QLatin1Char('/'), -1), Qt::CaseInsensitive);
 }
 
 /** False when the files do not fit and the user does not want to try. */

@@ -87,7 +87,6 @@ private:
     bool makeSongsFolder(const QString &songs);
     static QString whyNotIntoRoot(WriteProblem::Kind problem);
     bool updateIndex(const QString &root);
-    bool isReserved(const QString &dest) const;
     bool hasRoom(const QStringList &files, const QString &dest);
     bool copyFiles(const QStringList &files, const QString &dest, FileCopier &copier);
     void tellCounts(const FileCopier::Report &report, qsizetype files, bool indexed);

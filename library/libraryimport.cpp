@@ -8,16 +8,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-namespace
-{
-
-QString fileNameOf(const QString &path)
-{
-    return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
-}
-
-} // namespace
-
 LibraryImport::LibraryImport(SongTable &model, Progress &progress)
     : m_model(model)
     , m_progress(progress)
@@ -99,8 +89,6 @@ bool LibraryImport::importFile(const QString &path, Counts &counts)
     logDebug() << "Song Index:" << counts.valid;
     SongInfo info;
     song.getSongInfo(info);
-    info.fileName = path;
-    info.shortName = fileNameOf(path);
     info.dbgDump();
     m_model.addSong(info);
     m_progress.setValue(counts.valid + counts.bad);

@@ -33,7 +33,6 @@ bool SongEditor::edit(int row)
         return false;
     SongInfo info;
     song.getSongInfo(info);
-    info.fileName = path;
 
     const std::optional<SongEdit> edit = m_askEdit(info);
     if (!edit) {
@@ -141,7 +140,6 @@ bool SongEditor::applyToRow(const SongEdit &edit, int row)
     }
     SongInfo info;
     song.getSongInfo(info);
-    info.fileName = path;
     if (edit.titleToAll)
         info.title = songnames::titleFromFileName(path);
     if (edit.authorToAll)

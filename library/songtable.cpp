@@ -249,7 +249,7 @@ QVariant SongTable::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
     case Qt::EditRole:
         return row.value(index.column());
-    case NotSavedRole:
+    case notSavedRole:
     case Qt::AccessibleDescriptionRole:
     case Qt::ToolTipRole:
         return notSavedText(index.row(), role);
@@ -265,7 +265,7 @@ QVariant SongTable::notSavedText(int row, int role) const
     if (failure == SaveFailure::None)
         return QVariant();
     const QString reason = RunReport::reasonText(failure);
-    if (role == NotSavedRole)
+    if (role == notSavedRole)
         return reason;
     return RunReport::text({SongFinding::Kind::NotSaved, QString(), reason});
 }

@@ -60,7 +60,7 @@ public:
     int status(int row);
 
     /** In every column of a marked row: why the song was not saved, in the user's words. */
-    static constexpr int NotSavedRole = Qt::UserRole;
+    static constexpr int notSavedRole = Qt::UserRole;
 
     /** Marks the row as not saved; None takes the mark away. select() takes all marks away. */
     void setSaveFailure(int row, SaveFailure failure);

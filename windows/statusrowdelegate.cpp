@@ -23,7 +23,7 @@ void StatusRowDelegate::initStyleOption(QStyleOptionViewItem *option,
 {
     QStyledItemDelegate::initStyleOption(option, index);
     if (index.column() == m_markColumn &&
-        index.data(UserSongsRelTableModel::NotSavedRole).isValid()) {
+        index.data(UserSongsRelTableModel::notSavedRole).isValid()) {
         const QStyle *const style =
             option->widget ? option->widget->style() : QApplication::style();
         option->icon = style->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, option->widget);

@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QDirIterator>
+#include <QElapsedTimer>
 #include <QTest>
 
 namespace
@@ -78,6 +79,7 @@ private slots:
     void secondSongOfANameGoesIntoItsFoldersOwn();
     void letterCaseAndAccentsDoNotTellNamesApart();
     void foldersOfOneNameAreNumbered();
+    void thousandsOfEqualNamesArePlannedAtOnce();
     void folderNeverHasTheNameOfASong();
     void picturesCompeteLikeSongs();
     void songListedTwiceIsCopiedOnce();
@@ -131,6 +133,20 @@ void TestBackupPlan::foldersOfOneNameAreNumbered()
                       s("/a/Rock/1.mid"), s("/c/Rock/x.mid")}),
              QStringList({s(": /1/x.mid /b/rock/1.mid"), s("Rock: /a/Rock/x.mid /a/Rock/1.mid"),
                           s("rock (2): /b/rock/x.mid"), s("Rock (3): /c/Rock/x.mid")}));
+}
+
+void TestBackupPlan::thousandsOfEqualNamesArePlannedAtOnce()
+{
+    constexpr int songs = 8000;
+    QStringList files;
+    for (int i = 0; i < songs; ++i)
+        files << s("/%1/Rock/x.mid").arg(i);
+    QElapsedTimer timer;
+    timer.start();
+    const BackupPlan plan(files);
+    QVERIFY2(timer.elapsed() < 10000, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(plan.batches().size(), songs);
+    QCOMPARE(plan.batches().constLast().folder, s("Rock (%1)").arg(songs - 1));
 }
 
 void TestBackupPlan::folderNeverHasTheNameOfASong()

@@ -282,11 +282,11 @@ void TestUnsavedSongs::markIsShownInTheWholeRowWithoutTouchingItsColour()
     model.setSaveFailure(0, SaveFailure::DiskFull);
     for (int column = 0; column < model.columnCount(); ++column) {
         const QModelIndex marked = model.rowIndex(0).siblingAtColumn(column);
-        QCOMPARE(marked.data(UserSongsRelTableModel::NotSavedRole).toString(), full);
+        QCOMPARE(marked.data(UserSongsRelTableModel::notSavedRole).toString(), full);
         QCOMPARE(marked.data(Qt::AccessibleDescriptionRole).toString(), s("Non salvata: ") + full);
         QCOMPARE(marked.data(Qt::ToolTipRole).toString(), s("Non salvata: ") + full);
         const QModelIndex other = model.rowIndex(1).siblingAtColumn(column);
-        QVERIFY(!other.data(UserSongsRelTableModel::NotSavedRole).isValid());
+        QVERIFY(!other.data(UserSongsRelTableModel::notSavedRole).isValid());
         QVERIFY(!other.data(Qt::ToolTipRole).isValid());
     }
     QCOMPARE(status.data(Qt::BackgroundRole), colour);

@@ -32,15 +32,15 @@ modules=(kernel/lib/modules/*)
 
 # The guest: busybox, the driver with its libraries, the modules for the stick.
 rm -rf guest songs
-mkdir -p guest/{bin,dev,proc,sys,mnt,work/lib,work/plugins/sqldrivers}
+mkdir -p guest/{bin,dev,proc,sys,mnt,kavena/lib,kavena/plugins/sqldrivers}
 "$driver" make "$work/songs" 2>make.log
 cp "$here/init" guest/
 cp "$(command -v busybox)" guest/bin/
-cp -r songs/library songs/songsdb_debug guest/work/
-cp "$driver" guest/work/driver
+cp -r songs/library songs/songsdb_debug guest/kavena/
+cp "$driver" guest/kavena/driver
 plugin=$(qmake6 -query QT_INSTALL_PLUGINS)/sqldrivers/libqsqlite.so
-cp "$plugin" guest/work/plugins/sqldrivers/
-ldd "$driver" "$plugin" | sed -n 's/.*=> \(\/[^ ]*\).*/\1/p' | sort -u | xargs cp -Lt guest/work/lib
+cp "$plugin" guest/kavena/plugins/sqldrivers/
+ldd "$driver" "$plugin" | sed -n 's/.*=> \(\/[^ ]*\).*/\1/p' | sort -u | xargs cp -Lt guest/kavena/lib
 mkdir guest/lib64
 cp -L /lib64/ld-linux-x86-64.so.2 guest/lib64/
 mkdir -p guest/lib/modules
