@@ -10,7 +10,7 @@ namespace
 QByteArray wantedLocale()
 {
     for (const char *const variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        const QByteArray value = qgetenv(variable);
+        QByteArray value = qgetenv(variable);
         if (!value.isEmpty())
             return value;
     }

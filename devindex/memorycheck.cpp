@@ -158,7 +158,7 @@ bool MemoryCheck::isComplete()
 
 void MemoryCheck::findSongFiles()
 {
-    for (const MemoryWalk::File &file : MemoryWalk::songs(m_root)) {
+    for (const memorywalk::File &file : memorywalk::songs(m_root)) {
         if (file.path.size() > PathRecord::MaxPathLength)
             continue;
         const QByteArray path = ibm850FromText(file.path);
@@ -438,10 +438,10 @@ void MemoryCheck::checkLetters(const QString &name, const QList<Initial> &initia
         if (!letter.isEmpty() && !first.contains(letter))
             first.insert(letter, initial.offset);
     }
-    for (int slot = 0; slot < AlphaTable::Size / int{sizeof(quint32)}; ++slot) {
+    constexpr qsizetype slotSize = sizeof(quint32);
+    for (int slot = 0; slot < AlphaTable::Size / slotSize; ++slot) {
         const QString letter(QChar(0x20 + slot));
-        const auto offset =
-            qFromBigEndian<quint32>(bytes.constData() + slot * int{sizeof(quint32)});
+        const auto offset = qFromBigEndian<quint32>(bytes.constData() + slot * slotSize);
         const bool isUnknown = letter == QLatin1Char(replacedCharacter);
         const bool isWrong = isUnknown
                                  ? offset != noOffset && !texts.value(offset).startsWith(letter)

@@ -19,7 +19,7 @@ public:
     {
     }
 
-    QList<MemoryWalk::File> run()
+    QList<memorywalk::File> run()
     {
         enter(m_root);
         return m_files;
@@ -52,13 +52,13 @@ private:
     }
 
     const QString m_root;
-    QList<MemoryWalk::File> m_files;
+    QList<memorywalk::File> m_files;
     QSet<QString> m_open; ///< canonical paths of the folders that are being walked through
 };
 
 } // namespace
 
-QList<MemoryWalk::File> MemoryWalk::songs(const QString &root)
+QList<memorywalk::File> memorywalk::songs(const QString &root)
 {
     return Walk(root).run();
 }

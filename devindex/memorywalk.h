@@ -5,7 +5,7 @@
 #include <QList>
 #include <QString>
 
-namespace MemoryWalk
+namespace memorywalk
 {
 
 struct File {
@@ -19,4 +19,4 @@ struct File {
  */
 QList<File> songs(const QString &root);
 
-} // namespace MemoryWalk
+} // namespace memorywalk
