@@ -17,7 +17,7 @@
 #include "library/songeditor.h"
 #include "library/songsearch.h"
 #include "library/synchronisation.h"
-#include "library/usersongsreltablemodel.h"
+#include "windows/usersongsreltablemodel.h"
 #include "storage/diagnostics.h"
 #include "windows/aboutdialog.h"
 #include "windows/backupdialog.h"

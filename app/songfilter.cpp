@@ -1,6 +1,6 @@
 #include "app/songfilter.h"
 
-#include "library/usersongsreltablemodel.h"
+#include "windows/usersongsreltablemodel.h"
 #include "windows/busystate.h"
 #include "windows/paintingpaused.h"
 

@@ -1,6 +1,6 @@
 #include "app/statussummary.h"
 
-#include "library/usersongsreltablemodel.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -4,7 +4,7 @@
 #include "app/mainwindow.h"
 #include "app/messagehandler.h"
 #include "formats/lzhuff.h"
-#include "library/usersongsreltablemodel.h"
+#include "windows/usersongsreltablemodel.h"
 #include "support/ownfolders.h"
 #include "support/songbytes.h"
 

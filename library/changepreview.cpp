@@ -19,7 +19,7 @@ QString numberText(int number)
 
 QString lengthText(qint32 seconds)
 {
-    return seconds > 0 ? UserSongsRelTableModel::lengthText(seconds) : QString();
+    return seconds > 0 ? SongTable::lengthText(seconds) : QString();
 }
 
 QString markersText(const QList<Marker> &markers)
@@ -65,8 +65,7 @@ bool showsMarkers(const SongInfo &info)
 
 } // namespace
 
-std::optional<ChangePreview> ChangePreview::compute(const Database &database,
-                                                    UserSongsRelTableModel &model,
+std::optional<ChangePreview> ChangePreview::compute(const Database &database, SongTable &model,
                                                     const OpenProgress &openProgress)
 {
     const CatalogueMerge catalogue(database);

@@ -18,7 +18,7 @@ QString fileNameOf(const QString &path)
 
 } // namespace
 
-LibraryImport::LibraryImport(UserSongsRelTableModel &model, Progress &progress)
+LibraryImport::LibraryImport(SongTable &model, Progress &progress)
     : m_model(model)
     , m_progress(progress)
 {

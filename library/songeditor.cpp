@@ -11,7 +11,7 @@
 #include <QList>
 #include <QPersistentModelIndex>
 
-SongEditor::SongEditor(UserSongsRelTableModel &model, AskEdit askEdit, AskDelete askDelete,
+SongEditor::SongEditor(SongTable &model, AskEdit askEdit, AskDelete askDelete,
                        OpenProgress openProgress)
     : m_model(model)
     , m_askEdit(std::move(askEdit))

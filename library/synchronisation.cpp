@@ -26,7 +26,7 @@ void logEndOfRow()
 
 } // namespace
 
-Synchronisation::Synchronisation(const Database &database, UserSongsRelTableModel &model,
+Synchronisation::Synchronisation(const Database &database, SongTable &model,
                                  OfferBackup offerBackup, AskUnsigned askUnsigned,
                                  OpenProgress openProgress)
     : m_catalogue(database)

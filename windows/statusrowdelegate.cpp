@@ -1,6 +1,6 @@
 #include "windows/statusrowdelegate.h"
 
-#include "library/usersongsreltablemodel.h"
+#include "windows/usersongsreltablemodel.h"
 #include "windows/plaintooltip.h"
 
 #include <QAbstractItemView>

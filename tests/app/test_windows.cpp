@@ -4,7 +4,7 @@
 // the window can get, for people to look at.
 #include "app/mainwindow.h"
 #include "app/statussummary.h"
-#include "library/usersongsreltablemodel.h"
+#include "windows/usersongsreltablemodel.h"
 #include "support/everywindow.h"
 #include "support/ownfolders.h"
 #include "windows/aboutdialog.h"

@@ -16,7 +16,7 @@
 #include "library/database.h"
 #include "library/librarybackup.h"
 #include "library/synchronisation.h"
-#include "library/usersongsreltablemodel.h"
+#include "windows/usersongsreltablemodel.h"
 #include "support/catalogue.h"
 #include "support/faults.h"
 #include "support/recordedprogress.h"

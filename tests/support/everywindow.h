@@ -3,7 +3,7 @@
 
 #include "app/mainwindow.h"
 #include "app/statussummary.h"
-#include "library/usersongsreltablemodel.h"
+#include "windows/usersongsreltablemodel.h"
 #include "windows/aboutdialog.h"
 #include "windows/backupdialog.h"
 #include "windows/changepreviewdialog.h"

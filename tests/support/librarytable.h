@@ -3,7 +3,7 @@
 
 #include "formats/metasong.h"
 #include "library/database.h"
-#include "library/usersongsreltablemodel.h"
+#include "windows/usersongsreltablemodel.h"
 #include "support/catalogue.h"
 #include "support/samplesongs.h"
 #include "support/scratchfolder.h"

@@ -1,5 +1,5 @@
 // The colours of the list as they arrive on the screen.
-#include "library/usersongsreltablemodel.h"
+#include "windows/usersongsreltablemodel.h"
 #include "windows/statusrowdelegate.h"
 
 #include <QApplication>
