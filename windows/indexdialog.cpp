@@ -157,7 +157,7 @@ void IndexDialog::start(bool useRoot)
     setRunning(true);
     updateLabelNum(0);
     initProgress(0);
-    QCoreApplication::processEvents();
+    KeepAlive::processEventsNow();
     clearIndexErrors();
     appendToReport({{}, inProgress});
     const bool success = runIndex(path, update, rebuild);

@@ -1,7 +1,7 @@
 // Prepares or repairs a player's memory: updates or rebuilds its index.
 #pragma once
 
-#include "devindex/keepalive.h"
+#include "library/keepalive.h"
 
 #include <QDialog>
 #include <QList>
