@@ -15,13 +15,11 @@
 #include <QSettings>
 #include <QStringList>
 
-class ColumnLayout;
+class ActionGate;
 class MissingLibrary;
 class SongEditor;
-class SongFilter;
-class StatusSummary;
+class SongList;
 class Synchronisation;
-class UserSongsRelTableModel;
 
 QT_BEGIN_NAMESPACE
 namespace Ui
@@ -156,8 +154,8 @@ private:
     void disableActionButtons();
     bool hasLibrary() const;
     bool copyrightAsk() const;
+    void addToGate();
     void addMenuActions();
-    void addListComforts();
     void importFiles(const QStringList &files);
     void importDropped(const QStringList &paths);
     bool askToProceed(int valid, int kravo, int bad);
@@ -167,15 +165,12 @@ private:
     OpenProgress openProgress();
     void saveTestCopy(MetaSong &song, const QString &fileName);
     void deleteRowsFile(int row);
-    void scrollToRow(int row);
     template <typename Dialog>
     void runDialog();
-    void showUnreadableFiles();
 
     const QScopedPointer<Ui::MainWindow> ui;
     QString m_libraryFolder; ///< where songs were last chosen in this run
     Database m_database;
-    UserSongsRelTableModel *m_model = nullptr; ///< null when the database could not be opened
     DataEditDialog m_dataEditDialog;
     QSettings m_settings;
     bool m_copyrightDefault = true;
@@ -184,9 +179,7 @@ private:
     Progress *m_progress = nullptr; ///< the progress that is on screen
     BusyState m_busy;               ///< while a workflow runs or a dialog is open
 
-    // What surrounds the list; null when the database could not be opened.
-    ColumnLayout *m_columns = nullptr;
-    SongFilter *m_filter = nullptr;
-    StatusSummary *m_summary = nullptr;
+    ActionGate *const m_actionGate;
+    SongList *m_songs = nullptr;                ///< null when the database could not be opened
     MissingLibrary *m_missingLibrary = nullptr; ///< only when the database could not be opened
 };
