@@ -66,6 +66,9 @@ public:
     /**
      * Imports a folder with all folders in it and adds to the numbers of songs, of songs that the
      * maker signed and of other files. Ends early when the shown progress is cancelled.
+     *
+     * Kept interface: nothing in the window leads here, since songs are chosen as files or dropped;
+     * other code may rely on the name.
      */
     void scanDir(const QString &dir, int &valid, int &kravo, int &bad);
 
@@ -75,6 +78,8 @@ public:
     /**
      * Copies a folder with everything in it and adds the number of files copied to the count; false
      * when something could not be copied.
+     *
+     * Kept interface: the backup copies the chosen files; other code may rely on the name.
      */
     bool backupDirectory(const QString &source, const QString &destination, int &count);
 
@@ -108,7 +113,13 @@ public:
     /** True when the path is a volume's root. */
     bool isRoot(const QString &path) const;
 
-    /** Adds the number of files in the folder and in all folders in it. */
+    /**
+     * Adds the number of files in the folder and in all folders in it.
+     *
+     * Links to folders are not followed.
+     *
+     * Kept interface: nothing in the window leads here; other code may rely on the name.
+     */
     void filesCount(const QString &dir, int &count) const;
 
     /** Shows "n of all" and advances the bar of the progress that is on screen, if one is. */

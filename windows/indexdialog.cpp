@@ -223,5 +223,4 @@ QString IndexDialog::getRootDrivePath(const QString &path) const
     return MountedVolumes().getRootDrivePath(path);
 }
 
-/** The check of the memory's file system is switched off. */
 void IndexDialog::checkDisk(const QString &) {}

@@ -87,7 +87,7 @@ struct Folders {
 };
 
 /** The user, who wants everything done. */
-class WillingUser : public TransferQuestions
+class WillingUser : public TransferUser
 {
 public:
     explicit WillingUser(QString destination)
