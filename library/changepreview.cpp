@@ -4,6 +4,7 @@
 #include "formats/metasong.h"
 #include "formats/mfxheader.h"
 #include "library/cataloguemerge.h"
+#include "library/keepalive.h"
 #include "library/lostcharacters.h"
 #include "storage/diagnostics.h"
 
@@ -19,7 +20,7 @@ QString numberText(int number)
 
 QString lengthText(qint32 seconds)
 {
-    return seconds > 0 ? UserSongsRelTableModel::lengthText(seconds) : QString();
+    return seconds > 0 ? SongTable::lengthText(seconds) : QString();
 }
 
 QString markersText(const QList<Marker> &markers)
@@ -65,8 +66,7 @@ bool showsMarkers(const SongInfo &info)
 
 } // namespace
 
-std::optional<ChangePreview> ChangePreview::compute(const Database &database,
-                                                    UserSongsRelTableModel &model,
+std::optional<ChangePreview> ChangePreview::compute(const Database &database, SongTable &model,
                                                     const OpenProgress &openProgress)
 {
     const CatalogueMerge catalogue(database);
@@ -81,7 +81,7 @@ std::optional<ChangePreview> ChangePreview::compute(const Database &database,
             progress->catchUp();
         preview.addSong(catalogue, model.fileName(row), model.shortName(row));
         progress->updateProgress(row + 1);
-        QCoreApplication::processEvents();
+        KeepAlive::processEventsNow();
     }
     return preview;
 }

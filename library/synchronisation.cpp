@@ -2,7 +2,7 @@
 
 #include "formats/metasong.h"
 #include "library/changepreview.h"
-#include "library/whileanswering.h"
+#include "library/keepalive.h"
 #include "storage/diagnostics.h"
 
 #include <QCoreApplication>
@@ -26,7 +26,7 @@ void logEndOfRow()
 
 } // namespace
 
-Synchronisation::Synchronisation(const Database &database, UserSongsRelTableModel &model,
+Synchronisation::Synchronisation(const Database &database, SongTable &model,
                                  OfferBackup offerBackup, AskUnsigned askUnsigned,
                                  OpenProgress openProgress)
     : m_catalogue(database)
@@ -66,7 +66,7 @@ bool Synchronisation::run(bool copyrightAsk)
         m_model.setStatus(place.row(), synced ? Database::StatusSynced : Database::StatusNotSynced);
         progress->updateProgress(row + 1);
         logEndOfRow();
-        QCoreApplication::processEvents();
+        KeepAlive::processEventsNow();
     }
     return true;
 }
@@ -92,7 +92,7 @@ bool Synchronisation::updateFileWithDb(int row)
     const QPersistentModelIndex place = m_model.rowIndex(row);
     // A file that could not be written shows in its row what it still holds.
     SaveFailure failure = SaveFailure::None;
-    whileAnswering([&] {
+    KeepAlive::workInBackground([&] {
         failure = song.save(fileName);
         return failure == SaveFailure::None;
     });

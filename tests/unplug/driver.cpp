@@ -17,7 +17,7 @@
 #include "library/answer.h"
 #include "library/database.h"
 #include "library/synchronisation.h"
-#include "library/usersongsreltablemodel.h"
+#include "windows/usersongsreltablemodel.h"
 #include "support/catalogue.h"
 #include "support/recordedprogress.h"
 #include "support/samplesongs.h"

@@ -1,6 +1,4 @@
-#include "library/usersongsreltablemodel.h"
-
-#include "library/runreport.h"
+#include "library/songtable.h"
 
 #include <QCollator>
 #include <QCollatorSortKey>
@@ -14,7 +12,7 @@
 
 namespace
 {
-const int idColumn = 0;
+const int idColumn = songcolumns::Id;
 
 /** The way back from lengthText(), so that "100:00" is longer than "02:05". */
 qint64 secondsOf(const QString &lengthText)
@@ -40,7 +38,7 @@ std::vector<int> positionsInOrder(const std::vector<Key> &keys, Qt::SortOrder or
 }
 } // namespace
 
-UserSongsRelTableModel::UserSongsRelTableModel(QObject *parent, const QSqlDatabase &db)
+SongTable::SongTable(QObject *parent, const QSqlDatabase &db)
     : QSqlRelationalTableModel(parent, db)
     , m_insert(db)
     , m_delete(db)
@@ -50,25 +48,16 @@ UserSongsRelTableModel::UserSongsRelTableModel(QObject *parent, const QSqlDataba
     setEditStrategy(QSqlTableModel::OnFieldChange);
     setSort(idColumn, Qt::AscendingOrder);
     prepareStatements();
-    UserSongsRelTableModel::select();
+    SongTable::select();
 }
 
-void UserSongsRelTableModel::setFiledsIndexes()
+void SongTable::setFiledsIndexes()
 {
-    m_type = fieldIndex(QStringLiteral("type"));
-    m_title = fieldIndex(QStringLiteral("title"));
-    m_artist = fieldIndex(QStringLiteral("artist"));
-    m_genre = fieldIndex(QStringLiteral("genre"));
-    m_author = fieldIndex(QStringLiteral("author"));
-    m_length = fieldIndex(QStringLiteral("length"));
-    m_bpm = fieldIndex(QStringLiteral("userbpm"));
-    m_key = fieldIndex(QStringLiteral("key"));
-    m_filename = fieldIndex(QStringLiteral("filename"));
-    m_shortname = fieldIndex(QStringLiteral("shortname"));
-    m_status = fieldIndex(QStringLiteral("status"));
+    for (size_t column = 0; column < m_columns.size(); ++column)
+        m_columns[column] = fieldIndex(songcolumns::fields[column].name);
 }
 
-QString UserSongsRelTableModel::lengthText(qint32 seconds)
+QString SongTable::lengthText(qint32 seconds)
 {
     if (seconds < 0)
         return QStringLiteral("");
@@ -76,23 +65,7 @@ QString UserSongsRelTableModel::lengthText(qint32 seconds)
     return QStringLiteral("%1:%2").arg(seconds / 60, 2, 10, zero).arg(seconds % 60, 2, 10, zero);
 }
 
-void UserSongsRelTableModel::setHeaderLabels()
-{
-    setHeaderData(idColumn, Qt::Horizontal, tr("Num"), Qt::EditRole);
-    setHeaderData(m_type, Qt::Horizontal, tr("Formato"), Qt::EditRole);
-    setHeaderData(m_title, Qt::Horizontal, tr("Titolo"), Qt::EditRole);
-    setHeaderData(m_artist, Qt::Horizontal, tr("Artista"), Qt::EditRole);
-    setHeaderData(m_genre, Qt::Horizontal, tr("Genere"), Qt::EditRole);
-    setHeaderData(m_author, Qt::Horizontal, tr("Autore"), Qt::EditRole);
-    setHeaderData(m_length, Qt::Horizontal, tr("Durata"), Qt::EditRole);
-    setHeaderData(m_bpm, Qt::Horizontal, tr("Bpm"), Qt::EditRole);
-    setHeaderData(m_key, Qt::Horizontal, tr("Tonalita'"), Qt::EditRole);
-    setHeaderData(m_filename, Qt::Horizontal, QString(), Qt::EditRole);
-    setHeaderData(m_shortname, Qt::Horizontal, tr("Nome file"), Qt::EditRole);
-    setHeaderData(m_status, Qt::Horizontal, QString(), Qt::EditRole);
-}
-
-void UserSongsRelTableModel::prepareStatements()
+void SongTable::prepareStatements()
 {
     QStringList names;
     QStringList values;
@@ -112,14 +85,14 @@ void UserSongsRelTableModel::prepareStatements()
     m_delete.prepare(QStringLiteral("DELETE FROM usersongs WHERE id = ?"));
 }
 
-bool UserSongsRelTableModel::execute(QSqlQuery &statement)
+bool SongTable::execute(QSqlQuery &statement)
 {
     const bool succeeded = statement.exec();
     setLastError(statement.lastError());
     return succeeded;
 }
 
-bool UserSongsRelTableModel::select()
+bool SongTable::select()
 {
     QSqlQuery query(database());
     query.setForwardOnly(true);
@@ -144,24 +117,24 @@ bool UserSongsRelTableModel::select()
     return true;
 }
 
-bool UserSongsRelTableModel::addSong(const SongInfo &info)
+bool SongTable::addSong(const SongInfo &info)
 {
     Row row(columnCount());
-    const auto set = [&row](int column, const QVariant &value) {
-        if (column >= 0)
-            row[column] = value;
+    const auto set = [&](songcolumns::Column column, const QVariant &value) {
+        if (columnNumber(column) >= 0)
+            row[columnNumber(column)] = value;
     };
-    set(m_type, info.format);
-    set(m_title, info.title);
-    set(m_artist, info.artist);
-    set(m_genre, info.genre);
-    set(m_author, info.author);
-    set(m_length, lengthText(info.length));
-    set(m_bpm, info.userBpm);
-    set(m_key, info.key);
-    set(m_filename, info.fileName);
-    set(m_shortname, info.shortName);
-    set(m_status, static_cast<int>(Database::StatusNew));
+    set(songcolumns::Type, info.format);
+    set(songcolumns::Title, info.title);
+    set(songcolumns::Artist, info.artist);
+    set(songcolumns::Genre, info.genre);
+    set(songcolumns::Author, info.author);
+    set(songcolumns::Length, lengthText(info.length));
+    set(songcolumns::UserBpm, info.userBpm);
+    set(songcolumns::Key, info.key);
+    set(songcolumns::FileName, info.fileName);
+    set(songcolumns::ShortName, info.shortName);
+    set(songcolumns::Status, static_cast<int>(Database::StatusNew));
     for (int column = idColumn + 1; column < row.size(); ++column)
         m_insert.bindValue(column - 1, row.at(column));
     if (!execute(m_insert))
@@ -175,36 +148,41 @@ bool UserSongsRelTableModel::addSong(const SongInfo &info)
     return true;
 }
 
-void UserSongsRelTableModel::updateRow(int row, const SongInfo &info)
+void SongTable::updateRow(int row, const SongInfo &info)
 {
-    setData(index(row, m_title), info.title);
-    setData(index(row, m_artist), info.artist);
-    setData(index(row, m_genre), info.genre);
-    setData(index(row, m_author), info.author);
-    setData(index(row, m_length), lengthText(info.length));
-    setData(index(row, m_bpm), qMax(0, info.userBpm));
-    setData(index(row, m_key), info.key);
+    setValue(row, songcolumns::Title, info.title);
+    setValue(row, songcolumns::Artist, info.artist);
+    setValue(row, songcolumns::Genre, info.genre);
+    setValue(row, songcolumns::Author, info.author);
+    setValue(row, songcolumns::Length, lengthText(info.length));
+    setValue(row, songcolumns::UserBpm, qMax(0, info.userBpm));
+    setValue(row, songcolumns::Key, info.key);
 }
 
-void UserSongsRelTableModel::setStatus(int row, Database::statusEnum status)
+void SongTable::setValue(int row, songcolumns::Column column, const QVariant &value)
 {
-    setData(index(row, m_status), static_cast<int>(status));
+    setData(index(row, columnNumber(column)), value);
 }
 
-int UserSongsRelTableModel::status(int row)
+void SongTable::setStatus(int row, Database::statusEnum status)
 {
-    return index(row, m_status).data().toInt();
+    setValue(row, songcolumns::Status, static_cast<int>(status));
+}
+
+int SongTable::status(int row)
+{
+    return index(row, columnNumber(songcolumns::Status)).data().toInt();
 }
 
 /** -1 for a row that does not exist; no row has that id. */
-qint64 UserSongsRelTableModel::idOf(int row) const
+qint64 SongTable::idOf(int row) const
 {
     if (row < 0 || row >= rowCount())
         return -1;
     return m_rows[static_cast<size_t>(row)].at(idColumn).toLongLong();
 }
 
-void UserSongsRelTableModel::setSaveFailure(int row, SaveFailure failure)
+void SongTable::setSaveFailure(int row, SaveFailure failure)
 {
     if (idOf(row) < 0 || saveFailure(row) == failure)
         return;
@@ -215,98 +193,59 @@ void UserSongsRelTableModel::setSaveFailure(int row, SaveFailure failure)
     emit dataChanged(index(row, 0), index(row, columnCount() - 1));
 }
 
-SaveFailure UserSongsRelTableModel::saveFailure(int row) const
+SaveFailure SongTable::saveFailure(int row) const
 {
     return m_notSaved.value(idOf(row), SaveFailure::None);
 }
 
-int UserSongsRelTableModel::goodRowCount()
+int SongTable::goodRowCount()
 {
     return rowCount();
 }
 
-QModelIndex UserSongsRelTableModel::rowIndex(int row)
+QModelIndex SongTable::rowIndex(int row)
 {
     return index(row, idColumn);
 }
 
-QString UserSongsRelTableModel::fileName(int row)
+QString SongTable::fileName(int row)
 {
-    return index(row, m_filename).data().toString();
+    return index(row, columnNumber(songcolumns::FileName)).data().toString();
 }
 
-QString UserSongsRelTableModel::shortName(int row)
+QString SongTable::shortName(int row)
 {
-    return index(row, m_shortname).data().toString();
+    return index(row, columnNumber(songcolumns::ShortName)).data().toString();
 }
 
-bool UserSongsRelTableModel::rowContains(int row, const QString &text) const
+bool SongTable::rowContains(int row, const QString &text) const
 {
     if (row < 0 || row >= rowCount())
         return false;
     const Row &values = m_rows[static_cast<size_t>(row)];
-    const int columns[] = {m_title, m_artist, m_genre, m_author, m_shortname};
-    return std::any_of(std::begin(columns), std::end(columns), [&](int column) {
-        return values.value(column).toString().contains(text, Qt::CaseInsensitive);
+    const songcolumns::Column searched[] = {songcolumns::Title, songcolumns::Artist,
+                                            songcolumns::Genre, songcolumns::Author,
+                                            songcolumns::ShortName};
+    return std::any_of(std::begin(searched), std::end(searched), [&](songcolumns::Column column) {
+        return values.value(columnNumber(column)).toString().contains(text, Qt::CaseInsensitive);
     });
 }
 
-QColor UserSongsRelTableModel::statusColour(int status, int row)
-{
-    const bool isOdd = row % 2 != 0;
-    switch (status) {
-    case Database::StatusSynced:
-        return isOdd ? QColor(130, 255, 130) : QColor(100, 225, 100);
-    case Database::StatusEdited:
-        return isOdd ? QColor(255, 255, 130) : QColor(225, 225, 100);
-    case Database::StatusNotSynced:
-        return isOdd ? QColor(255, 130, 130) : QColor(225, 100, 100);
-    default:
-        return isOdd ? QColor(230, 230, 230) : QColor(200, 200, 200);
-    }
-}
-
-int UserSongsRelTableModel::rowCount(const QModelIndex &parent) const
+int SongTable::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
 }
 
-QVariant UserSongsRelTableModel::data(const QModelIndex &index, int role) const
+QVariant SongTable::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid() || index.row() >= rowCount())
         return QVariant();
-    const Row &row = m_rows[static_cast<size_t>(index.row())];
-    const bool isStatus = index.column() == m_status;
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return row.value(index.column());
-    case Qt::BackgroundRole:
-        return statusColour(isStatus ? row.at(m_status).toInt() : Database::StatusNew, index.row());
-    case Qt::ForegroundRole:
-        return isStatus ? statusColour(row.at(m_status).toInt(), index.row()) : QVariant();
-    case notSavedRole:
-    case Qt::AccessibleDescriptionRole:
-    case Qt::ToolTipRole:
-        return notSavedText(index.row(), role);
-    default:
-        return QSqlRelationalTableModel::data(index, role);
-    }
+    if (role == Qt::DisplayRole || role == Qt::EditRole)
+        return m_rows[static_cast<size_t>(index.row())].value(index.column());
+    return QSqlRelationalTableModel::data(index, role);
 }
 
-/** No value for an unmarked row. */
-QVariant UserSongsRelTableModel::notSavedText(int row, int role) const
-{
-    const SaveFailure failure = saveFailure(row);
-    if (failure == SaveFailure::None)
-        return QVariant();
-    const QString reason = RunReport::reasonText(failure);
-    if (role == notSavedRole)
-        return reason;
-    return RunReport::text({SongFinding::Kind::NotSaved, QString(), reason});
-}
-
-bool UserSongsRelTableModel::setData(const QModelIndex &index, const QVariant &value, int role)
+bool SongTable::setData(const QModelIndex &index, const QVariant &value, int role)
 {
     const int column = index.column();
     if (role != Qt::EditRole || !index.isValid() || index.row() >= rowCount() || column == idColumn)
@@ -319,18 +258,19 @@ bool UserSongsRelTableModel::setData(const QModelIndex &index, const QVariant &v
         return false;
 
     row[column] = value;
-    if (column == m_status) // the whole row is painted in its colour
+    if (column == colIdxStatus()) // the whole row is painted in its colour
         emit dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
     else
         emit dataChanged(index, index);
     return true;
 }
 
-std::vector<int> UserSongsRelTableModel::sortedRows() const
+std::vector<int> SongTable::sortedRows() const
 {
-    const bool isNumber =
-        m_sortColumn == idColumn || m_sortColumn == m_bpm || m_sortColumn == m_status;
-    if (isNumber || m_sortColumn == m_length) {
+    const bool isNumber = m_sortColumn == idColumn ||
+                          m_sortColumn == columnNumber(songcolumns::UserBpm) ||
+                          m_sortColumn == colIdxStatus();
+    if (isNumber || m_sortColumn == columnNumber(songcolumns::Length)) {
         std::vector<qint64> keys;
         keys.reserve(m_rows.size());
         for (const Row &row : m_rows) {
@@ -348,7 +288,7 @@ std::vector<int> UserSongsRelTableModel::sortedRows() const
 }
 
 /** Puts the rows into the order of their present row numbers. */
-void UserSongsRelTableModel::arrange(const std::vector<int> &order)
+void SongTable::arrange(const std::vector<int> &order)
 {
     std::vector<Row> arranged;
     arranged.reserve(order.size());
@@ -357,7 +297,7 @@ void UserSongsRelTableModel::arrange(const std::vector<int> &order)
     m_rows = std::move(arranged);
 }
 
-void UserSongsRelTableModel::sort(int column, Qt::SortOrder order)
+void SongTable::sort(int column, Qt::SortOrder order)
 {
     if (column >= columnCount())
         return;
@@ -378,7 +318,7 @@ void UserSongsRelTableModel::sort(int column, Qt::SortOrder order)
     emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
 }
 
-bool UserSongsRelTableModel::removeRows(int row, int count, const QModelIndex &parent)
+bool SongTable::removeRows(int row, int count, const QModelIndex &parent)
 {
     if (parent.isValid() || row < 0 || count <= 0 || count > rowCount() - row)
         return false;
@@ -395,12 +335,12 @@ bool UserSongsRelTableModel::removeRows(int row, int count, const QModelIndex &p
     return true;
 }
 
-bool UserSongsRelTableModel::insertRows(int, int, const QModelIndex &)
+bool SongTable::insertRows(int, int, const QModelIndex &)
 {
     return false;
 }
 
-bool UserSongsRelTableModel::canFetchMore(const QModelIndex &) const
+bool SongTable::canFetchMore(const QModelIndex &) const
 {
     return false;
 }
