@@ -9,7 +9,7 @@ namespace
 {
 
 /** The answers that the options give, else the terminal's user; messages go to the terminal. */
-class TransferAnswers : public TransferQuestions
+class TransferAnswers : public TransferUser
 {
 public:
     TransferAnswers(const Request &request, Terminal &terminal, QString folder)

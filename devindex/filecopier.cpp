@@ -3,7 +3,6 @@
 #include "devindex/copybatch.h"
 #include "devindex/samefile.h"
 #include "library/companion.h"
-#include "library/whileanswering.h"
 #include "storage/diagnostics.h"
 #include "storage/leftovers.h"
 #include "storage/safefile.h"
@@ -166,7 +165,7 @@ void FileCopier::settle()
 {
     QSet<int> failed;
     if (!m_batch->isEmpty())
-        whileAnswering([&] {
+        KeepAlive::workInBackground([&] {
             failed = m_batch->settle();
             return true;
         });

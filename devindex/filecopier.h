@@ -1,8 +1,8 @@
 // Copies song files into a folder: onto a memory, or into a backup.
 #pragma once
 
-#include "devindex/keepalive.h"
 #include "library/answer.h"
+#include "library/keepalive.h"
 #include "library/progress.h"
 
 #include <QByteArray>

@@ -25,8 +25,8 @@ QString fileNameOf(const QString &path)
 
 } // namespace
 
-Transfer::Transfer(TransferQuestions &questions, OpenProgress openProgress, FreeBytes freeBytes)
-    : m_questions(questions)
+Transfer::Transfer(TransferUser &user, OpenProgress openProgress, FreeBytes freeBytes)
+    : m_user(user)
     , m_openProgress(std::move(openProgress))
     , m_freeBytes(std::move(freeBytes))
 {
@@ -53,18 +53,16 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
     logDebug() << "============================================";
     logDebug() << "          TRASFERIMENTO FILE";
     logDebug() << "============================================";
-    FileCopier copier([this](const QString &target) { return m_questions.askReplace(target); });
+    FileCopier copier([this](const QString &target) { return m_user.askReplace(target); });
     const bool copied = copyFiles(files, dest, copier);
     const bool indexed = updateIndex(root);
     lock.release(); // who reads the outcome may pull the memory
 
     const bool complete = copied && indexed;
     if (complete)
-        m_questions.inform(tr("Trasferimento"),
-                           tr("Tutti i file sono stati copiati correttamente"));
+        m_user.inform(tr("Trasferimento"), tr("Tutti i file sono stati copiati correttamente"));
     else
-        m_questions.showFailure(tr("Trasferimento"),
-                                tr("Non è stato possibile copiare uno o più file"));
+        m_user.showFailure(tr("Trasferimento"), tr("Non è stato possibile copiare uno o più file"));
     tellCounts(copier.report(), files.size(), indexed);
     return complete ? Outcome::Complete : Outcome::Incomplete;
 }
@@ -90,7 +88,7 @@ bool Transfer::updateIndex(const QString &root)
 
     Index index;
     index.setRenameQuestion([this](const QString &item, const QString &message) {
-        return m_questions.askRename(item, message);
+        return m_user.askRename(item, message);
     });
     m_indexProblems.clear();
     QObject::connect(&index, &Index::errorFromIndex, &index,
@@ -105,19 +103,19 @@ bool Transfer::updateIndex(const QString &root)
 QString Transfer::chooseDestination()
 {
     const QString title = tr("Trasferimento");
-    const QString chosen = m_questions.chooseFolder(tr("Scegli cartella"), m_volumes.startFolder());
+    const QString chosen = m_user.chooseFolder(tr("Scegli cartella"), m_volumes.startFolder());
     if (chosen.isEmpty())
         return {};
     const QString dest = QDir::cleanPath(chosen);
 
     if (m_volumes.isSystemDisk(dest)) {
-        m_questions.warn(title, tr("Non è possibile copiare i file sul disco di sistema"));
+        m_user.warn(title, tr("Non è possibile copiare i file sul disco di sistema"));
         return {};
     }
     if (!m_volumes.isRoot(dest) && isReservedFolder(fileNameOf(dest))) {
-        m_questions.warn(title, tr("Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST "
-                                   "perchè sono riservate per funzionalità specifiche di Kavena, "
-                                   "selezionare un'altra cartella"));
+        m_user.warn(title, tr("Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST "
+                              "perchè sono riservate per funzionalità specifiche di Kavena, "
+                              "selezionare un'altra cartella"));
         return {};
     }
     return dest;
@@ -128,8 +126,8 @@ bool Transfer::takeLock(MemoryLock &lock, const QString &title, bool isRoot)
 {
     if (lock.take())
         return true;
-    m_questions.warn(title, isRoot && !lock.isHeldByOther() ? whyNotIntoRoot(lock.problem())
-                                                            : lock.message());
+    m_user.warn(title,
+                isRoot && !lock.isHeldByOther() ? whyNotIntoRoot(lock.problem()) : lock.message());
     return false;
 }
 
@@ -148,7 +146,7 @@ bool Transfer::makeSongsFolder(const QString &songs)
         problem = WriteProblem::ReadOnly;
     if (error == std::errc::no_space_on_device)
         problem = WriteProblem::Full;
-    m_questions.warn(tr("Trasferimento"), whyNotIntoRoot(problem));
+    m_user.warn(tr("Trasferimento"), whyNotIntoRoot(problem));
     return false;
 }
 
@@ -170,10 +168,10 @@ bool Transfer::hasRoom(const QStringList &files, const QString &dest)
     const qint64 missing = FileCopier::roomNeeded(files, dest) - available;
     if (missing <= 0)
         return true;
-    return m_questions.askAnyway(
-        tr("Trasferimento"), tr("Lo spazio libero nella memoria non è sufficiente: mancano %1.\n"
-                                "Si vuole procedere comunque con la copia?")
-                                 .arg(sizeText(missing)));
+    return m_user.askAnyway(tr("Trasferimento"),
+                            tr("Lo spazio libero nella memoria non è sufficiente: mancano %1.\n"
+                               "Si vuole procedere comunque con la copia?")
+                                .arg(sizeText(missing)));
 }
 
 /** True when no file failed; the progress is gone when this returns. */
@@ -201,8 +199,8 @@ void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, boo
     QStringList skipped;
     for (const QString &source : report.skipped)
         skipped.append(fileNameOf(source));
-    m_questions.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
-                           report.failedLines() + m_indexProblems, skipped);
+    m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
+                      report.failedLines() + m_indexProblems, skipped);
 }
 
 qint64 Transfer::bytesAvailable(const QString &folder)

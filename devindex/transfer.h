@@ -12,13 +12,13 @@
 
 #include <functional>
 
-/** What a transfer asks and tells the user. */
-class TransferQuestions
+/** The user of a transfer: what he is asked, and what he is told. */
+class TransferUser
 {
 public:
-    TransferQuestions() = default;
-    virtual ~TransferQuestions() = default;
-    Q_DISABLE_COPY_MOVE(TransferQuestions)
+    TransferUser() = default;
+    virtual ~TransferUser() = default;
+    Q_DISABLE_COPY_MOVE(TransferUser)
 
     /** The folder to copy into; an empty text when the user changed his mind. */
     virtual QString chooseFolder(const QString &title, const QString &startFolder) = 0;
@@ -62,8 +62,8 @@ public:
     /** The free bytes of the file system that holds the folder; negative when they are unknown. */
     using FreeBytes = std::function<qint64(const QString &folder)>;
 
-    /** The questions must outlive the transfer. */
-    Transfer(TransferQuestions &questions, OpenProgress openProgress,
+    /** The user must outlive the transfer. */
+    Transfer(TransferUser &user, OpenProgress openProgress,
              FreeBytes freeBytes = &Transfer::bytesAvailable);
 
     /**
@@ -93,7 +93,7 @@ private:
     static qint64 bytesAvailable(const QString &folder);
 
     const MountedVolumes m_volumes;
-    TransferQuestions &m_questions;
+    TransferUser &m_user;
     const OpenProgress m_openProgress;
     const FreeBytes m_freeBytes;
     QStringList m_indexProblems; ///< what the last update of an index said about single songs

@@ -4,6 +4,7 @@
 #include "formats/metasong.h"
 #include "formats/mfxheader.h"
 #include "library/cataloguemerge.h"
+#include "library/keepalive.h"
 #include "library/lostcharacters.h"
 #include "library/songupdate.h"
 #include "storage/diagnostics.h"
@@ -81,7 +82,7 @@ std::optional<ChangePreview> ChangePreview::compute(const Database &database, So
             progress->catchUp();
         preview.addSong(catalogue, model.fileName(row), model.shortName(row));
         progress->updateProgress(row + 1);
-        QCoreApplication::processEvents();
+        KeepAlive::processEventsNow();
     }
     return preview;
 }

@@ -1,5 +1,6 @@
 #include "library/database.h"
 
+#include "library/songcolumns.h"
 #include "storage/diagnostics.h"
 
 #include <QFile>
@@ -13,10 +14,14 @@ namespace
 {
 const QString debugCatalogue = QStringLiteral("songsdb_debug");
 
-const QString createUserSongs =
-    QStringLiteral("create table usersongs (id integer primary key, type varchar, title varchar, "
-                   "artist varchar, genre varchar, author varchar, length varchar, userbpm int, "
-                   "key varchar, filename varchar, shortname varchar, status int)");
+/** The statement that creates the table of the user's songs, without any row. */
+QString createUserSongs()
+{
+    QStringList columns;
+    for (const songcolumns::Field &field : songcolumns::fields)
+        columns.append(QStringLiteral("%1 %2").arg(field.name, field.sqlType));
+    return QStringLiteral("create table usersongs (%1)").arg(columns.join(QLatin1String(", ")));
+}
 
 // Should the catalogue hold several matches, the first of its rows counts, with an index or
 // without.
@@ -90,7 +95,7 @@ bool Database::init()
     m_userLibrary.emplace(QStringLiteral("con_mem"));
     if (!m_userLibrary->open(QStringLiteral(":memory:")))
         return false;
-    QSqlQuery(m_userLibrary->database()).exec(createUserSongs);
+    QSqlQuery(m_userLibrary->database()).exec(createUserSongs());
 
     if (!openCatalogue())
         return false;

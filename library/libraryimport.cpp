@@ -2,9 +2,9 @@
 
 #include "formats/metasong.h"
 #include "formats/songinfo.h"
+#include "library/keepalive.h"
 #include "storage/diagnostics.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -28,7 +28,7 @@ LibraryImport::Counts LibraryImport::importFiles(const QStringList &paths)
         logDebug() << "Found file:" << path;
         if (!importFile(path, counts))
             logDebug() << "Unknown/corrupted file" << path;
-        QCoreApplication::processEvents();
+        KeepAlive::processEventsNow();
     }
     return counts;
 }
@@ -67,7 +67,7 @@ bool LibraryImport::scanEntries(const QString &dir, Counts &counts)
         logDebug() << "[scanDir] Found file:" << path;
         if (!importFile(path, counts))
             logDebug() << "[scanDir] Unknown/corrupted file" << path;
-        QCoreApplication::processEvents();
+        KeepAlive::processEventsNow();
     }
     return true;
 }

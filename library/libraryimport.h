@@ -2,8 +2,8 @@
 #pragma once
 
 #include "library/progress.h"
-#include "library/unreadablefile.h"
 #include "library/songtable.h"
+#include "library/unreadablefile.h"
 #include "storage/leftovers.h"
 
 #include <QList>

@@ -2,7 +2,7 @@
 
 #include "formats/songnames.h"
 #include "library/changepreview.h"
-#include "library/whileanswering.h"
+#include "library/keepalive.h"
 #include "storage/diagnostics.h"
 #include "storage/leftovers.h"
 
@@ -57,7 +57,7 @@ void SongEditor::manualModifySong(MetaSong song, const SongInfo &info, const QSt
     song.setSongInfo(info, true);
     logDebug() << "Saving to file: " << path;
     SaveFailure failure = SaveFailure::None;
-    const bool saved = whileAnswering([&] {
+    const bool saved = KeepAlive::workInBackground([&] {
         failure = song.save(path);
         return failure == SaveFailure::None;
     });
@@ -125,7 +125,7 @@ void SongEditor::applyToAll(const SongEdit &edit, int editedRow)
             progress->catchUp();
         if (done != editedRow && applyToRow(edit, songs.at(done).row()))
             progress->updateProgress(done + 1);
-        QCoreApplication::processEvents();
+        KeepAlive::processEventsNow();
     }
 }
 

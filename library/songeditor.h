@@ -36,8 +36,7 @@ public:
     using AskDelete = std::function<bool()>;
 
     /** The model must outlive the object. */
-    SongEditor(SongTable &model, AskEdit askEdit, AskDelete askDelete,
-               OpenProgress openProgress);
+    SongEditor(SongTable &model, AskEdit askEdit, AskDelete askDelete, OpenProgress openProgress);
 
     /**
      * Lets the user change the row's song and writes it, and then all other songs where he asked

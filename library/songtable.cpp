@@ -1,7 +1,5 @@
 #include "library/songtable.h"
 
-#include "library/runreport.h"
-
 #include <QCollator>
 #include <QCollatorSortKey>
 #include <QSqlError>
@@ -14,7 +12,7 @@
 
 namespace
 {
-const int idColumn = 0;
+const int idColumn = songcolumns::Id;
 
 /** The way back from lengthText(), so that "100:00" is longer than "02:05". */
 qint64 secondsOf(const QString &lengthText)
@@ -55,17 +53,8 @@ SongTable::SongTable(QObject *parent, const QSqlDatabase &db)
 
 void SongTable::setFiledsIndexes()
 {
-    m_type = fieldIndex(QStringLiteral("type"));
-    m_title = fieldIndex(QStringLiteral("title"));
-    m_artist = fieldIndex(QStringLiteral("artist"));
-    m_genre = fieldIndex(QStringLiteral("genre"));
-    m_author = fieldIndex(QStringLiteral("author"));
-    m_length = fieldIndex(QStringLiteral("length"));
-    m_bpm = fieldIndex(QStringLiteral("userbpm"));
-    m_key = fieldIndex(QStringLiteral("key"));
-    m_filename = fieldIndex(QStringLiteral("filename"));
-    m_shortname = fieldIndex(QStringLiteral("shortname"));
-    m_status = fieldIndex(QStringLiteral("status"));
+    for (size_t column = 0; column < m_columns.size(); ++column)
+        m_columns[column] = fieldIndex(songcolumns::fields[column].name);
 }
 
 QString SongTable::lengthText(qint32 seconds)
@@ -131,21 +120,21 @@ bool SongTable::select()
 bool SongTable::addSong(const SongInfo &info)
 {
     Row row(columnCount());
-    const auto set = [&row](int column, const QVariant &value) {
-        if (column >= 0)
-            row[column] = value;
+    const auto set = [&](songcolumns::Column column, const QVariant &value) {
+        if (columnNumber(column) >= 0)
+            row[columnNumber(column)] = value;
     };
-    set(m_type, info.format);
-    set(m_title, info.title);
-    set(m_artist, info.artist);
-    set(m_genre, info.genre);
-    set(m_author, info.author);
-    set(m_length, lengthText(info.length));
-    set(m_bpm, info.userBpm);
-    set(m_key, info.key);
-    set(m_filename, info.fileName);
-    set(m_shortname, info.shortName);
-    set(m_status, static_cast<int>(Database::StatusNew));
+    set(songcolumns::Type, info.format);
+    set(songcolumns::Title, info.title);
+    set(songcolumns::Artist, info.artist);
+    set(songcolumns::Genre, info.genre);
+    set(songcolumns::Author, info.author);
+    set(songcolumns::Length, lengthText(info.length));
+    set(songcolumns::UserBpm, info.userBpm);
+    set(songcolumns::Key, info.key);
+    set(songcolumns::FileName, info.fileName);
+    set(songcolumns::ShortName, info.shortName);
+    set(songcolumns::Status, static_cast<int>(Database::StatusNew));
     for (int column = idColumn + 1; column < row.size(); ++column)
         m_insert.bindValue(column - 1, row.at(column));
     if (!execute(m_insert))
@@ -161,23 +150,28 @@ bool SongTable::addSong(const SongInfo &info)
 
 void SongTable::updateRow(int row, const SongInfo &info)
 {
-    setData(index(row, m_title), info.title);
-    setData(index(row, m_artist), info.artist);
-    setData(index(row, m_genre), info.genre);
-    setData(index(row, m_author), info.author);
-    setData(index(row, m_length), lengthText(info.length));
-    setData(index(row, m_bpm), qMax(0, info.userBpm));
-    setData(index(row, m_key), info.key);
+    setValue(row, songcolumns::Title, info.title);
+    setValue(row, songcolumns::Artist, info.artist);
+    setValue(row, songcolumns::Genre, info.genre);
+    setValue(row, songcolumns::Author, info.author);
+    setValue(row, songcolumns::Length, lengthText(info.length));
+    setValue(row, songcolumns::UserBpm, qMax(0, info.userBpm));
+    setValue(row, songcolumns::Key, info.key);
+}
+
+void SongTable::setValue(int row, songcolumns::Column column, const QVariant &value)
+{
+    setData(index(row, columnNumber(column)), value);
 }
 
 void SongTable::setStatus(int row, Database::statusEnum status)
 {
-    setData(index(row, m_status), static_cast<int>(status));
+    setValue(row, songcolumns::Status, static_cast<int>(status));
 }
 
 int SongTable::status(int row)
 {
-    return index(row, m_status).data().toInt();
+    return index(row, columnNumber(songcolumns::Status)).data().toInt();
 }
 
 /** -1 for a row that does not exist; no row has that id. */
@@ -216,12 +210,12 @@ QModelIndex SongTable::rowIndex(int row)
 
 QString SongTable::fileName(int row)
 {
-    return index(row, m_filename).data().toString();
+    return index(row, columnNumber(songcolumns::FileName)).data().toString();
 }
 
 QString SongTable::shortName(int row)
 {
-    return index(row, m_shortname).data().toString();
+    return index(row, columnNumber(songcolumns::ShortName)).data().toString();
 }
 
 bool SongTable::rowContains(int row, const QString &text) const
@@ -229,9 +223,11 @@ bool SongTable::rowContains(int row, const QString &text) const
     if (row < 0 || row >= rowCount())
         return false;
     const Row &values = m_rows[static_cast<size_t>(row)];
-    const int columns[] = {m_title, m_artist, m_genre, m_author, m_shortname};
-    return std::any_of(std::begin(columns), std::end(columns), [&](int column) {
-        return values.value(column).toString().contains(text, Qt::CaseInsensitive);
+    const songcolumns::Column searched[] = {songcolumns::Title, songcolumns::Artist,
+                                            songcolumns::Genre, songcolumns::Author,
+                                            songcolumns::ShortName};
+    return std::any_of(std::begin(searched), std::end(searched), [&](songcolumns::Column column) {
+        return values.value(columnNumber(column)).toString().contains(text, Qt::CaseInsensitive);
     });
 }
 
@@ -244,30 +240,9 @@ QVariant SongTable::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid() || index.row() >= rowCount())
         return QVariant();
-    const Row &row = m_rows[static_cast<size_t>(index.row())];
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return row.value(index.column());
-    case notSavedRole:
-    case Qt::AccessibleDescriptionRole:
-    case Qt::ToolTipRole:
-        return notSavedText(index.row(), role);
-    default:
-        return QSqlRelationalTableModel::data(index, role);
-    }
-}
-
-/** No value for an unmarked row. */
-QVariant SongTable::notSavedText(int row, int role) const
-{
-    const SaveFailure failure = saveFailure(row);
-    if (failure == SaveFailure::None)
-        return QVariant();
-    const QString reason = RunReport::reasonText(failure);
-    if (role == notSavedRole)
-        return reason;
-    return RunReport::text({SongFinding::Kind::NotSaved, QString(), reason});
+    if (role == Qt::DisplayRole || role == Qt::EditRole)
+        return m_rows[static_cast<size_t>(index.row())].value(index.column());
+    return QSqlRelationalTableModel::data(index, role);
 }
 
 bool SongTable::setData(const QModelIndex &index, const QVariant &value, int role)
@@ -283,7 +258,7 @@ bool SongTable::setData(const QModelIndex &index, const QVariant &value, int rol
         return false;
 
     row[column] = value;
-    if (column == m_status) // the whole row is painted in its colour
+    if (column == colIdxStatus()) // the whole row is painted in its colour
         emit dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
     else
         emit dataChanged(index, index);
@@ -292,9 +267,10 @@ bool SongTable::setData(const QModelIndex &index, const QVariant &value, int rol
 
 std::vector<int> SongTable::sortedRows() const
 {
-    const bool isNumber =
-        m_sortColumn == idColumn || m_sortColumn == m_bpm || m_sortColumn == m_status;
-    if (isNumber || m_sortColumn == m_length) {
+    const bool isNumber = m_sortColumn == idColumn ||
+                          m_sortColumn == columnNumber(songcolumns::UserBpm) ||
+                          m_sortColumn == colIdxStatus();
+    if (isNumber || m_sortColumn == columnNumber(songcolumns::Length)) {
         std::vector<qint64> keys;
         keys.reserve(m_rows.size());
         for (const Row &row : m_rows) {

@@ -1,9 +1,10 @@
-// The table of the user's songs: its rows, their order and every change to them.
+// The table of the user's songs: its rows, their order, and which of them could not be saved.
 #pragma once
 
 #include "formats/savefailure.h"
 #include "formats/songinfo.h"
 #include "library/database.h"
+#include "library/songcolumns.h"
 
 #include <QHash>
 #include <QList>
@@ -11,6 +12,7 @@
 #include <QSqlRelationalTableModel>
 #include <QVariant>
 
+#include <array>
 #include <vector>
 
 /**
@@ -27,7 +29,7 @@
  * views just that: they keep their place, and no other row moves.
  * - sort() orders the rows here; nothing else does. A new row goes to the end.
  *
- * A row whose song could not be saved is marked until it is saved; its colour is not touched.
+ * A row whose song could not be saved is marked until it is saved; its status is not touched.
  *
  * Rows enter through addSong() only; insertRows() and so insertRecord() refuse.
  */
@@ -59,9 +61,6 @@ public:
     /** The row's Database::statusEnum; 0 for a row that does not exist. */
     int status(int row);
 
-    /** In every column of a marked row: why the song was not saved, in the user's words. */
-    static constexpr int notSavedRole = Qt::UserRole;
-
     /** Marks the row as not saved; None takes the mark away. select() takes all marks away. */
     void setSaveFailure(int row, SaveFailure failure);
 
@@ -86,16 +85,16 @@ public:
      */
     bool rowContains(int row, const QString &text) const;
 
-    int colIdxFilename() const { return m_filename; }
-    int colIdxStatus() const { return m_status; }
-    int colIdxType() const { return m_type; }
+    /** The number of the column in this table; -1 when the table does not have it. */
+    int columnNumber(songcolumns::Column column) const { return m_columns[column]; }
+
+    int colIdxFilename() const { return columnNumber(songcolumns::FileName); }
+    int colIdxStatus() const { return columnNumber(songcolumns::Status); }
+    int colIdxType() const { return columnNumber(songcolumns::Type); }
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
 
-    /**
-     * The cell's value. In a marked row, the tool tip and the description for screen readers tell
-     * why it is marked.
-     */
+    /** The cell's value for display and editing; all else is left to the base class. */
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
     /** Writes one cell to the table at once; the id cannot be changed. */
@@ -128,7 +127,7 @@ private:
     void prepareStatements();
     bool execute(QSqlQuery &statement);
     qint64 idOf(int row) const;
-    QVariant notSavedText(int row, int role) const;
+    void setValue(int row, songcolumns::Column column, const QVariant &value);
     std::vector<int> sortedRows() const;
     void arrange(const std::vector<int> &order);
 
@@ -140,16 +139,5 @@ private:
     QSqlQuery m_insert;
     std::vector<QSqlQuery> m_updates; ///< one a column, by its number
     QSqlQuery m_delete;
-
-    int m_type = -1;
-    int m_title = -1;
-    int m_artist = -1;
-    int m_genre = -1;
-    int m_author = -1;
-    int m_length = -1;
-    int m_bpm = -1;
-    int m_key = -1;
-    int m_filename = -1;
-    int m_shortname = -1;
-    int m_status = -1;
+    std::array<int, songcolumns::count> m_columns{}; ///< their numbers in this table
 };

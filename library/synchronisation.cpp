@@ -1,8 +1,8 @@
 #include "library/synchronisation.h"
 
 #include "formats/metasong.h"
+#include "library/keepalive.h"
 #include "library/songupdate.h"
-#include "library/whileanswering.h"
 #include "storage/diagnostics.h"
 
 #include <QCoreApplication>
@@ -66,7 +66,7 @@ bool Synchronisation::run(bool copyrightAsk)
         m_model.setStatus(place.row(), synced ? Database::StatusSynced : Database::StatusNotSynced);
         progress->updateProgress(row + 1);
         logEndOfRow();
-        QCoreApplication::processEvents();
+        KeepAlive::processEventsNow();
     }
     return true;
 }
@@ -89,7 +89,7 @@ bool Synchronisation::updateFileWithDb(int row)
     const QPersistentModelIndex place = m_model.rowIndex(row);
     // A file that could not be written shows in its row what it still holds.
     SaveFailure failure = SaveFailure::None;
-    whileAnswering([&] {
+    KeepAlive::workInBackground([&] {
         failure = update.save();
         return failure == SaveFailure::None;
     });

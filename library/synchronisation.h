@@ -30,8 +30,8 @@ public:
     using AskUnsigned = std::function<Answer(const QString &fileName)>;
 
     /** The database and the model must outlive the object. */
-    Synchronisation(const Database &database, SongTable &model,
-                    OfferBackup offerBackup, AskUnsigned askUnsigned, OpenProgress openProgress);
+    Synchronisation(const Database &database, SongTable &model, OfferBackup offerBackup,
+                    AskUnsigned askUnsigned, OpenProgress openProgress);
 
     /**
      * Synchronises the whole library. copyrightAsk: whether the user is asked about each file

@@ -1,7 +1,7 @@
 #include "windows/statusrowdelegate.h"
 
-#include "windows/usersongsreltablemodel.h"
 #include "windows/plaintooltip.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "windows/usersongsreltablemodel.h"
 
-#include <QLatin1String>
+#include "library/runreport.h"
 
 UserSongsRelTableModel::UserSongsRelTableModel(QObject *parent, const QSqlDatabase &db)
     : SongTable(parent, db)
@@ -9,21 +9,21 @@ UserSongsRelTableModel::UserSongsRelTableModel(QObject *parent, const QSqlDataba
 
 void UserSongsRelTableModel::setHeaderLabels()
 {
-    const auto setTitle = [this](const char *field, const QString &title) {
-        setHeaderData(fieldIndex(QLatin1String(field)), Qt::Horizontal, title, Qt::EditRole);
+    const auto setTitle = [this](songcolumns::Column column, const QString &title) {
+        setHeaderData(columnNumber(column), Qt::Horizontal, title, Qt::EditRole);
     };
-    setTitle("id", tr("Num"));
-    setTitle("type", tr("Formato"));
-    setTitle("title", tr("Titolo"));
-    setTitle("artist", tr("Artista"));
-    setTitle("genre", tr("Genere"));
-    setTitle("author", tr("Autore"));
-    setTitle("length", tr("Durata"));
-    setTitle("userbpm", tr("Bpm"));
-    setTitle("key", tr("Tonalita'"));
-    setTitle("filename", QString());
-    setTitle("shortname", tr("Nome file"));
-    setTitle("status", QString());
+    setTitle(songcolumns::Id, tr("Num"));
+    setTitle(songcolumns::Type, tr("Formato"));
+    setTitle(songcolumns::Title, tr("Titolo"));
+    setTitle(songcolumns::Artist, tr("Artista"));
+    setTitle(songcolumns::Genre, tr("Genere"));
+    setTitle(songcolumns::Author, tr("Autore"));
+    setTitle(songcolumns::Length, tr("Durata"));
+    setTitle(songcolumns::UserBpm, tr("Bpm"));
+    setTitle(songcolumns::Key, tr("Tonalita'"));
+    setTitle(songcolumns::FileName, QString());
+    setTitle(songcolumns::ShortName, tr("Nome file"));
+    setTitle(songcolumns::Status, QString());
 }
 
 QColor UserSongsRelTableModel::statusColour(int status, int row)
@@ -43,12 +43,35 @@ QColor UserSongsRelTableModel::statusColour(int status, int row)
 
 QVariant UserSongsRelTableModel::data(const QModelIndex &index, int role) const
 {
-    const bool isColour = role == Qt::BackgroundRole || role == Qt::ForegroundRole;
-    if (!isColour || !index.isValid() || index.row() >= rowCount())
-        return SongTable::data(index, role);
-    const bool isStatus = index.column() == colIdxStatus();
-    if (!isStatus && role == Qt::ForegroundRole)
+    if (!index.isValid() || index.row() >= rowCount())
         return QVariant();
-    const int status = isStatus ? SongTable::data(index).toInt() : Database::StatusNew;
-    return statusColour(status, index.row());
+    const bool isStatus = index.column() == colIdxStatus();
+    const auto colour = [&] {
+        const int status = isStatus ? SongTable::data(index).toInt() : Database::StatusNew;
+        return statusColour(status, index.row());
+    };
+    switch (role) {
+    case Qt::BackgroundRole:
+        return colour();
+    case Qt::ForegroundRole:
+        return isStatus ? colour() : QVariant();
+    case notSavedRole:
+    case Qt::AccessibleDescriptionRole:
+    case Qt::ToolTipRole:
+        return notSavedText(index.row(), role);
+    default:
+        return SongTable::data(index, role);
+    }
+}
+
+/** No value for an unmarked row. */
+QVariant UserSongsRelTableModel::notSavedText(int row, int role) const
+{
+    const SaveFailure failure = saveFailure(row);
+    if (failure == SaveFailure::None)
+        return QVariant();
+    const QString reason = RunReport::reasonText(failure);
+    if (role == notSavedRole)
+        return reason;
+    return RunReport::text({SongFinding::Kind::NotSaved, QString(), reason});
 }

@@ -44,7 +44,7 @@ QString countsText(int copied, int skipped, int failed)
 }
 
 /** Answers as it was told, and keeps what was asked and said. */
-class ScriptedQuestions : public TransferQuestions
+class ScriptedQuestions : public TransferUser
 {
 public:
     QString chooseFolder(const QString &title, const QString &startFolder) override

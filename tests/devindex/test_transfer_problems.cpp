@@ -23,7 +23,7 @@ const QString rootFolderText =
                    "creare o selezionare una sottocartella");
 
 /** Chooses the folder, keeps what is there, and remembers what it was told. */
-class ListeningUser : public TransferQuestions
+class ListeningUser : public TransferUser
 {
 public:
     QString chooseFolder(const QString &, const QString &) override { return folder; }

@@ -35,7 +35,7 @@ void say(const QString &line)
 }
 
 /** Chooses the folder it was given, replaces what is there and says each message as a line. */
-class TellingUser : public TransferQuestions
+class TellingUser : public TransferUser
 {
 public:
     explicit TellingUser(QString folder)

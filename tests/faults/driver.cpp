@@ -16,13 +16,13 @@
 #include "library/database.h"
 #include "library/librarybackup.h"
 #include "library/synchronisation.h"
-#include "windows/usersongsreltablemodel.h"
 #include "support/catalogue.h"
 #include "support/faults.h"
 #include "support/recordedprogress.h"
 #include "support/samplesongs.h"
 #include "support/songbytes.h"
 #include "windows/backupdialog.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QApplication>
 #include <QDir>
@@ -93,7 +93,7 @@ struct Folders {
 };
 
 /** The user, who wants everything done. */
-class WillingUser : public TransferQuestions
+class WillingUser : public TransferUser
 {
 public:
     explicit WillingUser(QString destination)

@@ -3,10 +3,10 @@
 
 #include "formats/metasong.h"
 #include "library/database.h"
-#include "windows/usersongsreltablemodel.h"
 #include "support/catalogue.h"
 #include "support/samplesongs.h"
 #include "support/scratchfolder.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <optional>
 

@@ -66,7 +66,7 @@ void noteFailures(QtMsgType type, const QMessageLogContext &, const QString &tex
 }
 
 /** The user, who wants everything done. */
-class WillingUser : public TransferQuestions
+class WillingUser : public TransferUser
 {
 public:
     WillingUser(QString destination, QStringList songs)

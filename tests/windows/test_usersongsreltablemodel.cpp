@@ -1,7 +1,7 @@
 // The table of the user's songs: its rules, and that a view on ten thousand rows stays quick and
 // never sees rows move.
-#include "windows/usersongsreltablemodel.h"
 #include "windows/statusrowdelegate.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QAbstractItemModelTester>
 #include <QColor>
