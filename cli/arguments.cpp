@@ -69,11 +69,11 @@ struct Split {
 
 bool isCommandWord(const QList<QByteArray> &arguments, qsizetype place)
 {
-    for (const CommandWords &words : commandWords) {
-        if (place == 0 && arguments.at(0) == words.first)
+    for (const CommandWords &command : commandWords) {
+        if (place == 0 && arguments.at(0) == command.first)
             return true;
-        if (place == 1 && words.second != nullptr && arguments.at(0) == words.first &&
-            arguments.at(1) == words.second)
+        if (place == 1 && command.second != nullptr && arguments.at(0) == command.first &&
+            arguments.at(1) == command.second)
             return true;
     }
     return false;

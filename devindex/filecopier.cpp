@@ -257,7 +257,7 @@ bool FileCopier::copyFile(int song, const QString &source, const QString &target
  */
 bool FileCopier::giveUp(const QString &target)
 {
-    const auto oldBytes = keepBytesOf(target);
+    const auto oldBytes = keepBytesOf(target); // cppcheck-suppress unreadVariable
     return QFile::remove(target) && flushFolderOf(target);
 }
 

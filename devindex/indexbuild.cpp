@@ -152,8 +152,7 @@ bool IndexBuild::removeCounts() const
         const QString path = m_state.filePath(name);
         return removeFile(path) && flushFolderOf(path);
     };
-    return remove(indexfiles::Count) &&
-           (m_state.restorePlaylists == 0 || remove(indexfiles::Path));
+    return remove(indexfiles::Count) && (m_state.restorePlaylists == 0 || remove(indexfiles::Path));
 }
 
 /** Writing through a link would change a file outside the memory. */

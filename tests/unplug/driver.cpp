@@ -17,11 +17,11 @@
 #include "library/answer.h"
 #include "library/database.h"
 #include "library/synchronisation.h"
-#include "windows/usersongsreltablemodel.h"
 #include "support/catalogue.h"
 #include "support/recordedprogress.h"
 #include "support/samplesongs.h"
 #include "support/songbytes.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QCoreApplication>
 #include <QDir>
