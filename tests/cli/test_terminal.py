@@ -6,6 +6,7 @@ import select
 import signal
 import subprocess
 import time
+import tty
 
 import songs
 from songs import CliTest, song
@@ -131,16 +132,22 @@ class Interruptions(CliTest):
         self.run_kavena("sync", new_song, status=0)
         new = new_song.read_bytes()
         self.assertNotEqual(new, old)
+        # On a terminal each line comes as soon as its song is done.
+        ours, theirs = pty.openpty()
+        tty.setraw(theirs)
         process = subprocess.Popen(
-            ["stdbuf", "-oL", songs.KAVENA, "sync", "--json", str(signum.value)],
-            stdout=subprocess.PIPE, stderr=subprocess.PIPE, cwd=self.music, env=self.environment)
-        first = process.stdout.readline()
+            [songs.KAVENA, "sync", "--json", str(signum.value)], stdout=theirs,
+            stderr=subprocess.PIPE, cwd=self.music, env=self.environment)
+        os.close(theirs)
+        out = os.read(ours, 4096)
         process.send_signal(signum)
-        out, err = process.stdout.read(), process.stderr.read()
-        process.wait(60)
-        process.stdout.close()
+        while chunk := self.read_on(ours):
+            out += chunk
+        os.close(ours)
+        err = process.stderr.read()
         process.stderr.close()
-        done = len((first + out).splitlines())
+        process.wait(60)
+        done = out.count(b"\n")
         self.assertEqual(process.returncode, 1, err)
         self.assertIn(b"Stopped", err)
         self.assertLess(done, len(paths))
@@ -149,6 +156,13 @@ class Interruptions(CliTest):
         self.assertEqual(contents.count(old), len(paths) - done)
         self.assertEqual([path for path in self.snapshot(self.music / str(signum.value))
                           if path.name != ITEM], [])
+
+    @staticmethod
+    def read_on(terminal):
+        try:
+            return os.read(terminal, 4096)
+        except OSError:  # the program has closed its side
+            return b""
 
     def test_full_standard_output_is_a_failure(self):
         self.write("s.mid", song())
