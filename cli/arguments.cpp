@@ -239,12 +239,12 @@ bool takesOneArgument(Command command)
 
 QString Arguments::words(Request::Command command)
 {
-    for (const CommandWords &words : commandWords) {
-        if (words.command != command)
+    for (const CommandWords &known : commandWords) {
+        if (known.command != command)
             continue;
-        QString text = QString::fromUtf8(words.first);
-        if (words.second != nullptr)
-            text += QLatin1Char(' ') + QString::fromUtf8(words.second);
+        QString text = QString::fromUtf8(known.first);
+        if (known.second != nullptr)
+            text += QLatin1Char(' ') + QString::fromUtf8(known.second);
         return text;
     }
     return {};

@@ -106,7 +106,7 @@ QString Transfer::chooseDestination()
     const QString chosen = m_user.chooseFolder(tr("Scegli cartella"), m_volumes.startFolder());
     if (chosen.isEmpty())
         return {};
-    const QString dest = QDir::cleanPath(chosen);
+    QString dest = QDir::cleanPath(chosen);
 
     if (m_volumes.isSystemDisk(dest)) {
         m_user.warn(title, tr("Non è possibile copiare i file sul disco di sistema"));
