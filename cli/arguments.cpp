@@ -124,12 +124,12 @@ public:
         m_app.add_flag("--help,-h", m_texts.help);
         m_app.add_flag("--version", m_texts.version);
         for (const CommandWords &words : commandWords) {
-            CLI::App *command = subcommand(m_app, words.first);
+            CLI::App *parser = subcommand(m_app, words.first);
             if (words.second != nullptr)
-                command = subcommand(*command, words.second);
-            command->add_flag("--help,-h", m_texts.help);
-            command->add_option("paths", m_texts.paths);
-            addOptions(*command, words.command);
+                parser = subcommand(*parser, words.second);
+            parser->add_flag("--help,-h", m_texts.help);
+            parser->add_option("paths", m_texts.paths);
+            addOptions(*parser, words.command);
         }
     }
 
