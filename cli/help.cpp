@@ -75,7 +75,7 @@ QString Help::text(Command command)
                  entry.arguments;
     }
     const auto option = [&](const char *name, const QString &meaning) {
-        const QString text = QString::fromUtf8(name);
+        QString text = QString::fromUtf8(name);
         if (arguments.contains(text.section(QLatin1Char(' '), 0, 0)))
             options += text.leftJustified(20) + QLatin1Char(' ') + meaning;
     };

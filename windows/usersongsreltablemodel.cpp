@@ -70,7 +70,7 @@ QVariant UserSongsRelTableModel::notSavedText(int row, int role) const
     const SaveFailure failure = saveFailure(row);
     if (failure == SaveFailure::None)
         return QVariant();
-    const QString reason = RunReport::reasonText(failure);
+    QString reason = RunReport::reasonText(failure);
     if (role == notSavedRole)
         return reason;
     return RunReport::text({SongFinding::Kind::NotSaved, QString(), reason});
