@@ -53,7 +53,7 @@ QStringList sourcesOf(ChangePreview::Field field, const SongInfo &record)
 QString keptPart(const ChangePreview::Change &change, const SongInfo &record)
 {
     for (const QString &source : sourcesOf(change.field, record)) {
-        const QString kept = source.trimmed().left(change.after.size());
+        QString kept = source.trimmed().left(change.after.size());
         if (textFromBytes(bytesFromText(kept)) == change.after)
             return kept;
     }
