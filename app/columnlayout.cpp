@@ -1,6 +1,7 @@
 #include "app/columnlayout.h"
 
 #include "library/settings.h"
+#include "library/songcolumns.h"
 
 #include <QEvent>
 #include <QHeaderView>
@@ -19,11 +20,11 @@ struct Share {
     const QString field;
     int parts;
 };
-const Share shares[] = {{QStringLiteral("title"), 3},
-                        {QStringLiteral("artist"), 2},
-                        {QStringLiteral("genre"), 1},
-                        {QStringLiteral("author"), 2},
-                        {QStringLiteral("shortname"), 1}};
+const Share shares[] = {{songcolumns::field(songcolumns::Title).name, 3},
+                        {songcolumns::field(songcolumns::Artist).name, 2},
+                        {songcolumns::field(songcolumns::Genre).name, 1},
+                        {songcolumns::field(songcolumns::Author).name, 2},
+                        {songcolumns::field(songcolumns::ShortName).name, 1}};
 
 } // namespace
 

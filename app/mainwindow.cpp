@@ -1,12 +1,9 @@
 #include "app/mainwindow.h"
 
+#include "app/actiongate.h"
 #include "app/buttonaction.h"
-#include "app/columnlayout.h"
-#include "app/rowactions.h"
 #include "app/songdrop.h"
-#include "app/songfilter.h"
-#include "app/sortmenu.h"
-#include "app/statussummary.h"
+#include "app/songlist.h"
 #include "devindex/filecopier.h"
 #include "devindex/mountedvolumes.h"
 #include "devindex/transfer.h"
@@ -17,7 +14,6 @@
 #include "library/songeditor.h"
 #include "library/songsearch.h"
 #include "library/synchronisation.h"
-#include "library/usersongsreltablemodel.h"
 #include "storage/diagnostics.h"
 #include "windows/aboutdialog.h"
 #include "windows/backupdialog.h"
@@ -33,10 +29,10 @@
 #include "windows/screenroom.h"
 #include "windows/shownprogress.h"
 #include "windows/songslistdialog.h"
-#include "windows/statusrowdelegate.h"
 #include "windows/transferdialogs.h"
 #include "windows/translation.h"
 #include "windows/unreadablefilesdialog.h"
+#include "windows/usersongsreltablemodel.h"
 #include "windows/windowplace.h"
 
 #include "ui_mainwindow.h"
@@ -45,16 +41,12 @@
 #include <QDirIterator>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QHeaderView>
 #include <QMenu>
 #include <QMessageBox>
 #include <QTableView>
 
 namespace
 {
-
-// The columns that follow their contents. The one left out holds the full path, which is hidden.
-constexpr int fittedColumns[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 10};
 
 constexpr int messageMilliseconds = 8000;
 
@@ -64,10 +56,12 @@ MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
     , ui(new Ui::MainWindow)
     , m_settings(settings::organisation, settings::application)
+    , m_actionGate(new ActionGate(this, m_busy))
 {
     new ReadableLinks(this);
     new ScreenRoom(this);
     ui->setupUi(this);
+    addToGate();
     setWindowTitle(tr("Kavena PC"));
     applyBranding();
     showSettings();
@@ -80,21 +74,17 @@ MainWindow::MainWindow(QWidget *parent)
         return;
     }
     logDebug() << "DB initialized correctly";
-    QTableView *const view = ui->userLibraryTableView;
-    connect(view, &QTableView::doubleClicked, this, &MainWindow::onSongsTableViewDoubleClicked);
-    view->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(view, &QTableView::customContextMenuRequested, this,
-            &MainWindow::onSongsTableViewShowContextMenu);
     initUserLibraryModel();
     adjustUserLibraryHeaders();
-    view->installEventFilter(this);
-    addListComforts();
+    ui->userLibraryTableView->installEventFilter(this);
+    connect(new SongDrop(this, m_busy), &SongDrop::dropped, this, &MainWindow::importDropped);
 }
 
 MainWindow::~MainWindow()
 {
     // The model stands on the database's connection and must go first.
-    delete m_model;
+    if (m_songs != nullptr)
+        delete &m_songs->model();
 }
 
 void MainWindow::applyBranding()
@@ -132,8 +122,21 @@ void MainWindow::checkLanguage(const QString &language)
 
 void MainWindow::disableActionButtons()
 {
-    ui->updateDataToolButton->setEnabled(false);
-    ui->transferFilesToolButton->setEnabled(false);
+    m_actionGate->setWanted(ui->updateDataToolButton, false);
+    m_actionGate->setWanted(ui->transferFilesToolButton, false);
+}
+
+/** All that starts work; it cannot be started while other work runs. */
+void MainWindow::addToGate()
+{
+    QObject *const actions[] = {
+        ui->selectDirToolButton, ui->updateDataToolButton,    ui->transferFilesToolButton,
+        ui->optimizeMemory,      ui->actionSongsList,         ui->actionContents,
+        ui->actionAbout,         ui->actionAbout_QT,          ui->dbgImportPushButton,
+        ui->dbgBackupPushButton, ui->dbgShowDialogPushButton, ui->dbgAddMarkerPushButton,
+        ui->dbgSavePushButton};
+    for (QObject *const action : actions)
+        m_actionGate->add(action);
 }
 
 void MainWindow::addMenuActions()
@@ -144,42 +147,6 @@ void MainWindow::addMenuActions()
     ui->selectDirToolButton->setFocus(); // what a user begins with
 }
 
-void MainWindow::addListComforts()
-{
-    QTableView *const view = ui->userLibraryTableView;
-    m_columns = new ColumnLayout(view, *m_model, m_settings);
-    m_columns->columnsWereFitted();
-    new SortMenu(ui->menuSort, view, m_columns);
-
-    ui->filterLineEdit->setEnabled(true);
-    ui->actionFindSong->setEnabled(true);
-    m_filter = new SongFilter(ui->filterLineEdit, view, *m_model, m_busy);
-    connect(ui->actionFindSong, &QAction::triggered, m_filter, &SongFilter::focusField);
-
-    m_summary = new StatusSummary(ui->statusBar, view, *m_model);
-    connect(m_filter, &SongFilter::applied, m_summary, &StatusSummary::refresh);
-    connect(m_summary, &StatusSummary::listRequested, this, &MainWindow::showUnreadableFiles);
-
-    const auto *const rows =
-        new RowActions(view, {ui->actionEditSong, ui->actionRemoveSong, ui->actionDeleteSongFile});
-    connect(rows, &RowActions::editRequested, this, &MainWindow::onSongsTableViewDoubleClicked);
-    connect(rows, &RowActions::removeRequested, this, [this](int row) {
-        if (m_busy)
-            return;
-        const BusyGuard busy(m_busy);
-        songEditor().removeFromList(row);
-    });
-    connect(rows, &RowActions::deleteRequested, this, [this](int row) {
-        if (m_busy)
-            return;
-        const BusyGuard busy(m_busy);
-        deleteRowsFile(row);
-    });
-
-    const auto *const drop = new SongDrop(this, m_busy);
-    connect(drop, &SongDrop::dropped, this, &MainWindow::importDropped);
-}
-
 void MainWindow::tellMissingLibrary()
 {
     if (m_missingLibrary != nullptr)
@@ -188,9 +155,9 @@ void MainWindow::tellMissingLibrary()
 
 bool MainWindow::hasLibrary() const
 {
-    if (m_model == nullptr)
+    if (m_songs == nullptr)
         logDebug() << "[MainWindow] WARNING: no library table, ignoring the request !!!";
-    return m_model != nullptr;
+    return m_songs != nullptr;
 }
 
 bool MainWindow::copyrightAsk() const
@@ -225,12 +192,8 @@ void MainWindow::changeEvent(QEvent *event)
         return;
     ui->retranslateUi(this);
     setWindowTitle(tr("Kavena PC"));
-    if (m_model != nullptr) {
-        m_model->setHeaderLabels();
-        adjustUserLibraryHeaders(); // the titles have other widths now
-    }
-    if (m_summary != nullptr)
-        m_summary->refresh();
+    if (m_songs != nullptr)
+        m_songs->retranslate();
     if (m_missingLibrary != nullptr)
         m_missingLibrary->refresh();
 }
@@ -245,50 +208,41 @@ void MainWindow::closeEvent(QCloseEvent *event)
     if (!event->isAccepted())
         return;
     windowplace::save(*this, m_settings);
-    if (m_columns != nullptr)
-        m_columns->save();
+    if (m_songs != nullptr)
+        m_songs->saveLayout();
 }
 
 // ---------------------------------------------------------------- library table
 
 void MainWindow::initUserLibraryModel()
 {
-    m_model = new UserSongsRelTableModel(this, m_database.userLibraryDb());
-    m_model->setHeaderLabels();
-
-    QTableView *const view = ui->userLibraryTableView;
-    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    // A view that has its model already would sort it by the first column, backwards, at once.
-    view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-    view->setSortingEnabled(true);
-    view->setSelectionBehavior(QAbstractItemView::SelectRows);
-    view->setSelectionMode(QAbstractItemView::SingleSelection);
-    view->setShowGrid(true);
-    view->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    view->verticalHeader()->hide();
-    view->setAlternatingRowColors(false);
-    view->setModel(m_model);
-    view->setItemDelegate(
-        new StatusRowDelegate(m_model->colIdxStatus(), m_model->colIdxType(), view));
-    view->hideColumn(m_model->colIdxFilename());
-    view->hideColumn(m_model->colIdxStatus());
-    view->hideColumn(0);
+    m_songs =
+        new SongList(this, *ui, m_database.userLibraryDb(), m_settings, m_busy, *m_actionGate);
+    connect(m_songs, &SongList::editRequested, this, &MainWindow::onSongsTableViewDoubleClicked);
+    connect(m_songs, &SongList::menuRequested, this, &MainWindow::onSongsTableViewShowContextMenu);
+    connect(m_songs, &SongList::removeRequested, this, [this](int row) {
+        const BusyGuard busy(m_busy);
+        songEditor().removeFromList(row);
+    });
+    connect(m_songs, &SongList::deleteRequested, this, [this](int row) {
+        const BusyGuard busy(m_busy);
+        deleteRowsFile(row);
+    });
+    connect(m_songs, &SongList::unreadableFilesRequested, this, [this] {
+        const BusyGuard busy(m_busy);
+        UnreadableFilesDialog(m_songs->unreadableFiles(), this).exec();
+    });
 }
 
 void MainWindow::adjustUserLibraryHeaders()
 {
-    for (const int column : fittedColumns)
-        ui->userLibraryTableView->resizeColumnToContents(column);
-    if (m_columns != nullptr)
-        m_columns->columnsWereFitted();
+    m_songs->fitColumns();
 }
 
 // ---------------------------------------------------------------- import
 
 void MainWindow::on_selectDirToolButton_clicked()
 {
-    if (m_busy)
-        return;
     if (!hasLibrary()) {
         tellMissingLibrary();
         return;
@@ -305,7 +259,7 @@ void MainWindow::on_selectDirToolButton_clicked()
 
 void MainWindow::importDropped(const QStringList &paths)
 {
-    if (m_busy || !hasLibrary())
+    if (!hasLibrary())
         return;
     const BusyGuard busy(m_busy);
     const auto files = SongSearch(openProgress()).search(paths);
@@ -322,7 +276,7 @@ void MainWindow::importFiles(const QStringList &files)
     setSelectedFiles(files);
     disableActionButtons();
     importUserLibrary();
-    ui->transferFilesToolButton->setEnabled(true);
+    m_actionGate->setWanted(ui->transferFilesToolButton, true);
 }
 
 void MainWindow::setSelectedFiles(const QStringList &files)
@@ -337,35 +291,32 @@ void MainWindow::importUserLibrary()
         return;
     const BusyGuard busy(m_busy);
     LibraryImport::logBanner();
-    if (m_model->goodRowCount() > 0) {
+    if (m_songs->model().goodRowCount() > 0) {
         if (!m_database.clearUserLibraryDb()) {
             logDebug() << "[importUserLibrary] WARNING: impossible to CLEAR table. Aborting import "
                           "!!!";
             return;
         }
     }
-    m_model->select();
-    // New rows stand in the order in which they were picked, as the header must say.
-    ui->userLibraryTableView->sortByColumn(-1, Qt::AscendingOrder);
+    m_songs->startImport();
 
     LibraryImport::Counts counts;
+    QList<UnreadableFile> unreadable;
     {
         const auto progress =
             openProgress()(tr("Lettura file"), tr("Importo la libreria..."), m_filesCount);
-        const PaintingPaused paused(ui->userLibraryTableView);
-        LibraryImport import(*m_model, *progress);
+        const PaintingPaused paused(m_songs->view());
+        LibraryImport import(m_songs->model(), *progress);
         counts = import.importFiles(m_selectedFiles);
-        m_summary->setUnreadableFiles(import.unreadableFiles());
+        unreadable = import.unreadableFiles();
     }
-    m_columns->sortAsChosen();
-    m_filter->apply();
-    adjustUserLibraryHeaders();
+    m_songs->showImport(unreadable);
 
     const bool synchronised = copyrightAsk() &&
                               askToProceed(counts.valid, counts.kravo, counts.bad) &&
                               updateUserLibrary();
     if (!synchronised)
-        ui->updateDataToolButton->setEnabled(true);
+        m_actionGate->setWanted(ui->updateDataToolButton, true);
 }
 
 bool MainWindow::askToProceed(int valid, int kravo, int bad)
@@ -384,7 +335,8 @@ void MainWindow::scanDir(const QString &dir, int &valid, int &kravo, int &bad)
     const BusyGuard busy(m_busy);
     NoProgress noProgress;
     LibraryImport::Counts counts{valid, kravo, bad};
-    LibraryImport(*m_model, m_progress != nullptr ? *m_progress : noProgress).scanDir(dir, counts);
+    LibraryImport(m_songs->model(), m_progress != nullptr ? *m_progress : noProgress)
+        .scanDir(dir, counts);
     valid = counts.valid;
     kravo = counts.kravo;
     bad = counts.bad;
@@ -400,21 +352,28 @@ bool MainWindow::suggestBackup()
         dialog.exec();
         return LibraryBackup::Choice{dialog.wish(), dialog.directory()};
     };
-    const auto copy = [this](const QString &destination, int &copied) {
+    QStringList failed;
+    const auto copy = [this, &failed](const QString &destination, int &copied) {
         NoProgress noProgress;
-        const auto copyList = [](const QStringList &files, const QString &folder, int &arrived,
-                                 Progress &progress) {
-            return FileCopier(&confirmation::askToReplace)
-                .copyFiles(files, folder, arrived, progress);
+        const auto copyList = [&failed](const QStringList &files, const QString &folder,
+                                        int &arrived, Progress &progress) {
+            FileCopier copier(&confirmation::askToReplace);
+            const bool complete = copier.copyFiles(files, folder, arrived, progress);
+            failed += copier.report().failedLines();
+            return complete;
         };
         return LibraryBackup::copyFiles(m_selectedFiles, destination, copied,
                                         m_progress != nullptr ? *m_progress : noProgress, copyList);
     };
-    const auto report = [this](bool succeeded) {
-        if (succeeded)
+    const auto report = [this, &failed](bool succeeded) {
+        if (succeeded) {
             QMessageBox::information(this, tr("Backup"), tr("Backup eseguito correttamente"));
-        else
-            QMessageBox::critical(this, tr("Backup"), tr("Backup FALLITO !!!"));
+            return;
+        }
+        QMessageBox box(QMessageBox::Critical, tr("Backup"), tr("Backup FALLITO !!!"),
+                        QMessageBox::Ok, this);
+        box.setDetailedText(failed.join(QLatin1Char('\n')));
+        box.exec();
     };
     return LibraryBackup(ask, copy, report, openProgress()).suggest(m_filesCount);
 }
@@ -428,12 +387,12 @@ bool MainWindow::backupDirectory(const QString &source, const QString &destinati
 
 void MainWindow::on_updateDataToolButton_clicked()
 {
-    if (m_busy || !hasLibrary())
+    if (!hasLibrary())
         return;
     disableActionButtons();
     if (!updateUserLibrary())
-        ui->updateDataToolButton->setEnabled(true);
-    ui->transferFilesToolButton->setEnabled(true);
+        m_actionGate->setWanted(ui->updateDataToolButton, true);
+    m_actionGate->setWanted(ui->transferFilesToolButton, true);
 }
 
 bool MainWindow::updateUserLibrary()
@@ -442,8 +401,8 @@ bool MainWindow::updateUserLibrary()
         return false;
     const BusyGuard busy(m_busy);
     const bool preview = m_settings.value(settings::previewChanges, false).toBool();
-    if (preview &&
-        !ChangePreviewDialog::confirm(m_database, *m_model, copyrightAsk(), openProgress(), this))
+    if (preview && !ChangePreviewDialog::confirm(m_database, m_songs->model(), copyrightAsk(),
+                                                 openProgress(), this))
         return false;
     Synchronisation run = synchronisation();
     const bool finished = run.run(copyrightAsk());
@@ -462,8 +421,8 @@ bool MainWindow::updateFileWithDb(int row)
 
 Synchronisation MainWindow::synchronisation()
 {
-    return {m_database, *m_model, [this] { return suggestBackup(); }, &confirmation::askToChange,
-            openProgress()};
+    return {m_database, m_songs->model(), [this] { return suggestBackup(); },
+            &confirmation::askToChange, openProgress()};
 }
 
 void MainWindow::on_actionPreviewChanges_toggled(bool checked)
@@ -492,7 +451,7 @@ void MainWindow::on_actionCopyrightNo_triggered()
 
 void MainWindow::onSongsTableViewDoubleClicked(QModelIndex index)
 {
-    if (m_busy || !hasLibrary())
+    if (!hasLibrary())
         return;
     const BusyGuard busy(m_busy);
     const QPersistentModelIndex place = index; // the list may be sorted during the save
@@ -500,7 +459,7 @@ void MainWindow::onSongsTableViewDoubleClicked(QModelIndex index)
     if (!editor.edit(index.row()))
         return;
     adjustUserLibraryHeaders(); // the texts may have become longer
-    scrollToRow(place.row());
+    m_songs->scrollToRow(place.row());
     RunReportBox::tell(editor.report(), this);
 }
 
@@ -515,10 +474,10 @@ void MainWindow::manualModifySong(const MetaSong &song, const SongInfo &info, co
 
 void MainWindow::onSongsTableViewShowContextMenu(QPoint pos)
 {
-    if (m_busy || !hasLibrary())
+    if (!hasLibrary())
         return;
     const BusyGuard busy(m_busy);
-    QTableView *const view = ui->userLibraryTableView;
+    QTableView *const view = m_songs->view();
     const int row = view->rowAt(pos.y());
     QMenu menu;
     const QAction *const remove = menu.addAction(tr("Remove from list"));
@@ -553,27 +512,18 @@ SongEditor MainWindow::songEditor()
                    this, tr("Attenzione"), tr("Sei sicuro di voler cancellare il file?"),
                    QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
     };
-    return {*m_model, askEdit, askDelete, openProgress()};
-}
-
-// The column of row numbers is hidden, and a view does not scroll to what it does not show.
-void MainWindow::scrollToRow(int row)
-{
-    const QModelIndex visible = m_model->rowIndex(row).siblingAtColumn(1);
-    ui->userLibraryTableView->scrollTo(visible, QAbstractItemView::PositionAtCenter);
+    return {m_songs->model(), askEdit, askDelete, openProgress()};
 }
 
 // ---------------------------------------------------------------- transfer
 
 void MainWindow::on_transferFilesToolButton_clicked()
 {
-    if (m_busy)
-        return;
-    const bool couldSynchronise = ui->updateDataToolButton->isEnabled();
+    const bool couldSynchronise = m_actionGate->isWanted(ui->updateDataToolButton);
     disableActionButtons();
     if (!transferSelectedFiles())
-        ui->updateDataToolButton->setEnabled(couldSynchronise);
-    ui->transferFilesToolButton->setEnabled(true);
+        m_actionGate->setWanted(ui->updateDataToolButton, couldSynchronise);
+    m_actionGate->setWanted(ui->transferFilesToolButton, true);
 }
 
 void MainWindow::transferFiles()
@@ -670,25 +620,13 @@ void MainWindow::on_actionSongsList_triggered()
 
 void MainWindow::on_actionAbout_QT_triggered()
 {
-    if (m_busy)
-        return;
     const BusyGuard busy(m_busy);
     QMessageBox::aboutQt(this);
-}
-
-void MainWindow::showUnreadableFiles()
-{
-    if (m_busy)
-        return;
-    const BusyGuard busy(m_busy);
-    UnreadableFilesDialog(m_summary->unreadableFiles(), this).exec();
 }
 
 template <typename Dialog>
 void MainWindow::runDialog()
 {
-    if (m_busy)
-        return;
     const BusyGuard busy(m_busy);
     Dialog dialog(nullptr);
     dialog.exec();
@@ -698,20 +636,16 @@ void MainWindow::runDialog()
 
 void MainWindow::on_dbgImportPushButton_clicked()
 {
-    if (!m_busy)
-        importUserLibrary();
+    importUserLibrary();
 }
 
 void MainWindow::on_dbgBackupPushButton_clicked()
 {
-    if (!m_busy)
-        suggestBackup();
+    suggestBackup();
 }
 
 void MainWindow::on_dbgShowDialogPushButton_clicked()
 {
-    if (m_busy)
-        return;
     const BusyGuard busy(m_busy);
     m_dataEditDialog.setGenresCombo(m_database.genresList());
     m_dataEditDialog.setArtistsCombo(m_database.artistsList());
@@ -738,12 +672,12 @@ void MainWindow::on_dbgLogClearCheckBox_toggled(bool checked)
 
 void MainWindow::on_dbgAddMarkerPushButton_clicked()
 {
-    if (m_busy || !hasLibrary())
+    if (!hasLibrary())
         return;
-    const int row = ui->userLibraryTableView->currentIndex().row();
+    const int row = m_songs->currentRow();
     logDebug() << "[MainWindow] Adding marker to row:" << row;
     MetaSong song;
-    if (!song.importFile(m_model->fileName(row))) {
+    if (!song.importFile(m_songs->model().fileName(row))) {
         logDebug() << "Error!";
         return;
     }
@@ -754,12 +688,12 @@ void MainWindow::on_dbgAddMarkerPushButton_clicked()
 
 void MainWindow::on_dbgSavePushButton_clicked()
 {
-    if (m_busy || !hasLibrary())
+    if (!hasLibrary())
         return;
-    const int row = ui->userLibraryTableView->currentIndex().row();
+    const int row = m_songs->currentRow();
     logDebug() << "[MainWindow] Saving row:" << row;
     MetaSong song;
-    if (!song.importFile(m_model->fileName(row))) {
+    if (!song.importFile(m_songs->model().fileName(row))) {
         logDebug() << "Error!";
         return;
     }

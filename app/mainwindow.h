@@ -15,13 +15,11 @@
 #include <QSettings>
 #include <QStringList>
 
-class ColumnLayout;
+class ActionGate;
 class MissingLibrary;
 class SongEditor;
-class SongFilter;
-class StatusSummary;
+class SongList;
 class Synchronisation;
-class UserSongsRelTableModel;
 
 QT_BEGIN_NAMESPACE
 namespace Ui
@@ -68,6 +66,9 @@ public:
     /**
      * Imports a folder with all folders in it and adds to the numbers of songs, of songs that the
      * maker signed and of other files. Ends early when the shown progress is cancelled.
+     *
+     * Kept interface: nothing in the window leads here, since songs are chosen as files or dropped;
+     * other code may rely on the name.
      */
     void scanDir(const QString &dir, int &valid, int &kravo, int &bad);
 
@@ -77,6 +78,8 @@ public:
     /**
      * Copies a folder with everything in it and adds the number of files copied to the count; false
      * when something could not be copied.
+     *
+     * Kept interface: the backup copies the chosen files; other code may rely on the name.
      */
     bool backupDirectory(const QString &source, const QString &destination, int &count);
 
@@ -110,7 +113,13 @@ public:
     /** True when the path is a volume's root. */
     bool isRoot(const QString &path) const;
 
-    /** Adds the number of files in the folder and in all folders in it. */
+    /**
+     * Adds the number of files in the folder and in all folders in it.
+     *
+     * Links to folders are not followed.
+     *
+     * Kept interface: nothing in the window leads here; other code may rely on the name.
+     */
     void filesCount(const QString &dir, int &count) const;
 
     /** Shows "n of all" and advances the bar of the progress that is on screen, if one is. */
@@ -156,8 +165,8 @@ private:
     void disableActionButtons();
     bool hasLibrary() const;
     bool copyrightAsk() const;
+    void addToGate();
     void addMenuActions();
-    void addListComforts();
     void importFiles(const QStringList &files);
     void importDropped(const QStringList &paths);
     bool askToProceed(int valid, int kravo, int bad);
@@ -167,15 +176,12 @@ private:
     OpenProgress openProgress();
     void saveTestCopy(MetaSong &song, const QString &fileName);
     void deleteRowsFile(int row);
-    void scrollToRow(int row);
     template <typename Dialog>
     void runDialog();
-    void showUnreadableFiles();
 
     const QScopedPointer<Ui::MainWindow> ui;
     QString m_libraryFolder; ///< where songs were last chosen in this run
     Database m_database;
-    UserSongsRelTableModel *m_model = nullptr; ///< null when the database could not be opened
     DataEditDialog m_dataEditDialog;
     QSettings m_settings;
     bool m_copyrightDefault = true;
@@ -184,9 +190,7 @@ private:
     Progress *m_progress = nullptr; ///< the progress that is on screen
     BusyState m_busy;               ///< while a workflow runs or a dialog is open
 
-    // What surrounds the list; null when the database could not be opened.
-    ColumnLayout *m_columns = nullptr;
-    SongFilter *m_filter = nullptr;
-    StatusSummary *m_summary = nullptr;
+    ActionGate *const m_actionGate;
+    SongList *m_songs = nullptr;                ///< null when the database could not be opened
     MissingLibrary *m_missingLibrary = nullptr; ///< only when the database could not be opened
 };

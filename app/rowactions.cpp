@@ -1,13 +1,16 @@
 #include "app/rowactions.h"
 
+#include "app/actiongate.h"
+
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QTableView>
 
-RowActions::RowActions(QTableView *view, const Actions &actions)
+RowActions::RowActions(QTableView *view, const Actions &actions, ActionGate &gate)
     : QObject(view)
     , m_view(view)
     , m_actions(actions)
+    , m_gate(gate)
 {
     m_actions.edit->setShortcuts({Qt::Key_Return, Qt::Key_Enter});
 #ifdef Q_OS_MACOS
@@ -33,6 +36,8 @@ RowActions::RowActions(QTableView *view, const Actions &actions)
     connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &RowActions::enableActions);
     m_view->installEventFilter(this);
+    for (QAction *action : {m_actions.edit, m_actions.remove, m_actions.deleteFile})
+        m_gate.add(action);
     enableActions();
 }
 
@@ -48,7 +53,7 @@ void RowActions::enableActions()
 {
     const bool chosen = chosenRow() >= 0;
     for (QAction *action : {m_actions.edit, m_actions.remove, m_actions.deleteFile})
-        action->setEnabled(chosen);
+        m_gate.setWanted(action, chosen);
 }
 
 /** A menu that is asked for by its key would open in the middle of the list, for any row there. */

@@ -4,12 +4,14 @@
 #include <QModelIndex>
 #include <QObject>
 
+class ActionGate;
 class QAction;
 class QTableView;
 
 /**
  * A song is chosen when its row is the current one, selected and not hidden by a filter; the
- * entries are enabled only then, so that nobody changes what he does not see. The keys work while
+ * entries are enabled only then, so that nobody changes what he does not see, and only while no
+ * work runs. The keys work while
  * the list has the focus. The menu key opens the menu of the chosen row.
  */
 class RowActions : public QObject
@@ -24,7 +26,7 @@ public:
     };
 
     /** The view has its model already; it owns the object. */
-    RowActions(QTableView *view, const Actions &actions);
+    RowActions(QTableView *view, const Actions &actions, ActionGate &gate);
 
     /** The chosen song's row; -1 when none is. */
     int chosenRow() const;
@@ -41,4 +43,5 @@ private:
 
     QTableView *const m_view;
     const Actions m_actions;
+    ActionGate &m_gate;
 };

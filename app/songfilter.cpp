@@ -1,8 +1,8 @@
 #include "app/songfilter.h"
 
-#include "library/usersongsreltablemodel.h"
 #include "windows/busystate.h"
 #include "windows/paintingpaused.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

@@ -1,6 +1,7 @@
 #include "app/statussummary.h"
 
-#include "library/usersongsreltablemodel.h"
+#include "app/actiongate.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -43,7 +44,7 @@ QString coloured(Database::statusEnum status, const QString &text)
 } // namespace
 
 StatusSummary::StatusSummary(QStatusBar *bar, const QTableView *view,
-                             const UserSongsRelTableModel &model)
+                             const UserSongsRelTableModel &model, ActionGate &gate)
     : QObject(bar)
     , m_view(view)
     , m_model(model)
@@ -55,6 +56,7 @@ StatusSummary::StatusSummary(QStatusBar *bar, const QTableView *view,
     m_label->setIndent(8);
     m_unreadableButton->setObjectName(QStringLiteral("unreadablePushButton"));
     m_unreadableButton->hide();
+    gate.add(m_unreadableButton);
     bar->addWidget(m_label);
     bar->addPermanentWidget(m_unreadableButton);
     connect(m_unreadableButton, &QPushButton::clicked, this, &StatusSummary::listRequested);

@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QTimer>
 
+class ActionGate;
 class QLabel;
 class QPushButton;
 class QStatusBar;
@@ -24,7 +25,8 @@ class StatusSummary : public QObject
 
 public:
     /** The view shows the model already; the status bar owns the object. */
-    StatusSummary(QStatusBar *bar, const QTableView *view, const UserSongsRelTableModel &model);
+    StatusSummary(QStatusBar *bar, const QTableView *view, const UserSongsRelTableModel &model,
+                  ActionGate &gate);
 
     /** Keeps the files for the list; the button hides when there are none. */
     void setUnreadableFiles(const QList<UnreadableFile> &files);

@@ -1,7 +1,6 @@
 // Copying songs beside "cp" and "sync -f" of the same files in the same run: a library of small
 // MIDI files and some MP3s, from the page cache, to the medium. "ratio" is the median of the one by
 // the median of the other.
-#include "windows/shownprogress.h"
 #include "devindex/filecopier.h"
 #include "windows/shownprogress.h"
 

@@ -4,9 +4,9 @@
 #include "app/mainwindow.h"
 #include "app/messagehandler.h"
 #include "formats/lzhuff.h"
-#include "library/usersongsreltablemodel.h"
 #include "support/ownfolders.h"
 #include "support/songbytes.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -115,11 +115,17 @@ public:
         const Times &one = m_best.at(first);
         const Times &other = m_best.at(second);
         const double real = one.real / other.real / songs;
-        std::printf("%-44s %5.2f (limit %.2f) %s; processor time %.2f\n", what, real, limit,
-                    real <= limit ? "ok" : "TOO SLOW", one.processor / other.processor / songs);
+        const double processor = one.processor / other.processor / songs;
+        std::printf("%-44s (limit %.2f) real time %5.2f %s; processor time %5.2f %s\n", what, limit,
+                    real, verdict(real, limit), processor, verdict(processor, limit));
     }
 
 private:
+    static const char *verdict(double ratio, double limit)
+    {
+        return ratio <= limit ? "ok" : "TOO SLOW";
+    }
+
     struct Times {
         double real = 0;
         double processor = 0;
@@ -178,11 +184,17 @@ int main(int argc, char **argv)
     add_option("rounds", QStringLiteral("5"));
     add_option("folder", QDir::tempPath());
     add_option("index-once", QString());
+    add_option("update-once", QString());
     parser.process(application);
 
     if (parser.isSet(QStringLiteral("index-once"))) {
         create(parser.value(QStringLiteral("index-once")));
         std::printf("%.1f\n", peakMemory());
+        return 0;
+    }
+
+    if (parser.isSet(QStringLiteral("update-once"))) { // for a profiler
+        update(parser.value(QStringLiteral("update-once")));
         return 0;
     }
 
@@ -211,14 +223,14 @@ int main(int argc, char **argv)
         benchmark::RunSpecifiedBenchmarks(&times);
 
     std::printf("\n");
-    times.printRatio("create / bare read of the heads", "create", "bare read", 3.0);
-    times.printRatio("update of an unchanged memory / bare stat", "update", "bare stat", 3.0);
+    times.printRatio("create / bare read of the heads", "create", "bare read", 2.0);
+    times.printRatio("update of an unchanged memory / bare stat", "update", "bare stat", 1.6);
     times.printRatio("export / load", "export", "load", 2.0);
     const double sizes = double(large.songs()) / small.songs();
     times.printRatio("create, by song: large / small", "create large", "create small", 1.3, sizes);
     times.printRatio("update, by song: large / small", "update large", "update small", 1.3, sizes);
     const double peak = peakMemoryOfIndexing(large.root());
-    std::printf("peak memory of indexing %d songs: %.1f MB (limit 150) %s\n", large.songs(), peak,
-                peak < 150 ? "ok" : "TOO MUCH");
+    std::printf("peak memory of indexing %d songs: %.1f MB (limit 60) %s\n", large.songs(), peak,
+                peak < 60 ? "ok" : "TOO MUCH");
     return 0;
 }

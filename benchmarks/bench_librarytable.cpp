@@ -2,10 +2,10 @@
 // over 10,000 rows. The targets: all rows added within 1 s; all rows rewritten and coloured within
 // 3 s; 3,000 lookups a second.
 #include "library/database.h"
-#include "library/usersongsreltablemodel.h"
 #include "support/debugcatalogue.h"
 #include "support/scratchfolder.h"
 #include "windows/statusrowdelegate.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QApplication>
 #include <QTableView>

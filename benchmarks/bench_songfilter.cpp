@@ -3,8 +3,8 @@
 // as long as in a bare view (see bench_librarytable), one key at most 100 ms.
 #include "app/mainwindow.h"
 #include "app/messagehandler.h"
-#include "library/usersongsreltablemodel.h"
 #include "support/ownfolders.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QApplication>
 #include <QLineEdit>

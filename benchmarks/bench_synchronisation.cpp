@@ -6,10 +6,10 @@
 #include "library/answer.h"
 #include "library/database.h"
 #include "library/synchronisation.h"
-#include "library/usersongsreltablemodel.h"
 #include "support/catalogue.h"
 #include "support/songbytes.h"
 #include "windows/progresswindow.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QApplication>
 #include <QDir>

@@ -14,6 +14,8 @@ for source in benchmarks/bench_*.cpp; do
   echo "== $name"
   "build/release/benchmarks/$name" || missed+=("$name")
 done
+echo "== bench_cli"
+benchmarks/bench_cli.py build/release/cli/kavena || missed+=(bench_cli)
 if [ ${#missed[@]} -gt 0 ]; then
   echo "LIMITS MISSED: ${missed[*]}"
   exit 1

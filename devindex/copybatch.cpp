@@ -3,15 +3,14 @@
 #include "storage/diagnostics.h"
 #include "storage/songjournal.h"
 
-#include <algorithm>
 #include <memory>
 #include <vector>
 
 namespace
 {
 
-/** As many old files are held open at the same time; a program may have 1024 open at most. */
-constexpr qsizetype mostFiles = 256;
+/** As many old files are held open at the same time; on a Mac a program may have 256 open. */
+constexpr qsizetype mostFiles = 100;
 constexpr qint64 mostBytes = qint64{64} * 1024 * 1024;
 
 } // namespace
@@ -31,6 +30,7 @@ CopyBatch::~CopyBatch()
 void CopyBatch::add(const File &file)
 {
     m_files.append(file);
+    m_names.insert(file.target.toCaseFolded());
     m_size += file.part->size();
 }
 
@@ -41,9 +41,7 @@ bool CopyBatch::isFull() const
 
 bool CopyBatch::holds(const QString &target) const
 {
-    return std::any_of(m_files.cbegin(), m_files.cend(), [&target](const File &file) {
-        return file.target.compare(target, Qt::CaseInsensitive) == 0;
-    });
+    return m_names.contains(target.toCaseFolded());
 }
 
 /**
@@ -75,10 +73,11 @@ QSet<int> CopyBatch::settle()
     for (const File &file : std::as_const(m_files)) {
         if (!flushed)
             fail(file, "the folder cannot be brought to the medium:");
-        else if (file.replaces)
+        else
             SongJournal::removeAllOf(file.target); // its old bytes belong to no file any more
     }
     m_files.clear();
+    m_names.clear();
     m_size = 0;
     return m_failed;
 }

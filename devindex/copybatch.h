@@ -57,6 +57,7 @@ private:
     QString m_folder;
     FileSystemFlush m_fileSystem;
     QList<File> m_files;
+    QSet<QString> m_names; ///< targets of the files, case-folded
     qint64 m_size = 0;
     QSet<int> m_failed;
 };

@@ -121,9 +121,14 @@ entrymatcher::Match entrymatcher::match(SongInfoIndex &entry, const QString &pat
     return isSameFile(entry.fullPath, fullPath) ? Match::Same : Match::OtherFile;
 }
 
-void entrymatcher::nameUnclearEntries(QList<SongInfoIndex> &entries, const QStringList &files,
+void entrymatcher::nameUnclearEntries(QList<SongInfoIndex> &entries, const QList<FoundSong> &songs,
                                       qsizetype rootSize)
 {
+    const bool allClear =
+        std::none_of(entries.cbegin(), entries.cend(),
+                     [](const SongInfoIndex &entry) { return isUnclear(entry.path); });
+    if (allClear)
+        return;
     QHash<QByteArray, Group> groups;
     QSet<QString> named;
     for (SongInfoIndex &entry : entries) {
@@ -132,12 +137,10 @@ void entrymatcher::nameUnclearEntries(QList<SongInfoIndex> &entries, const QStri
         else
             named.insert(entry.path);
     }
-    if (groups.isEmpty())
-        return;
-    for (const QString &fullPath : files) {
+    for (const FoundSong &song : songs) {
         SongInfoIndex file;
-        file.fullPath = fullPath;
-        file.path = fullPath.mid(rootSize);
+        file.fullPath = song.path;
+        file.path = song.path.mid(rootSize);
         const auto group = groups.find(ibm850FromText(file.path));
         if (group == groups.end() || named.contains(file.path))
             continue;

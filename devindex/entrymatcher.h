@@ -1,11 +1,11 @@
 // Finds out which entry of an index belongs to which file of its memory.
 #pragma once
 
+#include "devindex/foundsong.h"
 #include "devindex/songinfoindex.h"
 
 #include <QList>
 #include <QString>
-#include <QStringList>
 
 namespace entrymatcher
 {
@@ -31,10 +31,10 @@ Match match(SongInfoIndex &entry, const QString &path, const QString &fullPath);
  * texts, else the next one in the order of the files. An entry without a file has no absolute path
  * any more.
  *
- * @param files absolute paths of the songs on the memory
+ * @param songs the songs on the memory, in the order in which they were found
  * @param rootSize the length of the memory's own path
  */
-void nameUnclearEntries(QList<SongInfoIndex> &entries, const QStringList &files,
+void nameUnclearEntries(QList<SongInfoIndex> &entries, const QList<FoundSong> &songs,
                         qsizetype rootSize);
 
 } // namespace entrymatcher

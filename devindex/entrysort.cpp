@@ -2,6 +2,7 @@
 
 #include "devindex/devicetext.h"
 
+#include <QHash>
 #include <QtEndian>
 
 #include <algorithm>
@@ -40,6 +41,12 @@ struct TextKey {
     qsizetype size;
     qsizetype position;
 
+    bool hasTextOf(const TextKey &other) const
+    {
+        return size == other.size &&
+               std::memcmp(bytes, other.bytes, static_cast<std::size_t>(size)) == 0;
+    }
+
     bool operator<(const TextKey &other) const
     {
         if (beginning != other.beginning)
@@ -59,26 +66,33 @@ quint64 beginningOf(const char *bytes, qsizetype size)
     return qFromBigEndian(beginning);
 }
 
+/** Keys of texts that stand one behind the other; each ends where the next one begins. */
+std::vector<TextKey> textKeys(const QByteArray &bytes, const std::vector<qsizetype> &ends)
+{
+    std::vector<TextKey> keys;
+    keys.reserve(ends.size());
+    qsizetype start = 0;
+    for (const qsizetype end : ends) {
+        const char *const key = bytes.constData() + start;
+        keys.push_back(
+            {beginningOf(key, end - start), key, end - start, static_cast<qsizetype>(keys.size())});
+        start = end;
+    }
+    return keys;
+}
+
 /** Sorts by keys that append puts together. */
 template <typename AppendKey>
 void sortByText(QList<SongInfoIndex> &entries, AppendKey append)
 {
     QByteArray bytes;
-    QList<qsizetype> ends;
-    ends.reserve(entries.size());
+    std::vector<qsizetype> ends;
+    ends.reserve(static_cast<std::size_t>(entries.size()));
     for (const SongInfoIndex &entry : std::as_const(entries)) {
         append(bytes, entry);
-        ends.append(bytes.size());
+        ends.push_back(bytes.size());
     }
-    std::vector<TextKey> keys;
-    keys.reserve(static_cast<std::size_t>(entries.size()));
-    qsizetype start = 0;
-    for (qsizetype position = 0; position < ends.size(); ++position) {
-        const char *const key = bytes.constData() + start;
-        const qsizetype size = ends.at(position) - start;
-        keys.push_back({beginningOf(key, size), key, size, position});
-        start = ends.at(position);
-    }
+    std::vector<TextKey> keys = textKeys(bytes, ends);
     reorderByKeys(entries, keys);
 }
 
@@ -92,6 +106,113 @@ void sortByTextThenTitle(QList<SongInfoIndex> &entries, QString SongInfoIndex::*
 }
 
 } // namespace
+
+EntryList listOf(const QList<SongInfoIndex> &entries)
+{
+    EntryList list;
+    list.reserve(static_cast<std::size_t>(entries.size()));
+    for (const SongInfoIndex &entry : entries)
+        list.push_back(&entry);
+    return list;
+}
+
+BuildOrders::BuildOrders(const QList<SongInfoIndex> &entries)
+    : m_byNumber(listOf(entries))
+    , m_none(m_byNumber.size())
+{
+    std::stable_sort(m_byNumber.begin(), m_byNumber.end(),
+                     [](const SongInfoIndex *first, const SongInfoIndex *second) {
+                         return first->posidx < second->posidx;
+                     });
+    m_titles = ranksOf(&SongInfoIndex::title);
+    m_artists = ranksOf(&SongInfoIndex::artist);
+    m_genres = ranksOf(&SongInfoIndex::genre);
+}
+
+BuildOrders::Ranks BuildOrders::ranksOf(QString SongInfoIndex::*text) const
+{
+    QHash<QString, quint16> known;
+    QByteArray bytes;
+    std::vector<qsizetype> ends;
+    Ranks textOf;
+    textOf.reserve(m_byNumber.size());
+    for (const SongInfoIndex *const entry : m_byNumber) {
+        const qsizetype before = known.size();
+        quint16 &number = known[entry->*text];
+        if (known.size() > before) {
+            number = static_cast<quint16>(before);
+            appendSortKey(bytes, entry->*text);
+            ends.push_back(bytes.size());
+        }
+        textOf.push_back(number);
+    }
+
+    std::vector<TextKey> keys = textKeys(bytes, ends);
+    std::sort(keys.begin(), keys.end());
+    Ranks rankOf(keys.size());
+    quint16 rank = 0;
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (i > 0 && !keys[i].hasTextOf(keys[i - 1]))
+            ++rank;
+        rankOf[static_cast<std::size_t>(keys[i].position)] = rank;
+    }
+    for (quint16 &number : textOf)
+        number = rankOf[number];
+    return textOf;
+}
+
+EntryList BuildOrders::sorted(bool mp3Only, const Ranks &first, const Ranks &second,
+                              const Ranks &third) const
+{
+    constexpr int rankBits = 16;
+    constexpr quint64 placeMask = 0xFFFF;
+    std::vector<quint64> keys;
+    keys.reserve(m_byNumber.size());
+    for (std::size_t place = 0; place < m_byNumber.size(); ++place) {
+        if (mp3Only && m_byNumber[place]->fileType != SongInfoIndex::Mp3)
+            continue;
+        quint64 key = first[place];
+        key = key << rankBits | second[place];
+        key = key << rankBits | third[place];
+        keys.push_back(key << rankBits | place);
+    }
+    std::sort(keys.begin(), keys.end());
+    EntryList list;
+    list.reserve(keys.size());
+    for (const quint64 key : keys)
+        list.push_back(m_byNumber[key & placeMask]);
+    return list;
+}
+
+EntryList BuildOrders::byTitle() const
+{
+    return sorted(false, m_titles, m_none, m_none);
+}
+
+EntryList BuildOrders::byArtist() const
+{
+    return sorted(false, m_artists, m_titles, m_none);
+}
+
+EntryList BuildOrders::byGenre() const
+{
+    return sorted(false, m_genres, m_titles, m_artists);
+}
+
+EntryList BuildOrders::mp3ByTitle() const
+{
+    return sorted(true, m_titles, m_genres, m_artists);
+}
+
+EntryList BuildOrders::mp3ByArtist() const
+{
+    return sorted(true, m_artists, m_titles, m_genres);
+}
+
+EntryList BuildOrders::mp3ByGenre() const
+{
+    return sorted(true, m_genres, m_titles, m_artists);
+}
 
 void sortByPosidx(QList<SongInfoIndex> &entries)
 {

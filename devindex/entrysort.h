@@ -5,6 +5,8 @@
 
 #include <QList>
 
+#include <vector>
+
 /**
  * These sort as the comparison of the same name does (see songinfoindex.h), entries that are equal
  * keeping their order. The keys are made once for each entry and lie close together: with entries
@@ -14,6 +16,48 @@ void sortByPosidx(QList<SongInfoIndex> &entries);
 void sortByTitle(QList<SongInfoIndex> &entries);
 void sortByArtist(QList<SongInfoIndex> &entries);
 void sortByGenre(QList<SongInfoIndex> &entries);
+
+/** Entries in an order of their own; the entries themselves must outlive it and stay in place. */
+using EntryList = std::vector<const SongInfoIndex *>;
+
+/** The entries as they stand. */
+EntryList listOf(const QList<SongInfoIndex> &entries);
+
+/**
+ * The orders in which an index build writes its files, without moving an entry: each text is put
+ * into its place once, and from then on numbers are sorted.
+ *
+ * The files have always been written one after the other from entries that were sorted anew for
+ * each, so that entries which are equal stand in the order of the file before. A rebuilt index has
+ * the same bytes only if that order is kept: title, artist, genre, and the same for the MP3 songs.
+ */
+class BuildOrders
+{
+public:
+    /** At most SongInfoIndex::MaxSongs entries. */
+    explicit BuildOrders(const QList<SongInfoIndex> &entries);
+
+    const EntryList &byNumber() const { return m_byNumber; }
+    EntryList byTitle() const;
+    EntryList byArtist() const;
+    EntryList byGenre() const;
+    EntryList mp3ByTitle() const;
+    EntryList mp3ByArtist() const;
+    EntryList mp3ByGenre() const;
+
+private:
+    using Ranks = std::vector<quint16>; ///< by place in m_byNumber; equal texts have equal ranks
+
+    Ranks ranksOf(QString SongInfoIndex::*text) const;
+    EntryList sorted(bool mp3Only, const Ranks &first, const Ranks &second,
+                     const Ranks &third) const;
+
+    EntryList m_byNumber;
+    Ranks m_none; ///< ranks that decide nothing
+    Ranks m_titles;
+    Ranks m_artists;
+    Ranks m_genres;
+};
 
 /** Moves the entries to the order in which their positions are given; each position stands once. */
 void reorderEntries(QList<SongInfoIndex> &entries, const QList<qsizetype> &positions);

@@ -1,8 +1,8 @@
 // Copies song files into a folder: onto a memory, or into a backup.
 #pragma once
 
-#include "devindex/keepalive.h"
 #include "library/answer.h"
+#include "library/keepalive.h"
 #include "library/progress.h"
 
 #include <QByteArray>
@@ -48,6 +48,9 @@ public:
         int copied = 0;      ///< also when the user stopped it later
         QStringList skipped; ///< the sources of the files that the user kept
         QList<Failure> failed;
+
+        /** The failed files for the user, a line each: the name and the reason. */
+        QStringList failedLines() const;
     };
 
     explicit FileCopier(AskReplace askReplace);

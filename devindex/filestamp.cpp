@@ -9,7 +9,6 @@
 #include <algorithm>
 
 #ifdef Q_OS_UNIX
-#include <ctime>
 #include <sys/stat.h>
 #endif
 
@@ -38,11 +37,16 @@ std::optional<FileStamp> FileStamp::of(const QString &path)
     };
     if (::stat(QFile::encodeName(path).constData(), &status) != 0 || !S_ISREG(status.st_mode))
         return std::nullopt;
+    return at(status.st_mtime);
+}
+
+FileStamp FileStamp::at(std::time_t moment)
+{
     static const bool zoneIsKnown = (::tzset(), true);
     Q_UNUSED(zoneIsKnown)
     struct tm local {
     };
-    if (::localtime_r(&status.st_mtime, &local) == nullptr)
+    if (::localtime_r(&moment, &local) == nullptr)
         return FileStamp();
     return stampOf(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour,
                    local.tm_min, local.tm_sec);
@@ -55,7 +59,12 @@ std::optional<FileStamp> FileStamp::of(const QString &path)
     const QFileInfo file(path);
     if (!file.isFile())
         return std::nullopt;
-    const QDateTime modified = file.lastModified();
+    return at(static_cast<std::time_t>(file.lastModified().toSecsSinceEpoch()));
+}
+
+FileStamp FileStamp::at(std::time_t moment)
+{
+    const QDateTime modified = QDateTime::fromSecsSinceEpoch(moment);
     if (!modified.isValid())
         return FileStamp();
     const QDate date = modified.date();

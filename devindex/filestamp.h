@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <ctime>
 #include <optional>
 
 struct FileStamp {
@@ -12,4 +13,7 @@ struct FileStamp {
     /** The last modification of a regular file in local time; nothing when there is no such file.
      */
     static std::optional<FileStamp> of(const QString &path);
+
+    /** This moment in local time; zeros where the calendar does not reach that far. */
+    static FileStamp at(std::time_t moment);
 };

@@ -34,6 +34,11 @@ bool isPlayerFolder(const QString &name)
     return isOneOf(name, std::array{indexfiles::EffectsFolder, indexfiles::BridgeFolder});
 }
 
+bool isReservedFolder(const QString &name)
+{
+    return isPlayerFolder(name) || isOneOf(name, std::array{indexfiles::PlaylistFolder});
+}
+
 bool isSystemFolder(const QString &name)
 {
     return isFoundFolder(name) ||

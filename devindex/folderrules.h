@@ -3,8 +3,11 @@
 
 #include <QString>
 
-/** True for the name of a folder that belongs to the player. */
+/** True for the name of a folder that belongs to the player and is never looked into. */
 bool isPlayerFolder(const QString &name);
+
+/** True for the name of a folder in which the player keeps its own files, playlists among them. */
+bool isReservedFolder(const QString &name);
 
 /**
  * True for the name of a folder that operating systems and players keep for themselves: deleted

@@ -1,33 +1,30 @@
 // The player's index on a memory: building, updating and reading it.
 #pragma once
 
-#include "devindex/indexrecords.h"
-#include "devindex/shortname.h"
-#include "devindex/songinfoindex.h"
-#include "library/answer.h"
+#include "devindex/indexbuild.h"
+#include "devindex/indexstate.h"
+#include "devindex/itemrenamer.h"
 
-#include <QList>
 #include <QObject>
 #include <QString>
 
-#include <functional>
-
 class QFileInfo;
-class PathOrder;
 class RecordWriter;
+class SongAdder;
 
 /**
  * The player does not read folders: it finds its songs by a set of index files in the root of its
  * memory, which this class makes from the song files there.
  *
  * An object serves one operation: createIndex, updateIndex or saveSongsList. It runs in the calling
- * thread and reports through its signals. The steps and their state are open so that each can be
- * used and tested by itself; the steps work below rootPath and on entries.
+ * thread and reports through its signals. The work is done by MemoryScan, SongAdder and IndexBuild;
+ * the steps and their state are open here so that each can be used and tested by itself. They work
+ * below rootPath and on entries.
  *
  * While the index files are being written the file of counts is missing, so that an index that was
  * cut off, by a crash or by pulling the memory, never passes for a whole one.
  */
-class Index : public QObject
+class Index : public QObject, public IndexState, private IndexObserver
 {
     Q_OBJECT
 
@@ -35,8 +32,9 @@ public:
     /** How saveSongsList orders the songs. */
     enum SORT_MODE { SortByTitle = 0, SortByArtist = 1, SortByGenre = 2 };
 
-    /** Asks whether path may be renamed as the message says. */
-    using RenameQuestion = std::function<Answer(const QString &path, const QString &message)>;
+    using RenameQuestion = ItemRenamer::Question;
+
+    Index();
 
     /** Sets what asks before something is renamed; without it nothing is. */
     void setRenameQuestion(RenameQuestion question);
@@ -99,11 +97,13 @@ public:
      */
     int setSongInfo(SongInfoIndex &e) const;
 
-    /** The form of a path that is shown; here the path itself. Null means that it has none. */
+    // Kept interface: where a system has long and short names of one file, the player knows only
+    // the short ones. Here both are the path itself, and only the list of songs asks.
+
+    /** The form of a path that is shown. Null means that it has none. */
     QString getLongFileNamePath(const QString &path) const;
 
-    /** The form of a path that the player knows; here the path itself. Null means that it has none.
-     */
+    /** The form of a path that the player knows. Null means that it has none. */
     QString getShortFileNamePath(const QString &path) const;
 
     // The index as a whole
@@ -127,7 +127,8 @@ public:
     void removeDeletedItems();
 
     // The writers; each sorts entries. They return the number of records or groups, or 0 where
-    // there is nothing to count, and -1 when the file could not be written whole.
+    // there is nothing to count, and -1 when the file could not be written whole. Kept interface:
+    // a build writes the same bytes through IndexBuild, which sorts numbers instead of entries.
 
     int writePathIndex();
     int writeOrdIndex();
@@ -155,22 +156,6 @@ public:
     /** Writes the songs' ids of now into the playlists. */
     void restorePlaylistFilePath();
 
-    // The state of the operation
-
-    AlphaTable alphaBuffer;
-    QString rootPath; ///< without a slash at its end
-    QList<SongInfoIndex> entries;
-    QList<quint16> playlistNumbers;
-    quint32 maxLoadedId = 0xFFFFFFFF; ///< highest id of the index that was read, or this
-    quint32 nextId = 0;
-    quint16 nextPosidx = 0;
-    quint8 restorePlaylists = 0;
-    quint8 indexChanged = 0;
-    quint8 askBeforeRename = 1;
-    quint8 renameAccepted = 1;
-    quint32 filesFound = 0;
-    CountRecord counts;
-
 signals:
     void errorFromIndex(const QString &message);
     void currentPathChanged(const QString &path);
@@ -179,31 +164,21 @@ signals:
     void fileFoundChanged(int count);
 
 private:
-    struct Scan;
+    void tellError(const QString &message) override { emit errorFromIndex(message); }
+    void tellCurrentPath(const QString &path) override { emit currentPathChanged(path); }
+    void tellProgress(int value) override { emit progressValueChanged(value); }
+    void tellMaximum(int maximum) override { emit progressMaxSetup(maximum); }
+    void tellFilesFound(int count) override { emit fileFoundChanged(count); }
 
-    QString filePath(const QString &name) const;
     bool begin(const QString &root);
     bool hasWholeIndex() const;
     bool keepPlaylists();
-
-    void scanFolder(const QString &dir, bool throughLink, Scan &scan);
-    void scanFile(const QFileInfo &file, Scan &scan);
-    bool askForRename(const QString &path, const QString &candidate);
-    template <typename Order>
-    bool addFile(const QString &fullPath, Order &order);
-    bool pathOnMemory(const QString &fullPath, QString &path);
-    bool isIndexedAs(SongInfoIndex &entry, const QString &path, const QString &fullPath);
-    bool hasRoomFor(const QString &fullPath);
-
-    void refreshEntry(SongInfoIndex &entry);
-    bool writeIndexFiles();
-    bool removeCounts() const;
-    bool removeLinks() const;
+    void scanInto(SongAdder &adder, const QString &dir);
+    void refreshEntries(const SongAdder *scanned);
     bool writeSongsList(RecordWriter &list);
 
-    RenameQuestion m_renameQuestion;
-    ShortNames m_shortNames;
+    ItemRenamer m_renamer;
+    IndexBuild m_build;
     bool m_buildFailed = false;
     bool m_playlistsFailed = false;
-    bool m_renamesUnsure = false; ///< a song was renamed, but may not be so after a power cut
 };

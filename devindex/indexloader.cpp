@@ -5,6 +5,8 @@
 #include "devindex/indexrecords.h"
 #include "storage/recordfile.h"
 
+#include <QStringBuilder>
+
 #include <algorithm>
 
 IndexLoader::IndexLoader(const QString &root, QList<SongInfoIndex> &entries)
@@ -45,11 +47,11 @@ bool IndexLoader::loadPaths()
         SongInfoIndex entry;
         entry.id = record.id;
         entry.path = record.path;
-        entry.fullPath = m_root + record.path;
+        entry.fullPath = m_root % record.path;
         entry.date = record.date;
         entry.time = record.time;
         entry.posidx = static_cast<quint16>(m_entries.size());
-        m_entries.append(entry);
+        m_entries.append(std::move(entry));
     }
     return true;
 }
@@ -100,6 +102,10 @@ bool IndexLoader::read(QLatin1String name, int recordSize, int maxRecords, QByte
 
 SongInfoIndex *IndexLoader::entryOf(quint32 id)
 {
+    // On a memory from which no song was ever removed the ids are the places.
+    const auto place = static_cast<qsizetype>(id);
+    if (place < m_entries.size() && m_entries.at(place).id == id)
+        return &m_entries[place];
     SongInfoIndex wanted;
     wanted.id = id;
     const auto found = std::lower_bound(m_entries.begin(), m_entries.end(), wanted, compareById);

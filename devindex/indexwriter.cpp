@@ -22,6 +22,40 @@ SongRecord songRecord(const SongInfoIndex &entry)
     return record;
 }
 
+/** Hands records on by the thousand: each one that a file takes by itself costs it a look. */
+class Block
+{
+public:
+    explicit Block(RecordWriter &file)
+        : m_file(file)
+    {
+        m_bytes.reserve(capacity);
+    }
+
+    template <std::size_t Size>
+    bool append(const std::array<char, Size> &record)
+    {
+        m_bytes.append(record.data(), static_cast<qsizetype>(Size));
+        return m_bytes.size() + static_cast<qsizetype>(Size) <= capacity || flush();
+    }
+
+    /** Where the next record will stand in the file. */
+    qint64 offset() const { return m_file.offset() + m_bytes.size(); }
+
+    bool flush()
+    {
+        const bool written = m_bytes.isEmpty() || m_file.append(m_bytes);
+        m_bytes.resize(0);
+        return written;
+    }
+
+private:
+    static constexpr qsizetype capacity = 65536;
+
+    RecordWriter &m_file;
+    QByteArray m_bytes;
+};
+
 template <typename Record>
 int writeSingle(const QString &path, const Record &bytes)
 {
@@ -31,32 +65,33 @@ int writeSingle(const QString &path, const Record &bytes)
 
 } // namespace
 
-int indexwriter::writePaths(const QString &path, const QList<SongInfoIndex> &entries)
+int indexwriter::writePaths(const QString &path, const EntryList &entries)
 {
     RecordWriter file(path);
     if (!file.open())
         return -1;
-    for (const SongInfoIndex &entry : entries) {
+    Block block(file);
+    for (const SongInfoIndex *const entry : entries) {
         PathRecord record;
-        record.id = entry.id;
-        record.path = entry.path;
-        record.date = entry.date;
-        record.time = entry.time;
-        if (!file.append(record.encode()))
+        record.id = entry->id;
+        record.path = entry->path;
+        record.date = entry->date;
+        record.time = entry->time;
+        if (!block.append(record.encode()))
             return -1;
     }
-    return file.close() ? 0 : -1;
+    return block.flush() && file.close() ? 0 : -1;
 }
 
-int indexwriter::writeOrder(const QString &path, const QList<SongInfoIndex> &entries)
+int indexwriter::writeOrder(const QString &path, const EntryList &entries)
 {
     RecordWriter file(path);
     if (!file.open())
         return -1;
     std::array<char, OrderBlockSize> block{};
     std::size_t filled = 0;
-    for (const SongInfoIndex &entry : entries) {
-        OrderValue::encode(block.data() + filled, entry.posidx);
+    for (const SongInfoIndex *const entry : entries) {
+        OrderValue::encode(block.data() + filled, entry->posidx);
         filled += OrderValue::Size;
         if (filled < block.size())
             continue;
@@ -69,45 +104,46 @@ int indexwriter::writeOrder(const QString &path, const QList<SongInfoIndex> &ent
     return file.close() ? 0 : -1;
 }
 
-int indexwriter::writeTitles(const QString &path, const QList<SongInfoIndex> &entries,
-                             AlphaTable &alpha)
+int indexwriter::writeTitles(const QString &path, const EntryList &entries, AlphaTable &alpha)
 {
     RecordWriter file(path);
     if (!file.open())
         return -1;
-    for (const SongInfoIndex &entry : entries) {
-        alpha.add(entry.title, file.offset());
-        if (!file.append(songRecord(entry).encode()))
+    Block block(file);
+    for (const SongInfoIndex *const entry : entries) {
+        alpha.add(entry->title, block.offset());
+        if (!block.append(songRecord(*entry).encode()))
             return -1;
     }
-    return file.close() ? static_cast<int>(entries.size()) : -1;
+    return block.flush() && file.close() ? static_cast<int>(entries.size()) : -1;
 }
 
-int indexwriter::writeGroups(const QString &path, const QList<SongInfoIndex> &entries,
+int indexwriter::writeGroups(const QString &path, const EntryList &entries,
                              QString SongInfoIndex::*text, AlphaTable &alpha)
 {
     RecordWriter file(path);
     if (!file.open())
         return -1;
+    Block block(file);
     int groups = 0;
     GroupHeader header;
     for (auto song = entries.cbegin(); song != entries.cend(); ++groups) {
-        const QString &groupText = (*song).*text;
-        const auto end = std::find_if(song, entries.cend(), [&](const SongInfoIndex &entry) {
-            return compareIgnoringCase(entry.*text, groupText) != 0;
+        const QString &groupText = (*song)->*text;
+        const auto end = std::find_if(song, entries.cend(), [&](const SongInfoIndex *entry) {
+            return compareIgnoringCase(entry->*text, groupText) != 0;
         });
         header.previousCount = header.count;
         header.count = static_cast<quint16>(end - song);
         header.text = groupText;
-        alpha.add(groupText, file.offset());
-        if (!file.append(header.encode()))
+        alpha.add(groupText, block.offset());
+        if (!block.append(header.encode()))
             return -1;
         for (; song != end; ++song) {
-            if (!file.append(songRecord(*song).encode()))
+            if (!block.append(songRecord(**song).encode()))
                 return -1;
         }
     }
-    return file.close() ? groups : -1;
+    return block.flush() && file.close() ? groups : -1;
 }
 
 int indexwriter::writeAlpha(const QString &path, const AlphaTable &alpha)

@@ -1,10 +1,9 @@
 // Writes single index files from entries that stand in the right order already.
 #pragma once
 
+#include "devindex/entrysort.h"
 #include "devindex/indexrecords.h"
-#include "devindex/songinfoindex.h"
 
-#include <QList>
 #include <QString>
 
 /**
@@ -16,20 +15,20 @@ namespace indexwriter
 {
 
 /** The path file; entries by record number. */
-int writePaths(const QString &path, const QList<SongInfoIndex> &entries);
+int writePaths(const QString &path, const EntryList &entries);
 
 /** The order file; entries by path. */
-int writeOrder(const QString &path, const QList<SongInfoIndex> &entries);
+int writeOrder(const QString &path, const EntryList &entries);
 
 /** A title file; entries by title. The first letters of the titles are added to alpha. */
-int writeTitles(const QString &path, const QList<SongInfoIndex> &entries, AlphaTable &alpha);
+int writeTitles(const QString &path, const EntryList &entries, AlphaTable &alpha);
 
 /**
  * An artist or genre file; entries by that text. Entries whose text is the same but for its case
  * stand in one group. The first letters of the groups are added to alpha.
  */
-int writeGroups(const QString &path, const QList<SongInfoIndex> &entries,
-                QString SongInfoIndex::*text, AlphaTable &alpha);
+int writeGroups(const QString &path, const EntryList &entries, QString SongInfoIndex::*text,
+                AlphaTable &alpha);
 
 /** A table of first letters. */
 int writeAlpha(const QString &path, const AlphaTable &alpha);

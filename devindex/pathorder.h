@@ -46,10 +46,18 @@ private:
     QList<qsizetype> m_order; ///< positions in the list, in path order
 };
 
-/** The place in an order (one of the above) behind all entries whose key is not greater. */
+/**
+ * The place in an order (one of the above) behind all entries whose key is not greater. Found at
+ * once when it is the expected one, as it mostly is for songs that come folder by folder.
+ */
 template <typename Order>
-qsizetype placeBehind(const Order &order, const QByteArray &key)
+qsizetype placeBehind(const Order &order, const QByteArray &key, qsizetype expected = 0)
 {
+    const bool fits = expected > 0 && expected <= order.size() &&
+                      !(key < order.keyAt(expected - 1)) &&
+                      (expected == order.size() || key < order.keyAt(expected));
+    if (fits)
+        return expected;
     qsizetype first = 0;
     qsizetype last = order.size();
     while (first < last) {

@@ -31,13 +31,6 @@ bool isOwnFile(const QString &path)
     return file.isFile() && !file.isSymLink();
 }
 
-/** True for a path at which nothing lies, not even a link that leads nowhere. */
-bool isFree(const QString &path)
-{
-    const QFileInfo file(path);
-    return !file.exists() && !file.isSymLink();
-}
-
 bool openExisting(QFile &file, QIODevice::OpenMode mode)
 {
     return isOwnFile(file.fileName()) && file.open(mode | QIODevice::ExistingOnly);
@@ -127,7 +120,7 @@ PlaylistFiles::Outcome PlaylistFiles::readNumbers(QList<quint16> &numbers) const
 
 bool PlaylistFiles::needsPathFile(quint16 number) const
 {
-    return isOwnFile(fileName(number, SongsSuffix)) && isFree(fileName(number, PathsSuffix));
+    return isOwnFile(fileName(number, SongsSuffix)) && !isTaken(fileName(number, PathsSuffix));
 }
 
 PlaylistFiles::Outcome PlaylistFiles::savePaths(quint16 number,
@@ -135,7 +128,7 @@ PlaylistFiles::Outcome PlaylistFiles::savePaths(quint16 number,
 {
     const QString songsName = fileName(number, SongsSuffix);
     const QString pathsName = fileName(number, PathsSuffix);
-    if (!isOwnFile(songsName) || !(isFree(pathsName) || isOwnFile(pathsName)))
+    if (!isOwnFile(songsName) || !(!isTaken(pathsName) || isOwnFile(pathsName)))
         return Outcome::Nothing;
     QFile playlist(songsName);
     if (openExisting(playlist, QIODevice::ReadOnly)) {

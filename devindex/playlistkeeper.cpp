@@ -1,6 +1,8 @@
 #include "devindex/playlistkeeper.h"
 
 #include "devindex/indexloader.h"
+#include "devindex/pathfinder.h"
+#include "storage/diagnostics.h"
 
 #include <algorithm>
 
@@ -34,4 +36,17 @@ PlaylistFiles::Outcome PlaylistKeeper::prepareForNewIds(QList<quint16> &numbers)
         return m_playlists.allowWriting(number) != PlaylistFiles::Outcome::Failed;
     });
     return writable ? PlaylistFiles::Outcome::Done : PlaylistFiles::Outcome::Failed;
+}
+
+PlaylistFiles::Outcome PlaylistKeeper::restoreIds(const QList<quint16> &numbers,
+                                                  QList<SongInfoIndex> &songs) const
+{
+    logDebug() << "restore playlist file path";
+    auto outcome = PlaylistFiles::Outcome::Done;
+    PathFinder finder(songs);
+    for (const quint16 number : numbers) {
+        if (m_playlists.restoreIds(number, finder) == PlaylistFiles::Outcome::Failed)
+            outcome = PlaylistFiles::Outcome::Failed;
+    }
+    return outcome;
 }

@@ -30,6 +30,13 @@ public:
     /** The same, and makes sure that new ids can be written into each playlist. */
     PlaylistFiles::Outcome prepareForNewIds(QList<quint16> &numbers) const;
 
+    /**
+     * Writes the songs' ids of now into the playlists. Failed when one of them could not be
+     * written.
+     */
+    PlaylistFiles::Outcome restoreIds(const QList<quint16> &numbers,
+                                      QList<SongInfoIndex> &songs) const;
+
 private:
     QString m_root;
     PlaylistFiles m_playlists;

@@ -1,6 +1,6 @@
 #include "devindex/shortname.h"
 
-#include "devindex/companion.h"
+#include "library/companion.h"
 #include "storage/safefile.h"
 
 #include <QFileInfo>

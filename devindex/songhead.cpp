@@ -2,19 +2,21 @@
 
 #include "devindex/devicetext.h"
 #include "formats/bytetext.h"
+#include "formats/id3frame.h"
+#include "formats/midimetaevent.h"
 #include "storage/diagnostics.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QtEndian>
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
-#include <memory>
 
 #ifdef Q_OS_UNIX
+#include <cerrno>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 namespace
@@ -46,13 +48,7 @@ constexpr int MetaDataOffset = 3;
 constexpr quint32 MicrosecondsPerMinute = 60000000;
 constexpr int TempoSize = 3;
 constexpr quint8 MaxDeltaByte = 128;
-enum MetaType : quint8 {
-    CopyrightEvent = 0x02,
-    TrackNameEvent = 0x03,
-    MarkerEvent = 0x06,
-    MakerEvent = 0x4B,
-    TempoEvent = 0x51
-};
+enum MetaType : quint8 { MarkerEvent = 0x06, TempoEvent = 0x51 };
 enum MakerSubType : quint8 { GenreSubType = 1, ArtistSubType = 2 };
 
 QString unknownText()
@@ -82,8 +78,8 @@ class Id3Scan
 public:
     Id3Scan(const QByteArray &head, SongInfoIndex &entry)
         : m_head(head)
-        , m_frames{Frame{"TIT2", &entry.title}, Frame{"TPE1", &entry.artist},
-                   Frame{"TCON", &entry.genre}}
+        , m_frames{Frame{Id3FrameId::title, &entry.title}, Frame{Id3FrameId::artist, &entry.artist},
+                   Frame{Id3FrameId::genre, &entry.genre}}
     {
     }
 
@@ -172,13 +168,13 @@ private:
     {
         const qsizetype data = pos + MetaDataOffset;
         switch (byteAt(m_head, pos + 1)) {
-        case CopyrightEvent:
+        case MidiMetaEvent::CopyrightNotice:
             return true;
-        case TrackNameEvent:
+        case MidiMetaEvent::TrackName:
             return takeText(m_entry.title, m_hasTitle, data, length);
         case MarkerEvent:
             return takeMarker();
-        case MakerEvent:
+        case MidiMetaEvent::Kravo:
             return length > 0 && takeMakerText(data, length);
         case TempoEvent:
             return length >= TempoSize && takeTempo(data);
@@ -270,44 +266,53 @@ void setDefaults(const QString &fileName, SongInfoIndex &entry)
     entry.hasMarkers = 0;
 }
 
-/** The size of the opened file that lies at path; the limit for a larger one. */
-qsizetype sizeWithin(qsizetype limit, std::FILE *file, const QString &path)
-{
-#ifdef Q_OS_UNIX
-    Q_UNUSED(path)
-    struct stat status {
-    };
-    const qint64 size = ::fstat(::fileno(file), &status) == 0 ? qint64(status.st_size) : 0;
-#else
-    Q_UNUSED(file)
-    const qint64 size = QFileInfo(path).size();
-#endif
-    return static_cast<qsizetype>(std::min<qint64>(size, limit));
-}
-
 } // namespace
 
+#ifdef Q_OS_UNIX
+
+// Asks the system for nothing but the bytes: with tens of thousands of songs the questions that
+// QFile asks about each file double the time.
 QByteArray songHeadOf(const QString &path)
 {
-    struct Closer {
-        void operator()(std::FILE *file) const { std::fclose(file); }
-    };
-    // The C library asks the system for nothing but the bytes: with tens of thousands of songs the
-    // questions that QFile asks about each file double the time.
-    const std::unique_ptr<std::FILE, Closer> file(
-        std::fopen(QFile::encodeName(path).constData(), "rb"));
-    if (file == nullptr) {
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) {
         logWarning() << "[songHeadOf] Impossible to read song" << path;
         return {};
     }
-    std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    struct stat status {
+    };
     // Some regular files have no size and can be read for ever, or wait for ever to be read.
-    QByteArray head(sizeWithin(SongHeadSize, file.get(), path), Qt::Uninitialized);
-    const std::size_t size =
-        std::fread(head.data(), 1, static_cast<std::size_t>(head.size()), file.get());
-    head.truncate(static_cast<qsizetype>(size));
+    const qint64 size = ::fstat(file, &status) == 0 ? qint64(status.st_size) : 0;
+    QByteArray head(static_cast<qsizetype>(std::min<qint64>(size, SongHeadSize)),
+                    Qt::Uninitialized);
+    qsizetype filled = 0;
+    while (filled < head.size()) {
+        const ssize_t count =
+            ::read(file, head.data() + filled, static_cast<std::size_t>(head.size() - filled));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            break;
+        filled += count;
+    }
+    ::close(file);
+    head.truncate(filled);
     return head;
 }
+
+#else
+
+QByteArray songHeadOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        logWarning() << "[songHeadOf] Impossible to read song" << path;
+        return {};
+    }
+    return file.read(std::min<qint64>(file.size(), SongHeadSize));
+}
+
+#endif
 
 bool readSongHead(const QByteArray &head, const QString &fileName, SongInfoIndex &entry)
 {

@@ -1,12 +1,13 @@
 #include "devindex/songrenamer.h"
 
-#include "devindex/companion.h"
+#include "library/companion.h"
 #include "storage/diagnostics.h"
 #include "storage/safefile.h"
 #include "storage/songfilewriter.h"
 #include "storage/songjournal.h"
 
 #include <QFileInfo>
+#include <QStringList>
 
 namespace
 {
@@ -20,12 +21,15 @@ bool renameItem(const QString &path, const QString &newPath)
     return false;
 }
 
-/** The item itself before its folder: on FAT its new entry would else lead nowhere. */
-bool flushRenamed(const QString &path)
+/** Each item itself before their folder: on FAT its new entry would else lead nowhere. */
+bool flushRenamed(const QStringList &paths)
 {
-    if (flushPath(path) && flushFolderOf(path))
+    bool flushed = true;
+    for (const QString &path : paths)
+        flushed = flushPath(path) && flushed;
+    if (flushFolderOf(paths.constFirst()) && flushed)
         return true;
-    logWarning() << "[Index::renameLongFileName] Impossible to flush" << path;
+    logWarning() << "[Index::renameLongFileName] Impossible to flush" << paths.constFirst();
     return false;
 }
 
@@ -34,7 +38,7 @@ bool isWithoutJournal(const QString &song)
 {
     if (!SongFileWriter::recover(song))
         return false;
-    for (int number = 0; number < SongJournal::Names; ++number) {
+    for (int number = 0; number < SongJournal::maxNames; ++number) {
         const QFileInfo journal(SongJournal(song, number).path());
         if (journal.isFile() && !journal.isSymLink())
             return false;
@@ -44,24 +48,24 @@ bool isWithoutJournal(const QString &song)
 
 } // namespace
 
-songrenamer::Outcome songrenamer::rename(const QString &path, const QString &newPath)
+songrenamer::Result songrenamer::rename(const QString &path, const QString &newPath)
 {
     const QFileInfo item(path);
     // The journal of a link's song lies beside the song, which keeps its name.
     if (item.isFile() && !item.isSymLink() && !isWithoutJournal(path))
-        return Outcome::Unfinished;
+        return {Outcome::Unfinished};
     const QString companion = item.isFile() ? companionOf(path) : QString();
     if (!renameItem(path, newPath))
-        return Outcome::Failed;
+        return {Outcome::Failed};
     // The player finds a song's karaoke pictures by the song's name.
     const QString pictures = companion.isEmpty() ? QString() : companionTarget(companion, newPath);
     const bool together = companion.isEmpty() || renameItem(companion, pictures);
     if (!together && renameItem(newPath, path))
-        return Outcome::Failed;
-    const bool flushed = flushRenamed(newPath);
-    return (companion.isEmpty() || !together || flushRenamed(pictures)) && flushed
-               ? Outcome::Renamed
-               : Outcome::Unsure;
+        return {Outcome::Failed, flushRenamed({path})};
+    QStringList renamed{newPath};
+    if (!companion.isEmpty() && together)
+        renamed.append(pictures);
+    return {Outcome::Renamed, flushRenamed(renamed)};
 }
 
 bool songrenamer::liesOutside(const QString &root, const QString &path)

@@ -8,9 +8,13 @@ namespace songrenamer
 
 enum class Outcome {
     Renamed,
-    Unsure,    ///< renamed, but perhaps not on the medium: after a power cut it may not be so
     Failed,    ///< everything has its old name, unless even that could not be given back
     Unfinished ///< the last save of the song was cut off and cannot be undone; nothing was done
+};
+
+struct Result {
+    Outcome outcome = Outcome::Failed;
+    bool onMedium = true; ///< false when a power cut may still give the items other names
 };
 
 /**
@@ -18,7 +22,7 @@ enum class Outcome {
  * new name, or the song keeps its old one. A song whose last save was cut off gets its old bytes
  * back first: under another name its journal would not be found any more.
  */
-Outcome rename(const QString &path, const QString &newPath);
+Result rename(const QString &path, const QString &newPath);
 
 /** True when the folder that holds the path lies outside the root: a symbolic link leads there. */
 bool liesOutside(const QString &root, const QString &path);

@@ -1,5 +1,6 @@
 #include "devindex/transfer.h"
 
+#include "devindex/folderrules.h"
 #include "devindex/index.h"
 #include "devindex/sizetext.h"
 #include "storage/diagnostics.h"
@@ -24,8 +25,8 @@ QString fileNameOf(const QString &path)
 
 } // namespace
 
-Transfer::Transfer(TransferQuestions &questions, OpenProgress openProgress, FreeBytes freeBytes)
-    : m_questions(questions)
+Transfer::Transfer(TransferUser &user, OpenProgress openProgress, FreeBytes freeBytes)
+    : m_user(user)
     , m_openProgress(std::move(openProgress))
     , m_freeBytes(std::move(freeBytes))
 {
@@ -52,18 +53,16 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
     logDebug() << "============================================";
     logDebug() << "          TRASFERIMENTO FILE";
     logDebug() << "============================================";
-    FileCopier copier([this](const QString &target) { return m_questions.askReplace(target); });
+    FileCopier copier([this](const QString &target) { return m_user.askReplace(target); });
     const bool copied = copyFiles(files, dest, copier);
     const bool indexed = updateIndex(root);
     lock.release(); // who reads the outcome may pull the memory
 
     const bool complete = copied && indexed;
     if (complete)
-        m_questions.inform(tr("Trasferimento"),
-                           tr("Tutti i file sono stati copiati correttamente"));
+        m_user.inform(tr("Trasferimento"), tr("Tutti i file sono stati copiati correttamente"));
     else
-        m_questions.showFailure(tr("Trasferimento"),
-                                tr("Non è stato possibile copiare uno o più file"));
+        m_user.showFailure(tr("Trasferimento"), tr("Non è stato possibile copiare uno o più file"));
     tellCounts(copier.report(), files.size(), indexed);
     return complete ? Outcome::Complete : Outcome::Incomplete;
 }
@@ -89,8 +88,11 @@ bool Transfer::updateIndex(const QString &root)
 
     Index index;
     index.setRenameQuestion([this](const QString &item, const QString &message) {
-        return m_questions.askRename(item, message);
+        return m_user.askRename(item, message);
     });
+    m_indexProblems.clear();
+    QObject::connect(&index, &Index::errorFromIndex, &index,
+                     [this](const QString &message) { m_indexProblems.append(message); });
     QObject::connect(&index, &Index::fileFoundChanged, &index, setValue);
     QObject::connect(&index, &Index::progressValueChanged, &index, setValue);
     QObject::connect(&index, &Index::progressMaxSetup, &index, setMaximum);
@@ -101,19 +103,19 @@ bool Transfer::updateIndex(const QString &root)
 QString Transfer::chooseDestination()
 {
     const QString title = tr("Trasferimento");
-    const QString chosen = m_questions.chooseFolder(tr("Scegli cartella"), m_volumes.startFolder());
+    const QString chosen = m_user.chooseFolder(tr("Scegli cartella"), m_volumes.startFolder());
     if (chosen.isEmpty())
         return {};
-    const QString dest = QDir::cleanPath(chosen);
+    QString dest = QDir::cleanPath(chosen);
 
     if (m_volumes.isSystemDisk(dest)) {
-        m_questions.warn(title, tr("Non è possibile copiare i file sul disco di sistema"));
+        m_user.warn(title, tr("Non è possibile copiare i file sul disco di sistema"));
         return {};
     }
-    if (!m_volumes.isRoot(dest) && isReserved(dest)) {
-        m_questions.warn(title, tr("Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST "
-                                   "perchè sono riservate per funzionalità specifiche di Kavena, "
-                                   "selezionare un'altra cartella"));
+    if (!m_volumes.isRoot(dest) && isReservedFolder(fileNameOf(dest))) {
+        m_user.warn(title, tr("Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST "
+                              "perchè sono riservate per funzionalità specifiche di Kavena, "
+                              "selezionare un'altra cartella"));
         return {};
     }
     return dest;
@@ -124,8 +126,8 @@ bool Transfer::takeLock(MemoryLock &lock, const QString &title, bool isRoot)
 {
     if (lock.take())
         return true;
-    m_questions.warn(title, isRoot && !lock.isHeldByOther() ? whyNotIntoRoot(lock.problem())
-                                                            : lock.message());
+    m_user.warn(title,
+                isRoot && !lock.isHeldByOther() ? whyNotIntoRoot(lock.problem()) : lock.message());
     return false;
 }
 
@@ -136,14 +138,15 @@ bool Transfer::makeSongsFolder(const QString &songs)
         return true;
     // No folders above it: a memory that was pulled must not come back as one of the system disk.
     std::error_code error;
-    if (std::filesystem::create_directory(QFileInfo(songs).filesystemFilePath(), error))
+    if (std::filesystem::create_directory(QFileInfo(songs).filesystemFilePath(), error) &&
+        flushPath(songs) && flushFolderOf(songs))
         return true;
     WriteProblem::Kind problem = WriteProblem::Unknown;
     if (error == std::errc::read_only_file_system)
         problem = WriteProblem::ReadOnly;
     if (error == std::errc::no_space_on_device)
         problem = WriteProblem::Full;
-    m_questions.warn(tr("Trasferimento"), whyNotIntoRoot(problem));
+    m_user.warn(tr("Trasferimento"), whyNotIntoRoot(problem));
     return false;
 }
 
@@ -156,14 +159,6 @@ QString Transfer::whyNotIntoRoot(WriteProblem::Kind problem)
               "creare o selezionare una sottocartella");
 }
 
-/** True for the folders in which the player keeps its own files: songs in them are not found. */
-bool Transfer::isReserved(const QString &dest) const
-{
-    static const QStringList reserved = {QStringLiteral("SFX"), QStringLiteral("BRIDGE"),
-                                         QStringLiteral("PLAYLIST")};
-    return reserved.contains(dest.section(QLatin1Char('/'), -1), Qt::CaseInsensitive);
-}
-
 /** False when the files do not fit and the user does not want to try. */
 bool Transfer::hasRoom(const QStringList &files, const QString &dest)
 {
@@ -173,10 +168,10 @@ bool Transfer::hasRoom(const QStringList &files, const QString &dest)
     const qint64 missing = FileCopier::roomNeeded(files, dest) - available;
     if (missing <= 0)
         return true;
-    return m_questions.askAnyway(
-        tr("Trasferimento"), tr("Lo spazio libero nella memoria non è sufficiente: mancano %1.\n"
-                                "Si vuole procedere comunque con la copia?")
-                                 .arg(sizeText(missing)));
+    return m_user.askAnyway(tr("Trasferimento"),
+                            tr("Lo spazio libero nella memoria non è sufficiente: mancano %1.\n"
+                               "Si vuole procedere comunque con la copia?")
+                                .arg(sizeText(missing)));
 }
 
 /** True when no file failed; the progress is gone when this returns. */
@@ -194,18 +189,18 @@ void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, boo
     const qsizetype stopped = files - report.copied - report.skipped.size() - report.failed.size();
     QStringList lines = {tr("Song copiate: %1").arg(report.copied),
                          tr("Song saltate: %1").arg(report.skipped.size()),
-                         tr("Song non riuscite: %1").arg(report.failed.size())};
+                         tr("Song non copiate (errori): %1").arg(report.failed.size())};
     if (stopped > 0)
         lines.append(tr("Song non più copiate dopo l'interruzione: %1").arg(stopped));
     if (!indexed)
         lines.append(tr("Il database della memoria non è stato aggiornato."));
-    QStringList failed;
-    for (const FileCopier::Failure &failure : report.failed)
-        failed.append(fileNameOf(failure.source) + QLatin1String(": ") + failure.reason);
+    if (!m_indexProblems.isEmpty())
+        lines.append(tr("Song della memoria con problemi: %1").arg(m_indexProblems.size()));
     QStringList skipped;
     for (const QString &source : report.skipped)
         skipped.append(fileNameOf(source));
-    m_questions.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')), failed, skipped);
+    m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
+                      report.failedLines() + m_indexProblems, skipped);
 }
 
 qint64 Transfer::bytesAvailable(const QString &folder)

@@ -12,13 +12,13 @@
 
 #include <functional>
 
-/** What a transfer asks and tells the user. */
-class TransferQuestions
+/** The user of a transfer: what he is asked, and what he is told. */
+class TransferUser
 {
 public:
-    TransferQuestions() = default;
-    virtual ~TransferQuestions() = default;
-    Q_DISABLE_COPY_MOVE(TransferQuestions)
+    TransferUser() = default;
+    virtual ~TransferUser() = default;
+    Q_DISABLE_COPY_MOVE(TransferUser)
 
     /** The folder to copy into; an empty text when the user changed his mind. */
     virtual QString chooseFolder(const QString &title, const QString &startFolder) = 0;
@@ -37,8 +37,8 @@ public:
     virtual void showFailure(const QString &title, const QString &text) = 0;
 
     /**
-     * Says what became of the songs. Only on request it names those that failed, each with its
-     * reason, and those that were skipped.
+     * Says what became of the songs. Only on request it names those that failed or that the player
+     * will not find, each with its reason, and those that were skipped.
      */
     virtual void tellCounts(const QString &title, const QString &text, const QStringList &failed,
                             const QStringList &skipped) = 0;
@@ -62,8 +62,8 @@ public:
     /** The free bytes of the file system that holds the folder; negative when they are unknown. */
     using FreeBytes = std::function<qint64(const QString &folder)>;
 
-    /** The questions must outlive the transfer. */
-    Transfer(TransferQuestions &questions, OpenProgress openProgress,
+    /** The user must outlive the transfer. */
+    Transfer(TransferUser &user, OpenProgress openProgress,
              FreeBytes freeBytes = &Transfer::bytesAvailable);
 
     /**
@@ -87,14 +87,14 @@ private:
     bool makeSongsFolder(const QString &songs);
     static QString whyNotIntoRoot(WriteProblem::Kind problem);
     bool updateIndex(const QString &root);
-    bool isReserved(const QString &dest) const;
     bool hasRoom(const QStringList &files, const QString &dest);
     bool copyFiles(const QStringList &files, const QString &dest, FileCopier &copier);
     void tellCounts(const FileCopier::Report &report, qsizetype files, bool indexed);
     static qint64 bytesAvailable(const QString &folder);
 
     const MountedVolumes m_volumes;
-    TransferQuestions &m_questions;
+    TransferUser &m_user;
     const OpenProgress m_openProgress;
     const FreeBytes m_freeBytes;
+    QStringList m_indexProblems; ///< what the last update of an index said about single songs
 };

@@ -9,13 +9,10 @@
 namespace
 {
 
-// A frame: identifier, 32-bit size, two flag bytes; then, counted by the size, the encoding byte
-// and the text. The second flag byte tells of everything that changes the form of the content.
-constexpr qsizetype idSize = 4;
-constexpr qsizetype sizePos = idSize;
+using namespace Id3FrameLayout;
+
+/** The second flag byte tells of everything that changes the form of the content. */
 constexpr qsizetype formatFlagsPos = 9;
-constexpr qsizetype encodingPos = 10;
-constexpr qsizetype textPos = encodingPos + 1;
 
 constexpr char latin1Encoding = 0;
 constexpr char utf8Encoding = 3;

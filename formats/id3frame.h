@@ -6,6 +6,19 @@
 
 #include <optional>
 
+/**
+ * A frame of version 3 and 4: identifier, size (4 bytes, big-endian), two flag bytes; then, counted
+ * by the size, the content, which in a text frame is the encoding byte and the text.
+ */
+namespace Id3FrameLayout
+{
+constexpr int idSize = 4;
+constexpr int sizePos = idSize;
+constexpr int headerSize = 10;
+constexpr int encodingPos = headerSize;
+constexpr int textPos = encodingPos + 1;
+} // namespace Id3FrameLayout
+
 /** The identifiers of the frames with the song's data. */
 namespace Id3FrameId
 {

@@ -1,5 +1,7 @@
 #include "formats/id3version2.h"
 
+#include "formats/id3frame.h"
+
 #include <QtEndian>
 
 #include <algorithm>
@@ -8,15 +10,13 @@
 namespace
 {
 
-// A frame of version 2: identifier, size, content. Version 3 has longer ones, and two flag bytes.
+// A frame of version 2: identifier, size (3 bytes), content.
 constexpr qsizetype oldIdSize = 3;
 constexpr qsizetype oldHeaderSize = 6;
-constexpr qsizetype newIdSize = 4;
-constexpr qsizetype newHeaderSize = 10;
 
 struct Successor {
     char oldId[oldIdSize + 1];
-    char newId[newIdSize + 1];
+    char newId[Id3FrameLayout::idSize + 1];
 };
 
 // The standard's own list, without the few whose layout changed, and what iTunes added.
@@ -66,8 +66,8 @@ QByteArray pictureContent(const QByteArray &content)
 
 QByteArray newFrame(const QByteArray &id, const QByteArray &content)
 {
-    QByteArray frame = id + QByteArray(newHeaderSize - newIdSize, '\0');
-    qToBigEndian(static_cast<quint32>(content.size()), frame.data() + newIdSize);
+    QByteArray frame = id + QByteArray(Id3FrameLayout::headerSize - id.size(), '\0');
+    qToBigEndian(static_cast<quint32>(content.size()), frame.data() + Id3FrameLayout::sizePos);
     return frame + content;
 }
 

@@ -159,7 +159,7 @@ void LzHuff::encode()
 bool LzHuff::decode()
 {
     const quint32 size = readSize();
-    if (size > MaxTextSize) {
+    if (size > maxTextSize) {
         logDebug() << "=====================================================================";
         logDebug() << "WARNING: skipping file, compressed stream corrupted/wrong size !!!";
         logDebug() << "Text size: " << size;

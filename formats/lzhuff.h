@@ -27,7 +27,7 @@ public:
     static constexpr int T = 2 * N_CHAR - 1;           ///< nodes of the Huffman tree
     static constexpr int R = T - 1;                    ///< root of the Huffman tree
     static constexpr int MAX_FREQ = 0x8000;            ///< root frequency that forces a rebuild
-    static constexpr quint32 MaxTextSize = 500000;     ///< the longest text that is expanded
+    static constexpr quint32 maxTextSize = 500000;     ///< the longest text that is expanded
 
     /** Code of the upper six bits of a position: its length, and its bits left-aligned. */
     static const std::array<quint8, 64> p_len;
@@ -42,14 +42,14 @@ public:
 
     /**
      * Replaces `out` by the stream of the text `in`; they may be the same array. An empty text
-     * gives the four zero bytes of its size. A text above MaxTextSize could not be expanded again.
+     * gives the four zero bytes of its size. A text above maxTextSize could not be expanded again.
      */
     void compress(const QByteArray &in, QByteArray &out);
 
     /**
      * Replaces `out` by the text of the stream `in`; they may be the same array. A truncated
      * stream gives filler, and the last match may exceed the stated size, by 28 bytes at most.
-     * Returns false and leaves `out` empty if the stated size is 0 or above MaxTextSize, which is
+     * Returns false and leaves `out` empty if the stated size is 0 or above maxTextSize, which is
      * also what a stream of less than four bytes says.
      */
     bool expand(const QByteArray &in, QByteArray &out);
@@ -121,10 +121,10 @@ private:
     quint32 readSize();
 
     // The Huffman tables have room for an alphabet with a look-ahead of up to 1024 bytes.
-    static constexpr int MaxSymbols = 256 - THRESHOLD + 1024;
-    static constexpr int MaxNodes = 2 * MaxSymbols - 1;
+    static constexpr int maxSymbols = 256 - THRESHOLD + 1024;
+    static constexpr int maxNodes = 2 * maxSymbols - 1;
     // Strings are compared in words of eight bytes, the last of which ends behind the string.
-    static constexpr int RingSize = N + F - 1 + 8;
+    static constexpr int ringSize = N + F - 1 + 8;
 
     QByteArray m_in;
     qsizetype m_inUsed = 0;
@@ -135,11 +135,11 @@ private:
     quint64 m_putBits = 0; ///< bits still to be written, right-aligned
     int m_putCount = 0;    ///< less than eight between two calls
 
-    std::array<quint16, MaxNodes + 1> m_freq;          ///< ascending; a sentinel behind the root
-    std::array<quint16, MaxNodes + MaxSymbols> m_prnt; ///< from T on, the nodes of the symbols
-    std::array<quint16, MaxNodes> m_son;               ///< first of two sons, or T plus a symbol
+    std::array<quint16, maxNodes + 1> m_freq;          ///< ascending; a sentinel behind the root
+    std::array<quint16, maxNodes + maxSymbols> m_prnt; ///< from T on, the nodes of the symbols
+    std::array<quint16, maxNodes> m_son;               ///< first of two sons, or T plus a symbol
 
-    std::array<quint8, RingSize> m_textBuf; ///< the first F - 1 bytes stand behind the N-th again
+    std::array<quint8, ringSize> m_textBuf; ///< the first F - 1 bytes stand behind the N-th again
     std::array<Sons, N + 257> m_sons;       ///< from N + 1 on, the roots of the 256 trees
     std::array<quint16, N + 1> m_dad;       ///< N: the string is not in a tree
     int m_matchPosition = 0;

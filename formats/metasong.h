@@ -1,14 +1,16 @@
 // The one entry point through which the rest of the program reads and writes song files.
 #pragma once
 
-#include "formats/mfxheader.h"
-#include "formats/mp3header.h"
-#include "formats/rawmidifile.h"
+#include "formats/mfxfile.h"
+#include "formats/midisong.h"
+#include "formats/mp3song.h"
 #include "formats/savefailure.h"
 #include "formats/songinfo.h"
 
 #include <QString>
 #include <QStringList>
+
+#include <variant>
 
 class QFile;
 
@@ -78,33 +80,30 @@ public:
     static void removeReadOnlyFlag(const QString &path);
 
 private:
-    bool importMidi(QFile &file);
-    bool importMfx(QFile &file);
-    bool importMp3(QFile &file);
+    /** What is there while no file is loaded. */
+    struct NoSong {
+        bool load(QFile & /*file*/) { return false; }
+        SongInfo::fileTypeEnum fileType() const { return SongInfo::FileUnknown; }
+        void read(SongInfo & /*info*/) const {}
+        void merge(const SongMerge & /*merge*/) {}
+        int addMarker(const QString & /*text*/, quint16 /*bar*/) { return 0; }
+        bool isComplete() const { return false; }
+        bool canBeReadAgain() const { return false; }
+        SaveFailure save(const QString & /*path*/) { return SaveFailure::Other; }
+    };
 
-    void readMfx(SongInfo &info) const;
+    /**
+     * One class for each format, with the same functions: load() fills it from a file that begins
+     * as the format does, read() the record from it, merge() writes a record into it, addMarker()
+     * tells how many bytes a marker took. isComplete() and canBeReadAgain() are false for data that
+     * no file may hold, save() writes the file of the others.
+     */
+    using Song = std::variant<NoSong, MidiSong, MfxFile, Mp3Song>;
 
-    void setMidiInfo(const SongInfo &info, bool manual);
-    void setMfxInfo(const SongInfo &info, bool manual);
-    void setMp3Info(const SongInfo &info, bool manual);
-    void fillMfxHeader(const SongInfo &info);
-    void fillMfxArtist(const SongInfo &info);
-    void fillMfxPayload(const SongInfo &info);
-    void addMarkers(const QList<Marker> &markers);
-
+    static Song songBeginningWith(const QByteArray &start, const QString &path);
     bool isComplete() const;
     bool canBeReadAgain() const;
-    SaveFailure saveInPlace(const QString &path);
-    QByteArray mfxPayload() const;
-    QByteArray mfxFileBytes();
-    SaveFailure saveMp3(const QString &path) const;
-
-    bool isMidi() const;
-    bool isMfx() const;
 
     QString m_fileName;
-    SongInfo::fileTypeEnum m_fileType = SongInfo::FileUnknown;
-    RawMidiFile m_midi;
-    MfxHeader m_mfxHeader;
-    Mp3Header m_mp3Header;
+    Song m_song;
 };

@@ -1,6 +1,10 @@
 #include "formats/mfxheader.h"
 
 #include "formats/bytetext.h"
+#include "storage/songlayout.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace
 {
@@ -11,8 +15,7 @@ struct Field {
     qsizetype size;
 };
 
-constexpr Field magicField = {0, 4};
-constexpr Field sizeField = {4, 4};
+constexpr Field sizeField = {songlayout::mfxFileSizePos, 4};
 constexpr Field origSizeField = {12, 4};
 constexpr Field tempoField = {38, 2};
 constexpr Field longNameField = {42, 13};
@@ -24,18 +27,30 @@ constexpr Field authorField = {186, 32};
 constexpr Field artistField = {218, 32};
 constexpr Field genreField = {250, 32};
 
-/** A variant of the format, told apart by the magic. */
+/** A variant of the format, told apart by the digit behind the common magic. */
 struct Variant {
-    const char *magic;
+    char digit;
     SongInfo::fileTypeEnum fileType;
     qsizetype headerSize;
 };
 
 constexpr Variant variants[] = {
-    {"_MF3", SongInfo::FileMf3, 512},
-    {"_MF4", SongInfo::FileMf4, 512},
-    {"_MF5", SongInfo::FileMf5, 1024},
+    {'3', SongInfo::FileMf3, 512},
+    {'4', SongInfo::FileMf4, 512},
+    {'5', SongInfo::FileMf5, MfxHeader::largestSize},
 };
+
+/** The variant that the bytes begin with, or null. */
+const Variant *variantOf(QByteArrayView start)
+{
+    const qsizetype digitPos = qsizetype{sizeof songlayout::mfxMagic} - 1;
+    if (start.size() <= digitPos || !start.startsWith(songlayout::mfxMagic))
+        return nullptr;
+    const auto *const found = std::find_if(
+        std::begin(variants), std::end(variants),
+        [digit = start.at(digitPos)](const Variant &variant) { return variant.digit == digit; });
+    return found == std::end(variants) ? nullptr : found;
+}
 
 /** The bytes of the field; fewer if the header ends before the field does. */
 QByteArray bytesOf(const QByteArray &header, Field field)
@@ -81,21 +96,28 @@ void writeText(QByteArray &header, Field field, const QString &text)
 
 } // namespace
 
+SongInfo::fileTypeEnum MfxHeader::typeOf(QByteArrayView start)
+{
+    const Variant *const variant = variantOf(start);
+    return variant == nullptr ? SongInfo::FileUnknown : variant->fileType;
+}
+
 bool MfxHeader::loadHeader(const QByteArray &bytes)
 {
     m_header.clear();
     m_fileType = SongInfo::FileUnknown;
-    const QByteArray magic = bytesOf(bytes, magicField);
-    for (const Variant &variant : variants) {
-        if (magic != variant.magic)
-            continue;
-        if (bytes.size() < variant.headerSize)
-            return false;
-        m_header = bytes.left(variant.headerSize);
-        m_fileType = variant.fileType;
-        return true;
-    }
-    return false;
+    const Variant *const variant = variantOf(bytes);
+    if (variant == nullptr || bytes.size() < variant->headerSize)
+        return false;
+    m_header = bytes.left(variant->headerSize);
+    m_fileType = variant->fileType;
+    return true;
+}
+
+bool MfxHeader::isWhole() const
+{
+    const Variant *const variant = variantOf(m_header);
+    return variant != nullptr && m_header.size() == variant->headerSize;
 }
 
 QString MfxHeader::title() const

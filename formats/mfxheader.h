@@ -4,6 +4,7 @@
 #include "formats/songinfo.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 /**
@@ -21,6 +22,11 @@ public:
         MarkersFlag = 0x01 ///< the song carries section markers
     };
 
+    static constexpr int largestSize = 1024; ///< no header is longer
+
+    /** FileMf3, FileMf4 or FileMf5 for bytes that begin with the magic; FileUnknown for others. */
+    static SongInfo::fileTypeEnum typeOf(QByteArrayView start);
+
     /**
      * Takes the header from the beginning of these bytes: 512 of them after the magic "_MF3" or
      * "_MF4", 1024 after "_MF5"; what follows is left out. Returns false for any other magic and
@@ -31,6 +37,9 @@ public:
     const QByteArray &header() const { return m_header; }
     /** FileMf3, FileMf4 or FileMf5; FileUnknown without a header. */
     SongInfo::fileTypeEnum fileType() const { return m_fileType; }
+
+    /** True for a header that is as long as its type demands. */
+    bool isWhole() const;
 
     /** Texts up to their first zero byte or the end of their field, without outer white space. */
     QString title() const;

@@ -5,12 +5,8 @@
 namespace
 {
 
-constexpr char DeltaZero = '\x00';
-constexpr char Status = '\xFF';
-
-// Offsets from the status byte; the delta time stands before it.
-constexpr qsizetype LengthOffset = 2;
-constexpr qsizetype DataOffset = 3;
+constexpr char deltaZero = '\x00';
+constexpr char status = static_cast<char>(MidiMetaEvent::statusByte);
 
 } // namespace
 
@@ -18,11 +14,11 @@ constexpr qsizetype DataOffset = 3;
 // bytes, and a file is searched to its end for every item that it does not have.
 qsizetype MidiMetaEvent::indexOf(QByteArrayView bytes, quint8 type, qsizetype from)
 {
-    qsizetype position = bytes.indexOf(Status, std::max<qsizetype>(from, 0));
-    while (position >= 0 && position + 1 < bytes.size()) {
-        if (static_cast<quint8>(bytes.at(position + 1)) == type)
+    qsizetype position = bytes.indexOf(status, std::max<qsizetype>(from, 0));
+    while (position >= 0 && position + typePos < bytes.size()) {
+        if (static_cast<quint8>(bytes.at(position + typePos)) == type)
             return position;
-        position = bytes.indexOf(Status, position + 1);
+        position = bytes.indexOf(status, position + 1);
     }
     return -1;
 }
@@ -30,18 +26,18 @@ qsizetype MidiMetaEvent::indexOf(QByteArrayView bytes, quint8 type, qsizetype fr
 qsizetype MidiMetaEvent::indexOfAtDeltaZero(QByteArrayView bytes, quint8 type, qsizetype from)
 {
     qsizetype position = indexOf(bytes, type, std::max<qsizetype>(from, 0) + 1);
-    while (position >= 0 && bytes.at(position - 1) != DeltaZero)
+    while (position >= 0 && bytes.at(position - 1) != deltaZero)
         position = indexOf(bytes, type, position + 1);
     return position >= 0 ? position - 1 : -1;
 }
 
 QByteArray MidiMetaEvent::encode(quint8 type, const QByteArray &data)
 {
-    if (data.size() > MaxDataSize)
+    if (data.size() > maxDataSize)
         return QByteArray();
-    const char header[HeaderSize] = {DeltaZero, Status, static_cast<char>(type),
+    const char header[headerSize] = {deltaZero, status, static_cast<char>(type),
                                      static_cast<char>(data.size())};
-    return QByteArray(header, HeaderSize) + data;
+    return QByteArray(header, headerSize) + data;
 }
 
 MidiMetaEvent::MidiMetaEvent(QByteArrayView bytes, qsizetype position)
@@ -52,7 +48,7 @@ MidiMetaEvent::MidiMetaEvent(QByteArrayView bytes, qsizetype position)
 
 quint8 MidiMetaEvent::length() const
 {
-    return byteAt(LengthOffset);
+    return byteAt(lengthPos);
 }
 
 qint8 MidiMetaEvent::signedLength() const
@@ -62,24 +58,24 @@ qint8 MidiMetaEvent::signedLength() const
 
 qsizetype MidiMetaEvent::end() const
 {
-    return m_position + DataOffset + length();
+    return m_position + dataPos + length();
 }
 
 quint8 MidiMetaEvent::dataAt(qsizetype index) const
 {
-    return byteAt(DataOffset + index);
+    return byteAt(dataPos + index);
 }
 
 QByteArrayView MidiMetaEvent::data(qsizetype index, qsizetype size) const
 {
-    const qsizetype start = std::min(m_position + DataOffset + index, m_bytes.size());
+    const qsizetype start = std::min(m_position + dataPos + index, m_bytes.size());
     const qsizetype rest = m_bytes.size() - start;
     return m_bytes.sliced(start, size < 0 ? rest : std::min(size, rest));
 }
 
 bool MidiMetaEvent::holdsData(qsizetype index) const
 {
-    return m_position + DataOffset + index < m_bytes.size();
+    return m_position + dataPos + index < m_bytes.size();
 }
 
 quint8 MidiMetaEvent::byteAt(qsizetype offset) const

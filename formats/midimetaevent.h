@@ -18,12 +18,21 @@ public:
     enum TypeEnum : quint8 {
         CopyrightNotice = 0x02,
         TrackName = 0x03, ///< in the first track: the title of the song
+        Marker = 0x06,    ///< the standard's own; our section markers are the maker's events
         Kravo = 0x4B,     ///< the maker's own event; its first data byte is a sub-type
+        Tempo = 0x51,     ///< microseconds in a quarter note (3 bytes, big-endian)
         KeySignature = 0x59
     };
 
-    static constexpr qsizetype HeaderSize = 4;    ///< delta time 0, FF, type, length
-    static constexpr qsizetype MaxDataSize = 255; ///< what the length byte can tell
+    static constexpr quint8 statusByte = 0xFF;
+
+    // Offsets from the status byte.
+    static constexpr qsizetype typePos = 1;
+    static constexpr qsizetype lengthPos = 2;
+    static constexpr qsizetype dataPos = 3;
+
+    static constexpr qsizetype headerSize = 4;    ///< delta time 0, FF, type, length
+    static constexpr qsizetype maxDataSize = 255; ///< what the length byte can tell
 
     /** Position of the next status byte FF with this type behind it, or -1. */
     static qsizetype indexOf(QByteArrayView bytes, quint8 type, qsizetype from);
@@ -31,7 +40,7 @@ public:
     /** Position of the next delta time 0 with FF and this type behind it, or -1. */
     static qsizetype indexOfAtDeltaZero(QByteArrayView bytes, quint8 type, qsizetype from);
 
-    /** The bytes of an event at delta time 0; none when the data exceed MaxDataSize. */
+    /** The bytes of an event at delta time 0; none when the data exceed maxDataSize. */
     static QByteArray encode(quint8 type, const QByteArray &data);
 
     /** Looks at the event whose status byte stands at the position (0 or greater). */

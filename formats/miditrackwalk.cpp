@@ -7,12 +7,11 @@
 namespace
 {
 
-constexpr int MaxQuantityBytes = 4; // a variable-length quantity has no more
-constexpr int StatusBit = 0x80;
-constexpr int ContinuationBit = 0x80;
-constexpr int SystemExclusive = 0xF0;
-constexpr int EscapedBytes = 0xF7;
-constexpr int MetaEvent = 0xFF;
+constexpr int maxQuantityBytes = 4; // a variable-length quantity has no more
+constexpr int statusBit = 0x80;
+constexpr int continuationBit = 0x80;
+constexpr int systemExclusive = 0xF0;
+constexpr int escapedBytes = 0xF7;
 
 // Data bytes of a channel message, or 0 for a status that is none.
 int channelDataBytes(int status)
@@ -52,24 +51,24 @@ void MidiTrackWalk::readEvent()
 {
     m_eventStart = m_eventEnd;
     qsizetype deltaEnd = m_eventStart;
-    while ((byteAt(deltaEnd) & ContinuationBit) != 0 && deltaEnd - m_eventStart < MaxQuantityBytes)
+    while ((byteAt(deltaEnd) & continuationBit) != 0 && deltaEnd - m_eventStart < maxQuantityBytes)
         ++deltaEnd;
     ++deltaEnd;
-    m_lost = deltaEnd - m_eventStart > MaxQuantityBytes || !skipEventData(deltaEnd);
+    m_lost = deltaEnd - m_eventStart > maxQuantityBytes || !skipEventData(deltaEnd);
 }
 
 bool MidiTrackWalk::skipEventData(qsizetype position)
 {
     int status = m_runningStatus;
-    if ((byteAt(position) & StatusBit) != 0)
+    if ((byteAt(position) & statusBit) != 0)
         status = byteAt(position++);
-    if (status == MetaEvent && byteAt(position) == MidiMetaEvent::Kravo) {
+    if (status == MidiMetaEvent::statusByte && byteAt(position) == MidiMetaEvent::Kravo) {
         m_eventEnd = MidiMetaEvent(m_bytes, position - 1).end();
         return m_eventEnd <= m_bytes.size();
     }
-    if (status == MetaEvent)
+    if (status == MidiMetaEvent::statusByte)
         return skipCountedData(position + 1);
-    if (status == SystemExclusive || status == EscapedBytes)
+    if (status == systemExclusive || status == escapedBytes)
         return skipCountedData(position);
     m_runningStatus = status;
     return skipChannelData(position, channelDataBytes(status));
@@ -82,18 +81,18 @@ bool MidiTrackWalk::skipChannelData(qsizetype position, int count)
         return false;
     const QByteArrayView data = m_bytes.sliced(position, count);
     return std::all_of(data.begin(), data.end(),
-                       [](char byte) { return (static_cast<quint8>(byte) & StatusBit) == 0; });
+                       [](char byte) { return (static_cast<quint8>(byte) & statusBit) == 0; });
 }
 
 bool MidiTrackWalk::skipCountedData(qsizetype position)
 {
-    if (byteAt(position) == ContinuationBit)
+    if (byteAt(position) == continuationBit)
         return false; // nobody begins a length with zeros; it is a single byte of a large value
     qsizetype count = 0;
-    for (int i = 0; i < MaxQuantityBytes; ++i) {
+    for (int i = 0; i < maxQuantityBytes; ++i) {
         const int byte = byteAt(position++);
-        count = (count << 7) | (byte & ~ContinuationBit);
-        if ((byte & ContinuationBit) == 0) {
+        count = (count << 7) | (byte & ~continuationBit);
+        if ((byte & continuationBit) == 0) {
             m_eventEnd = position + count;
             return m_eventEnd <= m_bytes.size();
         }

@@ -38,7 +38,7 @@ void writeEditedItems(Mp3Header &tag, const SongInfo &info)
         info.key == tag.key() && (isForeignKey(info.key) || !isPlainText(tag, Id3FrameId::key));
     const bool keepsLength =
         info.length == tag.length() &&
-        !isPlainNumber(tag, Id3FrameId::length, Mp3Header::MillisecondsPerSecond);
+        !isPlainNumber(tag, Id3FrameId::length, Mp3Header::millisecondsPerSecond);
 
     if (!keepsTitle)
         tag.setTitle(info.title);

@@ -3,6 +3,8 @@
 #include "formats/bytetext.h"
 #include "formats/id3frame.h"
 #include "formats/id3version2.h"
+#include "formats/publisher.h"
+#include "storage/songlayout.h"
 
 #include <QtEndian>
 
@@ -13,12 +15,12 @@ namespace
 {
 
 // The tag: "ID3", version, revision, flags, four size bytes of seven bits, then the frames.
-constexpr char tagMagic[] = "ID3";
 constexpr int tagVersionPos = 3;
 constexpr int tagFlagsPos = 5;
 constexpr int tagSizePos = 6;
 constexpr int tagSizeBytes = 4;
-constexpr int tagHeaderSize = tagSizePos + tagSizeBytes;
+constexpr int tagHeaderSize = Mp3Header::headerSize;
+static_assert(tagSizePos + tagSizeBytes == tagHeaderSize);
 constexpr quint32 largestTagSize = 0x0FFFFFFF;
 constexpr char shortNamesVersion = 2; ///< its frames have names of three letters
 constexpr char writtenVersion = 3;
@@ -32,13 +34,6 @@ constexpr int hasExtendedHeader = 0x40;
 constexpr int hasFooter = 0x10; ///< of version 4: the header again, behind the frames
 
 constexpr char footerMagic[] = "3DI";
-
-// A frame: identifier, 32-bit size, two flag bytes; then, counted by the size, the encoding byte
-// and the text.
-constexpr int frameIdSize = 4;
-constexpr int frameSizePos = frameIdSize;
-constexpr int frameHeaderSize = 10;
-constexpr int frameTextPos = frameHeaderSize + 1;
 
 QByteArray tagSizeField(quint32 size)
 {
@@ -68,8 +63,8 @@ bool Mp3Header::loadHeader(const QByteArray &bytes)
     *this = Mp3Header();
     if (bytes.size() < tagHeaderSize)
         return false;
-    if (!bytes.startsWith(tagMagic)) {
-        m_tag = QByteArray(tagMagic) + writtenVersion;
+    if (!bytes.startsWith(songlayout::id3Magic)) {
+        m_tag = QByteArray(songlayout::id3Magic) + writtenVersion;
         m_tag.append(tagHeaderSize - m_tag.size(), '\0');
         return true;
     }
@@ -81,7 +76,7 @@ bool Mp3Header::loadHeader(const QByteArray &bytes)
     m_tag.append(wholeSize - m_tag.size(), '\0');
     m_tagSize = size;
     m_audioStart = size + tagHeaderSize;
-    leaveOutFooter(view(bytes, wholeSize, FooterSize));
+    leaveOutFooter(view(bytes, wholeSize, footerSize));
     undoUnsynchronisation();
     renewFrames();
     return true;
@@ -133,7 +128,7 @@ int Mp3Header::userBpm() const
 
 int Mp3Header::length() const
 {
-    return countFromText(frameText(Id3FrameId::length)) / MillisecondsPerSecond;
+    return countFromText(frameText(Id3FrameId::length)) / millisecondsPerSecond;
 }
 
 bool Mp3Header::hasTitle() const
@@ -178,7 +173,7 @@ bool Mp3Header::hasKavenaEditParam() const
 
 bool Mp3Header::isKravo() const
 {
-    return frameText(Id3FrameId::copyright).toUpper().contains(QLatin1String("K-RAVO"));
+    return publisher::isNamedIn(frameText(Id3FrameId::copyright), publisher::name);
 }
 
 void Mp3Header::setTitle(const QString &title)
@@ -213,7 +208,7 @@ void Mp3Header::setUserBpm(int bpm)
 
 void Mp3Header::setLength(int seconds)
 {
-    const qint64 milliseconds = qint64{seconds} * MillisecondsPerSecond;
+    const qint64 milliseconds = qint64{seconds} * millisecondsPerSecond;
     replaceFrame(Id3FrameId::length,
                  seconds >= 1 ? QByteArray::number(milliseconds) : QByteArray());
 }
@@ -226,7 +221,7 @@ void Mp3Header::setKavenaEditParam()
 
 unsigned int Mp3Header::getSingleFrameLength(int pos) const
 {
-    const qsizetype fieldStart = qsizetype{pos} + frameSizePos;
+    const qsizetype fieldStart = qsizetype{pos} + Id3FrameLayout::sizePos;
     if (pos < 0 || fieldStart + qsizetype{sizeof(quint32)} > m_tag.size())
         return 0;
     return qFromBigEndian<quint32>(m_tag.constData() + fieldStart);
@@ -240,7 +235,7 @@ int Mp3Header::extractId3Frame(QString &text, const QString &id) const
         return pos;
     const qsizetype textSize = qsizetype{frameSize(pos)} - 1;
     if (textSize > 0)
-        text = textFromBytes(m_tag.mid(qsizetype{pos} + frameTextPos, textSize));
+        text = textFromBytes(m_tag.mid(qsizetype{pos} + Id3FrameLayout::textPos, textSize));
     return pos;
 }
 
@@ -253,11 +248,11 @@ QByteArrayView Mp3Header::firstFrame(const QString &id) const
 int Mp3Header::insertId3Frame(const QByteArray &content, const QString &id, int pos)
 {
     const QByteArray idBytes = bytesFromText(id);
-    if (content.isEmpty() || idBytes.size() != frameIdSize)
+    if (content.isEmpty() || idBytes.size() != Id3FrameLayout::idSize)
         return 0;
     if (pos < framesStart || pos > m_tag.size())
         return 0;
-    if (content.size() > qsizetype{largestTagSize} - m_tagSize - frameTextPos)
+    if (content.size() > qsizetype{largestTagSize} - m_tagSize - Id3FrameLayout::textPos)
         return 0;
     const bool groupsSize = m_tag.at(tagVersionPos) == groupedSizesVersion;
     const QByteArray frame = encodedTextFrame(idBytes, content, groupsSize);
@@ -293,11 +288,11 @@ void Mp3Header::updateId3TagSize()
  */
 int Mp3Header::indexOfFrame(const QByteArray &id) const
 {
-    if (id.size() != frameIdSize)
+    if (id.size() != Id3FrameLayout::idSize)
         return -1;
     int pos = framesStart + extendedHeaderSize();
     for (int end = endOfSoundFrame(pos); end > pos; end = endOfSoundFrame(pos)) {
-        if (view(m_tag, pos, frameIdSize) == id)
+        if (view(m_tag, pos, Id3FrameLayout::idSize) == id)
             return pos;
         pos = end;
     }
@@ -316,15 +311,15 @@ quint32 Mp3Header::frameSize(int pos) const
     const quint32 grouped = sizeInGroups(plain);
     if (grouped == plain || m_tag.at(tagVersionPos) != groupedSizesVersion)
         return plain;
-    const qsizetype end = qsizetype{pos} + frameHeaderSize + grouped;
+    const qsizetype end = qsizetype{pos} + Id3FrameLayout::headerSize + grouped;
     if (end > m_tag.size())
         return plain;
-    const QByteArrayView next = view(m_tag, end, frameIdSize);
+    const QByteArrayView next = view(m_tag, end, Id3FrameLayout::idSize);
     if (isPadding(next))
         return grouped;
     // Text can look like an identifier, but then a size that fits does not stand behind it.
     const quint32 nextSize = sizeInGroups(getSingleFrameLength(static_cast<int>(end)));
-    const bool fits = end + frameHeaderSize + nextSize <= m_tag.size();
+    const bool fits = end + Id3FrameLayout::headerSize + nextSize <= m_tag.size();
     return isFrameId(next) && fits ? grouped : plain;
 }
 
@@ -335,16 +330,16 @@ quint32 Mp3Header::frameSize(int pos) const
  */
 int Mp3Header::endOfSoundFrame(int pos) const
 {
-    if (!isFrameId(view(m_tag, pos, frameIdSize)))
+    if (!isFrameId(view(m_tag, pos, Id3FrameLayout::idSize)))
         return pos;
     const quint32 size = frameSize(pos);
     const bool isPlain = size == getSingleFrameLength(pos);
     if (size >= 0x80 && isPlain && m_tag.at(tagVersionPos) != writtenVersion)
         return pos;
-    const qsizetype end = qsizetype{pos} + frameHeaderSize + size;
+    const qsizetype end = qsizetype{pos} + Id3FrameLayout::headerSize + size;
     if (end > m_tag.size())
         return pos;
-    const QByteArrayView next = view(m_tag, end, frameIdSize);
+    const QByteArrayView next = view(m_tag, end, Id3FrameLayout::idSize);
     return isPadding(next) || isFrameId(next) ? static_cast<int>(end) : pos;
 }
 
@@ -363,7 +358,7 @@ QString Mp3Header::frameText(const char *id) const
 /** The whole frame at the position; one that claims more than the tag holds ends with the tag. */
 QByteArrayView Mp3Header::frameAt(int pos) const
 {
-    return view(m_tag, pos, qsizetype{frameSize(pos)} + frameHeaderSize);
+    return view(m_tag, pos, qsizetype{frameSize(pos)} + Id3FrameLayout::headerSize);
 }
 
 void Mp3Header::setFlags(int flags)
@@ -392,8 +387,8 @@ void Mp3Header::leaveOutFooter(QByteArrayView behind)
     if (m_tag.at(tagVersionPos) != groupedSizesVersion || (flags() & hasFooter) == 0)
         return;
     setFlags(flags() & ~hasFooter);
-    if (behind.size() == FooterSize && behind.startsWith(footerMagic))
-        m_audioStart += FooterSize;
+    if (behind.size() == footerSize && behind.startsWith(footerMagic))
+        m_audioStart += footerSize;
 }
 
 /**
@@ -433,7 +428,7 @@ int Mp3Header::extendedHeaderSize() const
     if ((flags() & hasExtendedHeader) == 0)
         return 0;
     const char version = m_tag.at(tagVersionPos);
-    const quint32 plain = getSingleFrameLength(framesStart - frameSizePos);
+    const quint32 plain = getSingleFrameLength(framesStart - Id3FrameLayout::sizePos);
     qsizetype size = 0;
     if (version == writtenVersion && (plain == 6 || plain == 10))
         size = qsizetype{plain} + 4; // it does not count itself, in version 4 it does

@@ -17,11 +17,14 @@
 class Mp3Header
 {
 public:
+    /** Bytes of a tag in front of its frames. */
+    static constexpr int headerSize = 10;
+
     /** Bytes of a footer, which may follow a tag of version 4. */
-    static constexpr int FooterSize = 10;
+    static constexpr int footerSize = 10;
 
     /** The length of a song stands in the tag in milliseconds. */
-    static constexpr int MillisecondsPerSecond = 1000;
+    static constexpr int millisecondsPerSecond = 1000;
 
     /**
      * Takes the tag from the beginning of a file; a file without "ID3" gets a new, empty tag.
@@ -42,7 +45,7 @@ public:
 
     /**
      * Position of the first audio byte in the file that was loaded; 0 when it had no tag. A footer
-     * is counted only where the bytes given to loadHeader reach FooterSize beyond the tag.
+     * is counted only where the bytes given to loadHeader reach footerSize beyond the tag.
      */
     unsigned int getAudioDataStartPos() const { return m_audioStart; }
 

@@ -1,9 +1,12 @@
 #include "formats/rawmidifile.h"
 
 #include "formats/bytetext.h"
+#include "formats/midikeys.h"
 #include "formats/midimetaevent.h"
 #include "formats/miditrackwalk.h"
+#include "formats/publisher.h"
 #include "storage/diagnostics.h"
+#include "storage/songlayout.h"
 
 #include <QtEndian>
 
@@ -13,83 +16,28 @@
 namespace
 {
 
-// Header chunk and track chunk of a Standard MIDI File.
-constexpr char HeaderChunk[] = "MThd";
-constexpr char TrackChunk[] = "MTrk";
-constexpr qsizetype ChunkNameSize = 4;
-constexpr qsizetype ChunkLengthSize = 4;
-constexpr qsizetype FormatPos = 8;
-constexpr qsizetype TrackCountPos = 10;
+// The first chunk of a Standard MIDI File.
+constexpr qsizetype formatPos = 8;
+constexpr qsizetype trackCountPos = 10;
 
 // Data bytes of the maker's event: the sub-type, then the payload. A marker's payload is its bar
 // and its text.
-constexpr qsizetype SubTypeIndex = 0;
-constexpr qsizetype PayloadIndex = 1;
-constexpr qsizetype MarkerBarIndex = 1;
-constexpr qsizetype MarkerTextIndex = 3;
+constexpr qsizetype subTypeIndex = 0;
+constexpr qsizetype payloadIndex = 1;
+constexpr qsizetype markerBarIndex = 1;
+constexpr qsizetype markerTextIndex = 3;
 
 // Data bytes of a key signature: sharps (positive) or flats (negative), then 1 for minor.
-constexpr qsizetype SharpsIndex = 0;
-constexpr qsizetype MinorIndex = 1;
+constexpr qsizetype sharpsIndex = 0;
+constexpr qsizetype minorIndex = 1;
 
-constexpr int AnySubType = -1;
-constexpr qsizetype MaxTextLength = 125;                 // characters that the player stores
-constexpr int MaxSize = std::numeric_limits<int>::max(); // positions are handed out as int
-
-struct KeySignature {
-    qint8 sharps; // negative: flats
-    QLatin1String major;
-    QLatin1String minor;
-};
-
-constexpr KeySignature KeySignatures[] = {
-    {7, QLatin1String("C#"), QLatin1String("A#-")},
-    {6, QLatin1String("F#"), QLatin1String("D#-")},
-    {5, QLatin1String("B"), QLatin1String("G#-")},
-    {4, QLatin1String("E"), QLatin1String("C#-")},
-    {3, QLatin1String("A"), QLatin1String("F#-")},
-    {2, QLatin1String("D"), QLatin1String("B-")},
-    {1, QLatin1String("G"), QLatin1String("E-")},
-    {0, QLatin1String("C"), QLatin1String("A-")},
-    {-1, QLatin1String("F"), QLatin1String("D-")},
-    {-2, QLatin1String("Bb"), QLatin1String("G-")},
-    {-3, QLatin1String("Eb"), QLatin1String("C-")},
-    {-4, QLatin1String("Ab"), QLatin1String("F-")},
-    {-5, QLatin1String("Db"), QLatin1String("Bb-")},
-    {-6, QLatin1String("Gb"), QLatin1String("Eb-")},
-    {-7, QLatin1String("Cb"), QLatin1String("Ab-")},
-};
-
-constexpr quint16 keyValue(qint8 sharps, bool minor)
-{
-    return static_cast<quint16>((static_cast<quint8>(sharps) << 8) | (minor ? 1 : 0));
-}
-
-struct KeyMaps {
-    QMap<QString, quint16> values;
-    QMap<quint16, QString> names;
-};
-
-KeyMaps makeKeyMaps()
-{
-    KeyMaps maps;
-    for (const KeySignature &signature : KeySignatures) {
-        maps.names.insert(keyValue(signature.sharps, false), signature.major);
-        maps.names.insert(keyValue(signature.sharps, true), signature.minor);
-    }
-    for (auto name = maps.names.cbegin(); name != maps.names.cend(); ++name)
-        maps.values.insert(name.value(), name.key());
-    // Further names that the catalogue and users write; they are stored as a key that players
-    // know. G sharp major would need eight sharps: the player takes it as E major.
-    maps.values.insert(QStringLiteral("G#"), keyValue(4, false));
-    maps.values.insert(QStringLiteral("Db-"), keyValue(4, true));
-    maps.values.insert(QStringLiteral("D#"), keyValue(-3, false));
-    return maps;
-}
+constexpr int anySubType = -1;
+constexpr qsizetype maxTextLength = 125;                 // characters that the player stores
+constexpr int maxSize = std::numeric_limits<int>::max(); // positions are handed out as int
 
 QByteArray encodeText(const QString &text)
 {
-    return bytesFromText(text.left(MaxTextLength));
+    return bytesFromText(text.left(maxTextLength));
 }
 
 QByteArray encodeKravo(RawMidiFile::kRavoMetaTypeEnum type, const QByteArray &payload)
@@ -107,10 +55,10 @@ QByteArray encodeMarker(const QString &text, quint16 bar)
 Marker decodeMarker(const MidiMetaEvent &event)
 {
     Marker marker;
-    marker.bar = static_cast<quint16>((event.dataAt(MarkerBarIndex) << 8) |
-                                      event.dataAt(MarkerBarIndex + 1));
-    const qsizetype textSize = std::max<qsizetype>(event.length() - MarkerTextIndex, 0);
-    marker.text = textFromBytes(event.data(MarkerTextIndex, textSize));
+    marker.bar = static_cast<quint16>((event.dataAt(markerBarIndex) << 8) |
+                                      event.dataAt(markerBarIndex + 1));
+    const qsizetype textSize = std::max<qsizetype>(event.length() - markerTextIndex, 0);
+    marker.text = textFromBytes(event.data(markerTextIndex, textSize));
     return marker;
 }
 
@@ -118,7 +66,7 @@ qsizetype indexOfKravo(QByteArrayView bytes, qsizetype from, RawMidiFile::kRavoM
 {
     qsizetype position = MidiMetaEvent::indexOf(bytes, MidiMetaEvent::Kravo, from);
     while (position >= 0) {
-        if (MidiMetaEvent(bytes, position).dataAt(SubTypeIndex) == type)
+        if (MidiMetaEvent(bytes, position).dataAt(subTypeIndex) == type)
             return position;
         position = MidiMetaEvent::indexOf(bytes, MidiMetaEvent::Kravo, position + 1);
     }
@@ -134,21 +82,22 @@ RawMidiFile::RawMidiFile()
 
 bool RawMidiFile::loadData(const QByteArray &bytes)
 {
-    if (bytes.size() > MaxSize || !bytes.startsWith(HeaderChunk))
+    using namespace songlayout;
+    if (bytes.size() > maxSize || !bytes.startsWith(midiMagic))
         return false;
-    const qsizetype track = bytes.indexOf(TrackChunk);
-    if (track < 0 || track + ChunkNameSize + ChunkLengthSize > bytes.size())
+    const qsizetype track = bytes.indexOf(midiTrackMagic);
+    if (track < 0 || track + chunkHeaderSize > bytes.size())
         return false;
     // "MThd" and a whole chunk header are 12 bytes: format and track count are there.
-    const quint16 format = qFromBigEndian<quint16>(bytes.constData() + FormatPos);
+    const quint16 format = qFromBigEndian<quint16>(bytes.constData() + formatPos);
     if (format > 1)
         return false;
 
     m_data = bytes;
     m_fileType = format == 0 ? SongInfo::FileMidi0 : SongInfo::FileMidi1;
-    m_trackCount = qFromBigEndian<quint16>(bytes.constData() + TrackCountPos);
-    m_trackLengthPos = static_cast<quint32>(track + ChunkNameSize);
-    m_trackStart = static_cast<quint32>(track + ChunkNameSize + ChunkLengthSize);
+    m_trackCount = qFromBigEndian<quint16>(bytes.constData() + trackCountPos);
+    m_trackLengthPos = static_cast<quint32>(track + chunkSizePos);
+    m_trackStart = static_cast<quint32>(track + chunkHeaderSize);
     m_trackLength = qFromBigEndian<quint32>(bytes.constData() + m_trackLengthPos);
     return true;
 }
@@ -244,9 +193,8 @@ bool RawMidiFile::isKravo() const
     QString copyright;
     if (extractMetaevent(copyright, static_cast<char>(MidiMetaEvent::CopyrightNotice)) < 0)
         return false;
-    copyright = copyright.toUpper();
-    return copyright.contains(QLatin1String("K-RAVO")) ||
-           copyright.contains(QLatin1String("TORVELIX"));
+    return publisher::isNamedIn(copyright, publisher::name) ||
+           publisher::isNamedIn(copyright, publisher::midiName);
 }
 
 void RawMidiFile::setTitle(const QString &title)
@@ -327,7 +275,7 @@ int RawMidiFile::extractMetaevent(QString &text, kRavoMetaTypeEnum type) const
     const qsizetype position = indexOfKravo(m_data, m_trackStart, type);
     if (position >= 0) {
         const MidiMetaEvent event(m_data, position);
-        text = textFromBytes(event.data(PayloadIndex, event.signedLength() - PayloadIndex));
+        text = textFromBytes(event.data(payloadIndex, event.signedLength() - payloadIndex));
     }
     return static_cast<int>(position);
 }
@@ -350,7 +298,7 @@ int RawMidiFile::insertMetaevent(const QByteArray &payload, kRavoMetaTypeEnum ty
 
 int RawMidiFile::removeHeadMetaevent(char type, bool onlyFirst)
 {
-    return removeHeadEvents(static_cast<quint8>(type), AnySubType, onlyFirst);
+    return removeHeadEvents(static_cast<quint8>(type), anySubType, onlyFirst);
 }
 
 int RawMidiFile::removeHeadMetaevent(kRavoMetaTypeEnum type, bool onlyFirst)
@@ -389,9 +337,8 @@ void RawMidiFile::updateTrackSize()
 
 void RawMidiFile::populateKeyMaps()
 {
-    static const KeyMaps maps = makeKeyMaps();
-    m_keyValues = maps.values;
-    m_keyNames = maps.names;
+    m_keyValues = midikeys::values();
+    m_keyNames = midikeys::names();
 }
 
 QStringList RawMidiFile::getKeysList() const
@@ -407,11 +354,11 @@ int RawMidiFile::extractKey(QString &key) const
     if (position < 0)
         return static_cast<int>(position);
     const MidiMetaEvent event(m_data, position);
-    if (!event.holdsData(MinorIndex))
+    if (!event.holdsData(minorIndex))
         return static_cast<int>(position);
 
-    const quint8 sharps = event.dataAt(SharpsIndex);
-    const quint8 minor = event.dataAt(MinorIndex);
+    const quint8 sharps = event.dataAt(sharpsIndex);
+    const quint8 minor = event.dataAt(minorIndex);
     const auto name = m_keyNames.constFind(static_cast<quint16>((sharps << 8) | minor));
     if (name != m_keyNames.cend()) {
         key = *name;
@@ -449,7 +396,7 @@ int RawMidiFile::insertEvents(const QByteArray &events, qsizetype pos)
     if (m_fileType == SongInfo::FileUnknown || pos < m_trackStart || pos > m_data.size())
         return 0;
     // A length field that wrapped around would cut the music off, so such a file is left alone.
-    if (events.size() > MaxSize - m_data.size() ||
+    if (events.size() > maxSize - m_data.size() ||
         events.size() > std::numeric_limits<quint32>::max() - m_trackLength)
         return 0;
     m_data.insert(pos, events);
@@ -473,7 +420,7 @@ int RawMidiFile::removeHeadEvents(quint8 type, int subType, bool onlyFirst)
             break;
         from = position + 1;
         const MidiMetaEvent event(bytes, position + 1);
-        if (subType != AnySubType && event.dataAt(SubTypeIndex) != subType)
+        if (subType != anySubType && event.dataAt(subTypeIndex) != subType)
             continue;
         if (event.signedLength() < 0 || event.end() > trackEnd || walk.liesWithinEvent(position))
             continue;

@@ -1,7 +1,5 @@
 #include "formats/songnames.h"
 
-#include <QFileInfo>
-
 #include <algorithm>
 #include <array>
 
@@ -21,7 +19,7 @@ QStringList songnames::patterns()
     return patterns;
 }
 
-bool songnames::isSongSuffix(const QString &suffix)
+bool songnames::isSongSuffix(QStringView suffix)
 {
     return std::any_of(suffixes.begin(), suffixes.end(), [&suffix](QLatin1String known) {
         return suffix.compare(known, Qt::CaseInsensitive) == 0;
@@ -30,7 +28,8 @@ bool songnames::isSongSuffix(const QString &suffix)
 
 bool songnames::isSongName(const QString &name)
 {
-    return isSongSuffix(QFileInfo(name).suffix());
+    const auto dot = name.lastIndexOf(QLatin1Char('.'));
+    return dot >= 0 && isSongSuffix(QStringView(name).sliced(dot + 1));
 }
 
 QString songnames::titleFromFileName(const QString &path)

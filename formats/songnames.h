@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 
 namespace songnames
 {
@@ -10,7 +11,7 @@ namespace songnames
 QStringList patterns();
 
 /** True for the suffix of a song file, without its dot, in any case. */
-bool isSongSuffix(const QString &suffix);
+bool isSongSuffix(QStringView suffix);
 
 /** True when the name, or path, ends in a song's suffix, in any case. */
 bool isSongName(const QString &name);

@@ -1,6 +1,6 @@
 #include "library/backupplan.h"
 
-#include "devindex/companion.h"
+#include "library/companion.h"
 
 #include <utility>
 
@@ -82,8 +82,10 @@ QString BackupPlan::freeFolderName(const QString &sourceFolder)
 {
     const QString name = acceptable(sourceFolder);
     QString free = name;
-    for (int number = 2; m_names.first().contains(key(free)); ++number)
-        free = QStringLiteral("%1 (%2)").arg(name, QString::number(number));
+    // Thousands of folders can have one name.
+    int &number = m_lastNumber.insert(key(name), m_lastNumber.value(key(name), 1)).value();
+    while (m_names.first().contains(key(free)))
+        free = QStringLiteral("%1 (%2)").arg(name, QString::number(++number));
     m_names.first().insert(key(free));
     return free;
 }

@@ -1,6 +1,7 @@
 // Where in a backup each song goes, so that no two songs need the same name.
 #pragma once
 
+#include <QHash>
 #include <QList>
 #include <QMultiHash>
 #include <QSet>
@@ -36,4 +37,5 @@ private:
     QList<Batch> m_batches;
     QList<QSet<QString>> m_names;                    ///< what is taken in each batch's folder
     QMultiHash<QString, qsizetype> m_placesOfSource; ///< batches by where their songs come from
+    QHash<QString, int> m_lastNumber;                ///< behind the folders of one name
 };

@@ -4,7 +4,9 @@
 #include "formats/metasong.h"
 #include "formats/mfxheader.h"
 #include "library/cataloguemerge.h"
+#include "library/keepalive.h"
 #include "library/lostcharacters.h"
+#include "library/songupdate.h"
 #include "storage/diagnostics.h"
 
 #include <QStringList>
@@ -19,7 +21,7 @@ QString numberText(int number)
 
 QString lengthText(qint32 seconds)
 {
-    return seconds > 0 ? UserSongsRelTableModel::lengthText(seconds) : QString();
+    return seconds > 0 ? SongTable::lengthText(seconds) : QString();
 }
 
 QString markersText(const QList<Marker> &markers)
@@ -51,7 +53,7 @@ QStringList sourcesOf(ChangePreview::Field field, const SongInfo &record)
 QString keptPart(const ChangePreview::Change &change, const SongInfo &record)
 {
     for (const QString &source : sourcesOf(change.field, record)) {
-        const QString kept = source.trimmed().left(change.after.size());
+        QString kept = source.trimmed().left(change.after.size());
         if (textFromBytes(bytesFromText(kept)) == change.after)
             return kept;
     }
@@ -65,8 +67,7 @@ bool showsMarkers(const SongInfo &info)
 
 } // namespace
 
-std::optional<ChangePreview> ChangePreview::compute(const Database &database,
-                                                    UserSongsRelTableModel &model,
+std::optional<ChangePreview> ChangePreview::compute(const Database &database, SongTable &model,
                                                     const OpenProgress &openProgress)
 {
     const CatalogueMerge catalogue(database);
@@ -81,7 +82,7 @@ std::optional<ChangePreview> ChangePreview::compute(const Database &database,
             progress->catchUp();
         preview.addSong(catalogue, model.fileName(row), model.shortName(row));
         progress->updateProgress(row + 1);
-        QCoreApplication::processEvents();
+        KeepAlive::processEventsNow();
     }
     return preview;
 }
@@ -91,26 +92,20 @@ void ChangePreview::addSong(const CatalogueMerge &catalogue, const QString &file
 {
     logDebug() << "[ChangePreview::addSong] file:" << fileName;
     ++songs;
-    MetaSong song;
-    if (!song.importFile(fileName)) {
+    SongUpdate update(fileName);
+    if (!update.load()) {
         ++unreadable;
         return;
     }
-    SongInfo before;
-    song.getSongInfo(before);
-    const std::optional<SongInfo> record = catalogue.mergeInto(song, before, shortName);
-    if (!record) {
+    if (!update.merge(catalogue, shortName)) {
         ++unknown;
         return;
     }
-    if (!song.canBeSaved())
+    if (!update.canBeSaved())
         return;
-    SongInfo after;
-    song.getSongInfo(after);
-    QList<Change> found = changes(before, after);
-    nameLostCharacters(found, *record);
+    const QList<Change> found = update.changes();
     if (!found.isEmpty())
-        changed.append({fileName, before.title, before.isKravo, found});
+        changed.append({fileName, update.before().title, update.before().isKravo, found});
 }
 
 QList<ChangePreview::Change> ChangePreview::changes(const SongInfo &before, const SongInfo &after)

@@ -4,7 +4,7 @@
 #include "formats/songinfo.h"
 #include "library/database.h"
 #include "library/progress.h"
-#include "library/usersongsreltablemodel.h"
+#include "library/songtable.h"
 
 #include <QCoreApplication>
 #include <QList>
@@ -44,8 +44,7 @@ public:
      * it. Of a file that stands in the table twice, each row shows the change from the file as it
      * is now.
      */
-    static std::optional<ChangePreview> compute(const Database &database,
-                                                UserSongsRelTableModel &model,
+    static std::optional<ChangePreview> compute(const Database &database, SongTable &model,
                                                 const OpenProgress &openProgress);
 
     /** The items that differ, in the order of Field. */

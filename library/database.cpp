@@ -1,5 +1,6 @@
 #include "library/database.h"
 
+#include "library/songcolumns.h"
 #include "storage/diagnostics.h"
 
 #include <QFile>
@@ -13,10 +14,14 @@ namespace
 {
 const QString debugCatalogue = QStringLiteral("songsdb_debug");
 
-const QString createUserSongs =
-    QStringLiteral("create table usersongs (id integer primary key, type varchar, title varchar, "
-                   "artist varchar, genre varchar, author varchar, length varchar, userbpm int, "
-                   "key varchar, filename varchar, shortname varchar, status int)");
+/** The statement that creates the table of the user's songs, without any row. */
+QString createUserSongs()
+{
+    QStringList columns;
+    for (const songcolumns::Field &field : songcolumns::fields)
+        columns.append(QStringLiteral("%1 %2").arg(field.name, field.sqlType));
+    return QStringLiteral("create table usersongs (%1)").arg(columns.join(QLatin1String(", ")));
+}
 
 // Should the catalogue hold several matches, the first of its rows counts, with an index or
 // without.
@@ -27,8 +32,14 @@ const QString selectByTitle =
     QStringLiteral("SELECT title,artist,genre,author,length,bpm,key,markers,altartist FROM songs "
                    "WHERE title like ?");
 const QString countByTitle = QStringLiteral("SELECT count(*) from songs WHERE title like ?");
+// The catalogue is in capitals.
+const QString selectByText =
+    QStringLiteral("SELECT title,artist,genre,author,length,bpm,key,markers,altartist,filename "
+                   "FROM songs WHERE instr(upper(title || char(10) || ifnull(artist,'') || "
+                   "char(10) || ifnull(altartist,'') || char(10) || ifnull(author,'') || char(10) "
+                   "|| ifnull(filename,'')), ?) > 0 ORDER BY title, rowid");
 
-enum Column { Title, Artist, Genre, Author, Length, Bpm, Key, Markers, AltArtist };
+enum Column { Title, Artist, Genre, Author, Length, Bpm, Key, Markers, AltArtist, FileName };
 
 QString trimmedText(const QSqlQuery &row, Column column)
 {
@@ -84,7 +95,7 @@ bool Database::init()
     m_userLibrary.emplace(QStringLiteral("con_mem"));
     if (!m_userLibrary->open(QStringLiteral(":memory:")))
         return false;
-    QSqlQuery(m_userLibrary->database()).exec(createUserSongs);
+    QSqlQuery(m_userLibrary->database()).exec(createUserSongs());
 
     if (!openCatalogue())
         return false;
@@ -218,6 +229,26 @@ bool Database::isOnlyTitle(const QString &title) const
         return false;
     }
     return true;
+}
+
+QList<SongsDbRecord> Database::find(const QString &text) const
+{
+    QList<SongsDbRecord> found;
+    if (!m_catalogue)
+        return found;
+    QSqlQuery query(m_catalogue->database());
+    query.setForwardOnly(true);
+    if (!query.prepare(selectByText))
+        return found;
+    query.bindValue(0, text.toUpper());
+    if (!query.exec())
+        return found;
+    while (query.next()) {
+        SongsDbRecord record = recordOf(query);
+        record.filename = trimmedText(query, FileName);
+        found.append(record);
+    }
+    return found;
 }
 
 bool Database::clearUserLibraryDb()

@@ -56,6 +56,12 @@ public:
     /** As getRecordByFilename, by title; a title that several songs share is not guessed at. */
     bool getRecordByTitle(const QString &title, SongsDbRecord &record) const;
 
+    /**
+     * The songs in whose title, artist, author or file name the text stands, in whatever case, by
+     * title; with an empty text all songs.
+     */
+    QList<SongsDbRecord> find(const QString &text) const;
+
     /** Deletes all rows of `usersongs`; a model on them has to be refreshed by its select(). */
     bool clearUserLibraryDb();
 

@@ -86,6 +86,7 @@ public:
     void setMaximum(int steps) override { m_whole.setMaximum(steps); }
     void setValue(int step) override { m_whole.setValue(m_before + step); }
     void updateProgress(int done) override { m_whole.updateProgress(m_before + done); }
+    void catchUp() override { m_whole.catchUp(); }
     bool wasCanceled() const override { return m_whole.wasCanceled(); }
 
 private:
@@ -139,17 +140,18 @@ bool LibraryBackup::copyFiles(const QStringList &files, const QString &destinati
         if (!batch.folder.isEmpty()) {
             folder += QLatin1Char('/') + batch.folder;
             logDebug() << "Making new dir:" << folder;
-            makeFolder(folder); // where that fails, so does the copying of each file
         }
+        // Files in a folder that is not on the medium are none; why, their copying tells.
+        const bool made = batch.folder.isEmpty() || makeFolder(folder);
         PartOfProgress part(progress, before);
         int arrived = 0;
         const bool allArrived = copyList(batch.files, folder, arrived, part);
-        complete = allArrived && complete;
+        complete = made && allArrived && complete;
         if (!allArrived && progress.wasCanceled()) {
             copied = 0;
             return false;
         }
-        copied += arrived;
+        copied += made ? arrived : 0;
         before += static_cast<int>(batch.files.size());
     }
     return complete;

@@ -2,23 +2,13 @@
 
 #include "formats/metasong.h"
 #include "formats/songinfo.h"
+#include "library/keepalive.h"
 #include "storage/diagnostics.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
-namespace
-{
-
-QString fileNameOf(const QString &path)
-{
-    return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
-}
-
-} // namespace
-
-LibraryImport::LibraryImport(UserSongsRelTableModel &model, Progress &progress)
+LibraryImport::LibraryImport(SongTable &model, Progress &progress)
     : m_model(model)
     , m_progress(progress)
 {
@@ -38,7 +28,7 @@ LibraryImport::Counts LibraryImport::importFiles(const QStringList &paths)
         logDebug() << "Found file:" << path;
         if (!importFile(path, counts))
             logDebug() << "Unknown/corrupted file" << path;
-        QCoreApplication::processEvents();
+        KeepAlive::processEventsNow();
     }
     return counts;
 }
@@ -77,7 +67,7 @@ bool LibraryImport::scanEntries(const QString &dir, Counts &counts)
         logDebug() << "[scanDir] Found file:" << path;
         if (!importFile(path, counts))
             logDebug() << "[scanDir] Unknown/corrupted file" << path;
-        QCoreApplication::processEvents();
+        KeepAlive::processEventsNow();
     }
     return true;
 }
@@ -99,8 +89,6 @@ bool LibraryImport::importFile(const QString &path, Counts &counts)
     logDebug() << "Song Index:" << counts.valid;
     SongInfo info;
     song.getSongInfo(info);
-    info.fileName = path;
-    info.shortName = fileNameOf(path);
     info.dbgDump();
     m_model.addSong(info);
     m_progress.setValue(counts.valid + counts.bad);

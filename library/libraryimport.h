@@ -2,8 +2,8 @@
 #pragma once
 
 #include "library/progress.h"
+#include "library/songtable.h"
 #include "library/unreadablefile.h"
-#include "library/usersongsreltablemodel.h"
 #include "storage/leftovers.h"
 
 #include <QList>
@@ -24,7 +24,7 @@ public:
         int bad = 0;   ///< files that are no songs, are corrupted or cannot be read
     };
 
-    LibraryImport(UserSongsRelTableModel &model, Progress &progress);
+    LibraryImport(SongTable &model, Progress &progress);
 
     /** Writes the heading of an import to the log. */
     static void logBanner();
@@ -46,7 +46,7 @@ private:
     bool importFile(const QString &path, Counts &counts);
     bool scanEntries(const QString &dir, Counts &counts);
 
-    UserSongsRelTableModel &m_model;
+    SongTable &m_model;
     Progress &m_progress;
     QList<UnreadableFile> m_unreadable;
     Leftovers m_leftovers;

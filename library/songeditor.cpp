@@ -2,7 +2,7 @@
 
 #include "formats/songnames.h"
 #include "library/changepreview.h"
-#include "library/whileanswering.h"
+#include "library/keepalive.h"
 #include "storage/diagnostics.h"
 #include "storage/leftovers.h"
 
@@ -11,7 +11,7 @@
 #include <QList>
 #include <QPersistentModelIndex>
 
-SongEditor::SongEditor(UserSongsRelTableModel &model, AskEdit askEdit, AskDelete askDelete,
+SongEditor::SongEditor(SongTable &model, AskEdit askEdit, AskDelete askDelete,
                        OpenProgress openProgress)
     : m_model(model)
     , m_askEdit(std::move(askEdit))
@@ -33,7 +33,6 @@ bool SongEditor::edit(int row)
         return false;
     SongInfo info;
     song.getSongInfo(info);
-    info.fileName = path;
 
     const std::optional<SongEdit> edit = m_askEdit(info);
     if (!edit) {
@@ -58,7 +57,7 @@ void SongEditor::manualModifySong(MetaSong song, const SongInfo &info, const QSt
     song.setSongInfo(info, true);
     logDebug() << "Saving to file: " << path;
     SaveFailure failure = SaveFailure::None;
-    const bool saved = whileAnswering([&] {
+    const bool saved = KeepAlive::workInBackground([&] {
         failure = song.save(path);
         return failure == SaveFailure::None;
     });
@@ -116,9 +115,9 @@ void SongEditor::applyToAll(const SongEdit &edit, int editedRow)
     for (int row = 0; row < rows; ++row)
         songs.append(m_model.rowIndex(row));
 
-    const auto progress =
-        m_openProgress(QCoreApplication::translate("MainWindow", "Aggiornamento file"),
-                       QCoreApplication::translate("MainWindow", "Aggiorno la libreria..."), rows);
+    const auto progress = m_openProgress(
+        QCoreApplication::translate("MainWindow", "Aggiornamento file", "Apply to all"),
+        QCoreApplication::translate("MainWindow", "Aggiorno la libreria...", "Apply to all"), rows);
     Leftovers leftovers;
     for (int done = 0; done < rows; ++done) {
         leftovers.tidyBeside(m_model.fileName(songs.at(done).row()));
@@ -126,7 +125,7 @@ void SongEditor::applyToAll(const SongEdit &edit, int editedRow)
             progress->catchUp();
         if (done != editedRow && applyToRow(edit, songs.at(done).row()))
             progress->updateProgress(done + 1);
-        QCoreApplication::processEvents();
+        KeepAlive::processEventsNow();
     }
 }
 
@@ -141,7 +140,6 @@ bool SongEditor::applyToRow(const SongEdit &edit, int row)
     }
     SongInfo info;
     song.getSongInfo(info);
-    info.fileName = path;
     if (edit.titleToAll)
         info.title = songnames::titleFromFileName(path);
     if (edit.authorToAll)

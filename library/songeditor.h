@@ -6,7 +6,7 @@
 #include "library/database.h"
 #include "library/progress.h"
 #include "library/runreport.h"
-#include "library/usersongsreltablemodel.h"
+#include "library/songtable.h"
 
 #include <QString>
 
@@ -36,8 +36,7 @@ public:
     using AskDelete = std::function<bool()>;
 
     /** The model must outlive the object. */
-    SongEditor(UserSongsRelTableModel &model, AskEdit askEdit, AskDelete askDelete,
-               OpenProgress openProgress);
+    SongEditor(SongTable &model, AskEdit askEdit, AskDelete askDelete, OpenProgress openProgress);
 
     /**
      * Lets the user change the row's song and writes it, and then all other songs where he asked
@@ -72,7 +71,7 @@ private:
     void applyToAll(const SongEdit &edit, int editedRow);
     bool applyToRow(const SongEdit &edit, int row);
 
-    UserSongsRelTableModel &m_model;
+    SongTable &m_model;
     AskEdit m_askEdit;
     AskDelete m_askDelete;
     OpenProgress m_openProgress;

@@ -22,4 +22,5 @@ public:
     qint32 bpm = -1;       ///< beats per minute; -1 when the catalogue holds no number
     QString key;           ///< as the catalogue spells it, such as "F# -"
     QList<Marker> markers; ///< empty when the catalogue holds none
+    QString filename;      ///< base name of the song's file; filled by Database::find() only
 };

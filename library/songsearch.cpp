@@ -1,6 +1,7 @@
 #include "library/songsearch.h"
 
 #include "formats/songnames.h"
+#include "library/keepalive.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -59,6 +60,6 @@ bool SongSearch::goOn()
         m_progress = m_openProgress(
             QCoreApplication::translate("MainWindow", "Lettura file"),
             QCoreApplication::translate("MainWindow", "Cerco le song nelle cartelle..."), 0);
-    QCoreApplication::processEvents();
+    KeepAlive::processEventsNow();
     return m_progress == nullptr || !m_progress->wasCanceled();
 }

@@ -1,8 +1,8 @@
 #include "library/synchronisation.h"
 
 #include "formats/metasong.h"
-#include "library/changepreview.h"
-#include "library/whileanswering.h"
+#include "library/keepalive.h"
+#include "library/songupdate.h"
 #include "storage/diagnostics.h"
 
 #include <QCoreApplication>
@@ -26,7 +26,7 @@ void logEndOfRow()
 
 } // namespace
 
-Synchronisation::Synchronisation(const Database &database, UserSongsRelTableModel &model,
+Synchronisation::Synchronisation(const Database &database, SongTable &model,
                                  OfferBackup offerBackup, AskUnsigned askUnsigned,
                                  OpenProgress openProgress)
     : m_catalogue(database)
@@ -66,7 +66,7 @@ bool Synchronisation::run(bool copyrightAsk)
         m_model.setStatus(place.row(), synced ? Database::StatusSynced : Database::StatusNotSynced);
         progress->updateProgress(row + 1);
         logEndOfRow();
-        QCoreApplication::processEvents();
+        KeepAlive::processEventsNow();
     }
     return true;
 }
@@ -75,25 +75,22 @@ bool Synchronisation::updateFileWithDb(int row)
 {
     const QString fileName = m_model.fileName(row);
     m_leftovers.tidyBeside(fileName);
-    MetaSong song;
-    if (!song.importFile(fileName)) {
+    SongUpdate update(fileName);
+    if (!update.load()) {
         keepFailure(row, fileName, loadFailureOf(fileName));
         return false;
     }
-    SongInfo info;
-    song.getSongInfo(info);
-    if (!mayChange(info, fileName))
+    if (!mayChange(update.before(), fileName))
         return false;
-    const auto record = m_catalogue.mergeInto(song, info, m_model.shortName(row));
-    if (!record)
+    if (!update.merge(m_catalogue, m_model.shortName(row)))
         return false;
 
     // A progress that was cancelled lets go of the table, which may then be sorted.
     const QPersistentModelIndex place = m_model.rowIndex(row);
     // A file that could not be written shows in its row what it still holds.
     SaveFailure failure = SaveFailure::None;
-    whileAnswering([&] {
-        failure = song.save(fileName);
+    KeepAlive::workInBackground([&] {
+        failure = update.save();
         return failure == SaveFailure::None;
     });
     keepFailure(place.row(), fileName, failure);
@@ -101,7 +98,7 @@ bool Synchronisation::updateFileWithDb(int row)
     if (saved.importFile(fileName)) {
         SongInfo savedInfo;
         saved.getSongInfo(savedInfo);
-        const QString lost = ChangePreview::lostCharacters(info, savedInfo, *record);
+        const QString lost = update.lostCharacters(savedInfo);
         if (!lost.isEmpty())
             m_report.add(SongFinding::Kind::LostCharacters, fileName, lost);
         m_model.updateRow(place.row(), savedInfo);

@@ -7,7 +7,7 @@
 #include "library/database.h"
 #include "library/progress.h"
 #include "library/runreport.h"
-#include "library/usersongsreltablemodel.h"
+#include "library/songtable.h"
 #include "storage/leftovers.h"
 
 #include <QString>
@@ -30,8 +30,8 @@ public:
     using AskUnsigned = std::function<Answer(const QString &fileName)>;
 
     /** The database and the model must outlive the object. */
-    Synchronisation(const Database &database, UserSongsRelTableModel &model,
-                    OfferBackup offerBackup, AskUnsigned askUnsigned, OpenProgress openProgress);
+    Synchronisation(const Database &database, SongTable &model, OfferBackup offerBackup,
+                    AskUnsigned askUnsigned, OpenProgress openProgress);
 
     /**
      * Synchronises the whole library. copyrightAsk: whether the user is asked about each file
@@ -57,7 +57,7 @@ private:
     bool mayChange(const SongInfo &info, const QString &fileName);
 
     const CatalogueMerge m_catalogue;
-    UserSongsRelTableModel &m_model;
+    SongTable &m_model;
     OfferBackup m_offerBackup;
     AskUnsigned m_askUnsigned;
     OpenProgress m_openProgress;

@@ -29,3 +29,22 @@ UnreadableFile UnreadableFile::examine(const QString &path)
 {
     return {path, reasonFor(path)};
 }
+
+QString UnreadableFile::reasonText() const
+{
+    switch (reason) {
+    case Reason::Missing:
+        return tr("Il file non esiste");
+    case Reason::NoFile:
+        return tr("Non è un file normale");
+    case Reason::Locked:
+        return tr("Il file non può essere aperto");
+    case Reason::Empty:
+        return tr("Il file è vuoto");
+    case Reason::UnknownFormat:
+        return tr("Formato non riconosciuto");
+    case Reason::Damaged:
+        break;
+    }
+    return tr("Il file è danneggiato");
+}

@@ -1,9 +1,14 @@
 // A file that the import could not read, and why.
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
-struct UnreadableFile {
+class UnreadableFile
+{
+    Q_DECLARE_TR_FUNCTIONS(UnreadableFilesDialog)
+
+public:
     enum class Reason {
         Missing,       ///< gone, or never there
         NoFile,        ///< a folder or a device
@@ -18,4 +23,7 @@ struct UnreadableFile {
 
     /** Looks for the reason why the file at the path could not be imported. */
     static UnreadableFile examine(const QString &path);
+
+    /** The reason in the user's words. */
+    QString reasonText() const;
 };

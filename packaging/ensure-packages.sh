@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing for the groups named as arguments (build, test,
-# package, check, bench), as root or through sudo; where neither is possible, says in one line what
-# to install.
+# package, check, bench, unplug), as root or through sudo; where neither is possible, says in one
+# line what to install.
 set -euo pipefail
 
 declare -A groups=(
   [build]="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev
-           qt6-5compat-dev libqt6sql6-sqlite qt6-tools-dev qt6-tools-dev-tools
+           qt6-5compat-dev libqt6sql6-sqlite libcli11-dev qt6-tools-dev qt6-tools-dev-tools
            qt6-l10n-tools qt6-translations-l10n sqlite3"
   [test]="xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core midicsv abcmidi lame
           ffmpeg
@@ -14,7 +14,8 @@ declare -A groups=(
           dpkg-dev desktop-file-utils appstream mandoc lintian"
   [package]="dpkg-dev"
   [check]="clang libclang-rt-14-dev clang-tidy cppcheck gcovr"
-  [bench]="libbenchmark-dev lhasa time"
+  [bench]="libbenchmark-dev lhasa time python3-mutagen"
+  [unplug]="qemu-system-x86 dosfstools mtools busybox-static cpio python3"
 )
 
 # Without dpkg (macOS, other systems) the packages are the user's business; CMake says what it misses.

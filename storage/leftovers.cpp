@@ -14,7 +14,7 @@ namespace
 {
 
 /** Of files that are of no use without the program that made them. */
-constexpr QLatin1String suffixes[] = {Leftovers::PartSuffix, Leftovers::TemporarySuffix};
+constexpr QLatin1String suffixes[] = {Leftovers::partSuffix, Leftovers::temporarySuffix};
 
 bool isLeftover(const QString &name)
 {

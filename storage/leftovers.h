@@ -14,10 +14,10 @@ class Leftovers
 {
 public:
     /** A copy that is not whole yet. */
-    static constexpr QLatin1String PartSuffix{"kavena-part"};
+    static constexpr QLatin1String partSuffix{"kavena-part"};
 
     /** The successor of an MP3, before it takes its place; where the usual name is taken. */
-    static constexpr QLatin1String TemporarySuffix{"kavena-tmp"};
+    static constexpr QLatin1String temporarySuffix{"kavena-tmp"};
 
     /** Removes the leftovers from the folder. What cannot be removed stays, without a word. */
     void tidy(const QString &folder);

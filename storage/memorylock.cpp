@@ -139,7 +139,8 @@ void MemoryLock::release()
         // A second time, for a medium that only stumbled.
         if (!QFile::remove(m_path) && !QFile::remove(m_path))
             logWarning() << "[MemoryLock::release] Impossible to remove" << m_path;
-        flushFolderOf(m_path);
+        if (!flushFolderOf(m_path))
+            logWarning() << "[MemoryLock::release] Impossible to flush the folder of" << m_path;
     }
     m_file.close();
 }

@@ -142,7 +142,10 @@ bool holdFile(QFile &file)
         return errno != EWOULDBLOCK;
     struct stat status {
     };
-    return ::fstat(file.handle(), &status) != 0 || status.st_nlink > 0;
+    if (::fstat(file.handle(), &status) != 0 || status.st_nlink > 0)
+        return true;
+    errno = EBUSY;
+    return false;
 }
 
 #else

@@ -4,6 +4,7 @@
 #include "storage/leftovers.h"
 #include "storage/safefile.h"
 #include "storage/songjournal.h"
+#include "storage/songlayout.h"
 
 #include <QFileInfo>
 
@@ -33,7 +34,7 @@ void allowOwnerToWrite(const QString &path)
 /** Only such songs are rewritten in place; no other file ever had a journal. */
 bool isRewrittenInPlace(const QByteArray &song)
 {
-    return song.startsWith("MThd") || song.startsWith("_MF");
+    return song.startsWith(songlayout::midiMagic) || song.startsWith(songlayout::mfxMagic);
 }
 
 /** The path up to the last dot of the file name (folder names may hold dots too), then ".tmp". */
@@ -104,7 +105,22 @@ bool SongFileWriter::openExisting()
     allowOwnerToWrite(m_path);
     if (!noted(m_file.open(QFile::ReadWrite | QFile::ExistingOnly | QFile::Unbuffered)))
         return false;
+    // Two that write into one song at once would leave a mixture without a journal.
+    if (!noted(holdFile(m_file))) {
+        m_file.close();
+        return false;
+    }
     m_oldSize = m_file.size();
+    return true;
+}
+
+/** False when the song was replaced or changed by another program since it was opened. */
+bool SongFileWriter::isAsOpened()
+{
+    if (!holdFile(m_file) || m_file.size() != m_oldSize) {
+        errno = EBUSY;
+        return noted(false);
+    }
     return true;
 }
 
@@ -116,7 +132,7 @@ bool SongFileWriter::replaceBytes(const QByteArray &bytes)
     if (m_created) {
         written = noted(writeAt(0, bytes) && flushToMedium(m_file) && flushFolderOf(m_path));
         m_created = !written;
-    } else if (m_oldSize <= SongJournal::LargestSong) {
+    } else if (m_oldSize <= SongJournal::largestSong && isAsOpened()) {
         SongJournal::Content journal;
         journal.oldBytes = m_file.read(m_oldSize);
         journal.newBytes = bytes;
@@ -139,7 +155,7 @@ bool SongFileWriter::replaceJournalled(const QByteArray &bytes, const SongJourna
         return false;
     }
     const bool written = noted(overwrite(bytes));
-    // With a journal that cannot be taken away the song would become the old one again some day.
+    // A save that leaves its journal behind is reported as none, so the song becomes the old one.
     if ((written || putBack(old.oldBytes)) && journal.remove())
         return written;
     if (!isTaken(journal.path())) {
@@ -202,7 +218,7 @@ bool SongFileWriter::putBack(const QByteArray &oldBytes)
 bool SongFileWriter::recover(const QString &path)
 {
     const QString song = QFileInfo(path).isSymLink() ? realPath(path) : path;
-    for (int number = 0; number < SongJournal::Names; ++number) {
+    for (int number = 0; number < SongJournal::maxNames; ++number) {
         SongJournal journal(song, number);
         SongJournal::Content content;
         switch (journal.read(content)) {
@@ -305,7 +321,7 @@ bool SongFileWriter::openTemporary(QFile &temporary) const
     const bool isFree = temporary.fileName() != m_path && !isTaken(temporary.fileName());
     const bool opened =
         noted(isFree ? temporary.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered)
-                     : createHiddenBeside(temporary, m_path, Leftovers::TemporarySuffix));
+                     : createHiddenBeside(temporary, m_path, Leftovers::temporarySuffix));
     if (opened && QFileInfo::exists(m_path)) {
         allowOwnerToWrite(m_path);
         temporary.setPermissions(QFile::permissions(m_path));

@@ -40,8 +40,9 @@ public:
     Q_DISABLE_COPY_MOVE(SongFileWriter)
 
     /**
-     * Opens the file for a rewrite in place, without changing its content; creates it when there is
-     * none. False when it cannot be opened for writing or is no regular file.
+     * Opens the file for a rewrite in place, without changing its content, and holds it; creates it
+     * when there is none. False when it cannot be opened for writing, is no regular file, or when
+     * another program has opened it like this.
      */
     bool open();
 
@@ -78,6 +79,7 @@ public:
 private:
     bool noted(bool succeeded) const;
     bool openExisting();
+    bool isAsOpened();
     bool replaceJournalled(const QByteArray &bytes, const SongJournal::Content &old);
     bool overwrite(const QByteArray &bytes);
     bool writeAt(qint64 pos, const QByteArray &bytes);

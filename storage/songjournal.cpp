@@ -1,6 +1,7 @@
 #include "storage/songjournal.h"
 
 #include "storage/safefile.h"
+#include "storage/songlayout.h"
 
 #include <QCryptographicHash>
 #include <QtEndian>
@@ -88,8 +89,8 @@ std::optional<SongJournal::Content> decodeFirstVersion(const QByteArray &bytes)
     content.oldBytes = bytes.mid(firstHeaderSize);
     const QByteArrayView sizes =
         QByteArrayView(bytes).sliced(oldSizePos, firstChecksumPos - oldSizePos);
-    if (numberAt(bytes, newSizePos) > SongJournal::LargestSong ||
-        content.oldBytes.size() > SongJournal::LargestSong ||
+    if (numberAt(bytes, newSizePos) > SongJournal::largestSong ||
+        content.oldBytes.size() > SongJournal::largestSong ||
         bytes.mid(firstChecksumPos, checksumSize) != checksum(sizes, content.oldBytes))
         return std::nullopt;
     return content;
@@ -98,17 +99,18 @@ std::optional<SongJournal::Content> decodeFirstVersion(const QByteArray &bytes)
 /** A MIDI or MFX file that does not say itself that bytes are missing at its end. */
 bool isWholeSong(const QByteArray &song)
 {
-    constexpr qint64 chunkHead = 8;
-    if (song.startsWith("_MF"))
-        return song.size() >= chunkHead && qFromLittleEndian<quint32>(song.constData() + 4) <=
-                                               static_cast<quint64>(song.size());
-    if (!song.startsWith("MThd"))
+    using namespace songlayout;
+    if (song.startsWith(mfxMagic))
+        return song.size() >= mfxFileSizePos + qsizetype{sizeof(quint32)} &&
+               qFromLittleEndian<quint32>(song.constData() + mfxFileSizePos) <=
+                   static_cast<quint64>(song.size());
+    if (!song.startsWith(midiMagic))
         return false;
     qint64 pos = 0;
     int tracks = 0;
-    while (pos + chunkHead <= song.size()) {
-        tracks += song.mid(pos, 4) == "MTrk" ? 1 : 0;
-        pos += chunkHead + numberAt(song, pos + 4);
+    while (pos + chunkHeaderSize <= song.size()) {
+        tracks += song.mid(pos, chunkSizePos) == midiTrackMagic ? 1 : 0;
+        pos += qint64{chunkHeaderSize} + numberAt(song, pos + chunkSizePos);
     }
     return tracks > 0 && pos == song.size();
 }
@@ -176,7 +178,7 @@ std::optional<SongJournal::Content> SongJournal::Content::decode(const QByteArra
     const qint64 start = numberAt(bytes, commonStartPos);
     const qint64 end = numberAt(bytes, commonEndPos);
     const qint64 changed = newSize - start - end;
-    if (oldSize > LargestSong || newSize > LargestSong || start + end > oldSize || changed < 0 ||
+    if (oldSize > largestSong || newSize > largestSong || start + end > oldSize || changed < 0 ||
         bytes.size() != headerSize + oldSize + changed)
         return std::nullopt;
     const QByteArrayView view(bytes);
@@ -218,10 +220,10 @@ SongJournal::SongJournal(const QString &song, int number)
 
 bool SongJournal::write(const Content &content)
 {
-    if (!content.newBytes || content.oldBytes.size() > LargestSong ||
-        content.newBytes->size() > LargestSong)
+    if (!content.newBytes || content.oldBytes.size() > largestSong ||
+        content.newBytes->size() > largestSong)
         return false;
-    while (isTaken(m_path) && m_number < Names - 1)
+    while (isTaken(m_path) && m_number < maxNames - 1)
         m_path = nameOf(m_song, ++m_number);
     m_file.setFileName(m_path);
     // Nobody but the owner may read it: the song itself may be private.
@@ -251,7 +253,7 @@ SongJournal::State SongJournal::read(Content &content)
         return State::InUse;
     }
     const qint64 size = m_file.size();
-    const bool hasSize = size >= firstHeaderSize && size <= headerSize + 2 * LargestSong;
+    const bool hasSize = size >= firstHeaderSize && size <= headerSize + 2 * largestSong;
     const QByteArray bytes = hasSize ? m_file.read(size) : QByteArray();
     if (m_file.error() != QFile::NoError)
         return State::Unreadable;
@@ -272,7 +274,7 @@ bool SongJournal::remove()
     const bool emptied =
         !removed && m_file.isWritable() && m_file.resize(0) && flushToMedium(m_file);
     m_file.close();
-    // A journal that comes back after a power cut would undo a save that was reported.
+    // Gone for good, not only until the next power cut.
     if (removed || QFile::remove(m_path))
         return flushFolderOf(m_path);
     return emptied;
@@ -280,7 +282,7 @@ bool SongJournal::remove()
 
 void SongJournal::removeAllOf(const QString &song)
 {
-    for (int number = 0; number < Names; ++number) {
+    for (int number = 0; number < maxNames; ++number) {
         SongJournal journal(song, number);
         Content content;
         const State state = journal.read(content);

@@ -61,10 +61,10 @@ public:
     };
 
     /** No song that is rewritten in place is larger; nor are the songs in a journal. */
-    static constexpr qint64 LargestSong = qint64{65} * 1024 * 1024;
+    static constexpr qint64 largestSong = qint64{65} * 1024 * 1024;
 
     /** So many names a journal may have: the next one where something else lies at the first. */
-    static constexpr int Names = 10;
+    static constexpr int maxNames = 10;
 
     /** The journal of this song, which must be no symbolic link, at the first or a later name. */
     explicit SongJournal(const QString &song, int number = 0);

@@ -127,7 +127,7 @@ QString WriteProblem::whyNotCopied(const QString &source, const QString &target,
     const bool fatNames = hasFatNames(medium.fileSystem);
     if ((fatNames ? name.size() : name.toUtf8().size()) > longestName)
         return tr("il nome è troppo lungo");
-    const QString nameProblem = fatNames ? whyNotNamed(name) : QString();
+    QString nameProblem = fatNames ? whyNotNamed(name) : QString();
     if (!nameProblem.isEmpty())
         return nameProblem;
     return kind == Unknown && !isReadable(song) ? tr("il file non può essere letto")

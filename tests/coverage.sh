@@ -8,9 +8,9 @@ build=${1:-build/asan}
 
 gcovr --root . --object-directory "$build" --json-summary \
   --filter 'storage/' --filter 'formats/' --filter 'library/' --filter 'devindex/' \
-  --filter 'windows/' --filter 'app/' \
+  --filter 'windows/' --filter 'app/' --filter 'cli/' \
   "$build/storage" "$build/formats" "$build/library" "$build/devindex" "$build/windows" \
-  "$build/app" "$build/tests" |
+  "$build/app" "$build/cli" "$build/tests" |
   python3 -c '
 import collections, json, sys
 
@@ -24,7 +24,7 @@ for file in files:
 print("least covered files:")
 for file in sorted(files, key=lambda file: file["line_percent"])[:8]:
     print("  %5.1f %%  %s" % (file["line_percent"], file["filename"]))
-layers = ("storage", "formats", "library", "devindex", "windows", "app")
+layers = ("storage", "formats", "library", "devindex", "windows", "app", "cli")
 missed = [name for name in layers if not folders[name][1]]
 for name, (covered, total) in sorted(folders.items()):
     percent = 100.0 * covered / total

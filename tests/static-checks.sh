@@ -15,11 +15,11 @@ cppcheck --quiet -j "$(nproc)" --std=c++17 --language=c++ --library=qt --inline-
   --enable=warning,style,performance,portability '-DQ_DISABLE_COPY_MOVE(Class)=' \
   --suppress=useStlAlgorithm --suppress=constVariable --suppress=unassignedVariable \
   --suppress=unusedStructMember --suppress=ignoredReturnErrorCode \
-  --error-exitcode=1 storage formats library devindex windows app
+  --error-exitcode=1 storage formats library devindex windows app cli
 
 echo "== clang-tidy"
 run-clang-tidy -p build/release -j "$(nproc)" -quiet \
-  "^$PWD/(storage|formats|library|devindex|windows|app)/[a-z0-9]+\.cpp\$" >build/clang-tidy.log 2>&1 || {
+  "^$PWD/(storage|formats|library|devindex|windows|app|cli)/[a-z0-9]+\.cpp\$" >build/clang-tidy.log 2>&1 || {
   grep -E -A 4 '(warning|error):' build/clang-tidy.log >&2
   exit 1
 }

@@ -22,13 +22,14 @@ QString richText(const QString &font, int points, const QString &text)
         .arg(font, QString::number(points), text);
 }
 
-/** The build date as people here write it; empty if the build's own text is no date. */
+/** The build date as it is written in the language in use; empty if the build's own text is no
+ * date. */
 QString localBuildDate()
 {
     // The compiler pads a one-digit day with a blank and writes the month in English.
     const QString text = QString::fromLatin1(version::buildDate).simplified();
     const QDate date = QLocale(QStringLiteral("en_US")).toDate(text, QStringLiteral("MMM d yyyy"));
-    return QLocale::system().toString(date, QLocale::ShortFormat);
+    return QLocale().toString(date, QLocale::ShortFormat);
 }
 
 } // namespace

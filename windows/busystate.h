@@ -1,4 +1,4 @@
-// Knows whether a workflow runs, and tells when the last one has ended.
+// Knows whether a workflow runs, and tells when the first one begins and the last one has ended.
 #pragma once
 
 #include <QObject>
@@ -12,6 +12,9 @@ public:
     explicit operator bool() const { return m_guards > 0; }
 
 signals:
+    /** The first workflow starts. */
+    void began();
+
     /** Nothing runs any more. */
     void ended();
 
@@ -28,7 +31,8 @@ public:
     explicit BusyGuard(BusyState &state)
         : m_state(state)
     {
-        ++m_state.m_guards;
+        if (++m_state.m_guards == 1)
+            emit m_state.began();
     }
     ~BusyGuard()
     {

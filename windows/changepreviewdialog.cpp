@@ -37,9 +37,8 @@ ChangePreviewDialog::ChangePreviewDialog(ChangePreview preview, bool copyrightAs
 
 ChangePreviewDialog::~ChangePreviewDialog() = default;
 
-bool ChangePreviewDialog::confirm(const Database &database, UserSongsRelTableModel &model,
-                                  bool copyrightAsk, const OpenProgress &openProgress,
-                                  QWidget *parent)
+bool ChangePreviewDialog::confirm(const Database &database, SongTable &model, bool copyrightAsk,
+                                  const OpenProgress &openProgress, QWidget *parent)
 {
     if (model.goodRowCount() < 1)
         return true;

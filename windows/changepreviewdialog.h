@@ -29,7 +29,7 @@ public:
      * Finds the changes and shows them. True when the user wants to synchronise; true too for an
      * empty library, which has nothing to show. False when the user stopped or declined.
      */
-    static bool confirm(const Database &database, UserSongsRelTableModel &model, bool copyrightAsk,
+    static bool confirm(const Database &database, SongTable &model, bool copyrightAsk,
                         const OpenProgress &openProgress, QWidget *parent);
 
 protected:

@@ -29,6 +29,10 @@ FileListDialog::FileListDialog(const QString &title, const QString &caption,
     ui->filesTreeWidget->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     ui->filesTreeWidget->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     ui->filesTreeWidget->header()->setStretchLastSection(false);
+    // In a narrow window, a long text would leave no room for the names.
+    constexpr int nameCharacters = 16;
+    ui->filesTreeWidget->header()->setMinimumSectionSize(nameCharacters *
+                                                         fontMetrics().averageCharWidth());
 }
 
 FileListDialog::~FileListDialog() = default;

@@ -157,7 +157,7 @@ void IndexDialog::start(bool useRoot)
     setRunning(true);
     updateLabelNum(0);
     initProgress(0);
-    QCoreApplication::processEvents();
+    KeepAlive::processEventsNow();
     clearIndexErrors();
     appendToReport({{}, inProgress});
     const bool success = runIndex(path, update, rebuild);
@@ -223,5 +223,4 @@ QString IndexDialog::getRootDrivePath(const QString &path) const
     return MountedVolumes().getRootDrivePath(path);
 }
 
-/** The check of the memory's file system is switched off. */
 void IndexDialog::checkDisk(const QString &) {}

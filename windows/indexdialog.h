@@ -1,7 +1,7 @@
 // Prepares or repairs a player's memory: updates or rebuilds its index.
 #pragma once
 
-#include "devindex/keepalive.h"
+#include "library/keepalive.h"
 
 #include <QDialog>
 #include <QList>
@@ -64,6 +64,11 @@ private:
     void setRunning(bool running);
     void appendToReport(const ReportLine &line);
     QString getRootDrivePath(const QString &path) const;
+
+    /**
+     * Does nothing: the check of the memory's file system is switched off. Kept interface: nothing
+     * calls it; its name is fixed.
+     */
     void checkDisk(const QString &path);
 
     const QScopedPointer<Ui::IndexDialog> ui;

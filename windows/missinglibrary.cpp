@@ -38,8 +38,11 @@ QString MissingLibrary::reason()
 
 void MissingLibrary::tell(QWidget *window, BusyState &busy)
 {
-    QTimer::singleShot(0, this, [window, &busy, text = reason()] {
+    auto *const whenShown = new QTimer(this);
+    whenShown->setSingleShot(true);
+    connect(whenShown, &QTimer::timeout, this, [window, &busy, text = reason()] {
         const BusyGuard guard(busy);
         QMessageBox::critical(window, tr("Attenzione"), text);
     });
+    whenShown->start(0);
 }

@@ -1,9 +1,6 @@
 #include "windows/shownprogress.h"
 
-namespace
-{
-constexpr qint64 pauseMilliseconds = 40;
-}
+#include "library/keepalive.h"
 
 ShownProgress::ShownProgress(Progress *&shown, const QString &title, const QString &label,
                              int maximum, QWidget *parent)
@@ -41,7 +38,8 @@ void ShownProgress::take(int done, bool inWords)
 {
     m_done = done;
     m_inWords = inWords;
-    const qint64 wait = m_sinceShown.isValid() ? pauseMilliseconds - m_sinceShown.elapsed() : 0;
+    const qint64 wait =
+        m_sinceShown.isValid() ? KeepAlive::progressMilliseconds - m_sinceShown.elapsed() : 0;
     if (done >= dialog().maximum() || wait <= 0)
         showLast();
     else if (!m_due.isActive())

@@ -1,7 +1,7 @@
 // Saves the list of a memory's songs as a text file.
 #pragma once
 
-#include "devindex/keepalive.h"
+#include "library/keepalive.h"
 
 #include <QDialog>
 #include <QScopedPointer>

@@ -1,7 +1,7 @@
 #include "windows/statusrowdelegate.h"
 
-#include "library/usersongsreltablemodel.h"
 #include "windows/plaintooltip.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -23,7 +23,7 @@ void StatusRowDelegate::initStyleOption(QStyleOptionViewItem *option,
 {
     QStyledItemDelegate::initStyleOption(option, index);
     if (index.column() == m_markColumn &&
-        index.data(UserSongsRelTableModel::NotSavedRole).isValid()) {
+        index.data(UserSongsRelTableModel::notSavedRole).isValid()) {
         const QStyle *const style =
             option->widget ? option->widget->style() : QApplication::style();
         option->icon = style->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, option->widget);

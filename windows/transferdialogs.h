@@ -7,8 +7,8 @@ QT_BEGIN_NAMESPACE
 class QWidget;
 QT_END_NAMESPACE
 
-/** Asks and tells in dialogs over the parent. */
-class TransferDialogs : public TransferQuestions
+/** Asks and tells the user in dialogs over the parent. */
+class TransferDialogs : public TransferUser
 {
     Q_DECLARE_TR_FUNCTIONS(MainWindow)
 

@@ -12,9 +12,11 @@ namespace
 /** The program's one translator of this name. */
 QTranslator &translator(const QString &name)
 {
-    auto *found = qApp->findChild<QTranslator *>(name, Qt::FindDirectChildrenOnly);
+    // Not qApp, which takes every application for one with windows.
+    QCoreApplication *application = QCoreApplication::instance();
+    auto *found = application->findChild<QTranslator *>(name, Qt::FindDirectChildrenOnly);
     if (found == nullptr) {
-        found = new QTranslator(qApp);
+        found = new QTranslator(application);
         found->setObjectName(name);
     }
     return *found;

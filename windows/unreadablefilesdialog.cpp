@@ -10,25 +10,6 @@ QList<FileListDialog::Line> UnreadableFilesDialog::lines(const QList<UnreadableF
 {
     QList<Line> lines;
     for (const UnreadableFile &file : files)
-        lines.append({file.path, reasonText(file.reason)});
+        lines.append({file.path, file.reasonText()});
     return lines;
-}
-
-QString UnreadableFilesDialog::reasonText(UnreadableFile::Reason reason)
-{
-    switch (reason) {
-    case UnreadableFile::Reason::Missing:
-        return tr("Il file non esiste");
-    case UnreadableFile::Reason::NoFile:
-        return tr("Non è un file normale");
-    case UnreadableFile::Reason::Locked:
-        return tr("Il file non può essere aperto");
-    case UnreadableFile::Reason::Empty:
-        return tr("Il file è vuoto");
-    case UnreadableFile::Reason::UnknownFormat:
-        return tr("Formato non riconosciuto");
-    case UnreadableFile::Reason::Damaged:
-        break;
-    }
-    return tr("Il file è danneggiato");
 }

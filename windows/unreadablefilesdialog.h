@@ -16,5 +16,4 @@ public:
 
 private:
     static QList<Line> lines(const QList<UnreadableFile> &files);
-    static QString reasonText(UnreadableFile::Reason reason);
 };

@@ -88,7 +88,7 @@ Select a folder for the backup, or press “Continue without backup”.</transla
     </message>
     <message>
         <source>Song e campo</source>
-        <translation>Song and field</translation>
+        <translation>Song and detail</translation>
     </message>
     <message>
         <source>Valore attuale</source>
@@ -148,15 +148,15 @@ Select a folder for the backup, or press “Continue without backup”.</transla
     </message>
     <message>
         <source>Marker</source>
-        <translation>Markers</translation>
+        <translation>Sections</translation>
     </message>
     <message>
         <source>Marker attivi</source>
-        <translation>Markers shown</translation>
+        <translation>Sections shown</translation>
     </message>
     <message>
         <source>La sincronizzazione modificherebbe questi dati:</source>
-        <translation>Synchronizing would &amp;change these data:</translation>
+        <translation>Synchronizing would &amp;change these details:</translation>
     </message>
     <message>
         <source>Song che verrebbero modificate: %1 di %2
@@ -179,7 +179,7 @@ Songs that cannot be read: %4</translation>
     </message>
     <message>
         <source>Percorso file:</source>
-        <translation>File path:</translation>
+        <translation>File:</translation>
     </message>
     <message>
         <source>Formato:</source>
@@ -187,7 +187,7 @@ Songs that cannot be read: %4</translation>
     </message>
     <message>
         <source>Modifica i dati della Song:</source>
-        <translation>Edit song details:</translation>
+        <translation>Song details:</translation>
     </message>
     <message>
         <source>Titolo Song:</source>
@@ -285,19 +285,19 @@ Songs that cannot be read: %4</translation>
     <name>Index</name>
     <message>
         <source>verrà rinominato: </source>
-        <translation>will be renamed to: </translation>
+        <translation>Do you want to rename it? New name: </translation>
     </message>
     <message>
         <source>Se il file non viene rinominato, è possibile che non venga rilevato da Kavena.</source>
-        <translation>If the file is not renamed, Kavena may not find it.</translation>
+        <translation>If it is not renamed, Kavena may not find it.</translation>
     </message>
     <message>
         <source>File non importato, errore nel path:</source>
-        <translation>File not added, error in its path:</translation>
+        <translation>File not added, error in its folder or name:</translation>
     </message>
     <message>
         <source>File non importato, path troppo lungo: </source>
-        <translation>File not added, path too long: </translation>
+        <translation>File not added, its folder and name together are too long: </translation>
     </message>
     <message>
         <source>File non importato, troppi file nella memoria: </source>
@@ -348,11 +348,11 @@ Songs that cannot be read: %4</translation>
     </message>
     <message>
         <source>Ho inserito o eliminato alcune song, aggiorna database</source>
-        <translation>I added or removed some songs: &amp;update the database</translation>
+        <translation>I added or removed some songs: &amp;update the song index</translation>
     </message>
     <message>
         <source>Ho problemi con gli archivi, ricostruisci database</source>
-        <translation>I have problems with the archives: &amp;rebuild the database</translation>
+        <translation>The player does not find some songs: &amp;rebuild the song index</translation>
     </message>
     <message>
         <source>Controlla struttura memoria</source>
@@ -388,7 +388,7 @@ Songs that cannot be read: %4</translation>
     </message>
     <message>
         <source>Il percorso selezionato non esiste</source>
-        <translation>The selected path does not exist</translation>
+        <translation>The selected folder does not exist</translation>
     </message>
     <message>
         <source>Durante l&apos;operazione si sono verificati alcuni errori.
@@ -404,7 +404,7 @@ See the report for more information.</translation>
         <source>Operazione non riuscita.
 Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto da scrittura.</source>
         <translation>The operation failed.
-Make sure that the disk has enough free space and is not write-protected.</translation>
+Make sure that the memory has enough free space and is not write-protected.</translation>
     </message>
     <message>
         <source>Memoria:</source>
@@ -427,7 +427,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Seleziona le basi musicali che desideri inserire nella memoria di Kavena</source>
-        <translation>Choose the songs that you want to put into the memory of Kavena</translation>
+        <translation>Choose the songs that you want to put on the card or stick</translation>
     </message>
     <message>
         <source>Sincronizza song con il database K-Ravo</source>
@@ -435,7 +435,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Trasferisci song nella memoria di Kavena</source>
-        <translation>Transfer songs into the memory of Kavena</translation>
+        <translation>Transfer songs to the card or stick</translation>
     </message>
     <message>
         <source>Opzioni nascoste</source>
@@ -455,7 +455,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Add Marker</source>
-        <translation>Add marker</translation>
+        <translation>Add section</translation>
     </message>
     <message>
         <source>Save</source>
@@ -471,7 +471,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Backup</source>
-        <translation>Backup</translation>
+        <translation>Back up songs</translation>
     </message>
     <message>
         <source>Manual Dialog</source>
@@ -527,23 +527,23 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Rigenera il database delle song</source>
-        <translation>&amp;Rebuild the song database</translation>
+        <translation>&amp;Optimize memory...</translation>
     </message>
     <message>
         <source>Salva lista delle song</source>
-        <translation>&amp;Save the song list</translation>
+        <translation>&amp;Save the song list...</translation>
     </message>
     <message>
         <source>Aiuto Kavena PC</source>
-        <translation>Kavena PC &amp;Help</translation>
+        <translation>Kavena PC &amp;Help...</translation>
     </message>
     <message>
         <source>Informazioni</source>
-        <translation>&amp;About Kavena PC</translation>
+        <translation>&amp;About Kavena PC...</translation>
     </message>
     <message>
         <source>Informazioni su QT</source>
-        <translation>About &amp;Qt</translation>
+        <translation>About &amp;Qt...</translation>
     </message>
     <message>
         <source>Seleziona i file da importare</source>
@@ -551,11 +551,11 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Lettura file</source>
-        <translation>Reading files</translation>
+        <translation>Import songs</translation>
     </message>
     <message>
         <source>Importo la libreria...</source>
-        <translation>Importing the library...</translation>
+        <translation>Importing the songs...</translation>
     </message>
     <message>
         <source>Backup eseguito correttamente</source>
@@ -571,7 +571,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Delete file</source>
-        <translation>&amp;Delete file</translation>
+        <translation>&amp;Delete file...</translation>
     </message>
     <message>
         <source>Attenzione</source>
@@ -591,15 +591,15 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Aggiornamento file</source>
-        <translation>Updating files</translation>
+        <translation>Synchronize songs</translation>
     </message>
     <message>
         <source>Aggiorno la libreria...</source>
-        <translation>Updating the library...</translation>
+        <translation>Synchronizing the songs...</translation>
     </message>
     <message>
         <source>Eseguo backup dellla libreria...</source>
-        <translation>Backing up the library...</translation>
+        <translation>Backing up the songs...</translation>
     </message>
     <message>
         <source>esiste già, vuoi sostituirlo?</source>
@@ -623,7 +623,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Aggiornamento database...</source>
-        <translation>Updating the database...</translation>
+        <translation>Updating the song index...</translation>
     </message>
     <message>
         <source>Scegli cartella</source>
@@ -631,7 +631,7 @@ Make sure that the disk has enough free space and is not write-protected.</trans
     </message>
     <message>
         <source>Non è possibile copiare i file sul disco di sistema</source>
-        <translation>Files cannot be copied to the system disk</translation>
+        <translation>This folder is not on a card or stick</translation>
     </message>
     <message>
         <source>Non è possibile copiare i file sulla cartella principale, creare o selezionare una sottocartella</source>
@@ -649,7 +649,7 @@ Do you want to copy all the same?</translation>
     </message>
     <message>
         <source>Trasferimento file...</source>
-        <translation>Transferring files...</translation>
+        <translation>Transferring the songs...</translation>
     </message>
     <message>
         <source>Mostra le modifiche prima di sincronizzare</source>
@@ -664,16 +664,12 @@ Do you want to copy all the same?</translation>
         <translation>Songs skipped: %1</translation>
     </message>
     <message>
-        <source>Song non riuscite: %1</source>
-        <translation>Songs failed: %1</translation>
-    </message>
-    <message>
         <source>Song non più copiate dopo l&apos;interruzione: %1</source>
         <translation>Songs not copied after you stopped: %1</translation>
     </message>
     <message>
         <source>Il database della memoria non è stato aggiornato.</source>
-        <translation>The memory&apos;s database was not updated.</translation>
+        <translation>The memory&apos;s song index was not updated.</translation>
     </message>
     <message>
         <source>esiste già un file con questo nome</source>
@@ -704,10 +700,6 @@ Do you want to copy all the same?</translation>
         <translation>&amp;Select songs...</translation>
     </message>
     <message>
-        <source>Si&amp;ncronizza song</source>
-        <translation>S&amp;ynchronize songs</translation>
-    </message>
-    <message>
         <source>&amp;Trasferisci song...</source>
         <translation>&amp;Transfer songs...</translation>
     </message>
@@ -734,6 +726,28 @@ Do you want to copy all the same?</translation>
     <message>
         <source>Cerco le song nelle cartelle...</source>
         <translation>Searching the folders for songs...</translation>
+    </message>
+    <message>
+        <source>Song della memoria con problemi: %1</source>
+        <translation>Songs on the memory with problems: %1</translation>
+    </message>
+    <message>
+        <source>Aggiornamento file</source>
+        <comment>Apply to all</comment>
+        <translation>Edit songs</translation>
+    </message>
+    <message>
+        <source>Aggiorno la libreria...</source>
+        <comment>Apply to all</comment>
+        <translation>Editing the songs...</translation>
+    </message>
+    <message>
+        <source>Song non copiate (errori): %1</source>
+        <translation>Not copied (errors): %1</translation>
+    </message>
+    <message>
+        <source>Si&amp;ncronizza song...</source>
+        <translation>S&amp;ynchronize songs...</translation>
     </message>
 </context>
 <context>
@@ -829,7 +843,7 @@ Nothing was changed. Try again when it has finished.</translation>
     </message>
     <message>
         <source>Sono stati esaminti %1 files, trovate %2 songs di cui %3 di (c)K-Ravo</source>
-        <translation>%1 files examined, %2 songs found, of which %3 are © K-Ravo</translation>
+        <translation>Files examined: %1, songs found: %2, of which © K-Ravo: %3</translation>
     </message>
 </context>
 <context>
@@ -840,7 +854,7 @@ Nothing was changed. Try again when it has finished.</translation>
     </message>
     <message>
         <source>CF/USB:</source>
-        <translation>&amp;CF/USB:</translation>
+        <translation>Fol&amp;der:</translation>
     </message>
     <message>
         <source>Browse</source>
@@ -880,11 +894,11 @@ Nothing was changed. Try again when it has finished.</translation>
     </message>
     <message>
         <source>Il percorso selezionato non esiste</source>
-        <translation>The selected path does not exist</translation>
+        <translation>The selected folder does not exist</translation>
     </message>
     <message>
         <source>Il percorso di destinazione non esiste</source>
-        <translation>The destination path does not exist</translation>
+        <translation>The destination folder does not exist</translation>
     </message>
     <message>
         <source>Operazione completata</source>
@@ -1125,7 +1139,7 @@ Make room and try again.</translation>
         <source>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
 
 Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</source>
-        <translation>The song database cannot be opened: songs cannot be listed, synchronized or transferred.
+        <translation>The song list cannot be opened: songs cannot be listed, synchronized or transferred.
 
 Please check that the folder for temporary files (%1) has room and can be written to, then start the program again.</translation>
     </message>
@@ -1181,7 +1195,7 @@ Please install the program again.</translation>
     </message>
     <message>
         <source>I dati sono troppi per questo formato</source>
-        <translation>Too much data for this format</translation>
+        <translation>The details are too long for this format</translation>
     </message>
     <message>
         <source>Il file non è leggibile</source>
@@ -1207,11 +1221,11 @@ Please install the program again.</translation>
     <name>RunReportBox</name>
     <message>
         <source>Aggiornamento file</source>
-        <translation>Updating files</translation>
+        <translation>Save songs</translation>
     </message>
     <message>
         <source>&amp;Dettagli...</source>
-        <translation>&amp;Details...</translation>
+        <translation>&amp;Show songs...</translation>
     </message>
     <message>
         <source>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</source>
@@ -1219,11 +1233,468 @@ Please install the program again.</translation>
     </message>
     <message>
         <source>Dettagli</source>
-        <translation>Details</translation>
+        <translation>Songs concerned</translation>
     </message>
     <message>
         <source>Queste &amp;song non sono a posto:</source>
         <translation>Something went wrong with these &amp;songs:</translation>
+    </message>
+</context>
+<context>
+    <name>Arguments</name>
+    <message>
+        <source>Argomento sconosciuto: %1</source>
+        <translation>Unknown argument: %1</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione vuole un solo valore: %1</source>
+        <translation>The option takes exactly one value: %1</translation>
+    </message>
+    <message>
+        <source>Valore non valido per %1: %2</source>
+        <translation>Invalid value for %1: %2</translation>
+    </message>
+    <message>
+        <source>Manca il comando</source>
+        <translation>The command is missing</translation>
+    </message>
+    <message>
+        <source>Manca il dato da modificare, per esempio --title</source>
+        <translation>What is to be changed is missing, for example --title</translation>
+    </message>
+    <message>
+        <source>Manca la cartella di destinazione: --to CARTELLA</source>
+        <translation>The destination folder is missing: --to FOLDER</translation>
+    </message>
+    <message>
+        <source>Manca un argomento</source>
+        <translation>An argument is missing</translation>
+    </message>
+    <message>
+        <source>Mancano i file</source>
+        <translation>The files are missing</translation>
+    </message>
+    <message>
+        <source>Troppi argomenti</source>
+        <translation>Too many arguments</translation>
+    </message>
+    <message>
+        <source>--json e --csv non vanno insieme</source>
+        <translation>--json and --csv do not go together</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueCommand</name>
+    <message>
+        <source>Il catalogo non può essere aperto</source>
+        <translation>The catalogue cannot be opened</translation>
+    </message>
+    <message>
+        <source>Non è nel catalogo</source>
+        <translation>Not in the catalogue</translation>
+    </message>
+</context>
+<context>
+    <name>Help</name>
+    <message>
+        <source>titolo</source>
+        <translation>title</translation>
+    </message>
+    <message>
+        <source>interprete</source>
+        <translation>artist</translation>
+    </message>
+    <message>
+        <source>genere</source>
+        <translation>genre</translation>
+    </message>
+    <message>
+        <source>autore</source>
+        <translation>author</translation>
+    </message>
+    <message>
+        <source>tonalità, per esempio C, F# o A-; vuota per nessuna</source>
+        <translation>key, for example C, F# or A-; empty for none</translation>
+    </message>
+    <message>
+        <source>tempo, da 0 a 999; 0 per nessuno</source>
+        <translation>tempo, 0 to 999; 0 for none</translation>
+    </message>
+    <message>
+        <source>durata in minuti e secondi</source>
+        <translation>length in minutes and seconds</translation>
+    </message>
+    <message>
+        <source>copia prima le song in una nuova cartella in DIR</source>
+        <translation>first copies the songs into a new folder in DIR</translation>
+    </message>
+    <message>
+        <source>mostra le modifiche e non scrive niente</source>
+        <translation>shows the changes and writes nothing</translation>
+    </message>
+    <message>
+        <source>modifica anche le song senza la firma del produttore</source>
+        <translation>changes songs without the publisher&apos;s signature as well</translation>
+    </message>
+    <message>
+        <source>la cartella di destinazione, in una memoria</source>
+        <translation>the destination folder, on a memory</translation>
+    </message>
+    <message>
+        <source>sostituisce i file che ci sono già</source>
+        <translation>replaces files that are already there</translation>
+    </message>
+    <message>
+        <source>accorcia i nomi troppo lunghi per il player</source>
+        <translation>shortens names that are too long for the player</translation>
+    </message>
+    <message>
+        <source>l&apos;ordine dell&apos;elenco</source>
+        <translation>the order of the list</translation>
+    </message>
+    <message>
+        <source>una tabella con i campi separati da &quot;;&quot;</source>
+        <translation>a table, fields separated by &quot;;&quot;</translation>
+    </message>
+    <message>
+        <source>un oggetto JSON per riga; i nomi sono nella pagina di manuale</source>
+        <translation>one JSON object a line; the manual page tells the names</translation>
+    </message>
+    <message>
+        <source>legge altri nomi dallo standard input, ognuno chiuso da un byte zero</source>
+        <translation>reads further names from standard input, each ended by a zero byte</translation>
+    </message>
+    <message>
+        <source>Esempi:</source>
+        <translation>Examples:</translation>
+    </message>
+    <message>
+        <source>Uso:</source>
+        <translation>Usage:</translation>
+    </message>
+    <message>
+        <source>Opzioni:</source>
+        <translation>Options:</translation>
+    </message>
+    <message>
+        <source>mostra questo aiuto</source>
+        <translation>shows this help</translation>
+    </message>
+    <message>
+        <source>mostra la versione</source>
+        <translation>shows the version</translation>
+    </message>
+    <message>
+        <source>dopo ci sono solo nomi di file</source>
+        <translation>only file names follow</translation>
+    </message>
+    <message>
+        <source>Le domande senza risposta nelle opzioni si fanno solo su un terminale; altrove valgono come no.
+Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.</source>
+        <translation>Questions that no option answers are asked on a terminal only; elsewhere the answer is no.
+Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</translation>
+    </message>
+</context>
+<context>
+    <name>IndexCommand</name>
+    <message>
+        <source>%1: la memoria non è in ordine</source>
+        <translation>%1: the memory is not in order</translation>
+    </message>
+    <message>
+        <source>Aggiornamento database</source>
+        <translation>Updating the song index</translation>
+    </message>
+    <message>
+        <source>Nessuna song nella memoria</source>
+        <translation>No songs on the memory</translation>
+    </message>
+</context>
+<context>
+    <name>ListCommand</name>
+    <message>
+        <source>Il database della memoria è danneggiato</source>
+        <translation>The song index is damaged</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryCheck</name>
+    <message>
+        <source>%1 byte non sono un numero intero di record</source>
+        <translation>%1 bytes are no whole number of records</translation>
+    </message>
+    <message>
+        <source>Il file manca o non è leggibile: la memoria non ha un database completo</source>
+        <translation>The file is missing or cannot be read: the memory has no complete song index</translation>
+    </message>
+    <message>
+        <source>Troppe song: %1</source>
+        <translation>Too many songs: %1</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 ha un numero di song sbagliato: %3</source>
+        <translation>Record %1 of %2 has a wrong song number: %3</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non finisce con zeri</source>
+        <translation>Record %1 of %2 does not end in zeros</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non è un percorso della memoria</source>
+        <translation>Record %1 of %2 names no file on the memory</translation>
+    </message>
+    <message>
+        <source>La song è elencata due volte</source>
+        <translation>The song is listed twice</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non ha una data</source>
+        <translation>Record %1 of %2 has no date</translation>
+    </message>
+    <message>
+        <source>Il file non c&apos;è</source>
+        <translation>The file is not there</translation>
+    </message>
+    <message>
+        <source>Il file è stato modificato dopo l&apos;aggiornamento</source>
+        <translation>The file was changed after the update</translation>
+    </message>
+    <message>
+        <source>La song non è nel database</source>
+        <translation>The song is not in the song index</translation>
+    </message>
+    <message>
+        <source>La dimensione non corrisponde al numero di song</source>
+        <translation>The size does not fit the number of songs</translation>
+    </message>
+    <message>
+        <source>Non elenca ogni song una volta</source>
+        <translation>Does not list each song once</translation>
+    </message>
+    <message>
+        <source>%1 è al posto sbagliato</source>
+        <translation>%1 is in the wrong place</translation>
+    </message>
+    <message>
+        <source>Il titolo del record %1 non finisce con zeri</source>
+        <translation>The title in record %1 does not end in zeros</translation>
+    </message>
+    <message>
+        <source>Il formato del record %1 non esiste</source>
+        <translation>There is no such format as in record %1</translation>
+    </message>
+    <message>
+        <source>Il record %1, %2, è al posto sbagliato</source>
+        <translation>Record %1, %2, is in the wrong place</translation>
+    </message>
+    <message>
+        <source>La song %1 del record %2 è elencata due volte o non ha un file</source>
+        <translation>Song %1 in record %2 is listed twice or has no file</translation>
+    </message>
+    <message>
+        <source>La song %1 è diversa che in %2</source>
+        <translation>Song %1 differs from %2</translation>
+    </message>
+    <message>
+        <source>Song mancanti alla fine: %1</source>
+        <translation>Songs missing at the end: %1</translation>
+    </message>
+    <message>
+        <source>Song mancanti prima del gruppo %1: %2</source>
+        <translation>Songs missing before the group %1: %2</translation>
+    </message>
+    <message>
+        <source>Il gruppo %1 conta male le song del gruppo precedente: %2 invece di %3</source>
+        <translation>The group %1 miscounts the songs of the group before it: %2 instead of %3</translation>
+    </message>
+    <message>
+        <source>L&apos;inizio del gruppo nel record %1 è danneggiato</source>
+        <translation>The head of the group in record %1 is damaged</translation>
+    </message>
+    <message>
+        <source>Il gruppo %1 c&apos;è due volte</source>
+        <translation>The group %1 is there twice</translation>
+    </message>
+    <message>
+        <source>Il record %1 è una song in più di quelle del suo gruppo</source>
+        <translation>Record %1 is one song more than its group has</translation>
+    </message>
+    <message>
+        <source>La song %1 del record %2 è elencata due volte o è diversa che in %3</source>
+        <translation>Song %1 in record %2 is listed twice or differs from %3</translation>
+    </message>
+    <message>
+        <source>La song %1 è in un altro gruppo che in %2</source>
+        <translation>Song %1 is in another group than in %2</translation>
+    </message>
+    <message>
+        <source>%1 byte invece di %2</source>
+        <translation>%1 bytes instead of %2</translation>
+    </message>
+    <message>
+        <source>L&apos;iniziale %1 porta al posto sbagliato</source>
+        <translation>The first letter %1 leads to the wrong place</translation>
+    </message>
+    <message>
+        <source>I numeri di song, interpreti e generi non sono quelli degli elenchi</source>
+        <translation>The numbers of songs, artists and genres are not those of the lists</translation>
+    </message>
+    <message>
+        <source>La song %1 della playlist non è nella memoria</source>
+        <translation>Song %1 of the playlist is not on the memory</translation>
+    </message>
+</context>
+<context>
+    <name>PeopleWriter</name>
+    <message>
+        <source>Formato</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Author</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Length</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Key</translation>
+    </message>
+    <message>
+        <source>Firma</source>
+        <translation>Signature</translation>
+    </message>
+    <message>
+        <source>sì</source>
+        <translation>yes</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>no</translation>
+    </message>
+    <message>
+        <source>%1: non è nel catalogo</source>
+        <translation>%1: not in the catalogue</translation>
+    </message>
+    <message>
+        <source>%1: nessuna modifica</source>
+        <translation>%1: no change</translation>
+    </message>
+    <message>
+        <source>(vuoto)</source>
+        <translation>(empty)</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Sections</translation>
+    </message>
+    <message>
+        <source>Marker attivi</source>
+        <translation>Shown</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>aiuto: kavena %1--help</source>
+        <translation>help: kavena %1--help</translation>
+    </message>
+    <message>
+        <source>Non tutti i dati hanno potuto essere scritti sullo standard output</source>
+        <translation>Not everything could be written to standard output</translation>
+    </message>
+</context>
+<context>
+    <name>SetCommand</name>
+    <message>
+        <source>Modifica</source>
+        <translation>Changing</translation>
+    </message>
+</context>
+<context>
+    <name>ShowCommand</name>
+    <message>
+        <source>Lettura</source>
+        <translation>Reading</translation>
+    </message>
+</context>
+<context>
+    <name>SongPaths</name>
+    <message>
+        <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
+        <translation>The name is not in UTF-8, and the file cannot be opened</translation>
+    </message>
+</context>
+<context>
+    <name>SyncCommand</name>
+    <message>
+        <source>Il catalogo non può essere aperto</source>
+        <translation>The catalogue cannot be opened</translation>
+    </message>
+    <message>
+        <source>Sincronizzazione</source>
+        <translation>Synchronizing</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>Backup</translation>
+    </message>
+    <message>
+        <source>La song non ha la firma del produttore. Modificarla?</source>
+        <translation>The song does not have the publisher&apos;s signature. Change it?</translation>
+    </message>
+    <message>
+        <source>%1: non modificata, senza la firma del produttore</source>
+        <translation>%1: not changed, without the publisher&apos;s signature</translation>
+    </message>
+</context>
+<context>
+    <name>Terminal</name>
+    <message>
+        <source>Interrotto</source>
+        <translation>Stopped</translation>
+    </message>
+    <message>
+        <source>Senza terminale la risposta è no: %1</source>
+        <translation>Without a terminal the answer is no: %1</translation>
+    </message>
+    <message>
+        <source>Senza terminale la risposta è no (%1 yes la cambia): %2</source>
+        <translation>Without a terminal the answer is no (%1 yes changes it): %2</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>y</translation>
+    </message>
+    <message>
+        <source>n</source>
+        <translation>n</translation>
+    </message>
+    <message>
+        <source>[%1 = sì, %2 = sì a tutti, %3 = no, %4 = no a tutti]</source>
+        <translation>[%1 = yes, %2 = yes to all, %3 = no, %4 = no to all]</translation>
     </message>
 </context>
 </TS>

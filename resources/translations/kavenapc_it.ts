@@ -527,23 +527,23 @@ Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto 
     </message>
     <message>
         <source>Rigenera il database delle song</source>
-        <translation>&amp;Rigenera il database delle song</translation>
+        <translation>&amp;Rigenera il database delle song...</translation>
     </message>
     <message>
         <source>Salva lista delle song</source>
-        <translation>&amp;Salva lista delle song</translation>
+        <translation>&amp;Salva lista delle song...</translation>
     </message>
     <message>
         <source>Aiuto Kavena PC</source>
-        <translation>&amp;Aiuto Kavena PC</translation>
+        <translation>&amp;Aiuto Kavena PC...</translation>
     </message>
     <message>
         <source>Informazioni</source>
-        <translation>&amp;Informazioni su Kavena PC</translation>
+        <translation>&amp;Informazioni su Kavena PC...</translation>
     </message>
     <message>
         <source>Informazioni su QT</source>
-        <translation>Informazioni su &amp;Qt</translation>
+        <translation>Informazioni su &amp;Qt...</translation>
     </message>
     <message>
         <source>Seleziona i file da importare</source>
@@ -571,7 +571,7 @@ Assicurarsi che il disco abbia sufficiente spazio libero e che non sia protetto 
     </message>
     <message>
         <source>Delete file</source>
-        <translation>&amp;Cancella file</translation>
+        <translation>Cance&amp;lla file...</translation>
     </message>
     <message>
         <source>Attenzione</source>
@@ -664,10 +664,6 @@ Si vuole procedere comunque con la copia?</translation>
         <translation>Song saltate: %1</translation>
     </message>
     <message>
-        <source>Song non riuscite: %1</source>
-        <translation>Song non riuscite: %1</translation>
-    </message>
-    <message>
         <source>Song non più copiate dopo l&apos;interruzione: %1</source>
         <translation>Song non più copiate dopo l&apos;interruzione: %1</translation>
     </message>
@@ -704,10 +700,6 @@ Si vuole procedere comunque con la copia?</translation>
         <translation>&amp;Seleziona song...</translation>
     </message>
     <message>
-        <source>Si&amp;ncronizza song</source>
-        <translation>Si&amp;ncronizza song</translation>
-    </message>
-    <message>
         <source>&amp;Trasferisci song...</source>
         <translation>&amp;Trasferisci song...</translation>
     </message>
@@ -734,6 +726,28 @@ Si vuole procedere comunque con la copia?</translation>
     <message>
         <source>Cerco le song nelle cartelle...</source>
         <translation>Cerco le song nelle cartelle...</translation>
+    </message>
+    <message>
+        <source>Song della memoria con problemi: %1</source>
+        <translation>Song della memoria con problemi: %1</translation>
+    </message>
+    <message>
+        <source>Aggiornamento file</source>
+        <comment>Apply to all</comment>
+        <translation>Aggiornamento file</translation>
+    </message>
+    <message>
+        <source>Aggiorno la libreria...</source>
+        <comment>Apply to all</comment>
+        <translation>Aggiorno la libreria...</translation>
+    </message>
+    <message>
+        <source>Song non copiate (errori): %1</source>
+        <translation>Song non copiate (errori): %1</translation>
+    </message>
+    <message>
+        <source>Si&amp;ncronizza song...</source>
+        <translation>Si&amp;ncronizza song...</translation>
     </message>
 </context>
 <context>
@@ -829,7 +843,7 @@ Non è stato cambiato nulla. Riprovare quando avrà finito.</translation>
     </message>
     <message>
         <source>Sono stati esaminti %1 files, trovate %2 songs di cui %3 di (c)K-Ravo</source>
-        <translation>Sono stati esaminati %1 file, trovate %2 song di cui %3 di © K-Ravo</translation>
+        <translation>File esaminati: %1, song trovate: %2, di cui © K-Ravo: %3</translation>
     </message>
 </context>
 <context>
@@ -840,7 +854,7 @@ Non è stato cambiato nulla. Riprovare quando avrà finito.</translation>
     </message>
     <message>
         <source>CF/USB:</source>
-        <translation>&amp;CF/USB:</translation>
+        <translation>&amp;Cartella:</translation>
     </message>
     <message>
         <source>Browse</source>
@@ -1224,6 +1238,463 @@ Installare di nuovo il programma.</translation>
     <message>
         <source>Queste &amp;song non sono a posto:</source>
         <translation>Queste &amp;song non sono a posto:</translation>
+    </message>
+</context>
+<context>
+    <name>Arguments</name>
+    <message>
+        <source>Argomento sconosciuto: %1</source>
+        <translation>Argomento sconosciuto: %1</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione vuole un solo valore: %1</source>
+        <translation>L&apos;opzione vuole un solo valore: %1</translation>
+    </message>
+    <message>
+        <source>Valore non valido per %1: %2</source>
+        <translation>Valore non valido per %1: %2</translation>
+    </message>
+    <message>
+        <source>Manca il comando</source>
+        <translation>Manca il comando</translation>
+    </message>
+    <message>
+        <source>Manca il dato da modificare, per esempio --title</source>
+        <translation>Manca il dato da modificare, per esempio --title</translation>
+    </message>
+    <message>
+        <source>Manca la cartella di destinazione: --to CARTELLA</source>
+        <translation>Manca la cartella di destinazione: --to CARTELLA</translation>
+    </message>
+    <message>
+        <source>Manca un argomento</source>
+        <translation>Manca un argomento</translation>
+    </message>
+    <message>
+        <source>Mancano i file</source>
+        <translation>Mancano i file</translation>
+    </message>
+    <message>
+        <source>Troppi argomenti</source>
+        <translation>Troppi argomenti</translation>
+    </message>
+    <message>
+        <source>--json e --csv non vanno insieme</source>
+        <translation>--json e --csv non vanno insieme</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueCommand</name>
+    <message>
+        <source>Il catalogo non può essere aperto</source>
+        <translation>Il catalogo non può essere aperto</translation>
+    </message>
+    <message>
+        <source>Non è nel catalogo</source>
+        <translation>Non è nel catalogo</translation>
+    </message>
+</context>
+<context>
+    <name>Help</name>
+    <message>
+        <source>titolo</source>
+        <translation>titolo</translation>
+    </message>
+    <message>
+        <source>interprete</source>
+        <translation>interprete</translation>
+    </message>
+    <message>
+        <source>genere</source>
+        <translation>genere</translation>
+    </message>
+    <message>
+        <source>autore</source>
+        <translation>autore</translation>
+    </message>
+    <message>
+        <source>tonalità, per esempio C, F# o A-; vuota per nessuna</source>
+        <translation>tonalità, per esempio C, F# o A-; vuota per nessuna</translation>
+    </message>
+    <message>
+        <source>tempo, da 0 a 999; 0 per nessuno</source>
+        <translation>tempo, da 0 a 999; 0 per nessuno</translation>
+    </message>
+    <message>
+        <source>durata in minuti e secondi</source>
+        <translation>durata in minuti e secondi</translation>
+    </message>
+    <message>
+        <source>copia prima le song in una nuova cartella in DIR</source>
+        <translation>copia prima le song in una nuova cartella in DIR</translation>
+    </message>
+    <message>
+        <source>mostra le modifiche e non scrive niente</source>
+        <translation>mostra le modifiche e non scrive niente</translation>
+    </message>
+    <message>
+        <source>modifica anche le song senza la firma del produttore</source>
+        <translation>modifica anche le song senza la firma del produttore</translation>
+    </message>
+    <message>
+        <source>la cartella di destinazione, in una memoria</source>
+        <translation>la cartella di destinazione, in una memoria</translation>
+    </message>
+    <message>
+        <source>sostituisce i file che ci sono già</source>
+        <translation>sostituisce i file che ci sono già</translation>
+    </message>
+    <message>
+        <source>accorcia i nomi troppo lunghi per il player</source>
+        <translation>accorcia i nomi troppo lunghi per il player</translation>
+    </message>
+    <message>
+        <source>l&apos;ordine dell&apos;elenco</source>
+        <translation>l&apos;ordine dell&apos;elenco</translation>
+    </message>
+    <message>
+        <source>una tabella con i campi separati da &quot;;&quot;</source>
+        <translation>una tabella con i campi separati da &quot;;&quot;</translation>
+    </message>
+    <message>
+        <source>un oggetto JSON per riga; i nomi sono nella pagina di manuale</source>
+        <translation>un oggetto JSON per riga; i nomi sono nella pagina di manuale</translation>
+    </message>
+    <message>
+        <source>legge altri nomi dallo standard input, ognuno chiuso da un byte zero</source>
+        <translation>legge altri nomi dallo standard input, ognuno chiuso da un byte zero</translation>
+    </message>
+    <message>
+        <source>Esempi:</source>
+        <translation>Esempi:</translation>
+    </message>
+    <message>
+        <source>Uso:</source>
+        <translation>Uso:</translation>
+    </message>
+    <message>
+        <source>Opzioni:</source>
+        <translation>Opzioni:</translation>
+    </message>
+    <message>
+        <source>mostra questo aiuto</source>
+        <translation>mostra questo aiuto</translation>
+    </message>
+    <message>
+        <source>mostra la versione</source>
+        <translation>mostra la versione</translation>
+    </message>
+    <message>
+        <source>dopo ci sono solo nomi di file</source>
+        <translation>dopo ci sono solo nomi di file</translation>
+    </message>
+    <message>
+        <source>Le domande senza risposta nelle opzioni si fanno solo su un terminale; altrove valgono come no.
+Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.</source>
+        <translation>Le domande senza risposta nelle opzioni si fanno solo su un terminale; altrove valgono come no.
+Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.</translation>
+    </message>
+</context>
+<context>
+    <name>IndexCommand</name>
+    <message>
+        <source>%1: la memoria non è in ordine</source>
+        <translation>%1: la memoria non è in ordine</translation>
+    </message>
+    <message>
+        <source>Aggiornamento database</source>
+        <translation>Aggiornamento database</translation>
+    </message>
+    <message>
+        <source>Nessuna song nella memoria</source>
+        <translation>Nessuna song nella memoria</translation>
+    </message>
+</context>
+<context>
+    <name>ListCommand</name>
+    <message>
+        <source>Il database della memoria è danneggiato</source>
+        <translation>Il database della memoria è danneggiato</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryCheck</name>
+    <message>
+        <source>%1 byte non sono un numero intero di record</source>
+        <translation>%1 byte non sono un numero intero di record</translation>
+    </message>
+    <message>
+        <source>Il file manca o non è leggibile: la memoria non ha un database completo</source>
+        <translation>Il file manca o non è leggibile: la memoria non ha un database completo</translation>
+    </message>
+    <message>
+        <source>Troppe song: %1</source>
+        <translation>Troppe song: %1</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 ha un numero di song sbagliato: %3</source>
+        <translation>Il record %1 di %2 ha un numero di song sbagliato: %3</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non finisce con zeri</source>
+        <translation>Il record %1 di %2 non finisce con zeri</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non è un percorso della memoria</source>
+        <translation>Il record %1 di %2 non è un percorso della memoria</translation>
+    </message>
+    <message>
+        <source>La song è elencata due volte</source>
+        <translation>La song è elencata due volte</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non ha una data</source>
+        <translation>Il record %1 di %2 non ha una data</translation>
+    </message>
+    <message>
+        <source>Il file non c&apos;è</source>
+        <translation>Il file non c&apos;è</translation>
+    </message>
+    <message>
+        <source>Il file è stato modificato dopo l&apos;aggiornamento</source>
+        <translation>Il file è stato modificato dopo l&apos;aggiornamento</translation>
+    </message>
+    <message>
+        <source>La song non è nel database</source>
+        <translation>La song non è nel database</translation>
+    </message>
+    <message>
+        <source>La dimensione non corrisponde al numero di song</source>
+        <translation>La dimensione non corrisponde al numero di song</translation>
+    </message>
+    <message>
+        <source>Non elenca ogni song una volta</source>
+        <translation>Non elenca ogni song una volta</translation>
+    </message>
+    <message>
+        <source>%1 è al posto sbagliato</source>
+        <translation>%1 è al posto sbagliato</translation>
+    </message>
+    <message>
+        <source>Il titolo del record %1 non finisce con zeri</source>
+        <translation>Il titolo del record %1 non finisce con zeri</translation>
+    </message>
+    <message>
+        <source>Il formato del record %1 non esiste</source>
+        <translation>Il formato del record %1 non esiste</translation>
+    </message>
+    <message>
+        <source>Il record %1, %2, è al posto sbagliato</source>
+        <translation>Il record %1, %2, è al posto sbagliato</translation>
+    </message>
+    <message>
+        <source>La song %1 del record %2 è elencata due volte o non ha un file</source>
+        <translation>La song %1 del record %2 è elencata due volte o non ha un file</translation>
+    </message>
+    <message>
+        <source>La song %1 è diversa che in %2</source>
+        <translation>La song %1 è diversa che in %2</translation>
+    </message>
+    <message>
+        <source>Song mancanti alla fine: %1</source>
+        <translation>Song mancanti alla fine: %1</translation>
+    </message>
+    <message>
+        <source>Song mancanti prima del gruppo %1: %2</source>
+        <translation>Song mancanti prima del gruppo %1: %2</translation>
+    </message>
+    <message>
+        <source>Il gruppo %1 conta male le song del gruppo precedente: %2 invece di %3</source>
+        <translation>Il gruppo %1 conta male le song del gruppo precedente: %2 invece di %3</translation>
+    </message>
+    <message>
+        <source>L&apos;inizio del gruppo nel record %1 è danneggiato</source>
+        <translation>L&apos;inizio del gruppo nel record %1 è danneggiato</translation>
+    </message>
+    <message>
+        <source>Il gruppo %1 c&apos;è due volte</source>
+        <translation>Il gruppo %1 c&apos;è due volte</translation>
+    </message>
+    <message>
+        <source>Il record %1 è una song in più di quelle del suo gruppo</source>
+        <translation>Il record %1 è una song in più di quelle del suo gruppo</translation>
+    </message>
+    <message>
+        <source>La song %1 del record %2 è elencata due volte o è diversa che in %3</source>
+        <translation>La song %1 del record %2 è elencata due volte o è diversa che in %3</translation>
+    </message>
+    <message>
+        <source>La song %1 è in un altro gruppo che in %2</source>
+        <translation>La song %1 è in un altro gruppo che in %2</translation>
+    </message>
+    <message>
+        <source>%1 byte invece di %2</source>
+        <translation>%1 byte invece di %2</translation>
+    </message>
+    <message>
+        <source>L&apos;iniziale %1 porta al posto sbagliato</source>
+        <translation>L&apos;iniziale %1 porta al posto sbagliato</translation>
+    </message>
+    <message>
+        <source>I numeri di song, interpreti e generi non sono quelli degli elenchi</source>
+        <translation>I numeri di song, interpreti e generi non sono quelli degli elenchi</translation>
+    </message>
+    <message>
+        <source>La song %1 della playlist non è nella memoria</source>
+        <translation>La song %1 della playlist non è nella memoria</translation>
+    </message>
+</context>
+<context>
+    <name>PeopleWriter</name>
+    <message>
+        <source>Formato</source>
+        <translation>Formato</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titolo</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interprete</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genere</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Autore</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Durata</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Tonalità</translation>
+    </message>
+    <message>
+        <source>Firma</source>
+        <translation>Firma</translation>
+    </message>
+    <message>
+        <source>sì</source>
+        <translation>sì</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>no</translation>
+    </message>
+    <message>
+        <source>%1: non è nel catalogo</source>
+        <translation>%1: non è nel catalogo</translation>
+    </message>
+    <message>
+        <source>%1: nessuna modifica</source>
+        <translation>%1: nessuna modifica</translation>
+    </message>
+    <message>
+        <source>(vuoto)</source>
+        <translation>(vuoto)</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Marker</translation>
+    </message>
+    <message>
+        <source>Marker attivi</source>
+        <translation>Marker attivi</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>aiuto: kavena %1--help</source>
+        <translation>aiuto: kavena %1--help</translation>
+    </message>
+    <message>
+        <source>Non tutti i dati hanno potuto essere scritti sullo standard output</source>
+        <translation>Non tutti i dati hanno potuto essere scritti sullo standard output</translation>
+    </message>
+</context>
+<context>
+    <name>SetCommand</name>
+    <message>
+        <source>Modifica</source>
+        <translation>Modifica</translation>
+    </message>
+</context>
+<context>
+    <name>ShowCommand</name>
+    <message>
+        <source>Lettura</source>
+        <translation>Lettura</translation>
+    </message>
+</context>
+<context>
+    <name>SongPaths</name>
+    <message>
+        <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
+        <translation>Il nome non è in UTF-8 e il file non può essere aperto</translation>
+    </message>
+</context>
+<context>
+    <name>SyncCommand</name>
+    <message>
+        <source>Il catalogo non può essere aperto</source>
+        <translation>Il catalogo non può essere aperto</translation>
+    </message>
+    <message>
+        <source>Sincronizzazione</source>
+        <translation>Sincronizzazione</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>Backup</translation>
+    </message>
+    <message>
+        <source>La song non ha la firma del produttore. Modificarla?</source>
+        <translation>La song non ha la firma del produttore. Modificarla?</translation>
+    </message>
+    <message>
+        <source>%1: non modificata, senza la firma del produttore</source>
+        <translation>%1: non modificata, senza la firma del produttore</translation>
+    </message>
+</context>
+<context>
+    <name>Terminal</name>
+    <message>
+        <source>Interrotto</source>
+        <translation>Interrotto</translation>
+    </message>
+    <message>
+        <source>Senza terminale la risposta è no: %1</source>
+        <translation>Senza terminale la risposta è no: %1</translation>
+    </message>
+    <message>
+        <source>Senza terminale la risposta è no (%1 yes la cambia): %2</source>
+        <translation>Senza terminale la risposta è no (%1 yes la cambia): %2</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>n</source>
+        <translation>n</translation>
+    </message>
+    <message>
+        <source>[%1 = sì, %2 = sì a tutti, %3 = no, %4 = no a tutti]</source>
+        <translation>[%1 = sì, %2 = sì a tutti, %3 = no, %4 = no a tutti]</translation>
     </message>
 </context>
 </TS>

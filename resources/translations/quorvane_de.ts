@@ -175,11 +175,11 @@ Songs, die nicht lesbar sind: %4</translation>
     <name>DataEditDialog</name>
     <message>
         <source>Modifica dati song</source>
-        <translation>Songdaten bearbeiten</translation>
+        <translation>Song bearbeiten</translation>
     </message>
     <message>
         <source>Percorso file:</source>
-        <translation>Dateipfad:</translation>
+        <translation>Datei:</translation>
     </message>
     <message>
         <source>Formato:</source>
@@ -187,7 +187,7 @@ Songs, die nicht lesbar sind: %4</translation>
     </message>
     <message>
         <source>Modifica i dati della Song:</source>
-        <translation>Songdaten bearbeiten:</translation>
+        <translation>Angaben zum Song:</translation>
     </message>
     <message>
         <source>Titolo Song:</source>
@@ -285,23 +285,23 @@ Songs, die nicht lesbar sind: %4</translation>
     <name>Index</name>
     <message>
         <source>verrà rinominato: </source>
-        <translation>wird umbenannt in: </translation>
+        <translation>Soll sie umbenannt werden? Neuer Name: </translation>
     </message>
     <message>
         <source>Se il file non viene rinominato, è possibile che non venga rilevato da Kavena.</source>
-        <translation>Wird die Datei nicht umbenannt, findet RB27 sie möglicherweise nicht.</translation>
+        <translation>Wird sie nicht umbenannt, findet RB27 sie möglicherweise nicht.</translation>
     </message>
     <message>
         <source>File non importato, errore nel path:</source>
-        <translation>Datei nicht aufgenommen, Fehler im Pfad:</translation>
+        <translation>Datei nicht aufgenommen, Fehler bei Ordner oder Name:</translation>
     </message>
     <message>
         <source>File non importato, path troppo lungo: </source>
-        <translation>Datei nicht aufgenommen, Pfad zu lang: </translation>
+        <translation>Datei nicht aufgenommen, Ordner und Name zusammen zu lang: </translation>
     </message>
     <message>
         <source>File non importato, troppi file nella memoria: </source>
-        <translation>Datei nicht aufgenommen, zu viele Dateien im Speicher: </translation>
+        <translation>Datei nicht aufgenommen, zu viele Dateien auf dem Speicher: </translation>
     </message>
     <message>
         <source>File non importato, il nome differisce da un altro solo per le maiuscole: </source>
@@ -348,11 +348,11 @@ Songs, die nicht lesbar sind: %4</translation>
     </message>
     <message>
         <source>Ho inserito o eliminato alcune song, aggiorna database</source>
-        <translation>Songs wurden hinzugefügt oder gelöscht: Datenbank &amp;aktualisieren</translation>
+        <translation>Songs wurden hinzugefügt oder gelöscht: Songverzeichnis &amp;aktualisieren</translation>
     </message>
     <message>
         <source>Ho problemi con gli archivi, ricostruisci database</source>
-        <translation>Es gibt Probleme mit den Archiven: Datenbank &amp;neu aufbauen</translation>
+        <translation>Der Player findet Songs nicht: Songverzeichnis &amp;neu aufbauen</translation>
     </message>
     <message>
         <source>Controlla struttura memoria</source>
@@ -388,7 +388,7 @@ Songs, die nicht lesbar sind: %4</translation>
     </message>
     <message>
         <source>Il percorso selezionato non esiste</source>
-        <translation>Der gewählte Pfad existiert nicht</translation>
+        <translation>Den gewählten Ordner gibt es nicht</translation>
     </message>
     <message>
         <source>Durante l&apos;operazione si sono verificati alcuni errori.
@@ -427,7 +427,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Seleziona le basi musicali che desideri inserire nella memoria di Kavena</source>
-        <translation>Wählen Sie die Songs aus, die in den Speicher von RB27 kommen sollen</translation>
+        <translation>Wählen Sie die Songs aus, die auf Karte oder Stick kommen sollen</translation>
     </message>
     <message>
         <source>Sincronizza song con il database K-Ravo</source>
@@ -435,7 +435,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Trasferisci song nella memoria di Kavena</source>
-        <translation>Songs in den Speicher von RB27 übertragen</translation>
+        <translation>Songs auf Karte oder Stick übertragen</translation>
     </message>
     <message>
         <source>Opzioni nascoste</source>
@@ -455,7 +455,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Add Marker</source>
-        <translation>Marker hinzufügen</translation>
+        <translation>Abschnitt hinzufügen</translation>
     </message>
     <message>
         <source>Save</source>
@@ -463,7 +463,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Import again</source>
-        <translation>Erneut importieren</translation>
+        <translation>Erneut einlesen</translation>
     </message>
     <message>
         <source>Hide Debug</source>
@@ -471,7 +471,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Backup</source>
-        <translation>Sicherung</translation>
+        <translation>Songs sichern</translation>
     </message>
     <message>
         <source>Manual Dialog</source>
@@ -527,35 +527,35 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Rigenera il database delle song</source>
-        <translation>Songdatenbank &amp;neu erstellen</translation>
+        <translation>Speicher &amp;optimieren...</translation>
     </message>
     <message>
         <source>Salva lista delle song</source>
-        <translation>Song&amp;liste speichern</translation>
+        <translation>Song&amp;liste speichern...</translation>
     </message>
     <message>
         <source>Aiuto Kavena PC</source>
-        <translation>&amp;Hilfe zu RB27 Utility</translation>
+        <translation>&amp;Hilfe zu RB27 Utility...</translation>
     </message>
     <message>
         <source>Informazioni</source>
-        <translation>&amp;Über RB27 Utility</translation>
+        <translation>&amp;Über RB27 Utility...</translation>
     </message>
     <message>
         <source>Informazioni su QT</source>
-        <translation>Über &amp;Qt</translation>
+        <translation>Über &amp;Qt...</translation>
     </message>
     <message>
         <source>Seleziona i file da importare</source>
-        <translation>Zu importierende Dateien auswählen</translation>
+        <translation>Songs auswählen</translation>
     </message>
     <message>
         <source>Lettura file</source>
-        <translation>Dateien lesen</translation>
+        <translation>Songs einlesen</translation>
     </message>
     <message>
         <source>Importo la libreria...</source>
-        <translation>Bibliothek wird importiert...</translation>
+        <translation>Songs werden eingelesen...</translation>
     </message>
     <message>
         <source>Backup eseguito correttamente</source>
@@ -567,11 +567,11 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Remove from list</source>
-        <translation>Aus der Liste &amp;entfernen</translation>
+        <translation>Aus der &amp;Liste entfernen</translation>
     </message>
     <message>
         <source>Delete file</source>
-        <translation>Datei &amp;löschen</translation>
+        <translation>&amp;Datei löschen...</translation>
     </message>
     <message>
         <source>Attenzione</source>
@@ -583,7 +583,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Interrompi</source>
-        <translation>&amp;Abbrechen</translation>
+        <translation>&amp;Anhalten</translation>
     </message>
     <message>
         <source>%1 di %2</source>
@@ -591,15 +591,15 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Aggiornamento file</source>
-        <translation>Dateien aktualisieren</translation>
+        <translation>Songs synchronisieren</translation>
     </message>
     <message>
         <source>Aggiorno la libreria...</source>
-        <translation>Bibliothek wird aktualisiert...</translation>
+        <translation>Songs werden synchronisiert...</translation>
     </message>
     <message>
         <source>Eseguo backup dellla libreria...</source>
-        <translation>Bibliothek wird gesichert...</translation>
+        <translation>Songs werden gesichert...</translation>
     </message>
     <message>
         <source>esiste già, vuoi sostituirlo?</source>
@@ -623,7 +623,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Aggiornamento database...</source>
-        <translation>Datenbank wird aktualisiert...</translation>
+        <translation>Songverzeichnis wird aktualisiert...</translation>
     </message>
     <message>
         <source>Scegli cartella</source>
@@ -631,7 +631,7 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     </message>
     <message>
         <source>Non è possibile copiare i file sul disco di sistema</source>
-        <translation>Auf den Systemdatenträger können keine Dateien kopiert werden</translation>
+        <translation>Dieser Ordner liegt nicht auf Karte oder Stick</translation>
     </message>
     <message>
         <source>Non è possibile copiare i file sulla cartella principale, creare o selezionare una sottocartella</source>
@@ -644,12 +644,12 @@ Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht sc
     <message>
         <source>Lo spazio libero nella memoria non è sufficiente: mancano %1.
 Si vuole procedere comunque con la copia?</source>
-        <translation>Der freie Platz im Speicher reicht nicht aus: Es fehlen %1.
+        <translation>Der freie Platz auf dem Speicher reicht nicht aus: Es fehlen %1.
 Trotzdem kopieren?</translation>
     </message>
     <message>
         <source>Trasferimento file...</source>
-        <translation>Dateien werden übertragen...</translation>
+        <translation>Songs werden übertragen...</translation>
     </message>
     <message>
         <source>Mostra le modifiche prima di sincronizzare</source>
@@ -664,16 +664,12 @@ Trotzdem kopieren?</translation>
         <translation>Übersprungene Songs: %1</translation>
     </message>
     <message>
-        <source>Song non riuscite: %1</source>
-        <translation>Fehlgeschlagene Songs: %1</translation>
-    </message>
-    <message>
         <source>Song non più copiate dopo l&apos;interruzione: %1</source>
-        <translation>Nach dem Abbrechen nicht mehr kopierte Songs: %1</translation>
+        <translation>Nach dem Anhalten nicht mehr kopierte Songs: %1</translation>
     </message>
     <message>
         <source>Il database della memoria non è stato aggiornato.</source>
-        <translation>Die Datenbank des Speichers wurde nicht aktualisiert.</translation>
+        <translation>Das Songverzeichnis des Speichers wurde nicht aktualisiert.</translation>
     </message>
     <message>
         <source>esiste già un file con questo nome</source>
@@ -704,16 +700,12 @@ Trotzdem kopieren?</translation>
         <translation>Songs &amp;auswählen...</translation>
     </message>
     <message>
-        <source>Si&amp;ncronizza song</source>
-        <translation>Songs &amp;synchronisieren</translation>
-    </message>
-    <message>
         <source>&amp;Trasferisci song...</source>
         <translation>Songs über&amp;tragen...</translation>
     </message>
     <message>
         <source>&amp;Modifica dati song...</source>
-        <translation>Songdaten b&amp;earbeiten...</translation>
+        <translation>Song b&amp;earbeiten...</translation>
     </message>
     <message>
         <source>&amp;Rimuovi dalla lista</source>
@@ -735,6 +727,28 @@ Trotzdem kopieren?</translation>
         <source>Cerco le song nelle cartelle...</source>
         <translation>Songs werden in den Ordnern gesucht...</translation>
     </message>
+    <message>
+        <source>Song della memoria con problemi: %1</source>
+        <translation>Songs auf dem Speicher mit Problemen: %1</translation>
+    </message>
+    <message>
+        <source>Aggiornamento file</source>
+        <comment>Apply to all</comment>
+        <translation>Songs bearbeiten</translation>
+    </message>
+    <message>
+        <source>Aggiorno la libreria...</source>
+        <comment>Apply to all</comment>
+        <translation>Songs werden bearbeitet...</translation>
+    </message>
+    <message>
+        <source>Song non copiate (errori): %1</source>
+        <translation>Nicht kopiert (Fehler): %1</translation>
+    </message>
+    <message>
+        <source>Si&amp;ncronizza song...</source>
+        <translation>Songs &amp;synchronisieren...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -748,7 +762,7 @@ Trotzdem kopieren?</translation>
     </message>
     <message>
         <source>Nessuna memoria collegata</source>
-        <translation>Kein Speicher angesteckt</translation>
+        <translation>Kein Speicher angeschlossen</translation>
     </message>
     <message>
         <source>Scegli una memoria</source>
@@ -809,7 +823,7 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
     <name>ProceedDialog</name>
     <message>
         <source>Riassunto importazione</source>
-        <translation>Zusammenfassung des Imports</translation>
+        <translation>Eingelesene Songs</translation>
     </message>
     <message>
         <source>Si vuole procedere alla sincronizzazione automatica con il database?</source>
@@ -829,7 +843,7 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
     </message>
     <message>
         <source>Sono stati esaminti %1 files, trovate %2 songs di cui %3 di (c)K-Ravo</source>
-        <translation>%1 Dateien untersucht, %2 Songs gefunden, davon %3 von © K-Ravo</translation>
+        <translation>Untersuchte Dateien: %1, gefundene Songs: %2, davon von © K-Ravo: %3</translation>
     </message>
 </context>
 <context>
@@ -840,7 +854,7 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
     </message>
     <message>
         <source>CF/USB:</source>
-        <translation>&amp;CF/USB:</translation>
+        <translation>&amp;Ordner:</translation>
     </message>
     <message>
         <source>Browse</source>
@@ -880,11 +894,11 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
     </message>
     <message>
         <source>Il percorso selezionato non esiste</source>
-        <translation>Der gewählte Pfad existiert nicht</translation>
+        <translation>Den gewählten Ordner gibt es nicht</translation>
     </message>
     <message>
         <source>Il percorso di destinazione non esiste</source>
-        <translation>Der Zielpfad existiert nicht</translation>
+        <translation>Den Zielordner gibt es nicht</translation>
     </message>
     <message>
         <source>Operazione completata</source>
@@ -911,7 +925,7 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
     <name>SortMenu</name>
     <message>
         <source>Ordine di importazione</source>
-        <translation>Reihenfolge des Imports</translation>
+        <translation>Reihenfolge des Einlesens</translation>
     </message>
 </context>
 <context>
@@ -1125,7 +1139,7 @@ Bitte schaffen Sie Platz und versuchen Sie es noch einmal.</translation>
         <source>Il database delle song non può essere aperto: le song non possono essere elencate, sincronizzate o trasferite.
 
 Controllare che nella cartella dei file temporanei (%1) ci sia spazio e che vi si possa scrivere, poi riavviare il programma.</source>
-        <translation>Die Songdatenbank lässt sich nicht öffnen: Songs können weder aufgelistet noch synchronisiert noch übertragen werden.
+        <translation>Die Songliste lässt sich nicht öffnen: Songs können weder aufgelistet noch synchronisiert noch übertragen werden.
 
 Bitte prüfen Sie, ob im Ordner für vorübergehende Dateien (%1) Platz ist und ob darin geschrieben werden darf, und starten Sie das Programm dann neu.</translation>
     </message>
@@ -1181,7 +1195,7 @@ Bitte installieren Sie das Programm neu.</translation>
     </message>
     <message>
         <source>I dati sono troppi per questo formato</source>
-        <translation>Zu viele Daten für dieses Format</translation>
+        <translation>Die Angaben sind zu lang für dieses Format</translation>
     </message>
     <message>
         <source>Il file non è leggibile</source>
@@ -1207,11 +1221,11 @@ Bitte installieren Sie das Programm neu.</translation>
     <name>RunReportBox</name>
     <message>
         <source>Aggiornamento file</source>
-        <translation>Dateien aktualisieren</translation>
+        <translation>Songs speichern</translation>
     </message>
     <message>
         <source>&amp;Dettagli...</source>
-        <translation>&amp;Details...</translation>
+        <translation>&amp;Songs anzeigen...</translation>
     </message>
     <message>
         <source>Nella lista hanno un segnale di avviso. Tenendovi sopra il mouse si legge il motivo.</source>
@@ -1219,11 +1233,468 @@ Bitte installieren Sie das Programm neu.</translation>
     </message>
     <message>
         <source>Dettagli</source>
-        <translation>Details</translation>
+        <translation>Betroffene Songs</translation>
     </message>
     <message>
         <source>Queste &amp;song non sono a posto:</source>
         <translation>Bei diesen &amp;Songs ging etwas schief:</translation>
+    </message>
+</context>
+<context>
+    <name>Arguments</name>
+    <message>
+        <source>Argomento sconosciuto: %1</source>
+        <translation>Unbekanntes Argument: %1</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione vuole un solo valore: %1</source>
+        <translation>Die Option braucht genau einen Wert: %1</translation>
+    </message>
+    <message>
+        <source>Valore non valido per %1: %2</source>
+        <translation>Ungültiger Wert für %1: %2</translation>
+    </message>
+    <message>
+        <source>Manca il comando</source>
+        <translation>Es fehlt der Befehl</translation>
+    </message>
+    <message>
+        <source>Manca il dato da modificare, per esempio --title</source>
+        <translation>Es fehlt, was geändert werden soll, zum Beispiel --title</translation>
+    </message>
+    <message>
+        <source>Manca la cartella di destinazione: --to CARTELLA</source>
+        <translation>Es fehlt der Zielordner: --to ORDNER</translation>
+    </message>
+    <message>
+        <source>Manca un argomento</source>
+        <translation>Es fehlt ein Argument</translation>
+    </message>
+    <message>
+        <source>Mancano i file</source>
+        <translation>Es fehlen die Dateien</translation>
+    </message>
+    <message>
+        <source>Troppi argomenti</source>
+        <translation>Zu viele Argumente</translation>
+    </message>
+    <message>
+        <source>--json e --csv non vanno insieme</source>
+        <translation>--json und --csv gehen nicht zusammen</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueCommand</name>
+    <message>
+        <source>Il catalogo non può essere aperto</source>
+        <translation>Der Katalog lässt sich nicht öffnen</translation>
+    </message>
+    <message>
+        <source>Non è nel catalogo</source>
+        <translation>Steht nicht im Katalog</translation>
+    </message>
+</context>
+<context>
+    <name>Help</name>
+    <message>
+        <source>titolo</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>interprete</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>genere</source>
+        <translation>Musikrichtung</translation>
+    </message>
+    <message>
+        <source>autore</source>
+        <translation>Autor</translation>
+    </message>
+    <message>
+        <source>tonalità, per esempio C, F# o A-; vuota per nessuna</source>
+        <translation>Tonart, zum Beispiel C, F# oder A-; leer für keine</translation>
+    </message>
+    <message>
+        <source>tempo, da 0 a 999; 0 per nessuno</source>
+        <translation>Tempo, 0 bis 999; 0 für keines</translation>
+    </message>
+    <message>
+        <source>durata in minuti e secondi</source>
+        <translation>Dauer in Minuten und Sekunden</translation>
+    </message>
+    <message>
+        <source>copia prima le song in una nuova cartella in DIR</source>
+        <translation>kopiert die Songs zuerst in einen neuen Ordner in DIR</translation>
+    </message>
+    <message>
+        <source>mostra le modifiche e non scrive niente</source>
+        <translation>zeigt die Änderungen und schreibt nichts</translation>
+    </message>
+    <message>
+        <source>modifica anche le song senza la firma del produttore</source>
+        <translation>ändert auch Songs ohne die Signatur des Herstellers</translation>
+    </message>
+    <message>
+        <source>la cartella di destinazione, in una memoria</source>
+        <translation>der Zielordner, auf einem Speicher</translation>
+    </message>
+    <message>
+        <source>sostituisce i file che ci sono già</source>
+        <translation>ersetzt Dateien, die es dort schon gibt</translation>
+    </message>
+    <message>
+        <source>accorcia i nomi troppo lunghi per il player</source>
+        <translation>kürzt Namen, die für den Player zu lang sind</translation>
+    </message>
+    <message>
+        <source>l&apos;ordine dell&apos;elenco</source>
+        <translation>die Reihenfolge der Liste</translation>
+    </message>
+    <message>
+        <source>una tabella con i campi separati da &quot;;&quot;</source>
+        <translation>eine Tabelle, Felder durch &quot;;&quot; getrennt</translation>
+    </message>
+    <message>
+        <source>un oggetto JSON per riga; i nomi sono nella pagina di manuale</source>
+        <translation>ein JSON-Objekt je Zeile; die Namen stehen in der Handbuchseite</translation>
+    </message>
+    <message>
+        <source>legge altri nomi dallo standard input, ognuno chiuso da un byte zero</source>
+        <translation>liest weitere Namen aus der Standardeingabe, jeder mit einem Nullbyte beendet</translation>
+    </message>
+    <message>
+        <source>Esempi:</source>
+        <translation>Beispiele:</translation>
+    </message>
+    <message>
+        <source>Uso:</source>
+        <translation>Aufruf:</translation>
+    </message>
+    <message>
+        <source>Opzioni:</source>
+        <translation>Optionen:</translation>
+    </message>
+    <message>
+        <source>mostra questo aiuto</source>
+        <translation>zeigt diese Hilfe</translation>
+    </message>
+    <message>
+        <source>mostra la versione</source>
+        <translation>zeigt die Version</translation>
+    </message>
+    <message>
+        <source>dopo ci sono solo nomi di file</source>
+        <translation>danach folgen nur Dateinamen</translation>
+    </message>
+    <message>
+        <source>Le domande senza risposta nelle opzioni si fanno solo su un terminale; altrove valgono come no.
+Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.</source>
+        <translation>Fragen, die keine Option beantwortet, werden nur an einem Terminal gestellt; sonst gelten sie als Nein.
+Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan.</translation>
+    </message>
+</context>
+<context>
+    <name>IndexCommand</name>
+    <message>
+        <source>%1: la memoria non è in ordine</source>
+        <translation>%1: Der Speicher ist nicht in Ordnung</translation>
+    </message>
+    <message>
+        <source>Aggiornamento database</source>
+        <translation>Songverzeichnis wird aktualisiert</translation>
+    </message>
+    <message>
+        <source>Nessuna song nella memoria</source>
+        <translation>Keine Songs auf dem Speicher</translation>
+    </message>
+</context>
+<context>
+    <name>ListCommand</name>
+    <message>
+        <source>Il database della memoria è danneggiato</source>
+        <translation>Das Songverzeichnis ist beschädigt</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryCheck</name>
+    <message>
+        <source>%1 byte non sono un numero intero di record</source>
+        <translation>%1 Bytes sind keine ganze Zahl von Datensätzen</translation>
+    </message>
+    <message>
+        <source>Il file manca o non è leggibile: la memoria non ha un database completo</source>
+        <translation>Die Datei fehlt oder ist nicht lesbar: Der Speicher hat kein vollständiges Songverzeichnis</translation>
+    </message>
+    <message>
+        <source>Troppe song: %1</source>
+        <translation>Zu viele Songs: %1</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 ha un numero di song sbagliato: %3</source>
+        <translation>Datensatz %1 von %2 hat eine falsche Songnummer: %3</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non finisce con zeri</source>
+        <translation>Datensatz %1 von %2 endet nicht mit Nullen</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non è un percorso della memoria</source>
+        <translation>Datensatz %1 von %2 nennt keine Datei auf dem Speicher</translation>
+    </message>
+    <message>
+        <source>La song è elencata due volte</source>
+        <translation>Der Song ist zweimal aufgeführt</translation>
+    </message>
+    <message>
+        <source>Il record %1 di %2 non ha una data</source>
+        <translation>Datensatz %1 von %2 hat kein Datum</translation>
+    </message>
+    <message>
+        <source>Il file non c&apos;è</source>
+        <translation>Die Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>Il file è stato modificato dopo l&apos;aggiornamento</source>
+        <translation>Die Datei wurde nach der Aktualisierung geändert</translation>
+    </message>
+    <message>
+        <source>La song non è nel database</source>
+        <translation>Der Song steht nicht im Songverzeichnis</translation>
+    </message>
+    <message>
+        <source>La dimensione non corrisponde al numero di song</source>
+        <translation>Die Größe passt nicht zur Anzahl der Songs</translation>
+    </message>
+    <message>
+        <source>Non elenca ogni song una volta</source>
+        <translation>Führt nicht jeden Song einmal auf</translation>
+    </message>
+    <message>
+        <source>%1 è al posto sbagliato</source>
+        <translation>%1 steht am falschen Platz</translation>
+    </message>
+    <message>
+        <source>Il titolo del record %1 non finisce con zeri</source>
+        <translation>Der Titel in Datensatz %1 endet nicht mit Nullen</translation>
+    </message>
+    <message>
+        <source>Il formato del record %1 non esiste</source>
+        <translation>Das Format in Datensatz %1 gibt es nicht</translation>
+    </message>
+    <message>
+        <source>Il record %1, %2, è al posto sbagliato</source>
+        <translation>Datensatz %1, %2, steht am falschen Platz</translation>
+    </message>
+    <message>
+        <source>La song %1 del record %2 è elencata due volte o non ha un file</source>
+        <translation>Song %1 in Datensatz %2 ist zweimal aufgeführt oder hat keine Datei</translation>
+    </message>
+    <message>
+        <source>La song %1 è diversa che in %2</source>
+        <translation>Song %1 ist anders als in %2</translation>
+    </message>
+    <message>
+        <source>Song mancanti alla fine: %1</source>
+        <translation>Am Ende fehlende Songs: %1</translation>
+    </message>
+    <message>
+        <source>Song mancanti prima del gruppo %1: %2</source>
+        <translation>Vor der Gruppe %1 fehlende Songs: %2</translation>
+    </message>
+    <message>
+        <source>Il gruppo %1 conta male le song del gruppo precedente: %2 invece di %3</source>
+        <translation>Die Gruppe %1 zählt die Songs der Gruppe davor falsch: %2 statt %3</translation>
+    </message>
+    <message>
+        <source>L&apos;inizio del gruppo nel record %1 è danneggiato</source>
+        <translation>Der Anfang der Gruppe in Datensatz %1 ist beschädigt</translation>
+    </message>
+    <message>
+        <source>Il gruppo %1 c&apos;è due volte</source>
+        <translation>Die Gruppe %1 gibt es zweimal</translation>
+    </message>
+    <message>
+        <source>Il record %1 è una song in più di quelle del suo gruppo</source>
+        <translation>Datensatz %1 ist ein Song mehr, als seine Gruppe hat</translation>
+    </message>
+    <message>
+        <source>La song %1 del record %2 è elencata due volte o è diversa che in %3</source>
+        <translation>Song %1 in Datensatz %2 ist zweimal aufgeführt oder anders als in %3</translation>
+    </message>
+    <message>
+        <source>La song %1 è in un altro gruppo che in %2</source>
+        <translation>Song %1 steht in einer anderen Gruppe als in %2</translation>
+    </message>
+    <message>
+        <source>%1 byte invece di %2</source>
+        <translation>%1 Bytes statt %2</translation>
+    </message>
+    <message>
+        <source>L&apos;iniziale %1 porta al posto sbagliato</source>
+        <translation>Der Anfangsbuchstabe %1 führt an die falsche Stelle</translation>
+    </message>
+    <message>
+        <source>I numeri di song, interpreti e generi non sono quelli degli elenchi</source>
+        <translation>Die Anzahlen der Songs, Interpreten und Musikrichtungen sind nicht die der Listen</translation>
+    </message>
+    <message>
+        <source>La song %1 della playlist non è nella memoria</source>
+        <translation>Song %1 der Playlist ist nicht auf dem Speicher</translation>
+    </message>
+</context>
+<context>
+    <name>PeopleWriter</name>
+    <message>
+        <source>Formato</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Autor</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Tonart</translation>
+    </message>
+    <message>
+        <source>Firma</source>
+        <translation>Signatur</translation>
+    </message>
+    <message>
+        <source>sì</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>%1: non è nel catalogo</source>
+        <translation>%1: nicht im Katalog</translation>
+    </message>
+    <message>
+        <source>%1: nessuna modifica</source>
+        <translation>%1: keine Änderung</translation>
+    </message>
+    <message>
+        <source>(vuoto)</source>
+        <translation>(leer)</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Abschnitte</translation>
+    </message>
+    <message>
+        <source>Marker attivi</source>
+        <translation>Angezeigt</translation>
+    </message>
+</context>
+<context>
+    <name>Program</name>
+    <message>
+        <source>aiuto: kavena %1--help</source>
+        <translation>Hilfe: kavena %1--help</translation>
+    </message>
+    <message>
+        <source>Non tutti i dati hanno potuto essere scritti sullo standard output</source>
+        <translation>Die Standardausgabe konnte nicht vollständig geschrieben werden</translation>
+    </message>
+</context>
+<context>
+    <name>SetCommand</name>
+    <message>
+        <source>Modifica</source>
+        <translation>Ändere</translation>
+    </message>
+</context>
+<context>
+    <name>ShowCommand</name>
+    <message>
+        <source>Lettura</source>
+        <translation>Lese</translation>
+    </message>
+</context>
+<context>
+    <name>SongPaths</name>
+    <message>
+        <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
+        <translation>Der Name ist nicht in UTF-8, und die Datei lässt sich nicht öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>SyncCommand</name>
+    <message>
+        <source>Il catalogo non può essere aperto</source>
+        <translation>Der Katalog lässt sich nicht öffnen</translation>
+    </message>
+    <message>
+        <source>Sincronizzazione</source>
+        <translation>Synchronisiere</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>Sicherung</translation>
+    </message>
+    <message>
+        <source>La song non ha la firma del produttore. Modificarla?</source>
+        <translation>Der Song hat nicht die Signatur des Herstellers. Ändern?</translation>
+    </message>
+    <message>
+        <source>%1: non modificata, senza la firma del produttore</source>
+        <translation>%1: nicht geändert, ohne Signatur des Herstellers</translation>
+    </message>
+</context>
+<context>
+    <name>Terminal</name>
+    <message>
+        <source>Interrotto</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Senza terminale la risposta è no: %1</source>
+        <translation>Ohne Terminal ist die Antwort Nein: %1</translation>
+    </message>
+    <message>
+        <source>Senza terminale la risposta è no (%1 yes la cambia): %2</source>
+        <translation>Ohne Terminal ist die Antwort Nein (%1 yes ändert das): %2</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>j</translation>
+    </message>
+    <message>
+        <source>n</source>
+        <translation>n</translation>
+    </message>
+    <message>
+        <source>[%1 = sì, %2 = sì a tutti, %3 = no, %4 = no a tutti]</source>
+        <translation>[%1 = ja, %2 = ja für alle, %3 = nein, %4 = nein für alle]</translation>
     </message>
 </context>
 </TS>

@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QDirIterator>
+#include <QElapsedTimer>
 #include <QTest>
 
 namespace
@@ -74,6 +75,7 @@ private slots:
     void secondSongOfANameGoesIntoItsFoldersOwn();
     void letterCaseAndAccentsDoNotTellNamesApart();
     void foldersOfOneNameAreNumbered();
+    void thousandsOfEqualNamesArePlannedAtOnce();
     void folderNeverHasTheNameOfASong();
     void picturesCompeteLikeSongs();
     void songListedTwiceIsCopiedOnce();
@@ -84,11 +86,14 @@ private slots:
     void progressCountsThroughAllFolders();
     void stoppedCopyCountsNothing();
     void folderThatCannotBeMadeFailsTheBackup();
+    void folderThatIsNotMadeForCertainFailsTheBackup();
+    void failedBackupTellsWhySongsAreMissing();
 
 private:
     QString backUpThroughTheWindow(const QStringList &files);
 
     QStringList m_messages;
+    QString m_details; ///< of the last message
     int m_questions = 0;
 };
 
@@ -123,6 +128,20 @@ void TestBackupPlan::foldersOfOneNameAreNumbered()
                       s("/a/Rock/1.mid"), s("/c/Rock/x.mid")}),
              QStringList({s(": /1/x.mid /b/rock/1.mid"), s("Rock: /a/Rock/x.mid /a/Rock/1.mid"),
                           s("rock (2): /b/rock/x.mid"), s("Rock (3): /c/Rock/x.mid")}));
+}
+
+void TestBackupPlan::thousandsOfEqualNamesArePlannedAtOnce()
+{
+    constexpr int songs = 8000;
+    QStringList files;
+    for (int i = 0; i < songs; ++i)
+        files << s("/%1/Rock/x.mid").arg(i);
+    QElapsedTimer timer;
+    timer.start();
+    const BackupPlan plan(files);
+    QVERIFY2(timer.elapsed() < 10000, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(plan.batches().size(), songs);
+    QCOMPARE(plan.batches().constLast().folder, s("Rock (%1)").arg(songs - 1));
 }
 
 void TestBackupPlan::folderNeverHasTheNameOfASong()
@@ -160,6 +179,12 @@ QString TestBackupPlan::backUpThroughTheWindow(const QStringList &files)
     WindowUnderTest window;
     window.setSelectedFiles(files);
     UserDriver user;
+    m_details.clear();
+    user.add([this](QWidget *modal) {
+        if (const auto *const box = qobject_cast<QMessageBox *>(modal))
+            m_details = box->detailedText();
+        return false;
+    });
     user.pressInMessageBoxes(QMessageBox::Ok);
     user.add([this](QWidget *modal) {
         auto *const question = qobject_cast<NoCopyrightDialog *>(modal);
@@ -271,6 +296,30 @@ void TestBackupPlan::folderThatCannotBeMadeFailsTheBackup()
     QVERIFY(!LibraryBackup::copyFiles({s("/a/1.mid"), s("/b/1.mid")}, m_work->path(), copied,
                                       progress, copy));
     QCOMPARE(copied, 1);
+}
+
+void TestBackupPlan::folderThatIsNotMadeForCertainFailsTheBackup()
+{
+    QVERIFY(QFile(m_work->filePath(s("b"))).open(QFile::WriteOnly));
+    CountedProgress progress;
+    int copied = -1;
+    const auto copy = [](const QStringList &list, const QString &, int &arrived, Progress &) {
+        arrived = static_cast<int>(list.size());
+        return true;
+    };
+    QVERIFY(!LibraryBackup::copyFiles({s("/a/1.mid"), s("/b/1.mid")}, m_work->path(), copied,
+                                      progress, copy));
+    QCOMPARE(copied, 1);
+}
+
+void TestBackupPlan::failedBackupTellsWhySongsAreMissing()
+{
+    const SongFolder songs;
+    const QString here = songs.midi(s("here.mid"), "Here");
+    const QString folder = backUpThroughTheWindow({here, songs.path() + s("/gone.mid")});
+    QCOMPARE(m_messages, QStringList(s("Backup: Backup FALLITO !!!")));
+    QCOMPARE(m_details, s("gone.mid: il file non c'è più"));
+    QCOMPARE(filesBelow(folder), QStringList(s("here.mid")));
 }
 
 int main(int argc, char *argv[])

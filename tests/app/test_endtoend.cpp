@@ -249,7 +249,7 @@ void TestEndToEnd::transfer(const QString &destination)
     QCOMPARE(user.messages().first(), QStringLiteral("Trasferimento: Tutti i file sono stati "
                                                      "copiati correttamente"));
     QVERIFY(user.messages().last().startsWith(QStringLiteral("Trasferimento: Song copiate: ")));
-    QVERIFY(user.messages().last().endsWith(QStringLiteral("\nSong non riuscite: 0")));
+    QVERIFY(user.messages().last().endsWith(QStringLiteral("\nSong non copiate (errori): 0")));
     QVERIFY(QApplication::activeModalWidget() == nullptr);
 }
 

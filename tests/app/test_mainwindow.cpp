@@ -389,8 +389,8 @@ void TestMainWindow::textsFollowTheLanguage()
     QCOMPARE(header(window, 2), QStringLiteral("Titel"));
     QCOMPARE(header(window, 10), QStringLiteral("Dateiname"));
     QCOMPARE(textsOf(window.child<QMenu>("menuHelp")->actions()),
-             (QStringList{QStringLiteral("&Hilfe zu RB27 Utility"),
-                          QStringLiteral("&Über RB27 Utility"), QStringLiteral("Über &Qt")}));
+             (QStringList{QStringLiteral("&Hilfe zu RB27 Utility..."),
+                          QStringLiteral("&Über RB27 Utility..."), QStringLiteral("Über &Qt...")}));
     changeLanguage(window, "actionEnglish");
     QCOMPARE(window.windowTitle(), QStringLiteral("RB27 Utility"));
     QCOMPARE(header(window, 2), QStringLiteral("Title"));

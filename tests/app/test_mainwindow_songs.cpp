@@ -324,7 +324,7 @@ void TestMainWindowSongs::transferGoesThroughTheWindow()
              QStringList({QStringLiteral("Trasferimento: Tutti i file sono stati copiati "
                                          "correttamente"),
                           QStringLiteral("Trasferimento: Song copiate: 2\nSong saltate: 0\n"
-                                         "Song non riuscite: 0")}));
+                                         "Song non copiate (errori): 0")}));
     QVERIFY(QFile::exists(card + QStringLiteral("/songs/a.mid")));
     QVERIFY(QFile::exists(card + QStringLiteral("/songs/b.mp3")));
     QVERIFY(!window.updateButton()->isEnabled());

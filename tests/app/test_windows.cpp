@@ -4,7 +4,6 @@
 // the window can get, for people to look at.
 #include "app/mainwindow.h"
 #include "app/statussummary.h"
-#include "library/usersongsreltablemodel.h"
 #include "support/everywindow.h"
 #include "support/ownfolders.h"
 #include "windows/aboutdialog.h"
@@ -21,6 +20,7 @@
 #include "windows/runreportbox.h"
 #include "windows/songslistdialog.h"
 #include "windows/unreadablefilesdialog.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QAbstractSpinBox>
 #include <QApplication>

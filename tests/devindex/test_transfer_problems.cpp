@@ -27,6 +27,7 @@ private slots:
     void songsOfAPulledMemoryHaveTheirReason();
     void companionThatFailedIsNamed();
     void skippedSongsAreNamed();
+    void songsThatThePlayerWillNotFindAreNamed();
 };
 
 void TestTransferProblems::protectedMemoryIsToldAsSuch_data()
@@ -133,6 +134,19 @@ void TestTransferProblems::skippedSongsAreNamed()
              Transfer::Outcome::Complete);
     QVERIFY(m_user.failed.isEmpty());
     QCOMPARE(m_user.skipped, QStringList({QStringLiteral("a.mid"), QStringLiteral("c.mid")}));
+}
+
+void TestTransferProblems::songsThatThePlayerWillNotFindAreNamed()
+{
+    const QString folder = QStringLiteral("/a folder whose name is too long for the player");
+    QVERIFY(QDir().mkdir(m_card->root() + folder));
+    m_user.folder = m_card->root() + folder;
+    m_card->writeOnCard(QStringLiteral("found.mid"), MountedCard::midi("FOUND"));
+    QCOMPARE(transfer({song(QStringLiteral("a.mid"))}), Transfer::Outcome::Complete);
+    QCOMPARE(m_card->indexedPaths(), QStringList(QStringLiteral("/found.mid")));
+    QCOMPARE(m_user.failed, QStringList(QStringLiteral("File non importato, path troppo lungo: ") +
+                                        m_user.folder + QStringLiteral("/a.mid")));
+    QVERIFY(m_user.counts.endsWith(QStringLiteral("\nSong della memoria con problemi: 1")));
 }
 
 int main(int argc, char **argv)

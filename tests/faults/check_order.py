@@ -22,6 +22,7 @@ LINE = re.compile(r"^(\w+) (.*?)(?: -> (.*?))?(?: #(\d+))?$")
 UNCOUNTED = ("handle", "refused", "failed", "say")
 SONG = re.compile(r"/[^./][^/]*\.(mid|mf3|mf4|mf5|mp3|cdg)$")
 COUNTS = "fsinfos.idx"
+LOCK = "/.kavena-lock"  # it says who holds the memory, and is worth nothing after a power cut
 OTHER_INDEX_FILES = {name for name in INDEX_FILES if name != COUNTS}
 
 
@@ -38,13 +39,14 @@ def must_be_noticed(trace):
     """Numbers (from 1) of the calls whose failure the program may not pass over in silence.
 
     These are the flushes, and the first close of a file that was written. Not among them are flushes
-    of a whole file system, which are followed by flushes of each file where they fail.
+    of a whole file system, which are followed by flushes of each file where they fail, and the
+    memory's lock, which holds without its text.
     """
     numbers = set()
     written = set()
     calls = [LINE.match(line).groups() for line in counted(trace)]
     for number, (call, path, _, _) in enumerate(calls, 1):
-        if call == "write":
+        if call == "write" and not path.endswith(LOCK):
             written.add(path)
         elif call == "close" and path in written:
             written.discard(path)
@@ -75,6 +77,8 @@ class Order:
         for number, line in enumerate(trace):
             match = LINE.match(line)
             call, path, target, handle = match.groups()
+            if path.endswith(LOCK):
+                continue
             failed = number + 1 < len(trace) and trace[number + 1].startswith("failed ")
             if failed and (call in ("openread", "flush") or path.endswith("/" + COUNTS)):
                 # The medium refuses: what follows for this file cannot be had, but a claim is wrong.
@@ -191,10 +195,15 @@ class Order:
                 self.kept[number] = target
         else:
             self.fresh.add(target)
+        for number, file in self.handles.items():
+            if file == path:
+                self.handles[number] = target
         moved = {old for old in self.existing if old == path or old.startswith(path + "/")}
         self.existing -= moved
         self.existing |= {target + old[len(path):] for old in moved}
         self.folders |= {target + old[len(path):] for old in moved & self.folders}
+        self.entries.pop(path, None)
+        self.fresh.discard(path)
         self.entries[target] = line
         self.changed(path, line)
         self.changed(target, line)

@@ -16,13 +16,13 @@
 #include "library/database.h"
 #include "library/librarybackup.h"
 #include "library/synchronisation.h"
-#include "library/usersongsreltablemodel.h"
 #include "support/catalogue.h"
 #include "support/faults.h"
 #include "support/recordedprogress.h"
 #include "support/samplesongs.h"
 #include "support/songbytes.h"
 #include "windows/backupdialog.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QApplication>
 #include <QDir>
@@ -75,6 +75,12 @@ struct Folders {
     QString card() const { return root + QStringLiteral("/mnt/CARD"); }
     QString backup() const { return root + QStringLiteral("/backup"); }
 
+    /** A song that needs a folder of its own in a backup. */
+    static QString namesake(const QString &library)
+    {
+        return library + QStringLiteral("/sub/s00.mid");
+    }
+
     QStringList songs() const
     {
         QStringList paths;
@@ -87,7 +93,7 @@ struct Folders {
 };
 
 /** The user, who wants everything done. */
-class WillingUser : public TransferQuestions
+class WillingUser : public TransferUser
 {
 public:
     explicit WillingUser(QString destination)
@@ -157,6 +163,7 @@ void makeLibrary(const QString &folder)
     write(name("a%d.cdg", 0), QByteArray(3000, 'g'));
     write(name("a%d.mp3", 1), mp3Song("Sound 1", 100));
     write(name("a%d.mp3", 2), mp3Song("Sound 2", 300000));
+    write(Folders::namesake(folder), midiSong("Another song of this name", 26));
 }
 
 void makeCatalogue()
@@ -293,8 +300,12 @@ bool backUp(const Folders &folders, const QStringList &songs)
         },
         [&](const QString &destination, int &copied) {
             RecordedProgress progress(record, {}, {}, 0);
-            return FileCopier([](const QString &) { return Answer::Yes; })
-                .copyFiles(songs, destination, copied, progress);
+            const auto copyList = [](const QStringList &files, const QString &folder, int &arrived,
+                                     Progress &part) {
+                return FileCopier([](const QString &) { return Answer::Yes; })
+                    .copyFiles(files, folder, arrived, part);
+            };
+            return LibraryBackup::copyFiles(songs, destination, copied, progress, copyList);
         },
         [&](bool succeeded) {
             complete = succeeded;
@@ -351,7 +362,7 @@ bool run(const Request &request, std::optional<Library> &library)
     if (job.constFirst() == QLatin1String("transfer"))
         return transfer(folders, songs);
     if (job.constFirst() == QLatin1String("backup"))
-        return backUp(folders, songs);
+        return backUp(folders, songs + QStringList(Folders::namesake(folders.library())));
     if (job.constFirst() == QLatin1String("import"))
         return importSongs(folders);
     qFatal("unknown job");

@@ -201,7 +201,16 @@ template <typename Rename>
 int renameCounted(const char *from, const char *to, const Rename &rename)
 {
     const std::string full = absolute(from);
-    return counts(full) && fails("rename", full + " -> " + absolute(to)) ? -1 : rename();
+    const std::string target = absolute(to);
+    if (counts(full) && fails("rename", full + " -> " + target))
+        return -1;
+    const int result = rename();
+    // An open file keeps its handle under its new name.
+    for (std::string &path : paths) {
+        if (result == 0 && path == full)
+            path = target;
+    }
+    return result;
 }
 
 } // namespace

@@ -19,8 +19,8 @@ quint32 statedSize(const QByteArray &stream)
 void shorten(QByteArray &stream)
 {
     const quint32 stated = statedSize(stream);
-    const bool isLargest = stated == LzHuff::MaxTextSize && stream.size() == 4;
-    if (stated <= 8000 || stated > LzHuff::MaxTextSize || isLargest)
+    const bool isLargest = stated == LzHuff::maxTextSize && stream.size() == 4;
+    if (stated <= 8000 || stated > LzHuff::maxTextSize || isLargest)
         return;
     const quint32 limit = stated % 256 == 0 ? 80000 : 8000;
     qToLittleEndian<quint32>(stated % limit, stream.data());
@@ -37,7 +37,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     const bool expanded = codec.expand(stream, text);
 
     const quint32 stated = statedSize(stream);
-    FUZZ_REQUIRE(expanded == (stated > 0 && stated <= LzHuff::MaxTextSize));
+    FUZZ_REQUIRE(expanded == (stated > 0 && stated <= LzHuff::maxTextSize));
     FUZZ_REQUIRE(expanded || text.isEmpty());
     if (!expanded)
         return 0;

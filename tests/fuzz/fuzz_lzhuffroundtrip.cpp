@@ -16,7 +16,7 @@ constexpr qsizetype UsualSize = 8000;
 QByteArray grownText(const QByteArray &pattern, quint8 repeats, quint8 step)
 {
     const bool isLargest = repeats == 0xFF && pattern.endsWith("LARGEST");
-    const qsizetype size = isLargest ? qsizetype{LzHuff::MaxTextSize} : UsualSize;
+    const qsizetype size = isLargest ? qsizetype{LzHuff::maxTextSize} : UsualSize;
     QByteArray text;
     QByteArray part = pattern;
     for (int i = 0; text.size() < size && (i <= repeats || isLargest); ++i) {

@@ -21,7 +21,7 @@ void require(const SongJournal::Content &content, const QByteArray &song)
         return;
     }
     const QByteArray &written = *content.newBytes;
-    FUZZ_REQUIRE(written.size() <= SongJournal::LargestSong);
+    FUZZ_REQUIRE(written.size() <= SongJournal::largestSong);
     FUZZ_REQUIRE(content.judge(written) ==
                  (written == content.oldBytes ? Verdict::Old : Verdict::New));
     const auto again = SongJournal::Content::decode(content.encode());

@@ -46,7 +46,6 @@ private slots:
     void editOfAllTellsEverySongThatFailed();
     void laterEditTakesTheMarkAway();
 
-    void markIsShownInTheWholeRowWithoutTouchingItsColour();
     void markStaysWithItsSongInASortedTable();
     void markGoesWithItsRow();
     void newImportHasNoMarks();
@@ -179,27 +178,6 @@ void TestUnsavedSongs::laterEditTakesTheMarkAway()
     QVERIFY(editor.edit(0));
     QVERIFY(editor.report().isEmpty());
     QCOMPARE(library.marks(), QList<SaveFailure>(3, saved));
-}
-
-void TestUnsavedSongs::markIsShownInTheWholeRowWithoutTouchingItsColour()
-{
-    LibraryOnMedium library;
-    UserSongsRelTableModel &model = library.model();
-    model.setStatus(0, Database::StatusSynced);
-    const QModelIndex status = model.rowIndex(0).siblingAtColumn(model.colIdxStatus());
-    const QVariant colour = status.data(Qt::BackgroundRole);
-    model.setSaveFailure(0, SaveFailure::DiskFull);
-    for (int column = 0; column < model.columnCount(); ++column) {
-        const QModelIndex marked = model.rowIndex(0).siblingAtColumn(column);
-        QCOMPARE(marked.data(UserSongsRelTableModel::NotSavedRole).toString(), full);
-        QCOMPARE(marked.data(Qt::AccessibleDescriptionRole).toString(), s("Non salvata: ") + full);
-        QCOMPARE(marked.data(Qt::ToolTipRole).toString(), s("Non salvata: ") + full);
-        const QModelIndex other = model.rowIndex(1).siblingAtColumn(column);
-        QVERIFY(!other.data(UserSongsRelTableModel::NotSavedRole).isValid());
-        QVERIFY(!other.data(Qt::ToolTipRole).isValid());
-    }
-    QCOMPARE(status.data(Qt::BackgroundRole), colour);
-    QCOMPARE(model.status(0), int{Database::StatusSynced});
 }
 
 void TestUnsavedSongs::markStaysWithItsSongInASortedTable()

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# check_deb.sh BUILD VERSION CPACK: makes the Debian package of a build, holds what is in it against
-# the rules for such files, and starts the program as the desktop's menu would.
+# check_deb.sh BUILD VERSION CPACK: makes the Debian packages of a build, holds what is in them
+# against the rules for such files, starts the program as the desktop's menu would, and runs the
+# command line.
 set -euo pipefail
 
 build=$(realpath "$1")
@@ -17,13 +18,17 @@ fail() { echo "FAIL: $1" >&2; exit 1; }
 package=$(echo kavena-pc_"$version"_*.deb)
 [ -f "$package" ] || fail "no package of this name: $(ls)"
 
+tools=$(echo kavena-tools_"$version"_*.deb)
+[ -f "$tools" ] || fail "no package of this name: $(ls)"
+[ "$(ls *.deb | wc -l)" -eq 2 ] || fail "more packages than two: $(ls)"
+
 field() { dpkg-deb -f "$package" "$1"; }
 [ "$(field Version)" = "$version" ] || fail "version $(field Version)"
 for needed in libqt6sql6-sqlite libqt6gui6 libqt6widgets6 libqt6core5compat6; do
   field Depends | grep -q "$needed" || fail "the package does not ask for $needed"
 done
 # Of the tags below an error or a warning, none is about what makes a package fail.
-lintian --fail-on error,warning "$package" 2>/dev/null || fail "lintian is not content"
+lintian --fail-on error,warning "$package" "$tools" 2>/dev/null || fail "lintian is not content"
 
 dpkg-deb -x "$package" root
 share=root/usr/share
@@ -45,5 +50,22 @@ for size in 16 22 24 32 48 64 128 256 512; do
 done
 [ -s "$share/icons/hicolor/scalable/apps/$icon.svg" ] || fail "no scalable icon"
 
+# The command line needs nothing of the windows, and shares no file with their package.
+needed=$(dpkg-deb -f "$tools" Depends)
+grep -q libqt6sql6-sqlite <<<"$needed" || fail "kavena-tools does not ask for SQLite: $needed"
+! grep -E 'widgets|libqt6gui|kavena-pc' <<<"$needed" || fail "kavena-tools asks for windows: $needed"
+dpkg-deb -x "$tools" tools
+(cd root && find . -type f) | sort >files-pc
+(cd tools && find . -type f) | sort >files-tools
+[ -z "$(comm -12 files-pc files-tools)" ] || fail "the packages share files"
+for page in tools/usr/share/man/man1/kavena.1.gz tools/usr/share/man/de/man1/kavena.1.gz; do
+  gunzip -c "$page" >page.1
+  mandoc -Tlint -Wwarning page.1 || fail "$page has mistakes"
+  grep -q "Kavena PC $version" page.1 || fail "$page is of another version"
+done
+"$here/check_completion.sh" tools/usr/share/bash-completion/completions/kavena
+[ "$(env -u DISPLAY -u WAYLAND_DISPLAY tools/usr/bin/kavena --version)" = "kavena $version" ] ||
+  fail "the command line does not start"
+
 "$here/start_from_menu.sh" root
-echo "$package is in order, and the program in it starts"
+echo "$package and $tools are in order, and the programs in them start"

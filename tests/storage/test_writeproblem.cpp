@@ -240,7 +240,5 @@ void TestWriteProblem::folderUnderTheNameIsNamed()
              QStringLiteral("una cartella ha già questo nome"));
 }
 
-Q_DECLARE_METATYPE(WriteProblem::Medium)
-
 QTEST_GUILESS_MAIN(TestWriteProblem)
 #include "test_writeproblem.moc"

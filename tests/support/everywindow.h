@@ -3,7 +3,6 @@
 
 #include "app/mainwindow.h"
 #include "app/statussummary.h"
-#include "library/usersongsreltablemodel.h"
 #include "windows/aboutdialog.h"
 #include "windows/backupdialog.h"
 #include "windows/changepreviewdialog.h"
@@ -17,6 +16,7 @@
 #include "windows/runreportbox.h"
 #include "windows/songslistdialog.h"
 #include "windows/unreadablefilesdialog.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QTableView>
 #include <QTest>

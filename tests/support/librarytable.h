@@ -3,7 +3,7 @@
 
 #include "formats/metasong.h"
 #include "library/database.h"
-#include "library/usersongsreltablemodel.h"
+#include "library/songtable.h"
 #include "support/catalogue.h"
 #include "support/samplesongs.h"
 #include "support/scratchfolder.h"
@@ -15,16 +15,17 @@
  * is written first (or any file under its name), then open() starts the database on it, then songs
  * are added.
  */
-class LibraryTable
+template <class Table>
+class LibraryWith
 {
 public:
-    LibraryTable() = default;
-    explicit LibraryTable(const QList<catalogue::Row> &rows)
-        : LibraryTable()
+    LibraryWith() = default;
+    explicit LibraryWith(const QList<catalogue::Row> &rows)
+        : LibraryWith()
     {
         m_good = catalogue::write(catalogue::overrideFile, rows) && open();
     }
-    Q_DISABLE_COPY_MOVE(LibraryTable)
+    Q_DISABLE_COPY_MOVE(LibraryWith)
 
     /** True when the catalogue was written and the database opened. */
     bool isGood() const { return m_good; }
@@ -37,7 +38,7 @@ public:
         return m_good;
     }
 
-    UserSongsRelTableModel &model() { return *m_model; }
+    Table &model() { return *m_model; }
 
     QString path(const QString &name = QString()) const
     {
@@ -91,6 +92,8 @@ public:
     Database database;
 
 private:
-    std::optional<UserSongsRelTableModel> m_model; ///< goes before the database that it shows
+    std::optional<Table> m_model; ///< goes before the database that it shows
     bool m_good = false;
 };
+
+using LibraryTable = LibraryWith<SongTable>;

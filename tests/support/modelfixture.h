@@ -1,7 +1,7 @@
 // The model of the song table, for its tests.
 #pragma once
 
-#include "library/usersongsreltablemodel.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QAbstractItemModelTester>
 #include <QRegularExpression>

@@ -29,14 +29,14 @@ inline const QString failureText =
 inline QString countsText(int copied, int skipped, int failed)
 {
     return QStringLiteral("Trasferimento: Song copiate: %1\nSong saltate: %2\n"
-                          "Song non riuscite: %3")
+                          "Song non copiate (errori): %3")
         .arg(copied)
         .arg(skipped)
         .arg(failed);
 }
 
 /** Answers as it was told, and keeps what was asked and said. */
-class ScriptedQuestions : public TransferQuestions
+class ScriptedQuestions : public TransferUser
 {
 public:
     QString chooseFolder(const QString &title, const QString &startFolder) override

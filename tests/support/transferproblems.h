@@ -19,7 +19,7 @@ inline const QString rootFolderText =
                    "creare o selezionare una sottocartella");
 
 /** Chooses the folder, keeps what is there, and remembers what it was told. */
-class ListeningUser : public TransferQuestions
+class ListeningUser : public TransferUser
 {
 public:
     QString chooseFolder(const QString &, const QString &) override { return folder; }
@@ -29,15 +29,17 @@ public:
     void warn(const QString &, const QString &text) override { warnings.append(text); }
     void inform(const QString &, const QString &) override {}
     void showFailure(const QString &, const QString &) override {}
-    void tellCounts(const QString &, const QString &, const QStringList &failedLines,
+    void tellCounts(const QString &, const QString &text, const QStringList &failedLines,
                     const QStringList &skippedNames) override
     {
+        counts = text;
         failed = failedLines;
         skipped = skippedNames;
     }
 
     QString folder;
     QStringList warnings;
+    QString counts;
     QStringList failed;
     QStringList skipped;
 };

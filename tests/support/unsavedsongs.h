@@ -41,10 +41,11 @@ inline QByteArray midi(const QByteArray &title)
 }
 
 /** A library whose songs A.mid, B.mid and C.mid, known to the catalogue, lie on a small medium. */
-class LibraryOnMedium
+template <class Table>
+class LibraryOnMediumWith
 {
 public:
-    LibraryOnMedium()
+    LibraryOnMediumWith()
         : medium(256)
         , table({known(s("A")), known(s("B")), known(s("C"))})
     {
@@ -59,7 +60,7 @@ public:
         }
     }
 
-    UserSongsRelTableModel &model() { return table.model(); }
+    Table &model() { return table.model(); }
     QString path(const char *name) const { return medium.path(s(name)); }
 
     QList<SaveFailure> marks()
@@ -91,9 +92,11 @@ public:
     }
 
     SmallMedium medium;
-    LibraryTable table;
+    LibraryWith<Table> table;
     ProgressRecord progress;
 };
+
+using LibraryOnMedium = LibraryOnMediumWith<SongTable>;
 
 inline const QString full = RunReport::reasonText(SaveFailure::DiskFull);
 inline constexpr SaveFailure saved = SaveFailure::None;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/mainwindow.h"
-#include "library/usersongsreltablemodel.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QAction>
 #include <QPushButton>

@@ -59,6 +59,7 @@ private slots:
     void showsVersionAndBuildDate();
     void buildDateFollowsTheSystemsLocale_data();
     void buildDateFollowsTheSystemsLocale();
+    void buildDateFollowsTheLanguage();
     void textsAreRichTextDocuments();
     void showsNoticeAndAddresses();
     void buttonAndEscapeClose();
@@ -96,6 +97,18 @@ void TestAboutDialog::buildDateFollowsTheSystemsLocale()
     QFETCH(QByteArray, locale);
     QFETCH(QString, date);
     QCOMPARE(versionIn(locale), QStringLiteral("Version:       1.76\nBuild date: %1\n").arg(date));
+}
+
+void TestAboutDialog::buildDateFollowsTheLanguage()
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German));
+    const AboutDialog german;
+    QLocale::setDefault(QLocale(QLocale::English));
+    const AboutDialog english;
+    QLocale::setDefault(before);
+    QVERIFY(visibleText(label(german, "versionLabel")).endsWith(QStringLiteral(": 01.10.12\n")));
+    QVERIFY(visibleText(label(english, "versionLabel")).endsWith(QStringLiteral(": 10/1/12\n")));
 }
 
 void TestAboutDialog::textsAreRichTextDocuments()

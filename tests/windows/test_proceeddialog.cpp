@@ -104,9 +104,9 @@ void TestProceedDialog::followsALanguageChange()
     dialog.setFilesCount(3, 1, 2);
     dialog.findChild<QCheckBox *>(QStringLiteral("checkBoxShowAgain"))->setChecked(true);
     const GermanTexts german;
-    QCOMPARE(dialog.windowTitle(), QStringLiteral("Zusammenfassung des Imports"));
+    QCOMPARE(dialog.windowTitle(), QStringLiteral("Eingelesene Songs"));
     QCOMPARE(counts(dialog),
-             QStringLiteral("5 Dateien untersucht, 3 Songs gefunden, davon 1 von © K-Ravo"));
+             QStringLiteral("Untersuchte Dateien: 5, gefundene Songs: 3, davon von © K-Ravo: 1"));
     QVERIFY(!dialog.getShowAgainValue());
 }
 

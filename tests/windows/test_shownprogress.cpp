@@ -5,6 +5,7 @@
 #include "support/recordedprogress.h"
 #include "support/songbytes.h"
 #include "windows/shownprogress.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -145,7 +146,7 @@ void TestShownProgress::largeSongIsReadOnlyAfterTheLastStepIsShown()
     QVERIFY(song.open(QIODevice::WriteOnly) && song.resize(size));
     Database database;
     QVERIFY(database.init());
-    UserSongsRelTableModel model(nullptr, database.userLibraryDb());
+    SongTable model(nullptr, database.userLibraryDb());
     ProgressRecord record;
     CatchUps progress(record, QString(), QString(), 1);
     LibraryImport(model, progress).importFiles({folder.filePath(name)});

@@ -3,6 +3,7 @@
 #include "windows/statusrowdelegate.h"
 
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTest>
 

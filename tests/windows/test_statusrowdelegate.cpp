@@ -1,6 +1,6 @@
 // The colours of the list as they arrive on the screen.
-#include "library/usersongsreltablemodel.h"
 #include "windows/statusrowdelegate.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QApplication>
 #include <QHeaderView>

@@ -63,7 +63,7 @@ void TestTransferDialogs::realWindowsDoTheWholeJob()
 void TestTransferDialogs::namesOfFailedSongsAreShownOnRequest()
 {
     TransferDialogs dialogs(nullptr);
-    const QString text = QStringLiteral("Song non riuscite: 2");
+    const QString text = QStringLiteral("Song non copiate (errori): 2");
     const QStringList failed = {QStringLiteral("<b>a.mid"), QStringLiteral("b.mid")};
     for (const QStringList &names : {QStringList(), failed}) {
         ModalAnswers user;

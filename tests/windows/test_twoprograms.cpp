@@ -35,7 +35,7 @@ void say(const QString &line)
 }
 
 /** Chooses the folder it was given, replaces what is there and says each message as a line. */
-class TellingUser : public TransferQuestions
+class TellingUser : public TransferUser
 {
 public:
     explicit TellingUser(QString folder)
@@ -200,7 +200,9 @@ void TestTwoPrograms::secondTransferIsToldAndLeavesEverything()
     Program first(QStringLiteral("pause"), m_pop, songs(QStringLiteral("a"), 3));
     QVERIFY(first.hasPaused());
     const auto before = everything();
-    QCOMPARE(before.keys(), QStringList(QStringLiteral("pop/a0.mid")));
+    // The first song has its bytes, but not its name yet.
+    QCOMPARE(before.size(), 1);
+    QVERIFY(before.firstKey().startsWith(QStringLiteral("pop/.a0.mid.")));
 
     // Into the root: "songs" would have to be made there.
     Program second(QStringLiteral("run"), m_card->root(), songs(QStringLiteral("b"), 3));
@@ -229,7 +231,9 @@ void TestTwoPrograms::transferOfAKilledProgramBlocksNobody()
     Program second(QStringLiteral("run"), m_pop, songs(QStringLiteral("b"), 2));
     QCOMPARE(second.saidUntilItsEnd(), QStringList(QStringLiteral("complete")));
     QVERIFY(!QFileInfo::exists(m_card->path(lockName)));
-    QCOMPARE(m_card->indexedPaths().size(), 3);
+    QCOMPARE(m_card->indexedPaths(),
+             QStringList({QStringLiteral("/pop/b0.mid"), QStringLiteral("/pop/b1.mid")}));
+    QCOMPARE(everything().keys().filter(QStringLiteral("kavena")), QStringList());
 }
 
 void TestTwoPrograms::transfersAtOnceLeaveAnIndexOfAllSongs()

@@ -3,6 +3,7 @@
 #include "support/smallmedium.h"
 #include "support/unsavedsongs.h"
 #include "windows/statusrowdelegate.h"
+#include "windows/usersongsreltablemodel.h"
 
 #include <QHelpEvent>
 #include <QImage>
@@ -12,19 +13,42 @@
 #include <QToolTip>
 
 using namespace unsavedsongs;
+using LibraryShown = LibraryOnMediumWith<UserSongsRelTableModel>;
 
 class TestUnsavedRows : public QObject
 {
     Q_OBJECT
 
 private slots:
+    void markIsShownInTheWholeRowWithoutTouchingItsColour();
     void warningSignIsPaintedBesideTheFormat();
     void toolTipOfANarrowCellTellsTextAndReason();
 };
 
+void TestUnsavedRows::markIsShownInTheWholeRowWithoutTouchingItsColour()
+{
+    LibraryShown library;
+    UserSongsRelTableModel &model = library.model();
+    model.setStatus(0, Database::StatusSynced);
+    const QModelIndex status = model.rowIndex(0).siblingAtColumn(model.colIdxStatus());
+    const QVariant colour = status.data(Qt::BackgroundRole);
+    model.setSaveFailure(0, SaveFailure::DiskFull);
+    for (int column = 0; column < model.columnCount(); ++column) {
+        const QModelIndex marked = model.rowIndex(0).siblingAtColumn(column);
+        QCOMPARE(marked.data(UserSongsRelTableModel::notSavedRole).toString(), full);
+        QCOMPARE(marked.data(Qt::AccessibleDescriptionRole).toString(), s("Non salvata: ") + full);
+        QCOMPARE(marked.data(Qt::ToolTipRole).toString(), s("Non salvata: ") + full);
+        const QModelIndex other = model.rowIndex(1).siblingAtColumn(column);
+        QVERIFY(!other.data(UserSongsRelTableModel::notSavedRole).isValid());
+        QVERIFY(!other.data(Qt::ToolTipRole).isValid());
+    }
+    QCOMPARE(status.data(Qt::BackgroundRole), colour);
+    QCOMPARE(model.status(0), int{Database::StatusSynced});
+}
+
 void TestUnsavedRows::warningSignIsPaintedBesideTheFormat()
 {
-    LibraryOnMedium library;
+    LibraryShown library;
     QTableView view;
     view.setModel(&library.model());
     const int type = library.model().colIdxType();
@@ -55,7 +79,7 @@ void TestUnsavedRows::warningSignIsPaintedBesideTheFormat()
 
 void TestUnsavedRows::toolTipOfANarrowCellTellsTextAndReason()
 {
-    LibraryOnMedium library;
+    LibraryShown library;
     QTableView view;
     view.setModel(&library.model());
     view.setItemDelegate(

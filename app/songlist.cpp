@@ -1,0 +1,135 @@
+#include "app/songlist.h"
+
+#include "app/columnlayout.h"
+#include "app/rowactions.h"
+#include "app/songfilter.h"
+#include "app/sortmenu.h"
+#include "app/statussummary.h"
+#include "windows/busystate.h"
+#include "windows/statusrowdelegate.h"
+#include "windows/usersongsreltablemodel.h"
+
+#include "ui_mainwindow.h"
+
+#include <QHeaderView>
+#include <QMainWindow>
+#include <QTableView>
+
+SongList::SongList(QMainWindow *window, const Ui::MainWindow &form, const QSqlDatabase &songs,
+                   QSettings &settings, const BusyState &busy, ActionGate &gate)
+    : QObject(window)
+    , m_model(new UserSongsRelTableModel(window, songs))
+    , m_view(form.userLibraryTableView)
+    , m_busy(busy)
+{
+    m_model->setHeaderLabels();
+    setUpView();
+    fitColumns();
+    m_columns = new ColumnLayout(m_view, *m_model, settings);
+    m_columns->columnsWereFitted();
+    new SortMenu(form.menuSort, m_view, m_columns);
+
+    form.filterLineEdit->setEnabled(true);
+    form.actionFindSong->setEnabled(true);
+    m_filter = new SongFilter(form.filterLineEdit, m_view, *m_model, busy);
+    connect(form.actionFindSong, &QAction::triggered, m_filter, &SongFilter::focusField);
+
+    m_summary = new StatusSummary(form.statusBar, m_view, *m_model, gate);
+    connect(m_filter, &SongFilter::applied, m_summary, &StatusSummary::refresh);
+    connect(m_summary, &StatusSummary::listRequested, this, &SongList::unreadableFilesRequested);
+    addRowActions(form, gate);
+}
+
+void SongList::setUpView()
+{
+    m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // A view that has its model already would sort it by the first column, backwards, at once.
+    m_view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    m_view->setSortingEnabled(true);
+    m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_view->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_view->setShowGrid(true);
+    m_view->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_view->verticalHeader()->hide();
+    m_view->setAlternatingRowColors(false);
+    m_view->setModel(m_model);
+    m_view->setItemDelegate(
+        new StatusRowDelegate(m_model->colIdxStatus(), m_model->colIdxType(), m_view));
+    for (const songcolumns::Column hidden :
+         {songcolumns::FileName, songcolumns::Status, songcolumns::Id})
+        m_view->hideColumn(hidden);
+}
+
+void SongList::addRowActions(const Ui::MainWindow &form, ActionGate &gate)
+{
+    const auto *const rows = new RowActions(
+        m_view, {form.actionEditSong, form.actionRemoveSong, form.actionDeleteSongFile}, gate);
+    connect(rows, &RowActions::editRequested, this, &SongList::editRequested);
+    connect(rows, &RowActions::removeRequested, this, &SongList::removeRequested);
+    connect(rows, &RowActions::deleteRequested, this, &SongList::deleteRequested);
+
+    // The mouse reaches the table while work runs, since the songs can be looked at then.
+    connect(m_view, &QTableView::doubleClicked, this, [this](const QModelIndex &index) {
+        if (!m_busy)
+            emit editRequested(index);
+    });
+    m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_view, &QTableView::customContextMenuRequested, this, [this](const QPoint &position) {
+        if (!m_busy)
+            emit menuRequested(position);
+    });
+}
+
+int SongList::currentRow() const
+{
+    return m_view->currentIndex().row();
+}
+
+void SongList::fitColumns()
+{
+    for (int column = 0; column < songcolumns::count; ++column) {
+        if (column != songcolumns::FileName && column != songcolumns::Status)
+            m_view->resizeColumnToContents(column);
+    }
+    if (m_columns != nullptr)
+        m_columns->columnsWereFitted();
+}
+
+void SongList::startImport()
+{
+    m_model->select();
+    // New rows stand in the order in which they were picked, as the header must say.
+    m_view->sortByColumn(-1, Qt::AscendingOrder);
+}
+
+void SongList::showImport(const QList<UnreadableFile> &unreadable)
+{
+    m_summary->setUnreadableFiles(unreadable);
+    m_columns->sortAsChosen();
+    m_filter->apply();
+    fitColumns();
+}
+
+const QList<UnreadableFile> &SongList::unreadableFiles() const
+{
+    return m_summary->unreadableFiles();
+}
+
+void SongList::scrollToRow(int row)
+{
+    // The column of row numbers is hidden, and a view does not scroll to what it does not show.
+    const QModelIndex visible = m_model->index(row, songcolumns::Type);
+    m_view->scrollTo(visible, QAbstractItemView::PositionAtCenter);
+}
+
+void SongList::retranslate()
+{
+    m_model->setHeaderLabels();
+    fitColumns(); // the titles have other widths now
+    m_summary->refresh();
+}
+
+void SongList::saveLayout()
+{
+    m_columns->save();
+}

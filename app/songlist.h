@@ -1,0 +1,91 @@
+// The list of the user's songs in the main window.
+#pragma once
+
+#include "library/unreadablefile.h"
+
+#include <QList>
+#include <QModelIndex>
+#include <QObject>
+#include <QPoint>
+#include <QSettings>
+#include <QSqlDatabase>
+
+class ActionGate;
+class BusyState;
+class ColumnLayout;
+class QMainWindow;
+class QTableView;
+class SongFilter;
+class StatusSummary;
+class UserSongsRelTableModel;
+
+QT_BEGIN_NAMESPACE
+namespace Ui
+{
+class MainWindow;
+}
+QT_END_NAMESPACE
+
+/**
+ * The table with all that surrounds it: columns, sort menu, search field, the menu entries for one
+ * song and the numbers in the status bar. It changes no song itself: what the user wants done with
+ * one is told by signals, and only while no other work runs.
+ */
+class SongList : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** Shows the `usersongs` of the connection; the window owns this and the table's model. */
+    SongList(QMainWindow *window, const Ui::MainWindow &form, const QSqlDatabase &songs,
+             QSettings &settings, const BusyState &busy, ActionGate &gate);
+
+    UserSongsRelTableModel &model() const { return *m_model; }
+    QTableView *view() const { return m_view; }
+
+    /** The row that the user stands on; -1 when there is none. */
+    int currentRow() const;
+
+    /** Fits the columns to their contents; the one of the full path keeps its width. */
+    void fitColumns();
+
+    /** Reads the table, which was cleared, anew; songs that are added stand in their order. */
+    void startImport();
+
+    /** Orders and filters the imported songs as the user wants, and names what was unreadable. */
+    void showImport(const QList<UnreadableFile> &unreadable);
+
+    /** The files that the last import could not read. */
+    const QList<UnreadableFile> &unreadableFiles() const;
+
+    /** Brings the row to the middle of the list. */
+    void scrollToRow(int row);
+
+    /** Writes all texts in the present language. */
+    void retranslate();
+
+    /** Stores the widths and the order of the columns. */
+    void saveLayout();
+
+signals:
+    void editRequested(const QModelIndex &index);
+    void removeRequested(int row);
+    void deleteRequested(int row);
+
+    /** The menu of the row at this place of the table is asked for. */
+    void menuRequested(const QPoint &position);
+
+    /** The user wants to see which files could not be read. */
+    void unreadableFilesRequested();
+
+private:
+    void setUpView();
+    void addRowActions(const Ui::MainWindow &form, ActionGate &gate);
+
+    UserSongsRelTableModel *const m_model;
+    QTableView *const m_view;
+    const BusyState &m_busy;
+    ColumnLayout *m_columns = nullptr;
+    SongFilter *m_filter = nullptr;
+    StatusSummary *m_summary = nullptr;
+};

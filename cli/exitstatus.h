@@ -1,0 +1,9 @@
+// How the program tells a script what became of its command.
+#pragma once
+
+enum class ExitStatus {
+    Done = 0,
+    WithFailures = 1, ///< something could not be done; each failure was named on standard error
+    WrongUse = 2,
+    NothingDone = 3 ///< refused, or there was nothing to do
+};

@@ -1,0 +1,115 @@
+#include "cli/help.h"
+
+#include "cli/arguments.h"
+
+#include <QStringList>
+
+namespace
+{
+
+using Command = Request::Command;
+
+/** The same in every language. */
+struct Usage {
+    Command command;
+    QStringList examples;
+    QString arguments;
+};
+
+const QList<Usage> &usages()
+{
+    static const QList<Usage> all{
+        {Command::Show,
+         {QStringLiteral("kavena show *.mid"),
+          QStringLiteral("find Songs -name '*.mp3' -print0 | kavena show --json -0")},
+         QStringLiteral("[--json] [-0] FILE...")},
+        {Command::Set,
+         {QStringLiteral("kavena set --title \"MY SONG\" --key A- song.mid"),
+          QStringLiteral("kavena set --genre SWING -- *.mf5")},
+         QStringLiteral("[--title T] [--artist A] [--genre G] [--author W] [--key K] [--bpm N]\n"
+                        "             [--length M:SS] [-0] FILE...")},
+        {Command::Sync,
+         {QStringLiteral("kavena sync --dry-run Songs"),
+          QStringLiteral("kavena sync --backup Backups --unsigned no Songs")},
+         QStringLiteral("[--backup DIR] [--dry-run] [--unsigned yes|no] [--json] [-0] "
+                        "FILE|DIR...")},
+        {Command::Transfer,
+         {QStringLiteral("kavena transfer Songs --to /media/$USER/CARD/songs"),
+          QStringLiteral("kavena transfer --replace yes --to /media/$USER/CARD *.mid")},
+         QStringLiteral("--to FOLDER [--replace yes|no] [--rename yes|no] [-0] FILE|DIR...")},
+        {Command::IndexUpdate,
+         {QStringLiteral("kavena index update /media/$USER/CARD")},
+         QStringLiteral("[--rename yes|no] MEMORY")},
+        {Command::IndexRebuild,
+         {QStringLiteral("kavena index rebuild --rename yes /media/$USER/CARD")},
+         QStringLiteral("[--rename yes|no] MEMORY")},
+        {Command::IndexCheck,
+         {QStringLiteral("kavena index check /media/$USER/CARD")},
+         QStringLiteral("[--json] MEMORY")},
+        {Command::List,
+         {QStringLiteral("kavena list --sort artist /media/$USER/CARD"),
+          QStringLiteral("kavena list --csv /media/$USER/CARD > SongsList.csv")},
+         QStringLiteral("[--sort title|artist|genre] [--csv|--json] MEMORY")},
+        {Command::CatalogueFind,
+         {QStringLiteral("kavena catalogue find \"blue moon\"")},
+         QStringLiteral("[--json] TEXT")},
+    };
+    return all;
+}
+
+} // namespace
+
+QString Help::text(Command command)
+{
+    QStringList examples;
+    QStringList usage;
+    QStringList options;
+    QString arguments;
+    for (const Usage &entry : usages()) {
+        if (command != Command::None && command != entry.command)
+            continue;
+        examples +=
+            command == Command::None ? QStringList{entry.examples.constFirst()} : entry.examples;
+        arguments += entry.arguments;
+        usage += QStringLiteral("kavena ") + Arguments::words(entry.command) + QLatin1Char(' ') +
+                 entry.arguments;
+    }
+    const auto option = [&](const char *name, const QString &meaning) {
+        QString text = QString::fromUtf8(name);
+        if (arguments.contains(text.section(QLatin1Char(' '), 0, 0)))
+            options += text.leftJustified(20) + QLatin1Char(' ') + meaning;
+    };
+    option("--title T", tr("titolo"));
+    option("--artist A", tr("interprete"));
+    option("--genre G", tr("genere"));
+    option("--author W", tr("autore"));
+    option("--key K", tr("tonalità, per esempio C, F# o A-; vuota per nessuna"));
+    option("--bpm N", tr("tempo, da 0 a 999; 0 per nessuno"));
+    option("--length M:SS", tr("durata in minuti e secondi"));
+    option("--backup DIR", tr("copia prima le song in una nuova cartella in DIR"));
+    option("--dry-run", tr("mostra le modifiche e non scrive niente"));
+    option("--unsigned yes|no", tr("modifica anche le song senza la firma del produttore"));
+    option("--to FOLDER", tr("la cartella di destinazione, in una memoria"));
+    option("--replace yes|no", tr("sostituisce i file che ci sono già"));
+    option("--rename yes|no", tr("accorcia i nomi troppo lunghi per il player"));
+    option("--sort title|artist|genre", tr("l'ordine dell'elenco"));
+    option("--csv", tr("una tabella con i campi separati da \";\""));
+    option("--json", tr("un oggetto JSON per riga; i nomi sono nella pagina di manuale"));
+    option("-0", tr("legge altri nomi dallo standard input, ognuno chiuso da un byte zero"));
+
+    const QString indent = QStringLiteral("\n  ");
+    QString text = tr("Esempi:") + indent + examples.join(indent) + QStringLiteral("\n\n") +
+                   tr("Uso:") + indent + usage.join(indent) + QStringLiteral("\n\n") +
+                   tr("Opzioni:") + indent + options.join(indent) +
+                   (options.isEmpty() ? QString() : indent) +
+                   QStringLiteral("-h, --help           ") + tr("mostra questo aiuto") + indent;
+    if (command == Command::None)
+        text += QStringLiteral("--version            ") + tr("mostra la versione") + indent;
+    text += QStringLiteral("--                   ") + tr("dopo ci sono solo nomi di file") +
+            QStringLiteral("\n\n") +
+            tr("Le domande senza risposta nelle opzioni si fanno solo su un terminale; "
+               "altrove valgono come no.\n"
+               "Stato d'uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.") +
+            QLatin1Char('\n');
+    return text;
+}

@@ -1,0 +1,70 @@
+#include "cli/indexcommand.h"
+
+#include "cli/songpaths.h"
+#include "devindex/index.h"
+#include "devindex/memorycheck.h"
+#include "devindex/mountedvolumes.h"
+#include "storage/memorylock.h"
+
+#include <QFileInfo>
+
+ExitStatus IndexCommand::run()
+{
+    const std::optional<QString> path = SongPaths::decode(m_request.paths.constFirst(), m_terminal);
+    if (!path)
+        return ExitStatus::NothingDone;
+    const QString absolute = QFileInfo(*path).absoluteFilePath();
+    if (!QFileInfo(absolute).isDir())
+        return m_terminal.refuse(*path, QCoreApplication::translate(
+                                            "IndexDialog", "Il percorso selezionato non esiste"));
+    // A folder on a mounted memory stands for the memory; any other is taken for one itself.
+    const QString memory = MountedVolumes().getRootDrivePath(absolute);
+    const QString root = memory.isEmpty() ? absolute : memory;
+    return m_request.command == Request::Command::IndexCheck ? check(root) : build(root);
+}
+
+ExitStatus IndexCommand::check(const QString &root)
+{
+    const QList<MemoryCheck::Finding> findings = MemoryCheck(root).run();
+    for (const MemoryCheck::Finding &finding : findings)
+        m_writer.finding(finding);
+    if (findings.isEmpty())
+        return ExitStatus::Done;
+    m_terminal.note(tr("%1: la memoria non è in ordine").arg(root));
+    return ExitStatus::WithFailures;
+}
+
+ExitStatus IndexCommand::build(const QString &root)
+{
+    MemoryLock lock(root);
+    if (!lock.take())
+        return m_terminal.refuse(root, lock.message());
+
+    Index index;
+    const auto progress = m_terminal.openProgress({}, tr("Aggiornamento database"), 0);
+    index.setRenameQuestion([this](const QString &path, const QString &message) {
+        return m_terminal.ask(path, message, "--rename", m_request.rename);
+    });
+    const auto setValue = [&progress](int value) { progress->setValue(value); };
+    QObject::connect(&index, &Index::fileFoundChanged, &index, setValue);
+    QObject::connect(&index, &Index::progressValueChanged, &index, setValue);
+    QObject::connect(&index, &Index::progressMaxSetup, &index,
+                     [&progress](int maximum) { progress->setMaximum(maximum); });
+    QObject::connect(&index, &Index::errorFromIndex, &index,
+                     [this](const QString &message) { m_terminal.fail(message); });
+    const bool isWhole = m_request.command == Request::Command::IndexUpdate
+                             ? index.updateIndex(root)
+                             : index.createIndex(root);
+    lock.release();
+    if (isWhole)
+        m_terminal.countDone();
+    else
+        m_terminal.fail(root, index.filesFound == 0
+                                  ? tr("Nessuna song nella memoria")
+                                  : QCoreApplication::translate(
+                                        "IndexDialog",
+                                        "Operazione non riuscita.\n"
+                                        "Assicurarsi che il disco abbia sufficiente spazio libero "
+                                        "e che non sia protetto da scrittura."));
+    return m_terminal.status();
+}

@@ -1,0 +1,186 @@
+#include "cli/jsonwriter.h"
+
+#include "cli/standardoutput.h"
+
+#include <QByteArray>
+
+namespace
+{
+
+/**
+ * The text in quotes. Half of a character of two UTF-16 units is escaped, since no UTF-8 holds it,
+ * and so are control characters.
+ */
+QByteArray quoted(const QString &text)
+{
+    QByteArray json("\"");
+    const auto escape = [&json](QChar unit) {
+        json += "\\u" + QByteArray::number(unit.unicode(), 16).rightJustified(4, '0');
+    };
+    for (qsizetype place = 0; place < text.size(); ++place) {
+        const QChar unit = text.at(place);
+        if (unit.isHighSurrogate() && place + 1 < text.size() &&
+            text.at(place + 1).isLowSurrogate()) {
+            json += QStringView(text).mid(place, 2).toUtf8();
+            ++place;
+        } else if (unit == QLatin1Char('"') || unit == QLatin1Char('\\')) {
+            json += '\\';
+            json += static_cast<char>(unit.unicode());
+        } else if (unit.category() == QChar::Other_Control || unit.isSurrogate()) {
+            escape(unit);
+        } else if (unit.unicode() < 0x80) {
+            json += static_cast<char>(unit.unicode());
+        } else {
+            json += QStringView(&unit, 1).toUtf8();
+        }
+    }
+    return json + '"';
+}
+
+/** An object, member by member in the order given. */
+class Object
+{
+public:
+    Object &add(const char *name, const QString &text) { return raw(name, quoted(text)); }
+    Object &add(const char *name, qint64 number) { return raw(name, QByteArray::number(number)); }
+    Object &addBool(const char *name, bool value) { return raw(name, value ? "true" : "false"); }
+
+    Object &addList(const char *name, const QList<QByteArray> &items)
+    {
+        return raw(name, '[' + items.join(", ") + ']');
+    }
+
+    QByteArray json() const { return m_json + '}'; }
+
+private:
+    Object &raw(const char *name, const QByteArray &value)
+    {
+        m_json += (m_json.size() > 1 ? ", \"" : "\"") + QByteArray(name) + "\": " + value;
+        return *this;
+    }
+
+    QByteArray m_json{"{"};
+};
+
+QList<QByteArray> markerObjects(const QList<Marker> &markers)
+{
+    QList<QByteArray> objects;
+    for (const Marker &marker : markers)
+        objects.append(Object().add("bar", marker.bar).add("text", marker.text).json());
+    return objects;
+}
+
+/** The same in every language. */
+QString valueOf(const ChangePreview::Change &change, const QString &text)
+{
+    if (change.field != ChangePreview::Field::MarkersShown)
+        return text;
+    return text == ChangePreview::tr("sì") ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+} // namespace
+
+void JsonWriter::song(const QString &path, const SongInfo &info)
+{
+    m_output.write(Object()
+                       .add("path", path)
+                       .add("format", info.format)
+                       .add("title", info.title)
+                       .add("artist", info.artist)
+                       .add("genre", info.genre)
+                       .add("author", info.author)
+                       .add("length", info.length)
+                       .add("bpm", info.userBpm)
+                       .add("key", info.key)
+                       .addBool("signed", info.isKravo)
+                       .addList("markers", markerObjects(info.markers))
+                       .json() +
+                   '\n');
+}
+
+void JsonWriter::unreadable(const QString &path, const QString &reason)
+{
+    m_output.write(Object().add("path", path).add("error", reason).json() + '\n');
+}
+
+void JsonWriter::changes(const QString &path, bool found,
+                         const QList<ChangePreview::Change> &changes)
+{
+    QList<QByteArray> objects;
+    for (const ChangePreview::Change &change : changes)
+        objects.append(Object()
+                           .add("field", QString::fromUtf8(fieldName(change.field)))
+                           .add("old", valueOf(change, change.before))
+                           .add("new", valueOf(change, change.after))
+                           .json());
+    m_output.write(
+        Object().add("path", path).addBool("found", found).addList("changes", objects).json() +
+        '\n');
+}
+
+void JsonWriter::listed(const SongInfoIndex &song)
+{
+    m_output.write(Object()
+                       .add("id", song.id)
+                       .add("path", song.path)
+                       .add("title", song.title)
+                       .add("artist", song.artist)
+                       .add("genre", song.genre)
+                       .add("format", formatName(song))
+                       .add("bpm", song.bpm)
+                       .addBool("markers", song.hasMarkers != 0)
+                       .json() +
+                   '\n');
+}
+
+void JsonWriter::finding(const MemoryCheck::Finding &finding)
+{
+    m_output.write(Object()
+                       .add("finding", QString::fromUtf8(MemoryCheck::nameOf(finding.kind)))
+                       .add("path", finding.path)
+                       .add("text", finding.text)
+                       .json() +
+                   '\n');
+}
+
+void JsonWriter::catalogueSong(const SongsDbRecord &song)
+{
+    m_output.write(Object()
+                       .add("title", song.title)
+                       .add("artist", song.artist)
+                       .add("altartist", song.altartist)
+                       .add("genre", song.genre)
+                       .add("author", song.author)
+                       .add("length", qMax(song.length, 0))
+                       .add("bpm", qMax(song.bpm, 0))
+                       .add("key", song.key)
+                       .add("filename", song.filename)
+                       .addList("markers", markerObjects(song.markers))
+                       .json() +
+                   '\n');
+}
+
+const char *JsonWriter::fieldName(ChangePreview::Field field)
+{
+    switch (field) {
+    case ChangePreview::Field::Title:
+        return "title";
+    case ChangePreview::Field::Artist:
+        return "artist";
+    case ChangePreview::Field::Genre:
+        return "genre";
+    case ChangePreview::Field::Author:
+        return "author";
+    case ChangePreview::Field::Length:
+        return "length";
+    case ChangePreview::Field::Tempo:
+        return "bpm";
+    case ChangePreview::Field::Key:
+        return "key";
+    case ChangePreview::Field::Markers:
+        return "markers";
+    case ChangePreview::Field::MarkersShown:
+        return "markersShown";
+    }
+    return "";
+}

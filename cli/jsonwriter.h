@@ -1,0 +1,30 @@
+// One JSON object on a line for each item; the manual page documents the names.
+#pragma once
+
+#include "cli/writer.h"
+
+class StandardOutput;
+
+class JsonWriter : public Writer
+{
+public:
+    /** The output must outlive the writer. */
+    explicit JsonWriter(StandardOutput &output)
+        : m_output(output)
+    {
+    }
+
+    void song(const QString &path, const SongInfo &info) override;
+    void unreadable(const QString &path, const QString &reason) override;
+    void changes(const QString &path, bool found,
+                 const QList<ChangePreview::Change> &changes) override;
+    void listed(const SongInfoIndex &song) override;
+    void finding(const MemoryCheck::Finding &finding) override;
+    void catalogueSong(const SongsDbRecord &song) override;
+
+    /** A change's field as the lines name it. */
+    static const char *fieldName(ChangePreview::Field field);
+
+private:
+    StandardOutput &m_output;
+};

@@ -1,0 +1,38 @@
+// The data in words and columns, for people.
+#pragma once
+
+#include "cli/writer.h"
+
+#include <QCoreApplication>
+
+class StandardOutput;
+
+/** Files that cannot be read are named on standard error only. */
+class PeopleWriter : public Writer
+{
+    Q_DECLARE_TR_FUNCTIONS(PeopleWriter)
+
+public:
+    /** The output must outlive the writer. */
+    explicit PeopleWriter(StandardOutput &output)
+        : m_output(output)
+    {
+    }
+
+    void song(const QString &path, const SongInfo &info) override;
+    void unreadable(const QString &path, const QString &reason) override;
+    void changes(const QString &path, bool found,
+                 const QList<ChangePreview::Change> &changes) override;
+    void listed(const SongInfoIndex &song) override;
+    void finding(const MemoryCheck::Finding &finding) override;
+    void catalogueSong(const SongsDbRecord &song) override;
+
+private:
+    void line(const QString &text);
+    void item(const QString &label, const QString &text);
+    void number(const QString &label, qint32 number);
+    void markers(const QList<Marker> &markers);
+    static QString fieldLabel(ChangePreview::Field field);
+
+    StandardOutput &m_output;
+};

@@ -1,0 +1,59 @@
+// What the arguments ask for.
+#pragma once
+
+#include "devindex/index.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+struct Request {
+    enum class Command {
+        None, ///< no command: --help or --version alone
+        Show,
+        Set,
+        Sync,
+        Transfer,
+        IndexUpdate,
+        IndexRebuild,
+        IndexCheck,
+        List,
+        CatalogueFind
+    };
+
+    enum class Form { People, Json, Csv };
+
+    /** The items that the user gave; the others stay as they are in the song. */
+    struct Edit {
+        std::optional<QString> title;
+        std::optional<QString> artist;
+        std::optional<QString> genre;
+        std::optional<QString> author;
+        std::optional<QString> key;
+        std::optional<qint32> bpm;
+        std::optional<qint32> length; ///< seconds
+
+        bool isEmpty() const
+        {
+            return !title && !artist && !genre && !author && !key && !bpm && !length;
+        }
+    };
+
+    Command command = Command::None;
+    bool help = false;
+    bool version = false;
+    Form form = Form::People;
+    QList<QByteArray> paths; ///< files, folders or the memory, as they were given
+    bool pathsFromStandardInput = false;
+    Edit edit;
+    bool dryRun = false;
+    std::optional<QByteArray> backup;
+    QByteArray to;
+    std::optional<bool> replace; ///< nothing: the user is asked
+    std::optional<bool> rename;
+    std::optional<bool> changeUnsigned;
+    Index::SORT_MODE sort = Index::SortByTitle;
+    QString text; ///< to be found in the catalogue
+};

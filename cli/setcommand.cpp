@@ -1,0 +1,69 @@
+#include "cli/setcommand.h"
+
+#include "cli/songpaths.h"
+#include "formats/metasong.h"
+#include "library/changepreview.h"
+#include "library/runreport.h"
+#include "library/unreadablefile.h"
+
+namespace
+{
+
+SongInfo edited(SongInfo info, const Request::Edit &edit)
+{
+    info.title = edit.title.value_or(info.title);
+    info.artist = edit.artist.value_or(info.artist);
+    info.genre = edit.genre.value_or(info.genre);
+    info.author = edit.author.value_or(info.author);
+    info.key = edit.key.value_or(info.key);
+    info.userBpm = edit.bpm.value_or(info.userBpm);
+    info.length = edit.length.value_or(info.length);
+    return info;
+}
+
+} // namespace
+
+ExitStatus SetCommand::run()
+{
+    const QList<QByteArray> paths = SongPaths::given(m_request);
+    const auto progress =
+        m_terminal.openProgress({}, tr("Modifica"), static_cast<int>(paths.size()));
+    int done = 0;
+    for (const QByteArray &bytes : paths) {
+        if (m_terminal.isStopped())
+            break;
+        if (const std::optional<QString> path = SongPaths::decode(bytes, m_terminal))
+            set(*path);
+        progress->setValue(++done);
+    }
+    return m_terminal.status();
+}
+
+void SetCommand::set(const QString &path)
+{
+    m_leftovers.tidyBeside(path);
+    MetaSong song;
+    if (!song.importFile(path)) {
+        m_terminal.fail(path, UnreadableFile::examine(path).reasonText());
+        return;
+    }
+    SongInfo before;
+    song.getSongInfo(before);
+    const SongInfo wanted = edited(before, m_request.edit);
+    song.setSongInfo(wanted, true);
+    if (const SaveFailure failure = song.save(path); failure != SaveFailure::None) {
+        m_terminal.fail(path, RunReport::reasonText(failure));
+        return;
+    }
+    m_terminal.countDone();
+
+    MetaSong saved;
+    if (!saved.importFile(path))
+        return;
+    SongInfo after;
+    saved.getSongInfo(after);
+    const QString lost = ChangePreview::lostCharacters(before, after, wanted);
+    if (!lost.isEmpty())
+        m_terminal.note(path + QStringLiteral(": ") +
+                        RunReport::text({SongFinding::Kind::LostCharacters, path, lost}));
+}

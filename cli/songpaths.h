@@ -1,0 +1,41 @@
+// The songs that the arguments name.
+#pragma once
+
+#include "cli/request.h"
+#include "library/progress.h"
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+class Terminal;
+
+class SongPaths
+{
+    Q_DECLARE_TR_FUNCTIONS(SongPaths)
+
+public:
+    /** A path in bytes that Qt cannot open, since they are no valid UTF-8. */
+    static QString notUtf8();
+
+    /** The arguments, and those that standard input lists when the request says so. */
+    static QList<QByteArray> given(const Request &request);
+
+    /** The path of bytes that are valid UTF-8; else nothing, after the terminal named the failure.
+     */
+    static std::optional<QString> decode(const QByteArray &path, Terminal &terminal);
+
+    /**
+     * The songs of a request whose arguments may be folders, each once: files as they were given,
+     * of folders the files that are named as songs. Names that cannot be used are failures. Nothing
+     * when the user stopped the search.
+     */
+    static std::optional<QStringList> songs(const Request &request, Terminal &terminal);
+
+private:
+    static void nameUnusable(const QString &folder, Terminal &terminal);
+};

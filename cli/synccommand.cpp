@@ -1,0 +1,126 @@
+#include "cli/synccommand.h"
+
+#include "cli/songpaths.h"
+#include "devindex/filecopier.h"
+#include "library/cataloguemerge.h"
+#include "library/database.h"
+#include "library/librarybackup.h"
+#include "library/runreport.h"
+#include "library/songupdate.h"
+#include "library/unreadablefile.h"
+
+#include <QFileInfo>
+
+ExitStatus SyncCommand::run()
+{
+    const std::optional<QStringList> songs = SongPaths::songs(m_request, m_terminal);
+    if (!songs)
+        return ExitStatus::NothingDone;
+    Database database;
+    if (!database.init())
+        return m_terminal.refuse(tr("Il catalogo non può essere aperto"));
+    if (!m_request.dryRun && m_request.backup && !backUp(*songs))
+        return ExitStatus::NothingDone;
+
+    const CatalogueMerge catalogue(database);
+    const auto progress =
+        m_terminal.openProgress({}, tr("Sincronizzazione"), static_cast<int>(songs->size()));
+    int done = 0;
+    for (const QString &song : *songs) {
+        if (m_terminal.isStopped())
+            break;
+        sync(song, catalogue);
+        progress->setValue(++done);
+    }
+    return m_terminal.status();
+}
+
+/** False when not every song is in the backup: then no song is changed. */
+bool SyncCommand::backUp(const QStringList &songs)
+{
+    const QString failed = QCoreApplication::translate("MainWindow", "Backup FALLITO !!!");
+    const std::optional<QString> folder = SongPaths::decode(*m_request.backup, m_terminal);
+    if (!folder)
+        return false;
+    QStringList files;
+    for (const QString &song : songs) {
+        if (QFileInfo(song).isFile())
+            files.append(QFileInfo(song).absoluteFilePath());
+    }
+    bool isWhole = true;
+    const auto ask = [&folder] {
+        return LibraryBackup::Choice{LibraryBackup::Wish::Backup,
+                                     QFileInfo(*folder).absoluteFilePath()};
+    };
+    const auto copyList = [](const QStringList &list, const QString &destination, int &copied,
+                             Progress &progress) {
+        return FileCopier([](const QString &) { return Answer::No; })
+            .copyFiles(list, destination, copied, progress);
+    };
+    const auto copy = [&](const QString &destination, int &copied) {
+        const auto progress =
+            m_terminal.openProgress({}, tr("Backup"), static_cast<int>(files.size()));
+        return LibraryBackup::copyFiles(files, destination, copied, *progress, copyList);
+    };
+    const auto report = [&isWhole](bool succeeded) { isWhole = succeeded; };
+    const bool goesOn = LibraryBackup(ask, copy, report, m_terminal.progressOpener())
+                            .suggest(static_cast<int>(files.size()));
+    if (goesOn && isWhole && !m_terminal.isStopped())
+        return true;
+    m_terminal.refuse(*folder, failed);
+    return false;
+}
+
+void SyncCommand::sync(const QString &path, const CatalogueMerge &catalogue)
+{
+    if (!m_request.dryRun)
+        m_leftovers.tidyBeside(path);
+    SongUpdate update(path);
+    if (!update.load()) {
+        const QString reason = UnreadableFile::examine(path).reasonText();
+        m_terminal.fail(path, reason);
+        m_writer.unreadable(path, reason);
+        return;
+    }
+    const auto ask = [&] {
+        return m_terminal.ask(path, tr("La song non ha la firma del produttore. Modificarla?"),
+                              "--unsigned", m_request.changeUnsigned);
+    };
+    const bool mayChange =
+        m_request.dryRun || update.before().isKravo || m_changeUnsigned.isYes(ask);
+    if (!mayChange) {
+        m_terminal.note(tr("%1: non modificata, senza la firma del produttore").arg(path));
+        return;
+    }
+    if (!update.merge(catalogue, QFileInfo(path).fileName())) {
+        m_writer.changes(path, false, {});
+        if (m_request.dryRun)
+            m_terminal.countDone();
+        return;
+    }
+    if (m_request.dryRun && update.canBeSaved()) {
+        m_writer.changes(path, true, update.changes());
+        m_terminal.countDone();
+        return;
+    }
+    save(path, update);
+}
+
+void SyncCommand::save(const QString &path, SongUpdate &update)
+{
+    const QList<ChangePreview::Change> changes = update.changes();
+    const SaveFailure failure = update.canBeSaved() ? update.save() : SaveFailure::TooLarge;
+    if (failure != SaveFailure::None) {
+        m_terminal.fail(path, RunReport::reasonText(failure));
+        m_writer.unreadable(path, RunReport::reasonText(failure));
+        return;
+    }
+    m_terminal.countDone();
+    m_writer.changes(path, true, changes);
+    for (const ChangePreview::Change &change : changes) {
+        if (!change.lost.isEmpty())
+            m_terminal.note(
+                path + QStringLiteral(": ") +
+                RunReport::text({SongFinding::Kind::LostCharacters, path, change.lost}));
+    }
+}

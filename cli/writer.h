@@ -1,0 +1,44 @@
+// The data that the commands give, whatever the form in which they are written.
+#pragma once
+
+#include "devindex/memorycheck.h"
+#include "devindex/songinfoindex.h"
+#include "formats/songinfo.h"
+#include "library/changepreview.h"
+#include "library/songsdbrecord.h"
+
+#include <QList>
+#include <QString>
+
+class Writer
+{
+public:
+    Writer() = default;
+    virtual ~Writer() = default;
+    Q_DISABLE_COPY_MOVE(Writer)
+
+    /** What a song file holds. */
+    virtual void song(const QString &path, const SongInfo &info) = 0;
+
+    /** A file that cannot be shown, and why. */
+    virtual void unreadable(const QString &path, const QString &reason) = 0;
+
+    /** What the catalogue changes in a song; found: whether the catalogue knows it. */
+    virtual void changes(const QString &path, bool found,
+                         const QList<ChangePreview::Change> &changes) = 0;
+
+    /** Before the songs of a memory's index. */
+    virtual void beginList() {}
+
+    /** A song of a memory's index. */
+    virtual void listed(const SongInfoIndex &song) = 0;
+
+    /** What is wrong with a memory. */
+    virtual void finding(const MemoryCheck::Finding &finding) = 0;
+
+    /** A song of the catalogue. */
+    virtual void catalogueSong(const SongsDbRecord &song) = 0;
+};
+
+/** The name of a type that the index tells, as in SongInfo::format. */
+QString formatName(const SongInfoIndex &song);

@@ -1,0 +1,139 @@
+#include "devindex/folderlisting.h"
+
+#include "formats/songnames.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <vector>
+
+#ifdef Q_OS_UNIX
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <sys/stat.h>
+#endif
+
+#ifdef Q_OS_UNIX
+
+namespace
+{
+
+using FileStatus = struct stat;
+
+struct FolderCloser {
+    void operator()(DIR *folder) const { ::closedir(folder); }
+};
+using OpenFolder = std::unique_ptr<DIR, FolderCloser>;
+
+/** An item and the text that orders it. */
+struct KeyedItem {
+    QString key;
+    FolderItem item;
+};
+
+FolderId folderId(const FileStatus &status)
+{
+    return QByteArray::number(static_cast<qulonglong>(status.st_dev), 16) + '.' +
+           QByteArray::number(static_cast<qulonglong>(status.st_ino), 16);
+}
+
+/**
+ * Looks at an entry as closely as it takes: most file systems tell with the name what lies there,
+ * so that only songs and links have to be asked for more. False for what no scan is to see.
+ */
+bool examine(int folder, const dirent &entry, FolderItem &item)
+{
+    unsigned char type = entry.d_type;
+    FileStatus status{};
+    if (type == DT_UNKNOWN) {
+        if (::fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+            return false;
+        type = static_cast<unsigned char>(IFTODT(status.st_mode));
+    }
+    item.isLink = type == DT_LNK;
+    item.isFolder = type == DT_DIR;
+    if (item.isFolder)
+        return true;
+    const bool isSong = songnames::isSongName(item.name);
+    if (type == DT_REG && !isSong)
+        return true;
+    if ((type != DT_REG && !item.isLink) || ::fstatat(folder, entry.d_name, &status, 0) != 0)
+        return false;
+    item.isFolder = item.isLink && S_ISDIR(status.st_mode);
+    if (isSong && S_ISREG(status.st_mode))
+        item.stamp = FileStamp::at(status.st_mtime);
+    return true;
+}
+
+} // namespace
+
+FolderId folderIdOf(const QString &path)
+{
+    FileStatus status{};
+    return ::stat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode)
+               ? folderId(status)
+               : FolderId();
+}
+
+// QDir asks several questions about each entry and keeps the answers in an object for each, which
+// takes longer than everything else that an update of an unchanged memory does.
+FolderListing FolderListing::of(const QString &path)
+{
+    FolderListing listing;
+    const OpenFolder folder(::opendir(QFile::encodeName(path).constData()));
+    FileStatus status{};
+    if (folder == nullptr || ::fstat(::dirfd(folder.get()), &status) != 0)
+        return listing;
+    listing.id = folderId(status);
+
+    std::vector<KeyedItem> found;
+    while (const dirent *const entry = ::readdir(folder.get())) {
+        const QByteArrayView name(entry->d_name);
+        if (name.startsWith('.') || !name.isValidUtf8())
+            continue;
+        FolderItem item;
+        item.name = QString::fromUtf8(name);
+        if (examine(::dirfd(folder.get()), *entry, item)) {
+            QString key = item.name.toLower();
+            found.push_back({std::move(key), std::move(item)});
+        }
+    }
+    std::sort(found.begin(), found.end(), [](const KeyedItem &first, const KeyedItem &second) {
+        const int order = first.key.compare(second.key);
+        return order != 0 ? order < 0 : first.item.name < second.item.name;
+    });
+    listing.items.reserve(static_cast<qsizetype>(found.size()));
+    for (KeyedItem &keyed : found)
+        listing.items.append(std::move(keyed.item));
+    return listing;
+}
+
+#else
+
+FolderId folderIdOf(const QString &path)
+{
+    return QFileInfo(path).canonicalFilePath().toUtf8();
+}
+
+FolderListing FolderListing::of(const QString &path)
+{
+    FolderListing listing;
+    listing.id = folderIdOf(path);
+    const QFileInfoList entries = QDir(path).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot,
+                                                           QDir::Name | QDir::IgnoreCase);
+    for (const QFileInfo &entry : entries) {
+        FolderItem item;
+        item.name = entry.fileName();
+        item.isFolder = entry.isDir();
+        item.isLink = entry.isSymLink();
+        if (!item.isFolder && songnames::isSongName(item.name))
+            item.stamp = FileStamp::of(entry.filePath());
+        listing.items.append(item);
+    }
+    return listing;
+}
+
+#endif

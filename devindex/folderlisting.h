@@ -1,0 +1,36 @@
+// The entries of a folder on a memory, as a scan for songs needs them.
+#pragma once
+
+#include "devindex/filestamp.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+struct FolderItem {
+    QString name;
+    bool isFolder = false;          ///< or a link to one
+    bool isLink = false;            ///< a symbolic one
+    std::optional<FileStamp> stamp; ///< of a regular file, or a link to one, named like a song
+};
+
+/** The same for two paths exactly when they lead to the same folder at this moment. */
+using FolderId = QByteArray;
+
+/** The identity of a folder, links followed; empty when there is none at the path. */
+FolderId folderIdOf(const QString &path);
+
+struct FolderListing {
+    FolderId id; ///< empty when the folder cannot be read
+
+    /**
+     * All entries but hidden ones, those whose names are no valid UTF-8, broken links, and pipes,
+     * sockets and devices; by name without regard to case. The ids of new songs follow this order.
+     */
+    QList<FolderItem> items;
+
+    /** Reads the folder. */
+    static FolderListing of(const QString &path);
+};

@@ -1,0 +1,196 @@
+#include "devindex/indexbuild.h"
+
+#include "devindex/filestamp.h"
+#include "devindex/indexfiles.h"
+#include "devindex/indexwriter.h"
+#include "devindex/pathorder.h"
+#include "devindex/playlistkeeper.h"
+#include "devindex/songadder.h"
+#include "devindex/songhead.h"
+#include "storage/safefile.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
+
+namespace
+{
+
+/** False for a path that no scan can have given: the file would lie outside the memory. */
+bool isMemoryPath(const QString &path)
+{
+    return path.startsWith(QLatin1Char('/')) && path.size() <= PathRecord::MaxPathLength &&
+           !path.contains(QLatin1String("/../")) && !path.endsWith(QLatin1String("/.."));
+}
+
+/** Removes a file; true when it is not there any more. */
+bool removeFile(const QString &path)
+{
+    return QFile::remove(path) || !QFileInfo::exists(path);
+}
+
+} // namespace
+
+IndexBuild::IndexBuild(IndexState &state, IndexObserver &observer)
+    : m_state(state)
+    , m_observer(observer)
+{
+}
+
+void IndexBuild::refreshEntries(const SongAdder *scanned)
+{
+    int step = 0;
+    for (SongInfoIndex &entry : m_state.entries) {
+        m_observer.tellCurrentPath(entry.fullPath);
+        refresh(entry, scanned);
+        m_observer.tellProgress(++step);
+    }
+    m_observer.tellCurrentPath(QString());
+    m_texts.clear();
+}
+
+void IndexBuild::refresh(SongInfoIndex &entry, const SongAdder *scanned)
+{
+    if (m_state.maxLoadedId == IndexState::NoIdLoaded || entry.id > m_state.maxLoadedId) {
+        // The scan has just seen the file. Only one that cannot be read is looked for again.
+        if (!readSong(entry) && !QFileInfo(entry.fullPath).isFile())
+            entry.id = SongInfoIndex::RemovedId;
+        m_state.indexChanged = 1;
+        return;
+    }
+    std::optional<FileStamp> stamp = scanned == nullptr ? std::nullopt : scanned->stampOf(entry);
+    if (!stamp)
+        stamp = FileStamp::of(entry.fullPath);
+    if (!isMemoryPath(entry.path) || !stamp) {
+        entry.id = SongInfoIndex::RemovedId;
+        m_state.indexChanged = 1;
+        return;
+    }
+    if (stamp->date == entry.date && stamp->time == entry.time)
+        return;
+    readSong(entry);
+    entry.date = stamp->date;
+    entry.time = stamp->time;
+    m_state.indexChanged = 1;
+}
+
+/** Reads what the index shows of a song whose file is known to be a regular one. */
+bool IndexBuild::readSong(SongInfoIndex &entry)
+{
+    const bool isRead = readSongHead(songHeadOf(entry.fullPath), entry.fullPath, entry);
+    entry.artist = *m_texts.insert(entry.artist);
+    entry.genre = *m_texts.insert(entry.genre);
+    return isRead;
+}
+
+/**
+ * Order of the flushes: the folder once the old counts are gone; each file; the folder; the new
+ * counts, before and after they get their name; the folder again.
+ */
+bool IndexBuild::write()
+{
+    if (!removeCounts() || !removeLinks() || !writeOrder() || !restorePlaylists())
+        return false;
+    const BuildOrders orders(m_state.entries);
+    if (indexwriter::writePaths(m_state.filePath(indexfiles::Path), orders.byNumber()) < 0)
+        return false;
+    m_observer.tellProgress(20);
+    if (!writeSongFiles(orders))
+        return false;
+    // The other files are on the medium by name, too, before the counts make them an index.
+    if (!flushFolderOf(m_state.filePath(indexfiles::Count)) || writeCounts() < 0)
+        return false;
+    m_observer.tellProgress(100);
+    return true;
+}
+
+bool IndexBuild::writeSongFiles(const BuildOrders &orders)
+{
+    struct SongFile {
+        EntryList (BuildOrders::*order)() const;
+        QString SongInfoIndex::*groups; ///< null for a file without groups
+        QLatin1String name;
+        QLatin1String alphaName;
+        int progress;
+    };
+    using namespace indexfiles;
+    constexpr QString SongInfoIndex::*artist = &SongInfoIndex::artist;
+    constexpr QString SongInfoIndex::*genre = &SongInfoIndex::genre;
+    constexpr std::array songFiles{
+        SongFile{&BuildOrders::byTitle, nullptr, Title, AlphaTitle, 30},
+        SongFile{&BuildOrders::byArtist, artist, Artist, AlphaArtist, 40},
+        SongFile{&BuildOrders::byGenre, genre, Genre, AlphaGenre, 50},
+        SongFile{&BuildOrders::mp3ByTitle, nullptr, Mp3Title, AlphaMp3Title, 70},
+        SongFile{&BuildOrders::mp3ByArtist, artist, Mp3Artist, AlphaMp3Artist, 80},
+        SongFile{&BuildOrders::mp3ByGenre, genre, Mp3Genre, AlphaMp3Genre, 90}};
+    constexpr std::size_t firstMp3File = 3;
+
+    for (std::size_t i = 0; i < songFiles.size(); ++i) {
+        if (i == firstMp3File)
+            m_observer.tellProgress(60);
+        const SongFile &file = songFiles.at(i);
+        const EntryList songs = (orders.*file.order)();
+        const QString path = m_state.filePath(file.name);
+        AlphaTable &alpha = m_state.alphaBuffer;
+        alpha.clear();
+        const int count = file.groups == nullptr
+                              ? indexwriter::writeTitles(path, songs, alpha)
+                              : indexwriter::writeGroups(path, songs, file.groups, alpha);
+        if (count < 0 || !writeAlpha(file.alphaName))
+            return false;
+        m_state.counts.values.at(i) = static_cast<quint32>(count);
+        m_observer.tellProgress(file.progress);
+    }
+    return true;
+}
+
+bool IndexBuild::removeCounts() const
+{
+    const auto remove = [this](QLatin1String name) {
+        const QString path = m_state.filePath(name);
+        return removeFile(path) && flushFolderOf(path);
+    };
+    return remove(indexfiles::Count) && (m_state.restorePlaylists == 0 || remove(indexfiles::Path));
+}
+
+/** Writing through a link would change a file outside the memory. */
+bool IndexBuild::removeLinks() const
+{
+    const auto isNoLink = [this](QLatin1String name) {
+        const QString path = m_state.filePath(name);
+        return !QFileInfo(path).isSymLink() || QFile::remove(path);
+    };
+    return std::all_of(indexfiles::All.begin(), indexfiles::All.end(), isNoLink) &&
+           isNoLink(indexfiles::UnfinishedCount);
+}
+
+bool IndexBuild::writeOrder() const
+{
+    PathOrder(m_state.entries).apply();
+    return indexwriter::writeOrder(m_state.filePath(indexfiles::Order), listOf(m_state.entries)) >=
+           0;
+}
+
+bool IndexBuild::restorePlaylists()
+{
+    return m_state.restorePlaylists == 0 ||
+           PlaylistKeeper(m_state.rootPath).restoreIds(m_state.playlistNumbers, m_state.entries) !=
+               PlaylistFiles::Outcome::Failed;
+}
+
+bool IndexBuild::writeAlpha(QLatin1String name) const
+{
+    return indexwriter::writeAlpha(m_state.filePath(name), m_state.alphaBuffer) >= 0;
+}
+
+int IndexBuild::writeCounts() const
+{
+    QFile unfinished(m_state.filePath(indexfiles::UnfinishedCount));
+    if (indexwriter::writeCounts(unfinished.fileName(), m_state.counts) == 0 &&
+        replaceOnMedium(unfinished, m_state.filePath(indexfiles::Count)))
+        return 0;
+    unfinished.remove();
+    return -1;
+}

@@ -1,0 +1,49 @@
+// Makes the index files of a memory from the entries of an index.
+#pragma once
+
+#include "devindex/entrysort.h"
+#include "devindex/indexstate.h"
+
+#include <QLatin1String>
+#include <QSet>
+#include <QString>
+
+class SongAdder;
+
+class IndexBuild
+{
+public:
+    IndexBuild(IndexState &state, IndexObserver &observer);
+
+    /**
+     * Reads what is new or changed, and marks the entries whose files are gone. What scanned has
+     * seen of a file is not asked for again; it may be null.
+     */
+    void refreshEntries(const SongAdder *scanned);
+
+    /** Writes all index files, and the new ids into the playlists; false when that failed. */
+    bool write();
+
+    /**
+     * Takes away the file of counts, on the medium as well, before any other index file changes:
+     * what is there if the work is cut off after that is no index. Where the playlists get new ids,
+     * the old path file goes, too: nobody must look for the new ids in it.
+     */
+    bool removeCounts() const;
+
+    /** Writes the file of counts: it appears with its bytes or not at all. -1 when it does not. */
+    int writeCounts() const;
+
+private:
+    void refresh(SongInfoIndex &entry, const SongAdder *scanned);
+    bool readSong(SongInfoIndex &entry);
+    bool removeLinks() const;
+    bool writeOrder() const;
+    bool restorePlaylists();
+    bool writeSongFiles(const BuildOrders &orders);
+    bool writeAlpha(QLatin1String name) const;
+
+    IndexState &m_state;
+    IndexObserver &m_observer;
+    QSet<QString> m_texts; ///< artists and genres, which many songs share, once each
+};

@@ -1,0 +1,47 @@
+// What the steps of an index operation share, and what they tell while they work.
+#pragma once
+
+#include "devindex/indexrecords.h"
+#include "devindex/songinfoindex.h"
+
+#include <QList>
+#include <QString>
+
+/** The state of one operation on a memory's index; each step takes it from the one before. */
+struct IndexState {
+    /** Stands for maxLoadedId where no index was read. */
+    static constexpr quint32 NoIdLoaded = 0xFFFFFFFF;
+
+    AlphaTable alphaBuffer;
+    QString rootPath; ///< without a slash at its end
+    QList<SongInfoIndex> entries;
+    QList<quint16> playlistNumbers;
+    quint32 maxLoadedId = NoIdLoaded; ///< highest id of the index that was read, or this
+    quint32 nextId = 0;
+    quint16 nextPosidx = 0;
+    quint8 restorePlaylists = 0;
+    quint8 indexChanged = 0;
+    quint8 askBeforeRename = 1;
+    quint8 renameAccepted = 1;
+    quint32 filesFound = 0;
+    CountRecord counts;
+
+    /** Where a file of this name, or path below the root, lies on the computer. */
+    QString filePath(const QString &name) const { return rootPath + QLatin1Char('/') + name; }
+};
+
+/** Hears what the steps of an index operation have to tell. */
+class IndexObserver
+{
+public:
+    virtual void tellError(const QString &message) = 0;
+    virtual void tellCurrentPath(const QString &path) = 0;
+    virtual void tellProgress(int value) = 0;
+    virtual void tellMaximum(int maximum) = 0;
+    virtual void tellFilesFound(int count) = 0;
+
+protected:
+    IndexObserver() = default;
+    ~IndexObserver() = default;
+    Q_DISABLE_COPY_MOVE(IndexObserver)
+};

@@ -1,0 +1,52 @@
+// Gives files and folders of a memory names that are short enough for the player.
+#pragma once
+
+#include "devindex/indexstate.h"
+#include "devindex/shortname.h"
+#include "library/answer.h"
+
+#include <QCoreApplication>
+#include <QString>
+
+#include <functional>
+
+/** Asks before it renames; the "all" answers are kept in the state. */
+class ItemRenamer
+{
+    Q_DECLARE_TR_FUNCTIONS(Index)
+
+public:
+    /** Asks whether path may be renamed as the message says. */
+    using Question = std::function<Answer(const QString &path, const QString &message)>;
+
+    ItemRenamer(IndexState &state, IndexObserver &observer);
+
+    /** Without a question nothing is renamed. */
+    void setQuestion(Question question) { m_question = std::move(question); }
+
+    /**
+     * The path under which the item is to be used: unchanged, or new after it was renamed; empty
+     * when it cannot be used. What lies outside the memory keeps its name.
+     */
+    QString renameLong(const QString &path);
+
+    /** The same for an item that was reached from the root without any link. */
+    QString renameLongInside(const QString &path);
+
+    /** An item was renamed, but may not be so after a power cut. */
+    bool isUnsure() const { return m_unsure; }
+
+    /** Forgets earlier renames, but not the answers. */
+    void start() { m_unsure = false; }
+
+private:
+    QString renameAsked(const QString &path);
+    bool ask(const QString &path, const QString &candidate);
+    bool isNamedWell(const QString &path) const;
+
+    IndexState &m_state;
+    IndexObserver &m_observer;
+    Question m_question;
+    ShortNames m_shortNames;
+    bool m_unsure = false;
+};

@@ -1,0 +1,112 @@
+// Holds the player's index and playlists on a memory against each other and against the songs.
+#pragma once
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QHash>
+#include <QList>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+/**
+ * Reads only: nothing on the memory is changed. A memory without a complete index has one finding,
+ * since the player then finds no songs at all. Files that are larger than an index can make them
+ * are not read to their end.
+ */
+class MemoryCheck
+{
+    Q_DECLARE_TR_FUNCTIONS(MemoryCheck)
+
+public:
+    enum class Kind {
+        NoIndex,      ///< an index file is missing or cannot be read
+        WrongSize,    ///< a file does not end with a record, or its size does not fit
+        TooManySongs, ///< more than the player counts
+        BadRecord,    ///< a record that the player cannot use
+        ListedTwice,  ///< a path, a song or a group stands there a second time
+        MissingSong,  ///< the index lists a file that is not there
+        ChangedSong,  ///< the file was changed after it was indexed
+        UnlistedSong, ///< a song file that the index does not list
+        WrongOrder,   ///< the player searches in another order
+        WrongSongs,   ///< a list does not hold each song that belongs there
+        WrongGroup,   ///< the counts or the text of a group of songs
+        WrongLetter,  ///< a first letter leads to another place
+        WrongCounts,  ///< the file of counts
+        UnknownSongInPlaylist
+    };
+
+    struct Finding {
+        Kind kind;
+        QString path; ///< the song's path on the memory, or the file of the index
+        QString text; ///< what is wrong with it, for the user
+    };
+
+    /** The memory with this root folder. */
+    explicit MemoryCheck(const QString &root);
+
+    /** All that is wrong with the memory; empty when it is in order. */
+    QList<Finding> run();
+
+    /** A name for the kind that never changes, such as "missing-song". */
+    static const char *nameOf(Kind kind);
+
+private:
+    struct Song {
+        quint32 id = 0;
+        QByteArray path; ///< as it stands in the path file
+    };
+
+    struct Initial {
+        QString text;
+        quint32 offset = 0;
+    };
+
+    void add(Kind kind, const QString &path, const QString &text);
+    QByteArray read(const QString &name);
+    QByteArray records(const QString &name, int size);
+    bool isComplete();
+
+    void checkPaths();
+    void checkPath(int number, const char *record);
+    void findSongFiles();
+    void checkUnlisted();
+    void checkOrder();
+    void checkTitles(bool mp3Only);
+    int checkGroups(const QString &kind, bool mp3Only);
+    void checkGroupHeader(const QString &name, int number, const char *record);
+    void checkGroupedSong(const QString &name, int number, const char *record);
+    void checkSongBytes(const QString &name, int number, const char *record);
+    void checkSorted(const QString &name, int number, const QString &first, const QString &second);
+    void checkLetters(const QString &name, const QList<Initial> &initials);
+    void checkCounts(const QList<int> &counts);
+    void checkPlaylists();
+    void checkPlaylist(const QString &name);
+
+    const QString m_root;
+    QList<Finding> m_findings;
+    QHash<QByteArray, QList<QByteArray>> m_files; ///< times of change by path
+    QList<QByteArray> m_filePaths;                ///< in the order in which they were found
+    QList<Song> m_songs;                          ///< by record number
+    QSet<quint32> m_ids;
+    QSet<QByteArray> m_paths;
+    qint64 m_lastId = -1;
+    QHash<quint32, QByteArray> m_titleRecords; ///< of all songs
+    QSet<quint32> m_expected;                  ///< the songs of the lists that are being checked
+    QHash<QString, QHash<quint32, QString>> m_groupOf;
+
+    /** The group file that is being read. */
+    struct GroupState {
+        QString kind;
+        QString group;
+        bool hasGroup = false;
+        QString title;
+        bool hasTitle = false;
+        int groups = 0;
+        int lastCount = 0;
+        int left = 0;
+        QSet<quint32> seen;
+        QList<Initial> initials;
+    };
+    GroupState m_state;
+};

@@ -1,0 +1,30 @@
+// An MFX song file: a header and, compressed behind it, a MIDI file.
+#pragma once
+
+#include "formats/mfxheader.h"
+#include "formats/rawmidifile.h"
+#include "formats/savefailure.h"
+#include "formats/songmerge.h"
+
+class QFile;
+
+/** The public functions are those that each class of MetaSong's variant has; see there. */
+class MfxFile
+{
+public:
+    bool load(QFile &file);
+    SongInfo::fileTypeEnum fileType() const { return m_header.fileType(); }
+    void read(SongInfo &info) const;
+    void merge(const SongMerge &merge) { merge.into(m_header, m_midi); }
+    int addMarker(const QString &text, quint16 bar) { return m_midi.dbgInsertMarker(text, bar); }
+    bool isComplete() const { return m_header.isWhole() && !m_midi.stream().isEmpty(); }
+    bool canBeReadAgain() const;
+    SaveFailure save(const QString &path);
+
+private:
+    QByteArray payload() const;
+    QByteArray bytes();
+
+    MfxHeader m_header;
+    RawMidiFile m_midi;
+};

@@ -1,0 +1,25 @@
+// A MIDI file as a song: what MetaSong does with each format, for this one.
+#pragma once
+
+#include "formats/rawmidifile.h"
+#include "formats/savefailure.h"
+#include "formats/songmerge.h"
+
+class QFile;
+
+/** The functions are those that each class of MetaSong's variant has; see there. */
+class MidiSong
+{
+public:
+    bool load(QFile &file);
+    SongInfo::fileTypeEnum fileType() const { return m_midi.fileType(); }
+    void read(SongInfo &info) const;
+    void merge(const SongMerge &merge) { merge.into(m_midi); }
+    int addMarker(const QString &text, quint16 bar) { return m_midi.dbgInsertMarker(text, bar); }
+    bool isComplete() const { return !m_midi.stream().isEmpty(); }
+    bool canBeReadAgain() const;
+    SaveFailure save(const QString &path);
+
+private:
+    RawMidiFile m_midi;
+};

@@ -1,0 +1,29 @@
+// An MP3 file as a song: the tag in memory, the audio in the file.
+#pragma once
+
+#include "formats/mp3header.h"
+#include "formats/savefailure.h"
+#include "formats/songmerge.h"
+
+class QFile;
+
+/** The functions, but for isMp3, are those that each class of MetaSong's variant has; see there. */
+class Mp3Song
+{
+public:
+    /** True for the name and the first bytes of an MP3 file. */
+    static bool isMp3(const QString &path, const QByteArray &start);
+
+    bool load(QFile &file);
+    SongInfo::fileTypeEnum fileType() const { return m_tag.fileType(); }
+    void read(SongInfo &info) const;
+    void merge(const SongMerge &merge) { merge.into(m_tag); }
+    int addMarker(const QString & /*text*/, quint16 /*bar*/) { return 0; }
+    bool isComplete() const { return true; }
+    bool canBeReadAgain() const;
+    SaveFailure save(const QString &path) const;
+
+private:
+    QString m_path;
+    Mp3Header m_tag;
+};

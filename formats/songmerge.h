@@ -1,0 +1,39 @@
+// The rules by which a record gets into a song.
+#pragma once
+
+#include "formats/mfxheader.h"
+#include "formats/mp3header.h"
+#include "formats/rawmidifile.h"
+#include "formats/songinfo.h"
+
+/**
+ * Writes a record into the data of a song, in memory. What the user has edited is written as it
+ * stands, but for the markers. What comes from the catalogue fills what the song lacks; what the
+ * song holds already mostly stays.
+ */
+class SongMerge
+{
+public:
+    /** Who says what the record holds. */
+    enum class Source { User, Catalogue };
+
+    /** The record must outlive the merge. */
+    SongMerge(const SongInfo &info, Source source);
+
+    void into(RawMidiFile &midi) const;
+    /** Into the two parts of an MFX song. */
+    void into(MfxHeader &header, RawMidiFile &midi) const;
+    void into(Mp3Header &tag) const;
+
+private:
+    void edit(RawMidiFile &midi) const;
+    void edit(MfxHeader &header, RawMidiFile &midi) const;
+    void fill(RawMidiFile &midi) const;
+    void fill(MfxHeader &header) const;
+    void fillArtist(MfxHeader &header) const;
+    void fillPayload(RawMidiFile &midi) const;
+    void addMarkers(RawMidiFile &midi) const;
+
+    const SongInfo &m_info;
+    Source m_source;
+};

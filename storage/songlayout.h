@@ -1,0 +1,20 @@
+// What every layer knows about the bytes of a song file: how it begins and how long it says it is.
+#pragma once
+
+#include <QtGlobal>
+
+namespace songlayout
+{
+inline constexpr qsizetype magicSize = 4;        ///< as many bytes tell any format
+inline constexpr char midiMagic[] = "MThd";      ///< Standard MIDI File
+inline constexpr char mfxMagic[] = "_MF";        ///< the digit of the variant follows
+inline constexpr char id3Magic[] = "ID3";        ///< ID3v2 tag, in front of an MP3's audio
+inline constexpr char midiTrackMagic[] = "MTrk"; ///< chunk of a MIDI file with a track
+
+// A MIDI file is a row of chunks: four letters, the size of what follows (4, big-endian), and that.
+inline constexpr qsizetype chunkSizePos = 4;
+inline constexpr qsizetype chunkHeaderSize = 8;
+
+/** Where an MFX file tells its whole size (4 bytes, little-endian). */
+inline constexpr qsizetype mfxFileSizePos = 4;
+} // namespace songlayout

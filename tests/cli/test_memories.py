@@ -1,0 +1,162 @@
+#!/usr/bin/env python3
+"""test_memories.py KAVENA: transfer, index and list, as a script sees them."""
+import fcntl
+import os
+import pathlib
+
+import songs
+from songs import CliTest, mp3, song
+
+LOCK_FILE = ".kavena-lock"
+
+
+class Transfer(CliTest):
+    def test_songs_arrive_and_are_found_by_the_player(self):
+        self.write("a.mid", song("Alpha"))
+        self.write("sub/b.mp3", mp3("Beta"))
+        self.write("sub/b.cdg", b"pictures")
+        self.write("sub/notes.txt", b"no song")
+        result = self.run_kavena("transfer", ".", "--to", self.card, status=0)
+        self.assertEqual(result.out, "")
+        self.assertEqual({path.name for path in (self.card / "songs").iterdir()},
+                         {"a.mid", "b.mp3", "b.cdg"})
+        self.assertEqual(self.judge_memory(), "")
+        self.run_kavena("index", "check", self.card, status=0)
+
+    def test_refused_folders(self):
+        self.write("a.mid", song())
+        elsewhere = self.folder / "elsewhere"
+        elsewhere.mkdir()
+        (self.card / "sfx").mkdir()
+        before = self.snapshot()
+        for folder in (elsewhere, self.card.parent, self.card / "sfx", self.card / "gone", "/",
+                       b"\xff"):
+            result = self.run_kavena("transfer", "a.mid", "--to", folder, status=3)
+            self.assertNotEqual(result.err, "")
+            self.assertEqual(self.snapshot(), before, folder)
+        self.assertFalse((self.card / "gone").exists())
+
+    def test_relative_folder(self):
+        self.write("a.mid", song())
+        relative = os.path.relpath(self.card, self.music)
+        self.run_kavena("transfer", "a.mid", "--to", relative, status=0)
+        self.assertTrue((self.card / "songs" / "a.mid").exists())
+
+    def test_replace(self):
+        self.write("a.mid", song("New"))
+        there = self.write("songs/a.mid", song("Old"), self.card)
+        old, new = there.read_bytes(), song("New")
+        for options, expected in (([], old), (["--replace", "no"], old),
+                                  (["--replace", "yes"], new)):
+            result = self.run_kavena("transfer", *options, "a.mid", "--to", self.card, status=0)
+            self.assertEqual("--replace yes" in result.err, options == [])
+            self.assertEqual(there.read_bytes(), expected)
+
+    def test_failures_are_named_and_the_others_arrive(self):
+        self.write("a.mid", song())
+        result = self.run_kavena("transfer", "gone.mid", "a.mid", "--to", self.card, status=1)
+        self.assertIn("gone.mid", result.err)
+        self.assertTrue((self.card / "songs" / "a.mid").exists())
+        self.assertEqual(self.judge_memory(), "")
+
+    def test_memory_in_use_is_left_alone(self):
+        self.write("a.mid", song())
+        with (self.card / LOCK_FILE).open("wb") as lock:
+            lock.write(b"pid 1\n")
+            lock.flush()
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            self.run_kavena("transfer", "a.mid", "--to", self.card, status=3)
+            self.run_kavena("index", "update", self.card, status=3)
+        self.assertFalse((self.card / "songs").exists())
+
+    def test_nothing_to_transfer(self):
+        self.run_kavena("transfer", "-0", "--to", self.card, status=3)
+        self.run_kavena("transfer", "a.mid", status=2)
+
+
+class Index(CliTest):
+    def setUp(self):
+        super().setUp()
+        self.write("a.mid", song("Alpha", "Zoe"), self.card)
+        self.write("x/b.mp3", mp3("Beta"), self.card)
+
+    def test_update_rebuild_and_check(self):
+        self.assertEqual(self.run_kavena("index", "update", self.card, status=0).out, "")
+        self.assertEqual(self.judge_memory(), "")
+        self.write("x/c.mid", song("Gamma"), self.card)
+        check = self.run_kavena("index", "check", "--json", self.card, status=1)
+        self.assertEqual([(line["finding"], line["path"]) for line in check.lines],
+                         [("unlisted-song", "/x/c.mid")])
+        self.assertEqual(set(check.lines[0]), {"finding", "path", "text"})
+        self.run_kavena("index", "update", self.card / "x", status=0)  # a folder of the memory
+        self.assertEqual(self.judge_memory(), "")
+        self.run_kavena("index", "rebuild", self.card, status=0)
+        self.assertEqual(self.judge_memory(), "")
+        check = self.run_kavena("index", "check", "--json", self.card, status=0)
+        self.assertEqual((check.out, check.err), ("", ""))
+
+    def test_check_changes_nothing(self):
+        self.run_kavena("index", "update", self.card, status=0)
+        (self.card / "title.idx").write_bytes(b"damaged")
+        before = self.snapshot()
+        check = self.run_kavena("index", "check", self.card, status=1)
+        self.assertIn("title.idx: ", check.out)
+        self.assertEqual(self.snapshot(), before)
+
+    def test_memory_without_an_index(self):
+        check = self.run_kavena("index", "check", "--json", self.card, status=1)
+        self.assertEqual([line["finding"] for line in check.lines], ["no-index"])
+        self.run_kavena("index", "check", self.folder / "gone", status=3)
+        self.run_kavena("index", "update", self.folder / "gone", status=3)
+        self.assertFalse((self.folder / "gone").exists())
+
+    def test_options_decide_about_long_names(self):
+        long = self.write("averylongname.mid", song("Long"), self.card)
+        for options in ([], ["--rename", "no"]):
+            result = self.run_kavena("index", "update", *options, self.card, status=0)
+            self.assertEqual("--rename yes" in result.err, options == [])
+            self.assertTrue(long.exists())
+        self.run_kavena("index", "update", "--rename", "yes", self.card, status=0)
+        self.assertFalse(long.exists())
+        self.assertTrue((self.card / "averyl-1.mid").exists())
+        self.assertEqual(self.judge_memory(), "")
+
+    def test_list(self):
+        self.write("c.mf5", b"_MF5" + bytes(1100), self.card)
+        self.run_kavena("index", "update", self.card, status=0)
+        lines = self.run_kavena("list", "--json", self.card, status=0).lines
+        self.assertEqual(lines[0], {
+            "id": 0, "path": "/a.mid", "title": "ALPHA", "artist": "ZOE", "genre": "<UNKNOWN>",
+            "format": "MIDI", "bpm": 0, "markers": False})
+        self.assertEqual({line["format"] for line in lines}, {"MIDI", "MP3", "MF5"})
+
+    def test_orders_of_the_list(self):
+        self.write("b.mid", song("Beta", "Adam"), self.card)
+        self.run_kavena("index", "rebuild", self.card, status=0)
+        artists = [line["artist"] for line in
+                   self.run_kavena("list", "--json", "--sort", "artist", self.card).lines]
+        self.assertEqual(artists, sorted(artists))
+        titles = [line["title"] for line in
+                  self.run_kavena("list", "--json", "--sort", "title", self.card).lines]
+        self.assertEqual(titles, sorted(titles))
+        self.run_kavena("list", "--sort", "length", self.card, status=2)
+        self.run_kavena("list", "--csv", "--json", self.card, status=2)
+
+    def test_csv(self):
+        self.run_kavena("index", "update", self.card, status=0)
+        out = self.run_kavena("list", "--csv", self.card, status=0).out
+        self.assertEqual(out.splitlines(), ["TITLE;ARTIST;GENRE;FILE;",
+                                            "ALPHA;ZOE;<UNKNOWN>;/a.mid;",
+                                            "BETA;<UNKNOWN>;<UNKNOWN>;/x/b.mp3;"])
+        self.assertIn("/x/b.mp3", self.run_kavena("list", self.card, status=0).out)
+
+    def test_list_needs_an_index(self):
+        self.assertNotEqual(self.run_kavena("list", self.card, status=3).err, "")
+        self.run_kavena("index", "update", self.card, status=0)
+        path = pathlib.Path(self.card / "title.idx")
+        path.write_bytes(path.read_bytes()[:-1])
+        self.run_kavena("list", self.card, status=3)
+
+
+if __name__ == "__main__":
+    songs.main()

@@ -1,0 +1,215 @@
+#!/usr/bin/env python3
+"""test_songs.py KAVENA: show, set, sync and catalogue, as a script sees them."""
+import os
+import subprocess
+
+import songs
+from songs import CliTest, midi, meta, mp3, song
+
+# A song of the catalogue: file name, title, artist as it is displayed.
+FILE, TITLE, ARTIST = "BIRGILCA", "A BIRD IN A GILDED CAGE", "JERE MAHONEY"
+
+
+class Show(CliTest):
+    def test_json_has_the_documented_names(self):
+        self.write("s.mid", midi(meta(3, b"Tit\xe8l"), meta(2, b"K-RAVO"), meta(0x4B, b"\x02Art"),
+                                 meta(0x4B, b"\x01Gen"), meta(0x4B, b"\x03Aut"),
+                                 meta(0x4B, b"\x04125"), meta(0x4B, b"\x0597"),
+                                 meta(0x4B, b"\x06\0\x05Verse"), meta(0x59, b"\0\x01")))
+        shown = self.run_kavena("show", "--json", "s.mid", status=0)
+        self.assertEqual(shown.lines, [{
+            "path": "s.mid", "format": "MIDI", "title": "Titèl", "artist": "Art", "genre": "Gen",
+            "author": "Aut", "length": 125, "bpm": 97, "key": "A-", "signed": True,
+            "markers": [{"bar": 5, "text": "Verse"}]}])
+        self.assertEqual(list(shown.lines[0])[:2], ["path", "format"])
+        self.assertEqual(shown.err, "")
+
+    def test_people_read_words(self):
+        self.write("s.mid", song("Blue", "Green", signed=True))
+        out = self.run_kavena("show", "s.mid", status=0).out
+        self.assertIn("s.mid\n", out)
+        for label, text in (("Title", "Blue"), ("Artist", "Green"), ("Signature", "yes")):
+            self.assertRegex(out, rf"\n  {label}: +{text}\n")
+
+    def test_unreadable_files_have_a_reason_and_the_others_are_shown(self):
+        self.write("good.mid", song())
+        self.write("bad.mid", b"MThd and nothing else")
+        self.write("empty.mid", b"")
+        shown = self.run_kavena("show", "--json", "gone.mid", "bad.mid", "good.mid", "empty.mid",
+                                ".", status=1)
+        errors = {line["path"]: line.get("error") for line in shown.lines}
+        self.assertEqual(errors, {
+            "gone.mid": "The file does not exist", "bad.mid": "The file is damaged",
+            "good.mid": None, "empty.mid": "The file is empty", ".": "Not a regular file"})
+        for line in shown.lines:
+            if "error" in line:
+                self.assertEqual(set(line), {"path", "error"})
+                self.assertIn(f"kavena: {line['path']}: {line['error']}\n", shown.err)
+
+    def test_odd_names(self):
+        names = ["[a,b].mid", "a b.mid", "-x.mid", "--json", "set", "'q\".mid", "n\new.mid", "[]",
+                 "{x}", "a=b.mid", "è♥.mid", "-0"]
+        for name in names:
+            self.write(name, song(name.encode("ascii", "replace").decode()))
+        shown = self.run_kavena("show", "--json", "--", *names, status=0)
+        self.assertEqual([line["path"] for line in shown.lines], names)
+        plain = [name for name in names if not name.startswith("-")]
+        shown = self.run_kavena("show", "--json", *plain, status=0)
+        self.assertEqual([line["path"] for line in shown.lines], plain)
+
+    def test_names_from_standard_input(self):
+        for name in ("one.mid", "two\nlines.mid", "-3.mid"):
+            self.write(name, song())
+        listed = b"two\nlines.mid\0-3.mid\0"
+        shown = self.run_kavena("show", "-0", "--json", "one.mid", stdin=listed, status=0)
+        self.assertEqual([line["path"] for line in shown.lines],
+                         ["one.mid", "two\nlines.mid", "-3.mid"])
+        self.run_kavena("show", "-0", stdin=b"", status=3)
+
+    def test_names_that_are_no_utf8_keep_the_line_valid(self):
+        (self.music / os.fsdecode(b"x\xff\xe8.mid")).write_bytes(song())
+        shown = self.run_kavena("show", "--json", b"x\xff\xe8.mid", status=1)
+        self.assertEqual(shown.lines[0]["path"], "x\\xff\\xe8.mid")
+        self.assertEqual(set(shown.lines[0]), {"path", "error"})
+        self.assertIn("kavena: x\\xff\\xe8.mid: ", shown.err)
+
+    def test_terminals_are_not_commanded_by_songs(self):
+        self.write("s.mid", midi(meta(3, b"a\x1b[2Jb\nc")))
+        self.assertNotIn("\x1b", self.run_kavena("show", "s.mid", status=0).out)
+        shown = self.run_kavena("show", "--json", "s.mid", status=0)
+        self.assertEqual(shown.lines[0]["title"], "a\x1b[2Jb\nc")
+
+
+class Set(CliTest):
+    def test_every_item(self):
+        self.write("s.mid", song("Old", "Keep"))
+        self.write("s.mp3", mp3("Old"))
+        changed = self.run_kavena("set", "--title", " [New] ", "--genre=G", "--author", "W",
+                                  "--key", "F#", "--bpm", "99", "--length", "2:05", "s.mid",
+                                  "s.mp3", status=0)
+        self.assertEqual((changed.out, changed.err), ("", ""))
+        for line in self.run_kavena("show", "--json", "s.mid", "s.mp3", status=0).lines:
+            for name, value in (("title", "[New]"), ("genre", "G"), ("author", "W"), ("key", "F#"),
+                                ("bpm", 99), ("length", 125)):
+                self.assertEqual(line[name], value, line)
+        self.assertEqual(self.run_kavena("show", "--json", "s.mid").lines[0]["artist"], "Keep")
+
+    def test_music_stays_byte_for_byte(self):
+        self.write("s.mp3", mp3("Old"))
+        self.run_kavena("set", "--title", "New", "s.mp3", status=0)
+        self.assertTrue((self.music / "s.mp3").read_bytes().endswith(b"\xff\xfb\x90\0" * 300))
+
+    def test_failures_do_not_stop_it_and_are_named(self):
+        self.write("good.mid", song("Old"))
+        bad = self.write("bad.mid", b"no song")
+        result = self.run_kavena("set", "--title", "New", "bad.mid", "gone.mid", "good.mid",
+                                 status=1)
+        self.assertIn("kavena: bad.mid: ", result.err)
+        self.assertIn("kavena: gone.mid: ", result.err)
+        self.assertEqual(bad.read_bytes(), b"no song")
+        self.assertEqual(self.run_kavena("show", "--json", "good.mid").lines[0]["title"], "New")
+
+    def test_lost_characters_are_told(self):
+        self.write("s.mid", song())
+        self.assertIn("♥", self.run_kavena("set", "--title", "♥", "s.mid", status=0).err)
+
+    def test_wrong_values_change_nothing(self):
+        path = self.write("s.mid", song())
+        before = path.read_bytes()
+        for wrong in (["--bpm", "1000"], ["--bpm", "-1"], ["--bpm", "x"], ["--length", "2:5"],
+                      ["--length", "2:60"], ["--length", "125"], ["--key", "H"], ["--title"], [],
+                      ["--titel", "x"], [b"--title", b"\xff"], ["--title", "a", "--title", "b"]):
+            result = self.run_kavena("set", *wrong, *([] if wrong == ["--title"] else ["s.mid"]),
+                                     status=2)
+            self.assertEqual(result.out, "")
+            self.assertIn("kavena set --help", result.err, wrong)
+        self.assertEqual(path.read_bytes(), before)
+
+
+class Sync(CliTest):
+    def setUp(self):
+        super().setUp()
+        self.known = self.write(FILE + ".mid", song("X", signed=True))
+        self.unsigned = self.write("sub/" + FILE + ".MID", song("Y"))
+        self.unknown = self.write("sub/zzqqxx.mid", song("Zzqq Xx", signed=True))
+
+    def test_dry_run_prints_the_changes_and_writes_nothing(self):
+        before = self.snapshot()
+        run = self.run_kavena("sync", "--dry-run", "--json", ".", status=0)
+        self.assertEqual(self.snapshot(), before)
+        lines = {line["path"]: line for line in run.lines}
+        self.assertEqual(set(lines), {f"./{FILE}.mid", f"./sub/{FILE}.MID", "./sub/zzqqxx.mid"})
+        found = lines[f"./{FILE}.mid"]
+        self.assertEqual(set(found), {"path", "found", "changes"})
+        self.assertIs(found["found"], True)
+        self.assertIn({"field": "artist", "old": "", "new": ARTIST}, found["changes"])
+        self.assertEqual(lines["./sub/zzqqxx.mid"],
+                         {"path": "./sub/zzqqxx.mid", "found": False, "changes": []})
+        self.assertIn(ARTIST, self.run_kavena("sync", "--dry-run", ".", status=0).out)
+
+    def test_unsigned_songs_are_left_alone_without_a_terminal(self):
+        before = self.unsigned.read_bytes()
+        run = self.run_kavena("sync", ".", status=0)
+        self.assertEqual(self.unsigned.read_bytes(), before)
+        self.assertIn("--unsigned yes", run.err)
+        self.assertEqual(self.shown(self.known)["artist"], ARTIST)
+
+    def test_options_decide_about_unsigned_songs(self):
+        before = self.unsigned.read_bytes()
+        self.run_kavena("sync", "--unsigned", "no", "sub", status=3)
+        self.assertEqual(self.unsigned.read_bytes(), before)
+        self.run_kavena("sync", "--unsigned", "yes", "sub", status=0)
+        self.assertEqual(self.shown(self.unsigned)["artist"], ARTIST)
+
+    def test_changes_are_those_of_the_dry_run(self):
+        preview = self.run_kavena("sync", "--dry-run", "--json", ".").lines
+        self.assertEqual(self.run_kavena("sync", "--unsigned", "yes", "--json", ".").lines, preview)
+
+    def test_backup_holds_the_old_bytes(self):
+        old = {path.read_bytes() for path in (self.known, self.unsigned, self.unknown)}
+        backups = self.folder / "backups"
+        backups.mkdir()
+        self.run_kavena("sync", "--unsigned", "yes", "--backup", backups, ".", status=0)
+        self.assertEqual(set(self.snapshot(backups).values()), old)
+
+    def test_nothing_is_changed_without_the_backup(self):
+        before = self.snapshot()
+        run = self.run_kavena("sync", "--unsigned", "yes", "--backup", "nowhere/at/all", ".",
+                              status=3)
+        self.assertIn("Backup", run.err)
+        self.assertEqual(self.snapshot(), before)
+
+    def test_songs_of_unusable_names_are_failures(self):
+        (self.music / os.fsdecode(b"sub/z\xff.mid")).write_bytes(song())
+        self.assertIn("sub/z\\xff.mid", self.run_kavena("sync", ".", status=1).err)
+
+    def test_nothing_to_do(self):
+        (self.music / "empty").mkdir()
+        self.run_kavena("sync", "empty", status=3)
+        self.run_kavena("sync", "sub/zzqqxx.mid", status=3)
+
+    def shown(self, path):
+        return self.run_kavena("show", "--json", path, status=0).lines[0]
+
+
+class Catalogue(CliTest):
+    def test_songs_are_found_by_every_text(self):
+        for text in ("gilded cage", "Jere Mahoney", "birgilca", "von tilzer"):
+            found = self.run_kavena("catalogue", "find", "--json", text, status=0).lines
+            self.assertIn(TITLE, [line["title"] for line in found], text)
+        line = self.run_kavena("catalogue", "find", "--json", "birgilca").lines[0]
+        self.assertEqual(set(line), {"title", "artist", "altartist", "genre", "author", "length",
+                                     "bpm", "key", "filename", "markers"})
+        self.assertIn({"bar": 9, "text": "Verse1"}, line["markers"])
+        self.assertIn(TITLE, self.run_kavena("catalogue", "find", "birgilca", status=0).out)
+
+    def test_wild_cards_are_characters(self):
+        self.run_kavena("catalogue", "find", "%", status=3)
+
+    def test_nothing_found(self):
+        result = self.run_kavena("catalogue", "find", "no such song at all", status=3)
+        self.assertEqual(result.out, "")
+
+
+if __name__ == "__main__":
+    songs.main()

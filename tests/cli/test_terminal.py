@@ -1,0 +1,190 @@
+#!/usr/bin/env python3
+"""test_terminal.py KAVENA: languages, help, wrong use, terminals, signals and full disks."""
+import os
+import pty
+import select
+import signal
+import subprocess
+import time
+import tty
+
+import songs
+from songs import CliTest, song
+
+ITEM = "BIRGILCA.mid"
+
+
+class Words(CliTest):
+    def test_languages(self):
+        for locale, text in (("de_DE.UTF-8", "Die Datei gibt es nicht"), ("de", "Die Datei"),
+                             ("it_IT.UTF-8", "Il file non esiste"), ("en_US", "The file does"),
+                             ("fr_FR.UTF-8", "The file does"), ("C", "The file does"),
+                             ("POSIX", "The file does"), ("ital", "The file does")):
+            self.assertIn(text, self.run_kavena("show", "x", LC_ALL=locale).err, locale)
+        self.environment["LC_ALL"] = ""
+        self.assertIn("Il file", self.run_kavena("show", "x", LANG="it_IT.UTF-8").err)
+        self.assertIn("Die Datei", self.run_kavena("show", "x", LANG="it_IT.UTF-8",
+                                                   LC_MESSAGES="de_AT.UTF-8").err)
+
+    def test_file_names_are_utf8_in_every_locale(self):
+        self.write("è.mid", song())
+        for locale in ("C", "POSIX", "de_DE.UTF-8"):
+            shown = self.run_kavena("show", "--json", "è.mid", status=0, LC_ALL=locale)
+            self.assertEqual(shown.lines[0]["path"], "è.mid")
+            self.assertEqual(shown.err, "")
+
+    def test_help_leads_with_examples(self):
+        for words in ([], ["show"], ["set"], ["sync"], ["transfer"], ["index", "update"],
+                      ["index", "rebuild"], ["index", "check"], ["list"], ["catalogue", "find"]):
+            shown = self.run_kavena(*words, "--help", status=0)
+            self.assertEqual(shown.err, "")
+            lines = shown.out.splitlines()
+            self.assertEqual(lines[0], "Examples:")
+            self.assertIn(" ".join(["kavena", *words]), lines[1])
+        self.assertTrue(self.run_kavena("-h", status=0, LC_ALL="de").out.startswith("Beispiele:"))
+
+    def test_version(self):
+        self.assertRegex(self.run_kavena("--version", status=0).out, r"^kavena \d+\.\d+\n$")
+
+    def test_wrong_use(self):
+        for words in ([], ["bogus"], ["show"], ["show", "--bogus", "x"], ["index"],
+                      ["index", "bogus", "x"], ["index", "check"], ["index", "check", "a", "b"],
+                      ["sync", "--unsigned", "maybe", "x"], ["catalogue", "find"], ["-x"],
+                      ["set", "--json", "--title", "x", "s.mid"], ["list", "--sort", "x", "."]):
+            result = self.run_kavena(*words, status=2)
+            self.assertEqual(result.out, "")
+            self.assertIn("--help", result.err, words)
+
+
+class Terminals(CliTest):
+    def setUp(self):
+        super().setUp()
+        self.path = self.write(ITEM, song("X"))
+
+    def converse(self, arguments, answer):
+        """Runs with a terminal as input and error output; returns exit status and what it said."""
+        ours, theirs = pty.openpty()
+        process = subprocess.Popen([songs.KAVENA, *arguments], stdin=theirs, stderr=theirs,
+                                   stdout=subprocess.PIPE, cwd=self.music, env=self.environment)
+        os.close(theirs)
+        said = b""
+        end = time.monotonic() + 60
+        while time.monotonic() < end:
+            if select.select([ours], [], [], 0.1)[0]:
+                try:
+                    said += os.read(ours, 4096)
+                except OSError:  # the program has closed its side
+                    break
+            if answer is not None and said.rstrip().endswith(b"]"):
+                os.write(ours, answer)
+                answer = None
+        os.close(ours)
+        process.communicate(timeout=60)
+        return process.returncode, said.decode()
+
+    def test_questions_are_asked_on_a_terminal(self):
+        before = self.path.read_bytes()
+        status, said = self.converse(["sync", ITEM], b"n\n")
+        self.assertIn("signature", said)
+        self.assertEqual((status, self.path.read_bytes()), (3, before))
+        status, said = self.converse(["sync", ITEM], b"y\n")
+        self.assertEqual(status, 0, said)
+        self.assertNotEqual(self.path.read_bytes(), before)
+
+    def test_other_answers_and_the_end_of_input_are_no(self):
+        before = self.path.read_bytes()
+        for answer in (b"maybe\n", b"\n", b"\x04"):
+            status, _ = self.converse(["sync", ITEM], answer)
+            self.assertEqual((status, self.path.read_bytes()), (3, before))
+
+    def test_answer_to_all_is_asked_once(self):
+        other = self.write("sub/" + ITEM, song("Y"))
+        before = other.read_bytes()
+        status, said = self.converse(["sync", "."], b"Y\n")
+        self.assertEqual(status, 0, said)
+        self.assertEqual(said.count("signature. Change it?"), 1)
+        self.assertNotEqual(other.read_bytes(), before)
+
+    def test_an_option_asks_nothing(self):
+        _, said = self.converse(["sync", "--unsigned", "no", ITEM], None)
+        self.assertNotIn("Change it?", said)
+
+    def test_progress_is_on_terminals_only(self):
+        names = [f"{number}.mid" for number in range(50)]
+        for name in names:
+            self.write(name, song())
+        _, said = self.converse(["show", *names], None)
+        self.assertIn("/50", said)
+        self.assertEqual(self.run_kavena("show", *names, status=0).err, "")
+
+
+class Interruptions(CliTest):
+    def test_interrupt_stops_between_two_files(self):
+        for signum in (signal.SIGINT, signal.SIGTERM):
+            self.stop_with(signum)
+
+    def stop_with(self, signum):
+        """Songs are done until the signal comes, and every song is the old or the new one."""
+        paths = [self.write(f"{signum.value}/{number}/{ITEM}", song("X", signed=True))
+                 for number in range(500)]
+        old = song("X", signed=True)
+        new_song = self.write(f"{signum.value}-new/{ITEM}", old)
+        self.run_kavena("sync", new_song, status=0)
+        new = new_song.read_bytes()
+        self.assertNotEqual(new, old)
+        # On a terminal each line comes as soon as its song is done.
+        ours, theirs = pty.openpty()
+        tty.setraw(theirs)
+        process = subprocess.Popen(
+            [songs.KAVENA, "sync", "--json", str(signum.value)], stdout=theirs,
+            stderr=subprocess.PIPE, cwd=self.music, env=self.environment)
+        os.close(theirs)
+        out = os.read(ours, 4096)
+        process.send_signal(signum)
+        while chunk := self.read_on(ours):
+            out += chunk
+        os.close(ours)
+        err = process.stderr.read()
+        process.stderr.close()
+        process.wait(60)
+        done = out.count(b"\n")
+        self.assertEqual(process.returncode, 1, err)
+        self.assertIn(b"Stopped", err)
+        self.assertLess(done, len(paths))
+        contents = [path.read_bytes() for path in paths]
+        self.assertEqual(contents.count(new), done)
+        self.assertEqual(contents.count(old), len(paths) - done)
+        self.assertEqual([path for path in self.snapshot(self.music / str(signum.value))
+                          if path.name != ITEM], [])
+
+    @staticmethod
+    def read_on(terminal):
+        try:
+            return os.read(terminal, 4096)
+        except OSError:  # the program has closed its side
+            return b""
+
+    def test_full_standard_output_is_a_failure(self):
+        self.write("s.mid", song())
+        with open("/dev/full", "wb") as full:
+            process = subprocess.run([songs.KAVENA, "show", "s.mid"], stdout=full, check=False,
+                                     stderr=subprocess.PIPE, cwd=self.music, env=self.environment)
+        self.assertEqual(process.returncode, 1)
+        self.assertIn(b"standard output", process.stderr)
+
+    def test_reader_that_goes_stops_the_work(self):
+        names = b"".join(b"s.mid\0" for _ in range(20000))
+        self.write("s.mid", song())
+        process = subprocess.Popen([songs.KAVENA, "show", "-0"], stdin=subprocess.PIPE,
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, cwd=self.music,
+                                   env=self.environment)
+        process.stdin.write(names)
+        process.stdin.close()
+        process.stdout.readline()
+        process.stdout.close()
+        self.assertEqual(process.wait(60), 1)
+        process.stderr.close()
+
+
+if __name__ == "__main__":
+    songs.main()

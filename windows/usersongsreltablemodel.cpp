@@ -1,0 +1,77 @@
+#include "windows/usersongsreltablemodel.h"
+
+#include "library/runreport.h"
+
+UserSongsRelTableModel::UserSongsRelTableModel(QObject *parent, const QSqlDatabase &db)
+    : SongTable(parent, db)
+{
+}
+
+void UserSongsRelTableModel::setHeaderLabels()
+{
+    const auto setTitle = [this](songcolumns::Column column, const QString &title) {
+        setHeaderData(columnNumber(column), Qt::Horizontal, title, Qt::EditRole);
+    };
+    setTitle(songcolumns::Id, tr("Num"));
+    setTitle(songcolumns::Type, tr("Formato"));
+    setTitle(songcolumns::Title, tr("Titolo"));
+    setTitle(songcolumns::Artist, tr("Artista"));
+    setTitle(songcolumns::Genre, tr("Genere"));
+    setTitle(songcolumns::Author, tr("Autore"));
+    setTitle(songcolumns::Length, tr("Durata"));
+    setTitle(songcolumns::UserBpm, tr("Bpm"));
+    setTitle(songcolumns::Key, tr("Tonalita'"));
+    setTitle(songcolumns::FileName, QString());
+    setTitle(songcolumns::ShortName, tr("Nome file"));
+    setTitle(songcolumns::Status, QString());
+}
+
+QColor UserSongsRelTableModel::statusColour(int status, int row)
+{
+    const bool isOdd = row % 2 != 0;
+    switch (status) {
+    case Database::StatusSynced:
+        return isOdd ? QColor(130, 255, 130) : QColor(100, 225, 100);
+    case Database::StatusEdited:
+        return isOdd ? QColor(255, 255, 130) : QColor(225, 225, 100);
+    case Database::StatusNotSynced:
+        return isOdd ? QColor(255, 130, 130) : QColor(225, 100, 100);
+    default:
+        return isOdd ? QColor(230, 230, 230) : QColor(200, 200, 200);
+    }
+}
+
+QVariant UserSongsRelTableModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid() || index.row() >= rowCount())
+        return QVariant();
+    const bool isStatus = index.column() == colIdxStatus();
+    const auto colour = [&] {
+        const int status = isStatus ? SongTable::data(index).toInt() : Database::StatusNew;
+        return statusColour(status, index.row());
+    };
+    switch (role) {
+    case Qt::BackgroundRole:
+        return colour();
+    case Qt::ForegroundRole:
+        return isStatus ? colour() : QVariant();
+    case notSavedRole:
+    case Qt::AccessibleDescriptionRole:
+    case Qt::ToolTipRole:
+        return notSavedText(index.row(), role);
+    default:
+        return SongTable::data(index, role);
+    }
+}
+
+/** No value for an unmarked row. */
+QVariant UserSongsRelTableModel::notSavedText(int row, int role) const
+{
+    const SaveFailure failure = saveFailure(row);
+    if (failure == SaveFailure::None)
+        return QVariant();
+    QString reason = RunReport::reasonText(failure);
+    if (role == notSavedRole)
+        return reason;
+    return RunReport::text({SongFinding::Kind::NotSaved, QString(), reason});
+}

@@ -1,0 +1,35 @@
+// The table of the user's songs as the main window's list shows it.
+#pragma once
+
+#include "library/songtable.h"
+
+#include <QColor>
+
+/** Adds titles, colours and explanations to the plain rows. */
+class UserSongsRelTableModel : public SongTable
+{
+    Q_OBJECT
+
+public:
+    /** Loads the rows that the connection's `usersongs` holds, in the order of their import. */
+    UserSongsRelTableModel(QObject *parent, const QSqlDatabase &db);
+
+    /** Sets the column titles in the present language. */
+    void setHeaderLabels();
+
+    /** In every column of a marked row: why the song was not saved, in the user's words. */
+    static constexpr int notSavedRole = Qt::UserRole;
+
+    /** The background of a row of this Database::statusEnum; odd and even rows differ. */
+    static QColor statusColour(int status, int row);
+
+    /**
+     * The cell's value; as background the grey of the row, and in the status column the colour of
+     * the status as background and foreground, so that the number in it cannot be read. In a
+     * marked row, the tool tip and the description for screen readers tell why it is marked.
+     */
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+
+private:
+    QVariant notSavedText(int row, int role) const;
+};
