@@ -63,8 +63,10 @@ bool examine(int folder, const dirent &entry, FolderItem &item)
     if ((type != DT_REG && !item.isLink) || ::fstatat(folder, entry.d_name, &status, 0) != 0)
         return false;
     item.isFolder = item.isLink && S_ISDIR(status.st_mode);
-    if (isSong && S_ISREG(status.st_mode))
+    if (isSong && S_ISREG(status.st_mode)) {
         item.stamp = FileStamp::at(status.st_mtime);
+        item.size = static_cast<qint64>(status.st_size);
+    }
     return true;
 }
 
@@ -129,8 +131,10 @@ FolderListing FolderListing::of(const QString &path)
         item.name = entry.fileName();
         item.isFolder = entry.isDir();
         item.isLink = entry.isSymLink();
-        if (!item.isFolder && songnames::isSongName(item.name))
+        if (!item.isFolder && songnames::isSongName(item.name)) {
             item.stamp = FileStamp::of(entry.filePath());
+            item.size = entry.size();
+        }
         listing.items.append(item);
     }
     return listing;

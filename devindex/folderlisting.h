@@ -14,6 +14,7 @@ struct FolderItem {
     bool isFolder = false;          ///< or a link to one
     bool isLink = false;            ///< a symbolic one
     std::optional<FileStamp> stamp; ///< of a regular file, or a link to one, named like a song
+    qint64 size = 0;                ///< of the same, in bytes
 };
 
 /** The same for two paths exactly when they lead to the same folder at this moment. */
