@@ -80,7 +80,7 @@ QList<Group> memoryduplicates::sameTitle(const QList<MemorySong> &songs)
     byTexts.reserve(songs.size());
     for (qsizetype place = 0; place < songs.size(); ++place) {
         const MemorySong &song = songs.at(place);
-        if (!song.showsOnlyName && isThere(song))
+        if (!song.showsOnlyName && isThere(song) && !song.isBehindLink)
             byTexts[song.info.title.toCaseFolded() + QChar(0) + song.info.artist.toCaseFolded()]
                 .append(place);
     }

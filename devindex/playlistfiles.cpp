@@ -118,6 +118,23 @@ PlaylistFiles::Outcome PlaylistFiles::readNumbers(QList<quint16> &numbers) const
     return Outcome::Done;
 }
 
+PlaylistFiles::Outcome PlaylistFiles::readIds(quint16 number, QList<quint32> &ids) const
+{
+    ids.clear();
+    QFile playlist(fileName(number, SongsSuffix));
+    if (!isOwnFile(playlist.fileName()))
+        return Outcome::Nothing;
+    if (!openExisting(playlist, QIODevice::ReadOnly))
+        return Outcome::Failed;
+    for (int song = 0; song < SongInfoIndex::MaxSongs; ++song) {
+        const QByteArray record = playlist.read(PlaylistSongRecord::Size);
+        if (record.size() != PlaylistSongRecord::Size)
+            break;
+        ids.append(PlaylistSongRecord::id(record.constData()));
+    }
+    return playlist.error() == QFile::NoError ? Outcome::Done : Outcome::Failed;
+}
+
 bool PlaylistFiles::needsPathFile(quint16 number) const
 {
     return isOwnFile(fileName(number, SongsSuffix)) && !isTaken(fileName(number, PathsSuffix));

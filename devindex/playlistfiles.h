@@ -32,6 +32,9 @@ public:
      */
     Outcome readNumbers(QList<quint16> &numbers) const;
 
+    /** The ids of a playlist's songs in its order; of a record that is cut off nothing is taken. */
+    Outcome readIds(quint16 number, QList<quint32> &ids) const;
+
     /** True when the playlist is there and its path file is not. */
     bool needsPathFile(quint16 number) const;
 
