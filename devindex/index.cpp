@@ -84,6 +84,51 @@ bool Index::updateIndex(const QString &root)
     return hasWholeIndex();
 }
 
+Index::Change Index::changeSongs(const QString &root, const SongChange &change)
+{
+    if (!begin(root))
+        return Change::NotStarted;
+    const bool hadIndex = checkIndexFile();
+    maxLoadedId = 0;
+    nextId = 0;
+    nextPosidx = 0;
+    restorePlaylists = 0;
+    if (hadIndex && loadAllIndexFile() < 0)
+        return Change::NotStarted;
+    QList<quint16> numbers;
+    if (PlaylistKeeper(rootPath).savePaths(numbers) == PlaylistFiles::Outcome::Failed ||
+        !m_build.removeCounts())
+        return Change::NotStarted;
+    change(entries);
+    if (!hadIndex) {
+        const bool isWhole = createIndex(root);
+        return isWhole ? Change::Done : filesFound == 0 ? Change::NoSongsLeft : Change::NoIndex;
+    }
+    saveChangedPaths(numbers);
+    nextId = maxLoadedId + 1;
+    indexChanged = 1; // even an unchanged memory needs its counts again
+    createPathIndex();
+    // Without its old path file the memory itself has gone, and not its songs.
+    if (filesFound == 0 && !m_renamer.isUnsure() &&
+        QFileInfo(filePath(indexfiles::Path)).isFile()) {
+        deleteIndex();
+        return Change::NoSongsLeft;
+    }
+    createKavenaDir();
+    return hasWholeIndex() ? Change::Done : Change::NoIndex;
+}
+
+/** Until the new index is whole, only the path files know under which names songs lie now. */
+void Index::saveChangedPaths(const QList<quint16> &numbers)
+{
+    const PlaylistFiles playlists(rootPath);
+    for (const quint16 number : numbers) {
+        if (playlists.savePaths(number, entries) == PlaylistFiles::Outcome::Failed)
+            m_playlistsFailed = true;
+    }
+    m_pathsAreSaved = true;
+}
+
 bool Index::begin(const QString &root)
 {
     QString path = root;
@@ -97,6 +142,7 @@ bool Index::begin(const QString &root)
     indexChanged = 0;
     m_buildFailed = false;
     m_playlistsFailed = false;
+    m_pathsAreSaved = false;
     m_renamer.start();
     return true;
 }
@@ -204,7 +250,7 @@ void Index::createPathIndex()
     removeDeletedItems();
     emit progressValueChanged(10);
     QList<quint16> numbers;
-    if (restorePlaylists == 0 &&
+    if (restorePlaylists == 0 && !m_pathsAreSaved &&
         PlaylistKeeper(rootPath).savePaths(numbers) == PlaylistFiles::Outcome::Failed) {
         m_playlistsFailed = true;
         return;

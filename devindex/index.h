@@ -8,6 +8,8 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
 class QFileInfo;
 class RecordWriter;
 class SongAdder;
@@ -53,6 +55,26 @@ public:
      * index that is there cannot be read.
      */
     bool updateIndex(const QString &root);
+
+    /** What became of a change of songs. */
+    enum class Change {
+        NotStarted,  ///< nothing was changed: the index cannot be read, or the memory not written
+        Done,        ///< the songs were changed and the index is up to date
+        NoSongsLeft, ///< they were changed, and there is nothing to make an index of
+        NoIndex      ///< they were changed, and the memory has no index now
+    };
+
+    /** Changes songs on the memory. An entry that gets a song's new path stays in the playlists. */
+    using SongChange = std::function<void(QList<SongInfoIndex> &entries)>;
+
+    /**
+     * Lets songs of the memory be removed, renamed or rewritten, then brings its index up to date
+     * once for all of them. Before the change the old index loses its file of counts, on the medium
+     * too: what is there if the work is cut off is no index rather than one that is not true. Songs
+     * keep their ids. Where there was no complete index, the change gets no entries and a new index
+     * is built.
+     */
+    Change changeSongs(const QString &root, const SongChange &change);
 
     /**
      * Writes the songs of the memory's index as a table: title, artist, genre and path, each closed
@@ -173,6 +195,7 @@ private:
     bool begin(const QString &root);
     bool hasWholeIndex() const;
     bool keepPlaylists();
+    void saveChangedPaths(const QList<quint16> &numbers);
     void scanInto(SongAdder &adder, const QString &dir);
     void refreshEntries(const SongAdder *scanned);
     bool writeSongsList(RecordWriter &list);
@@ -181,4 +204,5 @@ private:
     IndexBuild m_build;
     bool m_buildFailed = false;
     bool m_playlistsFailed = false;
+    bool m_pathsAreSaved = false; ///< the playlists' path files say more than the index on disk
 };

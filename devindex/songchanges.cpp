@@ -1,0 +1,186 @@
+#include "devindex/songchanges.h"
+
+#include "devindex/songname.h"
+#include "devindex/songremoval.h"
+#include "devindex/songrenamer.h"
+#include "storage/memorylock.h"
+
+#include <QFileInfo>
+#include <QSet>
+
+#include <memory>
+
+namespace
+{
+
+/** The entry shows what the file holds only after it was read again. */
+void forgetTime(SongInfoIndex &entry)
+{
+    entry.date = 0;
+    entry.time = 0;
+}
+
+SongInfoIndex *entryOf(QList<SongInfoIndex> &entries, const QString &path)
+{
+    for (SongInfoIndex &entry : entries) {
+        if (entry.path.compare(path, Qt::CaseInsensitive) == 0)
+            return &entry;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+SongChanges::SongChanges(const QString &root, OpenProgress openProgress)
+    : m_root(root.size() > 1 && root.endsWith(QLatin1Char('/')) ? root.chopped(1) : root)
+    , m_openProgress(std::move(openProgress))
+{
+}
+
+SongChanges::Report SongChanges::remove(const QStringList &paths)
+{
+    // An index that nothing is going to make untrue need not be written anew.
+    const SongRemoval removal(m_root);
+    Report refused;
+    QStringList songs;
+    QSet<QString> known;
+    for (const QString &path : paths) {
+        if (known.contains(path))
+            continue;
+        known.insert(path);
+        const QString reason = removal.whyNot(path);
+        if (reason.isEmpty())
+            songs.append(path);
+        else
+            refused.failed.append({path, reason});
+    }
+    if (songs.isEmpty()) {
+        refused.isIndexTrue = true;
+        return refused;
+    }
+    Report report = run([&](QList<SongInfoIndex> &, Report &result) { removeAll(songs, result); });
+    report.failed = refused.failed + report.failed;
+    return report;
+}
+
+void SongChanges::removeAll(const QStringList &paths, Report &report)
+{
+    const std::unique_ptr<Progress> progress = m_openProgress(
+        tr("Eliminazione"), tr("Eliminazione song..."), static_cast<int>(paths.size()));
+    SongRemoval removal(m_root);
+    int number = 0;
+    for (const QString &path : paths) {
+        m_keepAlive.processEvents();
+        report.stopped = report.stopped || progress->wasCanceled();
+        if (report.stopped)
+            break;
+        const QString reason = removal.remove(path);
+        if (reason.isEmpty())
+            report.done.append(path);
+        else
+            report.failed.append({path, reason});
+        progress->updateProgress(++number);
+    }
+    const QSet<QString> uncertain = removal.flush();
+    if (uncertain.isEmpty())
+        return;
+    report.done.removeIf([&](const QString &path) {
+        if (!uncertain.contains(SongRemoval::folderOf(path)))
+            return false;
+        report.failed.append({path, tr("la memoria non ha confermato l'eliminazione")});
+        return true;
+    });
+}
+
+SongChanges::Report SongChanges::rename(const QString &path, const QString &newName)
+{
+    Report refused;
+    const QString reason = SongRemoval(m_root).whyNot(path);
+    const QString problem = reason.isEmpty() ? SongName::whyNot(m_root, path, newName) : reason;
+    if (!problem.isEmpty()) {
+        refused.failed.append({path, problem});
+        refused.isIndexTrue = true;
+        return refused;
+    }
+    Index index;
+    index.rootPath = m_root;
+    if (!index.checkIndexFile()) {
+        refused.refusal = tr("La memoria non ha un database completo: aggiornarlo prima");
+        return refused;
+    }
+    const QString newPath = path.left(path.lastIndexOf(QLatin1Char('/')) + 1) + newName;
+    return run([&](QList<SongInfoIndex> &entries, Report &report) {
+        const songrenamer::Result renamed = songrenamer::rename(m_root + path, m_root + newPath);
+        if (renamed.outcome == songrenamer::Outcome::Unfinished) {
+            report.failed.append({path, tr("il suo ultimo salvataggio non è stato completato")});
+            return;
+        }
+        if (renamed.outcome == songrenamer::Outcome::Failed) {
+            report.failed.append({path, tr("non è stato possibile rinominarla")});
+            return;
+        }
+        if (SongInfoIndex *const entry = entryOf(entries, path)) {
+            entry->path = newPath;
+            entry->fullPath = m_root + newPath;
+            forgetTime(*entry); // a song without a title shows its name
+        }
+        if (renamed.onMedium)
+            report.done.append(newPath);
+        else
+            report.failed.append({path, tr("la memoria non ha confermato il nuovo nome")});
+    });
+}
+
+SongChanges::Report SongChanges::rewrite(const QString &path, const Save &save)
+{
+    const QString reason = SongRemoval(m_root).whyNot(path);
+    if (!reason.isEmpty()) {
+        Report refused;
+        refused.failed.append({path, reason});
+        refused.isIndexTrue = true;
+        return refused;
+    }
+    return run([&](QList<SongInfoIndex> &entries, Report &report) {
+        const QString problem = save();
+        if (problem.isEmpty())
+            report.done.append(path);
+        else
+            report.failed.append({path, problem});
+        if (SongInfoIndex *const entry = entryOf(entries, path))
+            forgetTime(*entry);
+    });
+}
+
+SongChanges::Report SongChanges::run(const Work &work)
+{
+    Report report;
+    MemoryLock lock(m_root);
+    if (!lock.take()) {
+        report.refusal = lock.message();
+        return report;
+    }
+    Index index;
+    index.setRenameQuestion(m_question);
+    std::unique_ptr<Progress> progress;
+    QObject::connect(&index, &Index::errorFromIndex, &index,
+                     [&report](const QString &message) { report.indexProblems.append(message); });
+    const auto setValue = [&progress](int value) {
+        if (progress)
+            progress->setValue(value);
+    };
+    QObject::connect(&index, &Index::fileFoundChanged, &index, setValue);
+    QObject::connect(&index, &Index::progressValueChanged, &index, setValue);
+    QObject::connect(&index, &Index::progressMaxSetup, &index, [&progress](int maximum) {
+        if (progress)
+            progress->setMaximum(maximum);
+    });
+    const Index::Change changed = index.changeSongs(m_root, [&](QList<SongInfoIndex> &entries) {
+        work(entries, report);
+        progress = m_openProgress(tr("Aggiornamento"), tr("Aggiornamento database..."), 0);
+    });
+    if (changed == Index::Change::NotStarted)
+        report.refusal = tr("Il database della memoria è danneggiato, o la memoria non si può "
+                            "scrivere. Non è stato cambiato nulla.");
+    report.isIndexTrue = changed == Index::Change::Done || changed == Index::Change::NoSongsLeft;
+    return report;
+}

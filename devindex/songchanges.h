@@ -1,0 +1,76 @@
+// Changes songs on a memory and brings its index up to date, once for all of them.
+#pragma once
+
+#include "devindex/index.h"
+#include "library/keepalive.h"
+#include "library/progress.h"
+
+#include <QCoreApplication>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+/**
+ * Each call is one job: it takes the lock of the memory, lets the index go, changes the songs and
+ * makes the index true again. A job that is cut off leaves no index.
+ */
+class SongChanges
+{
+    Q_DECLARE_TR_FUNCTIONS(SongChanges)
+
+public:
+    /** A song that was not changed, or not wholly, and why in a few words. */
+    struct Failure {
+        QString path;
+        QString reason;
+    };
+
+    struct Report {
+        QString refusal;  ///< why nothing at all was done; empty when the job was begun
+        QStringList done; ///< paths on the memory of the songs that were changed
+        QList<Failure> failed;
+        bool stopped = false;      ///< by the user; the songs left over are in neither list
+        bool isIndexTrue = false;  ///< the index is up to date, or gone with the last song
+        QStringList indexProblems; ///< what its update said about single songs
+
+        /** Everything went well. */
+        bool isComplete() const
+        {
+            return refusal.isEmpty() && failed.isEmpty() && !stopped && isIndexTrue;
+        }
+    };
+
+    /** The memory with this root folder. */
+    SongChanges(const QString &root, OpenProgress openProgress);
+
+    /** Who is asked, while the index is updated, about names that are too long for the player. */
+    void setRenameQuestion(Index::RenameQuestion question) { m_question = std::move(question); }
+
+    /** Removes the songs of these paths on the memory, each with its karaoke pictures. */
+    Report remove(const QStringList &paths);
+
+    /**
+     * Gives the song another name in its folder, and its karaoke pictures with it; playlists keep
+     * it. Only on a memory with a complete index.
+     */
+    Report rename(const QString &path, const QString &newName);
+
+    /** Saves a song; returns why it was not saved, empty when it was. */
+    using Save = std::function<QString()>;
+
+    /** Lets the song of this path on the memory be rewritten in its place. */
+    Report rewrite(const QString &path, const Save &save);
+
+private:
+    using Work = std::function<void(QList<SongInfoIndex> &entries, Report &report)>;
+
+    Report run(const Work &work);
+    void removeAll(const QStringList &paths, Report &report);
+
+    const QString m_root;
+    const OpenProgress m_openProgress;
+    Index::RenameQuestion m_question;
+    KeepAlive m_keepAlive;
+};

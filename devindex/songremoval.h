@@ -1,0 +1,43 @@
+// Removes single songs from a memory, together with what belongs to them.
+#pragma once
+
+#include <QCoreApplication>
+#include <QSet>
+#include <QString>
+
+/**
+ * One object removes the songs of one job. It touches nothing but song files in the folders of one
+ * memory that the player looks into: never a folder, never anything that a symbolic link leads to,
+ * nor a link itself.
+ *
+ * The song goes first, then its karaoke pictures and the leftovers of a save that was cut off: a
+ * song that cannot be removed keeps its pictures. Nothing is certain before flush(): on FAT the
+ * entry of a file that was removed may come back until its folder is on the medium.
+ */
+class SongRemoval
+{
+    Q_DECLARE_TR_FUNCTIONS(SongRemoval)
+
+public:
+    /** The memory with this root folder. */
+    explicit SongRemoval(const QString &root);
+
+    /**
+     * Removes the song of this path on the memory, which begins with "/". Returns an empty text, or
+     * why it was not removed, or not all of it, in a few words for the user.
+     */
+    QString remove(const QString &path);
+
+    /** Why remove() would refuse the path; empty when it would try. */
+    QString whyNot(const QString &path) const;
+
+    /** Brings all removals to the medium; the folders, as paths on the memory, that failed. */
+    QSet<QString> flush();
+
+    /** The folder of a path on the memory, as flush() names it. */
+    static QString folderOf(const QString &path);
+
+private:
+    QString m_root;
+    QSet<QString> m_folders; ///< in which something was removed
+};
