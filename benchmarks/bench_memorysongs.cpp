@@ -73,7 +73,10 @@ int main(int argc, char **argv)
     parser.addOption({QStringLiteral("folder"), {}, QStringLiteral("dir"), QDir::tempPath()});
     parser.process(application);
     const int rounds = parser.value(QStringLiteral("rounds")).toInt();
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &message) {
+        if (type == QtFatalMsg)
+            std::fprintf(stderr, "%s\n", qPrintable(message));
+    });
 
     const SongTree tree(parser.value(QStringLiteral("folder")),
                         parser.value(QStringLiteral("songs")).toInt());
@@ -85,12 +88,12 @@ int main(int argc, char **argv)
     if (!Index().createIndex(tree.root()))
         qFatal("createIndex failed");
     bool isQuick = judge("open", bestMilliseconds(rounds, [&] { readAll(songs, tree.songs()); }));
-    isQuick = judge("same title and artist",
-                    bestMilliseconds(rounds,
-                                     [&] {
-                                         if (memoryduplicates::sameTitle(songs.songs()).isEmpty())
-                                             qFatal("no duplicates were found");
-                                     })) &&
-              isQuick;
+    qsizetype groups = 0;
+    isQuick =
+        judge("same title and artist",
+              bestMilliseconds(
+                  rounds, [&] { groups = memoryduplicates::sameTitle(songs.songs()).size(); })) &&
+        isQuick;
+    std::printf("groups with one title and artist: %lld\n", static_cast<long long>(groups));
     return isQuick ? 0 : 1;
 }

@@ -31,6 +31,8 @@ constexpr std::array commandWords{
     CommandWords{Command::IndexRebuild, "index", "rebuild"},
     CommandWords{Command::IndexCheck, "index", "check"},
     CommandWords{Command::List, "list", nullptr},
+    CommandWords{Command::Remove, "remove", nullptr},
+    CommandWords{Command::Eject, "eject", nullptr},
     CommandWords{Command::CatalogueFind, "catalogue", "find"},
 };
 
@@ -45,6 +47,7 @@ struct Texts {
     bool csv = false;
     bool zero = false;
     bool dryRun = false;
+    bool duplicates = false;
     std::string title;
     std::string artist;
     std::string genre;
@@ -58,6 +61,7 @@ struct Texts {
     std::string rename;
     std::string changeUnsigned;
     std::string sort;
+    std::string confirm;
     std::vector<std::string> paths;
 };
 
@@ -184,9 +188,10 @@ private:
             return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
         };
         if (isOneOf({Command::Show, Command::Sync, Command::IndexCheck, Command::List,
-                     Command::CatalogueFind}))
+                     Command::Remove, Command::Eject, Command::CatalogueFind}))
             command.add_flag("--json", m_texts.json);
-        if (isOneOf({Command::Show, Command::Set, Command::Sync, Command::Transfer}))
+        if (isOneOf(
+                {Command::Show, Command::Set, Command::Sync, Command::Transfer, Command::Remove}))
             command.add_flag("-0", m_texts.zero);
         if (isOneOf({Command::Set})) {
             command.add_option("--title", m_texts.title);
@@ -208,9 +213,12 @@ private:
         }
         if (isOneOf({Command::Transfer, Command::IndexUpdate, Command::IndexRebuild}))
             command.add_option("--rename", m_texts.rename);
+        if (isOneOf({Command::Remove}))
+            command.add_option("--confirm", m_texts.confirm);
         if (isOneOf({Command::List})) {
             command.add_flag("--csv", m_texts.csv);
             command.add_option("--sort", m_texts.sort);
+            command.add_flag("--duplicates", m_texts.duplicates);
         }
     }
 
@@ -228,6 +236,7 @@ bool takesOneArgument(Command command)
     case Command::IndexRebuild:
     case Command::IndexCheck:
     case Command::List:
+    case Command::Eject:
     case Command::CatalogueFind:
         return true;
     default:
@@ -296,6 +305,7 @@ QString Arguments::readValues(const Grammar &grammar, Request &request)
     decide("--unsigned", texts.changeUnsigned, values::yesOrNo, request.changeUnsigned);
     decide("--replace", texts.replace, values::yesOrNo, request.replace);
     decide("--rename", texts.rename, values::yesOrNo, request.rename);
+    decide("--confirm", texts.confirm, values::yesOrNo, request.confirm);
     decide("--sort", texts.sort, values::sortMode, request.sort);
     return wrong;
 }
@@ -312,6 +322,13 @@ QString Arguments::whatIsWrong(const Request &request)
     const bool takesOne = takesOneArgument(request.command);
     if (request.paths.isEmpty() && !request.pathsFromStandardInput)
         return takesOne ? tr("Manca un argomento") : tr("Mancano i file");
+    if (request.command == Command::Remove && request.paths.isEmpty())
+        return tr("Manca un argomento");
+    if (request.command == Command::Remove && request.paths.size() < 2 &&
+        !request.pathsFromStandardInput)
+        return tr("Mancano i file");
+    if (request.duplicates && request.form == Request::Form::Csv)
+        return tr("--csv e --duplicates non vanno insieme");
     return takesOne && request.paths.size() > 1 ? tr("Troppi argomenti") : QString();
 }
 
@@ -334,6 +351,7 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
     request.paths += parts.behindDashes;
     request.pathsFromStandardInput = texts.zero;
     request.dryRun = texts.dryRun;
+    request.duplicates = texts.duplicates;
     request.to = plain(texts.to);
     if (grammar.has("--backup"))
         request.backup = plain(texts.backup);

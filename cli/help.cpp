@@ -49,7 +49,14 @@ const QList<Usage> &usages()
         {Command::List,
          {QStringLiteral("kavena list --sort artist /media/$USER/CARD"),
           QStringLiteral("kavena list --csv /media/$USER/CARD > SongsList.csv")},
-         QStringLiteral("[--sort title|artist|genre] [--csv|--json] MEMORY")},
+         QStringLiteral("[--sort title|artist|genre] [--duplicates] [--csv|--json] MEMORY")},
+        {Command::Remove,
+         {QStringLiteral("kavena remove --confirm yes /media/$USER/CARD /songs/old.mid"),
+          QStringLiteral("kavena remove /media/$USER/CARD /media/$USER/CARD/songs/*.mid")},
+         QStringLiteral("[--confirm yes|no] [--json] [-0] MEMORY PATH...")},
+        {Command::Eject,
+         {QStringLiteral("kavena eject /media/$USER/CARD")},
+         QStringLiteral("[--json] MEMORY")},
         {Command::CatalogueFind,
          {QStringLiteral("kavena catalogue find \"blue moon\"")},
          QStringLiteral("[--json] TEXT")},
@@ -93,6 +100,8 @@ QString Help::text(Command command)
     option("--replace yes|no", tr("sostituisce i file che ci sono già"));
     option("--rename yes|no", tr("accorcia i nomi troppo lunghi per il player"));
     option("--sort title|artist|genre", tr("l'ordine dell'elenco"));
+    option("--duplicates", tr("solo le song che ci sono più volte, per gruppi"));
+    option("--confirm yes|no", tr("elimina le song senza chiedere"));
     option("--csv", tr("una tabella con i campi separati da \";\""));
     option("--json", tr("un oggetto JSON per riga; i nomi sono nella pagina di manuale"));
     option("-0", tr("legge altri nomi dallo standard input, ognuno chiuso da un byte zero"));

@@ -133,6 +133,36 @@ void JsonWriter::listed(const SongInfoIndex &song)
                    '\n');
 }
 
+void JsonWriter::duplicate(int group, Same same, const MemorySong &song)
+{
+    m_output.write(Object()
+                       .add("group", group)
+                       .add("same", same == Same::Bytes ? QStringLiteral("bytes")
+                                                        : QStringLiteral("title-and-artist"))
+                       .add("path", song.info.path)
+                       .add("title", song.info.title)
+                       .add("artist", song.info.artist)
+                       .add("bytes", song.size)
+                       .json() +
+                   '\n');
+}
+
+void JsonWriter::removed(const QString &path, const QString &reason)
+{
+    Object object;
+    object.add("path", path).addBool("removed", reason.isEmpty());
+    if (!reason.isEmpty())
+        object.add("error", reason);
+    m_output.write(object.json() + '\n');
+}
+
+void JsonWriter::ejected(const QString &memory, bool isEjected, const QString &text)
+{
+    m_output.write(
+        Object().add("memory", memory).addBool("ejected", isEjected).add("text", text).json() +
+        '\n');
+}
+
 void JsonWriter::finding(const MemoryCheck::Finding &finding)
 {
     m_output.write(Object()

@@ -19,6 +19,9 @@ public:
     void changes(const QString &path, bool found,
                  const QList<ChangePreview::Change> &changes) override;
     void listed(const SongInfoIndex &song) override;
+    void duplicate(int group, Same same, const MemorySong &song) override;
+    void removed(const QString &path, const QString &reason) override;
+    void ejected(const QString &memory, bool isEjected, const QString &text) override;
     void finding(const MemoryCheck::Finding &finding) override;
     void catalogueSong(const SongsDbRecord &song) override;
 

@@ -1,31 +1,65 @@
 #include "cli/listcommand.h"
 
-#include "cli/songpaths.h"
+#include "cli/memoryroot.h"
 #include "devindex/entrysort.h"
 #include "devindex/index.h"
-#include "devindex/mountedvolumes.h"
-
-#include <QFileInfo>
+#include "devindex/memoryduplicates.h"
+#include "devindex/memorysongs.h"
 
 ExitStatus ListCommand::run()
 {
-    const std::optional<QString> path = SongPaths::decode(m_request.paths.constFirst(), m_terminal);
-    if (!path)
+    const std::optional<QString> root = memoryRootOf(m_request.paths.constFirst(), m_terminal);
+    if (!root)
         return ExitStatus::NothingDone;
-    const QString absolute = QFileInfo(*path).absoluteFilePath();
-    if (!QFileInfo(absolute).isDir())
-        return m_terminal.refuse(*path, QCoreApplication::translate(
-                                            "IndexDialog", "Il percorso selezionato non esiste"));
-    const QString memory = MountedVolumes().getRootDrivePath(absolute);
+    return m_request.duplicates ? listDuplicates(*root) : listSongs(*root);
+}
+
+/** Of the songs that lie on the memory, whether or not they are in its index. */
+ExitStatus ListCommand::listDuplicates(const QString &root)
+{
+    const auto progress = m_terminal.openProgress({}, tr("Lettura della memoria"), 0);
+    MemorySongs memory(root);
+    switch (memory.read(*progress)) {
+    case MemorySongs::Outcome::Stopped:
+        m_terminal.isStopped();
+        return m_terminal.status();
+    case MemorySongs::Outcome::NoMemory:
+        return m_terminal.refuse(root, tr("La memoria non è leggibile"));
+    case MemorySongs::Outcome::Done:
+        break;
+    }
+    const QList<MemorySong> &songs = memory.songs();
+    const auto sameBytes = memoryduplicates::sameBytes(songs, *progress);
+    if (!sameBytes) {
+        m_terminal.isStopped();
+        return m_terminal.status();
+    }
+    int number = 0;
+    const auto write = [&](const QList<memoryduplicates::Group> &groups, Writer::Same same) {
+        for (const memoryduplicates::Group &group : groups) {
+            ++number;
+            for (const qsizetype place : group)
+                m_writer.duplicate(number, same, songs.at(place));
+        }
+    };
+    write(*sameBytes, Writer::Same::Bytes);
+    write(memoryduplicates::sameTitle(songs), Writer::Same::TitleAndArtist);
+    for (const QString &folder : memory.unreadableFolders())
+        m_terminal.fail(folder, tr("La cartella non è leggibile"));
+    return m_terminal.failures() > 0 ? ExitStatus::WithFailures : ExitStatus::Done;
+}
+
+ExitStatus ListCommand::listSongs(const QString &root)
+{
     Index index;
-    index.rootPath = memory.isEmpty() ? absolute : memory;
+    index.rootPath = root;
     if (!index.checkIndexFile())
         return m_terminal.refuse(
-            *path, QCoreApplication::translate(
-                       "SongsListDialog",
-                       "Impossibile proseguire, la memoria non è preparata per Kavena"));
+            root, QCoreApplication::translate(
+                      "SongsListDialog",
+                      "Impossibile proseguire, la memoria non è preparata per Kavena"));
     if (index.loadAllIndexFile() < 0)
-        return m_terminal.refuse(*path, tr("Il database della memoria è danneggiato"));
+        return m_terminal.refuse(root, tr("Il database della memoria è danneggiato"));
     if (m_request.sort == Index::SortByArtist)
         sortByArtist(index.entries);
     else if (m_request.sort == Index::SortByGenre)

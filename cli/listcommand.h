@@ -11,4 +11,8 @@ public:
     using Command::Command;
 
     ExitStatus run() override;
+
+private:
+    ExitStatus listSongs(const QString &root);
+    ExitStatus listDuplicates(const QString &root);
 };

@@ -60,6 +60,20 @@ void PeopleWriter::listed(const SongInfoIndex &song)
              .join(QStringLiteral("  ")));
 }
 
+void PeopleWriter::duplicate(int group, Same same, const MemorySong &song)
+{
+    if (group != m_group) {
+        m_group = group;
+        line(same == Same::Bytes ? tr("Gli stessi byte:") : tr("Stesso titolo e interprete:"));
+    }
+    line(QStringLiteral("  ") + song.info.path);
+}
+
+// What was done is told by silence, and failures on standard error.
+void PeopleWriter::removed(const QString &, const QString &) {}
+
+void PeopleWriter::ejected(const QString &, bool, const QString &) {}
+
 void PeopleWriter::finding(const MemoryCheck::Finding &finding)
 {
     line(finding.path + QStringLiteral(": ") + finding.text);

@@ -24,6 +24,9 @@ public:
     void changes(const QString &path, bool found,
                  const QList<ChangePreview::Change> &changes) override;
     void listed(const SongInfoIndex &song) override;
+    void duplicate(int group, Same same, const MemorySong &song) override;
+    void removed(const QString &path, const QString &reason) override;
+    void ejected(const QString &memory, bool isEjected, const QString &text) override;
     void finding(const MemoryCheck::Finding &finding) override;
     void catalogueSong(const SongsDbRecord &song) override;
 
@@ -35,4 +38,5 @@ private:
     static QString fieldLabel(ChangePreview::Field field);
 
     StandardOutput &m_output;
+    int m_group = 0; ///< of the song written last
 };

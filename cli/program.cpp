@@ -3,11 +3,13 @@
 #include "cli/arguments.h"
 #include "cli/cataloguecommand.h"
 #include "cli/csvwriter.h"
+#include "cli/ejectcommand.h"
 #include "cli/help.h"
 #include "cli/indexcommand.h"
 #include "cli/jsonwriter.h"
 #include "cli/listcommand.h"
 #include "cli/peoplewriter.h"
+#include "cli/removecommand.h"
 #include "cli/setcommand.h"
 #include "cli/showcommand.h"
 #include "cli/standardoutput.h"
@@ -50,6 +52,10 @@ std::unique_ptr<Command> commandFor(const CommandContext &context)
         return std::make_unique<IndexCommand>(context);
     case Request::Command::List:
         return std::make_unique<ListCommand>(context);
+    case Request::Command::Remove:
+        return std::make_unique<RemoveCommand>(context);
+    case Request::Command::Eject:
+        return std::make_unique<EjectCommand>(context);
     case Request::Command::CatalogueFind:
         return std::make_unique<CatalogueCommand>(context);
     case Request::Command::None:

@@ -20,6 +20,8 @@ struct Request {
         IndexRebuild,
         IndexCheck,
         List,
+        Remove,
+        Eject,
         CatalogueFind
     };
 
@@ -54,6 +56,8 @@ struct Request {
     std::optional<bool> replace; ///< nothing: the user is asked
     std::optional<bool> rename;
     std::optional<bool> changeUnsigned;
+    std::optional<bool> confirm;
+    bool duplicates = false;
     Index::SORT_MODE sort = Index::SortByTitle;
     QString text; ///< to be found in the catalogue
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "devindex/memorycheck.h"
+#include "devindex/memorysongs.h"
 #include "devindex/songinfoindex.h"
 #include "formats/songinfo.h"
 #include "library/changepreview.h"
@@ -32,6 +33,18 @@ public:
 
     /** A song of a memory's index. */
     virtual void listed(const SongInfoIndex &song) = 0;
+
+    /** How the songs of a group are the same. */
+    enum class Same { Bytes, TitleAndArtist };
+
+    /** A song that lies on the memory more than once; the numbers of the groups ascend. */
+    virtual void duplicate(int group, Same same, const MemorySong &song) = 0;
+
+    /** A song that was removed from the memory; or was not, or not wholly, with the reason. */
+    virtual void removed(const QString &path, const QString &reason) = 0;
+
+    /** Whether a memory may be unplugged, and what the user has to know. */
+    virtual void ejected(const QString &memory, bool isEjected, const QString &text) = 0;
 
     /** What is wrong with a memory. */
     virtual void finding(const MemoryCheck::Finding &finding) = 0;

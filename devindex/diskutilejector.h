@@ -1,0 +1,16 @@
+// Ejects memories through diskutil, the tool of macOS.
+#pragma once
+
+#include "devindex/eject.h"
+
+class DiskutilEjector : public Ejector
+{
+public:
+    /** The tool's name or path. */
+    explicit DiskutilEjector(QString program = QStringLiteral("diskutil"));
+
+    Result eject(const QString &mountPoint) override;
+
+private:
+    const QString m_program;
+};
