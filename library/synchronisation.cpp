@@ -11,7 +11,7 @@
 namespace
 {
 
-void logBanner()
+void logStartOfUpdate()
 {
     logDebug() << "============================================";
     logDebug() << "          UPDATE USER LIBRARY";
@@ -39,7 +39,7 @@ Synchronisation::Synchronisation(const Database &database, SongTable &model,
 
 bool Synchronisation::run(bool copyrightAsk)
 {
-    logBanner();
+    logStartOfUpdate();
     m_report = {};
     const int rows = m_model.goodRowCount();
     if (rows < 1) {
