@@ -34,7 +34,7 @@ EntryList listOf(const QList<SongInfoIndex> &entries);
 class BuildOrders
 {
 public:
-    /** At most SongInfoIndex::MaxSongs entries. */
+    /** At most SongInfoIndex::maxSongs entries. */
     explicit BuildOrders(const QList<SongInfoIndex> &entries);
 
     const EntryList &byNumber() const { return m_byNumber; }

@@ -10,13 +10,13 @@
 /** The state of one operation on a memory's index; each step takes it from the one before. */
 struct IndexState {
     /** Stands for maxLoadedId where no index was read. */
-    static constexpr quint32 NoIdLoaded = 0xFFFFFFFF;
+    static constexpr quint32 noIdLoaded = 0xFFFFFFFF;
 
     AlphaTable alphaBuffer;
     QString rootPath; ///< without a slash at its end
     QList<SongInfoIndex> entries;
     QList<quint16> playlistNumbers;
-    quint32 maxLoadedId = NoIdLoaded; ///< highest id of the index that was read, or this
+    quint32 maxLoadedId = noIdLoaded; ///< highest id of the index that was read, or this
     quint32 nextId = 0;
     quint16 nextPosidx = 0;
     quint8 restorePlaylists = 0;

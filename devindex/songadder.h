@@ -33,7 +33,7 @@ public:
 
 private:
     struct Seen {
-        quint32 id = SongInfoIndex::RemovedId;
+        quint32 id = SongInfoIndex::removedId;
         FileStamp stamp;
     };
 

@@ -22,32 +22,32 @@
 namespace
 {
 
-constexpr int MinimumSize = 5;
-constexpr int MaxText = 26; // what a song record can show
+constexpr int minimumSize = 5;
+constexpr int maxText = 26; // what a song record can show
 
 // ID3v2: 10 bytes of frame header, then one byte that names the text's encoding.
-constexpr int Id3SearchSize = 512;
-constexpr int FrameSizeOffset = 4;
-constexpr int FrameHeaderSize = 10;
-constexpr int FrameTextOffset = 11;
+constexpr int id3SearchSize = 512;
+constexpr int frameSizeOffset = 4;
+constexpr int frameHeaderSize = 10;
+constexpr int frameTextOffset = 11;
 
 // Where the index looks in an MFX header. These places are the index's own; what the player shows
 // of an MFX song has always been taken from them.
-constexpr int MfxBpmOffset = 38;
-constexpr int MfxTitleOffset = 138;
-constexpr int MfxMarkersOffset = 201;
-constexpr int MfxArtistOffset = 234;
-constexpr int MfxGenreOffset = 266;
-constexpr int MfxHeadSize = 512;
+constexpr int mfxBpmOffset = 38;
+constexpr int mfxTitleOffset = 138;
+constexpr int mfxMarkersOffset = 201;
+constexpr int mfxArtistOffset = 234;
+constexpr int mfxGenreOffset = 266;
+constexpr int mfxHeadSize = 512;
 
-constexpr quint8 UnknownContentBpm = 120;
+constexpr quint8 unknownContentBpm = 120;
 
 // Standard MIDI File: meta events are FF, type, length, data.
-constexpr int FirstEventOffset = 22;
-constexpr int MetaDataOffset = 3;
-constexpr quint32 MicrosecondsPerMinute = 60000000;
-constexpr int TempoSize = 3;
-constexpr quint8 MaxDeltaByte = 128;
+constexpr int firstEventOffset = 22;
+constexpr int metaDataOffset = 3;
+constexpr quint32 microsecondsPerMinute = 60000000;
+constexpr int tempoSize = 3;
+constexpr quint8 maxDeltaByte = 128;
 enum MetaType : quint8 { MarkerEvent = 0x06, TempoEvent = 0x51 };
 enum MakerSubType : quint8 { GenreSubType = 1, ArtistSubType = 2 };
 
@@ -63,7 +63,7 @@ quint8 byteAt(const QByteArray &bytes, qsizetype pos)
 
 QString textAt(const QByteArray &bytes, qsizetype pos, qsizetype length)
 {
-    return textFromBytes(bytes.mid(pos, std::clamp<qsizetype>(length, 0, MaxText)));
+    return textFromBytes(bytes.mid(pos, std::clamp<qsizetype>(length, 0, maxText)));
 }
 
 void setUnlessEmpty(QString &field, const QString &text)
@@ -88,20 +88,20 @@ public:
         qsizetype pos = 0;
         while (m_missing > 0) {
             pos = m_head.indexOf('T', pos);
-            if (pos < 0 || pos >= Id3SearchSize)
+            if (pos < 0 || pos >= id3SearchSize)
                 return;
             Frame *const frame = wantedFrameAt(pos);
             if (frame == nullptr) {
                 ++pos;
                 continue;
             }
-            if (pos + FrameHeaderSize > m_head.size())
+            if (pos + frameHeaderSize > m_head.size())
                 return;
-            const qint64 size = qFromBigEndian<quint32>(m_head.constData() + pos + FrameSizeOffset);
-            const qint64 end = pos + FrameHeaderSize + size;
+            const qint64 size = qFromBigEndian<quint32>(m_head.constData() + pos + frameSizeOffset);
+            const qint64 end = pos + frameHeaderSize + size;
             if (end >= m_head.size())
                 return;
-            setUnlessEmpty(*frame->text, textAt(m_head, pos + FrameTextOffset, size - 1));
+            setUnlessEmpty(*frame->text, textAt(m_head, pos + frameTextOffset, size - 1));
             frame->found = true;
             --m_missing;
             pos = end;
@@ -141,16 +141,16 @@ public:
 
     void run()
     {
-        qsizetype pos = FirstEventOffset;
+        qsizetype pos = firstEventOffset;
         while (!allFound()) {
             pos = m_head.indexOf('\xFF', pos);
             // A running delta time of more than one byte: the events of the head are over.
-            if (pos < 0 || byteAt(m_head, pos - 1) > MaxDeltaByte)
+            if (pos < 0 || byteAt(m_head, pos - 1) > maxDeltaByte)
                 return;
-            if (pos + MetaDataOffset > m_head.size())
+            if (pos + metaDataOffset > m_head.size())
                 return;
             const qsizetype length = byteAt(m_head, pos + 2);
-            const qsizetype end = pos + MetaDataOffset + length;
+            const qsizetype end = pos + metaDataOffset + length;
             if (end > m_head.size())
                 return;
             pos = take(pos, length) ? end : pos + 1;
@@ -166,7 +166,7 @@ private:
     /** True when the event is one to go behind; its data lie within the head. */
     bool take(qsizetype pos, qsizetype length)
     {
-        const qsizetype data = pos + MetaDataOffset;
+        const qsizetype data = pos + metaDataOffset;
         switch (byteAt(m_head, pos + 1)) {
         case MidiMetaEvent::CopyrightNotice:
             return true;
@@ -177,7 +177,7 @@ private:
         case MidiMetaEvent::Kravo:
             return length > 0 && takeMakerText(data, length);
         case TempoEvent:
-            return length >= TempoSize && takeTempo(data);
+            return length >= tempoSize && takeTempo(data);
         default:
             return false;
         }
@@ -219,7 +219,7 @@ private:
                                      quint32(byteAt(m_head, data + 2));
         if (m_entry.bpm != 0 || microseconds == 0)
             return false;
-        m_entry.bpm = static_cast<quint8>(MicrosecondsPerMinute / microseconds);
+        m_entry.bpm = static_cast<quint8>(microsecondsPerMinute / microseconds);
         return true;
     }
 
@@ -232,13 +232,13 @@ private:
 
 void readMfx(const QByteArray &head, quint8 fileType, SongInfoIndex &entry)
 {
-    const QByteArray header = head.left(MfxHeadSize).leftJustified(MfxHeadSize, '\0');
+    const QByteArray header = head.left(mfxHeadSize).leftJustified(mfxHeadSize, '\0');
     entry.fileType = fileType;
-    entry.bpm = byteAt(header, MfxBpmOffset);
-    entry.hasMarkers = byteAt(header, MfxMarkersOffset) == 1 ? 1 : 0;
-    setUnlessEmpty(entry.title, textAt(header, MfxTitleOffset, MaxText));
-    setUnlessEmpty(entry.artist, textAt(header, MfxArtistOffset, MaxText));
-    setUnlessEmpty(entry.genre, textAt(header, MfxGenreOffset, MaxText));
+    entry.bpm = byteAt(header, mfxBpmOffset);
+    entry.hasMarkers = byteAt(header, mfxMarkersOffset) == 1 ? 1 : 0;
+    setUnlessEmpty(entry.title, textAt(header, mfxTitleOffset, maxText));
+    setUnlessEmpty(entry.artist, textAt(header, mfxArtistOffset, maxText));
+    setUnlessEmpty(entry.genre, textAt(header, mfxGenreOffset, maxText));
 }
 
 void readByContent(const QByteArray &head, SongInfoIndex &entry)
@@ -252,7 +252,7 @@ void readByContent(const QByteArray &head, SongInfoIndex &entry)
     else if (head.startsWith("MThd"))
         MidiScan(head, entry).run();
     else
-        entry.bpm = UnknownContentBpm;
+        entry.bpm = unknownContentBpm;
 }
 
 void setDefaults(const QString &fileName, SongInfoIndex &entry)
@@ -283,7 +283,7 @@ QByteArray songHeadOf(const QString &path)
     };
     // Some regular files have no size and can be read for ever, or wait for ever to be read.
     const qint64 size = ::fstat(file, &status) == 0 ? qint64(status.st_size) : 0;
-    QByteArray head(static_cast<qsizetype>(std::min<qint64>(size, SongHeadSize)),
+    QByteArray head(static_cast<qsizetype>(std::min<qint64>(size, songHeadSize)),
                     Qt::Uninitialized);
     qsizetype filled = 0;
     while (filled < head.size()) {
@@ -309,7 +309,7 @@ QByteArray songHeadOf(const QString &path)
         logWarning() << "[songHeadOf] Impossible to read song" << path;
         return {};
     }
-    return file.read(std::min<qint64>(file.size(), SongHeadSize));
+    return file.read(std::min<qint64>(file.size(), songHeadSize));
 }
 
 #endif
@@ -318,7 +318,7 @@ bool readSongHead(const QByteArray &head, const QString &fileName, SongInfoIndex
 {
     const QString name = fileName.mid(fileName.lastIndexOf(QLatin1Char('/')) + 1);
     setDefaults(name, entry);
-    if (head.size() < MinimumSize)
+    if (head.size() < minimumSize)
         return false;
     if (name.endsWith(QLatin1String(".MP3"), Qt::CaseInsensitive)) {
         entry.fileType = SongInfoIndex::Mp3;
