@@ -1,10 +1,15 @@
 #include "devindex/songhead.h"
 
 #include "devindex/devicetext.h"
+#include "devindex/indexrecords.h"
 #include "formats/bytetext.h"
 #include "formats/id3frame.h"
+#include "formats/mfxheader.h"
+#include "formats/mfxlayout.h"
 #include "formats/midimetaevent.h"
+#include "formats/rawmidifile.h"
 #include "storage/diagnostics.h"
+#include "storage/songlayout.h"
 
 #include <QFile>
 #include <QtEndian>
@@ -23,33 +28,21 @@ namespace
 {
 
 constexpr int minimumSize = 5;
-constexpr int maxText = 26; // what a song record can show
 
-// ID3v2: 10 bytes of frame header, then one byte that names the text's encoding.
-constexpr int id3SearchSize = 512;
-constexpr int frameSizeOffset = 4;
-constexpr int frameHeaderSize = 10;
-constexpr int frameTextOffset = 11;
+constexpr int id3SearchSize = 512; // how far from the start of the file frames are looked for
 
-// Where the index looks in an MFX header. These places are the index's own; what the player shows
-// of an MFX song has always been taken from them.
-constexpr int mfxBpmOffset = 38;
-constexpr int mfxTitleOffset = 138;
-constexpr int mfxMarkersOffset = 201;
-constexpr int mfxArtistOffset = 234;
-constexpr int mfxGenreOffset = 266;
-constexpr int mfxHeadSize = 512;
+// The index takes texts and the marker flag of an MFX song from places that lie so many bytes
+// behind the header's fields; what the player shows has always been taken from there.
+constexpr qsizetype mfxShift = 16;
 
 constexpr quint8 unknownContentBpm = 120;
 
-// Standard MIDI File: meta events are FF, type, length, data.
-constexpr int firstEventOffset = 22;
-constexpr int metaDataOffset = 3;
+// A song's first track begins behind the chunk that describes the file.
+constexpr qsizetype firstEventOffset =
+    songlayout::chunkHeaderSize + songlayout::midiHeadSize + songlayout::chunkHeaderSize;
 constexpr quint32 microsecondsPerMinute = 60000000;
 constexpr int tempoSize = 3;
 constexpr quint8 maxDeltaByte = 128;
-enum MetaType : quint8 { MarkerEvent = 0x06, TempoEvent = 0x51 };
-enum MakerSubType : quint8 { GenreSubType = 1, ArtistSubType = 2 };
 
 QString unknownText()
 {
@@ -63,7 +56,7 @@ quint8 byteAt(const QByteArray &bytes, qsizetype pos)
 
 QString textAt(const QByteArray &bytes, qsizetype pos, qsizetype length)
 {
-    return textFromBytes(bytes.mid(pos, std::clamp<qsizetype>(length, 0, maxText)));
+    return textFromBytes(bytes.mid(pos, std::clamp<qsizetype>(length, 0, SongRecord::titleSize)));
 }
 
 void setUnlessEmpty(QString &field, const QString &text)
@@ -95,13 +88,14 @@ public:
                 ++pos;
                 continue;
             }
-            if (pos + frameHeaderSize > m_head.size())
+            if (pos + Id3FrameLayout::headerSize > m_head.size())
                 return;
-            const qint64 size = qFromBigEndian<quint32>(m_head.constData() + pos + frameSizeOffset);
-            const qint64 end = pos + frameHeaderSize + size;
+            const qint64 size =
+                qFromBigEndian<quint32>(m_head.constData() + pos + Id3FrameLayout::sizePos);
+            const qint64 end = pos + Id3FrameLayout::headerSize + size;
             if (end >= m_head.size())
                 return;
-            setUnlessEmpty(*frame->text, textAt(m_head, pos + frameTextOffset, size - 1));
+            setUnlessEmpty(*frame->text, textAt(m_head, pos + Id3FrameLayout::textPos, size - 1));
             frame->found = true;
             --m_missing;
             pos = end;
@@ -141,16 +135,17 @@ public:
 
     void run()
     {
+        constexpr auto statusByte = static_cast<char>(MidiMetaEvent::statusByte);
         qsizetype pos = firstEventOffset;
         while (!allFound()) {
-            pos = m_head.indexOf('\xFF', pos);
+            pos = m_head.indexOf(statusByte, pos);
             // A running delta time of more than one byte: the events of the head are over.
             if (pos < 0 || byteAt(m_head, pos - 1) > maxDeltaByte)
                 return;
-            if (pos + metaDataOffset > m_head.size())
+            if (pos + MidiMetaEvent::dataPos > m_head.size())
                 return;
-            const qsizetype length = byteAt(m_head, pos + 2);
-            const qsizetype end = pos + metaDataOffset + length;
+            const qsizetype length = byteAt(m_head, pos + MidiMetaEvent::lengthPos);
+            const qsizetype end = pos + MidiMetaEvent::dataPos + length;
             if (end > m_head.size())
                 return;
             pos = take(pos, length) ? end : pos + 1;
@@ -166,17 +161,17 @@ private:
     /** True when the event is one to go behind; its data lie within the head. */
     bool take(qsizetype pos, qsizetype length)
     {
-        const qsizetype data = pos + metaDataOffset;
-        switch (byteAt(m_head, pos + 1)) {
+        const qsizetype data = pos + MidiMetaEvent::dataPos;
+        switch (byteAt(m_head, pos + MidiMetaEvent::typePos)) {
         case MidiMetaEvent::CopyrightNotice:
             return true;
         case MidiMetaEvent::TrackName:
             return takeText(m_entry.title, m_hasTitle, data, length);
-        case MarkerEvent:
+        case MidiMetaEvent::Marker:
             return takeMarker();
         case MidiMetaEvent::Kravo:
             return length > 0 && takeMakerText(data, length);
-        case TempoEvent:
+        case MidiMetaEvent::Tempo:
             return length >= tempoSize && takeTempo(data);
         default:
             return false;
@@ -203,9 +198,9 @@ private:
     bool takeMakerText(qsizetype data, qsizetype length)
     {
         switch (byteAt(m_head, data)) {
-        case ArtistSubType:
+        case RawMidiFile::KravoArtist:
             return takeText(m_entry.artist, m_hasArtist, data + 1, length - 1);
-        case GenreSubType:
+        case RawMidiFile::KravoGenre:
             return takeText(m_entry.genre, m_hasGenre, data + 1, length - 1);
         default:
             return false;
@@ -230,26 +225,36 @@ private:
     bool m_hasGenre = false;
 };
 
+QString mfxTextAt(const QByteArray &header, mfxlayout::Field field)
+{
+    return textAt(header, field.offset + mfxShift, SongRecord::titleSize);
+}
+
 void readMfx(const QByteArray &head, quint8 fileType, SongInfoIndex &entry)
 {
-    const QByteArray header = head.left(mfxHeadSize).leftJustified(mfxHeadSize, '\0');
+    const QByteArray header =
+        head.left(mfxlayout::headerSize).leftJustified(mfxlayout::headerSize, '\0');
     entry.fileType = fileType;
-    entry.bpm = byteAt(header, mfxBpmOffset);
-    entry.hasMarkers = byteAt(header, mfxMarkersOffset) == 1 ? 1 : 0;
-    setUnlessEmpty(entry.title, textAt(header, mfxTitleOffset, maxText));
-    setUnlessEmpty(entry.artist, textAt(header, mfxArtistOffset, maxText));
-    setUnlessEmpty(entry.genre, textAt(header, mfxGenreOffset, maxText));
+    entry.bpm = byteAt(header, mfxlayout::tempo.offset);
+    entry.hasMarkers = byteAt(header, mfxlayout::flags.offset + mfxShift) == 1 ? 1 : 0;
+    setUnlessEmpty(entry.title, mfxTextAt(header, mfxlayout::title));
+    setUnlessEmpty(entry.artist, mfxTextAt(header, mfxlayout::artist));
+    setUnlessEmpty(entry.genre, mfxTextAt(header, mfxlayout::genre));
 }
 
 void readByContent(const QByteArray &head, SongInfoIndex &entry)
 {
-    if (head.startsWith("_MF3"))
-        readMfx(head, SongInfoIndex::Mf3, entry);
-    else if (head.startsWith("_MF4"))
-        readMfx(head, SongInfoIndex::Mf4, entry);
-    else if (head.startsWith("_MF5"))
-        readMfx(head, SongInfoIndex::Mf5, entry);
-    else if (head.startsWith("MThd"))
+    switch (MfxHeader::typeOf(head)) {
+    case SongInfo::FileMf3:
+        return readMfx(head, SongInfoIndex::Mf3, entry);
+    case SongInfo::FileMf4:
+        return readMfx(head, SongInfoIndex::Mf4, entry);
+    case SongInfo::FileMf5:
+        return readMfx(head, SongInfoIndex::Mf5, entry);
+    default:
+        break;
+    }
+    if (head.startsWith(songlayout::midiMagic))
         MidiScan(head, entry).run();
     else
         entry.bpm = unknownContentBpm;
@@ -322,7 +327,7 @@ bool readSongHead(const QByteArray &head, const QString &fileName, SongInfoIndex
         return false;
     if (name.endsWith(QLatin1String(".MP3"), Qt::CaseInsensitive)) {
         entry.fileType = SongInfoIndex::Mp3;
-        if (head.startsWith("ID3"))
+        if (head.startsWith(songlayout::id3Magic))
             Id3Scan(head, entry).run();
     } else {
         readByContent(head, entry);

@@ -15,6 +15,9 @@ inline constexpr char midiTrackMagic[] = "MTrk"; ///< chunk of a MIDI file with 
 inline constexpr qsizetype chunkSizePos = 4;
 inline constexpr qsizetype chunkHeaderSize = 8;
 
+/** What the first chunk of a MIDI file holds: format, number of tracks, time division (2 each). */
+inline constexpr qsizetype midiHeadSize = 6;
+
 /** Where an MFX file tells its whole size (4 bytes, little-endian). */
 inline constexpr qsizetype mfxFileSizePos = 4;
 } // namespace songlayout
