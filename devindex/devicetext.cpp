@@ -11,7 +11,7 @@ namespace
 constexpr QChar sharpS(0x00DF);
 constexpr int maxUnitBytes = 3; // a UTF-16 unit in a sort key
 
-/** Both ways between IBM 850 and Unicode, at the price of a look into a table. */
+/** Tables between IBM 850 and Unicode, for both directions. */
 class Ibm850
 {
 public:
@@ -50,7 +50,7 @@ const Ibm850 &ibm850()
     return tables;
 }
 
-/** Puts a UTF-16 unit where end points and moves end behind it: up to three bytes. */
+/** Writes a UTF-16 unit at end, in up to three bytes, and moves end behind it. */
 void putUnit(char *&end, int unit)
 {
     if (unit < 0x80) {

@@ -66,8 +66,8 @@ bool Index::updateIndex(const QString &root)
     if (m_playlistsFailed)
         return false;
     if (restorePlaylists != 0) {
-        // Every song is entered anew, with an id that was never used before; the playlists are
-        // pointed at the new ids by path.
+        // Every song gets a new entry with an id that was never used before; the playlists get the
+        // new ids through their path files.
         if (!keepPlaylists())
             return false;
         entries.clear();
@@ -90,7 +90,7 @@ bool Index::begin(const QString &root)
     if (path.endsWith(QLatin1Char('/')) || path.endsWith(QLatin1Char('\\')))
         path.chop(1);
     if (path.isEmpty())
-        return false; // it would stand for the working directory
+        return false; // an empty path would mean the working directory
     rootPath = QDir::cleanPath(QDir(path).absolutePath());
     filesFound = 0;
     counts.values.fill(0);
@@ -354,7 +354,10 @@ bool Index::createPlaylistFilePath()
     return saved;
 }
 
-/** Ids are given anew: the playlists will be pointed at them by path. False if they cannot be. */
+/**
+ * All ids are given anew, and the playlists get them through their path files. False if they
+ * cannot.
+ */
 bool Index::keepPlaylists()
 {
     const auto kept = PlaylistKeeper(rootPath).prepareForNewIds(playlistNumbers);
@@ -387,7 +390,7 @@ int Index::saveSongsList(const QString &root, const QString &fileName, SORT_MODE
     if (writeSongsList(list))
         return 1;
     if (QFileInfo(fileName).isFile())
-        QFile::remove(fileName); // a part of the list would pass for all of it
+        QFile::remove(fileName); // a part of the list would be taken for the whole one
     return 0;
 }
 

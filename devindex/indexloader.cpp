@@ -40,7 +40,7 @@ bool IndexLoader::loadPaths()
     m_entries.reserve(bytes.size() / PathRecord::size);
     for (qsizetype pos = 0; pos < bytes.size(); pos += PathRecord::size) {
         const PathRecord record = PathRecord::decode(bytes.constData() + pos);
-        // Ids and record numbers grow together; songs are looked up by id on that ground.
+        // Ids and record numbers grow together; the look-up of songs by id relies on it.
         const bool ascending = m_entries.isEmpty() || record.id > m_entries.constLast().id;
         if (!ascending || record.id == SongInfoIndex::removedId)
             return false;

@@ -22,7 +22,7 @@ SongRecord songRecord(const SongInfoIndex &entry)
     return record;
 }
 
-/** Hands records on by the thousand: each one that a file takes by itself costs it a look. */
+/** Collects records and writes many at once, since each single write costs time. */
 class Block
 {
 public:

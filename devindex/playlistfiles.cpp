@@ -22,8 +22,8 @@ constexpr QLatin1String songsSuffix("dat");
 constexpr QLatin1String pathsSuffix("pts");
 
 /**
- * True for a regular file, which never blocks for ever, that lies here itself: a link could lead
- * what is written to a file outside the memory.
+ * True for a regular file that is no symbolic link. Anything else could block for ever, and a link
+ * could lead to a file outside the memory.
  */
 bool isOwnFile(const QString &path)
 {
@@ -44,7 +44,7 @@ QString pathOfId(const QList<SongInfoIndex> &entries, quint32 id)
     return found != entries.cend() && found->id == id ? found->path : QString();
 }
 
-/** Opens a file that may be write-protected; the protection of a file that is written goes. */
+/** Opens a file that may be write-protected; to write it, its protection is taken away. */
 bool openForWriting(QFile &file)
 {
     if (openExisting(file, QIODevice::ReadWrite))
@@ -70,7 +70,7 @@ bool replace(const QString &path, const QByteArray &bytes)
     const bool written = file.append(bytes);
     if (file.close() && written && flushFolderOf(path))
         return true;
-    QFile::remove(path); // a part of the playlist would pass for all of it
+    QFile::remove(path); // a part of the file would be taken for the whole one
     return false;
 }
 
@@ -102,8 +102,8 @@ PlaylistFiles::Outcome PlaylistFiles::readNumbers(QList<quint16> &numbers) const
         logWarning() << "[PlaylistFiles::readNumbers] Impossible to read" << list.fileName();
         return Outcome::Failed;
     }
-    QSet<quint16> seen; // a list is trusted to hold no more numbers than there can be
-    // A file that could be read for ever ends where its size says.
+    QSet<quint16> seen; // each number once, so at most 65,536 of them
+    // Reads no more than the file's size: some files can be read for ever.
     for (qint64 left = list.size(); left >= PlaylistListRecord::size;
          left -= PlaylistListRecord::size) {
         const QByteArray record = list.read(PlaylistListRecord::size);

@@ -53,7 +53,7 @@ bool SongAdder::addTo(Order &order, const FoundSong &song)
         if (!isIndexedAs(entry, path, song.path))
             continue;
         if (entry.path == path)
-            see(entry, song.stamp); // else another file was told
+            see(entry, song.stamp); // otherwise another file was reported
         return true;
     }
     if (!hasRoomFor(song.path))

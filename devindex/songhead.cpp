@@ -31,8 +31,8 @@ constexpr int minimumSize = 5;
 
 constexpr int id3SearchSize = 512; // how far from the start of the file frames are looked for
 
-// The index takes texts and the marker flag of an MFX song from places that lie so many bytes
-// behind the header's fields; what the player shows has always been taken from there.
+// The index takes texts and the marker flag of an MFX song from places that lie this many bytes
+// behind the fields of the header. The index has always been made so, and the player shows it so.
 constexpr qsizetype mfxShift = 16;
 
 constexpr quint8 unknownContentBpm = 120;
@@ -158,7 +158,7 @@ private:
         return m_hasTitle && m_hasArtist && m_hasGenre && m_entry.hasMarkers != 0;
     }
 
-    /** True when the event is one to go behind; its data lie within the head. */
+    /** True when the search goes on behind the event, whose data lie within the head. */
     bool take(qsizetype pos, qsizetype length)
     {
         const qsizetype data = pos + MidiMetaEvent::dataPos;
@@ -275,8 +275,8 @@ void setDefaults(const QString &fileName, SongInfoIndex &entry)
 
 #ifdef Q_OS_UNIX
 
-// Asks the system for nothing but the bytes: with tens of thousands of songs the questions that
-// QFile asks about each file double the time.
+// Uses the system's calls: QFile makes several more of them for each file, which doubles the time
+// for tens of thousands of songs.
 QByteArray songHeadOf(const QString &path)
 {
     const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
@@ -286,7 +286,7 @@ QByteArray songHeadOf(const QString &path)
     }
     struct stat status {
     };
-    // Some regular files have no size and can be read for ever, or wait for ever to be read.
+    // Some regular files have size 0 but can be read for ever, or block for ever.
     const qint64 size = ::fstat(file, &status) == 0 ? qint64(status.st_size) : 0;
     QByteArray head(static_cast<qsizetype>(std::min<qint64>(size, songHeadSize)),
                     Qt::Uninitialized);

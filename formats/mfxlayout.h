@@ -1,4 +1,4 @@
-// Where the fields lie in the header of an MFX song file, for all who read or write them.
+// Where the fields lie in the header of an MFX song file; shared by readers and writers.
 #pragma once
 
 #include "storage/songlayout.h"
