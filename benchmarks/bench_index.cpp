@@ -27,13 +27,13 @@
 namespace
 {
 
-constexpr int HeadSize = 3072;
+constexpr int headSize = 3072;
 
 /** The least that reading every song's head can take: system calls, no Qt. */
 qint64 bareRead(const std::string &root)
 {
     qint64 sum = 0;
-    std::array<char, HeadSize> head{};
+    std::array<char, headSize> head{};
     for (const auto &item : std::filesystem::recursive_directory_iterator(root)) {
         if (!item.is_regular_file())
             continue;

@@ -54,9 +54,9 @@ void PeopleWriter::listed(const SongInfoIndex &song)
 {
     line(QStringList{QString::number(song.id).rightJustified(idWidth),
                      formatName(song).leftJustified(formatWidth),
-                     song.title.leftJustified(SongRecord::TitleSize),
-                     song.artist.leftJustified(GroupHeader::TextSize),
-                     song.genre.leftJustified(GroupHeader::TextSize), song.path}
+                     song.title.leftJustified(SongRecord::titleSize),
+                     song.artist.leftJustified(GroupHeader::textSize),
+                     song.genre.leftJustified(GroupHeader::textSize), song.path}
              .join(QStringLiteral("  ")));
 }
 

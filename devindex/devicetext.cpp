@@ -8,10 +8,10 @@
 namespace
 {
 
-constexpr QChar SharpS(0x00DF);
-constexpr int MaxUnitBytes = 3; // a UTF-16 unit in a sort key
+constexpr QChar sharpS(0x00DF);
+constexpr int maxUnitBytes = 3; // a UTF-16 unit in a sort key
 
-/** Both ways between IBM 850 and Unicode, at the price of a look into a table. */
+/** Tables between IBM 850 and Unicode, for both directions. */
 class Ibm850
 {
 public:
@@ -38,10 +38,10 @@ public:
     }
 
 private:
-    static constexpr std::size_t LastCharacter = 0x25A0; // BLACK SQUARE
+    static constexpr std::size_t lastCharacter = 0x25A0; // BLACK SQUARE
 
     std::array<QChar, 256> m_characters;
-    std::array<char, LastCharacter + 1> m_codes{};
+    std::array<char, lastCharacter + 1> m_codes{};
 };
 
 const Ibm850 &ibm850()
@@ -50,7 +50,7 @@ const Ibm850 &ibm850()
     return tables;
 }
 
-/** Puts a UTF-16 unit where end points and moves end behind it: up to three bytes. */
+/** Writes a UTF-16 unit at end, in up to three bytes, and moves end behind it. */
 void putUnit(char *&end, int unit)
 {
     if (unit < 0x80) {
@@ -79,12 +79,12 @@ int folded(QChar character)
 QString stringToUpper(const QString &text)
 {
     static const QString placeholder = QStringLiteral("|#§§#|");
-    if (!text.contains(SharpS))
+    if (!text.contains(sharpS))
         return text.toUpper();
     QString upper = text;
-    upper.replace(SharpS, placeholder);
+    upper.replace(sharpS, placeholder);
     upper = upper.toUpper();
-    return upper.replace(placeholder, SharpS);
+    return upper.replace(placeholder, sharpS);
 }
 
 int compareIgnoringCase(const QString &first, const QString &second)
@@ -107,7 +107,7 @@ int compareIgnoringCase(const QString &first, const QString &second)
 void appendSortKey(QByteArray &key, const QString &text)
 {
     const qsizetype start = key.size();
-    key.resize(start + MaxUnitBytes * text.size());
+    key.resize(start + maxUnitBytes * text.size());
     char *end = key.data() + start;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar character = text.at(i);

@@ -24,7 +24,7 @@ namespace
 
 constexpr qint64 clusterSize = 32768;
 
-/** Read and written at once; between two of these the windows get their turn. */
+/** Bytes read and written at once; between two chunks the windows can process events. */
 constexpr qsizetype chunkSize = 262144;
 
 QString targetOf(const QString &source, const QString &dest)
@@ -52,8 +52,8 @@ bool fitsInsteadOf(const QString &source, const QString &target)
 }
 
 /**
- * Writes all of the bytes. On a full medium the system takes what there is room for, without a
- * word; only asked for the rest it says why not.
+ * Writes all of the bytes. On a full medium the system first writes as much as there is room for,
+ * without an error; only the write of the rest fails with the reason.
  */
 bool writeWhole(QFile &file, QByteArrayView bytes)
 {
@@ -72,8 +72,8 @@ qint64 growth(const QString &source, const QString &target)
 }
 
 /**
- * Lets the medium begin with a written file while the next ones are read: the flush of the batch
- * then has less to wait for. Promises nothing, and need not.
+ * Lets the medium begin to write a file while the next ones are read, so that the flush of the
+ * batch is shorter. Errors do not matter here: that flush reports them.
  */
 void beginFlush(const QFile &file)
 {
@@ -160,7 +160,7 @@ bool FileCopier::copyAll(const QStringList &files, const QString &dest, Progress
     return true;
 }
 
-/** Brings what was copied to the medium; songs that do not get there have failed. */
+/** Flushes what was copied to the medium; songs that cannot be flushed count as failed. */
 void FileCopier::settle()
 {
     QSet<int> failed;
@@ -208,7 +208,7 @@ bool FileCopier::copySong(int song, const QString &source, const QString &target
     return false;
 }
 
-/** The cause, from what is to be seen after the failure. */
+/** The cause of a failure, found from the state of the files after it. */
 QString FileCopier::whyNotCopied(const QString &source, const QString &target, bool replace)
 {
     const QFileInfo there(target);
@@ -252,8 +252,8 @@ bool FileCopier::copyFile(int song, const QString &source, const QString &target
 }
 
 /**
- * Removes an old file to make room. Its place is free when its name is gone on the medium: no name
- * must lead to bytes that have become another song's.
+ * Removes an old file to make room. Its place may be used only when its name is gone on the medium:
+ * no name may lead to bytes that belong to another song.
  */
 bool FileCopier::giveUp(const QString &target)
 {

@@ -24,9 +24,9 @@ class CopyBatch;
  * One object copies one list of files. It asks before it replaces a file and remembers the "all"
  * answers; it has no window of its own.
  *
- * An MP3 takes its companion along: the karaoke pictures in the file of the same name that ends in
- * ".cdg". Nothing of a failed copy stays behind, a file that is to be replaced stays as it is until
- * its successor is whole (unless there is no room for both), and a file is never copied onto
+ * An MP3 is copied with its companion: the karaoke pictures in the file of the same name that ends
+ * in ".cdg". Nothing of a failed copy stays behind, a file that is to be replaced stays as it is
+ * until its successor is whole (unless there is no room for both), and a file is never copied onto
  * itself, by whatever path the target leads to it.
  */
 class FileCopier
@@ -72,7 +72,7 @@ public:
      */
     bool copyFiles(const QStringList &files, const QString &dest, int &copied, Progress &progress);
 
-    /** The last call of copyFiles(), file by file. */
+    /** What became of each file in the last call of copyFiles(). */
     const Report &report() const { return m_report; }
 
     /**

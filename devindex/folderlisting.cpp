@@ -41,8 +41,8 @@ FolderId folderId(const FileStatus &status)
 }
 
 /**
- * Looks at an entry as closely as it takes: most file systems tell with the name what lies there,
- * so that only songs and links have to be asked for more. False for what no scan is to see.
+ * Reads no more about an entry than is needed: most file systems give the kind together with the
+ * name, so only songs and links have to be asked for more. False for what a scan passes over.
  */
 bool examine(int folder, const dirent &entry, FolderItem &item)
 {

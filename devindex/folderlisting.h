@@ -16,7 +16,7 @@ struct FolderItem {
     std::optional<FileStamp> stamp; ///< of a regular file, or a link to one, named like a song
 };
 
-/** The same for two paths exactly when they lead to the same folder at this moment. */
+/** Equal for two paths exactly when both lead to the same folder at this moment. */
 using FolderId = QByteArray;
 
 /** The identity of a folder, links followed; empty when there is none at the path. */

@@ -42,7 +42,7 @@ bool Index::createIndex(const QString &root)
     restorePlaylists = createPlaylistFilePath() ? 1 : 0;
     if (m_playlistsFailed || !keepPlaylists())
         return false; // their songs would be lost with the ids of this index
-    maxLoadedId = NoIdLoaded;
+    maxLoadedId = noIdLoaded;
     nextId = 0;
     nextPosidx = 0;
     entries.clear();
@@ -66,8 +66,8 @@ bool Index::updateIndex(const QString &root)
     if (m_playlistsFailed)
         return false;
     if (restorePlaylists != 0) {
-        // Every song is entered anew, with an id that was never used before; the playlists are
-        // pointed at the new ids by path.
+        // Every song gets a new entry with an id that was never used before; the playlists get the
+        // new ids through their path files.
         if (!keepPlaylists())
             return false;
         entries.clear();
@@ -90,7 +90,7 @@ bool Index::begin(const QString &root)
     if (path.endsWith(QLatin1Char('/')) || path.endsWith(QLatin1Char('\\')))
         path.chop(1);
     if (path.isEmpty())
-        return false; // it would stand for the working directory
+        return false; // an empty path would mean the working directory
     rootPath = QDir::cleanPath(QDir(path).absolutePath());
     filesFound = 0;
     counts.values.fill(0);
@@ -108,7 +108,7 @@ bool Index::hasWholeIndex() const
 
 bool Index::checkIndexFile() const
 {
-    return std::all_of(indexfiles::All.begin(), indexfiles::All.end(),
+    return std::all_of(indexfiles::all.begin(), indexfiles::all.end(),
                        [this](QLatin1String name) { return QFileInfo(filePath(name)).isFile(); });
 }
 
@@ -117,16 +117,16 @@ void Index::deleteIndex()
     logDebug() << "delete index";
     if (!m_build.removeCounts())
         logWarning() << "[Index::deleteIndex] Impossible to remove the counts in" << rootPath;
-    for (const QLatin1String name : indexfiles::All)
+    for (const QLatin1String name : indexfiles::all)
         QFile::remove(filePath(name));
-    for (const QLatin1String name : indexfiles::Temporary)
+    for (const QLatin1String name : indexfiles::temporary)
         QFile::remove(filePath(name));
 }
 
 void Index::createKavenaDir()
 {
     const QDir root(rootPath);
-    for (const QLatin1String name : {indexfiles::EffectsFolder, indexfiles::BridgeFolder}) {
+    for (const QLatin1String name : {indexfiles::effectsFolder, indexfiles::bridgeFolder}) {
         if (!root.exists(name))
             makeFolder(filePath(name));
     }
@@ -230,7 +230,7 @@ void Index::refreshEntries(const SongAdder *scanned)
 void Index::removeDeletedItems()
 {
     const auto isRemoved = [](const SongInfoIndex &entry) {
-        return entry.id == SongInfoIndex::RemovedId;
+        return entry.id == SongInfoIndex::removedId;
     };
     if (std::none_of(entries.cbegin(), entries.cend(), isRemoved))
         return;
@@ -250,13 +250,13 @@ void Index::removeDeletedItems()
 int Index::writePathIndex()
 {
     sortByPosidx(entries);
-    return indexwriter::writePaths(filePath(indexfiles::Path), listOf(entries));
+    return indexwriter::writePaths(filePath(indexfiles::path), listOf(entries));
 }
 
 int Index::writeOrdIndex()
 {
     PathOrder(entries).apply();
-    return indexwriter::writeOrder(filePath(indexfiles::Order), listOf(entries));
+    return indexwriter::writeOrder(filePath(indexfiles::order), listOf(entries));
 }
 
 int Index::writeTitleIndex(const QString &name)
@@ -354,7 +354,10 @@ bool Index::createPlaylistFilePath()
     return saved;
 }
 
-/** Ids are given anew: the playlists will be pointed at them by path. False if they cannot be. */
+/**
+ * All ids are given anew, and the playlists get them through their path files. False if they
+ * cannot.
+ */
 bool Index::keepPlaylists()
 {
     const auto kept = PlaylistKeeper(rootPath).prepareForNewIds(playlistNumbers);
@@ -387,7 +390,7 @@ int Index::saveSongsList(const QString &root, const QString &fileName, SORT_MODE
     if (writeSongsList(list))
         return 1;
     if (QFileInfo(fileName).isFile())
-        QFile::remove(fileName); // a part of the list would pass for all of it
+        QFile::remove(fileName); // a part of the list would be taken for the whole one
     return 0;
 }
 

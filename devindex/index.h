@@ -88,7 +88,7 @@ public:
 
     /**
      * Adds a song to entries, which must be in path order, unless it is there already. A second
-     * file whose name differs only in case counts as there; errorFromIndex tells it. False, after
+     * file whose name differs only in case counts as there; errorFromIndex reports it. False, after
      * errorFromIndex, when the song cannot be indexed.
      */
     bool addFileToIndex(const QFileInfo &fi);
@@ -153,7 +153,7 @@ public:
      */
     bool createPlaylistFilePath();
 
-    /** Writes the songs' ids of now into the playlists. */
+    /** Writes the songs' present ids into the playlists. */
     void restorePlaylistFilePath();
 
 signals:

@@ -16,8 +16,8 @@ public:
     IndexBuild(IndexState &state, IndexObserver &observer);
 
     /**
-     * Reads what is new or changed, and marks the entries whose files are gone. What scanned has
-     * seen of a file is not asked for again; it may be null.
+     * Reads what is new or changed, and marks the entries whose files are gone. The time of a file
+     * that scanned has seen is not read again; scanned may be null.
      */
     void refreshEntries(const SongAdder *scanned);
 
@@ -25,9 +25,9 @@ public:
     bool write();
 
     /**
-     * Takes away the file of counts, on the medium as well, before any other index file changes:
-     * what is there if the work is cut off after that is no index. Where the playlists get new ids,
-     * the old path file goes, too: nobody must look for the new ids in it.
+     * Removes the file of counts, on the medium as well, before any other index file changes: if
+     * the work is cut off after that, the player sees no index. Where the playlists get new ids the
+     * old path file is removed too, so that the new ids are never looked up in it.
      */
     bool removeCounts() const;
 
@@ -45,5 +45,5 @@ private:
 
     IndexState &m_state;
     IndexObserver &m_observer;
-    QSet<QString> m_texts; ///< artists and genres, which many songs share, once each
+    QSet<QString> m_texts; ///< each artist and genre once, since many songs share them
 };

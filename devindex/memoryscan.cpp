@@ -16,7 +16,7 @@ QList<FoundSong> MemoryScan::songsIn(const QString &dir)
 {
     m_songs.clear();
     const QString start = QFileInfo(dir).absoluteFilePath();
-    // How another folder than the root was reached is not known.
+    // For another folder than the root it is not known whether a link led to it.
     const bool throughLink = start.compare(m_state.rootPath, Qt::CaseInsensitive) != 0;
     scanFolder(start, true, throughLink);
     return std::move(m_songs);

@@ -10,15 +10,15 @@
 namespace
 {
 
-constexpr int MaxBaseLength = 8;
-constexpr int MaxNumber = 999;
-constexpr int MaxStemLength = 6; // with "-" and one digit the base is full
+constexpr int maxBaseLength = 8;
+constexpr int maxNumber = 999;
+constexpr int maxStemLength = 6; // with "-" and one digit the base is full
 
 QString stemOf(const QString &base)
 {
     QString stem;
     for (const QChar c : base) {
-        if (stem.size() == MaxStemLength)
+        if (stem.size() == maxStemLength)
             break;
         if (!QStringLiteral(" .'-").contains(c))
             stem += c;
@@ -29,7 +29,7 @@ QString stemOf(const QString &base)
 QString numberedBase(const QString &stem, int number)
 {
     const QString tail = QStringLiteral("-%1").arg(number);
-    QString base = stem.left(MaxBaseLength - tail.size());
+    QString base = stem.left(maxBaseLength - tail.size());
     if (!base.isEmpty() && base.back().isHighSurrogate())
         base.chop(1); // half a character is no valid file name
     return base + tail;
@@ -48,7 +48,7 @@ bool isShortName(const QString &path)
 {
     const QStringView name = QStringView(path).sliced(path.lastIndexOf(QLatin1Char('/')) + 1);
     const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
-    return (dot < 0 ? name.size() : dot) <= MaxBaseLength;
+    return (dot < 0 ? name.size() : dot) <= maxBaseLength;
 }
 
 QString ShortNames::candidateFor(const QFileInfo &item)
@@ -60,7 +60,7 @@ QString ShortNames::candidateFor(const QFileInfo &item)
     const QString suffix = item.isDir() ? QString() : QLatin1Char('.') + item.suffix();
 
     int &number = m_firstFree[folder + stem + suffix];
-    for (number = std::max(number, 1); number <= MaxNumber; ++number) {
+    for (number = std::max(number, 1); number <= maxNumber; ++number) {
         QString candidate = folder + numberedBase(stem, number) + suffix;
         if (isFreeFor(item, candidate))
             return candidate;

@@ -23,8 +23,8 @@ public:
 
     /**
      * Adds a song to entries, which must be in path order, unless it is there already. A second
-     * file whose name differs only in case counts as there, and is told. False, after an error was
-     * told, when the song cannot be indexed.
+     * file whose name differs only in case counts as there, and is reported. False, after an error
+     * was reported, when the song cannot be indexed.
      */
     bool add(const FoundSong &song);
 
@@ -33,7 +33,7 @@ public:
 
 private:
     struct Seen {
-        quint32 id = SongInfoIndex::RemovedId;
+        quint32 id = SongInfoIndex::removedId;
         FileStamp stamp;
     };
 

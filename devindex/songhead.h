@@ -7,10 +7,10 @@
 #include <QString>
 
 /** How much of a song file is looked at, in bytes. */
-constexpr int SongHeadSize = 3072;
+constexpr int songHeadSize = 3072;
 
 /**
- * The first SongHeadSize bytes of a regular file, or as many as its size says; empty if it is
+ * The first songHeadSize bytes of a regular file, or as many as its size says; empty if it is
  * unreadable.
  */
 QByteArray songHeadOf(const QString &path);

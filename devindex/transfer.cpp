@@ -56,7 +56,7 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
     FileCopier copier([this](const QString &target) { return m_user.askReplace(target); });
     const bool copied = copyFiles(files, dest, copier);
     const bool indexed = updateIndex(root);
-    lock.release(); // who reads the outcome may pull the memory
+    lock.release(); // whoever reads the result may pull the memory out
 
     const bool complete = copied && indexed;
     if (complete)
@@ -136,7 +136,8 @@ bool Transfer::makeSongsFolder(const QString &songs)
 {
     if (QFileInfo(songs).isDir())
         return true;
-    // No folders above it: a memory that was pulled must not come back as one of the system disk.
+    // Folders above it are not made: after a memory was pulled they would be made on the system
+    // disk.
     std::error_code error;
     if (std::filesystem::create_directory(QFileInfo(songs).filesystemFilePath(), error) &&
         flushPath(songs) && flushFolderOf(songs))
@@ -150,7 +151,7 @@ bool Transfer::makeSongsFolder(const QString &songs)
     return false;
 }
 
-/** A sub-folder would help, but not on a memory to which nothing at all can be written. */
+/** Advises a sub-folder, but not on a memory to which nothing at all can be written. */
 QString Transfer::whyNotIntoRoot(WriteProblem::Kind problem)
 {
     if (problem == WriteProblem::ReadOnly || problem == WriteProblem::Full)

@@ -12,7 +12,7 @@
 
 #include <functional>
 
-/** The user of a transfer: what he is asked, and what he is told. */
+/** The user of a transfer: answers its questions and gets its messages. */
 class TransferUser
 {
 public:
@@ -37,8 +37,8 @@ public:
     virtual void showFailure(const QString &title, const QString &text) = 0;
 
     /**
-     * Says what became of the songs. Only on request it names those that failed or that the player
-     * will not find, each with its reason, and those that were skipped.
+     * Tells what became of the songs. The songs that failed or that the player will not find, each
+     * with its reason, and those that were skipped are listed only on request.
      */
     virtual void tellCounts(const QString &title, const QString &text, const QStringList &failed,
                             const QStringList &skipped) = 0;

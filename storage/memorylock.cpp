@@ -14,7 +14,7 @@
 namespace
 {
 
-/** More than any holder writes; what lies under the name may be any file. */
+/** More than any program writes into its lock; any other file may have the name. */
 constexpr qint64 largestContent = 1024;
 
 /** Another program needs some milliseconds from making its file to holding and filling it. */
@@ -31,7 +31,7 @@ QByteArray ownContent()
     return lines.join(QLatin1Char('\n')).toUtf8() + '\n';
 }
 
-/** The file may have been planted: nothing in it may act as markup or fill the screen. */
+/** Anybody may have written the file: nothing in it may act as markup or fill the screen. */
 QString shown(const QString &line)
 {
     QString text;
@@ -133,10 +133,10 @@ void MemoryLock::release()
 {
     if (!m_file.isOpen())
         return;
-    // After the stick was pulled, another one's lock may lie under the same path. What cannot be
-    // read is ours for all that is known; a leftover would do no harm, but stay on the memory.
+    // After the stick was pulled, another stick with another lock may have the same path. A lock
+    // file that cannot be read is taken for this one and removed.
     if (content().value_or(m_written) == m_written) {
-        // A second time, for a medium that only stumbled.
+        // Tried twice, since the medium's first error may be a passing one.
         if (!QFile::remove(m_path) && !QFile::remove(m_path))
             logWarning() << "[MemoryLock::release] Impossible to remove" << m_path;
         if (!flushFolderOf(m_path))

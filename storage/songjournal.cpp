@@ -206,8 +206,9 @@ SongJournal::Verdict SongJournal::Content::judge(const QByteArray &song) const
         return Verdict::NotOurs;
     if (isMadeOf(oldBytes, *newBytes, song))
         return Verdict::CutOff;
-    // The new end may have got its place, but not its bytes: until then, the old song is untouched
-    // in front of it. Nothing of a song is lost with what lies behind its end.
+    // The file may already have its new size, but not yet the bytes of its new end; the old song is
+    // then untouched in front of that end. Dropping what is behind a whole song's end loses
+    // nothing.
     return song.startsWith(oldBytes) && isWholeSong(oldBytes) ? Verdict::CutOff : Verdict::NotOurs;
 }
 
@@ -266,15 +267,15 @@ SongJournal::State SongJournal::read(Content &content)
 
 bool SongJournal::remove()
 {
-    // Removed while it is held, where the system lets an open file be removed: nobody must find it
-    // free and still there.
+    // Removed while this program holds it, where the system lets an open file be removed: no other
+    // program may find a journal that nobody holds.
     const bool removed = QFile::remove(m_path);
-    // An empty journal is invalid: it can never put anything back over newer bytes. Emptied is the
-    // file that is held, whatever may have got its name since.
+    // An empty journal is invalid: it can never put anything back over newer bytes. The file that
+    // is held is emptied, even if another file has its name by now.
     const bool emptied =
         !removed && m_file.isWritable() && m_file.resize(0) && flushToMedium(m_file);
     m_file.close();
-    // Gone for good, not only until the next power cut.
+    // The removal is flushed, so that a power cut does not bring the journal back.
     if (removed || QFile::remove(m_path))
         return flushFolderOf(m_path);
     return emptied;
