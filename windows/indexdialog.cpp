@@ -109,8 +109,7 @@ void IndexDialog::setProgressValue(int value)
 
 void IndexDialog::updateLabelCurrPath(const QString &path)
 {
-    QLabel *const label = ui->labelCurrPath;
-    label->setText(label->fontMetrics().elidedText(path, Qt::ElideMiddle, label->width()));
+    ui->labelCurrPath->setText(path);
 }
 
 void IndexDialog::errorFromIndexReceived(const QString &message)
