@@ -15,9 +15,8 @@
  * Layout, numbers big-endian: magic "KvSongJr" (8 bytes), version 2 (4), size of the old song (4),
  * size of the new one (4), how many bytes both have in common at their start (4) and at their end
  * (4), SHA-256 of all that with the bytes that follow it (32), the old bytes, and those of the new
- * ones that lie between the common ones. Version 1 knew nothing of the new bytes: sizes of the old
- * and of the new song, SHA-256, the old bytes. A journal that was not written whole does not fit
- * its checksum.
+ * ones that lie between the common ones. A journal that was not written whole does not fit its
+ * checksum; one of version 1, which knew nothing of the new bytes, counts as none either.
  *
  * The object holds the journal that it wrote or read until it removes it or goes itself, so that
  * another program does not take a save that still runs for one that was cut off.
@@ -36,18 +35,15 @@ public:
     /** What a journal tells. */
     struct Content {
         QByteArray oldBytes;
-        std::optional<QByteArray> newBytes; ///< nothing in a journal of version 1
+        QByteArray newBytes;
 
-        /** A journal of version 2; there must be new bytes. */
+        /** The bytes of the journal. */
         QByteArray encode() const;
 
         /** Nothing when the bytes are no journal, or not a whole one. */
         static std::optional<Content> decode(const QByteArray &bytes);
 
-        /**
-         * Of a song's bytes, of which no more are needed than one beyond both states. A journal
-         * without the new bytes can only tell whether the song is the old one.
-         */
+        /** Of a song's bytes, of which no more are needed than one beyond both states. */
         Verdict judge(const QByteArray &song) const;
     };
 
@@ -63,8 +59,11 @@ public:
     /** No song that is rewritten in place is larger; nor are the songs in a journal. */
     static constexpr qint64 largestSong = qint64{65} * 1024 * 1024;
 
-    /** So many names a journal may have: the next one where something else lies at the first. */
-    static constexpr int maxNames = 10;
+    /**
+     * So many names a journal may have: the next one where something else lies at the first. All
+     * are looked up for each song that is read, and in a large folder of a stick that takes time.
+     */
+    static constexpr int maxNames = 4;
 
     /** The journal of this song, which must be no symbolic link, at the first or a later name. */
     explicit SongJournal(const QString &song, int number = 0);
