@@ -146,7 +146,8 @@ void IndexDialog::start(bool useRoot)
     MemoryLock lock(memory.isEmpty() ? path : memory);
     if (!lock.take()) {
         clearIndexErrors();
-        if (lock.isHeldByOther() || lock.problem() != WriteProblem::Unknown)
+        if (lock.isHeldByOther() || lock.isFolderInTheWay() ||
+            lock.problem() != WriteProblem::Unknown)
             QMessageBox::warning(this, tr("Ottimizza memoria"), lock.message());
         else
             tellResult(false);

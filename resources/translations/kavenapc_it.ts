@@ -772,6 +772,12 @@ Si vuole procedere comunque con la copia?</translation>
 <context>
     <name>MemoryLock</name>
     <message>
+        <source>Nella memoria c&apos;è una cartella &quot;%1&quot;: il programma ha bisogno di questo nome.
+Spostarla o cancellarla e riprovare.</source>
+        <translation>Nella memoria c&apos;è una cartella &quot;%1&quot;: il programma ha bisogno di questo nome.
+Spostarla o cancellarla e riprovare.</translation>
+    </message>
+    <message>
         <source>Un altro programma sta scrivendo su questa memoria.
 Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
         <translation>Un altro programma sta scrivendo su questa memoria.

@@ -772,6 +772,12 @@ Trotzdem kopieren?</translation>
 <context>
     <name>MemoryLock</name>
     <message>
+        <source>Nella memoria c&apos;è una cartella &quot;%1&quot;: il programma ha bisogno di questo nome.
+Spostarla o cancellarla e riprovare.</source>
+        <translation>Auf dem Speicher liegt ein Ordner „%1“: Das Programm braucht diesen Namen.
+Bitte verschieben oder löschen Sie ihn und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
         <source>Un altro programma sta scrivendo su questa memoria.
 Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
         <translation>Ein anderes Programm schreibt gerade auf diesen Speicher.

@@ -772,6 +772,12 @@ Do you want to copy all the same?</translation>
 <context>
     <name>MemoryLock</name>
     <message>
+        <source>Nella memoria c&apos;è una cartella &quot;%1&quot;: il programma ha bisogno di questo nome.
+Spostarla o cancellarla e riprovare.</source>
+        <translation>There is a folder &quot;%1&quot; on the memory: the program needs this name.
+Please move or delete it and try again.</translation>
+    </message>
+    <message>
         <source>Un altro programma sta scrivendo su questa memoria.
 Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
         <translation>Another program is writing to this memory.
