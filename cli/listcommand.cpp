@@ -3,29 +3,24 @@
 #include "cli/songpaths.h"
 #include "devindex/entrysort.h"
 #include "devindex/index.h"
-#include "devindex/mountedvolumes.h"
-
-#include <QFileInfo>
 
 ExitStatus ListCommand::run()
 {
-    const std::optional<QString> path = SongPaths::decode(m_request.paths.constFirst(), m_terminal);
-    if (!path)
+    const QByteArray &path = m_request.paths.constFirst();
+    const std::optional<QString> root = SongPaths::memory(path, m_terminal);
+    if (!root)
         return ExitStatus::NothingDone;
-    const QString absolute = QFileInfo(*path).absoluteFilePath();
-    if (!QFileInfo(absolute).isDir())
-        return m_terminal.refuse(*path, QCoreApplication::translate(
-                                            "IndexDialog", "Il percorso selezionato non esiste"));
-    const QString memory = MountedVolumes().getRootDrivePath(absolute);
     Index index;
-    index.rootPath = memory.isEmpty() ? absolute : memory;
+    index.rootPath = *root;
     if (!index.checkIndexFile())
         return m_terminal.refuse(
-            *path, QCoreApplication::translate(
-                       "SongsListDialog",
-                       "Impossibile proseguire, la memoria non è preparata per Kavena"));
+            QString::fromUtf8(path),
+            QCoreApplication::translate(
+                "SongsListDialog",
+                "Impossibile proseguire, la memoria non è preparata per Kavena"));
     if (index.loadAllIndexFile() < 0)
-        return m_terminal.refuse(*path, tr("Il database della memoria è danneggiato"));
+        return m_terminal.refuse(QString::fromUtf8(path),
+                                 tr("Il database della memoria è danneggiato"));
     if (m_request.sort == Index::SortByArtist)
         sortByArtist(index.entries);
     else if (m_request.sort == Index::SortByGenre)

@@ -32,7 +32,6 @@ private:
     void item(const QString &label, const QString &text);
     void number(const QString &label, qint32 number);
     void markers(const QList<Marker> &markers);
-    static QString fieldLabel(ChangePreview::Field field);
 
     StandardOutput &m_output;
 };

@@ -2,6 +2,7 @@
 
 #include "cli/shownname.h"
 #include "cli/terminal.h"
+#include "devindex/mountedvolumes.h"
 #include "formats/songnames.h"
 #include "library/songsearch.h"
 
@@ -39,6 +40,30 @@ std::optional<QString> SongPaths::decode(const QByteArray &path, Terminal &termi
         return QString::fromUtf8(path);
     terminal.fail(shownName(path), notUtf8());
     return std::nullopt;
+}
+
+std::optional<QString> SongPaths::folder(const QByteArray &path, Terminal &terminal)
+{
+    const std::optional<QString> given = decode(path, terminal);
+    if (!given)
+        return std::nullopt;
+    const QFileInfo info(*given);
+    if (info.isDir())
+        return info.absoluteFilePath();
+    terminal.refuse(
+        *given, QCoreApplication::translate("IndexDialog", "Il percorso selezionato non esiste"));
+    return std::nullopt;
+}
+
+std::optional<QString> SongPaths::memory(const QByteArray &path, Terminal &terminal)
+{
+    std::optional<QString> root = folder(path, terminal);
+    if (!root)
+        return root;
+    const QString mounted = MountedVolumes().getRootDrivePath(*root);
+    if (!mounted.isEmpty())
+        root = mounted;
+    return root;
 }
 
 std::optional<QStringList> SongPaths::songs(const Request &request, Terminal &terminal)

@@ -29,6 +29,15 @@ public:
      */
     static std::optional<QString> decode(const QByteArray &path, Terminal &terminal);
 
+    /** The absolute path of a folder; else nothing, after the terminal told why. */
+    static std::optional<QString> folder(const QByteArray &path, Terminal &terminal);
+
+    /**
+     * The root of the memory that a folder lies on; a folder on none is taken for one itself.
+     * Nothing where folder() gives none.
+     */
+    static std::optional<QString> memory(const QByteArray &path, Terminal &terminal);
+
     /**
      * The songs of a request whose arguments may be folders, each once: files as they were given,
      * of folders the files that are named as songs. Names that cannot be used are failures. Nothing

@@ -3,8 +3,6 @@
 #include "cli/songpaths.h"
 #include "devindex/transfer.h"
 
-#include <QFileInfo>
-
 namespace
 {
 
@@ -63,18 +61,14 @@ private:
 
 ExitStatus TransferCommand::run()
 {
-    const std::optional<QString> to = SongPaths::decode(m_request.to, m_terminal);
-    if (!to)
+    const std::optional<QString> folder = SongPaths::folder(m_request.to, m_terminal);
+    if (!folder)
         return ExitStatus::NothingDone;
-    const QString folder = QFileInfo(*to).absoluteFilePath();
-    if (!QFileInfo(folder).isDir())
-        return m_terminal.refuse(
-            *to, QCoreApplication::translate("IndexDialog", "Il percorso selezionato non esiste"));
     const std::optional<QStringList> songs = SongPaths::songs(m_request, m_terminal);
     if (!songs || songs->isEmpty())
         return m_terminal.failures() > 0 ? ExitStatus::WithFailures : ExitStatus::NothingDone;
 
-    TransferAnswers answers(m_request, m_terminal, folder);
+    TransferAnswers answers(m_request, m_terminal, *folder);
     switch (Transfer(answers, m_terminal.progressOpener()).transferFiles(*songs)) {
     case Transfer::Outcome::NotStarted:
         return ExitStatus::NothingDone;

@@ -126,8 +126,9 @@ bool Transfer::takeLock(MemoryLock &lock, const QString &title, bool isRoot)
 {
     if (lock.take())
         return true;
-    m_user.warn(title,
-                isRoot && !lock.isHeldByOther() ? whyNotIntoRoot(lock.problem()) : lock.message());
+    m_user.warn(title, isRoot && !lock.isHeldByOther() && !lock.isFolderInTheWay()
+                           ? whyNotIntoRoot(lock.problem())
+                           : lock.message());
     return false;
 }
 

@@ -143,3 +143,33 @@ QString ChangePreview::lostCharacters(const std::optional<SongInfo> &before, con
         texts += keptPart(change, record);
     return ::lostCharacters(texts);
 }
+
+QString ChangePreview::fieldName(Field field)
+{
+    switch (field) {
+    case Field::Title:
+        return tr("Titolo");
+    case Field::Artist:
+        return tr("Interprete");
+    case Field::Genre:
+        return tr("Genere");
+    case Field::Author:
+        return tr("Autore");
+    case Field::Length:
+        return tr("Durata");
+    case Field::Tempo:
+        return tr("BPM");
+    case Field::Key:
+        return tr("Tonalità");
+    case Field::Markers:
+        return tr("Marker");
+    case Field::MarkersShown:
+        return tr("Marker attivi");
+    }
+    return {};
+}
+
+QString ChangePreview::emptyValue()
+{
+    return tr("(vuoto)");
+}

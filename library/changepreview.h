@@ -63,6 +63,12 @@ public:
      */
     static void nameLostCharacters(QList<Change> &changes, const SongInfo &record);
 
+    /** The field in the user's words. */
+    static QString fieldName(Field field);
+
+    /** What stands in place of a value that is not there. */
+    static QString emptyValue();
+
     QList<Song> changed; ///< the songs with changes, in the order of the table
     int songs = 0;       ///< all that were looked at
     int unknown = 0;     ///< those that the catalogue does not know

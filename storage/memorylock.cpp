@@ -4,6 +4,7 @@
 #include "storage/safefile.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QStringList>
@@ -67,6 +68,7 @@ bool MemoryLock::take()
         if (i > 0)
             QThread::msleep(pauseMilliseconds);
         m_heldByOther = false;
+        m_folderInTheWay = false;
         const Attempt attempt = isTaken(m_path) ? examine() : create();
         if (attempt != Attempt::Again)
             return attempt == Attempt::Taken;
@@ -119,12 +121,13 @@ MemoryLock::Attempt MemoryLock::examine()
         }
         if (open && QFile::remove(m_path))
             return Attempt::Again;
-    } else if (QFile::remove(m_path)) {
+    } else if (QFile::remove(m_path) || QDir().rmdir(m_path)) { // a folder only when it is empty
         return Attempt::Again;
     }
     if (!isTaken(m_path))
         return Attempt::Again;
     m_problem = WriteProblem::find(WriteProblem::Medium::of(m_root), 0);
+    m_folderInTheWay = m_problem == WriteProblem::Unknown && info.isDir();
     logWarning() << "[MemoryLock::examine] Impossible to remove" << m_path;
     return Attempt::Failed;
 }
@@ -156,6 +159,10 @@ std::optional<QByteArray> MemoryLock::content() const
 
 QString MemoryLock::message() const
 {
+    if (m_folderInTheWay)
+        return tr("Nella memoria c'è una cartella \"%1\": il programma ha bisogno di questo nome.\n"
+                  "Spostarla o cancellarla e riprovare.")
+            .arg(fileName());
     if (!m_heldByOther)
         return WriteProblem::sentence(m_problem);
     const QStringList lines = QString::fromUtf8(m_holder).split(QLatin1Char('\n'));

@@ -13,7 +13,8 @@
  * A program that writes to a memory holds the memory's lock while it does so: a hidden file in the
  * memory's root that names the program. The operating system releases the lock when the program
  * ends or crashes, and when the stick is pulled. A lock file that no program holds is a leftover,
- * whatever its content, and is removed.
+ * whatever its content, and is removed. So is anything else that has its name, except a folder with
+ * content.
  *
  * An object takes the lock at most once and releases it at the latest when the object is destroyed.
  * Two objects of one program exclude each other as well. On a system that cannot lock files, the
@@ -38,6 +39,9 @@ public:
     /** True when take() failed because another program holds the lock. */
     bool isHeldByOther() const { return m_heldByOther; }
 
+    /** True when take() failed because a folder with content has the name of the lock's file. */
+    bool isFolderInTheWay() const { return m_folderInTheWay; }
+
     /** Why the lock's file could not be made, when take() failed and no other holds it. */
     WriteProblem::Kind problem() const { return m_problem; }
 
@@ -59,6 +63,7 @@ private:
     QFile m_file;
     QByteArray m_written;
     bool m_heldByOther = false;
+    bool m_folderInTheWay = false;
     QByteArray m_holder; ///< what the other program wrote into the file
     WriteProblem::Kind m_problem = WriteProblem::Unknown;
 };

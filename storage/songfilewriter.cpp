@@ -225,8 +225,7 @@ bool SongFileWriter::recover(const QString &path)
         SongJournal journal(song, number);
         SongJournal::Content content;
         switch (journal.read(content)) {
-        case SongJournal::State::Missing:
-            return true;
+        case SongJournal::State::Missing: // a later name may be taken all the same
         case SongJournal::State::SomethingElse:
             break;
         case SongJournal::State::InUse:
@@ -253,8 +252,8 @@ bool SongFileWriter::resolve(SongJournal &journal, const SongJournal::Content &c
     QFile reader(m_path);
     if (!reader.open(QFile::ReadOnly | QFile::Unbuffered))
         return false;
-    const QByteArray newBytes = content.newBytes.value_or(QByteArray());
-    const QByteArray song = reader.read(std::max(content.oldBytes.size(), newBytes.size()) + 1);
+    const qint64 longest = std::max(content.oldBytes.size(), content.newBytes.size());
+    const QByteArray song = reader.read(longest + 1);
     if (reader.error() != QFile::NoError)
         return false;
     reader.close();
@@ -271,11 +270,6 @@ bool SongFileWriter::resolve(SongJournal &journal, const SongJournal::Content &c
         logWarning() << "[SongFileWriter::recover] The last save was cut off, the song is as it "
                         "was before:"
                      << m_path;
-    } else if (mayHaveAJournal && verdict == SongJournal::Verdict::NotOurs && !content.newBytes) {
-        // It is not known whether the save was cut off, so both the song and the journal are kept.
-        logWarning() << "[SongFileWriter::recover] The song stays, bytes of an earlier one are in"
-                     << journal.path();
-        return true;
     } else if (verdict == SongJournal::Verdict::NotOurs) {
         logWarning() << "[SongFileWriter::recover] The song was changed since, it stays:" << m_path;
     }

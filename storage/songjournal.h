@@ -15,9 +15,8 @@
  * Layout, numbers big-endian: magic "KvSongJr" (8 bytes), version 2 (4), size of the old song (4),
  * size of the new one (4), how many bytes both have in common at their start (4) and at their end
  * (4), SHA-256 of all that with the bytes that follow it (32), the old bytes, and those of the new
- * ones that lie between the common ones. Version 1 knew nothing of the new bytes: sizes of the old
- * and of the new song, SHA-256, the old bytes. A journal that was not written whole does not fit
- * its checksum.
+ * ones that lie between the common ones. A journal that was not written whole does not fit its
+ * checksum; one of version 1, which knew nothing of the new bytes, counts as none either.
  *
  * The object holds the journal that it wrote or read until the journal is removed or the object is
  * destroyed, so that another program does not take a running save for one that was cut off.
@@ -36,9 +35,9 @@ public:
     /** What a journal tells. */
     struct Content {
         QByteArray oldBytes;
-        std::optional<QByteArray> newBytes; ///< nothing in a journal of version 1
+        QByteArray newBytes;
 
-        /** A journal of version 2; there must be new bytes. */
+        /** The bytes of the journal. */
         QByteArray encode() const;
 
         /** Nothing when the bytes are no journal, or not a whole one. */
@@ -46,8 +45,7 @@ public:
 
         /**
          * The state of a song with these bytes. Of a longer song, one byte more than the longer of
-         * the two states has is enough. A journal without the new bytes can only tell whether the
-         * song is the old one.
+         * the two states has is enough.
          */
         Verdict judge(const QByteArray &song) const;
     };
@@ -65,9 +63,11 @@ public:
     static constexpr qint64 largestSong = qint64{65} * 1024 * 1024;
 
     /**
+    /**
      * How many names a journal may have: the next one is used where something else has the first.
+     * All of them are looked up for each song that is read, which takes time on a slow stick.
      */
-    static constexpr int maxNames = 10;
+    static constexpr int maxNames = 4;
 
     /** The journal of this song, which must be no symbolic link, at the first or a later name. */
     explicit SongJournal(const QString &song, int number = 0);

@@ -38,7 +38,6 @@ protected:
 private:
     void showPreview();
     QTreeWidgetItem *makeItem(const ChangePreview::Song &song) const;
-    static QString fieldName(ChangePreview::Field field);
 
     const QScopedPointer<Ui::ChangePreviewDialog> ui;
     const ChangePreview m_preview;

@@ -109,8 +109,7 @@ void IndexDialog::setProgressValue(int value)
 
 void IndexDialog::updateLabelCurrPath(const QString &path)
 {
-    QLabel *const label = ui->labelCurrPath;
-    label->setText(label->fontMetrics().elidedText(path, Qt::ElideMiddle, label->width()));
+    ui->labelCurrPath->setText(path);
 }
 
 void IndexDialog::errorFromIndexReceived(const QString &message)
@@ -147,7 +146,8 @@ void IndexDialog::start(bool useRoot)
     MemoryLock lock(memory.isEmpty() ? path : memory);
     if (!lock.take()) {
         clearIndexErrors();
-        if (lock.isHeldByOther() || lock.problem() != WriteProblem::Unknown)
+        if (lock.isHeldByOther() || lock.isFolderInTheWay() ||
+            lock.problem() != WriteProblem::Unknown)
             QMessageBox::warning(this, tr("Ottimizza memoria"), lock.message());
         else
             tellResult(false);

@@ -79,6 +79,46 @@ Select a folder for the backup, or press “Continue without backup”.</transla
         <source>Confronto le song con il database...</source>
         <translation>Comparing the songs with the database...</translation>
     </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Author</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Length</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Key</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Sections</translation>
+    </message>
+    <message>
+        <source>Marker attivi</source>
+        <translation>Sections shown</translation>
+    </message>
+    <message>
+        <source>(vuoto)</source>
+        <translation>(empty)</translation>
+    </message>
 </context>
 <context>
     <name>ChangePreviewDialog</name>
@@ -113,46 +153,6 @@ Select a folder for the backup, or press “Continue without backup”.</transla
     <message>
         <source>%1 (verrà chiesta conferma)</source>
         <translation>%1 (will be asked about)</translation>
-    </message>
-    <message>
-        <source>(vuoto)</source>
-        <translation>(empty)</translation>
-    </message>
-    <message>
-        <source>Titolo</source>
-        <translation>Title</translation>
-    </message>
-    <message>
-        <source>Interprete</source>
-        <translation>Artist</translation>
-    </message>
-    <message>
-        <source>Genere Musicale</source>
-        <translation>Genre</translation>
-    </message>
-    <message>
-        <source>Autore</source>
-        <translation>Author</translation>
-    </message>
-    <message>
-        <source>Durata</source>
-        <translation>Length</translation>
-    </message>
-    <message>
-        <source>BPM</source>
-        <translation>BPM</translation>
-    </message>
-    <message>
-        <source>Tonalità</source>
-        <translation>Key</translation>
-    </message>
-    <message>
-        <source>Marker</source>
-        <translation>Sections</translation>
-    </message>
-    <message>
-        <source>Marker attivi</source>
-        <translation>Sections shown</translation>
     </message>
     <message>
         <source>La sincronizzazione modificherebbe questi dati:</source>
@@ -771,6 +771,12 @@ Do you want to copy all the same?</translation>
 </context>
 <context>
     <name>MemoryLock</name>
+    <message>
+        <source>Nella memoria c&apos;è una cartella &quot;%1&quot;: il programma ha bisogno di questo nome.
+Spostarla o cancellarla e riprovare.</source>
+        <translation>There is a folder &quot;%1&quot; on the memory: the program needs this name.
+Please move or delete it and try again.</translation>
+    </message>
     <message>
         <source>Un altro programma sta scrivendo su questa memoria.
 Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
@@ -1551,34 +1557,6 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>Format</translation>
     </message>
     <message>
-        <source>Titolo</source>
-        <translation>Title</translation>
-    </message>
-    <message>
-        <source>Interprete</source>
-        <translation>Artist</translation>
-    </message>
-    <message>
-        <source>Genere</source>
-        <translation>Genre</translation>
-    </message>
-    <message>
-        <source>Autore</source>
-        <translation>Author</translation>
-    </message>
-    <message>
-        <source>Durata</source>
-        <translation>Length</translation>
-    </message>
-    <message>
-        <source>BPM</source>
-        <translation>BPM</translation>
-    </message>
-    <message>
-        <source>Tonalità</source>
-        <translation>Key</translation>
-    </message>
-    <message>
         <source>Firma</source>
         <translation>Signature</translation>
     </message>
@@ -1599,20 +1577,8 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>%1: no change</translation>
     </message>
     <message>
-        <source>(vuoto)</source>
-        <translation>(empty)</translation>
-    </message>
-    <message>
         <source>File</source>
         <translation>File</translation>
-    </message>
-    <message>
-        <source>Marker</source>
-        <translation>Sections</translation>
-    </message>
-    <message>
-        <source>Marker attivi</source>
-        <translation>Shown</translation>
     </message>
 </context>
 <context>

@@ -79,6 +79,46 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
         <source>Confronto le song con il database...</source>
         <translation>Confronto le song con il database...</translation>
     </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titolo</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interprete</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genere</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Autore</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Durata</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Tonalità</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Marker</translation>
+    </message>
+    <message>
+        <source>Marker attivi</source>
+        <translation>Marker attivi</translation>
+    </message>
+    <message>
+        <source>(vuoto)</source>
+        <translation>(vuoto)</translation>
+    </message>
 </context>
 <context>
     <name>ChangePreviewDialog</name>
@@ -113,46 +153,6 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
     <message>
         <source>%1 (verrà chiesta conferma)</source>
         <translation>%1 (verrà chiesta conferma)</translation>
-    </message>
-    <message>
-        <source>(vuoto)</source>
-        <translation>(vuoto)</translation>
-    </message>
-    <message>
-        <source>Titolo</source>
-        <translation>Titolo</translation>
-    </message>
-    <message>
-        <source>Interprete</source>
-        <translation>Interprete</translation>
-    </message>
-    <message>
-        <source>Genere Musicale</source>
-        <translation>Genere Musicale</translation>
-    </message>
-    <message>
-        <source>Autore</source>
-        <translation>Autore</translation>
-    </message>
-    <message>
-        <source>Durata</source>
-        <translation>Durata</translation>
-    </message>
-    <message>
-        <source>BPM</source>
-        <translation>BPM</translation>
-    </message>
-    <message>
-        <source>Tonalità</source>
-        <translation>Tonalità</translation>
-    </message>
-    <message>
-        <source>Marker</source>
-        <translation>Marker</translation>
-    </message>
-    <message>
-        <source>Marker attivi</source>
-        <translation>Marker attivi</translation>
     </message>
     <message>
         <source>La sincronizzazione modificherebbe questi dati:</source>
@@ -771,6 +771,12 @@ Si vuole procedere comunque con la copia?</translation>
 </context>
 <context>
     <name>MemoryLock</name>
+    <message>
+        <source>Nella memoria c&apos;è una cartella &quot;%1&quot;: il programma ha bisogno di questo nome.
+Spostarla o cancellarla e riprovare.</source>
+        <translation>Nella memoria c&apos;è una cartella &quot;%1&quot;: il programma ha bisogno di questo nome.
+Spostarla o cancellarla e riprovare.</translation>
+    </message>
     <message>
         <source>Un altro programma sta scrivendo su questa memoria.
 Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
@@ -1551,34 +1557,6 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>Formato</translation>
     </message>
     <message>
-        <source>Titolo</source>
-        <translation>Titolo</translation>
-    </message>
-    <message>
-        <source>Interprete</source>
-        <translation>Interprete</translation>
-    </message>
-    <message>
-        <source>Genere</source>
-        <translation>Genere</translation>
-    </message>
-    <message>
-        <source>Autore</source>
-        <translation>Autore</translation>
-    </message>
-    <message>
-        <source>Durata</source>
-        <translation>Durata</translation>
-    </message>
-    <message>
-        <source>BPM</source>
-        <translation>BPM</translation>
-    </message>
-    <message>
-        <source>Tonalità</source>
-        <translation>Tonalità</translation>
-    </message>
-    <message>
         <source>Firma</source>
         <translation>Firma</translation>
     </message>
@@ -1599,20 +1577,8 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>%1: nessuna modifica</translation>
     </message>
     <message>
-        <source>(vuoto)</source>
-        <translation>(vuoto)</translation>
-    </message>
-    <message>
         <source>File</source>
         <translation>File</translation>
-    </message>
-    <message>
-        <source>Marker</source>
-        <translation>Marker</translation>
-    </message>
-    <message>
-        <source>Marker attivi</source>
-        <translation>Marker attivi</translation>
     </message>
 </context>
 <context>

@@ -79,6 +79,46 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
         <source>Confronto le song con il database...</source>
         <translation>Songs werden mit der Datenbank verglichen...</translation>
     </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Musikrichtung</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Autor</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Tonart</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Abschnitte</translation>
+    </message>
+    <message>
+        <source>Marker attivi</source>
+        <translation>Abschnitte angezeigt</translation>
+    </message>
+    <message>
+        <source>(vuoto)</source>
+        <translation>(leer)</translation>
+    </message>
 </context>
 <context>
     <name>ChangePreviewDialog</name>
@@ -113,46 +153,6 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
     <message>
         <source>%1 (verrà chiesta conferma)</source>
         <translation>%1 (mit Rückfrage)</translation>
-    </message>
-    <message>
-        <source>(vuoto)</source>
-        <translation>(leer)</translation>
-    </message>
-    <message>
-        <source>Titolo</source>
-        <translation>Titel</translation>
-    </message>
-    <message>
-        <source>Interprete</source>
-        <translation>Interpret</translation>
-    </message>
-    <message>
-        <source>Genere Musicale</source>
-        <translation>Musikrichtung</translation>
-    </message>
-    <message>
-        <source>Autore</source>
-        <translation>Autor</translation>
-    </message>
-    <message>
-        <source>Durata</source>
-        <translation>Dauer</translation>
-    </message>
-    <message>
-        <source>BPM</source>
-        <translation>BPM</translation>
-    </message>
-    <message>
-        <source>Tonalità</source>
-        <translation>Tonart</translation>
-    </message>
-    <message>
-        <source>Marker</source>
-        <translation>Abschnitte</translation>
-    </message>
-    <message>
-        <source>Marker attivi</source>
-        <translation>Abschnitte angezeigt</translation>
     </message>
     <message>
         <source>La sincronizzazione modificherebbe questi dati:</source>
@@ -771,6 +771,12 @@ Trotzdem kopieren?</translation>
 </context>
 <context>
     <name>MemoryLock</name>
+    <message>
+        <source>Nella memoria c&apos;è una cartella &quot;%1&quot;: il programma ha bisogno di questo nome.
+Spostarla o cancellarla e riprovare.</source>
+        <translation>Auf dem Speicher liegt ein Ordner „%1“: Das Programm braucht diesen Namen.
+Bitte verschieben oder löschen Sie ihn und versuchen Sie es noch einmal.</translation>
+    </message>
     <message>
         <source>Un altro programma sta scrivendo su questa memoria.
 Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
@@ -1551,34 +1557,6 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>Format</translation>
     </message>
     <message>
-        <source>Titolo</source>
-        <translation>Titel</translation>
-    </message>
-    <message>
-        <source>Interprete</source>
-        <translation>Interpret</translation>
-    </message>
-    <message>
-        <source>Genere</source>
-        <translation>Richtung</translation>
-    </message>
-    <message>
-        <source>Autore</source>
-        <translation>Autor</translation>
-    </message>
-    <message>
-        <source>Durata</source>
-        <translation>Dauer</translation>
-    </message>
-    <message>
-        <source>BPM</source>
-        <translation>BPM</translation>
-    </message>
-    <message>
-        <source>Tonalità</source>
-        <translation>Tonart</translation>
-    </message>
-    <message>
         <source>Firma</source>
         <translation>Signatur</translation>
     </message>
@@ -1599,20 +1577,8 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>%1: keine Änderung</translation>
     </message>
     <message>
-        <source>(vuoto)</source>
-        <translation>(leer)</translation>
-    </message>
-    <message>
         <source>File</source>
         <translation>Datei</translation>
-    </message>
-    <message>
-        <source>Marker</source>
-        <translation>Abschnitte</translation>
-    </message>
-    <message>
-        <source>Marker attivi</source>
-        <translation>Angezeigt</translation>
     </message>
 </context>
 <context>
