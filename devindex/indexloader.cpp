@@ -62,11 +62,11 @@ bool IndexLoader::loadTitles()
     if (!read(indexfiles::Title, SongRecord::Size, SongInfoIndex::MaxSongs, bytes))
         return false;
     for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::Size) {
-        const SongRecord record = SongRecord::decode(bytes.constData() + pos);
+        SongRecord record = SongRecord::decode(bytes.constData() + pos);
         SongInfoIndex *const entry = entryOf(record.id);
         if (entry == nullptr)
             return false;
-        entry->title = stringToUpper(record.title).trimmed();
+        entry->title = stringToUpper(std::move(record.title)).trimmed();
         entry->bpm = record.bpm;
         entry->fileType = record.fileType;
         entry->hasMarkers = record.hasMarkers ? 1 : 0;

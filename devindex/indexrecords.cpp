@@ -86,7 +86,7 @@ SongRecord::Bytes SongRecord::encode() const
 {
     Bytes bytes{};
     qToBigEndian(id, bytes.data());
-    putText(bytes.data() + TextOffset, TitleSize, bytesFromText(title));
+    putBytesFromText(title, bytes.data() + TextOffset, TitleSize);
     bytes[BpmOffset] = static_cast<char>(bpm);
     bytes[TypeOffset] = static_cast<char>((fileType & TypeMask) | (hasMarkers ? MarkerBit : 0));
     return bytes;
@@ -113,7 +113,7 @@ GroupHeader::Bytes GroupHeader::encode() const
     Bytes bytes{};
     qToBigEndian(previousCount, bytes.data());
     qToBigEndian(count, bytes.data() + GroupCountOffset);
-    putText(bytes.data() + TextOffset, TextSize, bytesFromText(text));
+    putBytesFromText(text, bytes.data() + TextOffset, TextSize);
     bytes[TypeOffset] = GroupMark;
     return bytes;
 }

@@ -56,14 +56,18 @@ QString unknownText()
     return QStringLiteral("<unknown>");
 }
 
-quint8 byteAt(const QByteArray &bytes, qsizetype pos)
+quint8 byteAt(QByteArrayView bytes, qsizetype pos)
 {
     return static_cast<quint8>(bytes.at(pos));
 }
 
-QString textAt(const QByteArray &bytes, qsizetype pos, qsizetype length)
+/** Of a text that the bytes do not hold to its end, the part that they hold. */
+QString textAt(QByteArrayView bytes, qsizetype pos, qsizetype length)
 {
-    return textFromBytes(bytes.mid(pos, std::clamp<qsizetype>(length, 0, MaxText)));
+    if (pos >= bytes.size())
+        return {};
+    const qsizetype shown = std::clamp<qsizetype>(length, 0, MaxText);
+    return textFromBytes(bytes.sliced(pos, std::min(shown, bytes.size() - pos)));
 }
 
 void setUnlessEmpty(QString &field, const QString &text)
@@ -76,7 +80,7 @@ void setUnlessEmpty(QString &field, const QString &text)
 class Id3Scan
 {
 public:
-    Id3Scan(const QByteArray &head, SongInfoIndex &entry)
+    Id3Scan(QByteArrayView head, SongInfoIndex &entry)
         : m_head(head)
         , m_frames{Frame{Id3FrameId::title, &entry.title}, Frame{Id3FrameId::artist, &entry.artist},
                    Frame{Id3FrameId::genre, &entry.genre}}
@@ -118,13 +122,13 @@ private:
     Frame *wantedFrameAt(qsizetype pos)
     {
         for (Frame &frame : m_frames) {
-            if (!frame.found && QByteArrayView(m_head).sliced(pos).startsWith(frame.id))
+            if (!frame.found && m_head.sliced(pos).startsWith(frame.id))
                 return &frame;
         }
         return nullptr;
     }
 
-    const QByteArray &m_head;
+    QByteArrayView m_head;
     std::array<Frame, 3> m_frames;
     int m_missing = 3;
 };
@@ -133,7 +137,7 @@ private:
 class MidiScan
 {
 public:
-    MidiScan(const QByteArray &head, SongInfoIndex &entry)
+    MidiScan(QByteArrayView head, SongInfoIndex &entry)
         : m_head(head)
         , m_entry(entry)
     {
@@ -223,16 +227,17 @@ private:
         return true;
     }
 
-    const QByteArray &m_head;
+    QByteArrayView m_head;
     SongInfoIndex &m_entry;
     bool m_hasTitle = false;
     bool m_hasArtist = false;
     bool m_hasGenre = false;
 };
 
-void readMfx(const QByteArray &head, quint8 fileType, SongInfoIndex &entry)
+void readMfx(QByteArrayView head, quint8 fileType, SongInfoIndex &entry)
 {
-    const QByteArray header = head.left(MfxHeadSize).leftJustified(MfxHeadSize, '\0');
+    const QByteArrayView start = head.first(std::min<qsizetype>(head.size(), MfxHeadSize));
+    const QByteArray header = start.toByteArray().leftJustified(MfxHeadSize, '\0');
     entry.fileType = fileType;
     entry.bpm = byteAt(header, MfxBpmOffset);
     entry.hasMarkers = byteAt(header, MfxMarkersOffset) == 1 ? 1 : 0;
@@ -241,7 +246,7 @@ void readMfx(const QByteArray &head, quint8 fileType, SongInfoIndex &entry)
     setUnlessEmpty(entry.genre, textAt(header, MfxGenreOffset, MaxText));
 }
 
-void readByContent(const QByteArray &head, SongInfoIndex &entry)
+void readByContent(QByteArrayView head, SongInfoIndex &entry)
 {
     if (head.startsWith("_MF3"))
         readMfx(head, SongInfoIndex::Mf3, entry);
@@ -272,7 +277,7 @@ void setDefaults(const QString &fileName, SongInfoIndex &entry)
 
 // Asks the system for nothing but the bytes: with tens of thousands of songs the questions that
 // QFile asks about each file double the time.
-QByteArray songHeadOf(const QString &path)
+QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
 {
     const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
     if (file < 0) {
@@ -283,12 +288,11 @@ QByteArray songHeadOf(const QString &path)
     };
     // Some regular files have no size and can be read for ever, or wait for ever to be read.
     const qint64 size = ::fstat(file, &status) == 0 ? qint64(status.st_size) : 0;
-    QByteArray head(static_cast<qsizetype>(std::min<qint64>(size, SongHeadSize)),
-                    Qt::Uninitialized);
+    const auto wanted = static_cast<qsizetype>(std::min<qint64>(size, SongHeadSize));
     qsizetype filled = 0;
-    while (filled < head.size()) {
+    while (filled < wanted) {
         const ssize_t count =
-            ::read(file, head.data() + filled, static_cast<std::size_t>(head.size() - filled));
+            ::read(file, buffer.data() + filled, static_cast<std::size_t>(wanted - filled));
         if (count < 0 && errno == EINTR)
             continue;
         if (count <= 0)
@@ -296,25 +300,25 @@ QByteArray songHeadOf(const QString &path)
         filled += count;
     }
     ::close(file);
-    head.truncate(filled);
-    return head;
+    return {buffer.data(), filled};
 }
 
 #else
 
-QByteArray songHeadOf(const QString &path)
+QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         logWarning() << "[songHeadOf] Impossible to read song" << path;
         return {};
     }
-    return file.read(std::min<qint64>(file.size(), SongHeadSize));
+    const qint64 filled = file.read(buffer.data(), std::min<qint64>(file.size(), SongHeadSize));
+    return {buffer.data(), static_cast<qsizetype>(std::max<qint64>(filled, 0))};
 }
 
 #endif
 
-bool readSongHead(const QByteArray &head, const QString &fileName, SongInfoIndex &entry)
+bool readSongHead(QByteArrayView head, const QString &fileName, SongInfoIndex &entry)
 {
     const QString name = fileName.mid(fileName.lastIndexOf(QLatin1Char('/')) + 1);
     setDefaults(name, entry);
@@ -328,6 +332,6 @@ bool readSongHead(const QByteArray &head, const QString &fileName, SongInfoIndex
         readByContent(head, entry);
     }
     for (QString *const text : {&entry.title, &entry.artist, &entry.genre})
-        *text = stringToUpper(*text).trimmed();
+        *text = stringToUpper(std::move(*text)).trimmed();
     return true;
 }
