@@ -74,17 +74,46 @@ int folded(QChar character)
     return code >= 'A' && code <= 'Z' ? code + ('a' - 'A') : code;
 }
 
+bool isLatin1(QStringView text)
+{
+    ushort bits = 0;
+    for (const QChar character : text)
+        bits = static_cast<ushort>(bits | character.unicode());
+    return bits <= 0xFF;
+}
+
+/** In Latin-1, "ß" alone has more than one character in upper case. */
+QChar upperLatin1(QChar character)
+{
+    const ushort code = character.unicode();
+    if (code >= 0x80)
+        return character == SharpS ? character : character.toUpper();
+    return code >= 'a' && code <= 'z' ? QChar(code - ('a' - 'A')) : character;
+}
+
 } // namespace
 
-QString stringToUpper(const QString &text)
+QString stringToUpper(QString text)
 {
     static const QString placeholder = QStringLiteral("|#§§#|");
+<<<<<<< HEAD
     if (!text.contains(sharpS))
         return text.toUpper();
     QString upper = text;
     upper.replace(sharpS, placeholder);
     upper = upper.toUpper();
     return upper.replace(placeholder, sharpS);
+=======
+    if (isLatin1(text)) { // most texts by far
+        std::transform(text.cbegin(), text.cend(), text.begin(), upperLatin1);
+        return text;
+    }
+    if (!text.contains(SharpS))
+        return text.toUpper();
+    text.replace(SharpS, placeholder);
+    text = text.toUpper();
+    return text.replace(placeholder, SharpS);
+>>>>>>> h-speed
 }
 
 int compareIgnoringCase(const QString &first, const QString &second)
@@ -127,12 +156,13 @@ void appendSortKey(QByteArray &key, const QString &text)
 QByteArray ibm850FromText(const QString &text)
 {
     const Ibm850 &tables = ibm850();
-    QByteArray bytes;
-    bytes.reserve(text.size());
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    char *end = bytes.data();
     for (const QChar character : text) {
         if (!character.isLowSurrogate()) // one "?" stands for both halves
-            bytes += tables.code(character);
+            *end++ = tables.code(character);
     }
+    bytes.truncate(end - bytes.constData());
     return bytes;
 }
 
@@ -147,8 +177,11 @@ QString textFromIbm850(const QByteArray &bytes)
 
 QByteArray pathSortKey(const QString &path)
 {
-    const auto isAscii = [](QChar character) { return character.unicode() < 0x80; };
-    if (std::all_of(path.begin(), path.end(), isAscii))
-        return path.toLatin1().toUpper(); // most paths by far; the outcome is the same
-    return ibm850FromText(stringToUpper(path));
+    if (!isLatin1(path))
+        return ibm850FromText(stringToUpper(path));
+    const Ibm850 &tables = ibm850();
+    QByteArray key(path.size(), Qt::Uninitialized);
+    std::transform(path.begin(), path.end(), key.begin(),
+                   [&tables](QChar character) { return tables.code(upperLatin1(character)); });
+    return key;
 }

@@ -8,7 +8,7 @@
  * The text in upper case, with every "ß" kept: the player's character set holds it as one character
  * and "SS" would change the length and the place of a name.
  */
-QString stringToUpper(const QString &text);
+QString stringToUpper(QString text);
 
 /**
  * Compares two texts by their characters, ignoring case, with the result of QString::compare: below

@@ -34,7 +34,9 @@ void readFile(SongInfoIndex &file)
     file.date = stamp.date;
     file.time = stamp.time;
     const bool isRegular = QFileInfo(file.fullPath).isFile(); // no other is sure to end
-    readSongHead(isRegular ? songHeadOf(file.fullPath) : QByteArray(), file.fullPath, file);
+    SongHeadBuffer buffer;
+    const QByteArrayView head = isRegular ? songHeadOf(file.fullPath, buffer) : QByteArrayView();
+    readSongHead(head, file.fullPath, file);
 }
 
 /** A text as it comes back from an index file. */

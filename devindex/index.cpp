@@ -164,7 +164,9 @@ bool Index::addFileToIndex(const QFileInfo &fi)
 int Index::setSongInfo(SongInfoIndex &e) const
 {
     // Only a regular file can be read without the risk of waiting for ever.
-    const QByteArray head = QFileInfo(e.fullPath).isFile() ? songHeadOf(e.fullPath) : QByteArray();
+    SongHeadBuffer buffer;
+    const QByteArrayView head =
+        QFileInfo(e.fullPath).isFile() ? songHeadOf(e.fullPath, buffer) : QByteArrayView();
     return readSongHead(head, e.fullPath, e) ? 1 : 0;
 }
 

@@ -79,7 +79,7 @@ void IndexBuild::refresh(SongInfoIndex &entry, const SongAdder *scanned)
 /** Reads what the index shows of a song whose file is known to be a regular one. */
 bool IndexBuild::readSong(SongInfoIndex &entry)
 {
-    const bool isRead = readSongHead(songHeadOf(entry.fullPath), entry.fullPath, entry);
+    const bool isRead = readSongHead(songHeadOf(entry.fullPath, m_head), entry.fullPath, entry);
     entry.artist = *m_texts.insert(entry.artist);
     entry.genre = *m_texts.insert(entry.genre);
     return isRead;

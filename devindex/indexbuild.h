@@ -3,6 +3,7 @@
 
 #include "devindex/entrysort.h"
 #include "devindex/indexstate.h"
+#include "devindex/songhead.h"
 
 #include <QLatin1String>
 #include <QSet>
@@ -45,5 +46,10 @@ private:
 
     IndexState &m_state;
     IndexObserver &m_observer;
+<<<<<<< HEAD
     QSet<QString> m_texts; ///< each artist and genre once, since many songs share them
+=======
+    SongHeadBuffer m_head{};
+    QSet<QString> m_texts; ///< artists and genres, which many songs share, once each
+>>>>>>> h-speed
 };

@@ -61,12 +61,17 @@ bool IndexLoader::loadTitles()
     QByteArray bytes;
     if (!read(indexfiles::title, SongRecord::size, SongInfoIndex::maxSongs, bytes))
         return false;
+<<<<<<< HEAD
     for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::size) {
         const SongRecord record = SongRecord::decode(bytes.constData() + pos);
+=======
+    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::Size) {
+        SongRecord record = SongRecord::decode(bytes.constData() + pos);
+>>>>>>> h-speed
         SongInfoIndex *const entry = entryOf(record.id);
         if (entry == nullptr)
             return false;
-        entry->title = stringToUpper(record.title).trimmed();
+        entry->title = stringToUpper(std::move(record.title)).trimmed();
         entry->bpm = record.bpm;
         entry->fileType = record.fileType;
         entry->hasMarkers = record.hasMarkers ? 1 : 0;

@@ -49,14 +49,22 @@ QString unknownText()
     return QStringLiteral("<unknown>");
 }
 
-quint8 byteAt(const QByteArray &bytes, qsizetype pos)
+quint8 byteAt(QByteArrayView bytes, qsizetype pos)
 {
     return static_cast<quint8>(bytes.at(pos));
 }
 
-QString textAt(const QByteArray &bytes, qsizetype pos, qsizetype length)
+/** Of a text that the bytes do not hold to its end, the part that they hold. */
+QString textAt(QByteArrayView bytes, qsizetype pos, qsizetype length)
 {
+<<<<<<< HEAD
     return textFromBytes(bytes.mid(pos, std::clamp<qsizetype>(length, 0, SongRecord::titleSize)));
+=======
+    if (pos >= bytes.size())
+        return {};
+    const qsizetype shown = std::clamp<qsizetype>(length, 0, MaxText);
+    return textFromBytes(bytes.sliced(pos, std::min(shown, bytes.size() - pos)));
+>>>>>>> h-speed
 }
 
 void setUnlessEmpty(QString &field, const QString &text)
@@ -69,7 +77,7 @@ void setUnlessEmpty(QString &field, const QString &text)
 class Id3Scan
 {
 public:
-    Id3Scan(const QByteArray &head, SongInfoIndex &entry)
+    Id3Scan(QByteArrayView head, SongInfoIndex &entry)
         : m_head(head)
         , m_frames{Frame{Id3FrameId::title, &entry.title}, Frame{Id3FrameId::artist, &entry.artist},
                    Frame{Id3FrameId::genre, &entry.genre}}
@@ -112,13 +120,13 @@ private:
     Frame *wantedFrameAt(qsizetype pos)
     {
         for (Frame &frame : m_frames) {
-            if (!frame.found && QByteArrayView(m_head).sliced(pos).startsWith(frame.id))
+            if (!frame.found && m_head.sliced(pos).startsWith(frame.id))
                 return &frame;
         }
         return nullptr;
     }
 
-    const QByteArray &m_head;
+    QByteArrayView m_head;
     std::array<Frame, 3> m_frames;
     int m_missing = 3;
 };
@@ -127,7 +135,7 @@ private:
 class MidiScan
 {
 public:
-    MidiScan(const QByteArray &head, SongInfoIndex &entry)
+    MidiScan(QByteArrayView head, SongInfoIndex &entry)
         : m_head(head)
         , m_entry(entry)
     {
@@ -218,13 +226,14 @@ private:
         return true;
     }
 
-    const QByteArray &m_head;
+    QByteArrayView m_head;
     SongInfoIndex &m_entry;
     bool m_hasTitle = false;
     bool m_hasArtist = false;
     bool m_hasGenre = false;
 };
 
+<<<<<<< HEAD
 QString mfxTextAt(const QByteArray &header, mfxlayout::Field field)
 {
     return textAt(header, field.offset + mfxShift, SongRecord::titleSize);
@@ -234,6 +243,12 @@ void readMfx(const QByteArray &head, quint8 fileType, SongInfoIndex &entry)
 {
     const QByteArray header =
         head.left(mfxlayout::headerSize).leftJustified(mfxlayout::headerSize, '\0');
+=======
+void readMfx(QByteArrayView head, quint8 fileType, SongInfoIndex &entry)
+{
+    const QByteArrayView start = head.first(std::min<qsizetype>(head.size(), MfxHeadSize));
+    const QByteArray header = start.toByteArray().leftJustified(MfxHeadSize, '\0');
+>>>>>>> h-speed
     entry.fileType = fileType;
     entry.bpm = byteAt(header, mfxlayout::tempo.offset);
     entry.hasMarkers = byteAt(header, mfxlayout::flags.offset + mfxShift) == 1 ? 1 : 0;
@@ -242,7 +257,7 @@ void readMfx(const QByteArray &head, quint8 fileType, SongInfoIndex &entry)
     setUnlessEmpty(entry.genre, mfxTextAt(header, mfxlayout::genre));
 }
 
-void readByContent(const QByteArray &head, SongInfoIndex &entry)
+void readByContent(QByteArrayView head, SongInfoIndex &entry)
 {
     switch (MfxHeader::typeOf(head)) {
     case SongInfo::FileMf3:
@@ -275,9 +290,15 @@ void setDefaults(const QString &fileName, SongInfoIndex &entry)
 
 #ifdef Q_OS_UNIX
 
+<<<<<<< HEAD
 // Uses the system's calls: QFile makes several more of them for each file, which doubles the time
 // for tens of thousands of songs.
 QByteArray songHeadOf(const QString &path)
+=======
+// Asks the system for nothing but the bytes: with tens of thousands of songs the questions that
+// QFile asks about each file double the time.
+QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
+>>>>>>> h-speed
 {
     const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
     if (file < 0) {
@@ -288,12 +309,16 @@ QByteArray songHeadOf(const QString &path)
     };
     // Some regular files have size 0 but can be read for ever, or block for ever.
     const qint64 size = ::fstat(file, &status) == 0 ? qint64(status.st_size) : 0;
+<<<<<<< HEAD
     QByteArray head(static_cast<qsizetype>(std::min<qint64>(size, songHeadSize)),
                     Qt::Uninitialized);
+=======
+    const auto wanted = static_cast<qsizetype>(std::min<qint64>(size, songHeadSize));
+>>>>>>> h-speed
     qsizetype filled = 0;
-    while (filled < head.size()) {
+    while (filled < wanted) {
         const ssize_t count =
-            ::read(file, head.data() + filled, static_cast<std::size_t>(head.size() - filled));
+            ::read(file, buffer.data() + filled, static_cast<std::size_t>(wanted - filled));
         if (count < 0 && errno == EINTR)
             continue;
         if (count <= 0)
@@ -301,25 +326,29 @@ QByteArray songHeadOf(const QString &path)
         filled += count;
     }
     ::close(file);
-    head.truncate(filled);
-    return head;
+    return {buffer.data(), filled};
 }
 
 #else
 
-QByteArray songHeadOf(const QString &path)
+QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         logWarning() << "[songHeadOf] Impossible to read song" << path;
         return {};
     }
+<<<<<<< HEAD
     return file.read(std::min<qint64>(file.size(), songHeadSize));
+=======
+    const qint64 filled = file.read(buffer.data(), std::min<qint64>(file.size(), songHeadSize));
+    return {buffer.data(), static_cast<qsizetype>(std::max<qint64>(filled, 0))};
+>>>>>>> h-speed
 }
 
 #endif
 
-bool readSongHead(const QByteArray &head, const QString &fileName, SongInfoIndex &entry)
+bool readSongHead(QByteArrayView head, const QString &fileName, SongInfoIndex &entry)
 {
     const QString name = fileName.mid(fileName.lastIndexOf(QLatin1Char('/')) + 1);
     setDefaults(name, entry);
@@ -333,6 +362,6 @@ bool readSongHead(const QByteArray &head, const QString &fileName, SongInfoIndex
         readByContent(head, entry);
     }
     for (QString *const text : {&entry.title, &entry.artist, &entry.genre})
-        *text = stringToUpper(*text).trimmed();
+        *text = stringToUpper(std::move(*text)).trimmed();
     return true;
 }

@@ -3,17 +3,22 @@
 
 #include "devindex/songinfoindex.h"
 
-#include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
+
+#include <array>
 
 /** How much of a song file is looked at, in bytes. */
 constexpr int songHeadSize = 3072;
 
+/** Room for the head of a song; one for all songs saves as many allocations. */
+using SongHeadBuffer = std::array<char, songHeadSize>;
+
 /**
- * The first songHeadSize bytes of a regular file, or as many as its size says; empty if it is
- * unreadable.
+ * The first songHeadSize bytes of a regular file, or as many as its size says, in the buffer; empty
+ * if it is unreadable.
  */
-QByteArray songHeadOf(const QString &path);
+QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer);
 
 /**
  * Fills title, artist, genre and the four type bytes of entry from the first bytes of the song file
@@ -23,4 +28,4 @@ QByteArray songHeadOf(const QString &path);
  * What is missing or damaged gets its default: the file name, "<unknown>". Texts end in upper case
  * and trimmed. False when there are fewer than 5 bytes; the defaults then stand as they are.
  */
-bool readSongHead(const QByteArray &head, const QString &fileName, SongInfoIndex &entry);
+bool readSongHead(QByteArrayView head, const QString &fileName, SongInfoIndex &entry);

@@ -63,7 +63,6 @@ public:
     static constexpr qint64 largestSong = qint64{65} * 1024 * 1024;
 
     /**
-    /**
      * How many names a journal may have: the next one is used where something else has the first.
      * All of them are looked up for each song that is read, which takes time on a slow stick.
      */
