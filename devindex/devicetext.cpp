@@ -87,7 +87,7 @@ QChar upperLatin1(QChar character)
 {
     const ushort code = character.unicode();
     if (code >= 0x80)
-        return character == SharpS ? character : character.toUpper();
+        return character == sharpS ? character : character.toUpper();
     return code >= 'a' && code <= 'z' ? QChar(code - ('a' - 'A')) : character;
 }
 
@@ -96,24 +96,15 @@ QChar upperLatin1(QChar character)
 QString stringToUpper(QString text)
 {
     static const QString placeholder = QStringLiteral("|#§§#|");
-<<<<<<< HEAD
-    if (!text.contains(sharpS))
-        return text.toUpper();
-    QString upper = text;
-    upper.replace(sharpS, placeholder);
-    upper = upper.toUpper();
-    return upper.replace(placeholder, sharpS);
-=======
     if (isLatin1(text)) { // most texts by far
         std::transform(text.cbegin(), text.cend(), text.begin(), upperLatin1);
         return text;
     }
-    if (!text.contains(SharpS))
+    if (!text.contains(sharpS))
         return text.toUpper();
-    text.replace(SharpS, placeholder);
+    text.replace(sharpS, placeholder);
     text = text.toUpper();
-    return text.replace(placeholder, SharpS);
->>>>>>> h-speed
+    return text.replace(placeholder, sharpS);
 }
 
 int compareIgnoringCase(const QString &first, const QString &second)

@@ -46,10 +46,6 @@ private:
 
     IndexState &m_state;
     IndexObserver &m_observer;
-<<<<<<< HEAD
-    QSet<QString> m_texts; ///< each artist and genre once, since many songs share them
-=======
     SongHeadBuffer m_head{};
-    QSet<QString> m_texts; ///< artists and genres, which many songs share, once each
->>>>>>> h-speed
+    QSet<QString> m_texts; ///< each artist and genre once, since many songs share them
 };

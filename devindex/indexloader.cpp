@@ -61,13 +61,8 @@ bool IndexLoader::loadTitles()
     QByteArray bytes;
     if (!read(indexfiles::title, SongRecord::size, SongInfoIndex::maxSongs, bytes))
         return false;
-<<<<<<< HEAD
     for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::size) {
-        const SongRecord record = SongRecord::decode(bytes.constData() + pos);
-=======
-    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::Size) {
         SongRecord record = SongRecord::decode(bytes.constData() + pos);
->>>>>>> h-speed
         SongInfoIndex *const entry = entryOf(record.id);
         if (entry == nullptr)
             return false;

@@ -86,15 +86,9 @@ SongRecord::Bytes SongRecord::encode() const
 {
     Bytes bytes{};
     qToBigEndian(id, bytes.data());
-<<<<<<< HEAD
-    putText(bytes.data() + textOffset, titleSize, bytesFromText(title));
+    putBytesFromText(title, bytes.data() + textOffset, titleSize);
     bytes[bpmOffset] = static_cast<char>(bpm);
     bytes[typeOffset] = static_cast<char>((fileType & typeMask) | (hasMarkers ? markerBit : 0));
-=======
-    putBytesFromText(title, bytes.data() + TextOffset, TitleSize);
-    bytes[BpmOffset] = static_cast<char>(bpm);
-    bytes[TypeOffset] = static_cast<char>((fileType & TypeMask) | (hasMarkers ? MarkerBit : 0));
->>>>>>> h-speed
     return bytes;
 }
 
@@ -118,15 +112,9 @@ GroupHeader::Bytes GroupHeader::encode() const
 {
     Bytes bytes{};
     qToBigEndian(previousCount, bytes.data());
-<<<<<<< HEAD
     qToBigEndian(count, bytes.data() + groupCountOffset);
-    putText(bytes.data() + textOffset, textSize, bytesFromText(text));
+    putBytesFromText(text, bytes.data() + textOffset, textSize);
     bytes[typeOffset] = groupMark;
-=======
-    qToBigEndian(count, bytes.data() + GroupCountOffset);
-    putBytesFromText(text, bytes.data() + TextOffset, TextSize);
-    bytes[TypeOffset] = GroupMark;
->>>>>>> h-speed
     return bytes;
 }
 

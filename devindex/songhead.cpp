@@ -57,14 +57,10 @@ quint8 byteAt(QByteArrayView bytes, qsizetype pos)
 /** Of a text that the bytes do not hold to its end, the part that they hold. */
 QString textAt(QByteArrayView bytes, qsizetype pos, qsizetype length)
 {
-<<<<<<< HEAD
-    return textFromBytes(bytes.mid(pos, std::clamp<qsizetype>(length, 0, SongRecord::titleSize)));
-=======
     if (pos >= bytes.size())
         return {};
-    const qsizetype shown = std::clamp<qsizetype>(length, 0, MaxText);
+    const qsizetype shown = std::clamp<qsizetype>(length, 0, SongRecord::titleSize);
     return textFromBytes(bytes.sliced(pos, std::min(shown, bytes.size() - pos)));
->>>>>>> h-speed
 }
 
 void setUnlessEmpty(QString &field, const QString &text)
@@ -233,22 +229,15 @@ private:
     bool m_hasGenre = false;
 };
 
-<<<<<<< HEAD
-QString mfxTextAt(const QByteArray &header, mfxlayout::Field field)
+QString mfxTextAt(QByteArrayView header, mfxlayout::Field field)
 {
     return textAt(header, field.offset + mfxShift, SongRecord::titleSize);
 }
 
-void readMfx(const QByteArray &head, quint8 fileType, SongInfoIndex &entry)
-{
-    const QByteArray header =
-        head.left(mfxlayout::headerSize).leftJustified(mfxlayout::headerSize, '\0');
-=======
 void readMfx(QByteArrayView head, quint8 fileType, SongInfoIndex &entry)
 {
-    const QByteArrayView start = head.first(std::min<qsizetype>(head.size(), MfxHeadSize));
-    const QByteArray header = start.toByteArray().leftJustified(MfxHeadSize, '\0');
->>>>>>> h-speed
+    const QByteArrayView start = head.first(std::min<qsizetype>(head.size(), mfxlayout::headerSize));
+    const QByteArray header = start.toByteArray().leftJustified(mfxlayout::headerSize, '\0');
     entry.fileType = fileType;
     entry.bpm = byteAt(header, mfxlayout::tempo.offset);
     entry.hasMarkers = byteAt(header, mfxlayout::flags.offset + mfxShift) == 1 ? 1 : 0;
@@ -290,15 +279,9 @@ void setDefaults(const QString &fileName, SongInfoIndex &entry)
 
 #ifdef Q_OS_UNIX
 
-<<<<<<< HEAD
 // Uses the system's calls: QFile makes several more of them for each file, which doubles the time
 // for tens of thousands of songs.
-QByteArray songHeadOf(const QString &path)
-=======
-// Asks the system for nothing but the bytes: with tens of thousands of songs the questions that
-// QFile asks about each file double the time.
 QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
->>>>>>> h-speed
 {
     const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
     if (file < 0) {
@@ -309,12 +292,7 @@ QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
     };
     // Some regular files have size 0 but can be read for ever, or block for ever.
     const qint64 size = ::fstat(file, &status) == 0 ? qint64(status.st_size) : 0;
-<<<<<<< HEAD
-    QByteArray head(static_cast<qsizetype>(std::min<qint64>(size, songHeadSize)),
-                    Qt::Uninitialized);
-=======
     const auto wanted = static_cast<qsizetype>(std::min<qint64>(size, songHeadSize));
->>>>>>> h-speed
     qsizetype filled = 0;
     while (filled < wanted) {
         const ssize_t count =
@@ -338,12 +316,8 @@ QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
         logWarning() << "[songHeadOf] Impossible to read song" << path;
         return {};
     }
-<<<<<<< HEAD
-    return file.read(std::min<qint64>(file.size(), songHeadSize));
-=======
     const qint64 filled = file.read(buffer.data(), std::min<qint64>(file.size(), songHeadSize));
     return {buffer.data(), static_cast<qsizetype>(std::max<qint64>(filled, 0))};
->>>>>>> h-speed
 }
 
 #endif
