@@ -57,8 +57,8 @@ public:
     void importUserLibrary();
 
     /**
-     * Says why the list cannot be used, once the window is on the screen; nothing where it can. For
-     * the start of the program, and for whoever wants to choose songs all the same.
+     * Says why the list cannot be used, once the window is on the screen; nothing where it can.
+     * Called at the start of the program, and when the user tries to choose songs all the same.
      */
     void tellMissingLibrary();
 

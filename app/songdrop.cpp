@@ -47,7 +47,7 @@ SongDrop::SongDrop(QWidget *window, const BusyState &busy)
     connect(&m_sending, &QTimer::timeout, this, &SongDrop::send);
     m_window->setAcceptDrops(true);
     m_window->installEventFilter(this);
-    qApp->installEventFilter(this); // which gets the events of the program's icon
+    qApp->installEventFilter(this); // Qt sends the events of the program's icon to qApp
 }
 
 bool SongDrop::eventFilter(QObject *watched, QEvent *event)

@@ -22,7 +22,7 @@ public:
     void finding(const MemoryCheck::Finding &finding) override;
     void catalogueSong(const SongsDbRecord &song) override;
 
-    /** A change's field as the lines name it. */
+    /** The name of a change's field in the JSON lines. */
     static const char *fieldName(ChangePreview::Field field);
 
 private:

@@ -55,5 +55,5 @@ struct Request {
     std::optional<bool> rename;
     std::optional<bool> changeUnsigned;
     Index::SORT_MODE sort = Index::SortByTitle;
-    QString text; ///< to be found in the catalogue
+    QString text; ///< what to search the catalogue for
 };

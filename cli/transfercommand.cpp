@@ -39,7 +39,7 @@ public:
 
     void warn(const QString &, const QString &text) override { m_terminal.refuse(m_folder, text); }
 
-    // Failures are named one by one, and success is told by silence.
+    // Each failure is named; nothing is printed when all went well.
     void inform(const QString &, const QString &) override {}
     void showFailure(const QString &, const QString &) override {}
 

@@ -29,11 +29,15 @@ struct SongInfoIndex {
 };
 Q_DECLARE_TYPEINFO(SongInfoIndex, Q_RELOCATABLE_TYPE);
 
-/** True when the first entry stands before the second by record number. */
-bool compareByPosidx(const SongInfoIndex &first, const SongInfoIndex &second);
-
 /** True when the first entry's id is the lower one. */
 bool compareById(const SongInfoIndex &first, const SongInfoIndex &second);
+
+// Kept interface: the program sorts through entrysort.h, which makes the key of each text only
+// once; other code may rely on these names. Each of them orders any two entries, whatever they
+// hold.
+
+/** True when the first entry stands before the second by record number. */
+bool compareByPosidx(const SongInfoIndex &first, const SongInfoIndex &second);
 
 /** True when the first title comes first, by code units and ignoring case. */
 bool compareTitle(const SongInfoIndex &first, const SongInfoIndex &second);

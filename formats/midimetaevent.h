@@ -19,7 +19,7 @@ public:
     enum TypeEnum : quint8 {
         CopyrightNotice = 0x02,
         TrackName = 0x03, ///< in the first track: the title of the song
-        Marker = 0x06,    ///< the standard's marker; a song's section markers are events of the type Kravo
+        Marker = 0x06,    ///< the standard's marker; section markers are Kravo events
         Kravo = 0x4B,     ///< the maker's own event; its first data byte is a sub-type
         Tempo = 0x51,     ///< microseconds in a quarter note (3 bytes, big-endian)
         KeySignature = 0x59

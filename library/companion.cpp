@@ -16,7 +16,7 @@ QStringList companionPaths(const QString &path)
 {
     if (!path.endsWith(QLatin1String(".mp3"), Qt::CaseInsensitive))
         return {};
-    // Card file systems know no letter case, others do.
+    // File systems of memory cards ignore letter case, others do not.
     const QString base = path.chopped(suffixSize);
     return {base + QLatin1String(".cdg"), base + QLatin1String(".CDG")};
 }
