@@ -277,7 +277,7 @@ void setDefaults(const QString &fileName, SongInfoIndex &entry)
 
 // Asks the system for nothing but the bytes: with tens of thousands of songs the questions that
 // QFile asks about each file double the time.
-QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
+SongHead songHeadOf(const QString &path, SongHeadBuffer &buffer)
 {
     const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
     if (file < 0) {
@@ -287,8 +287,9 @@ QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
     struct stat status {
     };
     // Some regular files have no size and can be read for ever, or wait for ever to be read.
-    const qint64 size = ::fstat(file, &status) == 0 ? qint64(status.st_size) : 0;
-    const auto wanted = static_cast<qsizetype>(std::min<qint64>(size, SongHeadSize));
+    const bool isKnown = ::fstat(file, &status) == 0;
+    const auto wanted =
+        static_cast<qsizetype>(std::min<qint64>(isKnown ? status.st_size : 0, SongHeadSize));
     qsizetype filled = 0;
     while (filled < wanted) {
         const ssize_t count =
@@ -300,12 +301,15 @@ QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
         filled += count;
     }
     ::close(file);
-    return {buffer.data(), filled};
+    SongHead head{{buffer.data(), filled}, std::nullopt};
+    if (isKnown)
+        head.stamp = FileStamp::at(status.st_mtime);
+    return head;
 }
 
 #else
 
-QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
+SongHead songHeadOf(const QString &path, SongHeadBuffer &buffer)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
@@ -313,7 +317,8 @@ QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
         return {};
     }
     const qint64 filled = file.read(buffer.data(), std::min<qint64>(file.size(), SongHeadSize));
-    return {buffer.data(), static_cast<qsizetype>(std::max<qint64>(filled, 0))};
+    return {{buffer.data(), static_cast<qsizetype>(std::max<qint64>(filled, 0))},
+            FileStamp::of(path)};
 }
 
 #endif
