@@ -35,7 +35,8 @@ void readFile(SongInfoIndex &file)
     file.time = stamp.time;
     const bool isRegular = QFileInfo(file.fullPath).isFile(); // no other is sure to end
     SongHeadBuffer buffer;
-    const QByteArrayView head = isRegular ? songHeadOf(file.fullPath, buffer) : QByteArrayView();
+    const QByteArrayView head =
+        isRegular ? songHeadOf(file.fullPath, buffer).bytes : QByteArrayView();
     readSongHead(head, file.fullPath, file);
 }
 

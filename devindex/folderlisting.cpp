@@ -44,7 +44,7 @@ FolderId folderId(const FileStatus &status)
  * Reads no more about an entry than is needed: most file systems give the kind together with the
  * name, so only songs and links have to be asked for more. False for what a scan passes over.
  */
-bool examine(int folder, const dirent &entry, FolderItem &item)
+bool examine(int folder, const dirent &entry, SongTimes times, FolderItem &item)
 {
     unsigned char type = entry.d_type;
     FileStatus status{};
@@ -58,12 +58,14 @@ bool examine(int folder, const dirent &entry, FolderItem &item)
     if (item.isFolder)
         return true;
     const bool isSong = songnames::isSongName(item.name);
-    if (type == DT_REG && !isSong)
+    item.isSong = isSong && type == DT_REG;
+    if (type == DT_REG && (!isSong || times == SongTimes::Leave))
         return true;
     if ((type != DT_REG && !item.isLink) || ::fstatat(folder, entry.d_name, &status, 0) != 0)
         return false;
     item.isFolder = item.isLink && S_ISDIR(status.st_mode);
-    if (isSong && S_ISREG(status.st_mode))
+    item.isSong = isSong && S_ISREG(status.st_mode);
+    if (item.isSong)
         item.stamp = FileStamp::at(status.st_mtime);
     return true;
 }
@@ -80,7 +82,7 @@ FolderId folderIdOf(const QString &path)
 
 // QDir asks several questions about each entry and keeps the answers in an object for each, which
 // takes longer than everything else that an update of an unchanged memory does.
-FolderListing FolderListing::of(const QString &path)
+FolderListing FolderListing::of(const QString &path, SongTimes times)
 {
     FolderListing listing;
     const OpenFolder folder(::opendir(QFile::encodeName(path).constData()));
@@ -96,7 +98,7 @@ FolderListing FolderListing::of(const QString &path)
             continue;
         FolderItem item;
         item.name = QString::fromUtf8(name);
-        if (examine(::dirfd(folder.get()), *entry, item)) {
+        if (examine(::dirfd(folder.get()), *entry, times, item)) {
             QString key = item.name.toLower();
             found.push_back({std::move(key), std::move(item)});
         }
@@ -118,7 +120,7 @@ FolderId folderIdOf(const QString &path)
     return QFileInfo(path).canonicalFilePath().toUtf8();
 }
 
-FolderListing FolderListing::of(const QString &path)
+FolderListing FolderListing::of(const QString &path, SongTimes times)
 {
     FolderListing listing;
     listing.id = folderIdOf(path);
@@ -129,7 +131,8 @@ FolderListing FolderListing::of(const QString &path)
         item.name = entry.fileName();
         item.isFolder = entry.isDir();
         item.isLink = entry.isSymLink();
-        if (!item.isFolder && songnames::isSongName(item.name))
+        item.isSong = entry.isFile() && songnames::isSongName(item.name);
+        if (item.isSong && times == SongTimes::Ask)
             item.stamp = FileStamp::of(entry.filePath());
         listing.items.append(item);
     }

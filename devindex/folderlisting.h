@@ -13,8 +13,12 @@ struct FolderItem {
     QString name;
     bool isFolder = false;          ///< or a link to one
     bool isLink = false;            ///< a symbolic one
-    std::optional<FileStamp> stamp; ///< of a regular file, or a link to one, named like a song
+    bool isSong = false;            ///< a regular file, or a link to one, named like a song
+    std::optional<FileStamp> stamp; ///< of a song, when it was asked for
 };
+
+/** Whether a listing tells when the songs were changed, which costs a system call for each. */
+enum class SongTimes { Ask, Leave };
 
 /** Equal for two paths exactly when both lead to the same folder at this moment. */
 using FolderId = QByteArray;
@@ -32,5 +36,5 @@ struct FolderListing {
     QList<FolderItem> items;
 
     /** Reads the folder. */
-    static FolderListing of(const QString &path);
+    static FolderListing of(const QString &path, SongTimes times = SongTimes::Ask);
 };

@@ -137,12 +137,12 @@ void Index::createKavenaDir()
 void Index::scan_files(const QString &dir)
 {
     SongAdder adder(*this, *this);
-    scanInto(adder, dir);
+    scanInto(adder, dir, SongTimes::Ask);
 }
 
-void Index::scanInto(SongAdder &adder, const QString &dir)
+void Index::scanInto(SongAdder &adder, const QString &dir, SongTimes times)
 {
-    adder.addAll(MemoryScan(*this, *this, m_renamer).songsIn(dir));
+    adder.addAll(MemoryScan(*this, *this, m_renamer).songsIn(dir, times));
 }
 
 bool Index::checkFileExt(const QString &suffix) const
@@ -158,7 +158,7 @@ QString Index::renameLongFileName(const QString &path)
 bool Index::addFileToIndex(const QFileInfo &fi)
 {
     const QString path = fi.absoluteFilePath();
-    return SongAdder(*this, *this).add({path, FileStamp::of(path).value_or(FileStamp())});
+    return SongAdder(*this, *this).add({path, FileStamp::of(path)});
 }
 
 int Index::setSongInfo(SongInfoIndex &e) const
@@ -166,7 +166,7 @@ int Index::setSongInfo(SongInfoIndex &e) const
     // Only a regular file can be read without the risk of waiting for ever.
     SongHeadBuffer buffer;
     const QByteArrayView head =
-        QFileInfo(e.fullPath).isFile() ? songHeadOf(e.fullPath, buffer) : QByteArrayView();
+        QFileInfo(e.fullPath).isFile() ? songHeadOf(e.fullPath, buffer).bytes : QByteArrayView();
     return readSongHead(head, e.fullPath, e) ? 1 : 0;
 }
 
@@ -188,7 +188,8 @@ void Index::createPathIndex()
     emit progressValueChanged(0);
     filesFound = 0;
     SongAdder scanned(*this, *this);
-    scanInto(scanned, rootPath);
+    // Without entries every song is new: its time is asked for when it is read.
+    scanInto(scanned, rootPath, entries.isEmpty() ? SongTimes::Leave : SongTimes::Ask);
     if (m_renamer.isUnsure())
         return;
     if (filesFound == 0) {

@@ -1,6 +1,7 @@
 // The player's index on a memory: building, updating and reading it.
 #pragma once
 
+#include "devindex/folderlisting.h"
 #include "devindex/indexbuild.h"
 #include "devindex/indexstate.h"
 #include "devindex/itemrenamer.h"
@@ -173,7 +174,7 @@ private:
     bool begin(const QString &root);
     bool hasWholeIndex() const;
     bool keepPlaylists();
-    void scanInto(SongAdder &adder, const QString &dir);
+    void scanInto(SongAdder &adder, const QString &dir, SongTimes times);
     void refreshEntries(const SongAdder *scanned);
     bool writeSongsList(RecordWriter &list);
 

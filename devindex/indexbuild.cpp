@@ -54,9 +54,7 @@ void IndexBuild::refreshEntries(const SongAdder *scanned)
 void IndexBuild::refresh(SongInfoIndex &entry, const SongAdder *scanned)
 {
     if (m_state.maxLoadedId == IndexState::noIdLoaded || entry.id > m_state.maxLoadedId) {
-        // The scan has just seen the file. Only one that cannot be read is looked for again.
-        if (!readSong(entry) && !QFileInfo(entry.fullPath).isFile())
-            entry.id = SongInfoIndex::removedId;
+        readNew(entry);
         m_state.indexChanged = 1;
         return;
     }
@@ -76,13 +74,31 @@ void IndexBuild::refresh(SongInfoIndex &entry, const SongAdder *scanned)
     m_state.indexChanged = 1;
 }
 
-/** Reads what the index shows of a song whose file is known to be a regular one. */
-bool IndexBuild::readSong(SongInfoIndex &entry)
+void IndexBuild::readNew(SongInfoIndex &entry)
 {
-    const bool isRead = readSongHead(songHeadOf(entry.fullPath, m_head), entry.fullPath, entry);
+    std::optional<FileStamp> stamp = readSong(entry);
+    // The scan has just seen the file. Only one that cannot be read is looked for again.
+    if (!stamp)
+        stamp = FileStamp::of(entry.fullPath);
+    if (!stamp) {
+        entry.id = SongInfoIndex::removedId;
+        return;
+    }
+    entry.date = stamp->date;
+    entry.time = stamp->time;
+}
+
+/**
+ * Reads what the index shows of a song whose file is known to be a regular one, and the time of
+ * the file; nothing, and the defaults are shown, when it cannot be read.
+ */
+std::optional<FileStamp> IndexBuild::readSong(SongInfoIndex &entry)
+{
+    const SongHead head = songHeadOf(entry.fullPath, m_head);
+    readSongHead(head.bytes, entry.fullPath, entry);
     entry.artist = *m_texts.insert(entry.artist);
     entry.genre = *m_texts.insert(entry.genre);
-    return isRead;
+    return head.stamp;
 }
 
 /**

@@ -9,6 +9,8 @@
 #include <QSet>
 #include <QString>
 
+#include <optional>
+
 class SongAdder;
 
 class IndexBuild
@@ -37,7 +39,8 @@ public:
 
 private:
     void refresh(SongInfoIndex &entry, const SongAdder *scanned);
-    bool readSong(SongInfoIndex &entry);
+    void readNew(SongInfoIndex &entry);
+    std::optional<FileStamp> readSong(SongInfoIndex &entry);
     bool removeLinks() const;
     bool writeOrder() const;
     bool restorePlaylists();

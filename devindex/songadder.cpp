@@ -64,8 +64,8 @@ bool SongAdder::addTo(Order &order, const FoundSong &song)
     entry.path = path;
     entry.id = m_state.nextId++;
     entry.posidx = m_state.nextPosidx++;
-    entry.date = song.stamp.date;
-    entry.time = song.stamp.time;
+    entry.date = song.stamp ? song.stamp->date : 0;
+    entry.time = song.stamp ? song.stamp->time : 0;
     see(entry, song.stamp);
     order.insert(place, entry, key);
     m_state.indexChanged = 1;
@@ -108,7 +108,7 @@ bool SongAdder::hasRoomFor(const QString &fullPath)
     return false;
 }
 
-void SongAdder::see(const SongInfoIndex &entry, const FileStamp &stamp)
+void SongAdder::see(const SongInfoIndex &entry, const std::optional<FileStamp> &stamp)
 {
     if (entry.posidx >= m_seen.size())
         m_seen.resize(std::size_t(entry.posidx) + 1);

@@ -34,7 +34,7 @@ public:
 private:
     struct Seen {
         quint32 id = SongInfoIndex::removedId;
-        FileStamp stamp;
+        std::optional<FileStamp> stamp;
     };
 
     template <typename Order>
@@ -42,7 +42,7 @@ private:
     bool pathOnMemory(const QString &fullPath, QString &path);
     bool isIndexedAs(SongInfoIndex &entry, const QString &path, const QString &fullPath);
     bool hasRoomFor(const QString &fullPath);
-    void see(const SongInfoIndex &entry, const FileStamp &stamp);
+    void see(const SongInfoIndex &entry, const std::optional<FileStamp> &stamp);
 
     IndexState &m_state;
     IndexObserver &m_observer;

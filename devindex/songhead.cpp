@@ -281,7 +281,7 @@ void setDefaults(const QString &fileName, SongInfoIndex &entry)
 
 // Uses the system's calls: QFile makes several more of them for each file, which doubles the time
 // for tens of thousands of songs.
-QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
+SongHead songHeadOf(const QString &path, SongHeadBuffer &buffer)
 {
     const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
     if (file < 0) {
@@ -291,8 +291,9 @@ QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
     struct stat status {
     };
     // Some regular files have size 0 but can be read for ever, or block for ever.
-    const qint64 size = ::fstat(file, &status) == 0 ? qint64(status.st_size) : 0;
-    const auto wanted = static_cast<qsizetype>(std::min<qint64>(size, songHeadSize));
+    const bool isKnown = ::fstat(file, &status) == 0;
+    const auto wanted =
+        static_cast<qsizetype>(std::min<qint64>(isKnown ? status.st_size : 0, songHeadSize));
     qsizetype filled = 0;
     while (filled < wanted) {
         const ssize_t count =
@@ -304,12 +305,15 @@ QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
         filled += count;
     }
     ::close(file);
-    return {buffer.data(), filled};
+    SongHead head{{buffer.data(), filled}, std::nullopt};
+    if (isKnown)
+        head.stamp = FileStamp::at(status.st_mtime);
+    return head;
 }
 
 #else
 
-QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
+SongHead songHeadOf(const QString &path, SongHeadBuffer &buffer)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
@@ -317,7 +321,8 @@ QByteArrayView songHeadOf(const QString &path, SongHeadBuffer &buffer)
         return {};
     }
     const qint64 filled = file.read(buffer.data(), std::min<qint64>(file.size(), songHeadSize));
-    return {buffer.data(), static_cast<qsizetype>(std::max<qint64>(filled, 0))};
+    return {{buffer.data(), static_cast<qsizetype>(std::max<qint64>(filled, 0))},
+            FileStamp::of(path)};
 }
 
 #endif
