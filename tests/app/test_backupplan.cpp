@@ -2,6 +2,7 @@
 #include "library/backupplan.h"
 #include "library/librarybackup.h"
 #include "support/apptest.h"
+#include "support/shorttext.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -15,11 +16,6 @@
 
 namespace
 {
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 /** The plan as "folder: path path", batch by batch. */
 QStringList planned(const QStringList &files)

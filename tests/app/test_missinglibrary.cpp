@@ -2,6 +2,7 @@
 #include "support/germantexts.h"
 #include "support/modalanswers.h"
 #include "support/ownfolders.h"
+#include "support/shorttext.h"
 #include "support/windowundertest.h"
 
 #include <QApplication>
@@ -12,11 +13,6 @@
 
 namespace
 {
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 /** While it lives, no temporary file can be made. */
 class NoTemporaryFiles

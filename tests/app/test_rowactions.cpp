@@ -1,6 +1,7 @@
 // The keys and menu entries of the main window: that each does its work, tells its shortcut, and
 // leaves alone what is not chosen.
 #include "support/apptest.h"
+#include "support/shorttext.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -19,11 +20,6 @@
 
 namespace
 {
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 /** A window with two songs, a.mid and b.mid, that is the active one. */
 struct TwoSongs {

@@ -3,6 +3,7 @@
 #include "formats/songnames.h"
 #include "library/songsearch.h"
 #include "support/apptest.h"
+#include "support/shorttext.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -18,11 +19,6 @@
 
 namespace
 {
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 /** What a file manager sends while the user drags these files and folders. */
 class Dragged

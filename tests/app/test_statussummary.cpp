@@ -3,6 +3,7 @@
 #include "support/apptest.h"
 #include "support/catalogue.h"
 #include "support/interfacelanguage.h"
+#include "support/shorttext.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -19,11 +20,6 @@
 
 namespace
 {
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 /** The text as it is read, without the coloured squares and with single blanks. */
 QString summary(const WindowUnderTest &window)
