@@ -4,6 +4,7 @@
 #include "support/ownfolders.h"
 #include "support/shorttext.h"
 #include "support/windowundertest.h"
+#include "windows/missinglibrary.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -32,7 +33,9 @@ QString told(WindowUnderTest &window)
     ModalAnswers user;
     user.pressInMessageBoxes(QMessageBox::Ok);
     window.tellMissingLibrary();
-    QTest::qWait(100);
+    QCoreApplication::processEvents();
+    if (window.findChild<MissingLibrary *>() != nullptr)
+        [&] { QTRY_VERIFY(!user.messages().isEmpty()); }();
     return user.messages().join(QLatin1Char('|'));
 }
 

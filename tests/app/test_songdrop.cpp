@@ -89,6 +89,13 @@ QStringList found(const QStringList &paths)
     return SongSearch(noProgress()).search(paths).value_or(QStringList{s("stopped")});
 }
 
+/** Waits until what was dropped or opened has been taken up or given up. */
+bool waitForItsTurn(const QWidget &window)
+{
+    const auto *const collecting = window.findChild<SongDrop *>()->findChild<QTimer *>();
+    return QTest::qWaitFor([collecting] { return !collecting->isActive(); });
+}
+
 } // namespace
 
 class TestSongDrop : public AppFixture
@@ -202,7 +209,7 @@ void TestSongDrop::foreignFilesAreRefused()
     QVERIFY(!dragged.enters(window));
     QVERIFY(!dragged.moves(window));
     QVERIFY(!dragged.drops(window));
-    QTest::qWait(50);
+    QVERIFY(waitForItsTurn(window));
     QCOMPARE(window.shownNames(), QStringList{s("old.mid")});
 }
 
@@ -279,7 +286,7 @@ void TestSongDrop::dropDuringAWorkflowIsRefused()
     window.importUserLibrary();
     QVERIFY(tries > 0);
     QCOMPARE(taken, 0);
-    QTest::qWait(50);
+    QVERIFY(waitForItsTurn(window));
     QCOMPARE(window.model()->goodRowCount(), 500);
     QVERIFY(dragged.isDroppedOn(window)); // afterwards it is welcome
     QTRY_COMPARE(window.model()->goodRowCount(), 1);
@@ -295,13 +302,13 @@ void TestSongDrop::dropBeforeAWorkflowIsNotImportedDuringIt()
         if (asked)
             return modal->close();
         asked = true;
-        QTest::qWait(50); // the drop's turn comes now
+        waitForItsTurn(window); // the drop's turn comes now
         return modal->close();
     });
     QVERIFY(Dragged({songs.midi(s("a.mid"), "A")}).isDroppedOn(window));
     window.action("actionAbout")->trigger();
     QVERIFY(asked);
-    QTest::qWait(50);
+    QVERIFY(waitForItsTurn(window));
     QCOMPARE(window.model()->goodRowCount(), 0);
 }
 
@@ -315,7 +322,7 @@ void TestSongDrop::failedDatabaseRefusesDrops()
     before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
     QVERIFY(!Dragged({song}).enters(window));
     letTheDesktopOpen({song});
-    QTest::qWait(200);
+    QVERIFY(window.findChild<SongDrop *>() == nullptr); // nobody has taken them
     QVERIFY(window.table()->model() == nullptr);
 }
 
@@ -342,7 +349,7 @@ void TestSongDrop::otherFilesOfTheDesktopAreIgnored()
     letTheDesktopOpen({songs.bad(s("readme.txt"))});
     QFileOpenEvent page(QUrl(s("https://example.org/song.mid")));
     QCoreApplication::sendEvent(qApp, &page);
-    QTest::qWait(250);
+    QVERIFY(waitForItsTurn(window));
     QCOMPARE(window.shownNames(), QStringList{s("old.mid")});
 }
 
@@ -354,11 +361,11 @@ void TestSongDrop::desktopCannotInterruptAWorkflow()
     ModalAnswers user;
     user.add([&](QWidget *modal) {
         letTheDesktopOpen({song});
-        QTest::qWait(250);
+        waitForItsTurn(window);
         return modal->close();
     });
     window.action("actionAbout")->trigger();
-    QTest::qWait(250);
+    QVERIFY(waitForItsTurn(window));
     QCOMPARE(window.model()->goodRowCount(), 0);
 }
 
