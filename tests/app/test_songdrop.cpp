@@ -1,7 +1,6 @@
 // Songs that are dropped on the window, or that the desktop asks the program to open.
 #include "app/songdrop.h"
 #include "formats/songnames.h"
-#include "library/songsearch.h"
 #include "support/apptest.h"
 #include "support/shorttext.h"
 #include "support/songfolder.h"
@@ -78,17 +77,6 @@ void letTheDesktopOpen(const QStringList &paths)
     }
 }
 
-/** A progress that nobody stops. */
-OpenProgress noProgress()
-{
-    return [](const QString &, const QString &, int) { return std::unique_ptr<Progress>(); };
-}
-
-QStringList found(const QStringList &paths)
-{
-    return SongSearch(noProgress()).search(paths).value_or(QStringList{s("stopped")});
-}
-
 /** Waits until what was dropped or opened has been taken up or given up. */
 bool waitForItsTurn(const QWidget &window)
 {
@@ -129,10 +117,6 @@ private slots:
 
     void extensionsAreKnownInEitherCase_data();
     void extensionsAreKnownInEitherCase();
-    void foldersComeFirstAndSorted();
-    void searchEndsInLinkedFolders();
-    void songDroppedTwiceIsImportedOnce();
-    void searchThatTakesLongCanBeStopped();
 };
 
 void TestSongDrop::droppedFilesAreImported()
@@ -419,74 +403,6 @@ void TestSongDrop::extensionsAreKnownInEitherCase()
     QFETCH(QString, name);
     QFETCH(bool, known);
     QCOMPARE(songnames::isSongName(name), known);
-}
-
-void TestSongDrop::foldersComeFirstAndSorted()
-{
-    const SongFolder songs;
-    QVERIFY(QDir(songs.path()).mkpath(s("b/inner")));
-    QVERIFY(QDir(songs.path()).mkpath(s("a")));
-    for (const char *name : {"z.mid", "y.txt", "b/2.mid", "b/1.MP3", "b/inner/3.mf3", "a/.4.mid"})
-        songs.bad(s(name));
-    QCOMPARE(found({songs.path()}),
-             (QStringList{songs.filePath(s("b/inner/3.mf3")), songs.filePath(s("b/1.MP3")),
-                          songs.filePath(s("b/2.mid")), songs.filePath(s("z.mid"))}));
-    QCOMPARE(found({songs.filePath(s("missing")), songs.filePath(s("y.txt"))}),
-             (QStringList{songs.filePath(s("missing")), songs.filePath(s("y.txt"))}));
-}
-
-void TestSongDrop::searchEndsInLinkedFolders()
-{
-    const SongFolder songs;
-    QVERIFY(QDir(songs.path()).mkdir(s("sub")));
-    QVERIFY(QFile::link(songs.path(), songs.filePath(s("sub/back"))));
-    QVERIFY(QFile::link(s("/nowhere"), songs.filePath(s("sub/broken"))));
-    songs.bad(s("sub/a.mid"));
-    QCOMPARE(found({songs.path(), songs.filePath(s("sub"))}),
-             QStringList{songs.filePath(s("sub/a.mid"))});
-}
-
-void TestSongDrop::songDroppedTwiceIsImportedOnce()
-{
-    const SongFolder songs;
-    const QString song = songs.bad(s("a.mid"));
-    QCOMPARE(found({song, songs.path(), song}), QStringList{song});
-}
-
-void TestSongDrop::searchThatTakesLongCanBeStopped()
-{
-    /** Says "cancelled" from the third question on. */
-    class Stopping : public Progress
-    {
-    public:
-        explicit Stopping(int &asked)
-            : m_asked(asked)
-        {
-        }
-        void setMaximum(int) override {}
-        void setValue(int) override {}
-        void updateProgress(int) override {}
-        bool wasCanceled() const override { return ++m_asked > 2; }
-
-    private:
-        int &m_asked;
-    };
-    const SongFolder songs;
-    for (int i = 0; i < 20; ++i)
-        QVERIFY(QDir(songs.path()).mkpath(s("%1/deeper").arg(i)));
-    // Something that keeps the interface busy between two folders, as a slow disk does.
-    QTimer slow;
-    connect(&slow, &QTimer::timeout, &slow, [] { QTest::qSleep(60); });
-    slow.start(0);
-    int opened = 0;
-    int asked = 0;
-    SongSearch search([&](const QString &, const QString &, int maximum) {
-        opened += maximum == 0 ? 1 : 100;
-        return std::make_unique<Stopping>(asked);
-    });
-    QVERIFY(!search.search({songs.path()}).has_value());
-    QCOMPARE(opened, 1);
-    QCOMPARE(asked, 3);
 }
 
 int main(int argc, char *argv[])
