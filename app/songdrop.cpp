@@ -42,6 +42,7 @@ SongDrop::SongDrop(QWidget *window, const BusyState &busy)
     : QObject(window)
     , m_window(window)
     , m_busy(busy)
+    , m_sending(this)
 {
     m_sending.setSingleShot(true);
     connect(&m_sending, &QTimer::timeout, this, &SongDrop::send);
