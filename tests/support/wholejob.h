@@ -112,7 +112,7 @@ protected:
         return model->rowCount();
     }
 
-    QString m_card; ///< the memory, empty at first
+    QString m_card;      ///< the memory, empty at first
     QStringList m_songs; ///< forty
     std::unique_ptr<MainWindow> m_window;
 
