@@ -198,16 +198,8 @@ bool FileCopier::copySong(int song, const QString &source, const QString &target
         return false;
     }
     const QString companion = companionOf(source);
-    if (companion.isEmpty()) {
-        // Whose pictures these are nobody can tell, so they stay.
-        const QString pictures = companionOf(target);
-        if (pictures.isEmpty())
-            return true;
-        m_songs[song].reason = tr("nella cartella c'è già %1: il player ne mostrerà le immagini "
-                                  "con questa song")
-                                   .arg(pictures.section(QLatin1Char('/'), -1));
-        return false;
-    }
+    if (companion.isEmpty())
+        return true;
     const QString besideTarget = companionTarget(companion, target);
     if (isSameFile(companion, besideTarget) || copyFile(song, companion, besideTarget, replace))
         return true;

@@ -60,8 +60,7 @@ public:
     /**
      * Copies the files into the folder dest, in their order. A file that lies there already counts
      * as copied; one that the user keeps counts as neither copied nor failed. An MP3 whose
-     * companion cannot be copied counts as failed, although the MP3 itself has arrived; so does one
-     * without a companion that finds the pictures of another song beside it, which stay. Every file
+     * companion cannot be copied counts as failed, although the MP3 itself has arrived. Every file
      * that counts as copied is on the medium when this returns.
      *
      * The progress is asked before each file whether to stop, and told the number of files looked

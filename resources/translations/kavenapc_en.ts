@@ -676,10 +676,6 @@ Do you want to copy all the same?</translation>
         <translation>a file of this name is there already</translation>
     </message>
     <message>
-        <source>nella cartella c&apos;è già %1: il player ne mostrerà le immagini con questa song</source>
-        <translation>the folder already holds %1: the player will show its pictures with this song</translation>
-    </message>
-    <message>
         <source>%1: esisteva già e non è stata sostituita</source>
         <translation>%1: was there already and was not replaced</translation>
     </message>

@@ -676,10 +676,6 @@ Si vuole procedere comunque con la copia?</translation>
         <translation>esiste già un file con questo nome</translation>
     </message>
     <message>
-        <source>nella cartella c&apos;è già %1: il player ne mostrerà le immagini con questa song</source>
-        <translation>nella cartella c&apos;è già %1: il player ne mostrerà le immagini con questa song</translation>
-    </message>
-    <message>
         <source>%1: esisteva già e non è stata sostituita</source>
         <translation>%1: esisteva già e non è stata sostituita</translation>
     </message>

@@ -676,10 +676,6 @@ Trotzdem kopieren?</translation>
         <translation>eine Datei mit diesem Namen ist schon da</translation>
     </message>
     <message>
-        <source>nella cartella c&apos;è già %1: il player ne mostrerà le immagini con questa song</source>
-        <translation>im Ordner liegt schon %1: Der Player zeigt dessen Bilder zu diesem Song</translation>
-    </message>
-    <message>
         <source>%1: esisteva già e non è stata sostituita</source>
         <translation>%1: war schon da und wurde nicht ersetzt</translation>
     </message>

@@ -42,8 +42,6 @@ private slots:
     void mp3WithoutCompanionIsComplete();
     void folderNamedLikeACompanionIsNoCompanion();
     void companionIsReplacedWithItsSong();
-    void songBesidePicturesOfAnotherIsAProblem_data();
-    void songBesidePicturesOfAnotherIsAProblem();
     void failedCompanionFailsItsSong();
     void failedSongLeavesTheCompanionAlone();
 };
@@ -301,36 +299,6 @@ void TestFileCopier::companionIsReplacedWithItsSong()
     QCOMPARE(m_copied, 1);
     QCOMPARE(read(QStringLiteral("dest/a.mp3")), QByteArray("new"));
     QCOMPARE(read(QStringLiteral("dest/a.cdg")), QByteArray("new pictures"));
-}
-
-void TestFileCopier::songBesidePicturesOfAnotherIsAProblem_data()
-{
-    QTest::addColumn<QString>("pictures");
-    QTest::addColumn<bool>("replaces");
-    QTest::newRow("new song") << "a.cdg" << false;
-    QTest::newRow("new song, other letter case") << "a.CDG" << false;
-    QTest::newRow("in place of a song") << "a.cdg" << true;
-}
-
-// The player would show them to the song, and nobody else can tell whose they are.
-void TestFileCopier::songBesidePicturesOfAnotherIsAProblem()
-{
-    QFETCH(QString, pictures);
-    QFETCH(bool, replaces);
-    const QString song = write(QStringLiteral("lib/a.mp3"), "audio");
-    write(QStringLiteral("dest/") + pictures, "pictures of another");
-    if (replaces)
-        write(QStringLiteral("dest/a.mp3"), "another");
-    FileCopier copier(answering(replaces ? QList<Answer>{Answer::Yes} : QList<Answer>{}));
-    int copied = 0;
-    QVERIFY(!copier.copyFiles({song}, m_dest, copied, *m_progress));
-    QCOMPARE(copied, 0);
-    QCOMPARE(copier.report().failedLines(),
-             QStringList(QStringLiteral("a.mp3: nella cartella c'è già %1: il player ne mostrerà "
-                                        "le immagini con questa song")
-                             .arg(pictures)));
-    QCOMPARE(read(QStringLiteral("dest/a.mp3")), QByteArray("audio"));
-    QCOMPARE(read(QStringLiteral("dest/") + pictures), QByteArray("pictures of another"));
 }
 
 void TestFileCopier::failedCompanionFailsItsSong()
