@@ -55,10 +55,26 @@ bool Index::createIndex(const QString &root)
 
 bool Index::updateIndex(const QString &root)
 {
+    return begin(root) && (checkIndexFile() ? update() : createIndex(root));
+}
+
+bool Index::updateIndexAfter(const QString &root, const std::function<void()> &change)
+{
     if (!begin(root))
         return false;
-    if (!checkIndexFile())
+    const bool wasWhole = checkIndexFile();
+    if (!m_build.removeCounts())
+        return false;
+    change();
+    if (!wasWhole || !hasIndexBut(indexfiles::Count))
         return createIndex(root);
+    indexChanged = 1; // the counts have to be written again
+    return update();
+}
+
+/** Brings the index up to date whose files, but perhaps that of the counts, are all there. */
+bool Index::update()
+{
     maxLoadedId = 0;
     nextId = 0;
     nextPosidx = 0;
@@ -108,8 +124,14 @@ bool Index::hasWholeIndex() const
 
 bool Index::checkIndexFile() const
 {
-    return std::all_of(indexfiles::All.begin(), indexfiles::All.end(),
-                       [this](QLatin1String name) { return QFileInfo(filePath(name)).isFile(); });
+    return hasIndexBut(QLatin1String());
+}
+
+bool Index::hasIndexBut(QLatin1String missing) const
+{
+    return std::all_of(indexfiles::All.begin(), indexfiles::All.end(), [&](QLatin1String name) {
+        return name == missing || QFileInfo(filePath(name)).isFile();
+    });
 }
 
 void Index::deleteIndex()
