@@ -243,10 +243,14 @@ bool Transfer::hasRoom(const QStringList &files, const QString &dest)
     const qint64 missing = FileCopier::roomNeeded(files, dest) - available;
     if (missing <= 0)
         return true;
-    return m_user.askAnyway(tr("Trasferimento"),
-                            tr("Lo spazio libero nella memoria non è sufficiente: mancano %1.\n"
-                               "Si vuole procedere comunque con la copia?")
-                                .arg(sizeText(missing)));
+    return m_user.askAnyway(tr("Trasferimento"), missingRoomText(missing));
+}
+
+QString Transfer::missingRoomText(qint64 bytes)
+{
+    return tr("Lo spazio libero nella memoria non è sufficiente: mancano %1.\n"
+              "Si vuole procedere comunque con la copia?")
+        .arg(sizeText(bytes));
 }
 
 /** True when no file failed; the progress is gone when this returns. */

@@ -108,6 +108,9 @@ public:
     /** Carries out a plan, with all messages; the memory is locked meanwhile. */
     Outcome carryOut(const TransferPlan &plan);
 
+    /** Asks whether to go on although so many bytes are missing on the memory. */
+    static QString missingRoomText(qint64 bytes);
+
     /** Each copy is read back from the memory and compared; off unless it is set. */
     void setReadBack(bool on) { m_readBack = on; }
 

@@ -74,8 +74,8 @@ qint64 TransferPlan::bytesNeeded() const
 {
     qint64 bytes = 0;
     for (const Item &item : items)
-        bytes += item.remedy == Remedy::Remove ? 0 : item.growth();
-    return std::max<qint64>(bytes, 0);
+        bytes += std::max<qint64>(item.growth(), 0);
+    return bytes;
 }
 
 qint64 TransferPlan::songsAfter() const

@@ -64,8 +64,8 @@ struct TransferPlan {
     bool readBack = false;  ///< each copy is read back and compared
 
     /**
-     * The bytes by which the memory gets fuller. Songs are removed after all are copied, so that
-     * their room does not count.
+     * The bytes by which the memory gets fuller at most. What comes free does not count: songs are
+     * removed after all are copied, and one that is replaced goes when its successor is whole.
      */
     qint64 bytesNeeded() const;
 
