@@ -42,8 +42,8 @@ struct TransferPlan {
         bool isThere = false;    ///< a song lies at the target
         qint64 room = 0;         ///< that it takes, with its pictures, in whole clusters
         qint64 roomThere = 0;    ///< that comes free when it replaces what lies there
-        qint64 size = 0;         ///< of a song to be removed, to know it again
-        qint64 changed = 0;      ///< its time of change, in milliseconds
+        qint64 size = 0;         ///< of the song alone
+        qint64 changed = 0;      ///< when a song to be removed was changed, in milliseconds
 
         /** Where it goes; empty when nothing is written. */
         QString destination() const;

@@ -5,7 +5,6 @@
 #include "devindex/itemrenamer.h"
 #include "devindex/memoryscan.h"
 #include "devindex/namekey.h"
-#include "devindex/samefile.h"
 #include "library/companion.h"
 #include "storage/safefile.h"
 
@@ -150,12 +149,13 @@ bool TransferPlanner::forAll(Progress &progress, bool counts, void (TransferPlan
 void TransferPlanner::examine(Item &item)
 {
     const QFileInfo song(item.path);
-    if (!song.isFile() || !canBeRead(item.path)) {
+    if (!song.isFile()) {
         setUnreadable(item);
         return;
     }
+    item.size = song.size();
     item.companion = companionOf(item.path);
-    item.room = clusters(item.path) + clusters(item.companion);
+    item.room = inClusters(item.size) + clusters(item.companion);
 }
 
 void TransferPlanner::setUnreadable(Item &item)
@@ -183,8 +183,8 @@ void TransferPlanner::lookUnderShortNames(Item &item)
         return;
     const QList<int> candidates = candidatesFor(item);
     for (const int place : candidates) {
-        const There &song = m_there[static_cast<std::size_t>(place)];
-        if (song.isClaimed)
+        There &song = m_there[static_cast<std::size_t>(place)];
+        if (song.isClaimed || !hasSizeOf(song, item))
             continue;
         const QString path = song.path;
         const std::optional<State> found = lies(item, path);
@@ -203,20 +203,25 @@ void TransferPlanner::lookUnderShortNames(Item &item)
  */
 std::optional<TransferPlan::State> TransferPlanner::lies(Item &item, const QString &path)
 {
-    if (!isSameFile(item.path, path)) {
-        const ContentComparer::Result result = m_comparer.compare(item.path, path);
-        if (result == ContentComparer::Result::Unreadable)
-            setUnreadable(item);
-        if (result != ContentComparer::Result::Same)
-            return std::nullopt;
-    }
+    const ContentComparer::Result result = m_comparer.compare(item.path, path);
+    if (result == ContentComparer::Result::Unreadable)
+        setUnreadable(item);
+    if (result != ContentComparer::Result::Same)
+        return std::nullopt;
     if (item.companion.isEmpty())
         return State::Same;
     const QString pictures = companionOf(path);
-    const bool isWhole = !pictures.isEmpty() && (isSameFile(item.companion, pictures) ||
-                                                 m_comparer.compare(item.companion, pictures) ==
-                                                     ContentComparer::Result::Same);
+    const bool isWhole = !pictures.isEmpty() && m_comparer.compare(item.companion, pictures) ==
+                                                    ContentComparer::Result::Same;
     return isWhole ? State::Same : State::Differs;
+}
+
+/** Many names can have become one short name; most of these songs differ in size. */
+bool TransferPlanner::hasSizeOf(There &song, const Item &item) const
+{
+    if (song.size < 0)
+        song.size = QFileInfo(song.path).size();
+    return song.size == item.size;
 }
 
 /** The item's song lies at the path. */
@@ -240,6 +245,9 @@ QList<int> TransferPlanner::candidatesFor(const Item &item) const
 
 void TransferPlanner::decide(Item &item)
 {
+    // Where bytes were compared, they could be read.
+    if (item.state == State::New && !canBeRead(item.path))
+        setUnreadable(item);
     if (item.state == State::Unreadable) {
         keepAlternatives(item);
         return;
@@ -262,8 +270,10 @@ void TransferPlanner::decide(Item &item)
     if (other != m_taken.constEnd()) {
         item.state = State::Collides;
         item.isTwin = lies(item, *other) == State::Same;
-        if (item.state == State::Unreadable)
+        if (item.state == State::Unreadable) {
+            keepAlternatives(item);
             return;
+        }
         item.remedy = item.isTwin ? Remedy::Skip : Remedy::KeepBoth;
         if (item.isTwin)
             item.reason = tr("è la stessa song, scelta due volte");
@@ -450,7 +460,14 @@ QString TransferPlanner::heldName(const QString &name) const
 /** The room of a file in whole clusters; 0 when there is none. */
 qint64 TransferPlanner::clusters(const QString &file) const
 {
+    if (file.isEmpty())
+        return 0;
     const QFileInfo info(file);
+    return info.isFile() ? inClusters(info.size()) : 0;
+}
+
+qint64 TransferPlanner::inClusters(qint64 size) const
+{
     const qint64 cluster = m_room.clusterSize > 0 ? m_room.clusterSize : largestCluster;
-    return !file.isEmpty() && info.isFile() ? (info.size() + cluster - 1) / cluster * cluster : 0;
+    return (size + cluster - 1) / cluster * cluster;
 }

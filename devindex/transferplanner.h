@@ -66,6 +66,7 @@ private:
     struct There {
         QString path;
         bool isClaimed = false; ///< it belongs to a song of the list
+        qint64 size = -1;       ///< negative as long as nobody has asked for it
     };
     using Places = QHash<QString, QList<int>>;
 
@@ -82,6 +83,7 @@ private:
     std::optional<State> lies(Item &item, const QString &path);
     static void setUnreadable(Item &item);
     void settle(Item &item, State state, const QString &path);
+    bool hasSizeOf(There &song, const Item &item) const;
     QList<int> candidatesFor(const Item &item) const;
     QString existing(const QString &path) const;
     void claim(const QString &path);
@@ -92,6 +94,7 @@ private:
     QString subFolderFor(const QString &path);
     void proposeSubFolder(Item &item);
     qint64 clusters(const QString &file) const;
+    qint64 inClusters(qint64 size) const;
 
     const QString m_root;
     const QString m_folder;
