@@ -58,14 +58,13 @@ bool Index::updateIndex(const QString &root)
     return begin(root) && (checkIndexFile() ? update() : createIndex(root));
 }
 
-bool Index::updateIndexAfter(const QString &root, const std::function<void()> &change)
+bool Index::updateIndexAfter(const QString &root, const std::function<bool()> &change)
 {
     if (!begin(root))
         return false;
     const bool wasWhole = checkIndexFile();
-    if (!m_build.removeCounts())
+    if (!m_build.removeCounts() || !change())
         return false;
-    change();
     if (!wasWhole || !hasIndexBut(indexfiles::Count))
         return createIndex(root);
     indexChanged = 1; // the counts have to be written again

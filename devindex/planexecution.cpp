@@ -177,15 +177,17 @@ void PlanExecution::update(const TransferPlan &plan)
     bool removed = false;
     const auto remove = [&] {
         removed = true;
-        const QList<PlannedRemoval::Outcome> outcomes = PlannedRemoval(plan).run();
+        PlannedRemoval removal(plan);
+        const QList<PlannedRemoval::Outcome> outcomes = removal.run();
         for (const PlannedRemoval::Outcome &outcome : outcomes) {
             if (outcome.reason.isEmpty())
                 m_result.removed.append(outcome.path);
             else
                 m_result.failed.append({outcome.path, outcome.reason});
         }
+        return removal.isOnMedium();
     };
-    m_result.indexed = m_updateIndex(reason.isEmpty() ? std::function<void()>(remove) : nullptr);
+    m_result.indexed = m_updateIndex(reason.isEmpty() ? std::function<bool()>(remove) : nullptr);
     if (removed)
         return;
     if (reason.isEmpty())

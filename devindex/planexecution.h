@@ -47,9 +47,9 @@ public:
 
     /**
      * Updates the memory's index. What it is given, unless that is null, takes songs away: it must
-     * run while there is no index, or not at all.
+     * run while there is no index, or not at all; nothing may be written when it returns false.
      */
-    using UpdateIndex = std::function<bool(const std::function<void()> &removal)>;
+    using UpdateIndex = std::function<bool(const std::function<bool()> &removal)>;
 
     PlanExecution(OpenProgress openProgress, UpdateIndex updateIndex);
 

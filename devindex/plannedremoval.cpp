@@ -9,7 +9,16 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
+
+#include <utility>
+
+namespace
+{
+
+/** As many files are held open at the same time; on a Mac a program may have 256 open. */
+constexpr std::size_t mostHeld = 100;
+
+} // namespace
 
 PlannedRemoval::PlannedRemoval(const TransferPlan &plan)
     : m_plan(plan)
@@ -18,47 +27,67 @@ PlannedRemoval::PlannedRemoval(const TransferPlan &plan)
 
 QList<PlannedRemoval::Outcome> PlannedRemoval::run()
 {
-    QList<Outcome> outcomes;
-    QHash<QString, QString> folders; // each with a path in it
     for (const TransferPlan::Item &item : m_plan.items) {
         if (item.remedy != TransferPlan::Remedy::Remove)
             continue;
-        outcomes.append({item.path, remove(item)});
-        folders.insert(QFileInfo(item.path).path(), item.path);
+        m_folders.insert(QFileInfo(item.path).path());
+        m_outcomes.append({item.path, remove(item)});
+        if (m_held.size() >= mostHeld)
+            settle();
     }
-    for (const QString &path : std::as_const(folders)) {
-        if (flushFolderOf(path))
+    settle();
+    return std::move(m_outcomes);
+}
+
+/** Why it stays; empty when it is gone. */
+QString PlannedRemoval::remove(const TransferPlan::Item &item)
+{
+    if (!m_onMedium)
+        return WriteProblem::sentence(WriteProblem::Unknown);
+    if (!isAsPlanned(item))
+        return tr("non è più il file di prima");
+    const QString companion = companionOf(item.path);
+    if (!removeHeld(item.path))
+        return WriteProblem::sentence(
+                   WriteProblem::find(WriteProblem::Medium::of(QFileInfo(item.path).path()), 0))
+            .replace(QLatin1Char('\n'), QLatin1Char(' '));
+    SongJournal::removeAllOf(item.path);
+    // The song went first: if only that is done, no song has lost its pictures.
+    if (companion.isEmpty() || QFileInfo(companion).isSymLink() || removeHeld(companion))
+        return {};
+    return tr("il file delle immagini non può essere rimosso");
+}
+
+/**
+ * The bytes keep their place until the name is gone on the medium: no name must lead to bytes that
+ * have become another file's.
+ */
+bool PlannedRemoval::removeHeld(const QString &path)
+{
+    m_held.push_back(keepBytesOf(path));
+    if (QFile::remove(path))
+        return true;
+    logWarning() << "[PlannedRemoval::remove] Impossible to remove" << path;
+    return false;
+}
+
+/** Brings what was removed to the medium, and gives its place free. */
+void PlannedRemoval::settle()
+{
+    for (const QString &folder : std::as_const(m_folders)) {
+        if (flushPath(folder))
             continue;
-        logWarning() << "[PlannedRemoval::run] Impossible to flush the folder of" << path;
-        const QString folder = QFileInfo(path).path();
-        for (Outcome &outcome : outcomes) {
+        m_onMedium = false;
+        logWarning() << "[PlannedRemoval::settle] Impossible to flush" << folder;
+        for (qsizetype i = m_settled; i < m_outcomes.size(); ++i) {
+            Outcome &outcome = m_outcomes[i];
             if (QFileInfo(outcome.path).path() == folder && outcome.reason.isEmpty())
                 outcome.reason = WriteProblem::sentence(WriteProblem::Unknown);
         }
     }
-    return outcomes;
-}
-
-/** Why it stays; empty when it is gone. */
-QString PlannedRemoval::remove(const TransferPlan::Item &item) const
-{
-    if (!isAsPlanned(item))
-        return tr("non è più il file di prima");
-    const QString companion = companionOf(item.path);
-    if (!QFile::remove(item.path)) {
-        logWarning() << "[PlannedRemoval::remove] Impossible to remove" << item.path;
-        return WriteProblem::sentence(
-                   WriteProblem::find(WriteProblem::Medium::of(QFileInfo(item.path).path()), 0))
-            .replace(QLatin1Char('\n'), QLatin1Char(' '));
-    }
-    // The song goes first: if only that is done, no song has lost its pictures.
-    const bool picturesGone =
-        companion.isEmpty() || QFileInfo(companion).isSymLink() || QFile::remove(companion);
-    SongJournal::removeAllOf(item.path);
-    if (picturesGone)
-        return {};
-    logWarning() << "[PlannedRemoval::remove] Impossible to remove" << companion;
-    return tr("il file delle immagini non può essere rimosso");
+    m_settled = m_outcomes.size();
+    m_folders.clear();
+    m_held.clear();
 }
 
 bool PlannedRemoval::isAsPlanned(const TransferPlan::Item &item) const

@@ -5,7 +5,15 @@
 
 #include <QCoreApplication>
 #include <QList>
+#include <QSet>
 #include <QString>
+
+#include <memory>
+#include <vector>
+
+QT_BEGIN_NAMESPACE
+class QFile;
+QT_END_NAMESPACE
 
 /**
  * Removes each song with its karaoke pictures and with what a save that was cut off left beside
@@ -31,9 +39,19 @@ public:
      */
     QList<Outcome> run();
 
+    /** False when the medium did not confirm that all that was removed is gone. */
+    bool isOnMedium() const { return m_onMedium; }
+
 private:
-    QString remove(const TransferPlan::Item &item) const;
+    QString remove(const TransferPlan::Item &item);
+    bool removeHeld(const QString &path);
     bool isAsPlanned(const TransferPlan::Item &item) const;
+    void settle();
 
     const TransferPlan &m_plan;
+    QList<Outcome> m_outcomes;
+    qsizetype m_settled = 0; ///< so many of them are certain
+    QSet<QString> m_folders; ///< in which the others lie
+    std::vector<std::unique_ptr<QFile>> m_held;
+    bool m_onMedium = true;
 };

@@ -108,7 +108,7 @@ Transfer::Outcome Transfer::carryOut(const TransferPlan &plan, MemoryLock &lock)
     if (plan.folder == plan.root + songsFolder && !makeSongsFolder(plan.folder))
         return Outcome::NotStarted;
     logBanner();
-    PlanExecution execution(m_openProgress, [&](const std::function<void()> &removal) {
+    PlanExecution execution(m_openProgress, [&](const std::function<bool()> &removal) {
         return updateIndex(plan.root, removal);
     });
     const PlanExecution::Result result = execution.run(plan);
@@ -151,7 +151,7 @@ bool Transfer::updateKavenaIndex(const QString &path)
 }
 
 /** A removal runs while there is no index, or not at all. */
-bool Transfer::updateIndex(const QString &root, const std::function<void()> &removal)
+bool Transfer::updateIndex(const QString &root, const std::function<bool()> &removal)
 {
     if (!QFileInfo::exists(root))
         return false;

@@ -129,7 +129,7 @@ private:
     bool takeLock(MemoryLock &lock, const QString &title, bool isRoot);
     bool makeSongsFolder(const QString &songs);
     static QString whyNotIntoRoot(WriteProblem::Kind problem);
-    bool updateIndex(const QString &root, const std::function<void()> &removal = {});
+    bool updateIndex(const QString &root, const std::function<bool()> &removal = {});
     bool hasRoom(const QStringList &files, const QString &dest);
     bool copyFiles(const QStringList &files, const QString &dest, FileCopier &copier);
     void tellCounts(const FileCopier::Report &report, qsizetype files, bool indexed);

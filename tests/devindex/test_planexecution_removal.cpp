@@ -120,13 +120,16 @@ void TestPlanExecutionRemoval::thereIsNoIndexWhileSongsGo()
     Index index;
     QVERIFY(index.updateIndexAfter(m_card->root(), [&] {
         hadIndex = m_card->hasIndex();
-        QVERIFY(QFile::remove(path));
+        return QFile::remove(path);
     }));
     QVERIFY(!hadIndex);
     QCOMPARE(m_card->indexedPaths(), QStringList(QStringLiteral("/pop/b.mid")));
     // Also when nothing has gone after all.
-    QVERIFY(Index().updateIndexAfter(m_card->root(), [] {}));
+    QVERIFY(Index().updateIndexAfter(m_card->root(), [] { return true; }));
     QVERIFY(m_card->hasIndex());
+    // A medium that does not take the change gets no index over it.
+    QVERIFY(!Index().updateIndexAfter(m_card->root(), [] { return false; }));
+    QVERIFY(!m_card->hasIndex());
 }
 
 void TestPlanExecutionRemoval::songsThatStayKeepTheirIds()
@@ -226,10 +229,9 @@ void TestPlanExecutionRemoval::songThatCannotBeRemovedIsNamed()
     const TransferPlan made = ticked({song(QStringLiteral("b.mid"), "B")});
     PlanExecution execution(
         [](const QString &, const QString &, int) { return std::make_unique<CopyingProgress>(); },
-        [](const std::function<void()> &removal) {
+        [](const std::function<bool()> &removal) {
             const faults::AnotherUser user;
-            removal();
-            return true;
+            return removal();
         });
     for (QString folder = m_card->path(QStringLiteral("pop/sub")); folder.size() > 5;
          folder = QFileInfo(folder).path())

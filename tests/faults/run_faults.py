@@ -9,6 +9,8 @@ for each way in which that call can fail. After each time:
 
 - every song file is byte for byte the old one or the whole new one, and none is missing (where the
   program was killed, or the medium stayed dead: after the songs have been imported again);
+- only the job that brings a memory in line takes songs away, and only those that it is to remove: an
+  index that is there lists none of them that is gone;
 - a memory has its whole old index, a whole new one (check_memory.py is the judge) or none, and the
   next update makes a whole one; the playlists then mean the songs that they meant before;
 - the program has said that something failed, unless the job was done all the same;
@@ -46,9 +48,10 @@ SAVES = (
     "a0.mp3:A_title_that_makes_the_file_longer",
     "a2.mp3:x",
 )
-JOBS = ["save:" + save for save in SAVES] + ["sync", "create", "rebuild", "update", "transfer", "backup"]
+JOBS = ["save:" + save for save in SAVES] + ["sync", "create", "rebuild", "update", "transfer",
+                                                 "inline", "backup"]
 
-INDEX_JOBS = ("create", "rebuild", "update", "transfer")
+INDEX_JOBS = ("create", "rebuild", "update", "transfer", "inline")
 
 # Which calls can fail in which way. A flush writes nothing, so it cannot write too little.
 CAN_FAIL = {
@@ -161,12 +164,15 @@ def is_temporary(path):
 class Judge:
     """Knows a job's folders before it and after it was done without a fault."""
 
-    def __init__(self, before, after, playlists):
+    def __init__(self, before, after, playlists, removes):
         self.before = before
         self.after = after
         self.playlists = playlists
         self.old = songs_of(before)
         self.new = songs_of(after)
+        # The songs that the job is to remove.
+        self.removed = {path for path in self.old if removes and path not in self.new
+                        and self.old[path] not in self.new.values()}
 
     def judge_songs(self, tree):
         now = songs_of(tree)
@@ -177,7 +183,7 @@ class Judge:
                 raise Wrong(f"{path} is neither the old song nor the whole new one")
         contents = set(now.values())
         for path, content in self.old.items():
-            if path not in now and content not in contents:
+            if path not in now and content not in contents and path not in self.removed:
                 raise Wrong(f"{path} is missing")
 
     def of_backup(self, path):
@@ -189,6 +195,9 @@ class Judge:
         if set(index) != INDEX:
             return "none"
         if index == index_of(self.before):
+            gone = [path for path in self.removed & self.listed() if path not in tree]
+            if gone:
+                raise Wrong(f"the old index lists songs that are gone: {gone}")
             playlist = "mnt/CARD/playlist/play0001.dat"
             if self.playlists and tree[playlist][0] != self.before[playlist][0]:
                 raise Wrong("the playlist does not have the old index's ids")
@@ -201,6 +210,12 @@ class Judge:
         if checker.faults:
             raise Wrong("the memory has an index that is not whole: " + "; ".join(checker.faults))
         return "new"
+
+    def listed(self):
+        """The songs that the old index lists."""
+        records = index_of(self.before).get("index.idx", b"")
+        paths = [records[at + 4:at + 50] for at in range(0, len(records), 64)]
+        return {"mnt/CARD" + path.split(b"\0")[0].decode("cp850") for path in paths}
 
     def judge_temporaries(self, tree):
         for path in tree:
@@ -244,7 +259,9 @@ class Run:
         self.calls = check_order.counted(trace)
         self.must_be_noticed = check_order.must_be_noticed(trace)
         self.now = after = read_tree(root)
-        self.judge = Judge(self.before, after, playlists)
+        self.judge = Judge(self.before, after, playlists, job == "inline")
+        if job == "inline" and len(self.judge.removed) < 3:
+            raise Wrong("removes too little to be judged")
         self.done = 0
         self.made_room = 0  # runs in which an old song went first
         if end != "exit 0" or "result 1" not in said:
