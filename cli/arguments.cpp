@@ -45,6 +45,9 @@ struct Texts {
     bool csv = false;
     bool zero = false;
     bool dryRun = false;
+    bool verify = false;
+    bool inLine = false;
+    bool remove = false;
     std::string title;
     std::string artist;
     std::string genre;
@@ -183,8 +186,8 @@ private:
         const auto isOneOf = [kind](std::initializer_list<Command> kinds) {
             return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
         };
-        if (isOneOf({Command::Show, Command::Sync, Command::IndexCheck, Command::List,
-                     Command::CatalogueFind}))
+        if (isOneOf({Command::Show, Command::Sync, Command::Transfer, Command::IndexCheck,
+                     Command::List, Command::CatalogueFind}))
             command.add_flag("--json", m_texts.json);
         if (isOneOf({Command::Show, Command::Set, Command::Sync, Command::Transfer}))
             command.add_flag("-0", m_texts.zero);
@@ -199,10 +202,14 @@ private:
         }
         if (isOneOf({Command::Sync})) {
             command.add_option("--backup", m_texts.backup);
-            command.add_flag("--dry-run", m_texts.dryRun);
             command.add_option("--unsigned", m_texts.changeUnsigned);
         }
+        if (isOneOf({Command::Sync, Command::Transfer}))
+            command.add_flag("--dry-run", m_texts.dryRun);
         if (isOneOf({Command::Transfer})) {
+            command.add_flag("--verify", m_texts.verify);
+            command.add_flag("--in-line", m_texts.inLine);
+            command.add_flag("--remove", m_texts.remove);
             command.add_option("--to", m_texts.to);
             command.add_option("--replace", m_texts.replace);
         }
@@ -309,6 +316,13 @@ QString Arguments::whatIsWrong(const Request &request)
         return tr("Manca il dato da modificare, per esempio --title");
     if (request.command == Command::Transfer && request.to.isEmpty())
         return tr("Manca la cartella di destinazione: --to CARTELLA");
+    if (request.remove && !request.inLine)
+        return tr("%1 vale solo con %2")
+            .arg(QStringLiteral("--remove"), QStringLiteral("--in-line"));
+    if (request.command == Command::Transfer && request.form == Request::Form::Json &&
+        !request.dryRun && !request.inLine)
+        return tr("%1 vale solo con %2")
+            .arg(QStringLiteral("--json"), QStringLiteral("--dry-run, --in-line"));
     const bool takesOne = takesOneArgument(request.command);
     if (request.paths.isEmpty() && !request.pathsFromStandardInput)
         return takesOne ? tr("Manca un argomento") : tr("Mancano i file");
@@ -334,6 +348,9 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
     request.paths += parts.behindDashes;
     request.pathsFromStandardInput = texts.zero;
     request.dryRun = texts.dryRun;
+    request.verify = texts.verify;
+    request.inLine = texts.inLine;
+    request.remove = texts.remove;
     request.to = plain(texts.to);
     if (grammar.has("--backup"))
         request.backup = plain(texts.backup);

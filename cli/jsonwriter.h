@@ -20,10 +20,15 @@ public:
                  const QList<ChangePreview::Change> &changes) override;
     void listed(const SongInfoIndex &song) override;
     void finding(const MemoryCheck::Finding &finding) override;
+    void planned(const TransferPlan::Item &item) override;
+    void planSum(const TransferPlan &plan) override;
     void catalogueSong(const SongsDbRecord &song) override;
 
     /** The name of a change's field in the JSON lines. */
     static const char *fieldName(ChangePreview::Field field);
+
+    /** A state as the lines name it. */
+    static const char *stateName(TransferPlan::State state);
 
 private:
     StandardOutput &m_output;

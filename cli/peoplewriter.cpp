@@ -3,6 +3,7 @@
 #include "cli/shownname.h"
 #include "cli/standardoutput.h"
 #include "devindex/indexrecords.h"
+#include "devindex/sizetext.h"
 #include "library/songtable.h"
 
 namespace
@@ -68,6 +69,22 @@ void PeopleWriter::finding(const MemoryCheck::Finding &finding)
     line(finding.path + QStringLiteral(": ") + finding.text);
 }
 
+void PeopleWriter::planned(const TransferPlan::Item &item)
+{
+    const QString destination = item.destination();
+    const QString place = destination.isEmpty() ? item.target : destination;
+    line(stateLabel(item.state) + QStringLiteral(": ") + item.path +
+         (place.isEmpty() ? place : QStringLiteral(" -> ") + place));
+}
+
+void PeopleWriter::planSum(const TransferPlan &plan)
+{
+    line(tr("Da copiare: %1; liberi: %2; song nella memoria dopo: %3")
+             .arg(sizeText(plan.bytesNeeded()),
+                  plan.freeBytes < 0 ? QStringLiteral("?") : sizeText(plan.freeBytes),
+                  QString::number(plan.songsAfter())));
+}
+
 void PeopleWriter::catalogueSong(const SongsDbRecord &song)
 {
     line(song.title);
@@ -109,4 +126,27 @@ void PeopleWriter::markers(const QList<Marker> &markers)
     for (const Marker &marker : markers)
         texts.append(QString::number(marker.bar) + QLatin1Char(' ') + marker.text);
     item(ChangePreview::fieldName(Field::Markers), texts.join(QStringLiteral(", ")));
+}
+
+QString PeopleWriter::stateLabel(TransferPlan::State state)
+{
+    switch (state) {
+    case TransferPlan::State::New:
+        return tr("nuova");
+    case TransferPlan::State::Same:
+        return tr("già presente");
+    case TransferPlan::State::Differs:
+        return tr("diversa");
+    case TransferPlan::State::Renamed:
+        return tr("già presente con un altro nome");
+    case TransferPlan::State::Collides:
+        return tr("stesso nome di un'altra song");
+    case TransferPlan::State::Unreadable:
+        return tr("illeggibile");
+    case TransferPlan::State::TooLong:
+        return tr("nome non possibile sulla memoria");
+    case TransferPlan::State::Remove:
+        return tr("non è nell'elenco");
+    }
+    return {};
 }

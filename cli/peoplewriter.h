@@ -25,6 +25,8 @@ public:
                  const QList<ChangePreview::Change> &changes) override;
     void listed(const SongInfoIndex &song) override;
     void finding(const MemoryCheck::Finding &finding) override;
+    void planned(const TransferPlan::Item &item) override;
+    void planSum(const TransferPlan &plan) override;
     void catalogueSong(const SongsDbRecord &song) override;
 
 private:
@@ -32,6 +34,7 @@ private:
     void item(const QString &label, const QString &text);
     void number(const QString &label, qint32 number);
     void markers(const QList<Marker> &markers);
+    static QString stateLabel(TransferPlan::State state);
 
     StandardOutput &m_output;
 };

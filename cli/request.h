@@ -49,6 +49,9 @@ struct Request {
     bool pathsFromStandardInput = false;
     Edit edit;
     bool dryRun = false;
+    bool verify = false; ///< copies are read back
+    bool inLine = false; ///< the memory gets what the list has, and only that
+    bool remove = false;
     std::optional<QByteArray> backup;
     QByteArray to;
     std::optional<bool> replace; ///< nothing: the user is asked

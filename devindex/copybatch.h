@@ -23,6 +23,7 @@ public:
         std::shared_ptr<QFile> part; ///< the bytes; open, so that no other program tidies it away
         QString target;              ///< the name that they get
         bool replaces = false;       ///< a file may have that name already
+        QString source;              ///< what the part is read back against; empty for not at all
     };
 
     /** All files of the batch lie in this folder. */
@@ -51,8 +52,12 @@ public:
      */
     QSet<int> settle();
 
+    /** Those of them of which a file could not be read back from the medium as it was written. */
+    const QSet<int> &changed() const { return m_changed; }
+
 private:
     void flush();
+    void readBack();
     void giveNames(bool replacing);
     void fail(const File &file, const char *reason);
 
@@ -62,4 +67,5 @@ private:
     QSet<QString> m_names; ///< targets of the files, case-folded
     qint64 m_size = 0;
     QSet<int> m_failed;
+    QSet<int> m_changed;
 };

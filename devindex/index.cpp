@@ -55,10 +55,25 @@ bool Index::createIndex(const QString &root)
 
 bool Index::updateIndex(const QString &root)
 {
+    return begin(root) && (checkIndexFile() ? update() : createIndex(root));
+}
+
+bool Index::updateIndexAfter(const QString &root, const std::function<bool()> &change)
+{
     if (!begin(root))
         return false;
-    if (!checkIndexFile())
+    const bool wasWhole = checkIndexFile();
+    if (!m_build.removeCounts() || !change())
+        return false;
+    if (!wasWhole || !hasIndexBut(indexfiles::count))
         return createIndex(root);
+    indexChanged = 1; // the counts have to be written again
+    return update();
+}
+
+/** Brings the index up to date whose files, but perhaps that of the counts, are all there. */
+bool Index::update()
+{
     maxLoadedId = 0;
     nextId = 0;
     nextPosidx = 0;
@@ -108,8 +123,14 @@ bool Index::hasWholeIndex() const
 
 bool Index::checkIndexFile() const
 {
-    return std::all_of(indexfiles::all.begin(), indexfiles::all.end(),
-                       [this](QLatin1String name) { return QFileInfo(filePath(name)).isFile(); });
+    return hasIndexBut(QLatin1String());
+}
+
+bool Index::hasIndexBut(QLatin1String missing) const
+{
+    return std::all_of(indexfiles::all.begin(), indexfiles::all.end(), [&](QLatin1String name) {
+        return name == missing || QFileInfo(filePath(name)).isFile();
+    });
 }
 
 void Index::deleteIndex()

@@ -9,6 +9,8 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
 class QFileInfo;
 class RecordWriter;
 class SongAdder;
@@ -54,6 +56,16 @@ public:
      * index that is there cannot be read.
      */
     bool updateIndex(const QString &root);
+
+    /**
+     * Like updateIndex(), after a change that takes songs from the memory. While that runs the file
+     * of counts is missing, on the medium too: if it is cut off there is no index, and none that
+     * lists songs that are gone. Songs that stay keep their ids, so that playlists keep their
+     * songs. Where the counts cannot be taken away the change is not made. When it returns false,
+     * since the medium does not take it, nothing is written, which could get the room of songs that
+     * come back after a power cut; there is no index then until the next update.
+     */
+    bool updateIndexAfter(const QString &root, const std::function<bool()> &change);
 
     /**
      * Writes the songs of the memory's index as a table: title, artist, genre and path, each closed
@@ -172,6 +184,8 @@ private:
     void tellFilesFound(int count) override { emit fileFoundChanged(count); }
 
     bool begin(const QString &root);
+    bool update();
+    bool hasIndexBut(QLatin1String missing) const;
     bool hasWholeIndex() const;
     bool keepPlaylists();
     void scanInto(SongAdder &adder, const QString &dir, SongTimes times);

@@ -136,7 +136,9 @@ void TestTransferProblems::skippedSongsAreNamed()
                        song(QStringLiteral("c.mid"))}),
              Transfer::Outcome::Complete);
     QVERIFY(m_user.failed.isEmpty());
-    QCOMPARE(m_user.skipped, QStringList({QStringLiteral("a.mid"), QStringLiteral("c.mid")}));
+    QCOMPARE(m_user.skipped,
+             QStringList({QStringLiteral("a.mid: esisteva già e non è stata sostituita"),
+                          QStringLiteral("c.mid: esisteva già e non è stata sostituita")}));
 }
 
 void TestTransferProblems::songsThatThePlayerWillNotFindAreNamed()

@@ -69,12 +69,15 @@ def is_temporary(path):
 class Judge:
     """Knows a job's folders before it and after it was done without a fault."""
 
-    def __init__(self, before, after, playlists):
+    def __init__(self, before, after, playlists, removes):
         self.before = before
         self.after = after
         self.playlists = playlists
         self.old = songs_of(before)
         self.new = songs_of(after)
+        # The songs that the job is to remove.
+        self.removed = {path for path in self.old if removes and path not in self.new
+                        and self.old[path] not in self.new.values()}
 
     def judge_songs(self, tree):
         now = songs_of(tree)
@@ -85,7 +88,7 @@ class Judge:
                 raise Wrong(f"{path} is neither the old song nor the whole new one")
         contents = set(now.values())
         for path, content in self.old.items():
-            if path not in now and content not in contents:
+            if path not in now and content not in contents and path not in self.removed:
                 raise Wrong(f"{path} is missing")
 
     def of_backup(self, path):
@@ -97,6 +100,9 @@ class Judge:
         if set(index) != INDEX:
             return "none"
         if index == index_of(self.before):
+            gone = [path for path in self.removed & self.listed() if path not in tree]
+            if gone:
+                raise Wrong(f"the old index lists songs that are gone: {gone}")
             playlist = "mnt/CARD/playlist/play0001.dat"
             if self.playlists and tree[playlist][0] != self.before[playlist][0]:
                 raise Wrong("the playlist does not have the old index's ids")
@@ -109,6 +115,12 @@ class Judge:
         if checker.faults:
             raise Wrong("the memory has an index that is not whole: " + "; ".join(checker.faults))
         return "new"
+
+    def listed(self):
+        """The songs that the old index lists."""
+        records = index_of(self.before).get("index.idx", b"")
+        paths = [records[at + 4:at + 50] for at in range(0, len(records), 64)]
+        return {"mnt/CARD" + path.split(b"\0")[0].decode("cp850") for path in paths}
 
     def judge_temporaries(self, tree):
         for path in tree:
