@@ -79,7 +79,7 @@ ExitStatus TransferCommand::run()
 ExitStatus TransferCommand::runPlan(Transfer &transfer, TransferUser &user,
                                     const QStringList &songs)
 {
-    std::optional<TransferPlan> plan = transfer.plan(songs, m_request.inLine);
+    std::optional<TransferPlan> plan = transfer.planTransfer(songs, m_request.inLine);
     if (!plan) {
         m_terminal.isStopped();
         return ExitStatus::NothingDone;

@@ -93,12 +93,12 @@ QStringList keysOfShortNames(const QString &name)
 
 QString ShortNames::candidateFor(const QFileInfo &item)
 {
-    return candidate(item.filePath(), item.isDir());
+    return find(item.filePath(), item.isDir());
 }
 
 QString ShortNames::candidateForSong(const QString &path)
 {
-    return candidate(path, false);
+    return find(path, false);
 }
 
 void ShortNames::keepFree(const QString &path)
@@ -106,7 +106,7 @@ void ShortNames::keepFree(const QString &path)
     m_keptFree.insert(nameKey(path));
 }
 
-QString ShortNames::candidate(const QString &path, bool isFolder)
+QString ShortNames::find(const QString &path, bool isFolder)
 {
     const QFileInfo item(path);
     QString folder = item.path();

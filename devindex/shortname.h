@@ -46,7 +46,7 @@ public:
     void keepFree(const QString &path);
 
 private:
-    QString candidate(const QString &path, bool isFolder);
+    QString find(const QString &path, bool isFolder);
     bool isFree(const QString &candidate, bool isFolder) const;
 
     QSet<QString> m_keptFree;        ///< as nameKey()

@@ -86,7 +86,7 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
     return complete ? Outcome::Complete : Outcome::Incomplete;
 }
 
-std::optional<TransferPlan> Transfer::plan(const QStringList &files, bool others)
+std::optional<TransferPlan> Transfer::planTransfer(const QStringList &files, bool others)
 {
     const QString dest = chooseDestination();
     if (dest.isEmpty())

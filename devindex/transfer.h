@@ -103,7 +103,7 @@ public:
      * refused.
      * @param others whether the folder's songs that are not in the list are listed, too
      */
-    std::optional<TransferPlan> plan(const QStringList &files, bool others);
+    std::optional<TransferPlan> planTransfer(const QStringList &files, bool others);
 
     /** Carries out a plan, with all messages; the memory is locked meanwhile. */
     Outcome carryOut(const TransferPlan &plan);

@@ -430,7 +430,7 @@ void TransferPlanner::claim(const QString &path)
 /** Why the memory or the player cannot have a song of this name in the folder; else empty. */
 QString TransferPlanner::whyTooLong(const QString &name) const
 {
-    const QString problem = WriteProblem::whyNotNamed(name, m_room.medium);
+    QString problem = WriteProblem::whyNotNamed(name, m_room.medium);
     if (!problem.isEmpty())
         return problem;
     qsizetype size = 1 + shortenedSize(name, false);

@@ -237,16 +237,16 @@ void TestPlanExecution::rootStandsForTheSongsFolder()
 {
     m_user->folder = m_card->root();
     Transfer job(*m_user, progress());
-    const auto made = job.plan({song(QStringLiteral("a.mid"), "A")}, false);
+    const auto made = job.planTransfer({song(QStringLiteral("a.mid"), "A")}, false);
     QCOMPARE(made->folder, m_card->path(QStringLiteral("songs")));
     QVERIFY(!QFileInfo::exists(made->folder));
     QCOMPARE(job.carryOut(*made), Transfer::Outcome::Complete);
     QCOMPARE(m_card->indexedPaths(), QStringList(QStringLiteral("/songs/a.mid")));
 
     m_user->folder = m_card->music();
-    QVERIFY(!job.plan({}, false).has_value());
+    QVERIFY(!job.planTransfer({}, false).has_value());
     m_user->folder = m_card->path(QStringLiteral("playlist"));
-    QVERIFY(!job.plan({}, false).has_value());
+    QVERIFY(!job.planTransfer({}, false).has_value());
     QCOMPARE(m_user->warnings.size(), 2);
 }
 
@@ -379,7 +379,7 @@ void TestPlanExecution::goodCopiesAreReadBack()
     job.setReadBack(true);
     QCOMPARE(job.transferFiles(files), Transfer::Outcome::Complete);
     QCOMPARE(m_card->indexedPaths().size(), 250);
-    QVERIFY(job.plan(files, false)->readBack);
+    QVERIFY(job.planTransfer(files, false)->readBack);
 }
 
 QTEST_GUILESS_MAIN(TestPlanExecution)

@@ -299,7 +299,7 @@ bool bringInLine(const Folders &folders, const QStringList &songs)
     WillingUser user(folders.card() + QStringLiteral("/sub"));
     ProgressRecord record;
     Transfer job(user, recordedBy(record));
-    std::optional<TransferPlan> plan = job.plan(songs, true);
+    std::optional<TransferPlan> plan = job.planTransfer(songs, true);
     if (!plan)
         return false;
     for (TransferPlan::Item &item : plan->items) {
