@@ -1629,14 +1629,6 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>File</translation>
     </message>
     <message>
-        <source>Marker</source>
-        <translation>Marker</translation>
-    </message>
-    <message>
-        <source>Marker attivi</source>
-        <translation>Marker attivi</translation>
-    </message>
-    <message>
         <source>Da copiare: %1; liberi: %2; song nella memoria dopo: %3</source>
         <translation>Da copiare: %1; liberi: %2; song nella memoria dopo: %3</translation>
     </message>

@@ -1629,14 +1629,6 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>Datei</translation>
     </message>
     <message>
-        <source>Marker</source>
-        <translation>Abschnitte</translation>
-    </message>
-    <message>
-        <source>Marker attivi</source>
-        <translation>Angezeigt</translation>
-    </message>
-    <message>
         <source>Da copiare: %1; liberi: %2; song nella memoria dopo: %3</source>
         <translation>Zu kopieren: %1; frei: %2; Songs auf dem Speicher danach: %3</translation>
     </message>

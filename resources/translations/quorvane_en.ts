@@ -1629,14 +1629,6 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>File</translation>
     </message>
     <message>
-        <source>Marker</source>
-        <translation>Sections</translation>
-    </message>
-    <message>
-        <source>Marker attivi</source>
-        <translation>Shown</translation>
-    </message>
-    <message>
         <source>Da copiare: %1; liberi: %2; song nella memoria dopo: %3</source>
         <translation>To copy: %1; free: %2; songs on the memory afterwards: %3</translation>
     </message>
