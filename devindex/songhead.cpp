@@ -236,7 +236,8 @@ QString mfxTextAt(QByteArrayView header, mfxlayout::Field field)
 
 void readMfx(QByteArrayView head, quint8 fileType, SongInfoIndex &entry)
 {
-    const QByteArrayView start = head.first(std::min<qsizetype>(head.size(), mfxlayout::headerSize));
+    const QByteArrayView start =
+        head.first(std::min<qsizetype>(head.size(), mfxlayout::headerSize));
     const QByteArray header = start.toByteArray().leftJustified(mfxlayout::headerSize, '\0');
     entry.fileType = fileType;
     entry.bpm = byteAt(header, mfxlayout::tempo.offset);
