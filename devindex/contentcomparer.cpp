@@ -8,7 +8,7 @@ namespace
 {
 
 /** Read at once; between two of these the windows get their turn. */
-constexpr qsizetype chunkSize = 262144;
+constexpr qsizetype comparedAtOnce = 262144;
 
 /** Only regular files get here: a pipe would be waited for. */
 bool open(QFile &file)
@@ -34,8 +34,8 @@ qint64 readChunk(QFile &file, QByteArray &buffer)
 } // namespace
 
 ContentComparer::ContentComparer()
-    : m_first(chunkSize, Qt::Uninitialized)
-    , m_second(chunkSize, Qt::Uninitialized)
+    : m_first(comparedAtOnce, Qt::Uninitialized)
+    , m_second(comparedAtOnce, Qt::Uninitialized)
 {
 }
 
@@ -77,7 +77,7 @@ ContentComparer::Result ContentComparer::compareBytes(const QString &first, cons
         if (readChunk(other, m_second) != count ||
             QByteArrayView(m_first).first(count) != QByteArrayView(m_second).first(count))
             return Result::Different;
-        if (count < chunkSize)
+        if (count < comparedAtOnce)
             return Result::Same;
         m_keepAlive.processEvents();
     }
@@ -92,7 +92,7 @@ std::optional<QByteArray> ContentComparer::digestOf(const QString &path)
     if (!open(file))
         return std::nullopt;
     QCryptographicHash hash(QCryptographicHash::Blake2b_256);
-    for (qint64 count = chunkSize; count == chunkSize; m_keepAlive.processEvents()) {
+    for (qint64 count = comparedAtOnce; count == comparedAtOnce; m_keepAlive.processEvents()) {
         count = readChunk(file, m_first);
         if (count < 0)
             return std::nullopt;
