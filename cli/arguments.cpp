@@ -91,6 +91,12 @@ Split split(const QList<QByteArray> &arguments)
             parts.behindDashes = arguments.mid(place + 1);
             break;
         }
+        // "--title=" is an empty text; the parser would take the next argument for it.
+        if (argument.startsWith("--") && argument.indexOf('=') == argument.size() - 1) {
+            parts.marked.push_back(argument.chopped(1).toStdString());
+            parts.marked.emplace_back(1, plainMark);
+            continue;
+        }
         const bool isOption = argument.startsWith('-') && argument != "-";
         if (isOption || isCommandWord(arguments, place))
             parts.marked.push_back(argument.toStdString());

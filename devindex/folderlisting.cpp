@@ -1,6 +1,7 @@
 #include "devindex/folderlisting.h"
 
 #include "formats/songnames.h"
+#include "storage/nametext.h"
 
 #include <QDir>
 #include <QFile>
@@ -97,7 +98,7 @@ FolderListing FolderListing::of(const QString &path, SongTimes times)
         if (name.startsWith('.') || !name.isValidUtf8())
             continue;
         FolderItem item;
-        item.name = QString::fromUtf8(name);
+        item.name = nameText(name);
         if (examine(::dirfd(folder.get()), *entry, times, item)) {
             QString key = item.name.toLower();
             found.push_back({std::move(key), std::move(item)});

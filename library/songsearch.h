@@ -29,6 +29,9 @@ public:
      */
     std::optional<QStringList> search(const QStringList &paths);
 
+    /** The folders of the last search that could not be read, so that their songs are not known. */
+    const QStringList &unreadable() const { return m_unreadable; }
+
 private:
     bool searchFolder(const QString &folder);
     bool goOn();
@@ -38,4 +41,5 @@ private:
     QElapsedTimer m_running;
     QSet<QString> m_searched; ///< canonical paths of folders
     QStringList m_found;
+    QStringList m_unreadable;
 };

@@ -1693,6 +1693,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
 <context>
     <name>SongPaths</name>
     <message>
+        <source>L&apos;elenco non può essere letto</source>
+        <translation>L&apos;elenco non può essere letto</translation>
+    </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>La cartella non può essere letta</translation>
+    </message>
+    <message>
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>Il nome non è in UTF-8 e il file non può essere aperto</translation>
     </message>

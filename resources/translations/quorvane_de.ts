@@ -1693,6 +1693,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
 <context>
     <name>SongPaths</name>
     <message>
+        <source>L&apos;elenco non può essere letto</source>
+        <translation>Die Liste kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>Der Ordner kann nicht gelesen werden</translation>
+    </message>
+    <message>
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>Der Name ist nicht in UTF-8, und die Datei lässt sich nicht öffnen</translation>
     </message>

@@ -1693,6 +1693,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
 <context>
     <name>SongPaths</name>
     <message>
+        <source>L&apos;elenco non può essere letto</source>
+        <translation>The list cannot be read</translation>
+    </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>The folder cannot be read</translation>
+    </message>
+    <message>
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>The name is not in UTF-8, and the file cannot be opened</translation>
     </message>

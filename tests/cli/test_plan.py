@@ -207,6 +207,25 @@ class InLine(PlanTest):
         self.assertIn("gone.mid: the file is no longer there", result.err)
         self.assertEqual(self.judge_memory(), "")
 
+    def test_nothing_is_removed_beside_a_folder_that_cannot_be_read(self):
+        self.write("songs/a.mid", song("A"))
+        self.write("songs/closed/b.mid", song("B"))
+        self.on_card("a.mid", song("A"))
+        self.on_card("b.mid", song("B"))
+        for path in [self.folder, *self.folder.rglob("*")]:
+            path.chmod(0o777)
+        closed = self.music / "songs/closed"
+        closed.chmod(0)
+        nobody = {"user": 65534} if os.geteuid() == 0 else {}
+        done = subprocess.run(
+            [songs.KAVENA, "transfer", "songs", "--in-line", "--remove", "--to",
+             self.card / "songs"], cwd=self.music, env=self.environment, stdin=subprocess.DEVNULL,
+            capture_output=True, timeout=60, check=False, **nobody)
+        closed.chmod(0o777)
+        self.assertEqual(done.returncode, 1, done.stderr)
+        self.assertIn(str(closed).encode(), done.stderr)
+        self.assertTrue((self.card / "songs/b.mid").exists())
+
     def test_nothing_is_removed_for_an_empty_list(self):
         other = self.on_card("other.mid", song("Other"))
         self.in_line("--remove", ".", status=3)

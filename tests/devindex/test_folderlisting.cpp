@@ -58,6 +58,7 @@ class TestFolderListing : public QObject
 
 private slots:
     void oddNamesStandAsQDirSortsThem();
+    void byteOrderMarkIsPartOfTheName();
     void whatNoScanSeesIsLeftOut();
     void namesThatDifferInCaseHaveOneOrder();
     void songsCarryTheirTimeAndFoldersNone();
@@ -107,6 +108,21 @@ void TestFolderListing::oddNamesStandAsQDirSortsThem()
 
     QCOMPARE(namesIn(folder).size(), names.size() + 4);
     QCOMPARE(namesIn(folder), namesByQDir(folder));
+}
+
+void TestFolderListing::byteOrderMarkIsPartOfTheName()
+{
+    const QTemporaryDir folder;
+    QFile marked(folder.filePath(QChar(0xFEFF) + QStringLiteral("a.mid")));
+    QVERIFY(marked.open(QFile::WriteOnly) && marked.write("12345") == 5);
+    marked.close();
+    QVERIFY(::access(encoded(folder, "\xEF\xBB\xBF"
+                                     "a.mid")
+                         .constData(),
+                     F_OK) == 0);
+    const QStringList names = namesIn(folder);
+    QCOMPARE(names.size(), 1);
+    QCOMPARE(QFileInfo(folder.filePath(names.constFirst())).size(), 5);
 }
 
 void TestFolderListing::whatNoScanSeesIsLeftOut()
