@@ -1,4 +1,4 @@
-// Disables what starts work as long as other work runs.
+// Disables the menu entries and buttons that start work while other work runs.
 #pragma once
 
 #include <QHash>
@@ -9,9 +9,9 @@
 class BusyState;
 
 /**
- * Menu entries and buttons that are added are enabled when somebody wants them to be and nothing
- * runs. A button that has the keyboard's focus when work begins has it again afterwards, unless the
- * user has put it elsewhere.
+ * An added menu entry or button is enabled when setWanted() asked for it and no work runs. A button
+ * that has the keyboard's focus when work begins has it again afterwards, unless the user has put
+ * it elsewhere.
  */
 class ActionGate : public QObject
 {
@@ -27,7 +27,7 @@ public:
     /** Enables or disables what was added; while work runs, from its end on. */
     void setWanted(QObject *action, bool wanted);
 
-    /** Whether what was added is to be enabled when nothing runs. */
+    /** True when the menu entry or button has to be enabled while no work runs. */
     bool isWanted(QObject *action) const;
 
 private:
@@ -38,5 +38,5 @@ private:
     const BusyState &m_busy;
     QHash<QObject *, bool> m_wanted; ///< kept while work runs
     QPointer<QWidget> m_focusBefore; ///< what lost the focus when it was disabled
-    QPointer<QWidget> m_focusSince;  ///< what got the focus by that
+    QPointer<QWidget> m_focusSince;  ///< what got the focus instead
 };

@@ -15,7 +15,7 @@ namespace
 constexpr int widestColumn = 4000;
 constexpr int narrowestText = 150; ///< what a column of texts keeps when the window is too narrow
 
-/** How the width that is left over is shared out; the other columns hold short items. */
+/** How remaining width is shared among the columns of texts; the other columns hold short items. */
 struct Share {
     const QString field;
     int parts;

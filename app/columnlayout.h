@@ -13,10 +13,9 @@ class QWidget;
 
 /**
  * Columns are as wide as their contents, or as wide as the user dragged them; a double click on the
- * edge of a heading gives a column back to its contents. What then is left of the window's width
- * goes to the columns of texts, and what is missing is taken from the longest of them. The rows
- * stand in the order of the import until the user clicks on a heading; a third click brings that
- * order back.
+ * edge of a heading gives a column back to its contents. Width that is left in the window goes to
+ * the columns of texts, and missing width is taken from the widest of them. The rows stand in the
+ * order of the import until the user clicks on a heading; a third click brings that order back.
  *
  * Widths and order are kept in the settings, by the names of the fields; what is stored there and
  * makes no sense is ignored.

@@ -1,33 +1,26 @@
 #include "app/mainwindow.h"
 
 #include "app/actiongate.h"
-#include "app/buttonaction.h"
+#include "app/rowediting.h"
+#include "app/songbackup.h"
 #include "app/songdrop.h"
+#include "app/songimport.h"
 #include "app/songlist.h"
+#include "app/songsync.h"
 #include "devindex/filecopier.h"
 #include "devindex/mountedvolumes.h"
 #include "devindex/transfer.h"
-#include "formats/songnames.h"
 #include "library/librarybackup.h"
-#include "library/libraryimport.h"
 #include "library/settings.h"
-#include "library/songeditor.h"
-#include "library/songsearch.h"
-#include "library/synchronisation.h"
 #include "storage/diagnostics.h"
 #include "windows/aboutdialog.h"
-#include "windows/backupdialog.h"
-#include "windows/changepreviewdialog.h"
 #include "windows/confirmation.h"
 #include "windows/helpdialog.h"
 #include "windows/indexdialog.h"
 #include "windows/missinglibrary.h"
-#include "windows/paintingpaused.h"
 #include "windows/proceeddialog.h"
 #include "windows/readablelinks.h"
-#include "windows/runreportbox.h"
 #include "windows/screenroom.h"
-#include "windows/shownprogress.h"
 #include "windows/songslistdialog.h"
 #include "windows/transferdialogs.h"
 #include "windows/translation.h"
@@ -39,11 +32,7 @@
 
 #include <QCloseEvent>
 #include <QDirIterator>
-#include <QFileDialog>
-#include <QFileInfo>
-#include <QMenu>
 #include <QMessageBox>
-#include <QTableView>
 
 namespace
 {
@@ -56,16 +45,20 @@ MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
     , ui(new Ui::MainWindow)
     , m_settings(settings::organisation, settings::application)
+    , m_preferences(*ui, m_settings)
+    , m_debugPanel(*ui, m_settings)
+    , m_progress(this)
     , m_actionGate(new ActionGate(this, m_busy))
+    , m_buttons(*ui, *m_actionGate)
 {
     new ReadableLinks(this);
     new ScreenRoom(this);
     ui->setupUi(this);
-    addToGate();
     setWindowTitle(tr("Kavena PC"));
     applyBranding();
-    showSettings();
-    addMenuActions();
+    m_preferences.show();
+    m_debugPanel.showLogSwitches();
+    m_buttons.setUp();
     windowplace::restore(*this, m_settings);
 
     if (!m_database.init()) {
@@ -93,58 +86,7 @@ void MainWindow::applyBranding()
     ui->logoKravoLabel->setStyleSheet(QStringLiteral("image: url(:/imgs/logo-quorvane.png);"));
     ui->actionItalian->setVisible(false);
     ui->actionGerman->setVisible(true);
-    m_copyrightDefault = false;
-    ui->debugGroupBox->hide();
-    ui->debugKravoGroupBox->hide();
-    disableActionButtons();
-}
-
-void MainWindow::showSettings()
-{
-    checkLanguage(m_settings.value(settings::language, translation::german).toString());
-    const bool ask = copyrightAsk();
-    ui->actionCopyrightYes->setChecked(ask);
-    ui->actionCopyrightNo->setChecked(!ask);
-    ui->actionPreviewChanges->setChecked(
-        m_settings.value(settings::previewChanges, false).toBool());
-    ui->dbgLogEnableCheckBox->setChecked(m_settings.value(settings::logEnabled, false).toBool());
-    ui->dbgLogClearCheckBox->setChecked(m_settings.value(settings::logClear, false).toBool());
-}
-
-void MainWindow::checkLanguage(const QString &language)
-{
-    const bool italian = language == translation::italian;
-    const bool german = language == translation::german;
-    ui->actionItalian->setChecked(italian);
-    ui->actionGerman->setChecked(german);
-    ui->actionEnglish->setChecked(!italian && !german);
-}
-
-void MainWindow::disableActionButtons()
-{
-    m_actionGate->setWanted(ui->updateDataToolButton, false);
-    m_actionGate->setWanted(ui->transferFilesToolButton, false);
-}
-
-/** All that starts work; it cannot be started while other work runs. */
-void MainWindow::addToGate()
-{
-    QObject *const actions[] = {
-        ui->selectDirToolButton, ui->updateDataToolButton,    ui->transferFilesToolButton,
-        ui->optimizeMemory,      ui->actionSongsList,         ui->actionContents,
-        ui->actionAbout,         ui->actionAbout_QT,          ui->dbgImportPushButton,
-        ui->dbgBackupPushButton, ui->dbgShowDialogPushButton, ui->dbgAddMarkerPushButton,
-        ui->dbgSavePushButton};
-    for (QObject *const action : actions)
-        m_actionGate->add(action);
-}
-
-void MainWindow::addMenuActions()
-{
-    new ButtonAction(ui->actionSelectSongs, ui->selectDirToolButton);
-    new ButtonAction(ui->actionSynchronise, ui->updateDataToolButton);
-    new ButtonAction(ui->actionTransfer, ui->transferFilesToolButton);
-    ui->selectDirToolButton->setFocus(); // what a user begins with
+    m_debugPanel.hide();
 }
 
 void MainWindow::tellMissingLibrary()
@@ -160,22 +102,9 @@ bool MainWindow::hasLibrary() const
     return m_songs != nullptr;
 }
 
-bool MainWindow::copyrightAsk() const
-{
-    return m_settings.value(settings::copyrightAsk, m_copyrightDefault).toBool();
-}
-
-OpenProgress MainWindow::openProgress()
-{
-    return [this](const QString &title, const QString &label, int maximum) {
-        return std::make_unique<ShownProgress>(m_progress, title, label, maximum, this);
-    };
-}
-
 void MainWindow::updateProgress(int done)
 {
-    if (m_progress != nullptr)
-        m_progress->updateProgress(done);
+    m_progress.shown().updateProgress(done);
 }
 
 // ---------------------------------------------------------------- events
@@ -218,16 +147,15 @@ void MainWindow::initUserLibraryModel()
 {
     m_songs =
         new SongList(this, *ui, m_database.userLibraryDb(), m_settings, m_busy, *m_actionGate);
+    m_import.reset(new SongImport(this, m_database, *m_songs, m_progress));
+    m_rows = new RowEditing(this, m_dataEditDialog, m_database, *m_songs, m_progress, m_busy);
+    m_sync.reset(
+        new SongSync(this, m_database, *m_songs, m_progress, [this] { return suggestBackup(); }));
     connect(m_songs, &SongList::editRequested, this, &MainWindow::onSongsTableViewDoubleClicked);
     connect(m_songs, &SongList::menuRequested, this, &MainWindow::onSongsTableViewShowContextMenu);
-    connect(m_songs, &SongList::removeRequested, this, [this](int row) {
-        const BusyGuard busy(m_busy);
-        songEditor().removeFromList(row);
-    });
-    connect(m_songs, &SongList::deleteRequested, this, [this](int row) {
-        const BusyGuard busy(m_busy);
-        deleteRowsFile(row);
-    });
+    // Backup and transfer copy the selected files: they would miss this one for ever.
+    connect(m_rows, &RowEditing::fileDeleted, this,
+            [this](const QString &path) { m_selectedFiles.removeAll(path); });
     connect(m_songs, &SongList::unreadableFilesRequested, this, [this] {
         const BusyGuard busy(m_busy);
         UnreadableFilesDialog(m_songs->unreadableFiles(), this).exec();
@@ -248,11 +176,7 @@ void MainWindow::on_selectDirToolButton_clicked()
         return;
     }
     const BusyGuard busy(m_busy);
-    // Qt's own dialog: unlike some desktops' it takes *.mid for SONG.MID too.
-    const QStringList files = QFileDialog::getOpenFileNames(
-        this, tr("Seleziona i file da importare"), m_libraryFolder,
-        QStringLiteral("Songs (%1)").arg(songnames::patterns().join(QLatin1Char(' '))), nullptr,
-        QFileDialog::DontUseNativeDialog);
+    const QStringList files = m_import->choose();
     if (!files.isEmpty())
         importFiles(files);
 }
@@ -262,7 +186,7 @@ void MainWindow::importDropped(const QStringList &paths)
     if (!hasLibrary())
         return;
     const BusyGuard busy(m_busy);
-    const auto files = SongSearch(openProgress()).search(paths);
+    const auto files = m_import->search(paths);
     if (files && files->isEmpty())
         ui->statusBar->showMessage(tr("Nessuna song trovata"), messageMilliseconds);
     else if (files)
@@ -272,17 +196,15 @@ void MainWindow::importDropped(const QStringList &paths)
 /** Takes the files as the user's new choice and imports them. */
 void MainWindow::importFiles(const QStringList &files)
 {
-    m_libraryFolder = QFileInfo(files.first()).path();
     setSelectedFiles(files);
-    disableActionButtons();
+    m_buttons.disable();
     importUserLibrary();
-    m_actionGate->setWanted(ui->transferFilesToolButton, true);
+    m_buttons.setTransfer(true);
 }
 
 void MainWindow::setSelectedFiles(const QStringList &files)
 {
     m_selectedFiles = files;
-    m_filesCount = static_cast<int>(m_selectedFiles.size());
 }
 
 void MainWindow::importUserLibrary()
@@ -290,39 +212,19 @@ void MainWindow::importUserLibrary()
     if (!hasLibrary())
         return;
     const BusyGuard busy(m_busy);
-    LibraryImport::logBanner();
-    if (m_songs->model().goodRowCount() > 0) {
-        if (!m_database.clearUserLibraryDb()) {
-            logDebug() << "[importUserLibrary] WARNING: impossible to CLEAR table. Aborting import "
-                          "!!!";
-            return;
-        }
-    }
-    m_songs->startImport();
-
-    LibraryImport::Counts counts;
-    QList<UnreadableFile> unreadable;
-    {
-        const auto progress =
-            openProgress()(tr("Lettura file"), tr("Importo la libreria..."), m_filesCount);
-        const PaintingPaused paused(m_songs->view());
-        LibraryImport import(m_songs->model(), *progress);
-        counts = import.importFiles(m_selectedFiles);
-        unreadable = import.unreadableFiles();
-    }
-    m_songs->showImport(unreadable);
-
-    const bool synchronised = copyrightAsk() &&
-                              askToProceed(counts.valid, counts.kravo, counts.bad) &&
-                              updateUserLibrary();
+    const auto counts = m_import->importFiles(m_selectedFiles);
+    if (!counts)
+        return;
+    const bool synchronised =
+        m_preferences.copyrightAsk() && askToProceed(*counts) && updateUserLibrary();
     if (!synchronised)
-        m_actionGate->setWanted(ui->updateDataToolButton, true);
+        m_buttons.setSynchronise(true);
 }
 
-bool MainWindow::askToProceed(int valid, int kravo, int bad)
+bool MainWindow::askToProceed(const LibraryImport::Counts &counts)
 {
     ProceedDialog dialog;
-    dialog.setFilesCount(valid, kravo, bad);
+    dialog.setFilesCount(counts.valid, counts.kravo, counts.bad);
     const bool accepted = dialog.exec() == QDialog::Accepted;
     enableCopyrightMessage(dialog.getShowAgainValue());
     return accepted;
@@ -333,10 +235,8 @@ void MainWindow::scanDir(const QString &dir, int &valid, int &kravo, int &bad)
     if (!hasLibrary())
         return;
     const BusyGuard busy(m_busy);
-    NoProgress noProgress;
     LibraryImport::Counts counts{valid, kravo, bad};
-    LibraryImport(m_songs->model(), m_progress != nullptr ? *m_progress : noProgress)
-        .scanDir(dir, counts);
+    m_import->scanDir(dir, counts);
     valid = counts.valid;
     kravo = counts.kravo;
     bad = counts.bad;
@@ -347,35 +247,7 @@ void MainWindow::scanDir(const QString &dir, int &valid, int &kravo, int &bad)
 bool MainWindow::suggestBackup()
 {
     const BusyGuard busy(m_busy);
-    const auto ask = [] {
-        BackupDialog dialog;
-        dialog.exec();
-        return LibraryBackup::Choice{dialog.wish(), dialog.directory()};
-    };
-    QStringList failed;
-    const auto copy = [this, &failed](const QString &destination, int &copied) {
-        NoProgress noProgress;
-        const auto copyList = [&failed](const QStringList &files, const QString &folder,
-                                        int &arrived, Progress &progress) {
-            FileCopier copier(&confirmation::askToReplace);
-            const bool complete = copier.copyFiles(files, folder, arrived, progress);
-            failed += copier.report().failedLines();
-            return complete;
-        };
-        return LibraryBackup::copyFiles(m_selectedFiles, destination, copied,
-                                        m_progress != nullptr ? *m_progress : noProgress, copyList);
-    };
-    const auto report = [this, &failed](bool succeeded) {
-        if (succeeded) {
-            QMessageBox::information(this, tr("Backup"), tr("Backup eseguito correttamente"));
-            return;
-        }
-        QMessageBox box(QMessageBox::Critical, tr("Backup"), tr("Backup FALLITO !!!"),
-                        QMessageBox::Ok, this);
-        box.setDetailedText(failed.join(QLatin1Char('\n')));
-        box.exec();
-    };
-    return LibraryBackup(ask, copy, report, openProgress()).suggest(m_filesCount);
+    return SongBackup(this, m_progress).suggest(m_selectedFiles);
 }
 
 bool MainWindow::backupDirectory(const QString &source, const QString &destination, int &count)
@@ -389,10 +261,10 @@ void MainWindow::on_updateDataToolButton_clicked()
 {
     if (!hasLibrary())
         return;
-    disableActionButtons();
+    m_buttons.disable();
     if (!updateUserLibrary())
-        m_actionGate->setWanted(ui->updateDataToolButton, true);
-    m_actionGate->setWanted(ui->transferFilesToolButton, true);
+        m_buttons.setSynchronise(true);
+    m_buttons.setTransfer(true);
 }
 
 bool MainWindow::updateUserLibrary()
@@ -400,15 +272,7 @@ bool MainWindow::updateUserLibrary()
     if (!hasLibrary())
         return false;
     const BusyGuard busy(m_busy);
-    const bool preview = m_settings.value(settings::previewChanges, false).toBool();
-    if (preview && !ChangePreviewDialog::confirm(m_database, m_songs->model(), copyrightAsk(),
-                                                 openProgress(), this))
-        return false;
-    Synchronisation run = synchronisation();
-    const bool finished = run.run(copyrightAsk());
-    adjustUserLibraryHeaders(); // the rows hold the catalogue's texts now
-    RunReportBox::tell(run.report(), this);
-    return finished;
+    return m_sync->run(m_preferences.copyrightAsk(), m_preferences.previewChanges());
 }
 
 bool MainWindow::updateFileWithDb(int row)
@@ -416,35 +280,7 @@ bool MainWindow::updateFileWithDb(int row)
     if (!hasLibrary())
         return false;
     const BusyGuard busy(m_busy);
-    return synchronisation().updateFileWithDb(row);
-}
-
-Synchronisation MainWindow::synchronisation()
-{
-    return {m_database, m_songs->model(), [this] { return suggestBackup(); },
-            &confirmation::askToChange, openProgress()};
-}
-
-void MainWindow::on_actionPreviewChanges_toggled(bool checked)
-{
-    m_settings.setValue(settings::previewChanges, checked);
-}
-
-void MainWindow::enableCopyrightMessage(bool enable)
-{
-    m_settings.setValue(settings::copyrightAsk, enable);
-    ui->actionCopyrightYes->setChecked(enable);
-    ui->actionCopyrightNo->setChecked(!enable);
-}
-
-void MainWindow::on_actionCopyrightYes_triggered()
-{
-    enableCopyrightMessage(true);
-}
-
-void MainWindow::on_actionCopyrightNo_triggered()
-{
-    enableCopyrightMessage(false);
+    return m_sync->updateRow(row);
 }
 
 // ---------------------------------------------------------------- editing
@@ -453,14 +289,7 @@ void MainWindow::onSongsTableViewDoubleClicked(QModelIndex index)
 {
     if (!hasLibrary())
         return;
-    const BusyGuard busy(m_busy);
-    const QPersistentModelIndex place = index; // the list may be sorted during the save
-    SongEditor editor = songEditor();
-    if (!editor.edit(index.row()))
-        return;
-    adjustUserLibraryHeaders(); // the texts may have become longer
-    m_songs->scrollToRow(place.row());
-    RunReportBox::tell(editor.report(), this);
+    m_rows->edit(index);
 }
 
 void MainWindow::manualModifySong(const MetaSong &song, const SongInfo &info, const QString &path,
@@ -468,62 +297,25 @@ void MainWindow::manualModifySong(const MetaSong &song, const SongInfo &info, co
 {
     if (!hasLibrary())
         return;
-    const BusyGuard busy(m_busy);
-    songEditor().manualModifySong(song, info, path, row);
+    m_rows->manualModifySong(song, info, path, row);
 }
 
 void MainWindow::onSongsTableViewShowContextMenu(QPoint pos)
 {
     if (!hasLibrary())
         return;
-    const BusyGuard busy(m_busy);
-    QTableView *const view = m_songs->view();
-    const int row = view->rowAt(pos.y());
-    QMenu menu;
-    const QAction *const remove = menu.addAction(tr("Remove from list"));
-    const QAction *const deleteFile = menu.addAction(tr("Delete file"));
-    const QAction *const chosen = menu.exec(view->viewport()->mapToGlobal(pos));
-    if (chosen == nullptr)
-        return;
-    if (chosen == remove)
-        songEditor().removeFromList(row);
-    else if (chosen == deleteFile)
-        deleteRowsFile(row);
-}
-
-void MainWindow::deleteRowsFile(int row)
-{
-    const QString deleted = songEditor().deleteFile(row);
-    if (deleted.isEmpty())
-        return;
-    // Backup and transfer copy the selected files: they would miss this one for ever.
-    QStringList files = m_selectedFiles;
-    files.removeAll(deleted);
-    setSelectedFiles(files);
-}
-
-SongEditor MainWindow::songEditor()
-{
-    const auto askEdit = [this](const SongInfo &info) {
-        return editInDialog(m_dataEditDialog, m_database, info);
-    };
-    const auto askDelete = [this] {
-        return QMessageBox::question(
-                   this, tr("Attenzione"), tr("Sei sicuro di voler cancellare il file?"),
-                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
-    };
-    return {m_songs->model(), askEdit, askDelete, openProgress()};
+    m_rows->runMenu(pos);
 }
 
 // ---------------------------------------------------------------- transfer
 
 void MainWindow::on_transferFilesToolButton_clicked()
 {
-    const bool couldSynchronise = m_actionGate->isWanted(ui->updateDataToolButton);
-    disableActionButtons();
+    const bool couldSynchronise = m_buttons.canSynchronise();
+    m_buttons.disable();
     if (!transferSelectedFiles())
-        m_actionGate->setWanted(ui->updateDataToolButton, couldSynchronise);
-    m_actionGate->setWanted(ui->transferFilesToolButton, true);
+        m_buttons.setSynchronise(couldSynchronise);
+    m_buttons.setTransfer(true);
 }
 
 void MainWindow::transferFiles()
@@ -536,23 +328,22 @@ bool MainWindow::transferSelectedFiles()
 {
     const BusyGuard busy(m_busy);
     TransferDialogs dialogs(this);
-    const auto outcome = Transfer(dialogs, openProgress()).transferFiles(m_selectedFiles);
+    const auto outcome = Transfer(dialogs, m_progress.open()).transferFiles(m_selectedFiles);
     return outcome != Transfer::Outcome::NotStarted;
 }
 
 bool MainWindow::copyFiles(const QString &dest, int &copied)
 {
     const BusyGuard busy(m_busy);
-    NoProgress noProgress;
     return FileCopier(&confirmation::askToReplace)
-        .copyFiles(m_selectedFiles, dest, copied, m_progress != nullptr ? *m_progress : noProgress);
+        .copyFiles(m_selectedFiles, dest, copied, m_progress.shown());
 }
 
 bool MainWindow::updateKavenaIndex(const QString &path)
 {
     const BusyGuard busy(m_busy);
     TransferDialogs dialogs(this);
-    return Transfer(dialogs, openProgress()).updateKavenaIndex(path);
+    return Transfer(dialogs, m_progress.open()).updateKavenaIndex(path);
 }
 
 bool MainWindow::isSystemDisk(const QString &path) const
@@ -586,16 +377,32 @@ void MainWindow::on_actionItalian_triggered() {}
 
 void MainWindow::on_actionEnglish_triggered()
 {
-    m_settings.setValue(settings::language, translation::english);
-    checkLanguage(translation::english);
-    translation::use(translation::english);
+    m_preferences.setLanguage(translation::english);
 }
 
 void MainWindow::on_actionGerman_triggered()
 {
-    m_settings.setValue(settings::language, translation::german);
-    checkLanguage(translation::german);
-    translation::use(translation::german);
+    m_preferences.setLanguage(translation::german);
+}
+
+void MainWindow::enableCopyrightMessage(bool enable)
+{
+    m_preferences.setCopyrightAsk(enable);
+}
+
+void MainWindow::on_actionCopyrightYes_triggered()
+{
+    enableCopyrightMessage(true);
+}
+
+void MainWindow::on_actionCopyrightNo_triggered()
+{
+    enableCopyrightMessage(false);
+}
+
+void MainWindow::on_actionPreviewChanges_toggled(bool checked)
+{
+    m_preferences.setPreviewChanges(checked);
 }
 
 void MainWindow::on_actionAbout_triggered()
@@ -647,62 +454,32 @@ void MainWindow::on_dbgBackupPushButton_clicked()
 void MainWindow::on_dbgShowDialogPushButton_clicked()
 {
     const BusyGuard busy(m_busy);
-    m_dataEditDialog.setGenresCombo(m_database.genresList());
-    m_dataEditDialog.setArtistsCombo(m_database.artistsList());
-    if (m_dataEditDialog.exec() == QDialog::Accepted)
-        logDebug() << "Accettato";
-    else
-        logDebug() << "Rifiutato";
+    DebugPanel::runDataDialog(m_dataEditDialog, m_database);
 }
 
 void MainWindow::on_dbgHidePushButton_clicked()
 {
-    ui->debugGroupBox->setVisible(ui->debugGroupBox->isHidden());
+    m_debugPanel.toggle();
 }
 
 void MainWindow::on_dbgLogEnableCheckBox_toggled(bool checked)
 {
-    m_settings.setValue(settings::logEnabled, checked);
+    m_debugPanel.setLogEnabled(checked);
 }
 
 void MainWindow::on_dbgLogClearCheckBox_toggled(bool checked)
 {
-    m_settings.setValue(settings::logClear, checked);
+    m_debugPanel.setLogClear(checked);
 }
 
 void MainWindow::on_dbgAddMarkerPushButton_clicked()
 {
-    if (!hasLibrary())
-        return;
-    const int row = m_songs->currentRow();
-    logDebug() << "[MainWindow] Adding marker to row:" << row;
-    MetaSong song;
-    if (!song.importFile(m_songs->model().fileName(row))) {
-        logDebug() << "Error!";
-        return;
-    }
-    song.dbgAddMarker(ui->dbgMarkerTextLineEdit->text().trimmed(),
-                      static_cast<unsigned short>(ui->dbgMarkerBarSpinBox->value()));
-    saveTestCopy(song, QStringLiteral("test_addmarker.bin"));
+    if (hasLibrary())
+        m_debugPanel.saveWithMarker(*m_songs);
 }
 
 void MainWindow::on_dbgSavePushButton_clicked()
 {
-    if (!hasLibrary())
-        return;
-    const int row = m_songs->currentRow();
-    logDebug() << "[MainWindow] Saving row:" << row;
-    MetaSong song;
-    if (!song.importFile(m_songs->model().fileName(row))) {
-        logDebug() << "Error!";
-        return;
-    }
-    saveTestCopy(song, QStringLiteral("test_save.bin"));
-}
-
-void MainWindow::saveTestCopy(MetaSong &song, const QString &fileName)
-{
-    logDebug() << "Saving to file:" << fileName;
-    if (!song.saveToFile(fileName))
-        logDebug() << "Error!";
+    if (hasLibrary())
+        DebugPanel::saveUnchanged(*m_songs);
 }

@@ -1,10 +1,14 @@
 // The program's window: the user's songs as a table, and what can be done with them.
 #pragma once
 
+#include "app/actionbuttons.h"
+#include "app/debugpanel.h"
+#include "app/preferences.h"
+#include "app/windowprogress.h"
 #include "formats/metasong.h"
 #include "formats/songinfo.h"
 #include "library/database.h"
-#include "library/progress.h"
+#include "library/libraryimport.h"
 #include "windows/busystate.h"
 #include "windows/dataeditdialog.h"
 
@@ -17,9 +21,10 @@
 
 class ActionGate;
 class MissingLibrary;
-class SongEditor;
+class RowEditing;
+class SongImport;
 class SongList;
-class Synchronisation;
+class SongSync;
 
 QT_BEGIN_NAMESPACE
 namespace Ui
@@ -52,8 +57,8 @@ public:
     void importUserLibrary();
 
     /**
-     * Says why the list cannot be used, once the window is on the screen; nothing where it can. For
-     * the start of the program, and for whoever wants to choose songs all the same.
+     * Says why the list cannot be used, once the window is on the screen; nothing where it can.
+     * Called at the start of the program, and when the user tries to choose songs all the same.
      */
     void tellMissingLibrary();
 
@@ -160,37 +165,31 @@ private slots:
 
 private:
     void applyBranding();
-    void showSettings();
-    void checkLanguage(const QString &language);
-    void disableActionButtons();
     bool hasLibrary() const;
-    bool copyrightAsk() const;
-    void addToGate();
-    void addMenuActions();
     void importFiles(const QStringList &files);
     void importDropped(const QStringList &paths);
-    bool askToProceed(int valid, int kravo, int bad);
-    Synchronisation synchronisation();
-    SongEditor songEditor();
+    bool askToProceed(const LibraryImport::Counts &counts);
     bool transferSelectedFiles();
-    OpenProgress openProgress();
-    void saveTestCopy(MetaSong &song, const QString &fileName);
-    void deleteRowsFile(int row);
     template <typename Dialog>
     void runDialog();
 
     const QScopedPointer<Ui::MainWindow> ui;
-    QString m_libraryFolder; ///< where songs were last chosen in this run
     Database m_database;
     DataEditDialog m_dataEditDialog;
     QSettings m_settings;
-    bool m_copyrightDefault = true;
+    Preferences m_preferences;
+    DebugPanel m_debugPanel;
     QStringList m_selectedFiles;
-    int m_filesCount = 0;           ///< number of selected files
-    Progress *m_progress = nullptr; ///< the progress that is on screen
-    BusyState m_busy;               ///< while a workflow runs or a dialog is open
+    WindowProgress m_progress;
+    BusyState m_busy; ///< while a workflow runs or a dialog is open
 
     ActionGate *const m_actionGate;
-    SongList *m_songs = nullptr;                ///< null when the database could not be opened
+    ActionButtons m_buttons;
     MissingLibrary *m_missingLibrary = nullptr; ///< only when the database could not be opened
+
+    // These are null when the database could not be opened.
+    SongList *m_songs = nullptr;
+    QScopedPointer<SongImport> m_import;
+    QScopedPointer<SongSync> m_sync;
+    RowEditing *m_rows = nullptr;
 };

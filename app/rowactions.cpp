@@ -14,7 +14,7 @@ RowActions::RowActions(QTableView *view, const Actions &actions, ActionGate &gat
 {
     m_actions.edit->setShortcuts({Qt::Key_Return, Qt::Key_Enter});
 #ifdef Q_OS_MACOS
-    m_actions.remove->setShortcuts({Qt::Key_Backspace, Qt::Key_Delete}); // as its keyboards have it
+    m_actions.remove->setShortcuts({Qt::Key_Backspace, Qt::Key_Delete}); // as on Mac keyboards
 #else
     m_actions.remove->setShortcut(Qt::Key_Delete);
 #endif
@@ -29,7 +29,7 @@ RowActions::RowActions(QTableView *view, const Actions &actions, ActionGate &gat
     connect(m_actions.deleteFile, &QAction::triggered, this,
             [this] { emit deleteRequested(chosenRow()); });
 
-    // A reset clears the selection without a word.
+    // A reset of the model clears the selection without a signal.
     connect(m_view->model(), &QAbstractItemModel::modelReset, this, &RowActions::enableActions);
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &RowActions::enableActions);

@@ -42,12 +42,13 @@ SongDrop::SongDrop(QWidget *window, const BusyState &busy)
     : QObject(window)
     , m_window(window)
     , m_busy(busy)
+    , m_sending(this)
 {
     m_sending.setSingleShot(true);
     connect(&m_sending, &QTimer::timeout, this, &SongDrop::send);
     m_window->setAcceptDrops(true);
     m_window->installEventFilter(this);
-    qApp->installEventFilter(this); // which gets the events of the program's icon
+    qApp->installEventFilter(this); // Qt sends the events of the program's icon to qApp
 }
 
 bool SongDrop::eventFilter(QObject *watched, QEvent *event)

@@ -9,7 +9,7 @@ class BusyState;
 class QDropEvent;
 
 /**
- * Takes what holds a folder or a file named like a song, and nothing while a workflow runs. The
+ * Accepts a drop with a folder or a file named like a song, and none while a workflow runs. The
  * files stay where they are: every drop is a copy. macOS sends an event of its own for each file
  * that is dropped on the program's icon; what comes within a moment counts as one drop.
  */
@@ -24,7 +24,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 signals:
-    /** Sent when the drop is over, so that the desktop does not wait for what follows. */
+    /** Sent when the drop is over, so that the desktop does not wait for the import. */
     void dropped(const QStringList &paths);
 
 private:

@@ -128,7 +128,9 @@ bool SongFilter::fieldKey(int key)
     }
 }
 
-/** From the field into the list: to the chosen row, or to the first one that is shown. */
+/**
+ * Moves the focus from the field to the list: to the chosen row, or to the first one that is shown.
+ */
 void SongFilter::focusList()
 {
     const int row = nearestShownRow(0);

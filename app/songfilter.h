@@ -10,10 +10,9 @@ class QTableView;
 class UserSongsRelTableModel;
 
 /**
- * Hides rows in the view, nothing else: the model and its row numbers know nothing of it. A row
- * that is hidden is no longer chosen. Rows that come or change are looked at as soon as no workflow
- * runs any more: going through all rows after each of thousands of songs would take longer than the
- * songs do.
+ * Only hides rows in the view: the model and its row numbers do not change. A row that is hidden is
+ * no longer chosen. Rows that come or change are looked at as soon as no workflow runs any more:
+ * going through all rows after each of thousands of songs would take longer than the songs do.
  */
 class SongFilter : public QObject
 {

@@ -27,9 +27,9 @@ class MainWindow;
 QT_END_NAMESPACE
 
 /**
- * The table with all that surrounds it: columns, sort menu, search field, the menu entries for one
- * song and the numbers in the status bar. It changes no song itself: what the user wants done with
- * one is told by signals, and only while no other work runs.
+ * The table with everything that belongs to it: columns, sort menu, search field, the menu entries
+ * for one song and the numbers in the status bar. It changes no song itself: what the user wants
+ * done with one is told by signals, and only while no other work runs.
  */
 class SongList : public QObject
 {

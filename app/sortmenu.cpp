@@ -13,7 +13,7 @@ SortMenu::SortMenu(QMenu *menu, const QTableView *view, ColumnLayout *columns)
     , m_columns(columns)
 {
     connect(m_menu, &QMenu::aboutToShow, this, &SortMenu::fill);
-    fill(); // a menu that holds nothing is not opened at all
+    fill(); // Qt does not open an empty menu
 }
 
 void SortMenu::fill()

@@ -15,7 +15,7 @@ class QTableView;
 class UserSongsRelTableModel;
 
 /**
- * Counts the songs by status some time after they changed, and not more than a few times a second:
+ * Counts the songs by status a moment after they changed, and not more than a few times a second:
  * adding thousands of songs must not become slower. Each number stands beside the colour that its
  * rows have. A button tells how many files were not read and opens their list.
  */

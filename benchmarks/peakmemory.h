@@ -4,7 +4,6 @@
 #include <QFile>
 
 /** The most memory that this process has had since it began or since forgetPeak(), in MB. */
-/** The most memory that this process has had, in MB. */
 inline double peakMemory()
 {
     QFile status(QStringLiteral("/proc/self/status"));

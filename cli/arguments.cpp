@@ -48,6 +48,9 @@ struct Texts {
     bool zero = false;
     bool dryRun = false;
     bool duplicates = false;
+    bool verify = false;
+    bool inLine = false;
+    bool remove = false;
     std::string title;
     std::string artist;
     std::string genre;
@@ -91,6 +94,12 @@ Split split(const QList<QByteArray> &arguments)
         if (argument == "--") {
             parts.behindDashes = arguments.mid(place + 1);
             break;
+        }
+        // "--title=" is an empty text; the parser would take the next argument for it.
+        if (argument.startsWith("--") && argument.indexOf('=') == argument.size() - 1) {
+            parts.marked.push_back(argument.chopped(1).toStdString());
+            parts.marked.emplace_back(1, plainMark);
+            continue;
         }
         const bool isOption = argument.startsWith('-') && argument != "-";
         if (isOption || isCommandWord(arguments, place))
@@ -187,8 +196,8 @@ private:
         const auto isOneOf = [kind](std::initializer_list<Command> kinds) {
             return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
         };
-        if (isOneOf({Command::Show, Command::Sync, Command::IndexCheck, Command::List,
-                     Command::Remove, Command::Eject, Command::CatalogueFind}))
+        if (isOneOf({Command::Show, Command::Sync, Command::Transfer, Command::IndexCheck,
+                     Command::List, Command::Remove, Command::Eject, Command::CatalogueFind}))
             command.add_flag("--json", m_texts.json);
         if (isOneOf(
                 {Command::Show, Command::Set, Command::Sync, Command::Transfer, Command::Remove}))
@@ -204,10 +213,14 @@ private:
         }
         if (isOneOf({Command::Sync})) {
             command.add_option("--backup", m_texts.backup);
-            command.add_flag("--dry-run", m_texts.dryRun);
             command.add_option("--unsigned", m_texts.changeUnsigned);
         }
+        if (isOneOf({Command::Sync, Command::Transfer}))
+            command.add_flag("--dry-run", m_texts.dryRun);
         if (isOneOf({Command::Transfer})) {
+            command.add_flag("--verify", m_texts.verify);
+            command.add_flag("--in-line", m_texts.inLine);
+            command.add_flag("--remove", m_texts.remove);
             command.add_option("--to", m_texts.to);
             command.add_option("--replace", m_texts.replace);
         }
@@ -319,6 +332,13 @@ QString Arguments::whatIsWrong(const Request &request)
         return tr("Manca il dato da modificare, per esempio --title");
     if (request.command == Command::Transfer && request.to.isEmpty())
         return tr("Manca la cartella di destinazione: --to CARTELLA");
+    if (request.remove && !request.inLine)
+        return tr("%1 vale solo con %2")
+            .arg(QStringLiteral("--remove"), QStringLiteral("--in-line"));
+    if (request.command == Command::Transfer && request.form == Request::Form::Json &&
+        !request.dryRun && !request.inLine)
+        return tr("%1 vale solo con %2")
+            .arg(QStringLiteral("--json"), QStringLiteral("--dry-run, --in-line"));
     const bool takesOne = takesOneArgument(request.command);
     if (request.paths.isEmpty() && !request.pathsFromStandardInput)
         return takesOne ? tr("Manca un argomento") : tr("Mancano i file");
@@ -352,6 +372,9 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
     request.pathsFromStandardInput = texts.zero;
     request.dryRun = texts.dryRun;
     request.duplicates = texts.duplicates;
+    request.verify = texts.verify;
+    request.inLine = texts.inLine;
+    request.remove = texts.remove;
     request.to = plain(texts.to);
     if (grammar.has("--backup"))
         request.backup = plain(texts.backup);

@@ -16,7 +16,10 @@ class Arguments
     Q_DECLARE_TR_FUNCTIONS(Arguments)
 
 public:
-    /** What they ask for, and what is wrong with them: then the request tells the command only. */
+    /**
+     * What the arguments ask for, and what is wrong with them; with an error only the request's
+     * command is set.
+     */
     struct Result {
         Request request;
         QString error; ///< a sentence for the user; empty when the request can be carried out

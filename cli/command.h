@@ -1,4 +1,4 @@
-// What a command has at hand. Each command is a class of its own with a function run().
+// What each command can use. Each command is a class of its own with a function run().
 #pragma once
 
 #include "cli/exitstatus.h"

@@ -1,11 +1,11 @@
 #include "cli/ejectcommand.h"
 
-#include "cli/memoryroot.h"
+#include "cli/songpaths.h"
 #include "devindex/eject.h"
 
 ExitStatus EjectCommand::run()
 {
-    const std::optional<QString> root = memoryRootOf(m_request.paths.constFirst(), m_terminal);
+    const std::optional<QString> root = SongPaths::memory(m_request.paths.constFirst(), m_terminal);
     if (!root)
         return ExitStatus::NothingDone;
     const std::unique_ptr<Ejector> ejector = Ejector::ofSystem();

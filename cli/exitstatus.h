@@ -1,4 +1,4 @@
-// How the program tells a script what became of its command.
+// The exit status, by which a script learns how the command ended.
 #pragma once
 
 enum class ExitStatus {

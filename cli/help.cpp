@@ -35,8 +35,12 @@ const QList<Usage> &usages()
                         "FILE|DIR...")},
         {Command::Transfer,
          {QStringLiteral("kavena transfer Songs --to /media/$USER/CARD/songs"),
-          QStringLiteral("kavena transfer --replace yes --to /media/$USER/CARD *.mid")},
-         QStringLiteral("--to FOLDER [--replace yes|no] [--rename yes|no] [-0] FILE|DIR...")},
+          QStringLiteral("kavena transfer --replace yes --to /media/$USER/CARD *.mid"),
+          QStringLiteral("kavena transfer --dry-run Songs --to /media/$USER/CARD"),
+          QStringLiteral("kavena transfer --in-line Songs --to /media/$USER/CARD")},
+         QStringLiteral("--to FOLDER [--replace yes|no] [--rename yes|no] [--verify]\n"
+                        "                  [--dry-run] [--in-line [--remove]] [--json] [-0] "
+                        "FILE|DIR...")},
         {Command::IndexUpdate,
          {QStringLiteral("kavena index update /media/$USER/CARD")},
          QStringLiteral("[--rename yes|no] MEMORY")},
@@ -98,6 +102,9 @@ QString Help::text(Command command)
     option("--unsigned yes|no", tr("modifica anche le song senza la firma del produttore"));
     option("--to FOLDER", tr("la cartella di destinazione, in una memoria"));
     option("--replace yes|no", tr("sostituisce i file che ci sono già"));
+    option("--verify", tr("rilegge dalla memoria ogni copia e la confronta"));
+    option("--in-line", tr("copia ciò che è nuovo o diverso ed elenca le song in più"));
+    option("--remove", tr("con --in-line: rimuove le song in più, con le loro immagini"));
     option("--rename yes|no", tr("accorcia i nomi troppo lunghi per il player"));
     option("--sort title|artist|genre", tr("l'ordine dell'elenco"));
     option("--duplicates", tr("solo le song che ci sono più volte, per gruppi"));

@@ -3,24 +3,14 @@
 #include "cli/songpaths.h"
 #include "devindex/index.h"
 #include "devindex/memorycheck.h"
-#include "devindex/mountedvolumes.h"
 #include "storage/memorylock.h"
-
-#include <QFileInfo>
 
 ExitStatus IndexCommand::run()
 {
-    const std::optional<QString> path = SongPaths::decode(m_request.paths.constFirst(), m_terminal);
-    if (!path)
+    const std::optional<QString> root = SongPaths::memory(m_request.paths.constFirst(), m_terminal);
+    if (!root)
         return ExitStatus::NothingDone;
-    const QString absolute = QFileInfo(*path).absoluteFilePath();
-    if (!QFileInfo(absolute).isDir())
-        return m_terminal.refuse(*path, QCoreApplication::translate(
-                                            "IndexDialog", "Il percorso selezionato non esiste"));
-    // A folder on a mounted memory stands for the memory; any other is taken for one itself.
-    const QString memory = MountedVolumes().getRootDrivePath(absolute);
-    const QString root = memory.isEmpty() ? absolute : memory;
-    return m_request.command == Request::Command::IndexCheck ? check(root) : build(root);
+    return m_request.command == Request::Command::IndexCheck ? check(*root) : build(*root);
 }
 
 ExitStatus IndexCommand::check(const QString &root)

@@ -16,8 +16,11 @@ extern "C" void noteSignal(int)
 
 void interrupt::catchSignals()
 {
-    std::signal(SIGINT, noteSignal);
-    std::signal(SIGTERM, noteSignal);
+    // Without SA_RESTART: a read that waits for a pipe or a terminal ends with the signal.
+    struct sigaction action = {};
+    action.sa_handler = noteSignal;
+    sigaction(SIGINT, &action, nullptr);
+    sigaction(SIGTERM, &action, nullptr);
 #ifdef SIGPIPE
     // Writing to a reader that has gone fails then, and the program stops as after Ctrl+C.
     std::signal(SIGPIPE, SIG_IGN);

@@ -10,7 +10,7 @@ void catchSignals();
 /** True once one of the signals came. */
 bool isRequested();
 
-/** As if a signal had come: what reads our output has gone. */
+/** Stops as if a signal had come: the program that reads the output has ended. */
 void request();
 
 } // namespace interrupt

@@ -173,6 +173,29 @@ void JsonWriter::finding(const MemoryCheck::Finding &finding)
                    '\n');
 }
 
+void JsonWriter::planned(const TransferPlan::Item &item)
+{
+    const bool isRemoval = item.state == TransferPlan::State::Remove;
+    const QString destination = item.destination();
+    m_output.write(Object()
+                       .add("path", item.path)
+                       .add("target", destination.isEmpty() ? item.target : destination)
+                       .add("state", QString::fromUtf8(stateName(item.state)))
+                       .add("bytes", isRemoval ? item.room : qMax<qint64>(item.growth(), 0))
+                       .json() +
+                   '\n');
+}
+
+void JsonWriter::planSum(const TransferPlan &plan)
+{
+    m_output.write(Object()
+                       .add("needed", plan.bytesNeeded())
+                       .add("free", qMax<qint64>(plan.freeBytes, 0))
+                       .add("songs", plan.songsAfter())
+                       .json() +
+                   '\n');
+}
+
 void JsonWriter::catalogueSong(const SongsDbRecord &song)
 {
     m_output.write(Object()
@@ -188,6 +211,29 @@ void JsonWriter::catalogueSong(const SongsDbRecord &song)
                        .addList("markers", markerObjects(song.markers))
                        .json() +
                    '\n');
+}
+
+const char *JsonWriter::stateName(TransferPlan::State state)
+{
+    switch (state) {
+    case TransferPlan::State::New:
+        return "new";
+    case TransferPlan::State::Same:
+        return "same";
+    case TransferPlan::State::Differs:
+        return "differs";
+    case TransferPlan::State::Renamed:
+        return "renamed";
+    case TransferPlan::State::Collides:
+        return "collides";
+    case TransferPlan::State::Unreadable:
+        return "unreadable";
+    case TransferPlan::State::TooLong:
+        return "too-long";
+    case TransferPlan::State::Remove:
+        return "remove";
+    }
+    return "";
 }
 
 const char *JsonWriter::fieldName(ChangePreview::Field field)

@@ -23,10 +23,15 @@ public:
     void removed(const QString &path, const QString &reason) override;
     void ejected(const QString &memory, bool isEjected, const QString &text) override;
     void finding(const MemoryCheck::Finding &finding) override;
+    void planned(const TransferPlan::Item &item) override;
+    void planSum(const TransferPlan &plan) override;
     void catalogueSong(const SongsDbRecord &song) override;
 
-    /** A change's field as the lines name it. */
+    /** The name of a change's field in the JSON lines. */
     static const char *fieldName(ChangePreview::Field field);
+
+    /** A state as the lines name it. */
+    static const char *stateName(TransferPlan::State state);
 
 private:
     StandardOutput &m_output;

@@ -1,6 +1,6 @@
 #include "cli/listcommand.h"
 
-#include "cli/memoryroot.h"
+#include "cli/songpaths.h"
 #include "devindex/entrysort.h"
 #include "devindex/index.h"
 #include "devindex/memoryduplicates.h"
@@ -8,7 +8,7 @@
 
 ExitStatus ListCommand::run()
 {
-    const std::optional<QString> root = memoryRootOf(m_request.paths.constFirst(), m_terminal);
+    const std::optional<QString> root = SongPaths::memory(m_request.paths.constFirst(), m_terminal);
     if (!root)
         return ExitStatus::NothingDone;
     return m_request.duplicates ? listDuplicates(*root) : listSongs(*root);

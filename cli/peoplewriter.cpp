@@ -3,12 +3,15 @@
 #include "cli/shownname.h"
 #include "cli/standardoutput.h"
 #include "devindex/indexrecords.h"
+#include "devindex/sizetext.h"
 #include "library/songtable.h"
 
 namespace
 {
 
-constexpr int labelWidth = 13;
+using Field = ChangePreview::Field;
+
+constexpr int labelWidth = 15; // a longer label stands out, with its space
 constexpr int idWidth = 6;
 constexpr int formatWidth = 4;
 
@@ -18,13 +21,14 @@ void PeopleWriter::song(const QString &path, const SongInfo &info)
 {
     line(path);
     item(tr("Formato"), info.format);
-    item(tr("Titolo"), info.title);
-    item(tr("Interprete"), info.artist);
-    item(tr("Genere"), info.genre);
-    item(tr("Autore"), info.author);
-    item(tr("Durata"), info.length > 0 ? SongTable::lengthText(info.length) : QString());
-    number(tr("BPM"), info.userBpm);
-    item(tr("Tonalità"), info.key);
+    item(ChangePreview::fieldName(Field::Title), info.title);
+    item(ChangePreview::fieldName(Field::Artist), info.artist);
+    item(ChangePreview::fieldName(Field::Genre), info.genre);
+    item(ChangePreview::fieldName(Field::Author), info.author);
+    item(ChangePreview::fieldName(Field::Length),
+         info.length > 0 ? SongTable::lengthText(info.length) : QString());
+    number(ChangePreview::fieldName(Field::Tempo), info.userBpm);
+    item(ChangePreview::fieldName(Field::Key), info.key);
     item(tr("Firma"), info.isKravo ? tr("sì") : tr("no"));
     markers(info.markers);
     line({});
@@ -43,9 +47,9 @@ void PeopleWriter::changes(const QString &path, bool found,
         line(path);
     for (const ChangePreview::Change &change : changes) {
         const auto shown = [](const QString &text) {
-            return text.isEmpty() ? tr("(vuoto)") : text;
+            return text.isEmpty() ? ChangePreview::emptyValue() : text;
         };
-        item(fieldLabel(change.field),
+        item(ChangePreview::fieldName(change.field),
              shown(change.before) + QStringLiteral(" -> ") + shown(change.after));
     }
 }
@@ -54,9 +58,9 @@ void PeopleWriter::listed(const SongInfoIndex &song)
 {
     line(QStringList{QString::number(song.id).rightJustified(idWidth),
                      formatName(song).leftJustified(formatWidth),
-                     song.title.leftJustified(SongRecord::TitleSize),
-                     song.artist.leftJustified(GroupHeader::TextSize),
-                     song.genre.leftJustified(GroupHeader::TextSize), song.path}
+                     song.title.leftJustified(SongRecord::titleSize),
+                     song.artist.leftJustified(GroupHeader::textSize),
+                     song.genre.leftJustified(GroupHeader::textSize), song.path}
              .join(QStringLiteral("  ")));
 }
 
@@ -79,16 +83,34 @@ void PeopleWriter::finding(const MemoryCheck::Finding &finding)
     line(finding.path + QStringLiteral(": ") + finding.text);
 }
 
+void PeopleWriter::planned(const TransferPlan::Item &item)
+{
+    const QString destination = item.destination();
+    const QString place = destination.isEmpty() ? item.target : destination;
+    line(stateLabel(item.state) + QStringLiteral(": ") + item.path +
+         (place.isEmpty() ? place : QStringLiteral(" -> ") + place));
+}
+
+void PeopleWriter::planSum(const TransferPlan &plan)
+{
+    line(tr("Da copiare: %1; liberi: %2; song nella memoria dopo: %3")
+             .arg(sizeText(plan.bytesNeeded()),
+                  plan.freeBytes < 0 ? QStringLiteral("?") : sizeText(plan.freeBytes),
+                  QString::number(plan.songsAfter())));
+}
+
 void PeopleWriter::catalogueSong(const SongsDbRecord &song)
 {
     line(song.title);
     item(tr("File"), song.filename);
-    item(tr("Interprete"), song.altartist.isEmpty() ? song.artist : song.altartist);
-    item(tr("Genere"), song.genre);
-    item(tr("Autore"), song.author);
-    item(tr("Durata"), song.length > 0 ? SongTable::lengthText(song.length) : QString());
-    number(tr("BPM"), song.bpm);
-    item(tr("Tonalità"), song.key);
+    item(ChangePreview::fieldName(Field::Artist),
+         song.altartist.isEmpty() ? song.artist : song.altartist);
+    item(ChangePreview::fieldName(Field::Genre), song.genre);
+    item(ChangePreview::fieldName(Field::Author), song.author);
+    item(ChangePreview::fieldName(Field::Length),
+         song.length > 0 ? SongTable::lengthText(song.length) : QString());
+    number(ChangePreview::fieldName(Field::Tempo), song.bpm);
+    item(ChangePreview::fieldName(Field::Key), song.key);
     markers(song.markers);
     line({});
 }
@@ -102,7 +124,8 @@ void PeopleWriter::line(const QString &text)
 void PeopleWriter::item(const QString &label, const QString &text)
 {
     if (!text.isEmpty())
-        line(QStringLiteral("  ") + (label + QLatin1Char(':')).leftJustified(labelWidth) + text);
+        line(QStringLiteral("  ") + (label + QLatin1Char(':')).leftJustified(labelWidth) +
+             QLatin1Char(' ') + text);
 }
 
 void PeopleWriter::number(const QString &label, qint32 number)
@@ -116,30 +139,28 @@ void PeopleWriter::markers(const QList<Marker> &markers)
     QStringList texts;
     for (const Marker &marker : markers)
         texts.append(QString::number(marker.bar) + QLatin1Char(' ') + marker.text);
-    item(tr("Marker"), texts.join(QStringLiteral(", ")));
+    item(ChangePreview::fieldName(Field::Markers), texts.join(QStringLiteral(", ")));
 }
 
-QString PeopleWriter::fieldLabel(ChangePreview::Field field)
+QString PeopleWriter::stateLabel(TransferPlan::State state)
 {
-    switch (field) {
-    case ChangePreview::Field::Title:
-        return tr("Titolo");
-    case ChangePreview::Field::Artist:
-        return tr("Interprete");
-    case ChangePreview::Field::Genre:
-        return tr("Genere");
-    case ChangePreview::Field::Author:
-        return tr("Autore");
-    case ChangePreview::Field::Length:
-        return tr("Durata");
-    case ChangePreview::Field::Tempo:
-        return tr("BPM");
-    case ChangePreview::Field::Key:
-        return tr("Tonalità");
-    case ChangePreview::Field::Markers:
-        return tr("Marker");
-    case ChangePreview::Field::MarkersShown:
-        return tr("Marker attivi");
+    switch (state) {
+    case TransferPlan::State::New:
+        return tr("nuova");
+    case TransferPlan::State::Same:
+        return tr("già presente");
+    case TransferPlan::State::Differs:
+        return tr("diversa");
+    case TransferPlan::State::Renamed:
+        return tr("già presente con un altro nome");
+    case TransferPlan::State::Collides:
+        return tr("stesso nome di un'altra song");
+    case TransferPlan::State::Unreadable:
+        return tr("illeggibile");
+    case TransferPlan::State::TooLong:
+        return tr("nome non possibile sulla memoria");
+    case TransferPlan::State::Remove:
+        return tr("non è nell'elenco");
     }
     return {};
 }

@@ -28,6 +28,8 @@ public:
     void removed(const QString &path, const QString &reason) override;
     void ejected(const QString &memory, bool isEjected, const QString &text) override;
     void finding(const MemoryCheck::Finding &finding) override;
+    void planned(const TransferPlan::Item &item) override;
+    void planSum(const TransferPlan &plan) override;
     void catalogueSong(const SongsDbRecord &song) override;
 
 private:
@@ -35,7 +37,7 @@ private:
     void item(const QString &label, const QString &text);
     void number(const QString &label, qint32 number);
     void markers(const QList<Marker> &markers);
-    static QString fieldLabel(ChangePreview::Field field);
+    static QString stateLabel(TransferPlan::State state);
 
     StandardOutput &m_output;
     int m_group = 0; ///< of the song written last

@@ -1,6 +1,5 @@
 #include "cli/removecommand.h"
 
-#include "cli/memoryroot.h"
 #include "cli/songpaths.h"
 #include "devindex/songchanges.h"
 
@@ -26,9 +25,10 @@ QString pathOnMemory(const QString &root, const QString &given)
 
 ExitStatus RemoveCommand::run()
 {
-    const std::optional<QString> root = memoryRootOf(m_request.paths.constFirst(), m_terminal);
+    std::optional<QString> root = SongPaths::memory(m_request.paths.constFirst(), m_terminal);
     if (!root)
         return ExitStatus::NothingDone;
+    root = QDir::cleanPath(*root);
     const std::optional<QStringList> paths = songs(*root);
     if (!paths)
         return ExitStatus::NothingDone;
@@ -61,8 +61,10 @@ ExitStatus RemoveCommand::run()
 std::optional<QStringList> RemoveCommand::songs(const QString &root)
 {
     QStringList paths;
-    const QList<QByteArray> given = SongPaths::given(m_request).mid(1);
-    for (const QByteArray &argument : given) {
+    const std::optional<QList<QByteArray>> given = SongPaths::given(m_request, m_terminal);
+    if (!given)
+        return {};
+    for (const QByteArray &argument : given->mid(1)) {
         const std::optional<QString> path = SongPaths::decode(argument, m_terminal);
         if (!path)
             return {};

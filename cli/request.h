@@ -51,6 +51,9 @@ struct Request {
     bool pathsFromStandardInput = false;
     Edit edit;
     bool dryRun = false;
+    bool verify = false; ///< copies are read back
+    bool inLine = false; ///< the memory gets what the list has, and only that
+    bool remove = false;
     std::optional<QByteArray> backup;
     QByteArray to;
     std::optional<bool> replace; ///< nothing: the user is asked
@@ -59,5 +62,5 @@ struct Request {
     std::optional<bool> confirm;
     bool duplicates = false;
     Index::SORT_MODE sort = Index::SortByTitle;
-    QString text; ///< to be found in the catalogue
+    QString text; ///< what to search the catalogue for
 };

@@ -25,11 +25,13 @@ SongInfo edited(SongInfo info, const Request::Edit &edit)
 
 ExitStatus SetCommand::run()
 {
-    const QList<QByteArray> paths = SongPaths::given(m_request);
+    const std::optional<QList<QByteArray>> paths = SongPaths::given(m_request, m_terminal);
+    if (!paths)
+        return m_terminal.status();
     const auto progress =
-        m_terminal.openProgress({}, tr("Modifica"), static_cast<int>(paths.size()));
+        m_terminal.openProgress({}, tr("Modifica"), static_cast<int>(paths->size()));
     int done = 0;
-    for (const QByteArray &bytes : paths) {
+    for (const QByteArray &bytes : *paths) {
         if (m_terminal.isStopped())
             break;
         if (const std::optional<QString> path = SongPaths::decode(bytes, m_terminal))

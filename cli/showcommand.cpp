@@ -7,11 +7,13 @@
 
 ExitStatus ShowCommand::run()
 {
-    const QList<QByteArray> paths = SongPaths::given(m_request);
+    const std::optional<QList<QByteArray>> paths = SongPaths::given(m_request, m_terminal);
+    if (!paths)
+        return m_terminal.status();
     const auto progress =
-        m_terminal.openProgress({}, tr("Lettura"), static_cast<int>(paths.size()));
+        m_terminal.openProgress({}, tr("Lettura"), static_cast<int>(paths->size()));
     int done = 0;
-    for (const QByteArray &path : paths) {
+    for (const QByteArray &path : *paths) {
         if (m_terminal.isStopped())
             break;
         show(path);

@@ -1,4 +1,4 @@
-// Names of files, and texts from them, made fit to be shown.
+// Makes names of files, and texts from files, safe to be shown.
 #pragma once
 
 #include <QByteArray>

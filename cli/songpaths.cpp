@@ -2,50 +2,102 @@
 
 #include "cli/shownname.h"
 #include "cli/terminal.h"
+#include "devindex/mountedvolumes.h"
 #include "formats/songnames.h"
 #include "library/songsearch.h"
+#include "storage/nametext.h"
 
-#include <QFile>
 #include <QFileInfo>
 
+#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
+
+namespace
+{
+
+constexpr qsizetype longestPath = 65536; // no system knows longer ones
+
+} // namespace
 
 QString SongPaths::notUtf8()
 {
     return tr("Il nome non è in UTF-8 e il file non può essere aperto");
 }
 
-QList<QByteArray> SongPaths::given(const Request &request)
+std::optional<QList<QByteArray>> SongPaths::given(const Request &request, Terminal &terminal)
 {
     QList<QByteArray> paths = request.paths;
     if (!request.pathsFromStandardInput)
         return paths;
-    QFile input;
-    if (!input.open(stdin, QFile::ReadOnly))
-        return paths;
-    const QList<QByteArray> listed = input.readAll().split('\0');
-    for (const QByteArray &path : listed) {
-        if (!path.isEmpty()) // behind the last one, too, there is a zero byte
-            paths.append(path);
+    QByteArray path;
+    std::array<char, 65536> bytes{};
+    std::size_t size = 0;
+    do {
+        size = std::fread(bytes.data(), 1, bytes.size(), stdin);
+        for (const char byte : QByteArrayView(bytes.data(), static_cast<qsizetype>(size))) {
+            if (byte != '\0') {
+                path += byte;
+            } else if (!path.isEmpty()) {
+                paths.append(path);
+                path.clear();
+            }
+            if (path.size() > longestPath)
+                break;
+        }
+        if (terminal.isStopped())
+            return std::nullopt;
+    } while (size == bytes.size() && path.size() <= longestPath);
+    if (std::ferror(stdin) != 0 || path.size() > longestPath) {
+        terminal.fail(QStringLiteral("-0"), tr("L'elenco non può essere letto"));
+        return std::nullopt;
     }
+    if (!path.isEmpty()) // the last one needs no zero byte
+        paths.append(path);
     return paths;
 }
 
 std::optional<QString> SongPaths::decode(const QByteArray &path, Terminal &terminal)
 {
+    // Qt takes a colon at the beginning for the files that are part of the program.
     if (path.isValidUtf8())
-        return QString::fromUtf8(path);
+        return path.startsWith(':') ? QStringLiteral("./") + nameText(path) : nameText(path);
     terminal.fail(shownName(path), notUtf8());
     return std::nullopt;
+}
+
+std::optional<QString> SongPaths::folder(const QByteArray &path, Terminal &terminal)
+{
+    const std::optional<QString> given = decode(path, terminal);
+    if (!given)
+        return std::nullopt;
+    const QFileInfo info(*given);
+    if (info.isDir())
+        return info.absoluteFilePath();
+    terminal.refuse(
+        *given, QCoreApplication::translate("IndexDialog", "Il percorso selezionato non esiste"));
+    return std::nullopt;
+}
+
+std::optional<QString> SongPaths::memory(const QByteArray &path, Terminal &terminal)
+{
+    std::optional<QString> root = folder(path, terminal);
+    if (!root)
+        return root;
+    const QString mounted = MountedVolumes().getRootDrivePath(*root);
+    if (!mounted.isEmpty())
+        root = mounted;
+    return root;
 }
 
 std::optional<QStringList> SongPaths::songs(const Request &request, Terminal &terminal)
 {
     QStringList songs;
-    const QList<QByteArray> paths = given(request);
-    for (const QByteArray &bytes : paths) {
+    const std::optional<QList<QByteArray>> paths = given(request, terminal);
+    if (!paths)
+        return std::nullopt;
+    for (const QByteArray &bytes : *paths) {
         const std::optional<QString> path = decode(bytes, terminal);
         if (!path)
             continue;
@@ -54,7 +106,8 @@ std::optional<QStringList> SongPaths::songs(const Request &request, Terminal &te
             songs.append(*path);
             continue;
         }
-        const auto found = SongSearch(terminal.progressOpener()).search({*path});
+        SongSearch search(terminal.progressOpener());
+        const auto found = search.search({*path});
         if (terminal.isStopped() || !found)
             return std::nullopt;
         QString folder = *path;
@@ -65,6 +118,8 @@ std::optional<QStringList> SongPaths::songs(const Request &request, Terminal &te
             const QString rest = song.mid(absolute);
             songs.append(rest.startsWith(QLatin1Char('/')) ? folder + rest : song);
         }
+        for (const QString &unreadable : search.unreadable())
+            terminal.fail(unreadable, tr("La cartella non può essere letta"));
         nameUnusable(*path, terminal);
     }
     songs.removeDuplicates();

@@ -46,6 +46,9 @@ public:
     /** Counts something that was done. */
     void countDone() { ++m_done; }
 
+    /** True when there is somebody who can answer. */
+    bool canAsk() const { return m_canAsk; }
+
     int failures() const { return m_failures; }
 
     /** What the counts come to; a run that was stopped has done part of its work at most. */

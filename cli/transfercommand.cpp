@@ -1,9 +1,6 @@
 #include "cli/transfercommand.h"
 
 #include "cli/songpaths.h"
-#include "devindex/transfer.h"
-
-#include <QFileInfo>
 
 namespace
 {
@@ -41,15 +38,17 @@ public:
 
     void warn(const QString &, const QString &text) override { m_terminal.refuse(m_folder, text); }
 
-    // Failures are named one by one, and success is told by silence.
+    // Each failure is named; nothing is printed when all went well.
     void inform(const QString &, const QString &) override {}
     void showFailure(const QString &, const QString &) override {}
 
     void tellCounts(const QString &, const QString &text, const QStringList &failed,
-                    const QStringList &) override
+                    const QStringList &skipped) override
     {
         for (const QString &song : failed)
             m_terminal.fail(song);
+        for (const QString &song : skipped)
+            m_terminal.note(song);
         m_terminal.note(text.split(QLatin1Char('\n')).join(QStringLiteral(". ")));
     }
 
@@ -63,19 +62,115 @@ private:
 
 ExitStatus TransferCommand::run()
 {
-    const std::optional<QString> to = SongPaths::decode(m_request.to, m_terminal);
-    if (!to)
+    const std::optional<QString> folder = SongPaths::folder(m_request.to, m_terminal);
+    if (!folder)
         return ExitStatus::NothingDone;
-    const QString folder = QFileInfo(*to).absoluteFilePath();
-    if (!QFileInfo(folder).isDir())
-        return m_terminal.refuse(
-            *to, QCoreApplication::translate("IndexDialog", "Il percorso selezionato non esiste"));
     const std::optional<QStringList> songs = SongPaths::songs(m_request, m_terminal);
     if (!songs || songs->isEmpty())
         return m_terminal.failures() > 0 ? ExitStatus::WithFailures : ExitStatus::NothingDone;
 
-    TransferAnswers answers(m_request, m_terminal, folder);
-    switch (Transfer(answers, m_terminal.progressOpener()).transferFiles(*songs)) {
+    TransferAnswers answers(m_request, m_terminal, *folder);
+    Transfer transfer(answers, m_terminal.progressOpener());
+    transfer.setReadBack(m_request.verify);
+    return m_request.dryRun || m_request.inLine ? runPlan(transfer, answers, *songs)
+                                                : statusOf(transfer.transferFiles(*songs));
+}
+
+ExitStatus TransferCommand::runPlan(Transfer &transfer, TransferUser &user,
+                                    const QStringList &songs)
+{
+    std::optional<TransferPlan> plan = transfer.planTransfer(songs, m_request.inLine);
+    if (!plan) {
+        m_terminal.isStopped();
+        return ExitStatus::NothingDone;
+    }
+    choose(*plan);
+    if (m_request.inLine && (!m_request.dryRun || m_request.remove))
+        askToRemove(*plan);
+    if (m_request.dryRun)
+        return tellPlan(*plan);
+    const QString missing = whatIsMissing(*plan);
+    if (!missing.isEmpty() && !user.askAnyway({}, missing))
+        return ExitStatus::NothingDone;
+    return statusOf(transfer.carryOut(*plan));
+}
+
+/** The remedies that the options decide about. */
+void TransferCommand::choose(TransferPlan &plan) const
+{
+    for (TransferPlan::Item &item : plan.items) {
+        if (item.state == TransferPlan::State::Differs && !m_request.replace.value_or(true))
+            item.remedy = TransferPlan::Remedy::Skip;
+    }
+}
+
+/** Names the songs that are not in the list, and ticks them if that is wanted. */
+void TransferCommand::askToRemove(TransferPlan &plan)
+{
+    using State = TransferPlan::State;
+    const int count = plan.count(State::Remove);
+    if (count == 0)
+        return;
+    if (!m_request.dryRun) {
+        for (const TransferPlan::Item &item : std::as_const(plan.items)) {
+            if (item.state == State::Remove)
+                m_writer.planned(item);
+        }
+    }
+    m_terminal.note(tr("Song della memoria che non sono nell'elenco: %1").arg(count));
+    if (!m_request.remove) {
+        m_terminal.note(tr("Restano; %1 le rimuove.").arg(QStringLiteral("--remove")));
+        return;
+    }
+    // Songs that could not even be listed may be among them.
+    if (m_terminal.failures() > 0) {
+        m_terminal.fail(tr("Nessuna song viene rimossa, perché l'elenco non è completo."));
+        return;
+    }
+    if (!m_request.dryRun && m_terminal.canAsk()) {
+        const Answer answer =
+            m_terminal.ask(plan.folder, tr("Rimuovere queste song dalla memoria?"), nullptr, {});
+        if (answer != Answer::Yes && answer != Answer::YesToAll)
+            return;
+    }
+    for (TransferPlan::Item &item : plan.items) {
+        if (item.state == State::Remove)
+            item.remedy = TransferPlan::Remedy::Remove;
+    }
+}
+
+/** Prints the plan; what cannot be done is a failure. */
+ExitStatus TransferCommand::tellPlan(const TransferPlan &plan)
+{
+    for (const TransferPlan::Item &item : plan.items) {
+        m_writer.planned(item);
+        if (item.state == TransferPlan::State::Unreadable ||
+            item.state == TransferPlan::State::TooLong)
+            m_terminal.fail(item.path, item.reason);
+        else
+            m_terminal.countDone();
+    }
+    m_writer.planSum(plan);
+    const QString missing = whatIsMissing(plan);
+    if (!missing.isEmpty())
+        m_terminal.fail(plan.folder, missing);
+    return m_terminal.status();
+}
+
+/** What the memory or the player has no room for, as a question; empty when nothing. */
+QString TransferCommand::whatIsMissing(const TransferPlan &plan)
+{
+    if (!plan.fits())
+        return Transfer::missingRoomText(plan.bytesNeeded() - plan.freeBytes);
+    return plan.canBeIndexed() ? QString()
+                               : tr("Sono più song di quante il player ne può trovare: %1. "
+                                    "Si vuole procedere comunque?")
+                                     .arg(plan.songsAfter());
+}
+
+ExitStatus TransferCommand::statusOf(Transfer::Outcome outcome)
+{
+    switch (outcome) {
     case Transfer::Outcome::NotStarted:
         return ExitStatus::NothingDone;
     case Transfer::Outcome::Complete:

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/command.h"
+#include "devindex/transfer.h"
 
 class TransferCommand : public Command
 {
@@ -11,4 +12,12 @@ public:
     using Command::Command;
 
     ExitStatus run() override;
+
+private:
+    ExitStatus runPlan(Transfer &transfer, TransferUser &user, const QStringList &songs);
+    void choose(TransferPlan &plan) const;
+    ExitStatus tellPlan(const TransferPlan &plan);
+    void askToRemove(TransferPlan &plan);
+    static QString whatIsMissing(const TransferPlan &plan);
+    ExitStatus statusOf(Transfer::Outcome outcome);
 };

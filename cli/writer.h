@@ -4,6 +4,7 @@
 #include "devindex/memorycheck.h"
 #include "devindex/memorysongs.h"
 #include "devindex/songinfoindex.h"
+#include "devindex/transferplan.h"
 #include "formats/songinfo.h"
 #include "library/changepreview.h"
 #include "library/songsdbrecord.h"
@@ -48,6 +49,12 @@ public:
 
     /** What is wrong with a memory. */
     virtual void finding(const MemoryCheck::Finding &finding) = 0;
+
+    /** What a transfer would do with a song, or with one on the memory that is not in the list. */
+    virtual void planned(const TransferPlan::Item &item) = 0;
+
+    /** What the plan comes to; behind its songs. */
+    virtual void planSum(const TransferPlan &plan) = 0;
 
     /** A song of the catalogue. */
     virtual void catalogueSong(const SongsDbRecord &song) = 0;

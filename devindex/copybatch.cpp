@@ -1,5 +1,6 @@
 #include "devindex/copybatch.h"
 
+#include "devindex/readback.h"
 #include "storage/diagnostics.h"
 #include "storage/songjournal.h"
 
@@ -46,7 +47,8 @@ bool CopyBatch::holds(const QString &target) const
 
 /**
  * The order is that of replaceOnMedium(), each step for all files:
- *  1. the parts are flushed;
+ *  1. the parts are flushed; those that are to be read back are, and leave when they differ, so
+ *     that no old file goes for a bad copy;
  *  2. those that replace a file get their names, while the old bytes are kept; the folder is
  *     flushed: the names lead to the old bytes;
  *  3. new files get their names: not before, since they would lead nowhere after that flush;
@@ -57,9 +59,11 @@ bool CopyBatch::holds(const QString &target) const
 QSet<int> CopyBatch::settle()
 {
     m_failed.clear();
+    m_changed.clear();
     if (m_files.isEmpty())
         return {};
     flush();
+    readBack();
     std::vector<std::unique_ptr<QFile>> oldBytes;
     for (const File &file : std::as_const(m_files)) {
         if (file.replaces)
@@ -91,6 +95,19 @@ void CopyBatch::flush()
         if (!file.part->isOpen() || flushToMedium(*file.part))
             return false;
         fail(file, "it cannot be brought to the medium:");
+        QFile::remove(file.part->fileName());
+        return true;
+    });
+}
+
+/** Files that came to the medium with other bytes leave the batch. */
+void CopyBatch::readBack()
+{
+    m_files.removeIf([this](const File &file) {
+        if (file.source.isEmpty() || readBackMatches(file.part->fileName(), file.source))
+            return false;
+        fail(file, "the medium gives other bytes back:");
+        m_changed.insert(file.song);
         QFile::remove(file.part->fileName());
         return true;
     });

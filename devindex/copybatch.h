@@ -19,16 +19,17 @@ class CopyBatch
 {
 public:
     struct File {
-        int song = 0;                ///< by which settle() names what failed
+        int song = 0;                ///< the song's number in what settle() returns
         std::shared_ptr<QFile> part; ///< the bytes; open, so that no other program tidies it away
         QString target;              ///< the name that they get
         bool replaces = false;       ///< a file may have that name already
+        QString source;              ///< what the part is read back against; empty for not at all
     };
 
     /** All files of the batch lie in this folder. */
     explicit CopyBatch(const QString &folder);
 
-    /** Removes what was not settled. */
+    /** Removes the files that were not settled. */
     ~CopyBatch();
     Q_DISABLE_COPY_MOVE(CopyBatch)
 
@@ -37,20 +38,26 @@ public:
 
     bool isEmpty() const { return m_files.isEmpty(); }
 
-    /** Time to settle: what is not settled is lost if the medium is pulled. */
+    /**
+     * True when it is time to settle: files that are not settled are lost if the medium is pulled.
+     */
     bool isFull() const;
 
-    /** A file of the batch is going to have this name, in whatever letter case. */
+    /** True when a file of the batch will get this name, in any letter case. */
     bool holds(const QString &target) const;
 
     /**
-     * Gives all files their names and empties the batch. Returns the songs of which a file did not
-     * get its name, or is not on the medium under it for certain.
+     * Gives all files their names and empties the batch. Returns the songs with a file that did not
+     * get its name, or that may not be on the medium under that name.
      */
     QSet<int> settle();
 
+    /** Those of them of which a file could not be read back from the medium as it was written. */
+    const QSet<int> &changed() const { return m_changed; }
+
 private:
     void flush();
+    void readBack();
     void giveNames(bool replacing);
     void fail(const File &file, const char *reason);
 
@@ -60,4 +67,5 @@ private:
     QSet<QString> m_names; ///< targets of the files, case-folded
     qint64 m_size = 0;
     QSet<int> m_failed;
+    QSet<int> m_changed;
 };

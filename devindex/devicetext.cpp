@@ -8,10 +8,10 @@
 namespace
 {
 
-constexpr QChar SharpS(0x00DF);
-constexpr int MaxUnitBytes = 3; // a UTF-16 unit in a sort key
+constexpr QChar sharpS(0x00DF);
+constexpr int maxUnitBytes = 3; // a UTF-16 unit in a sort key
 
-/** Both ways between IBM 850 and Unicode, at the price of a look into a table. */
+/** Tables between IBM 850 and Unicode, for both directions. */
 class Ibm850
 {
 public:
@@ -38,10 +38,10 @@ public:
     }
 
 private:
-    static constexpr std::size_t LastCharacter = 0x25A0; // BLACK SQUARE
+    static constexpr std::size_t lastCharacter = 0x25A0; // BLACK SQUARE
 
     std::array<QChar, 256> m_characters;
-    std::array<char, LastCharacter + 1> m_codes{};
+    std::array<char, lastCharacter + 1> m_codes{};
 };
 
 const Ibm850 &ibm850()
@@ -50,7 +50,7 @@ const Ibm850 &ibm850()
     return tables;
 }
 
-/** Puts a UTF-16 unit where end points and moves end behind it: up to three bytes. */
+/** Writes a UTF-16 unit at end, in up to three bytes, and moves end behind it. */
 void putUnit(char *&end, int unit)
 {
     if (unit < 0x80) {
@@ -74,17 +74,37 @@ int folded(QChar character)
     return code >= 'A' && code <= 'Z' ? code + ('a' - 'A') : code;
 }
 
+bool isLatin1(QStringView text)
+{
+    ushort bits = 0;
+    for (const QChar character : text)
+        bits = static_cast<ushort>(bits | character.unicode());
+    return bits <= 0xFF;
+}
+
+/** In Latin-1, "ß" alone has more than one character in upper case. */
+QChar upperLatin1(QChar character)
+{
+    const ushort code = character.unicode();
+    if (code >= 0x80)
+        return character == sharpS ? character : character.toUpper();
+    return code >= 'a' && code <= 'z' ? QChar(code - ('a' - 'A')) : character;
+}
+
 } // namespace
 
-QString stringToUpper(const QString &text)
+QString stringToUpper(QString text)
 {
     static const QString placeholder = QStringLiteral("|#§§#|");
-    if (!text.contains(SharpS))
+    if (isLatin1(text)) { // most texts by far
+        std::transform(text.cbegin(), text.cend(), text.begin(), upperLatin1);
+        return text;
+    }
+    if (!text.contains(sharpS))
         return text.toUpper();
-    QString upper = text;
-    upper.replace(SharpS, placeholder);
-    upper = upper.toUpper();
-    return upper.replace(placeholder, SharpS);
+    text.replace(sharpS, placeholder);
+    text = text.toUpper();
+    return text.replace(placeholder, sharpS);
 }
 
 int compareIgnoringCase(const QString &first, const QString &second)
@@ -107,7 +127,7 @@ int compareIgnoringCase(const QString &first, const QString &second)
 void appendSortKey(QByteArray &key, const QString &text)
 {
     const qsizetype start = key.size();
-    key.resize(start + MaxUnitBytes * text.size());
+    key.resize(start + maxUnitBytes * text.size());
     char *end = key.data() + start;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar character = text.at(i);
@@ -127,12 +147,13 @@ void appendSortKey(QByteArray &key, const QString &text)
 QByteArray ibm850FromText(const QString &text)
 {
     const Ibm850 &tables = ibm850();
-    QByteArray bytes;
-    bytes.reserve(text.size());
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    char *end = bytes.data();
     for (const QChar character : text) {
         if (!character.isLowSurrogate()) // one "?" stands for both halves
-            bytes += tables.code(character);
+            *end++ = tables.code(character);
     }
+    bytes.truncate(end - bytes.constData());
     return bytes;
 }
 
@@ -147,8 +168,11 @@ QString textFromIbm850(const QByteArray &bytes)
 
 QByteArray pathSortKey(const QString &path)
 {
-    const auto isAscii = [](QChar character) { return character.unicode() < 0x80; };
-    if (std::all_of(path.begin(), path.end(), isAscii))
-        return path.toLatin1().toUpper(); // most paths by far; the outcome is the same
-    return ibm850FromText(stringToUpper(path));
+    if (!isLatin1(path))
+        return ibm850FromText(stringToUpper(path));
+    const Ibm850 &tables = ibm850();
+    QByteArray key(path.size(), Qt::Uninitialized);
+    std::transform(path.begin(), path.end(), key.begin(),
+                   [&tables](QChar character) { return tables.code(upperLatin1(character)); });
+    return key;
 }

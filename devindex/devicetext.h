@@ -8,17 +8,17 @@
  * The text in upper case, with every "ß" kept: the player's character set holds it as one character
  * and "SS" would change the length and the place of a name.
  */
-QString stringToUpper(const QString &text);
+QString stringToUpper(QString text);
 
 /**
- * The order of two texts by their characters, ignoring case, as QString::compare gives it: below 0,
- * 0 or above. Where texts are the same, Unicode's tables are not asked.
+ * Compares two texts by their characters, ignoring case, with the result of QString::compare: below
+ * 0, 0 or above. Equal characters are not looked up in Unicode's tables, which makes it fast.
  */
 int compareIgnoringCase(const QString &first, const QString &second);
 
 /**
- * Appends bytes that compare as compareIgnoringCase does: the case-folded UTF-16 units, each in as
- * many bytes as UTF-8 would take for it. Most texts take one byte for a character.
+ * Appends bytes whose order is that of compareIgnoringCase: the case-folded UTF-16 units, each in
+ * as many bytes as UTF-8 would take for it. Most texts take one byte for a character.
  */
 void appendSortKey(QByteArray &key, const QString &text);
 

@@ -34,7 +34,10 @@ void readFile(SongInfoIndex &file)
     file.date = stamp.date;
     file.time = stamp.time;
     const bool isRegular = QFileInfo(file.fullPath).isFile(); // no other is sure to end
-    readSongHead(isRegular ? songHeadOf(file.fullPath) : QByteArray(), file.fullPath, file);
+    SongHeadBuffer buffer;
+    const QByteArrayView head =
+        isRegular ? songHeadOf(file.fullPath, buffer).bytes : QByteArrayView();
+    readSongHead(head, file.fullPath, file);
 }
 
 /** A text as it comes back from an index file. */
@@ -92,12 +95,12 @@ void assignAll(Group &group)
     assign(group, haveSameTextsAndTime);
     assign(group, haveSameTexts);
     assign(group, [](SongInfoIndex &entry, const SongInfoIndex &) {
-        entry.date = 0; // it shows another song than the file holds, which must be read again
+        entry.date = 0; // the entry shows another song, so the file must be read again
         entry.time = 0;
         return true;
     });
     for (SongInfoIndex *const entry : std::as_const(group.entries))
-        entry->fullPath.clear(); // a file that lies there belongs to another entry
+        entry->fullPath.clear(); // the file at that path belongs to another entry
 }
 
 } // namespace
@@ -144,7 +147,7 @@ void entrymatcher::nameUnclearEntries(QList<SongInfoIndex> &entries, const QList
         const auto group = groups.find(ibm850FromText(file.path));
         if (group == groups.end() || named.contains(file.path))
             continue;
-        // A file that is really named like that comes before those that only look so in the index.
+        // A file whose own name is equal comes before those whose name is equal only in the index.
         group->files.insert(isUnclear(file.path) ? 0 : group->files.size(), file);
     }
     for (Group &group : groups)

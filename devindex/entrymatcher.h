@@ -18,9 +18,9 @@ enum class Match {
 };
 
 /**
- * Compares an entry with a file. An entry whose file is found no more under its own spelling takes
- * this one: names are loaded with "?" for what the index cannot hold, and their case may have been
- * changed.
+ * Compares an entry with a file. An entry whose file no longer exists under the entry's spelling
+ * takes the file's spelling: names are loaded with "?" for characters that the index cannot hold,
+ * and their case may have been changed.
  */
 Match match(SongInfoIndex &entry, const QString &path, const QString &fullPath);
 
@@ -28,8 +28,8 @@ Match match(SongInfoIndex &entry, const QString &path, const QString &fullPath);
  * Gives entries that were loaded from an index the names of their files where the index has only
  * "?" for some of their characters, so that several entries and several files may share one name
  * there. Each entry gets one file at most: the one with its time and texts, else the one with its
- * texts, else the next one in the order of the files. An entry without a file has no absolute path
- * any more.
+ * texts, else the next one in the order of the files. The absolute path of an entry without a file
+ * is cleared.
  *
  * @param songs the songs on the memory, in the order in which they were found
  * @param rootSize the length of the memory's own path

@@ -1,4 +1,4 @@
-// Sorting the entries of an index by tens of thousands.
+// Sorts tens of thousands of entries of an index quickly.
 #pragma once
 
 #include "devindex/songinfoindex.h"
@@ -8,24 +8,24 @@
 #include <vector>
 
 /**
- * These sort as the comparison of the same name does (see songinfoindex.h), entries that are equal
- * keeping their order. The keys are made once for each entry and lie close together: with entries
- * and texts spread over the memory, each comparison would wait for it several times.
+ * Each function sorts as the comparison of the same name does (see songinfoindex.h); equal entries
+ * keep their order. The keys are made once for each entry and lie close together in main memory,
+ * since comparisons of texts that are spread over main memory are slow.
  */
 void sortByPosidx(QList<SongInfoIndex> &entries);
 void sortByTitle(QList<SongInfoIndex> &entries);
 void sortByArtist(QList<SongInfoIndex> &entries);
 void sortByGenre(QList<SongInfoIndex> &entries);
 
-/** Entries in an order of their own; the entries themselves must outlive it and stay in place. */
+/** A list of entries in some order; the entries themselves must outlive it and not be moved. */
 using EntryList = std::vector<const SongInfoIndex *>;
 
 /** The entries as they stand. */
 EntryList listOf(const QList<SongInfoIndex> &entries);
 
 /**
- * The orders in which an index build writes its files, without moving an entry: each text is put
- * into its place once, and from then on numbers are sorted.
+ * The orders in which an index build writes its files, without moving an entry: each text is given
+ * its rank once, and then ranks are sorted.
  *
  * The files have always been written one after the other from entries that were sorted anew for
  * each, so that entries which are equal stand in the order of the file before. A rebuilt index has
@@ -34,7 +34,7 @@ EntryList listOf(const QList<SongInfoIndex> &entries);
 class BuildOrders
 {
 public:
-    /** At most SongInfoIndex::MaxSongs entries. */
+    /** At most SongInfoIndex::maxSongs entries. */
     explicit BuildOrders(const QList<SongInfoIndex> &entries);
 
     const EntryList &byNumber() const { return m_byNumber; }

@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 
+#include <algorithm>
 #include <utility>
 
 #ifdef Q_OS_LINUX
@@ -24,7 +25,7 @@ namespace
 
 constexpr qint64 clusterSize = 32768;
 
-/** Read and written at once; between two of these the windows get their turn. */
+/** Bytes read and written at once; between two chunks the windows can process events. */
 constexpr qsizetype chunkSize = 262144;
 
 QString targetOf(const QString &source, const QString &dest)
@@ -52,8 +53,8 @@ bool fitsInsteadOf(const QString &source, const QString &target)
 }
 
 /**
- * Writes all of the bytes. On a full medium the system takes what there is room for, without a
- * word; only asked for the rest it says why not.
+ * Writes all of the bytes. On a full medium the system first writes as much as there is room for,
+ * without an error; only the write of the rest fails with the reason.
  */
 bool writeWhole(QFile &file, QByteArrayView bytes)
 {
@@ -72,8 +73,8 @@ qint64 growth(const QString &source, const QString &target)
 }
 
 /**
- * Lets the medium begin with a written file while the next ones are read: the flush of the batch
- * then has less to wait for. Promises nothing, and need not.
+ * Lets the medium begin to write a file while the next ones are read, so that the flush of the
+ * batch is shorter. Errors do not matter here: that flush reports them.
  */
 void beginFlush(const QFile &file)
 {
@@ -106,16 +107,28 @@ FileCopier::~FileCopier() = default;
 bool FileCopier::copyFiles(const QStringList &files, const QString &dest, int &copied,
                            Progress &progress)
 {
-    copied = 0;
+    QList<Order> orders;
+    for (const QString &source : files)
+        orders.append({source, targetOf(source, dest)});
+    const bool complete = copyAs(orders, dest, progress);
+    const bool toTheEnd = std::none_of(m_songs.cbegin(), m_songs.cend(), [](const Song &song) {
+        return song.state == State::NotReached;
+    });
+    copied = toTheEnd ? m_report.copied : 0;
+    return complete;
+}
+
+bool FileCopier::copyAs(const QList<Order> &orders, const QString &dest, Progress &progress)
+{
     m_report = {};
     Leftovers().tidy(dest);
     m_songs.clear();
-    for (const QString &source : files)
-        m_songs.append({source, targetOf(source, dest), State::NotReached, {}});
+    for (const Order &order : orders)
+        m_songs.append({order.source, order.target, State::NotReached, {}});
     m_batch = std::make_unique<CopyBatch>(dest);
     m_replace = RememberedAnswer();
 
-    const bool toTheEnd = copyAll(files, dest, progress);
+    const bool toTheEnd = copyAll(orders, progress);
     settle();
     for (const Song &song : std::as_const(m_songs)) {
         if (song.state == State::Copied)
@@ -125,21 +138,19 @@ bool FileCopier::copyFiles(const QStringList &files, const QString &dest, int &c
         else if (song.state == State::Failed)
             m_report.failed.append({song.source, song.reason});
     }
-    if (!toTheEnd)
-        return false;
-    copied = m_report.copied;
-    return m_report.failed.isEmpty();
+    return toTheEnd && m_report.failed.isEmpty();
 }
 
 /** False when the user stopped it. */
-bool FileCopier::copyAll(const QStringList &files, const QString &dest, Progress &progress)
+bool FileCopier::copyAll(const QList<Order> &orders, Progress &progress)
 {
-    for (int i = 0; i < files.size(); ++i) {
+    for (int i = 0; i < orders.size(); ++i) {
         m_keepAlive.processEvents();
         if (progress.wasCanceled())
             return false;
-        const QString &source = files.at(i);
-        const QString target = targetOf(source, dest);
+        const QString &source = orders.at(i).source;
+        const QString &target = orders.at(i).target;
+        const bool mayReplace = orders.at(i).replace;
         if (m_batch->isFull() || m_batch->holds(target))
             settle();
         const bool exists = QFileInfo::exists(target);
@@ -148,19 +159,19 @@ bool FileCopier::copyAll(const QStringList &files, const QString &dest, Progress
             continue;
         }
         logDebug() << "Copying file:" << source << "to:" << target;
-        if (exists && !m_replace.isYes([&] { return m_askReplace(target); })) {
+        if (exists && !mayReplace && !m_replace.isYes([&] { return m_askReplace(target); })) {
             m_songs[i].state = State::Skipped;
             continue;
         }
         m_songs[i].state = State::Copied;
-        if (!copySong(i, source, target, exists))
+        if (!copySong(i, source, target, exists || mayReplace))
             m_songs[i].state = State::Failed;
         progress.updateProgress(i + 1);
     }
     return true;
 }
 
-/** Brings what was copied to the medium; songs that do not get there have failed. */
+/** Flushes what was copied to the medium; songs that cannot be flushed count as failed. */
 void FileCopier::settle()
 {
     QSet<int> failed;
@@ -172,7 +183,9 @@ void FileCopier::settle()
     for (const int number : std::as_const(failed)) {
         Song &song = m_songs[number];
         song.state = State::Failed;
-        song.reason = WriteProblem::whyNotCopied(song.source, song.target);
+        song.reason = m_batch->changed().contains(number)
+                          ? tr("la memoria restituisce byte diversi da quelli scritti")
+                          : WriteProblem::whyNotCopied(song.source, song.target);
     }
 }
 
@@ -208,7 +221,7 @@ bool FileCopier::copySong(int song, const QString &source, const QString &target
     return false;
 }
 
-/** The cause, from what is to be seen after the failure. */
+/** The cause of a failure, found from the state of the files after it. */
 QString FileCopier::whyNotCopied(const QString &source, const QString &target, bool replace)
 {
     const QFileInfo there(target);
@@ -247,13 +260,13 @@ bool FileCopier::copyFile(int song, const QString &source, const QString &target
     if (copy != Copy::Done)
         return refuse(copy == Copy::NoSource ? "the file cannot be read:"
                                              : "it cannot be written:");
-    m_batch->add({song, part, target, replace && isTaken(target)});
+    m_batch->add({song, part, target, replace && isTaken(target), m_readBack ? source : QString()});
     return true;
 }
 
 /**
- * Removes an old file to make room. Its place is free when its name is gone on the medium: no name
- * must lead to bytes that have become another song's.
+ * Removes an old file to make room. Its place may be used only when its name is gone on the medium:
+ * no name may lead to bytes that belong to another song.
  */
 bool FileCopier::giveUp(const QString &target)
 {

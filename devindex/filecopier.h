@@ -24,9 +24,9 @@ class CopyBatch;
  * One object copies one list of files. It asks before it replaces a file and remembers the "all"
  * answers; it has no window of its own.
  *
- * An MP3 takes its companion along: the karaoke pictures in the file of the same name that ends in
- * ".cdg". Nothing of a failed copy stays behind, a file that is to be replaced stays as it is until
- * its successor is whole (unless there is no room for both), and a file is never copied onto
+ * An MP3 is copied with its companion: the karaoke pictures in the file of the same name that ends
+ * in ".cdg". Nothing of a failed copy stays behind, a file that is to be replaced stays as it is
+ * until its successor is whole (unless there is no room for both), and a file is never copied onto
  * itself, by whatever path the target leads to it.
  */
 class FileCopier
@@ -53,6 +53,23 @@ public:
         QStringList failedLines() const;
     };
 
+    /** A file that is to be copied, and the name that it gets. */
+    struct Order {
+        QString source;
+        QString target;
+        bool replace = false; ///< what lies there, and its companion, without a question
+    };
+
+    enum class State { NotReached, Copied, Skipped, Failed };
+
+    /** What became of an order. */
+    struct Song {
+        QString source;
+        QString target;
+        State state = State::NotReached;
+        QString reason; ///< why it failed
+    };
+
     explicit FileCopier(AskReplace askReplace);
     ~FileCopier();
     Q_DISABLE_COPY_MOVE(FileCopier)
@@ -72,8 +89,23 @@ public:
      */
     bool copyFiles(const QStringList &files, const QString &dest, int &copied, Progress &progress);
 
-    /** The last call of copyFiles(), file by file. */
+    /**
+     * The same with names of one's own: all targets must lie in the folder dest, and no two may be
+     * one file.
+     */
+    bool copyAs(const QList<Order> &orders, const QString &dest, Progress &progress);
+
+    /**
+     * Each copy is read back from the medium before it gets its name; one that differs from its
+     * source has failed and is gone, and what it was to replace stays. Off unless it is set.
+     */
+    void setReadBack(bool on) { m_readBack = on; }
+
+    /** What became of each file in the last call of copyFiles() or copyAs(). */
     const Report &report() const { return m_report; }
+
+    /** The same, in the order of the list. */
+    const QList<Song> &songs() const { return m_songs; }
 
     /**
      * The bytes by which the files in dest grow at most when the files are copied there. Sizes are
@@ -85,16 +117,7 @@ public:
 private:
     enum class Copy { Done, NoSource, NoRoom, Failed };
 
-    enum class State { NotReached, Copied, Skipped, Failed };
-
-    struct Song {
-        QString source;
-        QString target;
-        State state = State::NotReached;
-        QString reason; ///< why it failed
-    };
-
-    bool copyAll(const QStringList &files, const QString &dest, Progress &progress);
+    bool copyAll(const QList<Order> &orders, Progress &progress);
     void settle();
     bool copySong(int song, const QString &source, const QString &target, bool replace);
     bool copyFile(int song, const QString &source, const QString &target, bool replace);
@@ -105,6 +128,7 @@ private:
 
     const AskReplace m_askReplace;
     RememberedAnswer m_replace;
+    bool m_readBack = false;
     Report m_report;
     QList<Song> m_songs; ///< what became of each file of the list
     std::unique_ptr<CopyBatch> m_batch;

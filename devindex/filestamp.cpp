@@ -20,7 +20,7 @@ FileStamp stampOf(int year, int month, int day, int hour, int minute, int second
     // A year of five digits could not be noted, and would look like a change at every update.
     const qint64 date = qint64(year) * 10000 + qint64(month) * 100 + day;
     FileStamp stamp;
-    stamp.date = static_cast<quint32>(std::clamp<qint64>(date, 0, PathRecord::MaxDate));
+    stamp.date = static_cast<quint32>(std::clamp<qint64>(date, 0, PathRecord::maxDate));
     stamp.time = static_cast<quint32>(hour * 10000 + minute * 100 + second);
     return stamp;
 }

@@ -14,6 +14,6 @@ struct FileStamp {
      */
     static std::optional<FileStamp> of(const QString &path);
 
-    /** This moment in local time; zeros where the calendar does not reach that far. */
+    /** This moment in local time; zeros for a year that the index cannot hold. */
     static FileStamp at(std::time_t moment);
 };

@@ -1,6 +1,7 @@
 #include "devindex/folderlisting.h"
 
 #include "formats/songnames.h"
+#include "storage/nametext.h"
 
 #include <QDir>
 #include <QFile>
@@ -41,10 +42,10 @@ FolderId folderId(const FileStatus &status)
 }
 
 /**
- * Looks at an entry as closely as it takes: most file systems tell with the name what lies there,
- * so that only songs and links have to be asked for more. False for what no scan is to see.
+ * Reads no more about an entry than is needed: most file systems give the kind together with the
+ * name, so only songs and links have to be asked for more. False for what a scan passes over.
  */
-bool examine(int folder, const dirent &entry, FolderItem &item)
+bool examine(int folder, const dirent &entry, SongTimes times, FolderItem &item)
 {
     unsigned char type = entry.d_type;
     FileStatus status{};
@@ -58,12 +59,14 @@ bool examine(int folder, const dirent &entry, FolderItem &item)
     if (item.isFolder)
         return true;
     const bool isSong = songnames::isSongName(item.name);
-    if (type == DT_REG && !isSong)
+    item.isSong = isSong && type == DT_REG;
+    if (type == DT_REG && (!isSong || times == SongTimes::Leave))
         return true;
     if ((type != DT_REG && !item.isLink) || ::fstatat(folder, entry.d_name, &status, 0) != 0)
         return false;
     item.isFolder = item.isLink && S_ISDIR(status.st_mode);
-    if (isSong && S_ISREG(status.st_mode)) {
+    item.isSong = isSong && S_ISREG(status.st_mode);
+    if (item.isSong) {
         item.stamp = FileStamp::at(status.st_mtime);
         item.size = static_cast<qint64>(status.st_size);
     }
@@ -82,7 +85,7 @@ FolderId folderIdOf(const QString &path)
 
 // QDir asks several questions about each entry and keeps the answers in an object for each, which
 // takes longer than everything else that an update of an unchanged memory does.
-FolderListing FolderListing::of(const QString &path)
+FolderListing FolderListing::of(const QString &path, SongTimes times)
 {
     FolderListing listing;
     const OpenFolder folder(::opendir(QFile::encodeName(path).constData()));
@@ -97,8 +100,8 @@ FolderListing FolderListing::of(const QString &path)
         if (name.startsWith('.') || !name.isValidUtf8())
             continue;
         FolderItem item;
-        item.name = QString::fromUtf8(name);
-        if (examine(::dirfd(folder.get()), *entry, item)) {
+        item.name = nameText(name);
+        if (examine(::dirfd(folder.get()), *entry, times, item)) {
             QString key = item.name.toLower();
             found.push_back({std::move(key), std::move(item)});
         }
@@ -120,7 +123,7 @@ FolderId folderIdOf(const QString &path)
     return QFileInfo(path).canonicalFilePath().toUtf8();
 }
 
-FolderListing FolderListing::of(const QString &path)
+FolderListing FolderListing::of(const QString &path, SongTimes times)
 {
     FolderListing listing;
     listing.id = folderIdOf(path);
@@ -131,7 +134,8 @@ FolderListing FolderListing::of(const QString &path)
         item.name = entry.fileName();
         item.isFolder = entry.isDir();
         item.isLink = entry.isSymLink();
-        if (!item.isFolder && songnames::isSongName(item.name)) {
+        item.isSong = entry.isFile() && songnames::isSongName(item.name);
+        if (item.isSong && times == SongTimes::Ask) {
             item.stamp = FileStamp::of(entry.filePath());
             item.size = entry.size();
         }

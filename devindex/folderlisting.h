@@ -13,11 +13,15 @@ struct FolderItem {
     QString name;
     bool isFolder = false;          ///< or a link to one
     bool isLink = false;            ///< a symbolic one
-    std::optional<FileStamp> stamp; ///< of a regular file, or a link to one, named like a song
-    qint64 size = 0;                ///< of the same, in bytes
+    bool isSong = false;            ///< a regular file, or a link to one, named like a song
+    std::optional<FileStamp> stamp; ///< of a song, when it was asked for
+    qint64 size = 0;                ///< of a song whose time was asked for, in bytes
 };
 
-/** The same for two paths exactly when they lead to the same folder at this moment. */
+/** Whether a listing tells when the songs were changed, which costs a system call for each. */
+enum class SongTimes { Ask, Leave };
+
+/** Equal for two paths exactly when both lead to the same folder at this moment. */
 using FolderId = QByteArray;
 
 /** The identity of a folder, links followed; empty when there is none at the path. */
@@ -33,5 +37,5 @@ struct FolderListing {
     QList<FolderItem> items;
 
     /** Reads the folder. */
-    static FolderListing of(const QString &path);
+    static FolderListing of(const QString &path, SongTimes times = SongTimes::Ask);
 };

@@ -31,12 +31,12 @@ bool isFoundFolder(const QString &name)
 
 bool isPlayerFolder(const QString &name)
 {
-    return isOneOf(name, std::array{indexfiles::EffectsFolder, indexfiles::BridgeFolder});
+    return isOneOf(name, std::array{indexfiles::effectsFolder, indexfiles::bridgeFolder});
 }
 
 bool isReservedFolder(const QString &name)
 {
-    return isPlayerFolder(name) || isOneOf(name, std::array{indexfiles::PlaylistFolder});
+    return isPlayerFolder(name) || isOneOf(name, std::array{indexfiles::playlistFolder});
 }
 
 bool isSystemFolder(const QString &name)

@@ -5,7 +5,9 @@
 
 #include <QString>
 
+#include <optional>
+
 struct FoundSong {
-    QString path; ///< absolute
-    FileStamp stamp;
+    QString path;                   ///< absolute
+    std::optional<FileStamp> stamp; ///< when the scan has asked for it
 };

@@ -42,7 +42,7 @@ bool Index::createIndex(const QString &root)
     restorePlaylists = createPlaylistFilePath() ? 1 : 0;
     if (m_playlistsFailed || !keepPlaylists())
         return false; // their songs would be lost with the ids of this index
-    maxLoadedId = NoIdLoaded;
+    maxLoadedId = noIdLoaded;
     nextId = 0;
     nextPosidx = 0;
     entries.clear();
@@ -55,10 +55,25 @@ bool Index::createIndex(const QString &root)
 
 bool Index::updateIndex(const QString &root)
 {
+    return begin(root) && (checkIndexFile() ? update() : createIndex(root));
+}
+
+bool Index::updateIndexAfter(const QString &root, const std::function<bool()> &change)
+{
     if (!begin(root))
         return false;
-    if (!checkIndexFile())
+    const bool wasWhole = checkIndexFile();
+    if (!m_build.removeCounts() || !change())
+        return false;
+    if (!wasWhole || !hasIndexBut(indexfiles::count))
         return createIndex(root);
+    indexChanged = 1; // the counts have to be written again
+    return update();
+}
+
+/** Brings the index up to date whose files, but perhaps that of the counts, are all there. */
+bool Index::update()
+{
     maxLoadedId = 0;
     nextId = 0;
     nextPosidx = 0;
@@ -66,8 +81,8 @@ bool Index::updateIndex(const QString &root)
     if (m_playlistsFailed)
         return false;
     if (restorePlaylists != 0) {
-        // Every song is entered anew, with an id that was never used before; the playlists are
-        // pointed at the new ids by path.
+        // Every song gets a new entry with an id that was never used before; the playlists get the
+        // new ids through their path files.
         if (!keepPlaylists())
             return false;
         entries.clear();
@@ -88,6 +103,12 @@ Index::Change Index::changeSongs(const QString &root, const SongChange &change)
 {
     if (!begin(root))
         return Change::NotStarted;
+    const FolderId memory = folderIdOf(rootPath);
+    const auto hasNoSongs = [&] {
+        // A memory that was pulled has gone itself, and not its songs.
+        return filesFound == 0 && !m_renamer.isUnsure() && !memory.isEmpty() &&
+               folderIdOf(rootPath) == memory;
+    };
     const bool hadIndex = checkIndexFile();
     maxLoadedId = 0;
     nextId = 0;
@@ -99,18 +120,17 @@ Index::Change Index::changeSongs(const QString &root, const SongChange &change)
     if (PlaylistKeeper(rootPath).savePaths(numbers) == PlaylistFiles::Outcome::Failed ||
         !m_build.removeCounts())
         return Change::NotStarted;
-    change(entries);
+    if (!change(entries))
+        return Change::NoIndex;
     if (!hadIndex) {
         const bool isWhole = createIndex(root);
-        return isWhole ? Change::Done : filesFound == 0 ? Change::NoSongsLeft : Change::NoIndex;
+        return isWhole ? Change::Done : hasNoSongs() ? Change::NoSongsLeft : Change::NoIndex;
     }
     saveChangedPaths(numbers);
     nextId = maxLoadedId + 1;
     indexChanged = 1; // even an unchanged memory needs its counts again
     createPathIndex();
-    // Without its old path file the memory itself has gone, and not its songs.
-    if (filesFound == 0 && !m_renamer.isUnsure() &&
-        QFileInfo(filePath(indexfiles::Path)).isFile()) {
+    if (hasNoSongs()) {
         deleteIndex();
         return Change::NoSongsLeft;
     }
@@ -135,7 +155,7 @@ bool Index::begin(const QString &root)
     if (path.endsWith(QLatin1Char('/')) || path.endsWith(QLatin1Char('\\')))
         path.chop(1);
     if (path.isEmpty())
-        return false; // it would stand for the working directory
+        return false; // an empty path would mean the working directory
     rootPath = QDir::cleanPath(QDir(path).absolutePath());
     filesFound = 0;
     counts.values.fill(0);
@@ -154,8 +174,14 @@ bool Index::hasWholeIndex() const
 
 bool Index::checkIndexFile() const
 {
-    return std::all_of(indexfiles::All.begin(), indexfiles::All.end(),
-                       [this](QLatin1String name) { return QFileInfo(filePath(name)).isFile(); });
+    return hasIndexBut(QLatin1String());
+}
+
+bool Index::hasIndexBut(QLatin1String missing) const
+{
+    return std::all_of(indexfiles::all.begin(), indexfiles::all.end(), [&](QLatin1String name) {
+        return name == missing || QFileInfo(filePath(name)).isFile();
+    });
 }
 
 void Index::deleteIndex()
@@ -163,16 +189,16 @@ void Index::deleteIndex()
     logDebug() << "delete index";
     if (!m_build.removeCounts())
         logWarning() << "[Index::deleteIndex] Impossible to remove the counts in" << rootPath;
-    for (const QLatin1String name : indexfiles::All)
+    for (const QLatin1String name : indexfiles::all)
         QFile::remove(filePath(name));
-    for (const QLatin1String name : indexfiles::Temporary)
+    for (const QLatin1String name : indexfiles::temporary)
         QFile::remove(filePath(name));
 }
 
 void Index::createKavenaDir()
 {
     const QDir root(rootPath);
-    for (const QLatin1String name : {indexfiles::EffectsFolder, indexfiles::BridgeFolder}) {
+    for (const QLatin1String name : {indexfiles::effectsFolder, indexfiles::bridgeFolder}) {
         if (!root.exists(name))
             makeFolder(filePath(name));
     }
@@ -183,12 +209,12 @@ void Index::createKavenaDir()
 void Index::scan_files(const QString &dir)
 {
     SongAdder adder(*this, *this);
-    scanInto(adder, dir);
+    scanInto(adder, dir, SongTimes::Ask);
 }
 
-void Index::scanInto(SongAdder &adder, const QString &dir)
+void Index::scanInto(SongAdder &adder, const QString &dir, SongTimes times)
 {
-    adder.addAll(MemoryScan(*this, *this, m_renamer).songsIn(dir));
+    adder.addAll(MemoryScan(*this, *this, m_renamer).songsIn(dir, times));
 }
 
 bool Index::checkFileExt(const QString &suffix) const
@@ -204,13 +230,15 @@ QString Index::renameLongFileName(const QString &path)
 bool Index::addFileToIndex(const QFileInfo &fi)
 {
     const QString path = fi.absoluteFilePath();
-    return SongAdder(*this, *this).add({path, FileStamp::of(path).value_or(FileStamp())});
+    return SongAdder(*this, *this).add({path, FileStamp::of(path)});
 }
 
 int Index::setSongInfo(SongInfoIndex &e) const
 {
     // Only a regular file can be read without the risk of waiting for ever.
-    const QByteArray head = QFileInfo(e.fullPath).isFile() ? songHeadOf(e.fullPath) : QByteArray();
+    SongHeadBuffer buffer;
+    const QByteArrayView head =
+        QFileInfo(e.fullPath).isFile() ? songHeadOf(e.fullPath, buffer).bytes : QByteArrayView();
     return readSongHead(head, e.fullPath, e) ? 1 : 0;
 }
 
@@ -232,7 +260,8 @@ void Index::createPathIndex()
     emit progressValueChanged(0);
     filesFound = 0;
     SongAdder scanned(*this, *this);
-    scanInto(scanned, rootPath);
+    // Without entries every song is new: its time is asked for when it is read.
+    scanInto(scanned, rootPath, entries.isEmpty() ? SongTimes::Leave : SongTimes::Ask);
     if (m_renamer.isUnsure())
         return;
     if (filesFound == 0) {
@@ -276,7 +305,7 @@ void Index::refreshEntries(const SongAdder *scanned)
 void Index::removeDeletedItems()
 {
     const auto isRemoved = [](const SongInfoIndex &entry) {
-        return entry.id == SongInfoIndex::RemovedId;
+        return entry.id == SongInfoIndex::removedId;
     };
     if (std::none_of(entries.cbegin(), entries.cend(), isRemoved))
         return;
@@ -296,13 +325,13 @@ void Index::removeDeletedItems()
 int Index::writePathIndex()
 {
     sortByPosidx(entries);
-    return indexwriter::writePaths(filePath(indexfiles::Path), listOf(entries));
+    return indexwriter::writePaths(filePath(indexfiles::path), listOf(entries));
 }
 
 int Index::writeOrdIndex()
 {
     PathOrder(entries).apply();
-    return indexwriter::writeOrder(filePath(indexfiles::Order), listOf(entries));
+    return indexwriter::writeOrder(filePath(indexfiles::order), listOf(entries));
 }
 
 int Index::writeTitleIndex(const QString &name)
@@ -400,7 +429,10 @@ bool Index::createPlaylistFilePath()
     return saved;
 }
 
-/** Ids are given anew: the playlists will be pointed at them by path. False if they cannot be. */
+/**
+ * All ids are given anew, and the playlists get them through their path files. False if they
+ * cannot.
+ */
 bool Index::keepPlaylists()
 {
     const auto kept = PlaylistKeeper(rootPath).prepareForNewIds(playlistNumbers);
@@ -433,7 +465,7 @@ int Index::saveSongsList(const QString &root, const QString &fileName, SORT_MODE
     if (writeSongsList(list))
         return 1;
     if (QFileInfo(fileName).isFile())
-        QFile::remove(fileName); // a part of the list would pass for all of it
+        QFile::remove(fileName); // a part of the list would be taken for the whole one
     return 0;
 }
 

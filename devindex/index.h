@@ -1,6 +1,7 @@
 // The player's index on a memory: building, updating and reading it.
 #pragma once
 
+#include "devindex/folderlisting.h"
 #include "devindex/indexbuild.h"
 #include "devindex/indexstate.h"
 #include "devindex/itemrenamer.h"
@@ -56,6 +57,16 @@ public:
      */
     bool updateIndex(const QString &root);
 
+    /**
+     * Like updateIndex(), after a change that takes songs from the memory. While that runs the file
+     * of counts is missing, on the medium too: if it is cut off there is no index, and none that
+     * lists songs that are gone. Songs that stay keep their ids, so that playlists keep their
+     * songs. Where the counts cannot be taken away the change is not made. When it returns false,
+     * since the medium does not take it, nothing is written, which could get the room of songs that
+     * come back after a power cut; there is no index then until the next update.
+     */
+    bool updateIndexAfter(const QString &root, const std::function<bool()> &change);
+
     /** What became of a change of songs. */
     enum class Change {
         NotStarted,  ///< nothing was changed: the index cannot be read, or the memory not written
@@ -64,15 +75,16 @@ public:
         NoIndex      ///< they were changed, and the memory has no index now
     };
 
-    /** Changes songs on the memory. An entry that gets a song's new path stays in the playlists. */
-    using SongChange = std::function<void(QList<SongInfoIndex> &entries)>;
+    /**
+     * Changes songs on the memory. An entry that gets a song's new path stays in the playlists.
+     * False when the medium does not take the change: then nothing more is written to it.
+     */
+    using SongChange = std::function<bool(QList<SongInfoIndex> &entries)>;
 
     /**
-     * Lets songs of the memory be removed, renamed or rewritten, then brings its index up to date
-     * once for all of them. Before the change the old index loses its file of counts, on the medium
-     * too: what is there if the work is cut off is no index rather than one that is not true. Songs
-     * keep their ids. Where there was no complete index, the change gets no entries and a new index
-     * is built.
+     * Like updateIndexAfter(), for songs that are removed, renamed or rewritten: the old index is
+     * read before, so that the change is not begun where it is damaged, and all songs keep their
+     * ids. Where there was no complete index, the change gets no entries and a new index is built.
      */
     Change changeSongs(const QString &root, const SongChange &change);
 
@@ -110,7 +122,7 @@ public:
 
     /**
      * Adds a song to entries, which must be in path order, unless it is there already. A second
-     * file whose name differs only in case counts as there; errorFromIndex tells it. False, after
+     * file whose name differs only in case counts as there; errorFromIndex reports it. False, after
      * errorFromIndex, when the song cannot be indexed.
      */
     bool addFileToIndex(const QFileInfo &fi);
@@ -175,7 +187,7 @@ public:
      */
     bool createPlaylistFilePath();
 
-    /** Writes the songs' ids of now into the playlists. */
+    /** Writes the songs' present ids into the playlists. */
     void restorePlaylistFilePath();
 
 signals:
@@ -193,10 +205,12 @@ private:
     void tellFilesFound(int count) override { emit fileFoundChanged(count); }
 
     bool begin(const QString &root);
+    bool update();
+    bool hasIndexBut(QLatin1String missing) const;
     bool hasWholeIndex() const;
     bool keepPlaylists();
     void saveChangedPaths(const QList<quint16> &numbers);
-    void scanInto(SongAdder &adder, const QString &dir);
+    void scanInto(SongAdder &adder, const QString &dir, SongTimes times);
     void refreshEntries(const SongAdder *scanned);
     bool writeSongsList(RecordWriter &list);
 

@@ -21,7 +21,7 @@ namespace
 /** False for a path that no scan can have given: the file would lie outside the memory. */
 bool isMemoryPath(const QString &path)
 {
-    return path.startsWith(QLatin1Char('/')) && path.size() <= PathRecord::MaxPathLength &&
+    return path.startsWith(QLatin1Char('/')) && path.size() <= PathRecord::maxPathLength &&
            !path.contains(QLatin1String("/../")) && !path.endsWith(QLatin1String("/.."));
 }
 
@@ -53,10 +53,8 @@ void IndexBuild::refreshEntries(const SongAdder *scanned)
 
 void IndexBuild::refresh(SongInfoIndex &entry, const SongAdder *scanned)
 {
-    if (m_state.maxLoadedId == IndexState::NoIdLoaded || entry.id > m_state.maxLoadedId) {
-        // The scan has just seen the file. Only one that cannot be read is looked for again.
-        if (!readSong(entry) && !QFileInfo(entry.fullPath).isFile())
-            entry.id = SongInfoIndex::RemovedId;
+    if (m_state.maxLoadedId == IndexState::noIdLoaded || entry.id > m_state.maxLoadedId) {
+        readNew(entry);
         m_state.indexChanged = 1;
         return;
     }
@@ -64,7 +62,7 @@ void IndexBuild::refresh(SongInfoIndex &entry, const SongAdder *scanned)
     if (!stamp)
         stamp = FileStamp::of(entry.fullPath);
     if (!isMemoryPath(entry.path) || !stamp) {
-        entry.id = SongInfoIndex::RemovedId;
+        entry.id = SongInfoIndex::removedId;
         m_state.indexChanged = 1;
         return;
     }
@@ -76,13 +74,31 @@ void IndexBuild::refresh(SongInfoIndex &entry, const SongAdder *scanned)
     m_state.indexChanged = 1;
 }
 
-/** Reads what the index shows of a song whose file is known to be a regular one. */
-bool IndexBuild::readSong(SongInfoIndex &entry)
+void IndexBuild::readNew(SongInfoIndex &entry)
 {
-    const bool isRead = readSongHead(songHeadOf(entry.fullPath), entry.fullPath, entry);
+    std::optional<FileStamp> stamp = readSong(entry);
+    // The scan has just seen the file. Only one that cannot be read is looked for again.
+    if (!stamp)
+        stamp = FileStamp::of(entry.fullPath);
+    if (!stamp) {
+        entry.id = SongInfoIndex::removedId;
+        return;
+    }
+    entry.date = stamp->date;
+    entry.time = stamp->time;
+}
+
+/**
+ * Reads what the index shows of a song whose file is known to be a regular one, and the time of
+ * the file; nothing, and the defaults are shown, when it cannot be read.
+ */
+std::optional<FileStamp> IndexBuild::readSong(SongInfoIndex &entry)
+{
+    const SongHead head = songHeadOf(entry.fullPath, m_head);
+    readSongHead(head.bytes, entry.fullPath, entry);
     entry.artist = *m_texts.insert(entry.artist);
     entry.genre = *m_texts.insert(entry.genre);
-    return isRead;
+    return head.stamp;
 }
 
 /**
@@ -94,13 +110,13 @@ bool IndexBuild::write()
     if (!removeCounts() || !removeLinks() || !writeOrder() || !restorePlaylists())
         return false;
     const BuildOrders orders(m_state.entries);
-    if (indexwriter::writePaths(m_state.filePath(indexfiles::Path), orders.byNumber()) < 0)
+    if (indexwriter::writePaths(m_state.filePath(indexfiles::path), orders.byNumber()) < 0)
         return false;
     m_observer.tellProgress(20);
     if (!writeSongFiles(orders))
         return false;
     // The other files are on the medium by name, too, before the counts make them an index.
-    if (!flushFolderOf(m_state.filePath(indexfiles::Count)) || writeCounts() < 0)
+    if (!flushFolderOf(m_state.filePath(indexfiles::count)) || writeCounts() < 0)
         return false;
     m_observer.tellProgress(100);
     return true;
@@ -116,15 +132,15 @@ bool IndexBuild::writeSongFiles(const BuildOrders &orders)
         int progress;
     };
     using namespace indexfiles;
-    constexpr QString SongInfoIndex::*artist = &SongInfoIndex::artist;
-    constexpr QString SongInfoIndex::*genre = &SongInfoIndex::genre;
+    constexpr QString SongInfoIndex::*artistOf = &SongInfoIndex::artist;
+    constexpr QString SongInfoIndex::*genreOf = &SongInfoIndex::genre;
     constexpr std::array songFiles{
-        SongFile{&BuildOrders::byTitle, nullptr, Title, AlphaTitle, 30},
-        SongFile{&BuildOrders::byArtist, artist, Artist, AlphaArtist, 40},
-        SongFile{&BuildOrders::byGenre, genre, Genre, AlphaGenre, 50},
-        SongFile{&BuildOrders::mp3ByTitle, nullptr, Mp3Title, AlphaMp3Title, 70},
-        SongFile{&BuildOrders::mp3ByArtist, artist, Mp3Artist, AlphaMp3Artist, 80},
-        SongFile{&BuildOrders::mp3ByGenre, genre, Mp3Genre, AlphaMp3Genre, 90}};
+        SongFile{&BuildOrders::byTitle, nullptr, title, alphaTitle, 30},
+        SongFile{&BuildOrders::byArtist, artistOf, artist, alphaArtist, 40},
+        SongFile{&BuildOrders::byGenre, genreOf, genre, alphaGenre, 50},
+        SongFile{&BuildOrders::mp3ByTitle, nullptr, mp3Title, alphaMp3Title, 70},
+        SongFile{&BuildOrders::mp3ByArtist, artistOf, mp3Artist, alphaMp3Artist, 80},
+        SongFile{&BuildOrders::mp3ByGenre, genreOf, mp3Genre, alphaMp3Genre, 90}};
     constexpr std::size_t firstMp3File = 3;
 
     for (std::size_t i = 0; i < songFiles.size(); ++i) {
@@ -152,7 +168,7 @@ bool IndexBuild::removeCounts() const
         const QString path = m_state.filePath(name);
         return removeFile(path) && flushFolderOf(path);
     };
-    return remove(indexfiles::Count) && (m_state.restorePlaylists == 0 || remove(indexfiles::Path));
+    return remove(indexfiles::count) && (m_state.restorePlaylists == 0 || remove(indexfiles::path));
 }
 
 /** Writing through a link would change a file outside the memory. */
@@ -162,14 +178,14 @@ bool IndexBuild::removeLinks() const
         const QString path = m_state.filePath(name);
         return !QFileInfo(path).isSymLink() || QFile::remove(path);
     };
-    return std::all_of(indexfiles::All.begin(), indexfiles::All.end(), isNoLink) &&
-           isNoLink(indexfiles::UnfinishedCount);
+    return std::all_of(indexfiles::all.begin(), indexfiles::all.end(), isNoLink) &&
+           isNoLink(indexfiles::unfinishedCount);
 }
 
 bool IndexBuild::writeOrder() const
 {
     PathOrder(m_state.entries).apply();
-    return indexwriter::writeOrder(m_state.filePath(indexfiles::Order), listOf(m_state.entries)) >=
+    return indexwriter::writeOrder(m_state.filePath(indexfiles::order), listOf(m_state.entries)) >=
            0;
 }
 
@@ -187,9 +203,9 @@ bool IndexBuild::writeAlpha(QLatin1String name) const
 
 int IndexBuild::writeCounts() const
 {
-    QFile unfinished(m_state.filePath(indexfiles::UnfinishedCount));
+    QFile unfinished(m_state.filePath(indexfiles::unfinishedCount));
     if (indexwriter::writeCounts(unfinished.fileName(), m_state.counts) == 0 &&
-        replaceOnMedium(unfinished, m_state.filePath(indexfiles::Count)))
+        replaceOnMedium(unfinished, m_state.filePath(indexfiles::count)))
         return 0;
     unfinished.remove();
     return -1;

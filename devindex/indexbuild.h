@@ -3,10 +3,13 @@
 
 #include "devindex/entrysort.h"
 #include "devindex/indexstate.h"
+#include "devindex/songhead.h"
 
 #include <QLatin1String>
 #include <QSet>
 #include <QString>
+
+#include <optional>
 
 class SongAdder;
 
@@ -16,8 +19,8 @@ public:
     IndexBuild(IndexState &state, IndexObserver &observer);
 
     /**
-     * Reads what is new or changed, and marks the entries whose files are gone. What scanned has
-     * seen of a file is not asked for again; it may be null.
+     * Reads what is new or changed, and marks the entries whose files are gone. The time of a file
+     * that scanned has seen is not read again; scanned may be null.
      */
     void refreshEntries(const SongAdder *scanned);
 
@@ -25,9 +28,9 @@ public:
     bool write();
 
     /**
-     * Takes away the file of counts, on the medium as well, before any other index file changes:
-     * what is there if the work is cut off after that is no index. Where the playlists get new ids,
-     * the old path file goes, too: nobody must look for the new ids in it.
+     * Removes the file of counts, on the medium as well, before any other index file changes: if
+     * the work is cut off after that, the player sees no index. Where the playlists get new ids the
+     * old path file is removed too, so that the new ids are never looked up in it.
      */
     bool removeCounts() const;
 
@@ -36,7 +39,8 @@ public:
 
 private:
     void refresh(SongInfoIndex &entry, const SongAdder *scanned);
-    bool readSong(SongInfoIndex &entry);
+    void readNew(SongInfoIndex &entry);
+    std::optional<FileStamp> readSong(SongInfoIndex &entry);
     bool removeLinks() const;
     bool writeOrder() const;
     bool restorePlaylists();
@@ -45,5 +49,6 @@ private:
 
     IndexState &m_state;
     IndexObserver &m_observer;
-    QSet<QString> m_texts; ///< artists and genres, which many songs share, once each
+    SongHeadBuffer m_head{};
+    QSet<QString> m_texts; ///< each artist and genre once, since many songs share them
 };

@@ -18,15 +18,15 @@ IndexLoader::IndexLoader(const QString &root, QList<SongInfoIndex> &entries)
 
 bool IndexLoader::load()
 {
-    return loadPaths() && loadTitles() && loadGroups(indexfiles::Artist, &SongInfoIndex::artist) &&
-           loadGroups(indexfiles::Genre, &SongInfoIndex::genre);
+    return loadPaths() && loadTitles() && loadGroups(indexfiles::artist, &SongInfoIndex::artist) &&
+           loadGroups(indexfiles::genre, &SongInfoIndex::genre);
 }
 
 bool IndexLoader::loadPathsAlone()
 {
     QByteArray order;
-    if (loadPaths() && read(indexfiles::Order, OrderValue::Size, SongInfoIndex::MaxSongs, order) &&
-        order.size() / OrderValue::Size == m_entries.size())
+    if (loadPaths() && read(indexfiles::order, OrderValue::size, SongInfoIndex::maxSongs, order) &&
+        order.size() / OrderValue::size == m_entries.size())
         return true;
     m_entries.clear();
     return false;
@@ -35,14 +35,14 @@ bool IndexLoader::loadPathsAlone()
 bool IndexLoader::loadPaths()
 {
     QByteArray bytes;
-    if (!read(indexfiles::Path, PathRecord::Size, SongInfoIndex::MaxSongs, bytes))
+    if (!read(indexfiles::path, PathRecord::size, SongInfoIndex::maxSongs, bytes))
         return false;
-    m_entries.reserve(bytes.size() / PathRecord::Size);
-    for (qsizetype pos = 0; pos < bytes.size(); pos += PathRecord::Size) {
+    m_entries.reserve(bytes.size() / PathRecord::size);
+    for (qsizetype pos = 0; pos < bytes.size(); pos += PathRecord::size) {
         const PathRecord record = PathRecord::decode(bytes.constData() + pos);
-        // Ids and record numbers grow together; songs are looked up by id on that ground.
+        // Ids and record numbers grow together; the look-up of songs by id relies on it.
         const bool ascending = m_entries.isEmpty() || record.id > m_entries.constLast().id;
-        if (!ascending || record.id == SongInfoIndex::RemovedId)
+        if (!ascending || record.id == SongInfoIndex::removedId)
             return false;
         SongInfoIndex entry;
         entry.id = record.id;
@@ -59,14 +59,14 @@ bool IndexLoader::loadPaths()
 bool IndexLoader::loadTitles()
 {
     QByteArray bytes;
-    if (!read(indexfiles::Title, SongRecord::Size, SongInfoIndex::MaxSongs, bytes))
+    if (!read(indexfiles::title, SongRecord::size, SongInfoIndex::maxSongs, bytes))
         return false;
-    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::Size) {
-        const SongRecord record = SongRecord::decode(bytes.constData() + pos);
+    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::size) {
+        SongRecord record = SongRecord::decode(bytes.constData() + pos);
         SongInfoIndex *const entry = entryOf(record.id);
         if (entry == nullptr)
             return false;
-        entry->title = stringToUpper(record.title).trimmed();
+        entry->title = stringToUpper(std::move(record.title)).trimmed();
         entry->bpm = record.bpm;
         entry->fileType = record.fileType;
         entry->hasMarkers = record.hasMarkers ? 1 : 0;
@@ -77,11 +77,11 @@ bool IndexLoader::loadTitles()
 bool IndexLoader::loadGroups(QLatin1String name, QString SongInfoIndex::*text)
 {
     QByteArray bytes;
-    constexpr int maxRecords = 2 * SongInfoIndex::MaxSongs; // at most one header for each song
-    if (!read(name, SongRecord::Size, maxRecords, bytes))
+    constexpr int maxRecords = 2 * SongInfoIndex::maxSongs; // at most one header for each song
+    if (!read(name, SongRecord::size, maxRecords, bytes))
         return false;
     QString groupText;
-    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::Size) {
+    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::size) {
         const char *const record = bytes.constData() + pos;
         if (GroupHeader::isHeader(record)) {
             groupText = stringToUpper(GroupHeader::decode(record).text).trimmed();

@@ -8,9 +8,9 @@
 #include <QString>
 
 /**
- * Puts the songs of an index together from its path, title, artist and genre files. The files are
- * taken for what a stranger may have written: their sizes are bounded by what a memory can hold,
- * and the counts in them are not believed.
+ * Puts the songs of an index together from its path, title, artist and genre files. The files may
+ * be damaged or hostile: no more is read than the index of a full memory has, and the counts in
+ * them are not trusted.
  */
 class IndexLoader
 {

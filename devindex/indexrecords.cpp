@@ -11,25 +11,25 @@ namespace
 {
 
 // Offsets inside the records. The id stands first wherever there is one.
-constexpr int PathTextOffset = 4;
-constexpr int PathTextSize = PathRecord::MaxPathLength + 1;
-constexpr int DateOffset = 50;
-constexpr int DateDigits = 8;
-constexpr int TimeOffset = 58;
-constexpr int TimeDigits = 6;
+constexpr int pathTextOffset = 4;
+constexpr int pathTextSize = PathRecord::maxPathLength + 1;
+constexpr int dateOffset = 50;
+constexpr int dateDigits = 8;
+constexpr int timeOffset = 58;
+constexpr int timeDigits = 6;
 
-constexpr int TextOffset = 4; // title of a song, artist or genre of a group
-constexpr int BpmOffset = 30;
-constexpr int TypeOffset = 31;
-constexpr int TypeMask = 0x07;
-constexpr int MarkerBit = 0x08;
+constexpr int textOffset = 4; // title of a song, artist or genre of a group
+constexpr int bpmOffset = 30;
+constexpr int typeOffset = 31;
+constexpr int typeMask = 0x07;
+constexpr int markerBit = 0x08;
 
-constexpr int GroupCountOffset = 2;
-constexpr char GroupMark = '\xFF'; // in the place of the type, where no song has it
+constexpr int groupCountOffset = 2;
+constexpr char groupMark = '\xFF'; // in the place of the type, where no song has it
 
-constexpr ushort FirstAlphaCode = 0x20;
-constexpr ushort LastAlphaCode = 0x5F;
-constexpr quint32 EmptyAlphaSlot = 0xFFFFFFFF;
+constexpr ushort firstAlphaCode = 0x20;
+constexpr ushort lastAlphaCode = 0x5F;
+constexpr quint32 emptyAlphaSlot = 0xFFFFFFFF;
 
 void putText(char *field, int size, const QByteArray &text)
 {
@@ -66,9 +66,9 @@ PathRecord::Bytes PathRecord::encode() const
 {
     Bytes bytes{};
     qToBigEndian(id, bytes.data());
-    putText(bytes.data() + PathTextOffset, MaxPathLength, ibm850FromText(path));
-    putDigits(bytes.data() + DateOffset, DateDigits, date);
-    putDigits(bytes.data() + TimeOffset, TimeDigits, time);
+    putText(bytes.data() + pathTextOffset, maxPathLength, ibm850FromText(path));
+    putDigits(bytes.data() + dateOffset, dateDigits, date);
+    putDigits(bytes.data() + timeOffset, timeDigits, time);
     return bytes;
 }
 
@@ -76,9 +76,9 @@ PathRecord PathRecord::decode(const char *bytes)
 {
     PathRecord record;
     record.id = qFromBigEndian<quint32>(bytes);
-    record.path = textFromIbm850(untilZero(bytes + PathTextOffset, PathTextSize));
-    record.date = digitsAt(bytes + DateOffset, DateDigits);
-    record.time = digitsAt(bytes + TimeOffset, TimeDigits);
+    record.path = textFromIbm850(untilZero(bytes + pathTextOffset, pathTextSize));
+    record.date = digitsAt(bytes + dateOffset, dateDigits);
+    record.time = digitsAt(bytes + timeOffset, timeDigits);
     return record;
 }
 
@@ -86,9 +86,9 @@ SongRecord::Bytes SongRecord::encode() const
 {
     Bytes bytes{};
     qToBigEndian(id, bytes.data());
-    putText(bytes.data() + TextOffset, TitleSize, bytesFromText(title));
-    bytes[BpmOffset] = static_cast<char>(bpm);
-    bytes[TypeOffset] = static_cast<char>((fileType & TypeMask) | (hasMarkers ? MarkerBit : 0));
+    putBytesFromText(title, bytes.data() + textOffset, titleSize);
+    bytes[bpmOffset] = static_cast<char>(bpm);
+    bytes[typeOffset] = static_cast<char>((fileType & typeMask) | (hasMarkers ? markerBit : 0));
     return bytes;
 }
 
@@ -96,10 +96,10 @@ SongRecord SongRecord::decode(const char *bytes)
 {
     SongRecord record;
     record.id = idOf(bytes);
-    record.title = textFromBytes(QByteArrayView(bytes + TextOffset, TitleSize));
-    record.bpm = static_cast<quint8>(bytes[BpmOffset]);
-    record.fileType = static_cast<quint8>(bytes[TypeOffset] & TypeMask);
-    record.hasMarkers = (bytes[TypeOffset] & MarkerBit) != 0;
+    record.title = textFromBytes(QByteArrayView(bytes + textOffset, titleSize));
+    record.bpm = static_cast<quint8>(bytes[bpmOffset]);
+    record.fileType = static_cast<quint8>(bytes[typeOffset] & typeMask);
+    record.hasMarkers = (bytes[typeOffset] & markerBit) != 0;
     return record;
 }
 
@@ -112,9 +112,9 @@ GroupHeader::Bytes GroupHeader::encode() const
 {
     Bytes bytes{};
     qToBigEndian(previousCount, bytes.data());
-    qToBigEndian(count, bytes.data() + GroupCountOffset);
-    putText(bytes.data() + TextOffset, TextSize, bytesFromText(text));
-    bytes[TypeOffset] = GroupMark;
+    qToBigEndian(count, bytes.data() + groupCountOffset);
+    putBytesFromText(text, bytes.data() + textOffset, textSize);
+    bytes[typeOffset] = groupMark;
     return bytes;
 }
 
@@ -122,14 +122,14 @@ GroupHeader GroupHeader::decode(const char *bytes)
 {
     GroupHeader header;
     header.previousCount = qFromBigEndian<quint16>(bytes);
-    header.count = qFromBigEndian<quint16>(bytes + GroupCountOffset);
-    header.text = textFromBytes(QByteArrayView(bytes + TextOffset, TextSize));
+    header.count = qFromBigEndian<quint16>(bytes + groupCountOffset);
+    header.text = textFromBytes(QByteArrayView(bytes + textOffset, textSize));
     return header;
 }
 
 bool GroupHeader::isHeader(const char *bytes)
 {
-    return bytes[TypeOffset] == GroupMark;
+    return bytes[typeOffset] == groupMark;
 }
 
 quint16 PlaylistListRecord::number(const char *bytes)
@@ -152,13 +152,13 @@ void PlaylistSongRecord::setId(char *bytes, quint32 id)
 PlaylistPathRecord::Bytes PlaylistPathRecord::encode(const QString &path)
 {
     Bytes bytes{};
-    putText(bytes.data(), Size - 1, bytesFromText(path));
+    putText(bytes.data(), size - 1, bytesFromText(path));
     return bytes;
 }
 
 QString PlaylistPathRecord::decode(const char *bytes)
 {
-    return QString::fromLatin1(untilZero(bytes, Size));
+    return QString::fromLatin1(untilZero(bytes, size));
 }
 
 CountRecord::Bytes CountRecord::encode() const
@@ -187,9 +187,9 @@ void AlphaTable::add(const QString &text, qint64 offset)
     if (text.isEmpty())
         return;
     const ushort code = text.front().toUpper().unicode();
-    if (code < FirstAlphaCode || code > LastAlphaCode)
+    if (code < firstAlphaCode || code > lastAlphaCode)
         return;
-    char *const slot = bytes.data() + (code - FirstAlphaCode) * sizeof(EmptyAlphaSlot);
-    if (qFromBigEndian<quint32>(slot) == EmptyAlphaSlot)
+    char *const slot = bytes.data() + (code - firstAlphaCode) * sizeof(emptyAlphaSlot);
+    if (qFromBigEndian<quint32>(slot) == emptyAlphaSlot)
         qToBigEndian(static_cast<quint32>(offset), slot);
 }

@@ -11,10 +11,10 @@
  * path (46, IBM 850, zero-terminated), modification date (8 decimal digits) and time (6).
  */
 struct PathRecord {
-    static constexpr int Size = 64;
-    static constexpr int MaxPathLength = 45;
-    static constexpr quint32 MaxDate = 99991231;
-    using Bytes = std::array<char, Size>;
+    static constexpr int size = 64;
+    static constexpr int maxPathLength = 45;
+    static constexpr quint32 maxDate = 99991231;
+    using Bytes = std::array<char, size>;
 
     quint32 id = 0;
     QString path;
@@ -24,7 +24,7 @@ struct PathRecord {
     /** A path that is too long is cut; a date or time of too many digits loses the first ones. */
     Bytes encode() const;
 
-    /** Reads Size bytes. Digits that are none make the whole date or time 0. */
+    /** Reads `size` bytes. Digits that are none make the whole date or time 0. */
     static PathRecord decode(const char *bytes);
 };
 
@@ -33,9 +33,9 @@ struct PathRecord {
  * zero-padded), tempo, type (bits 0 to 2) with the marker flag (bit 3).
  */
 struct SongRecord {
-    static constexpr int Size = 32;
-    static constexpr int TitleSize = 26;
-    using Bytes = std::array<char, Size>;
+    static constexpr int size = 32;
+    static constexpr int titleSize = 26;
+    using Bytes = std::array<char, size>;
 
     quint32 id = 0;
     QString title;
@@ -43,10 +43,10 @@ struct SongRecord {
     quint8 fileType = 0;
     bool hasMarkers = false;
 
-    /** A longer title is cut at TitleSize bytes. */
+    /** A longer title is cut at titleSize bytes. */
     Bytes encode() const;
 
-    /** Reads Size bytes. */
+    /** Reads `size` bytes. */
     static SongRecord decode(const char *bytes);
 
     /** The id alone. */
@@ -58,28 +58,28 @@ struct SongRecord {
  * (2, big-endian), in this one (2), artist or genre (26, Latin-1, zero-padded), 0x00, 0xFF.
  */
 struct GroupHeader {
-    static constexpr int Size = SongRecord::Size;
-    static constexpr int TextSize = 26;
-    using Bytes = std::array<char, Size>;
+    static constexpr int size = SongRecord::size;
+    static constexpr int textSize = 26;
+    using Bytes = std::array<char, size>;
 
     quint16 previousCount = 0;
     quint16 count = 0;
     QString text;
 
-    /** A longer text is cut at TextSize bytes. */
+    /** A longer text is cut at textSize bytes. */
     Bytes encode() const;
 
-    /** Reads Size bytes. */
+    /** Reads `size` bytes. */
     static GroupHeader decode(const char *bytes);
 
-    /** True when these Size bytes are a header and not a song. */
+    /** True when these `size` bytes are a header and not a song. */
     static bool isHeader(const char *bytes);
 };
 
 /** A record of the list of playlists. 32 bytes, of which the first two are the playlist's number.
  */
 struct PlaylistListRecord {
-    static constexpr int Size = 32;
+    static constexpr int size = 32;
 
     /**
      * The number in the names of the playlist's files. The player takes the low byte as signed:
@@ -90,7 +90,7 @@ struct PlaylistListRecord {
 
 /** A song of a playlist. 32 bytes: id (4, big-endian); the others are the player's own. */
 struct PlaylistSongRecord {
-    static constexpr int Size = 32;
+    static constexpr int size = 32;
 
     static quint32 id(const char *bytes);
     static void setId(char *bytes, quint32 id);
@@ -98,8 +98,8 @@ struct PlaylistSongRecord {
 
 /** A song of a playlist by path: 64 bytes, Latin-1, zero-terminated and zero-padded. */
 struct PlaylistPathRecord {
-    static constexpr int Size = 64;
-    using Bytes = std::array<char, Size>;
+    static constexpr int size = 64;
+    using Bytes = std::array<char, size>;
 
     static Bytes encode(const QString &path);
     static QString decode(const char *bytes);
@@ -110,8 +110,8 @@ struct PlaylistPathRecord {
  * songs, then of the MP3 songs.
  */
 struct CountRecord {
-    static constexpr int Size = 12;
-    using Bytes = std::array<char, Size>;
+    static constexpr int size = 12;
+    using Bytes = std::array<char, size>;
 
     std::array<quint32, 6> values{};
 
@@ -121,7 +121,7 @@ struct CountRecord {
 
 /** A value of the order file: a record number (2, little-endian). */
 struct OrderValue {
-    static constexpr int Size = 2;
+    static constexpr int size = 2;
 
     static void encode(char *bytes, quint16 posidx);
 };
@@ -131,8 +131,8 @@ struct OrderValue {
  * big-endian) for the characters 0x20 to 0x5F; 0xFFFFFFFF for a letter that no text begins with.
  */
 struct AlphaTable {
-    static constexpr int Size = 256;
-    using Bytes = std::array<char, Size>;
+    static constexpr int size = 256;
+    using Bytes = std::array<char, size>;
 
     Bytes bytes{};
 

@@ -1,4 +1,4 @@
-// What the steps of an index operation share, and what they tell while they work.
+// The state that the steps of an index operation share, and the observer that they report to.
 #pragma once
 
 #include "devindex/indexrecords.h"
@@ -10,13 +10,13 @@
 /** The state of one operation on a memory's index; each step takes it from the one before. */
 struct IndexState {
     /** Stands for maxLoadedId where no index was read. */
-    static constexpr quint32 NoIdLoaded = 0xFFFFFFFF;
+    static constexpr quint32 noIdLoaded = 0xFFFFFFFF;
 
     AlphaTable alphaBuffer;
     QString rootPath; ///< without a slash at its end
     QList<SongInfoIndex> entries;
     QList<quint16> playlistNumbers;
-    quint32 maxLoadedId = NoIdLoaded; ///< highest id of the index that was read, or this
+    quint32 maxLoadedId = noIdLoaded; ///< highest id of the index that was read, or noIdLoaded
     quint32 nextId = 0;
     quint16 nextPosidx = 0;
     quint8 restorePlaylists = 0;
@@ -30,7 +30,7 @@ struct IndexState {
     QString filePath(const QString &name) const { return rootPath + QLatin1Char('/') + name; }
 };
 
-/** Hears what the steps of an index operation have to tell. */
+/** Receives the reports of the steps of an index operation. */
 class IndexObserver
 {
 public:

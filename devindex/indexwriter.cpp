@@ -9,7 +9,7 @@ namespace
 {
 
 /** The order file is written in blocks of 512 values. */
-constexpr std::size_t OrderBlockSize = std::size_t(512) * OrderValue::Size;
+constexpr std::size_t orderBlockSize = std::size_t(512) * OrderValue::size;
 
 SongRecord songRecord(const SongInfoIndex &entry)
 {
@@ -22,7 +22,7 @@ SongRecord songRecord(const SongInfoIndex &entry)
     return record;
 }
 
-/** Hands records on by the thousand: each one that a file takes by itself costs it a look. */
+/** Collects records and writes many at once, since each single write costs time. */
 class Block
 {
 public:
@@ -88,11 +88,11 @@ int indexwriter::writeOrder(const QString &path, const EntryList &entries)
     RecordWriter file(path);
     if (!file.open())
         return -1;
-    std::array<char, OrderBlockSize> block{};
+    std::array<char, orderBlockSize> block{};
     std::size_t filled = 0;
     for (const SongInfoIndex *const entry : entries) {
         OrderValue::encode(block.data() + filled, entry->posidx);
-        filled += OrderValue::Size;
+        filled += OrderValue::size;
         if (filled < block.size())
             continue;
         if (!file.append(block))

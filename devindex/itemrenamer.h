@@ -30,10 +30,10 @@ public:
      */
     QString renameLong(const QString &path);
 
-    /** The same for an item that was reached from the root without any link. */
+    /** The same for an item that was reached from the root without a symbolic link. */
     QString renameLongInside(const QString &path);
 
-    /** An item was renamed, but may not be so after a power cut. */
+    /** True when an item was renamed but the rename may not be on the medium yet. */
     bool isUnsure() const { return m_unsure; }
 
     /** Forgets earlier renames, but not the answers. */

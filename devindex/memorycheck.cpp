@@ -16,10 +16,10 @@ namespace
 {
 
 /** No file of an index is larger, nor is a playlist of the songs of a whole memory. */
-constexpr qint64 largestFile = qint64{SongInfoIndex::MaxSongs} * PathRecord::Size * 2;
+constexpr qint64 largestFile = qint64{SongInfoIndex::maxSongs} * PathRecord::size * 2;
 
 constexpr int digitsSize = 14;
-constexpr int pathSize = PathRecord::MaxPathLength + 1;
+constexpr int pathSize = PathRecord::maxPathLength + 1;
 constexpr quint32 noOffset = 0xFFFFFFFF;
 constexpr char replacedCharacter = '?'; ///< its place in an order is not known
 
@@ -142,7 +142,7 @@ QByteArray MemoryCheck::records(const QString &name, int size)
 
 bool MemoryCheck::isComplete()
 {
-    for (const QLatin1String name : indexfiles::All) {
+    for (const QLatin1String name : indexfiles::all) {
         const QString path = m_root + QLatin1Char('/') + name;
         if (!QFileInfo(path).isFile() || !QFile(path).open(QFile::ReadOnly)) {
             add(Kind::NoIndex, name,
@@ -159,7 +159,7 @@ bool MemoryCheck::isComplete()
 void MemoryCheck::findSongFiles()
 {
     for (const memorywalk::File &file : memorywalk::songs(m_root)) {
-        if (file.path.size() > PathRecord::MaxPathLength)
+        if (file.path.size() > PathRecord::maxPathLength)
             continue;
         const QByteArray path = ibm850FromText(file.path);
         if (!m_files.contains(path))
@@ -170,13 +170,13 @@ void MemoryCheck::findSongFiles()
 
 void MemoryCheck::checkPaths()
 {
-    const QByteArray bytes = records(indexfiles::Path, PathRecord::Size);
-    const qsizetype count = bytes.size() / PathRecord::Size;
-    if (count > SongInfoIndex::MaxSongs)
-        add(Kind::TooManySongs, indexfiles::Path, tr("Troppe song: %1").arg(count));
+    const QByteArray bytes = records(indexfiles::path, PathRecord::size);
+    const qsizetype count = bytes.size() / PathRecord::size;
+    if (count > SongInfoIndex::maxSongs)
+        add(Kind::TooManySongs, indexfiles::path, tr("Troppe song: %1").arg(count));
     m_songs.reserve(count);
     for (qsizetype number = 0; number < count; ++number)
-        checkPath(static_cast<int>(number), bytes.constData() + number * PathRecord::Size);
+        checkPath(static_cast<int>(number), bytes.constData() + number * PathRecord::size);
 }
 
 void MemoryCheck::checkPath(int number, const char *record)
@@ -185,29 +185,29 @@ void MemoryCheck::checkPath(int number, const char *record)
     bool isPadded = false;
     const QByteArray path = fieldText(record + sizeof(quint32), pathSize, isPadded);
     const QString shown = textFromIbm850(path);
-    if (qint64{id} <= m_lastId || id == SongInfoIndex::RemovedId)
+    if (qint64{id} <= m_lastId || id == SongInfoIndex::removedId)
         add(Kind::BadRecord, shown,
             tr("Il record %1 di %2 ha un numero di song sbagliato: %3")
                 .arg(number)
-                .arg(indexfiles::Path)
+                .arg(indexfiles::path)
                 .arg(id));
     m_lastId = id;
-    if (path.size() > PathRecord::MaxPathLength || !isPadded)
+    if (path.size() > PathRecord::maxPathLength || !isPadded)
         add(Kind::BadRecord, shown,
-            tr("Il record %1 di %2 non finisce con zeri").arg(number).arg(indexfiles::Path));
+            tr("Il record %1 di %2 non finisce con zeri").arg(number).arg(indexfiles::path));
     if (!path.startsWith('/') || path.split('/').contains(".."))
         add(Kind::BadRecord, shown,
             tr("Il record %1 di %2 non è un percorso della memoria")
                 .arg(number)
-                .arg(indexfiles::Path));
+                .arg(indexfiles::path));
     if (m_paths.contains(path) && !path.contains(replacedCharacter))
         add(Kind::ListedTwice, shown, tr("La song è elencata due volte"));
     m_paths.insert(path);
 
-    QByteArray digits(record + PathRecord::Size - digitsSize, digitsSize);
+    QByteArray digits(record + PathRecord::size - digitsSize, digitsSize);
     if (!isDigits(digits)) {
         add(Kind::BadRecord, shown,
-            tr("Il record %1 di %2 non ha una data").arg(number).arg(indexfiles::Path));
+            tr("Il record %1 di %2 non ha una data").arg(number).arg(indexfiles::path));
         digits.fill('0');
     }
     const auto file = m_files.constFind(path);
@@ -234,20 +234,20 @@ void MemoryCheck::checkUnlisted()
 
 void MemoryCheck::checkOrder()
 {
-    const QByteArray bytes = read(indexfiles::Order);
-    if (bytes.size() != m_songs.size() * OrderValue::Size) {
-        add(Kind::WrongSize, indexfiles::Order,
+    const QByteArray bytes = read(indexfiles::order);
+    if (bytes.size() != m_songs.size() * OrderValue::size) {
+        add(Kind::WrongSize, indexfiles::order,
             tr("La dimensione non corrisponde al numero di song"));
         return;
     }
     QList<quint16> order;
-    for (qsizetype pos = 0; pos < bytes.size(); pos += OrderValue::Size)
+    for (qsizetype pos = 0; pos < bytes.size(); pos += OrderValue::size)
         order.append(qFromLittleEndian<quint16>(bytes.constData() + pos));
     QList<quint16> sorted = order;
     std::sort(sorted.begin(), sorted.end());
     for (qsizetype number = 0; number < sorted.size(); ++number) {
         if (sorted.at(number) != number) {
-            add(Kind::WrongSongs, indexfiles::Order, tr("Non elenca ogni song una volta"));
+            add(Kind::WrongSongs, indexfiles::order, tr("Non elenca ogni song una volta"));
             return;
         }
     }
@@ -258,7 +258,7 @@ void MemoryCheck::checkOrder()
             continue;
         const QByteArray key = pathSortKey(textFromIbm850(path));
         if (key < previous)
-            add(Kind::WrongOrder, indexfiles::Order,
+            add(Kind::WrongOrder, indexfiles::order,
                 tr("%1 è al posto sbagliato").arg(textFromIbm850(path)));
         previous = key;
     }
@@ -269,10 +269,10 @@ void MemoryCheck::checkOrder()
 void MemoryCheck::checkSongBytes(const QString &name, int number, const char *record)
 {
     bool isPadded = false;
-    fieldText(record + sizeof(quint32), SongRecord::TitleSize, isPadded);
+    fieldText(record + sizeof(quint32), SongRecord::titleSize, isPadded);
     if (!isPadded)
         add(Kind::BadRecord, name, tr("Il titolo del record %1 non finisce con zeri").arg(number));
-    const int type = static_cast<quint8>(record[SongRecord::Size - 1]);
+    const int type = static_cast<quint8>(record[SongRecord::size - 1]);
     if ((type & fileTypeMask) > SongInfoIndex::Mf5 || (type & unusedTypeBits) != 0)
         add(Kind::BadRecord, name, tr("Il formato del record %1 non esiste").arg(number));
 }
@@ -290,19 +290,19 @@ void MemoryCheck::checkSorted(const QString &name, int number, const QString &fi
 void MemoryCheck::checkTitles(bool mp3Only)
 {
     const QString name = mp3Name(QStringLiteral("title"), mp3Only);
-    const QByteArray bytes = records(name, SongRecord::Size);
+    const QByteArray bytes = records(name, SongRecord::size);
     QHash<quint32, QByteArray> seen;
     QList<quint32> songs;
     QList<Initial> initials;
     QString previous;
-    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::Size) {
-        const int number = static_cast<int>(pos / SongRecord::Size);
+    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::size) {
+        const int number = static_cast<int>(pos / SongRecord::size);
         const char *const record = bytes.constData() + pos;
         checkSongBytes(name, number, record);
         const quint32 id = SongRecord::idOf(record);
         bool isPadded = false;
         const QString title = QString::fromLatin1(
-            fieldText(record + sizeof(quint32), SongRecord::TitleSize, isPadded));
+            fieldText(record + sizeof(quint32), SongRecord::titleSize, isPadded));
         if (seen.contains(id) || !m_ids.contains(id))
             add(Kind::ListedTwice, name,
                 tr("La song %1 del record %2 è elencata due volte o non ha un file")
@@ -312,7 +312,7 @@ void MemoryCheck::checkTitles(bool mp3Only)
             checkSorted(name, number, previous, title);
         if (!seen.contains(id))
             songs.append(id);
-        seen.insert(id, QByteArray(record, SongRecord::Size));
+        seen.insert(id, QByteArray(record, SongRecord::size));
         initials.append({title, static_cast<quint32>(pos)});
         previous = title;
     }
@@ -325,7 +325,7 @@ void MemoryCheck::checkTitles(bool mp3Only)
         for (const quint32 id : std::as_const(songs)) {
             if (m_titleRecords.value(id) != seen.value(id))
                 add(Kind::BadRecord, name,
-                    tr("La song %1 è diversa che in %2").arg(id).arg(indexfiles::Title));
+                    tr("La song %1 è diversa che in %2").arg(id).arg(indexfiles::title));
         }
     } else {
         m_expected = m_ids;
@@ -341,9 +341,9 @@ int MemoryCheck::checkGroups(const QString &kind, bool mp3Only)
     const QString name = mp3Name(kind, mp3Only);
     m_state = {};
     m_state.kind = kind;
-    const QByteArray bytes = records(name, SongRecord::Size);
-    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::Size) {
-        const int number = static_cast<int>(pos / SongRecord::Size);
+    const QByteArray bytes = records(name, SongRecord::size);
+    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::size) {
+        const int number = static_cast<int>(pos / SongRecord::size);
         const char *const record = bytes.constData() + pos;
         if (GroupHeader::isHeader(record))
             checkGroupHeader(name, number, record);
@@ -363,7 +363,7 @@ void MemoryCheck::checkGroupHeader(const QString &name, int number, const char *
     const GroupHeader header = GroupHeader::decode(record);
     bool isPadded = false;
     const QString text =
-        QString::fromLatin1(fieldText(record + sizeof(quint32), GroupHeader::TextSize, isPadded));
+        QString::fromLatin1(fieldText(record + sizeof(quint32), GroupHeader::textSize, isPadded));
     if (m_state.left > 0)
         add(Kind::WrongGroup, name,
             tr("Song mancanti prima del gruppo %1: %2").arg(text).arg(m_state.left));
@@ -373,7 +373,7 @@ void MemoryCheck::checkGroupHeader(const QString &name, int number, const char *
                 .arg(text)
                 .arg(header.previousCount)
                 .arg(m_state.lastCount));
-    if (header.count == 0 || !isPadded || record[GroupHeader::Size - 2] != '\0')
+    if (header.count == 0 || !isPadded || record[GroupHeader::size - 2] != '\0')
         add(Kind::BadRecord, name,
             tr("L'inizio del gruppo nel record %1 è danneggiato").arg(number));
     const bool isKnown = !text.contains(QLatin1Char(replacedCharacter));
@@ -381,7 +381,7 @@ void MemoryCheck::checkGroupHeader(const QString &name, int number, const char *
         add(Kind::ListedTwice, name, tr("Il gruppo %1 c'è due volte").arg(text));
     if (m_state.hasGroup)
         checkSorted(name, number, m_state.group, text);
-    m_state.initials.append({text, static_cast<quint32>(number * GroupHeader::Size)});
+    m_state.initials.append({text, static_cast<quint32>(number * GroupHeader::size)});
     m_state.group = text;
     m_state.hasGroup = true;
     m_state.hasTitle = false;
@@ -395,18 +395,18 @@ void MemoryCheck::checkGroupedSong(const QString &name, int number, const char *
     const quint32 id = SongRecord::idOf(record);
     bool isPadded = false;
     const QString title =
-        QString::fromLatin1(fieldText(record + sizeof(quint32), SongRecord::TitleSize, isPadded));
+        QString::fromLatin1(fieldText(record + sizeof(quint32), SongRecord::titleSize, isPadded));
     if (m_state.left == 0)
         add(Kind::WrongGroup, name,
             tr("Il record %1 è una song in più di quelle del suo gruppo").arg(number));
     m_state.left = std::max(0, m_state.left - 1);
     if (m_state.seen.contains(id) ||
-        m_titleRecords.value(id) != QByteArray(record, SongRecord::Size))
+        m_titleRecords.value(id) != QByteArray(record, SongRecord::size))
         add(Kind::BadRecord, name,
             tr("La song %1 del record %2 è elencata due volte o è diversa che in %3")
                 .arg(id)
                 .arg(number)
-                .arg(indexfiles::Title));
+                .arg(indexfiles::title));
     m_state.seen.insert(id);
     QHash<quint32, QString> &groups = m_groupOf[m_state.kind];
     if (!groups.contains(id))
@@ -425,9 +425,9 @@ void MemoryCheck::checkGroupedSong(const QString &name, int number, const char *
 void MemoryCheck::checkLetters(const QString &name, const QList<Initial> &initials)
 {
     const QByteArray bytes = read(name);
-    if (bytes.size() != AlphaTable::Size) {
+    if (bytes.size() != AlphaTable::size) {
         add(Kind::WrongSize, name,
-            tr("%1 byte invece di %2").arg(bytes.size()).arg(AlphaTable::Size));
+            tr("%1 byte invece di %2").arg(bytes.size()).arg(AlphaTable::size));
         return;
     }
     QHash<QString, quint32> first;
@@ -439,7 +439,7 @@ void MemoryCheck::checkLetters(const QString &name, const QList<Initial> &initia
             first.insert(letter, initial.offset);
     }
     constexpr qsizetype slotSize = sizeof(quint32);
-    for (int slot = 0; slot < AlphaTable::Size / slotSize; ++slot) {
+    for (int slot = 0; slot < AlphaTable::size / slotSize; ++slot) {
         const QString letter(QChar(0x20 + slot));
         const auto offset = qFromBigEndian<quint32>(bytes.constData() + slot * slotSize);
         const bool isUnknown = letter == QLatin1Char(replacedCharacter);
@@ -457,8 +457,8 @@ void MemoryCheck::checkCounts(const QList<int> &counts)
     for (qsizetype i = 0; i < counts.size(); ++i)
         expected.values.at(static_cast<std::size_t>(i)) = static_cast<quint32>(counts.at(i));
     const CountRecord::Bytes bytes = expected.encode();
-    if (read(indexfiles::Count) != QByteArray(bytes.data(), CountRecord::Size))
-        add(Kind::WrongCounts, indexfiles::Count,
+    if (read(indexfiles::count) != QByteArray(bytes.data(), CountRecord::size))
+        add(Kind::WrongCounts, indexfiles::count,
             tr("I numeri di song, interpreti e generi non sono quelli degli elenchi"));
 }
 
@@ -466,22 +466,22 @@ void MemoryCheck::checkCounts(const QList<int> &counts)
 
 void MemoryCheck::checkPlaylists()
 {
-    const QByteArray bytes = records(indexfiles::PlaylistList, PlaylistListRecord::Size);
-    for (qsizetype pos = 0; pos < bytes.size(); pos += PlaylistListRecord::Size) {
+    const QByteArray bytes = records(indexfiles::playlistList, PlaylistListRecord::size);
+    for (qsizetype pos = 0; pos < bytes.size(); pos += PlaylistListRecord::size) {
         const quint16 number = PlaylistListRecord::number(bytes.constData() + pos);
-        checkPlaylist(indexfiles::PlaylistFolder +
+        checkPlaylist(indexfiles::playlistFolder +
                       QStringLiteral("/play%1.dat").arg(number, 4, 10, QLatin1Char('0')));
     }
 }
 
 void MemoryCheck::checkPlaylist(const QString &name)
 {
-    const QByteArray bytes = records(name, PlaylistSongRecord::Size);
-    for (qsizetype pos = 0; pos < bytes.size(); pos += PlaylistSongRecord::Size) {
+    const QByteArray bytes = records(name, PlaylistSongRecord::size);
+    for (qsizetype pos = 0; pos < bytes.size(); pos += PlaylistSongRecord::size) {
         const quint32 id = PlaylistSongRecord::id(bytes.constData() + pos);
         if (!m_ids.contains(id))
             add(Kind::UnknownSongInPlaylist, name,
                 tr("La song %1 della playlist non è nella memoria")
-                    .arg(pos / PlaylistSongRecord::Size + 1));
+                    .arg(pos / PlaylistSongRecord::size + 1));
     }
 }

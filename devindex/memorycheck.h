@@ -1,4 +1,4 @@
-// Holds the player's index and playlists on a memory against each other and against the songs.
+// Compares the player's index, the playlists and the songs on a memory with each other.
 #pragma once
 
 #include <QByteArray>

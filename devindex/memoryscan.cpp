@@ -12,11 +12,12 @@ MemoryScan::MemoryScan(IndexState &state, IndexObserver &observer, ItemRenamer &
 {
 }
 
-QList<FoundSong> MemoryScan::songsIn(const QString &dir)
+QList<FoundSong> MemoryScan::songsIn(const QString &dir, SongTimes times)
 {
+    m_times = times;
     m_songs.clear();
     const QString start = QFileInfo(dir).absoluteFilePath();
-    // How another folder than the root was reached is not known.
+    // For another folder than the root it is not known whether a link led to it.
     const bool throughLink = start.compare(m_state.rootPath, Qt::CaseInsensitive) != 0;
     scanFolder(start, true, throughLink);
     return std::move(m_songs);
@@ -30,7 +31,7 @@ void MemoryScan::scanFolder(const QString &dir, bool isLink, bool throughLink)
     const QString folder = renamed(dir, throughLink);
     if (folder.isEmpty())
         return;
-    const FolderListing listing = FolderListing::of(folder);
+    const FolderListing listing = FolderListing::of(folder, m_times);
     if (listing.id.isEmpty() || m_active.contains(listing.id))
         return;
     if (throughLink) {
@@ -55,12 +56,12 @@ void MemoryScan::scanFolder(const QString &dir, bool isLink, bool throughLink)
 void MemoryScan::scanFile(const QString &path, const FolderItem &file, bool throughLink)
 {
     m_observer.tellCurrentPath(path);
-    if (!file.stamp)
+    if (!file.isSong)
         return;
     QString song = renamed(path, throughLink);
     if (song.isEmpty())
         return;
-    m_songs.append({std::move(song), *file.stamp});
+    m_songs.append({std::move(song), file.stamp});
     ++m_state.filesFound;
     m_observer.tellFilesFound(static_cast<int>(m_state.filesFound));
 }

@@ -21,7 +21,7 @@ public:
      * player's own folders, those of operating systems and hidden files are passed over. Counts
      * the songs in the state.
      */
-    QList<FoundSong> songsIn(const QString &dir);
+    QList<FoundSong> songsIn(const QString &dir, SongTimes times = SongTimes::Ask);
 
 private:
     void scanFolder(const QString &dir, bool isLink, bool throughLink);
@@ -31,6 +31,7 @@ private:
     IndexState &m_state;
     IndexObserver &m_observer;
     ItemRenamer &m_renamer;
+    SongTimes m_times = SongTimes::Ask;
     QSet<FolderId> m_active; ///< folders being scanned
     QSet<FolderId> m_linked; ///< folders that were entered through a symbolic link
     QList<FoundSong> m_songs;

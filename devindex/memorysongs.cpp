@@ -177,12 +177,12 @@ QList<SongInfoIndex> MemorySongs::readIndex()
     m_indexState = IndexState::Absent;
     m_indexTime = {};
     const bool isComplete =
-        std::all_of(indexfiles::All.begin(), indexfiles::All.end(), [this](QLatin1String name) {
+        std::all_of(indexfiles::all.begin(), indexfiles::all.end(), [this](QLatin1String name) {
             return QFileInfo(m_root % slash % name).isFile();
         });
     if (!isComplete)
         return entries;
-    m_indexTime = QFileInfo(m_root % slash % indexfiles::Count).lastModified();
+    m_indexTime = QFileInfo(m_root % slash % indexfiles::count).lastModified();
     m_indexState = IndexLoader(m_root, entries).load() ? IndexState::Whole : IndexState::Damaged;
     if (m_indexState == IndexState::Damaged)
         entries.clear();
@@ -196,7 +196,7 @@ void MemorySongs::compare(const QList<SongInfoIndex> &loaded, Progress &progress
     QList<FoundSong> found;
     found.reserve(m_songs.size());
     for (const MemorySong &song : std::as_const(m_songs))
-        found.append({song.info.fullPath, {song.info.date, song.info.time}});
+        found.append({song.info.fullPath, FileStamp{song.info.date, song.info.time}});
     entrymatcher::nameUnclearEntries(entries, found, m_root.size());
 
     QHash<QString, qsizetype> places;
@@ -234,12 +234,14 @@ void MemorySongs::compare(const QList<SongInfoIndex> &loaded, Progress &progress
         placesByKey.erase(place);
     }
 
+    SongHeadBuffer buffer{};
     qsizetype step = 0;
     for (MemorySong &song : m_songs) {
         if (++step % songsPerStep == 0 && progress.wasCanceled())
             return;
         if (song.state != MemorySong::State::Indexed)
-            readSongHead(songHeadOf(song.info.fullPath), song.info.fullPath, song.info);
+            readSongHead(songHeadOf(song.info.fullPath, buffer).bytes, song.info.fullPath,
+                         song.info);
         song.showsOnlyName = isOnlyName(song.info);
     }
     for (qsizetype place = 0; place < entries.size(); ++place) {

@@ -1,11 +1,8 @@
 #include "devindex/memorywalk.h"
 
-#include "devindex/filestamp.h"
+#include "devindex/folderlisting.h"
 #include "devindex/folderrules.h"
-#include "formats/songnames.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QSet>
 
 namespace
@@ -28,32 +25,29 @@ public:
 private:
     void enter(const QString &folder)
     {
-        const QString canonical = QFileInfo(folder).canonicalFilePath();
-        if (m_open.contains(canonical))
+        const FolderListing listing = FolderListing::of(folder);
+        if (listing.id.isEmpty() || m_open.contains(listing.id))
             return;
-        m_open.insert(canonical);
-        const QFileInfoList entries =
-            QDir(folder).entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
-        for (const QFileInfo &entry : entries) {
-            const QString name = entry.fileName();
-            if (entry.isDir() && !isPlayerFolder(name) && !isSystemFolder(name))
-                enter(entry.filePath());
-            else if (entry.isFile() && songnames::isSongSuffix(entry.suffix()))
-                m_files.append({entry.filePath().mid(m_root.size()), stamp(entry)});
+        m_open.insert(listing.id);
+        for (const FolderItem &item : listing.items) {
+            const QString path = folder + QLatin1Char('/') + item.name;
+            if (item.isFolder && !isPlayerFolder(item.name) && !isSystemFolder(item.name))
+                enter(path);
+            else if (item.isSong)
+                m_files.append({path.mid(m_root.size()), text(item.stamp.value_or(FileStamp()))});
         }
-        m_open.remove(canonical);
+        m_open.remove(listing.id);
     }
 
-    static QByteArray stamp(const QFileInfo &file)
+    static QByteArray text(const FileStamp &stamp)
     {
-        const FileStamp stamp = FileStamp::of(file.filePath()).value_or(FileStamp());
         return QByteArray::number(stamp.date).rightJustified(8, '0') +
                QByteArray::number(stamp.time).rightJustified(6, '0');
     }
 
     const QString m_root;
     QList<memorywalk::File> m_files;
-    QSet<QString> m_open; ///< canonical paths of the folders that are being walked through
+    QSet<FolderId> m_open; ///< the folders that are being walked through
 };
 
 } // namespace

@@ -1,4 +1,4 @@
-// The song files on a memory, as the player could be shown them.
+// The song files on a memory that an index has to list.
 #pragma once
 
 #include <QByteArray>
@@ -14,8 +14,8 @@ struct File {
 };
 
 /**
- * All files that are named as songs, outside the player's own folders and hidden ones. A folder
- * that links lead back into is not entered again.
+ * All files with the suffix of a song, outside the player's own folders and hidden ones. A folder
+ * that is being walked already is not entered again through a link.
  */
 QList<File> songs(const QString &root);
 

@@ -170,7 +170,7 @@ QString MountedVolumes::getRootDrivePath(const QString &path) const
         return {};
     // The name has one character at least, even if that is a slash.
     const QString root = path.left(path.indexOf(slash, above.size() + 2));
-    // Nor does a text with dots or slashes in the name's place lead to the system disk.
+    // Dots or slashes in the place of the name must not lead to the system disk.
     return memoryOf(root).isEmpty() ? QString() : root;
 }
 

@@ -40,8 +40,8 @@ public:
     /**
      * The memories that are mounted now: the folders in the mount directories, in the order of the
      * directories and then of their names. Hidden folders are left out, and symbolic links too: one
-     * of them leads to the system disk on macOS. No volume is touched but to ask for its size, and
-     * that only where it lies on a device of this computer: a server may not answer for minutes.
+     * of them leads to the system disk on macOS. A volume is only asked for its size, and only when
+     * it is on a device of this computer: a server may not answer for minutes.
      */
     QList<MountedMemory> memories() const;
 

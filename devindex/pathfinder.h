@@ -1,4 +1,4 @@
-// Finds the songs that the playlists' path files name.
+// Finds the index entries of the songs that the playlists' path files name.
 #pragma once
 
 #include "devindex/pathorder.h"
@@ -16,8 +16,9 @@ public:
     explicit PathFinder(QList<SongInfoIndex> &entries);
 
     /**
-     * The entry with this path as a path file has it, where "?" stands for each character outside
-     * Latin-1; or the first that the player takes for the same. Null if there is none.
+     * The entry with this path from a path file, in which "?" stands for each character outside
+     * Latin-1; otherwise the first entry whose path the player cannot tell from it. Null if there
+     * is none.
      */
     const SongInfoIndex *find(const QString &path);
 

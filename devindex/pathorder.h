@@ -1,4 +1,4 @@
-// Entries in the player's order of paths while songs are being added by the thousand.
+// Keeps entries in the player's order of paths while thousands of songs are added.
 #pragma once
 
 #include "devindex/songinfoindex.h"
@@ -6,7 +6,7 @@
 #include <QByteArray>
 #include <QList>
 
-/** Entries that stand in path order themselves; for adding single songs. */
+/** A list whose entries are in path order already; for adding single songs. */
 class SortedEntries
 {
 public:
@@ -23,8 +23,8 @@ private:
 
 /**
  * A list of entries seen in path order. New entries are appended to the list and only their place
- * in the order is inserted, so that a folder which sorts before many others costs no moving of
- * entries; each path is encoded once. apply() brings the list itself into the order.
+ * in the order is inserted, so that no entries are moved for a folder that sorts before many
+ * others; each path is encoded once. apply() brings the list itself into the order.
  */
 class PathOrder
 {
@@ -37,7 +37,7 @@ public:
     SongInfoIndex &entryAt(qsizetype place) { return m_entries[m_order.at(place)]; }
     void insert(qsizetype place, const SongInfoIndex &entry, const QByteArray &key);
 
-    /** Moves the entries into path order. It is the last that can be done with this object. */
+    /** Moves the entries into path order. The object cannot be used after it. */
     void apply() const;
 
 private:

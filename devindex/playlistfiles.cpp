@@ -18,12 +18,12 @@
 namespace
 {
 
-constexpr QLatin1String SongsSuffix("dat");
-constexpr QLatin1String PathsSuffix("pts");
+constexpr QLatin1String songsSuffix("dat");
+constexpr QLatin1String pathsSuffix("pts");
 
 /**
- * True for a regular file, which never blocks for ever, that lies here itself: a link could lead
- * what is written to a file outside the memory.
+ * True for a regular file that is no symbolic link. Anything else could block for ever, and a link
+ * could lead to a file outside the memory.
  */
 bool isOwnFile(const QString &path)
 {
@@ -44,7 +44,7 @@ QString pathOfId(const QList<SongInfoIndex> &entries, quint32 id)
     return found != entries.cend() && found->id == id ? found->path : QString();
 }
 
-/** Opens a file that may be write-protected; the protection of a file that is written goes. */
+/** Opens a file that may be write-protected; to write it, its protection is taken away. */
 bool openForWriting(QFile &file)
 {
     if (openExisting(file, QIODevice::ReadWrite))
@@ -70,7 +70,7 @@ bool replace(const QString &path, const QByteArray &bytes)
     const bool written = file.append(bytes);
     if (file.close() && written && flushFolderOf(path))
         return true;
-    QFile::remove(path); // a part of the playlist would pass for all of it
+    QFile::remove(path); // a part of the file would be taken for the whole one
     return false;
 }
 
@@ -78,8 +78,8 @@ bool replace(const QString &path, const QByteArray &bytes)
 bool replaceNextId(QFile &playlist, quint32 id)
 {
     const qint64 start = playlist.pos();
-    QByteArray record = playlist.read(PlaylistSongRecord::Size);
-    if (record.size() != PlaylistSongRecord::Size)
+    QByteArray record = playlist.read(PlaylistSongRecord::size);
+    if (record.size() != PlaylistSongRecord::size)
         return false;
     PlaylistSongRecord::setId(record.data(), id);
     return playlist.seek(start) && playlist.write(record) == record.size();
@@ -95,19 +95,19 @@ PlaylistFiles::PlaylistFiles(const QString &root)
 PlaylistFiles::Outcome PlaylistFiles::readNumbers(QList<quint16> &numbers) const
 {
     numbers.clear();
-    QFile list(m_root + QLatin1Char('/') + indexfiles::PlaylistList);
+    QFile list(m_root + QLatin1Char('/') + indexfiles::playlistList);
     if (!isOwnFile(list.fileName()))
         return Outcome::Nothing;
     if (!openExisting(list, QIODevice::ReadOnly)) {
         logWarning() << "[PlaylistFiles::readNumbers] Impossible to read" << list.fileName();
         return Outcome::Failed;
     }
-    QSet<quint16> seen; // a list is trusted to hold no more numbers than there can be
-    // A file that could be read for ever ends where its size says.
-    for (qint64 left = list.size(); left >= PlaylistListRecord::Size;
-         left -= PlaylistListRecord::Size) {
-        const QByteArray record = list.read(PlaylistListRecord::Size);
-        if (record.size() != PlaylistListRecord::Size)
+    QSet<quint16> seen; // each number once, so at most 65,536 of them
+    // Reads no more than the file's size: some files can be read for ever.
+    for (qint64 left = list.size(); left >= PlaylistListRecord::size;
+         left -= PlaylistListRecord::size) {
+        const QByteArray record = list.read(PlaylistListRecord::size);
+        if (record.size() != PlaylistListRecord::size)
             break;
         const quint16 number = PlaylistListRecord::number(record.constData());
         if (seen.contains(number))
@@ -121,14 +121,14 @@ PlaylistFiles::Outcome PlaylistFiles::readNumbers(QList<quint16> &numbers) const
 PlaylistFiles::Outcome PlaylistFiles::readIds(quint16 number, QList<quint32> &ids) const
 {
     ids.clear();
-    QFile playlist(fileName(number, SongsSuffix));
+    QFile playlist(fileName(number, songsSuffix));
     if (!isOwnFile(playlist.fileName()))
         return Outcome::Nothing;
     if (!openExisting(playlist, QIODevice::ReadOnly))
         return Outcome::Failed;
-    for (int song = 0; song < SongInfoIndex::MaxSongs; ++song) {
-        const QByteArray record = playlist.read(PlaylistSongRecord::Size);
-        if (record.size() != PlaylistSongRecord::Size)
+    for (int song = 0; song < SongInfoIndex::maxSongs; ++song) {
+        const QByteArray record = playlist.read(PlaylistSongRecord::size);
+        if (record.size() != PlaylistSongRecord::size)
             break;
         ids.append(PlaylistSongRecord::id(record.constData()));
     }
@@ -137,14 +137,14 @@ PlaylistFiles::Outcome PlaylistFiles::readIds(quint16 number, QList<quint32> &id
 
 bool PlaylistFiles::needsPathFile(quint16 number) const
 {
-    return isOwnFile(fileName(number, SongsSuffix)) && !isTaken(fileName(number, PathsSuffix));
+    return isOwnFile(fileName(number, songsSuffix)) && !isTaken(fileName(number, pathsSuffix));
 }
 
 PlaylistFiles::Outcome PlaylistFiles::savePaths(quint16 number,
                                                 const QList<SongInfoIndex> &entries) const
 {
-    const QString songsName = fileName(number, SongsSuffix);
-    const QString pathsName = fileName(number, PathsSuffix);
+    const QString songsName = fileName(number, songsSuffix);
+    const QString pathsName = fileName(number, pathsSuffix);
     if (!isOwnFile(songsName) || !(!isTaken(pathsName) || isOwnFile(pathsName)))
         return Outcome::Nothing;
     QFile playlist(songsName);
@@ -161,9 +161,9 @@ PlaylistFiles::Outcome PlaylistFiles::savePaths(quint16 number,
 QByteArray PlaylistFiles::pathsOf(QFile &playlist, const QList<SongInfoIndex> &entries)
 {
     QByteArray paths;
-    for (int song = 0; song < SongInfoIndex::MaxSongs; ++song) {
-        const QByteArray record = playlist.read(PlaylistSongRecord::Size);
-        if (record.size() != PlaylistSongRecord::Size)
+    for (int song = 0; song < SongInfoIndex::maxSongs; ++song) {
+        const QByteArray record = playlist.read(PlaylistSongRecord::size);
+        if (record.size() != PlaylistSongRecord::size)
             break;
         const quint32 id = PlaylistSongRecord::id(record.constData());
         const auto path = PlaylistPathRecord::encode(pathOfId(entries, id));
@@ -174,7 +174,7 @@ QByteArray PlaylistFiles::pathsOf(QFile &playlist, const QList<SongInfoIndex> &e
 
 PlaylistFiles::Outcome PlaylistFiles::allowWriting(quint16 number) const
 {
-    QFile playlist(fileName(number, SongsSuffix));
+    QFile playlist(fileName(number, songsSuffix));
     if (!isOwnFile(playlist.fileName()))
         return Outcome::Nothing;
     if (openForWriting(playlist))
@@ -186,8 +186,8 @@ PlaylistFiles::Outcome PlaylistFiles::allowWriting(quint16 number) const
 
 PlaylistFiles::Outcome PlaylistFiles::restoreIds(quint16 number, PathFinder &songs) const
 {
-    QFile paths(fileName(number, PathsSuffix));
-    QFile playlist(fileName(number, SongsSuffix));
+    QFile paths(fileName(number, pathsSuffix));
+    QFile playlist(fileName(number, songsSuffix));
     if (!isOwnFile(paths.fileName()) || !isOwnFile(playlist.fileName()))
         return Outcome::Nothing;
     if (openExisting(paths, QIODevice::ReadOnly) && openForWriting(playlist)) {
@@ -202,9 +202,9 @@ PlaylistFiles::Outcome PlaylistFiles::restoreIds(quint16 number, PathFinder &son
 
 void PlaylistFiles::writeIds(QFile &paths, PathFinder &songs, QFile &playlist)
 {
-    for (int song = 0; song < SongInfoIndex::MaxSongs; ++song) {
-        const QByteArray record = paths.read(PlaylistPathRecord::Size);
-        if (record.size() != PlaylistPathRecord::Size)
+    for (int song = 0; song < SongInfoIndex::maxSongs; ++song) {
+        const QByteArray record = paths.read(PlaylistPathRecord::size);
+        if (record.size() != PlaylistPathRecord::size)
             return;
         const QString path = PlaylistPathRecord::decode(record.constData());
         const SongInfoIndex *const entry = songs.find(path);
@@ -216,7 +216,7 @@ void PlaylistFiles::writeIds(QFile &paths, PathFinder &songs, QFile &playlist)
 QString PlaylistFiles::fileName(quint16 number, QLatin1String suffix) const
 {
     return QStringLiteral("%1/%2/play%3.%4")
-        .arg(m_root, indexfiles::PlaylistFolder)
+        .arg(m_root, indexfiles::playlistFolder)
         .arg(number, 4, 10, QLatin1Char('0'))
         .arg(suffix);
 }

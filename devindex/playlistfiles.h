@@ -19,7 +19,7 @@ class PlaylistFiles
 {
 public:
     enum class Outcome {
-        Nothing, ///< there is no such file, or links and folders lie in its place
+        Nothing, ///< there is no such file, or a link or folder has its name
         Done,
         Failed ///< the medium does not let it be read or written
     };
@@ -40,8 +40,8 @@ public:
 
     /**
      * Writes the playlist's path file from entries in ascending order of ids. A song that is not
-     * among them gets an empty path. A path file that says the same already stays as it is. After
-     * a failure to write it there is none.
+     * among them gets an empty path. A path file with the same content stays as it is. When it
+     * cannot be written, it is removed.
      */
     Outcome savePaths(quint16 number, const QList<SongInfoIndex> &entries) const;
 

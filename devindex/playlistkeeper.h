@@ -1,4 +1,4 @@
-// Keeps what the playlists mean over the moment at which the index goes that their ids belong to.
+// Keeps the songs of the playlists known while the index to which their ids belong is replaced.
 #pragma once
 
 #include "devindex/playlistfiles.h"
@@ -9,9 +9,9 @@
 /**
  * From the moment at which an index build touches the old index until the new one is whole, only
  * the path files say which songs a playlist means. So they are brought up to date first, from the
- * index that is there. The build in turn takes the path file of the old index away, on the medium
- * too, before it writes new ids into a playlist: an index that can still be read always has the ids
- * of the playlists that lie beside it, however the build was cut off.
+ * index that is there. The build removes the path file of the old index, on the medium too, before
+ * it writes new ids into a playlist. So, wherever the build is cut off, an index that can still be
+ * read matches the ids in the playlists.
  */
 class PlaylistKeeper
 {
@@ -31,8 +31,7 @@ public:
     PlaylistFiles::Outcome prepareForNewIds(QList<quint16> &numbers) const;
 
     /**
-     * Writes the songs' ids of now into the playlists. Failed when one of them could not be
-     * written.
+     * Writes the songs' new ids into the playlists. Failed when one of them could not be written.
      */
     PlaylistFiles::Outcome restoreIds(const QList<quint16> &numbers,
                                       QList<SongInfoIndex> &songs) const;

@@ -53,7 +53,7 @@ bool SongAdder::addTo(Order &order, const FoundSong &song)
         if (!isIndexedAs(entry, path, song.path))
             continue;
         if (entry.path == path)
-            see(entry, song.stamp); // else another file was told
+            see(entry, song.stamp); // otherwise another file was reported
         return true;
     }
     if (!hasRoomFor(song.path))
@@ -64,8 +64,8 @@ bool SongAdder::addTo(Order &order, const FoundSong &song)
     entry.path = path;
     entry.id = m_state.nextId++;
     entry.posidx = m_state.nextPosidx++;
-    entry.date = song.stamp.date;
-    entry.time = song.stamp.time;
+    entry.date = song.stamp ? song.stamp->date : 0;
+    entry.time = song.stamp ? song.stamp->time : 0;
     see(entry, song.stamp);
     order.insert(place, entry, key);
     m_state.indexChanged = 1;
@@ -79,7 +79,7 @@ bool SongAdder::pathOnMemory(const QString &fullPath, QString &path)
         m_observer.tellError(tr("File non importato, errore nel path:") + fullPath);
         return false;
     }
-    if (path.size() > PathRecord::MaxPathLength) {
+    if (path.size() > PathRecord::maxPathLength) {
         m_observer.tellError(tr("File non importato, path troppo lungo: ") + fullPath);
         return false;
     }
@@ -101,14 +101,14 @@ bool SongAdder::isIndexedAs(SongInfoIndex &entry, const QString &path, const QSt
 
 bool SongAdder::hasRoomFor(const QString &fullPath)
 {
-    if (m_state.entries.size() < SongInfoIndex::MaxSongs &&
-        m_state.nextId != SongInfoIndex::RemovedId)
+    if (m_state.entries.size() < SongInfoIndex::maxSongs &&
+        m_state.nextId != SongInfoIndex::removedId)
         return true;
     m_observer.tellError(tr("File non importato, troppi file nella memoria: ") + fullPath);
     return false;
 }
 
-void SongAdder::see(const SongInfoIndex &entry, const FileStamp &stamp)
+void SongAdder::see(const SongInfoIndex &entry, const std::optional<FileStamp> &stamp)
 {
     if (entry.posidx >= m_seen.size())
         m_seen.resize(std::size_t(entry.posidx) + 1);

@@ -23,8 +23,8 @@ public:
 
     /**
      * Adds a song to entries, which must be in path order, unless it is there already. A second
-     * file whose name differs only in case counts as there, and is told. False, after an error was
-     * told, when the song cannot be indexed.
+     * file whose name differs only in case counts as there, and is reported. False, after an error
+     * was reported, when the song cannot be indexed.
      */
     bool add(const FoundSong &song);
 
@@ -33,8 +33,8 @@ public:
 
 private:
     struct Seen {
-        quint32 id = SongInfoIndex::RemovedId;
-        FileStamp stamp;
+        quint32 id = SongInfoIndex::removedId;
+        std::optional<FileStamp> stamp;
     };
 
     template <typename Order>
@@ -42,7 +42,7 @@ private:
     bool pathOnMemory(const QString &fullPath, QString &path);
     bool isIndexedAs(SongInfoIndex &entry, const QString &path, const QString &fullPath);
     bool hasRoomFor(const QString &fullPath);
-    void see(const SongInfoIndex &entry, const FileStamp &stamp);
+    void see(const SongInfoIndex &entry, const std::optional<FileStamp> &stamp);
 
     IndexState &m_state;
     IndexObserver &m_observer;

@@ -58,21 +58,24 @@ SongChanges::Report SongChanges::remove(const QStringList &paths)
         refused.isIndexTrue = true;
         return refused;
     }
-    Report report = run([&](QList<SongInfoIndex> &, Report &result) { removeAll(songs, result); });
+    Report report =
+        run([&](QList<SongInfoIndex> &, Report &result) { return removeAll(songs, result); });
     report.failed = refused.failed + report.failed;
     return report;
 }
 
-void SongChanges::removeAll(const QStringList &paths, Report &report)
+/** False when the medium does not take the removals: nothing more must be written to it. */
+bool SongChanges::removeAll(const QStringList &paths, Report &report)
 {
     const std::unique_ptr<Progress> progress = m_openProgress(
         tr("Eliminazione"), tr("Eliminazione song..."), static_cast<int>(paths.size()));
     SongRemoval removal(m_root);
+    QSet<QString> uncertain;
     int number = 0;
     for (const QString &path : paths) {
         m_keepAlive.processEvents();
         report.stopped = report.stopped || progress->wasCanceled();
-        if (report.stopped)
+        if (report.stopped || !uncertain.isEmpty())
             break;
         const QString reason = removal.remove(path);
         if (reason.isEmpty())
@@ -80,16 +83,20 @@ void SongChanges::removeAll(const QStringList &paths, Report &report)
         else
             report.failed.append({path, reason});
         progress->updateProgress(++number);
+        if (removal.isFull())
+            uncertain = removal.flush();
     }
-    const QSet<QString> uncertain = removal.flush();
-    if (uncertain.isEmpty())
-        return;
+    uncertain += removal.flush();
     report.done.removeIf([&](const QString &path) {
         if (!uncertain.contains(SongRemoval::folderOf(path)))
             return false;
         report.failed.append({path, tr("la memoria non ha confermato l'eliminazione")});
         return true;
     });
+    // What was not begun any more is not done either.
+    for (qsizetype place = number; place < paths.size() && !uncertain.isEmpty(); ++place)
+        report.failed.append({paths.at(place), tr("la memoria non ha confermato l'eliminazione")});
+    return uncertain.isEmpty();
 }
 
 SongChanges::Report SongChanges::rename(const QString &path, const QString &newName)
@@ -113,11 +120,11 @@ SongChanges::Report SongChanges::rename(const QString &path, const QString &newN
         const songrenamer::Result renamed = songrenamer::rename(m_root + path, m_root + newPath);
         if (renamed.outcome == songrenamer::Outcome::Unfinished) {
             report.failed.append({path, tr("il suo ultimo salvataggio non è stato completato")});
-            return;
+            return true;
         }
         if (renamed.outcome == songrenamer::Outcome::Failed) {
             report.failed.append({path, tr("non è stato possibile rinominarla")});
-            return;
+            return renamed.onMedium;
         }
         if (SongInfoIndex *const entry = entryOf(entries, path)) {
             entry->path = newPath;
@@ -128,6 +135,7 @@ SongChanges::Report SongChanges::rename(const QString &path, const QString &newN
             report.done.append(newPath);
         else
             report.failed.append({path, tr("la memoria non ha confermato il nuovo nome")});
+        return renamed.onMedium;
     });
 }
 
@@ -148,6 +156,7 @@ SongChanges::Report SongChanges::rewrite(const QString &path, const Save &save)
             report.failed.append({path, problem});
         if (SongInfoIndex *const entry = entryOf(entries, path))
             forgetTime(*entry);
+        return true;
     });
 }
 
@@ -175,8 +184,10 @@ SongChanges::Report SongChanges::run(const Work &work)
             progress->setMaximum(maximum);
     });
     const Index::Change changed = index.changeSongs(m_root, [&](QList<SongInfoIndex> &entries) {
-        work(entries, report);
+        if (!work(entries, report))
+            return false;
         progress = m_openProgress(tr("Aggiornamento"), tr("Aggiornamento database..."), 0);
+        return true;
     });
     if (changed == Index::Change::NotStarted)
         report.refusal = tr("Il database della memoria è danneggiato, o la memoria non si può "

@@ -64,10 +64,10 @@ public:
     Report rewrite(const QString &path, const Save &save);
 
 private:
-    using Work = std::function<void(QList<SongInfoIndex> &entries, Report &report)>;
+    using Work = std::function<bool(QList<SongInfoIndex> &entries, Report &report)>;
 
     Report run(const Work &work);
-    void removeAll(const QStringList &paths, Report &report);
+    bool removeAll(const QStringList &paths, Report &report);
 
     const QString m_root;
     const OpenProgress m_openProgress;

@@ -1,10 +1,15 @@
 #include "devindex/songhead.h"
 
 #include "devindex/devicetext.h"
+#include "devindex/indexrecords.h"
 #include "formats/bytetext.h"
 #include "formats/id3frame.h"
+#include "formats/mfxheader.h"
+#include "formats/mfxlayout.h"
 #include "formats/midimetaevent.h"
+#include "formats/rawmidifile.h"
 #include "storage/diagnostics.h"
+#include "storage/songlayout.h"
 
 #include <QFile>
 #include <QtEndian>
@@ -22,48 +27,40 @@
 namespace
 {
 
-constexpr int MinimumSize = 5;
-constexpr int MaxText = 26; // what a song record can show
+constexpr int minimumSize = 5;
 
-// ID3v2: 10 bytes of frame header, then one byte that names the text's encoding.
-constexpr int Id3SearchSize = 512;
-constexpr int FrameSizeOffset = 4;
-constexpr int FrameHeaderSize = 10;
-constexpr int FrameTextOffset = 11;
+constexpr int id3SearchSize = 512; // how far from the start of the file frames are looked for
 
-// Where the index looks in an MFX header. These places are the index's own; what the player shows
-// of an MFX song has always been taken from them.
-constexpr int MfxBpmOffset = 38;
-constexpr int MfxTitleOffset = 138;
-constexpr int MfxMarkersOffset = 201;
-constexpr int MfxArtistOffset = 234;
-constexpr int MfxGenreOffset = 266;
-constexpr int MfxHeadSize = 512;
+// The index takes texts and the marker flag of an MFX song from places that lie this many bytes
+// behind the fields of the header. The index has always been made so, and the player shows it so.
+constexpr qsizetype mfxShift = 16;
 
-constexpr quint8 UnknownContentBpm = 120;
+constexpr quint8 unknownContentBpm = 120;
 
-// Standard MIDI File: meta events are FF, type, length, data.
-constexpr int FirstEventOffset = 22;
-constexpr int MetaDataOffset = 3;
-constexpr quint32 MicrosecondsPerMinute = 60000000;
-constexpr int TempoSize = 3;
-constexpr quint8 MaxDeltaByte = 128;
-enum MetaType : quint8 { MarkerEvent = 0x06, TempoEvent = 0x51 };
-enum MakerSubType : quint8 { GenreSubType = 1, ArtistSubType = 2 };
+// A song's first track begins behind the chunk that describes the file.
+constexpr qsizetype firstEventOffset =
+    songlayout::chunkHeaderSize + songlayout::midiHeadSize + songlayout::chunkHeaderSize;
+constexpr quint32 microsecondsPerMinute = 60000000;
+constexpr int tempoSize = 3;
+constexpr quint8 maxDeltaByte = 128;
 
 QString unknownText()
 {
     return QStringLiteral("<unknown>");
 }
 
-quint8 byteAt(const QByteArray &bytes, qsizetype pos)
+quint8 byteAt(QByteArrayView bytes, qsizetype pos)
 {
     return static_cast<quint8>(bytes.at(pos));
 }
 
-QString textAt(const QByteArray &bytes, qsizetype pos, qsizetype length)
+/** Of a text that the bytes do not hold to its end, the part that they hold. */
+QString textAt(QByteArrayView bytes, qsizetype pos, qsizetype length)
 {
-    return textFromBytes(bytes.mid(pos, std::clamp<qsizetype>(length, 0, MaxText)));
+    if (pos >= bytes.size())
+        return {};
+    const qsizetype shown = std::clamp<qsizetype>(length, 0, SongRecord::titleSize);
+    return textFromBytes(bytes.sliced(pos, std::min(shown, bytes.size() - pos)));
 }
 
 void setUnlessEmpty(QString &field, const QString &text)
@@ -76,7 +73,7 @@ void setUnlessEmpty(QString &field, const QString &text)
 class Id3Scan
 {
 public:
-    Id3Scan(const QByteArray &head, SongInfoIndex &entry)
+    Id3Scan(QByteArrayView head, SongInfoIndex &entry)
         : m_head(head)
         , m_frames{Frame{Id3FrameId::title, &entry.title}, Frame{Id3FrameId::artist, &entry.artist},
                    Frame{Id3FrameId::genre, &entry.genre}}
@@ -88,20 +85,21 @@ public:
         qsizetype pos = 0;
         while (m_missing > 0) {
             pos = m_head.indexOf('T', pos);
-            if (pos < 0 || pos >= Id3SearchSize)
+            if (pos < 0 || pos >= id3SearchSize)
                 return;
             Frame *const frame = wantedFrameAt(pos);
             if (frame == nullptr) {
                 ++pos;
                 continue;
             }
-            if (pos + FrameHeaderSize > m_head.size())
+            if (pos + Id3FrameLayout::headerSize > m_head.size())
                 return;
-            const qint64 size = qFromBigEndian<quint32>(m_head.constData() + pos + FrameSizeOffset);
-            const qint64 end = pos + FrameHeaderSize + size;
+            const qint64 size =
+                qFromBigEndian<quint32>(m_head.constData() + pos + Id3FrameLayout::sizePos);
+            const qint64 end = pos + Id3FrameLayout::headerSize + size;
             if (end >= m_head.size())
                 return;
-            setUnlessEmpty(*frame->text, textAt(m_head, pos + FrameTextOffset, size - 1));
+            setUnlessEmpty(*frame->text, textAt(m_head, pos + Id3FrameLayout::textPos, size - 1));
             frame->found = true;
             --m_missing;
             pos = end;
@@ -118,13 +116,13 @@ private:
     Frame *wantedFrameAt(qsizetype pos)
     {
         for (Frame &frame : m_frames) {
-            if (!frame.found && QByteArrayView(m_head).sliced(pos).startsWith(frame.id))
+            if (!frame.found && m_head.sliced(pos).startsWith(frame.id))
                 return &frame;
         }
         return nullptr;
     }
 
-    const QByteArray &m_head;
+    QByteArrayView m_head;
     std::array<Frame, 3> m_frames;
     int m_missing = 3;
 };
@@ -133,7 +131,7 @@ private:
 class MidiScan
 {
 public:
-    MidiScan(const QByteArray &head, SongInfoIndex &entry)
+    MidiScan(QByteArrayView head, SongInfoIndex &entry)
         : m_head(head)
         , m_entry(entry)
     {
@@ -141,16 +139,17 @@ public:
 
     void run()
     {
-        qsizetype pos = FirstEventOffset;
+        constexpr auto statusByte = static_cast<char>(MidiMetaEvent::statusByte);
+        qsizetype pos = firstEventOffset;
         while (!allFound()) {
-            pos = m_head.indexOf('\xFF', pos);
+            pos = m_head.indexOf(statusByte, pos);
             // A running delta time of more than one byte: the events of the head are over.
-            if (pos < 0 || byteAt(m_head, pos - 1) > MaxDeltaByte)
+            if (pos < 0 || byteAt(m_head, pos - 1) > maxDeltaByte)
                 return;
-            if (pos + MetaDataOffset > m_head.size())
+            if (pos + MidiMetaEvent::dataPos > m_head.size())
                 return;
-            const qsizetype length = byteAt(m_head, pos + 2);
-            const qsizetype end = pos + MetaDataOffset + length;
+            const qsizetype length = byteAt(m_head, pos + MidiMetaEvent::lengthPos);
+            const qsizetype end = pos + MidiMetaEvent::dataPos + length;
             if (end > m_head.size())
                 return;
             pos = take(pos, length) ? end : pos + 1;
@@ -163,21 +162,21 @@ private:
         return m_hasTitle && m_hasArtist && m_hasGenre && m_entry.hasMarkers != 0;
     }
 
-    /** True when the event is one to go behind; its data lie within the head. */
+    /** True when the search goes on behind the event, whose data lie within the head. */
     bool take(qsizetype pos, qsizetype length)
     {
-        const qsizetype data = pos + MetaDataOffset;
-        switch (byteAt(m_head, pos + 1)) {
+        const qsizetype data = pos + MidiMetaEvent::dataPos;
+        switch (byteAt(m_head, pos + MidiMetaEvent::typePos)) {
         case MidiMetaEvent::CopyrightNotice:
             return true;
         case MidiMetaEvent::TrackName:
             return takeText(m_entry.title, m_hasTitle, data, length);
-        case MarkerEvent:
+        case MidiMetaEvent::Marker:
             return takeMarker();
         case MidiMetaEvent::Kravo:
             return length > 0 && takeMakerText(data, length);
-        case TempoEvent:
-            return length >= TempoSize && takeTempo(data);
+        case MidiMetaEvent::Tempo:
+            return length >= tempoSize && takeTempo(data);
         default:
             return false;
         }
@@ -203,9 +202,9 @@ private:
     bool takeMakerText(qsizetype data, qsizetype length)
     {
         switch (byteAt(m_head, data)) {
-        case ArtistSubType:
+        case RawMidiFile::KravoArtist:
             return takeText(m_entry.artist, m_hasArtist, data + 1, length - 1);
-        case GenreSubType:
+        case RawMidiFile::KravoGenre:
             return takeText(m_entry.genre, m_hasGenre, data + 1, length - 1);
         default:
             return false;
@@ -219,40 +218,51 @@ private:
                                      quint32(byteAt(m_head, data + 2));
         if (m_entry.bpm != 0 || microseconds == 0)
             return false;
-        m_entry.bpm = static_cast<quint8>(MicrosecondsPerMinute / microseconds);
+        m_entry.bpm = static_cast<quint8>(microsecondsPerMinute / microseconds);
         return true;
     }
 
-    const QByteArray &m_head;
+    QByteArrayView m_head;
     SongInfoIndex &m_entry;
     bool m_hasTitle = false;
     bool m_hasArtist = false;
     bool m_hasGenre = false;
 };
 
-void readMfx(const QByteArray &head, quint8 fileType, SongInfoIndex &entry)
+QString mfxTextAt(QByteArrayView header, mfxlayout::Field field)
 {
-    const QByteArray header = head.left(MfxHeadSize).leftJustified(MfxHeadSize, '\0');
-    entry.fileType = fileType;
-    entry.bpm = byteAt(header, MfxBpmOffset);
-    entry.hasMarkers = byteAt(header, MfxMarkersOffset) == 1 ? 1 : 0;
-    setUnlessEmpty(entry.title, textAt(header, MfxTitleOffset, MaxText));
-    setUnlessEmpty(entry.artist, textAt(header, MfxArtistOffset, MaxText));
-    setUnlessEmpty(entry.genre, textAt(header, MfxGenreOffset, MaxText));
+    return textAt(header, field.offset + mfxShift, SongRecord::titleSize);
 }
 
-void readByContent(const QByteArray &head, SongInfoIndex &entry)
+void readMfx(QByteArrayView head, quint8 fileType, SongInfoIndex &entry)
 {
-    if (head.startsWith("_MF3"))
-        readMfx(head, SongInfoIndex::Mf3, entry);
-    else if (head.startsWith("_MF4"))
-        readMfx(head, SongInfoIndex::Mf4, entry);
-    else if (head.startsWith("_MF5"))
-        readMfx(head, SongInfoIndex::Mf5, entry);
-    else if (head.startsWith("MThd"))
+    const QByteArrayView start =
+        head.first(std::min<qsizetype>(head.size(), mfxlayout::headerSize));
+    const QByteArray header = start.toByteArray().leftJustified(mfxlayout::headerSize, '\0');
+    entry.fileType = fileType;
+    entry.bpm = byteAt(header, mfxlayout::tempo.offset);
+    entry.hasMarkers = byteAt(header, mfxlayout::flags.offset + mfxShift) == 1 ? 1 : 0;
+    setUnlessEmpty(entry.title, mfxTextAt(header, mfxlayout::title));
+    setUnlessEmpty(entry.artist, mfxTextAt(header, mfxlayout::artist));
+    setUnlessEmpty(entry.genre, mfxTextAt(header, mfxlayout::genre));
+}
+
+void readByContent(QByteArrayView head, SongInfoIndex &entry)
+{
+    switch (MfxHeader::typeOf(head)) {
+    case SongInfo::FileMf3:
+        return readMfx(head, SongInfoIndex::Mf3, entry);
+    case SongInfo::FileMf4:
+        return readMfx(head, SongInfoIndex::Mf4, entry);
+    case SongInfo::FileMf5:
+        return readMfx(head, SongInfoIndex::Mf5, entry);
+    default:
+        break;
+    }
+    if (head.startsWith(songlayout::midiMagic))
         MidiScan(head, entry).run();
     else
-        entry.bpm = UnknownContentBpm;
+        entry.bpm = unknownContentBpm;
 }
 
 void setDefaults(const QString &fileName, SongInfoIndex &entry)
@@ -270,9 +280,9 @@ void setDefaults(const QString &fileName, SongInfoIndex &entry)
 
 #ifdef Q_OS_UNIX
 
-// Asks the system for nothing but the bytes: with tens of thousands of songs the questions that
-// QFile asks about each file double the time.
-QByteArray songHeadOf(const QString &path)
+// Uses the system's calls: QFile makes several more of them for each file, which doubles the time
+// for tens of thousands of songs.
+SongHead songHeadOf(const QString &path, SongHeadBuffer &buffer)
 {
     const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
     if (file < 0) {
@@ -281,14 +291,14 @@ QByteArray songHeadOf(const QString &path)
     }
     struct stat status {
     };
-    // Some regular files have no size and can be read for ever, or wait for ever to be read.
-    const qint64 size = ::fstat(file, &status) == 0 ? qint64(status.st_size) : 0;
-    QByteArray head(static_cast<qsizetype>(std::min<qint64>(size, SongHeadSize)),
-                    Qt::Uninitialized);
+    // Some regular files have size 0 but can be read for ever, or block for ever.
+    const bool isKnown = ::fstat(file, &status) == 0;
+    const auto wanted =
+        static_cast<qsizetype>(std::min<qint64>(isKnown ? status.st_size : 0, songHeadSize));
     qsizetype filled = 0;
-    while (filled < head.size()) {
+    while (filled < wanted) {
         const ssize_t count =
-            ::read(file, head.data() + filled, static_cast<std::size_t>(head.size() - filled));
+            ::read(file, buffer.data() + filled, static_cast<std::size_t>(wanted - filled));
         if (count < 0 && errno == EINTR)
             continue;
         if (count <= 0)
@@ -296,38 +306,42 @@ QByteArray songHeadOf(const QString &path)
         filled += count;
     }
     ::close(file);
-    head.truncate(filled);
+    SongHead head{{buffer.data(), filled}, std::nullopt};
+    if (isKnown)
+        head.stamp = FileStamp::at(status.st_mtime);
     return head;
 }
 
 #else
 
-QByteArray songHeadOf(const QString &path)
+SongHead songHeadOf(const QString &path, SongHeadBuffer &buffer)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         logWarning() << "[songHeadOf] Impossible to read song" << path;
         return {};
     }
-    return file.read(std::min<qint64>(file.size(), SongHeadSize));
+    const qint64 filled = file.read(buffer.data(), std::min<qint64>(file.size(), songHeadSize));
+    return {{buffer.data(), static_cast<qsizetype>(std::max<qint64>(filled, 0))},
+            FileStamp::of(path)};
 }
 
 #endif
 
-bool readSongHead(const QByteArray &head, const QString &fileName, SongInfoIndex &entry)
+bool readSongHead(QByteArrayView head, const QString &fileName, SongInfoIndex &entry)
 {
     const QString name = fileName.mid(fileName.lastIndexOf(QLatin1Char('/')) + 1);
     setDefaults(name, entry);
-    if (head.size() < MinimumSize)
+    if (head.size() < minimumSize)
         return false;
     if (name.endsWith(QLatin1String(".MP3"), Qt::CaseInsensitive)) {
         entry.fileType = SongInfoIndex::Mp3;
-        if (head.startsWith("ID3"))
+        if (head.startsWith(songlayout::id3Magic))
             Id3Scan(head, entry).run();
     } else {
         readByContent(head, entry);
     }
     for (QString *const text : {&entry.title, &entry.artist, &entry.genre})
-        *text = stringToUpper(*text).trimmed();
+        *text = stringToUpper(std::move(*text)).trimmed();
     return true;
 }

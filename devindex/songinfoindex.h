@@ -7,7 +7,7 @@ struct SongInfoIndex {
     QString title;         ///< upper case, trimmed; by default the file name
     QString artist;        ///< upper case, trimmed; by default "<unknown>"
     QString genre;         ///< upper case, trimmed; by default "<unknown>"
-    quint32 id = 0;        ///< given once on a memory, never renumbered; see RemovedId
+    quint32 id = 0;        ///< given once on a memory, never renumbered; see removedId
     quint8 fileType = 0;   ///< one of FileTypeEnum
     quint8 bpm = 0;        ///< beats per minute
     quint8 reserved = 0;   ///< always 0
@@ -22,18 +22,22 @@ struct SongInfoIndex {
     enum FileTypeEnum : quint8 { Midi = 0, Mp3 = 1, Mf3 = 2, Mf4 = 3, Mf5 = 4 };
 
     /** The id of an entry whose file has gone. */
-    static constexpr quint32 RemovedId = 0xFFFFFFFF;
+    static constexpr quint32 removedId = 0xFFFFFFFF;
 
     /** At most this many songs stand on a memory: record numbers and counts have 16 bits. */
-    static constexpr int MaxSongs = 65535;
+    static constexpr int maxSongs = 65535;
 };
 Q_DECLARE_TYPEINFO(SongInfoIndex, Q_RELOCATABLE_TYPE);
 
-/** True when the first entry stands before the second by record number. */
-bool compareByPosidx(const SongInfoIndex &first, const SongInfoIndex &second);
-
 /** True when the first entry's id is the lower one. */
 bool compareById(const SongInfoIndex &first, const SongInfoIndex &second);
+
+// Kept interface: the program sorts through entrysort.h, which makes the key of each text only
+// once; other code may rely on these names. Each of them orders any two entries, whatever they
+// hold.
+
+/** True when the first entry stands before the second by record number. */
+bool compareByPosidx(const SongInfoIndex &first, const SongInfoIndex &second);
 
 /** True when the first title comes first, by code units and ignoring case. */
 bool compareTitle(const SongInfoIndex &first, const SongInfoIndex &second);

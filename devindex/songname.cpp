@@ -56,8 +56,8 @@ QString SongName::whyNot(const QString &root, const QString &path, const QString
     if (!problem.isEmpty())
         return problem;
     const QString folder = path.left(path.lastIndexOf(QLatin1Char('/')) + 1);
-    if (folder.size() + newName.size() > PathRecord::MaxPathLength)
-        return tr("con la cartella il nome supera %1 caratteri").arg(PathRecord::MaxPathLength);
+    if (folder.size() + newName.size() > PathRecord::maxPathLength)
+        return tr("con la cartella il nome supera %1 caratteri").arg(PathRecord::maxPathLength);
     if (newName == song.fileName())
         return tr("è il nome che ha già");
     // A file system without letter case would take the new name for the old file.

@@ -36,12 +36,8 @@ QStringList partsOf(const QString &path)
     return isStraight ? parts.mid(1) : QStringList();
 }
 
-/** Removes a regular file, be it write-protected or not. */
-bool removeFile(const QString &path)
-{
-    const QFileInfo file(path);
-    return file.isFile() && !file.isSymLink() && QFile::remove(path);
-}
+/** So many files are open at the same time; on a Mac a program may have 256. */
+constexpr std::size_t mostKept = 100;
 
 } // namespace
 
@@ -49,6 +45,8 @@ SongRemoval::SongRemoval(const QString &root)
     : m_root(root)
 {
 }
+
+SongRemoval::~SongRemoval() = default;
 
 QString SongRemoval::folderOf(const QString &path)
 {
@@ -98,6 +96,24 @@ QString SongRemoval::remove(const QString &path)
         .arg(QFileInfo(companion).fileName());
 }
 
+/** Removes a regular file. */
+bool SongRemoval::removeFile(const QString &path)
+{
+    const QFileInfo file(path);
+    if (!file.isFile() || file.isSymLink())
+        return false;
+    m_kept.push_back(keepBytesOf(path));
+    if (QFile::remove(path))
+        return true;
+    m_kept.pop_back();
+    return false;
+}
+
+bool SongRemoval::isFull() const
+{
+    return m_kept.size() >= mostKept;
+}
+
 QSet<QString> SongRemoval::flush()
 {
     QSet<QString> failed;
@@ -106,5 +122,6 @@ QSet<QString> SongRemoval::flush()
             failed.insert(folder);
     }
     m_folders.clear();
+    m_kept.clear();
     return failed;
 }

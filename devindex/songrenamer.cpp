@@ -12,7 +12,7 @@
 namespace
 {
 
-/** Never by copying, as Qt does after a failure. */
+/** Renames without copying, which Qt does when a rename fails. */
 bool renameItem(const QString &path, const QString &newPath)
 {
     if (!isTaken(newPath) && renameOver(path, newPath))
@@ -21,7 +21,7 @@ bool renameItem(const QString &path, const QString &newPath)
     return false;
 }
 
-/** Each item itself before their folder: on FAT its new entry would else lead nowhere. */
+/** Each item is flushed before the folder: on FAT its new entry could otherwise lead nowhere. */
 bool flushRenamed(const QStringList &paths)
 {
     bool flushed = true;

@@ -3,6 +3,7 @@
 #include "devindex/folderrules.h"
 #include "devindex/index.h"
 #include "devindex/sizetext.h"
+#include "devindex/transferplanner.h"
 #include "storage/diagnostics.h"
 #include "storage/safefile.h"
 
@@ -18,9 +19,19 @@
 namespace
 {
 
+/** The songs of a memory whose root was chosen go here. */
+constexpr QLatin1String songsFolder("/songs");
+
 QString fileNameOf(const QString &path)
 {
     return path.section(QLatin1Char('/'), -1);
+}
+
+void logBanner()
+{
+    logDebug() << "============================================";
+    logDebug() << "          TRASFERIMENTO FILE";
+    logDebug() << "============================================";
 }
 
 } // namespace
@@ -42,21 +53,29 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
     MemoryLock lock(root);
     if (!takeLock(lock, tr("Trasferimento"), isRoot))
         return Outcome::NotStarted;
-    if (isRoot) {
-        dest += QStringLiteral("/songs");
-        if (!makeSongsFolder(dest))
+    if (isRoot)
+        dest += songsFolder;
+    if (m_user.reviewsPlans()) {
+        std::optional<TransferPlan> plan = makePlan(files, root, dest, false);
+        const auto review = !plan                 ? TransferUser::Review::Cancel
+                            : plan->needsReview() ? m_user.reviewPlan(*plan)
+                                                  : TransferUser::Review::AsAlways;
+        if (review == TransferUser::Review::Cancel)
             return Outcome::NotStarted;
+        if (review == TransferUser::Review::CarryOut)
+            return carryOut(*plan, lock);
     }
+    if (isRoot && !makeSongsFolder(dest))
+        return Outcome::NotStarted;
     if (!hasRoom(files, dest))
         return Outcome::NotStarted;
 
-    logDebug() << "============================================";
-    logDebug() << "          TRASFERIMENTO FILE";
-    logDebug() << "============================================";
+    logBanner();
     FileCopier copier([this](const QString &target) { return m_user.askReplace(target); });
+    copier.setReadBack(m_readBack);
     const bool copied = copyFiles(files, dest, copier);
     const bool indexed = updateIndex(root);
-    lock.release(); // who reads the outcome may pull the memory
+    lock.release(); // whoever reads the result may pull the memory out
 
     const bool complete = copied && indexed;
     if (complete)
@@ -65,6 +84,61 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
         m_user.showFailure(tr("Trasferimento"), tr("Non è stato possibile copiare uno o più file"));
     tellCounts(copier.report(), files.size(), indexed);
     return complete ? Outcome::Complete : Outcome::Incomplete;
+}
+
+std::optional<TransferPlan> Transfer::planTransfer(const QStringList &files, bool others)
+{
+    const QString dest = chooseDestination();
+    if (dest.isEmpty())
+        return std::nullopt;
+    const QString folder = m_volumes.isRoot(dest) ? dest + songsFolder : dest;
+    return makePlan(files, m_volumes.getRootDrivePath(dest), folder, others);
+}
+
+Transfer::Outcome Transfer::carryOut(const TransferPlan &plan)
+{
+    MemoryLock lock(plan.root);
+    if (!takeLock(lock, tr("Trasferimento"), plan.folder == plan.root + songsFolder))
+        return Outcome::NotStarted;
+    return carryOut(plan, lock);
+}
+
+Transfer::Outcome Transfer::carryOut(const TransferPlan &plan, MemoryLock &lock)
+{
+    if (plan.folder == plan.root + songsFolder && !makeSongsFolder(plan.folder))
+        return Outcome::NotStarted;
+    logBanner();
+    PlanExecution execution(m_openProgress, [&](const std::function<bool()> &removal) {
+        return updateIndex(plan.root, removal);
+    });
+    const PlanExecution::Result result = execution.run(plan);
+    lock.release(); // who reads the outcome may pull the memory
+
+    if (result.isComplete())
+        m_user.inform(tr("Trasferimento"), tr("Il piano è stato eseguito"));
+    else
+        m_user.showFailure(tr("Trasferimento"),
+                           tr("Non è stato possibile eseguire tutto il piano"));
+    tellCounts(result);
+    return result.isComplete() ? Outcome::Complete : Outcome::Incomplete;
+}
+
+/** Nothing when the user stopped it. */
+std::optional<TransferPlan> Transfer::makePlan(const QStringList &files, const QString &root,
+                                               const QString &folder, bool others)
+{
+    TransferPlanner planner(root, folder);
+    MemoryRoom room = MemoryRoom::of(root);
+    room.freeBytes = m_freeBytes(root);
+    planner.setRoom(room);
+    if (others)
+        planner.listOthers();
+    const std::unique_ptr<Progress> progress = m_openProgress(
+        tr("Trasferimento"), tr("Confronto con la memoria..."), static_cast<int>(files.size()));
+    std::optional<TransferPlan> plan = planner.plan(files, *progress);
+    if (plan)
+        plan->readBack = m_readBack;
+    return plan;
 }
 
 bool Transfer::updateKavenaIndex(const QString &path)
@@ -76,7 +150,8 @@ bool Transfer::updateKavenaIndex(const QString &path)
     return takeLock(lock, tr("Aggiornamento"), false) && updateIndex(root);
 }
 
-bool Transfer::updateIndex(const QString &root)
+/** A removal runs while there is no index, or not at all. */
+bool Transfer::updateIndex(const QString &root, const std::function<bool()> &removal)
 {
     if (!QFileInfo::exists(root))
         return false;
@@ -96,7 +171,7 @@ bool Transfer::updateIndex(const QString &root)
     QObject::connect(&index, &Index::fileFoundChanged, &index, setValue);
     QObject::connect(&index, &Index::progressValueChanged, &index, setValue);
     QObject::connect(&index, &Index::progressMaxSetup, &index, setMaximum);
-    return index.updateIndex(root);
+    return removal ? index.updateIndexAfter(root, removal) : index.updateIndex(root);
 }
 
 /** An accepted folder, without a slash at its end; an empty text ends the transfer. */
@@ -126,8 +201,9 @@ bool Transfer::takeLock(MemoryLock &lock, const QString &title, bool isRoot)
 {
     if (lock.take())
         return true;
-    m_user.warn(title,
-                isRoot && !lock.isHeldByOther() ? whyNotIntoRoot(lock.problem()) : lock.message());
+    m_user.warn(title, isRoot && !lock.isHeldByOther() && !lock.isFolderInTheWay()
+                           ? whyNotIntoRoot(lock.problem())
+                           : lock.message());
     return false;
 }
 
@@ -136,7 +212,8 @@ bool Transfer::makeSongsFolder(const QString &songs)
 {
     if (QFileInfo(songs).isDir())
         return true;
-    // No folders above it: a memory that was pulled must not come back as one of the system disk.
+    // Folders above it are not made: after a memory was pulled they would be made on the system
+    // disk.
     std::error_code error;
     if (std::filesystem::create_directory(QFileInfo(songs).filesystemFilePath(), error) &&
         flushPath(songs) && flushFolderOf(songs))
@@ -150,7 +227,7 @@ bool Transfer::makeSongsFolder(const QString &songs)
     return false;
 }
 
-/** A sub-folder would help, but not on a memory to which nothing at all can be written. */
+/** Advises a sub-folder, but not on a memory to which nothing at all can be written. */
 QString Transfer::whyNotIntoRoot(WriteProblem::Kind problem)
 {
     if (problem == WriteProblem::ReadOnly || problem == WriteProblem::Full)
@@ -168,10 +245,14 @@ bool Transfer::hasRoom(const QStringList &files, const QString &dest)
     const qint64 missing = FileCopier::roomNeeded(files, dest) - available;
     if (missing <= 0)
         return true;
-    return m_user.askAnyway(tr("Trasferimento"),
-                            tr("Lo spazio libero nella memoria non è sufficiente: mancano %1.\n"
-                               "Si vuole procedere comunque con la copia?")
-                                .arg(sizeText(missing)));
+    return m_user.askAnyway(tr("Trasferimento"), missingRoomText(missing));
+}
+
+QString Transfer::missingRoomText(qint64 bytes)
+{
+    return tr("Lo spazio libero nella memoria non è sufficiente: mancano %1.\n"
+              "Si vuole procedere comunque con la copia?")
+        .arg(sizeText(bytes));
 }
 
 /** True when no file failed; the progress is gone when this returns. */
@@ -192,15 +273,47 @@ void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, boo
                          tr("Song non copiate (errori): %1").arg(report.failed.size())};
     if (stopped > 0)
         lines.append(tr("Song non più copiate dopo l'interruzione: %1").arg(stopped));
+    lines += indexLines(indexed);
+    QStringList skipped;
+    for (const QString &source : report.skipped)
+        skipped.append(tr("%1: esisteva già e non è stata sostituita").arg(fileNameOf(source)));
+    m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
+                      report.failedLines() + m_indexProblems, skipped);
+}
+
+void Transfer::tellCounts(const PlanExecution::Result &result)
+{
+    QStringList lines = {tr("Song copiate: %1").arg(result.copied.size()),
+                         tr("Song già presenti: %1").arg(result.alreadyThere.size()),
+                         tr("Song saltate: %1").arg(result.skipped.size()),
+                         tr("Song rimosse: %1").arg(result.removed.size()),
+                         tr("Errori: %1").arg(result.failed.size())};
+    if (!result.notReached.isEmpty())
+        lines.append(
+            tr("Song non più copiate dopo l'interruzione: %1").arg(result.notReached.size()));
+    lines += indexLines(result.indexed);
+    const auto named = [](const QList<PlanExecution::Named> &songs) {
+        QStringList texts;
+        for (const PlanExecution::Named &song : songs)
+            texts.append(fileNameOf(song.path) + QLatin1String(": ") + song.reason);
+        return texts;
+    };
+    QStringList skipped = named(result.skipped);
+    for (const QString &song : result.removed)
+        skipped.append(tr("%1: rimossa").arg(fileNameOf(song)));
+    m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
+                      named(result.failed) + m_indexProblems, skipped);
+}
+
+/** What there is to say about the index; nothing when all is well. */
+QStringList Transfer::indexLines(bool indexed) const
+{
+    QStringList lines;
     if (!indexed)
         lines.append(tr("Il database della memoria non è stato aggiornato."));
     if (!m_indexProblems.isEmpty())
         lines.append(tr("Song della memoria con problemi: %1").arg(m_indexProblems.size()));
-    QStringList skipped;
-    for (const QString &source : report.skipped)
-        skipped.append(fileNameOf(source));
-    m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
-                      report.failedLines() + m_indexProblems, skipped);
+    return lines;
 }
 
 qint64 Transfer::bytesAvailable(const QString &folder)

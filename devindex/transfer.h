@@ -3,6 +3,8 @@
 
 #include "devindex/filecopier.h"
 #include "devindex/mountedvolumes.h"
+#include "devindex/planexecution.h"
+#include "devindex/transferplan.h"
 #include "library/progress.h"
 #include "storage/memorylock.h"
 
@@ -11,8 +13,9 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 
-/** The user of a transfer: what he is asked, and what he is told. */
+/** The user of a transfer: answers its questions and gets its messages. */
 class TransferUser
 {
 public:
@@ -32,13 +35,33 @@ public:
     /** Whether to go on in spite of what the question says; no, unless the user says yes. */
     virtual bool askAnyway(const QString &title, const QString &question) = 0;
 
+    /** What to do about a plan that shows that songs would be lost or doubled. */
+    enum class Review {
+        AsAlways, ///< copy each song under its own name, and ask before one is replaced
+        CarryOut, ///< what the plan says, as it was left
+        Cancel
+    };
+
+    /** True for a user to whom a plan can be shown; without that none is made. */
+    virtual bool reviewsPlans() const { return false; }
+
+    /**
+     * Shows a plan in which songs would be lost or doubled, before anything is copied. The remedies
+     * of its songs may be changed.
+     */
+    virtual Review reviewPlan(TransferPlan &plan)
+    {
+        Q_UNUSED(plan)
+        return Review::AsAlways;
+    }
+
     virtual void warn(const QString &title, const QString &text) = 0;
     virtual void inform(const QString &title, const QString &text) = 0;
     virtual void showFailure(const QString &title, const QString &text) = 0;
 
     /**
-     * Says what became of the songs. Only on request it names those that failed or that the player
-     * will not find, each with its reason, and those that were skipped.
+     * Tells what became of the songs. The songs that failed or that the player will not find, and
+     * those that were skipped, are listed only on request, a line each with the reason.
      */
     virtual void tellCounts(const QString &title, const QString &text, const QStringList &failed,
                             const QStringList &skipped) = 0;
@@ -75,6 +98,23 @@ public:
     Outcome transferFiles(const QStringList &files);
 
     /**
+     * Asks for a folder as transferFiles() does, and finds out what bringing the songs there would
+     * do; touches nothing. Nothing when the user changed his mind, stopped it, or the folder was
+     * refused.
+     * @param others whether the folder's songs that are not in the list are listed, too
+     */
+    std::optional<TransferPlan> planTransfer(const QStringList &files, bool others);
+
+    /** Carries out a plan, with all messages; the memory is locked meanwhile. */
+    Outcome carryOut(const TransferPlan &plan);
+
+    /** Asks whether to go on although so many bytes are missing on the memory. */
+    static QString missingRoomText(qint64 bytes);
+
+    /** Each copy is read back from the memory and compared; off unless it is set. */
+    void setReadBack(bool on) { m_readBack = on; }
+
+    /**
      * Updates the index of the memory that holds the path.
      * @return false when there is no such memory, another program is writing to it, which the user
      *         is told, or its index could not be updated
@@ -82,19 +122,25 @@ public:
     bool updateKavenaIndex(const QString &path);
 
 private:
+    std::optional<TransferPlan> makePlan(const QStringList &files, const QString &root,
+                                         const QString &folder, bool others);
+    Outcome carryOut(const TransferPlan &plan, MemoryLock &lock);
     QString chooseDestination();
     bool takeLock(MemoryLock &lock, const QString &title, bool isRoot);
     bool makeSongsFolder(const QString &songs);
     static QString whyNotIntoRoot(WriteProblem::Kind problem);
-    bool updateIndex(const QString &root);
+    bool updateIndex(const QString &root, const std::function<bool()> &removal = {});
     bool hasRoom(const QStringList &files, const QString &dest);
     bool copyFiles(const QStringList &files, const QString &dest, FileCopier &copier);
     void tellCounts(const FileCopier::Report &report, qsizetype files, bool indexed);
+    void tellCounts(const PlanExecution::Result &result);
+    QStringList indexLines(bool indexed) const;
     static qint64 bytesAvailable(const QString &folder);
 
     const MountedVolumes m_volumes;
     TransferUser &m_user;
     const OpenProgress m_openProgress;
     const FreeBytes m_freeBytes;
+    bool m_readBack = false;
     QStringList m_indexProblems; ///< what the last update of an index said about single songs
 };

@@ -1,14 +1,26 @@
 #include "formats/bytetext.h"
 
+#include <algorithm>
+
 QString textFromBytes(QByteArrayView field)
 {
     const qsizetype end = field.indexOf('\0');
     return QString::fromLatin1(end < 0 ? field : field.first(end)).trimmed();
 }
 
-QByteArray bytesFromText(const QString &text)
+QByteArray bytesFromText(QStringView text)
 {
-    return text.toLatin1();
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    putBytesFromText(text, bytes.data(), bytes.size());
+    return bytes;
+}
+
+void putBytesFromText(QStringView text, char *field, qsizetype size)
+{
+    const QStringView written = text.first(std::min(size, text.size()));
+    std::transform(written.begin(), written.end(), field, [](QChar character) {
+        return character.unicode() <= 0xFF ? static_cast<char>(character.unicode()) : '?';
+    });
 }
 
 QStringList charactersOutsideLatin1(const QString &text)

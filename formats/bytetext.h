@@ -16,7 +16,11 @@ QString textFromBytes(QByteArrayView field);
  * The Latin-1 bytes of a text; a character outside Latin-1 becomes "?" (two of them where it
  * takes two UTF-16 units, so that a text cut to n units never exceeds n bytes).
  */
-QByteArray bytesFromText(const QString &text);
+QByteArray bytesFromText(QStringView text);
+
+/** Writes the first of these bytes into a field, at most size of them and no more than there are.
+ */
+void putBytesFromText(QStringView text, char *field, qsizetype size);
 
 /**
  * The characters of the text that Latin-1 does not hold, so that no song file can and the player

@@ -1,4 +1,4 @@
-// Frames of ID3v2 tags: how they are written, and what they say beyond the text that is read.
+// Frames of ID3v2 tags: how they are written, and whether one holds more than its plain text.
 #pragma once
 
 #include <QByteArray>
@@ -34,8 +34,8 @@ constexpr char edit[] = "MEDT"; ///< the mark of a file that this program has ed
 } // namespace Id3FrameId
 
 /**
- * What four size bytes, given as a big-endian number, tell in groups of seven bits, as version 4
- * writes them; as a plain number if they are no groups.
+ * The size that four bytes, given as a big-endian number, hold in groups of seven bits, as version
+ * 4 writes them. The number itself if one of the bytes has its eighth bit set.
  */
 quint32 sizeInGroups(quint32 plain);
 
@@ -50,22 +50,23 @@ bool isFrameId(QByteArrayView bytes);
 QByteArray encodedTextFrame(const QByteArray &id, const QByteArray &text, bool groupsSize);
 
 /**
- * True when a frame written as encodedTextFrame does, with the text that is read from this one
- * (8-bit, up to the first zero), would say all that this one says. Not so for a frame that is
- * compressed, encrypted or grouped, in another encoding (UTF-8 that is ASCII is fine), or of
- * several texts. A frame that is cut off or empty counts as an empty text.
+ * True when nothing is lost if this frame is replaced by an encodedTextFrame with its text (8-bit,
+ * up to the first zero). False for a frame that is compressed, encrypted or grouped, in another
+ * encoding (UTF-8 that is ASCII is fine), or of several texts. A frame that is cut off or empty
+ * counts as an empty text.
  */
 bool isPlainText(QByteArrayView frame);
 
 /**
- * True when a frame that counts whole units (1000 for milliseconds as seconds) would say all that
- * this one says: its plain text is empty or a number, not negative, that is a multiple of the unit.
+ * True when nothing is lost if this frame's number is rounded to whole units (1000 where
+ * milliseconds become seconds): its plain text is empty, or a number that is not negative and a
+ * multiple of the unit.
  */
 bool isPlainNumber(QByteArrayView frame, int unit);
 
 /**
  * The bytes of a tag behind its header, or of a frame, before a zero was put behind every FF that
- * something could take for MPEG audio. Nothing when these bytes hold what could still be taken for
- * it: the flag that promised this was wrong.
+ * something could take for MPEG audio. Nothing when the bytes still hold what could be taken for
+ * MPEG audio: the tag's flag was wrong then.
  */
 std::optional<QByteArray> withoutUnsynchronisation(QByteArrayView bytes);

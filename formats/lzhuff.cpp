@@ -239,7 +239,8 @@ void LzHuff::insertNode(int r)
             replaceNode(static_cast<int>(p), r);
             return;
         }
-        // Neither the better match nor the way down can be predicted: both without a branch.
+        // Neither the better match nor the way down can be predicted, so both are chosen without a
+        // branch.
         const size_t lesserSon = m_sons[p][0];
         const size_t greaterSon = m_sons[p][1];
         best = std::max(best, length * N + ((static_cast<int>(p) - r) & ringMask));

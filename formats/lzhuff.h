@@ -47,10 +47,10 @@ public:
     void compress(const QByteArray &in, QByteArray &out);
 
     /**
-     * Replaces `out` by the text of the stream `in`; they may be the same array. A truncated
-     * stream gives filler, and the last match may exceed the stated size, by 28 bytes at most.
-     * Returns false and leaves `out` empty if the stated size is 0 or above maxTextSize, which is
-     * also what a stream of less than four bytes says.
+     * Replaces `out` by the text of the stream `in`; they may be the same array. A truncated stream
+     * gives filler, and the last match may exceed the stated size, by 28 bytes at most. Returns
+     * false and leaves `out` empty if the stated size is 0 or above maxTextSize, and for a stream
+     * of less than four bytes.
      */
     bool expand(const QByteArray &in, QByteArray &out);
 
@@ -73,14 +73,14 @@ public:
      * strings that it passes, the nearest of these. A string equal over F bytes is replaced.
      */
     void insertNode(int r);
-    /** Takes the string at ring position p (0 to N - 1) out of the tree, if it is there. */
+    /** Removes the string at ring position p (0 to N - 1) from the tree, if it is there. */
     void deleteNode(int p);
     /** Bytes that the last string inserted shares with its match; below 3 there is none. */
     int matchLength() const { return m_matchLength; }
     /** How far that match lies behind, less one. */
     int matchPosition() const { return m_matchPosition; }
 
-    /** Builds the first Huffman tree, with every symbol counted once. */
+    /** Builds the initial Huffman tree, with every symbol counted once. */
     void startHuff();
     /** Halves the counts of the symbols, rounded up, and rebuilds the Huffman tree over them. */
     void reconst();

@@ -41,19 +41,19 @@ public:
      */
     static bool hasKnownFormat(const QString &path);
 
-    /** Fills the record from the loaded song; what the song does not tell is empty or 0. */
+    /** Fills the record from the loaded song; an item that the song does not hold is empty or 0. */
     void getSongInfo(SongInfo &info) const;
 
     /**
      * Merges the record into the loaded song, in memory. With manual true the user has edited the
      * record: every item but the markers is written as it stands. With manual false the record
-     * comes from the catalogue, and what the song holds already mostly stays.
+     * comes from the catalogue, and most items that the song already has stay.
      */
     void setSongInfo(const SongInfo &info, bool manual);
 
     /**
-     * False when saveToFile would refuse whatever the file: nothing is loaded, or more than a file
-     * of the format can hold.
+     * False when saveToFile would refuse any file: nothing is loaded, or more data than a file of
+     * the format can hold.
      */
     bool canBeSaved() const { return isComplete() && canBeReadAgain(); }
 
@@ -80,7 +80,7 @@ public:
     static void removeReadOnlyFlag(const QString &path);
 
 private:
-    /** What is there while no file is loaded. */
+    /** Stands in for a song while no file is loaded. */
     struct NoSong {
         bool load(QFile & /*file*/) { return false; }
         SongInfo::fileTypeEnum fileType() const { return SongInfo::FileUnknown; }

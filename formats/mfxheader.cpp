@@ -1,6 +1,7 @@
 #include "formats/mfxheader.h"
 
 #include "formats/bytetext.h"
+#include "formats/mfxlayout.h"
 #include "storage/songlayout.h"
 
 #include <algorithm>
@@ -9,23 +10,7 @@
 namespace
 {
 
-/** Where a field lies in the header, in bytes. */
-struct Field {
-    qsizetype offset;
-    qsizetype size;
-};
-
-constexpr Field sizeField = {songlayout::mfxFileSizePos, 4};
-constexpr Field origSizeField = {12, 4};
-constexpr Field tempoField = {38, 2};
-constexpr Field longNameField = {42, 13};
-constexpr Field copyrightField = {90, 20};
-constexpr Field titleField = {122, 32};
-constexpr Field editorField = {154, 31};
-constexpr Field flagsField = {185, 1};
-constexpr Field authorField = {186, 32};
-constexpr Field artistField = {218, 32};
-constexpr Field genreField = {250, 32};
+using mfxlayout::Field;
 
 /** A variant of the format, told apart by the digit behind the common magic. */
 struct Variant {
@@ -35,9 +20,9 @@ struct Variant {
 };
 
 constexpr Variant variants[] = {
-    {'3', SongInfo::FileMf3, 512},
-    {'4', SongInfo::FileMf4, 512},
-    {'5', SongInfo::FileMf5, MfxHeader::largestSize},
+    {'3', SongInfo::FileMf3, mfxlayout::headerSize},
+    {'4', SongInfo::FileMf4, mfxlayout::headerSize},
+    {'5', SongInfo::FileMf5, mfxlayout::longHeaderSize},
 };
 
 /** The variant that the bytes begin with, or null. */
@@ -122,67 +107,67 @@ bool MfxHeader::isWhole() const
 
 QString MfxHeader::title() const
 {
-    return textOf(m_header, titleField);
+    return textOf(m_header, mfxlayout::title);
 }
 
 QString MfxHeader::author() const
 {
-    return textOf(m_header, authorField);
+    return textOf(m_header, mfxlayout::author);
 }
 
 QString MfxHeader::artist() const
 {
-    return textOf(m_header, artistField);
+    return textOf(m_header, mfxlayout::artist);
 }
 
 QString MfxHeader::genre() const
 {
-    return textOf(m_header, genreField);
+    return textOf(m_header, mfxlayout::genre);
 }
 
 QString MfxHeader::editor() const
 {
-    return textOf(m_header, editorField);
+    return textOf(m_header, mfxlayout::editor);
 }
 
 QString MfxHeader::copyright() const
 {
-    return textOf(m_header, copyrightField);
+    return textOf(m_header, mfxlayout::copyright);
 }
 
 QString MfxHeader::longName() const
 {
-    return textOf(m_header, longNameField);
+    return textOf(m_header, mfxlayout::longName);
 }
 
 void MfxHeader::setTitle(const QString &title)
 {
-    writeText(m_header, titleField, title);
+    writeText(m_header, mfxlayout::title, title);
 }
 
 void MfxHeader::setAuthor(const QString &author)
 {
-    writeText(m_header, authorField, author);
+    writeText(m_header, mfxlayout::author, author);
 }
 
 void MfxHeader::setArtist(const QString &artist)
 {
-    writeText(m_header, artistField, artist);
+    writeText(m_header, mfxlayout::artist, artist);
 }
 
 void MfxHeader::setGenre(const QString &genre)
 {
-    writeText(m_header, genreField, genre);
+    writeText(m_header, mfxlayout::genre, genre);
 }
 
 int MfxHeader::tempo() const
 {
-    return static_cast<int>(numberOf(m_header, tempoField));
+    return static_cast<int>(numberOf(m_header, mfxlayout::tempo));
 }
 
 void MfxHeader::setTempo(int bpm)
 {
-    writeNumber(m_header, tempoField, static_cast<quint32>(bpm));
+    writeNumber(m_header, mfxlayout::tempo, static_cast<quint32>(bpm));
 }
 
 bool MfxHeader::hasValidTempo() const
@@ -193,20 +178,21 @@ bool MfxHeader::hasValidTempo() const
 
 qint8 MfxHeader::flags() const
 {
-    return static_cast<qint8>(numberOf(m_header, flagsField));
+    return static_cast<qint8>(numberOf(m_header, mfxlayout::flags));
 }
 
 void MfxHeader::setFlag(FlagsEnum flag)
 {
-    writeNumber(m_header, flagsField, numberOf(m_header, flagsField) | static_cast<quint32>(flag));
+    writeNumber(m_header, mfxlayout::flags,
+                numberOf(m_header, mfxlayout::flags) | static_cast<quint32>(flag));
 }
 
 void MfxHeader::setSize(unsigned int size)
 {
-    writeNumber(m_header, sizeField, size);
+    writeNumber(m_header, mfxlayout::fileSize, size);
 }
 
 void MfxHeader::setOrigSize(unsigned int size)
 {
-    writeNumber(m_header, origSizeField, size);
+    writeNumber(m_header, mfxlayout::originalSize, size);
 }

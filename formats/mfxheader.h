@@ -1,6 +1,7 @@
 // Header of an MFX song file.
 #pragma once
 
+#include "formats/mfxlayout.h"
 #include "formats/songinfo.h"
 
 #include <QByteArray>
@@ -22,7 +23,7 @@ public:
         MarkersFlag = 0x01 ///< the song carries section markers
     };
 
-    static constexpr int largestSize = 1024; ///< no header is longer
+    static constexpr qsizetype largestSize = mfxlayout::longHeaderSize; ///< no header is longer
 
     /** FileMf3, FileMf4 or FileMf5 for bytes that begin with the magic; FileUnknown for others. */
     static SongInfo::fileTypeEnum typeOf(QByteArrayView start);

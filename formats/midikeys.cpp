@@ -46,8 +46,8 @@ KeyMaps makeKeyMaps()
     }
     for (auto name = maps.names.cbegin(); name != maps.names.cend(); ++name)
         maps.values.insert(name.value(), name.key());
-    // Further names that the catalogue and users write; they are stored as a key that players
-    // know. G sharp major would need eight sharps: the player takes it as E major.
+    // Other names that the catalogue and users write; each is stored as a key that the player
+    // knows. G sharp major would need eight sharps: the player takes it as E major.
     maps.values.insert(QStringLiteral("G#"), keyValue(4, false));
     maps.values.insert(QStringLiteral("Db-"), keyValue(4, true));
     maps.values.insert(QStringLiteral("D#"), keyValue(-3, false));

@@ -1,16 +1,17 @@
-// Layout of the MIDI meta events that carry a song's metadata, for all who read or write them.
+// Layout of the MIDI meta events that carry a song's metadata, shared by all code that reads or
+// writes them.
 #pragma once
 
 #include <QByteArray>
 #include <QByteArrayView>
 
 /**
- * A look at one meta event (Standard MIDI Files 1.0: FF, type, length, data) inside the bytes of a
- * file, which must outlive it.
+ * One meta event (Standard MIDI Files 1.0: FF, type, length, data) inside the bytes of a file,
+ * which must outlive it.
  *
- * The player takes the length as one single byte, not as a variable-length quantity, and so do we.
- * Nothing is read past the end of the bytes: a byte that is missing counts as 0, a run of data
- * ends with the file.
+ * The player takes the length as one single byte, not as a variable-length quantity, and so does
+ * this class. Nothing is read past the end of the bytes: a byte that is missing counts as 0, a run
+ * of data ends with the file.
  */
 class MidiMetaEvent
 {
@@ -18,7 +19,7 @@ public:
     enum TypeEnum : quint8 {
         CopyrightNotice = 0x02,
         TrackName = 0x03, ///< in the first track: the title of the song
-        Marker = 0x06,    ///< the standard's own; our section markers are the maker's events
+        Marker = 0x06,    ///< the standard's marker; section markers are Kravo events
         Kravo = 0x4B,     ///< the maker's own event; its first data byte is a sub-type
         Tempo = 0x51,     ///< microseconds in a quarter note (3 bytes, big-endian)
         KeySignature = 0x59
@@ -32,7 +33,7 @@ public:
     static constexpr qsizetype dataPos = 3;
 
     static constexpr qsizetype headerSize = 4;    ///< delta time 0, FF, type, length
-    static constexpr qsizetype maxDataSize = 255; ///< what the length byte can tell
+    static constexpr qsizetype maxDataSize = 255; ///< the largest length that its byte can hold
 
     /** Position of the next status byte FF with this type behind it, or -1. */
     static qsizetype indexOf(QByteArrayView bytes, quint8 type, qsizetype from);
@@ -43,7 +44,7 @@ public:
     /** The bytes of an event at delta time 0; none when the data exceed maxDataSize. */
     static QByteArray encode(quint8 type, const QByteArray &data);
 
-    /** Looks at the event whose status byte stands at the position (0 or greater). */
+    /** The event whose status byte is at the position (0 or greater). */
     MidiMetaEvent(QByteArrayView bytes, qsizetype position);
 
     /** The length byte, 0 to 255. */

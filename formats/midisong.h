@@ -1,4 +1,4 @@
-// A MIDI file as a song: what MetaSong does with each format, for this one.
+// A MIDI file as a song: the functions of MetaSong for this format.
 #pragma once
 
 #include "formats/rawmidifile.h"

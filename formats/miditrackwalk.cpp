@@ -87,7 +87,7 @@ bool MidiTrackWalk::skipChannelData(qsizetype position, int count)
 bool MidiTrackWalk::skipCountedData(qsizetype position)
 {
     if (byteAt(position) == continuationBit)
-        return false; // nobody begins a length with zeros; it is a single byte of a large value
+        return false; // no program begins a length with zeros; this is one byte of a larger number
     qsizetype count = 0;
     for (int i = 0; i < maxQuantityBytes; ++i) {
         const int byte = byteAt(position++);

@@ -1,4 +1,4 @@
-// Tells where the events of a MIDI track begin, as far as the track can be understood.
+// Finds where the events of a MIDI track begin, as far as the track is valid.
 #pragma once
 
 #include <QByteArrayView>
@@ -9,8 +9,8 @@
  * Metadata events are found by their bytes "00 FF type". Those bytes are also there when the 00
  * belongs to something else: it can end a longer delta time such as 83 00, be the velocity of a
  * note or the length of an empty text, while FF and the type are the delta time of what follows.
- * Cutting there would tear the music. This walk recognises the case. Where a track makes no sense
- * the walk ends, and nothing is claimed about what follows.
+ * Removing such bytes would damage the music. This walk recognises them. Where the track is invalid
+ * the walk ends, and nothing is known about the bytes that follow.
  */
 class MidiTrackWalk
 {
@@ -33,7 +33,7 @@ private:
 
     QByteArrayView m_bytes;
     qsizetype m_eventStart; ///< first byte of the current event's delta time
-    qsizetype m_eventEnd;   ///< behind the current event
+    qsizetype m_eventEnd;   ///< first byte after the current event
     int m_runningStatus = 0;
     bool m_lost = false;
 };

@@ -6,8 +6,8 @@
 
 /**
  * Writes title, artist, author, genre, tempo, key and length of the record into the tag. An item
- * that is what the tag's readers deliver stays as it is where its frame says more than a new one
- * could: in another encoding, several artists, milliseconds, a tempo with decimals, a key that the
- * player does not know, a compressed text.
+ * that the user did not change keeps its frame where that holds more than a new frame could: in
+ * another encoding, several artists, milliseconds, a tempo with decimals, a key that the player
+ * does not know, a compressed text.
  */
 void writeEditedItems(Mp3Header &tag, const SongInfo &info);

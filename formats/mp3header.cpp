@@ -29,7 +29,7 @@ constexpr int framesStart = tagHeaderSize;
 
 // Flags of the tag.
 constexpr int unsynchronised = 0x80; ///< a zero byte was put behind every FF
-constexpr int compressed = 0x40;     ///< of version 2; nobody ever said how
+constexpr int compressed = 0x40;     ///< of version 2; no compression was ever defined
 constexpr int hasExtendedHeader = 0x40;
 constexpr int hasFooter = 0x10; ///< of version 4: the header again, behind the frames
 
@@ -317,7 +317,7 @@ quint32 Mp3Header::frameSize(int pos) const
     const QByteArrayView next = view(m_tag, end, Id3FrameLayout::idSize);
     if (isPadding(next))
         return grouped;
-    // Text can look like an identifier, but then a size that fits does not stand behind it.
+    // Text can look like an identifier, but is then not followed by a size that fits.
     const quint32 nextSize = sizeInGroups(getSingleFrameLength(static_cast<int>(end)));
     const bool fits = end + Id3FrameLayout::headerSize + nextSize <= m_tag.size();
     return isFrameId(next) && fits ? grouped : plain;

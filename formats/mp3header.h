@@ -23,7 +23,7 @@ public:
     /** Bytes of a footer, which may follow a tag of version 4. */
     static constexpr int footerSize = 10;
 
-    /** The length of a song stands in the tag in milliseconds. */
+    /** The tag counts the length of a song in milliseconds. */
     static constexpr int millisecondsPerSecond = 1000;
 
     /**

@@ -33,8 +33,8 @@ bool loadTag(QFile &file, Mp3Header &header)
     if (!readUpTo(start, Mp3Header::headerSize + tagSize + Mp3Header::footerSize) ||
         !header.loadHeader(start))
         return false;
-    // The size that a tag tells leaves out its own ten bytes and a footer: its end can lie just
-    // behind.
+    // The size in a tag does not count the tag's own ten bytes and a footer, so the tag can end
+    // later than its size says.
     const qsizetype missing =
         qsizetype{header.getAudioDataStartPos()} + Mp3Header::footerSize - start.size();
     return missing <= 0 || header.loadHeader(start + file.read(missing));
@@ -81,8 +81,8 @@ SaveFailure Mp3Song::save(const QString &path) const
         logDebug() << "[MetaSong::saveToFile] Impossible to read from file.";
         return loadFailureOf(m_path);
     }
-    // Where the audio begins is asked of the file as it is now: an earlier save of this song, or of
-    // a copy of it, has moved it.
+    // Where the audio begins is read from the file as it is now: an earlier save of this song, or
+    // of a copy of it, may have moved it.
     Mp3Header onDisk;
     if (!loadTag(source, onDisk)) {
         logDebug() << "[MetaSong::saveToFile] Impossible to seek file.";

@@ -1,4 +1,5 @@
-// The maker of the player, who publishes songs for it and names himself in their copyright notices.
+// The maker of the player, whose name stands in the copyright notices of the songs that he
+// publishes.
 #pragma once
 
 #include <QLatin1String>
@@ -7,7 +8,7 @@
 namespace publisher
 {
 inline constexpr QLatin1String name{"K-RAVO"};
-/** Counts in MIDI files only; an MP3 is not recognised by it. */
+/** A second name that is looked for in MIDI files only, not in MP3 files. */
 inline constexpr QLatin1String midiName{"TORVELIX"};
 
 /** True when the copyright notice contains the name, in whatever case. */

@@ -17,8 +17,8 @@ enum class SaveFailure {
 };
 
 /**
- * The reason behind a system call on the path that failed with this errno. With 0, or a number that
- * says nothing to a user, the state of the file and of its medium tells; never None.
+ * The reason behind a system call on the path that failed with this errno. With 0, or an errno that
+ * has no reason of its own here, the state of the file and of its medium decides; never None.
  */
 SaveFailure saveFailureFrom(int systemError, const QString &path);
 

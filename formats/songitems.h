@@ -1,4 +1,4 @@
-// MIDI data and MP3 tags keep the same items under the same names.
+// Reads the items that RawMidiFile and Mp3Header both have, through functions of the same names.
 #pragma once
 
 #include "formats/songinfo.h"

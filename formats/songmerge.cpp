@@ -150,8 +150,9 @@ void SongMerge::fill(MfxHeader &header) const
 void SongMerge::fillArtist(MfxHeader &header) const
 {
     const QString artist = header.artist();
-    // A dash gives way to the alternative artist even where the catalogue has none: the player
-    // then shows no artist at all. Where it is the alternative artist, it stays like any other.
+    // A dash as the artist is replaced by the alternative artist even where that is empty: the
+    // player then shows no artist. An alternative artist that is a dash itself is written like any
+    // other.
     if (isDash(artist) && artist != m_info.altArtist) {
         header.setArtist(m_info.altArtist);
         return;

@@ -1,4 +1,4 @@
-// The rules by which a record gets into a song.
+// The rules by which a record's items are written into a song.
 #pragma once
 
 #include "formats/mfxheader.h"
@@ -8,13 +8,13 @@
 
 /**
  * Writes a record into the data of a song, in memory. What the user has edited is written as it
- * stands, but for the markers. What comes from the catalogue fills what the song lacks; what the
- * song holds already mostly stays.
+ * stands, but for the markers. A record from the catalogue fills the items that the song lacks;
+ * most items that the song already has stay.
  */
 class SongMerge
 {
 public:
-    /** Who says what the record holds. */
+    /** Where the record comes from. */
     enum class Source { User, Catalogue };
 
     /** The record must outlive the merge. */

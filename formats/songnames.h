@@ -1,4 +1,4 @@
-// The names that song files have.
+// File names and suffixes of songs.
 #pragma once
 
 #include <QString>
@@ -17,8 +17,8 @@ bool isSongSuffix(QStringView suffix);
 bool isSongName(const QString &name);
 
 /**
- * The title that a file's name makes: what stands after the last "/" and before the last "." behind
- * it; without a dot, everything after the "/".
+ * The title made from a file's name: the text after the last "/", up to the last dot in it if there
+ * is one.
  */
 QString titleFromFileName(const QString &path);
 } // namespace songnames

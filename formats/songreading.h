@@ -8,12 +8,12 @@ namespace songreading
 {
 /**
  * Files that are held in memory whole may not be larger. A MIDI cable carries 3125 bytes a second:
- * this would keep it busy for almost six hours, so no song is refused, but a disk image that
- * happens to begin like one is.
+ * sending 64 MiB takes almost six hours, so no song is refused, but a disk image that happens to
+ * begin like one is.
  */
 inline constexpr qint64 largestFileInMemory = qint64{64} * 1024 * 1024;
 
-/** Opens a file for reading; a device or a pipe would deliver without end, or never. */
+/** Opens a regular file for reading; reading a device or a pipe could go on or wait for ever. */
 bool openRegularFile(QFile &file);
 
 /**

@@ -3,13 +3,13 @@
 
 enum class Answer { Yes, YesToAll, No, NoToAll };
 
-/** Asks for each file until the user gives an answer to all of them, which then holds. */
+/** Asks for each file until the user gives an "all" answer, which then holds for the rest. */
 class RememberedAnswer
 {
 public:
     RememberedAnswer() = default;
 
-    /** Holds this answer from the start; nothing is asked. */
+    /** Gives this answer to every question; the user is not asked. */
     static RememberedAnswer toAll(bool yes) { return {yes, true}; }
 
     /** The last answer that was given, and whether it was one to all. */

@@ -12,7 +12,7 @@ QString key(const QString &name)
     return name.normalized(QString::NormalizationForm_C).toCaseFolded();
 }
 
-/** The names that a song takes up where it is copied to: its own, and that of its pictures. */
+/** The names that a copied song needs in its folder: its own, and that of its karaoke pictures. */
 QSet<QString> namesOf(const QString &file)
 {
     const QString name = file.section(QLatin1Char('/'), -1);
@@ -55,7 +55,7 @@ BackupPlan::BackupPlan(const QStringList &files)
         m_names.first().unite(names);
         m_batches.first().files.append(file);
     }
-    // Only now are all names known that no folder can have.
+    // Only now is it known which names are taken by files, so that no folder can have them.
     for (const QString &file : std::as_const(others))
         addToFolderOfItsOwn(file);
 }

@@ -36,6 +36,6 @@ private:
 
     QList<Batch> m_batches;
     QList<QSet<QString>> m_names;                    ///< what is taken in each batch's folder
-    QMultiHash<QString, qsizetype> m_placesOfSource; ///< batches by where their songs come from
-    QHash<QString, int> m_lastNumber;                ///< behind the folders of one name
+    QMultiHash<QString, qsizetype> m_placesOfSource; ///< batches by the songs' own folders
+    QHash<QString, int> m_lastNumber;                ///< last number behind a folder's name
 };

@@ -27,7 +27,9 @@ QString withoutExtension(const QString &name)
     return isExtension ? name.left(dot) : name;
 }
 
-/** The catalogue's data replace the file's, also where the catalogue has none. */
+/**
+ * The catalogue's items replace those of the file, even an item that the catalogue leaves empty.
+ */
 SongInfo withCatalogueData(SongInfo info, const SongsDbRecord &record)
 {
     info.title = record.title;

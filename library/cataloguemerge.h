@@ -1,4 +1,4 @@
-// Finds a song in the reference catalogue and merges what stands there into it.
+// Finds a song in the reference catalogue and merges the catalogue's data into it.
 #pragma once
 
 #include "formats/metasong.h"
@@ -8,7 +8,7 @@
 
 #include <optional>
 
-/** The step that synchronising a song and the preview of it share; no file is touched. */
+/** The step that the synchronisation of a song and its preview share; no file is touched. */
 class CatalogueMerge
 {
 public:
@@ -21,7 +21,7 @@ public:
     /**
      * Merges the catalogue's data into the loaded song, in memory. info is what the song holds,
      * shortName the name of its file without the folder. Returns the record that was merged;
-     * nothing, with the song as it was, when the catalogue does not know it.
+     * nothing, with the song unchanged, when the catalogue does not know the song.
      */
     std::optional<SongInfo> mergeInto(MetaSong &song, const SongInfo &info,
                                       const QString &shortName) const;

@@ -32,7 +32,7 @@ QString markersText(const QList<Marker> &markers)
     return texts.join(QStringLiteral(", "));
 }
 
-/** The texts of the catalogue that can come to stand in the field. */
+/** The catalogue's texts that can be written into the field. */
 QStringList sourcesOf(ChangePreview::Field field, const SongInfo &record)
 {
     switch (field) {
@@ -49,7 +49,10 @@ QStringList sourcesOf(ChangePreview::Field field, const SongInfo &record)
     }
 }
 
-/** What was written of the record's text into the field: an MFX file holds its beginning only. */
+/**
+ * The part of the record's text that was written into the field: an MFX file holds only the
+ * beginning of a long text.
+ */
 QString keptPart(const ChangePreview::Change &change, const SongInfo &record)
 {
     for (const QString &source : sourcesOf(change.field, record)) {
@@ -142,4 +145,34 @@ QString ChangePreview::lostCharacters(const std::optional<SongInfo> &before, con
     for (const Change &change : changes(before.value_or(SongInfo()), after))
         texts += keptPart(change, record);
     return ::lostCharacters(texts);
+}
+
+QString ChangePreview::fieldName(Field field)
+{
+    switch (field) {
+    case Field::Title:
+        return tr("Titolo");
+    case Field::Artist:
+        return tr("Interprete");
+    case Field::Genre:
+        return tr("Genere");
+    case Field::Author:
+        return tr("Autore");
+    case Field::Length:
+        return tr("Durata");
+    case Field::Tempo:
+        return tr("BPM");
+    case Field::Key:
+        return tr("Tonalità");
+    case Field::Markers:
+        return tr("Marker");
+    case Field::MarkersShown:
+        return tr("Marker attivi");
+    }
+    return {};
+}
+
+QString ChangePreview::emptyValue()
+{
+    return tr("(vuoto)");
 }

@@ -1,4 +1,4 @@
-// What synchronising the library would change, without changing anything.
+// Finds what a synchronisation of the library would change, without changing anything.
 #pragma once
 
 #include "formats/songinfo.h"
@@ -15,8 +15,8 @@
 class CatalogueMerge;
 
 /**
- * The changes of each song, found by the very merge that synchronising does, on copies in memory:
- * no file is written, and the table stays as it is.
+ * The changes of each song. They are found by the same merge that the synchronisation does, but on
+ * copies in memory: no file is written, and the table stays as it is.
  */
 class ChangePreview
 {
@@ -51,17 +51,24 @@ public:
     static QList<Change> changes(const SongInfo &before, const SongInfo &after);
 
     /**
-     * The characters of the record that a song has lost: the texts that differ from before, or all
-     * texts without a before, in a list for reading. Empty when the song has all of them.
+     * The characters of the record that a song has lost, as a list to be shown: those of the texts
+     * that differ from before, or of all texts when before is not given. Empty when no character is
+     * lost.
      */
     static QString lostCharacters(const std::optional<SongInfo> &before, const SongInfo &after,
                                   const SongInfo &record);
 
     /**
-     * Tells which characters of the catalogue's record the changed texts lose, because no song file
-     * can hold them.
+     * Notes for each changed text which characters of the catalogue's record it loses, because no
+     * song file can hold them.
      */
     static void nameLostCharacters(QList<Change> &changes, const SongInfo &record);
+
+    /** The field in the user's words. */
+    static QString fieldName(Field field);
+
+    /** What stands in place of a value that is not there. */
+    static QString emptyValue();
 
     QList<Song> changed; ///< the songs with changes, in the order of the table
     int songs = 0;       ///< all that were looked at

@@ -8,7 +8,7 @@
 namespace
 {
 
-constexpr int SuffixSize = 4; // with the dot, both ".mp3" and ".cdg"
+constexpr int suffixSize = 4; // with the dot, both ".mp3" and ".cdg"
 
 } // namespace
 
@@ -16,8 +16,8 @@ QStringList companionPaths(const QString &path)
 {
     if (!path.endsWith(QLatin1String(".mp3"), Qt::CaseInsensitive))
         return {};
-    // Card file systems know no letter case, others do.
-    const QString base = path.chopped(SuffixSize);
+    // File systems of memory cards ignore letter case, others do not.
+    const QString base = path.chopped(suffixSize);
     return {base + QLatin1String(".cdg"), base + QLatin1String(".CDG")};
 }
 
@@ -31,5 +31,5 @@ QString companionOf(const QString &path)
 
 QString companionTarget(const QString &companion, const QString &target)
 {
-    return target.chopped(SuffixSize) + companion.right(SuffixSize);
+    return target.chopped(suffixSize) + companion.right(suffixSize);
 }

@@ -23,8 +23,7 @@ QString createUserSongs()
     return QStringLiteral("create table usersongs (%1)").arg(columns.join(QLatin1String(", ")));
 }
 
-// Should the catalogue hold several matches, the first of its rows counts, with an index or
-// without.
+// Of several matches in the catalogue the first row counts, whether SQLite uses an index or not.
 const QString selectByFilename =
     QStringLiteral("SELECT title,artist,genre,author,length,bpm,key,markers,altartist FROM songs "
                    "WHERE filename like ? ORDER BY rowid");
@@ -83,7 +82,7 @@ bool findFirst(QSqlQuery &query, const QString &statement, const QString &patter
     return query.exec() && query.next();
 }
 
-/** Titles and file names with a double quote stand in no catalogue and are not searched for. */
+/** No catalogue holds a title or file name with a double quote: such a text is not searched for. */
 bool canBeFound(const QString &pattern)
 {
     return !pattern.contains(QLatin1Char('"'));

@@ -23,7 +23,7 @@
 class Database
 {
 public:
-    /** Outcome of the last work on a row of the user's songs; the numbers are stored. */
+    /** What was last done to a row of the user's songs; the numbers are stored. */
     enum statusEnum { StatusNew = 0, StatusSynced = 1, StatusEdited = 2, StatusNotSynced = 3 };
 
     Database() = default;
@@ -53,7 +53,7 @@ public:
      */
     bool getRecordByFilename(const QString &filename, SongsDbRecord &record) const;
 
-    /** As getRecordByFilename, by title; a title that several songs share is not guessed at. */
+    /** As getRecordByFilename, by title; nothing is found when several songs share the title. */
     bool getRecordByTitle(const QString &title, SongsDbRecord &record) const;
 
     /**

@@ -6,21 +6,22 @@
 #include <functional>
 
 /**
- * Long work runs on the thread of the windows, which see no click and repaint nothing unless the
- * work lets their events run. It does so in one of three ways:
+ * Long work runs on the thread of the windows, which react to no click and are not repainted unless
+ * the work lets their events run. It does so in one of three ways:
  *
- * - processEventsNow() after each song or folder that was read or written: it took longer than
- *   looking for events does, and before the next one "stop" must be noticed.
+ * - processEventsNow() after each song or folder that was read or written: that takes longer than a
+ * look for events, and a click on "stop" has to be noticed before the next one.
  * - processEvents() in loops whose steps are short, such as over the files of a memory: often
  *   enough for a window to feel alive, seldom enough that the loop does not pay for it.
  * - workInBackground() for one step that takes long by itself, such as rewriting a long MP3 or
  *   waiting for a slow stick to take what was written.
  *
- * A progress is painted at a pace of its own, since painting takes longer than many a step.
+ * A progress is painted less often than it is told of steps, since painting takes longer than many
+ * steps do.
  *
- * What holds in all cases: an event may close, sort or click whatever is not disabled. So whoever
- * starts the work first sees to it that no event starts other work or closes the window, and the
- * work keeps rows of a table by persistent indexes, never by numbers, across these calls.
+ * In all cases an event may close, sort or click whatever is not disabled. So the caller first
+ * makes sure that no event can start other work or close the window, and the work remembers rows of
+ * a table across these calls by persistent indexes, never by numbers.
  */
 class KeepAlive
 {
@@ -28,7 +29,10 @@ public:
     static constexpr int eventsMilliseconds = 20;   ///< between two looks for events
     static constexpr int progressMilliseconds = 40; ///< between two steps of a bar on the screen
 
-    /** Lets pending events run, at most once in eventsMilliseconds. The first call always does. */
+    /**
+     * Lets pending events run, at most once in eventsMilliseconds. The first call always lets them
+     * run.
+     */
     void processEvents();
 
     /** Lets pending events run. */

@@ -141,7 +141,8 @@ bool LibraryBackup::copyFiles(const QStringList &files, const QString &destinati
             folder += QLatin1Char('/') + batch.folder;
             logDebug() << "Making new dir:" << folder;
         }
-        // Files in a folder that is not on the medium are none; why, their copying tells.
+        // If the folder is not on the medium, no file in it counts as copied; copying them reports
+        // the reason.
         const bool made = batch.folder.isEmpty() || makeFolder(folder);
         PartOfProgress part(progress, before);
         int arrived = 0;

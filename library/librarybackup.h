@@ -10,7 +10,7 @@
 
 #include <functional>
 
-/** The workflow has no window: it asks and reports through what it is given. */
+/** The workflow has no window: it asks and reports through the functions that it is given. */
 class LibraryBackup
 {
     Q_DECLARE_TR_FUNCTIONS(MainWindow)

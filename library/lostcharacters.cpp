@@ -8,7 +8,10 @@
 namespace
 {
 
-/** A mark would sit on the comma before it, a space or a half character could not be seen. */
+/**
+ * A combining mark would be drawn on the comma before it, a space or half a character would not be
+ * visible.
+ */
 bool hasPicture(char32_t character)
 {
     return QChar::isPrint(character) && !QChar::isSpace(character) && !QChar::isMark(character) &&

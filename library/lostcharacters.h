@@ -4,7 +4,7 @@
 #include <QString>
 
 /**
- * The characters of the text that the player cannot show, as a list for reading: each once, one
- * that has no picture by its number ("U+200B"). Empty when the player can show all of them.
+ * The characters of the text that the player cannot show, as a list to be shown: each once, an
+ * invisible one by its number ("U+200B"). Empty when the player can show all of them.
  */
 QString lostCharacters(const QString &text);

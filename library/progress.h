@@ -1,4 +1,5 @@
-// How a long job tells what it has done and learns that the user wants it to stop.
+// The interface through which a long job reports its steps and learns that the user wants to stop
+// it.
 #pragma once
 
 #include <QString>
@@ -17,7 +18,7 @@ public:
     /** The number of steps of the whole job. */
     virtual void setMaximum(int steps) = 0;
 
-    /** Steps done so far; the interface stays alive by it. */
+    /** Reports the number of steps done so far and lets the windows process events. */
     virtual void setValue(int done) = 0;
 
     /** As setValue, and says "n of maximum" in words. */
@@ -25,7 +26,7 @@ public:
 
     /**
      * Shows the last step if it was held back. To be called before work during which no events are
-     * processed for long, so that the number on screen is the true one meanwhile.
+     * processed for a long time, so that the number on the screen is right meanwhile.
      */
     virtual void catchUp() {}
 

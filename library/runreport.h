@@ -1,4 +1,4 @@
-// What a run over songs has to tell the user when it is over.
+// What the user is told at the end of a run over songs.
 #pragma once
 
 #include "formats/savefailure.h"
@@ -10,16 +10,16 @@
 /** One thing about one song that the user should know. A song may have several. */
 struct SongFinding {
     enum class Kind {
-        NotSaved,       ///< what was to be written into the song is not in it
+        NotSaved,       ///< the song does not hold what had to be written into it
         LostCharacters, ///< characters that the player cannot show stand in it as "?"
     };
 
     Kind kind = Kind::NotSaved;
     QString path;
-    QString reason; ///< in the user's words; of lost characters these themselves, as a list
+    QString reason; ///< in the user's words; for LostCharacters the list of the characters
 };
 
-/** The findings of one run, in their order. A run that did all it was to do has none. */
+/** The findings of one run, in their order. A run without problems has none. */
 class RunReport
 {
     Q_DECLARE_TR_FUNCTIONS(RunReport)
@@ -34,7 +34,7 @@ public:
     /** How many songs the findings are about, kind by kind; a line each. Empty without findings. */
     QString summary() const;
 
-    /** What the finding says about its song, in a few words. */
+    /** The finding in a few words. */
     static QString text(const SongFinding &finding);
 
     /** A failure in the user's words; empty for None. */

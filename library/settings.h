@@ -16,7 +16,7 @@ inline const QString mediaRoot = QStringLiteral("mediaroot");
 inline const QString previewChanges = QStringLiteral("previewchanges");
 inline const QString windowPlace = QStringLiteral("windowplace");
 inline const QString windowMaximised = QStringLiteral("windowmaximised");
-inline const QString columnWidths = QStringLiteral("columnwidths"); ///< a group, one key a column
+inline const QString columnWidths = QStringLiteral("columnwidths"); ///< group, a key per column
 inline const QString sortField = QStringLiteral("sortfield");
 inline const QString sortDescending = QStringLiteral("sortdescending");
 } // namespace settings

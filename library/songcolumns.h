@@ -12,7 +12,7 @@ namespace songcolumns
 {
 
 enum Column : int {
-    Id, ///< numbers the songs in the order of their import
+    Id, ///< the songs' numbers, in the order of their import
     Type,
     Title,
     Artist,

@@ -5,6 +5,7 @@
 #include "library/keepalive.h"
 #include "storage/diagnostics.h"
 #include "storage/leftovers.h"
+#include "storage/songjournal.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -97,7 +98,9 @@ QString SongEditor::deleteFile(int row)
     const QString path = m_model.fileName(row);
     if (path.isEmpty() || !m_askDelete())
         return {};
-    QFile::remove(path);
+    // What is put there later must not be taken for a song whose save was cut off.
+    if (QFile::remove(path))
+        SongJournal::removeAllOf(path);
     m_model.removeRow(row);
     return QFile::exists(path) ? QString() : path;
 }

@@ -24,7 +24,7 @@ struct SongEdit {
 
 /**
  * The workflows behind a double click and the menu of a row. They have no window: they ask and
- * report through what they are given.
+ * report through the functions that they are given.
  */
 class SongEditor
 {
@@ -53,7 +53,7 @@ public:
      */
     void manualModifySong(MetaSong song, const SongInfo &info, const QString &path, int row);
 
-    /** Removes the row from the table; its file stays. */
+    /** Removes the row from the table; the song's file stays. */
     void removeFromList(int row);
 
     /**
@@ -63,7 +63,7 @@ public:
      */
     QString deleteFile(int row);
 
-    /** What has to be told about the songs that this object was to write. */
+    /** The problems of the songs that this object had to write. */
     const RunReport &report() const { return m_report; }
 
 private:
@@ -76,5 +76,5 @@ private:
     AskDelete m_askDelete;
     OpenProgress m_openProgress;
     RunReport m_report;
-    bool m_changesMany = false; ///< one song's lost characters the user saw while typing
+    bool m_changesMany = false; ///< if not, the dialog has shown the lost characters
 };

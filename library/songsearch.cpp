@@ -7,6 +7,9 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <filesystem>
+#include <system_error>
+
 namespace
 {
 
@@ -41,6 +44,14 @@ bool SongSearch::searchFolder(const QString &folder)
     if (m_searched.contains(canonical))
         return true;
     m_searched.insert(canonical);
+    // Qt lists a folder that it cannot read as an empty one.
+    std::error_code error;
+    const std::filesystem::directory_iterator readable(QFileInfo(folder).filesystemFilePath(),
+                                                       error);
+    if (error) {
+        m_unreadable << folder;
+        return true;
+    }
 
     const QFileInfoList entries = QDir(folder).entryInfoList(
         songnames::patterns(), QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot,

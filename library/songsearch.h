@@ -12,9 +12,10 @@
 #include <optional>
 
 /**
- * Files are taken as they are, whatever their names; the import tells which of them are no songs.
- * Of folders, the files with a song's extension are taken, from all folders in it too. The
- * interface stays alive; a search that takes long shows a progress, by which the user can stop it.
+ * Files are taken as they are, whatever their names; the import finds out which of them are no
+ * songs. Of folders, the files with a song's extension are taken, from all folders in it too.
+ * Windows process events meanwhile; a long search shows a progress, with which the user can stop
+ * it.
  */
 class SongSearch
 {
@@ -28,13 +29,17 @@ public:
      */
     std::optional<QStringList> search(const QStringList &paths);
 
+    /** The folders of the last search that could not be read, so that their songs are not known. */
+    const QStringList &unreadable() const { return m_unreadable; }
+
 private:
     bool searchFolder(const QString &folder);
     bool goOn();
 
     OpenProgress m_openProgress;
-    std::unique_ptr<Progress> m_progress; ///< once the search takes long
+    std::unique_ptr<Progress> m_progress; ///< made when the search takes long
     QElapsedTimer m_running;
     QSet<QString> m_searched; ///< canonical paths of folders
     QStringList m_found;
+    QStringList m_unreadable;
 };

@@ -14,7 +14,7 @@ namespace
 {
 const int idColumn = songcolumns::Id;
 
-/** The way back from lengthText(), so that "100:00" is longer than "02:05". */
+/** The inverse of lengthText(), so that "100:00" is longer than "02:05". */
 qint64 secondsOf(const QString &lengthText)
 {
     const qsizetype colon = lengthText.indexOf(QLatin1Char(':'));

@@ -25,8 +25,8 @@
  * statements:
  *
  * - select() loads all rows; from then on a row number means the row that the user sees.
- * - addSong(), setData() and removeRows() change the table and the row held here, and tell the
- * views just that: they keep their place, and no other row moves.
+ * - addSong(), setData() and removeRows() change the table and the row held here, and report just
+ * that to the views, which keep their scroll position; no other row moves.
  * - sort() orders the rows here; nothing else does. A new row goes to the end.
  *
  * A row whose song could not be saved is marked until it is saved; its status is not touched.
@@ -94,7 +94,7 @@ public:
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
 
-    /** The cell's value for display and editing; all else is left to the base class. */
+    /** The cell's value for display and editing; other roles are left to the base class. */
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
     /** Writes one cell to the table at once; the id cannot be changed. */

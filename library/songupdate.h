@@ -1,4 +1,4 @@
-// One song that gets what the catalogue knows about it.
+// Writes the catalogue's data into one song.
 #pragma once
 
 #include "formats/metasong.h"
@@ -33,13 +33,13 @@ public:
     /** What merge() changed. */
     QList<ChangePreview::Change> changes() const;
 
-    /** False when save() would refuse whatever the medium. */
+    /** False when save() would refuse on any medium. */
     bool canBeSaved() const { return m_song.canBeSaved(); }
 
-    /** Writes the song to its file; None when it arrived. */
+    /** Writes the song to its file; None when it was written. */
     SaveFailure save() { return m_song.save(m_path); }
 
-    /** The characters that the saved song has lost, in a list for reading; see ChangePreview. */
+    /** The characters that the saved song has lost, as a list to be shown; see ChangePreview. */
     QString lostCharacters(const SongInfo &saved) const
     {
         return ChangePreview::lostCharacters(m_before, saved, m_record);

@@ -7,7 +7,7 @@
 
 /**
  * Adds the connection when it is made; closes and removes it when it is destroyed. Queries and
- * models on the connection have to be gone by then.
+ * models on the connection must be destroyed before it.
  */
 class SqlConnection
 {

@@ -11,7 +11,7 @@
 namespace
 {
 
-void logBanner()
+void logStartOfUpdate()
 {
     logDebug() << "============================================";
     logDebug() << "          UPDATE USER LIBRARY";
@@ -39,7 +39,7 @@ Synchronisation::Synchronisation(const Database &database, SongTable &model,
 
 bool Synchronisation::run(bool copyrightAsk)
 {
-    logBanner();
+    logStartOfUpdate();
     m_report = {};
     const int rows = m_model.goodRowCount();
     if (rows < 1) {
@@ -85,7 +85,7 @@ bool Synchronisation::updateFileWithDb(int row)
     if (!update.merge(m_catalogue, m_model.shortName(row)))
         return false;
 
-    // A progress that was cancelled lets go of the table, which may then be sorted.
+    // A cancelled progress no longer blocks the table, so that the user may sort it.
     const QPersistentModelIndex place = m_model.rowIndex(row);
     // A file that could not be written shows in its row what it still holds.
     SaveFailure failure = SaveFailure::None;

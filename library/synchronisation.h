@@ -1,4 +1,4 @@
-// Rewrites the songs of the library with what the reference catalogue knows about them.
+// Writes the reference catalogue's data into the songs of the library.
 #pragma once
 
 #include "formats/songinfo.h"
@@ -17,8 +17,8 @@
 /**
  * One run goes through all rows of the library table: each song that the catalogue knows gets the
  * catalogue's data, is read again, and its row shows what the file now holds. The colour of the row
- * tells the outcome; a song that could not be read or written gets a mark and is in the report.
- * The workflow has no window: it asks and reports through what it is given.
+ * tells the outcome; a song that could not be read or written gets a mark and is in the report. The
+ * workflow has no window: it asks and reports through the functions that it is given.
  */
 class Synchronisation
 {
@@ -49,7 +49,7 @@ public:
      */
     bool updateFileWithDb(int row);
 
-    /** What the last run() has to tell, also when the user stopped it. */
+    /** The problems of the last run(), also when the user stopped it. */
     const RunReport &report() const { return m_report; }
 
 private:

@@ -21,7 +21,7 @@ public:
     QString path;
     Reason reason = Reason::Missing;
 
-    /** Looks for the reason why the file at the path could not be imported. */
+    /** Finds the reason why the file at the path could not be imported. */
     static UnreadableFile examine(const QString &path);
 
     /** The reason in the user's words. */

@@ -14,7 +14,7 @@ declare -A groups=(
           dpkg-dev desktop-file-utils appstream mandoc lintian dbus python3-dbusmock"
   [package]="dpkg-dev"
   [check]="clang libclang-rt-14-dev clang-tidy cppcheck gcovr"
-  [bench]="libbenchmark-dev lhasa time python3-mutagen"
+  [bench]="libbenchmark-dev lhasa time python3-mutagen kid3-cli"
   [unplug]="qemu-system-x86 dosfstools mtools busybox-static cpio python3"
 )
 

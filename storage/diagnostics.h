@@ -27,7 +27,7 @@ public:
     DiagnosticLine &operator<<(quint32 value);
     DiagnosticLine &operator<<(qint64 value);
     DiagnosticLine &operator<<(quint64 value);
-    DiagnosticLine &operator<<(const void *) = delete; // would be taken for a bool
+    DiagnosticLine &operator<<(const void *) = delete; // a pointer would be printed as a bool
 
 private:
     void append(const QString &item);

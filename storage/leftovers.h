@@ -6,9 +6,10 @@
 #include <QString>
 
 /**
- * One object tidies the folders of one job, each of them once. Only hidden files that carry a
- * suffix of ours go, and only while no running program holds them: who makes such a file holds it
- * until it is renamed or removed. Links, folders and whatever else has such a name stay.
+ * One object cleans the folders of one job, each folder once. It removes only hidden files that end
+ * in one of the suffixes below and that no running program holds; a program that makes such a file
+ * holds it until the file is renamed or removed. Links, folders and anything else with such a name
+ * stay.
  */
 class Leftovers
 {
@@ -16,10 +17,13 @@ public:
     /** A copy that is not whole yet. */
     static constexpr QLatin1String partSuffix{"kavena-part"};
 
-    /** The successor of an MP3, before it takes its place; where the usual name is taken. */
+    /** The new version of an MP3 before it replaces the old one, where the usual name is taken. */
     static constexpr QLatin1String temporarySuffix{"kavena-tmp"};
 
-    /** Removes the leftovers from the folder. What cannot be removed stays, without a word. */
+    /**
+     * Removes the leftovers from the folder. A file that cannot be removed stays, without a
+     * message.
+     */
     void tidy(const QString &folder);
 
     /** The same for the folder of a song. */

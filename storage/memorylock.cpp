@@ -4,6 +4,7 @@
 #include "storage/safefile.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QStringList>
@@ -14,7 +15,7 @@
 namespace
 {
 
-/** More than any holder writes; what lies under the name may be any file. */
+/** More than any program writes into its lock; any other file may have the name. */
 constexpr qint64 largestContent = 1024;
 
 /** Another program needs some milliseconds from making its file to holding and filling it. */
@@ -31,7 +32,7 @@ QByteArray ownContent()
     return lines.join(QLatin1Char('\n')).toUtf8() + '\n';
 }
 
-/** The file may have been planted: nothing in it may act as markup or fill the screen. */
+/** Anybody may have written the file: nothing in it may act as markup or fill the screen. */
 QString shown(const QString &line)
 {
     QString text;
@@ -67,6 +68,7 @@ bool MemoryLock::take()
         if (i > 0)
             QThread::msleep(pauseMilliseconds);
         m_heldByOther = false;
+        m_folderInTheWay = false;
         const Attempt attempt = isTaken(m_path) ? examine() : create();
         if (attempt != Attempt::Again)
             return attempt == Attempt::Taken;
@@ -119,12 +121,13 @@ MemoryLock::Attempt MemoryLock::examine()
         }
         if (open && QFile::remove(m_path))
             return Attempt::Again;
-    } else if (QFile::remove(m_path)) {
+    } else if (QFile::remove(m_path) || QDir().rmdir(m_path)) { // a folder only when it is empty
         return Attempt::Again;
     }
     if (!isTaken(m_path))
         return Attempt::Again;
     m_problem = WriteProblem::find(WriteProblem::Medium::of(m_root), 0);
+    m_folderInTheWay = m_problem == WriteProblem::Unknown && info.isDir();
     logWarning() << "[MemoryLock::examine] Impossible to remove" << m_path;
     return Attempt::Failed;
 }
@@ -133,10 +136,10 @@ void MemoryLock::release()
 {
     if (!m_file.isOpen())
         return;
-    // After the stick was pulled, another one's lock may lie under the same path. What cannot be
-    // read is ours for all that is known; a leftover would do no harm, but stay on the memory.
+    // After the stick was pulled, another stick with another lock may have the same path. A lock
+    // file that cannot be read is taken for this one and removed.
     if (content().value_or(m_written) == m_written) {
-        // A second time, for a medium that only stumbled.
+        // Tried twice, since the medium's first error may be a passing one.
         if (!QFile::remove(m_path) && !QFile::remove(m_path))
             logWarning() << "[MemoryLock::release] Impossible to remove" << m_path;
         if (!flushFolderOf(m_path))
@@ -156,6 +159,10 @@ std::optional<QByteArray> MemoryLock::content() const
 
 QString MemoryLock::message() const
 {
+    if (m_folderInTheWay)
+        return tr("Nella memoria c'è una cartella \"%1\": il programma ha bisogno di questo nome.\n"
+                  "Spostarla o cancellarla e riprovare.")
+            .arg(fileName());
     if (!m_heldByOther)
         return WriteProblem::sentence(m_problem);
     const QStringList lines = QString::fromUtf8(m_holder).split(QLatin1Char('\n'));

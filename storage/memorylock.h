@@ -10,14 +10,15 @@
 #include <optional>
 
 /**
- * Whoever writes to a memory holds its lock meanwhile: a hidden file in the memory's root that says
- * who holds it. The operating system keeps the hold on the open file, so that it ends with the
- * program however that ends, and with the stick when that is pulled. A file that nobody holds is a
- * leftover, whatever it says, and is taken away.
+ * A program that writes to a memory holds the memory's lock while it does so: a hidden file in the
+ * memory's root that names the program. The operating system releases the lock when the program
+ * ends or crashes, and when the stick is pulled. A lock file that no program holds is a leftover,
+ * whatever its content, and is removed. So is anything else that has its name, except a folder with
+ * content.
  *
- * An object takes the lock at most once; it gives it back when it is released or destroyed. Two
- * objects of one program exclude each other as well. Where the system cannot hold files, the lock
- * keeps nobody out.
+ * An object takes the lock at most once and releases it at the latest when the object is destroyed.
+ * Two objects of one program exclude each other as well. On a system that cannot lock files, the
+ * lock keeps no other program out.
  */
 class MemoryLock
 {
@@ -32,16 +33,19 @@ public:
     /** True when this object holds the lock now; otherwise the memory must be left as it is. */
     bool take();
 
-    /** Gives the lock back and takes its file away. */
+    /** Releases the lock and removes its file. */
     void release();
 
     /** True when take() failed because another program holds the lock. */
     bool isHeldByOther() const { return m_heldByOther; }
 
+    /** True when take() failed because a folder with content has the name of the lock's file. */
+    bool isFolderInTheWay() const { return m_folderInTheWay; }
+
     /** Why the lock's file could not be made, when take() failed and no other holds it. */
     WriteProblem::Kind problem() const { return m_problem; }
 
-    /** Why take() failed, for the user: who holds the lock, or what the memory lacks. */
+    /** Why take() failed, for the user: which program holds the lock, or why it cannot be made. */
     QString message() const;
 
     /** The name of the lock's file in the memory's root. */
@@ -59,6 +63,7 @@ private:
     QFile m_file;
     QByteArray m_written;
     bool m_heldByOther = false;
+    bool m_folderInTheWay = false;
     QByteArray m_holder; ///< what the other program wrote into the file
     WriteProblem::Kind m_problem = WriteProblem::Unknown;
 };

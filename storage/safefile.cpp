@@ -61,7 +61,7 @@ bool closesWell(int handle)
     return second >= 0 && ::close(second) == 0;
 }
 
-/** Neither follows a link nor waits; the QFile closes the handle. */
+/** Follows no link and waits for nothing; the QFile closes the handle. */
 bool openHandle(QFile &file, const QByteArray &path, int flags)
 {
     const int handle = ::open(path.constData(), flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
@@ -83,7 +83,7 @@ Found openOwnFile(QFile &file, const QString &path)
     };
     if (::lstat(name.constData(), &status) != 0)
         return Found::Nothing;
-    // Opening a device may already set something off.
+    // Opening a device can have effects of its own, such as rewinding a tape.
     if (!S_ISREG(status.st_mode))
         return Found::SomethingElse;
     if (!openHandle(file, name, O_RDWR) && !openHandle(file, name, O_RDONLY))
@@ -251,7 +251,7 @@ bool replaceOnMedium(QFile &from, const QString &to)
     from.close();
     if (!renamed)
         return false;
-    // A flush that fails is no reason to leave out those behind it.
+    // When one flush fails, the following ones are still done.
     bool flushed = !oldBytes || flushFolderOf(to);
     flushed = flushPath(to) && flushed;
     return flushFolderOf(to) && flushed;

@@ -1,5 +1,4 @@
-// The steps that a file is replaced by so that nothing is lost: by a crash, by a power cut, or when
-// a stick is pulled.
+// Replaces files in such steps that a crash, a power cut or a pulled stick loses nothing.
 #pragma once
 
 #include <QFile>
@@ -9,13 +8,13 @@
 #include <memory>
 
 /**
- * Brings everything that was written to the open file to the medium. A disk that turns out to be
- * full or broken only now makes this false, and so does what closing the file would tell. True on
- * file systems that cannot flush single files.
+ * Flushes everything that was written to the open file to the medium. False when the disk turns out
+ * to be full or broken only now, or when closing the file would report an error. True on file
+ * systems that cannot flush single files.
  */
 bool flushToMedium(QFile &file);
 
-/** False when the system tells, as it may do only at a close, that written bytes did not arrive. */
+/** False when the system reports, as it may do only at a close, that written bytes are lost. */
 bool hasArrived(QFile &file);
 
 /**
@@ -37,10 +36,10 @@ bool flushFolderOf(const QString &path);
  */
 bool holdFile(QFile &file);
 
-/** What lies at the path of a hidden file of ours. */
+/** What is found at the path of one of this program's hidden files. */
 enum class Found {
     Nothing,
-    SomethingElse, ///< a link, a file with further names, a folder, a pipe or a device
+    SomethingElse, ///< a link, a file with several hard links, a folder, a pipe or a device
     Unreadable,    ///< a file that the medium or its rights do not let be opened
     Opened
 };
@@ -59,7 +58,7 @@ Found openOwnFile(QFile &file, const QString &path);
 bool createHeld(QFile &file);
 
 /**
- * Makes a hidden file of ours beside the path under a name that no other program chooses:
+ * Makes a hidden file beside the path under a name that no other program chooses:
  * ".song.mid.RANDOM.suffix"; opens and holds it. The permissions are those of any new file. False
  * when no file can be made there.
  */
@@ -84,8 +83,8 @@ bool renameOver(const QString &from, const QString &to);
 bool renameOver(QFile &file, const QString &to);
 
 /**
- * While the returned object lives, the bytes of this file stay on the medium although the file
- * loses its name: a file system without a journal would else give their place free before its
+ * While the returned object lives, the bytes of this file stay on the medium even when the file
+ * loses its name. Otherwise a file system without a journal could reuse their place before its
  * folder leads to the new bytes. Null when the file cannot be opened for reading.
  */
 std::unique_ptr<QFile> keepBytesOf(const QString &path);
@@ -120,7 +119,7 @@ public:
     ~FileSystemFlush();
     Q_DISABLE_COPY_MOVE(FileSystemFlush)
 
-    /** False when it failed, or cannot be relied upon: then each file has to be flushed itself. */
+    /** False when it failed or cannot be relied on; each file then has to be flushed by itself. */
     bool flush() const;
 
 private:
@@ -134,5 +133,5 @@ private:
  */
 QString hiddenBeside(const QString &path, QLatin1String suffix);
 
-/** Something lies at the path, be it only a link that leads nowhere. */
+/** True when anything has this path, even a symbolic link without a target. */
 bool isTaken(const QString &path);

@@ -23,7 +23,7 @@ QString realPath(const QString &path)
     return canonical.isEmpty() ? path : canonical;
 }
 
-/** Lets the owner write; whether that helped, the open that follows will tell. */
+/** Lets the owner write. Errors are not checked: the open that follows fails then. */
 void allowOwnerToWrite(const QString &path)
 {
     const QFile::Permissions old = QFile::permissions(path);
@@ -105,7 +105,8 @@ bool SongFileWriter::openExisting()
     allowOwnerToWrite(m_path);
     if (!noted(m_file.open(QFile::ReadWrite | QFile::ExistingOnly | QFile::Unbuffered)))
         return false;
-    // Two that write into one song at once would leave a mixture without a journal.
+    // Two programs that write one song at the same time would leave a mixture of their bytes that
+    // no journal knows.
     if (!noted(holdFile(m_file))) {
         m_file.close();
         return false;
@@ -155,7 +156,8 @@ bool SongFileWriter::replaceJournalled(const QByteArray &bytes, const SongJourna
         return false;
     }
     const bool written = noted(overwrite(bytes));
-    // A save that leaves its journal behind is reported as none, so the song becomes the old one.
+    // A save that cannot remove its journal is reported as failed, so the song gets its old bytes
+    // back.
     if ((written || putBack(old.oldBytes)) && journal.remove())
         return written;
     if (!isTaken(journal.path())) {
@@ -204,7 +206,8 @@ bool SongFileWriter::writeAt(qint64 pos, const QByteArray &bytes)
 
 bool SongFileWriter::putBack(const QByteArray &oldBytes)
 {
-    // The write that failed may fail again, at the same place: what lies behind it is still old.
+    // The failed write may fail again at the same place; the bytes behind that place are still the
+    // old ones.
     const bool bytesAreOld =
         m_overwritten == 0 ||
         (m_file.seek(0) && m_file.write(oldBytes.left(m_overwritten)) == m_overwritten);
@@ -222,8 +225,7 @@ bool SongFileWriter::recover(const QString &path)
         SongJournal journal(song, number);
         SongJournal::Content content;
         switch (journal.read(content)) {
-        case SongJournal::State::Missing:
-            return true;
+        case SongJournal::State::Missing: // a later name may be taken all the same
         case SongJournal::State::SomethingElse:
             break;
         case SongJournal::State::InUse:
@@ -250,8 +252,8 @@ bool SongFileWriter::resolve(SongJournal &journal, const SongJournal::Content &c
     QFile reader(m_path);
     if (!reader.open(QFile::ReadOnly | QFile::Unbuffered))
         return false;
-    const QByteArray newBytes = content.newBytes.value_or(QByteArray());
-    const QByteArray song = reader.read(std::max(content.oldBytes.size(), newBytes.size()) + 1);
+    const qint64 longest = std::max(content.oldBytes.size(), content.newBytes.size());
+    const QByteArray song = reader.read(longest + 1);
     if (reader.error() != QFile::NoError)
         return false;
     reader.close();
@@ -268,11 +270,6 @@ bool SongFileWriter::resolve(SongJournal &journal, const SongJournal::Content &c
         logWarning() << "[SongFileWriter::recover] The last save was cut off, the song is as it "
                         "was before:"
                      << m_path;
-    } else if (mayHaveAJournal && verdict == SongJournal::Verdict::NotOurs && !content.newBytes) {
-        // It cannot be told whether the song was cut off: nothing of either of them is given up.
-        logWarning() << "[SongFileWriter::recover] The song stays, bytes of an earlier one are in"
-                     << journal.path();
-        return true;
     } else if (verdict == SongJournal::Verdict::NotOurs) {
         logWarning() << "[SongFileWriter::recover] The song was changed since, it stays:" << m_path;
     }

@@ -9,9 +9,9 @@
 #include <QtGlobal>
 
 /**
- * The only place in the program that writes song files. Either the file holds the new bytes
- * afterwards, or it is the old one, byte for byte; a file that did not exist before does not exist
- * after a failure either. The permissions stay, except that the owner may write afterwards.
+ * The only place in the program that writes song files. Afterwards the file holds either the new
+ * bytes or the old ones, unchanged; a file that did not exist before does not exist after a failure
+ * either. The permissions stay, except that the owner may write afterwards.
  *
  * That holds for a crash or a power cut as well: a rewrite in place keeps the old bytes in a
  * SongJournal until the new ones are on the medium, and recover() puts them back. So a song is only
@@ -48,9 +48,9 @@ public:
 
     /**
      * Gives the opened file these bytes, brings them to the medium and closes it. False when they
-     * could not be written: the old ones have been put back then, or wait in the journal. False,
-     * too, when the medium did not confirm that the journal is gone: the song is whole then, but
-     * a power cut may make it the old one again.
+     * could not be written: the old ones have been put back then, or can be restored from the
+     * journal. False, too, when the medium did not confirm that the journal is gone: the song is
+     * whole then, but a power cut may make it the old one again.
      */
     bool replaceBytes(const QByteArray &bytes);
 

@@ -13,7 +13,6 @@ namespace
 
 constexpr char magic[] = "KvSongJr";
 constexpr quint32 version = 2;
-constexpr quint32 versionWithoutNewBytes = 1;
 
 constexpr qsizetype versionPos = 8;
 constexpr qsizetype oldSizePos = 12;
@@ -23,10 +22,6 @@ constexpr qsizetype commonEndPos = 24;
 constexpr qsizetype checksumPos = 28;
 constexpr qsizetype checksumSize = 32;
 constexpr qsizetype headerSize = checksumPos + checksumSize;
-
-// Version 1: the checksum is that of the two sizes and the old bytes.
-constexpr qsizetype firstChecksumPos = 20;
-constexpr qsizetype firstHeaderSize = firstChecksumPos + checksumSize;
 
 /** What media write at once. A save that is cut off leaves such a piece old or new. */
 constexpr qsizetype sectorSize = 512;
@@ -78,22 +73,6 @@ qsizetype commonEnd(const QByteArray &one, const QByteArray &other, qsizetype mo
 {
     const auto end = one.crbegin() + most;
     return std::mismatch(one.crbegin(), end, other.crbegin()).first - one.crbegin();
-}
-
-std::optional<SongJournal::Content> decodeFirstVersion(const QByteArray &bytes)
-{
-    if (bytes.size() < firstHeaderSize ||
-        numberAt(bytes, oldSizePos) != bytes.size() - firstHeaderSize)
-        return std::nullopt;
-    SongJournal::Content content;
-    content.oldBytes = bytes.mid(firstHeaderSize);
-    const QByteArrayView sizes =
-        QByteArrayView(bytes).sliced(oldSizePos, firstChecksumPos - oldSizePos);
-    if (numberAt(bytes, newSizePos) > SongJournal::largestSong ||
-        content.oldBytes.size() > SongJournal::largestSong ||
-        bytes.mid(firstChecksumPos, checksumSize) != checksum(sizes, content.oldBytes))
-        return std::nullopt;
-    return content;
 }
 
 /** A MIDI or MFX file that does not say itself that bytes are missing at its end. */
@@ -148,17 +127,16 @@ bool isMadeOf(const QByteArray &oldBytes, const QByteArray &newBytes, const QByt
 
 QByteArray SongJournal::Content::encode() const
 {
-    const QByteArray after = newBytes.value_or(QByteArray());
-    const qsizetype start = commonStart(oldBytes, after);
+    const qsizetype start = commonStart(oldBytes, newBytes);
     const qsizetype end =
-        commonEnd(oldBytes, after, std::min(oldBytes.size(), after.size()) - start);
-    const QByteArray body = oldBytes + after.mid(start, after.size() - start - end);
+        commonEnd(oldBytes, newBytes, std::min(oldBytes.size(), newBytes.size()) - start);
+    const QByteArray body = oldBytes + newBytes.mid(start, newBytes.size() - start - end);
 
     QByteArray head(checksumPos, '\0');
     head.replace(0, versionPos, magic);
     putNumber(head, versionPos, version);
     putNumber(head, oldSizePos, oldBytes.size());
-    putNumber(head, newSizePos, after.size());
+    putNumber(head, newSizePos, newBytes.size());
     putNumber(head, commonStartPos, start);
     putNumber(head, commonEndPos, end);
     return head + checksum(head, body) + body;
@@ -166,11 +144,8 @@ QByteArray SongJournal::Content::encode() const
 
 std::optional<SongJournal::Content> SongJournal::Content::decode(const QByteArray &bytes)
 {
-    if (bytes.size() < firstHeaderSize || !bytes.startsWith(magic))
-        return std::nullopt;
-    if (numberAt(bytes, versionPos) == versionWithoutNewBytes)
-        return decodeFirstVersion(bytes);
-    if (bytes.size() < headerSize || numberAt(bytes, versionPos) != version)
+    if (bytes.size() < headerSize || !bytes.startsWith(magic) ||
+        numberAt(bytes, versionPos) != version)
         return std::nullopt;
 
     const qint64 oldSize = numberAt(bytes, oldSizePos);
@@ -197,17 +172,16 @@ SongJournal::Verdict SongJournal::Content::judge(const QByteArray &song) const
 {
     if (song == oldBytes)
         return Verdict::Old;
-    if (!newBytes)
-        return Verdict::NotOurs;
-    if (song == *newBytes)
+    if (song == newBytes)
         return Verdict::New;
-    if (song.size() < std::min(oldBytes.size(), newBytes->size()) ||
-        song.size() > std::max(oldBytes.size(), newBytes->size()))
+    if (song.size() < std::min(oldBytes.size(), newBytes.size()) ||
+        song.size() > std::max(oldBytes.size(), newBytes.size()))
         return Verdict::NotOurs;
-    if (isMadeOf(oldBytes, *newBytes, song))
+    if (isMadeOf(oldBytes, newBytes, song))
         return Verdict::CutOff;
-    // The new end may have got its place, but not its bytes: until then, the old song is untouched
-    // in front of it. Nothing of a song is lost with what lies behind its end.
+    // The file may already have its new size, but not yet the bytes of its new end; the old song is
+    // then untouched in front of that end. Dropping what is behind a whole song's end loses
+    // nothing.
     return song.startsWith(oldBytes) && isWholeSong(oldBytes) ? Verdict::CutOff : Verdict::NotOurs;
 }
 
@@ -220,8 +194,7 @@ SongJournal::SongJournal(const QString &song, int number)
 
 bool SongJournal::write(const Content &content)
 {
-    if (!content.newBytes || content.oldBytes.size() > largestSong ||
-        content.newBytes->size() > largestSong)
+    if (content.oldBytes.size() > largestSong || content.newBytes.size() > largestSong)
         return false;
     while (isTaken(m_path) && m_number < maxNames - 1)
         m_path = nameOf(m_song, ++m_number);
@@ -253,7 +226,7 @@ SongJournal::State SongJournal::read(Content &content)
         return State::InUse;
     }
     const qint64 size = m_file.size();
-    const bool hasSize = size >= firstHeaderSize && size <= headerSize + 2 * largestSong;
+    const bool hasSize = size >= headerSize && size <= headerSize + 2 * largestSong;
     const QByteArray bytes = hasSize ? m_file.read(size) : QByteArray();
     if (m_file.error() != QFile::NoError)
         return State::Unreadable;
@@ -266,15 +239,15 @@ SongJournal::State SongJournal::read(Content &content)
 
 bool SongJournal::remove()
 {
-    // Removed while it is held, where the system lets an open file be removed: nobody must find it
-    // free and still there.
+    // Removed while this program holds it, where the system lets an open file be removed: no other
+    // program may find a journal that nobody holds.
     const bool removed = QFile::remove(m_path);
-    // An empty journal is invalid: it can never put anything back over newer bytes. Emptied is the
-    // file that is held, whatever may have got its name since.
+    // An empty journal is invalid: it can never put anything back over newer bytes. The file that
+    // is held is emptied, even if another file has its name by now.
     const bool emptied =
         !removed && m_file.isWritable() && m_file.resize(0) && flushToMedium(m_file);
     m_file.close();
-    // Gone for good, not only until the next power cut.
+    // The removal is flushed, so that a power cut does not bring the journal back.
     if (removed || QFile::remove(m_path))
         return flushFolderOf(m_path);
     return emptied;
@@ -286,8 +259,6 @@ void SongJournal::removeAllOf(const QString &song)
         SongJournal journal(song, number);
         Content content;
         const State state = journal.read(content);
-        if (state == State::Missing)
-            return;
         if (state == State::Valid || state == State::Invalid)
             journal.remove();
     }

@@ -9,18 +9,17 @@
 #include <optional>
 
 /**
- * While a song is rewritten in place, its old bytes lie in a hidden file beside it. What a crash or
- * a power cut leaves of the song can be put back from there.
+ * While a song is rewritten in place, its old bytes lie in a hidden file beside it. After a crash
+ * or a power cut the song is restored from it.
  *
  * Layout, numbers big-endian: magic "KvSongJr" (8 bytes), version 2 (4), size of the old song (4),
  * size of the new one (4), how many bytes both have in common at their start (4) and at their end
  * (4), SHA-256 of all that with the bytes that follow it (32), the old bytes, and those of the new
- * ones that lie between the common ones. Version 1 knew nothing of the new bytes: sizes of the old
- * and of the new song, SHA-256, the old bytes. A journal that was not written whole does not fit
- * its checksum.
+ * ones that lie between the common ones. A journal that was not written whole does not fit its
+ * checksum; one of version 1, which knew nothing of the new bytes, counts as none either.
  *
- * The object holds the journal that it wrote or read until it removes it or goes itself, so that
- * another program does not take a save that still runs for one that was cut off.
+ * The object holds the journal that it wrote or read until the journal is removed or the object is
+ * destroyed, so that another program does not take a running save for one that was cut off.
  */
 class SongJournal
 {
@@ -36,24 +35,24 @@ public:
     /** What a journal tells. */
     struct Content {
         QByteArray oldBytes;
-        std::optional<QByteArray> newBytes; ///< nothing in a journal of version 1
+        QByteArray newBytes;
 
-        /** A journal of version 2; there must be new bytes. */
+        /** The bytes of the journal. */
         QByteArray encode() const;
 
         /** Nothing when the bytes are no journal, or not a whole one. */
         static std::optional<Content> decode(const QByteArray &bytes);
 
         /**
-         * Of a song's bytes, of which no more are needed than one beyond both states. A journal
-         * without the new bytes can only tell whether the song is the old one.
+         * The state of a song with these bytes. Of a longer song, one byte more than the longer of
+         * the two states has is enough.
          */
         Verdict judge(const QByteArray &song) const;
     };
 
     enum class State {
         Missing,       ///< nothing of that name
-        SomethingElse, ///< a link, a file with further names, a folder, a pipe or a device
+        SomethingElse, ///< a link, a file with several hard links, a folder, a pipe or a device
         InUse,         ///< the song is being saved at this moment, by another program
         Unreadable,    ///< there is one, but the medium or its rights do not let it be read
         Invalid,       ///< cut off while it was written, or no journal at all
@@ -63,8 +62,11 @@ public:
     /** No song that is rewritten in place is larger; nor are the songs in a journal. */
     static constexpr qint64 largestSong = qint64{65} * 1024 * 1024;
 
-    /** So many names a journal may have: the next one where something else lies at the first. */
-    static constexpr int maxNames = 10;
+    /**
+     * How many names a journal may have: the next one is used where something else has the first.
+     * All of them are looked up for each song that is read, which takes time on a slow stick.
+     */
+    static constexpr int maxNames = 4;
 
     /** The journal of this song, which must be no symbolic link, at the first or a later name. */
     explicit SongJournal(const QString &song, int number = 0);
@@ -78,20 +80,20 @@ public:
     bool write(const Content &content);
 
     /**
-     * Reads the journal; the content is filled when it is valid. No more is read than it can be,
-     * nothing is followed or waited for.
+     * Reads the journal; the content is filled when the journal is valid. Reads at most the size of
+     * the largest journal, follows no link and never waits for the other end of a pipe.
      */
     State read(Content &content);
 
     /**
-     * Takes the journal away, or at least its meaning, on the medium as well. False when neither is
-     * possible.
+     * Removes the journal or, where that fails, empties it so that it is no longer valid; on the
+     * medium as well. False when neither is possible.
      */
     bool remove();
 
     /**
-     * Takes away what earlier saves left of a song that another file has replaced. What is in use
-     * stays, and so does what is no journal by its kind.
+     * Removes the journals that earlier saves left beside a song which another file has replaced. A
+     * journal in use stays, and so does anything but a regular file.
      */
     static void removeAllOf(const QString &song);
 

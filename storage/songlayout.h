@@ -1,11 +1,11 @@
-// What every layer knows about the bytes of a song file: how it begins and how long it says it is.
+// The first bytes of song files and the fields with their sizes, shared by all layers.
 #pragma once
 
 #include <QtGlobal>
 
 namespace songlayout
 {
-inline constexpr qsizetype magicSize = 4;        ///< as many bytes tell any format
+inline constexpr qsizetype magicSize = 4;        ///< enough bytes to recognise every format
 inline constexpr char midiMagic[] = "MThd";      ///< Standard MIDI File
 inline constexpr char mfxMagic[] = "_MF";        ///< the digit of the variant follows
 inline constexpr char id3Magic[] = "ID3";        ///< ID3v2 tag, in front of an MP3's audio
@@ -15,6 +15,9 @@ inline constexpr char midiTrackMagic[] = "MTrk"; ///< chunk of a MIDI file with 
 inline constexpr qsizetype chunkSizePos = 4;
 inline constexpr qsizetype chunkHeaderSize = 8;
 
-/** Where an MFX file tells its whole size (4 bytes, little-endian). */
+/** What the first chunk of a MIDI file holds: format, number of tracks, time division (2 each). */
+inline constexpr qsizetype midiHeadSize = 6;
+
+/** Where an MFX file holds its whole size (4 bytes, little-endian). */
 inline constexpr qsizetype mfxFileSizePos = 4;
 } // namespace songlayout

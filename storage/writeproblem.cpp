@@ -123,15 +123,20 @@ QString WriteProblem::whyNotCopied(const QString &source, const QString &target,
         return fewWords(kind);
     if (QFileInfo(target).isDir())
         return tr("una cartella ha già questo nome");
-    constexpr qsizetype longestName = 255;
-    const bool fatNames = hasFatNames(medium.fileSystem);
-    if ((fatNames ? name.size() : name.toUtf8().size()) > longestName)
-        return tr("il nome è troppo lungo");
-    QString nameProblem = fatNames ? whyNotNamed(name) : QString();
+    QString nameProblem = whyNotNamed(name, medium);
     if (!nameProblem.isEmpty())
         return nameProblem;
     return kind == Unknown && !isReadable(song) ? tr("il file non può essere letto")
                                                 : fewWords(kind);
+}
+
+QString WriteProblem::whyNotNamed(const QString &name, const Medium &medium)
+{
+    constexpr qsizetype longestName = 255;
+    const bool fatNames = hasFatNames(medium.fileSystem);
+    if ((fatNames ? name.size() : name.toUtf8().size()) > longestName)
+        return tr("il nome è troppo lungo");
+    return fatNames ? whyNotNamed(name) : QString();
 }
 
 QString WriteProblem::whyNotCopied(const QString &source, const QString &target)

@@ -37,6 +37,9 @@ public:
      */
     static QString whyNotCopied(const QString &source, const QString &target, const Medium &medium);
 
+    /** Why no file on the medium can have this name, in a few words; empty when one can. */
+    static QString whyNotNamed(const QString &name, const Medium &medium);
+
     /** As above, for the folder of the target as it is now. */
     static QString whyNotCopied(const QString &source, const QString &target);
 

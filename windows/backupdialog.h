@@ -25,7 +25,7 @@ public:
     explicit BackupDialog(QWidget *parent = nullptr);
     ~BackupDialog() override;
 
-    /** What the button that ended the dialog means to the backup. */
+    /** The choice that the button which ended the dialog stands for. */
     LibraryBackup::Wish wish() const;
 
     /** The folder that was chosen; empty until then. */

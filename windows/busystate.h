@@ -1,4 +1,4 @@
-// Knows whether a workflow runs, and tells when the first one begins and the last one has ended.
+// Knows whether a workflow runs, and signals when the first one begins and the last one has ended.
 #pragma once
 
 #include <QObject>

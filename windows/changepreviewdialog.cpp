@@ -94,40 +94,15 @@ QTreeWidgetItem *ChangePreviewDialog::makeItem(const ChangePreview::Song &song) 
                                   ? change.after
                                   : tr("%1 (\"?\" al posto di: %2)").arg(change.after, change.lost);
         const QString values[] = {change.before, after};
-        auto *const row = new QTreeWidgetItem({fieldName(change.field)});
+        auto *const row = new QTreeWidgetItem({ChangePreview::fieldName(change.field)});
         item->addChild(row);
         for (const int column : {Before, After}) {
             const QString &value = values[column - Before];
-            row->setText(column, value.isEmpty() ? tr("(vuoto)") : value);
+            row->setText(column, value.isEmpty() ? ChangePreview::emptyValue() : value);
             row->setToolTip(column, plainToolTip(value));
             if (value.isEmpty())
                 row->setForeground(column, palette().placeholderText());
         }
     }
     return item;
-}
-
-QString ChangePreviewDialog::fieldName(ChangePreview::Field field)
-{
-    switch (field) {
-    case ChangePreview::Field::Title:
-        return tr("Titolo");
-    case ChangePreview::Field::Artist:
-        return tr("Interprete");
-    case ChangePreview::Field::Genre:
-        return tr("Genere Musicale");
-    case ChangePreview::Field::Author:
-        return tr("Autore");
-    case ChangePreview::Field::Length:
-        return tr("Durata");
-    case ChangePreview::Field::Tempo:
-        return tr("BPM");
-    case ChangePreview::Field::Key:
-        return tr("Tonalità");
-    case ChangePreview::Field::Markers:
-        return tr("Marker");
-    case ChangePreview::Field::MarkersShown:
-        return tr("Marker attivi");
-    }
-    return {};
 }

@@ -1,4 +1,4 @@
-// Shows what synchronising would change, and asks whether to do it.
+// Shows what a synchronisation would change, and asks whether to do it.
 #pragma once
 
 #include "library/changepreview.h"
@@ -14,7 +14,10 @@ class ChangePreviewDialog;
 }
 QT_END_NAMESPACE
 
-/** A row for each song, and below it one for each item that would change, old and new. */
+/**
+ * Shows a row for each song and below it a row with the old and the new value of each item that
+ * would change.
+ */
 class ChangePreviewDialog : public QDialog
 {
     Q_OBJECT
@@ -38,7 +41,6 @@ protected:
 private:
     void showPreview();
     QTreeWidgetItem *makeItem(const ChangePreview::Song &song) const;
-    static QString fieldName(ChangePreview::Field field);
 
     const QScopedPointer<Ui::ChangePreviewDialog> ui;
     const ChangePreview m_preview;

@@ -7,10 +7,10 @@
 
 namespace confirmation
 {
-/** Whether a song of another publisher may be changed. Closing the dialog counts as yes. */
+/** Asks whether a song of another publisher may be changed. Closing the dialog counts as yes. */
 Answer askToChange(const QString &fileName);
 
-/** Whether the file that is there already may be replaced. Closing the dialog counts as yes. */
+/** Asks whether an existing file may be replaced. Closing the dialog counts as yes. */
 Answer askToReplace(const QString &target);
 
 /** Asks what the message says about the file. Closing the dialog counts as yes. */

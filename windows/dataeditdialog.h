@@ -66,8 +66,8 @@ public:
     bool isApplyToAllFname() const { return m_applyToAllTitle; }
 
     /**
-     * False while no key is chosen, not even "no key": the song's own one is not among the keys,
-     * and the user left it at that.
+     * False while neither a key nor "no key" is chosen: the song's own key is not in the list, and
+     * the user has not chosen another.
      */
     bool hasKeyChoice() const;
 
@@ -89,7 +89,7 @@ private:
     bool confirmed(QCheckBox *box, const QString &question);
 
     const QScopedPointer<Ui::DataEditDialog> ui;
-    SongInfo m_song; ///< as it was given; its title and file name feed the two title choices
+    SongInfo m_song; ///< as it was given; offers its title and file name as titles
     QRegularExpressionValidator m_bpmValidator;
     QRegularExpressionValidator m_minutesValidator;
     QRegularExpressionValidator m_secondsValidator;

@@ -4,9 +4,9 @@
 #include <QLabel>
 
 /**
- * Shows as much of its text as fits, with "…" in the middle, so that of a long path the folder and
- * the file's name both stay readable and the dialog around it stays narrow. text() is always the
- * whole text; the tool tip shows it while it is cut.
+ * Shows as much of its text as fits, with "…" in the middle, so that the folder and the file's name
+ * in a long path stay readable and the dialog stays narrow. text() is always the whole text; the
+ * tool tip shows it while it is cut.
  */
 class ElidedLabel : public QLabel
 {

@@ -1,4 +1,4 @@
-// A list of files with something to be said about each.
+// A list of files with a text about each.
 #pragma once
 
 #include <QDialog>
@@ -13,7 +13,7 @@ class FileListDialog;
 }
 QT_END_NAMESPACE
 
-/** Shows each file's name and what is said about it; the whole path is the line's tool tip. */
+/** Shows each file's name and the text about it; the whole path is the line's tool tip. */
 class FileListDialog : public QDialog
 {
     Q_OBJECT
@@ -24,7 +24,9 @@ public:
         QString text;
     };
 
-    /** The caption stands above the list and may hold a mnemonic, which leads there. */
+    /**
+     * The caption stands above the list and may hold a mnemonic, which moves the focus to the list.
+     */
     FileListDialog(const QString &title, const QString &caption, const QList<Line> &lines,
                    QWidget *parent = nullptr);
     ~FileListDialog() override;

@@ -70,7 +70,7 @@ void IndexDialog::changeEvent(QEvent *event)
         appendToReport(line);
 }
 
-/** The keyboard: mouse presses do not get as far as the button. */
+/** Presses by the keyboard: mouse presses do not reach the button. */
 void IndexDialog::on_pushButtonStart_clicked()
 {
     start(QGuiApplication::keyboardModifiers() != Qt::ShiftModifier);
@@ -109,8 +109,7 @@ void IndexDialog::setProgressValue(int value)
 
 void IndexDialog::updateLabelCurrPath(const QString &path)
 {
-    QLabel *const label = ui->labelCurrPath;
-    label->setText(label->fontMetrics().elidedText(path, Qt::ElideMiddle, label->width()));
+    ui->labelCurrPath->setText(path);
 }
 
 void IndexDialog::errorFromIndexReceived(const QString &message)
@@ -142,12 +141,14 @@ void IndexDialog::start(bool useRoot)
     const bool rebuild = ui->radioButtonRebuild->isChecked();
     if (path.endsWith(QLatin1Char('/')) || path.endsWith(QLatin1Char('\\')))
         path.chop(1);
-    // Whoever writes to any folder of a memory may change the index in its root.
+    // A program that writes to any folder of a memory may change the index in its root, so the
+    // whole memory is locked.
     const QString memory = getRootDrivePath(path);
     MemoryLock lock(memory.isEmpty() ? path : memory);
     if (!lock.take()) {
         clearIndexErrors();
-        if (lock.isHeldByOther() || lock.problem() != WriteProblem::Unknown)
+        if (lock.isHeldByOther() || lock.isFolderInTheWay() ||
+            lock.problem() != WriteProblem::Unknown)
             QMessageBox::warning(this, tr("Ottimizza memoria"), lock.message());
         else
             tellResult(false);
@@ -161,7 +162,7 @@ void IndexDialog::start(bool useRoot)
     clearIndexErrors();
     appendToReport({{}, inProgress});
     const bool success = runIndex(path, update, rebuild);
-    lock.release(); // who reads the outcome may pull the memory
+    lock.release(); // whoever reads the result may pull the memory out
     tellResult(success);
     appendToReport({{}, completed});
     setRunning(false);
@@ -208,7 +209,7 @@ void IndexDialog::setRunning(bool running)
     m_running = running;
     ui->pushButtonStart->setEnabled(!running);
     ui->pushButtonClose->setEnabled(!running);
-    // The run would stand still, in the middle of its work, for as long as a chooser is open.
+    // An open file chooser would stop the run in the middle of its work.
     ui->pushButtonBrowse->setEnabled(!running);
 }
 

@@ -28,7 +28,10 @@ public:
     explicit IndexDialog(QWidget *parent = nullptr);
     ~IndexDialog() override;
 
-    /** Starts the work at a mouse press on the start button, which the button does not get. */
+    /**
+     * Starts the work at a mouse press on the start button; the button itself does not get the
+     * press.
+     */
     bool eventFilter(QObject *watched, QEvent *event) override;
 
     /** Closes the dialog, unless it is at work. */
@@ -52,7 +55,9 @@ private slots:
     void clearIndexErrors();
 
 private:
-    /** A line of the report: a message of the index as it came, or a text that is translated. */
+    /**
+     * A line of the report: a message of the index, shown unchanged, or a text that is translated.
+     */
     struct ReportLine {
         QString message;
         const char *source = nullptr;

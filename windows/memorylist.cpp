@@ -82,7 +82,7 @@ void MemoryList::wheelEvent(QWheelEvent *event)
 void MemoryList::refresh()
 {
     if (view()->isVisible()) {
-        m_settled.start(); // not under the user's hand
+        m_settled.start(); // not while the list is open
         return;
     }
     watchMountDirectories();

@@ -24,10 +24,13 @@ class MemoryList : public QComboBox
 public:
     explicit MemoryList(QWidget *parent = nullptr);
 
-    /** From now on this field is filled; it gets the folder of last time at once. */
+    /**
+     * From now on this field is filled with the chosen folder; it gets the folder that was chosen
+     * last time at once.
+     */
     void setPathField(QLineEdit *pathField);
 
-    /** Looks for the memories before it shows them. */
+    /** Looks for the mounted memories before the list is shown. */
     void showPopup() override;
 
 public slots:
@@ -38,7 +41,7 @@ protected:
     void changeEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
-    /** Leaves the choice alone: the wheel must not lead to another memory by accident. */
+    /** Ignores the mouse wheel, which could choose another memory by accident. */
     void wheelEvent(QWheelEvent *event) override;
 
 private:

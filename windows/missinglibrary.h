@@ -1,4 +1,4 @@
-// Says why the list of songs cannot be used, where its databases could not be opened.
+// Tells why the list of songs cannot be used when its databases could not be opened.
 #pragma once
 
 #include <QObject>
@@ -7,7 +7,7 @@ class BusyState;
 class QLabel;
 class QStatusBar;
 
-/** Stands in the status bar, where the summary of the songs is otherwise. */
+/** Shown in the status bar in place of the summary of the songs. */
 class MissingLibrary : public QObject
 {
     Q_OBJECT

@@ -45,7 +45,7 @@ private slots:
 
 private:
     const QScopedPointer<Ui::NoCopyrightDialog> ui;
-    QString m_fileName; ///< set again after the form was retranslated
+    QString m_fileName; ///< shown again after the form was retranslated
     QString m_message;
     bool m_yesNoOnly = false;
 };

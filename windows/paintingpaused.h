@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-/** The widget stands still as long as this lives, and then shows all changes together. */
+/** The widget is not repainted while this object lives, and then shows all changes together. */
 class PaintingPaused
 {
 public:

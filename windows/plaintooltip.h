@@ -4,7 +4,8 @@
 #include <QString>
 
 /**
- * The text for a tool tip that shows it to the letter: names of files and texts from songs may hold
- * what looks like markup. A long text wraps. An empty one stays empty, which is no tool tip.
+ * The text for a tool tip that shows it character by character: names of files and texts from songs
+ * may hold what looks like markup. A long text wraps. An empty text stays empty: no tool tip is
+ * shown then.
  */
 QString plainToolTip(const QString &text);

@@ -18,7 +18,8 @@ ProgressWindow::ProgressWindow(const QString &title, const QString &label, int m
     m_dialog.setMinimumDuration(0);
     // Wide enough for its title, and for numbers that grow.
     m_dialog.setMinimumSize(m_dialog.sizeHint().expandedTo(QSize(leastWidth, 0)));
-    // A cancelled progress dialog hides at once, but the job goes on until it looks, or to its end.
+    // Qt hides a cancelled progress dialog at once, but the job goes on until it checks for the
+    // cancellation, or to its end.
     QObject::connect(&m_dialog, &QProgressDialog::canceled, &m_dialog, &QWidget::show,
                      Qt::QueuedConnection);
     m_dialog.setValue(0);

@@ -12,7 +12,7 @@ namespace
 
 constexpr double leastContrast = 4.5;
 
-/** The light that a screen gives for the colour, as the eye takes it: from 0 to 1. */
+/** The relative luminance of the colour, from 0 to 1. */
 double luminance(const QColor &colour)
 {
     const auto light = [](double part) {
@@ -28,7 +28,7 @@ double leastContrastOf(const QColor &colour, const QPalette &palette)
                     contrast(colour, palette.color(QPalette::Base)));
 }
 
-/** The same hue, as little lighter or darker as it can be. */
+/** A colour of the same hue that is just light or dark enough. */
 QColor madeReadable(const QColor &colour, const QPalette &palette)
 {
     const bool isDark = luminance(palette.color(QPalette::Window)) < 0.18;

@@ -4,12 +4,12 @@
 #include <QColor>
 #include <QObject>
 
-/** How far two colours stand out from each other: 1 for the same ones, 21 for black and white. */
+/** The contrast of two colours: 1 for equal ones, 21 for black and white. */
 double contrast(const QColor &first, const QColor &second);
 
 /**
- * As long as it lives, the application's palette has link colours that stand out from windows and
- * pages by 4.5 at least: a dark palette often comes with the dark blue of a light one. Qt takes the
+ * As long as it lives, the application's palette has link colours with a contrast of at least 4.5
+ * to windows and pages: a dark palette often comes with the dark blue of a light one. Qt takes the
  * colour when a text is set, so texts that are shown when the palette changes keep theirs.
  */
 class ReadableLinks : public QObject

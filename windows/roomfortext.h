@@ -6,8 +6,9 @@
 class QWidget;
 
 /**
- * Keeps a window at least as high as its layout needs at the window's present width. By itself a
- * window reckons with texts that wrap at their best; made narrow, it would cut them off.
+ * Keeps a window at least as high as its layout needs at the window's present width. Qt's own
+ * minimum height assumes a width at which the texts wrap into few lines; in a narrower window they
+ * would be cut off.
  */
 class RoomForText : public QObject
 {

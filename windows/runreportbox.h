@@ -1,4 +1,4 @@
-// The box at the end of a run that did not do all that it was to do.
+// The box at the end of a run with problems.
 #pragma once
 
 #include "library/runreport.h"

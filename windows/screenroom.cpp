@@ -24,7 +24,7 @@ int leastHeight(const QLayout &layout, int width)
                                       : layout.minimumSize().height();
 }
 
-/** A few lines are enough for what scrolls by itself. */
+/** Lists and pages that scroll need room for only a few lines. */
 void letListsShrink(QWidget &window)
 {
     constexpr int lines = 3;

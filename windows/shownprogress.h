@@ -7,15 +7,15 @@
 #include <QTimer>
 
 /**
- * Says where it can be found as long as it is on screen. Steps are shown some times a second only:
- * painting the bar for each of thousands of files would take longer than the files do. A step that
- * has to wait is shown as soon as its time has come and events are processed; the last one of the
- * job is shown at once.
+ * Sets a pointer to itself while it is on the screen. Steps are shown only some times a second:
+ * painting the bar for each of thousands of files would take longer than the work on the files. A
+ * step that is held back is shown when that time is over and events are processed; the last step of
+ * the job is shown at once.
  */
 class ShownProgress : public ProgressWindow
 {
 public:
-    /** The pointer leads to this progress until it closes, and then to the one before. */
+    /** The pointer is set to this progress until it closes, and then to the progress before it. */
     ShownProgress(Progress *&shown, const QString &title, const QString &label, int maximum,
                   QWidget *parent);
     ~ShownProgress() override;
@@ -29,14 +29,14 @@ private:
     void showLast();
 
     int m_done = 0;
-    bool m_inWords = false;     ///< the last step is to be labelled too
+    bool m_inWords = false;     ///< the last step has to be shown in words too
     QElapsedTimer m_sinceShown; ///< not valid before the first step is shown
     QTimer m_due;               ///< runs while a step waits
     Progress *&m_shown;
     Progress *const m_before;
 };
 
-/** Stands in where a workflow runs while no progress dialog is on screen. */
+/** Used where a workflow runs without a progress dialog. */
 class NoProgress : public Progress
 {
 public:

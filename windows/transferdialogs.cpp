@@ -48,9 +48,7 @@ void TransferDialogs::tellCounts(const QString &title, const QString &text,
                     QMessageBox::Ok, m_parent);
     // A file's name could look like markup.
     box.setTextFormat(Qt::PlainText);
-    QStringList details = failed;
-    for (const QString &name : skipped)
-        details.append(tr("%1: esisteva già e non è stata sostituita").arg(name));
+    const QStringList details = failed + skipped;
     if (!details.isEmpty())
         box.setDetailedText(details.join(QLatin1Char('\n')));
     box.exec();

@@ -22,14 +22,17 @@ QTranslator &translator(const QString &name)
     return *found;
 }
 
-/** Someone in Vienna or London keeps the habits of the own country where the language is theirs. */
+/**
+ * The system's locale if its language is the given one: numbers and dates then are written as in
+ * the user's own country. Otherwise the usual locale of the language.
+ */
 QLocale localeOf(QLocale::Language language)
 {
     const QLocale system(QLocale::system().name());
     return system.language() == language ? system : QLocale(language);
 }
 
-/** A window takes over the locale of its time of birth, and its fields take over the window's. */
+/** A window keeps the locale that was set when it was made, and so do its fields. */
 void showIn(const QLocale &locale)
 {
     QLocale::setDefault(locale);

@@ -5,7 +5,7 @@
 
 #include <QColor>
 
-/** Adds titles, colours and explanations to the plain rows. */
+/** Adds column titles, colours and explanations to the rows of SongTable. */
 class UserSongsRelTableModel : public SongTable
 {
     Q_OBJECT

@@ -1,4 +1,4 @@
-// Where the main window stood, and how large it was, when it was closed.
+// Stores and restores the place and size of the main window.
 #pragma once
 
 class QSettings;

@@ -79,6 +79,46 @@ Select a folder for the backup, or press “Continue without backup”.</transla
         <source>Confronto le song con il database...</source>
         <translation>Comparing the songs with the database...</translation>
     </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Author</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Length</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Key</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Sections</translation>
+    </message>
+    <message>
+        <source>Marker attivi</source>
+        <translation>Sections shown</translation>
+    </message>
+    <message>
+        <source>(vuoto)</source>
+        <translation>(empty)</translation>
+    </message>
 </context>
 <context>
     <name>ChangePreviewDialog</name>
@@ -113,46 +153,6 @@ Select a folder for the backup, or press “Continue without backup”.</transla
     <message>
         <source>%1 (verrà chiesta conferma)</source>
         <translation>%1 (will be asked about)</translation>
-    </message>
-    <message>
-        <source>(vuoto)</source>
-        <translation>(empty)</translation>
-    </message>
-    <message>
-        <source>Titolo</source>
-        <translation>Title</translation>
-    </message>
-    <message>
-        <source>Interprete</source>
-        <translation>Artist</translation>
-    </message>
-    <message>
-        <source>Genere Musicale</source>
-        <translation>Genre</translation>
-    </message>
-    <message>
-        <source>Autore</source>
-        <translation>Author</translation>
-    </message>
-    <message>
-        <source>Durata</source>
-        <translation>Length</translation>
-    </message>
-    <message>
-        <source>BPM</source>
-        <translation>BPM</translation>
-    </message>
-    <message>
-        <source>Tonalità</source>
-        <translation>Key</translation>
-    </message>
-    <message>
-        <source>Marker</source>
-        <translation>Sections</translation>
-    </message>
-    <message>
-        <source>Marker attivi</source>
-        <translation>Sections shown</translation>
     </message>
     <message>
         <source>La sincronizzazione modificherebbe questi dati:</source>
@@ -749,6 +749,38 @@ Do you want to copy all the same?</translation>
         <source>Si&amp;ncronizza song...</source>
         <translation>S&amp;ynchronize songs...</translation>
     </message>
+    <message>
+        <source>la memoria restituisce byte diversi da quelli scritti</source>
+        <translation>the memory gives back other bytes than were written</translation>
+    </message>
+    <message>
+        <source>Il piano è stato eseguito</source>
+        <translation>The plan has been carried out</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile eseguire tutto il piano</source>
+        <translation>The plan could not be carried out completely</translation>
+    </message>
+    <message>
+        <source>Confronto con la memoria...</source>
+        <translation>Comparing with the memory...</translation>
+    </message>
+    <message>
+        <source>Song già presenti: %1</source>
+        <translation>Songs that were there already: %1</translation>
+    </message>
+    <message>
+        <source>Song rimosse: %1</source>
+        <translation>Songs removed: %1</translation>
+    </message>
+    <message>
+        <source>Errori: %1</source>
+        <translation>Errors: %1</translation>
+    </message>
+    <message>
+        <source>%1: rimossa</source>
+        <translation>%1: removed</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -771,6 +803,12 @@ Do you want to copy all the same?</translation>
 </context>
 <context>
     <name>MemoryLock</name>
+    <message>
+        <source>Nella memoria c&apos;è una cartella &quot;%1&quot;: il programma ha bisogno di questo nome.
+Spostarla o cancellarla e riprovare.</source>
+        <translation>There is a folder &quot;%1&quot; on the memory: the program needs this name.
+Please move or delete it and try again.</translation>
+    </message>
     <message>
         <source>Un altro programma sta scrivendo su questa memoria.
 Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
@@ -1282,6 +1320,10 @@ Please install the program again.</translation>
         <source>--json e --csv non vanno insieme</source>
         <translation>--json and --csv do not go together</translation>
     </message>
+    <message>
+        <source>%1 vale solo con %2</source>
+        <translation>%1 needs %2</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1393,6 +1435,18 @@ Please install the program again.</translation>
 Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.</source>
         <translation>Questions that no option answers are asked on a terminal only; elsewhere the answer is no.
 Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</translation>
+    </message>
+    <message>
+        <source>rilegge dalla memoria ogni copia e la confronta</source>
+        <translation>reads each copy back from the memory and compares it</translation>
+    </message>
+    <message>
+        <source>copia ciò che è nuovo o diverso ed elenca le song in più</source>
+        <translation>copies what is new or differs, and lists the other songs</translation>
+    </message>
+    <message>
+        <source>con --in-line: rimuove le song in più, con le loro immagini</source>
+        <translation>with --in-line: removes the other songs and their pictures</translation>
     </message>
 </context>
 <context>
@@ -1551,34 +1605,6 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>Format</translation>
     </message>
     <message>
-        <source>Titolo</source>
-        <translation>Title</translation>
-    </message>
-    <message>
-        <source>Interprete</source>
-        <translation>Artist</translation>
-    </message>
-    <message>
-        <source>Genere</source>
-        <translation>Genre</translation>
-    </message>
-    <message>
-        <source>Autore</source>
-        <translation>Author</translation>
-    </message>
-    <message>
-        <source>Durata</source>
-        <translation>Length</translation>
-    </message>
-    <message>
-        <source>BPM</source>
-        <translation>BPM</translation>
-    </message>
-    <message>
-        <source>Tonalità</source>
-        <translation>Key</translation>
-    </message>
-    <message>
         <source>Firma</source>
         <translation>Signature</translation>
     </message>
@@ -1599,20 +1625,44 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>%1: no change</translation>
     </message>
     <message>
-        <source>(vuoto)</source>
-        <translation>(empty)</translation>
-    </message>
-    <message>
         <source>File</source>
         <translation>File</translation>
     </message>
     <message>
-        <source>Marker</source>
-        <translation>Sections</translation>
+        <source>Da copiare: %1; liberi: %2; song nella memoria dopo: %3</source>
+        <translation>To copy: %1; free: %2; songs on the memory afterwards: %3</translation>
     </message>
     <message>
-        <source>Marker attivi</source>
-        <translation>Shown</translation>
+        <source>nuova</source>
+        <translation>new</translation>
+    </message>
+    <message>
+        <source>già presente</source>
+        <translation>already there</translation>
+    </message>
+    <message>
+        <source>diversa</source>
+        <translation>differs</translation>
+    </message>
+    <message>
+        <source>già presente con un altro nome</source>
+        <translation>already there under another name</translation>
+    </message>
+    <message>
+        <source>stesso nome di un&apos;altra song</source>
+        <translation>same name as another song</translation>
+    </message>
+    <message>
+        <source>illeggibile</source>
+        <translation>cannot be read</translation>
+    </message>
+    <message>
+        <source>nome non possibile sulla memoria</source>
+        <translation>name not possible on the memory</translation>
+    </message>
+    <message>
+        <source>non è nell&apos;elenco</source>
+        <translation>not in the list</translation>
     </message>
 </context>
 <context>
@@ -1642,6 +1692,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
 </context>
 <context>
     <name>SongPaths</name>
+    <message>
+        <source>L&apos;elenco non può essere letto</source>
+        <translation>The list cannot be read</translation>
+    </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>The folder cannot be read</translation>
+    </message>
     <message>
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>The name is not in UTF-8, and the file cannot be opened</translation>
@@ -1695,6 +1753,94 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>[%1 = sì, %2 = sì a tutti, %3 = no, %4 = no a tutti]</source>
         <translation>[%1 = yes, %2 = yes to all, %3 = no, %4 = no to all]</translation>
+    </message>
+</context>
+<context>
+    <name>PlanExecution</name>
+    <message>
+        <source>nel frattempo un altro file ha questo nome</source>
+        <translation>another file has got this name meanwhile</translation>
+    </message>
+    <message>
+        <source>non è più sulla memoria</source>
+        <translation>no longer on the memory</translation>
+    </message>
+    <message>
+        <source>esisteva già e non è stata sostituita</source>
+        <translation>was there already and was not replaced</translation>
+    </message>
+    <message>
+        <source>un&apos;altra song dell&apos;elenco ha lo stesso nome</source>
+        <translation>another song of the list has the same name</translation>
+    </message>
+    <message>
+        <source>saltata come scelto nel piano</source>
+        <translation>skipped as chosen in the plan</translation>
+    </message>
+    <message>
+        <source>non rimossa, la copia è stata interrotta</source>
+        <translation>not removed, copying was stopped</translation>
+    </message>
+    <message>
+        <source>non rimossa, non tutte le song sono state copiate</source>
+        <translation>not removed, not all songs were copied</translation>
+    </message>
+    <message>
+        <source>non rimossa, il database della memoria non può essere aggiornato</source>
+        <translation>not removed, the song index of the memory cannot be updated</translation>
+    </message>
+</context>
+<context>
+    <name>PlannedRemoval</name>
+    <message>
+        <source>non è più il file di prima</source>
+        <translation>no longer the same file</translation>
+    </message>
+    <message>
+        <source>il file delle immagini non può essere rimosso</source>
+        <translation>the file with its pictures cannot be removed</translation>
+    </message>
+</context>
+<context>
+    <name>TransferCommand</name>
+    <message>
+        <source>Song della memoria che non sono nell&apos;elenco: %1</source>
+        <translation>Songs on the memory that are not in the list: %1</translation>
+    </message>
+    <message>
+        <source>Restano; %1 le rimuove.</source>
+        <translation>They stay; %1 removes them.</translation>
+    </message>
+    <message>
+        <source>Nessuna song viene rimossa, perché l&apos;elenco non è completo.</source>
+        <translation>No song is removed, because the list is not complete.</translation>
+    </message>
+    <message>
+        <source>Rimuovere queste song dalla memoria?</source>
+        <translation>Remove these songs from the memory?</translation>
+    </message>
+    <message>
+        <source>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</source>
+        <translation>These are more songs than the player can find: %1. Continue all the same?</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanner</name>
+    <message>
+        <source>il file non può essere letto</source>
+        <translation>the file cannot be read</translation>
+    </message>
+    <message>
+        <source>il file non c&apos;è più</source>
+        <translation>the file is no longer there</translation>
+    </message>
+    <message>
+        <source>è la stessa song, scelta due volte</source>
+        <translation>is the same song, chosen twice</translation>
+    </message>
+    <message>
+        <source>il percorso è troppo lungo per il player</source>
+        <translation>the names of its folders are too long for the player</translation>
     </message>
 </context>
 </TS>

@@ -79,6 +79,46 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
         <source>Confronto le song con il database...</source>
         <translation>Confronto le song con il database...</translation>
     </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titolo</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interprete</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genere</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Autore</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Durata</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Tonalità</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Marker</translation>
+    </message>
+    <message>
+        <source>Marker attivi</source>
+        <translation>Marker attivi</translation>
+    </message>
+    <message>
+        <source>(vuoto)</source>
+        <translation>(vuoto)</translation>
+    </message>
 </context>
 <context>
     <name>ChangePreviewDialog</name>
@@ -113,46 +153,6 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
     <message>
         <source>%1 (verrà chiesta conferma)</source>
         <translation>%1 (verrà chiesta conferma)</translation>
-    </message>
-    <message>
-        <source>(vuoto)</source>
-        <translation>(vuoto)</translation>
-    </message>
-    <message>
-        <source>Titolo</source>
-        <translation>Titolo</translation>
-    </message>
-    <message>
-        <source>Interprete</source>
-        <translation>Interprete</translation>
-    </message>
-    <message>
-        <source>Genere Musicale</source>
-        <translation>Genere Musicale</translation>
-    </message>
-    <message>
-        <source>Autore</source>
-        <translation>Autore</translation>
-    </message>
-    <message>
-        <source>Durata</source>
-        <translation>Durata</translation>
-    </message>
-    <message>
-        <source>BPM</source>
-        <translation>BPM</translation>
-    </message>
-    <message>
-        <source>Tonalità</source>
-        <translation>Tonalità</translation>
-    </message>
-    <message>
-        <source>Marker</source>
-        <translation>Marker</translation>
-    </message>
-    <message>
-        <source>Marker attivi</source>
-        <translation>Marker attivi</translation>
     </message>
     <message>
         <source>La sincronizzazione modificherebbe questi dati:</source>
@@ -749,6 +749,38 @@ Si vuole procedere comunque con la copia?</translation>
         <source>Si&amp;ncronizza song...</source>
         <translation>Si&amp;ncronizza song...</translation>
     </message>
+    <message>
+        <source>la memoria restituisce byte diversi da quelli scritti</source>
+        <translation>la memoria restituisce byte diversi da quelli scritti</translation>
+    </message>
+    <message>
+        <source>Il piano è stato eseguito</source>
+        <translation>Il piano è stato eseguito</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile eseguire tutto il piano</source>
+        <translation>Non è stato possibile eseguire tutto il piano</translation>
+    </message>
+    <message>
+        <source>Confronto con la memoria...</source>
+        <translation>Confronto con la memoria...</translation>
+    </message>
+    <message>
+        <source>Song già presenti: %1</source>
+        <translation>Song già presenti: %1</translation>
+    </message>
+    <message>
+        <source>Song rimosse: %1</source>
+        <translation>Song rimosse: %1</translation>
+    </message>
+    <message>
+        <source>Errori: %1</source>
+        <translation>Errori: %1</translation>
+    </message>
+    <message>
+        <source>%1: rimossa</source>
+        <translation>%1: rimossa</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -771,6 +803,12 @@ Si vuole procedere comunque con la copia?</translation>
 </context>
 <context>
     <name>MemoryLock</name>
+    <message>
+        <source>Nella memoria c&apos;è una cartella &quot;%1&quot;: il programma ha bisogno di questo nome.
+Spostarla o cancellarla e riprovare.</source>
+        <translation>Nella memoria c&apos;è una cartella &quot;%1&quot;: il programma ha bisogno di questo nome.
+Spostarla o cancellarla e riprovare.</translation>
+    </message>
     <message>
         <source>Un altro programma sta scrivendo su questa memoria.
 Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
@@ -1282,6 +1320,10 @@ Installare di nuovo il programma.</translation>
         <source>--json e --csv non vanno insieme</source>
         <translation>--json e --csv non vanno insieme</translation>
     </message>
+    <message>
+        <source>%1 vale solo con %2</source>
+        <translation>%1 vale solo con %2</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1393,6 +1435,18 @@ Installare di nuovo il programma.</translation>
 Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.</source>
         <translation>Le domande senza risposta nelle opzioni si fanno solo su un terminale; altrove valgono come no.
 Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.</translation>
+    </message>
+    <message>
+        <source>rilegge dalla memoria ogni copia e la confronta</source>
+        <translation>rilegge dalla memoria ogni copia e la confronta</translation>
+    </message>
+    <message>
+        <source>copia ciò che è nuovo o diverso ed elenca le song in più</source>
+        <translation>copia ciò che è nuovo o diverso ed elenca le song in più</translation>
+    </message>
+    <message>
+        <source>con --in-line: rimuove le song in più, con le loro immagini</source>
+        <translation>con --in-line: rimuove le song in più, con le loro immagini</translation>
     </message>
 </context>
 <context>
@@ -1551,34 +1605,6 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>Formato</translation>
     </message>
     <message>
-        <source>Titolo</source>
-        <translation>Titolo</translation>
-    </message>
-    <message>
-        <source>Interprete</source>
-        <translation>Interprete</translation>
-    </message>
-    <message>
-        <source>Genere</source>
-        <translation>Genere</translation>
-    </message>
-    <message>
-        <source>Autore</source>
-        <translation>Autore</translation>
-    </message>
-    <message>
-        <source>Durata</source>
-        <translation>Durata</translation>
-    </message>
-    <message>
-        <source>BPM</source>
-        <translation>BPM</translation>
-    </message>
-    <message>
-        <source>Tonalità</source>
-        <translation>Tonalità</translation>
-    </message>
-    <message>
         <source>Firma</source>
         <translation>Firma</translation>
     </message>
@@ -1599,20 +1625,44 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>%1: nessuna modifica</translation>
     </message>
     <message>
-        <source>(vuoto)</source>
-        <translation>(vuoto)</translation>
-    </message>
-    <message>
         <source>File</source>
         <translation>File</translation>
     </message>
     <message>
-        <source>Marker</source>
-        <translation>Marker</translation>
+        <source>Da copiare: %1; liberi: %2; song nella memoria dopo: %3</source>
+        <translation>Da copiare: %1; liberi: %2; song nella memoria dopo: %3</translation>
     </message>
     <message>
-        <source>Marker attivi</source>
-        <translation>Marker attivi</translation>
+        <source>nuova</source>
+        <translation>nuova</translation>
+    </message>
+    <message>
+        <source>già presente</source>
+        <translation>già presente</translation>
+    </message>
+    <message>
+        <source>diversa</source>
+        <translation>diversa</translation>
+    </message>
+    <message>
+        <source>già presente con un altro nome</source>
+        <translation>già presente con un altro nome</translation>
+    </message>
+    <message>
+        <source>stesso nome di un&apos;altra song</source>
+        <translation>stesso nome di un&apos;altra song</translation>
+    </message>
+    <message>
+        <source>illeggibile</source>
+        <translation>illeggibile</translation>
+    </message>
+    <message>
+        <source>nome non possibile sulla memoria</source>
+        <translation>nome non possibile sulla memoria</translation>
+    </message>
+    <message>
+        <source>non è nell&apos;elenco</source>
+        <translation>non è nell&apos;elenco</translation>
     </message>
 </context>
 <context>
@@ -1642,6 +1692,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
 </context>
 <context>
     <name>SongPaths</name>
+    <message>
+        <source>L&apos;elenco non può essere letto</source>
+        <translation>L&apos;elenco non può essere letto</translation>
+    </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>La cartella non può essere letta</translation>
+    </message>
     <message>
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>Il nome non è in UTF-8 e il file non può essere aperto</translation>
@@ -1695,6 +1753,94 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>[%1 = sì, %2 = sì a tutti, %3 = no, %4 = no a tutti]</source>
         <translation>[%1 = sì, %2 = sì a tutti, %3 = no, %4 = no a tutti]</translation>
+    </message>
+</context>
+<context>
+    <name>PlanExecution</name>
+    <message>
+        <source>nel frattempo un altro file ha questo nome</source>
+        <translation>nel frattempo un altro file ha questo nome</translation>
+    </message>
+    <message>
+        <source>non è più sulla memoria</source>
+        <translation>non è più sulla memoria</translation>
+    </message>
+    <message>
+        <source>esisteva già e non è stata sostituita</source>
+        <translation>esisteva già e non è stata sostituita</translation>
+    </message>
+    <message>
+        <source>un&apos;altra song dell&apos;elenco ha lo stesso nome</source>
+        <translation>un&apos;altra song dell&apos;elenco ha lo stesso nome</translation>
+    </message>
+    <message>
+        <source>saltata come scelto nel piano</source>
+        <translation>saltata come scelto nel piano</translation>
+    </message>
+    <message>
+        <source>non rimossa, la copia è stata interrotta</source>
+        <translation>non rimossa, la copia è stata interrotta</translation>
+    </message>
+    <message>
+        <source>non rimossa, non tutte le song sono state copiate</source>
+        <translation>non rimossa, non tutte le song sono state copiate</translation>
+    </message>
+    <message>
+        <source>non rimossa, il database della memoria non può essere aggiornato</source>
+        <translation>non rimossa, il database della memoria non può essere aggiornato</translation>
+    </message>
+</context>
+<context>
+    <name>PlannedRemoval</name>
+    <message>
+        <source>non è più il file di prima</source>
+        <translation>non è più il file di prima</translation>
+    </message>
+    <message>
+        <source>il file delle immagini non può essere rimosso</source>
+        <translation>il file delle immagini non può essere rimosso</translation>
+    </message>
+</context>
+<context>
+    <name>TransferCommand</name>
+    <message>
+        <source>Song della memoria che non sono nell&apos;elenco: %1</source>
+        <translation>Song della memoria che non sono nell&apos;elenco: %1</translation>
+    </message>
+    <message>
+        <source>Restano; %1 le rimuove.</source>
+        <translation>Restano; %1 le rimuove.</translation>
+    </message>
+    <message>
+        <source>Nessuna song viene rimossa, perché l&apos;elenco non è completo.</source>
+        <translation>Nessuna song viene rimossa, perché l&apos;elenco non è completo.</translation>
+    </message>
+    <message>
+        <source>Rimuovere queste song dalla memoria?</source>
+        <translation>Rimuovere queste song dalla memoria?</translation>
+    </message>
+    <message>
+        <source>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</source>
+        <translation>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanner</name>
+    <message>
+        <source>il file non può essere letto</source>
+        <translation>il file non può essere letto</translation>
+    </message>
+    <message>
+        <source>il file non c&apos;è più</source>
+        <translation>il file non c&apos;è più</translation>
+    </message>
+    <message>
+        <source>è la stessa song, scelta due volte</source>
+        <translation>è la stessa song, scelta due volte</translation>
+    </message>
+    <message>
+        <source>il percorso è troppo lungo per il player</source>
+        <translation>il percorso è troppo lungo per il player</translation>
     </message>
 </context>
 </TS>

@@ -79,6 +79,46 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
         <source>Confronto le song con il database...</source>
         <translation>Songs werden mit der Datenbank verglichen...</translation>
     </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Musikrichtung</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Autor</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Tonart</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Abschnitte</translation>
+    </message>
+    <message>
+        <source>Marker attivi</source>
+        <translation>Abschnitte angezeigt</translation>
+    </message>
+    <message>
+        <source>(vuoto)</source>
+        <translation>(leer)</translation>
+    </message>
 </context>
 <context>
     <name>ChangePreviewDialog</name>
@@ -113,46 +153,6 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
     <message>
         <source>%1 (verrà chiesta conferma)</source>
         <translation>%1 (mit Rückfrage)</translation>
-    </message>
-    <message>
-        <source>(vuoto)</source>
-        <translation>(leer)</translation>
-    </message>
-    <message>
-        <source>Titolo</source>
-        <translation>Titel</translation>
-    </message>
-    <message>
-        <source>Interprete</source>
-        <translation>Interpret</translation>
-    </message>
-    <message>
-        <source>Genere Musicale</source>
-        <translation>Musikrichtung</translation>
-    </message>
-    <message>
-        <source>Autore</source>
-        <translation>Autor</translation>
-    </message>
-    <message>
-        <source>Durata</source>
-        <translation>Dauer</translation>
-    </message>
-    <message>
-        <source>BPM</source>
-        <translation>BPM</translation>
-    </message>
-    <message>
-        <source>Tonalità</source>
-        <translation>Tonart</translation>
-    </message>
-    <message>
-        <source>Marker</source>
-        <translation>Abschnitte</translation>
-    </message>
-    <message>
-        <source>Marker attivi</source>
-        <translation>Abschnitte angezeigt</translation>
     </message>
     <message>
         <source>La sincronizzazione modificherebbe questi dati:</source>
@@ -749,6 +749,38 @@ Trotzdem kopieren?</translation>
         <source>Si&amp;ncronizza song...</source>
         <translation>Songs &amp;synchronisieren...</translation>
     </message>
+    <message>
+        <source>la memoria restituisce byte diversi da quelli scritti</source>
+        <translation>der Speicher gibt andere Bytes zurück, als geschrieben wurden</translation>
+    </message>
+    <message>
+        <source>Il piano è stato eseguito</source>
+        <translation>Der Plan ist ausgeführt</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile eseguire tutto il piano</source>
+        <translation>Der Plan konnte nicht ganz ausgeführt werden</translation>
+    </message>
+    <message>
+        <source>Confronto con la memoria...</source>
+        <translation>Vergleich mit dem Speicher...</translation>
+    </message>
+    <message>
+        <source>Song già presenti: %1</source>
+        <translation>Schon vorhandene Songs: %1</translation>
+    </message>
+    <message>
+        <source>Song rimosse: %1</source>
+        <translation>Entfernte Songs: %1</translation>
+    </message>
+    <message>
+        <source>Errori: %1</source>
+        <translation>Fehler: %1</translation>
+    </message>
+    <message>
+        <source>%1: rimossa</source>
+        <translation>%1: entfernt</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -771,6 +803,12 @@ Trotzdem kopieren?</translation>
 </context>
 <context>
     <name>MemoryLock</name>
+    <message>
+        <source>Nella memoria c&apos;è una cartella &quot;%1&quot;: il programma ha bisogno di questo nome.
+Spostarla o cancellarla e riprovare.</source>
+        <translation>Auf dem Speicher liegt ein Ordner „%1“: Das Programm braucht diesen Namen.
+Bitte verschieben oder löschen Sie ihn und versuchen Sie es noch einmal.</translation>
+    </message>
     <message>
         <source>Un altro programma sta scrivendo su questa memoria.
 Non è stato cambiato nulla. Riprovare quando avrà finito.</source>
@@ -1282,6 +1320,10 @@ Bitte installieren Sie das Programm neu.</translation>
         <source>--json e --csv non vanno insieme</source>
         <translation>--json und --csv gehen nicht zusammen</translation>
     </message>
+    <message>
+        <source>%1 vale solo con %2</source>
+        <translation>%1 geht nur mit %2</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1393,6 +1435,18 @@ Bitte installieren Sie das Programm neu.</translation>
 Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.</source>
         <translation>Fragen, die keine Option beantwortet, werden nur an einem Terminal gestellt; sonst gelten sie als Nein.
 Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan.</translation>
+    </message>
+    <message>
+        <source>rilegge dalla memoria ogni copia e la confronta</source>
+        <translation>liest jede Kopie vom Speicher zurück und vergleicht sie</translation>
+    </message>
+    <message>
+        <source>copia ciò che è nuovo o diverso ed elenca le song in più</source>
+        <translation>kopiert, was neu oder anders ist, und nennt die übrigen Songs</translation>
+    </message>
+    <message>
+        <source>con --in-line: rimuove le song in più, con le loro immagini</source>
+        <translation>mit --in-line: entfernt die übrigen Songs mit ihren Bildern</translation>
     </message>
 </context>
 <context>
@@ -1551,34 +1605,6 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>Format</translation>
     </message>
     <message>
-        <source>Titolo</source>
-        <translation>Titel</translation>
-    </message>
-    <message>
-        <source>Interprete</source>
-        <translation>Interpret</translation>
-    </message>
-    <message>
-        <source>Genere</source>
-        <translation>Richtung</translation>
-    </message>
-    <message>
-        <source>Autore</source>
-        <translation>Autor</translation>
-    </message>
-    <message>
-        <source>Durata</source>
-        <translation>Dauer</translation>
-    </message>
-    <message>
-        <source>BPM</source>
-        <translation>BPM</translation>
-    </message>
-    <message>
-        <source>Tonalità</source>
-        <translation>Tonart</translation>
-    </message>
-    <message>
         <source>Firma</source>
         <translation>Signatur</translation>
     </message>
@@ -1599,20 +1625,44 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>%1: keine Änderung</translation>
     </message>
     <message>
-        <source>(vuoto)</source>
-        <translation>(leer)</translation>
-    </message>
-    <message>
         <source>File</source>
         <translation>Datei</translation>
     </message>
     <message>
-        <source>Marker</source>
-        <translation>Abschnitte</translation>
+        <source>Da copiare: %1; liberi: %2; song nella memoria dopo: %3</source>
+        <translation>Zu kopieren: %1; frei: %2; Songs auf dem Speicher danach: %3</translation>
     </message>
     <message>
-        <source>Marker attivi</source>
-        <translation>Angezeigt</translation>
+        <source>nuova</source>
+        <translation>neu</translation>
+    </message>
+    <message>
+        <source>già presente</source>
+        <translation>schon da</translation>
+    </message>
+    <message>
+        <source>diversa</source>
+        <translation>anders</translation>
+    </message>
+    <message>
+        <source>già presente con un altro nome</source>
+        <translation>schon da unter anderem Namen</translation>
+    </message>
+    <message>
+        <source>stesso nome di un&apos;altra song</source>
+        <translation>gleicher Name wie ein anderer Song</translation>
+    </message>
+    <message>
+        <source>illeggibile</source>
+        <translation>nicht lesbar</translation>
+    </message>
+    <message>
+        <source>nome non possibile sulla memoria</source>
+        <translation>Name auf dem Speicher nicht möglich</translation>
+    </message>
+    <message>
+        <source>non è nell&apos;elenco</source>
+        <translation>nicht in der Liste</translation>
     </message>
 </context>
 <context>
@@ -1642,6 +1692,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
 </context>
 <context>
     <name>SongPaths</name>
+    <message>
+        <source>L&apos;elenco non può essere letto</source>
+        <translation>Die Liste kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>Der Ordner kann nicht gelesen werden</translation>
+    </message>
     <message>
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>Der Name ist nicht in UTF-8, und die Datei lässt sich nicht öffnen</translation>
@@ -1695,6 +1753,94 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>[%1 = sì, %2 = sì a tutti, %3 = no, %4 = no a tutti]</source>
         <translation>[%1 = ja, %2 = ja für alle, %3 = nein, %4 = nein für alle]</translation>
+    </message>
+</context>
+<context>
+    <name>PlanExecution</name>
+    <message>
+        <source>nel frattempo un altro file ha questo nome</source>
+        <translation>inzwischen hat eine andere Datei diesen Namen</translation>
+    </message>
+    <message>
+        <source>non è più sulla memoria</source>
+        <translation>nicht mehr auf dem Speicher</translation>
+    </message>
+    <message>
+        <source>esisteva già e non è stata sostituita</source>
+        <translation>war schon da und wurde nicht ersetzt</translation>
+    </message>
+    <message>
+        <source>un&apos;altra song dell&apos;elenco ha lo stesso nome</source>
+        <translation>ein anderer Song der Liste hat den gleichen Namen</translation>
+    </message>
+    <message>
+        <source>saltata come scelto nel piano</source>
+        <translation>übersprungen, wie im Plan gewählt</translation>
+    </message>
+    <message>
+        <source>non rimossa, la copia è stata interrotta</source>
+        <translation>nicht entfernt, das Kopieren wurde angehalten</translation>
+    </message>
+    <message>
+        <source>non rimossa, non tutte le song sono state copiate</source>
+        <translation>nicht entfernt, nicht alle Songs wurden kopiert</translation>
+    </message>
+    <message>
+        <source>non rimossa, il database della memoria non può essere aggiornato</source>
+        <translation>nicht entfernt, das Songverzeichnis des Speichers kann nicht aktualisiert werden</translation>
+    </message>
+</context>
+<context>
+    <name>PlannedRemoval</name>
+    <message>
+        <source>non è più il file di prima</source>
+        <translation>nicht mehr dieselbe Datei</translation>
+    </message>
+    <message>
+        <source>il file delle immagini non può essere rimosso</source>
+        <translation>die Datei mit seinen Bildern kann nicht entfernt werden</translation>
+    </message>
+</context>
+<context>
+    <name>TransferCommand</name>
+    <message>
+        <source>Song della memoria che non sono nell&apos;elenco: %1</source>
+        <translation>Songs auf dem Speicher, die nicht in der Liste sind: %1</translation>
+    </message>
+    <message>
+        <source>Restano; %1 le rimuove.</source>
+        <translation>Sie bleiben; %1 entfernt sie.</translation>
+    </message>
+    <message>
+        <source>Nessuna song viene rimossa, perché l&apos;elenco non è completo.</source>
+        <translation>Kein Song wird entfernt, weil die Liste nicht vollständig ist.</translation>
+    </message>
+    <message>
+        <source>Rimuovere queste song dalla memoria?</source>
+        <translation>Diese Songs vom Speicher entfernen?</translation>
+    </message>
+    <message>
+        <source>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</source>
+        <translation>Das sind mehr Songs, als der Player finden kann: %1. Trotzdem fortfahren?</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanner</name>
+    <message>
+        <source>il file non può essere letto</source>
+        <translation>die Datei kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>il file non c&apos;è più</source>
+        <translation>die Datei gibt es nicht mehr</translation>
+    </message>
+    <message>
+        <source>è la stessa song, scelta due volte</source>
+        <translation>ist derselbe Song, zweimal gewählt</translation>
+    </message>
+    <message>
+        <source>il percorso è troppo lungo per il player</source>
+        <translation>die Namen der Ordner sind zu lang für den Player</translation>
     </message>
 </context>
 </TS>

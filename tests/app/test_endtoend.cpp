@@ -1,32 +1,15 @@
-// The whole job through the real main window: import, transfer, update of the player's memory, then
-// synchronisation with a backup, editing, rebuilding, export and the change of language.
-#include "app/mainwindow.h"
-#include "library/database.h"
+// The player's memory through the real main window: import, transfer, update, rebuild and export.
 #include "support/memorychecker.h"
-#include "support/samplesongs.h"
 #include "support/songbytes.h"
-#include "support/userdriver.h"
-#include "windows/backupdialog.h"
-#include "windows/dataeditdialog.h"
+#include "support/wholejob.h"
 #include "windows/indexdialog.h"
-#include "windows/nocopyrightdialog.h"
 #include "windows/songslistdialog.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDateTime>
-#include <QDir>
-#include <QFileInfo>
-#include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
-#include <QSettings>
-#include <QTableView>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QToolButton>
 
 namespace
 {
@@ -37,12 +20,6 @@ const QStringList indexFiles = {
     QStringLiteral("aartist.idx"),  QStringLiteral("agenre.idx"),  QStringLiteral("title3.idx"),
     QStringLiteral("artist3.idx"),  QStringLiteral("genre3.idx"),  QStringLiteral("atitle3.idx"),
     QStringLiteral("aartist3.idx"), QStringLiteral("agenre3.idx"), QStringLiteral("fsinfos.idx")};
-
-// The columns of the library table.
-constexpr int columnTitle = 2;
-constexpr int columnArtist = 3;
-constexpr int columnShortName = 10;
-constexpr int columnStatus = 11;
 
 quint32 bigEndian32(const QByteArray &bytes, qsizetype offset)
 {
@@ -78,107 +55,41 @@ QMap<quint32, QByteArray> titlesById(const QString &card)
     return titles;
 }
 
-QByteArray abcTune(const QByteArray &title)
+/** Puts another song into the file, at another second: the index knows no finer times. */
+void rewrite(const QString &path, const QByteArray &title)
 {
-    return "X:1\nT:" + title + "\nM:4/4\nL:1/4\nK:C\nCDEF|GABc|cBAG|FEDC|]\n";
+    QVERIFY(samplesongs::writeFile(
+        path, songbytes::midiFile({songbytes::track(songbytes::metaEvent(3, title))})));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(QDateTime::currentDateTime().addDays(-3),
+                             QFileDevice::FileModificationTime));
 }
 
 } // namespace
 
-class TestEndToEnd : public QObject
+class TestEndToEnd : public WholeJob
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void initTestCase() { start(); }
     void cleanup() { MemoryChecker::judgeLeftBehind(m_card, m_judgedWith); }
     void importsFortySongsAndSkipsTenBrokenFiles();
     void transferToTheRootLandsInSongsAndBuildsTheIndex();
     void secondTransferWithNoToAllKeepsWhatIsThere();
     void removedAndTouchedFilesAreFollowed();
     void playlistIsPointedAtTheSameSongs();
-    void synchronisesWithABackup();
-    void editsOneSongAndGivesItsArtistToAll();
     void rebuildsTheMemory();
     void exportsTheSongListSortedThreeWays();
-    void switchesToEnglishAndBack();
 
 private:
-    void makeSongs();
     void makeBrokenFiles();
-    void import(const QStringList &files);
-    void transfer(const QString &destination);
-    void rewrite(const QString &path, const QByteArray &title);
-    void clickWhenEnabled(const QString &button);
-    void trigger(const char *action);
-    int rows() const;
-    QString cell(int row, int column) const;
-    int rowOf(const QString &shortName) const;
+    QString makeLater(int number) const;
 
-    QTemporaryDir m_dir;
-    QString m_card;
     QStringList m_judgedWith; ///< what the judge of the memory lets pass
-    QStringList m_songs;
     QStringList m_broken;
-    QStringList m_later;
-    std::unique_ptr<MainWindow> m_window;
 };
-
-void TestEndToEnd::initTestCase()
-{
-    QVERIFY(m_dir.isValid());
-    qputenv("KAVENA_MOUNT_DIRS", QFile::encodeName(m_dir.filePath(QStringLiteral("mnt"))));
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_dir.filePath(QStringLiteral("config"))));
-    m_card = m_dir.filePath(QStringLiteral("mnt/CARD"));
-    QVERIFY(QDir().mkpath(m_card));
-    QVERIFY(QDir().mkpath(m_dir.filePath(QStringLiteral("music"))));
-    QVERIFY(QDir::setCurrent(m_dir.path()));
-    makeSongs();
-    makeBrokenFiles();
-    m_window = std::make_unique<MainWindow>();
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-}
-
-void TestEndToEnd::makeSongs()
-{
-    const QString music = m_dir.filePath(QStringLiteral("music/"));
-    const QStringList midi = samplesongs::installedMidiFiles();
-    QVERIFY2(midi.size() >= 30, "the MIDI files of openttd-openmsx are needed");
-    for (int i = 0; i < 28; ++i) {
-        m_songs << music + QStringLiteral("SONG%1.MID").arg(i, 2, 10, QLatin1Char('0'));
-        QVERIFY(QFile::copy(midi[i], m_songs.last()));
-    }
-    for (const QString &longName : {midi[28], midi[29]}) {
-        m_songs << music + QStringLiteral("A long name ") + QFileInfo(longName).fileName();
-        QVERIFY(QFile::copy(longName, m_songs.last()));
-    }
-    for (int i = 0; i < 4; ++i) {
-        m_songs << music + QStringLiteral("SOUND%1.mp3").arg(i);
-        QVERIFY(samplesongs::makeMp3(m_songs.last(),
-                                     {QStringLiteral("Città %1").arg(i),
-                                      QStringLiteral("Traditional"), QStringLiteral("Folk")}));
-    }
-    int number = 0;
-    for (const char *magic : {"_MF3", "_MF4", "_MF5"}) {
-        m_songs << music + QStringLiteral("PACK%1.mf%2").arg(number).arg(number + 3);
-        QVERIFY(samplesongs::writeFile(
-            m_songs.last(),
-            samplesongs::mfxBytes(magic, samplesongs::readFile(midi[number]),
-                                  {QStringLiteral("Packed %1").arg(number),
-                                   QStringLiteral("Artist"), QStringLiteral("Waltz")})));
-        ++number;
-    }
-    for (const char *title : {"Greensleeves", "Santa Lucia", "Amazing Grace"}) {
-        m_songs << music + QStringLiteral("ABC%1.mid").arg(number++);
-        QVERIFY(samplesongs::makeMidi(m_songs.last(), abcTune(title)));
-    }
-    QCOMPARE(m_songs.size(), 40);
-    for (int i = 0; i < 6; ++i) {
-        m_later << music + QStringLiteral("LATER%1.mid").arg(i);
-        QVERIFY(samplesongs::makeMidi(m_later.last(), abcTune("Later " + QByteArray::number(i))));
-    }
-}
 
 void TestEndToEnd::makeBrokenFiles()
 {
@@ -200,104 +111,23 @@ void TestEndToEnd::makeBrokenFiles()
         {QStringLiteral("hugetag.mp3"),
          QByteArray("ID3\x03\x00\x00\x7F\x7F\x7F\x7F", 10) + QByteArray(4000, '\0')}};
     for (const auto &[name, bytes] : files) {
-        m_broken << m_dir.filePath(QStringLiteral("music/") + name);
+        m_broken << path("music/") + name;
         QVERIFY(samplesongs::writeFile(m_broken.last(), bytes));
     }
     QCOMPARE(m_broken.size(), 10);
 }
 
-void TestEndToEnd::clickWhenEnabled(const QString &button)
+/** One of the songs that the user gets later. */
+QString TestEndToEnd::makeLater(int number) const
 {
-    auto *const tool = m_window->findChild<QToolButton *>(button);
-    QVERIFY(tool != nullptr);
-    QVERIFY(tool->isEnabled());
-    const QPoint centre = tool->mapTo(m_window.get(), tool->rect().center());
-    QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, {}, centre);
-}
-
-void TestEndToEnd::import(const QStringList &files)
-{
-    UserDriver user;
-    user.pick(files);
-    clickWhenEnabled(QStringLiteral("selectDirToolButton"));
-    QVERIFY(user.allPicked());
-}
-
-void TestEndToEnd::transfer(const QString &destination)
-{
-    UserDriver user;
-    user.pick({destination});
-    int overwriteQuestions = 0;
-    // Names that are too long are shortened, files that exist are kept.
-    user.add([&overwriteQuestions](QWidget *window) {
-        auto *const question = qobject_cast<NoCopyrightDialog *>(window);
-        if (question == nullptr)
-            return false;
-        const bool overwrite = question->findChild<QLabel *>(QStringLiteral("label_2"))->text() ==
-                               QStringLiteral("esiste già, vuoi sostituirlo?");
-        overwriteQuestions += overwrite ? 1 : 0;
-        const QString button =
-            overwrite ? QStringLiteral("noAllPushButton") : QStringLiteral("yesAllPushButton");
-        QTest::mouseClick(question->findChild<QPushButton *>(button), Qt::LeftButton);
-        return true;
-    });
-    user.pressInMessageBoxes(QMessageBox::Ok);
-    clickWhenEnabled(QStringLiteral("transferFilesToolButton"));
-    QVERIFY(user.allPicked());
-    QVERIFY(overwriteQuestions <= 1);
-    QCOMPARE(user.messages().size(), 2);
-    QCOMPARE(user.messages().first(), QStringLiteral("Trasferimento: Tutti i file sono stati "
-                                                     "copiati correttamente"));
-    QVERIFY(user.messages().last().startsWith(QStringLiteral("Trasferimento: Song copiate: ")));
-    QVERIFY(user.messages().last().endsWith(QStringLiteral("\nSong non copiate (errori): 0")));
-    QVERIFY(QApplication::activeModalWidget() == nullptr);
-}
-
-/** Puts another song into the file, at another second: the index knows no finer times. */
-void TestEndToEnd::rewrite(const QString &path, const QByteArray &title)
-{
-    QVERIFY(samplesongs::writeFile(
-        path, songbytes::midiFile({songbytes::track(songbytes::metaEvent(3, title))})));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadWrite));
-    QVERIFY(file.setFileTime(QDateTime::currentDateTime().addDays(-3),
-                             QFileDevice::FileModificationTime));
-}
-
-void TestEndToEnd::trigger(const char *action)
-{
-    m_window->findChild<QAction *>(QString::fromLatin1(action))->trigger();
-}
-
-QString TestEndToEnd::cell(int row, int column) const
-{
-    return child<QTableView>(m_window.get(), "userLibraryTableView")
-        ->model()
-        ->index(row, column)
-        .data()
-        .toString();
-}
-
-int TestEndToEnd::rowOf(const QString &shortName) const
-{
-    for (int row = 0; row < rows(); ++row) {
-        if (cell(row, columnShortName) == shortName)
-            return row;
-    }
-    return -1;
-}
-
-int TestEndToEnd::rows() const
-{
-    const auto *view = m_window->findChild<QTableView *>(QStringLiteral("userLibraryTableView"));
-    QAbstractItemModel *const model = view->model();
-    while (model->canFetchMore({}))
-        model->fetchMore({});
-    return model->rowCount();
+    const QString file = path("music/") + QStringLiteral("LATER%1.mid").arg(number);
+    return samplesongs::makeMidi(file, abcTune("Later " + QByteArray::number(number))) ? file
+                                                                                       : QString();
 }
 
 void TestEndToEnd::importsFortySongsAndSkipsTenBrokenFiles()
 {
+    makeBrokenFiles();
     QList<QByteArray> before;
     for (const QString &file : m_songs + m_broken)
         before << samplesongs::readFile(file);
@@ -360,7 +190,10 @@ void TestEndToEnd::removedAndTouchedFilesAreFollowed()
         QVERIFY(QFile::remove(m_card + QString::fromLatin1(gone)));
     rewrite(m_card + QStringLiteral("/songs/SONG09.MID"), "Touched");
 
-    import(m_later.mid(0, 5));
+    QStringList later;
+    for (int number = 0; number < 5; ++number)
+        later << makeLater(number);
+    import(later);
     transfer(m_card);
 
     const QMap<QByteArray, quint32> after = idsByPath(m_card);
@@ -399,7 +232,7 @@ void TestEndToEnd::playlistIsPointedAtTheSameSongs()
     const QString file = m_card + QStringLiteral("/playlist/play0001.dat");
     QVERIFY(samplesongs::writeFile(file, playlist));
 
-    import(m_later.mid(5));
+    import({makeLater(5)});
     transfer(m_card);
 
     const QMap<QByteArray, quint32> after = idsByPath(m_card);
@@ -410,88 +243,6 @@ void TestEndToEnd::playlistIsPointedAtTheSameSongs()
         QCOMPARE(pointed.mid(32 * i + 4, 28), QByteArray(28, 'p'));
     }
     QVERIFY(after.value(wanted[0]) != before.value(wanted[0]));
-}
-
-void TestEndToEnd::synchronisesWithABackup()
-{
-    import(m_songs);
-    const QString backups = m_dir.filePath(QStringLiteral("backups"));
-    QVERIFY(QDir().mkpath(backups));
-    QList<QByteArray> before;
-    for (const QString &song : std::as_const(m_songs))
-        before << samplesongs::readFile(song);
-
-    UserDriver user;
-    user.add([&](QWidget *window) {
-        if (qobject_cast<BackupDialog *>(window) == nullptr)
-            return false;
-        auto *const start = child<QPushButton>(window, "doBackupPushButton");
-        if (start->isEnabled()) {
-            clickLater(start);
-        } else if (nextStep(window) == 0) {
-            user.pick({backups});
-            clickLater(child<QPushButton>(window, "browsePushButton"));
-        }
-        return true;
-    });
-    user.pressInMessageBoxes(QMessageBox::Ok);
-    clickWhenEnabled(QStringLiteral("updateDataToolButton"));
-
-    QCOMPARE(user.messages(), QStringList{QStringLiteral("Backup: Backup eseguito correttamente")});
-    const QStringList made = QDir(backups).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    QCOMPARE(made.size(), 1);
-    QVERIFY(made[0].startsWith(QStringLiteral("backup_kravo_")));
-    for (int i = 0; i < m_songs.size(); ++i) {
-        const QString copy = backups + QLatin1Char('/') + made[0] + QLatin1Char('/') +
-                             QFileInfo(m_songs[i]).fileName();
-        QCOMPARE(samplesongs::readFile(copy), before[i]);
-    }
-    // The catalogue knows the carol by its title, and nothing of the game music.
-    const int known = rowOf(QStringLiteral("ABC3.mid"));
-    const int unknown = rowOf(QStringLiteral("SONG00.MID"));
-    QVERIFY(known >= 0 && unknown >= 0);
-    QCOMPARE(cell(known, columnStatus).toInt(), int(Database::StatusSynced));
-    QCOMPARE(cell(known, columnTitle), QStringLiteral("GREENSLEEVES"));
-    QVERIFY(samplesongs::readFile(m_songs[37]).contains("GREENSLEEVES"));
-    QCOMPARE(cell(unknown, columnStatus).toInt(), int(Database::StatusNotSynced));
-    QCOMPARE(samplesongs::readFile(m_songs[0]), before[0]);
-    QVERIFY(!child<QToolButton>(m_window.get(), "updateDataToolButton")->isEnabled());
-}
-
-void TestEndToEnd::editsOneSongAndGivesItsArtistToAll()
-{
-    UserDriver user;
-    user.add([](QWidget *window) {
-        if (qobject_cast<DataEditDialog *>(window) == nullptr)
-            return false;
-        switch (nextStep(window)) {
-        case 0:
-            child<QLineEdit>(window, "titleLineEdit")->setText(QStringLiteral("Perché no"));
-            child<QComboBox>(window, "artistComboBox")->setEditText(QStringLiteral("Gli Amici"));
-            clickLater(child<QCheckBox>(window, "checkBoxToAllArtist"));
-            break;
-        case 1:
-            clickLater(child<QPushButton>(window, "savePushButton"));
-            break;
-        }
-        return true;
-    });
-    user.pressInMessageBoxes(QMessageBox::Yes);
-    auto *const view = child<QTableView>(m_window.get(), "userLibraryTableView");
-    emit view->doubleClicked(view->model()->index(5, columnTitle));
-
-    QCOMPARE(user.messages().size(), 1);
-    QVERIFY(user.messages()[0].startsWith(QStringLiteral("ATTENZIONE: L'interprete inserito")));
-    QCOMPARE(cell(5, columnTitle), QStringLiteral("Perché no"));
-    for (int row = 0; row < rows(); ++row) {
-        QCOMPARE(cell(row, columnArtist), QStringLiteral("Gli Amici"));
-        QCOMPARE(cell(row, columnStatus).toInt(), int(Database::StatusEdited));
-    }
-    QVERIFY(cell(6, columnTitle) != QStringLiteral("Perché no"));
-    for (const QString &song : std::as_const(m_songs)) {
-        if (!song.contains(QStringLiteral(".mf"), Qt::CaseInsensitive))
-            QVERIFY2(samplesongs::readFile(song).contains("Gli Amici"), qPrintable(song));
-    }
 }
 
 void TestEndToEnd::rebuildsTheMemory()
@@ -528,9 +279,7 @@ void TestEndToEnd::rebuildsTheMemory()
 
 void TestEndToEnd::exportsTheSongListSortedThreeWays()
 {
-    const auto fileFor = [this](int mode) {
-        return m_dir.filePath(QStringLiteral("list%1.csv").arg(mode));
-    };
+    const auto fileFor = [this](int mode) { return path("list%1.csv").arg(mode); };
     UserDriver user;
     user.add([&](QWidget *window) {
         if (qobject_cast<SongsListDialog *>(window) == nullptr)
@@ -568,28 +317,10 @@ void TestEndToEnd::exportsTheSongListSortedThreeWays()
     }
 }
 
-void TestEndToEnd::switchesToEnglishAndBack()
-{
-    const auto *view = child<QTableView>(m_window.get(), "userLibraryTableView");
-    const auto heading = [view] {
-        return view->model()->headerData(columnTitle, Qt::Horizontal).toString();
-    };
-    trigger("actionEnglish");
-    QTRY_COMPARE(heading(), QStringLiteral("Title"));
-    QCOMPARE(m_window->windowTitle(), QStringLiteral("RB27 Utility"));
-    trigger("actionGerman");
-    QTRY_COMPARE(heading(), QStringLiteral("Titel"));
-    const QSettings settings(QStringLiteral("kavena_pc"), QStringLiteral("kravo"));
-    QCOMPARE(settings.value(QStringLiteral("language")).toString(), QStringLiteral("de"));
-}
-
 int main(int argc, char **argv)
 {
     qputenv("LC_ALL", "C.UTF-8");
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication application(argc, argv);
-    TestEndToEnd test;
-    return QTest::qExec(&test, argc, argv);
+    return runAppTest<TestEndToEnd>(argc, argv);
 }
 
 #include "test_endtoend.moc"

@@ -3,6 +3,7 @@
 #include "support/catalogue.h"
 #include "support/germantexts.h"
 #include "support/samplesongs.h"
+#include "support/shorttext.h"
 #include "support/smallmedium.h"
 #include "support/songbytes.h"
 #include "support/userdriver.h"
@@ -24,11 +25,6 @@ namespace
 {
 
 constexpr int songsOnTheCard = 200;
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 QString nameOf(int song)
 {

@@ -3,6 +3,7 @@
 #include "support/apptest.h"
 #include "support/catalogue.h"
 #include "support/interfacelanguage.h"
+#include "support/shorttext.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -28,11 +29,6 @@ namespace
 {
 
 constexpr int songs = 8;
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 catalogue::Row knownSong(int number)
 {

@@ -4,6 +4,7 @@
 #include "devindex/sizetext.h"
 #include "support/apptest.h"
 #include "support/interfacelanguage.h"
+#include "support/shorttext.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
 #include "windows/helpdialog.h"
@@ -21,11 +22,6 @@
 
 namespace
 {
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 /** The texts of a menu, with their mnemonics and keys, without the separators. */
 QStringList textsOf(const QMenu *menu)

@@ -1,5 +1,4 @@
 // The backup: its workflow and its windows.
-#include "library/librarybackup.h"
 #include "support/apptest.h"
 #include "support/backupdriver.h"
 #include "support/germantexts.h"
@@ -21,68 +20,6 @@ namespace
 
 const QString failedMessage = QStringLiteral("Backup: Backup FALLITO !!!");
 const QString doneMessage = QStringLiteral("Backup: Backup eseguito correttamente");
-
-/** A progress without a window. */
-class QuietProgress : public Progress
-{
-public:
-    void setMaximum(int) override {}
-    void setValue(int) override {}
-    void updateProgress(int) override {}
-    bool wasCanceled() const override { return false; }
-};
-
-/** The workflow with everything around it replaced by notes of what it did. */
-class BackupWithoutWindows
-{
-public:
-    bool suggest()
-    {
-        return LibraryBackup([this] { return choice; },
-                             [this](const QString &destination, int &copied) {
-                                 copiedTo = destination;
-                                 progressOpenWhileCopying = progressOpen;
-                                 copied = copySucceeds ? filesCount : 0;
-                                 return copySucceeds;
-                             },
-                             [this](bool succeeded) {
-                                 progressOpenWhileReporting = progressOpen;
-                                 reports << succeeded;
-                             },
-                             [this](const QString &title, const QString &label, int maximum) {
-                                 progressTexts = {title, label, QString::number(maximum)};
-                                 return std::make_unique<NotedProgress>(progressOpen);
-                             })
-            .suggest(filesCount);
-    }
-
-    LibraryBackup::Choice choice;
-    int filesCount = 7;
-    bool copySucceeds = true;
-    QString copiedTo;
-    QStringList progressTexts;
-    QList<bool> reports;
-    bool progressOpenWhileCopying = false;
-    bool progressOpenWhileReporting = false;
-
-private:
-    class NotedProgress : public QuietProgress
-    {
-    public:
-        explicit NotedProgress(bool &open)
-            : m_open(open)
-        {
-            m_open = true;
-        }
-        ~NotedProgress() override { m_open = false; }
-        Q_DISABLE_COPY_MOVE(NotedProgress)
-
-    private:
-        bool &m_open;
-    };
-
-    bool progressOpen = false;
-};
 
 /**
  * In the dialog of a backup: picks the folder with "Sfoglia..." and starts. The click that opens
@@ -126,16 +63,6 @@ private slots:
     void init() { AppFixture::init(); }
     void cleanup() { AppFixture::cleanup(); }
 
-    void folderIsNamedAfterTheTime();
-    void eachChoiceDecidesWhetherToGoOn_data();
-    void eachChoiceDecidesWhetherToGoOn();
-    void backupWithoutAFolderFails();
-    void backupGoesIntoANewFolder();
-    void failedCopyIsReportedAndTheUpdateGoesOn();
-    void secondBackupInTheSameSecondFails();
-    void folderThatCannotBeMadeStopsTheUpdate();
-    void workflowIsLogged();
-
     void wholeBackupThroughTheWindow();
     void missingFileFailsTheBackupButNotTheUpdate();
     void stoppedBackupFailsButNotTheUpdate();
@@ -145,111 +72,7 @@ private slots:
     void debugButtonOffersABackup();
 
     void folderTreeIsCopiedWhole();
-    void folderIsNotCopiedIntoItself();
-    void linkedFoldersEnd();
-    void existingFilesAreKeptAndFailTheCopy();
 };
-
-void TestLibraryBackup::folderIsNamedAfterTheTime()
-{
-    QCOMPARE(LibraryBackup::folderName(QDateTime(QDate(2012, 10, 1), QTime(9, 39, 3))),
-             QStringLiteral("backup_kravo_2012_10_01_09-39-03"));
-}
-
-void TestLibraryBackup::eachChoiceDecidesWhetherToGoOn_data()
-{
-    QTest::addColumn<LibraryBackup::Wish>("wish");
-    QTest::addColumn<bool>("goOn");
-    QTest::newRow("cancelled") << LibraryBackup::Wish::Cancel << false;
-    QTest::newRow("without backup") << LibraryBackup::Wish::NoBackup << true;
-}
-
-void TestLibraryBackup::eachChoiceDecidesWhetherToGoOn()
-{
-    QFETCH(LibraryBackup::Wish, wish);
-    QFETCH(bool, goOn);
-    BackupWithoutWindows backup;
-    backup.choice = {wish, m_work->path()};
-    QCOMPARE(backup.suggest(), goOn);
-    QVERIFY(backup.reports.isEmpty());
-    QVERIFY(backup.copiedTo.isEmpty());
-    QVERIFY(entriesOf(m_work->path()).isEmpty());
-}
-
-void TestLibraryBackup::backupWithoutAFolderFails()
-{
-    BackupWithoutWindows backup;
-    backup.choice = {LibraryBackup::Wish::Backup, QString()};
-    QVERIFY(!backup.suggest());
-    QCOMPARE(backup.reports, QList<bool>{false});
-    QVERIFY(backup.copiedTo.isEmpty());
-}
-
-void TestLibraryBackup::backupGoesIntoANewFolder()
-{
-    BackupWithoutWindows backup;
-    backup.choice = {LibraryBackup::Wish::Backup, m_work->path()};
-    const QDateTime before = QDateTime::currentDateTime();
-    QVERIFY(backup.suggest());
-    const QStringList entries = entriesOf(m_work->path());
-    QCOMPARE(entries.size(), 1);
-    QVERIFY(entries.first() >= LibraryBackup::folderName(before));
-    QVERIFY(entries.first() <= LibraryBackup::folderName(QDateTime::currentDateTime()));
-    QCOMPARE(backup.copiedTo, m_work->filePath(entries.first()));
-    QCOMPARE(backup.progressTexts, (QStringList{QStringLiteral("Backup"),
-                                                QStringLiteral("Eseguo backup dellla libreria..."),
-                                                QStringLiteral("7")}));
-    QVERIFY(backup.progressOpenWhileCopying);
-    QVERIFY(!backup.progressOpenWhileReporting);
-    QCOMPARE(backup.reports, QList<bool>{true});
-}
-
-void TestLibraryBackup::failedCopyIsReportedAndTheUpdateGoesOn()
-{
-    BackupWithoutWindows backup;
-    backup.choice = {LibraryBackup::Wish::Backup, m_work->path()};
-    backup.copySucceeds = false;
-    QVERIFY(backup.suggest());
-    QCOMPARE(backup.reports, QList<bool>{false});
-    QVERIFY(!backup.progressOpenWhileReporting);
-}
-
-void TestLibraryBackup::secondBackupInTheSameSecondFails()
-{
-    const QDateTime now = QDateTime::currentDateTime();
-    for (int second = 0; second < 5; ++second)
-        QVERIFY(QDir().mkdir(m_work->filePath(LibraryBackup::folderName(now.addSecs(second)))));
-    BackupWithoutWindows backup;
-    backup.choice = {LibraryBackup::Wish::Backup, m_work->path()};
-    QVERIFY(!backup.suggest());
-    QCOMPARE(backup.reports, QList<bool>{false});
-    QVERIFY(backup.copiedTo.isEmpty());
-}
-
-void TestLibraryBackup::folderThatCannotBeMadeStopsTheUpdate()
-{
-    BackupWithoutWindows backup;
-    backup.choice = {LibraryBackup::Wish::Backup,
-                     QStringLiteral("/proc")}; // takes no folders, not even root's
-    const LogCapture log;
-    QVERIFY(!backup.suggest());
-    QCOMPARE(backup.reports, QList<bool>{false});
-    QVERIFY(LogCapture::contains(QStringLiteral("Dest root dir creation failed ")));
-}
-
-void TestLibraryBackup::workflowIsLogged()
-{
-    BackupWithoutWindows backup;
-    backup.choice = {LibraryBackup::Wish::Backup, m_work->path()};
-    const LogCapture log;
-    QVERIFY(backup.suggest());
-    const QString bar = QStringLiteral("============================================ ");
-    QCOMPARE(
-        LogCapture::lines(),
-        (QStringList{bar, QStringLiteral("          BACKUP USER LIBRARY "), bar,
-                     QStringLiteral("Making new root backup dir: \"%1\" ").arg(backup.copiedTo),
-                     QStringLiteral(" ")}));
-}
 
 void TestLibraryBackup::wholeBackupThroughTheWindow()
 {
@@ -388,46 +211,6 @@ void TestLibraryBackup::folderTreeIsCopiedWhole()
         QStringLiteral("Making new dir: \"%1\" ").arg(m_work->filePath(QStringLiteral("sub")))));
     QVERIFY(LogCapture::contains(
         QStringLiteral("Copying file: \"%1\" ").arg(songs.filePath(QStringLiteral("a.mid")))));
-}
-
-void TestLibraryBackup::folderIsNotCopiedIntoItself()
-{
-    const SongFolder songs;
-    QVERIFY(QDir(songs.path()).mkdir(QStringLiteral("backup")));
-    songs.midi(QStringLiteral("a.mid"), "A");
-    int count = 0;
-    QVERIFY(LibraryBackup::backupDirectory(songs.path(), songs.filePath(QStringLiteral("backup")),
-                                           count));
-    QCOMPARE(count, 1);
-    QCOMPARE(entriesOf(songs.filePath(QStringLiteral("backup"))),
-             QStringList{QStringLiteral("a.mid")});
-}
-
-void TestLibraryBackup::linkedFoldersEnd()
-{
-    const SongFolder songs;
-    QVERIFY(QDir(songs.path()).mkdir(QStringLiteral("sub")));
-    QVERIFY(QFile::link(songs.path(), songs.filePath(QStringLiteral("sub/back"))));
-    songs.midi(QStringLiteral("sub/a.mid"), "A");
-    int count = 0;
-    QVERIFY(LibraryBackup::backupDirectory(songs.path(), m_work->path(), count));
-    QCOMPARE(count, 1);
-}
-
-void TestLibraryBackup::existingFilesAreKeptAndFailTheCopy()
-{
-    const SongFolder songs;
-    songs.midi(QStringLiteral("a.mid"), "A");
-    songs.midi(QStringLiteral("b.mid"), "B");
-    QFile old(m_work->filePath(QStringLiteral("a.mid")));
-    QVERIFY(old.open(QIODevice::WriteOnly));
-    old.write("old");
-    old.close();
-    int count = 0;
-    QVERIFY(!LibraryBackup::backupDirectory(songs.path(), m_work->path(), count));
-    QCOMPARE(count, 1);
-    QCOMPARE(bytesOf(old.fileName()), QByteArray("old"));
-    QVERIFY(QFile::exists(m_work->filePath(QStringLiteral("b.mid"))));
 }
 
 int main(int argc, char *argv[])

@@ -1,5 +1,4 @@
 // The import through the main window: which songs become rows.
-#include "library/libraryimport.h"
 #include "support/apptest.h"
 #include "support/importdriver.h"
 #include "support/logcapture.h"
@@ -46,8 +45,6 @@ private slots:
     void secondImportReplacesTheRows();
     void importBringsBackTheOrderPicked();
     void onlyCorruptedFilesLeaveTheTableEmpty();
-    void hostileFilesAreCountedAsBad();
-    void whatKilledProgramsLeftIsRemoved();
     void logTellsWhatWasFound();
     void progressReachesTheNumberOfFiles();
     void cancelButtonIsNotConsulted();
@@ -192,57 +189,6 @@ void TestLibraryImport::onlyCorruptedFilesLeaveTheTableEmpty()
     QCOMPARE(window.model()->goodRowCount(), 0);
     QVERIFY(window.updateButton()->isEnabled());
     QVERIFY(window.transferButton()->isEnabled());
-}
-
-void TestLibraryImport::hostileFilesAreCountedAsBad()
-{
-    using namespace songbytes;
-    const SongFolder songs;
-    const QStringList files{
-        songs.write(QStringLiteral("empty.mid"), QByteArray()),
-        songs.write(QStringLiteral("threebytes.mid"), "MTh"),
-        songs.write(QStringLiteral("notrack.mid"), "MThd" + bigEndian(6, 4) + QByteArray(6, '\0')),
-        songs.write(QStringLiteral("headeronly.mf5"), "_MF5" + QByteArray(200, '\xFF')),
-        songs.write(QStringLiteral("nopayload.mf3"), "_MF3" + QByteArray(508, '\0')),
-    };
-    WindowUnderTest window;
-    UserDriver user;
-    importThrough(window, user, files);
-    QCOMPARE(window.model()->goodRowCount(), 0);
-
-    // What no file dialog lets through: a folder with a song's name, and what is gone meanwhile.
-    QVERIFY(QDir(songs.path()).mkdir(QStringLiteral("folder.mid")));
-    CountingProgress progress;
-    const LibraryImport::Counts counts =
-        LibraryImport(*window.model(), progress)
-            .importFiles(files + QStringList{songs.filePath(QStringLiteral("folder.mid")),
-                                             songs.filePath(QStringLiteral("missing.mid"))});
-    QCOMPARE(counts.valid, 0);
-    QCOMPARE(counts.kravo, 0);
-    QCOMPARE(counts.bad, 7);
-    QCOMPARE(window.model()->goodRowCount(), 0);
-    QCOMPARE(progress.values, (QList<int>{1, 2, 3, 4, 5, 6, 7}));
-}
-
-void TestLibraryImport::whatKilledProgramsLeftIsRemoved()
-{
-    const SongFolder songs;
-    QVERIFY(QDir(songs.path()).mkdir(QStringLiteral("below")));
-    const QString song = songs.midi(QStringLiteral("a.mid"), "A");
-    songs.midi(QStringLiteral("below/b.mid"), "B");
-    const QString left = songs.write(QStringLiteral(".a.mp3.0123abcd.kavena-tmp"), "half");
-    const QString below = songs.write(QStringLiteral("below/.b.mid.kavena-part"), "half");
-    const QString users = songs.write(QStringLiteral("a.tmp"), "a file of the user's");
-    WindowUnderTest window;
-    CountingProgress progress;
-    QCOMPARE(LibraryImport(*window.model(), progress).importFiles({song}).valid, 1);
-    QVERIFY(!QFileInfo::exists(left));
-    QVERIFY(QFileInfo::exists(below));
-
-    LibraryImport::Counts counts;
-    QVERIFY(LibraryImport(*window.model(), progress).scanDir(songs.path(), counts));
-    QVERIFY(!QFileInfo::exists(below));
-    QVERIFY(QFileInfo::exists(users));
 }
 
 void TestLibraryImport::logTellsWhatWasFound()

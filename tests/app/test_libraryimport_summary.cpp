@@ -1,8 +1,6 @@
 // The import through the main window: its summary, its table, and the search through folders.
-#include "library/libraryimport.h"
 #include "support/apptest.h"
 #include "support/importdriver.h"
-#include "support/logcapture.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -33,9 +31,6 @@ private slots:
     void columnsFollowTheirContentsExceptThePath();
     void nothingElseStartsDuringAnImport();
 
-    void scanGoesThroughFoldersFirst();
-    void scanStopsWhenCancelled();
-    void scanEndsInLinkedFolders();
     void scanOfTheWindowAddsToTheCounts();
 };
 
@@ -196,68 +191,6 @@ void TestLibraryImportSummary::nothingElseStartsDuringAnImport()
     QVERIFY(tries > 0 && tries < 1000);
     QVERIFY(window.isVisible());
     QCOMPARE(window.model()->goodRowCount(), 100);
-}
-
-void TestLibraryImportSummary::scanGoesThroughFoldersFirst()
-{
-    const SongFolder songs;
-    QVERIFY(QDir(songs.path()).mkpath(QStringLiteral("sub/deeper")));
-    songs.signedMidi(QStringLiteral("a.mid"), "A");
-    songs.bad(QStringLiteral("sub/x.mid"));
-    songs.midi(QStringLiteral("sub/b.mid"), "B");
-    songs.midi(QStringLiteral("sub/deeper/c.mid"), "C");
-    const WindowUnderTest window;
-    CountingProgress progress;
-    LibraryImport::Counts counts;
-    const LogCapture log;
-    QVERIFY(LibraryImport(*window.model(), progress).scanDir(songs.path(), counts));
-    QCOMPARE(window.shownNames(), (QStringList{QStringLiteral("c.mid"), QStringLiteral("b.mid"),
-                                               QStringLiteral("a.mid")}));
-    QCOMPARE(counts.valid, 3);
-    QCOMPARE(counts.kravo, 1);
-    QCOMPARE(counts.bad, 1);
-    QCOMPARE(progress.values.last(), 4);
-
-    const QStringList lines = LogCapture::lines();
-    QCOMPARE(lines.first(),
-             QStringLiteral("[scanDir] Analyzing directory: \"%1\" ").arg(songs.path()));
-    QCOMPARE(lines.at(1), QStringLiteral("[scanDir] Found directory: \"%1\" ")
-                              .arg(songs.filePath(QStringLiteral("sub"))));
-    QVERIFY(lines.contains(QStringLiteral("[scanDir] Found file: \"%1\" ")
-                               .arg(songs.filePath(QStringLiteral("a.mid")))));
-    QVERIFY(lines.contains(QStringLiteral("[scanDir] Unknown/corrupted file \"%1\" ")
-                               .arg(songs.filePath(QStringLiteral("sub/x.mid")))));
-    QCOMPARE(lines.at(lines.size() - 2), QString(74, QLatin1Char('=')) + QLatin1Char(' '));
-    QCOMPARE(lines.last(), QStringLiteral(" "));
-}
-
-void TestLibraryImportSummary::scanStopsWhenCancelled()
-{
-    const SongFolder songs;
-    QVERIFY(QDir(songs.path()).mkdir(QStringLiteral("sub")));
-    songs.midi(QStringLiteral("sub/a.mid"), "A");
-    songs.midi(QStringLiteral("sub/b.mid"), "B");
-    songs.midi(QStringLiteral("c.mid"), "C");
-    const WindowUnderTest window;
-    CountingProgress progress;
-    progress.cancelAt = 1;
-    LibraryImport::Counts counts;
-    QVERIFY(!LibraryImport(*window.model(), progress).scanDir(songs.path(), counts));
-    QCOMPARE(window.shownNames(), QStringList{QStringLiteral("a.mid")});
-    QCOMPARE(counts.valid, 1);
-}
-
-void TestLibraryImportSummary::scanEndsInLinkedFolders()
-{
-    const SongFolder songs;
-    QVERIFY(QDir(songs.path()).mkdir(QStringLiteral("sub")));
-    QVERIFY(QFile::link(songs.path(), songs.filePath(QStringLiteral("sub/back"))));
-    songs.midi(QStringLiteral("sub/a.mid"), "A");
-    const WindowUnderTest window;
-    CountingProgress progress;
-    LibraryImport::Counts counts;
-    QVERIFY(LibraryImport(*window.model(), progress).scanDir(songs.path(), counts));
-    QCOMPARE(counts.valid, 1);
 }
 
 void TestLibraryImportSummary::scanOfTheWindowAddsToTheCounts()

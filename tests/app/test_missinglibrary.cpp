@@ -2,7 +2,9 @@
 #include "support/germantexts.h"
 #include "support/modalanswers.h"
 #include "support/ownfolders.h"
+#include "support/shorttext.h"
 #include "support/windowundertest.h"
+#include "windows/missinglibrary.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -12,11 +14,6 @@
 
 namespace
 {
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 /** While it lives, no temporary file can be made. */
 class NoTemporaryFiles
@@ -36,7 +33,9 @@ QString told(WindowUnderTest &window)
     ModalAnswers user;
     user.pressInMessageBoxes(QMessageBox::Ok);
     window.tellMissingLibrary();
-    QTest::qWait(100);
+    QCoreApplication::processEvents();
+    if (window.findChild<MissingLibrary *>() != nullptr)
+        [&] { QTRY_VERIFY(!user.messages().isEmpty()); }();
     return user.messages().join(QLatin1Char('|'));
 }
 

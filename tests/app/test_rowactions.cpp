@@ -1,6 +1,7 @@
 // The keys and menu entries of the main window: that each does its work, tells its shortcut, and
 // leaves alone what is not chosen.
 #include "support/apptest.h"
+#include "support/shorttext.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -19,11 +20,6 @@
 
 namespace
 {
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 /** A window with two songs, a.mid and b.mid, that is the active one. */
 struct TwoSongs {
@@ -244,7 +240,7 @@ void TestRowActions::doubleClickStillOpensOneWindow()
     const QPoint point = two.window.table()->visualRect(two.window.model()->index(0, 2)).center();
     QTest::mouseClick(two.window.table()->viewport(), Qt::LeftButton, {}, point);
     QTest::mouseDClick(two.window.table()->viewport(), Qt::LeftButton, {}, point);
-    QTest::qWait(20);
+    QCoreApplication::processEvents(); // a window of its own would come now
     QCOMPARE(opened.names, QStringList{s("DataEditDialog")});
 }
 

@@ -1,8 +1,8 @@
 // Songs that are dropped on the window, or that the desktop asks the program to open.
 #include "app/songdrop.h"
 #include "formats/songnames.h"
-#include "library/songsearch.h"
 #include "support/apptest.h"
+#include "support/shorttext.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -18,11 +18,6 @@
 
 namespace
 {
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 /** What a file manager sends while the user drags these files and folders. */
 class Dragged
@@ -82,15 +77,11 @@ void letTheDesktopOpen(const QStringList &paths)
     }
 }
 
-/** A progress that nobody stops. */
-OpenProgress noProgress()
+/** Waits until what was dropped or opened has been taken up or given up. */
+bool waitForItsTurn(const QWidget &window)
 {
-    return [](const QString &, const QString &, int) { return std::unique_ptr<Progress>(); };
-}
-
-QStringList found(const QStringList &paths)
-{
-    return SongSearch(noProgress()).search(paths).value_or(QStringList{s("stopped")});
+    const auto *const collecting = window.findChild<SongDrop *>()->findChild<QTimer *>();
+    return QTest::qWaitFor([collecting] { return !collecting->isActive(); });
 }
 
 } // namespace
@@ -126,10 +117,6 @@ private slots:
 
     void extensionsAreKnownInEitherCase_data();
     void extensionsAreKnownInEitherCase();
-    void foldersComeFirstAndSorted();
-    void searchEndsInLinkedFolders();
-    void songDroppedTwiceIsImportedOnce();
-    void searchThatTakesLongCanBeStopped();
 };
 
 void TestSongDrop::droppedFilesAreImported()
@@ -206,7 +193,7 @@ void TestSongDrop::foreignFilesAreRefused()
     QVERIFY(!dragged.enters(window));
     QVERIFY(!dragged.moves(window));
     QVERIFY(!dragged.drops(window));
-    QTest::qWait(50);
+    QVERIFY(waitForItsTurn(window));
     QCOMPARE(window.shownNames(), QStringList{s("old.mid")});
 }
 
@@ -283,7 +270,7 @@ void TestSongDrop::dropDuringAWorkflowIsRefused()
     window.importUserLibrary();
     QVERIFY(tries > 0);
     QCOMPARE(taken, 0);
-    QTest::qWait(50);
+    QVERIFY(waitForItsTurn(window));
     QCOMPARE(window.model()->goodRowCount(), 500);
     QVERIFY(dragged.isDroppedOn(window)); // afterwards it is welcome
     QTRY_COMPARE(window.model()->goodRowCount(), 1);
@@ -299,13 +286,13 @@ void TestSongDrop::dropBeforeAWorkflowIsNotImportedDuringIt()
         if (asked)
             return modal->close();
         asked = true;
-        QTest::qWait(50); // the drop's turn comes now
+        waitForItsTurn(window); // the drop's turn comes now
         return modal->close();
     });
     QVERIFY(Dragged({songs.midi(s("a.mid"), "A")}).isDroppedOn(window));
     window.action("actionAbout")->trigger();
     QVERIFY(asked);
-    QTest::qWait(50);
+    QVERIFY(waitForItsTurn(window));
     QCOMPARE(window.model()->goodRowCount(), 0);
 }
 
@@ -319,7 +306,7 @@ void TestSongDrop::failedDatabaseRefusesDrops()
     before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
     QVERIFY(!Dragged({song}).enters(window));
     letTheDesktopOpen({song});
-    QTest::qWait(200);
+    QVERIFY(window.findChild<SongDrop *>() == nullptr); // nobody has taken them
     QVERIFY(window.table()->model() == nullptr);
 }
 
@@ -346,7 +333,7 @@ void TestSongDrop::otherFilesOfTheDesktopAreIgnored()
     letTheDesktopOpen({songs.bad(s("readme.txt"))});
     QFileOpenEvent page(QUrl(s("https://example.org/song.mid")));
     QCoreApplication::sendEvent(qApp, &page);
-    QTest::qWait(250);
+    QVERIFY(waitForItsTurn(window));
     QCOMPARE(window.shownNames(), QStringList{s("old.mid")});
 }
 
@@ -358,11 +345,11 @@ void TestSongDrop::desktopCannotInterruptAWorkflow()
     ModalAnswers user;
     user.add([&](QWidget *modal) {
         letTheDesktopOpen({song});
-        QTest::qWait(250);
+        waitForItsTurn(window);
         return modal->close();
     });
     window.action("actionAbout")->trigger();
-    QTest::qWait(250);
+    QVERIFY(waitForItsTurn(window));
     QCOMPARE(window.model()->goodRowCount(), 0);
 }
 
@@ -416,74 +403,6 @@ void TestSongDrop::extensionsAreKnownInEitherCase()
     QFETCH(QString, name);
     QFETCH(bool, known);
     QCOMPARE(songnames::isSongName(name), known);
-}
-
-void TestSongDrop::foldersComeFirstAndSorted()
-{
-    const SongFolder songs;
-    QVERIFY(QDir(songs.path()).mkpath(s("b/inner")));
-    QVERIFY(QDir(songs.path()).mkpath(s("a")));
-    for (const char *name : {"z.mid", "y.txt", "b/2.mid", "b/1.MP3", "b/inner/3.mf3", "a/.4.mid"})
-        songs.bad(s(name));
-    QCOMPARE(found({songs.path()}),
-             (QStringList{songs.filePath(s("b/inner/3.mf3")), songs.filePath(s("b/1.MP3")),
-                          songs.filePath(s("b/2.mid")), songs.filePath(s("z.mid"))}));
-    QCOMPARE(found({songs.filePath(s("missing")), songs.filePath(s("y.txt"))}),
-             (QStringList{songs.filePath(s("missing")), songs.filePath(s("y.txt"))}));
-}
-
-void TestSongDrop::searchEndsInLinkedFolders()
-{
-    const SongFolder songs;
-    QVERIFY(QDir(songs.path()).mkdir(s("sub")));
-    QVERIFY(QFile::link(songs.path(), songs.filePath(s("sub/back"))));
-    QVERIFY(QFile::link(s("/nowhere"), songs.filePath(s("sub/broken"))));
-    songs.bad(s("sub/a.mid"));
-    QCOMPARE(found({songs.path(), songs.filePath(s("sub"))}),
-             QStringList{songs.filePath(s("sub/a.mid"))});
-}
-
-void TestSongDrop::songDroppedTwiceIsImportedOnce()
-{
-    const SongFolder songs;
-    const QString song = songs.bad(s("a.mid"));
-    QCOMPARE(found({song, songs.path(), song}), QStringList{song});
-}
-
-void TestSongDrop::searchThatTakesLongCanBeStopped()
-{
-    /** Says "cancelled" from the third question on. */
-    class Stopping : public Progress
-    {
-    public:
-        explicit Stopping(int &asked)
-            : m_asked(asked)
-        {
-        }
-        void setMaximum(int) override {}
-        void setValue(int) override {}
-        void updateProgress(int) override {}
-        bool wasCanceled() const override { return ++m_asked > 2; }
-
-    private:
-        int &m_asked;
-    };
-    const SongFolder songs;
-    for (int i = 0; i < 20; ++i)
-        QVERIFY(QDir(songs.path()).mkpath(s("%1/deeper").arg(i)));
-    // Something that keeps the interface busy between two folders, as a slow disk does.
-    QTimer slow;
-    connect(&slow, &QTimer::timeout, &slow, [] { QTest::qSleep(60); });
-    slow.start(0);
-    int opened = 0;
-    int asked = 0;
-    SongSearch search([&](const QString &, const QString &, int maximum) {
-        opened += maximum == 0 ? 1 : 100;
-        return std::make_unique<Stopping>(asked);
-    });
-    QVERIFY(!search.search({songs.path()}).has_value());
-    QCOMPARE(opened, 1);
-    QCOMPARE(asked, 3);
 }
 
 int main(int argc, char *argv[])

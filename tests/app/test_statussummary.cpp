@@ -3,6 +3,7 @@
 #include "support/apptest.h"
 #include "support/catalogue.h"
 #include "support/interfacelanguage.h"
+#include "support/shorttext.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -19,11 +20,6 @@
 
 namespace
 {
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 /** The text as it is read, without the coloured squares and with single blanks. */
 QString summary(const WindowUnderTest &window)
@@ -87,10 +83,6 @@ private slots:
     void listShowsTheWholePath();
     void listWaitsForAWorkflow();
     void listFollowsTheLanguage();
-
-    void reasonIsFound_data();
-    void reasonIsFound();
-    void fileThatMayNotBeReadIsLocked();
 };
 
 void TestStatusSummary::emptyListIsCounted()
@@ -287,46 +279,6 @@ void TestStatusSummary::listFollowsTheLanguage()
     QCOMPARE(list->topLevelItem(0)->text(1), s("Format nicht erkannt"));
     QCOMPARE(child<QDialogButtonBox>(&dialog, "buttonBox")->button(QDialogButtonBox::Close)->text(),
              s("S&chließen"));
-}
-
-void TestStatusSummary::reasonIsFound_data()
-{
-    using Reason = UnreadableFile::Reason;
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<Reason>("reason");
-    QTest::newRow("text") << s("a.mid") << QByteArray("text") << Reason::UnknownFormat;
-    QTest::newRow("empty") << s("a.mp3") << QByteArray() << Reason::Empty;
-    QTest::newRow("short magic") << s("a.mid") << QByteArray("MTh") << Reason::UnknownFormat;
-    QTest::newRow("MIDI magic") << s("a.kar") << QByteArray("MThd") << Reason::Damaged;
-    QTest::newRow("MFX magic") << s("a.mf5") << QByteArray("_MF5") << Reason::Damaged;
-    QTest::newRow("MP3 tag") << s("a.mp3") << QByteArray("ID3\x03\0\0\x7F\x7F\x7F\x7F", 10)
-                             << Reason::Damaged;
-    QTest::newRow("MP3 tag, other name")
-        << s("a.ogg") << QByteArray("ID3\x03") << Reason::UnknownFormat;
-}
-
-void TestStatusSummary::reasonIsFound()
-{
-    QFETCH(QString, name);
-    QFETCH(QByteArray, bytes);
-    QFETCH(UnreadableFile::Reason, reason);
-    const SongFolder songs;
-    const UnreadableFile file = UnreadableFile::examine(songs.write(name, bytes));
-    QCOMPARE(file.path, songs.filePath(name));
-    QCOMPARE(file.reason, reason);
-    QCOMPARE(UnreadableFile::examine(songs.path()).reason, UnreadableFile::Reason::NoFile);
-    QCOMPARE(UnreadableFile::examine(songs.filePath(s("gone.mid"))).reason,
-             UnreadableFile::Reason::Missing);
-}
-
-void TestStatusSummary::fileThatMayNotBeReadIsLocked()
-{
-    // One that the kernel lets nobody read, so that root cannot either.
-    const QString path = s("/proc/sys/vm/compact_memory");
-    if (!QFile::exists(path) || QFile(path).open(QFile::ReadOnly))
-        QSKIP("this system has no such file");
-    QCOMPARE(UnreadableFile::examine(path).reason, UnreadableFile::Reason::Locked);
 }
 
 int main(int argc, char *argv[])

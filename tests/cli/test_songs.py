@@ -66,6 +66,26 @@ class Show(CliTest):
                          ["one.mid", "two\nlines.mid", "-3.mid"])
         self.run_kavena("show", "-0", stdin=b"", status=3)
 
+    def test_list_that_cannot_be_read_stops_it(self):
+        self.write("one.mid", song())
+        folder = os.open(self.music, os.O_RDONLY)
+        shown = subprocess.run([songs.KAVENA, "show", "-0", "one.mid"], stdin=folder,
+                               cwd=self.music, env=self.environment, capture_output=True,
+                               check=False)
+        os.close(folder)
+        self.assertEqual((shown.returncode, shown.stdout), (1, b""))
+        self.assertIn(b"-0", shown.stderr)
+        self.run_kavena("show", "-0", stdin=b"x" * 100000, status=1)
+
+    def test_names_mean_no_other_file(self):
+        self.write("a.mid", song("Other"))
+        for name in ("\ufeffa.mid", ":a.mid"):
+            self.assertEqual(self.run_kavena("show", "--json", name, status=1).lines[0]["path"][-5:],
+                             "a.mid")
+            self.write(name, song("Own"))
+            shown = self.run_kavena("show", "--json", name, status=0)
+            self.assertEqual(shown.lines[0]["title"], "Own")
+
     def test_names_that_are_no_utf8_keep_the_line_valid(self):
         (self.music / os.fsdecode(b"x\xff\xe8.mid")).write_bytes(song())
         shown = self.run_kavena("show", "--json", b"x\xff\xe8.mid", status=1)
@@ -108,6 +128,13 @@ class Set(CliTest):
         self.assertIn("kavena: gone.mid: ", result.err)
         self.assertEqual(bad.read_bytes(), b"no song")
         self.assertEqual(self.run_kavena("show", "--json", "good.mid").lines[0]["title"], "New")
+
+    def test_empty_text_takes_an_item_away(self):
+        for name in ("a.mid", "b.mid"):
+            self.write(name, song("Old"))
+        self.run_kavena("set", "--title=", "a.mid", "b.mid", status=0)
+        for line in self.run_kavena("show", "--json", "a.mid", "b.mid", status=0).lines:
+            self.assertEqual(line["title"], "")
 
     def test_lost_characters_are_told(self):
         self.write("s.mid", song())

@@ -123,6 +123,23 @@ class Interruptions(CliTest):
         for signum in (signal.SIGINT, signal.SIGTERM):
             self.stop_with(signum)
 
+    def test_interrupt_stops_the_wait_for_a_list(self):
+        reader, writer = os.pipe()
+        for signum in (signal.SIGINT, signal.SIGTERM):
+            process = subprocess.Popen([songs.KAVENA, "show", "-0"], stdin=reader,
+                                       stderr=subprocess.PIPE, cwd=self.music,
+                                       env=self.environment)
+            os.write(writer, b"a.mid\0")
+            deadline = time.monotonic() + 30
+            while select.select([reader], [], [], 0)[0] and time.monotonic() < deadline:
+                time.sleep(0.01)  # until it has taken what there is, and waits for more
+            time.sleep(0.05)
+            process.send_signal(signum)
+            self.assertIn(b"Stopped", process.communicate(timeout=30)[1])
+            self.assertEqual(process.returncode, 3)
+        os.close(reader)
+        os.close(writer)
+
     def stop_with(self, signum):
         """Songs are done until the signal comes, and every song is the old or the new one."""
         paths = [self.write(f"{signum.value}/{number}/{ITEM}", song("X", signed=True))

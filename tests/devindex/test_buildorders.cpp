@@ -90,7 +90,7 @@ void TestBuildOrders::anEmptyIndexHasEmptyOrders()
 void TestBuildOrders::theMostSongsThatAMemoryHoldsAreAllThere()
 {
     QList<SongInfoIndex> entries;
-    for (int i = 0; i < SongInfoIndex::MaxSongs; ++i) {
+    for (int i = 0; i < SongInfoIndex::maxSongs; ++i) {
         SongInfoIndex entry;
         entry.title = QString::number(100000 + i);
         entry.id = quint32(i);
@@ -98,7 +98,7 @@ void TestBuildOrders::theMostSongsThatAMemoryHoldsAreAllThere()
         entries.prepend(entry);
     }
     const EntryList list = BuildOrders(entries).byTitle();
-    QCOMPARE(list.size(), std::size_t(SongInfoIndex::MaxSongs));
+    QCOMPARE(list.size(), std::size_t(SongInfoIndex::maxSongs));
     for (std::size_t i = 0; i < list.size(); ++i)
         QCOMPARE(list[i]->id, quint32(i));
 }

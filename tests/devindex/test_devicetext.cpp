@@ -11,6 +11,7 @@ class TestDeviceText : public QObject
 
 private slots:
     void sharpSIsKeptInUpperCase();
+    void upperCaseOfEachCharacterIsThatOfTheLibrary();
     void upperCaseMayGrow();
     void pathsAreEncodedInIbm850();
     void everyIbm850ByteSurvivesLoadingAndWriting();
@@ -25,6 +26,15 @@ void TestDeviceText::sharpSIsKeptInUpperCase()
     QCOMPARE(stringToUpper(QStringLiteral("Straße")), QStringLiteral("STRAßE"));
     QCOMPARE(stringToUpper(QStringLiteral("ßß größe ß")), QStringLiteral("ßß GRÖßE ß"));
     QCOMPARE(stringToUpper(QString()), QString());
+}
+
+void TestDeviceText::upperCaseOfEachCharacterIsThatOfTheLibrary()
+{
+    constexpr int sharpS = 0xDF;
+    for (int code = 0; code < 0xD800; ++code) {
+        const QString character{QChar(code)};
+        QCOMPARE(stringToUpper(character), code == sharpS ? character : character.toUpper());
+    }
 }
 
 void TestDeviceText::upperCaseMayGrow()

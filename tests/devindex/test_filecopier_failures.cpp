@@ -196,7 +196,8 @@ void TestFileCopierFailures::journalOfAReplacedSongGoes()
     const QString journal = m_dest + QStringLiteral("/.a.mid.kavena-journal");
     const QByteArray old = journalbytes::song(100, 'a');
     write(QStringLiteral("dest/a.mid"), journalbytes::song(150, '0'));
-    write(QStringLiteral("dest/.a.mid.kavena-journal"), journalbytes::firstJournalOf(old, 150));
+    write(QStringLiteral("dest/.a.mid.kavena-journal"),
+          journalbytes::journalOf(old, journalbytes::song(150, '0')));
     // It is needed as long as the old song is there.
     const QString source = write(QStringLiteral("lib/a.mid"), journalbytes::song(120, 'A'));
     {

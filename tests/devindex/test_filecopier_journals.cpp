@@ -50,8 +50,8 @@ bool TestFileCopierJournals::copy(const QByteArray &song)
 
 void TestFileCopierJournals::journalOfASongThatWasDeletedGoesWithItsSuccessor()
 {
-    journalbytes::makeFile(m_journal,
-                           journalbytes::firstJournalOf(journalbytes::song(90, 'a'), 95));
+    journalbytes::makeFile(m_journal, journalbytes::journalOf(journalbytes::song(90, 'a'),
+                                                              journalbytes::song(95, '0')));
     const QByteArray song = journalbytes::song(120, 'A');
     QVERIFY(copy(song));
     QVERIFY(!QFileInfo::exists(m_journal));
@@ -63,8 +63,8 @@ void TestFileCopierJournals::journalOfASongThatLeftItsPlaceFirstGoes()
     const SmallMemory memory(m_dest, 0, "size=1m");
     if (!memory.isMounted())
         QSKIP("No memory can be mounted here");
-    journalbytes::makeFile(m_journal,
-                           journalbytes::firstJournalOf(journalbytes::song(90, 'a'), 95));
+    journalbytes::makeFile(m_journal, journalbytes::journalOf(journalbytes::song(90, 'a'),
+                                                              journalbytes::song(95, '0')));
     journalbytes::makeFile(m_dest + QStringLiteral("/a.mid"), journalbytes::song(600000, 'a'));
     const QByteArray song = journalbytes::song(700000, 'A');
     QVERIFY(copy(song));

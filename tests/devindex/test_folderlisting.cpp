@@ -2,6 +2,7 @@
 // has always been that of QDir: it judges here.
 #include "devindex/folderlisting.h"
 #include "devindex/index.h"
+#include "devindex/memorywalk.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -57,6 +58,7 @@ class TestFolderListing : public QObject
 
 private slots:
     void oddNamesStandAsQDirSortsThem();
+    void byteOrderMarkIsPartOfTheName();
     void whatNoScanSeesIsLeftOut();
     void namesThatDifferInCaseHaveOneOrder();
     void songsCarryTheirTimeAndFoldersNone();
@@ -106,6 +108,21 @@ void TestFolderListing::oddNamesStandAsQDirSortsThem()
 
     QCOMPARE(namesIn(folder).size(), names.size() + 4);
     QCOMPARE(namesIn(folder), namesByQDir(folder));
+}
+
+void TestFolderListing::byteOrderMarkIsPartOfTheName()
+{
+    const QTemporaryDir folder;
+    QFile marked(folder.filePath(QChar(0xFEFF) + QStringLiteral("a.mid")));
+    QVERIFY(marked.open(QFile::WriteOnly) && marked.write("12345") == 5);
+    marked.close();
+    QVERIFY(::access(encoded(folder, "\xEF\xBB\xBF"
+                                     "a.mid")
+                         .constData(),
+                     F_OK) == 0);
+    const QStringList names = namesIn(folder);
+    QCOMPARE(names.size(), 1);
+    QCOMPARE(QFileInfo(folder.filePath(names.constFirst())).size(), 5);
 }
 
 void TestFolderListing::whatNoScanSeesIsLeftOut()
@@ -203,8 +220,9 @@ void TestFolderListing::treeOf900LevelsIsScannedInSeconds()
     QElapsedTimer timer;
     timer.start();
     index.scan_files(memory.path());
-    const qint64 elapsed = timer.elapsed();
     QCOMPARE(index.filesFound, 1U);
+    QCOMPARE(memorywalk::songs(memory.path()).size(), 1); // the check's walk
+    const qint64 elapsed = timer.elapsed();
     QVERIFY2(elapsed < 5000, qPrintable(QString::number(elapsed)));
 }
 

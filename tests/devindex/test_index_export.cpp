@@ -21,7 +21,7 @@ QByteArray midi(const QByteArray &title, const QByteArray &artist, const QByteAr
         {track(metaEvent(3, title) + kravoEvent(2, artist) + kravoEvent(1, genre) + notes())});
 }
 
-const QByteArray Header = "TITOLO;ARTISTA;GENERE;FILE;\n";
+const QByteArray headerLine = "TITOLO;ARTISTA;GENERE;FILE;\n";
 
 /** A memory of four songs and a place for lists beside it. */
 class ExportMemory : public DeviceMemory
@@ -98,7 +98,7 @@ void TestIndexExport::songsAreListedInTheChosenOrder()
         {QLatin1Char('b'), "AZZURRO;MORANDI;CANZONE;/b.mid;\n"},
         {QLatin1Char('c'), "ZINGARA;MORANDI;POP;/pop/c.mid;\n"},
         {QLatin1Char('d'), "CIAO;BATTISTI;POP;/citt\xC3\xA0/d.mid;\n"}};
-    QByteArray expected = Header;
+    QByteArray expected = headerLine;
     for (const QChar letter : letters)
         expected += lines.value(letter);
     const ExportMemory memory;
@@ -117,7 +117,7 @@ void TestIndexExport::emptyIndexGivesTheHeaderLine()
     Index index;
     const QSignalSpy maxima(&index, &Index::progressMaxSetup);
     QCOMPARE(index.saveSongsList(memory.root(), memory.list(), Index::SortByArtist), 1);
-    QCOMPARE(memory.listed(), Header);
+    QCOMPARE(memory.listed(), headerLine);
     QCOMPARE(maxima.size(), 1);
     QCOMPARE(maxima.first().first().toInt(), 0);
 }
@@ -192,7 +192,7 @@ void TestIndexExport::existingListIsReplaced()
     old.close();
     Index index;
     QCOMPARE(index.saveSongsList(memory.root(), memory.list(), Index::SortByTitle), 1);
-    QVERIFY(memory.listed().startsWith(Header));
+    QVERIFY(memory.listed().startsWith(headerLine));
     QVERIFY(!memory.listed().contains('x'));
 }
 

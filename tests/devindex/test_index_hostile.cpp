@@ -42,7 +42,7 @@ public:
         for (const QString &name : indexFiles())
             add(name, {});
         for (const char *name : {"a.mid", "b.mid", "c.mid"})
-            add(QString::fromUtf8(name), Song);
+            add(QString::fromUtf8(name), plainSong);
     }
 
     /** A plain index of these ids for a.mid, b.mid, ... */
@@ -116,7 +116,7 @@ void TestIndexHostile::plainForeignIndexIsLoaded()
     QCOMPARE(index.maxLoadedId, 0x80000000u);
     QCOMPARE(index.entries.constLast().artist, QStringLiteral("ARTIST"));
     QCOMPARE(int(index.entries.constLast().bpm), 0x78);
-    memory.add(QStringLiteral("d.mid"), Song);
+    memory.add(QStringLiteral("d.mid"), plainSong);
     QVERIFY(Index().updateIndex(memory.root()));
     QCOMPARE(memory.faults(), QString());
     QCOMPARE(memory.read(QStringLiteral("index.idx")).mid(3 * 64, 10),
@@ -148,8 +148,8 @@ void TestIndexHostile::highestIdsLeaveNoRoom()
 {
     const ForeignMemory memory;
     memory.addIndex({0, 1, 0xFFFFFFFE});
-    memory.add(QStringLiteral("d.mid"), Song);
-    memory.add(QStringLiteral("e.mid"), Song);
+    memory.add(QStringLiteral("d.mid"), plainSong);
+    memory.add(QStringLiteral("e.mid"), plainSong);
     Index index;
     const QSignalSpy errors(&index, &Index::errorFromIndex);
     QVERIFY(index.updateIndex(memory.root()));
@@ -340,7 +340,7 @@ void TestIndexHostile::pathsOutsideTheMemoryAreDropped()
     put(QStringLiteral("cardX/out.mid"), secret);
     put(QStringLiteral("card/x/") + QString(45 - 3, QLatin1Char('y')), secret);
     put(QStringLiteral("card/") + QString(45, QLatin1Char('y')), secret);
-    put(QStringLiteral("card/a.mid"), Song);
+    put(QStringLiteral("card/a.mid"), plainSong);
     QVERIFY(Index().createIndex(root));
     // The stamp differs from the file's, so that a file which is found would be read.
     const QByteArray titles = songRecord(0, "OLD") + songRecord(1, "OLD");

@@ -72,7 +72,7 @@ void TestIndexHostileFiles::linksInPlaceOfIndexFilesAreNotWrittenThrough()
     const DeviceMemory memory;
     const DeviceMemory computer;
     computer.isLeftBroken(); // it has no songs
-    memory.add(QStringLiteral("a.mid"), Song);
+    memory.add(QStringLiteral("a.mid"), plainSong);
     QVERIFY(Index().createIndex(memory.root()));
     for (const QString &name : DeviceMemory::indexFiles()) {
         computer.add(name, memory.read(name));
@@ -80,7 +80,7 @@ void TestIndexHostileFiles::linksInPlaceOfIndexFilesAreNotWrittenThrough()
         QVERIFY(QFile::link(computer.path(name), memory.path(name)));
     }
     const auto before = computer.snapshot();
-    memory.add(QStringLiteral("b.mp3"), Song);
+    memory.add(QStringLiteral("b.mp3"), plainSong);
     QVERIFY(Index().updateIndex(memory.root()));
     QCOMPARE(computer.snapshot(), before);
     QCOMPARE(memory.faults(), QString());
@@ -99,8 +99,8 @@ void TestIndexHostileFiles::folderInTheFilesPlaceFailsTheBuild()
 {
     QFETCH(QString, name);
     const DeviceMemory memory;
-    memory.add(QStringLiteral("a.mid"), Song);
-    memory.add(QStringLiteral("b.mp3"), Song);
+    memory.add(QStringLiteral("a.mid"), plainSong);
+    memory.add(QStringLiteral("b.mp3"), plainSong);
     memory.makeFolder(name);
     Index index;
     const QSignalSpy values(&index, &Index::progressValueChanged);
@@ -117,7 +117,7 @@ void TestIndexHostileFiles::shortWriteAnywhereLeavesNoIndex()
     const DeviceMemory memory;
     for (int i = 0; i < 40; ++i) {
         const char *const suffix = i % 2 == 0 ? "mid" : "mp3";
-        memory.add(QStringLiteral("%1.%2").arg(i).arg(QString::fromUtf8(suffix)), Song);
+        memory.add(QStringLiteral("%1.%2").arg(i).arg(QString::fromUtf8(suffix)), plainSong);
     }
     int failed = 0;
     int succeeded = 0;
@@ -142,7 +142,7 @@ void TestIndexHostileFiles::fullDiskLeavesNoIndex()
     if (!disk.isMounted())
         QSKIP("needs the right to mount a small disk");
     for (int i = 0; i < 40; ++i)
-        memory.add(QStringLiteral("%1.mp3").arg(i), Song);
+        memory.add(QStringLiteral("%1.mp3").arg(i), plainSong);
     int failed = 0;
     int succeeded = 0;
     const QByteArray page(4096, 'x'); // what the disk is divided into
@@ -173,10 +173,10 @@ void TestIndexHostileFiles::protectedMemoryKeepsItsIndex()
     const SmallDisk disk(memory.root(), QStringLiteral("size=1m"));
     if (!disk.isMounted())
         QSKIP("needs the right to mount a small disk");
-    memory.add(QStringLiteral("a.mid"), Song);
-    memory.add(QStringLiteral("b.mp3"), Song);
+    memory.add(QStringLiteral("a.mid"), plainSong);
+    memory.add(QStringLiteral("b.mp3"), plainSong);
     QVERIFY(Index().createIndex(memory.root()));
-    memory.add(QStringLiteral("c.mid"), Song);
+    memory.add(QStringLiteral("c.mid"), plainSong);
     const auto before = memory.snapshot();
     QVERIFY(disk.remount(QStringLiteral("ro")));
     QVERIFY(!Index().updateIndex(memory.root()));
@@ -193,9 +193,9 @@ void TestIndexHostileFiles::memoryThatVanishesGivesFalse()
     const DeviceMemory memory;
     const QString root = memory.path(QStringLiteral("card"));
     for (const char *name : {"card/a.mid", "card/b.mp3", "card/x/c.mid"})
-        memory.add(QString::fromUtf8(name), Song);
+        memory.add(QString::fromUtf8(name), plainSong);
     QVERIFY(Index().createIndex(root));
-    memory.add(QStringLiteral("card/d.mid"), Song);
+    memory.add(QStringLiteral("card/d.mid"), plainSong);
     // It goes while songs are being read, or while the index is being written.
     for (const int moment : {2, 10, 20, 60}) {
         Index index;
@@ -208,7 +208,7 @@ void TestIndexHostileFiles::memoryThatVanishesGivesFalse()
         QVERIFY(QDir(memory.root()).rename(QStringLiteral("gone"), QStringLiteral("card")));
         QVERIFY(Index().createIndex(root));
         QCOMPARE(DeviceMemory::faultsAt(root), QString());
-        memory.add(QStringLiteral("card/m%1.mid").arg(moment), Song);
+        memory.add(QStringLiteral("card/m%1.mid").arg(moment), plainSong);
     }
 }
 

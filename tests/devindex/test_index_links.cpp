@@ -25,7 +25,7 @@ private slots:
 void TestIndexLinks::linkToAFolderBeingScannedIsNotEntered()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("pop/a.mid"), Song);
+    memory.add(QStringLiteral("pop/a.mid"), plainSong);
     QVERIFY(QFile::link(memory.root(), memory.path(QStringLiteral("pop/loop"))));
     QVERIFY(QFile::link(QStringLiteral("."), memory.path(QStringLiteral("pop/self"))));
     AskedIndex index(memory);
@@ -36,7 +36,7 @@ void TestIndexLinks::linkToAFolderBeingScannedIsNotEntered()
 void TestIndexLinks::linkToAnotherFolderIsEntered()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("pop/a.mid"), Song);
+    memory.add(QStringLiteral("pop/a.mid"), plainSong);
     QVERIFY(QFile::link(memory.path(QStringLiteral("pop")), memory.path(QStringLiteral("best"))));
     AskedIndex index(memory);
     index.scan_files(memory.root());
@@ -50,7 +50,7 @@ void TestIndexLinks::linksAmongManyFoldersEnd()
     const DeviceMemory memory;
     constexpr int folders = 14;
     for (int i = 0; i < folders; ++i) {
-        memory.add(QStringLiteral("%1/s.mid").arg(i), Song);
+        memory.add(QStringLiteral("%1/s.mid").arg(i), plainSong);
         for (int other = 0; other < folders; ++other) {
             if (other != i)
                 QVERIFY(QFile::link(QStringLiteral("../%1").arg(other),
@@ -68,7 +68,7 @@ void TestIndexLinks::linksAmongManyFoldersEnd()
 void TestIndexLinks::brokenLinksAndPipesAreNoSongs()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("a.mid"), Song);
+    memory.add(QStringLiteral("a.mid"), plainSong);
     QVERIFY(QFile::link(QStringLiteral("nowhere"), memory.path(QStringLiteral("b.mid"))));
     QCOMPARE(QProcess::execute(QStringLiteral("mkfifo"), {memory.path(QStringLiteral("c.mid"))}),
              0);
@@ -83,8 +83,8 @@ void TestIndexLinks::brokenLinksAndPipesAreNoSongs()
 void TestIndexLinks::linksToPipesAndDevicesAreNoSongs()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("a.mid"), Song);
-    memory.add(QStringLiteral("sfx/real.dat"), Song);
+    memory.add(QStringLiteral("a.mid"), plainSong);
+    memory.add(QStringLiteral("sfx/real.dat"), plainSong);
     QCOMPARE(QProcess::execute(QStringLiteral("mkfifo"), {memory.path(QStringLiteral("pipe"))}), 0);
     QVERIFY(QFile::link(QStringLiteral("pipe"), memory.path(QStringLiteral("b.mid"))));
     QVERIFY(QFile::link(QStringLiteral("/dev/zero"), memory.path(QStringLiteral("c.mid"))));

@@ -42,8 +42,8 @@ private slots:
 void TestIndexLongNames::baseNameOf8CharactersIsKept9Renamed()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("12345678.mid"), Song);
-    memory.add(QStringLiteral("abcdefghi.mid"), Song);
+    memory.add(QStringLiteral("12345678.mid"), plainSong);
+    memory.add(QStringLiteral("abcdefghi.mid"), plainSong);
     AskedIndex index(memory);
     index.scan_files(memory.root());
     QCOMPARE(pathsOf(index),
@@ -74,10 +74,10 @@ void TestIndexLongNames::generatedNamesHoldNoBlanksDotsApostrophesHyphens()
     QFETCH(QString, name);
     QFETCH(QString, shortName);
     const DeviceMemory memory;
-    const QString full = memory.add(name, Song);
+    const QString full = memory.add(name, plainSong);
     AskedIndex index(memory);
     QCOMPARE(index.renameLongFileName(full), memory.path(shortName));
-    QCOMPARE(memory.read(shortName), Song);
+    QCOMPARE(memory.read(shortName), plainSong);
     QVERIFY(!QFileInfo::exists(full));
 }
 
@@ -105,12 +105,12 @@ void TestIndexLongNames::past999NothingCanBeRenamed()
         const QString stem = QStringLiteral("abcdef").left(n < 10 ? 6 : n < 100 ? 5 : 4);
         memory.add(QStringLiteral("%1-%2.mid").arg(stem).arg(n), {});
     }
-    const QString full = memory.add(QStringLiteral("abcdefghijk.mid"), Song);
-    const QString other = memory.add(QStringLiteral("abcdefghijk.kar"), Song);
+    const QString full = memory.add(QStringLiteral("abcdefghijk.mid"), plainSong);
+    const QString other = memory.add(QStringLiteral("abcdefghijk.kar"), plainSong);
     AskedIndex index(memory);
     QCOMPARE(index.renameLongFileName(full), QString());
     QVERIFY(index.questions.isEmpty());
-    QCOMPARE(memory.read(QStringLiteral("abcdefghijk.mid")), Song);
+    QCOMPARE(memory.read(QStringLiteral("abcdefghijk.mid")), plainSong);
     // Another suffix is another name.
     QCOMPARE(index.renameLongFileName(other), memory.path(QStringLiteral("abcdef-1.kar")));
     index.scan_files(memory.root());
@@ -122,7 +122,7 @@ void TestIndexLongNames::takenNamesArePassedOver()
     const DeviceMemory memory;
     memory.makeFolder(QStringLiteral("abcdef-1.mid"));
     memory.add(QStringLiteral("abcdef-2.mid"), "old");
-    const QString full = memory.add(QStringLiteral("abcdefghi.mid"), Song);
+    const QString full = memory.add(QStringLiteral("abcdefghi.mid"), plainSong);
     AskedIndex index(memory);
     QCOMPARE(index.renameLongFileName(full), memory.path(QStringLiteral("abcdef-3.mid")));
     QCOMPARE(memory.read(QStringLiteral("abcdef-2.mid")), QByteArray("old"));
@@ -131,7 +131,7 @@ void TestIndexLongNames::takenNamesArePassedOver()
 void TestIndexLongNames::rootIsNeverRenamed()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("A very long card name/a.mid"), Song);
+    memory.add(QStringLiteral("A very long card name/a.mid"), plainSong);
     AskedIndex index(memory);
     index.rootPath = memory.path(QStringLiteral("A very long card name"));
     index.scan_files(index.rootPath);
@@ -157,7 +157,7 @@ void TestIndexLongNames::karaokePicturesAreRenamedWithTheirSong()
     const DeviceMemory memory;
     const QString name = QStringLiteral("pop/My Long Song.%1");
     const QString shortName = QStringLiteral("pop/MyLong-1.%1");
-    memory.add(name.arg(suffix), Song);
+    memory.add(name.arg(suffix), plainSong);
     memory.add(name.arg(pictures), "pictures");
     memory.add(name.arg(QStringLiteral("txt")), "words");
     AskedIndex index(memory);
@@ -172,7 +172,7 @@ void TestIndexLongNames::karaokePicturesAreRenamedWithTheirSong()
 void TestIndexLongNames::picturesOfAnotherSongAreNotReplaced()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("My Long Song.mp3"), Song);
+    memory.add(QStringLiteral("My Long Song.mp3"), plainSong);
     memory.add(QStringLiteral("My Long Song.cdg"), "pictures");
     memory.add(QStringLiteral("MyLong-1.cdg"), "other pictures");
     AskedIndex index(memory);
@@ -185,9 +185,9 @@ void TestIndexLongNames::picturesOfAnotherSongAreNotReplaced()
 void TestIndexLongNames::picturesStayWithASongThatIsNotRenamed()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("My Long Song.mp3"), Song);
+    memory.add(QStringLiteral("My Long Song.mp3"), plainSong);
     memory.add(QStringLiteral("My Long Song.cdg"), "pictures");
-    memory.add(QStringLiteral("A Midi Song.mid"), Song);
+    memory.add(QStringLiteral("A Midi Song.mid"), plainSong);
     memory.add(QStringLiteral("A Midi Song.cdg"), "no pictures");
     AskedIndex index(memory, {Answer::Yes, Answer::No});
     index.scan_files(memory.root());
@@ -199,7 +199,7 @@ void TestIndexLongNames::picturesStayWithASongThatIsNotRenamed()
 void TestIndexLongNames::aFolderNamedLikeAnMp3HasNoPictures()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("A Long Album.mp3/a.mid"), Song);
+    memory.add(QStringLiteral("A Long Album.mp3/a.mid"), plainSong);
     memory.add(QStringLiteral("A Long Album.cdg"), "pictures");
     AskedIndex index(memory);
     index.scan_files(memory.root());
@@ -210,7 +210,7 @@ void TestIndexLongNames::aFolderNamedLikeAnMp3HasNoPictures()
 void TestIndexLongNames::foldersAreRenamedWithTheirSongs()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("Canzoni d'amore/Vol. 1.old/a.mid"), Song);
+    memory.add(QStringLiteral("Canzoni d'amore/Vol. 1.old/a.mid"), plainSong);
     AskedIndex index(memory);
     index.scan_files(memory.root());
     QCOMPARE(pathsOf(index), QStringList{QStringLiteral("/Canzon-1/Vol. 1.old/a.mid")});
@@ -220,8 +220,8 @@ void TestIndexLongNames::foldersAreRenamedWithTheirSongs()
 void TestIndexLongNames::aFolderThatCannotBeRenamedIsLeftOut()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("A long folder name/sub/a.mid"), Song);
-    memory.add(QStringLiteral("b.mid"), Song);
+    memory.add(QStringLiteral("A long folder name/sub/a.mid"), plainSong);
+    memory.add(QStringLiteral("b.mid"), plainSong);
     AskedIndex index(memory);
     // The name is taken between the question and the answer: renaming fails.
     index.setRenameQuestion([&memory](const QString &, const QString &) {
@@ -240,7 +240,7 @@ void TestIndexLongNames::aFolderThatCannotBeRenamedIsLeftOut()
 void TestIndexLongNames::halfASurrogatePairIsNoName()
 {
     const DeviceMemory memory;
-    const QString full = memory.add(QStringLiteral("abcde\U0001F3B5 song.mid"), Song);
+    const QString full = memory.add(QStringLiteral("abcde\U0001F3B5 song.mid"), plainSong);
     AskedIndex index(memory);
     QCOMPARE(index.renameLongFileName(full), memory.path(QStringLiteral("abcde-1.mid")));
 }
@@ -248,8 +248,8 @@ void TestIndexLongNames::halfASurrogatePairIsNoName()
 void TestIndexLongNames::yesRenamesAndAsksAgain()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("first long name.mid"), Song);
-    memory.add(QStringLiteral("second long name.mid"), Song);
+    memory.add(QStringLiteral("first long name.mid"), plainSong);
+    memory.add(QStringLiteral("second long name.mid"), plainSong);
     AskedIndex index(memory, {Answer::Yes, Answer::Yes});
     index.scan_files(memory.root());
     QCOMPARE(index.questions.size(), 2);
@@ -262,8 +262,8 @@ void TestIndexLongNames::yesRenamesAndAsksAgain()
 void TestIndexLongNames::yesToAllRenamesWithoutAsking()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("first long name.mid"), Song);
-    memory.add(QStringLiteral("second long name.mid"), Song);
+    memory.add(QStringLiteral("first long name.mid"), plainSong);
+    memory.add(QStringLiteral("second long name.mid"), plainSong);
     AskedIndex index(memory, {Answer::YesToAll});
     index.scan_files(memory.root());
     QCOMPARE(index.questions.size(), 1);
@@ -276,8 +276,8 @@ void TestIndexLongNames::yesToAllRenamesWithoutAsking()
 void TestIndexLongNames::noKeepsTheLongNameAndIndexesIt()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("first long name.mid"), Song);
-    memory.add(QStringLiteral("second long name.mid"), Song);
+    memory.add(QStringLiteral("first long name.mid"), plainSong);
+    memory.add(QStringLiteral("second long name.mid"), plainSong);
     AskedIndex index(memory, {Answer::No, Answer::Yes});
     index.scan_files(memory.root());
     QCOMPARE(index.questions.size(), 2);
@@ -288,8 +288,8 @@ void TestIndexLongNames::noKeepsTheLongNameAndIndexesIt()
 void TestIndexLongNames::noToAllKeepsEveryLongName()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("first long name.mid"), Song);
-    memory.add(QStringLiteral("second long name.mid"), Song);
+    memory.add(QStringLiteral("first long name.mid"), plainSong);
+    memory.add(QStringLiteral("second long name.mid"), plainSong);
     AskedIndex index(memory, {Answer::NoToAll});
     index.scan_files(memory.root());
     QCOMPARE(index.questions.size(), 1);
@@ -302,10 +302,10 @@ void TestIndexLongNames::noToAllKeepsEveryLongName()
 void TestIndexLongNames::answersAreKeptForTheWholeObject()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("first long name.mid"), Song);
+    memory.add(QStringLiteral("first long name.mid"), plainSong);
     AskedIndex index(memory, {Answer::NoToAll});
     index.scan_files(memory.root());
-    memory.add(QStringLiteral("second long name.mid"), Song);
+    memory.add(QStringLiteral("second long name.mid"), plainSong);
     index.scan_files(memory.root());
     QCOMPARE(index.questions.size(), 1);
     QVERIFY(QFileInfo::exists(memory.path(QStringLiteral("second long name.mid"))));
@@ -314,7 +314,7 @@ void TestIndexLongNames::answersAreKeptForTheWholeObject()
 void TestIndexLongNames::questionShowsTheCandidatesWholePath()
 {
     const DeviceMemory memory;
-    const QString full = memory.add(QStringLiteral("My Long Song Name.mid"), Song);
+    const QString full = memory.add(QStringLiteral("My Long Song Name.mid"), plainSong);
     AskedIndex index(memory);
     index.renameLongFileName(full);
     QCOMPARE(index.questions,

@@ -14,7 +14,7 @@ using namespace songbytes;
 namespace
 {
 
-const QByteArray Song = midiFile({track(metaEvent(3, "Song") + notes())});
+const QByteArray plainSong = midiFile({track(metaEvent(3, "Song") + notes())});
 
 /** The player's bytes behind the id; they differ from record to record. */
 QByteArray own(int record)
@@ -47,7 +47,7 @@ public:
     PlaylistMemory()
     {
         for (const char *name : {"a.mid", "b.mid", "c.mid", "d.mid", "é.mid"})
-            add(QString::fromUtf8(name), Song);
+            add(QString::fromUtf8(name), plainSong);
         if (!Index().createIndex(root()))
             qFatal("no index");
     }
@@ -79,10 +79,10 @@ public:
     }
 };
 
-const QByteArray One("\x01\x00", 2);
-const QByteArray Two("\x02\x00", 2);
-const QByteArray Three("\x03\x00", 2);
-const QByteArray Four("\x04\x00", 2);
+const QByteArray one("\x01\x00", 2);
+const QByteArray two("\x02\x00", 2);
+const QByteArray three("\x03\x00", 2);
+const QByteArray four("\x04\x00", 2);
 
 } // namespace
 
@@ -143,7 +143,7 @@ void TestIndexPlaylists::withoutListNothingHappens()
 void TestIndexPlaylists::pathsAreSavedOnce()
 {
     const PlaylistMemory memory;
-    memory.addList({One});
+    memory.addList({one});
     memory.addPlaylist("0001", {4, 0, 4});
     Index index;
     index.rootPath = memory.root();
@@ -157,7 +157,7 @@ void TestIndexPlaylists::pathsAreSavedOnce()
 void TestIndexPlaylists::withAllPathFilesNothingIsWritten()
 {
     const PlaylistMemory memory;
-    memory.addList({One});
+    memory.addList({one});
     memory.addPlaylist("0001", {3});
     memory.add(QStringLiteral("playlist/play0001.pts"), "anything");
     memory.ageIndex();
@@ -171,7 +171,7 @@ void TestIndexPlaylists::withAllPathFilesNothingIsWritten()
 void TestIndexPlaylists::oneMissingPathFileRenewsAll()
 {
     const PlaylistMemory memory;
-    memory.addList({Two, One});
+    memory.addList({two, one});
     memory.addPlaylist("0001", {1});
     memory.addPlaylist("0002", {2});
     memory.add(QStringLiteral("playlist/play0001.pts"), pathRecord("/old.mid"));
@@ -201,7 +201,7 @@ void TestIndexPlaylists::unknownIdBecomesAnEmptyPath()
 {
     const PlaylistMemory memory;
     memory.isLeftBroken();
-    memory.addList({One});
+    memory.addList({one});
     memory.addPlaylist("0001", {99, 1, 0xFFFFFFFF});
     Index index;
     index.rootPath = memory.root();
@@ -212,7 +212,7 @@ void TestIndexPlaylists::unknownIdBecomesAnEmptyPath()
 void TestIndexPlaylists::playlistWithoutFileIsLeftOut()
 {
     const PlaylistMemory memory;
-    memory.addList({One, Two});
+    memory.addList({one, two});
     memory.addPlaylist("0002", {2});
     Index index;
     index.rootPath = memory.root();
@@ -225,7 +225,7 @@ void TestIndexPlaylists::onlyMissingPlaylistsNeedNoPathFiles()
 {
     // Nothing can be saved for a playlist without a file; the ids must not change for it each time.
     const PlaylistMemory memory;
-    memory.addList({One, Two});
+    memory.addList({one, two});
     memory.addPlaylist("0002", {2});
     memory.add(QStringLiteral("playlist/play0002.pts"), pathRecord("/c.mid"));
     memory.ageIndex();
@@ -238,7 +238,7 @@ void TestIndexPlaylists::damagedIndexSavesNothing()
 {
     const PlaylistMemory memory;
     memory.isLeftBroken();
-    memory.addList({One});
+    memory.addList({one});
     memory.addPlaylist("0001", {2});
     memory.add(QStringLiteral("genre.idx"), "short");
     const auto before = memory.snapshot();
@@ -256,7 +256,7 @@ void TestIndexPlaylists::emptyIndexSavesNothing()
     memory.isLeftBroken();
     for (const QString &name : DeviceMemory::indexFiles())
         memory.add(name, {});
-    memory.add(QStringLiteral("playlist/playlist.dat"), listRecord(One));
+    memory.add(QStringLiteral("playlist/playlist.dat"), listRecord(one));
     memory.add(QStringLiteral("playlist/play0001.dat"), playlist({0}));
     Index index;
     index.rootPath = memory.root();
@@ -268,7 +268,7 @@ void TestIndexPlaylists::incompleteRecordsAreLeftOut()
 {
     const PlaylistMemory memory;
     memory.isLeftBroken();
-    memory.add(QStringLiteral("playlist/playlist.dat"), listRecord(One) + listRecord(Two).left(31));
+    memory.add(QStringLiteral("playlist/playlist.dat"), listRecord(one) + listRecord(two).left(31));
     memory.add(QStringLiteral("playlist/play0001.dat"), playlist({1, 2}).left(63));
     memory.addPlaylist("0002", {2});
     Index index;
@@ -281,7 +281,7 @@ void TestIndexPlaylists::incompleteRecordsAreLeftOut()
 void TestIndexPlaylists::repeatedNumbersAreTakenOnce()
 {
     const PlaylistMemory memory;
-    memory.addList(QByteArrayList(70000, One) + QByteArrayList{Two});
+    memory.addList(QByteArrayList(70000, one) + QByteArrayList{two});
     memory.addPlaylist("0001", {1});
     memory.addPlaylist("0002", {2});
     Index index;
@@ -293,10 +293,10 @@ void TestIndexPlaylists::repeatedNumbersAreTakenOnce()
 void TestIndexPlaylists::updatePointsPlaylistsAtNewIds()
 {
     const PlaylistMemory memory;
-    memory.addList({One, Two});
+    memory.addList({one, two});
     memory.addPlaylist("0001", {4, 0});
     memory.addPlaylist("0002", {2, 2, 3});
-    memory.add(QStringLiteral("0new.mid"), Song);
+    memory.add(QStringLiteral("0new.mid"), plainSong);
     Index index;
     const LogCapture log;
     QVERIFY(index.updateIndex(memory.root()));
@@ -314,7 +314,7 @@ void TestIndexPlaylists::updatePointsPlaylistsAtNewIds()
 void TestIndexPlaylists::secondUpdateKeepsEverything()
 {
     const PlaylistMemory memory;
-    memory.addList({One});
+    memory.addList({one});
     memory.addPlaylist("0001", {4, 0});
     QVERIFY(Index().updateIndex(memory.root()));
     memory.ageIndex();
@@ -326,9 +326,9 @@ void TestIndexPlaylists::secondUpdateKeepsEverything()
 void TestIndexPlaylists::rebuildPointsPlaylistsAtNewIds()
 {
     const PlaylistMemory memory;
-    memory.addList({One});
+    memory.addList({one});
     memory.addPlaylist("0001", {4, 1});
-    memory.add(QStringLiteral("0new.mid"), Song);
+    memory.add(QStringLiteral("0new.mid"), plainSong);
     QVERIFY(Index().createIndex(memory.root()));
     QCOMPARE(memory.faults(), QString());
     QCOMPARE(memory.songs("0001"), playlist({5, 2}));
@@ -338,7 +338,7 @@ void TestIndexPlaylists::songThatIsGoneShiftsTheOthers()
 {
     const PlaylistMemory memory;
     memory.isLeftBroken();
-    memory.addList({One});
+    memory.addList({one});
     memory.addPlaylist("0001", {0, 1, 2, 3});
     memory.remove(QStringLiteral("b.mid"));
     QVERIFY(Index().updateIndex(memory.root()));
@@ -396,7 +396,7 @@ void TestIndexPlaylists::restoreEndsWithTheShorterFile()
 void TestIndexPlaylists::pathFileThatCannotBeMadeKeepsTheIds()
 {
     const PlaylistMemory memory;
-    memory.addList({One});
+    memory.addList({one});
     memory.addPlaylist("0001", {2});
     QVERIFY(QFile::link(QStringLiteral("/nowhere/at/all"),
                         memory.path(QStringLiteral("playlist/play0001.pts"))));
@@ -413,7 +413,7 @@ void TestIndexPlaylists::linksInPlaceOfPlaylistsAreNotWrittenThrough()
     const PlaylistMemory memory;
     memory.isLeftBroken();
     const DeviceMemory computer;
-    memory.addList({One, Two, Three, Four});
+    memory.addList({one, two, three, four});
     const auto link = [&](const char *number, const char *suffix, const QByteArray &bytes) {
         const QString name = PlaylistMemory::fileName(number, suffix);
         QVERIFY(QFile::link(computer.add(name, bytes), memory.path(name)));
@@ -445,7 +445,7 @@ void TestIndexPlaylists::folderInPlaceOfTheListIsNoList()
 void TestIndexPlaylists::playlistsThatCannotBeSavedKeepTheIndex()
 {
     const PlaylistMemory memory;
-    memory.addList({One, Two});
+    memory.addList({one, two});
     memory.addPlaylist("0001", {1});
     memory.addPlaylist("0002", {1, 2, 3});
     memory.ageIndex();
@@ -473,7 +473,7 @@ void TestIndexPlaylists::playlistsThatCannotBeSavedKeepTheIndex()
 void TestIndexPlaylists::playlistsThatCannotBeRestoredAreTold()
 {
     const PlaylistMemory memory;
-    memory.addList({One});
+    memory.addList({one});
     memory.addPlaylist("0001", {2});
     Index index;
     index.rootPath = memory.root();

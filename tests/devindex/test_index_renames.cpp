@@ -17,7 +17,7 @@ using namespace songbytes;
 namespace
 {
 
-const QByteArray Song = midiFile({track(metaEvent(3, "Song") + notes())});
+const QByteArray plainSong = midiFile({track(metaEvent(3, "Song") + notes())});
 
 /** An index of this memory that renames whatever it may. */
 class RenamingIndex : public Index
@@ -92,14 +92,14 @@ void TestIndexRenames::cutOffSaveIsUndoneBeforeTheSongIsRenamed()
 {
     const DeviceMemory memory;
     const QByteArray newBytes = midiFile({track(metaEvent(3, "Other title") + notes())});
-    const QString song = memory.add(QStringLiteral("My Long Song.mid"), Song);
-    cutSaveOff(song, Song, newBytes);
-    QVERIFY(memory.read(QStringLiteral("My Long Song.mid")) != Song);
+    const QString song = memory.add(QStringLiteral("My Long Song.mid"), plainSong);
+    cutSaveOff(song, plainSong, newBytes);
+    QVERIFY(memory.read(QStringLiteral("My Long Song.mid")) != plainSong);
     RenamingIndex index(memory);
     const QSignalSpy errors(&index, &Index::errorFromIndex);
     index.scan_files(memory.root());
     QCOMPARE(index.paths(), QStringList{QStringLiteral("/MyLong-1.mid")});
-    QCOMPARE(memory.read(QStringLiteral("MyLong-1.mid")), Song);
+    QCOMPARE(memory.read(QStringLiteral("MyLong-1.mid")), plainSong);
     QCOMPARE(errors.size(), 0);
     QVERIFY(!QFileInfo::exists(SongJournal(song).path()));
 }
@@ -107,11 +107,11 @@ void TestIndexRenames::cutOffSaveIsUndoneBeforeTheSongIsRenamed()
 void TestIndexRenames::songInUseIsLeftAloneAndReported()
 {
     const DeviceMemory memory;
-    const QString song = memory.add(QStringLiteral("My Long Song.mid"), Song);
+    const QString song = memory.add(QStringLiteral("My Long Song.mid"), plainSong);
     SongJournal held(song); // as another program that saves the song
     SongJournal::Content content;
-    content.oldBytes = Song;
-    content.newBytes = Song;
+    content.oldBytes = plainSong;
+    content.newBytes = plainSong;
     QVERIFY(held.write(content));
     RenamingIndex index(memory);
     const QSignalSpy errors(&index, &Index::errorFromIndex);
@@ -127,7 +127,7 @@ void TestIndexRenames::songInUseIsLeftAloneAndReported()
 void TestIndexRenames::remainsOfAJournalGoBeforeTheSongIsRenamed()
 {
     const DeviceMemory memory;
-    const QString song = memory.add(QStringLiteral("My Long Song.mid"), Song);
+    const QString song = memory.add(QStringLiteral("My Long Song.mid"), plainSong);
     memory.add(QStringLiteral(".My Long Song.mid.kavena-journal"), "no journal");
     RenamingIndex index(memory);
     index.scan_files(memory.root());
@@ -140,8 +140,8 @@ void TestIndexRenames::linkIsRenamedWithoutTouchingItsSong()
     const DeviceMemory memory;
     const DeviceMemory computer;
     const QByteArray newBytes = midiFile({track(metaEvent(3, "Other title") + notes())});
-    const QString song = computer.add(QStringLiteral("song.mid"), Song);
-    cutSaveOff(song, Song, newBytes);
+    const QString song = computer.add(QStringLiteral("song.mid"), plainSong);
+    cutSaveOff(song, plainSong, newBytes);
     QVERIFY(QFile::link(song, memory.path(QStringLiteral("A long link.mid"))));
     const auto before = computer.snapshot();
     RenamingIndex index(memory);
@@ -162,7 +162,7 @@ void TestIndexRenames::picturesAndSongGetABaseThatIsFreeForBoth()
 {
     QFETCH(QString, taken);
     const DeviceMemory memory;
-    memory.add(QStringLiteral("My Long Song.mp3"), Song);
+    memory.add(QStringLiteral("My Long Song.mp3"), plainSong);
     memory.add(QStringLiteral("My Long Song.cdg"), "pictures");
     memory.add(taken, "other");
     RenamingIndex index(memory);
@@ -175,8 +175,8 @@ void TestIndexRenames::picturesAndSongGetABaseThatIsFreeForBoth()
 void TestIndexRenames::songWithoutPicturesGetsNotThoseOfAnother()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("My Long Song.mp3"), Song);
-    memory.add(QStringLiteral("My Long Tune.mid"), Song);
+    memory.add(QStringLiteral("My Long Song.mp3"), plainSong);
+    memory.add(QStringLiteral("My Long Tune.mid"), plainSong);
     memory.add(QStringLiteral("MyLong-1.cdg"), "other pictures");
     RenamingIndex index(memory);
     index.scan_files(memory.root());
@@ -187,7 +187,7 @@ void TestIndexRenames::songWithoutPicturesGetsNotThoseOfAnother()
 void TestIndexRenames::picturesThatCannotBeRenamedKeepTheSongsName()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("My Long Song.mp3"), Song);
+    memory.add(QStringLiteral("My Long Song.mp3"), plainSong);
     memory.add(QStringLiteral("My Long Song.cdg"), "pictures");
     Index index;
     index.rootPath = memory.root();
@@ -197,7 +197,7 @@ void TestIndexRenames::picturesThatCannotBeRenamedKeepTheSongsName()
         return Answer::Yes;
     });
     index.scan_files(memory.root());
-    QCOMPARE(memory.read(QStringLiteral("My Long Song.mp3")), Song);
+    QCOMPARE(memory.read(QStringLiteral("My Long Song.mp3")), plainSong);
     QCOMPARE(memory.read(QStringLiteral("My Long Song.cdg")), QByteArray("pictures"));
     QVERIFY(!QFileInfo::exists(memory.path(QStringLiteral("MyLong-1.mp3"))));
 }
@@ -214,8 +214,8 @@ void TestIndexRenames::systemFoldersAreNeitherScannedNorRenamed()
 {
     QFETCH(QString, name);
     const DeviceMemory memory;
-    memory.add(QStringLiteral("a.mid"), Song);
-    memory.add(name + QStringLiteral("/A long deleted song.mid"), Song);
+    memory.add(QStringLiteral("a.mid"), plainSong);
+    memory.add(name + QStringLiteral("/A long deleted song.mid"), plainSong);
     const auto before = memory.snapshot();
     RenamingIndex index(memory);
     index.scan_files(memory.root());
@@ -228,8 +228,8 @@ void TestIndexRenames::foldersThatOnlyLookLikeThoseAreScanned()
 {
     const DeviceMemory memory;
     for (const char *name : {"FOUND.1", "FOUND.abc", "FOUND", "LOST", "RECYCLE"})
-        memory.add(QString::fromUtf8(name) + QStringLiteral("/a.mid"), Song);
-    memory.add(QStringLiteral("lost.dir.mid"), Song);
+        memory.add(QString::fromUtf8(name) + QStringLiteral("/a.mid"), plainSong);
+    memory.add(QStringLiteral("lost.dir.mid"), plainSong);
     RenamingIndex index(memory);
     index.scan_files(memory.root());
     QCOMPARE(index.paths().size(), 6);
@@ -239,7 +239,7 @@ void TestIndexRenames::nothingIsRenamedThroughALinkOutOfTheMemory()
 {
     const DeviceMemory memory;
     const DeviceMemory computer;
-    computer.add(QStringLiteral("My Music Folder/A long song name.mp3"), Song);
+    computer.add(QStringLiteral("My Music Folder/A long song name.mp3"), plainSong);
     computer.add(QStringLiteral("My Music Folder/A long song name.cdg"), "pictures");
     QVERIFY(QFile::link(computer.root(), memory.path(QStringLiteral("music"))));
     const auto before = computer.snapshot();
@@ -254,7 +254,7 @@ void TestIndexRenames::nothingIsRenamedThroughALinkOutOfTheMemory()
 void TestIndexRenames::linkWithinTheMemoryIsRenamedThrough()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("sfx/A long song name.mid"), Song);
+    memory.add(QStringLiteral("sfx/A long song name.mid"), plainSong);
     QVERIFY(QFile::link(memory.path(QStringLiteral("sfx")), memory.path(QStringLiteral("best"))));
     RenamingIndex index(memory);
     index.scan_files(memory.root());
@@ -268,7 +268,7 @@ void TestIndexRenames::filesWithoutASizeAreNotRead()
     const QString full = QStringLiteral("/proc/self/status");
     const DeviceMemory memory;
     memory.isJudgedWith({QStringLiteral("--allow-changed")});
-    memory.add(QStringLiteral("a.mid"), Song);
+    memory.add(QStringLiteral("a.mid"), plainSong);
     QVERIFY(QFile::link(full, memory.path(QStringLiteral("b.mid"))));
     QVERIFY(QFile::link(endless, memory.path(QStringLiteral("c.mid"))));
     SongInfoIndex entry;

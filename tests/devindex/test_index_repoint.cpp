@@ -31,8 +31,8 @@ QByteArray playlist(const QList<quint32> &ids)
     return bytes;
 }
 
-const QString Songs = QStringLiteral("playlist/play0001.dat");
-const QString Paths = QStringLiteral("playlist/play0001.pts");
+const QString playlistSongs = QStringLiteral("playlist/play0001.dat");
+const QString playlistPaths = QStringLiteral("playlist/play0001.pts");
 
 /** Songs b.mid to e.mid with the ids 0 to 3, and a playlist of three of them. */
 class PlaylistMemory : public DeviceMemory
@@ -45,7 +45,7 @@ public:
         add(QStringLiteral("playlist/playlist.dat"), QByteArray("\x01", 1) + QByteArray(31, '\0'));
         if (!Index().createIndex(root()))
             qFatal("no index");
-        add(Songs, playlist({3, 0, 2}));
+        add(playlistSongs, playlist({3, 0, 2}));
     }
 
     /** An update makes the path file; then the user changes the playlist on the player. */
@@ -53,7 +53,7 @@ public:
     {
         if (!Index().updateIndex(root()))
             qFatal("no update");
-        add(Songs, playlist({idOf("c.mid"), idOf("e.mid"), idOf("c.mid"), idOf("b.mid")}));
+        add(playlistSongs, playlist({idOf("c.mid"), idOf("e.mid"), idOf("c.mid"), idOf("b.mid")}));
     }
 
     quint32 idOf(const QByteArray &name) const
@@ -119,12 +119,12 @@ void TestIndexRepoint::rebuildWithAllPathFilesKeepsTheSongs()
 {
     const PlaylistMemory memory;
     QVERIFY(Index().updateIndex(memory.root()));
-    QVERIFY(QFileInfo::exists(memory.path(Paths)));
+    QVERIFY(QFileInfo::exists(memory.path(playlistPaths)));
     memory.notePlaylists();
     memory.add(QStringLiteral("a.mid"), song("first"));
     QVERIFY(Index().createIndex(memory.root()));
     QCOMPARE(memory.playlistFaults(), QString());
-    QCOMPARE(memory.read(Songs), playlist({4, 1, 3}));
+    QCOMPARE(memory.read(playlistSongs), playlist({4, 1, 3}));
 }
 
 void TestIndexRepoint::rebuildTakesTheOldIndexNotStalePathFiles()
@@ -135,7 +135,7 @@ void TestIndexRepoint::rebuildTakesTheOldIndexNotStalePathFiles()
     memory.add(QStringLiteral("a.mid"), song("first"));
     QVERIFY(Index().createIndex(memory.root()));
     QCOMPARE(memory.playlistFaults(), QString());
-    QCOMPARE(memory.read(Songs), playlist({2, 4, 2, 1}));
+    QCOMPARE(memory.read(playlistSongs), playlist({2, 4, 2, 1}));
 }
 
 void TestIndexRepoint::rebuildWithoutAnOldIndexTakesThePathFiles()
@@ -169,10 +169,10 @@ void TestIndexRepoint::changedUpdateNotesThePlaylistsOfNow()
     const PlaylistMemory memory;
     memory.editPlaylistAfterItsPathsWereSaved();
     memory.notePlaylists();
-    const QByteArray ids = memory.read(Songs);
+    const QByteArray ids = memory.read(playlistSongs);
     memory.add(QStringLiteral("a.mid"), song("first"));
     QVERIFY(Index().updateIndex(memory.root()));
-    QCOMPARE(memory.read(Songs), ids);
+    QCOMPARE(memory.read(playlistSongs), ids);
     for (const QString &name : DeviceMemory::indexFiles())
         memory.remove(name);
     QVERIFY(Index().createIndex(memory.root()));
@@ -261,7 +261,7 @@ void TestIndexRepoint::writeProtectedPlaylistIsPointedAtItsSongs()
     memory.editPlaylistAfterItsPathsWereSaved();
     memory.notePlaylists();
     memory.add(QStringLiteral("a.mid"), song("first"));
-    QFile::setPermissions(memory.path(Songs), QFile::ReadOwner);
+    QFile::setPermissions(memory.path(playlistSongs), QFile::ReadOwner);
     QCOMPARE(::system(qPrintable(QStringLiteral("chown -R 65534 '%1'").arg(memory.root()))), 0);
     {
         const faults::AnotherUser user;
@@ -278,12 +278,13 @@ void TestIndexRepoint::pathsOutsideLatin1AreFound()
     memory.add(QStringLiteral("koz.mid"), song("Koz"));
     QVERIFY(Index().createIndex(memory.root()));
     const QByteArray name("k\xD5z.mid");
-    memory.add(Songs, playlist({memory.idOf("koz.mid"), memory.idOf(name), memory.idOf("b.mid")}));
+    memory.add(playlistSongs,
+               playlist({memory.idOf("koz.mid"), memory.idOf(name), memory.idOf("b.mid")}));
     memory.notePlaylists();
     memory.add(QStringLiteral("a.mid"), song("first"));
     QVERIFY(Index().createIndex(memory.root()));
     QCOMPARE(memory.playlistFaults(), QString());
-    QCOMPARE(memory.read(Songs),
+    QCOMPARE(memory.read(playlistSongs),
              playlist({memory.idOf("koz.mid"), memory.idOf(name), memory.idOf("b.mid")}));
 }
 

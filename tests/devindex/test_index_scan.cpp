@@ -88,10 +88,10 @@ void TestIndexScan::songSuffixesInAnyCase()
 void TestIndexScan::foldersAreWalkedAndFilesCounted()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("b.mid"), Song);
-    memory.add(QStringLiteral("pop/a.MP3"), Song);
-    memory.add(QStringLiteral("pop/old/c.kar"), Song);
-    memory.add(QStringLiteral("pop/read.txt"), Song);
+    memory.add(QStringLiteral("b.mid"), plainSong);
+    memory.add(QStringLiteral("pop/a.MP3"), plainSong);
+    memory.add(QStringLiteral("pop/old/c.kar"), plainSong);
+    memory.add(QStringLiteral("pop/read.txt"), plainSong);
     memory.add(QStringLiteral("playlist/playlist.dat"), {});
     AskedIndex index(memory);
     index.scan_files(memory.root());
@@ -108,9 +108,9 @@ void TestIndexScan::playerFoldersAreNotEntered()
 {
     const DeviceMemory memory;
     for (const char *folder : {"BRIDGE", "Sfx", "sfx", "pop/bridge"})
-        memory.add(QString::fromUtf8(folder) + QStringLiteral("/x.mid"), Song);
-    memory.add(QStringLiteral("bridge.mid"), Song);
-    memory.add(QStringLiteral("sfx2/y.mid"), Song);
+        memory.add(QString::fromUtf8(folder) + QStringLiteral("/x.mid"), plainSong);
+    memory.add(QStringLiteral("bridge.mid"), plainSong);
+    memory.add(QStringLiteral("sfx2/y.mid"), plainSong);
     AskedIndex index(memory);
     index.scan_files(memory.root());
     QCOMPARE(pathsOf(index),
@@ -120,11 +120,11 @@ void TestIndexScan::playerFoldersAreNotEntered()
 void TestIndexScan::hiddenEntriesAreSkipped()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral(".hidden.mid"), Song);
-    memory.add(QStringLiteral(".Trashes/x.mid"), Song);
-    memory.add(QStringLiteral(".a.mid.kavena-journal"), Song);
-    memory.add(QStringLiteral("a.tmp"), Song);
-    memory.add(QStringLiteral("a.mid"), Song);
+    memory.add(QStringLiteral(".hidden.mid"), plainSong);
+    memory.add(QStringLiteral(".Trashes/x.mid"), plainSong);
+    memory.add(QStringLiteral(".a.mid.kavena-journal"), plainSong);
+    memory.add(QStringLiteral("a.tmp"), plainSong);
+    memory.add(QStringLiteral("a.mid"), plainSong);
     AskedIndex index(memory);
     index.scan_files(memory.root());
     QCOMPARE(pathsOf(index), QStringList{QStringLiteral("/a.mid")});
@@ -134,7 +134,7 @@ void TestIndexScan::hiddenEntriesAreSkipped()
 void TestIndexScan::aFolderNamedLikeASongIsAFolder()
 {
     const DeviceMemory memory;
-    memory.add(QStringLiteral("a.mid/b.mid"), Song);
+    memory.add(QStringLiteral("a.mid/b.mid"), plainSong);
     AskedIndex index(memory);
     index.scan_files(memory.root());
     QCOMPARE(pathsOf(index), QStringList{QStringLiteral("/a.mid/b.mid")});
@@ -143,9 +143,9 @@ void TestIndexScan::aFolderNamedLikeASongIsAFolder()
 void TestIndexScan::signalsTellEveryFileAndEverySong()
 {
     const DeviceMemory memory;
-    const QString first = memory.add(QStringLiteral("B.mid"), Song);
-    const QString second = memory.add(QStringLiteral("a/x.mid"), Song);
-    const QString text = memory.add(QStringLiteral("c.txt"), Song);
+    const QString first = memory.add(QStringLiteral("B.mid"), plainSong);
+    const QString second = memory.add(QStringLiteral("a/x.mid"), plainSong);
+    const QString text = memory.add(QStringLiteral("c.txt"), plainSong);
     AskedIndex index(memory);
     const QSignalSpy paths(&index, &Index::currentPathChanged);
     const QSignalSpy counts(&index, &Index::fileFoundChanged);
@@ -157,8 +157,8 @@ void TestIndexScan::signalsTellEveryFileAndEverySong()
 void TestIndexScan::entryHoldsPathsIdsAndTimes()
 {
     const DeviceMemory memory;
-    const QString full =
-        memory.add(QStringLiteral("pop/a.mid"), Song, QDateTime(QDate(1999, 1, 2), QTime(3, 4, 5)));
+    const QString full = memory.add(QStringLiteral("pop/a.mid"), plainSong,
+                                    QDateTime(QDate(1999, 1, 2), QTime(3, 4, 5)));
     AskedIndex index(memory);
     index.nextId = 77;
     index.nextPosidx = 9;
@@ -178,8 +178,8 @@ void TestIndexScan::entryHoldsPathsIdsAndTimes()
 void TestIndexScan::sameFileTwiceLeavesOneEntry()
 {
     const DeviceMemory memory;
-    const QFileInfo a(memory.add(QStringLiteral("a.mid"), Song));
-    const QFileInfo b(memory.add(QStringLiteral("b.mid"), Song));
+    const QFileInfo a(memory.add(QStringLiteral("a.mid"), plainSong));
+    const QFileInfo b(memory.add(QStringLiteral("b.mid"), plainSong));
     AskedIndex index(memory);
     for (const QFileInfo &file : {b, a, a, b, a})
         QVERIFY(index.addFileToIndex(file));
@@ -194,7 +194,7 @@ void TestIndexScan::sameFileTwiceAmongEqualKeys()
     const DeviceMemory memory;
     QList<QFileInfo> files;
     for (const char *name : {"Ж.mid", "Я.mid", "Щ.mid"})
-        files.append(QFileInfo(memory.add(QString::fromUtf8(name), Song)));
+        files.append(QFileInfo(memory.add(QString::fromUtf8(name), plainSong)));
     AskedIndex index(memory);
     for (int round = 0; round < 2; ++round) {
         for (const QFileInfo &file : std::as_const(files))
@@ -209,8 +209,8 @@ void TestIndexScan::sameFileTwiceAmongEqualKeys()
 void TestIndexScan::namesThatDifferInCaseAreTheSameSong()
 {
     const DeviceMemory memory;
-    const QFileInfo lower(memory.add(QStringLiteral("été.mid"), Song));
-    const QFileInfo upper(memory.add(QStringLiteral("ÉTÉ.MID"), Song));
+    const QFileInfo lower(memory.add(QStringLiteral("été.mid"), plainSong));
+    const QFileInfo upper(memory.add(QStringLiteral("ÉTÉ.MID"), plainSong));
     AskedIndex index(memory);
     QVERIFY(index.addFileToIndex(lower));
     QVERIFY(index.addFileToIndex(upper));
@@ -223,7 +223,7 @@ void TestIndexScan::entriesStayInPathOrder()
     // The player's order is that of the encoded bytes, not that of the folders' names.
     for (const char *name :
          {"a/x.mid", "a-1/x.mid", "a_b.mid", "aB.mid", "é.mid", "z.mid", "ß.mid"})
-        memory.add(QString::fromUtf8(name), Song);
+        memory.add(QString::fromUtf8(name), plainSong);
     QStringList expected;
     for (const char *name :
          {"/a-1/x.mid", "/a/x.mid", "/aB.mid", "/a_b.mid", "/z.mid", "/é.mid", "/ß.mid"})
@@ -244,8 +244,8 @@ void TestIndexScan::pathOf45CharactersIsAccepted46Refused()
     const QString folder = QStringLiteral("12345678/12345678/12345678/12345678/1");
     const QString fits = QStringLiteral("%1/xx.mid").arg(folder);
     const QString tooLong = QStringLiteral("%1/xxx.mid").arg(folder);
-    memory.add(fits, Song);
-    const QString refused = memory.add(tooLong, Song);
+    memory.add(fits, plainSong);
+    const QString refused = memory.add(tooLong, plainSong);
     QCOMPARE(fits.size() + 1, 45);
     AskedIndex index(memory);
     const QSignalSpy errors(&index, &Index::errorFromIndex);
@@ -262,7 +262,7 @@ void TestIndexScan::pathOutsideTheMemoryIsRefused()
 {
     const DeviceMemory memory;
     const DeviceMemory other;
-    const QString file = other.add(QStringLiteral("a.mid"), Song);
+    const QString file = other.add(QStringLiteral("a.mid"), plainSong);
     AskedIndex index(memory);
     index.rootPath = memory.root() + QStringLiteral("/a/very/deep/folder/that/is/no/parent/of/it");
     const QSignalSpy errors(&index, &Index::errorFromIndex);
@@ -274,8 +274,8 @@ void TestIndexScan::pathOutsideTheMemoryIsRefused()
 void TestIndexScan::song65536IsRefused()
 {
     const DeviceMemory memory;
-    const QFileInfo first(memory.add(QStringLiteral("zy.mid"), Song));
-    const QFileInfo second(memory.add(QStringLiteral("zz.mid"), Song));
+    const QFileInfo first(memory.add(QStringLiteral("zy.mid"), plainSong));
+    const QFileInfo second(memory.add(QStringLiteral("zz.mid"), plainSong));
     AskedIndex index(memory);
     const QSignalSpy errors(&index, &Index::errorFromIndex);
     for (int i = 0; i < 65534; ++i) {
@@ -299,7 +299,7 @@ void TestIndexScan::song65536IsRefused()
 void TestIndexScan::theMarkOfRemovedEntriesIsNoId()
 {
     const DeviceMemory memory;
-    const QFileInfo file(memory.add(QStringLiteral("a.mid"), Song));
+    const QFileInfo file(memory.add(QStringLiteral("a.mid"), plainSong));
     AskedIndex index(memory);
     index.nextId = 0xFFFFFFFF;
     const QSignalSpy errors(&index, &Index::errorFromIndex);

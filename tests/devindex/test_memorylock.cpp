@@ -53,7 +53,7 @@ private slots:
     void leftoverIsTakenAwayWhateverItSays();
     void otherThingsUnderTheNameAreNotFollowed_data();
     void otherThingsUnderTheNameAreNotFollowed();
-    void folderUnderTheNameIsNoOtherProgram();
+    void folderWithContentUnderTheNameIsToldAsSuch();
     void lockOfAnotherStickIsLeftAlone();
     void pulledMemoryIsToldAsSuch();
     void protectedMemoryIsToldAsSuch();
@@ -187,6 +187,7 @@ void TestMemoryLock::otherThingsUnderTheNameAreNotFollowed_data()
     QTest::newRow("second name of a file") << "hard link";
     QTest::newRow("link to nothing") << "dangling";
     QTest::newRow("pipe") << "pipe";
+    QTest::newRow("empty folder") << "folder";
 }
 
 void TestMemoryLock::otherThingsUnderTheNameAreNotFollowed()
@@ -205,6 +206,8 @@ void TestMemoryLock::otherThingsUnderTheNameAreNotFollowed()
             0);
     if (kind == QLatin1String("pipe"))
         QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    if (kind == QLatin1String("folder"))
+        QVERIFY(QDir().mkdir(path));
     {
         MemoryLock lock(m_card->root());
         QVERIFY(lock.take());
@@ -217,15 +220,18 @@ void TestMemoryLock::otherThingsUnderTheNameAreNotFollowed()
     QCOMPARE(file.readAll(), QByteArray("precious"));
 }
 
-void TestMemoryLock::folderUnderTheNameIsNoOtherProgram()
+void TestMemoryLock::folderWithContentUnderTheNameIsToldAsSuch()
 {
-    QVERIFY(QDir().mkpath(m_card->path(lockName)));
+    m_card->writeOnCard(lockName + QStringLiteral("/precious"), "precious");
     MemoryLock lock(m_card->root());
     QVERIFY(!lock.take());
     QVERIFY(!lock.isHeldByOther());
-    QCOMPARE(lock.message(), QStringLiteral("Non è possibile scrivere sulla memoria."));
+    QVERIFY(lock.isFolderInTheWay());
+    QCOMPARE(lock.message(),
+             QStringLiteral("Nella memoria c'è una cartella \".kavena-lock\": il programma ha "
+                            "bisogno di questo nome.\nSpostarla o cancellarla e riprovare."));
     lock.release();
-    QVERIFY(QFileInfo(m_card->path(lockName)).isDir());
+    QCOMPARE(m_card->read(lockName + QStringLiteral("/precious")), QByteArray("precious"));
 }
 
 void TestMemoryLock::lockOfAnotherStickIsLeftAlone()

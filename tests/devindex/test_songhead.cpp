@@ -79,8 +79,8 @@ void TestSongHead::unrecognisedContentHas120Bpm()
 {
     const SongInfoIndex entry = headOf("RIFF of some kind", "/card/no.song/Straße.kar");
     QCOMPARE(entry.title, QStringLiteral("STRAßE.KAR"));
-    QCOMPARE(entry.artist, Unknown);
-    QCOMPARE(entry.genre, Unknown);
+    QCOMPARE(entry.artist, unknown);
+    QCOMPARE(entry.genre, unknown);
     QCOMPARE(int(entry.bpm), 120);
     QCOMPARE(int(entry.fileType), 0);
     QCOMPARE(int(entry.hasMarkers), 0);
@@ -122,8 +122,8 @@ void TestSongHead::midiWithoutEventsHasDefaults()
 {
     const SongInfoIndex entry = headOf(midi({}));
     QCOMPARE(entry.title, QStringLiteral("DEMO.MID"));
-    QCOMPARE(entry.artist, Unknown);
-    QCOMPARE(entry.genre, Unknown);
+    QCOMPARE(entry.artist, unknown);
+    QCOMPARE(entry.genre, unknown);
     QCOMPARE(int(entry.bpm), 0);
     QCOMPARE(int(entry.hasMarkers), 0);
 }
@@ -203,7 +203,7 @@ void TestSongHead::eventAfterALongDeltaTimeEndsTheSearch()
     const SongInfoIndex entry = headOf(midi(kravoEvent(2, "a") + late + kravoEvent(1, "g")));
     QCOMPARE(entry.artist, QStringLiteral("A"));
     QCOMPARE(entry.title, QStringLiteral("DEMO.MID"));
-    QCOMPARE(entry.genre, Unknown);
+    QCOMPARE(entry.genre, unknown);
 }
 
 void TestSongHead::deltaByteOf128IsStillRead()
@@ -242,7 +242,7 @@ void TestSongHead::makerEventsOfOtherSubTypesAreNoTexts()
     const SongInfoIndex entry = headOf(midi(kravoEvent(3, "author") + kravoEvent(4, "180") +
                                             metaEvent(0x4B, {}) + kravoEvent(2, "artist")));
     QCOMPARE(entry.artist, QStringLiteral("ARTIST"));
-    QCOMPARE(entry.genre, Unknown);
+    QCOMPARE(entry.genre, unknown);
 }
 
 void TestSongHead::markersOfTheMakerAreNoMarkers()

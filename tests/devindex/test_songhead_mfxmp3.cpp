@@ -92,8 +92,8 @@ void TestSongHeadMfxMp3::mfxWithoutTextsHasDefaults()
     const SongInfoIndex entry =
         headOf(mfx("_MF4", {{138, "   "}, {234, QByteArray("\0hidden", 7)}}), "/card/Ciao.mf4");
     QCOMPARE(entry.title, QStringLiteral("CIAO.MF4"));
-    QCOMPARE(entry.artist, Unknown);
-    QCOMPARE(entry.genre, Unknown);
+    QCOMPARE(entry.artist, unknown);
+    QCOMPARE(entry.genre, unknown);
 }
 
 void TestSongHeadMfxMp3::mfxThatEndsEarlyCountsAsZeros()
@@ -101,7 +101,7 @@ void TestSongHeadMfxMp3::mfxThatEndsEarlyCountsAsZeros()
     const SongInfoIndex entry =
         headOf(mfx("_MF5", {{38, "\x40"}, {138, "Short"}}).left(141), "/card/s.mf5");
     QCOMPARE(entry.title, QStringLiteral("SHO"));
-    QCOMPARE(entry.artist, Unknown);
+    QCOMPARE(entry.artist, unknown);
     QCOMPARE(int(entry.bpm), 0x40);
     QCOMPARE(int(headOf("_MF5\x01", "/card/s.mf5").bpm), 0);
 }
@@ -137,8 +137,8 @@ void TestSongHeadMfxMp3::mp3WithoutTagHasItsFileNameAsTitle()
     const SongInfoIndex entry =
         headOf("\xFF\xFB\x90" + id3Frame("TIT2", "no") + QByteArray(400, 'a'), "/card/Song.mp3");
     QCOMPARE(entry.title, QStringLiteral("SONG.MP3"));
-    QCOMPARE(entry.artist, Unknown);
-    QCOMPARE(entry.genre, Unknown);
+    QCOMPARE(entry.artist, unknown);
+    QCOMPARE(entry.genre, unknown);
     QCOMPARE(int(entry.bpm), 0);
     QCOMPARE(int(entry.fileType), 1);
 }
@@ -220,8 +220,8 @@ void TestSongHeadMfxMp3::mp3EmptyTextsFallBackToTheDefaults()
         mp3(id3Frame("TIT2", "   ") + id3Frame("TPE1", {}) + id3Frame("TCON", QByteArray(3, '\0'))),
         "/a.mp3");
     QCOMPARE(entry.title, QStringLiteral("A.MP3"));
-    QCOMPARE(entry.artist, Unknown);
-    QCOMPARE(entry.genre, Unknown);
+    QCOMPARE(entry.artist, unknown);
+    QCOMPARE(entry.genre, unknown);
 }
 
 void TestSongHeadMfxMp3::textsAreTrimmedAndUpperCased()

@@ -20,8 +20,8 @@ private slots:
     void protectedMemoryIsToldAsSuch_data();
     void protectedMemoryIsToldAsSuch();
     void fullMemoryWithoutRoomForTheFolderIsToldAsSuch();
-    void adviceStaysForOtherCauses_data();
     void adviceStaysForOtherCauses();
+    void folderWithTheLocksNameIsTold();
     void missingMemoryIsToldForAFolderInIt();
     void songThatDoesNotFitHasItsReason();
     void songsOfAPulledMemoryHaveTheirReason();
@@ -62,19 +62,22 @@ void TestTransferProblems::fullMemoryWithoutRoomForTheFolderIsToldAsSuch()
     QVERIFY(QDir(m_card->root()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
 }
 
-void TestTransferProblems::adviceStaysForOtherCauses_data()
-{
-    QTest::addColumn<QString>("inTheWay");
-    QTest::newRow("a file is named songs") << "songs";
-    QTest::newRow("nothing can be made in the root") << ".kavena-lock/folder";
-}
-
 void TestTransferProblems::adviceStaysForOtherCauses()
 {
-    QFETCH(QString, inTheWay);
-    m_card->writeOnCard(inTheWay, "in the way");
+    m_card->writeOnCard(QStringLiteral("songs"), "in the way");
     QCOMPARE(transfer({song(QStringLiteral("a.mid"))}), Transfer::Outcome::NotStarted);
     QCOMPARE(m_user.warnings, QStringList(rootFolderText));
+    QVERIFY(!m_card->hasIndex());
+}
+
+void TestTransferProblems::folderWithTheLocksNameIsTold()
+{
+    m_card->writeOnCard(QStringLiteral(".kavena-lock/file"), "in the way");
+    QCOMPARE(transfer({song(QStringLiteral("a.mid"))}), Transfer::Outcome::NotStarted);
+    QCOMPARE(m_user.warnings,
+             QStringList(QStringLiteral(
+                 "Nella memoria c'è una cartella \".kavena-lock\": il programma ha bisogno di "
+                 "questo nome.\nSpostarla o cancellarla e riprovare.")));
     QVERIFY(!m_card->hasIndex());
 }
 
@@ -133,7 +136,9 @@ void TestTransferProblems::skippedSongsAreNamed()
                        song(QStringLiteral("c.mid"))}),
              Transfer::Outcome::Complete);
     QVERIFY(m_user.failed.isEmpty());
-    QCOMPARE(m_user.skipped, QStringList({QStringLiteral("a.mid"), QStringLiteral("c.mid")}));
+    QCOMPARE(m_user.skipped,
+             QStringList({QStringLiteral("a.mid: esisteva già e non è stata sostituita"),
+                          QStringLiteral("c.mid: esisteva già e non è stata sostituita")}));
 }
 
 void TestTransferProblems::songsThatThePlayerWillNotFindAreNamed()

@@ -127,7 +127,8 @@ void TestTransferResults::countsAreToldAfterTheOutcome()
     QCOMPARE(m_questions->counts, QStringList(countsText(3, 1, 1)));
     QCOMPARE(m_questions->failedNames,
              QStringList(QStringLiteral("gone.mid: il file non c'è più")));
-    QCOMPARE(m_questions->skippedNames, QStringList(QStringLiteral("song1.mid")));
+    QCOMPARE(m_questions->skippedLines,
+             QStringList(QStringLiteral("song1.mid: esisteva già e non è stata sostituita")));
     QCOMPARE(m_questions->saidBeforeCounts, QStringList(failureText));
 
     QCOMPARE(transfer(files.mid(3)), Transfer::Outcome::Complete);

@@ -4,10 +4,11 @@
 //
 //   JOB ROOT AT MODE GONE LIMIT
 //
-// JOB: make, save:NAME:TITLE, sync, create, rebuild, update, transfer, backup or import. ROOT holds
-// the folders "library", "mnt/CARD" (the memory) and "backup". AT, MODE and GONE are what FAULTS_AT
-// and so on are set to. LIMIT is the size beyond which no file can grow, -1 for none. For each job
-// it answers with a line, "exit N" or "signal N". What the program said lies in the file "report".
+// JOB: make, save:NAME:TITLE, sync, create, rebuild, update, transfer, inline (which brings a
+// folder of the memory in line with the library), backup or import. ROOT holds the folders
+// "library", "mnt/CARD" (the memory) and "backup". AT, MODE and GONE are what FAULTS_AT and so on
+// are set to. LIMIT is the size beyond which no file can grow, -1 for none. For each job it answers
+// with a line, "exit N" or "signal N". What the program said lies in the file "report".
 #include "devindex/filecopier.h"
 #include "devindex/index.h"
 #include "devindex/transfer.h"
@@ -217,6 +218,8 @@ void makeMemory(const QString &card)
         qFatal("cannot change a song");
     write(path("A long song name.mp3"), mp3Song("Long", 200));
     write(path("A long song name.cdg"), QByteArray(100, 'i'));
+    write(path("sub/extra.mp3"), mp3Song("Not in the library", 300));
+    write(path("sub/extra.cdg"), QByteArray(200, 'j'));
 }
 
 // The jobs
@@ -290,6 +293,22 @@ bool transfer(const Folders &folders, const QStringList &songs)
     return Transfer(user, recordedBy(record)).transferFiles(songs) == Transfer::Outcome::Complete;
 }
 
+/** The songs in the folder that are not in the library go. */
+bool bringInLine(const Folders &folders, const QStringList &songs)
+{
+    WillingUser user(folders.card() + QStringLiteral("/sub"));
+    ProgressRecord record;
+    Transfer job(user, recordedBy(record));
+    std::optional<TransferPlan> plan = job.planTransfer(songs, true);
+    if (!plan)
+        return false;
+    for (TransferPlan::Item &item : plan->items) {
+        if (item.state == TransferPlan::State::Remove)
+            item.remedy = TransferPlan::Remedy::Remove;
+    }
+    return job.carryOut(*plan) == Transfer::Outcome::Complete;
+}
+
 bool backUp(const Folders &folders, const QStringList &songs)
 {
     ProgressRecord record;
@@ -361,6 +380,8 @@ bool run(const Request &request, std::optional<Library> &library)
         return indexMemory(folders.card(), &Index::updateIndex);
     if (job.constFirst() == QLatin1String("transfer"))
         return transfer(folders, songs);
+    if (job.constFirst() == QLatin1String("inline"))
+        return bringInLine(folders, songs);
     if (job.constFirst() == QLatin1String("backup"))
         return backUp(folders, songs + QStringList(Folders::namesake(folders.library())));
     if (job.constFirst() == QLatin1String("import"))

@@ -9,6 +9,8 @@ for each way in which that call can fail. After each time:
 
 - every song file is byte for byte the old one or the whole new one, and none is missing (where the
   program was killed, or the medium stayed dead: after the songs have been imported again);
+- only the job that brings a memory in line takes songs away, and only those that it is to remove: an
+  index that is there lists none of them that is gone;
 - a memory has its whole old index, a whole new one (check_memory.py is the judge) or none, and the
   next update makes a whole one; the playlists then mean the songs that they meant before;
 - the program has said that something failed, unless the job was done all the same;
@@ -28,14 +30,15 @@ import subprocess
 import sys
 import tempfile
 import time
-import types
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.join(HERE, "..", "tools"))
 sys.dont_write_bytecode = True
 sys.path.insert(0, HERE)
-import check_memory  # noqa: E402
 import check_order  # noqa: E402
+from full_disk import FullDisk, enter_own_mounts  # noqa: E402
+from outcome import (INDEX, Judge, Wrong, checked_memory, index_of, read_tree,  # noqa: E402
+                     write_tree)
 
 SAVES = (
     "s03.mid:A_title_that_makes_the_file_longer",
@@ -46,9 +49,10 @@ SAVES = (
     "a0.mp3:A_title_that_makes_the_file_longer",
     "a2.mp3:x",
 )
-JOBS = ["save:" + save for save in SAVES] + ["sync", "create", "rebuild", "update", "transfer", "backup"]
+JOBS = ["save:" + save for save in SAVES] + ["sync", "create", "rebuild", "update", "transfer",
+                                                 "inline", "backup"]
 
-INDEX_JOBS = ("create", "rebuild", "update", "transfer")
+INDEX_JOBS = ("create", "rebuild", "update", "transfer", "inline")
 
 # Which calls can fail in which way. A flush writes nothing, so it cannot write too little.
 CAN_FAIL = {
@@ -64,14 +68,7 @@ CAN_FAIL = {
              "close", "mkdir", "flushall"},
 }
 
-SONG = re.compile(r"\.(mid|mf3|mf4|mf5|mp3|cdg)$")
 FAILURE = re.compile(r"^(warning|failure) |Impossible|aborting|Aborting|creation failed", re.M)
-INDEX = set(check_memory.INDEX_FILES)
-FOLDERS = ("library", "mnt/CARD", "backup")
-
-
-class Wrong(Exception):
-    pass
 
 
 class Driver:
@@ -107,128 +104,6 @@ class Driver:
             raise Wrong("the driver failed")
 
 
-def read_tree(root):
-    """Path below the root: bytes and time of change. Folders end in "/"."""
-    tree = {}
-    for folder, folders, names in os.walk(root):
-        below = os.path.relpath(folder, root)
-        for name in folders:
-            tree[os.path.normpath(os.path.join(below, name)) + "/"] = None
-        for name in names:
-            path = os.path.normpath(os.path.join(below, name))
-            with open(os.path.join(root, path), "rb") as file:
-                tree[path] = (file.read(), os.fstat(file.fileno()).st_mtime_ns)
-    return tree
-
-
-def write_tree(tree, root, now=None):
-    """Makes the root's content this tree again, where now tells what it is."""
-    if now is None:
-        shutil.rmtree(root, ignore_errors=True)
-        os.makedirs(root)
-        now = {}
-    for path in sorted(now.keys() - tree.keys(), reverse=True):
-        full = os.path.join(root, path)
-        os.rmdir(full) if path.endswith("/") else os.remove(full)
-    for path in sorted(tree):
-        if path in now and now[path] == tree[path]:
-            continue
-        full = os.path.join(root, path)
-        if path.endswith("/"):
-            os.makedirs(full)
-            continue
-        content, changed = tree[path]
-        with open(full, "wb") as file:
-            file.write(content)
-        os.utime(full, ns=(changed, changed))
-
-
-def songs_of(tree):
-    return {path: item[0] for path, item in tree.items() if item and SONG.search(path)
-            and not os.path.basename(path).startswith(".")}
-
-
-def index_of(tree):
-    return {os.path.basename(path): item[0] for path, item in tree.items()
-            if os.path.dirname(path) == "mnt/CARD" and os.path.basename(path) in INDEX}
-
-
-def is_temporary(path):
-    name = os.path.basename(path)
-    return name.startswith(".") or name.endswith(".tmp")
-
-
-class Judge:
-    """Knows a job's folders before it and after it was done without a fault."""
-
-    def __init__(self, before, after, playlists):
-        self.before = before
-        self.after = after
-        self.playlists = playlists
-        self.old = songs_of(before)
-        self.new = songs_of(after)
-
-    def judge_songs(self, tree):
-        now = songs_of(tree)
-        for path, content in now.items():
-            # A backup's folder carries the time in its name.
-            known = [self.old.get(path), self.new.get(path), self.of_backup(path)]
-            if content not in known:
-                raise Wrong(f"{path} is neither the old song nor the whole new one")
-        contents = set(now.values())
-        for path, content in self.old.items():
-            if path not in now and content not in contents:
-                raise Wrong(f"{path} is missing")
-
-    def of_backup(self, path):
-        match = re.match(r"backup/backup_kravo_[-_0-9]+/(.*)$", path)
-        return self.old.get("library/" + match[1]) if match else None
-
-    def judge_index(self, tree, root, said):
-        index = index_of(tree)
-        if set(index) != INDEX:
-            return "none"
-        if index == index_of(self.before):
-            playlist = "mnt/CARD/playlist/play0001.dat"
-            if self.playlists and tree[playlist][0] != self.before[playlist][0]:
-                raise Wrong("the playlist does not have the old index's ids")
-            return "old"
-        checker = checked_memory(os.path.join(root, "mnt/CARD"),
-                                 "[Index::renameLongFileName]" in said)
-        if self.playlists:
-            checker.options.allow_changed = True  # the songs' titles, not the songs
-            checker.compare_playlists(self.playlists)
-        if checker.faults:
-            raise Wrong("the memory has an index that is not whole: " + "; ".join(checker.faults))
-        return "new"
-
-    def judge_temporaries(self, tree):
-        for path in tree:
-            if is_temporary(path) and path not in self.before:
-                raise Wrong(f"{path} was left behind")
-
-    def is_done(self, tree, index):
-        """The job has reached all that it reaches without a fault."""
-        songs = {path: content for path, content in songs_of(tree).items()
-                 if not path.startswith("backup/")}
-        wanted = {path: content for path, content in self.new.items()
-                  if not path.startswith("backup/")}
-        backups = sum(1 for path in songs_of(tree) if path.startswith("backup/"))
-        wanted_backups = sum(1 for path in self.new if path.startswith("backup/"))
-        return (songs == wanted and backups == wanted_backups
-                and (index == "new" or not index_of(self.after)
-                     or index_of(self.after) == index_of(self.before)))
-
-
-def checked_memory(card, renames_failed):
-    options = types.SimpleNamespace(
-        allow_changed=False, allow_missing=renames_failed, allow_lost_songs=False,
-        follow_links=False, list=False)
-    checker = check_memory.Checker(card, options)
-    checker.run()
-    return checker
-
-
 class Run:
     """All faults of one job."""
 
@@ -244,7 +119,9 @@ class Run:
         self.calls = check_order.counted(trace)
         self.must_be_noticed = check_order.must_be_noticed(trace)
         self.now = after = read_tree(root)
-        self.judge = Judge(self.before, after, playlists)
+        self.judge = Judge(self.before, after, playlists, job == "inline")
+        if job == "inline" and len(self.judge.removed) < 3:
+            raise Wrong("removes too little to be judged")
         self.done = 0
         self.made_room = 0  # runs in which an old song went first
         if end != "exit 0" or "result 1" not in said:
@@ -389,31 +266,6 @@ def start_of(job, trees):
     return trees["all"]
 
 
-class FullDisk:
-    """A small disk of which a filler leaves just so many pages free."""
-
-    PAGE = 4096
-
-    def __init__(self, work):
-        self.folder = os.path.join(work, "small")
-        self.filler = os.path.join(self.folder, "filler")
-        os.mkdir(self.folder)
-        mount(self.folder, "size=4m")
-
-    def empty(self):
-        if os.path.exists(self.filler):
-            os.remove(self.filler)
-
-    def leave_free(self, pages):
-        self.empty()
-        free = os.statvfs(self.folder)
-        size = (free.f_bavail - pages) * free.f_frsize
-        with open(self.filler, "wb") as file:
-            if size > 0:
-                os.posix_fallocate(file.fileno(), 0, size)
-        return size >= 0
-
-
 def full_disk_runs(run, disk):
     """Gives the job a page more each time until it is done; returns how often it was not."""
     for pages in range(1000):
@@ -437,22 +289,6 @@ def limited_runs(run):
             if limit == LIMITS[-1]:
                 raise Wrong(f"{run.job} is never done, however long files may be")
     return failed
-
-
-def mount(folder, options):
-    subprocess.run(["mount", "-t", "tmpfs", "-o", options, "tmpfs", folder], check=True)
-
-
-def enter_own_mounts():
-    """Starts this program again where it may mount what nobody else sees; returns if it may not."""
-    for flags in ("-m", "-rm"):
-        test = ["unshare", flags, "mount", "-t", "tmpfs", "tmpfs", tempfile.gettempdir()]
-        try:
-            works = subprocess.run(test, stderr=subprocess.DEVNULL, check=False).returncode == 0
-        except FileNotFoundError:
-            return
-        if works:
-            os.execvp("unshare", ["unshare", flags, sys.executable, *sys.argv, "--may-mount"])
 
 
 def test(options, work):

@@ -14,7 +14,7 @@ using songbytes::track;
 namespace
 {
 
-constexpr int EventsPos = 22;
+constexpr int eventsPos = 22;
 
 QByteArray keyEvent(int sharps, int minor)
 {
@@ -255,7 +255,7 @@ void TestMidiKeys::unknownSignatureIsLogged()
     QFETCH(QString, logged);
     const LogCapture log;
     QString key = QStringLiteral("old");
-    QCOMPARE(loaded(songFile(keyEvent(sharps, minor))).extractKey(key), EventsPos + 1);
+    QCOMPARE(loaded(songFile(keyEvent(sharps, minor))).extractKey(key), eventsPos + 1);
     QVERIFY(key.isEmpty());
     QCOMPARE(LogCapture::lines(),
              QStringList{QStringLiteral("[RawMidiFile::extractKey] WARNING: unknown key metaevent "
@@ -286,7 +286,7 @@ void TestMidiKeys::extractKeyReturnsThePosition()
 {
     QString key;
     QCOMPARE(loaded(songFile(metaEvent(0x03, "ab") + keyEvent(2, 1))).extractKey(key),
-             EventsPos + 7);
+             eventsPos + 7);
     QCOMPARE(key, QStringLiteral("B-"));
     QVERIFY(loaded(songFile(kravoEvent(2, "ab"))).extractKey(key) < 0);
     QVERIFY(key.isEmpty());

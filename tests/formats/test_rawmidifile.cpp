@@ -94,8 +94,8 @@ void TestRawMidiFile::headerFieldsAreRead()
     QCOMPARE(midi.stream(), file);
     QCOMPARE(midi.fileType(), SongInfo::FileMidi0);
     QCOMPARE(midi.trackCount(), 1U);
-    QCOMPARE(midi.trackLengthPos(), quint32(LengthPos));
-    QCOMPARE(midi.trackStart(), quint32(EventsPos));
+    QCOMPARE(midi.trackLengthPos(), quint32(lengthPos));
+    QCOMPARE(midi.trackStart(), quint32(eventsPos));
     QCOMPARE(midi.trackLength(), quint32(notes().size() + 4));
 }
 
@@ -168,7 +168,7 @@ void TestRawMidiFile::refusedDataChangeNothing()
 
 void TestRawMidiFile::loadingAgainReplacesTheFile()
 {
-    RawMidiFile midi = loaded(midiFile({track(FullHead)}, 1));
+    RawMidiFile midi = loaded(midiFile({track(fullHead)}, 1));
     const QByteArray other = midiFile({track(metaEvent(0x03, "Other"))});
     QVERIFY(midi.loadData(other));
     QCOMPARE(midi.stream(), other);
@@ -194,7 +194,7 @@ void TestRawMidiFile::filesOfTwoGigabytesAreRefused()
 // ---- Readers
 void TestRawMidiFile::everyItemIsRead()
 {
-    const RawMidiFile midi = loaded(songFile(FullHead));
+    const RawMidiFile midi = loaded(songFile(fullHead));
     QCOMPARE(midi.title(), QStringLiteral("My song"));
     QCOMPARE(midi.artist(), QStringLiteral("Some artist"));
     QCOMPARE(midi.author(), QStringLiteral("Trad. author"));
@@ -344,7 +344,7 @@ void TestRawMidiFile::firstEventIsTaken()
 
 void TestRawMidiFile::eventsOfASecondTrackAreFound()
 {
-    const RawMidiFile midi = loaded(midiFile({track(notes()), track(FullHead)}, 1));
+    const RawMidiFile midi = loaded(midiFile({track(notes()), track(fullHead)}, 1));
     QCOMPARE(midi.title(), QStringLiteral("My song"));
     QCOMPARE(midi.artist(), QStringLiteral("Some artist"));
     QCOMPARE(midi.key(), QStringLiteral("E"));
@@ -421,9 +421,9 @@ void TestRawMidiFile::extractMetaeventReturnsThePosition()
 {
     const RawMidiFile midi = loaded(songFile(metaEvent(0x03, "ab") + kravoEvent(2, "cd")));
     QString text = QStringLiteral("old");
-    QCOMPARE(midi.extractMetaevent(text, char(0x03)), EventsPos + 1);
+    QCOMPARE(midi.extractMetaevent(text, char(0x03)), eventsPos + 1);
     QCOMPARE(text, QStringLiteral("ab"));
-    QCOMPARE(midi.extractMetaevent(text, RawMidiFile::KravoArtist), EventsPos + 7);
+    QCOMPARE(midi.extractMetaevent(text, RawMidiFile::KravoArtist), eventsPos + 7);
     QCOMPARE(text, QStringLiteral("cd"));
     QVERIFY(midi.extractMetaevent(text, char(0x02)) < 0);
     QVERIFY(text.isEmpty());
@@ -431,7 +431,7 @@ void TestRawMidiFile::extractMetaeventReturnsThePosition()
     QVERIFY(midi.extractMetaevent(text, RawMidiFile::KravoGenre) < 0);
     QVERIFY(text.isEmpty());
     // A type byte of 80 or above is as good as any other.
-    QCOMPARE(loaded(songFile(metaEvent(0xF3, "hi"))).extractMetaevent(text, '\xF3'), EventsPos + 1);
+    QCOMPARE(loaded(songFile(metaEvent(0xF3, "hi"))).extractMetaevent(text, '\xF3'), eventsPos + 1);
     QCOMPARE(text, QStringLiteral("hi"));
 }
 

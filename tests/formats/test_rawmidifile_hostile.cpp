@@ -33,7 +33,7 @@ private slots:
 // ---- What must hold whatever the file is like
 void TestRawMidiFileHostile::trackLengthFollowsEveryChange()
 {
-    RawMidiFile midi = loaded(songFile(FullHead));
+    RawMidiFile midi = loaded(songFile(fullHead));
     const auto difference = static_cast<qsizetype>(midi.trackLength()) - midi.stream().size();
     for (int step = 0; step < 12; ++step) {
         const QString text(step * 12, QLatin1Char('s'));
@@ -60,7 +60,7 @@ void TestRawMidiFileHostile::impossibleTrackLengthIsKeptUnlessBytesGo()
 void TestRawMidiFileHostile::truncatedFilesAreHarmless()
 {
     const QByteArray file =
-        midiFile({track(FullHead + markerEvent(3, QByteArray(125, 'x')) + notes()),
+        midiFile({track(fullHead + markerEvent(3, QByteArray(125, 'x')) + notes()),
                   track(metaEvent(0x03, "Piano") + notes())},
                  1);
     int accepted = 0;
@@ -77,7 +77,7 @@ void TestRawMidiFileHostile::truncatedFilesAreHarmless()
         QCOMPARE(static_cast<qsizetype>(midi.trackLength()) - midi.stream().size(), difference);
         QCOMPARE(storedLength(midi), bigEndian(midi.trackLength(), 4));
     }
-    QCOMPARE(accepted, static_cast<int>(file.size()) - EventsPos + 1);
+    QCOMPARE(accepted, static_cast<int>(file.size()) - eventsPos + 1);
 }
 
 void TestRawMidiFileHostile::randomFilesAreHarmless()
@@ -131,7 +131,7 @@ void TestRawMidiFileHostile::hostileFilesAreFast()
     callEverything(midi);
     QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(storedLength(midi), bigEndian(midi.trackLength(), 4));
-    QCOMPARE(midi.stream().size(), qsizetype(EventsPos) + midi.trackLength());
+    QCOMPARE(midi.stream().size(), qsizetype(eventsPos) + midi.trackLength());
 }
 
 QTEST_APPLESS_MAIN(TestRawMidiFileHostile)

@@ -46,7 +46,7 @@ void TestRawMidiFileMarkers::markersAreReadInFileOrder()
                          track(markerEvent(256, QByteArray("End\0x", 5)))},
                         1));
     QList<Marker> markers{Marker{7, QStringLiteral("old")}};
-    QCOMPARE(midi.extractMarkersList(markers), EventsPos + 1);
+    QCOMPARE(midi.extractMarkersList(markers), eventsPos + 1);
     QCOMPARE(markers.size(), 4);
     QCOMPARE(markers.at(0).bar, quint16(9));
     QCOMPARE(markers.at(0).text, QStringLiteral("Verse"));
@@ -165,7 +165,7 @@ void TestRawMidiFileMarkers::insertMarkerCutsAt125Characters()
 {
     RawMidiFile midi = loaded(songFile(QByteArray()));
     QCOMPARE(midi.insertMarker(QString(400, QLatin1Char('l')), 2), 132);
-    QCOMPARE(static_cast<quint8>(midi.stream().at(EventsPos + 3)), quint8(128));
+    QCOMPARE(static_cast<quint8>(midi.stream().at(eventsPos + 3)), quint8(128));
     QCOMPARE(midi.stream(), songFile(markerEvent(2, QByteArray(125, 'l'))));
     QCOMPARE(midi.markersList().first().text, QString(125, QLatin1Char('l')));
     // Its length byte is negative where events are removed, so it stays.
@@ -184,7 +184,7 @@ void TestRawMidiFileMarkers::insertMarkerReturnsItsSize()
 
 void TestRawMidiFileMarkers::dbgInsertMarkerEqualsInsertMarker()
 {
-    RawMidiFile one = loaded(songFile(FullHead));
+    RawMidiFile one = loaded(songFile(fullHead));
     RawMidiFile other = one;
     const QString text(130, QLatin1Char('d'));
     QCOMPARE(one.dbgInsertMarker(text, 77), other.insertMarker(text, 77));

@@ -42,7 +42,7 @@ private slots:
 
 void TestRawMidiFileRemove::removeReturnsTheNumberOfBytes()
 {
-    RawMidiFile midi = loaded(songFile(FullHead));
+    RawMidiFile midi = loaded(songFile(fullHead));
     QCOMPARE(midi.removeHeadMetaevent(char(0x03), false), 11);
     QCOMPARE(midi.removeHeadMetaevent(char(0x03), false), 0);
     QCOMPARE(midi.removeHeadMetaevent(RawMidiFile::KravoMarker, false), 12 + 13);
@@ -74,7 +74,7 @@ void TestRawMidiFileRemove::removeLeavesOtherDeltaTimes()
 
 void TestRawMidiFileRemove::removeLeavesOtherSubTypes()
 {
-    RawMidiFile midi = loaded(songFile(FullHead));
+    RawMidiFile midi = loaded(songFile(fullHead));
     const QList<Kravo> subTypes{RawMidiFile::KravoGenre,   RawMidiFile::KravoArtist,
                                 RawMidiFile::KravoAuthor,  RawMidiFile::KravoLength,
                                 RawMidiFile::KravoUserBpm, RawMidiFile::KravoMarker};
@@ -274,9 +274,9 @@ void TestRawMidiFileRemove::removeFollowsTheByteSearchOnRandomData()
 
         QByteArray expected = file;
         qsizetype trackEnd =
-            qMin<qsizetype>(EventsPos + static_cast<quint8>(file.at(LengthPos + 3)), file.size());
+            qMin<qsizetype>(eventsPos + static_cast<quint8>(file.at(lengthPos + 3)), file.size());
         const QByteArray wanted = kravo ? bytes({0, 0xFF, 0x4B}) : bytes({0, 0xFF, 0x03});
-        qsizetype from = EventsPos;
+        qsizetype from = eventsPos;
         while (true) {
             const qsizetype position = expected.indexOf(wanted, from);
             if (position < 0 || position >= trackEnd)
@@ -290,7 +290,7 @@ void TestRawMidiFileRemove::removeFollowsTheByteSearchOnRandomData()
                 continue;
             }
             expected.remove(position, 4 + length);
-            expected[LengthPos + 3] = static_cast<char>(expected.at(LengthPos + 3) - 4 - length);
+            expected[lengthPos + 3] = static_cast<char>(expected.at(lengthPos + 3) - 4 - length);
             trackEnd -= 4 + length;
             from = position;
             if (onlyFirst)

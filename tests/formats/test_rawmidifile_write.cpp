@@ -115,7 +115,7 @@ void TestRawMidiFileWrite::titleIsCutAt125Characters()
     RawMidiFile midi = loaded(songFile(QByteArray()));
     midi.setTitle(title);
     QCOMPARE(midi.stream(), songFile(metaEvent(0x03, title.left(125).toLatin1())));
-    QCOMPARE(static_cast<quint8>(midi.stream().at(EventsPos + 3)), quint8(125));
+    QCOMPARE(static_cast<quint8>(midi.stream().at(eventsPos + 3)), quint8(125));
     QCOMPARE(midi.title(), title.left(125));
 }
 
@@ -128,7 +128,7 @@ void TestRawMidiFileWrite::kravoTextsAreCutAt125Characters()
     midi.setAuthor(text);
     const QByteArray cut(125, 'y');
     QCOMPARE(midi.stream(), songFile(kravoEvent(3, cut) + kravoEvent(2, cut) + kravoEvent(1, cut)));
-    QCOMPARE(static_cast<quint8>(midi.stream().at(EventsPos + 3)), quint8(126));
+    QCOMPARE(static_cast<quint8>(midi.stream().at(eventsPos + 3)), quint8(126));
     midi.setArtist(QStringLiteral("short")); // an event of the greatest length can be replaced
     QCOMPARE(midi.stream(),
              songFile(kravoEvent(2, "short") + kravoEvent(3, cut) + kravoEvent(1, cut)));
@@ -181,7 +181,7 @@ void TestRawMidiFileWrite::allOldTitlesAreReplaced()
 
 void TestRawMidiFileWrite::onlyTheFirstTrackIsWritten()
 {
-    const QByteArray second = track(FullHead + notes());
+    const QByteArray second = track(fullHead + notes());
     RawMidiFile midi = loaded(midiFile({track(notes()), second}, 1));
     midi.setTitle(QStringLiteral("T"));
     midi.setArtist(QStringLiteral("A"));
@@ -209,7 +209,7 @@ void TestRawMidiFileWrite::newestEventStandsFirst()
 
 void TestRawMidiFileWrite::theCallersBytesStayAsTheyWere()
 {
-    const QByteArray file = songFile(FullHead);
+    const QByteArray file = songFile(fullHead);
     const QByteArray copy(file.constData(), file.size());
     RawMidiFile midi = loaded(file);
     callEverything(midi);
@@ -230,8 +230,8 @@ void TestRawMidiFileWrite::copiesAreIndependent()
 void TestRawMidiFileWrite::insertReturnsTheNumberOfBytes()
 {
     RawMidiFile midi = loaded(songFile(metaEvent(0x03, "T")));
-    QCOMPARE(midi.insertMetaevent("xyz", char(0x01), EventsPos + 5), 7);
-    QCOMPARE(midi.insertMetaevent("", RawMidiFile::KravoGenre, EventsPos), 5);
+    QCOMPARE(midi.insertMetaevent("xyz", char(0x01), eventsPos + 5), 7);
+    QCOMPARE(midi.insertMetaevent("", RawMidiFile::KravoGenre, eventsPos), 5);
     QCOMPARE(midi.stream(),
              songFile(kravoEvent(1, "") + metaEvent(0x03, "T") + metaEvent(0x01, "xyz")));
 }
@@ -260,7 +260,7 @@ void TestRawMidiFileWrite::insertBeforeTheFirstTrackDoesNothing()
 {
     const QByteArray file = songFile(QByteArray());
     RawMidiFile midi = loaded(file);
-    for (const int position : {-1, 0, LengthPos, EventsPos - 1})
+    for (const int position : {-1, 0, lengthPos, eventsPos - 1})
         QCOMPARE(midi.insertMetaevent("e", char(0x01), position), 0);
     QCOMPARE(midi.stream(), file);
 }
@@ -269,11 +269,11 @@ void TestRawMidiFileWrite::payloadBeyondTheLengthByteIsNotInserted()
 {
     const QByteArray file = songFile(QByteArray());
     RawMidiFile midi = loaded(file);
-    QCOMPARE(midi.insertMetaevent(QByteArray(256, 'x'), char(0x01), EventsPos), 0);
-    QCOMPARE(midi.insertMetaevent(QByteArray(255, 'x'), RawMidiFile::KravoGenre, EventsPos), 0);
+    QCOMPARE(midi.insertMetaevent(QByteArray(256, 'x'), char(0x01), eventsPos), 0);
+    QCOMPARE(midi.insertMetaevent(QByteArray(255, 'x'), RawMidiFile::KravoGenre, eventsPos), 0);
     QCOMPARE(midi.stream(), file);
-    QCOMPARE(midi.insertMetaevent(QByteArray(254, 'x'), RawMidiFile::KravoGenre, EventsPos), 259);
-    QCOMPARE(midi.insertMetaevent(QByteArray(255, 'x'), char(0x01), EventsPos), 259);
+    QCOMPARE(midi.insertMetaevent(QByteArray(254, 'x'), RawMidiFile::KravoGenre, eventsPos), 259);
+    QCOMPARE(midi.insertMetaevent(QByteArray(255, 'x'), char(0x01), eventsPos), 259);
 }
 
 void TestRawMidiFileWrite::insertNeverWrapsTheTrackLength()
@@ -298,8 +298,8 @@ void TestRawMidiFileWrite::updateTrackSizeWritesBigEndian()
     QCOMPARE(midi.trackLength(), 0x01020304U);
     midi.updateTrackSize();
     QCOMPARE(midi.stream(), file);
-    QCOMPARE(midi.insertMetaevent("ab", char(0x01), EventsPos), 6);
-    QCOMPARE(midi.stream().mid(LengthPos, 4), bytes({0x01, 0x02, 0x03, 0x0A}));
+    QCOMPARE(midi.insertMetaevent("ab", char(0x01), eventsPos), 6);
+    QCOMPARE(midi.stream().mid(lengthPos, 4), bytes({0x01, 0x02, 0x03, 0x0A}));
 }
 
 QTEST_APPLESS_MAIN(TestRawMidiFileWrite)

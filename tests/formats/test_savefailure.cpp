@@ -3,6 +3,7 @@
 #include "formats/savefailure.h"
 #include "support/faults.h"
 #include "support/samplesongs.h"
+#include "support/shorttext.h"
 #include "support/smallmedium.h"
 #include "support/songbytes.h"
 #include "support/songfolder.h"
@@ -19,11 +20,6 @@ Q_DECLARE_METATYPE(SaveFailure)
 
 namespace
 {
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 QByteArray midi()
 {

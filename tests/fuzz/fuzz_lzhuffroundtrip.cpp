@@ -7,7 +7,7 @@
 namespace
 {
 
-constexpr qsizetype UsualSize = 8000;
+constexpr qsizetype usualSize = 8000;
 
 /**
  * A text from a short input: the pattern repeated, each time with one byte changed, so that matches
@@ -16,7 +16,7 @@ constexpr qsizetype UsualSize = 8000;
 QByteArray grownText(const QByteArray &pattern, quint8 repeats, quint8 step)
 {
     const bool isLargest = repeats == 0xFF && pattern.endsWith("LARGEST");
-    const qsizetype size = isLargest ? qsizetype{LzHuff::maxTextSize} : UsualSize;
+    const qsizetype size = isLargest ? qsizetype{LzHuff::maxTextSize} : usualSize;
     QByteArray text;
     QByteArray part = pattern;
     for (int i = 0; text.size() < size && (i <= repeats || isLargest); ++i) {

@@ -28,24 +28,24 @@ QString layOut(fuzzing::Input &input)
 {
     static const QString root = fuzzing::memoryFolder();
     QDir(root).removeRecursively();
-    FUZZ_REQUIRE(QDir().mkpath(at(root, indexfiles::PlaylistFolder)));
+    FUZZ_REQUIRE(QDir().mkpath(at(root, indexfiles::playlistFolder)));
     const quint8 options = input.byte();
-    for (const QLatin1String name : indexfiles::All)
+    for (const QLatin1String name : indexfiles::all)
         writeFile(at(root, name), QByteArray());
     for (const QLatin1String name :
-         {indexfiles::Path, indexfiles::Title, indexfiles::Artist, indexfiles::Genre})
+         {indexfiles::path, indexfiles::title, indexfiles::artist, indexfiles::genre})
         writeFile(at(root, name), input.longBytes());
     if ((options & 1) != 0)
-        QFile::remove(at(root, indexfiles::Count));
+        QFile::remove(at(root, indexfiles::count));
     if ((options & 2) != 0) {
         writeFile(root + QLatin1String("/A.MID"), smallSong);
         writeFile(root + QLatin1String("/B.MP3"), smallSong);
     }
-    writeFile(at(root, indexfiles::PlaylistList), input.longBytes());
+    writeFile(at(root, indexfiles::playlistList), input.longBytes());
     for (const char *name : {"play0001.dat", "play0001.pts", "play0258.dat", "play0258.pts"}) {
         const QByteArray bytes = input.longBytes();
         if (!bytes.isEmpty())
-            writeFile(at(root, indexfiles::PlaylistFolder) + QLatin1Char('/') + QLatin1String(name),
+            writeFile(at(root, indexfiles::playlistFolder) + QLatin1Char('/') + QLatin1String(name),
                       bytes);
     }
     return root;
@@ -55,7 +55,7 @@ QString layOut(fuzzing::Input &input)
 QMap<QString, QByteArray> playlists(const QString &root)
 {
     QMap<QString, QByteArray> files;
-    const QDir folder(at(root, indexfiles::PlaylistFolder));
+    const QDir folder(at(root, indexfiles::playlistFolder));
     for (const QString &name : folder.entryList({QStringLiteral("*.dat")}, QDir::Files))
         files.insert(name, readFile(folder.filePath(name)));
     return files;
@@ -94,7 +94,7 @@ QList<SongInfoIndex> loaded(const QString &root, bool &isSound)
     isSound = index.loadAllIndexFile() == 0;
     FUZZ_REQUIRE(isSound || index.entries.isEmpty());
     FUZZ_REQUIRE(!isSound ||
-                 readFile(at(root, indexfiles::Path)).size() == 64 * index.entries.size());
+                 readFile(at(root, indexfiles::path)).size() == 64 * index.entries.size());
     return index.entries;
 }
 
@@ -105,10 +105,10 @@ void rewrite(const QString &root, const QList<SongInfoIndex> &entries)
     index.rootPath = root;
     index.entries = entries;
     FUZZ_REQUIRE(index.writePathIndex() >= 0);
-    FUZZ_REQUIRE(index.writeTitleIndex(indexfiles::Title) >= 0);
-    FUZZ_REQUIRE(index.writeArtistIndex(indexfiles::Artist) >= 0);
-    FUZZ_REQUIRE(index.writeGenreIndex(indexfiles::Genre) >= 0);
-    FUZZ_REQUIRE(index.writeAlphaBuffer(indexfiles::AlphaGenre) >= 0);
+    FUZZ_REQUIRE(index.writeTitleIndex(indexfiles::title) >= 0);
+    FUZZ_REQUIRE(index.writeArtistIndex(indexfiles::artist) >= 0);
+    FUZZ_REQUIRE(index.writeGenreIndex(indexfiles::genre) >= 0);
+    FUZZ_REQUIRE(index.writeAlphaBuffer(indexfiles::alphaGenre) >= 0);
 }
 
 /** What was loaded can be written and comes back the same; texts after one change at most. */

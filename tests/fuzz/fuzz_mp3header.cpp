@@ -9,8 +9,8 @@
 namespace
 {
 
-constexpr qsizetype TagHeaderSize = 10;
-constexpr qsizetype FrameHeaderSize = 10;
+constexpr qsizetype tagHeaderSize = 10;
+constexpr qsizetype frameHeaderSize = 10;
 
 quint8 at(const QByteArray &bytes, qsizetype pos)
 {
@@ -43,16 +43,16 @@ std::optional<QList<QByteArray>> soundFrames(const QByteArray &tag)
     if (at(tag, 3) != 3)
         return std::nullopt;
     QList<QByteArray> frames;
-    qsizetype pos = TagHeaderSize;
+    qsizetype pos = tagHeaderSize;
     while (pos < tag.size() && at(tag, pos) != 0) {
         for (int i = 0; i < 4; ++i) {
             const char c = static_cast<char>(at(tag, pos + i));
             if (!(c >= 'A' && c <= 'Z') && !(c >= '0' && c <= '9'))
                 return std::nullopt;
         }
-        if (pos + FrameHeaderSize > tag.size())
+        if (pos + frameHeaderSize > tag.size())
             return std::nullopt;
-        const qsizetype whole = FrameHeaderSize + fuzzing::bigEndianAt(tag, pos + 4);
+        const qsizetype whole = frameHeaderSize + fuzzing::bigEndianAt(tag, pos + 4);
         if (pos + whole > tag.size())
             return std::nullopt;
         frames.append(tag.mid(pos, whole));
@@ -68,12 +68,12 @@ std::optional<QList<QByteArray>> soundFrames(const QByteArray &tag)
 void requireSizeField(const Mp3Header &header)
 {
     const QByteArray &tag = header.stream();
-    FUZZ_REQUIRE(tag.startsWith("ID3") && tag.size() >= TagHeaderSize);
+    FUZZ_REQUIRE(tag.startsWith("ID3") && tag.size() >= tagHeaderSize);
     // Only a tag that was never changed may still have bytes that are no size; it counts as empty.
     const QByteArray field = tag.mid(6, 4);
     const bool isSize = std::all_of(field.begin(), field.end(),
                                     [](char byte) { return static_cast<quint8>(byte) <= 0x80; });
-    FUZZ_REQUIRE((isSize ? groupedSize(tag, 6) : 0) == tag.size() - TagHeaderSize);
+    FUZZ_REQUIRE((isSize ? groupedSize(tag, 6) : 0) == tag.size() - tagHeaderSize);
 }
 
 /** True when the new frames are the old ones, or lack one piece that begins with the id. */
@@ -85,8 +85,8 @@ bool lacksOneFrame(const QByteArray &before, const QByteArray &after, const QByt
     for (qsizetype pos = before.indexOf(id); pos >= 0; pos = before.indexOf(id, pos + 1)) {
         const qsizetype toEnd = before.size() - pos;
         const qsizetype plain =
-            FrameHeaderSize + (toEnd >= 8 ? qsizetype{fuzzing::bigEndianAt(before, pos + 4)} : 0);
-        const qsizetype grouped = FrameHeaderSize + groupedSize(before, pos + 4);
+            frameHeaderSize + (toEnd >= 8 ? qsizetype{fuzzing::bigEndianAt(before, pos + 4)} : 0);
+        const qsizetype grouped = frameHeaderSize + groupedSize(before, pos + 4);
         const bool rightSize = removed == std::min(plain, toEnd) || removed == grouped;
         if (rightSize && before.left(pos) == after.left(pos) &&
             before.mid(pos + removed) == after.mid(pos))
@@ -108,16 +108,16 @@ void runWriter(Mp3Header &header, const QByteArray &id, const QByteArray &text,
     qsizetype extended = 0;
     if (hadExtendedHeader)
         extended = at(old, 3) == 3 ? fuzzing::bigEndianAt(old, 10) + 4 : groupedSize(old, 10);
-    const QByteArray before = old.mid(TagHeaderSize + extended);
+    const QByteArray before = old.mid(tagHeaderSize + extended);
     FUZZ_REQUIRE(tag.left(5) == old.left(5) && (at(tag, 5) == at(old, 5) || hadExtendedHeader));
 
     const QByteArray inserted = text.isEmpty() ? QByteArray() : frameOf(old, id, text);
-    QByteArray after = tag.mid(TagHeaderSize);
+    QByteArray after = tag.mid(tagHeaderSize);
     FUZZ_REQUIRE(after.startsWith(inserted));
     after.remove(0, inserted.size());
     FUZZ_REQUIRE(lacksOneFrame(before, after, id));
 
-    std::optional<QList<QByteArray>> expected = soundFrames(old.left(TagHeaderSize) + before);
+    std::optional<QList<QByteArray>> expected = soundFrames(old.left(tagHeaderSize) + before);
     if (!expected)
         return;
     for (qsizetype i = 0; i < expected->size() - 1; ++i) {
@@ -167,8 +167,8 @@ void writeAll(Mp3Header &header, const SongInfo &info)
     header.setKavenaEditParam();
     requireSizeField(header);
     FUZZ_REQUIRE(hadMark || header.hasKavenaEditParam());
-    FUZZ_REQUIRE(header.stream().mid(TagHeaderSize) ==
-                 frameOf(old, "MEDT", QByteArray(3, '\0')) + old.mid(TagHeaderSize));
+    FUZZ_REQUIRE(header.stream().mid(tagHeaderSize) ==
+                 frameOf(old, "MEDT", QByteArray(3, '\0')) + old.mid(tagHeaderSize));
 }
 
 /** The single steps, with whatever identifier and place. */
@@ -207,7 +207,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     }
     const bool hadTag = file.startsWith("ID3");
     FUZZ_REQUIRE(hadTag ||
-                 (header.stream().size() == TagHeaderSize && header.getAudioDataStartPos() == 0));
+                 (header.stream().size() == tagHeaderSize && header.getAudioDataStartPos() == 0));
     const bool isRenewed = hadTag && at(file, 3) == 2 && at(header.stream(), 3) == 3;
     // Unsynchronisation is undone, which shortens the tag; a footer goes and was in front of the
     // audio.

@@ -12,8 +12,8 @@ namespace
 
 using Kind = RawMidiFile::kRavoMetaTypeEnum;
 
-constexpr int MakerType = 0x4B;
-constexpr int LengthFieldSize = 4;
+constexpr int makerType = 0x4B;
+constexpr int lengthFieldSize = 4;
 
 /** The events that a writer replaces: a meta type and, for the maker's events, the sub-type. */
 struct Target {
@@ -120,7 +120,7 @@ private:
             status = m_running;
         if (status == 0xFF) {
             const quint8 type = at(m_bytes, m_pos++);
-            if (type != MakerType)
+            if (type != makerType)
                 return type < 0x80 && skipCounted();
             const qsizetype length = at(m_bytes, m_pos); // in one byte, whatever it is
             m_pos += 1 + length;
@@ -156,7 +156,7 @@ std::optional<QList<Event>> firstTrack(const RawMidiFile &midi)
 void requireInvariant(const RawMidiFile &midi)
 {
     FUZZ_REQUIRE(fuzzing::bigEndianAt(midi.stream(), midi.trackLengthPos()) == midi.trackLength());
-    FUZZ_REQUIRE(midi.trackStart() == midi.trackLengthPos() + LengthFieldSize);
+    FUZZ_REQUIRE(midi.trackStart() == midi.trackLengthPos() + lengthFieldSize);
 }
 
 bool isEventAt(const QByteArray &bytes, qsizetype pos, const Target &target)
@@ -254,22 +254,22 @@ void writeTexts(RawMidiFile &midi, const SongInfo &info)
 {
     const Target title{0x03};
     runWriter(midi, title, eventOf(title, textOf(info.title)), [&] { midi.setTitle(info.title); });
-    const Target genre{MakerType, 1};
+    const Target genre{makerType, 1};
     runWriter(midi, genre, eventOf(genre, textOf(info.genre)), [&] { midi.setGenre(info.genre); });
-    const Target artist{MakerType, 2};
+    const Target artist{makerType, 2};
     runWriter(midi, artist, eventOf(artist, textOf(info.artist)),
               [&] { midi.setArtist(info.artist); });
-    const Target author{MakerType, 3};
+    const Target author{makerType, 3};
     runWriter(midi, author, eventOf(author, textOf(info.author)),
               [&] { midi.setAuthor(info.author); });
 }
 
 void writeNumbers(RawMidiFile &midi, const SongInfo &info)
 {
-    const Target length{MakerType, 4};
+    const Target length{makerType, 4};
     runWriter(midi, length, eventOf(length, QByteArray::number(info.length)),
               [&] { midi.setLength(info.length); });
-    const Target userBpm{MakerType, 5};
+    const Target userBpm{makerType, 5};
     runWriter(midi, userBpm, eventOf(userBpm, QByteArray::number(info.userBpm)),
               [&] { midi.setUserBpm(info.userBpm); });
 }
@@ -292,10 +292,10 @@ void writeMarkers(RawMidiFile &midi, const QList<Marker> &markers)
     QByteArray inserted;
     for (const Marker &marker : markers) {
         const char bar[] = {static_cast<char>(marker.bar >> 8), static_cast<char>(marker.bar)};
-        inserted += eventOf({MakerType, 6}, QByteArray(bar, sizeof bar) + textOf(marker.text));
+        inserted += eventOf({makerType, 6}, QByteArray(bar, sizeof bar) + textOf(marker.text));
     }
     // It is the author events that make room for markers.
-    runWriter(midi, {MakerType, 3}, inserted, [&] { midi.setMarkersList(markers); });
+    runWriter(midi, {makerType, 3}, inserted, [&] { midi.setMarkersList(markers); });
 }
 
 /** The single steps, with whatever type and place. */

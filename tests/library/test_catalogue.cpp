@@ -2,6 +2,8 @@
 //
 // Nothing of the library's code is used here: that the resource is found all the same shows that it
 // does not get lost when the static library is linked.
+#include "support/shorttext.h"
+
 #include <QFile>
 #include <QHash>
 #include <QRegularExpression>
@@ -30,17 +32,12 @@ struct Song {
     QString altArtist;
 };
 
-QString str(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
 /** The spellings that keys have in the catalogue, the irregular ones last. */
 const QSet<QString> &keySpellings()
 {
     static const QStringList spellings =
-        str("|C|C#|Db|D|D#|Eb|E|F|F#|Gb|G|G#|Ab|A|Bb|B|C -|C# -|D -|D# -|Db -|Eb -|E -|F -|F# -|"
-            "G -|G# -|Ab -|A -|A# -|Bb -|B -|C#-|D-|G #| D")
+        s("|C|C#|Db|D|D#|Eb|E|F|F#|Gb|G|G#|Ab|A|Bb|B|C -|C# -|D -|D# -|Db -|Eb -|E -|F -|F# -|"
+          "G -|G# -|Ab -|A -|A# -|Bb -|B -|C#-|D-|G #| D")
             .split(QLatin1Char('|'));
     static const QSet<QString> set(spellings.begin(), spellings.end());
     return set;
@@ -67,7 +64,7 @@ int earliestStart(int bar, int bpm)
 /** Upper case, one blank between words, nothing that a song file or a lookup cannot hold. */
 bool isTidy(const QString &text)
 {
-    static const QRegularExpression unwanted(str("[\"%_\\x00-\\x1F]"));
+    static const QRegularExpression unwanted(s("[\"%_\\x00-\\x1F]"));
     return text == text.toUpper() && text == text.simplified() &&
            text == QString::fromLatin1(text.toLatin1()) && !text.contains(unwanted);
 }
@@ -75,8 +72,8 @@ bool isTidy(const QString &text)
 /** Several names are joined by a hyphen between blanks, none of them empty. */
 bool isListOfNames(const QString &text)
 {
-    static const QRegularExpression form(str("^[^ -].*[^ -]$|^[^ -]$"));
-    return form.match(text).hasMatch() && !text.contains(str(" - -")) &&
+    static const QRegularExpression form(s("^[^ -].*[^ -]$|^[^ -]$"));
+    return form.match(text).hasMatch() && !text.contains(s(" - -")) &&
            !text.contains(QLatin1Char(';')) && !text.contains(QLatin1Char('/'));
 }
 } // namespace
@@ -116,37 +113,37 @@ private:
 
 void TestCatalogue::initTestCase()
 {
-    QFile resource(str(":/db/songsdb"));
+    QFile resource(s(":/db/songsdb"));
     QVERIFY(resource.open(QIODevice::ReadOnly));
     QTemporaryFile copy;
     QVERIFY(copy.open());
     QVERIFY(copy.write(resource.readAll()) > 0);
     QVERIFY(copy.flush());
     {
-        QSqlDatabase file = QSqlDatabase::addDatabase(str("QSQLITE"), str("catalogue"));
+        QSqlDatabase file = QSqlDatabase::addDatabase(s("QSQLITE"), s("catalogue"));
         file.setDatabaseName(copy.fileName());
         QVERIFY(file.open());
         QSqlQuery query(file);
-        QVERIFY(query.exec(str("select * from songs")));
+        QVERIFY(query.exec(s("select * from songs")));
         for (int i = 0; i < query.record().count(); ++i)
             m_columns.append(query.record().fieldName(i));
         while (query.next()) {
             const auto text = [&query](const char *column) {
-                return query.value(str(column)).toString();
+                return query.value(s(column)).toString();
             };
             m_songs.append({text("title"), text("artist"), text("genre"), text("author"),
-                            query.value(str("length")), query.value(str("bpm")), text("key"),
-                            text("filename"), query.value(str("markers")), text("altartist")});
+                            query.value(s("length")), query.value(s("bpm")), text("key"),
+                            text("filename"), query.value(s("markers")), text("altartist")});
         }
     }
-    QSqlDatabase::removeDatabase(str("catalogue"));
+    QSqlDatabase::removeDatabase(s("catalogue"));
     QVERIFY(!m_songs.isEmpty());
 }
 
 void TestCatalogue::tableHasItsColumns()
 {
     QCOMPARE(m_columns.join(QLatin1Char(' ')),
-             str("title artist genre author length bpm key filename markers altartist"));
+             s("title artist genre author length bpm key filename markers altartist"));
 }
 
 void TestCatalogue::tableHoldsEnoughSongs()
@@ -173,11 +170,11 @@ void TestCatalogue::wellKnownSongsAreIn_data()
 void TestCatalogue::wellKnownSongsAreIn()
 {
     QFETCH(QString, author);
-    const QString title = str(QTest::currentDataTag());
+    const QString title = s(QTest::currentDataTag());
     QStringList authors;
     for (const Song &song : std::as_const(m_songs)) {
         if (song.title == title)
-            authors.append(song.author.split(str(" - ")).first());
+            authors.append(song.author.split(s(" - ")).first());
     }
     QCOMPARE(authors, QStringList(author));
 }
@@ -187,7 +184,7 @@ void TestCatalogue::textsAreUpperCaseAndTidy()
     for (const Song &song : std::as_const(m_songs)) {
         for (const QString &text :
              {song.title, song.artist, song.genre, song.author, song.altArtist})
-            QVERIFY2(isTidy(text), qPrintable(song.fileName + str(": ") + text));
+            QVERIFY2(isTidy(text), qPrintable(song.fileName + s(": ") + text));
     }
 }
 
@@ -201,19 +198,19 @@ void TestCatalogue::namesAreJoinedByHyphens()
 {
     for (const Song &song : std::as_const(m_songs)) {
         for (const QString &names : {song.artist, song.altArtist, song.author})
-            QVERIFY2(isListOfNames(names), qPrintable(song.fileName + str(": ") + names));
+            QVERIFY2(isListOfNames(names), qPrintable(song.fileName + s(": ") + names));
     }
 }
 
 void TestCatalogue::displayedArtistHasTheSameNames()
 {
     for (const Song &song : std::as_const(m_songs)) {
-        const QStringList inOrder = song.artist.split(str(" - "));
-        const QStringList displayed = song.altArtist.split(str(" - "));
+        const QStringList inOrder = song.artist.split(s(" - "));
+        const QStringList displayed = song.altArtist.split(s(" - "));
         QVERIFY2(inOrder.size() == displayed.size(), qPrintable(song.fileName));
         for (qsizetype i = 0; i < inOrder.size(); ++i)
             QVERIFY2(isSurnameMovedToTheFront(displayed.at(i), inOrder.at(i)),
-                     qPrintable(song.fileName + str(": ") + song.altArtist));
+                     qPrintable(song.fileName + s(": ") + song.altArtist));
     }
 }
 
@@ -224,7 +221,7 @@ void TestCatalogue::genresAreASmallClosedSet()
         ++songsByGenre[song.genre];
     songsByGenre.remove(QString());
     QVERIFY2(songsByGenre.size() >= 16 && songsByGenre.size() <= 24,
-             qPrintable(QStringList(songsByGenre.keys()).join(str(", "))));
+             qPrintable(QStringList(songsByGenre.keys()).join(s(", "))));
     // A genre of its own for a song or two is a slip of the pen.
     for (auto genre = songsByGenre.cbegin(); genre != songsByGenre.cend(); ++genre)
         QVERIFY2(genre.value() >= 10, qPrintable(genre.key()));
@@ -261,20 +258,19 @@ void TestCatalogue::everyKeySpellingOccurs()
     QSet<QString> missing = keySpellings();
     for (const Song &song : std::as_const(m_songs))
         missing.remove(song.key);
-    QVERIFY2(missing.isEmpty(), qPrintable(QStringList(missing.values()).join(str(", "))));
+    QVERIFY2(missing.isEmpty(), qPrintable(QStringList(missing.values()).join(s(", "))));
 }
 
 void TestCatalogue::keysAreSpelledAsListed()
 {
     for (const Song &song : std::as_const(m_songs)) {
-        QVERIFY2(keySpellings().contains(song.key),
-                 qPrintable(song.fileName + str(": ") + song.key));
+        QVERIFY2(keySpellings().contains(song.key), qPrintable(song.fileName + s(": ") + song.key));
     }
 }
 
 void TestCatalogue::fileNamesAreUniqueBaseNames()
 {
-    static const QRegularExpression form(str("^[A-Z0-9_-]{1,8}\\z"));
+    static const QRegularExpression form(s("^[A-Z0-9_-]{1,8}\\z"));
     QSet<QString> names;
     for (const Song &song : std::as_const(m_songs)) {
         QVERIFY2(form.match(song.fileName).hasMatch(), qPrintable(song.fileName));
@@ -285,17 +281,17 @@ void TestCatalogue::fileNamesAreUniqueBaseNames()
 
 void TestCatalogue::markersAreBarsAndTexts()
 {
-    static const QRegularExpression form(str("^([1-9][0-9]{0,4};[^; ]([^;]*[^; ])?;)+\\z"));
+    static const QRegularExpression form(s("^([1-9][0-9]{0,4};[^; ]([^;]*[^; ])?;)+\\z"));
     for (const Song &song : std::as_const(m_songs)) {
         if (song.markers.isNull())
             continue;
         const QString markers = song.markers.toString();
-        QVERIFY2(form.match(markers).hasMatch(), qPrintable(song.fileName + str(": ") + markers));
+        QVERIFY2(form.match(markers).hasMatch(), qPrintable(song.fileName + s(": ") + markers));
         const QStringList parts = markers.split(QLatin1Char(';'), Qt::SkipEmptyParts);
         int lastBar = 0;
         for (int i = 0; i < parts.size(); i += 2) {
             QVERIFY2(parts.at(i).toInt() > lastBar && parts.at(i).toInt() <= 65535,
-                     qPrintable(song.fileName + str(": ") + markers));
+                     qPrintable(song.fileName + s(": ") + markers));
             lastBar = parts.at(i).toInt();
         }
     }
@@ -308,11 +304,11 @@ void TestCatalogue::markersLieWithinTheSong()
             continue;
         const QString markers = song.markers.toString();
         const QStringList parts = markers.split(QLatin1Char(';'), Qt::SkipEmptyParts);
-        QVERIFY2(parts.size() >= 4, qPrintable(song.fileName + str(": ") + markers));
-        QVERIFY2(parts.first() == str("1"), qPrintable(song.fileName + str(": ") + markers));
+        QVERIFY2(parts.size() >= 4, qPrintable(song.fileName + s(": ") + markers));
+        QVERIFY2(parts.first() == s("1"), qPrintable(song.fileName + s(": ") + markers));
         const int lastBar = parts.at(parts.size() - 2).toInt();
         QVERIFY2(earliestStart(lastBar, song.bpm.toInt()) < song.length.toInt(),
-                 qPrintable(song.fileName + str(": ") + markers));
+                 qPrintable(song.fileName + s(": ") + markers));
     }
 }
 

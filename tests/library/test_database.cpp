@@ -41,7 +41,7 @@ int openFilesIn(const QString &folder)
 {
     int count = 0;
     const QFileInfoList descriptors =
-        QDir(str("/proc/self/fd")).entryInfoList(QDir::AllEntries | QDir::System);
+        QDir(s("/proc/self/fd")).entryInfoList(QDir::AllEntries | QDir::System);
     for (const QFileInfo &descriptor : descriptors)
         count += descriptor.symLinkTarget().startsWith(folder + QLatin1Char('/')) ? 1 : 0;
     return count;
@@ -76,10 +76,10 @@ void TestDatabase::bothConnectionsOpen()
 {
     Database database;
     QVERIFY(database.init());
-    QCOMPARE(database.userLibraryDb().connectionName(), str("con_mem"));
-    QCOMPARE(database.userLibraryDb().databaseName(), str(":memory:"));
+    QCOMPARE(database.userLibraryDb().connectionName(), s("con_mem"));
+    QCOMPARE(database.userLibraryDb().databaseName(), s(":memory:"));
     QVERIFY(database.userLibraryDb().isOpen());
-    QVERIFY(QSqlDatabase::database(str("con_songsdb"), false).isOpen());
+    QVERIFY(QSqlDatabase::database(s("con_songsdb"), false).isOpen());
     QVERIFY(!database.artistsList().isEmpty());
     QVERIFY(!database.genresList().isEmpty());
 }
@@ -88,12 +88,12 @@ void TestDatabase::userSongsTableHasItsColumns()
 {
     Database database;
     QVERIFY(database.init());
-    const QSqlRecord fields = database.userLibraryDb().record(str("usersongs"));
+    const QSqlRecord fields = database.userLibraryDb().record(s("usersongs"));
     QStringList names;
     for (int i = 0; i < fields.count(); ++i)
         names.append(fields.fieldName(i));
     QCOMPARE(names.join(QLatin1Char(' ')),
-             str("id type title artist genre author length userbpm key filename shortname status"));
+             s("id type title artist genre author length userbpm key filename shortname status"));
 }
 
 void TestDatabase::builtInCatalogueIsCopiedToATemporaryFile()
@@ -103,12 +103,12 @@ void TestDatabase::builtInCatalogueIsCopiedToATemporaryFile()
         LogCapture log;
         Database database;
         QVERIFY(database.init());
-        copy = QSqlDatabase::database(str("con_songsdb"), false).databaseName();
+        copy = QSqlDatabase::database(s("con_songsdb"), false).databaseName();
         QCOMPARE(
             log.lines(),
             QStringList(
                 QStringLiteral("[Database::init] Created temporary db file:  \"%1\" ").arg(copy)));
-        QFile resource(str(":/db/songsdb"));
+        QFile resource(s(":/db/songsdb"));
         QFile file(copy);
         QVERIFY(resource.open(QIODevice::ReadOnly) && file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(), resource.readAll());
@@ -120,10 +120,10 @@ void TestDatabase::everySongOfTheBuiltInCatalogueIsFound()
 {
     Database database;
     QVERIFY(database.init());
-    QSqlQuery songs(QSqlDatabase::database(str("con_songsdb"), false));
-    QVERIFY(songs.exec(str("select filename, title, artist, length, "
-                           "(select count(*) from main.songs o where o.title = s.title) "
-                           "from main.songs s where instr(filename, '_') = 0")));
+    QSqlQuery songs(QSqlDatabase::database(s("con_songsdb"), false));
+    QVERIFY(songs.exec(s("select filename, title, artist, length, "
+                         "(select count(*) from main.songs o where o.title = s.title) "
+                         "from main.songs s where instr(filename, '_') = 0")));
     int found = 0;
     while (songs.next()) {
         SongsDbRecord record;
@@ -144,16 +144,15 @@ void TestDatabase::debugFileReplacesTheBuiltInCatalogue()
     LogCapture log;
     Database database;
     QVERIFY(database.init());
-    QCOMPARE(log.lines(), QStringList(str("Using local file: 'songsdb_debug' as database ")));
-    QCOMPARE(database.artistsList(), QStringList(str("JOHANN STRAUSS")));
-    QCOMPARE(QSqlDatabase::database(str("con_songsdb"), false).databaseName(),
-             str("songsdb_debug"));
+    QCOMPARE(log.lines(), QStringList(s("Using local file: 'songsdb_debug' as database ")));
+    QCOMPARE(database.artistsList(), QStringList(s("JOHANN STRAUSS")));
+    QCOMPARE(QSqlDatabase::database(s("con_songsdb"), false).databaseName(), s("songsdb_debug"));
 }
 
 void TestDatabase::debugFileIsUsedWithoutATemporaryFile()
 {
-    QVERIFY(QDir::current().mkdir(str("temporary")));
-    const QString folder = QDir(m_folder->path()).canonicalPath() + str("/temporary");
+    QVERIFY(QDir::current().mkdir(s("temporary")));
+    const QString folder = QDir(m_folder->path()).canonicalPath() + s("/temporary");
     const TemporaryFilesIn here(folder);
     {
         Database builtIn;
@@ -170,7 +169,7 @@ void TestDatabase::debugFileIsUsedWithoutATemporaryFile()
 
 void TestDatabase::folderNamedLikeTheDebugFileIsPassedOver()
 {
-    QVERIFY(QDir::current().mkdir(str("songsdb_debug")));
+    QVERIFY(QDir::current().mkdir(s("songsdb_debug")));
     Database database;
     QVERIFY(database.init());
     QVERIFY(!database.genresList().isEmpty());
@@ -178,11 +177,11 @@ void TestDatabase::folderNamedLikeTheDebugFileIsPassedOver()
 
 void TestDatabase::unusableTemporaryFolderFailsInit()
 {
-    const TemporaryFilesIn nowhere(str("/dev/null"));
+    const TemporaryFilesIn nowhere(s("/dev/null"));
     LogCapture log;
     Database database;
     QVERIFY(!database.init());
-    QVERIFY(log.contains(str("[Database::init] FATAL: Unable to create temporary files !!! ")));
+    QVERIFY(log.contains(s("[Database::init] FATAL: Unable to create temporary files !!! ")));
 }
 
 void TestDatabase::fullDiskFailsInit()
@@ -196,7 +195,7 @@ void TestDatabase::fullDiskFailsInit()
     }
     QVERIFY(!succeeded);
     QCOMPARE(log.lines().size(), 2);
-    QVERIFY(log.contains(str("[Database::init] FATAL: Unable to create temporary files !!! ")));
+    QVERIFY(log.contains(s("[Database::init] FATAL: Unable to create temporary files !!! ")));
 }
 
 void TestDatabase::missingResourceFailsInit()
@@ -207,7 +206,7 @@ void TestDatabase::missingResourceFailsInit()
     const bool succeeded = database.init();
     Q_INIT_RESOURCE(catalogue);
     QVERIFY(!succeeded);
-    QVERIFY(log.contains(str("[Database::init] FATAL: Unable to open db resource file !!! ")));
+    QVERIFY(log.contains(s("[Database::init] FATAL: Unable to open db resource file !!! ")));
 }
 
 void TestDatabase::secondDatabaseWorksAfterTheFirstIsGone()
@@ -215,23 +214,23 @@ void TestDatabase::secondDatabaseWorksAfterTheFirstIsGone()
     for (int round = 0; round < 2; ++round) {
         Database database;
         QVERIFY(database.init());
-        QVERIFY(QSqlQuery(database.userLibraryDb()).exec(str("select * from usersongs")));
+        QVERIFY(QSqlQuery(database.userLibraryDb()).exec(s("select * from usersongs")));
         QVERIFY(!database.artistsList().isEmpty());
     }
-    QVERIFY(!QSqlDatabase::contains(str("con_mem")));
-    QVERIFY(!QSqlDatabase::contains(str("con_songsdb")));
+    QVERIFY(!QSqlDatabase::contains(s("con_mem")));
+    QVERIFY(!QSqlDatabase::contains(s("con_songsdb")));
 }
 
 void TestDatabase::initTwiceStartsAgain()
 {
     Database database;
     QVERIFY(database.init());
-    QVERIFY(QSqlQuery(database.userLibraryDb()).exec(str("insert into usersongs (id) values (1)")));
+    QVERIFY(QSqlQuery(database.userLibraryDb()).exec(s("insert into usersongs (id) values (1)")));
     const QStringList artists = database.artistsList();
     QVERIFY(database.init());
     QCOMPARE(database.artistsList(), artists);
     QSqlQuery count(database.userLibraryDb());
-    QVERIFY(count.exec(str("select count(*) from usersongs")) && count.next());
+    QVERIFY(count.exec(s("select count(*) from usersongs")) && count.next());
     QCOMPARE(count.value(0).toInt(), 0);
 }
 
@@ -239,8 +238,8 @@ void TestDatabase::nothingIsFoundBeforeInit()
 {
     Database database;
     SongsDbRecord record;
-    QVERIFY(!database.getRecordByFilename(str("%"), record));
-    QVERIFY(!database.getRecordByTitle(str("%"), record));
+    QVERIFY(!database.getRecordByFilename(s("%"), record));
+    QVERIFY(!database.getRecordByTitle(s("%"), record));
     QVERIFY(!database.clearUserLibraryDb());
     QVERIFY(!database.userLibraryDb().isValid());
     database.populateArtistsList();

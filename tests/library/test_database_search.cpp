@@ -64,18 +64,18 @@ private slots:
 void TestDatabaseSearch::listsKeepTheCataloguesOrderWithoutEmptyTexts()
 {
     QVERIFY(debugcatalogue::create({
-        str("'T1', '', ' POP ', '', 1, 1, '', 'F1', NULL, 'ZORA'"),
-        str("'T2', '', '', '', 1, 1, '', 'F2', NULL, ''"),
-        str("'T3', '', NULL, '', 1, 1, '', 'F3', NULL, NULL"),
-        str("'T4', '', '  ', '', 1, 1, '', 'F4', NULL, ' \t'"),
-        str("'T5', '', 'jazz', '', 1, 1, '', 'F5', NULL, 'zora'"),
-        str("'T6', '', 'JAZZ', '', 1, 1, '', 'F6', NULL, 'ANNA'"),
-        str("'T7', '', 'jazz', '', 1, 1, '', 'F7', NULL, 'ZORA'"),
+        s("'T1', '', ' POP ', '', 1, 1, '', 'F1', NULL, 'ZORA'"),
+        s("'T2', '', '', '', 1, 1, '', 'F2', NULL, ''"),
+        s("'T3', '', NULL, '', 1, 1, '', 'F3', NULL, NULL"),
+        s("'T4', '', '  ', '', 1, 1, '', 'F4', NULL, ' \t'"),
+        s("'T5', '', 'jazz', '', 1, 1, '', 'F5', NULL, 'zora'"),
+        s("'T6', '', 'JAZZ', '', 1, 1, '', 'F6', NULL, 'ANNA'"),
+        s("'T7', '', 'jazz', '', 1, 1, '', 'F7', NULL, 'ZORA'"),
     }));
     Database database;
     QVERIFY(database.init());
-    QCOMPARE(database.genresList(), QStringList({str("POP"), str("jazz"), str("JAZZ")}));
-    QCOMPARE(database.artistsList(), QStringList({str("ZORA"), str("zora"), str("ANNA")}));
+    QCOMPARE(database.genresList(), QStringList({s("POP"), s("jazz"), s("JAZZ")}));
+    QCOMPARE(database.artistsList(), QStringList({s("ZORA"), s("zora"), s("ANNA")}));
 }
 
 void TestDatabaseSearch::populateReplacesTheLists()
@@ -85,28 +85,28 @@ void TestDatabaseSearch::populateReplacesTheLists()
     QVERIFY(database.init());
     database.populateArtistsList();
     database.populateGenresList();
-    QCOMPARE(database.artistsList(), QStringList(str("JOHANN STRAUSS")));
-    QCOMPARE(database.genresList(), QStringList(str("VALZER")));
+    QCOMPARE(database.artistsList(), QStringList(s("JOHANN STRAUSS")));
+    QCOMPARE(database.genresList(), QStringList(s("VALZER")));
 }
 
 void TestDatabaseSearch::recordHoldsTheTrimmedColumns()
 {
     QVERIFY(debugcatalogue::create(
-        {str("' O SOLE ', ' CARUSO ENRICO', 'NAPOLI ', ' DI CAPUA ', 198, 76, ' D', 'OSOLE', "
-             "' 1;Intro;19;Verse1; ', ' ENRICO CARUSO '")}));
+        {s("' O SOLE ', ' CARUSO ENRICO', 'NAPOLI ', ' DI CAPUA ', 198, 76, ' D', 'OSOLE', "
+           "' 1;Intro;19;Verse1; ', ' ENRICO CARUSO '")}));
     Database database;
     QVERIFY(database.init());
     SongsDbRecord record;
-    QVERIFY(database.getRecordByFilename(str("OSOLE"), record));
-    QCOMPARE(record.title, str("O SOLE"));
-    QCOMPARE(record.artist, str("CARUSO ENRICO"));
-    QCOMPARE(record.altartist, str("ENRICO CARUSO"));
-    QCOMPARE(record.genre, str("NAPOLI"));
-    QCOMPARE(record.author, str("DI CAPUA"));
+    QVERIFY(database.getRecordByFilename(s("OSOLE"), record));
+    QCOMPARE(record.title, s("O SOLE"));
+    QCOMPARE(record.artist, s("CARUSO ENRICO"));
+    QCOMPARE(record.altartist, s("ENRICO CARUSO"));
+    QCOMPARE(record.genre, s("NAPOLI"));
+    QCOMPARE(record.author, s("DI CAPUA"));
     QCOMPARE(record.length, 198);
     QCOMPARE(record.bpm, 76);
-    QCOMPARE(record.key, str("D"));
-    QCOMPARE(written(record.markers), str("1=Intro|19=Verse1|"));
+    QCOMPARE(record.key, s("D"));
+    QCOMPARE(written(record.markers), s("1=Intro|19=Verse1|"));
 }
 
 void TestDatabaseSearch::recordHoldsMinusOneForWhatIsNoNumber_data()
@@ -139,20 +139,20 @@ void TestDatabaseSearch::recordHoldsMinusOneForWhatIsNoNumber()
     Database database;
     QVERIFY(database.init());
     SongsDbRecord record;
-    QVERIFY(database.getRecordByFilename(str("F"), record));
+    QVERIFY(database.getRecordByFilename(s("F"), record));
     QCOMPARE(record.length, number);
     QCOMPARE(record.bpm, number);
 }
 
 void TestDatabaseSearch::fileNameMatchesInEitherCase()
 {
-    QVERIFY(debugcatalogue::create({str("'T', '', '', '', 1, 1, '', 'ABC', NULL, ''")}));
+    QVERIFY(debugcatalogue::create({s("'T', '', '', '', 1, 1, '', 'ABC', NULL, ''")}));
     Database database;
     QVERIFY(database.init());
     SongsDbRecord record;
-    QVERIFY(database.getRecordByFilename(str("abc"), record));
-    QVERIFY(database.getRecordByFilename(str("ABC"), record));
-    QVERIFY(!database.getRecordByFilename(str("ABCD"), record));
+    QVERIFY(database.getRecordByFilename(s("abc"), record));
+    QVERIFY(database.getRecordByFilename(s("ABC"), record));
+    QVERIFY(!database.getRecordByFilename(s("ABCD"), record));
     QVERIFY(!database.getRecordByFilename(QString(), record));
     QVERIFY(record.markers.isEmpty());
 }
@@ -160,15 +160,15 @@ void TestDatabaseSearch::fileNameMatchesInEitherCase()
 void TestDatabaseSearch::firstRowOfTheCatalogueCountsForAWildCard()
 {
     QVERIFY(debugcatalogue::create({
-        str("'LAST NAME FIRST', '', '', '', 1, 1, '', 'SONGZ', NULL, ''"),
-        str("'FIRST NAME LAST', '', '', '', 1, 1, '', 'SONGA', NULL, ''"),
+        s("'LAST NAME FIRST', '', '', '', 1, 1, '', 'SONGZ', NULL, ''"),
+        s("'FIRST NAME LAST', '', '', '', 1, 1, '', 'SONGA', NULL, ''"),
     }));
     Database database;
     QVERIFY(database.init());
-    for (const QString &pattern : {str("song%"), str("SONG_"), str("%"), str("%ONG_")}) {
+    for (const QString &pattern : {s("song%"), s("SONG_"), s("%"), s("%ONG_")}) {
         SongsDbRecord record;
         QVERIFY(database.getRecordByFilename(pattern, record));
-        QCOMPARE(record.title, str("LAST NAME FIRST"));
+        QCOMPARE(record.title, s("LAST NAME FIRST"));
     }
 }
 
@@ -185,17 +185,17 @@ void TestDatabaseSearch::doubleQuoteFindsNothing()
 {
     QFETCH(QString, argument);
     QVERIFY(debugcatalogue::create({
-        str("'A\"B', '', '', '', 1, 1, '', 'A\"B', NULL, ''"),
-        str("'A\"\"B', '', '', '', 1, 1, '', 'A\"\"B', NULL, ''"),
+        s("'A\"B', '', '', '', 1, 1, '', 'A\"B', NULL, ''"),
+        s("'A\"\"B', '', '', '', 1, 1, '', 'A\"\"B', NULL, ''"),
     }));
     Database database;
     QVERIFY(database.init());
     LogCapture log;
     SongsDbRecord record;
-    record.title = str("UNTOUCHED");
+    record.title = s("UNTOUCHED");
     QVERIFY(!database.getRecordByFilename(argument, record));
     QVERIFY(!database.getRecordByTitle(argument, record));
-    QCOMPARE(record.title, str("UNTOUCHED"));
+    QCOMPARE(record.title, s("UNTOUCHED"));
     QVERIFY(log.lines().isEmpty());
 }
 
@@ -205,12 +205,12 @@ void TestDatabaseSearch::argumentCannotChangeTheStatement()
     Database database;
     QVERIFY(database.init());
     SongsDbRecord record;
-    QVERIFY(!database.getRecordByFilename(str("x' or '1'='1"), record));
-    QVERIFY(!database.getRecordByTitle(str("x'; drop table songs; --"), record));
+    QVERIFY(!database.getRecordByFilename(s("x' or '1'='1"), record));
+    QVERIFY(!database.getRecordByTitle(s("x'; drop table songs; --"), record));
     // A word between quotes must not be read as the column of that name.
-    QVERIFY(!database.getRecordByTitle(str("TITLE"), record));
-    QVERIFY(!database.getRecordByFilename(str("filename"), record));
-    QVERIFY(database.getRecordByFilename(str("DANUBIO"), record));
+    QVERIFY(!database.getRecordByTitle(s("TITLE"), record));
+    QVERIFY(!database.getRecordByFilename(s("filename"), record));
+    QVERIFY(database.getRecordByFilename(s("DANUBIO"), record));
 }
 
 void TestDatabaseSearch::endlessArgumentFindsNothing()
@@ -230,29 +230,29 @@ void TestDatabaseSearch::titleHeldByOneRowIsFound()
     QVERIFY(database.init());
     LogCapture log;
     SongsDbRecord record;
-    QVERIFY(database.getRecordByTitle(str("sul bel Danubio blu"), record));
+    QVERIFY(database.getRecordByTitle(s("sul bel Danubio blu"), record));
     QCOMPARE(record.length, 600);
-    QCOMPARE(written(record.markers), str("1=Intro|45=Waltz1|"));
-    QVERIFY(database.getRecordByTitle(str("SUL%"), record));
+    QCOMPARE(written(record.markers), s("1=Intro|45=Waltz1|"));
+    QVERIFY(database.getRecordByTitle(s("SUL%"), record));
     QVERIFY(log.lines().isEmpty());
 }
 
 void TestDatabaseSearch::titleHeldByTwoRowsIsNotGuessedAt()
 {
     QVERIFY(debugcatalogue::create({
-        str("'AVE MARIA', 'GIGLI', '', '', 1, 1, '', 'AVE1', NULL, ''"),
-        str("'Ave Maria', 'CARUSO', '', '', 1, 1, '', 'AVE2', NULL, ''"),
+        s("'AVE MARIA', 'GIGLI', '', '', 1, 1, '', 'AVE1', NULL, ''"),
+        s("'Ave Maria', 'CARUSO', '', '', 1, 1, '', 'AVE2', NULL, ''"),
     }));
     Database database;
     QVERIFY(database.init());
     LogCapture log;
     SongsDbRecord record;
-    record.title = str("UNTOUCHED");
-    QVERIFY(!database.getRecordByTitle(str("AVE MARIA"), record));
-    QCOMPARE(record.title, str("UNTOUCHED"));
+    record.title = s("UNTOUCHED");
+    QVERIFY(!database.getRecordByTitle(s("AVE MARIA"), record));
+    QCOMPARE(record.title, s("UNTOUCHED"));
     QCOMPARE(
         log.lines(),
-        QStringList(str("[getRecordByTitle] WARNING: multiple reusults in query, aborting !!! ")));
+        QStringList(s("[getRecordByTitle] WARNING: multiple reusults in query, aborting !!! ")));
 }
 
 void TestDatabaseSearch::titleThatCannotBeCountedIsNotTaken()
@@ -260,18 +260,17 @@ void TestDatabaseSearch::titleThatCannotBeCountedIsNotTaken()
     // The absolute value of the smallest integer overflows: the first row reads well, the second
     // stops the statement.
     QVERIFY(debugcatalogue::run(
-        {str("create table t (title, n)"), str("insert into t values ('SONG', 1)"),
-         str("insert into t values ('SONG', -9223372036854775808)"),
-         str("create view songs as select title, '' artist, '' genre, '' author, 1 length, 1 bpm, "
-             "'' key, 'F' filename, '' markers, '' altartist from t where abs(n) > 0")}));
+        {s("create table t (title, n)"), s("insert into t values ('SONG', 1)"),
+         s("insert into t values ('SONG', -9223372036854775808)"),
+         s("create view songs as select title, '' artist, '' genre, '' author, 1 length, 1 bpm, "
+           "'' key, 'F' filename, '' markers, '' altartist from t where abs(n) > 0")}));
     Database database;
     QVERIFY(database.init());
     LogCapture log;
     SongsDbRecord record;
-    QVERIFY(!database.getRecordByTitle(str("SONG"), record));
-    QCOMPARE(
-        log.lines(),
-        QStringList(str("[getRecordByTitle] WARNING: unable to count reusults, aborting !!! ")));
+    QVERIFY(!database.getRecordByTitle(s("SONG"), record));
+    QCOMPARE(log.lines(),
+             QStringList(s("[getRecordByTitle] WARNING: unable to count reusults, aborting !!! ")));
 }
 
 void TestDatabaseSearch::unknownTitleIsSilent()
@@ -281,7 +280,7 @@ void TestDatabaseSearch::unknownTitleIsSilent()
     QVERIFY(database.init());
     LogCapture log;
     SongsDbRecord record;
-    QVERIFY(!database.getRecordByTitle(str("NO SUCH SONG"), record));
+    QVERIFY(!database.getRecordByTitle(s("NO SUCH SONG"), record));
     QVERIFY(!database.getRecordByTitle(QString(), record));
     QVERIFY(log.lines().isEmpty());
 }
@@ -289,24 +288,24 @@ void TestDatabaseSearch::unknownTitleIsSilent()
 void TestDatabaseSearch::catalogueIsNeverWritten()
 {
     QVERIFY(debugcatalogue::create({blueDanube}));
-    QFile file(str("songsdb_debug"));
+    QFile file(s("songsdb_debug"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QByteArray before = file.readAll();
     {
         Database database;
         QVERIFY(database.init());
-        QSqlQuery query(QSqlDatabase::database(str("con_songsdb"), false));
-        QVERIFY(!query.exec(str("delete from main.songs")));
+        QSqlQuery query(QSqlDatabase::database(s("con_songsdb"), false));
+        QVERIFY(!query.exec(s("delete from main.songs")));
     }
     QVERIFY(file.seek(0));
     QCOMPARE(file.readAll(), before);
-    QCOMPARE(QDir::current().entryList(QDir::Files), QStringList(str("songsdb_debug")));
+    QCOMPARE(QDir::current().entryList(QDir::Files), QStringList(s("songsdb_debug")));
 }
 
 void TestDatabaseSearch::fileThatIsNoCatalogueFindsNothing_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    QFile resource(str(":/db/songsdb"));
+    QFile resource(s(":/db/songsdb"));
     QVERIFY(resource.open(QIODevice::ReadOnly));
     const QByteArray catalogue = resource.readAll();
     QByteArray overwritten = catalogue;
@@ -324,51 +323,51 @@ void TestDatabaseSearch::fileThatIsNoCatalogueFindsNothing_data()
 void TestDatabaseSearch::fileThatIsNoCatalogueFindsNothing()
 {
     QFETCH(QByteArray, bytes);
-    QVERIFY(ScratchFolder::write(str("songsdb_debug"), bytes));
+    QVERIFY(ScratchFolder::write(s("songsdb_debug"), bytes));
     Database database;
     QVERIFY(database.init());
     QVERIFY(database.artistsList().isEmpty());
     QVERIFY(database.genresList().isEmpty());
     SongsDbRecord record;
-    record.title = str("UNTOUCHED");
-    QVERIFY(!database.getRecordByFilename(str("%"), record));
-    QVERIFY(!database.getRecordByTitle(str("%"), record));
-    QCOMPARE(record.title, str("UNTOUCHED"));
-    QVERIFY(QSqlQuery(database.userLibraryDb()).exec(str("select * from usersongs")));
+    record.title = s("UNTOUCHED");
+    QVERIFY(!database.getRecordByFilename(s("%"), record));
+    QVERIFY(!database.getRecordByTitle(s("%"), record));
+    QCOMPARE(record.title, s("UNTOUCHED"));
+    QVERIFY(QSqlQuery(database.userLibraryDb()).exec(s("select * from usersongs")));
 }
 
 void TestDatabaseSearch::tableWithoutAColumnStillGivesTheLists()
 {
     QVERIFY(debugcatalogue::run(
-        {str("create table songs (genre)"), str("insert into songs values ('VALZER')")}));
+        {s("create table songs (genre)"), s("insert into songs values ('VALZER')")}));
     Database database;
     QVERIFY(database.init());
-    QCOMPARE(database.genresList(), QStringList(str("VALZER")));
+    QCOMPARE(database.genresList(), QStringList(s("VALZER")));
     QVERIFY(database.artistsList().isEmpty());
     SongsDbRecord record;
-    QVERIFY(!database.getRecordByFilename(str("%"), record));
-    QVERIFY(!database.getRecordByTitle(str("%"), record));
+    QVERIFY(!database.getRecordByFilename(s("%"), record));
+    QVERIFY(!database.getRecordByTitle(s("%"), record));
 }
 
 void TestDatabaseSearch::oddValuesAreTakenAsText()
 {
     QVERIFY(debugcatalogue::create({
-        str("42, x'414243', 3.5, NULL, NULL, NULL, 7, 'ODD', 12, x'00FF'"),
-        str("printf('%.*c', 3000000, 'x'), '', '', '', 1, 1, '', 'HUGE', "
-            "printf('%.*c', 3000000, ';'), ''"),
+        s("42, x'414243', 3.5, NULL, NULL, NULL, 7, 'ODD', 12, x'00FF'"),
+        s("printf('%.*c', 3000000, 'x'), '', '', '', 1, 1, '', 'HUGE', "
+          "printf('%.*c', 3000000, ';'), ''"),
     }));
     Database database;
     QVERIFY(database.init());
     SongsDbRecord record;
-    QVERIFY(database.getRecordByFilename(str("ODD"), record));
-    QCOMPARE(record.title, str("42"));
-    QCOMPARE(record.artist, str("ABC"));
-    QCOMPARE(record.genre, str("3.5"));
+    QVERIFY(database.getRecordByFilename(s("ODD"), record));
+    QCOMPARE(record.title, s("42"));
+    QCOMPARE(record.artist, s("ABC"));
+    QCOMPARE(record.genre, s("3.5"));
     QVERIFY(record.author.isEmpty());
     QCOMPARE(record.length, -1);
-    QCOMPARE(record.key, str("7"));
+    QCOMPARE(record.key, s("7"));
     QVERIFY(record.markers.isEmpty());
-    QVERIFY(database.getRecordByFilename(str("HUGE"), record));
+    QVERIFY(database.getRecordByFilename(s("HUGE"), record));
     QCOMPARE(record.title.size(), 3000000);
     QVERIFY(record.markers.isEmpty());
 }
@@ -411,7 +410,7 @@ void TestDatabaseSearch::splitMarkers()
 {
     QFETCH(QString, text);
     QFETCH(QString, markers);
-    QList<Marker> list{{9, str("OLD")}};
+    QList<Marker> list{{9, s("OLD")}};
     Database::splitMarkers(text, list);
     QCOMPARE(written(list), markers);
 }
@@ -421,9 +420,9 @@ void TestDatabaseSearch::clearEmptiesTheUserSongs()
     Database database;
     QVERIFY(database.init());
     QSqlQuery query(database.userLibraryDb());
-    QVERIFY(query.exec(str("insert into usersongs (title) values ('A'), ('B')")));
+    QVERIFY(query.exec(s("insert into usersongs (title) values ('A'), ('B')")));
     QVERIFY(database.clearUserLibraryDb());
-    QVERIFY(query.exec(str("select count(*) from usersongs")) && query.next());
+    QVERIFY(query.exec(s("select count(*) from usersongs")) && query.next());
     QCOMPARE(query.value(0).toInt(), 0);
 }
 
@@ -431,42 +430,42 @@ void TestDatabaseSearch::clearFailsWithoutATable()
 {
     Database database;
     QVERIFY(database.init());
-    QVERIFY(QSqlQuery(database.userLibraryDb()).exec(str("drop table usersongs")));
+    QVERIFY(QSqlQuery(database.userLibraryDb()).exec(s("drop table usersongs")));
     QVERIFY(!database.clearUserLibraryDb());
 }
 
 void TestDatabaseSearch::dumpListsTheFieldsInOrder()
 {
     SongsDbRecord record;
-    record.title = str("T");
-    record.artist = str("A");
-    record.altartist = str("AA");
-    record.genre = str("G");
-    record.author = str("W");
+    record.title = s("T");
+    record.artist = s("A");
+    record.altartist = s("AA");
+    record.genre = s("G");
+    record.author = s("W");
     record.length = 125;
     record.bpm = 96;
-    record.key = str("F# -");
-    record.markers = {{1, str("Intro")}, {19, str("Verse1")}};
+    record.key = s("F# -");
+    record.markers = {{1, s("Intro")}, {19, s("Verse1")}};
     LogCapture log;
     record.dbgDump();
-    QCOMPARE(log.lines().join(QLatin1Char('\n')), str("  Title     : \"T\" \n"
-                                                      "  Genre     : \"G\" \n"
-                                                      "  Artist    : \"A\" \n"
-                                                      "  AltArtist : \"AA\" \n"
-                                                      "  Author    : \"W\" \n"
-                                                      "  Bpm       : 96 \n"
-                                                      "  Key       : \"F# -\" \n"
-                                                      "  Length    : 125 \n"
-                                                      "  Markers: \n"
-                                                      "    bar: 1   text: \"Intro\" \n"
-                                                      "    bar: 19   text: \"Verse1\" "));
+    QCOMPARE(log.lines().join(QLatin1Char('\n')), s("  Title     : \"T\" \n"
+                                                    "  Genre     : \"G\" \n"
+                                                    "  Artist    : \"A\" \n"
+                                                    "  AltArtist : \"AA\" \n"
+                                                    "  Author    : \"W\" \n"
+                                                    "  Bpm       : 96 \n"
+                                                    "  Key       : \"F# -\" \n"
+                                                    "  Length    : 125 \n"
+                                                    "  Markers: \n"
+                                                    "    bar: 1   text: \"Intro\" \n"
+                                                    "    bar: 19   text: \"Verse1\" "));
 }
 
 void TestDatabaseSearch::dumpWithoutMarkersSaysSo()
 {
     LogCapture log;
     SongsDbRecord().dbgDump();
-    QCOMPARE(log.lines().last(), str("  NO Markers "));
+    QCOMPARE(log.lines().last(), s("  NO Markers "));
 }
 
 QTEST_GUILESS_MAIN(TestDatabaseSearch)

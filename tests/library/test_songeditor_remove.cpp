@@ -1,5 +1,6 @@
 // Rows that are removed, and files that are deleted.
 #include "support/editfixture.h"
+#include "support/journalbytes.h"
 #include "support/librarytable.h"
 
 #include <QTest>
@@ -15,6 +16,8 @@ private slots:
     void removingARowThatDoesNotExistChangesNothing();
     void deletingAsksFirst();
     void deletedFileAndItsRowAreGone();
+    void deletedFileTakesItsJournalAlong();
+    void journalStaysBesideAFileThatCannotBeDeleted();
     void deletingWithoutARowDoesNotAsk();
     void rowGoesAlsoWhenTheFileCannotBeDeleted();
     void fileThatVanishedBeforeIsReportedAsGone();
@@ -68,6 +71,37 @@ void TestSongEditorRemove::deletedFileAndItsRowAreGone()
     QCOMPARE(library.model().goodRowCount(), 2);
     QCOMPARE(library.model().shortName(0), QStringLiteral("b.mid"));
     QVERIFY(QFile::exists(library.path(QStringLiteral("b.mid"))));
+}
+
+// A song that is put there later must not be taken for one whose save was cut off.
+void TestSongEditorRemove::deletedFileTakesItsJournalAlong()
+{
+    LibraryTable library(QList<catalogue::Row>{});
+    QVERIFY(library.add(QStringLiteral("a.mid"), fullMidi("A")));
+    const QString journal = library.path(QStringLiteral(".a.mid.kavena-journal"));
+    const QString others = library.path(QStringLiteral(".b.mid.kavena-journal"));
+    for (const QString &path : {journal, others})
+        journalbytes::makeFile(path, journalbytes::journalOf(fullMidi("A"), fullMidi("B")));
+    Editing editing(library);
+    editing.deleteAnswer = true;
+    QCOMPARE(editing.editor.deleteFile(0), library.path(QStringLiteral("a.mid")));
+    QVERIFY(!QFile::exists(journal));
+    QVERIFY(QFile::exists(others));
+}
+
+void TestSongEditorRemove::journalStaysBesideAFileThatCannotBeDeleted()
+{
+    LibraryTable library(QList<catalogue::Row>{});
+    QVERIFY(library.add(QStringLiteral("a.mid"), fullMidi("A")));
+    const QString path = library.path(QStringLiteral("a.mid"));
+    const QString journal = library.path(QStringLiteral(".a.mid.kavena-journal"));
+    journalbytes::makeFile(journal, journalbytes::journalOf(fullMidi("A"), fullMidi("B")));
+    QVERIFY(QFile::remove(path));
+    QVERIFY(QDir().mkpath(path + QStringLiteral("/inside")));
+    Editing editing(library);
+    editing.deleteAnswer = true;
+    QCOMPARE(editing.editor.deleteFile(0), QString());
+    QVERIFY(QFile::exists(journal));
 }
 
 void TestSongEditorRemove::deletingWithoutARowDoesNotAsk()

@@ -30,5 +30,6 @@ expect "yes no" kavena transfer --replace ""
 expect "title artist genre" kavena list --sort ""
 expect "--dry-run" kavena sync --d
 expect "--title" kavena set --t
+expect "--in-line" kavena transfer --i
 expect "--json" kavena index check --j
 expect "" kavena show -- --j

@@ -3,30 +3,8 @@
 # cannot open its catalogue. It has to say so, and to stay.
 set -euo pipefail
 
-if [ "${SMOKE_DISPLAY:-}" != yes ]; then
-  folder=$(mktemp -d "${TMPDIR:-/tmp}/kavena-nocatalogue.XXXXXX")
-  trap 'rm -rf "$folder"' EXIT
-  program=$(realpath "$1")
-  script=$(realpath "$0")
-  cd "$folder"
-  mkdir config runtime
-  chmod 700 runtime
-  export HOME=$folder XDG_CONFIG_HOME=$folder/config XDG_RUNTIME_DIR=$folder/runtime
-  export LC_ALL=C.UTF-8 SMOKE_DISPLAY=yes
-  "$(dirname "$script")/../support/on-display.sh" "$script" "$program"
-  exit
-fi
+. "$(dirname "$(realpath "$0")")/program.sh"
 
-fail() { echo "FAIL: $1" >&2; exit 1; }
-
-# Tries a command for 30 seconds.
-soon() {
-  local tries
-  for tries in $(seq 150); do "$@" && return; sleep 0.2; done
-  return 1
-}
-
-window_named() { xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; }
 no_window_named() { ! window_named "$1"; }
 
 TMPDIR=/dev/null "$1" >output.txt 2>&1 &

@@ -3,36 +3,12 @@
 # with nothing but mouse, keyboard and screenshots.
 set -euo pipefail
 
-if [ "${SMOKE_DISPLAY:-}" != yes ]; then
-  folder=$(mktemp -d "${TMPDIR:-/tmp}/kavena-smoke.XXXXXX")
-  trap 'rm -rf "$folder"' EXIT
-  program=$(realpath "$1")
-  script=$(realpath "$0")
-  cd "$folder"
-  mkdir config runtime music
-  chmod 700 runtime
-  export HOME=$folder XDG_CONFIG_HOME=$folder/config XDG_RUNTIME_DIR=$folder/runtime
-  export LC_ALL=C.UTF-8 SMOKE_DISPLAY=yes
-  "$(dirname "$script")/../support/on-display.sh" "$script" "$program"
-  exit
-fi
-
-fail() { echo "FAIL: $1" >&2; exit 1; }
-
-# Tries a command until it succeeds, for a minute.
-soon() {
-  local end=$((SECONDS + 60))
-  until "$@"; do
-    [ $SECONDS -lt $end ] || return 1
-    sleep 0.2
-  done
-}
+. "$(dirname "$(realpath "$0")")/program.sh"
 
 # How many pixels of the screenshot have exactly this colour.
 pixels() { convert "$1" -fill black +opaque "$2" -fill white -opaque "$2" -format '%[fx:int(mean*w*h+0.5)]' info:; }
 
-window_named() { xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; }
-
+mkdir music
 for song in 1 2 3; do
   printf 'X:1\nT:Smoke tune %s\nM:4/4\nL:1/4\nK:C\nCDEF|GABc|]\n' "$song" >"music/$song.abc"
   abc2midi "music/$song.abc" -o "music/tune$song.mid" >/dev/null

@@ -2,12 +2,12 @@
 #include "storage/songfilewriter.h"
 #include "storage/songjournal.h"
 #include "support/journalbytes.h"
+#include "support/journalfixture.h"
 #include "support/logcapture.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <sys/stat.h>
@@ -15,23 +15,12 @@
 
 using namespace journalbytes;
 
-namespace
-{
-
-bool rewriteInPlace(const QString &path, const QByteArray &content)
-{
-    SongFileWriter writer(path);
-    return writer.open() && writer.replaceBytes(content);
-}
-
-} // namespace
-
-class TestJournalFile : public QObject
+class TestJournalFile : public JournalFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init() { JournalFixture::init(); }
 
     void writtenJournalKnowsBothSongs_data();
     void writtenJournalKnowsBothSongs();
@@ -44,27 +33,10 @@ private slots:
     void otherThingsOfItsNameAreLeftAlone_data();
     void otherThingsOfItsNameAreLeftAlone();
     void journalWithALaterNameIsFound();
+    void journalBehindAFreeNameIsFound();
     void journalThatCannotBeRemovedIsEmptiedItself();
     void replacedSongLosesAllItsJournals();
-
-private:
-    QString path(const char *name) const { return m_dir->filePath(QString::fromUtf8(name)); }
-    QString songPath() const { return path("song.mid"); }
-    QString journal() const { return path(".song.mid.kavena-journal"); }
-    QStringList files() const
-    {
-        return QDir(m_dir->path())
-            .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System);
-    }
-
-    QScopedPointer<QTemporaryDir> m_dir;
 };
-
-void TestJournalFile::init()
-{
-    m_dir.reset(new QTemporaryDir);
-    QVERIFY(m_dir->isValid());
-}
 
 void TestJournalFile::writtenJournalKnowsBothSongs_data()
 {
@@ -234,6 +206,25 @@ void TestJournalFile::journalWithALaterNameIsFound()
     QCOMPARE(files().size(), 3);
 }
 
+// What had the earlier names is gone since.
+void TestJournalFile::journalBehindAFreeNameIsFound()
+{
+    const QByteArray old = song(3000, 'a');
+    const QByteArray written = song(4000, '0');
+    for (int number = 1; number < SongJournal::maxNames; ++number) {
+        makeFile(journal() + QString::number(number), journalOf(old, written));
+        makeFile(songPath(), old + written.mid(3000));
+        const LogCapture log;
+        QVERIFY(SongFileWriter::recover(songPath()));
+        QVERIFY(contentOf(songPath()) == old);
+        QCOMPARE(files(), QStringList(QStringLiteral("song.mid")));
+
+        makeFile(journal() + QString::number(number), journalOf(old, written));
+        SongJournal::removeAllOf(songPath());
+        QCOMPARE(files(), QStringList(QStringLiteral("song.mid")));
+    }
+}
+
 // What has got the journal's name meanwhile must not be emptied in its place.
 void TestJournalFile::journalThatCannotBeRemovedIsEmptiedItself()
 {
@@ -251,7 +242,7 @@ void TestJournalFile::journalThatCannotBeRemovedIsEmptiedItself()
 void TestJournalFile::replacedSongLosesAllItsJournals()
 {
     makeFile(songPath(), song(300, 'A'));
-    makeFile(journal(), firstJournalOf(song(300, 'a'), 400));
+    makeFile(journal(), journalOf(song(300, 'a'), song(400, '0')));
     QVERIFY(QDir().mkdir(journal() + QLatin1Char('1')));
     makeFile(journal() + QLatin1Char('2'), journalOf(song(300, 'a'), song(400, '0')));
     makeFile(path(".song2.mid.kavena-journal"), journalOf(song(300, 'a'), song(400, '0')));

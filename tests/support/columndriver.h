@@ -1,17 +1,13 @@
 // Columns of the song table that a test drags and clicks.
 #pragma once
 
+#include "support/shorttext.h"
 #include "support/windowundertest.h"
 
 #include <QHeaderView>
 
 namespace columndriver
 {
-
-inline QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 inline QHeaderView *header(const WindowUnderTest &window)
 {

@@ -3,6 +3,7 @@
 
 #include "support/debugcatalogue.h"
 #include "support/scratchfolder.h"
+#include "support/shorttext.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -16,11 +17,6 @@ inline const QString blueDanube =
     QStringLiteral("'SUL BEL DANUBIO BLU', 'STRAUSS JOHANN', 'VALZER', 'STRAUSS JOHANN', 600, 180, "
                    "'D', 'DANUBIO', '1;Intro;45;Waltz1;', 'JOHANN STRAUSS'");
 
-inline QString str(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
 class DatabaseFixture : public QObject
 {
 protected:
@@ -32,7 +28,7 @@ protected:
 
 inline void DatabaseFixture::init()
 {
-    QTest::failOnWarning(QRegularExpression(str("QSql")));
+    QTest::failOnWarning(QRegularExpression(s("QSql")));
     m_folder = std::make_unique<ScratchFolder>();
 }
 

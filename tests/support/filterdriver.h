@@ -2,6 +2,7 @@
 #pragma once
 
 #include "support/apptest.h"
+#include "support/shorttext.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -32,11 +33,6 @@ inline QString visible(const WindowUnderTest &window)
             names << window.model()->shortName(row);
     }
     return names.join(QLatin1Char(' '));
-}
-
-inline QString s(const char *text)
-{
-    return QString::fromUtf8(text);
 }
 
 /** Three songs: a.mid "Alpha", b.mid "Beta", c.mid "Alphabet". */

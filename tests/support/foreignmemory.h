@@ -11,7 +11,7 @@ namespace foreignmemory
 
 using namespace songbytes;
 
-inline const QByteArray Song =
+inline const QByteArray plainSong =
     midiFile({track(metaEvent(3, "Song") + kravoEvent(2, "Artist") + notes())});
 
 /** Keeps the log of a test out of the output. */

@@ -28,6 +28,6 @@ inline QByteArray tempo(int microseconds)
     return metaEvent(0x51, bigEndian(static_cast<quint32>(microseconds), 3));
 }
 
-inline const QString Unknown = QStringLiteral("<UNKNOWN>");
+inline const QString unknown = QStringLiteral("<UNKNOWN>");
 
 } // namespace headsofsongs

@@ -16,8 +16,8 @@ using songbytes::notes;
 using songbytes::track;
 
 // Where things stand in a file whose first track follows a header chunk of the usual 14 bytes.
-inline constexpr int LengthPos = 18;
-inline constexpr int EventsPos = 22;
+inline constexpr int lengthPos = 18;
+inline constexpr int eventsPos = 22;
 
 // Bytes given as numbers, which string literals with zeros and hexadecimal escapes hide.
 inline QByteArray bytes(std::initializer_list<int> values)
@@ -59,7 +59,7 @@ inline QByteArray storedLength(const RawMidiFile &midi)
     return midi.stream().mid(static_cast<qsizetype>(midi.trackLengthPos()), 4);
 }
 
-inline const QByteArray FullHead =
+inline const QByteArray fullHead =
     kravoEvent(6, bytes({0, 1}) + "Intro") + markerEvent(17, "Chorus") + kravoEvent(4, "215") +
     metaEvent(0x59, bytes({4, 0})) + kravoEvent(5, "128") + kravoEvent(1, "Folk") +
     kravoEvent(3, "Trad. author") + kravoEvent(2, "Some artist") +

@@ -1,6 +1,7 @@
 // The model of the song table, for its tests.
 #pragma once
 
+#include "support/shorttext.h"
 #include "windows/usersongsreltablemodel.h"
 
 #include <QAbstractItemModelTester>
@@ -12,11 +13,6 @@
 
 namespace modelfixture
 {
-
-inline QString str(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 inline SongInfo song(const QString &title)
 {
@@ -45,7 +41,7 @@ protected:
 
 inline void ModelFixture::init()
 {
-    QTest::failOnWarning(QRegularExpression(str("QSql")));
+    QTest::failOnWarning(QRegularExpression(s("QSql")));
     m_database = std::make_unique<Database>();
     QVERIFY(m_database->init());
     m_model = std::make_unique<UserSongsRelTableModel>(nullptr, m_database->userLibraryDb());
@@ -75,7 +71,7 @@ inline QString ModelFixture::titles() const
 {
     QStringList all;
     for (int row = 0; row < m_model->rowCount(); ++row)
-        all.append(m_model->index(row, m_model->fieldIndex(str("title"))).data().toString());
+        all.append(m_model->index(row, m_model->fieldIndex(s("title"))).data().toString());
     return all.join(QLatin1Char(' '));
 }
 

@@ -11,7 +11,7 @@ namespace scannedmemory
 
 using namespace songbytes;
 
-inline const QByteArray Song = midiFile({track(notes())});
+inline const QByteArray plainSong = midiFile({track(notes())});
 
 inline QStringList pathsOf(const Index &index)
 {

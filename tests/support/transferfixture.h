@@ -77,7 +77,7 @@ public:
     void tellCounts(const QString &title, const QString &text, const QStringList &failed,
                     const QStringList &skipped) override
     {
-        skippedNames = skipped;
+        skippedLines = skipped;
         saidBeforeCounts = successes + failures;
         counts.append(title + QStringLiteral(": ") + text);
         failedNames = failed;
@@ -102,7 +102,7 @@ public:
     QStringList failures;
     QStringList counts;
     QStringList failedNames;
-    QStringList skippedNames;
+    QStringList skippedLines;
     QStringList saidBeforeCounts;
     std::function<void()> onEnd;
 };

@@ -30,11 +30,11 @@ public:
     void inform(const QString &, const QString &) override {}
     void showFailure(const QString &, const QString &) override {}
     void tellCounts(const QString &, const QString &text, const QStringList &failedLines,
-                    const QStringList &skippedNames) override
+                    const QStringList &skippedLines) override
     {
         counts = text;
         failed = failedLines;
-        skipped = skippedNames;
+        skipped = skippedLines;
     }
 
     QString folder;

@@ -7,16 +7,12 @@
 #include "library/synchronisation.h"
 #include "support/librarytable.h"
 #include "support/recordedprogress.h"
+#include "support/shorttext.h"
 #include "support/smallmedium.h"
 #include "support/songbytes.h"
 
 namespace unsavedsongs
 {
-
-inline QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 /** The catalogue's row for the file, with data that the file does not hold. */
 inline catalogue::Row known(const QString &filename)

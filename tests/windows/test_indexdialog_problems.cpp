@@ -19,7 +19,7 @@ private slots:
     void cleanup() { ProblemFixture::cleanup(); }
 
     void memoryDialogTellsAProtectedMemory();
-    void memoryDialogFailsWhereNoLockCanBeMade();
+    void memoryDialogTellsOfAFolderWithTheLocksName();
 };
 
 void TestIndexDialogProblems::memoryDialogTellsAProtectedMemory()
@@ -36,7 +36,7 @@ void TestIndexDialogProblems::memoryDialogTellsAProtectedMemory()
     QCOMPARE(user.messages(), QStringList(QStringLiteral("Ottimizza memoria: ") + protectedText));
 }
 
-void TestIndexDialogProblems::memoryDialogFailsWhereNoLockCanBeMade()
+void TestIndexDialogProblems::memoryDialogTellsOfAFolderWithTheLocksName()
 {
     m_card->writeOnCard(QStringLiteral("a.mid"), MountedCard::midi("A"));
     m_card->writeOnCard(QStringLiteral(".kavena-lock/folder"), "in the way");
@@ -49,8 +49,8 @@ void TestIndexDialogProblems::memoryDialogFailsWhereNoLockCanBeMade()
     QTest::mouseClick(start, Qt::LeftButton);
     QCOMPARE(user.messages(),
              QStringList(QStringLiteral(
-                 "Ottimizza memoria: Operazione non riuscita.\nAssicurarsi che il disco abbia "
-                 "sufficiente spazio libero e che non sia protetto da scrittura.")));
+                 "Ottimizza memoria: Nella memoria c'è una cartella \".kavena-lock\": il programma "
+                 "ha bisogno di questo nome.\nSpostarla o cancellarla e riprovare.")));
     QVERIFY(start->isEnabled());
     QVERIFY(!m_card->hasIndex());
 }

@@ -1,4 +1,5 @@
 // The progress dialog of long jobs, as a job and a user meet it.
+#include "support/shorttext.h"
 #include "windows/progresswindow.h"
 
 #include <QApplication>
@@ -12,11 +13,6 @@
 
 namespace
 {
-QString str(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
 QPushButton *cancelButton(ProgressWindow &progress)
 {
     return progress.dialog().findChild<QPushButton *>();
@@ -60,11 +56,11 @@ void TestProgressWindow::isShownAtOnceWithItsTexts()
 {
     QWidget parent;
     parent.show();
-    ProgressWindow progress(str("Lettura file"), str("Importo la libreria..."), 7, &parent);
+    ProgressWindow progress(s("Lettura file"), s("Importo la libreria..."), 7, &parent);
     QVERIFY(progress.dialog().isVisible());
-    QCOMPARE(progress.dialog().windowTitle(), str("Lettura file"));
-    QCOMPARE(labelText(progress), str("Importo la libreria..."));
-    QCOMPARE(cancelButton(progress)->text(), str("Interrompi"));
+    QCOMPARE(progress.dialog().windowTitle(), s("Lettura file"));
+    QCOMPARE(labelText(progress), s("Importo la libreria..."));
+    QCOMPARE(cancelButton(progress)->text(), s("Interrompi"));
     QCOMPARE(progress.dialog().minimum(), 0);
     QCOMPARE(progress.dialog().maximum(), 7);
     QCOMPARE(progress.dialog().value(), 0);
@@ -75,7 +71,7 @@ void TestProgressWindow::isShownAtOnceWithItsTexts()
 
 void TestProgressWindow::isShownWithoutAnythingToDo()
 {
-    ProgressWindow progress(str("t"), str("l"), 0, nullptr);
+    ProgressWindow progress(s("t"), s("l"), 0, nullptr);
     QVERIFY(progress.dialog().isVisible());
     progress.setValue(0);
     progress.updateProgress(1);
@@ -84,29 +80,29 @@ void TestProgressWindow::isShownWithoutAnythingToDo()
 
 void TestProgressWindow::progressIsLabelledBeforeTheValueMoves()
 {
-    ProgressWindow progress(str("t"), str("l"), 10, nullptr);
+    ProgressWindow progress(s("t"), s("l"), 10, nullptr);
     QString labelAtMove;
     connect(progress.dialog().findChild<QProgressBar *>(), &QProgressBar::valueChanged, this,
             [&] { labelAtMove = labelText(progress); });
     progress.updateProgress(3);
-    QCOMPARE(labelAtMove, str("3 di 10"));
+    QCOMPARE(labelAtMove, s("3 di 10"));
     QCOMPARE(progress.dialog().value(), 3);
 }
 
 void TestProgressWindow::labelTellsTheMaximumOfTheDialog()
 {
-    ProgressWindow progress(str("t"), str("l"), 10, nullptr);
+    ProgressWindow progress(s("t"), s("l"), 10, nullptr);
     progress.setMaximum(25);
     progress.updateProgress(4);
-    QCOMPARE(labelText(progress), str("4 di 25"));
+    QCOMPARE(labelText(progress), s("4 di 25"));
     progress.setValue(5);
     QCOMPARE(progress.dialog().value(), 5);
-    QCOMPARE(labelText(progress), str("4 di 25"));
+    QCOMPARE(labelText(progress), s("4 di 25"));
 }
 
 void TestProgressWindow::staysAtItsMaximum()
 {
-    ProgressWindow progress(str("t"), str("l"), 2, nullptr);
+    ProgressWindow progress(s("t"), s("l"), 2, nullptr);
     progress.updateProgress(1);
     clickAsUser(cancelButton(progress));
     QVERIFY(progress.wasCanceled());
@@ -119,7 +115,7 @@ void TestProgressWindow::staysAtItsMaximum()
 
 void TestProgressWindow::cancelButtonIsRemembered()
 {
-    ProgressWindow progress(str("t"), str("l"), 5, nullptr);
+    ProgressWindow progress(s("t"), s("l"), 5, nullptr);
     progress.setValue(2);
     QVERIFY(!progress.wasCanceled());
     clickAsUser(cancelButton(progress));
@@ -128,7 +124,7 @@ void TestProgressWindow::cancelButtonIsRemembered()
 
 void TestProgressWindow::escapeIsRemembered()
 {
-    ProgressWindow progress(str("t"), str("l"), 5, nullptr);
+    ProgressWindow progress(s("t"), s("l"), 5, nullptr);
     QVERIFY(QTest::qWaitForWindowActive(&progress.dialog()));
     QTest::keyClick(progress.dialog().windowHandle(), Qt::Key_Escape);
     QVERIFY(progress.wasCanceled());
@@ -136,7 +132,7 @@ void TestProgressWindow::escapeIsRemembered()
 
 void TestProgressWindow::jobThatGoesOnAfterCancelStaysBehindTheDialog()
 {
-    ProgressWindow progress(str("t"), str("l"), 5, nullptr);
+    ProgressWindow progress(s("t"), s("l"), 5, nullptr);
     progress.setValue(2);
     clickAsUser(cancelButton(progress));
     progress.setValue(3);
@@ -162,7 +158,7 @@ void TestProgressWindow::cancelledDialogKeepsTheMainWindowShut()
     parent.show();
     QVERIFY(QTest::qWaitForWindowExposed(&parent));
     QSignalSpy clicked(button, &QPushButton::clicked);
-    ProgressWindow progress(str("t"), str("l"), 5, &parent);
+    ProgressWindow progress(s("t"), s("l"), 5, &parent);
     progress.setValue(2);
     if (byButton)
         clickAsUser(cancelButton(progress));
@@ -187,7 +183,7 @@ void TestProgressWindow::mainWindowTakesNoClicks()
     QVERIFY(QTest::qWaitForWindowExposed(&parent));
     QSignalSpy clicked(button, &QPushButton::clicked);
     {
-        ProgressWindow progress(str("t"), str("l"), 5, &parent);
+        ProgressWindow progress(s("t"), s("l"), 5, &parent);
         clickAsUser(button);
         progress.setValue(5);
         clickAsUser(button);
@@ -202,7 +198,7 @@ void TestProgressWindow::closesWhenTheJobEnds()
     QWidget parent;
     parent.show();
     {
-        ProgressWindow progress(str("t"), str("l"), 5, &parent);
+        ProgressWindow progress(s("t"), s("l"), 5, &parent);
         progress.setValue(5);
         QCOMPARE(QApplication::activeModalWidget(), &progress.dialog());
     }
@@ -213,7 +209,7 @@ void TestProgressWindow::closesWhenTheJobEnds()
 
 void TestProgressWindow::endOfTheJobIsNoCancellation()
 {
-    auto progress = std::make_unique<ProgressWindow>(str("t"), str("l"), 5, nullptr);
+    auto progress = std::make_unique<ProgressWindow>(s("t"), s("l"), 5, nullptr);
     progress->setValue(5);
     QSignalSpy canceled(&progress->dialog(), &QProgressDialog::canceled);
     QSignalSpy lastClosed(qApp, &QGuiApplication::lastWindowClosed);

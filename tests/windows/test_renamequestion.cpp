@@ -24,7 +24,7 @@ private slots:
 void TestRenameQuestion::questionIsShownInTheConfirmationDialog()
 {
     const DeviceMemory memory;
-    const QString full = memory.add(QStringLiteral("My Long Song Name.mid"), Song);
+    const QString full = memory.add(QStringLiteral("My Long Song Name.mid"), plainSong);
     Index index;
     index.setRenameQuestion(&confirmation::ask);
     index.rootPath = memory.root();

@@ -3,6 +3,7 @@
 #include "library/libraryimport.h"
 #include "support/ownfolders.h"
 #include "support/recordedprogress.h"
+#include "support/shorttext.h"
 #include "support/songbytes.h"
 #include "windows/shownprogress.h"
 #include "windows/usersongsreltablemodel.h"
@@ -15,11 +16,6 @@
 
 namespace
 {
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 /** A progress of 100 steps that has just shown its first one. */
 struct Fresh {

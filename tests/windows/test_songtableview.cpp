@@ -33,14 +33,14 @@ void TestSongTableView::rowsStandInImportOrderInAViewWithSorting()
     QTableView before;
     before.setSortingEnabled(true);
     before.setModel(m_model.get());
-    addTitles(str("m z"));
+    addTitles(s("m z"));
     QTableView after;
     after.setModel(m_model.get());
     after.setSortingEnabled(true); // sorts by column 0, descending, at once
-    addTitles(str("a k"));
-    QCOMPARE(titles(), str("m z a k"));
+    addTitles(s("a k"));
+    QCOMPARE(titles(), s("m z a k"));
     QVERIFY(m_model->select());
-    QCOMPARE(titles(), str("m z a k"));
+    QCOMPARE(titles(), s("m z a k"));
 }
 
 void TestSongTableView::headerClickSortsAndRowNumbersFollow()
@@ -57,30 +57,30 @@ void TestSongTableView::headerClickSortsAndRowNumbersFollow()
     view.show();
     QVERIFY(QTest::qWaitForWindowExposed(&view));
 
-    const int column = m_model->fieldIndex(str("title"));
+    const int column = m_model->fieldIndex(s("title"));
     QHeaderView *const header = view.horizontalHeader();
     const QPoint title(header->sectionViewportPosition(column) + 20, header->height() / 2);
     QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, title);
-    QCOMPARE(m_model->fileName(0), str("/music/t000"));
-    QCOMPARE(m_model->fileName(299), str("/music/t299"));
+    QCOMPARE(m_model->fileName(0), s("/music/t000"));
+    QCOMPARE(m_model->fileName(299), s("/music/t299"));
 
     m_model->setStatus(290, Database::StatusSynced);
-    SongInfo changed = song(str("t291"));
-    changed.artist = str("Changed");
+    SongInfo changed = song(s("t291"));
+    changed.artist = s("Changed");
     m_model->updateRow(291, changed);
-    QCOMPARE(m_model->fileName(290), str("/music/t290"));
-    QCOMPARE(stored(290, str("filename")), str("/music/t290"));
-    QCOMPARE(stored(290, str("status")), str("1"));
-    QCOMPARE(stored(291, str("filename")), str("/music/t291"));
-    QCOMPARE(stored(291, str("artist")), str("Changed"));
+    QCOMPARE(m_model->fileName(290), s("/music/t290"));
+    QCOMPARE(stored(290, s("filename")), s("/music/t290"));
+    QCOMPARE(stored(290, s("status")), s("1"));
+    QCOMPARE(stored(291, s("filename")), s("/music/t291"));
+    QCOMPARE(stored(291, s("artist")), s("Changed"));
     QSqlQuery others(m_database->userLibraryDb());
     QVERIFY(
-        others.exec(str("select count(*) from usersongs where status = 1 or artist = 'Changed'")));
+        others.exec(s("select count(*) from usersongs where status = 1 or artist = 'Changed'")));
     QVERIFY(others.next());
     QCOMPARE(others.value(0).toInt(), 2);
 
     QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, title);
-    QCOMPARE(m_model->fileName(0), str("/music/t299"));
+    QCOMPARE(m_model->fileName(0), s("/music/t299"));
     QCOMPARE(m_model->status(9), 1);
 }
 
@@ -89,10 +89,10 @@ void TestSongTableView::sortingKeepsTheCurrentRow()
     QTableView view;
     view.setModel(m_model.get());
     view.setSelectionBehavior(QAbstractItemView::SelectRows);
-    addTitles(str("c b a"));
+    addTitles(s("c b a"));
     view.setCurrentIndex(m_model->index(0, 2));
-    m_model->sort(m_model->fieldIndex(str("title")), Qt::AscendingOrder);
-    QCOMPARE(titles(), str("a b c"));
+    m_model->sort(m_model->fieldIndex(s("title")), Qt::AscendingOrder);
+    QCOMPARE(titles(), s("a b c"));
     QCOMPARE(view.currentIndex(), m_model->index(2, 2));
     QCOMPARE(view.selectionModel()->selectedRows(), QModelIndexList{m_model->index(2, 0)});
 }
@@ -116,7 +116,7 @@ void TestSongTableView::removingKeepsTheViewsPlace()
     QCoreApplication::processEvents();
     QCOMPARE(view.verticalScrollBar()->value(), place);
     QCOMPARE(view.currentIndex(), m_model->index(304, 2));
-    QCOMPARE(view.currentIndex().data().toString(), str("305"));
+    QCOMPARE(view.currentIndex().data().toString(), s("305"));
 
     QVERIFY(m_model->removeRow(304)); // the current row itself: a neighbour takes its place
     QCoreApplication::processEvents();
@@ -147,7 +147,7 @@ void TestSongTableView::tenThousandRowsAreQuick()
     QCOMPARE(m_model->goodRowCount(), count);
     QCOMPARE(view.model()->rowCount(), count);
 
-    m_model->sort(m_model->fieldIndex(str("title")), Qt::AscendingOrder);
+    m_model->sort(m_model->fieldIndex(s("title")), Qt::AscendingOrder);
     const auto sorted = milliseconds();
     for (int row = 0; row < count; ++row) {
         SongInfo info = song(m_model->shortName(row));
@@ -159,8 +159,8 @@ void TestSongTableView::tenThousandRowsAreQuick()
 
     // Each row of the table got what was meant for it.
     for (int row = 0; row < count; row += 997) {
-        QCOMPARE(stored(row, str("filename")), m_model->fileName(row));
-        QCOMPARE(stored(row, str("title")), QString::number(count - row));
+        QCOMPARE(stored(row, s("filename")), m_model->fileName(row));
+        QCOMPARE(stored(row, s("title")), QString::number(count - row));
         QCOMPARE(m_model->status(row), 1);
     }
     qInfo() << "ms until" << count << "rows were added, sorted, updated:" << added << sorted

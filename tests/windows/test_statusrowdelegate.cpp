@@ -1,4 +1,5 @@
 // The colours of the list as they arrive on the screen.
+#include "support/shorttext.h"
 #include "windows/statusrowdelegate.h"
 #include "windows/usersongsreltablemodel.h"
 
@@ -13,11 +14,6 @@
 
 namespace
 {
-QString str(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
 QPalette darkPalette()
 {
     QPalette palette;
@@ -65,7 +61,7 @@ private:
 
 void TestStatusRowDelegate::initTestCase()
 {
-    QApplication::setStyle(QStyleFactory::create(str("Fusion")));
+    QApplication::setStyle(QStyleFactory::create(s("Fusion")));
 }
 
 void TestStatusRowDelegate::init()
@@ -75,8 +71,8 @@ void TestStatusRowDelegate::init()
     m_model = std::make_unique<UserSongsRelTableModel>(nullptr, m_database->userLibraryDb());
     for (int row = 0; row < 4; ++row) {
         SongInfo info;
-        info.title = str("Title");
-        info.artist = str("MMMMM");
+        info.title = s("Title");
+        info.artist = s("MMMMM");
         QVERIFY(m_model->addSong(info));
         m_model->setStatus(row, static_cast<Database::statusEnum>(row));
     }
@@ -119,13 +115,13 @@ void TestStatusRowDelegate::wholeRowHasTheColourOfItsStatus()
                                  QColor(225, 225, 100), QColor(255, 130, 130)};
     for (int row = 0; row < 4; ++row) {
         for (const char *field : {"type", "title", "artist", "key"})
-            QCOMPARE(background(image, row, m_model->fieldIndex(str(field))), expected.at(row));
+            QCOMPARE(background(image, row, m_model->fieldIndex(s(field))), expected.at(row));
     }
 }
 
 void TestStatusRowDelegate::changedStatusIsRepainted()
 {
-    const int title = m_model->fieldIndex(str("title"));
+    const int title = m_model->fieldIndex(s("title"));
     painted();
     m_model->setStatus(0, Database::StatusSynced);
     QCOMPARE(background(painted(), 0, title), QColor(100, 225, 100));
@@ -134,7 +130,7 @@ void TestStatusRowDelegate::changedStatusIsRepainted()
 void TestStatusRowDelegate::textIsDarkOnADarkPalette()
 {
     const QImage image = painted();
-    const int artist = m_model->fieldIndex(str("artist"));
+    const int artist = m_model->fieldIndex(s("artist"));
     for (int row = 0; row < 4; ++row) {
         const QRect cell = m_view->visualRect(m_model->index(row, artist));
         int darkest = 255;
@@ -157,14 +153,14 @@ void TestStatusRowDelegate::statusTextCannotBeRead()
     QStyleOptionViewItem option;
     option.palette = darkPalette();
     delegate.initStyleOption(&option, m_model->index(1, m_model->colIdxStatus()));
-    QCOMPARE(option.text, str("1"));
+    QCOMPARE(option.text, s("1"));
     QCOMPARE(option.backgroundBrush.color(), QColor(130, 255, 130));
     QCOMPARE(option.palette.color(QPalette::Text), QColor(130, 255, 130));
 }
 
 void TestStatusRowDelegate::selectionIsVisibleOnEveryStatus()
 {
-    const int title = m_model->fieldIndex(str("title"));
+    const int title = m_model->fieldIndex(s("title"));
     const QColor highlight = darkPalette().color(QPalette::Highlight);
     for (int row = 0; row < 4; ++row) {
         m_view->selectRow(row);

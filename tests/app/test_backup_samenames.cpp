@@ -1,7 +1,7 @@
 // A backup of songs that have the same name: each has a place of its own, and nothing is asked.
-#include "library/backupplan.h"
 #include "library/librarybackup.h"
 #include "support/apptest.h"
+#include "support/shorttext.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -10,26 +10,10 @@
 
 #include <QApplication>
 #include <QDirIterator>
-#include <QElapsedTimer>
 #include <QTest>
 
 namespace
 {
-
-QString s(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
-/** The plan as "folder: path path", batch by batch. */
-QStringList planned(const QStringList &files)
-{
-    QStringList lines;
-    const BackupPlan plan(files);
-    for (const BackupPlan::Batch &batch : plan.batches())
-        lines << batch.folder + s(": ") + batch.files.join(QLatin1Char(' '));
-    return lines;
-}
 
 QByteArray bytesOf(const QString &path)
 {
@@ -63,23 +47,13 @@ public:
 
 } // namespace
 
-class TestBackupPlan : public AppFixture
+class TestBackupSameNames : public AppFixture
 {
     Q_OBJECT
 
 private slots:
     void init() { AppFixture::init(); }
     void cleanup() { AppFixture::cleanup(); }
-
-    void songsOfDifferentNamesStayTogether();
-    void secondSongOfANameGoesIntoItsFoldersOwn();
-    void letterCaseAndAccentsDoNotTellNamesApart();
-    void foldersOfOneNameAreNumbered();
-    void thousandsOfEqualNamesArePlannedAtOnce();
-    void folderNeverHasTheNameOfASong();
-    void picturesCompeteLikeSongs();
-    void songListedTwiceIsCopiedOnce();
-    void folderNamesAreAcceptableEverywhere();
 
     void backupThroughTheWindowAsksNothingAndKeepsBothSongs();
     void picturesGoAlong();
@@ -97,84 +71,8 @@ private:
     int m_questions = 0;
 };
 
-void TestBackupPlan::songsOfDifferentNamesStayTogether()
-{
-    QCOMPARE(planned({}), QStringList(s(": ")));
-    QCOMPARE(planned({s("/a/1.mid"), s("/b/2.mid"), s("/a/3.mid")}),
-             QStringList(s(": /a/1.mid /b/2.mid /a/3.mid")));
-}
-
-void TestBackupPlan::secondSongOfANameGoesIntoItsFoldersOwn()
-{
-    QCOMPARE(planned({s("/m/Rock/1.mid"), s("/m/Pop/1.mid"), s("/m/Rock/2.mid"), s("/m/Pop/2.mid"),
-                      s("/m/Pop/3.mid")}),
-             QStringList({s(": /m/Rock/1.mid /m/Rock/2.mid /m/Pop/3.mid"),
-                          s("Pop: /m/Pop/1.mid /m/Pop/2.mid")}));
-}
-
-void TestBackupPlan::letterCaseAndAccentsDoNotTellNamesApart()
-{
-    QCOMPARE(planned({s("/a/Song.mid"), s("/a/SONG.MID"), s("/a/song.mid")}),
-             QStringList({s(": /a/Song.mid"), s("a: /a/SONG.MID"), s("a (2): /a/song.mid")}));
-    const QString composed = s("/a/Caff\u00e8.mid");
-    const QString decomposed = s("/b/Caffe\u0300.mid");
-    QCOMPARE(planned({composed, decomposed}),
-             QStringList({s(": ") + composed, s("b: ") + decomposed}));
-}
-
-void TestBackupPlan::foldersOfOneNameAreNumbered()
-{
-    QCOMPARE(planned({s("/1/x.mid"), s("/a/Rock/x.mid"), s("/b/rock/x.mid"), s("/b/rock/1.mid"),
-                      s("/a/Rock/1.mid"), s("/c/Rock/x.mid")}),
-             QStringList({s(": /1/x.mid /b/rock/1.mid"), s("Rock: /a/Rock/x.mid /a/Rock/1.mid"),
-                          s("rock (2): /b/rock/x.mid"), s("Rock (3): /c/Rock/x.mid")}));
-}
-
-void TestBackupPlan::thousandsOfEqualNamesArePlannedAtOnce()
-{
-    constexpr int songs = 8000;
-    QStringList files;
-    for (int i = 0; i < songs; ++i)
-        files << s("/%1/Rock/x.mid").arg(i);
-    QElapsedTimer timer;
-    timer.start();
-    const BackupPlan plan(files);
-    QVERIFY2(timer.elapsed() < 10000, qPrintable(QString::number(timer.elapsed())));
-    QCOMPARE(plan.batches().size(), songs);
-    QCOMPARE(plan.batches().constLast().folder, s("Rock (%1)").arg(songs - 1));
-}
-
-void TestBackupPlan::folderNeverHasTheNameOfASong()
-{
-    QCOMPARE(planned({s("/a/x.mid"), s("/b/y.mid/x.mid"), s("/c/Y.mid")}),
-             QStringList({s(": /a/x.mid /c/Y.mid"), s("y.mid (2): /b/y.mid/x.mid")}));
-}
-
-void TestBackupPlan::picturesCompeteLikeSongs()
-{
-    const SongFolder folder;
-    QVERIFY(QDir(folder.path()).mkdir(s("a")));
-    const QString lower = folder.mp3(s("a/song.mp3"), "A");
-    folder.write(s("a/song.cdg"), "pictures");
-    // A folder's name that is that of the pictures.
-    QVERIFY(QDir(folder.path()).mkdir(s("song.cdg")));
-    const QString other = folder.mp3(s("song.cdg/song.mp3"), "B");
-    QCOMPARE(planned({lower, other}), QStringList({s(": ") + lower, s("song.cdg (2): ") + other}));
-}
-
-void TestBackupPlan::songListedTwiceIsCopiedOnce()
-{
-    QCOMPARE(planned({s("/a/x.mid"), s("/a/x.mid")}), QStringList(s(": /a/x.mid")));
-}
-
-void TestBackupPlan::folderNamesAreAcceptableEverywhere()
-{
-    QCOMPARE(planned({s("/a/x.mid"), s("/AC:DC?. /x.mid"), s("/x.mid")}),
-             QStringList({s(": /a/x.mid"), s("AC_DC_: /AC:DC?. /x.mid"), s("songs: /x.mid")}));
-}
-
 /** Makes the backup and returns the path of its folder. */
-QString TestBackupPlan::backUpThroughTheWindow(const QStringList &files)
+QString TestBackupSameNames::backUpThroughTheWindow(const QStringList &files)
 {
     WindowUnderTest window;
     window.setSelectedFiles(files);
@@ -213,7 +111,7 @@ QString TestBackupPlan::backUpThroughTheWindow(const QStringList &files)
     return goesOn && made.size() == 1 ? m_work->filePath(made.first()) : QString();
 }
 
-void TestBackupPlan::backupThroughTheWindowAsksNothingAndKeepsBothSongs()
+void TestBackupSameNames::backupThroughTheWindowAsksNothingAndKeepsBothSongs()
 {
     const SongFolder songs;
     QVERIFY(QDir(songs.path()).mkpath(s("Rock")) && QDir(songs.path()).mkpath(s("Pop")));
@@ -227,7 +125,7 @@ void TestBackupPlan::backupThroughTheWindowAsksNothingAndKeepsBothSongs()
     QCOMPARE(bytesOf(folder + s("/Pop/song.mid")), bytesOf(pop));
 }
 
-void TestBackupPlan::picturesGoAlong()
+void TestBackupSameNames::picturesGoAlong()
 {
     const SongFolder songs;
     QVERIFY(QDir(songs.path()).mkpath(s("a")) && QDir(songs.path()).mkpath(s("b")));
@@ -243,7 +141,7 @@ void TestBackupPlan::picturesGoAlong()
     QCOMPARE(bytesOf(folder + s("/b/x.cdg")), QByteArray("pictures of b/"));
 }
 
-void TestBackupPlan::progressCountsThroughAllFolders()
+void TestBackupSameNames::progressCountsThroughAllFolders()
 {
     CountedProgress progress;
     int copied = -1;
@@ -264,7 +162,7 @@ void TestBackupPlan::progressCountsThroughAllFolders()
     QVERIFY(QFileInfo(m_work->filePath(s("b"))).isDir());
 }
 
-void TestBackupPlan::stoppedCopyCountsNothing()
+void TestBackupSameNames::stoppedCopyCountsNothing()
 {
     CountedProgress progress;
     progress.stopAfter = 1;
@@ -282,7 +180,7 @@ void TestBackupPlan::stoppedCopyCountsNothing()
     QCOMPARE(copied, 0);
 }
 
-void TestBackupPlan::folderThatCannotBeMadeFailsTheBackup()
+void TestBackupSameNames::folderThatCannotBeMadeFailsTheBackup()
 {
     // Its name is taken before the backup gets there.
     QVERIFY(QFile(m_work->filePath(s("b"))).open(QFile::WriteOnly));
@@ -298,7 +196,7 @@ void TestBackupPlan::folderThatCannotBeMadeFailsTheBackup()
     QCOMPARE(copied, 1);
 }
 
-void TestBackupPlan::folderThatIsNotMadeForCertainFailsTheBackup()
+void TestBackupSameNames::folderThatIsNotMadeForCertainFailsTheBackup()
 {
     QVERIFY(QFile(m_work->filePath(s("b"))).open(QFile::WriteOnly));
     CountedProgress progress;
@@ -312,7 +210,7 @@ void TestBackupPlan::folderThatIsNotMadeForCertainFailsTheBackup()
     QCOMPARE(copied, 1);
 }
 
-void TestBackupPlan::failedBackupTellsWhySongsAreMissing()
+void TestBackupSameNames::failedBackupTellsWhySongsAreMissing()
 {
     const SongFolder songs;
     const QString here = songs.midi(s("here.mid"), "Here");
@@ -324,7 +222,7 @@ void TestBackupPlan::failedBackupTellsWhySongsAreMissing()
 
 int main(int argc, char *argv[])
 {
-    return runAppTest<TestBackupPlan>(argc, argv);
+    return runAppTest<TestBackupSameNames>(argc, argv);
 }
 
-#include "test_backupplan.moc"
+#include "test_backup_samenames.moc"

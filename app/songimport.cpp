@@ -1,0 +1,70 @@
+#include "app/songimport.h"
+
+#include "app/songlist.h"
+#include "app/windowprogress.h"
+#include "formats/songnames.h"
+#include "library/database.h"
+#include "library/songsearch.h"
+#include "storage/diagnostics.h"
+#include "windows/paintingpaused.h"
+#include "windows/usersongsreltablemodel.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QTableView>
+
+SongImport::SongImport(QWidget *window, Database &database, SongList &songs,
+                       WindowProgress &progress)
+    : m_window(window)
+    , m_database(database)
+    , m_songs(songs)
+    , m_progress(progress)
+{
+}
+
+QStringList SongImport::choose()
+{
+    // Qt's own dialog: unlike some desktops' it takes *.mid for SONG.MID too.
+    return QFileDialog::getOpenFileNames(
+        m_window, tr("Seleziona i file da importare"), m_folder,
+        QStringLiteral("Songs (%1)").arg(songnames::patterns().join(QLatin1Char(' '))), nullptr,
+        QFileDialog::DontUseNativeDialog);
+}
+
+std::optional<QStringList> SongImport::search(const QStringList &paths)
+{
+    return SongSearch(m_progress.open()).search(paths);
+}
+
+std::optional<LibraryImport::Counts> SongImport::importFiles(const QStringList &files)
+{
+    if (!files.isEmpty())
+        m_folder = QFileInfo(files.first()).path();
+    LibraryImport::logBanner();
+    if (m_songs.model().goodRowCount() > 0) {
+        if (!m_database.clearUserLibraryDb()) {
+            logDebug() << "[importUserLibrary] WARNING: impossible to CLEAR table. Aborting import "
+                          "!!!";
+            return std::nullopt;
+        }
+    }
+    m_songs.startImport();
+
+    LibraryImport::Counts counts;
+    QList<UnreadableFile> unreadable;
+    {
+        const auto progress = m_progress.open()(tr("Lettura file"), tr("Importo la libreria..."),
+                                                static_cast<int>(files.size()));
+        const PaintingPaused paused(m_songs.view());
+        LibraryImport import(m_songs.model(), *progress);
+        counts = import.importFiles(files);
+        unreadable = import.unreadableFiles();
+    }
+    m_songs.showImport(unreadable);
+    return counts;
+}
+
+void SongImport::scanDir(const QString &dir, LibraryImport::Counts &counts)
+{
+    LibraryImport(m_songs.model(), m_progress.shown()).scanDir(dir, counts);
+}

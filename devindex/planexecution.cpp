@@ -1,0 +1,207 @@
+#include "devindex/planexecution.h"
+
+#include "devindex/plannedremoval.h"
+#include "storage/safefile.h"
+#include "storage/writeproblem.h"
+
+#include <QFileInfo>
+#include <QHash>
+
+#include <memory>
+#include <utility>
+
+namespace
+{
+
+using Item = TransferPlan::Item;
+using State = TransferPlan::State;
+using Remedy = TransferPlan::Remedy;
+
+/** One folder's share of the progress of the whole copy. */
+class PartOfProgress : public Progress
+{
+public:
+    PartOfProgress(Progress &whole, int before)
+        : m_whole(whole)
+        , m_before(before)
+    {
+    }
+    void setMaximum(int) override {}
+    void setValue(int done) override { m_whole.setValue(m_before + done); }
+    void updateProgress(int done) override { m_whole.updateProgress(m_before + done); }
+    void catchUp() override { m_whole.catchUp(); }
+    bool wasCanceled() const override { return m_whole.wasCanceled(); }
+
+private:
+    Progress &m_whole;
+    const int m_before;
+};
+
+} // namespace
+
+PlanExecution::PlanExecution(OpenProgress openProgress, UpdateIndex updateIndex)
+    : m_openProgress(std::move(openProgress))
+    , m_updateIndex(std::move(updateIndex))
+{
+}
+
+PlanExecution::Result PlanExecution::run(const TransferPlan &plan)
+{
+    m_result = {};
+    m_done = 0;
+    m_allThere = true;
+    copyAll(plan);
+    update(plan);
+    return std::move(m_result);
+}
+
+void PlanExecution::copyAll(const TransferPlan &plan)
+{
+    QStringList folders; // in the order of the list
+    QHash<QString, QList<int>> numbers;
+    int count = 0;
+    for (int i = 0; i < plan.items.size(); ++i) {
+        const Item &item = plan.items.at(i);
+        const QString destination = item.destination();
+        if (destination.isEmpty()) {
+            tellSkipped(item);
+            continue;
+        }
+        const QString folder = QFileInfo(destination).path();
+        if (!numbers.contains(folder))
+            folders.append(folder);
+        numbers[folder].append(i);
+        ++count;
+    }
+    if (count == 0)
+        return;
+    const std::unique_ptr<Progress> progress =
+        m_openProgress(QCoreApplication::translate("MainWindow", "Trasferimento"),
+                       QCoreApplication::translate("MainWindow", "Trasferimento file..."), count);
+    for (const QString &folder : std::as_const(folders))
+        copyInto(folder, numbers.value(folder), plan, *progress);
+}
+
+void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
+                             const TransferPlan &plan, Progress &progress)
+{
+    if (!progress.wasCanceled() && !hasFolder(folder, plan)) {
+        fail(numbers, plan,
+             WriteProblem::sentence(WriteProblem::find(WriteProblem::Medium::of(plan.folder)))
+                 .replace(QLatin1Char('\n'), QLatin1Char(' ')));
+        return;
+    }
+    QList<FileCopier::Order> orders;
+    for (const int number : numbers) {
+        const Item &item = plan.items.at(number);
+        orders.append({item.path, item.destination(), item.remedy == Remedy::Replace});
+    }
+    FileCopier copier([](const QString &) { return Answer::No; });
+    copier.setReadBack(plan.readBack);
+    PartOfProgress part(progress, m_done);
+    copier.copyAs(orders, folder, part);
+    m_done += static_cast<int>(orders.size());
+    for (const FileCopier::Song &song : copier.songs()) {
+        m_allThere = m_allThere && song.state == FileCopier::State::Copied;
+        switch (song.state) {
+        case FileCopier::State::Copied:
+            m_result.copied.append(song.source);
+            break;
+        case FileCopier::State::Skipped:
+            m_result.failed.append({song.source, tr("nel frattempo un altro file ha questo nome")});
+            break;
+        case FileCopier::State::Failed:
+            m_result.failed.append({song.source, song.reason});
+            break;
+        case FileCopier::State::NotReached:
+            m_result.notReached.append(song.source);
+            break;
+        }
+    }
+}
+
+/** Makes the folder below the chosen one where it is missing, but never that one itself. */
+bool PlanExecution::hasFolder(const QString &folder, const TransferPlan &plan)
+{
+    const QFileInfo there(folder);
+    if (there.isDir() || folder == plan.folder)
+        return there.isDir() && (folder == plan.folder || !there.isSymLink());
+    return !isTaken(folder) && QFileInfo(plan.folder).isDir() && makeFolder(folder);
+}
+
+void PlanExecution::tellSkipped(const Item &item)
+{
+    switch (item.state) {
+    case State::Same:
+    case State::Renamed:
+        if (QFileInfo::exists(item.target))
+            m_result.alreadyThere.append(item.path);
+        else
+            m_result.failed.append({item.path, tr("non è più sulla memoria")});
+        m_allThere = m_allThere && QFileInfo::exists(item.target);
+        return;
+    case State::Unreadable:
+        m_allThere = false;
+        [[fallthrough]];
+    case State::TooLong:
+        m_result.failed.append({item.path, item.reason});
+        return;
+    case State::Remove:
+        return; // it stays, as it was before
+    case State::New:
+    case State::Differs:
+    case State::Collides:
+        break;
+    }
+    QString reason = item.reason;
+    if (reason.isEmpty() && item.state == State::Differs)
+        reason = tr("esisteva già e non è stata sostituita");
+    else if (reason.isEmpty() && item.state == State::Collides)
+        reason = tr("un'altra song dell'elenco ha lo stesso nome");
+    else if (reason.isEmpty())
+        reason = tr("saltata come scelto nel piano");
+    m_result.skipped.append({item.path, reason});
+}
+
+void PlanExecution::update(const TransferPlan &plan)
+{
+    if (plan.count(Remedy::Remove) == 0) {
+        m_result.indexed = m_updateIndex({});
+        return;
+    }
+    QString reason;
+    if (!m_result.notReached.isEmpty())
+        reason = tr("non rimossa, la copia è stata interrotta");
+    else if (!m_allThere)
+        reason = tr("non rimossa, non tutte le song sono state copiate");
+    bool removed = false;
+    const auto remove = [&] {
+        removed = true;
+        PlannedRemoval removal(plan);
+        const QList<PlannedRemoval::Outcome> outcomes = removal.run();
+        for (const PlannedRemoval::Outcome &outcome : outcomes) {
+            if (outcome.reason.isEmpty())
+                m_result.removed.append(outcome.path);
+            else
+                m_result.failed.append({outcome.path, outcome.reason});
+        }
+        return removal.isOnMedium();
+    };
+    m_result.indexed = m_updateIndex(reason.isEmpty() ? std::function<bool()>(remove) : nullptr);
+    if (removed)
+        return;
+    if (reason.isEmpty())
+        reason = tr("non rimossa, il database della memoria non può essere aggiornato");
+    for (const Item &item : plan.items) {
+        if (item.remedy == Remedy::Remove)
+            m_result.failed.append({item.path, reason});
+    }
+}
+
+void PlanExecution::fail(const QList<int> &numbers, const TransferPlan &plan, const QString &reason)
+{
+    for (const int number : numbers)
+        m_result.failed.append({plan.items.at(number).path, reason});
+    m_allThere = false;
+    m_done += static_cast<int>(numbers.size());
+}

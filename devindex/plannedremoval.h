@@ -1,0 +1,57 @@
+// Takes songs of a transfer plan from their memory.
+#pragma once
+
+#include "devindex/transferplan.h"
+
+#include <QCoreApplication>
+#include <QList>
+#include <QSet>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+QT_BEGIN_NAMESPACE
+class QFile;
+QT_END_NAMESPACE
+
+/**
+ * Removes each song with its karaoke pictures and with what a save that was cut off left beside
+ * it. A song that is not the file any more that was planned stays: another program, or a link, may
+ * have brought something else to its path.
+ */
+class PlannedRemoval
+{
+    Q_DECLARE_TR_FUNCTIONS(PlannedRemoval)
+
+public:
+    /** A song, and why it is there still; an empty reason means that it is gone. */
+    struct Outcome {
+        QString path;
+        QString reason;
+    };
+
+    explicit PlannedRemoval(const TransferPlan &plan);
+
+    /**
+     * Removes the songs that the plan wants removed. When this returns, they are gone from the
+     * medium as well; those whose folder does not take that to the medium count as still there.
+     */
+    QList<Outcome> run();
+
+    /** False when the medium did not confirm that all that was removed is gone. */
+    bool isOnMedium() const { return m_onMedium; }
+
+private:
+    QString remove(const TransferPlan::Item &item);
+    bool removeHeld(const QString &path);
+    bool isAsPlanned(const TransferPlan::Item &item) const;
+    void settle();
+
+    const TransferPlan &m_plan;
+    QList<Outcome> m_outcomes;
+    qsizetype m_settled = 0; ///< so many of them are certain
+    QSet<QString> m_folders; ///< in which the others lie
+    std::vector<std::unique_ptr<QFile>> m_held;
+    bool m_onMedium = true;
+};
