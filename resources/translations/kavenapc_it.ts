@@ -1324,6 +1324,10 @@ Installare di nuovo il programma.</translation>
         <source>%1 vale solo con %2</source>
         <translation>%1 vale solo con %2</translation>
     </message>
+    <message>
+        <source>--csv e --duplicates non vanno insieme</source>
+        <translation>--csv e --duplicates non vanno insieme</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1448,6 +1452,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>con --in-line: rimuove le song in più, con le loro immagini</source>
         <translation>con --in-line: rimuove le song in più, con le loro immagini</translation>
     </message>
+    <message>
+        <source>solo le song che ci sono più volte, per gruppi</source>
+        <translation>solo le song che ci sono più volte, per gruppi</translation>
+    </message>
+    <message>
+        <source>elimina le song senza chiedere</source>
+        <translation>elimina le song senza chiedere</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -1469,6 +1481,18 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>Il database della memoria è danneggiato</source>
         <translation>Il database della memoria è danneggiato</translation>
+    </message>
+    <message>
+        <source>Lettura della memoria</source>
+        <translation>Lettura della memoria</translation>
+    </message>
+    <message>
+        <source>La memoria non è leggibile</source>
+        <translation>La memoria non è leggibile</translation>
+    </message>
+    <message>
+        <source>La cartella non è leggibile</source>
+        <translation>La cartella non è leggibile</translation>
     </message>
 </context>
 <context>
@@ -1664,6 +1688,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>non è nell&apos;elenco</source>
         <translation>non è nell&apos;elenco</translation>
     </message>
+    <message>
+        <source>Gli stessi byte:</source>
+        <translation>Gli stessi byte:</translation>
+    </message>
+    <message>
+        <source>Stesso titolo e interprete:</source>
+        <translation>Stesso titolo e interprete:</translation>
+    </message>
 </context>
 <context>
     <name>Program</name>
@@ -1841,6 +1873,191 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>il percorso è troppo lungo per il player</source>
         <translation>il percorso è troppo lungo per il player</translation>
+    </message>
+</context>
+<context>
+    <name>CopiesFromMemory</name>
+    <message>
+        <source>La cartella non esiste.</source>
+        <translation>La cartella non esiste.</translation>
+    </message>
+    <message>
+        <source>La cartella è nella memoria stessa: sceglierne una del computer.</source>
+        <translation>La cartella è nella memoria stessa: sceglierne una del computer.</translation>
+    </message>
+    <message>
+        <source>un&apos;altra song scelta ha lo stesso nome</source>
+        <translation>un&apos;altra song scelta ha lo stesso nome</translation>
+    </message>
+</context>
+<context>
+    <name>Eject</name>
+    <message>
+        <source>La cartella non è una memoria collegata: non c&apos;è niente da espellere.</source>
+        <translation>La cartella non è una memoria collegata: non c&apos;è niente da espellere.</translation>
+    </message>
+    <message>
+        <source>Non tutti i dati sono arrivati sulla memoria. Non scollegarla.</source>
+        <translation>Non tutti i dati sono arrivati sulla memoria. Non scollegarla.</translation>
+    </message>
+    <message>
+        <source>Adesso la memoria si può scollegare.</source>
+        <translation>Adesso la memoria si può scollegare.</translation>
+    </message>
+    <message>
+        <source>Il servizio del sistema che espelle le memorie (UDisks2) non risponde. Espellere la memoria dal file manager.</source>
+        <translation>Il servizio del sistema che espelle le memorie (UDisks2) non risponde. Espellere la memoria dal file manager.</translation>
+    </message>
+    <message>
+        <source>Il sistema non conosce nessuna memoria collegata qui.</source>
+        <translation>Il sistema non conosce nessuna memoria collegata qui.</translation>
+    </message>
+    <message>
+        <source>Il sistema non permette di espellere la memoria.</source>
+        <translation>Il sistema non permette di espellere la memoria.</translation>
+    </message>
+    <message>
+        <source>La memoria è stata smontata, ma il suo lettore è ancora in uso: altre sue partizioni possono essere aperte.</source>
+        <translation>La memoria è stata smontata, ma il suo lettore è ancora in uso: altre sue partizioni possono essere aperte.</translation>
+    </message>
+    <message>
+        <source>La memoria è in uso: chiudere i programmi che la usano e riprovare.</source>
+        <translation>La memoria è in uso: chiudere i programmi che la usano e riprovare.</translation>
+    </message>
+    <message>
+        <source>La memoria è in uso da: %1. Chiudere questi programmi e riprovare.</source>
+        <translation>La memoria è in uso da: %1. Chiudere questi programmi e riprovare.</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile espellere la memoria.</source>
+        <translation>Non è stato possibile espellere la memoria.</translation>
+    </message>
+</context>
+<context>
+    <name>RemoveCommand</name>
+    <message numerus="yes">
+        <source>%n song verranno eliminate dalla memoria con le loro immagini karaoke. Procedere?</source>
+        <translation>
+            <numerusform>%n song verrà eliminata dalla memoria con le sue immagini karaoke. Procedere?</numerusform>
+            <numerusform>%n song verranno eliminate dalla memoria con le loro immagini karaoke. Procedere?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SongChanges</name>
+    <message>
+        <source>Eliminazione</source>
+        <translation>Eliminazione</translation>
+    </message>
+    <message>
+        <source>Eliminazione song...</source>
+        <translation>Eliminazione song...</translation>
+    </message>
+    <message>
+        <source>la memoria non ha confermato l&apos;eliminazione</source>
+        <translation>la memoria non ha confermato l&apos;eliminazione</translation>
+    </message>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima</source>
+        <translation>La memoria non ha un database completo: aggiornarlo prima</translation>
+    </message>
+    <message>
+        <source>il suo ultimo salvataggio non è stato completato</source>
+        <translation>il suo ultimo salvataggio non è stato completato</translation>
+    </message>
+    <message>
+        <source>non è stato possibile rinominarla</source>
+        <translation>non è stato possibile rinominarla</translation>
+    </message>
+    <message>
+        <source>la memoria non ha confermato il nuovo nome</source>
+        <translation>la memoria non ha confermato il nuovo nome</translation>
+    </message>
+    <message>
+        <source>Aggiornamento</source>
+        <translation>Aggiornamento</translation>
+    </message>
+    <message>
+        <source>Aggiornamento database...</source>
+        <translation>Aggiornamento database...</translation>
+    </message>
+    <message>
+        <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
+        <translation>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</translation>
+    </message>
+</context>
+<context>
+    <name>SongName</name>
+    <message>
+        <source>il nome deve finire con .%1</source>
+        <translation>il nome deve finire con .%1</translation>
+    </message>
+    <message>
+        <source>con la cartella il nome supera %1 caratteri</source>
+        <translation>con la cartella il nome supera %1 caratteri</translation>
+    </message>
+    <message>
+        <source>è il nome che ha già</source>
+        <translation>è il nome che ha già</translation>
+    </message>
+    <message>
+        <source>un altro file ha già questo nome</source>
+        <translation>un altro file ha già questo nome</translation>
+    </message>
+    <message>
+        <source>ci sono già immagini karaoke con questo nome</source>
+        <translation>ci sono già immagini karaoke con questo nome</translation>
+    </message>
+    <message>
+        <source>il nome è vuoto</source>
+        <translation>il nome è vuoto</translation>
+    </message>
+    <message>
+        <source>il nome supera %1 caratteri</source>
+        <translation>il nome supera %1 caratteri</translation>
+    </message>
+    <message>
+        <source>questi caratteri non sono permessi: %1</source>
+        <translation>questi caratteri non sono permessi: %1</translation>
+    </message>
+    <message>
+        <source>il player non ha uno dei caratteri</source>
+        <translation>il player non ha uno dei caratteri</translation>
+    </message>
+    <message>
+        <source>il nome non può iniziare o finire con un punto o uno spazio</source>
+        <translation>il nome non può iniziare o finire con un punto o uno spazio</translation>
+    </message>
+    <message>
+        <source>questo nome è riservato dai computer</source>
+        <translation>questo nome è riservato dai computer</translation>
+    </message>
+</context>
+<context>
+    <name>SongRemoval</name>
+    <message>
+        <source>non è una song della memoria</source>
+        <translation>non è una song della memoria</translation>
+    </message>
+    <message>
+        <source>è in una cartella riservata</source>
+        <translation>è in una cartella riservata</translation>
+    </message>
+    <message>
+        <source>ci porta un collegamento: potrebbe trovarsi fuori dalla memoria</source>
+        <translation>ci porta un collegamento: potrebbe trovarsi fuori dalla memoria</translation>
+    </message>
+    <message>
+        <source>il file non c&apos;è</source>
+        <translation>il file non c&apos;è</translation>
+    </message>
+    <message>
+        <source>non è stato possibile eliminarla</source>
+        <translation>non è stato possibile eliminarla</translation>
+    </message>
+    <message>
+        <source>la song è stata eliminata, ma non le sue immagini: %1</source>
+        <translation>la song è stata eliminata, ma non le sue immagini: %1</translation>
     </message>
 </context>
 </TS>

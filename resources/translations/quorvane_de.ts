@@ -1324,6 +1324,10 @@ Bitte installieren Sie das Programm neu.</translation>
         <source>%1 vale solo con %2</source>
         <translation>%1 geht nur mit %2</translation>
     </message>
+    <message>
+        <source>--csv e --duplicates non vanno insieme</source>
+        <translation>--csv und --duplicates gehen nicht zusammen</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1448,6 +1452,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>con --in-line: rimuove le song in più, con le loro immagini</source>
         <translation>mit --in-line: entfernt die übrigen Songs mit ihren Bildern</translation>
     </message>
+    <message>
+        <source>solo le song che ci sono più volte, per gruppi</source>
+        <translation>nur die Songs, die mehrfach da sind, in Gruppen</translation>
+    </message>
+    <message>
+        <source>elimina le song senza chiedere</source>
+        <translation>entfernt die Songs, ohne zu fragen</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -1469,6 +1481,18 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>Il database della memoria è danneggiato</source>
         <translation>Das Songverzeichnis ist beschädigt</translation>
+    </message>
+    <message>
+        <source>Lettura della memoria</source>
+        <translation>Speicher wird gelesen</translation>
+    </message>
+    <message>
+        <source>La memoria non è leggibile</source>
+        <translation>Der Speicher ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>La cartella non è leggibile</source>
+        <translation>Der Ordner ist nicht lesbar</translation>
     </message>
 </context>
 <context>
@@ -1664,6 +1688,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>non è nell&apos;elenco</source>
         <translation>nicht in der Liste</translation>
     </message>
+    <message>
+        <source>Gli stessi byte:</source>
+        <translation>Dieselben Bytes:</translation>
+    </message>
+    <message>
+        <source>Stesso titolo e interprete:</source>
+        <translation>Derselbe Titel und Interpret:</translation>
+    </message>
 </context>
 <context>
     <name>Program</name>
@@ -1841,6 +1873,191 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>il percorso è troppo lungo per il player</source>
         <translation>die Namen der Ordner sind zu lang für den Player</translation>
+    </message>
+</context>
+<context>
+    <name>CopiesFromMemory</name>
+    <message>
+        <source>La cartella non esiste.</source>
+        <translation>Den Ordner gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>La cartella è nella memoria stessa: sceglierne una del computer.</source>
+        <translation>Der Ordner liegt auf dem Speicher selbst: bitte einen des Computers wählen.</translation>
+    </message>
+    <message>
+        <source>un&apos;altra song scelta ha lo stesso nome</source>
+        <translation>ein anderer gewählter Song hat denselben Namen</translation>
+    </message>
+</context>
+<context>
+    <name>Eject</name>
+    <message>
+        <source>La cartella non è una memoria collegata: non c&apos;è niente da espellere.</source>
+        <translation>Der Ordner ist kein angeschlossener Speicher: es gibt nichts auszuwerfen.</translation>
+    </message>
+    <message>
+        <source>Non tutti i dati sono arrivati sulla memoria. Non scollegarla.</source>
+        <translation>Nicht alles ist auf dem Speicher angekommen. Bitte nicht abziehen.</translation>
+    </message>
+    <message>
+        <source>Adesso la memoria si può scollegare.</source>
+        <translation>Der Speicher kann jetzt abgezogen werden.</translation>
+    </message>
+    <message>
+        <source>Il servizio del sistema che espelle le memorie (UDisks2) non risponde. Espellere la memoria dal file manager.</source>
+        <translation>Der Dienst des Systems, der Speicher auswirft (UDisks2), antwortet nicht. Bitte den Speicher im Dateimanager auswerfen.</translation>
+    </message>
+    <message>
+        <source>Il sistema non conosce nessuna memoria collegata qui.</source>
+        <translation>Das System kennt hier keinen angeschlossenen Speicher.</translation>
+    </message>
+    <message>
+        <source>Il sistema non permette di espellere la memoria.</source>
+        <translation>Das System erlaubt nicht, den Speicher auszuwerfen.</translation>
+    </message>
+    <message>
+        <source>La memoria è stata smontata, ma il suo lettore è ancora in uso: altre sue partizioni possono essere aperte.</source>
+        <translation>Der Speicher ist freigegeben, aber sein Laufwerk wird noch benutzt: andere Partitionen darauf können offen sein.</translation>
+    </message>
+    <message>
+        <source>La memoria è in uso: chiudere i programmi che la usano e riprovare.</source>
+        <translation>Der Speicher wird benutzt: bitte die Programme schließen, die ihn benutzen, und es noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>La memoria è in uso da: %1. Chiudere questi programmi e riprovare.</source>
+        <translation>Der Speicher wird benutzt von: %1. Bitte diese Programme schließen und es noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile espellere la memoria.</source>
+        <translation>Der Speicher konnte nicht ausgeworfen werden.</translation>
+    </message>
+</context>
+<context>
+    <name>RemoveCommand</name>
+    <message numerus="yes">
+        <source>%n song verranno eliminate dalla memoria con le loro immagini karaoke. Procedere?</source>
+        <translation>
+            <numerusform>%n Song wird mit seinen Karaoke-Bildern vom Speicher entfernt. Fortfahren?</numerusform>
+            <numerusform>%n Songs werden mit ihren Karaoke-Bildern vom Speicher entfernt. Fortfahren?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SongChanges</name>
+    <message>
+        <source>Eliminazione</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Eliminazione song...</source>
+        <translation>Songs werden entfernt...</translation>
+    </message>
+    <message>
+        <source>la memoria non ha confermato l&apos;eliminazione</source>
+        <translation>der Speicher hat das Entfernen nicht bestätigt</translation>
+    </message>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima</source>
+        <translation>Der Speicher hat kein vollständiges Songverzeichnis: bitte zuerst aktualisieren</translation>
+    </message>
+    <message>
+        <source>il suo ultimo salvataggio non è stato completato</source>
+        <translation>das letzte Speichern wurde nicht beendet</translation>
+    </message>
+    <message>
+        <source>non è stato possibile rinominarla</source>
+        <translation>er konnte nicht umbenannt werden</translation>
+    </message>
+    <message>
+        <source>la memoria non ha confermato il nuovo nome</source>
+        <translation>der Speicher hat den neuen Namen nicht bestätigt</translation>
+    </message>
+    <message>
+        <source>Aggiornamento</source>
+        <translation>Aktualisierung</translation>
+    </message>
+    <message>
+        <source>Aggiornamento database...</source>
+        <translation>Songverzeichnis wird aktualisiert...</translation>
+    </message>
+    <message>
+        <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
+        <translation>Das Songverzeichnis des Speichers ist beschädigt, oder der Speicher kann nicht beschrieben werden. Es wurde nichts geändert.</translation>
+    </message>
+</context>
+<context>
+    <name>SongName</name>
+    <message>
+        <source>il nome deve finire con .%1</source>
+        <translation>der Name muss auf .%1 enden</translation>
+    </message>
+    <message>
+        <source>con la cartella il nome supera %1 caratteri</source>
+        <translation>mit dem Ordner hat der Name mehr als %1 Zeichen</translation>
+    </message>
+    <message>
+        <source>è il nome che ha già</source>
+        <translation>er heißt schon so</translation>
+    </message>
+    <message>
+        <source>un altro file ha già questo nome</source>
+        <translation>eine andere Datei heißt schon so</translation>
+    </message>
+    <message>
+        <source>ci sono già immagini karaoke con questo nome</source>
+        <translation>es gibt schon Karaoke-Bilder mit diesem Namen</translation>
+    </message>
+    <message>
+        <source>il nome è vuoto</source>
+        <translation>der Name ist leer</translation>
+    </message>
+    <message>
+        <source>il nome supera %1 caratteri</source>
+        <translation>der Name hat mehr als %1 Zeichen</translation>
+    </message>
+    <message>
+        <source>questi caratteri non sono permessi: %1</source>
+        <translation>diese Zeichen sind nicht erlaubt: %1</translation>
+    </message>
+    <message>
+        <source>il player non ha uno dei caratteri</source>
+        <translation>dem Player fehlt eines der Zeichen</translation>
+    </message>
+    <message>
+        <source>il nome non può iniziare o finire con un punto o uno spazio</source>
+        <translation>der Name darf nicht mit einem Punkt oder Leerzeichen beginnen oder enden</translation>
+    </message>
+    <message>
+        <source>questo nome è riservato dai computer</source>
+        <translation>diesen Namen behalten Computer sich vor</translation>
+    </message>
+</context>
+<context>
+    <name>SongRemoval</name>
+    <message>
+        <source>non è una song della memoria</source>
+        <translation>das ist kein Song des Speichers</translation>
+    </message>
+    <message>
+        <source>è in una cartella riservata</source>
+        <translation>er liegt in einem reservierten Ordner</translation>
+    </message>
+    <message>
+        <source>ci porta un collegamento: potrebbe trovarsi fuori dalla memoria</source>
+        <translation>eine Verknüpfung führt dorthin: er kann außerhalb des Speichers liegen</translation>
+    </message>
+    <message>
+        <source>il file non c&apos;è</source>
+        <translation>die Datei ist nicht da</translation>
+    </message>
+    <message>
+        <source>non è stato possibile eliminarla</source>
+        <translation>er konnte nicht entfernt werden</translation>
+    </message>
+    <message>
+        <source>la song è stata eliminata, ma non le sue immagini: %1</source>
+        <translation>der Song wurde entfernt, aber nicht seine Bilder: %1</translation>
     </message>
 </context>
 </TS>

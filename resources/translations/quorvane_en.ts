@@ -1324,6 +1324,10 @@ Please install the program again.</translation>
         <source>%1 vale solo con %2</source>
         <translation>%1 needs %2</translation>
     </message>
+    <message>
+        <source>--csv e --duplicates non vanno insieme</source>
+        <translation>--csv and --duplicates do not go together</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1448,6 +1452,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>con --in-line: rimuove le song in più, con le loro immagini</source>
         <translation>with --in-line: removes the other songs and their pictures</translation>
     </message>
+    <message>
+        <source>solo le song che ci sono più volte, per gruppi</source>
+        <translation>only the songs that are there more than once, in groups</translation>
+    </message>
+    <message>
+        <source>elimina le song senza chiedere</source>
+        <translation>removes the songs without asking</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -1469,6 +1481,18 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>Il database della memoria è danneggiato</source>
         <translation>The song index is damaged</translation>
+    </message>
+    <message>
+        <source>Lettura della memoria</source>
+        <translation>Reading the memory</translation>
+    </message>
+    <message>
+        <source>La memoria non è leggibile</source>
+        <translation>The memory cannot be read</translation>
+    </message>
+    <message>
+        <source>La cartella non è leggibile</source>
+        <translation>The folder cannot be read</translation>
     </message>
 </context>
 <context>
@@ -1664,6 +1688,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>non è nell&apos;elenco</source>
         <translation>not in the list</translation>
     </message>
+    <message>
+        <source>Gli stessi byte:</source>
+        <translation>The same bytes:</translation>
+    </message>
+    <message>
+        <source>Stesso titolo e interprete:</source>
+        <translation>Same title and artist:</translation>
+    </message>
 </context>
 <context>
     <name>Program</name>
@@ -1841,6 +1873,191 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>il percorso è troppo lungo per il player</source>
         <translation>the names of its folders are too long for the player</translation>
+    </message>
+</context>
+<context>
+    <name>CopiesFromMemory</name>
+    <message>
+        <source>La cartella non esiste.</source>
+        <translation>The folder does not exist.</translation>
+    </message>
+    <message>
+        <source>La cartella è nella memoria stessa: sceglierne una del computer.</source>
+        <translation>The folder is on the memory itself: choose one on the computer.</translation>
+    </message>
+    <message>
+        <source>un&apos;altra song scelta ha lo stesso nome</source>
+        <translation>another chosen song has the same name</translation>
+    </message>
+</context>
+<context>
+    <name>Eject</name>
+    <message>
+        <source>La cartella non è una memoria collegata: non c&apos;è niente da espellere.</source>
+        <translation>The folder is not a connected memory: there is nothing to eject.</translation>
+    </message>
+    <message>
+        <source>Non tutti i dati sono arrivati sulla memoria. Non scollegarla.</source>
+        <translation>Not everything has arrived on the memory. Do not unplug it.</translation>
+    </message>
+    <message>
+        <source>Adesso la memoria si può scollegare.</source>
+        <translation>You can unplug the memory now.</translation>
+    </message>
+    <message>
+        <source>Il servizio del sistema che espelle le memorie (UDisks2) non risponde. Espellere la memoria dal file manager.</source>
+        <translation>The service of the system that ejects memories (UDisks2) does not answer. Eject the memory in the file manager.</translation>
+    </message>
+    <message>
+        <source>Il sistema non conosce nessuna memoria collegata qui.</source>
+        <translation>The system knows of no memory that is connected here.</translation>
+    </message>
+    <message>
+        <source>Il sistema non permette di espellere la memoria.</source>
+        <translation>The system does not allow the memory to be ejected.</translation>
+    </message>
+    <message>
+        <source>La memoria è stata smontata, ma il suo lettore è ancora in uso: altre sue partizioni possono essere aperte.</source>
+        <translation>The memory was released, but its drive is still in use: other partitions of it may be open.</translation>
+    </message>
+    <message>
+        <source>La memoria è in uso: chiudere i programmi che la usano e riprovare.</source>
+        <translation>The memory is in use: close the programs that use it and try again.</translation>
+    </message>
+    <message>
+        <source>La memoria è in uso da: %1. Chiudere questi programmi e riprovare.</source>
+        <translation>The memory is in use by: %1. Close these programs and try again.</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile espellere la memoria.</source>
+        <translation>The memory could not be ejected.</translation>
+    </message>
+</context>
+<context>
+    <name>RemoveCommand</name>
+    <message numerus="yes">
+        <source>%n song verranno eliminate dalla memoria con le loro immagini karaoke. Procedere?</source>
+        <translation>
+            <numerusform>%n song is going to be removed from the memory with its karaoke pictures. Go on?</numerusform>
+            <numerusform>%n songs are going to be removed from the memory with their karaoke pictures. Go on?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SongChanges</name>
+    <message>
+        <source>Eliminazione</source>
+        <translation>Removal</translation>
+    </message>
+    <message>
+        <source>Eliminazione song...</source>
+        <translation>Removing songs...</translation>
+    </message>
+    <message>
+        <source>la memoria non ha confermato l&apos;eliminazione</source>
+        <translation>the memory did not confirm the removal</translation>
+    </message>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima</source>
+        <translation>The memory has no complete song index: update it first</translation>
+    </message>
+    <message>
+        <source>il suo ultimo salvataggio non è stato completato</source>
+        <translation>its last save was not finished</translation>
+    </message>
+    <message>
+        <source>non è stato possibile rinominarla</source>
+        <translation>it could not be renamed</translation>
+    </message>
+    <message>
+        <source>la memoria non ha confermato il nuovo nome</source>
+        <translation>the memory did not confirm the new name</translation>
+    </message>
+    <message>
+        <source>Aggiornamento</source>
+        <translation>Update</translation>
+    </message>
+    <message>
+        <source>Aggiornamento database...</source>
+        <translation>Updating the song index...</translation>
+    </message>
+    <message>
+        <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
+        <translation>The song index of the memory is damaged, or the memory cannot be written to. Nothing was changed.</translation>
+    </message>
+</context>
+<context>
+    <name>SongName</name>
+    <message>
+        <source>il nome deve finire con .%1</source>
+        <translation>the name must end in .%1</translation>
+    </message>
+    <message>
+        <source>con la cartella il nome supera %1 caratteri</source>
+        <translation>with its folder the name has more than %1 characters</translation>
+    </message>
+    <message>
+        <source>è il nome che ha già</source>
+        <translation>it has this name already</translation>
+    </message>
+    <message>
+        <source>un altro file ha già questo nome</source>
+        <translation>another file has this name already</translation>
+    </message>
+    <message>
+        <source>ci sono già immagini karaoke con questo nome</source>
+        <translation>there are karaoke pictures of this name already</translation>
+    </message>
+    <message>
+        <source>il nome è vuoto</source>
+        <translation>the name is empty</translation>
+    </message>
+    <message>
+        <source>il nome supera %1 caratteri</source>
+        <translation>the name has more than %1 characters</translation>
+    </message>
+    <message>
+        <source>questi caratteri non sono permessi: %1</source>
+        <translation>these characters are not allowed: %1</translation>
+    </message>
+    <message>
+        <source>il player non ha uno dei caratteri</source>
+        <translation>the player lacks one of the characters</translation>
+    </message>
+    <message>
+        <source>il nome non può iniziare o finire con un punto o uno spazio</source>
+        <translation>the name must not begin or end with a dot or a blank</translation>
+    </message>
+    <message>
+        <source>questo nome è riservato dai computer</source>
+        <translation>computers keep this name for themselves</translation>
+    </message>
+</context>
+<context>
+    <name>SongRemoval</name>
+    <message>
+        <source>non è una song della memoria</source>
+        <translation>it is no song of the memory</translation>
+    </message>
+    <message>
+        <source>è in una cartella riservata</source>
+        <translation>it lies in a reserved folder</translation>
+    </message>
+    <message>
+        <source>ci porta un collegamento: potrebbe trovarsi fuori dalla memoria</source>
+        <translation>a link leads to it: it may lie outside the memory</translation>
+    </message>
+    <message>
+        <source>il file non c&apos;è</source>
+        <translation>the file is not there</translation>
+    </message>
+    <message>
+        <source>non è stato possibile eliminarla</source>
+        <translation>it could not be removed</translation>
+    </message>
+    <message>
+        <source>la song è stata eliminata, ma non le sue immagini: %1</source>
+        <translation>the song was removed, but not its pictures: %1</translation>
     </message>
 </context>
 </TS>

@@ -35,7 +35,8 @@ class Words(CliTest):
 
     def test_help_leads_with_examples(self):
         for words in ([], ["show"], ["set"], ["sync"], ["transfer"], ["index", "update"],
-                      ["index", "rebuild"], ["index", "check"], ["list"], ["catalogue", "find"]):
+                      ["index", "rebuild"], ["index", "check"], ["list"], ["remove"],
+                      ["eject"], ["catalogue", "find"]):
             shown = self.run_kavena(*words, "--help", status=0)
             self.assertEqual(shown.err, "")
             lines = shown.out.splitlines()

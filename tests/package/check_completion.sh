@@ -22,7 +22,7 @@ expect() {
   [ "$got" = "$wanted" ] || { echo "FAIL: $* offers '$got', not '$wanted'" >&2; exit 1; }
 }
 
-expect "show set sync transfer index list catalogue --help --version" kavena ""
+expect "show set sync transfer index list remove eject catalogue --help --version" kavena ""
 expect "set" kavena se
 expect "update rebuild check" kavena index ""
 expect "find" kavena catalogue ""
@@ -32,4 +32,8 @@ expect "--dry-run" kavena sync --d
 expect "--title" kavena set --t
 expect "--in-line" kavena transfer --i
 expect "--json" kavena index check --j
+expect "yes no" kavena remove --confirm ""
+expect "--confirm" kavena remove --c
+expect "--duplicates" kavena list --d
+expect "--json" kavena eject --j
 expect "" kavena show -- --j
