@@ -11,6 +11,7 @@
 // with a line, "exit N" or "signal N". What the program said lies in the file "report".
 #include "devindex/filecopier.h"
 #include "devindex/index.h"
+#include "devindex/songchanges.h"
 #include "devindex/transfer.h"
 #include "formats/metasong.h"
 #include "library/answer.h"
@@ -309,6 +310,21 @@ bool bringInLine(const Folders &folders, const QStringList &songs)
     return job.carryOut(*plan) == Transfer::Outcome::Complete;
 }
 
+/** Removes songs with and without karaoke pictures, indexed and new ones. */
+bool removeSongs(const Folders &folders)
+{
+    ProgressRecord record;
+    const SongChanges::Report report =
+        SongChanges(folders.card(), recordedBy(record))
+            .remove({QStringLiteral("/own.mid"), QStringLiteral("/sub/extra.mp3"),
+                     QStringLiteral("/songs/s00.mid")});
+    if (!report.isComplete())
+        say(WillingUser::failure, report.refusal);
+    for (const SongChanges::Failure &failure : report.failed)
+        say(WillingUser::failure, failure.path + QStringLiteral(": ") + failure.reason);
+    return report.isComplete();
+}
+
 bool backUp(const Folders &folders, const QStringList &songs)
 {
     ProgressRecord record;
@@ -382,6 +398,8 @@ bool run(const Request &request, std::optional<Library> &library)
         return transfer(folders, songs);
     if (job.constFirst() == QLatin1String("inline"))
         return bringInLine(folders, songs);
+    if (job.constFirst() == QLatin1String("remove"))
+        return removeSongs(folders);
     if (job.constFirst() == QLatin1String("backup"))
         return backUp(folders, songs + QStringList(Folders::namesake(folders.library())));
     if (job.constFirst() == QLatin1String("import"))

@@ -9,8 +9,8 @@ for each way in which that call can fail. After each time:
 
 - every song file is byte for byte the old one or the whole new one, and none is missing (where the
   program was killed, or the medium stayed dead: after the songs have been imported again);
-- only the job that brings a memory in line takes songs away, and only those that it is to remove: an
-  index that is there lists none of them that is gone;
+- only the jobs that bring a memory in line and that remove songs take songs away, and only those
+  that they are to remove: an index that is there lists none of them that is gone;
 - a memory has its whole old index, a whole new one (check_memory.py is the judge) or none, and the
   next update makes a whole one; the playlists then mean the songs that they meant before;
 - the program has said that something failed, unless the job was done all the same;
@@ -50,9 +50,9 @@ SAVES = (
     "a2.mp3:x",
 )
 JOBS = ["save:" + save for save in SAVES] + ["sync", "create", "rebuild", "update", "transfer",
-                                                 "inline", "backup"]
+                                                 "inline", "remove", "backup"]
 
-INDEX_JOBS = ("create", "rebuild", "update", "transfer", "inline")
+INDEX_JOBS = ("create", "rebuild", "update", "transfer", "inline", "remove")
 
 # Which calls can fail in which way. A flush writes nothing, so it cannot write too little.
 CAN_FAIL = {
@@ -119,8 +119,9 @@ class Run:
         self.calls = check_order.counted(trace)
         self.must_be_noticed = check_order.must_be_noticed(trace)
         self.now = after = read_tree(root)
-        self.judge = Judge(self.before, after, playlists, job == "inline")
-        if job == "inline" and len(self.judge.removed) < 3:
+        removes = job in ("inline", "remove")
+        self.judge = Judge(self.before, after, playlists, removes)
+        if removes and len(self.judge.removed) < 3:
             raise Wrong("removes too little to be judged")
         self.done = 0
         self.made_room = 0  # runs in which an old song went first
