@@ -310,6 +310,22 @@ bool bringInLine(const Folders &folders, const QStringList &songs)
     return job.carryOut(*plan) == Transfer::Outcome::Complete;
 }
 
+bool tellOutcome(const SongChanges::Report &report)
+{
+    if (!report.isComplete())
+        say(WillingUser::failure, report.refusal);
+    for (const SongChanges::Failure &failure : report.failed)
+        say(WillingUser::failure, failure.path + QStringLiteral(": ") + failure.reason);
+    return report.isComplete();
+}
+
+bool renameSong(const Folders &folders)
+{
+    ProgressRecord record;
+    return tellOutcome(SongChanges(folders.card(), recordedBy(record))
+                           .rename(QStringLiteral("/own.mid"), QStringLiteral("mine.mid")));
+}
+
 /** Removes songs with and without karaoke pictures, indexed and new ones. */
 bool removeSongs(const Folders &folders)
 {
@@ -318,11 +334,7 @@ bool removeSongs(const Folders &folders)
         SongChanges(folders.card(), recordedBy(record))
             .remove({QStringLiteral("/own.mid"), QStringLiteral("/sub/extra.mp3"),
                      QStringLiteral("/songs/s00.mid")});
-    if (!report.isComplete())
-        say(WillingUser::failure, report.refusal);
-    for (const SongChanges::Failure &failure : report.failed)
-        say(WillingUser::failure, failure.path + QStringLiteral(": ") + failure.reason);
-    return report.isComplete();
+    return tellOutcome(report);
 }
 
 bool backUp(const Folders &folders, const QStringList &songs)
@@ -400,6 +412,8 @@ bool run(const Request &request, std::optional<Library> &library)
         return bringInLine(folders, songs);
     if (job.constFirst() == QLatin1String("remove"))
         return removeSongs(folders);
+    if (job.constFirst() == QLatin1String("rename"))
+        return renameSong(folders);
     if (job.constFirst() == QLatin1String("backup"))
         return backUp(folders, songs + QStringList(Folders::namesake(folders.library())));
     if (job.constFirst() == QLatin1String("import"))

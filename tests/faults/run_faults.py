@@ -50,9 +50,10 @@ SAVES = (
     "a2.mp3:x",
 )
 JOBS = ["save:" + save for save in SAVES] + ["sync", "create", "rebuild", "update", "transfer",
-                                                 "inline", "remove", "backup"]
+                                                 "inline", "remove", "rename",
+                                                 "backup"]
 
-INDEX_JOBS = ("create", "rebuild", "update", "transfer", "inline", "remove")
+INDEX_JOBS = ("create", "rebuild", "update", "transfer", "inline", "remove", "rename")
 
 # Which calls can fail in which way. A flush writes nothing, so it cannot write too little.
 CAN_FAIL = {
