@@ -102,6 +102,7 @@ QString SongEditor::deleteFile(int row)
         return {};
     {
         // No other song gets the place of its bytes on the medium before the name is gone there.
+        // cppcheck-suppress unreadVariable
         const std::unique_ptr<QFile> bytes = keepBytesOf(path);
         // What is put there later must not be taken for a song whose save was cut off.
         if (QFile::remove(path)) {
