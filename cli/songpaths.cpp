@@ -69,14 +69,14 @@ std::optional<QString> SongPaths::decode(const QByteArray &path, Terminal &termi
 
 std::optional<QString> SongPaths::folder(const QByteArray &path, Terminal &terminal)
 {
-    const std::optional<QString> given = decode(path, terminal);
-    if (!given)
+    const std::optional<QString> name = decode(path, terminal);
+    if (!name)
         return std::nullopt;
-    const QFileInfo info(*given);
+    const QFileInfo info(*name);
     if (info.isDir())
         return info.absoluteFilePath();
     terminal.refuse(
-        *given, QCoreApplication::translate("IndexDialog", "Il percorso selezionato non esiste"));
+        *name, QCoreApplication::translate("IndexDialog", "Il percorso selezionato non esiste"));
     return std::nullopt;
 }
 
@@ -110,13 +110,13 @@ std::optional<QStringList> SongPaths::songs(const Request &request, Terminal &te
         const auto found = search.search({*path});
         if (terminal.isStopped() || !found)
             return std::nullopt;
-        QString folder = *path;
-        while (folder.endsWith(QLatin1Char('/')))
-            folder.chop(1);
+        QString start = *path;
+        while (start.endsWith(QLatin1Char('/')))
+            start.chop(1);
         const qsizetype absolute = item.absoluteFilePath().size();
         for (const QString &song : *found) {
             const QString rest = song.mid(absolute);
-            songs.append(rest.startsWith(QLatin1Char('/')) ? folder + rest : song);
+            songs.append(rest.startsWith(QLatin1Char('/')) ? start + rest : song);
         }
         for (const QString &unreadable : search.unreadable())
             terminal.fail(unreadable, tr("La cartella non può essere letta"));

@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -16,12 +18,16 @@ bool open(QFile &file)
     return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
 }
 
-/** Fills the buffer up to its end, or the file's; the bytes read, negative after a failure. */
-qint64 readChunk(QFile &file, QByteArray &buffer)
+/**
+ * Fills the buffer up to its end, or the file's, but not beyond so many bytes: some files have a
+ * size and can be read for ever. The bytes read, negative after a failure.
+ */
+qint64 readChunk(QFile &file, QByteArray &buffer, qint64 most)
 {
     qint64 filled = 0;
-    while (filled < buffer.size()) {
-        const qint64 count = file.read(buffer.data() + filled, buffer.size() - filled);
+    const qint64 wanted = std::min<qint64>(buffer.size(), most);
+    while (filled < wanted) {
+        const qint64 count = file.read(buffer.data() + filled, wanted - filled);
         if (count < 0)
             return -1;
         if (count == 0)
@@ -70,17 +76,16 @@ ContentComparer::Result ContentComparer::compareBytes(const QString &first, cons
         return Result::Unreadable;
     if (!open(other))
         return Result::Different;
-    for (;;) {
-        const qint64 count = readChunk(one, m_first);
-        if (count < 0)
+    for (qint64 left = one.size(); left > 0; m_keepAlive.processEvents()) {
+        const qint64 count = readChunk(one, m_first, left);
+        if (count <= 0)
             return Result::Unreadable;
-        if (readChunk(other, m_second) != count ||
+        if (readChunk(other, m_second, count) != count ||
             QByteArrayView(m_first).first(count) != QByteArrayView(m_second).first(count))
             return Result::Different;
-        if (count < comparedAtOnce)
-            return Result::Same;
-        m_keepAlive.processEvents();
+        left -= count;
     }
+    return Result::Same;
 }
 
 std::optional<QByteArray> ContentComparer::digestOf(const QString &path)
@@ -92,11 +97,12 @@ std::optional<QByteArray> ContentComparer::digestOf(const QString &path)
     if (!open(file))
         return std::nullopt;
     QCryptographicHash hash(QCryptographicHash::Blake2b_256);
-    for (qint64 count = comparedAtOnce; count == comparedAtOnce; m_keepAlive.processEvents()) {
-        count = readChunk(file, m_first);
-        if (count < 0)
+    for (qint64 left = file.size(); left > 0; m_keepAlive.processEvents()) {
+        const qint64 count = readChunk(file, m_first, left);
+        if (count <= 0)
             return std::nullopt;
         hash.addData(QByteArrayView(m_first).first(count));
+        left -= count;
     }
     return m_digests.insert(path, hash.result()).value();
 }

@@ -6,6 +6,7 @@
 #include "storage/diagnostics.h"
 #include "storage/leftovers.h"
 #include "storage/safefile.h"
+#include "storage/songfilewriter.h"
 #include "storage/songjournal.h"
 #include "storage/writeproblem.h"
 
@@ -206,7 +207,8 @@ qint64 FileCopier::roomNeeded(const QStringList &files, const QString &dest)
 
 bool FileCopier::copySong(int song, const QString &source, const QString &target, bool replace)
 {
-    if (!copyFile(song, source, target, replace)) {
+    // A song whose last save was cut off is a mixture until it is put back.
+    if (!SongFileWriter::recover(source) || !copyFile(song, source, target, replace)) {
         m_songs[song].reason = whyNotCopied(source, target, replace);
         return false;
     }

@@ -56,7 +56,9 @@ bool canBeRead(const QString &path)
 {
     QFile file(path);
     char first = 0;
-    return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) && file.read(&first, 1) >= 0;
+    // One without a size may make the reader wait for ever.
+    return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) &&
+           (file.size() == 0 || file.read(&first, 1) >= 0);
 }
 
 } // namespace

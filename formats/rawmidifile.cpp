@@ -18,7 +18,6 @@ namespace
 
 // The first chunk of a Standard MIDI File.
 constexpr qsizetype formatPos = 8;
-constexpr qsizetype trackCountPos = 10;
 
 // Data bytes of the maker's event: the sub-type, then the payload. A marker's payload is its bar
 // and its text.

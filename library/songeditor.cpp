@@ -5,10 +5,12 @@
 #include "library/keepalive.h"
 #include "storage/diagnostics.h"
 #include "storage/leftovers.h"
+#include "storage/safefile.h"
 #include "storage/songjournal.h"
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QList>
 #include <QPersistentModelIndex>
 
@@ -98,9 +100,16 @@ QString SongEditor::deleteFile(int row)
     const QString path = m_model.fileName(row);
     if (path.isEmpty() || !m_askDelete())
         return {};
-    // What is put there later must not be taken for a song whose save was cut off.
-    if (QFile::remove(path))
-        SongJournal::removeAllOf(path);
+    {
+        // No other song gets the place of its bytes on the medium before the name is gone there.
+        // cppcheck-suppress unreadVariable
+        const std::unique_ptr<QFile> bytes = keepBytesOf(path);
+        // What is put there later must not be taken for a song whose save was cut off.
+        if (QFile::remove(path)) {
+            SongJournal::removeAllOf(path);
+            flushPath(QFileInfo(path).path());
+        }
+    }
     m_model.removeRow(row);
     return QFile::exists(path) ? QString() : path;
 }

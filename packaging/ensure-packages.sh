@@ -13,7 +13,7 @@ declare -A groups=(
           id3v2 openttd-openmsx python3 python3-mutagen clang-format
           dpkg-dev desktop-file-utils appstream mandoc lintian dbus python3-dbusmock"
   [package]="dpkg-dev"
-  [check]="clang libclang-rt-14-dev clang-tidy cppcheck gcovr"
+  [check]="clang libclang-rt-14-dev clang-tidy clazy cppcheck gcovr"
   [bench]="libbenchmark-dev lhasa time python3-mutagen kid3-cli"
   [unplug]="qemu-system-x86 dosfstools mtools busybox-static cpio python3"
 )

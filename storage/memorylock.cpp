@@ -36,7 +36,8 @@ QByteArray ownContent()
 QString shown(const QString &line)
 {
     QString text;
-    for (const QChar character : line.left(64)) {
+    const QString start = line.left(64);
+    for (const QChar character : start) {
         if (character.isPrint() && character != QLatin1Char('<') && character != QLatin1Char('&'))
             text += character;
     }

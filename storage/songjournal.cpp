@@ -94,6 +94,24 @@ bool isWholeSong(const QByteArray &song)
     return tracks > 0 && pos == song.size();
 }
 
+/** A MIDI file that has as many tracks as its header says, and nothing else at its end. */
+bool hasItsTracks(const QByteArray &song)
+{
+    using namespace songlayout;
+    if (!song.startsWith(midiMagic) || song.size() < trackCountPos + qsizetype{sizeof(quint16)})
+        return false;
+    qint64 pos = 0;
+    int tracks = 0;
+    while (pos + chunkHeaderSize <= song.size()) {
+        if (song.at(pos) == '\0') // a place without bytes is no chunk
+            return false;
+        tracks += song.mid(pos, chunkSizePos) == midiTrackMagic ? 1 : 0;
+        pos += qint64{chunkHeaderSize} + numberAt(song, pos + chunkSizePos);
+    }
+    return pos == song.size() &&
+           tracks == qFromBigEndian<quint16>(song.constData() + trackCountPos);
+}
+
 /** The bytes from the position on, as many as there are. */
 QByteArrayView piece(QByteArrayView bytes, qsizetype pos, qsizetype size)
 {
@@ -182,7 +200,9 @@ SongJournal::Verdict SongJournal::Content::judge(const QByteArray &song) const
     // The file may already have its new size, but not yet the bytes of its new end; the old song is
     // then untouched in front of that end. Dropping what is behind a whole song's end loses
     // nothing.
-    return song.startsWith(oldBytes) && isWholeSong(oldBytes) ? Verdict::CutOff : Verdict::NotOurs;
+    const bool hasJunkAtItsEnd =
+        song.startsWith(oldBytes) && isWholeSong(oldBytes) && !hasItsTracks(song);
+    return hasJunkAtItsEnd ? Verdict::CutOff : Verdict::NotOurs;
 }
 
 SongJournal::SongJournal(const QString &song, int number)

@@ -17,6 +17,7 @@ inline constexpr qsizetype chunkHeaderSize = 8;
 
 /** What the first chunk of a MIDI file holds: format, number of tracks, time division (2 each). */
 inline constexpr qsizetype midiHeadSize = 6;
+inline constexpr qsizetype trackCountPos = 10; ///< in a MIDI file: number of tracks (2, big-endian)
 
 /** Where an MFX file holds its whole size (4 bytes, little-endian). */
 inline constexpr qsizetype mfxFileSizePos = 4;

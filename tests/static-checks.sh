@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# clang-tidy and cppcheck over the program's own sources; any finding fails. The presets
+# clang-tidy, clazy and cppcheck over the program's own sources; any finding fails. The presets
 # "release" and "asan" must have been built: their compile commands and generated headers are used.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -33,4 +33,19 @@ tidy build/asan '-clang-analyzer-*,-bugprone-suspicious-include' \
   -header-filter="^$PWD/$layers/[a-z0-9]+\.(h|cpp)\$" \
   -extra-arg=-fno-sanitize=all -extra-arg=-Wno-error
 tidy build/release '-*,clang-analyzer-*' "^$PWD/$layers/[a-z0-9]+\.cpp\$"
+
+# What clazy is not asked about:
+#   connect-by-name                the names of these slots are part of the interface
+#   non-pod-global-static          it takes a text that the compiler lays out for an allocated one
+#   qstring-insensitive-allocation texts in upper case are not equal to texts compared without case
+echo "== clazy"
+: >build/clazy.log
+for unit in $(find build/asan -path '*/Unity/unity_0_cxx.cxx' | sort); do
+  clazy-standalone -p build/asan \
+    -checks=level0,level1,no-connect-by-name,no-non-pod-global-static,no-qstring-insensitive-allocation \
+    -header-filter="^$PWD/$layers/" --extra-arg=-fno-sanitize=all --extra-arg=-w \
+    --extra-arg=-Wno-error "$unit" \
+    >>build/clazy.log 2>&1
+done
+if grep -E -A 3 "^$PWD/$layers/.*(warning|error):" build/clazy.log >&2; then exit 1; fi
 echo "no findings"

@@ -18,6 +18,7 @@ private slots:
     void oneByteMakesTheDifference();
     void laterComparisonsOfAFileAreRightToo();
     void filesThatCannotBeReadAreTold();
+    void filesWithoutASizeAreNotRead();
     void copyIsReadBackAgainstItsSource();
 
 private:
@@ -82,6 +83,19 @@ void TestContentComparer::filesThatCannotBeReadAreTold()
     QCOMPARE(ContentComparer().compare(m_folder.path(), one), Result::Unreadable);
     QCOMPARE(ContentComparer().compare(one, gone), Result::Different);
     QCOMPARE(ContentComparer().compare(one, m_folder.path()), Result::Different);
+}
+
+void TestContentComparer::filesWithoutASizeAreNotRead()
+{
+    // The system makes its bytes while it is read; others of its kind never end.
+    const QString endless = QStringLiteral("/proc/self/status");
+    QFile status(endless);
+    QVERIFY(status.open(QIODevice::ReadOnly));
+    QCOMPARE(status.size(), 0);
+    QVERIFY(!status.readAll().isEmpty());
+    QFile empty(m_folder.filePath(QStringLiteral("empty.mid")));
+    QVERIFY(empty.open(QIODevice::WriteOnly));
+    QCOMPARE(ContentComparer().compare(endless, empty.fileName()), ContentComparer::Result::Same);
 }
 
 void TestContentComparer::copyIsReadBackAgainstItsSource()

@@ -20,6 +20,7 @@ private slots:
 
     void journalOfASongThatWasDeletedGoesWithItsSuccessor();
     void journalOfASongThatLeftItsPlaceFirstGoes();
+    void songWhoseSaveWasCutOffIsCopiedWhole();
 
 private:
     bool copy(const QByteArray &song);
@@ -70,6 +71,16 @@ void TestFileCopierJournals::journalOfASongThatLeftItsPlaceFirstGoes()
     QVERIFY(copy(song));
     QVERIFY(!QFileInfo::exists(m_journal));
     QVERIFY(journalbytes::contentOf(m_dest + QStringLiteral("/a.mid")) == song);
+}
+
+void TestFileCopierJournals::songWhoseSaveWasCutOffIsCopiedWhole()
+{
+    const QByteArray old = journalbytes::song(2000, 'a');
+    const QByteArray written = journalbytes::song(2000, '0');
+    journalbytes::makeFile(m_folder->filePath(QStringLiteral(".a.mid.kavena-journal")),
+                           journalbytes::journalOf(old, written));
+    QVERIFY(copy(written.left(1024) + old.mid(1024)));
+    QCOMPARE(journalbytes::contentOf(m_dest + QStringLiteral("/a.mid")), old);
 }
 
 QTEST_GUILESS_MAIN(TestFileCopierJournals)

@@ -47,6 +47,7 @@ private slots:
     void anyOtherSongStays_data();
     void anyOtherSongStays();
     void junkIsOnlyCutOffBehindAWholeSong();
+    void tracksAreNoJunk();
     void songRestoredWithItsOldDateStays();
     void mp3IsNeverReplaced();
     void writeProtectedSongIsOnlyReplacedWhenItWasCutOff();
@@ -197,6 +198,20 @@ void TestSongJournal::junkIsOnlyCutOffBehindAWholeSong()
         QVERIFY(SongFileWriter::recover(songPath()));
         QVERIFY(contentOf(songPath()) == content);
     }
+}
+
+void TestSongJournal::tracksAreNoJunk()
+{
+    const QByteArray first = "MThd" + bigEndian(6) + QByteArray::fromHex("000100030060") + "MTrk" +
+                             bigEndian(4) + QByteArray::fromHex("00ff2f00");
+    const QByteArray other = "MTrk" + bigEndian(900) + QByteArray(900, 'n');
+    const QByteArray whole = first + other + other;
+    makeFile(songPath(), whole);
+    makeFile(journal(), journalOf(first, QByteArray(whole.size() + 10, '\0')));
+    const LogCapture log;
+    QVERIFY(SongFileWriter::recover(songPath()));
+    QVERIFY(contentOf(songPath()) == whole);
+    QVERIFY(!QFile::exists(journal()));
 }
 
 void TestSongJournal::songRestoredWithItsOldDateStays()
