@@ -52,7 +52,7 @@ QString SongName::whyNot(const QString &root, const QString &path, const QString
     const QFileInfo renamed(song.path() + QLatin1Char('/') + newName);
     if (renamed.suffix().compare(song.suffix(), Qt::CaseInsensitive) != 0)
         return tr("il nome deve finire con .%1").arg(song.suffix());
-    const QString problem = whyNotWritten(newName.chopped(renamed.suffix().size() + 1));
+    QString problem = whyNotWritten(newName.chopped(renamed.suffix().size() + 1));
     if (!problem.isEmpty())
         return problem;
     const QString folder = path.left(path.lastIndexOf(QLatin1Char('/')) + 1);

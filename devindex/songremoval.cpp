@@ -74,7 +74,7 @@ QString SongRemoval::whyNot(const QString &path) const
 
 QString SongRemoval::remove(const QString &path)
 {
-    const QString refusal = whyNot(path);
+    QString refusal = whyNot(path);
     if (!refusal.isEmpty())
         return refusal;
     const QString song = m_root + path;

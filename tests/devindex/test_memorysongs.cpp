@@ -213,7 +213,7 @@ void TestMemorySongs::damagedIndexIsNoIndex_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("cut_off_record") << QStringLiteral("index.idx") << QByteArray(100, '\0');
     QTest::newRow("more_songs_than_fit")
-        << QStringLiteral("index.idx") << QByteArray(64 * 65536, '\0');
+        << QStringLiteral("index.idx") << QByteArray(qsizetype{64} * 65536, '\0');
     QTest::newRow("descending_ids")
         << QStringLiteral("index.idx") << pathRecord(5, "/a.mid") + pathRecord(4, "/b.mid");
     QTest::newRow("unknown_song_in_titles")
