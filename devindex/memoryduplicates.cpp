@@ -12,7 +12,7 @@ namespace
 
 using memoryduplicates::Group;
 
-constexpr qint64 chunkSize = 65536;
+constexpr qint64 digestChunk = 65536;
 
 bool isThere(const MemorySong &song)
 {
@@ -43,7 +43,7 @@ public:
     {
     }
 
-    void count(qint64 bytes) { m_maximum += (bytes + chunkSize - 1) / chunkSize; }
+    void count(qint64 bytes) { m_maximum += (bytes + digestChunk - 1) / digestChunk; }
     void begin() { m_progress.setMaximum(static_cast<int>(std::min(m_maximum, qint64{INT_MAX}))); }
 
     /** Nothing for a file that cannot be read, or that has got another size. */
@@ -56,7 +56,7 @@ public:
         QCryptographicHash hash(QCryptographicHash::Blake2b_256);
         qint64 left = std::min(song.size, most);
         while (left > 0 && !m_progress.wasCanceled()) {
-            const QByteArray bytes = file.read(std::min(left, chunkSize));
+            const QByteArray bytes = file.read(std::min(left, digestChunk));
             if (bytes.isEmpty())
                 return {};
             hash.addData(bytes);
@@ -109,7 +109,7 @@ std::optional<QList<Group>> memoryduplicates::sameBytes(const QList<MemorySong> 
         for (const qsizetype place : group) {
             if (progress.wasCanceled())
                 return {};
-            if (const auto digest = reader.digestOf(songs.at(place), chunkSize))
+            if (const auto digest = reader.digestOf(songs.at(place), digestChunk))
                 byStart[*digest].append(place);
         }
         for (const Group &sameStart : groupsOf(byStart)) {

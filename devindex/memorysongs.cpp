@@ -21,21 +21,21 @@
 namespace
 {
 
-const QChar slash = QLatin1Char('/');
+const QChar folderSlash = QLatin1Char('/');
 
 /** Between two questions whether to stop. */
 constexpr qsizetype songsPerStep = 256;
 
 /** What the player shows for an artist or genre that it does not find. */
-constexpr QLatin1String unknownText("<unknown>");
+constexpr QLatin1String shownUnknown("<unknown>");
 
-QString nameOf(const QString &path)
+QString fileNameIn(const QString &path)
 {
-    return path.section(slash, -1);
+    return path.section(folderSlash, -1);
 }
 
 /** A title as it comes back from an index file. */
-QString asLoaded(const QString &title)
+QString titleAsLoaded(const QString &title)
 {
     SongRecord record;
     record.title = title;
@@ -45,17 +45,18 @@ QString asLoaded(const QString &title)
 bool isOnlyName(const SongInfoIndex &song)
 {
     const auto isUnknown = [](const QString &text) {
-        return text.compare(unknownText, Qt::CaseInsensitive) == 0;
+        return text.compare(shownUnknown, Qt::CaseInsensitive) == 0;
     };
     return isUnknown(song.artist) && isUnknown(song.genre) &&
-           asLoaded(song.title) == asLoaded(stringToUpper(nameOf(song.path)));
+           titleAsLoaded(song.title) == titleAsLoaded(stringToUpper(fileNameIn(song.path)));
 }
 
 /** The songs in the folders that an update of the index looks into. */
-class Walk
+class SongWalk
 {
 public:
-    Walk(const QString &root, QList<MemorySong> &songs, QStringList &unreadable, Progress &progress)
+    SongWalk(const QString &root, QList<MemorySong> &songs, QStringList &unreadable,
+             Progress &progress)
         : m_root(root)
         , m_songs(songs)
         , m_unreadable(unreadable)
@@ -90,7 +91,7 @@ private:
         addSongs(folder, listing, behindLink);
         for (const FolderItem &item : listing.items) {
             if (item.isFolder && !isPlayerFolder(item.name) && !isSystemFolder(item.name))
-                enter(folder % slash % item.name, item.isLink, behindLink || item.isLink);
+                enter(folder % folderSlash % item.name, item.isLink, behindLink || item.isLink);
         }
         m_active.remove(listing.id);
         m_progress.setValue(static_cast<int>(m_songs.size()));
@@ -107,7 +108,7 @@ private:
             if (!item.stamp)
                 continue;
             MemorySong song;
-            song.info.fullPath = folder % slash % item.name;
+            song.info.fullPath = folder % folderSlash % item.name;
             song.info.path = song.info.fullPath.mid(m_root.size());
             song.info.date = item.stamp->date;
             song.info.time = item.stamp->time;
@@ -141,7 +142,7 @@ private:
 } // namespace
 
 MemorySongs::MemorySongs(const QString &root)
-    : m_root(root.size() > 1 && root.endsWith(slash) ? root.chopped(1) : root)
+    : m_root(root.size() > 1 && root.endsWith(folderSlash) ? root.chopped(1) : root)
 {
 }
 
@@ -153,7 +154,7 @@ MemorySongs::Outcome MemorySongs::read(Progress &progress)
     if (memory.isEmpty())
         return Outcome::NoMemory;
     const QList<SongInfoIndex> entries = readIndex();
-    const bool toTheEnd = Walk(m_root, m_songs, m_unreadable, progress).run();
+    const bool toTheEnd = SongWalk(m_root, m_songs, m_unreadable, progress).run();
     if (toTheEnd)
         compare(entries, progress);
     const bool isThere = folderIdOf(m_root) == memory && !m_unreadable.contains(QString());
@@ -178,11 +179,11 @@ QList<SongInfoIndex> MemorySongs::readIndex()
     m_indexTime = {};
     const bool isComplete =
         std::all_of(indexfiles::all.begin(), indexfiles::all.end(), [this](QLatin1String name) {
-            return QFileInfo(m_root % slash % name).isFile();
+            return QFileInfo(m_root % folderSlash % name).isFile();
         });
     if (!isComplete)
         return entries;
-    m_indexTime = QFileInfo(m_root % slash % indexfiles::count).lastModified();
+    m_indexTime = QFileInfo(m_root % folderSlash % indexfiles::count).lastModified();
     m_indexState = IndexLoader(m_root, entries).load() ? IndexState::Whole : IndexState::Damaged;
     if (m_indexState == IndexState::Damaged)
         entries.clear();
@@ -267,7 +268,7 @@ void MemorySongs::addMissing(const SongInfoIndex &entry)
 {
     const bool isHidden =
         std::any_of(m_unreadable.cbegin(), m_unreadable.cend(), [&entry](const QString &folder) {
-            return entry.path.startsWith(folder + slash, Qt::CaseInsensitive);
+            return entry.path.startsWith(folder + folderSlash, Qt::CaseInsensitive);
         });
     MemorySong song;
     song.info = entry;

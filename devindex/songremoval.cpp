@@ -17,7 +17,7 @@
 namespace
 {
 
-const QChar slash = QLatin1Char('/');
+const QChar pathSlash = QLatin1Char('/');
 
 bool isSongFolder(const QString &name)
 {
@@ -27,7 +27,7 @@ bool isSongFolder(const QString &name)
 /** The parts of a path on the memory; empty for one that does not lead straight to a song. */
 QStringList partsOf(const QString &path)
 {
-    const QStringList parts = path.split(slash);
+    const QStringList parts = path.split(pathSlash);
     const bool isStraight =
         parts.size() > 1 && parts.constFirst().isEmpty() &&
         std::none_of(parts.cbegin() + 1, parts.cend(), [](const QString &part) {
@@ -50,7 +50,7 @@ SongRemoval::~SongRemoval() = default;
 
 QString SongRemoval::folderOf(const QString &path)
 {
-    return path.left(path.lastIndexOf(slash));
+    return path.left(path.lastIndexOf(pathSlash));
 }
 
 QString SongRemoval::whyNot(const QString &path) const
@@ -62,7 +62,7 @@ QString SongRemoval::whyNot(const QString &path) const
         return tr("è in una cartella riservata");
     QString place = m_root;
     for (const QString &part : parts) {
-        place += slash + part;
+        place += pathSlash + part;
         if (QFileInfo(place).isSymLink())
             return tr("ci porta un collegamento: potrebbe trovarsi fuori dalla memoria");
     }
