@@ -215,7 +215,7 @@ void Mp3Header::setLength(int seconds)
 
 void Mp3Header::setKavenaEditParam()
 {
-    removeExtendedHeader();
+    prepareForFrames();
     insertId3Frame(QByteArray(3, '\0'), QLatin1String(Id3FrameId::edit), framesStart);
 }
 
@@ -452,9 +452,21 @@ void Mp3Header::removeExtendedHeader()
     updateId3TagSize();
 }
 
-void Mp3Header::replaceFrame(const char *id, const QByteArray &content)
+/**
+ * Frames are written as they are. A tag of version 2 or 3 that still says of itself that it is
+ * unsynchronised is not: bytes in it proved that, but they may stand in the frame that goes now,
+ * and the next reader would then believe the flag and take bytes out of the other frames.
+ */
+void Mp3Header::prepareForFrames()
 {
     removeExtendedHeader();
+    if ((flags() & unsynchronised) != 0 && m_tag.at(tagVersionPos) != groupedSizesVersion)
+        setFlags(flags() & ~unsynchronised);
+}
+
+void Mp3Header::replaceFrame(const char *id, const QByteArray &content)
+{
+    prepareForFrames();
     removeId3Frame(QLatin1String(id));
     insertId3Frame(content, QLatin1String(id), framesStart);
 }

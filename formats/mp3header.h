@@ -145,6 +145,7 @@ private:
     void renewFrames();
     int extendedHeaderSize() const;
     void removeExtendedHeader();
+    void prepareForFrames();
     void replaceFrame(const char *id, const QByteArray &content);
 
     QByteArray m_tag;

@@ -91,7 +91,8 @@ private slots:
     void catalogueIsMergedAsBefore();
     void unsynchronisationIsUndone_data();
     void unsynchronisationIsUndone();
-    void flagWithoutUnsynchronisationChangesNothing();
+    void flagWithoutUnsynchronisationGoesAlone();
+    void flagWithoutUnsynchronisationGoesWithItsProof();
     void unsynchronisedFramesOfVersion4Stay();
     void oldFrameWithoutSuccessorIsLeftOut_data();
     void oldFrameWithoutSuccessorIsLeftOut();
@@ -307,12 +308,21 @@ void TestMp3Edit::unsynchronisationIsUndone()
                                     audio);
 }
 
-void TestMp3Edit::flagWithoutUnsynchronisationChangesNothing()
+void TestMp3Edit::flagWithoutUnsynchronisationGoesAlone()
 {
     // FF E0 cannot stand in a tag that really is unsynchronised: nothing may be taken out of it.
     const QByteArray file = tagOf(3, album + picture, 0x80) + audio;
-    QCOMPARE(genreEdited(file),
-             tagOf(3, mark + id3Frame("TCON", "Pop") + album + picture, 0x80) + audio);
+    QCOMPARE(genreEdited(file), tagOf(3, mark + id3Frame("TCON", "Pop") + album + picture) + audio);
+}
+
+void TestMp3Edit::flagWithoutUnsynchronisationGoesWithItsProof()
+{
+    // Only the genre's byte order mark proves the flag wrong. Without it the next reader would take
+    // the zero out of the other frame.
+    const QByteArray genre = frame("TCON", '\x01' + utf16(QStringLiteral("Rock")));
+    const QByteArray other = frame("PRIV", QByteArray("maker\0\xFF\0data", 12));
+    const QByteArray file = tagOf(3, genre + other, 0x80) + audio;
+    QCOMPARE(genreEdited(file), tagOf(3, mark + id3Frame("TCON", "Pop") + other) + audio);
 }
 
 void TestMp3Edit::unsynchronisedFramesOfVersion4Stay()
