@@ -1,27 +1,14 @@
 #include "devindex/plannedremoval.h"
 
-#include "library/companion.h"
-#include "storage/diagnostics.h"
-#include "storage/safefile.h"
-#include "storage/songjournal.h"
-#include "storage/writeproblem.h"
-
 #include <QDateTime>
-#include <QFile>
 #include <QFileInfo>
+#include <QSet>
 
 #include <utility>
 
-namespace
-{
-
-/** As many files are held open at the same time; on a Mac a program may have 256 open. */
-constexpr std::size_t mostHeld = 100;
-
-} // namespace
-
 PlannedRemoval::PlannedRemoval(const TransferPlan &plan)
     : m_plan(plan)
+    , m_removal(plan.root)
 {
 }
 
@@ -30,9 +17,8 @@ QList<PlannedRemoval::Outcome> PlannedRemoval::run()
     for (const TransferPlan::Item &item : m_plan.items) {
         if (item.remedy != TransferPlan::Remedy::Remove)
             continue;
-        m_folders.insert(QFileInfo(item.path).path());
         m_outcomes.append({item.path, remove(item)});
-        if (m_held.size() >= mostHeld)
+        if (m_removal.isFull())
             settle();
     }
     settle();
@@ -43,58 +29,32 @@ QList<PlannedRemoval::Outcome> PlannedRemoval::run()
 QString PlannedRemoval::remove(const TransferPlan::Item &item)
 {
     if (!m_onMedium)
-        return WriteProblem::sentence(WriteProblem::Unknown);
+        return SongRemoval::notConfirmed();
     if (!isAsPlanned(item))
         return tr("non è più il file di prima");
-    const QString companion = companionOf(item.path);
-    if (!removeHeld(item.path))
-        return WriteProblem::sentence(
-                   WriteProblem::find(WriteProblem::Medium::of(QFileInfo(item.path).path()), 0))
-            .replace(QLatin1Char('\n'), QLatin1Char(' '));
-    SongJournal::removeAllOf(item.path);
-    // The song went first: if only that is done, no song has lost its pictures.
-    if (companion.isEmpty() || QFileInfo(companion).isSymLink() || removeHeld(companion))
-        return {};
-    return tr("il file delle immagini non può essere rimosso");
-}
-
-/**
- * The bytes keep their place until the name is gone on the medium: no name must lead to bytes that
- * have become another file's.
- */
-bool PlannedRemoval::removeHeld(const QString &path)
-{
-    m_held.push_back(keepBytesOf(path));
-    if (QFile::remove(path))
-        return true;
-    logWarning() << "[PlannedRemoval::remove] Impossible to remove" << path;
-    return false;
+    return m_removal.remove(item.path.mid(m_plan.root.size()));
 }
 
 /** Brings what was removed to the medium, and gives its place free. */
 void PlannedRemoval::settle()
 {
-    for (const QString &folder : std::as_const(m_folders)) {
-        if (flushPath(folder))
-            continue;
-        m_onMedium = false;
-        logWarning() << "[PlannedRemoval::settle] Impossible to flush" << folder;
-        for (qsizetype i = m_settled; i < m_outcomes.size(); ++i) {
-            Outcome &outcome = m_outcomes[i];
-            if (QFileInfo(outcome.path).path() == folder && outcome.reason.isEmpty())
-                outcome.reason = WriteProblem::sentence(WriteProblem::Unknown);
-        }
+    const QSet<QString> failed = m_removal.flush();
+    m_onMedium = m_onMedium && failed.isEmpty();
+    for (qsizetype i = m_settled; i < m_outcomes.size() && !failed.isEmpty(); ++i) {
+        Outcome &outcome = m_outcomes[i];
+        const QString folder = SongRemoval::folderOf(outcome.path.mid(m_plan.root.size()));
+        if (outcome.reason.isEmpty() && failed.contains(folder))
+            outcome.reason = SongRemoval::notConfirmed();
     }
     m_settled = m_outcomes.size();
-    m_folders.clear();
-    m_held.clear();
 }
 
 bool PlannedRemoval::isAsPlanned(const TransferPlan::Item &item) const
 {
     const QFileInfo song(item.path);
     const QString folder = QFileInfo(m_plan.folder).canonicalFilePath() + QLatin1Char('/');
-    return item.state == TransferPlan::State::Remove && song.isFile() && !song.isSymLink() &&
-           song.size() == item.size && song.lastModified().toMSecsSinceEpoch() == item.changed &&
+    return item.state == TransferPlan::State::Remove && item.path.startsWith(m_plan.root) &&
+           song.isFile() && !song.isSymLink() && song.size() == item.size &&
+           song.lastModified().toMSecsSinceEpoch() == item.changed &&
            song.canonicalFilePath().startsWith(folder, Qt::CaseInsensitive);
 }

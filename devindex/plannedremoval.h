@@ -1,24 +1,16 @@
 // Takes songs of a transfer plan from their memory.
 #pragma once
 
+#include "devindex/songremoval.h"
 #include "devindex/transferplan.h"
 
 #include <QCoreApplication>
 #include <QList>
-#include <QSet>
 #include <QString>
 
-#include <memory>
-#include <vector>
-
-QT_BEGIN_NAMESPACE
-class QFile;
-QT_END_NAMESPACE
-
 /**
- * Removes each song with its karaoke pictures and with what a save that was cut off left beside
- * it. A song that is not the file any more that was planned stays: another program, or a link, may
- * have brought something else to its path.
+ * A song that is not the file any more that was planned stays: another program, or a link, may have
+ * brought something else to its path.
  */
 class PlannedRemoval
 {
@@ -44,14 +36,12 @@ public:
 
 private:
     QString remove(const TransferPlan::Item &item);
-    bool removeHeld(const QString &path);
     bool isAsPlanned(const TransferPlan::Item &item) const;
     void settle();
 
     const TransferPlan &m_plan;
+    SongRemoval m_removal;
     QList<Outcome> m_outcomes;
     qsizetype m_settled = 0; ///< so many of them are certain
-    QSet<QString> m_folders; ///< in which the others lie
-    std::vector<std::unique_ptr<QFile>> m_held;
     bool m_onMedium = true;
 };

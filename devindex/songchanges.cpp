@@ -90,12 +90,12 @@ bool SongChanges::removeAll(const QStringList &paths, Report &report)
     report.done.removeIf([&](const QString &path) {
         if (!uncertain.contains(SongRemoval::folderOf(path)))
             return false;
-        report.failed.append({path, tr("la memoria non ha confermato l'eliminazione")});
+        report.failed.append({path, SongRemoval::notConfirmed()});
         return true;
     });
     // What was not begun any more is not done either.
     for (qsizetype place = number; place < paths.size() && !uncertain.isEmpty(); ++place)
-        report.failed.append({paths.at(place), tr("la memoria non ha confermato l'eliminazione")});
+        report.failed.append({paths.at(place), SongRemoval::notConfirmed()});
     return uncertain.isEmpty();
 }
 

@@ -3,6 +3,7 @@
 #include "devindex/devicetext.h"
 #include "devindex/indexrecords.h"
 #include "library/companion.h"
+#include "storage/devicenames.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -19,19 +20,6 @@ bool isForbidden(QChar character)
 {
     return character.unicode() < 0x20 || character.unicode() == 0x7F ||
            forbiddenCharacters.contains(character);
-}
-
-/** Names that stand for devices on some computers, whatever their suffix. */
-bool isDeviceName(const QString &base)
-{
-    const QString name = base.toUpper();
-    const QStringList devices{QStringLiteral("CON"), QStringLiteral("PRN"), QStringLiteral("AUX"),
-                              QStringLiteral("NUL")};
-    const bool isNumbered =
-        name.size() == 4 &&
-        (name.startsWith(QLatin1String("COM")) || name.startsWith(QLatin1String("LPT"))) &&
-        name.back() >= QLatin1Char('1') && name.back() <= QLatin1Char('9');
-    return isNumbered || devices.contains(name);
 }
 
 /** True when an entry of the folder, but for those named, has the name in any letter case. */
@@ -85,5 +73,5 @@ QString SongName::whyNotWritten(const QString &base)
     if (base.startsWith(QLatin1Char('.')) || base.startsWith(QLatin1Char(' ')) ||
         base.endsWith(QLatin1Char('.')) || base.endsWith(QLatin1Char(' ')))
         return tr("il nome non può iniziare o finire con un punto o uno spazio");
-    return isDeviceName(base) ? tr("questo nome è riservato dai computer") : QString();
+    return devicenames::isDevice(base) ? tr("questo nome è riservato dai computer") : QString();
 }

@@ -84,7 +84,7 @@ QString SongRemoval::remove(const QString &path)
         const auto problem =
             WriteProblem::find(WriteProblem::Medium::of(QFileInfo(song).path()), 0);
         return problem == WriteProblem::Unknown ? tr("non è stato possibile eliminarla")
-                                                : WriteProblem::sentence(problem);
+                                                : WriteProblem::fewWords(problem);
     }
     m_folders.insert(folderOf(path));
     SongJournal::removeAllOf(song);
@@ -107,6 +107,11 @@ bool SongRemoval::removeFile(const QString &path)
         return true;
     m_kept.pop_back();
     return false;
+}
+
+QString SongRemoval::notConfirmed()
+{
+    return tr("la memoria non ha confermato l'eliminazione");
 }
 
 bool SongRemoval::isFull() const

@@ -47,6 +47,9 @@ public:
     /** Brings all removals to the medium; the folders, as paths on the memory, that failed. */
     QSet<QString> flush();
 
+    /** Why a song counts as still there whose folder flush() names. */
+    static QString notConfirmed();
+
     /** The folder of a path on the memory, as flush() names it. */
     static QString folderOf(const QString &path);
 

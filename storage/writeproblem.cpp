@@ -1,5 +1,7 @@
 #include "storage/writeproblem.h"
 
+#include "storage/devicenames.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QStorageInfo>
@@ -34,18 +36,10 @@ QString forbiddenCharacters(const QString &name)
     return found;
 }
 
-/** A name that stands for a device of the computer, with any suffix, or that ends in a way that
- * FAT drops. */
+/** A name that stands for a device of the computer, or that ends in a way that FAT drops. */
 bool isReservedName(const QString &name)
 {
-    const QString base = name.section(QLatin1Char('.'), 0, 0).toUpper();
-    static const QStringList devices = {QStringLiteral("CON"), QStringLiteral("PRN"),
-                                        QStringLiteral("AUX"), QStringLiteral("NUL")};
-    const bool isPort =
-        base.size() == 4 &&
-        (base.startsWith(QLatin1String("COM")) || base.startsWith(QLatin1String("LPT"))) &&
-        base.at(3) >= QLatin1Char('1') && base.at(3) <= QLatin1Char('9');
-    return isPort || devices.contains(base) || name.endsWith(QLatin1Char('.')) ||
+    return devicenames::isDevice(name) || name.endsWith(QLatin1Char('.')) ||
            name.endsWith(QLatin1Char(' '));
 }
 

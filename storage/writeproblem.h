@@ -33,6 +33,9 @@ public:
     /** A whole sentence for a message. */
     static QString sentence(Kind kind);
 
+    /** A few words that stand behind a song's name. */
+    static QString fewWords(Kind kind);
+
     /** Why the source was not copied to the target; a few words that stand behind the song's name.
      */
     static QString whyNotCopied(const QString &source, const QString &target, const Medium &medium);
@@ -44,6 +47,5 @@ public:
     static QString whyNotCopied(const QString &source, const QString &target);
 
 private:
-    static QString fewWords(Kind kind);
     static QString whyNotNamed(const QString &name);
 };

@@ -1828,10 +1828,6 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>non è più il file di prima</source>
         <translation>non è più il file di prima</translation>
     </message>
-    <message>
-        <source>il file delle immagini non può essere rimosso</source>
-        <translation>il file delle immagini non può essere rimosso</translation>
-    </message>
 </context>
 <context>
     <name>TransferCommand</name>
@@ -1954,10 +1950,6 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>Eliminazione song...</translation>
     </message>
     <message>
-        <source>la memoria non ha confermato l&apos;eliminazione</source>
-        <translation>la memoria non ha confermato l&apos;eliminazione</translation>
-    </message>
-    <message>
         <source>La memoria non ha un database completo: aggiornarlo prima</source>
         <translation>La memoria non ha un database completo: aggiornarlo prima</translation>
     </message>
@@ -2058,6 +2050,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>la song è stata eliminata, ma non le sue immagini: %1</source>
         <translation>la song è stata eliminata, ma non le sue immagini: %1</translation>
+    </message>
+    <message>
+        <source>la memoria non ha confermato l&apos;eliminazione</source>
+        <translation>la memoria non ha confermato l&apos;eliminazione</translation>
     </message>
 </context>
 </TS>

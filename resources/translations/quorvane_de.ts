@@ -1828,10 +1828,6 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>non è più il file di prima</source>
         <translation>nicht mehr dieselbe Datei</translation>
     </message>
-    <message>
-        <source>il file delle immagini non può essere rimosso</source>
-        <translation>die Datei mit seinen Bildern kann nicht entfernt werden</translation>
-    </message>
 </context>
 <context>
     <name>TransferCommand</name>
@@ -1954,10 +1950,6 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>Songs werden entfernt...</translation>
     </message>
     <message>
-        <source>la memoria non ha confermato l&apos;eliminazione</source>
-        <translation>der Speicher hat das Entfernen nicht bestätigt</translation>
-    </message>
-    <message>
         <source>La memoria non ha un database completo: aggiornarlo prima</source>
         <translation>Der Speicher hat kein vollständiges Songverzeichnis: bitte zuerst aktualisieren</translation>
     </message>
@@ -2058,6 +2050,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>la song è stata eliminata, ma non le sue immagini: %1</source>
         <translation>der Song wurde entfernt, aber nicht seine Bilder: %1</translation>
+    </message>
+    <message>
+        <source>la memoria non ha confermato l&apos;eliminazione</source>
+        <translation>der Speicher hat das Entfernen nicht bestätigt</translation>
     </message>
 </context>
 </TS>

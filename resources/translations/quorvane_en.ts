@@ -1828,10 +1828,6 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>non è più il file di prima</source>
         <translation>no longer the same file</translation>
     </message>
-    <message>
-        <source>il file delle immagini non può essere rimosso</source>
-        <translation>the file with its pictures cannot be removed</translation>
-    </message>
 </context>
 <context>
     <name>TransferCommand</name>
@@ -1954,10 +1950,6 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>Removing songs...</translation>
     </message>
     <message>
-        <source>la memoria non ha confermato l&apos;eliminazione</source>
-        <translation>the memory did not confirm the removal</translation>
-    </message>
-    <message>
         <source>La memoria non ha un database completo: aggiornarlo prima</source>
         <translation>The memory has no complete song index: update it first</translation>
     </message>
@@ -2058,6 +2050,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>la song è stata eliminata, ma non le sue immagini: %1</source>
         <translation>the song was removed, but not its pictures: %1</translation>
+    </message>
+    <message>
+        <source>la memoria non ha confermato l&apos;eliminazione</source>
+        <translation>the memory did not confirm the removal</translation>
     </message>
 </context>
 </TS>

@@ -51,6 +51,7 @@ void TestSongName::nameThatDoesNot_data()
     QTest::newRow("hidden") << QStringLiteral(".a.mp3");
     QTest::newRow("blank at the end") << QStringLiteral("a .mp3");
     QTest::newRow("device") << QStringLiteral("con.mp3");
+    QTest::newRow("device with more suffixes") << QStringLiteral("nul.1.mp3");
     QTest::newRow("numbered device") << QStringLiteral("LPT1.mp3");
     QTest::newRow("its own") << QStringLiteral("old.mp3");
     QTest::newRow("its own in capitals") << QStringLiteral("OLD.MP3");
