@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 
+#include <algorithm>
+
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <unistd.h>
@@ -138,8 +140,8 @@ QStringList programsUsing(const QString &folder)
     const QDir processes(QStringLiteral("/proc"));
     const QStringList names = processes.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     for (const QString &name : names) {
-        bool isNumber = false;
-        name.toInt(&isNumber);
+        const bool isNumber =
+            std::all_of(name.cbegin(), name.cend(), [](QChar c) { return c.isDigit(); });
         const QString process = processes.filePath(name);
         if (!isNumber || !uses(process, folder))
             continue;

@@ -191,7 +191,7 @@ QList<SongInfoIndex> MemorySongs::readIndex()
 }
 
 /** Gives each song its entry: by its path as it stands, else by how the player compares paths. */
-void MemorySongs::compare(const QList<SongInfoIndex> &loaded, Progress &progress)
+void MemorySongs::compare(const QList<SongInfoIndex> &loaded, const Progress &progress)
 {
     QList<SongInfoIndex> entries = loaded;
     QList<FoundSong> found;

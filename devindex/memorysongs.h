@@ -71,7 +71,7 @@ public:
 
 private:
     QList<SongInfoIndex> readIndex();
-    void compare(const QList<SongInfoIndex> &entries, Progress &progress);
+    void compare(const QList<SongInfoIndex> &entries, const Progress &progress);
     void take(MemorySong &song, const SongInfoIndex &entry) const;
     void addMissing(const SongInfoIndex &entry);
 
