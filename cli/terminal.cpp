@@ -1,7 +1,7 @@
 #include "cli/terminal.h"
 
 #include "cli/interrupt.h"
-#include "cli/shownname.h"
+#include "storage/shownname.h"
 
 #include <QElapsedTimer>
 

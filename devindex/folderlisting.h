@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -29,6 +30,15 @@ FolderId folderIdOf(const QString &path);
 
 struct FolderListing {
     FolderId id; ///< empty when the folder cannot be read
+
+    /** There is a folder but it, or something in it, cannot be read: songs may be missing here. */
+    bool isUnreadable = false;
+
+    /**
+     * Songs and folders that no program finds under their names, which are no valid UTF-8; each
+     * such byte stands as "\\x" and two hexadecimal digits.
+     */
+    QStringList unusableNames;
 
     /**
      * All entries but hidden ones, those whose names are no valid UTF-8, broken links, and pipes,

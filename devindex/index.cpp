@@ -106,8 +106,8 @@ Index::Change Index::changeSongs(const QString &root, const SongChange &change)
     const FolderId memory = folderIdOf(rootPath);
     const auto hasNoSongs = [&] {
         // A memory that was pulled has gone itself, and not its songs.
-        return filesFound == 0 && !m_renamer.isUnsure() && !memory.isEmpty() &&
-               folderIdOf(rootPath) == memory;
+        return filesFound == 0 && unreadFolders.isEmpty() && !m_renamer.isUnsure() &&
+               !memory.isEmpty() && folderIdOf(rootPath) == memory;
     };
     const bool hadIndex = checkIndexFile();
     maxLoadedId = 0;
@@ -259,6 +259,7 @@ void Index::createPathIndex()
     logDebug() << "create path index";
     emit progressValueChanged(0);
     filesFound = 0;
+    unreadFolders.clear();
     SongAdder scanned(*this, *this);
     // Without entries every song is new: its time is asked for when it is read.
     scanInto(scanned, rootPath, entries.isEmpty() ? SongTimes::Leave : SongTimes::Ask);

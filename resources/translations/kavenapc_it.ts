@@ -304,6 +304,18 @@ Song non leggibili: %4</translation>
         <translation>File non inserito, troppi file nella memoria: </translation>
     </message>
     <message>
+        <source>File non importato, non può essere letto: </source>
+        <translation>File non importato, non può essere letto: </translation>
+    </message>
+    <message>
+        <source>Non importato, il nome non è in UTF-8: </source>
+        <translation>Non importato, il nome non è in UTF-8: </translation>
+    </message>
+    <message>
+        <source>Cartella non leggibile, le sue song non sono state cercate: </source>
+        <translation>Cartella non leggibile, le sue song non sono state cercate: </translation>
+    </message>
+    <message>
         <source>File non importato, il nome differisce da un altro solo per le maiuscole: </source>
         <translation>File non inserito, il nome differisce da un altro solo per le maiuscole: </translation>
     </message>
@@ -1620,6 +1632,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>La song %1 della playlist non è nella memoria</source>
         <translation>La song %1 della playlist non è nella memoria</translation>
+    </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>La cartella non può essere letta</translation>
+    </message>
+    <message>
+        <source>Il nome non è in UTF-8</source>
+        <translation>Il nome non è in UTF-8</translation>
     </message>
 </context>
 <context>

@@ -304,6 +304,18 @@ Songs, die nicht lesbar sind: %4</translation>
         <translation>Datei nicht aufgenommen, zu viele Dateien auf dem Speicher: </translation>
     </message>
     <message>
+        <source>File non importato, non può essere letto: </source>
+        <translation>Datei nicht aufgenommen, sie kann nicht gelesen werden: </translation>
+    </message>
+    <message>
+        <source>Non importato, il nome non è in UTF-8: </source>
+        <translation>Nicht aufgenommen, der Name enthält unlesbare Zeichen; bitte umbenennen: </translation>
+    </message>
+    <message>
+        <source>Cartella non leggibile, le sue song non sono state cercate: </source>
+        <translation>Ordner nicht lesbar, seine Songs wurden nicht gesucht: </translation>
+    </message>
+    <message>
         <source>File non importato, il nome differisce da un altro solo per le maiuscole: </source>
         <translation>Datei nicht aufgenommen, der Name unterscheidet sich nur in Groß- und Kleinschreibung von einem anderen: </translation>
     </message>
@@ -1620,6 +1632,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>La song %1 della playlist non è nella memoria</source>
         <translation>Song %1 der Playlist ist nicht auf dem Speicher</translation>
+    </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>Der Ordner kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Il nome non è in UTF-8</source>
+        <translation>Der Name enthält unlesbare Zeichen</translation>
     </message>
 </context>
 <context>

@@ -304,6 +304,18 @@ Songs that cannot be read: %4</translation>
         <translation>File not added, too many files in the memory: </translation>
     </message>
     <message>
+        <source>File non importato, non può essere letto: </source>
+        <translation>File not added, it cannot be read: </translation>
+    </message>
+    <message>
+        <source>Non importato, il nome non è in UTF-8: </source>
+        <translation>Not added, the name has characters that cannot be read; please rename: </translation>
+    </message>
+    <message>
+        <source>Cartella non leggibile, le sue song non sono state cercate: </source>
+        <translation>Folder cannot be read, its songs were not looked for: </translation>
+    </message>
+    <message>
         <source>File non importato, il nome differisce da un altro solo per le maiuscole: </source>
         <translation>File not added, its name differs from another one only in upper and lower case: </translation>
     </message>
@@ -1620,6 +1632,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>La song %1 della playlist non è nella memoria</source>
         <translation>Song %1 of the playlist is not on the memory</translation>
+    </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>The folder cannot be read</translation>
+    </message>
+    <message>
+        <source>Il nome non è in UTF-8</source>
+        <translation>The name has characters that cannot be read</translation>
     </message>
 </context>
 <context>

@@ -110,6 +110,17 @@ class Index(CliTest):
         self.run_kavena("index", "update", self.folder / "gone", status=3)
         self.assertFalse((self.folder / "gone").exists())
 
+    def test_names_that_are_no_utf8_are_named(self):
+        path = os.fsencode(self.card) + b"/Caff\xe8.mid"
+        with open(path, "wb") as file:
+            file.write(song("Coffee"))
+        for command in ("update", "rebuild"):
+            result = self.run_kavena("index", command, self.card, status=1)
+            self.assertIn(f"{self.card}/Caff\\xe8.mid", result.err)
+        check = self.run_kavena("index", "check", "--json", self.card, status=1)
+        self.assertEqual([(line["finding"], line["path"]) for line in check.lines],
+                         [("unusable-name", "/Caff\\xe8.mid")])
+
     def test_options_decide_about_long_names(self):
         long = self.write("averylongname.mid", song("Long"), self.card)
         for options in ([], ["--rename", "no"]):
