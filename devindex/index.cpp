@@ -35,6 +35,12 @@ void Index::setRenameQuestion(RenameQuestion question)
     m_renamer.setQuestion(std::move(question));
 }
 
+bool Index::wantsToStop()
+{
+    m_isStopped = m_isStopped || (m_stopQuestion && m_stopQuestion());
+    return m_isStopped;
+}
+
 bool Index::createIndex(const QString &root)
 {
     if (!begin(root))
@@ -160,6 +166,7 @@ bool Index::begin(const QString &root)
     filesFound = 0;
     counts.values.fill(0);
     indexChanged = 0;
+    m_isStopped = false;
     m_buildFailed = false;
     m_playlistsFailed = false;
     m_pathsAreSaved = false;
@@ -169,7 +176,8 @@ bool Index::begin(const QString &root)
 
 bool Index::hasWholeIndex() const
 {
-    return !m_buildFailed && !m_playlistsFailed && !m_renamer.isUnsure() && checkIndexFile();
+    return !m_isStopped && !m_buildFailed && !m_playlistsFailed && !m_renamer.isUnsure() &&
+           checkIndexFile();
 }
 
 bool Index::checkIndexFile() const
@@ -199,7 +207,7 @@ void Index::createKavenaDir()
 {
     const QDir root(rootPath);
     for (const QLatin1String name : {indexfiles::effectsFolder, indexfiles::bridgeFolder}) {
-        if (!root.exists(name))
+        if (!m_isStopped && !root.exists(name))
             makeFolder(filePath(name));
     }
 }
@@ -263,7 +271,7 @@ void Index::createPathIndex()
     SongAdder scanned(*this, *this);
     // Without entries every song is new: its time is asked for when it is read.
     scanInto(scanned, rootPath, entries.isEmpty() ? SongTimes::Leave : SongTimes::Ask);
-    if (m_renamer.isUnsure())
+    if (m_renamer.isUnsure() || wantsToStop())
         return;
     if (filesFound == 0) {
         logWarning() << "[Index::createPathIndex] No songs in" << rootPath;
@@ -272,7 +280,7 @@ void Index::createPathIndex()
 
     emit progressMaxSetup(static_cast<int>(filesFound));
     refreshEntries(&scanned);
-    if (indexChanged == 0)
+    if (indexChanged == 0 || wantsToStop())
         return;
 
     emit progressMaxSetup(100);

@@ -44,6 +44,8 @@ void IndexBuild::refreshEntries(const SongAdder *scanned)
 {
     int step = 0;
     for (SongInfoIndex &entry : m_state.entries) {
+        if (m_observer.wantsToStop())
+            break;
         m_observer.tellCurrentPath(entry.fullPath);
         refresh(entry, scanned);
         m_observer.tellProgress(++step);

@@ -42,6 +42,9 @@ public:
     virtual void tellMaximum(int maximum) = 0;
     virtual void tellFilesFound(int count) = 0;
 
+    /** Asked between songs while nothing is being written. Once true it stays so. */
+    virtual bool wantsToStop() { return false; }
+
 protected:
     IndexObserver() = default;
     ~IndexObserver() = default;

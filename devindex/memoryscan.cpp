@@ -45,6 +45,8 @@ void MemoryScan::scanFolder(const QString &dir, bool isLink, bool throughLink)
     m_active.insert(listing.id);
     const QString start = folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
     for (const FolderItem &item : listing.items) {
+        if (m_observer.wantsToStop())
+            break;
         const QString path = start % item.name;
         if (!item.isFolder)
             scanFile(path, item, throughLink);

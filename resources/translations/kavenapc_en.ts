@@ -1487,6 +1487,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>Nessuna song nella memoria</source>
         <translation>No songs on the memory</translation>
     </message>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
+        <translation>The memory has no complete song index: update it before you use the memory</translation>
+    </message>
 </context>
 <context>
     <name>ListCommand</name>

@@ -1487,6 +1487,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>Nessuna song nella memoria</source>
         <translation>Nessuna song nella memoria</translation>
     </message>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
+        <translation>La memoria non ha un database completo: aggiornarlo prima di usarla</translation>
+    </message>
 </context>
 <context>
     <name>ListCommand</name>

@@ -1487,6 +1487,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>Nessuna song nella memoria</source>
         <translation>Keine Songs auf dem Speicher</translation>
     </message>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
+        <translation>Der Speicher hat kein vollständiges Songverzeichnis: vor dem Benutzen aktualisieren</translation>
+    </message>
 </context>
 <context>
     <name>ListCommand</name>

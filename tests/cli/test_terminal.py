@@ -182,6 +182,60 @@ class Interruptions(CliTest):
         except OSError:  # the program has closed its side
             return b""
 
+    def test_interrupt_stops_an_index_run(self):
+        card = self.card
+        for number in range(50):
+            self.write(f"{number}.mid", song(f"T{number}"), card)
+        self.write("averylongname.mid", song("Long"), card)
+        for command, status in (("rebuild", 1), ("update", 3)):
+            before = self.snapshot(card)
+            ours, theirs = pty.openpty()
+            process = subprocess.Popen([songs.KAVENA, "index", command, card], stdin=theirs,
+                                       stderr=theirs, stdout=subprocess.PIPE,
+                                       env=self.environment)
+            os.close(theirs)
+            said = b""
+            while not said.rstrip().endswith(b"]"):  # it asks whether to rename the song
+                said += os.read(ours, 4096)
+            process.send_signal(signal.SIGINT)
+            while chunk := self.read_on(ours):
+                said += chunk
+            os.close(ours)
+            process.communicate(timeout=60)
+            self.assertEqual(process.returncode, status, said)
+            self.assertIn(b"Stopped", said)
+            if command == "rebuild":
+                self.assertEqual([path.name for path in card.glob("*.idx")], [])
+                self.assertIn(b"no complete song index", said)
+                self.run_kavena("index", "update", "--rename", "no", card, status=0)
+                self.assertEqual(self.judge_memory(), "")
+            else:
+                self.assertEqual(self.snapshot(card), before)
+            self.write("new.mid", song("New"), card)
+
+    def test_interrupt_stops_a_check(self):
+        for number in range(4000):
+            self.write(f"{number % 50}/{number}.mid", song(), self.card)
+        self.run_kavena("index", "rebuild", self.card, status=0)
+        # The signal may come too late on a busy machine, but not each time.
+        results = [self.interrupted_check() for _ in range(10)]
+        self.assertIn((3, b"kavena: Stopped\n"), results)
+        self.assertLessEqual(set(results), {(3, b"kavena: Stopped\n"), (0, b"")})
+
+    def interrupted_check(self):
+        process = subprocess.Popen([songs.KAVENA, "index", "check", self.card],
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                   env=self.environment)
+        caught = 0
+        while not caught & (1 << (signal.SIGINT - 1)) and process.poll() is None:
+            with open(f"/proc/{process.pid}/status", encoding="ascii") as status:
+                caught = int(next(line for line in status
+                                  if line.startswith("SigCgt")).split()[1], 16)
+        process.send_signal(signal.SIGINT)
+        out, err = process.communicate(timeout=60)
+        self.assertEqual(out, b"")
+        return process.returncode, err
+
     def test_full_standard_output_is_a_failure(self):
         self.write("s.mid", song())
         with open("/dev/full", "wb") as full:
