@@ -1738,6 +1738,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>Modifica</source>
         <translation>Changing</translation>
     </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 cut to %3 characters: %4</translation>
+    </message>
 </context>
 <context>
     <name>ShowCommand</name>

@@ -1738,6 +1738,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>Modifica</source>
         <translation>Modifica</translation>
     </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 accorciato a %3 caratteri: %4</translation>
+    </message>
 </context>
 <context>
     <name>ShowCommand</name>

@@ -1738,6 +1738,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>Modifica</source>
         <translation>Ändere</translation>
     </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 auf %3 Zeichen gekürzt: %4</translation>
+    </message>
 </context>
 <context>
     <name>ShowCommand</name>
