@@ -1301,6 +1301,14 @@ Please install the program again.</translation>
         <translation>The option takes exactly one value: %1</translation>
     </message>
     <message>
+        <source>Argomenti non validi</source>
+        <translation>Invalid arguments</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione non vuole un valore: %1</source>
+        <translation>The option takes no value: %1</translation>
+    </message>
+    <message>
         <source>Valore non valido per %1: %2</source>
         <translation>Invalid value for %1: %2</translation>
     </message>
@@ -1882,6 +1890,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</source>
         <translation>These are more songs than the player can find: %1. Continue all the same?</translation>
+    </message>
+    <message>
+        <source>Non è una song e non viene copiato</source>
+        <translation>It is no song and is not copied</translation>
     </message>
 </context>
 <context>

@@ -1301,6 +1301,14 @@ Installare di nuovo il programma.</translation>
         <translation>L&apos;opzione vuole un solo valore: %1</translation>
     </message>
     <message>
+        <source>Argomenti non validi</source>
+        <translation>Argomenti non validi</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione non vuole un valore: %1</source>
+        <translation>L&apos;opzione non vuole un valore: %1</translation>
+    </message>
+    <message>
         <source>Valore non valido per %1: %2</source>
         <translation>Valore non valido per %1: %2</translation>
     </message>
@@ -1882,6 +1890,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</source>
         <translation>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</translation>
+    </message>
+    <message>
+        <source>Non è una song e non viene copiato</source>
+        <translation>Non è una song e non viene copiato</translation>
     </message>
 </context>
 <context>

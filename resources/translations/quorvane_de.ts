@@ -1301,6 +1301,14 @@ Bitte installieren Sie das Programm neu.</translation>
         <translation>Die Option braucht genau einen Wert: %1</translation>
     </message>
     <message>
+        <source>Argomenti non validi</source>
+        <translation>Ungültige Argumente</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione non vuole un valore: %1</source>
+        <translation>Die Option nimmt keinen Wert: %1</translation>
+    </message>
+    <message>
         <source>Valore non valido per %1: %2</source>
         <translation>Ungültiger Wert für %1: %2</translation>
     </message>
@@ -1882,6 +1890,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</source>
         <translation>Das sind mehr Songs, als der Player finden kann: %1. Trotzdem fortfahren?</translation>
+    </message>
+    <message>
+        <source>Non è una song e non viene copiato</source>
+        <translation>Das ist kein Song und wird nicht kopiert</translation>
     </message>
 </context>
 <context>

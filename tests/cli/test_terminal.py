@@ -57,6 +57,51 @@ class Words(CliTest):
             self.assertIn("--help", result.err, words)
 
 
+    def test_wrong_use_is_told_in_the_users_language(self):
+        for words, text in ((["show", "--json=maybe", "x"], "senza valore: --json"),
+                            (["show", "--json=", "x"], "senza valore: --json"),
+                            (["list", "--csv=false", "x"], "senza valore: --csv"),
+                            (["show", "--foo", "--bar=1", "-x", "y"],
+                             "sconosciuto: --foo --bar=1 -x"),
+                            (["index", "bogus", "more words", b"\xe8"],
+                             "sconosciuto: bogus more words \\xe8"),
+                            (["catalogue", "find", b"\xe8"], "valore non valido per TEXT: \\xe8")):
+            result = self.run_kavena(*words, status=2, LC_ALL="it_IT")
+            self.assertIn(text.lower(), result.err.lower().replace("non vuole un ", "senza "))
+
+    def test_help_keeps_its_columns(self):
+        for words in ([], ["list"], ["set"]):
+            shown = self.run_kavena(*words, "--help", status=0).out
+            options = shown[shown.index("Options:\n"):].split("\n\n", maxsplit=1)[0]
+            for line in options.splitlines()[1:]:
+                if len(line.rstrip()) > 23 and not line.startswith("  --sort"):
+                    self.assertRegex(line, r"^.{22} \S", words)
+
+    def test_closed_standard_handles_are_never_given_to_a_file(self):
+        for closed in (">&-", "2>&-", ">&- 2>&-"):
+            process = subprocess.Popen(["sh", "-c", 'exec "$0" show -0 ' + closed, songs.KAVENA],
+                                       stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                       stderr=subprocess.PIPE, cwd=self.music,
+                                       env=self.environment)
+            process.stdin.write(b"x\0" * 40000)  # more than the pipe takes: it reads by now
+            process.stdin.flush()
+            links = [os.readlink(f"/proc/{process.pid}/fd/{handle}") for handle in (1, 2)]
+            self.assertEqual([link == "/dev/null" for link in links],
+                             [">&- " in closed + " " and not closed.startswith("2"),
+                              "2>&-" in closed], closed)
+            process.communicate(timeout=60)
+
+    def test_output_that_is_closed_is_a_failure(self):
+        path = self.write("s.mid", song("X"))
+        before = path.read_bytes()
+        process = subprocess.run(["sh", "-c", 'exec "$0" show s.mid <&- >&-', songs.KAVENA],
+                                 stderr=subprocess.PIPE, cwd=self.music, check=False,
+                                 env=self.environment)
+        self.assertEqual(process.returncode, 1)
+        self.assertIn(b"standard output", process.stderr)
+        self.assertEqual(path.read_bytes(), before)
+
+
 class Terminals(CliTest):
     def setUp(self):
         super().setUp()
@@ -195,7 +240,7 @@ class Interruptions(CliTest):
                                        env=self.environment)
             os.close(theirs)
             said = b""
-            while not said.rstrip().endswith(b"]"):  # it asks whether to rename the song
+            while not said.endswith(b"] "):  # it asks whether to rename the song
                 said += os.read(ours, 4096)
             process.send_signal(signal.SIGINT)
             while chunk := self.read_on(ours):
