@@ -37,12 +37,6 @@ struct KeyedItem {
     FolderItem item;
 };
 
-FolderId folderId(const FileStatus &status)
-{
-    return QByteArray::number(static_cast<qulonglong>(status.st_dev), 16) + '.' +
-           QByteArray::number(static_cast<qulonglong>(status.st_ino), 16);
-}
-
 /** Asks what an entry is. What has gone, or a link that leads nowhere, hides no song. */
 bool ask(int folder, const dirent &entry, int flags, FileStatus &status, bool &isUnreadable)
 {
@@ -95,26 +89,18 @@ const dirent *nextEntry(DIR *folder, bool &isUnreadable)
 
 } // namespace
 
-FolderId folderIdOf(const QString &path)
-{
-    FileStatus status{};
-    return ::stat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode)
-               ? folderId(status)
-               : FolderId();
-}
-
 // QDir asks several questions about each entry and keeps the answers in an object for each, which
 // takes longer than everything else that an update of an unchanged memory does.
 FolderListing FolderListing::of(const QString &path, SongTimes times)
 {
     FolderListing listing;
     const OpenFolder folder(::opendir(QFile::encodeName(path).constData()));
-    FileStatus status{};
-    if (folder == nullptr || ::fstat(::dirfd(folder.get()), &status) != 0) {
+    if (folder != nullptr)
+        listing.id = folderIdOf(::dirfd(folder.get()));
+    if (listing.id.isEmpty()) {
         listing.isUnreadable = errno != ENOENT && errno != ENOTDIR;
         return listing;
     }
-    listing.id = folderId(status);
 
     std::vector<KeyedItem> found;
     while (const dirent *const entry = nextEntry(folder.get(), listing.isUnreadable)) {
@@ -146,11 +132,6 @@ FolderListing FolderListing::of(const QString &path, SongTimes times)
 }
 
 #else
-
-FolderId folderIdOf(const QString &path)
-{
-    return QFileInfo(path).canonicalFilePath().toUtf8();
-}
 
 FolderListing FolderListing::of(const QString &path, SongTimes times)
 {

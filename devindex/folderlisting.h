@@ -2,8 +2,8 @@
 #pragma once
 
 #include "devindex/filestamp.h"
+#include "storage/folderid.h"
 
-#include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -21,12 +21,6 @@ struct FolderItem {
 
 /** Whether a listing tells when the songs were changed, which costs a system call for each. */
 enum class SongTimes { Ask, Leave };
-
-/** Equal for two paths exactly when both lead to the same folder at this moment. */
-using FolderId = QByteArray;
-
-/** The identity of a folder, links followed; empty when there is none at the path. */
-FolderId folderIdOf(const QString &path);
 
 struct FolderListing {
     FolderId id; ///< empty when the folder cannot be read
