@@ -301,7 +301,7 @@ Songs that cannot be read: %4</translation>
     </message>
     <message>
         <source>File non importato, troppi file nella memoria: </source>
-        <translation>File not added, too many files in the memory: </translation>
+        <translation>File not added, too many files on the memory: </translation>
     </message>
     <message>
         <source>File non importato, non può essere letto: </source>
@@ -656,7 +656,7 @@ Make sure that the memory has enough free space and is not write-protected.</tra
     <message>
         <source>Lo spazio libero nella memoria non è sufficiente: mancano %1.
 Si vuole procedere comunque con la copia?</source>
-        <translation>There is not enough free space in the memory: %1 more is needed.
+        <translation>There is not enough free space on the memory: %1 more is needed.
 Do you want to copy all the same?</translation>
     </message>
     <message>
