@@ -1,6 +1,7 @@
 #include "devindex/folderlisting.h"
 
 #include "formats/songnames.h"
+#include "storage/leftovers.h"
 #include "storage/nametext.h"
 #include "storage/shownname.h"
 
@@ -105,8 +106,11 @@ FolderListing FolderListing::of(const QString &path, SongTimes times)
     std::vector<KeyedItem> found;
     while (const dirent *const entry = nextEntry(folder.get(), listing.isUnreadable)) {
         const QByteArrayView name(entry->d_name);
-        if (name.startsWith('.'))
+        if (name.startsWith('.')) {
+            if (Leftovers::isLeftover(QString::fromUtf8(name)))
+                listing.leftovers.append(nameText(name));
             continue;
+        }
         FolderItem item;
         const bool isUsable = name.isValidUtf8();
         item.name = isUsable ? nameText(name) : shownName(name.toByteArray());

@@ -34,6 +34,9 @@ struct FolderListing {
      */
     QStringList unusableNames;
 
+    /** Names of hidden files that a killed program may have left. */
+    QStringList leftovers;
+
     /**
      * All entries but hidden ones, those whose names are no valid UTF-8, broken links, and pipes,
      * sockets and devices; by name without regard to case. The ids of new songs follow this order.

@@ -222,7 +222,9 @@ void Index::scan_files(const QString &dir)
 
 void Index::scanInto(SongAdder &adder, const QString &dir, SongTimes times)
 {
-    adder.addAll(MemoryScan(*this, *this, m_renamer).songsIn(dir, times));
+    MemoryScan scan(*this, *this, m_renamer);
+    scan.tidyFolders();
+    adder.addAll(scan.songsIn(dir, times));
 }
 
 bool Index::checkFileExt(const QString &suffix) const

@@ -1,6 +1,7 @@
 #include "devindex/memoryscan.h"
 
 #include "devindex/folderrules.h"
+#include "storage/leftovers.h"
 
 #include <QFileInfo>
 #include <QStringBuilder>
@@ -44,6 +45,11 @@ void MemoryScan::scanFolder(const QString &dir, bool isLink, bool throughLink)
 
     m_active.insert(listing.id);
     const QString start = folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
+    // What a link leads to may lie outside the memory.
+    if (m_tidies && !throughLink) {
+        for (const QString &name : listing.leftovers)
+            Leftovers::remove(start % name);
+    }
     for (const FolderItem &item : listing.items) {
         if (m_observer.wantsToStop())
             break;

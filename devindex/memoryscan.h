@@ -19,6 +19,9 @@ class MemoryScan
 public:
     MemoryScan(IndexState &state, IndexObserver &observer, ItemRenamer &renamer);
 
+    /** Removes on the way what killed programs have left in the folders of the memory. */
+    void tidyFolders() { m_tidies = true; }
+
     /**
      * The songs of a folder and of all folders in it, in the order in which they were found. The
      * player's own folders, those of operating systems and hidden files are passed over. Counts
@@ -37,6 +40,7 @@ private:
     IndexObserver &m_observer;
     ItemRenamer &m_renamer;
     SongTimes m_times = SongTimes::Ask;
+    bool m_tidies = false;
     QSet<FolderId> m_active; ///< folders being scanned
     QSet<FolderId> m_unread; ///< folders whose faults were reported
     QSet<FolderId> m_linked; ///< folders that were entered through a symbolic link
