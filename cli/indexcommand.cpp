@@ -46,6 +46,8 @@ ExitStatus IndexCommand::build(const QString &root)
                      [&progress](int maximum) { progress->setMaximum(maximum); });
     QObject::connect(&index, &Index::errorFromIndex, &index,
                      [this](const QString &message) { m_terminal.fail(message); });
+    QObject::connect(&index, &Index::leftOut, &index,
+                     [this](const QString &message) { m_terminal.fail(message); });
     const bool isWhole = m_request.command == Request::Command::IndexUpdate
                              ? index.updateIndex(root)
                              : index.createIndex(root);

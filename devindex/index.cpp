@@ -224,7 +224,10 @@ void Index::scanInto(SongAdder &adder, const QString &dir, SongTimes times)
 {
     MemoryScan scan(*this, *this, m_renamer);
     scan.tidyFolders();
-    adder.addAll(scan.songsIn(dir, times));
+    const QList<FoundSong> songs = scan.songsIn(dir, times);
+    m_renamer.renameEntries();
+    m_playlistsFailed = m_playlistsFailed || !m_renamer.havePlaylistsFollowed();
+    adder.addAll(songs);
 }
 
 bool Index::checkFileExt(const QString &suffix) const
@@ -252,16 +255,6 @@ int Index::setSongInfo(SongInfoIndex &e) const
     return readSongHead(head, e.fullPath, e) ? 1 : 0;
 }
 
-QString Index::getLongFileNamePath(const QString &path) const
-{
-    return path;
-}
-
-QString Index::getShortFileNamePath(const QString &path) const
-{
-    return path;
-}
-
 // The build --------------------------------------------------------------------------------------
 
 void Index::createPathIndex()
@@ -273,7 +266,7 @@ void Index::createPathIndex()
     SongAdder scanned(*this, *this);
     // Without entries every song is new: its time is asked for when it is read.
     scanInto(scanned, rootPath, entries.isEmpty() ? SongTimes::Leave : SongTimes::Ask);
-    if (m_renamer.isUnsure() || wantsToStop())
+    if (m_renamer.isUnsure() || m_playlistsFailed || wantsToStop())
         return;
     if (filesFound == 0) {
         logWarning() << "[Index::createPathIndex] No songs in" << rootPath;
@@ -290,8 +283,10 @@ void Index::createPathIndex()
     removeDeletedItems();
     emit progressValueChanged(10);
     QList<quint16> numbers;
+    // The index on the memory does not know yet what was renamed now.
     if (restorePlaylists == 0 && !m_pathsAreSaved &&
-        PlaylistKeeper(rootPath).savePaths(numbers) == PlaylistFiles::Outcome::Failed) {
+        (PlaylistKeeper(rootPath).savePaths(numbers) == PlaylistFiles::Outcome::Failed ||
+         !m_renamer.tellPlaylists())) {
         m_playlistsFailed = true;
         return;
     }

@@ -142,10 +142,10 @@ public:
     // the short ones. Here both are the path itself, and only the list of songs asks.
 
     /** The form of a path that is shown. Null means that it has none. */
-    QString getLongFileNamePath(const QString &path) const;
+    QString getLongFileNamePath(const QString &path) const { return path; }
 
     /** The form of a path that the player knows. Null means that it has none. */
-    QString getShortFileNamePath(const QString &path) const;
+    QString getShortFileNamePath(const QString &path) const { return path; }
 
     // The index as a whole
 
@@ -199,6 +199,7 @@ public:
 
 signals:
     void errorFromIndex(const QString &message);
+    void leftOut(const QString &message); ///< a file or folder whose name stayed too long
     void currentPathChanged(const QString &path);
     void progressValueChanged(int value);
     void progressMaxSetup(int maximum);
@@ -206,6 +207,7 @@ signals:
 
 private:
     void tellError(const QString &message) override { emit errorFromIndex(message); }
+    void tellLeftOut(const QString &message) override { emit leftOut(message); }
     void tellCurrentPath(const QString &path) override { emit currentPathChanged(path); }
     void tellProgress(int value) override { emit progressValueChanged(value); }
     void tellMaximum(int maximum) override { emit progressMaxSetup(maximum); }

@@ -37,6 +37,10 @@ class IndexObserver
 {
 public:
     virtual void tellError(const QString &message) = 0;
+
+    /** A file or folder has too long a name and could not get another: it is not indexed. */
+    virtual void tellLeftOut(const QString &message) { Q_UNUSED(message) }
+
     virtual void tellCurrentPath(const QString &path) = 0;
     virtual void tellProgress(int value) = 0;
     virtual void tellMaximum(int maximum) = 0;

@@ -184,6 +184,35 @@ PlaylistFiles::Outcome PlaylistFiles::allowWriting(quint16 number) const
     return Outcome::Failed;
 }
 
+QStringList PlaylistFiles::readPaths(quint16 number) const
+{
+    QStringList songs;
+    QFile paths(fileName(number, pathsSuffix));
+    if (!openExisting(paths, QIODevice::ReadOnly))
+        return songs;
+    for (int song = 0; song < SongInfoIndex::maxSongs; ++song) {
+        const QByteArray record = paths.read(PlaylistPathRecord::size);
+        if (record.size() != PlaylistPathRecord::size)
+            break;
+        songs.append(PlaylistPathRecord::decode(record.constData()));
+    }
+    return songs;
+}
+
+bool PlaylistFiles::writePaths(quint16 number, const QStringList &paths) const
+{
+    QByteArray bytes;
+    for (const QString &path : paths) {
+        const auto record = PlaylistPathRecord::encode(path);
+        bytes.append(record.data(), static_cast<qsizetype>(record.size()));
+    }
+    const QString name = fileName(number, pathsSuffix);
+    if (isOwnFile(name) && replace(name, bytes))
+        return true;
+    logWarning() << "[PlaylistFiles::writePaths] Impossible to save" << name;
+    return false;
+}
+
 PlaylistFiles::Outcome PlaylistFiles::restoreIds(quint16 number, PathFinder &songs) const
 {
     QFile paths(fileName(number, pathsSuffix));

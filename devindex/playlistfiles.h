@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 class PathFinder;
 class QFile;
@@ -55,6 +56,12 @@ public:
      * ends it.
      */
     Outcome restoreIds(quint16 number, PathFinder &songs) const;
+
+    /** The paths in the playlist's path file; none where there is no such file. */
+    QStringList readPaths(quint16 number) const;
+
+    /** Gives the playlist's path file these paths; false when it could not be written. */
+    bool writePaths(quint16 number, const QStringList &paths) const;
 
 private:
     static QByteArray pathsOf(QFile &playlist, const QList<SongInfoIndex> &entries);

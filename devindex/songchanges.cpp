@@ -173,6 +173,8 @@ SongChanges::Report SongChanges::run(const Work &work)
     std::unique_ptr<Progress> progress;
     QObject::connect(&index, &Index::errorFromIndex, &index,
                      [&report](const QString &message) { report.indexProblems.append(message); });
+    QObject::connect(&index, &Index::leftOut, &index,
+                     [&report](const QString &message) { report.indexProblems.append(message); });
     const auto setValue = [&progress](int value) {
         if (progress)
             progress->setValue(value);

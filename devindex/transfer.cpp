@@ -168,6 +168,8 @@ bool Transfer::updateIndex(const QString &root, const std::function<bool()> &rem
     m_indexProblems.clear();
     QObject::connect(&index, &Index::errorFromIndex, &index,
                      [this](const QString &message) { m_indexProblems.append(message); });
+    QObject::connect(&index, &Index::leftOut, &index,
+                     [this](const QString &message) { m_indexProblems.append(message); });
     QObject::connect(&index, &Index::fileFoundChanged, &index, setValue);
     QObject::connect(&index, &Index::progressValueChanged, &index, setValue);
     QObject::connect(&index, &Index::progressMaxSetup, &index, setMaximum);
