@@ -29,7 +29,9 @@ public:
         ListedTwice,  ///< a path, a song or a group stands there a second time
         MissingSong,  ///< the index lists a file that is not there
         ChangedSong,  ///< the file was changed after it was indexed
+        OtherSong,    ///< the lists say other things of the song than its file
         UnlistedSong, ///< a song file that the index does not list
+        TooLongPath,  ///< the player cannot find a song under it
         UnreadFolder, ///< its songs cannot be looked for
         UnusableName, ///< of a song or folder: no program finds it under its name
         WrongOrder,   ///< the player searches in another order
@@ -81,12 +83,13 @@ private:
     void checkUnlisted();
     void checkOrder();
     void checkTitles(bool mp3Only);
-    int checkGroups(const QString &kind, bool mp3Only);
+    int checkGroups(QLatin1String kind, QLatin1String name, QLatin1String letters);
     void checkGroupHeader(const QString &name, int number, const char *record);
     void checkGroupedSong(const QString &name, int number, const char *record);
     void checkSongBytes(const QString &name, int number, const char *record);
     void checkSorted(const QString &name, int number, const QString &first, const QString &second);
     void checkLetters(const QString &name, const QList<Initial> &initials);
+    void checkHeads(const std::function<bool()> &isStopped);
     void checkCounts(const QList<int> &counts);
     void checkPlaylists();
     void checkPlaylist(const QString &name);
@@ -99,6 +102,7 @@ private:
     QList<Song> m_songs;                          ///< by record number
     QSet<quint32> m_ids;
     QSet<QByteArray> m_paths;
+    QList<Song> m_unchanged; ///< that lie there as they were indexed
     qint64 m_lastId = -1;
     QHash<quint32, QByteArray> m_titleRecords; ///< of all songs
     QSet<quint32> m_expected;                  ///< the songs of the lists that are being checked

@@ -19,12 +19,12 @@ public:
 
     memorywalk::Found run()
     {
-        enter(m_root);
+        enter(m_root, false);
         return m_found;
     }
 
 private:
-    void enter(const QString &folder)
+    void enter(const QString &folder, bool throughLink)
     {
         if (m_isStopped && m_isStopped())
             return;
@@ -33,13 +33,18 @@ private:
             m_found.unreadFolders.append(folder.mid(m_root.size()));
         if (listing.id.isEmpty() || m_open.contains(listing.id))
             return;
+        // As for the index: links that lead to each other's folders have endless ways through them.
+        if (throughLink && m_linked.contains(listing.id))
+            return;
+        if (throughLink)
+            m_linked.insert(listing.id);
         m_open.insert(listing.id);
         for (const QString &name : listing.unusableNames)
             m_found.unusable.append(folder.mid(m_root.size()) + QLatin1Char('/') + name);
         for (const FolderItem &item : listing.items) {
             const QString path = folder + QLatin1Char('/') + item.name;
             if (item.isFolder && !isPlayerFolder(item.name) && !isSystemFolder(item.name))
-                enter(path);
+                enter(path, throughLink || item.isLink);
             else if (item.isSong)
                 m_found.songs.append(
                     {path.mid(m_root.size()), text(item.stamp.value_or(FileStamp()))});
@@ -56,7 +61,8 @@ private:
     const QString m_root;
     const std::function<bool()> &m_isStopped;
     memorywalk::Found m_found;
-    QSet<FolderId> m_open; ///< the folders that are being walked through
+    QSet<FolderId> m_open;   ///< the folders that are being walked through
+    QSet<FolderId> m_linked; ///< that were entered through a link
 };
 
 } // namespace

@@ -244,8 +244,18 @@ void PlaylistFiles::writeIds(QFile &paths, PathFinder &songs, QFile &playlist)
 
 QString PlaylistFiles::fileName(quint16 number, QLatin1String suffix) const
 {
-    return QStringLiteral("%1/%2/play%3.%4")
-        .arg(m_root, indexfiles::playlistFolder)
+    return m_root + QLatin1Char('/') + nameBelowRoot(number, suffix);
+}
+
+QString PlaylistFiles::nameBelowRoot(quint16 number, QLatin1String suffix)
+{
+    return QStringLiteral("%1/play%2.%3")
+        .arg(indexfiles::playlistFolder)
         .arg(number, 4, 10, QLatin1Char('0'))
         .arg(suffix);
+}
+
+QString PlaylistFiles::songsName(quint16 number)
+{
+    return nameBelowRoot(number, songsSuffix);
 }

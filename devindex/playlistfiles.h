@@ -57,6 +57,9 @@ public:
      */
     Outcome restoreIds(quint16 number, PathFinder &songs) const;
 
+    /** The file of the playlist's songs, as a path below the root. */
+    static QString songsName(quint16 number);
+
     /** The paths in the playlist's path file; none where there is no such file. */
     QStringList readPaths(quint16 number) const;
 
@@ -67,6 +70,7 @@ private:
     static QByteArray pathsOf(QFile &playlist, const QList<SongInfoIndex> &entries);
     static void writeIds(QFile &paths, PathFinder &songs, QFile &playlist);
     QString fileName(quint16 number, QLatin1String suffix) const;
+    static QString nameBelowRoot(quint16 number, QLatin1String suffix);
 
     QString m_root;
 };
