@@ -261,7 +261,8 @@ void TestMemoryCheck::pipeInPlaceOfAPlaylistIsNotRead()
 
 void TestMemoryCheck::foldersThatSeveralLinksLeadToAreInOrder()
 {
-    const DeviceMemory memory;
+    DeviceMemory memory;
+    memory.isJudgedWith({QStringLiteral("--follow-links")});
     fill(memory);
     constexpr int folders = 12;
     for (int i = 0; i < folders; ++i)
