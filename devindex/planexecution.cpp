@@ -108,6 +108,7 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
             m_result.copied.append(song.source);
             break;
         case FileCopier::State::Skipped:
+        case FileCopier::State::Replaced:
             m_result.failed.append({song.source, tr("nel frattempo un altro file ha questo nome")});
             break;
         case FileCopier::State::Failed:

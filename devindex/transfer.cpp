@@ -269,9 +269,10 @@ bool Transfer::copyFiles(const QStringList &files, const QString &dest, FileCopi
 /** The box before this one says whether all went well; this one says what did not. */
 void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, bool indexed)
 {
-    const qsizetype stopped = files - report.copied - report.skipped.size() - report.failed.size();
+    const qsizetype notCopied = report.skipped.size() + report.replaced.size();
+    const qsizetype stopped = files - report.copied - notCopied - report.failed.size();
     QStringList lines = {tr("Song copiate: %1").arg(report.copied),
-                         tr("Song saltate: %1").arg(report.skipped.size()),
+                         tr("Song saltate: %1").arg(notCopied),
                          tr("Song non copiate (errori): %1").arg(report.failed.size())};
     if (stopped > 0)
         lines.append(tr("Song non più copiate dopo l'interruzione: %1").arg(stopped));
@@ -279,6 +280,9 @@ void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, boo
     QStringList skipped;
     for (const QString &source : report.skipped)
         skipped.append(tr("%1: esisteva già e non è stata sostituita").arg(fileNameOf(source)));
+    for (const QString &source : report.replaced)
+        skipped.append(tr("%1: sostituita da un'altra song scelta con lo stesso nome")
+                           .arg(fileNameOf(source)));
     m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
                       report.failedLines() + m_indexProblems, skipped);
 }

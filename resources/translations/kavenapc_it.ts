@@ -339,6 +339,10 @@ Song non leggibili: %4</translation>
         <source>FILE</source>
         <translation>FILE</translation>
     </message>
+    <message>
+        <source>Nome troppo lungo, il player non lo trova: </source>
+        <translation>Nome troppo lungo, il player non lo trova: </translation>
+    </message>
 </context>
 <context>
     <name>IndexDialog</name>
@@ -792,6 +796,14 @@ Si vuole procedere comunque con la copia?</translation>
     <message>
         <source>%1: rimossa</source>
         <translation>%1: rimossa</translation>
+    </message>
+    <message>
+        <source>una song dell&apos;elenco si trova lì con questo nome</source>
+        <translation>una song dell&apos;elenco si trova lì con questo nome</translation>
+    </message>
+    <message>
+        <source>%1: sostituita da un&apos;altra song scelta con lo stesso nome</source>
+        <translation>%1: sostituita da un&apos;altra song scelta con lo stesso nome</translation>
     </message>
 </context>
 <context>
@@ -1652,6 +1664,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>Il nome non è in UTF-8</source>
         <translation>Il nome non è in UTF-8</translation>
+    </message>
+    <message>
+        <source>Il percorso supera %1 caratteri</source>
+        <translation>Il percorso supera %1 caratteri</translation>
+    </message>
+    <message>
+        <source>Il database non mostra ciò che il file dice</source>
+        <translation>Il database non mostra ciò che il file dice</translation>
     </message>
 </context>
 <context>

@@ -339,6 +339,10 @@ Songs, die nicht lesbar sind: %4</translation>
         <source>FILE</source>
         <translation>DATEI</translation>
     </message>
+    <message>
+        <source>Nome troppo lungo, il player non lo trova: </source>
+        <translation>Name zu lang, der Player findet es nicht: </translation>
+    </message>
 </context>
 <context>
     <name>IndexDialog</name>
@@ -792,6 +796,14 @@ Trotzdem kopieren?</translation>
     <message>
         <source>%1: rimossa</source>
         <translation>%1: entfernt</translation>
+    </message>
+    <message>
+        <source>una song dell&apos;elenco si trova lì con questo nome</source>
+        <translation>dort liegt unter diesem Namen ein Song aus der Liste</translation>
+    </message>
+    <message>
+        <source>%1: sostituita da un&apos;altra song scelta con lo stesso nome</source>
+        <translation>%1: von einem anderen gewählten Song gleichen Namens ersetzt</translation>
     </message>
 </context>
 <context>
@@ -1652,6 +1664,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>Il nome non è in UTF-8</source>
         <translation>Der Name enthält unlesbare Zeichen</translation>
+    </message>
+    <message>
+        <source>Il percorso supera %1 caratteri</source>
+        <translation>Der Pfad ist länger als %1 Zeichen</translation>
+    </message>
+    <message>
+        <source>Il database non mostra ciò che il file dice</source>
+        <translation>Der Song-Index zeigt nicht, was in der Datei steht</translation>
     </message>
 </context>
 <context>

@@ -339,6 +339,10 @@ Songs that cannot be read: %4</translation>
         <source>FILE</source>
         <translation>FILE</translation>
     </message>
+    <message>
+        <source>Nome troppo lungo, il player non lo trova: </source>
+        <translation>Name too long, the player does not find it: </translation>
+    </message>
 </context>
 <context>
     <name>IndexDialog</name>
@@ -792,6 +796,14 @@ Do you want to copy all the same?</translation>
     <message>
         <source>%1: rimossa</source>
         <translation>%1: removed</translation>
+    </message>
+    <message>
+        <source>una song dell&apos;elenco si trova lì con questo nome</source>
+        <translation>a song of the list lies there under this name</translation>
+    </message>
+    <message>
+        <source>%1: sostituita da un&apos;altra song scelta con lo stesso nome</source>
+        <translation>%1: replaced by another selected song of the same name</translation>
     </message>
 </context>
 <context>
@@ -1652,6 +1664,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>Il nome non è in UTF-8</source>
         <translation>The name has characters that cannot be read</translation>
+    </message>
+    <message>
+        <source>Il percorso supera %1 caratteri</source>
+        <translation>The path is longer than %1 characters</translation>
+    </message>
+    <message>
+        <source>Il database non mostra ciò che il file dice</source>
+        <translation>The song index does not show what the file says</translation>
     </message>
 </context>
 <context>
