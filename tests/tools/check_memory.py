@@ -129,7 +129,8 @@ class Checker:
                 path = full[len(self.root) :]
                 if len(path) > MAX_PATH or not os.path.isfile(full):
                     continue
-                stamp = time.strftime("%Y%m%d%H%M%S", time.localtime(os.stat(full).st_mtime))
+                seconds = os.stat(full).st_mtime_ns // 10**9  # st_mtime may be rounded up
+                stamp = time.strftime("%Y%m%d%H%M%S", time.localtime(seconds))
                 found.setdefault(path.encode("cp850", "replace"), []).append(stamp)
         return found
 
