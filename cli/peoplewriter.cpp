@@ -1,10 +1,10 @@
 #include "cli/peoplewriter.h"
 
-#include "storage/shownname.h"
 #include "cli/standardoutput.h"
 #include "devindex/indexrecords.h"
 #include "devindex/sizetext.h"
 #include "library/songtable.h"
+#include "storage/shownname.h"
 
 namespace
 {

@@ -1,11 +1,11 @@
 #include "cli/songpaths.h"
 
-#include "storage/shownname.h"
 #include "cli/terminal.h"
 #include "devindex/mountedvolumes.h"
 #include "formats/songnames.h"
 #include "library/songsearch.h"
 #include "storage/nametext.h"
+#include "storage/shownname.h"
 
 #include <QFileInfo>
 

@@ -1667,7 +1667,7 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     </message>
     <message>
         <source>Il percorso supera %1 caratteri</source>
-        <translation>The path is longer than %1 characters</translation>
+        <translation>The name with all its folders is longer than %1 characters</translation>
     </message>
     <message>
         <source>Il database non mostra ciò che il file dice</source>

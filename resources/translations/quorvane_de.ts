@@ -1667,11 +1667,11 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     </message>
     <message>
         <source>Il percorso supera %1 caratteri</source>
-        <translation>Der Pfad ist länger als %1 Zeichen</translation>
+        <translation>Der Name mit allen Ordnern ist länger als %1 Zeichen</translation>
     </message>
     <message>
         <source>Il database non mostra ciò che il file dice</source>
-        <translation>Der Song-Index zeigt nicht, was in der Datei steht</translation>
+        <translation>Das Songverzeichnis zeigt nicht, was in der Datei steht</translation>
     </message>
 </context>
 <context>

@@ -145,9 +145,9 @@ class Checker:
         return found
 
     def stamp_of(self, path, full):
-        status = os.stat(full)
+        status = os.stat(full)  # its st_mtime may be rounded up
         self.files.setdefault(path, []).append((status.st_dev, status.st_ino))
-        return time.strftime("%Y%m%d%H%M%S", time.localtime(status.st_mtime))
+        return time.strftime("%Y%m%d%H%M%S", time.localtime(status.st_mtime_ns // 10**9))
 
     def stamps_behind_links(self, path):
         """Of a song that the index found by another way through links; None without one."""
