@@ -2060,4 +2060,11 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>la song è stata eliminata, ma non le sue immagini: %1</translation>
     </message>
 </context>
+<context>
+    <name>PlannedName</name>
+    <message>
+        <source>un&apos;altra song del piano ha questo nome</source>
+        <translation>un&apos;altra song del piano ha questo nome</translation>
+    </message>
+</context>
 </TS>

@@ -2060,4 +2060,11 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>der Song wurde entfernt, aber nicht seine Bilder: %1</translation>
     </message>
 </context>
+<context>
+    <name>PlannedName</name>
+    <message>
+        <source>un&apos;altra song del piano ha questo nome</source>
+        <translation>ein anderer Song des Plans hat diesen Namen</translation>
+    </message>
+</context>
 </TS>

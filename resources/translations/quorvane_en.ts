@@ -2060,4 +2060,11 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>the song was removed, but not its pictures: %1</translation>
     </message>
 </context>
+<context>
+    <name>PlannedName</name>
+    <message>
+        <source>un&apos;altra song del piano ha questo nome</source>
+        <translation>another song of the plan has this name</translation>
+    </message>
+</context>
 </TS>
