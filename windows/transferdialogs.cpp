@@ -1,6 +1,7 @@
 #include "windows/transferdialogs.h"
 
 #include "windows/confirmation.h"
+#include "windows/transferplandialog.h"
 
 #include <QFileDialog>
 #include <QMessageBox>
@@ -24,6 +25,14 @@ bool TransferDialogs::askAnyway(const QString &title, const QString &question)
 {
     return QMessageBox::question(m_parent, title, question, QMessageBox::Yes | QMessageBox::No,
                                  QMessageBox::No) == QMessageBox::Yes;
+}
+
+TransferUser::Review TransferDialogs::reviewPlan(TransferPlan &plan)
+{
+    TransferPlanDialog dialog(plan, TransferPlanDialog::Purpose::Warning, m_parent);
+    dialog.exec();
+    plan = dialog.plan();
+    return dialog.review();
 }
 
 void TransferDialogs::warn(const QString &title, const QString &text)
