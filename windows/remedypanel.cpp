@@ -59,6 +59,8 @@ void RemedyPanel::showRemedies()
                                         static_cast<int>(remedy));
         }
     }
+    ui->remedyComboBox->setPlaceholderText(m_songs.isEmpty() ? QString()
+                                                             : tr("Diverso per ogni song"));
     const auto now = isOne && !m_songs.isEmpty()
                          ? offered.indexOf(m_plan->items.at(m_songs.first()).remedy)
                          : -1;

@@ -80,9 +80,17 @@ void TransferPlanDialog::setUpTree()
     header->setSectionResizeMode(TransferPlanModel::Song, QHeaderView::Stretch);
     const int character = fontMetrics().averageCharWidth();
     header->setMinimumSectionSize(10 * character);
-    header->resizeSection(TransferPlanModel::Remedy, 32 * character);
-    header->resizeSection(TransferPlanModel::Place, 20 * character);
+    header->resizeSection(TransferPlanModel::Remedy, 29 * character);
+    header->resizeSection(TransferPlanModel::Place, 21 * character);
     header->resizeSection(TransferPlanModel::Room, 11 * character);
+    // The space bar sets the tick of the current cell, which is in the first column.
+    connect(tree->selectionModel(), &QItemSelectionModel::currentChanged, tree,
+            [tree](const QModelIndex &current) {
+                if (current.column() > TransferPlanModel::Song)
+                    tree->selectionModel()->setCurrentIndex(
+                        current.siblingAtColumn(TransferPlanModel::Song),
+                        QItemSelectionModel::NoUpdate);
+            });
     expandGroups();
 }
 
@@ -161,6 +169,9 @@ void TransferPlanDialog::refresh()
                                  .arg(removed)
                                  .arg(m_plan.songsAfter()));
     const QString problem = whyNot();
+    QFont stateFont = font();
+    stateFont.setBold(!problem.isEmpty());
+    ui->stateLabel->setFont(stateFont);
     ui->carryOutPushButton->setEnabled(problem.isEmpty());
     ui->asAlwaysPushButton->setEnabled(!m_isGone);
     if (!problem.isEmpty())

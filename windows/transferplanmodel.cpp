@@ -173,7 +173,7 @@ QVariant TransferPlanModel::data(const QModelIndex &index, int role) const
 
 QVariant TransferPlanModel::groupData(const Group &group, int column, int role) const
 {
-    if (role == Qt::FontRole) {
+    if (role == Qt::FontRole && column == Song) {
         QFont bold;
         bold.setBold(true);
         return bold;
@@ -270,8 +270,8 @@ QString TransferPlanModel::remedyText(State state, TransferPlan::Remedy remedy)
     case TransferPlan::Remedy::Copy:
         return tr("Copia");
     case TransferPlan::Remedy::KeepBoth:
-        return state == State::TooLong ? tr("Copia con un altro nome")
-                                       : tr("Tieni entrambe, con un altro nome");
+        return state == State::TooLong ? tr("Copia con un nome nuovo")
+                                       : tr("Tieni entrambe (nome nuovo)");
     case TransferPlan::Remedy::Replace:
         return tr("Sostituisci");
     case TransferPlan::Remedy::SubFolder:

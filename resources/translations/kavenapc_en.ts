@@ -2114,12 +2114,12 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>Copy</translation>
     </message>
     <message>
-        <source>Copia con un altro nome</source>
-        <translation>Copy under another name</translation>
+        <source>Copia con un nome nuovo</source>
+        <translation>Copy under a new name</translation>
     </message>
     <message>
-        <source>Tieni entrambe, con un altro nome</source>
-        <translation>Keep both, under another name</translation>
+        <source>Tieni entrambe (nome nuovo)</source>
+        <translation>Keep both (new name)</translation>
     </message>
     <message>
         <source>Sostituisci</source>

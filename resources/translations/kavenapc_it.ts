@@ -2114,12 +2114,12 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>Copia</translation>
     </message>
     <message>
-        <source>Copia con un altro nome</source>
-        <translation>Copia con un altro nome</translation>
+        <source>Copia con un nome nuovo</source>
+        <translation>Copia con un nome nuovo</translation>
     </message>
     <message>
-        <source>Tieni entrambe, con un altro nome</source>
-        <translation>Tieni entrambe, con un altro nome</translation>
+        <source>Tieni entrambe (nome nuovo)</source>
+        <translation>Tieni entrambe (nome nuovo)</translation>
     </message>
     <message>
         <source>Sostituisci</source>

@@ -2114,12 +2114,12 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>Kopieren</translation>
     </message>
     <message>
-        <source>Copia con un altro nome</source>
-        <translation>Unter anderem Namen kopieren</translation>
+        <source>Copia con un nome nuovo</source>
+        <translation>Unter neuem Namen kopieren</translation>
     </message>
     <message>
-        <source>Tieni entrambe, con un altro nome</source>
-        <translation>Beide behalten, unter anderem Namen</translation>
+        <source>Tieni entrambe (nome nuovo)</source>
+        <translation>Beide behalten (neuer Name)</translation>
     </message>
     <message>
         <source>Sostituisci</source>
