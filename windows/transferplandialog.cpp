@@ -4,7 +4,6 @@
 #include "devindex/songinfoindex.h"
 #include "library/settings.h"
 #include "storage/writeproblem.h"
-#include "windows/roomfortext.h"
 #include "windows/transferplanmodel.h"
 
 #include "ui_transferplandialog.h"
@@ -41,7 +40,6 @@ TransferPlanDialog::TransferPlanDialog(TransferPlan plan, Purpose purpose, QWidg
     , m_model(new TransferPlanModel(m_plan, this))
 {
     ui->setupUi(this);
-    new RoomForText(this);
     showIntro(purpose);
     ui->folderLabel->setText(QDir::toNativeSeparators(m_plan.folder));
     ui->remedyPanel->setPlan(m_plan);
