@@ -1,6 +1,7 @@
 #include "windows/transferdialogs.h"
 
 #include "windows/confirmation.h"
+#include "windows/messagedetails.h"
 #include "windows/transferplandialog.h"
 
 #include <QFileDialog>
@@ -57,8 +58,6 @@ void TransferDialogs::tellCounts(const QString &title, const QString &text,
                     QMessageBox::Ok, m_parent);
     // A file's name could look like markup.
     box.setTextFormat(Qt::PlainText);
-    const QStringList details = failed + skipped;
-    if (!details.isEmpty())
-        box.setDetailedText(details.join(QLatin1Char('\n')));
+    setDetails(box, failed + skipped);
     box.exec();
 }

@@ -4,6 +4,7 @@
 #include "devindex/songinfoindex.h"
 #include "library/settings.h"
 #include "storage/writeproblem.h"
+#include "windows/messagedetails.h"
 #include "windows/transferplanmodel.h"
 
 #include "ui_transferplandialog.h"
@@ -45,7 +46,10 @@ TransferPlanDialog::TransferPlanDialog(TransferPlan plan, Purpose purpose, QWidg
     ui->remedyPanel->setPlan(m_plan);
     setUpTree();
     ui->othersCheckBox->setVisible(purpose == Purpose::Request);
-    ui->othersCheckBox->setEnabled(m_plan.count(State::Remove) > 0);
+    if (m_plan.count(State::Remove) == 0) {
+        ui->othersCheckBox->setEnabled(false);
+        ui->othersCheckBox->setToolTip(tr("Nella cartella non ci sono altre song."));
+    }
     ui->asAlwaysPushButton->setVisible(purpose == Purpose::Warning);
     ui->readBackCheckBox->setChecked(m_plan.readBack);
 
@@ -79,7 +83,7 @@ void TransferPlanDialog::setUpTree()
     const int character = fontMetrics().averageCharWidth();
     header->setMinimumSectionSize(10 * character);
     header->resizeSection(TransferPlanModel::Remedy, 29 * character);
-    header->resizeSection(TransferPlanModel::Place, 21 * character);
+    header->resizeSection(TransferPlanModel::Place, 26 * character);
     header->resizeSection(TransferPlanModel::Room, 11 * character);
     // The space bar sets the tick of the current cell, which is in the first column.
     connect(tree->selectionModel(), &QItemSelectionModel::currentChanged, tree,
@@ -226,7 +230,7 @@ bool TransferPlanDialog::confirmRemoval()
     box.setTextFormat(Qt::PlainText); // a file's name could look like markup
     box.setDefaultButton(QMessageBox::No);
     if (names.size() > namesInQuestion)
-        box.setDetailedText(names.join(QLatin1Char('\n')));
+        setDetails(box, names);
     return box.exec() == QMessageBox::Yes;
 }
 

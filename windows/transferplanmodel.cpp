@@ -264,7 +264,7 @@ QString TransferPlanModel::remedyText(State state, TransferPlan::Remedy remedy)
 {
     switch (remedy) {
     case TransferPlan::Remedy::Skip:
-        if (state == State::Same)
+        if (state == State::Same || state == State::Renamed)
             return tr("Niente da fare");
         return state == State::Remove ? tr("Resta") : tr("Salta");
     case TransferPlan::Remedy::Copy:

@@ -2289,5 +2289,9 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
         <source>Troppe song per il player: %1, il massimo è %2. Decidi quali song saltare.</source>
         <translation>Troppe song per il player: %1, il massimo è %2. Decidi quali song saltare.</translation>
     </message>
+    <message>
+        <source>Nella cartella non ci sono altre song.</source>
+        <translation>Nella cartella non ci sono altre song.</translation>
+    </message>
 </context>
 </TS>

@@ -2289,5 +2289,9 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
         <source>Troppe song per il player: %1, il massimo è %2. Decidi quali song saltare.</source>
         <translation>Zu viele Songs für den Player: %1, höchstens %2 sind möglich. Entscheiden Sie, welche übersprungen werden.</translation>
     </message>
+    <message>
+        <source>Nella cartella non ci sono altre song.</source>
+        <translation>Im Ordner sind keine anderen Songs.</translation>
+    </message>
 </context>
 </TS>

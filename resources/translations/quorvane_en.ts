@@ -2289,5 +2289,9 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
         <source>Troppe song per il player: %1, il massimo è %2. Decidi quali song saltare.</source>
         <translation>Too many songs for the player: %1, the most it can find is %2. Decide which songs to skip.</translation>
     </message>
+    <message>
+        <source>Nella cartella non ci sono altre song.</source>
+        <translation>There are no other songs in the folder.</translation>
+    </message>
 </context>
 </TS>

@@ -95,7 +95,7 @@ void TestTransferPlanDialog::groupsHaveCountsAndRoom()
     QCOMPARE(m_window->groups().join(QLatin1Char('\n')),
              QStringList({s("Nome già usato da un'altra song dell'elenco: 2 | Tieni entrambe "
                             "(nome nuovo) | 65.5 kB"),
-                          s("Presenti con un nome accorciato: 1 | Salta | 32.8 kB"),
+                          s("Presenti con un nome accorciato: 1 | Niente da fare | 32.8 kB"),
                           s("Presenti, ma diverse: 1 | Sostituisci | 32.8 kB"),
                           s("Nome non adatto alla memoria o al player: 1 | Salta | 32.8 kB"),
                           s("Non leggibili: 1 | Salta | "), s("Nuove: 1 | Copia | 32.8 kB"),
@@ -382,6 +382,8 @@ void TestTransferPlanDialog::manyNamesDoNotMakeALargeBox()
     int lines = 0;
     QStringList details;
     Qt::TextFormat format = Qt::AutoText;
+    QSize room;
+    QSize size;
     user.add([&](QWidget *window) {
         auto *const box = qobject_cast<QMessageBox *>(window);
         if (box == nullptr)
@@ -389,6 +391,13 @@ void TestTransferPlanDialog::manyNamesDoNotMakeALargeBox()
         lines = static_cast<int>(box->text().count(QLatin1Char('\n')));
         details = box->detailedText().split(QLatin1Char('\n'));
         format = box->textFormat();
+        for (QAbstractButton *const button : box->buttons()) {
+            if (box->buttonRole(button) == QMessageBox::ActionRole)
+                QTest::mouseClick(button, Qt::LeftButton);
+        }
+        QTest::qWait(0);
+        room = box->findChild<QTextEdit *>()->viewport()->size();
+        size = box->size();
         QTest::keyClick(box, Qt::Key_Escape);
         return true;
     });
@@ -397,6 +406,10 @@ void TestTransferPlanDialog::manyNamesDoNotMakeALargeBox()
     QCOMPARE(details.size(), 26);
     QVERIFY(details.contains(s("/pop/<b>.mid")));
     QCOMPARE(format, Qt::PlainText);
+    const QFontMetrics letters = m_dialog->fontMetrics();
+    QVERIFY(room.width() >= 60 * letters.averageCharWidth());
+    QVERIFY(room.height() >= 10 * letters.lineSpacing());
+    QVERIFY(size.height() < 40 * letters.lineSpacing());
 }
 
 void TestTransferPlanDialog::readBackIsRemembered()
