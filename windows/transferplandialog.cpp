@@ -82,7 +82,13 @@ void TransferPlanDialog::setUpTree()
     header->setSectionResizeMode(TransferPlanModel::Song, QHeaderView::Stretch);
     const int character = fontMetrics().averageCharWidth();
     header->setMinimumSectionSize(10 * character);
-    header->resizeSection(TransferPlanModel::Remedy, 29 * character);
+    int remedyWidth = 0;
+    for (const Remedy remedy : {Remedy::Copy, Remedy::KeepBoth, Remedy::Replace, Remedy::SubFolder,
+                                Remedy::Remove, Remedy::Skip}) {
+        const QString text = TransferPlanModel::remedyText(State::Differs, remedy);
+        remedyWidth = std::max(remedyWidth, fontMetrics().horizontalAdvance(text));
+    }
+    header->resizeSection(TransferPlanModel::Remedy, remedyWidth + 3 * character);
     header->resizeSection(TransferPlanModel::Place, 26 * character);
     header->resizeSection(TransferPlanModel::Room, 11 * character);
     // The space bar sets the tick of the current cell, which is in the first column.
