@@ -7,7 +7,7 @@
 namespace
 {
 
-constexpr int leastWidth = 120;
+constexpr int leastBarWidth = 120;
 constexpr float usedStrength = 0.4F;
 const QColor tooMuch(196, 43, 28);
 
@@ -29,7 +29,7 @@ void RoomBar::setRoom(qint64 total, qint64 free, qint64 needed)
 
 QSize RoomBar::sizeHint() const
 {
-    return {leastWidth, fontMetrics().height()};
+    return {leastBarWidth, fontMetrics().height()};
 }
 
 void RoomBar::paintEvent(QPaintEvent *)

@@ -71,9 +71,9 @@ void TransferPlanModel::refresh()
     for (int row = 0; row < m_groups.size(); ++row) {
         Group &group = m_groups[row];
         sum(group);
-        const QModelIndex parent = index(row, Song);
-        emit dataChanged(index(0, Song, parent),
-                         index(static_cast<int>(group.songs.size()) - 1, Room, parent));
+        const QModelIndex above = index(row, Song);
+        emit dataChanged(index(0, Song, above),
+                         index(static_cast<int>(group.songs.size()) - 1, Room, above));
     }
     if (!m_groups.isEmpty())
         emit dataChanged(index(0, Song), index(static_cast<int>(m_groups.size()) - 1, Room));
@@ -91,17 +91,6 @@ QList<int> TransferPlanModel::songs(const QModelIndexList &rows) const
     std::sort(numbers.begin(), numbers.end());
     numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
     return numbers;
-}
-
-QModelIndex TransferPlanModel::indexOf(int song) const
-{
-    for (int row = 0; row < m_groups.size(); ++row) {
-        const QList<int> &songs = m_groups.at(row).songs;
-        const auto found = std::lower_bound(songs.cbegin(), songs.cend(), song);
-        if (found != songs.cend() && *found == song)
-            return index(static_cast<int>(found - songs.cbegin()), Song, index(row, Song));
-    }
-    return {};
 }
 
 bool TransferPlanModel::isUneventful(const QModelIndex &group) const

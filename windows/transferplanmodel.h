@@ -29,9 +29,6 @@ public:
     /** The numbers of the songs in these rows, in their order; a group stands for all its songs. */
     QList<int> songs(const QModelIndexList &rows) const;
 
-    /** The song's row; invalid when it is not shown. */
-    QModelIndex indexOf(int song) const;
-
     /** True for a group whose songs are copied or are there already, as everybody expects. */
     bool isUneventful(const QModelIndex &group) const;
 
