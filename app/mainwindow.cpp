@@ -7,9 +7,9 @@
 #include "app/songimport.h"
 #include "app/songlist.h"
 #include "app/songsync.h"
+#include "app/songtransfer.h"
 #include "devindex/filecopier.h"
 #include "devindex/mountedvolumes.h"
-#include "devindex/transfer.h"
 #include "library/librarybackup.h"
 #include "library/settings.h"
 #include "storage/diagnostics.h"
@@ -311,25 +311,27 @@ void MainWindow::onSongsTableViewShowContextMenu(QPoint pos)
 
 void MainWindow::on_transferFilesToolButton_clicked()
 {
-    const bool couldSynchronise = m_buttons.canSynchronise();
-    m_buttons.disable();
-    if (!transferSelectedFiles())
-        m_buttons.setSynchronise(couldSynchronise);
-    m_buttons.setTransfer(true);
+    runTransfer(&SongTransfer::transfer);
+}
+
+void MainWindow::on_actionTransferPlan_triggered()
+{
+    runTransfer(&SongTransfer::showPlan);
 }
 
 void MainWindow::transferFiles()
 {
-    transferSelectedFiles();
+    SongTransfer(this, m_progress, m_settings, m_busy).transfer(m_selectedFiles);
 }
 
-/** False when the user changed his mind or the folder was refused. */
-bool MainWindow::transferSelectedFiles()
+void MainWindow::runTransfer(Transfer::Outcome (SongTransfer::*job)(const QStringList &))
 {
-    const BusyGuard busy(m_busy);
-    TransferDialogs dialogs(this);
-    const auto outcome = Transfer(dialogs, m_progress.open()).transferFiles(m_selectedFiles);
-    return outcome != Transfer::Outcome::NotStarted;
+    const bool couldSynchronise = m_buttons.canSynchronise();
+    m_buttons.disable();
+    SongTransfer transfer(this, m_progress, m_settings, m_busy);
+    if ((transfer.*job)(m_selectedFiles) == Transfer::Outcome::NotStarted)
+        m_buttons.setSynchronise(couldSynchronise);
+    m_buttons.setTransfer(true);
 }
 
 bool MainWindow::copyFiles(const QString &dest, int &copied)

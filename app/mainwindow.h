@@ -5,6 +5,7 @@
 #include "app/debugpanel.h"
 #include "app/preferences.h"
 #include "app/windowprogress.h"
+#include "devindex/transfer.h"
 #include "formats/metasong.h"
 #include "formats/songinfo.h"
 #include "library/database.h"
@@ -25,6 +26,7 @@ class RowEditing;
 class SongImport;
 class SongList;
 class SongSync;
+class SongTransfer;
 
 QT_BEGIN_NAMESPACE
 namespace Ui
@@ -151,6 +153,7 @@ private slots:
     void onSongsTableViewDoubleClicked(QModelIndex index);
     void on_optimizeMemory_triggered();
     void on_transferFilesToolButton_clicked();
+    void on_actionTransferPlan_triggered();
     void on_actionSongsList_triggered();
     void on_actionPreviewChanges_toggled(bool checked);
     void onSongsTableViewShowContextMenu(QPoint pos);
@@ -169,7 +172,7 @@ private:
     void importFiles(const QStringList &files);
     void importDropped(const QStringList &paths);
     bool askToProceed(const LibraryImport::Counts &counts);
-    bool transferSelectedFiles();
+    void runTransfer(Transfer::Outcome (SongTransfer::*job)(const QStringList &));
     template <typename Dialog>
     void runDialog();
 

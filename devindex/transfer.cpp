@@ -57,13 +57,15 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
         dest += songsFolder;
     if (m_user.reviewsPlans()) {
         std::optional<TransferPlan> plan = makePlan(files, root, dest, false);
-        const auto review = !plan                 ? TransferUser::Review::Cancel
-                            : plan->needsReview() ? m_user.reviewPlan(*plan)
-                                                  : TransferUser::Review::AsAlways;
-        if (review == TransferUser::Review::Cancel)
+        if (!plan)
+            return Outcome::NotStarted;
+        const auto review =
+            plan->needsReview() ? m_user.reviewPlan(*plan) : TransferUser::Review::AsAlways;
+        if (review == TransferUser::Review::Cancel || !isThere(*plan))
             return Outcome::NotStarted;
         if (review == TransferUser::Review::CarryOut)
             return carryOut(*plan, lock);
+        m_readBack = plan->readBack;
     }
     if (isRoot && !makeSongsFolder(dest))
         return Outcome::NotStarted;
@@ -97,6 +99,8 @@ std::optional<TransferPlan> Transfer::planTransfer(const QStringList &files, boo
 
 Transfer::Outcome Transfer::carryOut(const TransferPlan &plan)
 {
+    if (!isThere(plan))
+        return Outcome::NotStarted;
     MemoryLock lock(plan.root);
     if (!takeLock(lock, tr("Trasferimento"), plan.folder == plan.root + songsFolder))
         return Outcome::NotStarted;
@@ -196,6 +200,15 @@ QString Transfer::chooseDestination()
         return {};
     }
     return dest;
+}
+
+/** False when the memory is gone, perhaps while the plan was looked at; the user has been told. */
+bool Transfer::isThere(const TransferPlan &plan)
+{
+    if (plan.isMemoryThere())
+        return true;
+    m_user.warn(tr("Trasferimento"), WriteProblem::sentence(WriteProblem::Gone));
+    return false;
 }
 
 /** False when the memory must be left as it is; the user has been told why. */

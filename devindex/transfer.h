@@ -47,7 +47,7 @@ public:
 
     /**
      * Shows a plan in which songs would be lost or doubled, before anything is copied. The remedies
-     * of its songs may be changed.
+     * of its songs may be changed, and whether the copies are read back.
      */
     virtual Review reviewPlan(TransferPlan &plan)
     {
@@ -126,6 +126,7 @@ private:
                                          const QString &folder, bool others);
     Outcome carryOut(const TransferPlan &plan, MemoryLock &lock);
     QString chooseDestination();
+    bool isThere(const TransferPlan &plan);
     bool takeLock(MemoryLock &lock, const QString &title, bool isRoot);
     bool makeSongsFolder(const QString &songs);
     static QString whyNotIntoRoot(WriteProblem::Kind problem);

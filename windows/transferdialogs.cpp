@@ -1,6 +1,8 @@
 #include "windows/transferdialogs.h"
 
 #include "windows/confirmation.h"
+#include "windows/messagedetails.h"
+#include "windows/transferplandialog.h"
 
 #include <QFileDialog>
 #include <QMessageBox>
@@ -26,6 +28,14 @@ bool TransferDialogs::askAnyway(const QString &title, const QString &question)
                                  QMessageBox::No) == QMessageBox::Yes;
 }
 
+TransferUser::Review TransferDialogs::reviewPlan(TransferPlan &plan)
+{
+    TransferPlanDialog dialog(plan, TransferPlanDialog::Purpose::Warning, m_parent);
+    dialog.exec();
+    plan = dialog.plan();
+    return dialog.review();
+}
+
 void TransferDialogs::warn(const QString &title, const QString &text)
 {
     QMessageBox::warning(m_parent, title, text);
@@ -48,8 +58,6 @@ void TransferDialogs::tellCounts(const QString &title, const QString &text,
                     QMessageBox::Ok, m_parent);
     // A file's name could look like markup.
     box.setTextFormat(Qt::PlainText);
-    const QStringList details = failed + skipped;
-    if (!details.isEmpty())
-        box.setDetailedText(details.join(QLatin1Char('\n')));
+    setDetails(box, failed + skipped);
     box.exec();
 }

@@ -22,6 +22,8 @@ public:
     Answer askReplace(const QString &target) override;
     Answer askRename(const QString &path, const QString &message) override;
     bool askAnyway(const QString &title, const QString &question) override;
+    bool reviewsPlans() const override { return true; }
+    Review reviewPlan(TransferPlan &plan) override;
     void warn(const QString &title, const QString &text) override;
     void inform(const QString &title, const QString &text) override;
     void showFailure(const QString &title, const QString &text) override;

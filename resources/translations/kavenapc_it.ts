@@ -805,6 +805,10 @@ Si vuole procedere comunque con la copia?</translation>
         <source>%1: sostituita da un&apos;altra song scelta con lo stesso nome</source>
         <translation>%1: sostituita da un&apos;altra song scelta con lo stesso nome</translation>
     </message>
+    <message>
+        <source>&amp;Piano di trasferimento...</source>
+        <translation>&amp;Piano di trasferimento...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -2037,6 +2041,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
         <translation>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</translation>
     </message>
+    <message>
+        <source>la memoria non ha confermato l&apos;eliminazione</source>
+        <translation>la memoria non ha confermato l&apos;eliminazione</translation>
+    </message>
 </context>
 <context>
     <name>SongName</name>
@@ -2114,6 +2122,236 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>la memoria non ha confermato l&apos;eliminazione</source>
         <translation>la memoria non ha confermato l&apos;eliminazione</translation>
+    </message>
+</context>
+<context>
+    <name>PlannedName</name>
+    <message>
+        <source>un&apos;altra song del piano ha questo nome</source>
+        <translation>un&apos;altra song del piano ha questo nome</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanModel</name>
+    <message>
+        <source>Diverso per ogni song</source>
+        <translation>Diverso per ogni song</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
+    <message>
+        <source>Che cosa succede</source>
+        <translation>Che cosa succede</translation>
+    </message>
+    <message>
+        <source>Nella memoria</source>
+        <translation>Nella memoria</translation>
+    </message>
+    <message>
+        <source>Spazio</source>
+        <translation>Spazio</translation>
+    </message>
+    <message>
+        <source>Niente da fare</source>
+        <translation>Niente da fare</translation>
+    </message>
+    <message>
+        <source>Resta</source>
+        <translation>Resta</translation>
+    </message>
+    <message>
+        <source>Salta</source>
+        <translation>Salta</translation>
+    </message>
+    <message>
+        <source>Copia</source>
+        <translation>Copia</translation>
+    </message>
+    <message>
+        <source>Copia con un nome nuovo</source>
+        <translation>Copia con un nome nuovo</translation>
+    </message>
+    <message>
+        <source>Tieni entrambe (nome nuovo)</source>
+        <translation>Tieni entrambe (nome nuovo)</translation>
+    </message>
+    <message>
+        <source>Sostituisci</source>
+        <translation>Sostituisci</translation>
+    </message>
+    <message>
+        <source>Copia in una sottocartella</source>
+        <translation>Copia in una sottocartella</translation>
+    </message>
+    <message>
+        <source>Rimuovi dalla memoria</source>
+        <translation>Rimuovi dalla memoria</translation>
+    </message>
+    <message>
+        <source>Nuove</source>
+        <translation>Nuove</translation>
+    </message>
+    <message>
+        <source>Già presenti</source>
+        <translation>Già presenti</translation>
+    </message>
+    <message>
+        <source>Presenti, ma diverse</source>
+        <translation>Presenti, ma diverse</translation>
+    </message>
+    <message>
+        <source>Presenti con un nome accorciato</source>
+        <translation>Presenti con un nome accorciato</translation>
+    </message>
+    <message>
+        <source>Nome già usato da un&apos;altra song dell&apos;elenco</source>
+        <translation>Nome già usato da un&apos;altra song dell&apos;elenco</translation>
+    </message>
+    <message>
+        <source>Non leggibili</source>
+        <translation>Non leggibili</translation>
+    </message>
+    <message>
+        <source>Nome non adatto alla memoria o al player</source>
+        <translation>Nome non adatto alla memoria o al player</translation>
+    </message>
+    <message>
+        <source>Nella memoria, ma non nell&apos;elenco</source>
+        <translation>Nella memoria, ma non nell&apos;elenco</translation>
+    </message>
+</context>
+<context>
+    <name>RemedyPanel</name>
+    <message>
+        <source>&amp;Che cosa fare:</source>
+        <translation>&amp;Che cosa fare:</translation>
+    </message>
+    <message>
+        <source>Diverso per ogni song</source>
+        <translation>Diverso per ogni song</translation>
+    </message>
+    <message>
+        <source>&amp;Nome:</source>
+        <translation>&amp;Nome:</translation>
+    </message>
+    <message>
+        <source>Seleziona nell&apos;elenco le song di cui vuoi decidere.</source>
+        <translation>Seleziona nell&apos;elenco le song di cui vuoi decidere.</translation>
+    </message>
+    <message>
+        <source>Song selezionate: %1</source>
+        <translation>Song selezionate: %1</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanDialog</name>
+    <message>
+        <source>Piano di trasferimento</source>
+        <translation>Piano di trasferimento</translation>
+    </message>
+    <message>
+        <source>Cartella:</source>
+        <translation>Cartella:</translation>
+    </message>
+    <message>
+        <source>&amp;Allinea: elenca anche le song della memoria da poter rimuovere</source>
+        <translation>&amp;Allinea: elenca anche le song della memoria da poter rimuovere</translation>
+    </message>
+    <message>
+        <source>Elenca le song della cartella che non sono tra quelle scelte. Vengono rimosse solo quelle che spunti.</source>
+        <translation>Elenca le song della cartella che non sono tra quelle scelte. Vengono rimosse solo quelle che spunti.</translation>
+    </message>
+    <message>
+        <source>&amp;Rileggi e confronta ogni file copiato</source>
+        <translation>&amp;Rileggi e confronta ogni file copiato</translation>
+    </message>
+    <message>
+        <source>Vale anche per i prossimi trasferimenti. La copia dura di più.</source>
+        <translation>Vale anche per i prossimi trasferimenti. La copia dura di più.</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Copia &amp;senza piano</source>
+        <translation>Copia &amp;senza piano</translation>
+    </message>
+    <message>
+        <source>Copia ogni song con il suo nome e chiede prima di sostituirne una.</source>
+        <translation>Copia ogni song con il suo nome e chiede prima di sostituirne una.</translation>
+    </message>
+    <message>
+        <source>&amp;Esegui</source>
+        <translation>&amp;Esegui</translation>
+    </message>
+    <message>
+        <source>Ecco che cosa succederebbe alle song scelte.</source>
+        <translation>Ecco che cosa succederebbe alle song scelte.</translation>
+    </message>
+    <message>
+        <source>Alcune song hanno lo stesso nome: nella memoria ne resterebbe una sola.</source>
+        <translation>Alcune song hanno lo stesso nome: nella memoria ne resterebbe una sola.</translation>
+    </message>
+    <message>
+        <source>Alcune song sono già nella memoria con un nome accorciato: ci sarebbero due volte.</source>
+        <translation>Alcune song sono già nella memoria con un nome accorciato: ci sarebbero due volte.</translation>
+    </message>
+    <message>
+        <source>Lo spazio libero nella memoria non basta per tutte le song.</source>
+        <translation>Lo spazio libero nella memoria non basta per tutte le song.</translation>
+    </message>
+    <message>
+        <source>Il player non può trovare così tante song.</source>
+        <translation>Il player non può trovare così tante song.</translation>
+    </message>
+    <message>
+        <source>Non è stato ancora copiato niente.</source>
+        <translation>Non è stato ancora copiato niente.</translation>
+    </message>
+    <message>
+        <source>Servono %1. Lo spazio libero non è noto.</source>
+        <translation>Servono %1. Lo spazio libero non è noto.</translation>
+    </message>
+    <message>
+        <source>Occupati: %1 di %2. Servono: %3. Liberi: %4.</source>
+        <translation>Occupati: %1 di %2. Servono: %3. Liberi: %4.</translation>
+    </message>
+    <message>
+        <source>Song aggiunte: %1. Sostituite: %2. Rimosse: %3. Song nella memoria dopo il trasferimento: %4.</source>
+        <translation>Song aggiunte: %1. Sostituite: %2. Rimosse: %3. Song nella memoria dopo il trasferimento: %4.</translation>
+    </message>
+    <message>
+        <source>Niente da copiare né da rimuovere: «Esegui» aggiorna soltanto il database della memoria.</source>
+        <translation>Niente da copiare né da rimuovere: «Esegui» aggiorna soltanto il database della memoria.</translation>
+    </message>
+    <message>
+        <source>La song non può avere questo nome: %1</source>
+        <translation>La song non può avere questo nome: %1</translation>
+    </message>
+    <message>
+        <source>Lo spazio libero non basta: mancano %1. Decidi quali song saltare.</source>
+        <translation>Lo spazio libero non basta: mancano %1. Decidi quali song saltare.</translation>
+    </message>
+    <message>
+        <source>Song da rimuovere dalla memoria: %1
+Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</source>
+        <translation>Song da rimuovere dalla memoria: %1
+Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</translation>
+    </message>
+    <message>
+        <source>Troppe song per il player: %1, il massimo è %2. Decidi quali song saltare.</source>
+        <translation>Troppe song per il player: %1, il massimo è %2. Decidi quali song saltare.</translation>
+    </message>
+    <message>
+        <source>Nella cartella non ci sono altre song.</source>
+        <translation>Nella cartella non ci sono altre song.</translation>
     </message>
 </context>
 </TS>

@@ -805,6 +805,10 @@ Trotzdem kopieren?</translation>
         <source>%1: sostituita da un&apos;altra song scelta con lo stesso nome</source>
         <translation>%1: von einem anderen gewählten Song gleichen Namens ersetzt</translation>
     </message>
+    <message>
+        <source>&amp;Piano di trasferimento...</source>
+        <translation>&amp;Übertragungsplan...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -2037,6 +2041,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
         <translation>Das Songverzeichnis des Speichers ist beschädigt, oder der Speicher kann nicht beschrieben werden. Es wurde nichts geändert.</translation>
     </message>
+    <message>
+        <source>la memoria non ha confermato l&apos;eliminazione</source>
+        <translation>der Speicher hat das Entfernen nicht bestätigt</translation>
+    </message>
 </context>
 <context>
     <name>SongName</name>
@@ -2114,6 +2122,236 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>la memoria non ha confermato l&apos;eliminazione</source>
         <translation>der Speicher hat das Entfernen nicht bestätigt</translation>
+    </message>
+</context>
+<context>
+    <name>PlannedName</name>
+    <message>
+        <source>un&apos;altra song del piano ha questo nome</source>
+        <translation>ein anderer Song des Plans hat diesen Namen</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanModel</name>
+    <message>
+        <source>Diverso per ogni song</source>
+        <translation>Je nach Song verschieden</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
+    <message>
+        <source>Che cosa succede</source>
+        <translation>Was geschieht</translation>
+    </message>
+    <message>
+        <source>Nella memoria</source>
+        <translation>Auf dem Speicher</translation>
+    </message>
+    <message>
+        <source>Spazio</source>
+        <translation>Platz</translation>
+    </message>
+    <message>
+        <source>Niente da fare</source>
+        <translation>Nichts zu tun</translation>
+    </message>
+    <message>
+        <source>Resta</source>
+        <translation>Bleibt</translation>
+    </message>
+    <message>
+        <source>Salta</source>
+        <translation>Überspringen</translation>
+    </message>
+    <message>
+        <source>Copia</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Copia con un nome nuovo</source>
+        <translation>Unter neuem Namen kopieren</translation>
+    </message>
+    <message>
+        <source>Tieni entrambe (nome nuovo)</source>
+        <translation>Beide behalten (neuer Name)</translation>
+    </message>
+    <message>
+        <source>Sostituisci</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Copia in una sottocartella</source>
+        <translation>In einen Unterordner kopieren</translation>
+    </message>
+    <message>
+        <source>Rimuovi dalla memoria</source>
+        <translation>Vom Speicher entfernen</translation>
+    </message>
+    <message>
+        <source>Nuove</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Già presenti</source>
+        <translation>Schon vorhanden</translation>
+    </message>
+    <message>
+        <source>Presenti, ma diverse</source>
+        <translation>Vorhanden, aber anders</translation>
+    </message>
+    <message>
+        <source>Presenti con un nome accorciato</source>
+        <translation>Unter gekürztem Namen vorhanden</translation>
+    </message>
+    <message>
+        <source>Nome già usato da un&apos;altra song dell&apos;elenco</source>
+        <translation>Name gehört schon einem anderen gewählten Song</translation>
+    </message>
+    <message>
+        <source>Non leggibili</source>
+        <translation>Nicht lesbar</translation>
+    </message>
+    <message>
+        <source>Nome non adatto alla memoria o al player</source>
+        <translation>Name für Speicher oder Player ungeeignet</translation>
+    </message>
+    <message>
+        <source>Nella memoria, ma non nell&apos;elenco</source>
+        <translation>Auf dem Speicher, aber nicht ausgewählt</translation>
+    </message>
+</context>
+<context>
+    <name>RemedyPanel</name>
+    <message>
+        <source>&amp;Che cosa fare:</source>
+        <translation>&amp;Was tun:</translation>
+    </message>
+    <message>
+        <source>Diverso per ogni song</source>
+        <translation>Je nach Song verschieden</translation>
+    </message>
+    <message>
+        <source>&amp;Nome:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>Seleziona nell&apos;elenco le song di cui vuoi decidere.</source>
+        <translation>Wählen Sie oben die Songs, über die Sie entscheiden möchten.</translation>
+    </message>
+    <message>
+        <source>Song selezionate: %1</source>
+        <translation>Ausgewählte Songs: %1</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanDialog</name>
+    <message>
+        <source>Piano di trasferimento</source>
+        <translation>Übertragungsplan</translation>
+    </message>
+    <message>
+        <source>Cartella:</source>
+        <translation>Ordner:</translation>
+    </message>
+    <message>
+        <source>&amp;Allinea: elenca anche le song della memoria da poter rimuovere</source>
+        <translation>&amp;Abgleichen: auch Songs des Speichers zeigen, die entfernt werden können</translation>
+    </message>
+    <message>
+        <source>Elenca le song della cartella che non sono tra quelle scelte. Vengono rimosse solo quelle che spunti.</source>
+        <translation>Zeigt die Songs des Ordners, die nicht unter den gewählten sind. Entfernt werden nur die, die Sie ankreuzen.</translation>
+    </message>
+    <message>
+        <source>&amp;Rileggi e confronta ogni file copiato</source>
+        <translation>Jede kopierte Datei &amp;zurücklesen und vergleichen</translation>
+    </message>
+    <message>
+        <source>Vale anche per i prossimi trasferimenti. La copia dura di più.</source>
+        <translation>Gilt auch für künftige Übertragungen. Das Kopieren dauert länger.</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Copia &amp;senza piano</source>
+        <translation>&amp;Ohne Plan kopieren</translation>
+    </message>
+    <message>
+        <source>Copia ogni song con il suo nome e chiede prima di sostituirne una.</source>
+        <translation>Kopiert jeden Song unter seinem Namen und fragt, bevor einer ersetzt wird.</translation>
+    </message>
+    <message>
+        <source>&amp;Esegui</source>
+        <translation>Aus&amp;führen</translation>
+    </message>
+    <message>
+        <source>Ecco che cosa succederebbe alle song scelte.</source>
+        <translation>Das würde mit den gewählten Songs geschehen.</translation>
+    </message>
+    <message>
+        <source>Alcune song hanno lo stesso nome: nella memoria ne resterebbe una sola.</source>
+        <translation>Einige Songs haben denselben Namen: Auf dem Speicher bliebe nur einer davon.</translation>
+    </message>
+    <message>
+        <source>Alcune song sono già nella memoria con un nome accorciato: ci sarebbero due volte.</source>
+        <translation>Einige Songs sind unter einem gekürzten Namen schon auf dem Speicher: Sie wären dann doppelt da.</translation>
+    </message>
+    <message>
+        <source>Lo spazio libero nella memoria non basta per tutte le song.</source>
+        <translation>Der freie Platz auf dem Speicher reicht nicht für alle Songs.</translation>
+    </message>
+    <message>
+        <source>Il player non può trovare così tante song.</source>
+        <translation>So viele Songs kann der Player nicht finden.</translation>
+    </message>
+    <message>
+        <source>Non è stato ancora copiato niente.</source>
+        <translation>Noch wurde nichts kopiert.</translation>
+    </message>
+    <message>
+        <source>Servono %1. Lo spazio libero non è noto.</source>
+        <translation>Benötigt: %1. Wie viel Platz frei ist, ist nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>Occupati: %1 di %2. Servono: %3. Liberi: %4.</source>
+        <translation>Belegt: %1 von %2. Benötigt: %3. Frei: %4.</translation>
+    </message>
+    <message>
+        <source>Song aggiunte: %1. Sostituite: %2. Rimosse: %3. Song nella memoria dopo il trasferimento: %4.</source>
+        <translation>Neue Songs: %1. Ersetzt: %2. Entfernt: %3. Songs auf dem Speicher nach der Übertragung: %4.</translation>
+    </message>
+    <message>
+        <source>Niente da copiare né da rimuovere: «Esegui» aggiorna soltanto il database della memoria.</source>
+        <translation>Nichts zu kopieren oder zu entfernen: „Ausführen“ aktualisiert nur das Songverzeichnis des Speichers.</translation>
+    </message>
+    <message>
+        <source>La song non può avere questo nome: %1</source>
+        <translation>Der Song kann nicht so heißen: %1</translation>
+    </message>
+    <message>
+        <source>Lo spazio libero non basta: mancano %1. Decidi quali song saltare.</source>
+        <translation>Der freie Platz reicht nicht: Es fehlen %1. Entscheiden Sie, welche Songs übersprungen werden.</translation>
+    </message>
+    <message>
+        <source>Song da rimuovere dalla memoria: %1
+Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</source>
+        <translation>Vom Speicher zu entfernende Songs: %1
+Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</translation>
+    </message>
+    <message>
+        <source>Troppe song per il player: %1, il massimo è %2. Decidi quali song saltare.</source>
+        <translation>Zu viele Songs für den Player: %1, höchstens %2 sind möglich. Entscheiden Sie, welche übersprungen werden.</translation>
+    </message>
+    <message>
+        <source>Nella cartella non ci sono altre song.</source>
+        <translation>Im Ordner sind keine anderen Songs.</translation>
     </message>
 </context>
 </TS>

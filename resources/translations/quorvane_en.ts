@@ -805,6 +805,10 @@ Do you want to copy all the same?</translation>
         <source>%1: sostituita da un&apos;altra song scelta con lo stesso nome</source>
         <translation>%1: replaced by another selected song of the same name</translation>
     </message>
+    <message>
+        <source>&amp;Piano di trasferimento...</source>
+        <translation>&amp;Transfer plan...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -2037,6 +2041,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
         <translation>The song index of the memory is damaged, or the memory cannot be written to. Nothing was changed.</translation>
     </message>
+    <message>
+        <source>la memoria non ha confermato l&apos;eliminazione</source>
+        <translation>the memory did not confirm the removal</translation>
+    </message>
 </context>
 <context>
     <name>SongName</name>
@@ -2114,6 +2122,236 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>la memoria non ha confermato l&apos;eliminazione</source>
         <translation>the memory did not confirm the removal</translation>
+    </message>
+</context>
+<context>
+    <name>PlannedName</name>
+    <message>
+        <source>un&apos;altra song del piano ha questo nome</source>
+        <translation>another song of the plan has this name</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanModel</name>
+    <message>
+        <source>Diverso per ogni song</source>
+        <translation>Different for each song</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
+    <message>
+        <source>Che cosa succede</source>
+        <translation>What happens</translation>
+    </message>
+    <message>
+        <source>Nella memoria</source>
+        <translation>On the memory</translation>
+    </message>
+    <message>
+        <source>Spazio</source>
+        <translation>Space</translation>
+    </message>
+    <message>
+        <source>Niente da fare</source>
+        <translation>Nothing to do</translation>
+    </message>
+    <message>
+        <source>Resta</source>
+        <translation>Stays</translation>
+    </message>
+    <message>
+        <source>Salta</source>
+        <translation>Skip</translation>
+    </message>
+    <message>
+        <source>Copia</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
+        <source>Copia con un nome nuovo</source>
+        <translation>Copy under a new name</translation>
+    </message>
+    <message>
+        <source>Tieni entrambe (nome nuovo)</source>
+        <translation>Keep both (new name)</translation>
+    </message>
+    <message>
+        <source>Sostituisci</source>
+        <translation>Replace</translation>
+    </message>
+    <message>
+        <source>Copia in una sottocartella</source>
+        <translation>Copy into a subfolder</translation>
+    </message>
+    <message>
+        <source>Rimuovi dalla memoria</source>
+        <translation>Remove from the memory</translation>
+    </message>
+    <message>
+        <source>Nuove</source>
+        <translation>New</translation>
+    </message>
+    <message>
+        <source>Già presenti</source>
+        <translation>Already there</translation>
+    </message>
+    <message>
+        <source>Presenti, ma diverse</source>
+        <translation>There, but different</translation>
+    </message>
+    <message>
+        <source>Presenti con un nome accorciato</source>
+        <translation>There under a shortened name</translation>
+    </message>
+    <message>
+        <source>Nome già usato da un&apos;altra song dell&apos;elenco</source>
+        <translation>Name taken by another selected song</translation>
+    </message>
+    <message>
+        <source>Non leggibili</source>
+        <translation>Cannot be read</translation>
+    </message>
+    <message>
+        <source>Nome non adatto alla memoria o al player</source>
+        <translation>Name that the memory or the player cannot hold</translation>
+    </message>
+    <message>
+        <source>Nella memoria, ma non nell&apos;elenco</source>
+        <translation>On the memory, but not selected</translation>
+    </message>
+</context>
+<context>
+    <name>RemedyPanel</name>
+    <message>
+        <source>&amp;Che cosa fare:</source>
+        <translation>&amp;What to do:</translation>
+    </message>
+    <message>
+        <source>Diverso per ogni song</source>
+        <translation>Different for each song</translation>
+    </message>
+    <message>
+        <source>&amp;Nome:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>Seleziona nell&apos;elenco le song di cui vuoi decidere.</source>
+        <translation>Select the songs above that you want to decide about.</translation>
+    </message>
+    <message>
+        <source>Song selezionate: %1</source>
+        <translation>Selected songs: %1</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanDialog</name>
+    <message>
+        <source>Piano di trasferimento</source>
+        <translation>Transfer plan</translation>
+    </message>
+    <message>
+        <source>Cartella:</source>
+        <translation>Folder:</translation>
+    </message>
+    <message>
+        <source>&amp;Allinea: elenca anche le song della memoria da poter rimuovere</source>
+        <translation>&amp;Bring in line: also list the memory&apos;s songs that can be removed</translation>
+    </message>
+    <message>
+        <source>Elenca le song della cartella che non sono tra quelle scelte. Vengono rimosse solo quelle che spunti.</source>
+        <translation>Lists the songs of the folder that are not among the selected ones. Only those that you tick are removed.</translation>
+    </message>
+    <message>
+        <source>&amp;Rileggi e confronta ogni file copiato</source>
+        <translation>&amp;Read back and compare each copied file</translation>
+    </message>
+    <message>
+        <source>Vale anche per i prossimi trasferimenti. La copia dura di più.</source>
+        <translation>Holds for future transfers, too. Copying takes longer.</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Copia &amp;senza piano</source>
+        <translation>Copy with&amp;out the plan</translation>
+    </message>
+    <message>
+        <source>Copia ogni song con il suo nome e chiede prima di sostituirne una.</source>
+        <translation>Copies each song under its own name and asks before one is replaced.</translation>
+    </message>
+    <message>
+        <source>&amp;Esegui</source>
+        <translation>&amp;Carry out</translation>
+    </message>
+    <message>
+        <source>Ecco che cosa succederebbe alle song scelte.</source>
+        <translation>This is what would happen to the selected songs.</translation>
+    </message>
+    <message>
+        <source>Alcune song hanno lo stesso nome: nella memoria ne resterebbe una sola.</source>
+        <translation>Some songs have the same name: only one of them would be left on the memory.</translation>
+    </message>
+    <message>
+        <source>Alcune song sono già nella memoria con un nome accorciato: ci sarebbero due volte.</source>
+        <translation>Some songs are already on the memory under a shortened name: they would be there twice.</translation>
+    </message>
+    <message>
+        <source>Lo spazio libero nella memoria non basta per tutte le song.</source>
+        <translation>There is not enough free space on the memory for all songs.</translation>
+    </message>
+    <message>
+        <source>Il player non può trovare così tante song.</source>
+        <translation>The player cannot find so many songs.</translation>
+    </message>
+    <message>
+        <source>Non è stato ancora copiato niente.</source>
+        <translation>Nothing has been copied yet.</translation>
+    </message>
+    <message>
+        <source>Servono %1. Lo spazio libero non è noto.</source>
+        <translation>Needed: %1. How much space is free is not known.</translation>
+    </message>
+    <message>
+        <source>Occupati: %1 di %2. Servono: %3. Liberi: %4.</source>
+        <translation>Used: %1 of %2. Needed: %3. Free: %4.</translation>
+    </message>
+    <message>
+        <source>Song aggiunte: %1. Sostituite: %2. Rimosse: %3. Song nella memoria dopo il trasferimento: %4.</source>
+        <translation>Songs added: %1. Replaced: %2. Removed: %3. Songs on the memory after the transfer: %4.</translation>
+    </message>
+    <message>
+        <source>Niente da copiare né da rimuovere: «Esegui» aggiorna soltanto il database della memoria.</source>
+        <translation>Nothing to copy or to remove: “Carry out” only updates the song index of the memory.</translation>
+    </message>
+    <message>
+        <source>La song non può avere questo nome: %1</source>
+        <translation>The song cannot have this name: %1</translation>
+    </message>
+    <message>
+        <source>Lo spazio libero non basta: mancano %1. Decidi quali song saltare.</source>
+        <translation>There is not enough free space: %1 more is needed. Decide which songs to skip.</translation>
+    </message>
+    <message>
+        <source>Song da rimuovere dalla memoria: %1
+Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</source>
+        <translation>Songs to remove from the memory: %1
+They are deleted for good, with their karaoke pictures. Remove them?</translation>
+    </message>
+    <message>
+        <source>Troppe song per il player: %1, il massimo è %2. Decidi quali song saltare.</source>
+        <translation>Too many songs for the player: %1, the most it can find is %2. Decide which songs to skip.</translation>
+    </message>
+    <message>
+        <source>Nella cartella non ci sono altre song.</source>
+        <translation>There are no other songs in the folder.</translation>
     </message>
 </context>
 </TS>

@@ -15,11 +15,15 @@
 #include "windows/progresswindow.h"
 #include "windows/runreportbox.h"
 #include "windows/songslistdialog.h"
+#include "windows/transferplandialog.h"
 #include "windows/unreadablefilesdialog.h"
 #include "windows/usersongsreltablemodel.h"
 
+#include <QCheckBox>
+#include <QDir>
 #include <QTableView>
 #include <QTest>
+#include <QTreeView>
 
 #include <functional>
 #include <memory>
@@ -150,6 +154,67 @@ inline std::unique_ptr<QWidget> yesNoQuestion()
     return dialog;
 }
 
+/** A plan with a song in each state. */
+inline TransferPlan examplePlan()
+{
+    using State = TransferPlan::State;
+    using Remedy = TransferPlan::Remedy;
+    constexpr qint64 megabyte = 1000000;
+    TransferPlan plan;
+    plan.root = QDir::homePath();
+    plan.folder = plan.root + QStringLiteral("/songs");
+    plan.totalBytes = 8000 * megabyte;
+    plan.freeBytes = 1200 * megabyte;
+    plan.songsThere = 2345;
+    const auto add = [&plan](State state, Remedy remedy, const QString &name,
+                             const QString &target) {
+        TransferPlan::Item item;
+        item.path = longPath.section(QLatin1Char('/'), 0, -2) + QLatin1Char('/') + name;
+        item.state = state;
+        item.remedy = remedy;
+        item.target = plan.folder + QLatin1Char('/') + name;
+        item.room = 4 * megabyte;
+        if (remedy == Remedy::KeepBoth)
+            item.keepBothTarget = plan.folder + QLatin1Char('/') + target;
+        if (state == State::Remove)
+            item.path = item.target;
+        plan.items.append(item);
+    };
+    add(State::Collides, Remedy::KeepBoth, QStringLiteral("Volare.mid"),
+        QStringLiteral("Volare-1.mid"));
+    add(State::Renamed, Remedy::Skip, QStringLiteral("O sole mio.mid"), {});
+    add(State::Differs, Remedy::Replace, QStringLiteral("Roma.mid"), {});
+    add(State::TooLong, Remedy::KeepBoth, QStringLiteral("Dimmi: quando?.mid"),
+        QStringLiteral("Dimmi-1.mid"));
+    add(State::Unreadable, Remedy::Skip, QStringLiteral("Marina.mid"), {});
+    add(State::New, Remedy::Copy, QStringLiteral("Azzurro.mid"), {});
+    add(State::Same, Remedy::Skip, QStringLiteral("Sapore.mid"), {});
+    add(State::Remove, Remedy::Skip, QStringLiteral("Old.mid"), {});
+    plan.items[1].isThere = true;
+    plan.items[1].target = plan.folder + QStringLiteral("/Osolem-1.mid");
+    plan.items[4].reason = QCoreApplication::translate("TransferPlanner", "il file non c'è più");
+    return plan;
+}
+
+/** The plan that the user asked for, with a song selected. */
+inline std::unique_ptr<QWidget> requestedPlan()
+{
+    auto dialog =
+        std::make_unique<TransferPlanDialog>(examplePlan(), TransferPlanDialog::Purpose::Request);
+    auto *const tree = dialog->findChild<QTreeView *>();
+    dialog->findChild<QCheckBox *>(QStringLiteral("othersCheckBox"))->setChecked(true);
+    tree->setCurrentIndex(tree->model()->index(0, 0, tree->model()->index(0, 0)));
+    return dialog;
+}
+
+/** A plan that does not fit into the memory, as it opens by itself. */
+inline std::unique_ptr<QWidget> planWarning()
+{
+    TransferPlan plan = examplePlan();
+    plan.freeBytes = 1;
+    return std::make_unique<TransferPlanDialog>(plan, TransferPlanDialog::Purpose::Warning);
+}
+
 /** A progress window stays the child of the widget that is handed out. */
 class ProgressHolder : public QWidget
 {
@@ -197,6 +262,8 @@ inline const QList<Case> &windows()
         {"memory", plain<IndexDialog>},
         {"songslist", plain<SongsListDialog>},
         {"progress", plain<ProgressHolder>},
+        {"plan", requestedPlan},
+        {"plan-warning", planWarning},
     };
     return all;
 }
