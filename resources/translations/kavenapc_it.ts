@@ -2041,10 +2041,6 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
         <translation>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</translation>
     </message>
-    <message>
-        <source>la memoria non ha confermato l&apos;eliminazione</source>
-        <translation>la memoria non ha confermato l&apos;eliminazione</translation>
-    </message>
 </context>
 <context>
     <name>SongName</name>

@@ -2041,10 +2041,6 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
         <translation>Das Songverzeichnis des Speichers ist beschädigt, oder der Speicher kann nicht beschrieben werden. Es wurde nichts geändert.</translation>
     </message>
-    <message>
-        <source>la memoria non ha confermato l&apos;eliminazione</source>
-        <translation>der Speicher hat das Entfernen nicht bestätigt</translation>
-    </message>
 </context>
 <context>
     <name>SongName</name>

@@ -2041,10 +2041,6 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
         <translation>The song index of the memory is damaged, or the memory cannot be written to. Nothing was changed.</translation>
     </message>
-    <message>
-        <source>la memoria non ha confermato l&apos;eliminazione</source>
-        <translation>the memory did not confirm the removal</translation>
-    </message>
 </context>
 <context>
     <name>SongName</name>
