@@ -56,7 +56,9 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
     if (isRoot)
         dest += songsFolder;
     if (m_user.reviewsPlans()) {
-        std::optional<TransferPlan> plan = makePlan(files, root, dest, false);
+        std::optional<TransferPlan> plan = makePlan(files, root, dest, Look::Quick);
+        if (plan && plan->needsReview())
+            plan = makePlan(files, root, dest, Look::Songs);
         if (!plan)
             return Outcome::NotStarted;
         const auto review =
@@ -94,7 +96,8 @@ std::optional<TransferPlan> Transfer::planTransfer(const QStringList &files, boo
     if (dest.isEmpty())
         return std::nullopt;
     const QString folder = m_volumes.isRoot(dest) ? dest + songsFolder : dest;
-    return makePlan(files, m_volumes.getRootDrivePath(dest), folder, others);
+    return makePlan(files, m_volumes.getRootDrivePath(dest), folder,
+                    others ? Look::AlsoOthers : Look::Songs);
 }
 
 Transfer::Outcome Transfer::carryOut(const TransferPlan &plan)
@@ -129,14 +132,16 @@ Transfer::Outcome Transfer::carryOut(const TransferPlan &plan, MemoryLock &lock)
 
 /** Nothing when the user stopped it. */
 std::optional<TransferPlan> Transfer::makePlan(const QStringList &files, const QString &root,
-                                               const QString &folder, bool others)
+                                               const QString &folder, Look look)
 {
     TransferPlanner planner(root, folder);
     MemoryRoom room = MemoryRoom::of(root);
     room.freeBytes = m_freeBytes(root);
     planner.setRoom(room);
-    if (others)
+    if (look == Look::AlsoOthers)
         planner.listOthers();
+    if (look == Look::Quick)
+        planner.trustNames();
     const std::unique_ptr<Progress> progress = m_openProgress(
         tr("Trasferimento"), tr("Confronto con la memoria..."), static_cast<int>(files.size()));
     std::optional<TransferPlan> plan = planner.plan(files, *progress);

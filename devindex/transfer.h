@@ -122,8 +122,15 @@ public:
     bool updateKavenaIndex(const QString &path);
 
 private:
+    /** How closely a plan looks at the memory. */
+    enum class Look {
+        Quick,     ///< only far enough to learn whether songs would be lost or doubled
+        Songs,     ///< at the songs of the list
+        AlsoOthers ///< and at those that are not in the list
+    };
+
     std::optional<TransferPlan> makePlan(const QStringList &files, const QString &root,
-                                         const QString &folder, bool others);
+                                         const QString &folder, Look look);
     Outcome carryOut(const TransferPlan &plan, MemoryLock &lock);
     QString chooseDestination();
     bool isThere(const TransferPlan &plan);

@@ -176,7 +176,8 @@ void TransferPlanner::lookUnderItsName(Item &item)
     const QString there = existing(item.target);
     if (there.isEmpty() || m_taken.contains(nameKey(there)))
         return;
-    const std::optional<State> found = lies(item, there);
+    const bool isTrusted = m_trustsNames && QFileInfo(there).size() == item.size;
+    const std::optional<State> found = isTrusted ? State::Same : lies(item, there);
     if (found)
         settle(item, *found, there);
 }
