@@ -235,7 +235,9 @@ void TestPlanBeforeTransfer::copyWithoutThePlanGoesAsAlways()
     QCOMPARE(m_plans, 1);
     QCOMPARE(m_questions, QStringList(s("esiste già, vuoi sostituirlo?")));
     QCOMPARE(m_card->read(s("pop/same.mid")), MountedCard::midi("TWO"));
-    QCOMPARE(m_user->messages(), QStringList({successText, countsText(2, 0, 0)}));
+    QCOMPARE(m_user->messages(), QStringList({successText, countsText(1, 1, 0)}));
+    QCOMPARE(m_details,
+             QStringList(s("same.mid: sostituita da un'altra song scelta con lo stesso nome")));
 }
 
 void TestPlanBeforeTransfer::cancelledPlanTouchesNothing()
