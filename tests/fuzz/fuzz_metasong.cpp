@@ -52,7 +52,7 @@ void requireWritten(const SongInfo &written, const SongInfo &read)
     }
 }
 
-/** The first byte of the audio, by the tag's size field. */
+/** The first byte of the audio, by the tag's size field; a footer goes when the song is saved. */
 qsizetype audioStart(const QByteArray &file)
 {
     if (!file.startsWith("ID3") || file.size() < 10)
@@ -64,6 +64,10 @@ qsizetype audioStart(const QByteArray &file)
             return 10;
         size = size * 128 + byte;
     }
+    const bool hasFooter = file.at(3) == 4 && (file.at(5) & 0x10) != 0;
+    const QByteArray footer = file.mid(10 + size, 10);
+    if (hasFooter && footer.size() == 10 && footer.startsWith("3DI"))
+        size += 10;
     return std::min(10 + size, file.size());
 }
 
