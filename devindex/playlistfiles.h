@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QSet>
 #include <QString>
 
 class PathFinder;
@@ -55,6 +56,15 @@ public:
      * ends it.
      */
     Outcome restoreIds(quint16 number, PathFinder &songs) const;
+
+    /**
+     * Gives the playlist's songs whose ids are not among the known ones the ids of the songs that
+     * the path file names in their places. Nothing when the path file does not have as many songs
+     * as the playlist, which then was changed after it was made. The number of songs that got an
+     * id is added to mended.
+     */
+    Outcome mendIds(quint16 number, const QSet<quint32> &known, PathFinder &songs,
+                    int &mended) const;
 
 private:
     static QByteArray pathsOf(QFile &playlist, const QList<SongInfoIndex> &entries);
