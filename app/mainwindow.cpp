@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 
 #include "app/actiongate.h"
+#include "app/memories.h"
 #include "app/rowediting.h"
 #include "app/songbackup.h"
 #include "app/songdrop.h"
@@ -54,6 +55,8 @@ MainWindow::MainWindow(QWidget *parent)
     new ReadableLinks(this);
     new ScreenRoom(this);
     ui->setupUi(this);
+    m_memories.reset(
+        new Memories(this, ui->actionMemory, *m_actionGate, m_database, m_busy, m_progress));
     setWindowTitle(tr("Kavena PC"));
     applyBranding();
     m_preferences.show();
@@ -129,7 +132,7 @@ void MainWindow::changeEvent(QEvent *event)
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    if (m_busy) {
+    if (m_busy || !m_memories->close()) {
         event->ignore();
         return;
     }
@@ -328,7 +331,9 @@ bool MainWindow::transferSelectedFiles()
 {
     const BusyGuard busy(m_busy);
     TransferDialogs dialogs(this);
+    dialogs.offerNext();
     const auto outcome = Transfer(dialogs, m_progress.open()).transferFiles(m_selectedFiles);
+    m_memories->goOn(dialogs.next(), dialogs.folder());
     return outcome != Transfer::Outcome::NotStarted;
 }
 

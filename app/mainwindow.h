@@ -20,6 +20,7 @@
 #include <QStringList>
 
 class ActionGate;
+class Memories;
 class MissingLibrary;
 class RowEditing;
 class SongImport;
@@ -185,6 +186,7 @@ private:
 
     ActionGate *const m_actionGate;
     ActionButtons m_buttons;
+    QScopedPointer<Memories> m_memories;
     MissingLibrary *m_missingLibrary = nullptr; ///< only when the database could not be opened
 
     // These are null when the database could not be opened.

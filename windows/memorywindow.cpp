@@ -114,6 +114,12 @@ void MemoryWindow::setContents(const SharedContents &contents)
     enableEject();
 }
 
+void MemoryWindow::showDuplicates(const QList<memoryduplicates::Group> &groups)
+{
+    m_songs->addDuplicates(groups);
+    m_duplicates->setSameBytes(groups);
+}
+
 void MemoryWindow::showMessage(const QString &text)
 {
     ui->messageLabel->setText(text);

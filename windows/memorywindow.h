@@ -46,6 +46,9 @@ public:
     /** Shows a sentence below the pages, until the next one. */
     void showMessage(const QString &text);
 
+    /** Marks and lists the songs that have the same bytes as others. */
+    void showDuplicates(const QList<memoryduplicates::Group> &groups);
+
     BackgroundJob &job() { return m_job; }
 
     /** Starts work that changes nothing: closing the window stops it. */
