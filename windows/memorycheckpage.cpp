@@ -18,6 +18,12 @@ using Kind = MemoryCheck::Kind;
 /** More lines nobody reads, and a hostile index could have millions. */
 constexpr qsizetype mostLines = 500;
 
+/** The button's text as part of a sentence. */
+QString nameOf(const QPushButton *button)
+{
+    return button->text().remove(QLatin1Char('&')).remove(QStringLiteral("..."));
+}
+
 /** Kinds that mean the same to a user are told together. */
 Kind toldAs(Kind kind)
 {
@@ -162,8 +168,8 @@ QString MemoryCheckPage::sentence(Kind kind)
 QString MemoryCheckPage::remedy(Kind kind) const
 {
     if (kind == Kind::UnknownSongInPlaylist)
-        return m_widgets.mend->text();
+        return nameOf(m_widgets.mend);
     if (kind == Kind::TooManySongs)
         return tr("eliminare song");
-    return isHelpedByUpdate(kind) ? m_widgets.update->text() : m_widgets.rebuild->text();
+    return nameOf(isHelpedByUpdate(kind) ? m_widgets.update : m_widgets.rebuild);
 }

@@ -3,6 +3,7 @@
 
 #include "app/mainwindow.h"
 #include "app/statussummary.h"
+#include "support/filledmemory.h"
 #include "windows/aboutdialog.h"
 #include "windows/backupdialog.h"
 #include "windows/changepreviewdialog.h"
@@ -13,6 +14,7 @@
 #include "windows/nocopyrightdialog.h"
 #include "windows/proceeddialog.h"
 #include "windows/progresswindow.h"
+#include "windows/renamesongdialog.h"
 #include "windows/runreportbox.h"
 #include "windows/songslistdialog.h"
 #include "windows/unreadablefilesdialog.h"
@@ -167,6 +169,12 @@ private:
     ProgressWindow m_progress;
 };
 
+inline std::unique_ptr<QWidget> renameQuestion()
+{
+    return std::make_unique<RenameSongDialog>(QStringLiteral("/nowhere"),
+                                              QStringLiteral("/songs/Azzurro.mid"));
+}
+
 template <typename Window>
 std::unique_ptr<QWidget> plain()
 {
@@ -197,6 +205,12 @@ inline const QList<Case> &windows()
         {"memory", plain<IndexDialog>},
         {"songslist", plain<SongsListDialog>},
         {"progress", plain<ProgressHolder>},
+        {"memory-empty", plain<MemoryWindow>},
+        {"memory-songs", [] { return filledmemory::window(0); }},
+        {"memory-playlists", [] { return filledmemory::window(1); }},
+        {"memory-duplicates", [] { return filledmemory::window(2); }},
+        {"memory-check", [] { return filledmemory::window(3); }},
+        {"memory-rename", renameQuestion},
     };
     return all;
 }
