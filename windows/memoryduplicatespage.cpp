@@ -40,7 +40,7 @@ void MemoryDuplicatesPage::setContents(const SharedContents &contents)
     m_contents = contents;
     m_sameBytes.clear();
     m_isCompared = false;
-    m_widgets.tree->clear(); // nothing stays ticked
+    m_items.clear(); // nothing stays ticked
     showGroups();
 }
 

@@ -19,7 +19,7 @@ namespace
 {
 
 /** Widths in characters: measuring 65,535 rows would take longer than reading them. */
-constexpr int widths[] = {26, 20, 14, 9, 6, 8, 6, 11, 26, 40};
+constexpr int widths[] = {26, 20, 14, 9, 6, 8, 6, 12, 34, 34};
 
 } // namespace
 
@@ -52,6 +52,7 @@ void MemorySongsPage::setUpTable()
     const int character = table->fontMetrics().averageCharWidth();
     for (int column = 0; column < MemorySongsModel::columns; ++column)
         table->setColumnWidth(column, widths[column] * character);
+    makeRoomForTitles();
     table->horizontalHeader()->setSectionsClickable(true);
     table->horizontalHeader()->setSortIndicatorShown(true);
     connect(table->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
@@ -68,6 +69,15 @@ void MemorySongsPage::setUpTable()
     });
     connect(table, &QTableView::doubleClicked, this, [this] { m_widgets.edit->click(); });
     connect(table, &QTableView::customContextMenuRequested, this, &MemorySongsPage::showMenu);
+}
+
+/** The titles of the columns are longer in some languages than what stands below. */
+void MemorySongsPage::makeRoomForTitles()
+{
+    const QHeaderView *const header = m_widgets.table->horizontalHeader();
+    for (int column = 0; column < MemorySongsModel::columns; ++column)
+        m_widgets.table->setColumnWidth(
+            column, std::max(header->sectionSize(column), header->sectionSizeHint(column)));
 }
 
 void MemorySongsPage::connectButtons()
@@ -237,6 +247,7 @@ void MemorySongsPage::retranslate()
     const QList<qsizetype> songs = chosen();
     const qsizetype current = currentSong();
     m_model->retranslate();
+    makeRoomForTitles();
     choose(songs, current);
 }
 

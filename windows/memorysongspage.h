@@ -67,6 +67,7 @@ signals:
 
 private:
     void setUpTable();
+    void makeRoomForTitles();
     void connectButtons();
     void applyFilter();
     void enableButtons();

@@ -92,7 +92,7 @@ inline std::unique_ptr<QWidget> window(int page)
     shown->showDuplicates(*memoryduplicates::sameBytes(contents->songs(), progress));
     shown->checkPage().setFindings(MemoryCheck(card.root()).run());
     shown->showMessage(
-        QCoreApplication::translate("MemoryCare", "La memoria non è più collegata."));
+        QCoreApplication::translate("MemorySongWork", "%n song eliminate dalla memoria.", "", 3));
     shown->findChild<QTabWidget *>()->setCurrentIndex(page);
     return shown;
 }
