@@ -9,6 +9,7 @@
 #include "windows/memoryduplicatespage.h"
 #include "windows/memorywindow.h"
 
+#include <QApplication>
 #include <QFileInfo>
 #include <QMessageBox>
 
@@ -31,6 +32,10 @@ MemoryCare::MemoryCare(MemoryWindow *window)
     : QObject(window)
     , m_window(*window)
 {
+    constexpr int laterMilliseconds = 200;
+    m_later.setSingleShot(true);
+    m_later.setInterval(laterMilliseconds);
+    connect(&m_later, &QTimer::timeout, this, [this] { read(m_laterMessage); });
     connect(window, &MemoryWindow::readRequested, this, [this] { read(); });
     connect(window, &MemoryWindow::ejectRequested, this, &MemoryCare::eject);
     connect(&window->duplicatesPage(), &MemoryDuplicatesPage::compareRequested, this,
@@ -44,16 +49,20 @@ MemoryCare::MemoryCare(MemoryWindow *window)
 
 void MemoryCare::read(const QString &message)
 {
-    if (m_window.job().isRunning()) {
-        m_readAgain = true;
+    const QString root = m_window.root();
+    if (m_window.job().isRunning() && m_readRoot == root)
+        return;
+    m_laterMessage = message;
+    if (m_window.job().isRunning() || QApplication::activeModalWidget() != nullptr) {
+        m_later.start();
         return;
     }
-    const QString root = m_window.root();
     if (root.isEmpty()) {
         m_window.setContents(nullptr);
         m_window.showMessage({});
         return;
     }
+    m_readRoot = root;
     const auto contents = std::make_shared<MemoryContents>(root);
     const auto problem = resultOf<QString>();
     const OpenProgress open = m_window.job().openProgress();
@@ -61,14 +70,13 @@ void MemoryCare::read(const QString &message)
     m_window.startReading(
         [contents, problem, open, label] { *problem = contents->read(*open({}, label, 0)); },
         [this, contents, problem, message] {
+            m_readRoot.clear();
             m_window.setContents(contents->isRead() ? contents : nullptr);
             if (contents->isRead())
                 m_window.showMessage(message);
             else
                 m_window.showMessage(problem->isEmpty() ? tr("La lettura è stata interrotta.")
                                                         : *problem);
-            if (std::exchange(m_readAgain, false))
-                read();
         });
 }
 
@@ -165,7 +173,7 @@ void MemoryCare::mendPlaylists()
         !confirm(tr("Le song perdute tornano nelle playlist, dove l'ultimo aggiornamento ha "
                     "annotato quali erano. Il resto delle playlist non cambia. Procedere?")))
         return;
-    const QString root = m_window.root();
+    const QString root = m_window.contents()->root();
     const auto report = resultOf<PlaylistRepair::Report>();
     m_window.job().start(
         [root, report] { *report = PlaylistRepair(root).run(); },
@@ -206,10 +214,10 @@ void MemoryCare::eject()
 void MemoryCare::change(const std::function<SongChanges::Report(SongChanges &changes)> &work,
                         const std::function<QString(const SongChanges::Report &report)> &message)
 {
-    if (!isThere())
-        return;
-    const QString root = m_window.root();
     BackgroundJob &job = m_window.job();
+    if (job.isRunning() || !m_window.contents() || !isThere())
+        return;
+    const QString root = m_window.contents()->root(); // the songs that the user saw are on it
     const auto report = resultOf<SongChanges::Report>();
     job.start(
         [root, &job, work, report] {

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 #include <functional>
 
@@ -19,7 +20,10 @@ public:
     /** The window owns the object. */
     explicit MemoryCare(MemoryWindow *window);
 
-    /** Reads the memory that is chosen and shows it, then the message. */
+    /**
+     * Reads the memory that is chosen and shows it, then the message; as soon as no other work runs
+     * and no question is open, which could be about songs that are shown now.
+     */
     void read(const QString &message = {});
 
     /** Reads the files of the memory to find those with the same bytes. */
@@ -49,5 +53,7 @@ private:
     void warn(const QString &text);
 
     MemoryWindow &m_window;
-    bool m_readAgain = false;
+    QString m_readRoot; ///< of the memory that is being read; else empty
+    QTimer m_later;     ///< runs while a memory that was asked for has to wait
+    QString m_laterMessage;
 };

@@ -229,6 +229,7 @@ QString MemorySongWork::load(const QString &root, MemorySong &listed, SongInfo &
 
 void MemorySongWork::editInfo(const QList<MemorySong> &songs, const SongInfo &info)
 {
+    const QString root = m_window.contents()->root();
     m_dialog->setOthers(songs.size() > 1 ? DataEditDialog::Others::Chosen
                                          : DataEditDialog::Others::None);
     const std::optional<SongEdit> edit = editInDialog(*m_dialog, m_database, info);
@@ -236,7 +237,6 @@ void MemorySongWork::editInfo(const QList<MemorySong> &songs, const SongInfo &in
         return;
     const QString shown = songs.constFirst().info.path;
     const QList<MemorySong> concerned = concernsOthers(*edit) ? songs : songs.first(1);
-    const QString root = m_window.contents()->root();
     m_care.change(
         [concerned, shown, root, edit = *edit](SongChanges &changes) {
             const Picked picked = pick(concerned);

@@ -254,6 +254,6 @@ void MemoryWindow::keyPressEvent(QKeyEvent *event)
 void MemoryWindow::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    if (!event->spontaneous() && !m_contents)
-        m_chosen.start();
+    if (!event->spontaneous())
+        m_chosen.start(); // what was read for an earlier look may be old
 }

@@ -35,6 +35,8 @@ private slots:
     void readingIsStoppedByItsButton();
     void closesWithTheMainWindow();
     void anotherMemoryIsShown();
+    void eachOpeningReadsAnew();
+    void memoryThatIsChosenDuringWorkIsShownAfterIt();
     void followsTheLanguage();
 
     void ejectNeedsAMemoryAndAService();
@@ -216,6 +218,31 @@ void TestMemoryWindowTrouble::anotherMemoryIsShown()
     QVERIFY(find<QLabel>("labelFacts")->text().contains(text("senza database")));
 }
 
+void TestMemoryWindowTrouble::eachOpeningReadsAnew()
+{
+    open();
+    m_window->close();
+    m_card->writeOnCard(text("Late.mid"), MountedCard::midi("Late"));
+    m_card->isLeftBroken();
+    open();
+    QVERIFY(shownPaths().contains(text("/Late.mid")));
+}
+
+void TestMemoryWindowTrouble::memoryThatIsChosenDuringWorkIsShownAfterIt()
+{
+    open();
+    const MountedCard other;
+    other.writeOnCard(text("Solo.mid"), MountedCard::midi("Solo"));
+    QSemaphore mayEnd;
+    m_window->job().start([&mayEnd] { mayEnd.acquire(); }, [] {});
+    m_window->choose(other.root());
+    QTest::qWait(10);
+    QCOMPARE(shownPaths().size(), 6);
+    mayEnd.release();
+    QTRY_COMPARE(shownPaths(), QStringList(text("/Solo.mid")));
+    waitUntilIdle();
+}
+
 void TestMemoryWindowTrouble::followsTheLanguage()
 {
     open();
@@ -241,7 +268,7 @@ void TestMemoryWindowTrouble::ejectNeedsAMemoryAndAService()
         QSKIP("needs root");
     filledmemory::fill(*m_card);
     m_window->show();
-    click("pushButtonReload");
+    waitUntilIdle();
     QVERIFY(!find<QPushButton>("pushButtonEject")->isEnabled());
     QVERIFY(find<QPushButton>("pushButtonEject")->toolTip().contains(text("non risponde")));
     QVERIFY(startService({{text("can_power_off"), true}}));

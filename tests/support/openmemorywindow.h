@@ -84,11 +84,9 @@ protected:
         return nullptr;
     }
 
-    void waitUntilIdle()
+    void waitUntilIdle() const
     {
-        QCoreApplication::processEvents();
-        QTRY_VERIFY(!m_window->job().isRunning());
-        QCoreApplication::processEvents();
+        QTest::qWait(1); // the work begins when the events are done
         QTRY_VERIFY(!m_window->job().isRunning());
     }
 
