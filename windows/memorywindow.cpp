@@ -97,6 +97,14 @@ void MemoryWindow::choose(const QString &folder)
     ui->lineEditPath->setText(folder);
 }
 
+/** Where only one memory is connected there is nothing to choose. */
+void MemoryWindow::chooseOnlyMemory()
+{
+    const QList<MountedMemory> memories = MountedVolumes().memories();
+    if (memories.size() == 1)
+        choose(memories.constFirst().path);
+}
+
 void MemoryWindow::startReading(std::function<void()> work, std::function<void()> done)
 {
     m_isReading = true;
@@ -254,6 +262,9 @@ void MemoryWindow::keyPressEvent(QKeyEvent *event)
 void MemoryWindow::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    if (!event->spontaneous())
-        m_chosen.start(); // what was read for an earlier look may be old
+    if (event->spontaneous())
+        return;
+    if (ui->lineEditPath->text().isEmpty())
+        chooseOnlyMemory();
+    m_chosen.start(); // what was read for an earlier look may be old
 }

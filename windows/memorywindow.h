@@ -73,6 +73,7 @@ protected:
 private:
     void makePages();
     void connectJob();
+    void chooseOnlyMemory();
     void showFacts();
     void showSpace();
     void setBusy(bool busy);

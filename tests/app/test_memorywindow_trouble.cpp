@@ -35,6 +35,8 @@ private slots:
     void readingIsStoppedByItsButton();
     void closesWithTheMainWindow();
     void anotherMemoryIsShown();
+    void onlyMemoryNeedsNoChoice();
+    void severalMemoriesNeedAChoice();
     void eachOpeningReadsAnew();
     void memoryThatIsChosenDuringWorkIsShownAfterIt();
     void followsTheLanguage();
@@ -216,6 +218,22 @@ void TestMemoryWindowTrouble::anotherMemoryIsShown()
     waitUntilIdle();
     QCOMPARE(shownPaths(), QStringList(text("/Solo.mid")));
     QVERIFY(find<QLabel>("labelFacts")->text().contains(text("senza database")));
+}
+
+void TestMemoryWindowTrouble::onlyMemoryNeedsNoChoice()
+{
+    OwnSettings::set(settings::mediaRoot, QString());
+    open();
+    QCOMPARE(shownPaths().size(), 6);
+}
+
+void TestMemoryWindowTrouble::severalMemoriesNeedAChoice()
+{
+    OwnSettings::set(settings::mediaRoot, QString());
+    QVERIFY(QDir().mkpath(m_card->mountDirectory() + text("/OTHER")));
+    open();
+    QCOMPARE(shownPaths().size(), 0);
+    QCOMPARE(find<QLabel>("labelFacts")->text(), text("Scegliere una memoria"));
 }
 
 void TestMemoryWindowTrouble::eachOpeningReadsAnew()
