@@ -373,6 +373,7 @@ void Demo::lookAtMemory()
     auto *const tabs = child<QTabWidget>(window, "tabs");
     click("pushButtonReload");
     child<QTableView>(window, "songsTableView")->selectRow(1);
+    QTest::qWait(0); // the labels get room for their texts
     document(window, QStringLiteral("memorysongs"));
     shoot(QStringLiteral("memory-songs"));
     tabs->setCurrentIndex(2);
