@@ -232,13 +232,13 @@ void MemorySongWork::editInfo(const QList<MemorySong> &songs, const SongInfo &in
     const QString root = m_window.contents()->root();
     m_dialog->setOthers(songs.size() > 1 ? DataEditDialog::Others::Chosen
                                          : DataEditDialog::Others::None);
-    const std::optional<SongEdit> edit = editInDialog(*m_dialog, m_database, info);
-    if (!edit)
+    const std::optional<SongEdit> entered = editInDialog(*m_dialog, m_database, info);
+    if (!entered)
         return;
     const QString shown = songs.constFirst().info.path;
-    const QList<MemorySong> concerned = concernsOthers(*edit) ? songs : songs.first(1);
+    const QList<MemorySong> concerned = concernsOthers(*entered) ? songs : songs.first(1);
     m_care.change(
-        [concerned, shown, root, edit = *edit](SongChanges &changes) {
+        [concerned, shown, root, edit = *entered](SongChanges &changes) {
             const Picked picked = pick(concerned);
             SongChanges::Report report = changes.rewriteAll(picked.paths, [&](const QString &path) {
                 return save(root + path, edit, path == shown);

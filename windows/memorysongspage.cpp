@@ -19,7 +19,7 @@ namespace
 {
 
 /** Widths in characters: measuring 65,535 rows would take longer than reading them. */
-constexpr int widths[] = {26, 20, 16, 8, 6, 8, 6, 11, 34, 28};
+constexpr int widths[] = {26, 20, 16, 8, 6, 8, 6, 13, 34, 30};
 
 } // namespace
 
