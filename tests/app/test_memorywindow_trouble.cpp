@@ -45,6 +45,7 @@ private slots:
     void ejectsTheMemory();
     void busyMemoryIsNotCalledEjected();
     void transferOffersTheWindow();
+    void transferOffersToEject();
 
 private:
     bool startService(QJsonObject parameters)
@@ -367,6 +368,39 @@ void TestMemoryWindowTrouble::transferOffersTheWindow()
     QVERIFY(m_window != nullptr);
     waitUntilIdle();
     QVERIFY(shownPaths().contains(text("/songs/Fresh.mid")));
+}
+
+void TestMemoryWindowTrouble::transferOffersToEject()
+{
+    const SmallMemory memory(m_card->root(), 0, "size=1m");
+    if (!memory.isMounted())
+        QSKIP("needs root");
+    QVERIFY(QDir().mkpath(m_card->path(text("songs"))));
+    QVERIFY(startService({{text("can_power_off"), true}}));
+    m_main->setSelectedFiles({m_card->writeMusic(text("Fresh.mid"), MountedCard::midi("Fresh"))});
+    UserDriver user;
+    user.pick({m_card->path(text("songs"))});
+    QStringList said;
+    user.add([&said](QWidget *window) {
+        auto *const box = qobject_cast<QMessageBox *>(window);
+        if (box == nullptr)
+            return false;
+        said.append(box->text());
+        QAbstractButton *chosen = box->button(QMessageBox::Ok);
+        for (QAbstractButton *const button : box->buttons()) {
+            if (button->text() == text("Espelli la memoria"))
+                chosen = button;
+        }
+        QTest::mouseClick(chosen, Qt::LeftButton);
+        return true;
+    });
+    m_main->transferFiles();
+    QCOMPARE(said.size(), 3); // what the transfer always says, and what became of the memory
+    QVERIFY(said.at(1).startsWith(text("Song copiate: 1")));
+    QCOMPARE(said.at(2), text("Adesso la memoria si può scollegare."));
+    QCOMPARE(m_bus.calls(), QStringList({text("Unmount"), text("PowerOff")}));
+    QVERIFY(windowOnScreen() == nullptr);
+    QVERIFY(m_main->transferButton()->isVisible() && QApplication::activeModalWidget() == nullptr);
 }
 
 int main(int argc, char *argv[])
