@@ -70,10 +70,19 @@ void MemoryWindow::connectJob()
         m_job.cancel();
         ui->pushButtonStop->setEnabled(false);
     });
-    connect(&m_job, &BackgroundJob::began, this, [this] { setBusy(true); });
+    connect(&m_job, &BackgroundJob::began, this, [this] {
+        m_focusBefore = focusWidget();
+        setBusy(true);
+        m_focusSince = focusWidget();
+    });
     connect(&m_job, &BackgroundJob::ended, this, [this] {
         m_isReading = false;
         setBusy(false);
+        // A button that the user has pressed keeps the focus, unless he has put it elsewhere.
+        if (m_focusBefore != nullptr && m_focusBefore != m_focusSince &&
+            m_focusBefore->isEnabled() &&
+            (focusWidget() == m_focusSince || focusWidget() == nullptr))
+            m_focusBefore->setFocus();
     });
     connect(&m_job, &BackgroundJob::progressChanged, this,
             [this](const QString &label, int done, int maximum) {

@@ -4,6 +4,7 @@
 #include "windows/backgroundjob.h"
 #include "windows/memorycontents.h"
 
+#include <QPointer>
 #include <QScopedPointer>
 #include <QString>
 #include <QWidget>
@@ -89,4 +90,6 @@ private:
     BackgroundJob m_job;
     QTimer m_chosen; ///< runs out when a memory was chosen
     bool m_isReading = false;
+    QPointer<QWidget> m_focusBefore; ///< what lost the focus when work began
+    QPointer<QWidget> m_focusSince;  ///< what got it instead
 };

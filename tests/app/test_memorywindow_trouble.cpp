@@ -37,6 +37,7 @@ private slots:
     void anotherMemoryIsShown();
     void onlyMemoryNeedsNoChoice();
     void severalMemoriesNeedAChoice();
+    void pressedButtonKeepsTheFocus();
     void eachOpeningReadsAnew();
     void memoryThatIsChosenDuringWorkIsShownAfterIt();
     void followsTheLanguage();
@@ -235,6 +236,16 @@ void TestMemoryWindowTrouble::severalMemoriesNeedAChoice()
     open();
     QCOMPARE(shownPaths().size(), 0);
     QCOMPARE(find<QLabel>("labelFacts")->text(), text("Scegliere una memoria"));
+}
+
+void TestMemoryWindowTrouble::pressedButtonKeepsTheFocus()
+{
+    open();
+    find<QPushButton>("pushButtonReload")->setFocus();
+    QTest::keyClick(find<QPushButton>("pushButtonReload"), Qt::Key_Space);
+    QVERIFY(m_window->job().isRunning());
+    waitUntilIdle();
+    QCOMPARE(m_window->focusWidget(), find<QPushButton>("pushButtonReload"));
 }
 
 void TestMemoryWindowTrouble::eachOpeningReadsAnew()
