@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 
 #include "app/actiongate.h"
+#include "app/memories.h"
 #include "app/rowediting.h"
 #include "app/songbackup.h"
 #include "app/songdrop.h"
@@ -54,6 +55,8 @@ MainWindow::MainWindow(QWidget *parent)
     new ReadableLinks(this);
     new ScreenRoom(this);
     ui->setupUi(this);
+    m_memories.reset(
+        new Memories(this, ui->actionMemory, *m_actionGate, m_database, m_busy, m_progress));
     setWindowTitle(tr("Kavena PC"));
     applyBranding();
     m_preferences.show();
@@ -129,7 +132,7 @@ void MainWindow::changeEvent(QEvent *event)
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    if (m_busy) {
+    if (m_busy || !m_memories->close()) {
         event->ignore();
         return;
     }
@@ -321,14 +324,14 @@ void MainWindow::on_actionTransferPlan_triggered()
 
 void MainWindow::transferFiles()
 {
-    SongTransfer(this, m_progress, m_settings, m_busy).transfer(m_selectedFiles);
+    SongTransfer(this, m_progress, m_settings, m_busy, *m_memories).transfer(m_selectedFiles);
 }
 
 void MainWindow::runTransfer(Transfer::Outcome (SongTransfer::*job)(const QStringList &))
 {
     const bool couldSynchronise = m_buttons.canSynchronise();
     m_buttons.disable();
-    SongTransfer transfer(this, m_progress, m_settings, m_busy);
+    SongTransfer transfer(this, m_progress, m_settings, m_busy, *m_memories);
     if ((transfer.*job)(m_selectedFiles) == Transfer::Outcome::NotStarted)
         m_buttons.setSynchronise(couldSynchronise);
     m_buttons.setTransfer(true);

@@ -21,6 +21,7 @@
 #include <QStringList>
 
 class ActionGate;
+class Memories;
 class MissingLibrary;
 class RowEditing;
 class SongImport;
@@ -188,6 +189,7 @@ private:
 
     ActionGate *const m_actionGate;
     ActionButtons m_buttons;
+    QScopedPointer<Memories> m_memories;
     MissingLibrary *m_missingLibrary = nullptr; ///< only when the database could not be opened
 
     // These are null when the database could not be opened.

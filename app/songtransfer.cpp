@@ -1,5 +1,6 @@
 #include "app/songtransfer.h"
 
+#include "app/memories.h"
 #include "app/windowprogress.h"
 #include "library/settings.h"
 #include "windows/busystate.h"
@@ -11,10 +12,11 @@
 #include <optional>
 
 SongTransfer::SongTransfer(QWidget *window, WindowProgress &progress, const QSettings &settings,
-                           BusyState &busy)
+                           BusyState &busy, Memories &memories)
     : m_window(window)
     , m_progress(progress)
     , m_busy(busy)
+    , m_memories(memories)
     , m_readBack(settings.value(settings::readBack, false).toBool())
 {
 }
@@ -25,7 +27,10 @@ Transfer::Outcome SongTransfer::transfer(const QStringList &files)
     TransferDialogs dialogs(m_window);
     Transfer job(dialogs, m_progress.open());
     job.setReadBack(m_readBack);
-    return job.transferFiles(files);
+    dialogs.offerNext();
+    const Transfer::Outcome outcome = job.transferFiles(files);
+    m_memories.goOn(dialogs.next(), dialogs.folder());
+    return outcome;
 }
 
 Transfer::Outcome SongTransfer::showPlan(const QStringList &files)
@@ -39,6 +44,10 @@ Transfer::Outcome SongTransfer::showPlan(const QStringList &files)
         return Transfer::Outcome::NotStarted;
     TransferPlanDialog dialog(*std::move(plan), TransferPlanDialog::Purpose::Request, m_window);
     dialog.exec();
-    return dialog.review() == TransferUser::Review::CarryOut ? job.carryOut(dialog.plan())
-                                                             : Transfer::Outcome::NotStarted;
+    if (dialog.review() != TransferUser::Review::CarryOut)
+        return Transfer::Outcome::NotStarted;
+    dialogs.offerNext();
+    const Transfer::Outcome outcome = job.carryOut(dialog.plan());
+    m_memories.goOn(dialogs.next(), dialogs.folder());
+    return outcome;
 }

@@ -11,6 +11,7 @@ class QWidget;
 QT_END_NAMESPACE
 
 class BusyState;
+class Memories;
 class WindowProgress;
 
 /** Asks and tells in dialogs over the window. */
@@ -19,7 +20,7 @@ class SongTransfer
 public:
     /** All must outlive the object. */
     SongTransfer(QWidget *window, WindowProgress &progress, const QSettings &settings,
-                 BusyState &busy);
+                 BusyState &busy, Memories &memories);
 
     /**
      * Copies the files onto a memory and updates its index. A plan is shown only where songs would
@@ -34,5 +35,6 @@ private:
     QWidget *const m_window;
     WindowProgress &m_progress;
     BusyState &m_busy;
+    Memories &m_memories; ///< that look after the memory when the songs are there
     const bool m_readBack;
 };

@@ -30,6 +30,9 @@ public:
     virtual ~Ejector() = default;
     Q_DISABLE_COPY_MOVE(Ejector)
 
+    /** True when there is somebody to ask; may take a moment to find out. */
+    virtual bool isAvailable() const = 0;
+
     /** Waits for the answer, which may take as long as a slow memory needs for its last bytes. */
     virtual Result eject(const QString &mountPoint) = 0;
 

@@ -141,6 +141,13 @@ private:
 
 } // namespace
 
+bool isAsListed(const MemorySong &song)
+{
+    const auto stamp = FileStamp::of(song.info.fullPath);
+    return stamp && stamp->date == song.info.date && stamp->time == song.info.time &&
+           QFileInfo(song.info.fullPath).size() == song.size;
+}
+
 MemorySongs::MemorySongs(const QString &root)
     : m_root(root.size() > 1 && root.endsWith(folderSlash) ? root.chopped(1) : root)
 {

@@ -229,6 +229,42 @@ PlaylistFiles::Outcome PlaylistFiles::restoreIds(quint16 number, PathFinder &son
     return Outcome::Failed;
 }
 
+PlaylistFiles::Outcome PlaylistFiles::mendIds(quint16 number, const QSet<quint32> &known,
+                                              PathFinder &songs, int &mended) const
+{
+    QList<quint32> ids;
+    const Outcome read = readIds(number, ids);
+    if (read != Outcome::Done)
+        return read;
+    QFile paths(fileName(number, pathsSuffix));
+    if (!openExisting(paths, QIODevice::ReadOnly) ||
+        paths.size() != ids.size() * PlaylistPathRecord::size)
+        return Outcome::Nothing;
+    QFile playlist(fileName(number, songsSuffix));
+    int written = 0;
+    for (qsizetype song = 0; song < ids.size(); ++song) {
+        if (known.contains(ids.at(song)))
+            continue;
+        QByteArray record;
+        if (paths.seek(song * PlaylistPathRecord::size))
+            record = paths.read(PlaylistPathRecord::size);
+        if (record.size() != PlaylistPathRecord::size)
+            return Outcome::Failed;
+        const SongInfoIndex *const entry =
+            songs.find(PlaylistPathRecord::decode(record.constData()));
+        if (entry == nullptr)
+            continue;
+        if ((!playlist.isOpen() && !openForWriting(playlist)) ||
+            !playlist.seek(song * PlaylistSongRecord::size) || !replaceNextId(playlist, entry->id))
+            return Outcome::Failed;
+        ++written;
+    }
+    if (written > 0 && (!flushToMedium(playlist) || playlist.error() != QFile::NoError))
+        return Outcome::Failed;
+    mended += written;
+    return Outcome::Done;
+}
+
 void PlaylistFiles::writeIds(QFile &paths, PathFinder &songs, QFile &playlist)
 {
     for (int song = 0; song < SongInfoIndex::maxSongs; ++song) {

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -65,6 +66,15 @@ public:
 
     /** Gives the playlist's path file these paths; false when it could not be written. */
     bool writePaths(quint16 number, const QStringList &paths) const;
+
+    /**
+     * Gives the playlist's songs whose ids are not among the known ones the ids of the songs that
+     * the path file names in their places. Nothing when the path file does not have as many songs
+     * as the playlist, which then was changed after it was made. The number of songs that got an
+     * id is added to mended.
+     */
+    Outcome mendIds(quint16 number, const QSet<quint32> &known, PathFinder &songs,
+                    int &mended) const;
 
 private:
     static QByteArray pathsOf(QFile &playlist, const QList<SongInfoIndex> &entries);

@@ -6,10 +6,12 @@
 
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 
 QString TransferDialogs::chooseFolder(const QString &title, const QString &startFolder)
 {
-    return QFileDialog::getExistingDirectory(m_parent, title, startFolder);
+    m_folder = QFileDialog::getExistingDirectory(m_parent, title, startFolder);
+    return m_folder;
 }
 
 Answer TransferDialogs::askReplace(const QString &target)
@@ -59,5 +61,17 @@ void TransferDialogs::tellCounts(const QString &title, const QString &text,
     // A file's name could look like markup.
     box.setTextFormat(Qt::PlainText);
     setDetails(box, failed + skipped);
+    const QAbstractButton *show = nullptr;
+    const QAbstractButton *eject = nullptr;
+    if (m_offersNext) {
+        show = box.addButton(tr("Mostra la memoria"), QMessageBox::ActionRole);
+        eject = box.addButton(tr("Espelli la memoria"), QMessageBox::ActionRole);
+        box.setDefaultButton(QMessageBox::Ok);
+        box.setEscapeButton(QMessageBox::Ok);
+    }
     box.exec();
+    if (show != nullptr && box.clickedButton() == show)
+        m_next = Next::ShowMemory;
+    else if (eject != nullptr && box.clickedButton() == eject)
+        m_next = Next::Eject;
 }

@@ -269,6 +269,10 @@ Songs that cannot be read: %4</translation>
         <source>Il player mostrerà &quot;?&quot; al posto di: %1</source>
         <translation>The player will show &quot;?&quot; instead of: %1</translation>
     </message>
+    <message>
+        <source>Il valore inserito verrà applicato a tutte le song scelte, sei sicuro?</source>
+        <translation>What you entered will be applied to all selected songs. Are you sure?</translation>
+    </message>
 </context>
 <context>
     <name>HelpDialog</name>
@@ -808,6 +812,18 @@ Do you want to copy all the same?</translation>
     <message>
         <source>&amp;Piano di trasferimento...</source>
         <translation>&amp;Transfer plan...</translation>
+    </message>
+    <message>
+        <source>Contenuto della memoria...</source>
+        <translation>&amp;View memory...</translation>
+    </message>
+    <message>
+        <source>Mostra la memoria</source>
+        <translation>View memory</translation>
+    </message>
+    <message>
+        <source>Espelli la memoria</source>
+        <translation>Eject memory</translation>
     </message>
 </context>
 <context>
@@ -2041,6 +2057,34 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
         <translation>The song index of the memory is damaged, or the memory cannot be written to. Nothing was changed.</translation>
     </message>
+    <message>
+        <source>la memoria non ha confermato l&apos;eliminazione</source>
+        <translation>the memory did not confirm the removal</translation>
+    </message>
+    <message>
+        <source>Salvataggio</source>
+        <translation>Saving</translation>
+    </message>
+    <message>
+        <source>Salvataggio song...</source>
+        <translation>Saving songs...</translation>
+    </message>
+    <message>
+        <source>La memoria non è più collegata.</source>
+        <translation>The memory is no longer connected.</translation>
+    </message>
+    <message>
+        <source>Il database della memoria è danneggiato: rigenerarlo.</source>
+        <translation>The song index of the memory is damaged: rebuild it.</translation>
+    </message>
+    <message>
+        <source>Nella memoria non ci sono song.</source>
+        <translation>There are no songs on the memory.</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile aggiornare il database. Assicurarsi che la memoria abbia spazio libero e che non sia protetta da scrittura.</source>
+        <translation>The song index could not be updated. Make sure that the memory has enough free space and is not write-protected.</translation>
+    </message>
 </context>
 <context>
     <name>SongName</name>
@@ -2348,6 +2392,674 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
     <message>
         <source>Nella cartella non ci sono altre song.</source>
         <translation>There are no other songs in the folder.</translation>
+    </message>
+</context>
+<context>
+    <name>Memories</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Memory</translation>
+    </message>
+    <message>
+        <source>Espulsione della memoria...</source>
+        <translation>Ejecting the memory...</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryCare</name>
+    <message>
+        <source>Lettura della memoria...</source>
+        <translation>Reading the memory...</translation>
+    </message>
+    <message>
+        <source>La lettura è stata interrotta.</source>
+        <translation>Reading was stopped.</translation>
+    </message>
+    <message>
+        <source>La memoria non è più collegata.</source>
+        <translation>The memory is no longer connected.</translation>
+    </message>
+    <message>
+        <source>Confronto dei file...</source>
+        <translation>Comparing files...</translation>
+    </message>
+    <message>
+        <source>Il confronto è stato interrotto.</source>
+        <translation>Comparing was stopped.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n gruppi di file uguali</source>
+        <translation>
+            <numerusform>%n group of equal files</numerusform>
+            <numerusform>%n groups of equal files</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Controllo della memoria...</source>
+        <translation>Checking the memory...</translation>
+    </message>
+    <message>
+        <source>Il database è aggiornato.</source>
+        <translation>The song index is up to date.</translation>
+    </message>
+    <message>
+        <source>Il database viene creato da capo: può durare alcuni minuti. Le playlist conservano le loro song. Procedere?</source>
+        <translation>The song index is going to be rebuilt, which may take some minutes. The playlists keep their songs. Go on?</translation>
+    </message>
+    <message>
+        <source>Il database è stato rigenerato.</source>
+        <translation>The song index was rebuilt.</translation>
+    </message>
+    <message>
+        <source>Le song perdute tornano nelle playlist, dove l&apos;ultimo aggiornamento ha annotato quali erano. Il resto delle playlist non cambia. Procedere?</source>
+        <translation>Lost songs come back into the playlists where the last update has noted which ones they were. Nothing else in the playlists changes. Go on?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n playlist non si possono leggere o scrivere.</source>
+        <translation>
+            <numerusform>%n playlist cannot be read or written.</numerusform>
+            <numerusform>%n playlists cannot be read or written.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song sono di nuovo nelle playlist.</source>
+        <translation>
+            <numerusform>%n song is in the playlists again.</numerusform>
+            <numerusform>%n songs are in the playlists again.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Espulsione della memoria...</source>
+        <translation>Ejecting the memory...</translation>
+    </message>
+    <message>
+        <source>Memoria</source>
+        <translation>Memory</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song non sono state cambiate.</source>
+        <translation>
+            <numerusform>%n song was not changed.</numerusform>
+            <numerusform>%n songs were not changed.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Il lavoro è stato interrotto: le altre song sono come prima.</source>
+        <translation>The work was stopped: the other songs are as before.</translation>
+    </message>
+    <message>
+        <source>Il database della memoria non è stato aggiornato.</source>
+        <translation>The song index of the memory was not updated.</translation>
+    </message>
+    <message>
+        <source>Il database non ha accettato tutte le song.</source>
+        <translation>The song index did not take all songs.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryCheckPage</name>
+    <message numerus="yes">
+        <source>e altri %n</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Il controllo confronta database, playlist e file tra loro. Non cambia nulla.</source>
+        <translation>The check compares song index, playlists and files with each other. It changes nothing.</translation>
+    </message>
+    <message>
+        <source>La memoria è in ordine.</source>
+        <translation>The memory is in order.</translation>
+    </message>
+    <message>
+        <source>La memoria non è in ordine. Accanto a ogni punto sta che cosa aiuta.</source>
+        <translation>The memory is not in order. Beside each point you see what helps.</translation>
+    </message>
+    <message>
+        <source>Il player non trova nessuna song: il database non è completo</source>
+        <translation>The player finds no songs: the song index is not complete</translation>
+    </message>
+    <message>
+        <source>Song che il player elenca, ma che non ci sono più</source>
+        <translation>Songs that the player lists, but that are gone</translation>
+    </message>
+    <message>
+        <source>Song modificate: il player ne mostra ancora i dati vecchi</source>
+        <translation>Changed songs: the player still shows the old details</translation>
+    </message>
+    <message>
+        <source>Song che il player non trova ancora</source>
+        <translation>Songs that the player does not find yet</translation>
+    </message>
+    <message>
+        <source>Song perdute nelle playlist</source>
+        <translation>Lost songs in the playlists</translation>
+    </message>
+    <message>
+        <source>Più song di quante il player ne conti</source>
+        <translation>More songs than the player can count</translation>
+    </message>
+    <message>
+        <source>Il player cerca in un ordine sbagliato</source>
+        <translation>The player searches in a wrong order</translation>
+    </message>
+    <message>
+        <source>Il database è danneggiato</source>
+        <translation>The song index is damaged</translation>
+    </message>
+    <message>
+        <source>eliminare song</source>
+        <translation>remove songs</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryContents</name>
+    <message>
+        <source>La memoria non è collegata.</source>
+        <translation>The memory is not connected.</translation>
+    </message>
+    <message>
+        <source>La memoria non è più collegata.</source>
+        <translation>The memory is no longer connected.</translation>
+    </message>
+    <message>
+        <source>Questa cartella non è su una memoria e non ha un database: qui non si cambia nulla.</source>
+        <translation>This folder is on no memory and has no song index: nothing is changed here.</translation>
+    </message>
+    <message>
+        <source>Il database è danneggiato: rigenerarlo nella scheda &quot;Controllo&quot; prima di cambiare le song.</source>
+        <translation>The song index is damaged: rebuild it on the page &quot;Check&quot; before songs are changed.</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura.</source>
+        <translation>The memory is write-protected.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryDuplicatesPage</name>
+    <message>
+        <source>Lo stesso file</source>
+        <translation>Same file</translation>
+    </message>
+    <message>
+        <source>Stesso titolo e artista</source>
+        <translation>Same title and artist</translation>
+    </message>
+    <message>
+        <source>Nessuna song è doppia.</source>
+        <translation>No song is there twice.</translation>
+    </message>
+    <message>
+        <source>Nessuna song ha lo stesso titolo e artista di un&apos;altra.</source>
+        <translation>No song has the title and artist of another.</translation>
+    </message>
+    <message>
+        <source>Scegliere con la spunta le song da eliminare. Stesso titolo e artista possono essere due versioni: controllare prima.</source>
+        <translation>Tick the songs to be removed. The same title and artist may be two versions: check first.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; trova anche i file uguali con nomi e titoli diversi.</source>
+        <translation>&quot;%1&quot; also finds equal files with different names and titles.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryPlaylistsPage</name>
+    <message>
+        <source>Nella memoria non ci sono playlist.</source>
+        <translation>There are no playlists on the memory.</translation>
+    </message>
+    <message>
+        <source>Le playlist si cambiano sul player. Una song perduta è una che il player non trova più.</source>
+        <translation>Playlists are changed on the player. A lost song is one that the player no longer finds.</translation>
+    </message>
+    <message>
+        <source>Playlist %1 – non si può leggere</source>
+        <translation>Playlist %1 – cannot be read</translation>
+    </message>
+    <message numerus="yes">
+        <source>Playlist %1 – %n song</source>
+        <translation>
+            <numerusform>Playlist %1 – %n song</numerusform>
+            <numerusform>Playlist %1 – %n songs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n perdute</source>
+        <translation>
+            <numerusform>%n lost</numerusform>
+            <numerusform>%n lost</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>(song perduta)</source>
+        <translation>(lost song)</translation>
+    </message>
+</context>
+<context>
+    <name>MemorySongWork</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Memory</translation>
+    </message>
+    <message>
+        <source>Di queste song non c&apos;è più il file. &quot;Aggiorna&quot; nella scheda &quot;Controllo&quot; le toglie dal database.</source>
+        <translation>These songs have no files any more. &quot;Update&quot; on the page &quot;Check&quot; takes them out of the song index.</translation>
+    </message>
+    <message>
+        <source>un altro programma l&apos;ha cambiata: rileggere la memoria</source>
+        <translation>another program has changed it: read the memory again</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song eliminate dalla memoria.</source>
+        <translation>
+            <numerusform>%n song was removed from the memory.</numerusform>
+            <numerusform>%n songs were removed from the memory.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>e altre %n</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Attenzione: di %n gruppi non rimane nessuna song!</source>
+        <translation>
+            <numerusform>Attention: of %n group no song is left!</numerusform>
+            <numerusform>Attention: of %n groups no song is left!</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song verranno eliminate dalla memoria con le loro immagini karaoke. Procedere?</source>
+        <translation>
+            <numerusform>%n song is going to be removed from the memory with its karaoke pictures. Go on?</numerusform>
+            <numerusform>%n songs are going to be removed from the memory with their karaoke pictures. Go on?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>La song si chiama ora %1.</source>
+        <translation>The song is now called %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song salvate.</source>
+        <translation>
+            <numerusform>%n song saved.</numerusform>
+            <numerusform>%n songs saved.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Select folder</translation>
+    </message>
+    <message>
+        <source>Copia song...</source>
+        <translation>Copying songs...</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song copiate sul computer.</source>
+        <translation>
+            <numerusform>%n song copied to the computer.</numerusform>
+            <numerusform>%n songs copied to the computer.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n c&apos;erano già e restano.</source>
+        <translation>
+            <numerusform>%n was there already and stays.</numerusform>
+            <numerusform>%n were there already and stay.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song non sono state copiate.</source>
+        <translation>
+            <numerusform>%n song was not copied.</numerusform>
+            <numerusform>%n songs were not copied.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Non è stato possibile aprire la cartella %1.</source>
+        <translation>The folder %1 could not be opened.</translation>
+    </message>
+</context>
+<context>
+    <name>MemorySongsModel</name>
+    <message>
+        <source>Titolo</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>Artista</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>Formato</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Bpm</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Sections</translation>
+    </message>
+    <message>
+        <source>.cdg</source>
+        <translation>.cdg</translation>
+    </message>
+    <message>
+        <source>Dimensione</source>
+        <translation>Size</translation>
+    </message>
+    <message>
+        <source>Stato</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Sì</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>non ancora nel database</source>
+        <translation>not yet in the song index</translation>
+    </message>
+    <message>
+        <source>modificata dopo l&apos;aggiornamento</source>
+        <translation>changed since the update</translation>
+    </message>
+    <message>
+        <source>il file non c&apos;è più</source>
+        <translation>the file is gone</translation>
+    </message>
+    <message>
+        <source>cartella non leggibile</source>
+        <translation>folder cannot be read</translation>
+    </message>
+    <message>
+        <source>il player non legge il tag</source>
+        <translation>the player cannot read the tag</translation>
+    </message>
+    <message>
+        <source>doppia</source>
+        <translation>duplicate</translation>
+    </message>
+    <message>
+        <source>nel database</source>
+        <translation>in the song index</translation>
+    </message>
+</context>
+<context>
+    <name>MemorySongsPage</name>
+    <message numerus="yes">
+        <source>%n song</source>
+        <translation>
+            <numerusform>%n song</numerusform>
+            <numerusform>%n songs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 di %n song</source>
+        <translation>
+            <numerusform>%1 of %n song</numerusform>
+            <numerusform>%1 of %n songs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n scelte</source>
+        <translation>
+            <numerusform>%n selected</numerusform>
+            <numerusform>%n selected</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>MemoryWindow</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Memory</translation>
+    </message>
+    <message>
+        <source>Memoria:</source>
+        <translation>&amp;Memory:</translation>
+    </message>
+    <message>
+        <source>Altra cartella...</source>
+        <translation>Other folder...</translation>
+    </message>
+    <message>
+        <source>Cartella:</source>
+        <translation>&amp;Folder:</translation>
+    </message>
+    <message>
+        <source>Rileggi</source>
+        <translation>Read again</translation>
+    </message>
+    <message>
+        <source>Spazio occupato</source>
+        <translation>Used space</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Songs</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca:</source>
+        <translation>&amp;Search:</translation>
+    </message>
+    <message>
+        <source>Song della memoria</source>
+        <translation>Songs on the memory</translation>
+    </message>
+    <message>
+        <source>Modifica...</source>
+        <translation>Edit...</translation>
+    </message>
+    <message>
+        <source>Rinomina...</source>
+        <translation>Rename...</translation>
+    </message>
+    <message>
+        <source>Copia sul computer...</source>
+        <translation>Copy to computer...</translation>
+    </message>
+    <message>
+        <source>Apri cartella</source>
+        <translation>Open folder</translation>
+    </message>
+    <message>
+        <source>Elimina dalla memoria...</source>
+        <translation>Remove from memory...</translation>
+    </message>
+    <message>
+        <source>Playlist</source>
+        <translation>Playlists</translation>
+    </message>
+    <message>
+        <source>Playlist della memoria</source>
+        <translation>Playlists on the memory</translation>
+    </message>
+    <message>
+        <source>Song della playlist</source>
+        <translation>Songs of the playlist</translation>
+    </message>
+    <message>
+        <source>Doppie</source>
+        <translation>Duplicates</translation>
+    </message>
+    <message>
+        <source>Song doppie</source>
+        <translation>Duplicate songs</translation>
+    </message>
+    <message>
+        <source>Dimensione</source>
+        <translation>Size</translation>
+    </message>
+    <message>
+        <source>Confronta i file</source>
+        <translation>Compare files</translation>
+    </message>
+    <message>
+        <source>Elimina le song scelte...</source>
+        <translation>Remove ticked songs...</translation>
+    </message>
+    <message>
+        <source>Controllo</source>
+        <translation>Check</translation>
+    </message>
+    <message>
+        <source>Risultato del controllo</source>
+        <translation>Result of the check</translation>
+    </message>
+    <message>
+        <source>Che cosa non va</source>
+        <translation>What is wrong</translation>
+    </message>
+    <message>
+        <source>Che cosa aiuta</source>
+        <translation>What helps</translation>
+    </message>
+    <message>
+        <source>Controlla</source>
+        <translation>Check</translation>
+    </message>
+    <message>
+        <source>Aggiorna</source>
+        <translation>Update</translation>
+    </message>
+    <message>
+        <source>Rigenera...</source>
+        <translation>Rebuild...</translation>
+    </message>
+    <message>
+        <source>Ripara le playlist...</source>
+        <translation>Restore playlists...</translation>
+    </message>
+    <message>
+        <source>Avanzamento</source>
+        <translation>Progress</translation>
+    </message>
+    <message>
+        <source>Interrompi</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Espelli</source>
+        <translation>Eject</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>La cartella non è una memoria collegata: non c&apos;è niente da espellere.</source>
+        <translation>The folder is not a connected memory: there is nothing to eject.</translation>
+    </message>
+    <message>
+        <source>Il servizio del sistema che espelle le memorie non risponde. Espellere la memoria dal file manager.</source>
+        <translation>The service of the system that ejects memories does not answer. Eject the memory in the file manager.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cartelle non leggibili</source>
+        <translation>
+            <numerusform>%n folder cannot be read</numerusform>
+            <numerusform>%n folders cannot be read</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Scegliere una memoria</source>
+        <translation>Select a memory</translation>
+    </message>
+    <message>
+        <source>senza database: il player non trova nessuna song</source>
+        <translation>no song index: the player finds no songs</translation>
+    </message>
+    <message>
+        <source>database danneggiato, del %1</source>
+        <translation>song index damaged, of %1</translation>
+    </message>
+    <message>
+        <source>database del %1</source>
+        <translation>song index of %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>di %n giorni fa</source>
+        <translation>
+            <numerusform>%n day ago</numerusform>
+            <numerusform>%n days ago</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>mancano %n song</source>
+        <translation>
+            <numerusform>%n song is missing</numerusform>
+            <numerusform>%n songs are missing</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song modificate</source>
+        <translation>
+            <numerusform>%n song changed</numerusform>
+            <numerusform>%n songs changed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song senza file</source>
+        <translation>
+            <numerusform>%n song without file</numerusform>
+            <numerusform>%n songs without files</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>completo</source>
+        <translation>complete</translation>
+    </message>
+    <message>
+        <source>%1 occupati, %2 liberi di %3</source>
+        <translation>%1 used, %2 free of %3</translation>
+    </message>
+</context>
+<context>
+    <name>PlaylistRepair</name>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima.</source>
+        <translation>The memory has no complete song index: update it first.</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile leggere le playlist.</source>
+        <translation>The playlists could not be read.</translation>
+    </message>
+</context>
+<context>
+    <name>RenameSongDialog</name>
+    <message>
+        <source>Rinomina song</source>
+        <translation>Rename song</translation>
+    </message>
+    <message numerus="yes">
+        <source>Nuovo nome, al massimo %n caratteri:</source>
+        <translation>
+            <numerusform>New &amp;name, at most %n character:</numerusform>
+            <numerusform>New &amp;name, at most %n characters:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Rinomina</source>
+        <translation>&amp;Rename</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>&amp;Cancel</translation>
     </message>
 </context>
 </TS>

@@ -209,9 +209,9 @@ void TestMainWindow::menusStandInTheirOrder()
     QCOMPARE(names("menuLanguage"), QStringLiteral("actionItalian actionEnglish actionGerman"));
     QCOMPARE(names("menuMessaggi_Copyright"),
              QStringLiteral("actionCopyrightYes actionCopyrightNo"));
-    QCOMPARE(
-        names("menuStrumenti"),
-        QStringLiteral("optimizeMemory actionSongsList  actionTransferPlan actionPreviewChanges"));
+    QCOMPARE(names("menuStrumenti"),
+             QStringLiteral("optimizeMemory actionSongsList actionMemory  actionTransferPlan "
+                            "actionPreviewChanges"));
     QCOMPARE(names("menuHelp"), QStringLiteral("actionContents actionAbout actionAbout_QT"));
     for (const char *checkable : {"actionItalian", "actionEnglish", "actionGerman",
                                   "actionCopyrightYes", "actionCopyrightNo"})

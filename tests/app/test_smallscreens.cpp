@@ -98,7 +98,11 @@ void TestSmallScreens::everyWindowFits_data()
     QTest::newRow("800 x 600") << 800 << 600 << 96 << QString();
     QTest::newRow("1366 x 768 at 144 dpi") << 1366 << 768 << 144 << QString();
     QTest::newRow("740 x 380: dialogs scroll")
-        << 740 << 380 << 96 << QStringLiteral("edit scrolls\nmemory scrolls\n");
+        << 740 << 380 << 96
+        << QStringLiteral(
+               "edit scrolls\nmemory scrolls\nmemory-empty scrolls\nmemory-songs scrolls\n"
+               "memory-playlists scrolls\nmemory-duplicates scrolls\n"
+               "memory-check scrolls\n");
 }
 
 void TestSmallScreens::everyWindowFits()

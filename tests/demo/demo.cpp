@@ -10,6 +10,7 @@
 #include "windows/backupdialog.h"
 #include "windows/dataeditdialog.h"
 #include "windows/indexdialog.h"
+#include "windows/memorywindow.h"
 #include "windows/nocopyrightdialog.h"
 #include "windows/songslistdialog.h"
 
@@ -45,6 +46,7 @@ public:
 
     bool gatherSongs();
     void runJob(const QString &language);
+    void lookAtMemory();
     void showInfoWindows();
     void trigger(const char *action);
     void shoot(const QString &name);
@@ -377,7 +379,44 @@ void Demo::runJob(const QString &language)
     say(QStringLiteral("Rebuild the memory, save its song list three ways"));
     trigger("optimizeMemory");
     trigger("actionSongsList");
+    lookAtMemory();
     showInfoWindows();
+}
+
+void Demo::lookAtMemory()
+{
+    say(QStringLiteral("Look at the memory"));
+    trigger("actionMemory");
+    MemoryWindow *window = nullptr;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *const shown : windows) {
+        if (auto *const memory = qobject_cast<MemoryWindow *>(shown))
+            window = memory;
+    }
+    const auto click = [window](const char *button) {
+        if (button != nullptr)
+            child<QPushButton>(window, button)->click();
+        QTest::qWait(0);
+        if (!QTest::qWaitFor([window] { return !window->job().isRunning(); }, 60000))
+            qFatal("the memory is not read");
+        QTest::qWait(0);
+    };
+    auto *const tabs = child<QTabWidget>(window, "tabs");
+    click("pushButtonReload");
+    child<QTableView>(window, "songsTableView")->selectRow(1);
+    QTest::qWait(0); // the labels get room for their texts
+    document(window, QStringLiteral("memorysongs"));
+    shoot(QStringLiteral("memory-songs"));
+    tabs->setCurrentIndex(2);
+    click("pushButtonFindDuplicates");
+    document(window, QStringLiteral("memoryduplicates"));
+    shoot(QStringLiteral("memory-duplicates"));
+    tabs->setCurrentIndex(3);
+    click("pushButtonCheck");
+    document(window, QStringLiteral("memorycheck"));
+    shoot(QStringLiteral("memory-check"));
+    tabs->setCurrentIndex(0);
+    window->close();
 }
 
 void Demo::showInfoWindows()

@@ -27,6 +27,7 @@ public:
     {
     }
 
+    bool isAvailable() const override { return true; }
     Result eject(const QString &place) override
     {
         asked = place;
@@ -97,6 +98,7 @@ void TestEject::driveIsPoweredOffAfterTheUnmount()
 void TestEject::driveThatCannotBePoweredOffIsEjected()
 {
     QVERIFY(start({{QStringLiteral("ejectable"), true}}));
+    QVERIFY(UdisksEjector().isAvailable());
     QCOMPARE(UdisksEjector().eject(mountPoint).outcome, Outcome::Ejected);
     QCOMPARE(m_bus.calls(), QStringList({QStringLiteral("Unmount"), QStringLiteral("Eject")}));
 }
@@ -160,6 +162,7 @@ void TestEject::folderThatIsNotMountedIsNoDevice()
 
 void TestEject::withoutServiceNothingIsDone()
 {
+    QVERIFY(!UdisksEjector().isAvailable());
     QCOMPARE(UdisksEjector().eject(mountPoint).outcome, Outcome::NoService);
 }
 
@@ -192,6 +195,8 @@ void TestEject::toolOfTheOtherSystem()
 
 void TestEject::toolThatIsMissing()
 {
+    QVERIFY(!DiskutilEjector(QStringLiteral("/no/such/tool")).isAvailable());
+    QVERIFY(DiskutilEjector(QStringLiteral("sh")).isAvailable());
     QCOMPARE(DiskutilEjector(QStringLiteral("/no/such/tool")).eject(mountPoint).outcome,
              Outcome::NoService);
 }

@@ -3,6 +3,7 @@
 
 #include "app/mainwindow.h"
 #include "app/statussummary.h"
+#include "support/filledmemory.h"
 #include "windows/aboutdialog.h"
 #include "windows/backupdialog.h"
 #include "windows/changepreviewdialog.h"
@@ -13,6 +14,7 @@
 #include "windows/nocopyrightdialog.h"
 #include "windows/proceeddialog.h"
 #include "windows/progresswindow.h"
+#include "windows/renamesongdialog.h"
 #include "windows/runreportbox.h"
 #include "windows/songslistdialog.h"
 #include "windows/transferplandialog.h"
@@ -232,6 +234,12 @@ private:
     ProgressWindow m_progress;
 };
 
+inline std::unique_ptr<QWidget> renameQuestion()
+{
+    return std::make_unique<RenameSongDialog>(QStringLiteral("/nowhere"),
+                                              QStringLiteral("/songs/Azzurro.mid"));
+}
+
 template <typename Window>
 std::unique_ptr<QWidget> plain()
 {
@@ -264,6 +272,12 @@ inline const QList<Case> &windows()
         {"progress", plain<ProgressHolder>},
         {"plan", requestedPlan},
         {"plan-warning", planWarning},
+        {"memory-empty", plain<MemoryWindow>},
+        {"memory-songs", [] { return filledmemory::window(0); }},
+        {"memory-playlists", [] { return filledmemory::window(1); }},
+        {"memory-duplicates", [] { return filledmemory::window(2); }},
+        {"memory-check", [] { return filledmemory::window(3); }},
+        {"memory-rename", renameQuestion},
     };
     return all;
 }
