@@ -152,8 +152,16 @@ QString MemoryCheckPage::sentence(Kind kind)
         return tr("Song che il player elenca, ma che non ci sono più");
     case Kind::ChangedSong:
         return tr("Song modificate: il player ne mostra ancora i dati vecchi");
+    case Kind::OtherSong:
+        return tr("Song di cui il player mostra dati che nel file non ci sono");
     case Kind::UnlistedSong:
         return tr("Song che il player non trova ancora");
+    case Kind::TooLongPath:
+        return tr("Song che con le loro cartelle hanno un nome troppo lungo per il player");
+    case Kind::UnreadFolder:
+        return tr("Cartelle che non si possono leggere");
+    case Kind::UnusableName:
+        return tr("Nomi con caratteri che non si possono leggere");
     case Kind::UnknownSongInPlaylist:
         return tr("Song perdute nelle playlist");
     case Kind::TooManySongs:
@@ -171,5 +179,9 @@ QString MemoryCheckPage::remedy(Kind kind) const
         return nameOf(m_widgets.mend);
     if (kind == Kind::TooManySongs)
         return tr("eliminare song");
+    if (kind == Kind::TooLongPath || kind == Kind::UnusableName)
+        return tr("dare un altro nome nel file manager");
+    if (kind == Kind::UnreadFolder)
+        return tr("controllare la memoria con gli strumenti del sistema");
     return nameOf(isHelpedByUpdate(kind) ? m_widgets.update : m_widgets.rebuild);
 }

@@ -2553,6 +2553,30 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
         <source>eliminare song</source>
         <translation>eliminare song</translation>
     </message>
+    <message>
+        <source>Song di cui il player mostra dati che nel file non ci sono</source>
+        <translation>Song di cui il player mostra dati che nel file non ci sono</translation>
+    </message>
+    <message>
+        <source>Song che con le loro cartelle hanno un nome troppo lungo per il player</source>
+        <translation>Song che con le loro cartelle hanno un nome troppo lungo per il player</translation>
+    </message>
+    <message>
+        <source>Cartelle che non si possono leggere</source>
+        <translation>Cartelle che non si possono leggere</translation>
+    </message>
+    <message>
+        <source>Nomi con caratteri che non si possono leggere</source>
+        <translation>Nomi con caratteri che non si possono leggere</translation>
+    </message>
+    <message>
+        <source>dare un altro nome nel file manager</source>
+        <translation>dare un altro nome nel file manager</translation>
+    </message>
+    <message>
+        <source>controllare la memoria con gli strumenti del sistema</source>
+        <translation>controllare la memoria con gli strumenti del sistema</translation>
+    </message>
 </context>
 <context>
     <name>MemoryContents</name>

@@ -2553,6 +2553,30 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
         <source>eliminare song</source>
         <translation>Songs entfernen</translation>
     </message>
+    <message>
+        <source>Song di cui il player mostra dati che nel file non ci sono</source>
+        <translation>Songs, zu denen der Player Angaben zeigt, die nicht in der Datei stehen</translation>
+    </message>
+    <message>
+        <source>Song che con le loro cartelle hanno un nome troppo lungo per il player</source>
+        <translation>Songs, deren Name mit allen Ordnern für den Player zu lang ist</translation>
+    </message>
+    <message>
+        <source>Cartelle che non si possono leggere</source>
+        <translation>Ordner, die nicht gelesen werden können</translation>
+    </message>
+    <message>
+        <source>Nomi con caratteri che non si possono leggere</source>
+        <translation>Namen mit Zeichen, die nicht gelesen werden können</translation>
+    </message>
+    <message>
+        <source>dare un altro nome nel file manager</source>
+        <translation>im Dateimanager umbenennen</translation>
+    </message>
+    <message>
+        <source>controllare la memoria con gli strumenti del sistema</source>
+        <translation>den Speicher mit den Mitteln des Betriebssystems prüfen</translation>
+    </message>
 </context>
 <context>
     <name>MemoryContents</name>

@@ -2553,6 +2553,30 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
         <source>eliminare song</source>
         <translation>remove songs</translation>
     </message>
+    <message>
+        <source>Song di cui il player mostra dati che nel file non ci sono</source>
+        <translation>Songs of which the player shows details that are not in the file</translation>
+    </message>
+    <message>
+        <source>Song che con le loro cartelle hanno un nome troppo lungo per il player</source>
+        <translation>Songs whose name with all its folders is too long for the player</translation>
+    </message>
+    <message>
+        <source>Cartelle che non si possono leggere</source>
+        <translation>Folders that cannot be read</translation>
+    </message>
+    <message>
+        <source>Nomi con caratteri che non si possono leggere</source>
+        <translation>Names with characters that cannot be read</translation>
+    </message>
+    <message>
+        <source>dare un altro nome nel file manager</source>
+        <translation>rename in the file manager</translation>
+    </message>
+    <message>
+        <source>controllare la memoria con gli strumenti del sistema</source>
+        <translation>check the memory with the tools of the operating system</translation>
+    </message>
 </context>
 <context>
     <name>MemoryContents</name>
