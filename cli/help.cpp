@@ -85,10 +85,14 @@ QString Help::text(Command command)
         usage += QStringLiteral("kavena ") + Arguments::words(entry.command) + QLatin1Char(' ') +
                  entry.arguments;
     }
+    constexpr int column = 20;
+    const QString nextLine = QStringLiteral("\n  ") + QString(column + 1, QLatin1Char(' '));
     const auto option = [&](const char *name, const QString &meaning) {
         QString text = QString::fromUtf8(name);
         if (arguments.contains(text.section(QLatin1Char(' '), 0, 0)))
-            options += text.leftJustified(20) + QLatin1Char(' ') + meaning;
+            options += text.size() > column
+                           ? text + nextLine + meaning
+                           : text.leftJustified(column) + QLatin1Char(' ') + meaning;
     };
     option("--title T", tr("titolo"));
     option("--artist A", tr("interprete"));

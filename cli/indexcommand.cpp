@@ -15,7 +15,10 @@ ExitStatus IndexCommand::run()
 
 ExitStatus IndexCommand::check(const QString &root)
 {
-    const QList<MemoryCheck::Finding> findings = MemoryCheck(root).run();
+    const QList<MemoryCheck::Finding> findings =
+        MemoryCheck(root).run([this] { return m_terminal.isStopped(); });
+    if (m_terminal.isStopped())
+        return m_terminal.status(); // what was found so far may not be all
     for (const MemoryCheck::Finding &finding : findings)
         m_writer.finding(finding);
     if (findings.isEmpty())
@@ -35,6 +38,7 @@ ExitStatus IndexCommand::build(const QString &root)
     index.setRenameQuestion([this](const QString &path, const QString &message) {
         return m_terminal.ask(path, message, "--rename", m_request.rename);
     });
+    index.setStopQuestion([this] { return m_terminal.isStopped(); });
     const auto setValue = [&progress](int value) { progress->setValue(value); };
     QObject::connect(&index, &Index::fileFoundChanged, &index, setValue);
     QObject::connect(&index, &Index::progressValueChanged, &index, setValue);
@@ -48,6 +52,8 @@ ExitStatus IndexCommand::build(const QString &root)
     lock.release();
     if (isWhole)
         m_terminal.countDone();
+    else if (m_terminal.isStopped())
+        return stopped(root, index);
     else
         m_terminal.fail(root, index.filesFound == 0
                                   ? tr("Nessuna song nella memoria")
@@ -56,5 +62,14 @@ ExitStatus IndexCommand::build(const QString &root)
                                         "Operazione non riuscita.\n"
                                         "Assicurarsi che il disco abbia sufficiente spazio libero "
                                         "e che non sia protetto da scrittura."));
+    return m_terminal.status();
+}
+
+/** The songs are as they were; what the player finds may have changed. */
+ExitStatus IndexCommand::stopped(const QString &root, const Index &index)
+{
+    if (!index.checkIndexFile())
+        m_terminal.fail(root, tr("La memoria non ha un database completo: aggiornarlo prima di "
+                                 "usarla"));
     return m_terminal.status();
 }

@@ -70,6 +70,12 @@ QList<QByteArray> markerObjects(const QList<Marker> &markers)
     return objects;
 }
 
+/** Of an artist or genre: empty where the player shows that it knows none. */
+QString knownText(const QString &text)
+{
+    return text.compare(QLatin1String("<unknown>"), Qt::CaseInsensitive) == 0 ? QString() : text;
+}
+
 /** The same in every language. */
 QString valueOf(const ChangePreview::Change &change, const QString &text)
 {
@@ -124,8 +130,8 @@ void JsonWriter::listed(const SongInfoIndex &song)
                        .add("id", song.id)
                        .add("path", song.path)
                        .add("title", song.title)
-                       .add("artist", song.artist)
-                       .add("genre", song.genre)
+                       .add("artist", knownText(song.artist))
+                       .add("genre", knownText(song.genre))
                        .add("format", formatName(song))
                        .add("bpm", song.bpm)
                        .addBool("markers", song.hasMarkers != 0)
@@ -141,7 +147,7 @@ void JsonWriter::duplicate(int group, Same same, const MemorySong &song)
                                                         : QStringLiteral("title-and-artist"))
                        .add("path", song.info.path)
                        .add("title", song.info.title)
-                       .add("artist", song.info.artist)
+                       .add("artist", knownText(song.info.artist))
                        .add("bytes", song.size)
                        .json() +
                    '\n');

@@ -1,6 +1,6 @@
 #include "cli/peoplewriter.h"
 
-#include "cli/shownname.h"
+#include "storage/shownname.h"
 #include "cli/standardoutput.h"
 #include "devindex/indexrecords.h"
 #include "devindex/sizetext.h"

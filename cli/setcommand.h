@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/command.h"
+#include "formats/songinfo.h"
 #include "storage/leftovers.h"
 
 class SetCommand : public Command
@@ -15,6 +16,7 @@ public:
 
 private:
     void set(const QString &path);
+    void tellCutTexts(const QString &path, const SongInfo &saved);
 
     Leftovers m_leftovers;
 };

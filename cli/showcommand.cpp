@@ -1,6 +1,6 @@
 #include "cli/showcommand.h"
 
-#include "cli/shownname.h"
+#include "storage/shownname.h"
 #include "cli/songpaths.h"
 #include "formats/metasong.h"
 #include "library/unreadablefile.h"

@@ -1,6 +1,6 @@
 #include "cli/songpaths.h"
 
-#include "cli/shownname.h"
+#include "storage/shownname.h"
 #include "cli/terminal.h"
 #include "devindex/mountedvolumes.h"
 #include "formats/songnames.h"

@@ -1,6 +1,12 @@
 #include "cli/transfercommand.h"
 
 #include "cli/songpaths.h"
+#include "formats/songnames.h"
+#include "library/companion.h"
+#include "library/unreadablefile.h"
+
+#include <QFileInfo>
+#include <QSet>
 
 namespace
 {
@@ -65,7 +71,9 @@ ExitStatus TransferCommand::run()
     const std::optional<QString> folder = SongPaths::folder(m_request.to, m_terminal);
     if (!folder)
         return ExitStatus::NothingDone;
-    const std::optional<QStringList> songs = SongPaths::songs(m_request, m_terminal);
+    std::optional<QStringList> songs = SongPaths::songs(m_request, m_terminal);
+    if (songs)
+        refuseOtherFiles(*songs);
     if (!songs || songs->isEmpty())
         return m_terminal.failures() > 0 ? ExitStatus::WithFailures : ExitStatus::NothingDone;
 
@@ -74,6 +82,23 @@ ExitStatus TransferCommand::run()
     transfer.setReadBack(m_request.verify);
     return m_request.dryRun || m_request.inLine ? runPlan(transfer, answers, *songs)
                                                 : statusOf(transfer.transferFiles(*songs));
+}
+
+/** Takes away what is no song. Karaoke pictures go with their song without being named. */
+void TransferCommand::refuseOtherFiles(QStringList &songs)
+{
+    QSet<QString> pictures;
+    for (const QString &song : std::as_const(songs))
+        pictures.insert(companionOf(song));
+    songs.removeIf([&](const QString &path) {
+        if (songnames::isSongName(path))
+            return false;
+        if (!pictures.contains(path))
+            m_terminal.fail(path, QFileInfo::exists(path)
+                                      ? tr("Non è una song e non viene copiato")
+                                      : UnreadableFile::examine(path).reasonText());
+        return true;
+    });
 }
 
 ExitStatus TransferCommand::runPlan(Transfer &transfer, TransferUser &user,

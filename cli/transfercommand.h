@@ -14,6 +14,7 @@ public:
     ExitStatus run() override;
 
 private:
+    void refuseOtherFiles(QStringList &songs);
     ExitStatus runPlan(Transfer &transfer, TransferUser &user, const QStringList &songs);
     void choose(TransferPlan &plan) const;
     ExitStatus tellPlan(const TransferPlan &plan);

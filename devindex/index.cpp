@@ -35,6 +35,12 @@ void Index::setRenameQuestion(RenameQuestion question)
     m_renamer.setQuestion(std::move(question));
 }
 
+bool Index::wantsToStop()
+{
+    m_isStopped = m_isStopped || (m_stopQuestion && m_stopQuestion());
+    return m_isStopped;
+}
+
 bool Index::createIndex(const QString &root)
 {
     if (!begin(root))
@@ -106,8 +112,8 @@ Index::Change Index::changeSongs(const QString &root, const SongChange &change)
     const FolderId memory = folderIdOf(rootPath);
     const auto hasNoSongs = [&] {
         // A memory that was pulled has gone itself, and not its songs.
-        return filesFound == 0 && !m_renamer.isUnsure() && !memory.isEmpty() &&
-               folderIdOf(rootPath) == memory;
+        return filesFound == 0 && unreadFolders.isEmpty() && !m_renamer.isUnsure() &&
+               !memory.isEmpty() && folderIdOf(rootPath) == memory;
     };
     const bool hadIndex = checkIndexFile();
     maxLoadedId = 0;
@@ -160,6 +166,7 @@ bool Index::begin(const QString &root)
     filesFound = 0;
     counts.values.fill(0);
     indexChanged = 0;
+    m_isStopped = false;
     m_buildFailed = false;
     m_playlistsFailed = false;
     m_pathsAreSaved = false;
@@ -169,7 +176,8 @@ bool Index::begin(const QString &root)
 
 bool Index::hasWholeIndex() const
 {
-    return !m_buildFailed && !m_playlistsFailed && !m_renamer.isUnsure() && checkIndexFile();
+    return !m_isStopped && !m_buildFailed && !m_playlistsFailed && !m_renamer.isUnsure() &&
+           checkIndexFile();
 }
 
 bool Index::checkIndexFile() const
@@ -199,7 +207,7 @@ void Index::createKavenaDir()
 {
     const QDir root(rootPath);
     for (const QLatin1String name : {indexfiles::effectsFolder, indexfiles::bridgeFolder}) {
-        if (!root.exists(name))
+        if (!m_isStopped && !root.exists(name))
             makeFolder(filePath(name));
     }
 }
@@ -214,7 +222,9 @@ void Index::scan_files(const QString &dir)
 
 void Index::scanInto(SongAdder &adder, const QString &dir, SongTimes times)
 {
-    adder.addAll(MemoryScan(*this, *this, m_renamer).songsIn(dir, times));
+    MemoryScan scan(*this, *this, m_renamer);
+    scan.tidyFolders();
+    adder.addAll(scan.songsIn(dir, times));
 }
 
 bool Index::checkFileExt(const QString &suffix) const
@@ -259,10 +269,11 @@ void Index::createPathIndex()
     logDebug() << "create path index";
     emit progressValueChanged(0);
     filesFound = 0;
+    unreadFolders.clear();
     SongAdder scanned(*this, *this);
     // Without entries every song is new: its time is asked for when it is read.
     scanInto(scanned, rootPath, entries.isEmpty() ? SongTimes::Leave : SongTimes::Ask);
-    if (m_renamer.isUnsure())
+    if (m_renamer.isUnsure() || wantsToStop())
         return;
     if (filesFound == 0) {
         logWarning() << "[Index::createPathIndex] No songs in" << rootPath;
@@ -271,7 +282,7 @@ void Index::createPathIndex()
 
     emit progressMaxSetup(static_cast<int>(filesFound));
     refreshEntries(&scanned);
-    if (indexChanged == 0)
+    if (indexChanged == 0 || wantsToStop())
         return;
 
     emit progressMaxSetup(100);

@@ -43,6 +43,13 @@ public:
     void setRenameQuestion(RenameQuestion question);
 
     /**
+     * Sets what is asked between songs whether the user wants to stop. createIndex() and
+     * updateIndex() then return false. Nothing of an index is written any more: an update leaves
+     * the old one, a rebuild none. An index that is being written is finished.
+     */
+    void setStopQuestion(std::function<bool()> question) { m_stopQuestion = std::move(question); }
+
+    /**
      * Builds the whole index of the memory from its files; the songs get new ids. False when no
      * complete index stands there afterwards: no songs, a full or protected memory. False, too,
      * when the playlists cannot be kept; where that shows before the build, the old index stays.
@@ -203,6 +210,7 @@ private:
     void tellProgress(int value) override { emit progressValueChanged(value); }
     void tellMaximum(int maximum) override { emit progressMaxSetup(maximum); }
     void tellFilesFound(int count) override { emit fileFoundChanged(count); }
+    bool wantsToStop() override;
 
     bool begin(const QString &root);
     bool update();
@@ -216,6 +224,8 @@ private:
 
     ItemRenamer m_renamer;
     IndexBuild m_build;
+    std::function<bool()> m_stopQuestion;
+    bool m_isStopped = false;
     bool m_buildFailed = false;
     bool m_playlistsFailed = false;
     bool m_pathsAreSaved = false; ///< the playlists' path files say more than the index on disk

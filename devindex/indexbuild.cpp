@@ -1,5 +1,6 @@
 #include "devindex/indexbuild.h"
 
+#include "devindex/devicetext.h"
 #include "devindex/filestamp.h"
 #include "devindex/indexfiles.h"
 #include "devindex/indexwriter.h"
@@ -43,6 +44,8 @@ void IndexBuild::refreshEntries(const SongAdder *scanned)
 {
     int step = 0;
     for (SongInfoIndex &entry : m_state.entries) {
+        if (m_observer.wantsToStop())
+            break;
         m_observer.tellCurrentPath(entry.fullPath);
         refresh(entry, scanned);
         m_observer.tellProgress(++step);
@@ -61,6 +64,8 @@ void IndexBuild::refresh(SongInfoIndex &entry, const SongAdder *scanned)
     std::optional<FileStamp> stamp = scanned == nullptr ? std::nullopt : scanned->stampOf(entry);
     if (!stamp)
         stamp = FileStamp::of(entry.fullPath);
+    if (isMemoryPath(entry.path) && !stamp && isHidden(entry))
+        return;
     if (!isMemoryPath(entry.path) || !stamp) {
         entry.id = SongInfoIndex::removedId;
         m_state.indexChanged = 1;
@@ -74,6 +79,18 @@ void IndexBuild::refresh(SongInfoIndex &entry, const SongAdder *scanned)
     m_state.indexChanged = 1;
 }
 
+/** True when the song may still lie in a folder that could not be read. */
+bool IndexBuild::isHidden(const SongInfoIndex &entry) const
+{
+    const auto holds = [&entry](const QString &folder) {
+        // As the path stands in an index, with "?" for characters that it cannot hold.
+        const QString start = textFromIbm850(ibm850FromText(folder)) + QLatin1Char('/');
+        return entry.path.startsWith(start, Qt::CaseInsensitive) ||
+               entry.path.startsWith(folder + QLatin1Char('/'), Qt::CaseInsensitive);
+    };
+    return std::any_of(m_state.unreadFolders.cbegin(), m_state.unreadFolders.cend(), holds);
+}
+
 void IndexBuild::readNew(SongInfoIndex &entry)
 {
     std::optional<FileStamp> stamp = readSong(entry);
@@ -81,6 +98,7 @@ void IndexBuild::readNew(SongInfoIndex &entry)
     if (!stamp)
         stamp = FileStamp::of(entry.fullPath);
     if (!stamp) {
+        m_observer.tellError(tr("File non importato, non può essere letto: ") + entry.fullPath);
         entry.id = SongInfoIndex::removedId;
         return;
     }

@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 /** The state of one operation on a memory's index; each step takes it from the one before. */
 struct IndexState {
@@ -16,6 +17,7 @@ struct IndexState {
     QString rootPath; ///< without a slash at its end
     QList<SongInfoIndex> entries;
     QList<quint16> playlistNumbers;
+    QStringList unreadFolders;        ///< that the scan could not read, as paths on the memory
     quint32 maxLoadedId = noIdLoaded; ///< highest id of the index that was read, or noIdLoaded
     quint32 nextId = 0;
     quint16 nextPosidx = 0;
@@ -39,6 +41,9 @@ public:
     virtual void tellProgress(int value) = 0;
     virtual void tellMaximum(int maximum) = 0;
     virtual void tellFilesFound(int count) = 0;
+
+    /** Asked between songs while nothing is being written. Once true it stays so. */
+    virtual bool wantsToStop() { return false; }
 
 protected:
     IndexObserver() = default;

@@ -11,6 +11,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <array>
 
 namespace
 {
@@ -62,16 +63,21 @@ MemoryCheck::MemoryCheck(const QString &root)
 {
 }
 
-QList<MemoryCheck::Finding> MemoryCheck::run()
+QList<MemoryCheck::Finding> MemoryCheck::run(const std::function<bool()> &isStopped)
 {
+    const auto stops = [&isStopped] { return isStopped && isStopped(); };
     if (!isComplete())
         return m_findings;
-    findSongFiles();
+    findSongFiles(isStopped);
+    if (stops())
+        return m_findings;
     checkPaths();
     checkUnlisted();
     checkOrder();
     QList<int> counts;
     for (const bool mp3Only : {false, true}) {
+        if (stops())
+            return m_findings;
         checkTitles(mp3Only);
         counts.append(static_cast<int>(m_expected.size()));
         counts.append(checkGroups(QStringLiteral("artist"), mp3Only));
@@ -84,37 +90,13 @@ QList<MemoryCheck::Finding> MemoryCheck::run()
 
 const char *MemoryCheck::nameOf(Kind kind)
 {
-    switch (kind) {
-    case Kind::NoIndex:
-        return "no-index";
-    case Kind::WrongSize:
-        return "wrong-size";
-    case Kind::TooManySongs:
-        return "too-many-songs";
-    case Kind::BadRecord:
-        return "bad-record";
-    case Kind::ListedTwice:
-        return "listed-twice";
-    case Kind::MissingSong:
-        return "missing-song";
-    case Kind::ChangedSong:
-        return "changed-song";
-    case Kind::UnlistedSong:
-        return "unlisted-song";
-    case Kind::WrongOrder:
-        return "wrong-order";
-    case Kind::WrongSongs:
-        return "wrong-songs";
-    case Kind::WrongGroup:
-        return "wrong-group";
-    case Kind::WrongLetter:
-        return "wrong-letter";
-    case Kind::WrongCounts:
-        return "wrong-counts";
-    case Kind::UnknownSongInPlaylist:
-        return "unknown-song-in-playlist";
-    }
-    return "";
+    // In the order of the kinds.
+    constexpr std::array names{
+        "no-index",      "wrong-size",    "too-many-songs", "bad-record",
+        "listed-twice",  "missing-song",  "changed-song",   "unlisted-song",
+        "unread-folder", "unusable-name", "wrong-order",    "wrong-songs",
+        "wrong-group",   "wrong-letter",  "wrong-counts",   "unknown-song-in-playlist"};
+    return names.at(static_cast<std::size_t>(kind));
 }
 
 void MemoryCheck::add(Kind kind, const QString &path, const QString &text)
@@ -156,9 +138,17 @@ bool MemoryCheck::isComplete()
 
 // The path file and the order of paths -----------------------------------------------------------
 
-void MemoryCheck::findSongFiles()
+void MemoryCheck::findSongFiles(const std::function<bool()> &isStopped)
 {
-    for (const memorywalk::File &file : memorywalk::songs(m_root)) {
+    const memorywalk::Found found = memorywalk::songs(m_root, isStopped);
+    for (const QString &folder : found.unreadFolders) {
+        add(Kind::UnreadFolder, folder.isEmpty() ? QStringLiteral("/") : folder,
+            tr("La cartella non può essere letta"));
+        m_unread.append(folded(textFromIbm850(ibm850FromText(folder + QLatin1Char('/')))));
+    }
+    for (const QString &path : found.unusable)
+        add(Kind::UnusableName, path, tr("Il nome non è in UTF-8"));
+    for (const memorywalk::File &file : found.songs) {
         if (file.path.size() > PathRecord::maxPathLength)
             continue;
         const QByteArray path = ibm850FromText(file.path);
@@ -166,6 +156,14 @@ void MemoryCheck::findSongFiles()
             m_filePaths.append(path);
         m_files[path].append(file.stamp);
     }
+}
+
+/** True for a song in a folder that cannot be read: it may be there or not. */
+bool MemoryCheck::isHidden(const QString &path) const
+{
+    const QString name = folded(path);
+    return std::any_of(m_unread.cbegin(), m_unread.cend(),
+                       [&name](const QString &folder) { return name.startsWith(folder); });
 }
 
 void MemoryCheck::checkPaths()
@@ -211,9 +209,9 @@ void MemoryCheck::checkPath(int number, const char *record)
         digits.fill('0');
     }
     const auto file = m_files.constFind(path);
-    if (file == m_files.constEnd())
+    if (file == m_files.constEnd() && !isHidden(shown))
         add(Kind::MissingSong, shown, tr("Il file non c'è"));
-    else if (!file->contains(digits))
+    else if (file != m_files.constEnd() && !file->contains(digits))
         add(Kind::ChangedSong, shown, tr("Il file è stato modificato dopo l'aggiornamento"));
     m_songs.append({id, path});
     m_ids.insert(id);

@@ -9,6 +9,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 /**
  * Reads only: nothing on the memory is changed. A memory without a complete index has one finding,
  * since the player then finds no songs at all. Files that are larger than an index can make them
@@ -28,6 +30,8 @@ public:
         MissingSong,  ///< the index lists a file that is not there
         ChangedSong,  ///< the file was changed after it was indexed
         UnlistedSong, ///< a song file that the index does not list
+        UnreadFolder, ///< its songs cannot be looked for
+        UnusableName, ///< of a song or folder: no program finds it under its name
         WrongOrder,   ///< the player searches in another order
         WrongSongs,   ///< a list does not hold each song that belongs there
         WrongGroup,   ///< the counts or the text of a group of songs
@@ -45,8 +49,11 @@ public:
     /** The memory with this root folder. */
     explicit MemoryCheck(const QString &root);
 
-    /** All that is wrong with the memory; empty when it is in order. */
-    QList<Finding> run();
+    /**
+     * All that is wrong with the memory; empty when it is in order. What is missing in the findings
+     * when isStopped, asked between folders and lists, says yes, is not known.
+     */
+    QList<Finding> run(const std::function<bool()> &isStopped = {});
 
     /** A name for the kind that never changes, such as "missing-song". */
     static const char *nameOf(Kind kind);
@@ -69,7 +76,8 @@ private:
 
     void checkPaths();
     void checkPath(int number, const char *record);
-    void findSongFiles();
+    void findSongFiles(const std::function<bool()> &isStopped);
+    bool isHidden(const QString &path) const;
     void checkUnlisted();
     void checkOrder();
     void checkTitles(bool mp3Only);
@@ -87,6 +95,7 @@ private:
     QList<Finding> m_findings;
     QHash<QByteArray, QList<QByteArray>> m_files; ///< times of change by path
     QList<QByteArray> m_filePaths;                ///< in the order in which they were found
+    QStringList m_unread;                         ///< folders, as their paths stand in an index
     QList<Song> m_songs;                          ///< by record number
     QSet<quint32> m_ids;
     QSet<QByteArray> m_paths;

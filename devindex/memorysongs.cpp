@@ -79,10 +79,10 @@ private:
         if (m_stopped || (isLink && m_active.contains(folderIdOf(folder))))
             return;
         const FolderListing listing = FolderListing::of(folder);
-        if (listing.id.isEmpty()) {
+        if (listing.id.isEmpty() || listing.isUnreadable)
             m_unreadable.append(folder.mid(m_root.size()));
+        if (listing.id.isEmpty())
             return;
-        }
         if (m_active.contains(listing.id) || (behindLink && m_linked.contains(listing.id)))
             return;
         if (behindLink)

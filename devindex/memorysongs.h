@@ -66,7 +66,7 @@ public:
     /** The songs in this state. */
     int count(MemorySong::State state) const;
 
-    /** Folders that could not be read, as paths on the memory. */
+    /** Folders that could not be read, or not wholly, as paths on the memory. */
     const QStringList &unreadableFolders() const { return m_unreadable; }
 
 private:

@@ -16,7 +16,9 @@ namespace
 /** Of files that are of no use without the program that made them. */
 constexpr QLatin1String suffixes[] = {Leftovers::partSuffix, Leftovers::temporarySuffix};
 
-bool isLeftover(const QString &name)
+} // namespace
+
+bool Leftovers::isLeftover(const QString &name)
 {
     return name.startsWith(QLatin1Char('.')) &&
            std::any_of(std::cbegin(suffixes), std::cend(suffixes), [&name](QLatin1String suffix) {
@@ -25,7 +27,11 @@ bool isLeftover(const QString &name)
            });
 }
 
-} // namespace
+void Leftovers::remove(const QString &path)
+{
+    if (isLeftover(QFileInfo(path).fileName()) && removeUnheld(path))
+        logDebug() << "[Leftovers::remove] Removed, it was left behind:" << path;
+}
 
 void Leftovers::tidy(const QString &folder)
 {
@@ -39,10 +45,8 @@ void Leftovers::tidy(const QString &folder)
         if (isLeftover(it.fileName()))
             found.append(path);
     }
-    for (const QString &path : std::as_const(found)) {
-        if (removeUnheld(path))
-            logDebug() << "[Leftovers::tidy] Removed, it was left behind:" << path;
-    }
+    for (const QString &path : std::as_const(found))
+        remove(path);
 }
 
 void Leftovers::tidyBeside(const QString &song)

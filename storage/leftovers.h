@@ -20,6 +20,12 @@ public:
     /** The new version of an MP3 before it replaces the old one, where the usual name is taken. */
     static constexpr QLatin1String temporarySuffix{"kavena-tmp"};
 
+    /** True for a name that only such a file has. */
+    static bool isLeftover(const QString &name);
+
+    /** Removes one, if it is provably one; else it stays, without a message. */
+    static void remove(const QString &path);
+
     /**
      * Removes the leftovers from the folder. A file that cannot be removed stays, without a
      * message.

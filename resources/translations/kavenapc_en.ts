@@ -301,7 +301,19 @@ Songs that cannot be read: %4</translation>
     </message>
     <message>
         <source>File non importato, troppi file nella memoria: </source>
-        <translation>File not added, too many files in the memory: </translation>
+        <translation>File not added, too many files on the memory: </translation>
+    </message>
+    <message>
+        <source>File non importato, non può essere letto: </source>
+        <translation>File not added, it cannot be read: </translation>
+    </message>
+    <message>
+        <source>Non importato, il nome non è in UTF-8: </source>
+        <translation>Not added, the name has characters that cannot be read; please rename: </translation>
+    </message>
+    <message>
+        <source>Cartella non leggibile, le sue song non sono state cercate: </source>
+        <translation>Folder cannot be read, its songs were not looked for: </translation>
     </message>
     <message>
         <source>File non importato, il nome differisce da un altro solo per le maiuscole: </source>
@@ -644,7 +656,7 @@ Make sure that the memory has enough free space and is not write-protected.</tra
     <message>
         <source>Lo spazio libero nella memoria non è sufficiente: mancano %1.
 Si vuole procedere comunque con la copia?</source>
-        <translation>There is not enough free space in the memory: %1 more is needed.
+        <translation>There is not enough free space on the memory: %1 more is needed.
 Do you want to copy all the same?</translation>
     </message>
     <message>
@@ -1289,6 +1301,14 @@ Please install the program again.</translation>
         <translation>The option takes exactly one value: %1</translation>
     </message>
     <message>
+        <source>Argomenti non validi</source>
+        <translation>Invalid arguments</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione non vuole un valore: %1</source>
+        <translation>The option takes no value: %1</translation>
+    </message>
+    <message>
         <source>Valore non valido per %1: %2</source>
         <translation>Invalid value for %1: %2</translation>
     </message>
@@ -1475,6 +1495,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>Nessuna song nella memoria</source>
         <translation>No songs on the memory</translation>
     </message>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
+        <translation>The memory has no complete song index: update it before you use the memory</translation>
+    </message>
 </context>
 <context>
     <name>ListCommand</name>
@@ -1621,6 +1645,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>La song %1 della playlist non è nella memoria</source>
         <translation>Song %1 of the playlist is not on the memory</translation>
     </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>The folder cannot be read</translation>
+    </message>
+    <message>
+        <source>Il nome non è in UTF-8</source>
+        <translation>The name has characters that cannot be read</translation>
+    </message>
 </context>
 <context>
     <name>PeopleWriter</name>
@@ -1713,6 +1745,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>Modifica</source>
         <translation>Changing</translation>
+    </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 cut to %3 characters: %4</translation>
     </message>
 </context>
 <context>
@@ -1850,6 +1886,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</source>
         <translation>These are more songs than the player can find: %1. Continue all the same?</translation>
+    </message>
+    <message>
+        <source>Non è una song e non viene copiato</source>
+        <translation>It is no song and is not copied</translation>
     </message>
 </context>
 <context>

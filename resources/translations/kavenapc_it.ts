@@ -304,6 +304,18 @@ Song non leggibili: %4</translation>
         <translation>File non inserito, troppi file nella memoria: </translation>
     </message>
     <message>
+        <source>File non importato, non può essere letto: </source>
+        <translation>File non importato, non può essere letto: </translation>
+    </message>
+    <message>
+        <source>Non importato, il nome non è in UTF-8: </source>
+        <translation>Non importato, il nome non è in UTF-8: </translation>
+    </message>
+    <message>
+        <source>Cartella non leggibile, le sue song non sono state cercate: </source>
+        <translation>Cartella non leggibile, le sue song non sono state cercate: </translation>
+    </message>
+    <message>
         <source>File non importato, il nome differisce da un altro solo per le maiuscole: </source>
         <translation>File non inserito, il nome differisce da un altro solo per le maiuscole: </translation>
     </message>
@@ -1289,6 +1301,14 @@ Installare di nuovo il programma.</translation>
         <translation>L&apos;opzione vuole un solo valore: %1</translation>
     </message>
     <message>
+        <source>Argomenti non validi</source>
+        <translation>Argomenti non validi</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione non vuole un valore: %1</source>
+        <translation>L&apos;opzione non vuole un valore: %1</translation>
+    </message>
+    <message>
         <source>Valore non valido per %1: %2</source>
         <translation>Valore non valido per %1: %2</translation>
     </message>
@@ -1475,6 +1495,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>Nessuna song nella memoria</source>
         <translation>Nessuna song nella memoria</translation>
     </message>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
+        <translation>La memoria non ha un database completo: aggiornarlo prima di usarla</translation>
+    </message>
 </context>
 <context>
     <name>ListCommand</name>
@@ -1621,6 +1645,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>La song %1 della playlist non è nella memoria</source>
         <translation>La song %1 della playlist non è nella memoria</translation>
     </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>La cartella non può essere letta</translation>
+    </message>
+    <message>
+        <source>Il nome non è in UTF-8</source>
+        <translation>Il nome non è in UTF-8</translation>
+    </message>
 </context>
 <context>
     <name>PeopleWriter</name>
@@ -1713,6 +1745,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>Modifica</source>
         <translation>Modifica</translation>
+    </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 accorciato a %3 caratteri: %4</translation>
     </message>
 </context>
 <context>
@@ -1850,6 +1886,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</source>
         <translation>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</translation>
+    </message>
+    <message>
+        <source>Non è una song e non viene copiato</source>
+        <translation>Non è una song e non viene copiato</translation>
     </message>
 </context>
 <context>

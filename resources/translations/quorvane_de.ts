@@ -304,6 +304,18 @@ Songs, die nicht lesbar sind: %4</translation>
         <translation>Datei nicht aufgenommen, zu viele Dateien auf dem Speicher: </translation>
     </message>
     <message>
+        <source>File non importato, non può essere letto: </source>
+        <translation>Datei nicht aufgenommen, sie kann nicht gelesen werden: </translation>
+    </message>
+    <message>
+        <source>Non importato, il nome non è in UTF-8: </source>
+        <translation>Nicht aufgenommen, der Name enthält unlesbare Zeichen; bitte umbenennen: </translation>
+    </message>
+    <message>
+        <source>Cartella non leggibile, le sue song non sono state cercate: </source>
+        <translation>Ordner nicht lesbar, seine Songs wurden nicht gesucht: </translation>
+    </message>
+    <message>
         <source>File non importato, il nome differisce da un altro solo per le maiuscole: </source>
         <translation>Datei nicht aufgenommen, der Name unterscheidet sich nur in Groß- und Kleinschreibung von einem anderen: </translation>
     </message>
@@ -1289,6 +1301,14 @@ Bitte installieren Sie das Programm neu.</translation>
         <translation>Die Option braucht genau einen Wert: %1</translation>
     </message>
     <message>
+        <source>Argomenti non validi</source>
+        <translation>Ungültige Argumente</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione non vuole un valore: %1</source>
+        <translation>Die Option nimmt keinen Wert: %1</translation>
+    </message>
+    <message>
         <source>Valore non valido per %1: %2</source>
         <translation>Ungültiger Wert für %1: %2</translation>
     </message>
@@ -1475,6 +1495,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>Nessuna song nella memoria</source>
         <translation>Keine Songs auf dem Speicher</translation>
     </message>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
+        <translation>Der Speicher hat kein vollständiges Songverzeichnis: vor dem Benutzen aktualisieren</translation>
+    </message>
 </context>
 <context>
     <name>ListCommand</name>
@@ -1621,6 +1645,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>La song %1 della playlist non è nella memoria</source>
         <translation>Song %1 der Playlist ist nicht auf dem Speicher</translation>
     </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>Der Ordner kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Il nome non è in UTF-8</source>
+        <translation>Der Name enthält unlesbare Zeichen</translation>
+    </message>
 </context>
 <context>
     <name>PeopleWriter</name>
@@ -1713,6 +1745,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>Modifica</source>
         <translation>Ändere</translation>
+    </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 auf %3 Zeichen gekürzt: %4</translation>
     </message>
 </context>
 <context>
@@ -1850,6 +1886,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</source>
         <translation>Das sind mehr Songs, als der Player finden kann: %1. Trotzdem fortfahren?</translation>
+    </message>
+    <message>
+        <source>Non è una song e non viene copiato</source>
+        <translation>Das ist kein Song und wird nicht kopiert</translation>
     </message>
 </context>
 <context>

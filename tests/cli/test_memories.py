@@ -59,6 +59,20 @@ class Transfer(CliTest):
         self.assertTrue((self.card / "songs" / "a.mid").exists())
         self.assertEqual(self.judge_memory(), "")
 
+    def test_files_that_are_no_songs_are_refused(self):
+        self.write("a.mid", song())
+        self.write("b.mp3", mp3("Beta"))
+        for name in ("b.cdg", "other.cdg", "notes.txt"):
+            self.write(name, b"x")
+        self.run_kavena("transfer", "notes.txt", "--to", self.card, status=1)
+        self.assertEqual(list(self.card.iterdir()), [])
+        result = self.run_kavena("transfer", "a.mid", "b.cdg", "b.mp3", "notes.txt", "other.cdg",
+                                 "gone", "--to", self.card, status=1)
+        refused = [line.split(": ")[1] for line in result.err.splitlines()[:3]]
+        self.assertEqual(refused, ["notes.txt", "other.cdg", "gone"])
+        self.assertEqual({path.name for path in (self.card / "songs").iterdir()},
+                         {"a.mid", "b.mp3", "b.cdg"})
+
     def test_memory_in_use_is_left_alone(self):
         self.write("a.mid", song())
         with (self.card / LOCK_FILE).open("wb") as lock:
@@ -110,6 +124,17 @@ class Index(CliTest):
         self.run_kavena("index", "update", self.folder / "gone", status=3)
         self.assertFalse((self.folder / "gone").exists())
 
+    def test_names_that_are_no_utf8_are_named(self):
+        path = os.fsencode(self.card) + b"/Caff\xe8.mid"
+        with open(path, "wb") as file:
+            file.write(song("Coffee"))
+        for command in ("update", "rebuild"):
+            result = self.run_kavena("index", command, self.card, status=1)
+            self.assertIn(f"{self.card}/Caff\\xe8.mid", result.err)
+        check = self.run_kavena("index", "check", "--json", self.card, status=1)
+        self.assertEqual([(line["finding"], line["path"]) for line in check.lines],
+                         [("unusable-name", "/Caff\\xe8.mid")])
+
     def test_options_decide_about_long_names(self):
         long = self.write("averylongname.mid", song("Long"), self.card)
         for options in ([], ["--rename", "no"]):
@@ -126,7 +151,7 @@ class Index(CliTest):
         self.run_kavena("index", "update", self.card, status=0)
         lines = self.run_kavena("list", "--json", self.card, status=0).lines
         self.assertEqual(lines[0], {
-            "id": 0, "path": "/a.mid", "title": "ALPHA", "artist": "ZOE", "genre": "<UNKNOWN>",
+            "id": 0, "path": "/a.mid", "title": "ALPHA", "artist": "ZOE", "genre": "",
             "format": "MIDI", "bpm": 0, "markers": False})
         self.assertEqual({line["format"] for line in lines}, {"MIDI", "MP3", "MF5"})
 

@@ -4,7 +4,7 @@ import os
 import subprocess
 
 import songs
-from songs import CliTest, midi, meta, mp3, song
+from songs import CliTest, meta, mf5, midi, mp3, song
 
 # A song of the catalogue: file name, title, artist as it is displayed.
 FILE, TITLE, ARTIST = "BIRGILCA", "A BIRD IN A GILDED CAGE", "JERE MAHONEY"
@@ -139,6 +139,21 @@ class Set(CliTest):
     def test_lost_characters_are_told(self):
         self.write("s.mid", song())
         self.assertIn("♥", self.run_kavena("set", "--title", "♥", "s.mid", status=0).err)
+
+    def test_cut_texts_are_told(self):
+        self.write("s.mid", song())
+        self.write("s.mf5", mf5())
+        self.write("s.mp3", mp3("Title"))
+        text = "x" * 20 + " " + "y" * 200
+        for name, kept in (("s.mid", text[:125]), ("s.mf5", text[:32])):
+            result = self.run_kavena("set", "--author", text, "--title", "short", name, status=0)
+            self.assertEqual(result.err, f"kavena: {name}: Author cut to {len(kept)} characters: "
+                                         f"{kept}\n")
+            shown = self.run_kavena("show", "--json", name).lines[0]
+            self.assertEqual((shown["author"], shown["title"]), (kept, "short"))
+        for name, size in (("s.mid", 125), ("s.mf5", 32), ("s.mp3", 200)):
+            result = self.run_kavena("set", "--genre", "g" * size, name, status=0)
+            self.assertEqual(result.err, "")
 
     def test_wrong_values_change_nothing(self):
         path = self.write("s.mid", song())
