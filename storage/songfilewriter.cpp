@@ -43,7 +43,7 @@ QString temporaryName(const QString &path)
     const qsizetype nameStart = path.lastIndexOf(QLatin1Char('/')) + 1;
     const qsizetype dot = path.lastIndexOf(QLatin1Char('.'));
     const QString stem = dot < nameStart ? path : path.left(dot);
-    return stem + QLatin1String(".tmp");
+    return stem + Leftovers::usualTemporarySuffix;
 }
 
 /** Copies the source, from where it stands up to its end. */
@@ -309,16 +309,23 @@ SongFileWriter::Outcome SongFileWriter::replaceThroughTemporary(const QByteArray
 }
 
 /**
- * Opens a new file beside the song, with the song's permissions. Where the usual name is taken (by
- * a file of the user's, a folder, or what a crash left behind), it is a hidden one of ours.
+ * Opens a new file beside the song, with the song's permissions, and holds it. Where the usual name
+ * is taken (by a file of the user's, a folder, or what a crash left behind), it is a hidden one of
+ * ours.
  */
 bool SongFileWriter::openTemporary(QFile &temporary) const
 {
     temporary.setFileName(temporaryName(m_path));
     const bool isFree = temporary.fileName() != m_path && !isTaken(temporary.fileName());
-    const bool opened =
-        noted(isFree ? temporary.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered)
-                     : createHiddenBeside(temporary, m_path, Leftovers::temporarySuffix));
+    bool opened = isFree && temporary.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered);
+    const bool isHeld = opened && holdFile(temporary);
+    if (opened && !isHeld) {
+        temporary.close();
+        temporary.remove();
+    }
+    if (!isFree || (opened && !isHeld))
+        opened = createHiddenBeside(temporary, m_path, Leftovers::temporarySuffix);
+    noted(opened);
     if (opened && QFileInfo::exists(m_path)) {
         allowOwnerToWrite(m_path);
         temporary.setPermissions(QFile::permissions(m_path));
