@@ -70,7 +70,9 @@ bool isNewVersionOf(const QString &song, QFile &file)
         head.at(songlayout::id3VersionPos) > newestWrittenVersion)
         return false;
     QFile whole(song);
-    if (!QFileInfo(song).isFile() || !whole.open(QFile::ReadOnly))
+    // Those of the system's files that look empty may wait for ever when they are read.
+    const QFileInfo info(song);
+    if (!info.isFile() || info.size() == 0 || !whole.open(QFile::ReadOnly))
         return false;
     const auto start = startOfAudio(file);
     const auto startInSong = startOfAudio(whole);

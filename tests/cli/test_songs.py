@@ -2,6 +2,7 @@
 """test_songs.py KAVENA: show, set, sync and catalogue, as a script sees them."""
 import os
 import subprocess
+import unittest
 
 import songs
 from songs import CliTest, meta, mf5, midi, mp3, song
@@ -92,6 +93,14 @@ class Show(CliTest):
         self.assertEqual(shown.lines[0]["path"], "x\\xff\\xe8.mid")
         self.assertEqual(set(shown.lines[0]), {"path", "error"})
         self.assertIn("kavena: x\\xff\\xe8.mid: ", shown.err)
+
+    @unittest.skipUnless(os.access("/proc/kmsg", os.R_OK), "only root may read the kernel's log")
+    def test_files_that_wait_for_ever_are_not_read(self):
+        """The system has files without a size, the reading of which waits."""
+        (self.music / "s.mid").symlink_to("/proc/kmsg")
+        self.run_kavena("show", "s.mid", status=1)
+        self.run_kavena("set", "--title", "x", "s.mid", status=1)
+        self.run_kavena("sync", "--unsigned", "yes", "s.mid", status=1)
 
     def test_terminals_are_not_commanded_by_songs(self):
         self.write("s.mid", midi(meta(3, b"a\x1b[2Jb\nc")))
