@@ -47,7 +47,7 @@ void SetCommand::set(const QString &path)
     m_leftovers.tidyBeside(path);
     MetaSong song;
     if (!song.importFile(path)) {
-        m_terminal.fail(path, UnreadableFile::examine(path).reasonText());
+        m_terminal.fail(path, UnreadableFile::examine(path, song.wasInUse()).reasonText());
         return;
     }
     SongInfo before;

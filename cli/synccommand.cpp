@@ -77,7 +77,7 @@ void SyncCommand::sync(const QString &path, const CatalogueMerge &catalogue)
         m_leftovers.tidyBeside(path);
     SongUpdate update(path);
     if (!update.load()) {
-        const QString reason = UnreadableFile::examine(path).reasonText();
+        const QString reason = UnreadableFile::examine(path, update.wasInUse()).reasonText();
         m_terminal.fail(path, reason);
         m_writer.unreadable(path, reason);
         return;

@@ -218,7 +218,18 @@ bool SongFileWriter::putBack(const QByteArray &oldBytes)
     return false;
 }
 
-bool SongFileWriter::recover(const QString &path)
+bool SongFileWriter::isBeingSaved(const QString &path)
+{
+    const QString song = realPath(path);
+    for (int number = 0; number < SongJournal::maxNames; ++number) {
+        SongJournal::Content content;
+        if (SongJournal(song, number).read(content) == SongJournal::State::InUse)
+            return true;
+    }
+    return false;
+}
+
+SongFileWriter::Recovery SongFileWriter::tryToRecover(const QString &path)
 {
     const QString song = QFileInfo(path).isSymLink() ? realPath(path) : path;
     for (int number = 0; number < SongJournal::maxNames; ++number) {
@@ -231,19 +242,19 @@ bool SongFileWriter::recover(const QString &path)
         case SongJournal::State::InUse:
             logWarning() << "[SongFileWriter::recover] The song is being saved by another program:"
                          << path;
-            return false;
+            return Recovery::InUse;
         case SongJournal::State::Unreadable:
             logWarning() << "[SongFileWriter::recover] Impossible to read" << journal.path();
-            return false;
+            return Recovery::Failed;
         case SongJournal::State::Invalid:
             removeJournal(journal);
             break;
         case SongJournal::State::Valid:
             if (QFileInfo(song).isFile() && !SongFileWriter(song).resolve(journal, content))
-                return false;
+                return Recovery::Failed;
         }
     }
-    return true;
+    return Recovery::Done;
 }
 
 /** False when the song may hold a mixture of bytes, old and new. */

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
 """test_songs.py KAVENA: show, set, sync and catalogue, as a script sees them."""
+import fcntl
 import os
 import subprocess
 import unittest
@@ -175,6 +176,40 @@ class Set(CliTest):
             self.assertEqual(result.out, "")
             self.assertIn("kavena set --help", result.err, wrong)
         self.assertEqual(path.read_bytes(), before)
+
+
+class InUse(CliTest):
+    """While another program saves a song it is neither shown nor changed."""
+
+    def setUp(self):
+        super().setUp()
+        self.song = self.write("s.mid", song("Old", signed=True))
+        journal = self.write(".s.mid.kavena-journal", b"being written")
+        self.held = journal.open("rb")
+        self.addCleanup(self.held.close)
+        fcntl.flock(self.held, fcntl.LOCK_EX)
+
+    def test_every_command_says_so(self):
+        before = self.song.read_bytes()
+        for command in (["show"], ["set", "--title", "New"], ["sync"], ["sync", "--dry-run"]):
+            result = self.run_kavena(*command, "s.mid", status=1)
+            self.assertEqual(result.err,
+                             "kavena: s.mid: Another program is using the file\n", command)
+        self.assertEqual(self.song.read_bytes(), before)
+        self.held.close()
+        self.run_kavena("set", "--title", "New", "s.mid", status=0)
+
+    def test_saves_that_race_are_done_or_refused(self):
+        self.held.close()
+        text = "x" * 100
+        runs = [subprocess.Popen([songs.KAVENA, "set", "--title", text, "--author", text, "s.mid"],
+                                 cwd=self.music, env=self.environment, stderr=subprocess.PIPE)
+                for _ in range(60)]
+        for run in runs:
+            error = run.communicate(timeout=60)[1].decode()
+            self.assertIn(error, ("", "kavena: s.mid: Another program is using the file\n"))
+            self.assertEqual(run.returncode, 1 if error else 0)
+        self.assertEqual(self.run_kavena("show", "--json", "s.mid").lines[0]["title"], text)
 
 
 class Sync(CliTest):
