@@ -86,24 +86,26 @@ void SyncCommand::sync(const QString &path, const CatalogueMerge &catalogue)
         return m_terminal.ask(path, tr("La song non ha la firma del produttore. Modificarla?"),
                               "--unsigned", m_request.changeUnsigned);
     };
-    const bool mayChange =
-        m_request.dryRun || update.before().isKravo || m_changeUnsigned.isYes(ask);
-    if (!mayChange) {
+    // A dry run does not ask; it shows what a yes would do.
+    const bool isSigned = update.before().isKravo;
+    const bool mayChange = isSigned || (m_request.dryRun ? m_request.changeUnsigned.value_or(true)
+                                                         : m_changeUnsigned.isYes(ask));
+    const bool isKnown = update.merge(catalogue, QFileInfo(path).fileName());
+    if (isKnown && mayChange && !(m_request.dryRun && update.canBeSaved())) {
+        save(path, update);
+        return;
+    }
+    const QList<ChangePreview::Change> changes =
+        isKnown && mayChange ? update.changes() : QList<ChangePreview::Change>();
+    m_writer.changes(path, isKnown, changes);
+    if (!mayChange)
         m_terminal.note(tr("%1: non modificata, senza la firma del produttore").arg(path));
-        return;
-    }
-    if (!update.merge(catalogue, QFileInfo(path).fileName())) {
-        m_writer.changes(path, false, {});
-        if (m_request.dryRun)
-            m_terminal.countDone();
-        return;
-    }
-    if (m_request.dryRun && update.canBeSaved()) {
-        m_writer.changes(path, true, update.changes());
+    else if (!isSigned && !changes.isEmpty() && !m_request.changeUnsigned)
+        m_terminal.note(tr("%1: senza la firma del produttore, viene modificata solo se la "
+                           "risposta è sì (%2)")
+                            .arg(path, QStringLiteral("--unsigned yes")));
+    if (m_request.dryRun)
         m_terminal.countDone();
-        return;
-    }
-    save(path, update);
 }
 
 void SyncCommand::save(const QString &path, SongUpdate &update)

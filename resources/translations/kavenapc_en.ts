@@ -1795,6 +1795,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>%1: non modificata, senza la firma del produttore</source>
         <translation>%1: not changed, without the publisher&apos;s signature</translation>
     </message>
+    <message>
+        <source>%1: senza la firma del produttore, viene modificata solo se la risposta è sì (%2)</source>
+        <translation>%1: without the publisher&apos;s signature, changed only if the answer is yes (%2)</translation>
+    </message>
 </context>
 <context>
     <name>Terminal</name>

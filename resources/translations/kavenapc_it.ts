@@ -1795,6 +1795,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>%1: non modificata, senza la firma del produttore</source>
         <translation>%1: non modificata, senza la firma del produttore</translation>
     </message>
+    <message>
+        <source>%1: senza la firma del produttore, viene modificata solo se la risposta è sì (%2)</source>
+        <translation>%1: senza la firma del produttore, viene modificata solo se la risposta è sì (%2)</translation>
+    </message>
 </context>
 <context>
     <name>Terminal</name>

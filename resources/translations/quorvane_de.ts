@@ -1795,6 +1795,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>%1: non modificata, senza la firma del produttore</source>
         <translation>%1: nicht geändert, ohne Signatur des Herstellers</translation>
     </message>
+    <message>
+        <source>%1: senza la firma del produttore, viene modificata solo se la risposta è sì (%2)</source>
+        <translation>%1: ohne Signatur des Herstellers, wird nur geändert, wenn die Antwort Ja ist (%2)</translation>
+    </message>
 </context>
 <context>
     <name>Terminal</name>

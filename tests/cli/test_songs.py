@@ -233,6 +233,32 @@ class Sync(CliTest):
                          {"path": "./sub/zzqqxx.mid", "found": False, "changes": []})
         self.assertIn(ARTIST, self.run_kavena("sync", "--dry-run", ".", status=0).out)
 
+    def test_dry_run_changes_unsigned_songs_as_the_run_will(self):
+        name = f"sub/{FILE}.MID"
+        run = self.run_kavena("sync", "--dry-run", "--json", "--unsigned", "no", "sub", status=0)
+        lines = {line["path"]: line for line in run.lines}
+        self.assertEqual(lines[name], {"path": name, "found": True, "changes": []})
+        self.assertEqual(run.err, f"kavena: {name}: not changed, without the publisher's "
+                                  "signature\n")
+        run = self.run_kavena("sync", "--dry-run", "--json", "sub", status=0)
+        self.assertIn(ARTIST, run.out)
+        self.assertEqual(run.err, f"kavena: {name}: without the publisher's signature, changed "
+                                  "only if the answer is yes (--unsigned yes)\n")
+        run = self.run_kavena("sync", "--dry-run", "--json", "--unsigned", "yes", "sub", status=0)
+        self.assertIn(ARTIST, run.out)
+        self.assertEqual(run.err, "")
+        self.assertNotIn(ARTIST, self.run_kavena("sync", "--dry-run", "--unsigned", "no",
+                                                 "sub").out)
+
+    def test_each_song_has_its_line(self):
+        for options in ([], ["--unsigned", "no"]):
+            before = self.unsigned.read_bytes()
+            lines = self.run_kavena("sync", "--json", *options, ".").lines
+            self.assertEqual({line["path"] for line in lines},
+                             {f"./{FILE}.mid", f"./sub/{FILE}.MID", "./sub/zzqqxx.mid"})
+            self.assertIn({"path": f"./sub/{FILE}.MID", "found": True, "changes": []}, lines)
+            self.assertEqual(self.unsigned.read_bytes(), before)
+
     def test_unsigned_songs_are_left_alone_without_a_terminal(self):
         before = self.unsigned.read_bytes()
         run = self.run_kavena("sync", ".", status=0)
