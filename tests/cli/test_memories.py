@@ -46,11 +46,23 @@ class Transfer(CliTest):
         self.write("a.mid", song("New"))
         there = self.write("songs/a.mid", song("Old"), self.card)
         old, new = there.read_bytes(), song("New")
-        for options, expected in (([], old), (["--replace", "no"], old),
-                                  (["--replace", "yes"], new)):
-            result = self.run_kavena("transfer", *options, "a.mid", "--to", self.card, status=0)
+        # A transfer that has copied nothing has done nothing.
+        for options, expected, status in (([], old, 3), (["--replace", "no"], old, 3),
+                                          (["--replace", "yes"], new, 0)):
+            result = self.run_kavena("transfer", *options, "a.mid", "--to", self.card,
+                                     status=status)
             self.assertEqual("--replace yes" in result.err, options == [])
             self.assertEqual(there.read_bytes(), expected)
+
+    def test_memory_that_is_in_line_already(self):
+        self.write("a.mid", song("Alpha"))
+        in_line = ["transfer", "--in-line", "a.mid", "--to", self.card]
+        self.run_kavena(*in_line, status=0)
+        self.run_kavena(*in_line, status=3)
+        self.write("songs/old.mid", song("Old"), self.card)
+        self.run_kavena(*in_line, "--remove", status=0)
+        self.assertFalse((self.card / "songs" / "old.mid").exists())
+        self.run_kavena(*in_line, "--remove", status=3)
 
     def test_failures_are_named_and_the_others_arrive(self):
         self.write("a.mid", song())
