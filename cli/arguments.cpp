@@ -359,6 +359,10 @@ QString Arguments::whatIsWrong(const Request &request)
         return tr("Manca il comando");
     if (request.command == Command::Set && request.edit.isEmpty())
         return tr("Manca il dato da modificare, per esempio --title");
+    const bool namesFiles = request.command != Command::CatalogueFind;
+    if ((namesFiles && request.paths.contains(QByteArray())) ||
+        (request.backup && request.backup->isEmpty()))
+        return tr("Un nome è vuoto");
     if (request.command == Command::Transfer && request.to.isEmpty())
         return tr("Manca la cartella di destinazione: --to CARTELLA");
     if (request.remove && !request.inLine)

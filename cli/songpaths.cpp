@@ -1,11 +1,11 @@
 #include "cli/songpaths.h"
 
-#include "storage/shownname.h"
 #include "cli/terminal.h"
 #include "devindex/mountedvolumes.h"
 #include "formats/songnames.h"
 #include "library/songsearch.h"
 #include "storage/nametext.h"
+#include "storage/shownname.h"
 
 #include <QFileInfo>
 
@@ -39,7 +39,9 @@ std::optional<QList<QByteArray>> SongPaths::given(const Request &request, Termin
         for (const char byte : QByteArrayView(bytes.data(), static_cast<qsizetype>(size))) {
             if (byte != '\0') {
                 path += byte;
-            } else if (!path.isEmpty()) {
+            } else if (path.isEmpty()) {
+                terminal.fail(QStringLiteral("-0"), tr("Un nome è vuoto"));
+            } else {
                 paths.append(path);
                 path.clear();
             }
@@ -75,8 +77,11 @@ std::optional<QString> SongPaths::folder(const QByteArray &path, Terminal &termi
     const QFileInfo info(*name);
     if (info.isDir())
         return info.absoluteFilePath();
-    terminal.refuse(
-        *name, QCoreApplication::translate("IndexDialog", "Il percorso selezionato non esiste"));
+    terminal.refuse(*name, info.exists()
+                               ? QCoreApplication::translate(
+                                     "IndexDialog", "Il percorso selezionato non è una cartella")
+                               : QCoreApplication::translate("IndexDialog",
+                                                             "Il percorso selezionato non esiste"));
     return std::nullopt;
 }
 

@@ -1348,6 +1348,10 @@ Please install the program again.</translation>
         <source>--csv e --duplicates non vanno insieme</source>
         <translation>--csv and --duplicates do not go together</translation>
     </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>A name is empty</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1771,6 +1775,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>The name is not in UTF-8, and the file cannot be opened</translation>
+    </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>A name is empty</translation>
     </message>
 </context>
 <context>

@@ -1348,6 +1348,10 @@ Installare di nuovo il programma.</translation>
         <source>--csv e --duplicates non vanno insieme</source>
         <translation>--csv e --duplicates non vanno insieme</translation>
     </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>Un nome è vuoto</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1771,6 +1775,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>Il nome non è in UTF-8 e il file non può essere aperto</translation>
+    </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>Un nome è vuoto</translation>
     </message>
 </context>
 <context>

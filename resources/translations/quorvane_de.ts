@@ -1348,6 +1348,10 @@ Bitte installieren Sie das Programm neu.</translation>
         <source>--csv e --duplicates non vanno insieme</source>
         <translation>--csv und --duplicates gehen nicht zusammen</translation>
     </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>Ein Name ist leer</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1771,6 +1775,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>Der Name ist nicht in UTF-8, und die Datei lässt sich nicht öffnen</translation>
+    </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>Ein Name ist leer</translation>
     </message>
 </context>
 <context>
