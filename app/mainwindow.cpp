@@ -13,6 +13,7 @@
 #include "library/librarybackup.h"
 #include "library/settings.h"
 #include "storage/diagnostics.h"
+#include "storage/memorylock.h"
 #include "windows/aboutdialog.h"
 #include "windows/confirmation.h"
 #include "windows/helpdialog.h"
@@ -335,6 +336,13 @@ bool MainWindow::transferSelectedFiles()
 bool MainWindow::copyFiles(const QString &dest, int &copied)
 {
     const BusyGuard busy(m_busy);
+    const QString memory = MountedVolumes().memoryOf(dest);
+    MemoryLock lock(memory);
+    if (!memory.isEmpty() && !lock.take()) {
+        copied = 0;
+        TransferDialogs(this).warn(tr("Trasferimento"), lock.message());
+        return false;
+    }
     return FileCopier(&confirmation::askToReplace)
         .copyFiles(m_selectedFiles, dest, copied, m_progress.shown());
 }
