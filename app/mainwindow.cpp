@@ -65,6 +65,7 @@ MainWindow::MainWindow(QWidget *parent)
     if (!m_database.init()) {
         logDebug() << "Error initializing DB !!!";
         m_missingLibrary = new MissingLibrary(ui->statusBar);
+        m_buttons.disableForGood();
         return;
     }
     logDebug() << "DB initialized correctly";
@@ -96,6 +97,7 @@ void MainWindow::tellMissingLibrary()
         m_missingLibrary->tell(this, m_busy);
 }
 
+/** For the calls that other code makes: what the user could press is disabled without a library. */
 bool MainWindow::hasLibrary() const
 {
     if (m_songs == nullptr)
@@ -184,8 +186,6 @@ void MainWindow::on_selectDirToolButton_clicked()
 
 void MainWindow::importDropped(const QStringList &paths)
 {
-    if (!hasLibrary())
-        return;
     const BusyGuard busy(m_busy);
     const auto files = m_import->search(paths);
     if (files && files->isEmpty())
@@ -260,8 +260,6 @@ bool MainWindow::backupDirectory(const QString &source, const QString &destinati
 
 void MainWindow::on_updateDataToolButton_clicked()
 {
-    if (!hasLibrary())
-        return;
     m_buttons.disable();
     if (!updateUserLibrary())
         m_buttons.setSynchronise(true);
@@ -288,8 +286,6 @@ bool MainWindow::updateFileWithDb(int row)
 
 void MainWindow::onSongsTableViewDoubleClicked(QModelIndex index)
 {
-    if (!hasLibrary())
-        return;
     m_rows->edit(index);
 }
 
@@ -303,8 +299,6 @@ void MainWindow::manualModifySong(const MetaSong &song, const SongInfo &info, co
 
 void MainWindow::onSongsTableViewShowContextMenu(QPoint pos)
 {
-    if (!hasLibrary())
-        return;
     m_rows->runMenu(pos);
 }
 
@@ -482,12 +476,10 @@ void MainWindow::on_dbgLogClearCheckBox_toggled(bool checked)
 
 void MainWindow::on_dbgAddMarkerPushButton_clicked()
 {
-    if (hasLibrary())
-        m_debugPanel.saveWithMarker(*m_songs);
+    m_debugPanel.saveWithMarker(*m_songs);
 }
 
 void MainWindow::on_dbgSavePushButton_clicked()
 {
-    if (hasLibrary())
-        DebugPanel::saveUnchanged(*m_songs);
+    DebugPanel::saveUnchanged(*m_songs);
 }
