@@ -2,6 +2,7 @@
 """test_songs.py KAVENA: show, set, sync and catalogue, as a script sees them."""
 import fcntl
 import os
+import resource
 import subprocess
 import unittest
 
@@ -176,6 +177,46 @@ class Set(CliTest):
             self.assertEqual(result.out, "")
             self.assertIn("kavena set --help", result.err, wrong)
         self.assertEqual(path.read_bytes(), before)
+
+
+class SizeLimit(CliTest):
+    """A file that reaches the user's size limit is a write that fails, not the program's end."""
+
+    def limited(self, *arguments, limit):
+        def set_limit():
+            resource.setrlimit(resource.RLIMIT_FSIZE, (limit, limit))
+        return subprocess.run([songs.KAVENA, *arguments], cwd=self.music, env=self.environment,
+                              capture_output=True, timeout=60, check=False, preexec_fn=set_limit)
+
+    def test_songs_stay_and_the_reason_is_told(self):
+        for name, data in (("s.mid", song("X" * 100)), ("s.mp3", mp3("Old")), ("s.mf5", mf5())):
+            path = self.write(name, data)
+            before = self.snapshot()
+            result = self.limited("set", "--title", "New", name, limit=20)
+            self.assertEqual(result.returncode, 1, result)
+            self.assertEqual(result.stderr.decode(), f"kavena: {name}: No room left\n")
+            self.assertEqual(self.snapshot(), before)
+            path.unlink()
+
+    def test_copies_fail_and_the_memory_stays_in_order(self):
+        self.write("a.mid", song("Alpha"))
+        self.run_kavena("transfer", "a.mid", "--to", self.card, status=0)
+        before = self.snapshot(self.card)
+        self.write("b.mp3", mp3("Beta") * 200)
+        result = self.limited("transfer", "b.mp3", "--to", self.card, limit=30000)
+        self.assertEqual(result.returncode, 1, result)
+        self.assertIn(b"b.mp3", result.stderr)
+        self.assertEqual(self.snapshot(self.card), before)
+        self.assertEqual(self.judge_memory(), "")
+
+    def test_output_that_cannot_be_written_is_a_failure(self):
+        self.write("s.mid", song("X" * 100))
+        with open(self.folder / "out", "wb") as out:
+            result = subprocess.run(
+                ["sh", "-c", 'ulimit -f 0; exec "$0" show s.mid', songs.KAVENA], stdout=out,
+                stderr=subprocess.PIPE, cwd=self.music, env=self.environment, check=False)
+        self.assertEqual(result.returncode, 1)
+        self.assertIn(b"standard output", result.stderr)
 
 
 class InUse(CliTest):
