@@ -1,9 +1,9 @@
 #include "cli/showcommand.h"
 
-#include "storage/shownname.h"
 #include "cli/songpaths.h"
 #include "formats/metasong.h"
 #include "library/unreadablefile.h"
+#include "storage/shownname.h"
 
 ExitStatus ShowCommand::run()
 {

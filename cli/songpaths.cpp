@@ -1,5 +1,6 @@
 #include "cli/songpaths.h"
 
+#include "cli/givenpath.h"
 #include "cli/terminal.h"
 #include "devindex/mountedvolumes.h"
 #include "formats/songnames.h"
@@ -62,9 +63,8 @@ std::optional<QList<QByteArray>> SongPaths::given(const Request &request, Termin
 
 std::optional<QString> SongPaths::decode(const QByteArray &path, Terminal &terminal)
 {
-    // Qt takes a colon at the beginning for the files that are part of the program.
     if (path.isValidUtf8())
-        return path.startsWith(':') ? QStringLiteral("./") + nameText(path) : nameText(path);
+        return path.startsWith(':') ? givenpath::beforeColon + nameText(path) : nameText(path);
     terminal.fail(shownName(path), notUtf8());
     return std::nullopt;
 }

@@ -1,5 +1,6 @@
 #include "cli/synccommand.h"
 
+#include "cli/givenpath.h"
 #include "cli/songpaths.h"
 #include "devindex/filecopier.h"
 #include "library/cataloguemerge.h"
@@ -99,11 +100,12 @@ void SyncCommand::sync(const QString &path, const CatalogueMerge &catalogue)
         isKnown && mayChange ? update.changes() : QList<ChangePreview::Change>();
     m_writer.changes(path, isKnown, changes);
     if (!mayChange)
-        m_terminal.note(tr("%1: non modificata, senza la firma del produttore").arg(path));
+        m_terminal.note(
+            tr("%1: non modificata, senza la firma del produttore").arg(givenpath::shown(path)));
     else if (!isSigned && !changes.isEmpty() && !m_request.changeUnsigned)
         m_terminal.note(tr("%1: senza la firma del produttore, viene modificata solo se la "
                            "risposta è sì (%2)")
-                            .arg(path, QStringLiteral("--unsigned yes")));
+                            .arg(givenpath::shown(path), QStringLiteral("--unsigned yes")));
     if (m_request.dryRun)
         m_terminal.countDone();
 }
@@ -122,7 +124,7 @@ void SyncCommand::save(const QString &path, SongUpdate &update)
     for (const ChangePreview::Change &change : changes) {
         if (!change.lost.isEmpty())
             m_terminal.note(
-                path + QStringLiteral(": ") +
+                givenpath::shown(path) + QStringLiteral(": ") +
                 RunReport::text({SongFinding::Kind::LostCharacters, path, change.lost}));
     }
 }

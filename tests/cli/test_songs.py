@@ -83,11 +83,31 @@ class Show(CliTest):
     def test_names_mean_no_other_file(self):
         self.write("a.mid", song("Other"))
         for name in ("\ufeffa.mid", ":a.mid"):
-            self.assertEqual(self.run_kavena("show", "--json", name, status=1).lines[0]["path"][-5:],
-                             "a.mid")
+            shown = self.run_kavena("show", "--json", name, status=1)
+            self.assertEqual(shown.lines[0]["path"], name)
+            self.assertEqual(shown.err, f"kavena: {name}: The file does not exist\n")
             self.write(name, song("Own"))
             shown = self.run_kavena("show", "--json", name, status=0)
-            self.assertEqual(shown.lines[0]["title"], "Own")
+            self.assertEqual((shown.lines[0]["title"], shown.lines[0]["path"]), ("Own", name))
+            self.assertEqual(self.run_kavena("show", name).out.splitlines()[0], name)
+
+    def test_paths_are_printed_as_they_were_given(self):
+        self.write(":f/a.mid", song("A"))
+        self.write(":c.mid", song("C"))
+        self.assertEqual(self.paths(":f", ":c.mid", "./:c.mid", ":f/a.mid"),
+                         [":f/a.mid", ":c.mid", "./:c.mid"])
+        result = self.run_kavena("set", "--title", "\u2665", ":c.mid", status=0)
+        self.assertTrue(result.err.startswith("kavena: :c.mid: "), result.err)
+        plan = self.run_kavena("transfer", "--dry-run", "--json", ":c.mid", ":gone.mid", "--to",
+                               self.card, status=1)
+        self.assertEqual([line["path"] for line in plan.lines[:-1]], [":c.mid", ":gone.mid"])
+        self.assertIn("kavena: :gone.mid: ", plan.err)
+        self.run_kavena("transfer", ":c.mid", "--to", self.card, status=0)
+        self.assertTrue((self.card / "songs" / ":c.mid").exists())
+
+    def paths(self, *given):
+        run = self.run_kavena("sync", "--dry-run", "--json", "--unsigned", "no", *given, status=0)
+        return [line["path"] for line in run.lines]
 
     def test_names_that_are_no_utf8_keep_the_line_valid(self):
         (self.music / os.fsdecode(b"x\xff\xe8.mid")).write_bytes(song())
