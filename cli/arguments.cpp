@@ -52,6 +52,7 @@ struct Texts {
     bool verify = false;
     bool inLine = false;
     bool remove = false;
+    bool anyFolder = false;
     std::string title;
     std::string artist;
     std::string genre;
@@ -242,6 +243,8 @@ private:
         }
         if (isOneOf({Command::Transfer, Command::IndexUpdate, Command::IndexRebuild}))
             command.add_option("--rename", m_texts.rename);
+        if (isOneOf({Command::IndexUpdate, Command::IndexRebuild}))
+            command.add_flag("--any-folder", m_texts.anyFolder);
         if (isOneOf({Command::Remove}))
             command.add_option("--confirm", m_texts.confirm);
         if (isOneOf({Command::List})) {
@@ -411,6 +414,7 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
     request.verify = texts.verify;
     request.inLine = texts.inLine;
     request.remove = texts.remove;
+    request.anyFolder = texts.anyFolder;
     request.to = plain(texts.to);
     if (grammar.has("--backup"))
         request.backup = plain(texts.backup);

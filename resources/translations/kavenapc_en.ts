@@ -1419,6 +1419,10 @@ Please install the program again.</translation>
         <translation>shortens names that are too long for the player</translation>
     </message>
     <message>
+        <source>anche una cartella che non è in una memoria</source>
+        <translation>also a folder that lies on no memory</translation>
+    </message>
+    <message>
         <source>l&apos;ordine dell&apos;elenco</source>
         <translation>the order of the list</translation>
     </message>
@@ -1502,6 +1506,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
         <translation>The memory has no complete song index: update it before you use the memory</translation>
+    </message>
+    <message>
+        <source>La cartella non è in una memoria collegata e non ha un database (%1: la prende comunque)</source>
+        <translation>The folder lies on no connected memory and has no song index (%1 takes it all the same)</translation>
     </message>
 </context>
 <context>

@@ -1419,6 +1419,10 @@ Installare di nuovo il programma.</translation>
         <translation>accorcia i nomi troppo lunghi per il player</translation>
     </message>
     <message>
+        <source>anche una cartella che non è in una memoria</source>
+        <translation>anche una cartella che non è in una memoria</translation>
+    </message>
+    <message>
         <source>l&apos;ordine dell&apos;elenco</source>
         <translation>l&apos;ordine dell&apos;elenco</translation>
     </message>
@@ -1502,6 +1506,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
         <translation>La memoria non ha un database completo: aggiornarlo prima di usarla</translation>
+    </message>
+    <message>
+        <source>La cartella non è in una memoria collegata e non ha un database (%1: la prende comunque)</source>
+        <translation>La cartella non è in una memoria collegata e non ha un database (%1: la prende comunque)</translation>
     </message>
 </context>
 <context>

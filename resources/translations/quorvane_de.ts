@@ -1419,6 +1419,10 @@ Bitte installieren Sie das Programm neu.</translation>
         <translation>kürzt Namen, die für den Player zu lang sind</translation>
     </message>
     <message>
+        <source>anche una cartella che non è in una memoria</source>
+        <translation>auch einen Ordner, der auf keinem Speicher liegt</translation>
+    </message>
+    <message>
         <source>l&apos;ordine dell&apos;elenco</source>
         <translation>die Reihenfolge der Liste</translation>
     </message>
@@ -1502,6 +1506,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
         <translation>Der Speicher hat kein vollständiges Songverzeichnis: vor dem Benutzen aktualisieren</translation>
+    </message>
+    <message>
+        <source>La cartella non è in una memoria collegata e non ha un database (%1: la prende comunque)</source>
+        <translation>Der Ordner liegt auf keinem angeschlossenen Speicher und hat kein Songverzeichnis (%1 nimmt ihn trotzdem)</translation>
     </message>
 </context>
 <context>

@@ -136,6 +136,23 @@ class Index(CliTest):
         self.run_kavena("index", "update", self.folder / "gone", status=3)
         self.assertFalse((self.folder / "gone").exists())
 
+    def test_folder_that_is_no_memory_is_refused(self):
+        self.write("averylongname.mid", song("Long"))
+        before = self.snapshot(self.music)
+        for command in ("update", "rebuild"):
+            result = self.run_kavena("index", command, "--rename", "yes", self.music, status=3)
+            self.assertEqual(result.err, f"kavena: {self.music}: The folder lies on no connected "
+                                         "memory and has no song index (--any-folder takes it all "
+                                         "the same)\n")
+            self.assertEqual(self.snapshot(self.music), before)
+        self.run_kavena("index", "rebuild", "--any-folder", self.music, status=0)
+        self.assertTrue((self.music / "fsinfos.idx").exists())
+        # It has an index now, whole or in part.
+        self.run_kavena("index", "update", self.music, status=0)
+        (self.music / "fsinfos.idx").unlink()
+        self.run_kavena("index", "rebuild", self.music, status=0)
+        self.run_kavena("index", "check", "--any-folder", self.music, status=2)
+
     def test_names_that_are_no_utf8_are_named(self):
         path = os.fsencode(self.card) + b"/Caff\xe8.mid"
         with open(path, "wb") as file:
