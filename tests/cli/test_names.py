@@ -59,7 +59,8 @@ class EmptyNames(CliTest):
         (self.card / "songs").mkdir()
         before = self.snapshot()
         for words in (["show", ""], ["show", "a.mid", ""], ["set", "--title", "x", ""],
-                      ["sync", ""], ["sync", "--backup", "", "a.mid"], ["sync", "--backup=", "a.mid"],
+                      ["sync", ""], ["sync", "--backup", "", "a.mid"],
+                      ["sync", "--backup=", "a.mid"],
                       ["transfer", "", "--to", self.card], ["transfer", "a.mid", "--to", ""],
                       ["transfer", "--in-line", "--", "", "--to", self.card],
                       ["index", "update", ""], ["index", "rebuild", ""], ["index", "check", ""],

@@ -173,7 +173,8 @@ class Midi(RealSong):
 
     def test_show(self):
         shown = self.shown("tune.mid")
-        self.assertEqual((shown["format"], shown["title"], shown["key"]), ("MIDI", "Real Tune", "D"))
+        self.assertEqual((shown["format"], shown["title"], shown["key"]),
+                         ("MIDI", "Real Tune", "D"))
 
     def test_set(self):
         self.run_kavena("set", "--title", "Neu: Größe", "--key", "A-", "tune.mid", status=0)
