@@ -35,6 +35,14 @@ void ActionButtons::disable()
     setTransfer(false);
 }
 
+void ActionButtons::disableForGood()
+{
+    disable();
+    for (QObject *const button :
+         {m_form.dbgImportPushButton, m_form.dbgSavePushButton, m_form.dbgAddMarkerPushButton})
+        m_gate.setWanted(button, false);
+}
+
 void ActionButtons::setSynchronise(bool enabled)
 {
     m_gate.setWanted(m_form.updateDataToolButton, enabled);

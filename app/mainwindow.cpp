@@ -14,6 +14,7 @@
 #include "library/librarybackup.h"
 #include "library/settings.h"
 #include "storage/diagnostics.h"
+#include "storage/memorylock.h"
 #include "windows/aboutdialog.h"
 #include "windows/confirmation.h"
 #include "windows/helpdialog.h"
@@ -67,6 +68,7 @@ MainWindow::MainWindow(QWidget *parent)
     if (!m_database.init()) {
         logDebug() << "Error initializing DB !!!";
         m_missingLibrary = new MissingLibrary(ui->statusBar);
+        m_buttons.disableForGood();
         return;
     }
     logDebug() << "DB initialized correctly";
@@ -98,6 +100,7 @@ void MainWindow::tellMissingLibrary()
         m_missingLibrary->tell(this, m_busy);
 }
 
+/** For the calls that other code makes: what the user could press is disabled without a library. */
 bool MainWindow::hasLibrary() const
 {
     if (m_songs == nullptr)
@@ -186,8 +189,6 @@ void MainWindow::on_selectDirToolButton_clicked()
 
 void MainWindow::importDropped(const QStringList &paths)
 {
-    if (!hasLibrary())
-        return;
     const BusyGuard busy(m_busy);
     const auto files = m_import->search(paths);
     if (files && files->isEmpty())
@@ -262,8 +263,6 @@ bool MainWindow::backupDirectory(const QString &source, const QString &destinati
 
 void MainWindow::on_updateDataToolButton_clicked()
 {
-    if (!hasLibrary())
-        return;
     m_buttons.disable();
     if (!updateUserLibrary())
         m_buttons.setSynchronise(true);
@@ -290,8 +289,6 @@ bool MainWindow::updateFileWithDb(int row)
 
 void MainWindow::onSongsTableViewDoubleClicked(QModelIndex index)
 {
-    if (!hasLibrary())
-        return;
     m_rows->edit(index);
 }
 
@@ -305,8 +302,6 @@ void MainWindow::manualModifySong(const MetaSong &song, const SongInfo &info, co
 
 void MainWindow::onSongsTableViewShowContextMenu(QPoint pos)
 {
-    if (!hasLibrary())
-        return;
     m_rows->runMenu(pos);
 }
 
@@ -340,6 +335,13 @@ void MainWindow::runTransfer(Transfer::Outcome (SongTransfer::*job)(const QStrin
 bool MainWindow::copyFiles(const QString &dest, int &copied)
 {
     const BusyGuard busy(m_busy);
+    const QString memory = MountedVolumes().memoryOf(dest);
+    MemoryLock lock(memory);
+    if (!memory.isEmpty() && !lock.take()) {
+        copied = 0;
+        TransferDialogs(this).warn(tr("Trasferimento"), lock.message());
+        return false;
+    }
     return FileCopier(&confirmation::askToReplace)
         .copyFiles(m_selectedFiles, dest, copied, m_progress.shown());
 }
@@ -479,12 +481,10 @@ void MainWindow::on_dbgLogClearCheckBox_toggled(bool checked)
 
 void MainWindow::on_dbgAddMarkerPushButton_clicked()
 {
-    if (hasLibrary())
-        m_debugPanel.saveWithMarker(*m_songs);
+    m_debugPanel.saveWithMarker(*m_songs);
 }
 
 void MainWindow::on_dbgSavePushButton_clicked()
 {
-    if (hasLibrary())
-        DebugPanel::saveUnchanged(*m_songs);
+    DebugPanel::saveUnchanged(*m_songs);
 }

@@ -106,12 +106,24 @@ public:
     /** Copies the selected files onto a memory and updates its index, with all questions. */
     void transferFiles();
 
-    /** Copies the selected files into the folder; false when one failed or the user stopped. */
+    /**
+     * Copies the selected files into the folder; false when one failed or the user stopped. On a
+     * memory that another program is writing to nothing is copied, and the user is told.
+     *
+     * Kept interface: transferFiles() copies with Transfer; other code may rely on the name. The
+     * index is not updated.
+     */
     bool copyFiles(const QString &dest, int &copied);
 
-    /** Updates the index of the memory that holds the path. */
+    /**
+     * Updates the index of the memory that holds the path.
+     *
+     * Kept interface: transferFiles() updates it with Transfer; other code may rely on the name.
+     */
     bool updateKavenaIndex(const QString &path);
 
+    /** @name Kept interface: the program asks MountedVolumes; other code may rely on the names. */
+    ///@{
     /** False for a path inside a mounted memory (or its root), true for everything else. */
     bool isSystemDisk(const QString &path) const;
 
@@ -120,6 +132,7 @@ public:
 
     /** True when the path is a volume's root. */
     bool isRoot(const QString &path) const;
+    ///@}
 
     /**
      * Adds the number of files in the folder and in all folders in it.

@@ -52,6 +52,7 @@ struct Texts {
     bool verify = false;
     bool inLine = false;
     bool remove = false;
+    bool anyFolder = false;
     std::string title;
     std::string artist;
     std::string genre;
@@ -242,6 +243,8 @@ private:
         }
         if (isOneOf({Command::Transfer, Command::IndexUpdate, Command::IndexRebuild}))
             command.add_option("--rename", m_texts.rename);
+        if (isOneOf({Command::IndexUpdate, Command::IndexRebuild}))
+            command.add_flag("--any-folder", m_texts.anyFolder);
         if (isOneOf({Command::Remove}))
             command.add_option("--confirm", m_texts.confirm);
         if (isOneOf({Command::List})) {
@@ -359,6 +362,10 @@ QString Arguments::whatIsWrong(const Request &request)
         return tr("Manca il comando");
     if (request.command == Command::Set && request.edit.isEmpty())
         return tr("Manca il dato da modificare, per esempio --title");
+    const bool namesFiles = request.command != Command::CatalogueFind;
+    if ((namesFiles && request.paths.contains(QByteArray())) ||
+        (request.backup && request.backup->isEmpty()))
+        return tr("Un nome è vuoto");
     if (request.command == Command::Transfer && request.to.isEmpty())
         return tr("Manca la cartella di destinazione: --to CARTELLA");
     if (request.remove && !request.inLine)
@@ -407,6 +414,7 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
     request.verify = texts.verify;
     request.inLine = texts.inLine;
     request.remove = texts.remove;
+    request.anyFolder = texts.anyFolder;
     request.to = plain(texts.to);
     if (grammar.has("--backup"))
         request.backup = plain(texts.backup);

@@ -43,10 +43,10 @@ const QList<Usage> &usages()
                         "FILE|DIR...")},
         {Command::IndexUpdate,
          {QStringLiteral("kavena index update /media/$USER/CARD")},
-         QStringLiteral("[--rename yes|no] MEMORY")},
+         QStringLiteral("[--rename yes|no] [--any-folder] MEMORY")},
         {Command::IndexRebuild,
          {QStringLiteral("kavena index rebuild --rename yes /media/$USER/CARD")},
-         QStringLiteral("[--rename yes|no] MEMORY")},
+         QStringLiteral("[--rename yes|no] [--any-folder] MEMORY")},
         {Command::IndexCheck,
          {QStringLiteral("kavena index check /media/$USER/CARD")},
          QStringLiteral("[--json] MEMORY")},
@@ -110,6 +110,7 @@ QString Help::text(Command command)
     option("--in-line", tr("copia ciò che è nuovo o diverso ed elenca le song in più"));
     option("--remove", tr("con --in-line: rimuove le song in più, con le loro immagini"));
     option("--rename yes|no", tr("accorcia i nomi troppo lunghi per il player"));
+    option("--any-folder", tr("anche una cartella che non è in una memoria"));
     option("--sort title|artist|genre", tr("l'ordine dell'elenco"));
     option("--duplicates", tr("solo le song che ci sono più volte, per gruppi"));
     option("--confirm yes|no", tr("elimina le song senza chiedere"));

@@ -2,8 +2,14 @@
 
 #include "cli/songpaths.h"
 #include "devindex/index.h"
+#include "devindex/indexfiles.h"
 #include "devindex/memorycheck.h"
+#include "devindex/mountedvolumes.h"
 #include "storage/memorylock.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
 
 ExitStatus IndexCommand::run()
 {
@@ -27,8 +33,22 @@ ExitStatus IndexCommand::check(const QString &root)
     return ExitStatus::WithFailures;
 }
 
+/** A folder of the computer that was named by mistake must not get files, nor songs new names. */
+bool IndexCommand::looksLikeAMemory(const QString &root)
+{
+    const auto isThere = [&root](QLatin1String name) {
+        return QFileInfo(root + QLatin1Char('/') + name).isFile();
+    };
+    return !MountedVolumes().memoryOf(root).isEmpty() ||
+           std::any_of(indexfiles::all.begin(), indexfiles::all.end(), isThere);
+}
+
 ExitStatus IndexCommand::build(const QString &root)
 {
+    if (!m_request.anyFolder && !looksLikeAMemory(root))
+        return m_terminal.refuse(root, tr("La cartella non è in una memoria collegata e non ha un "
+                                          "database (%1: la prende comunque)")
+                                           .arg(QStringLiteral("--any-folder")));
     MemoryLock lock(root);
     if (!lock.take())
         return m_terminal.refuse(root, lock.message());

@@ -15,6 +15,7 @@ public:
     ExitStatus run() override;
 
 private:
+    static bool looksLikeAMemory(const QString &root);
     ExitStatus check(const QString &root);
     ExitStatus build(const QString &root);
     ExitStatus stopped(const QString &root, const Index &index);

@@ -1,5 +1,6 @@
 #include "cli/jsonwriter.h"
 
+#include "cli/givenpath.h"
 #include "cli/standardoutput.h"
 
 #include <QByteArray>
@@ -89,7 +90,7 @@ QString valueOf(const ChangePreview::Change &change, const QString &text)
 void JsonWriter::song(const QString &path, const SongInfo &info)
 {
     m_output.write(Object()
-                       .add("path", path)
+                       .add("path", givenpath::shown(path))
                        .add("format", info.format)
                        .add("title", info.title)
                        .add("artist", info.artist)
@@ -106,7 +107,7 @@ void JsonWriter::song(const QString &path, const SongInfo &info)
 
 void JsonWriter::unreadable(const QString &path, const QString &reason)
 {
-    m_output.write(Object().add("path", path).add("error", reason).json() + '\n');
+    m_output.write(Object().add("path", givenpath::shown(path)).add("error", reason).json() + '\n');
 }
 
 void JsonWriter::changes(const QString &path, bool found,
@@ -119,9 +120,12 @@ void JsonWriter::changes(const QString &path, bool found,
                            .add("old", valueOf(change, change.before))
                            .add("new", valueOf(change, change.after))
                            .json());
-    m_output.write(
-        Object().add("path", path).addBool("found", found).addList("changes", objects).json() +
-        '\n');
+    m_output.write(Object()
+                       .add("path", givenpath::shown(path))
+                       .addBool("found", found)
+                       .addList("changes", objects)
+                       .json() +
+                   '\n');
 }
 
 void JsonWriter::listed(const SongInfoIndex &song)
@@ -156,7 +160,7 @@ void JsonWriter::duplicate(int group, Same same, const MemorySong &song)
 void JsonWriter::removed(const QString &path, const QString &reason)
 {
     Object object;
-    object.add("path", path).addBool("removed", reason.isEmpty());
+    object.add("path", givenpath::shown(path)).addBool("removed", reason.isEmpty());
     if (!reason.isEmpty())
         object.add("error", reason);
     m_output.write(object.json() + '\n');
@@ -184,7 +188,7 @@ void JsonWriter::planned(const TransferPlan::Item &item)
     const bool isRemoval = item.state == TransferPlan::State::Remove;
     const QString destination = item.destination();
     m_output.write(Object()
-                       .add("path", item.path)
+                       .add("path", givenpath::shown(item.path))
                        .add("target", destination.isEmpty() ? item.target : destination)
                        .add("state", QString::fromUtf8(stateName(item.state)))
                        .add("bytes", isRemoval ? item.room : qMax<qint64>(item.growth(), 0))

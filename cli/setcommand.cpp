@@ -1,5 +1,6 @@
 #include "cli/setcommand.h"
 
+#include "cli/givenpath.h"
 #include "cli/songpaths.h"
 #include "formats/bytetext.h"
 #include "formats/metasong.h"
@@ -47,7 +48,7 @@ void SetCommand::set(const QString &path)
     m_leftovers.tidyBeside(path);
     MetaSong song;
     if (!song.importFile(path)) {
-        m_terminal.fail(path, UnreadableFile::examine(path).reasonText());
+        m_terminal.fail(path, UnreadableFile::examine(path, song.wasInUse()).reasonText());
         return;
     }
     SongInfo before;
@@ -68,7 +69,7 @@ void SetCommand::set(const QString &path)
     tellCutTexts(path, after);
     const QString lost = ChangePreview::lostCharacters(before, after, wanted);
     if (!lost.isEmpty())
-        m_terminal.note(path + QStringLiteral(": ") +
+        m_terminal.note(givenpath::shown(path) + QStringLiteral(": ") +
                         RunReport::text({SongFinding::Kind::LostCharacters, path, lost}));
 }
 
@@ -80,7 +81,7 @@ void SetCommand::tellCutTexts(const QString &path, const SongInfo &saved)
         const QString whole = textFromBytes(bytesFromText(wanted.value_or(QString())));
         if (kept.size() < whole.size() && whole.startsWith(kept))
             m_terminal.note(tr("%1: %2 accorciato a %3 caratteri: %4")
-                                .arg(path, ChangePreview::fieldName(field))
+                                .arg(givenpath::shown(path), ChangePreview::fieldName(field))
                                 .arg(kept.size())
                                 .arg(kept));
     };

@@ -1,5 +1,6 @@
 #include "cli/songpaths.h"
 
+#include "cli/givenpath.h"
 #include "cli/terminal.h"
 #include "devindex/mountedvolumes.h"
 #include "formats/songnames.h"
@@ -39,7 +40,9 @@ std::optional<QList<QByteArray>> SongPaths::given(const Request &request, Termin
         for (const char byte : QByteArrayView(bytes.data(), static_cast<qsizetype>(size))) {
             if (byte != '\0') {
                 path += byte;
-            } else if (!path.isEmpty()) {
+            } else if (path.isEmpty()) {
+                terminal.fail(QStringLiteral("-0"), tr("Un nome è vuoto"));
+            } else {
                 paths.append(path);
                 path.clear();
             }
@@ -60,9 +63,8 @@ std::optional<QList<QByteArray>> SongPaths::given(const Request &request, Termin
 
 std::optional<QString> SongPaths::decode(const QByteArray &path, Terminal &terminal)
 {
-    // Qt takes a colon at the beginning for the files that are part of the program.
     if (path.isValidUtf8())
-        return path.startsWith(':') ? QStringLiteral("./") + nameText(path) : nameText(path);
+        return path.startsWith(':') ? givenpath::beforeColon + nameText(path) : nameText(path);
     terminal.fail(shownName(path), notUtf8());
     return std::nullopt;
 }
@@ -75,8 +77,11 @@ std::optional<QString> SongPaths::folder(const QByteArray &path, Terminal &termi
     const QFileInfo info(*name);
     if (info.isDir())
         return info.absoluteFilePath();
-    terminal.refuse(
-        *name, QCoreApplication::translate("IndexDialog", "Il percorso selezionato non esiste"));
+    terminal.refuse(*name, info.exists()
+                               ? QCoreApplication::translate(
+                                     "IndexDialog", "Il percorso selezionato non è una cartella")
+                               : QCoreApplication::translate("IndexDialog",
+                                                             "Il percorso selezionato non esiste"));
     return std::nullopt;
 }
 

@@ -1,5 +1,6 @@
 #include "cli/terminal.h"
 
+#include "cli/givenpath.h"
 #include "cli/interrupt.h"
 #include "storage/shownname.h"
 
@@ -95,7 +96,7 @@ Terminal::Terminal()
 void Terminal::fail(const QString &path, const QString &reason)
 {
     ++m_failures;
-    write(path + QStringLiteral(": ") + reason);
+    write(givenpath::shown(path) + QStringLiteral(": ") + reason);
 }
 
 void Terminal::fail(const QString &reason)
@@ -117,7 +118,7 @@ ExitStatus Terminal::refuse(const QString &reason)
 
 ExitStatus Terminal::refuse(const QString &path, const QString &reason)
 {
-    return refuse(path + QStringLiteral(": ") + reason);
+    return refuse(givenpath::shown(path) + QStringLiteral(": ") + reason);
 }
 
 bool Terminal::isStopped()
@@ -153,7 +154,8 @@ Answer Terminal::ask(const QString &path, const QString &question, const char *o
     const QString no = tr("n");
     const QString choices = tr("[%1 = sì, %2 = sì a tutti, %3 = no, %4 = no a tutti]")
                                 .arg(yes, yes.toUpper(), no, no.toUpper());
-    writeError(clearLine + onOneLine(path + QStringLiteral(": ") + question).toUtf8() + ' ' +
+    writeError(clearLine +
+               onOneLine(givenpath::shown(path) + QStringLiteral(": ") + question).toUtf8() + ' ' +
                choices.toUtf8() + ' ');
     if (!waitForInput())
         return Answer::NoToAll;

@@ -80,8 +80,9 @@ ExitStatus TransferCommand::run()
     TransferAnswers answers(m_request, m_terminal, *folder);
     Transfer transfer(answers, m_terminal.progressOpener());
     transfer.setReadBack(m_request.verify);
-    return m_request.dryRun || m_request.inLine ? runPlan(transfer, answers, *songs)
-                                                : statusOf(transfer.transferFiles(*songs));
+    return m_request.dryRun || m_request.inLine
+               ? runPlan(transfer, answers, *songs)
+               : statusOf(transfer.transferFiles(*songs), transfer);
 }
 
 /** Takes away what is no song. Karaoke pictures go with their song without being named. */
@@ -117,7 +118,7 @@ ExitStatus TransferCommand::runPlan(Transfer &transfer, TransferUser &user,
     const QString missing = whatIsMissing(*plan);
     if (!missing.isEmpty() && !user.askAnyway({}, missing))
         return ExitStatus::NothingDone;
-    return statusOf(transfer.carryOut(*plan));
+    return statusOf(transfer.carryOut(*plan), transfer);
 }
 
 /** The remedies that the options decide about. */
@@ -193,13 +194,15 @@ QString TransferCommand::whatIsMissing(const TransferPlan &plan)
                                      .arg(plan.songsAfter());
 }
 
-ExitStatus TransferCommand::statusOf(Transfer::Outcome outcome)
+/** The index alone, which each transfer brings up to date at its end, is not what was asked for. */
+ExitStatus TransferCommand::statusOf(Transfer::Outcome outcome, const Transfer &transfer)
 {
     switch (outcome) {
     case Transfer::Outcome::NotStarted:
         return ExitStatus::NothingDone;
     case Transfer::Outcome::Complete:
-        m_terminal.countDone();
+        if (transfer.changedSongs() > 0)
+            m_terminal.countDone();
         return m_terminal.status();
     case Transfer::Outcome::Incomplete:
         break;

@@ -20,5 +20,5 @@ private:
     ExitStatus tellPlan(const TransferPlan &plan);
     void askToRemove(TransferPlan &plan);
     static QString whatIsMissing(const TransferPlan &plan);
-    ExitStatus statusOf(Transfer::Outcome outcome);
+    ExitStatus statusOf(Transfer::Outcome outcome, const Transfer &transfer);
 };

@@ -111,8 +111,10 @@ FolderListing FolderListing::of(const QString &path, SongTimes times)
                 listing.leftovers.append(nameText(name));
             continue;
         }
-        FolderItem item;
         const bool isUsable = name.isValidUtf8();
+        if (isUsable && name.endsWith(Leftovers::usualTemporarySuffix.data()))
+            listing.leftovers.append(nameText(name));
+        FolderItem item;
         item.name = isUsable ? nameText(name) : shownName(name.toByteArray());
         if (!examine(::dirfd(folder.get()), *entry, times, item, listing.isUnreadable))
             continue;

@@ -34,7 +34,7 @@ struct FolderListing {
      */
     QStringList unusableNames;
 
-    /** Names of hidden files that a killed program may have left. */
+    /** Names of files that a killed program may have left. */
     QStringList leftovers;
 
     /**

@@ -81,6 +81,7 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
     const bool indexed = updateIndex(root);
     lock.release(); // whoever reads the result may pull the memory out
 
+    m_changedSongs = copier.report().copied;
     const bool complete = copied && indexed;
     if (complete)
         m_user.inform(tr("Trasferimento"), tr("Tutti i file sono stati copiati correttamente"));
@@ -120,6 +121,7 @@ Transfer::Outcome Transfer::carryOut(const TransferPlan &plan, MemoryLock &lock)
     });
     const PlanExecution::Result result = execution.run(plan);
     lock.release(); // who reads the outcome may pull the memory
+    m_changedSongs = result.copied.size() + result.removed.size();
 
     if (result.isComplete())
         m_user.inform(tr("Trasferimento"), tr("Il piano è stato eseguito"));

@@ -111,6 +111,9 @@ public:
     /** Asks whether to go on although so many bytes are missing on the memory. */
     static QString missingRoomText(qint64 bytes);
 
+    /** How many songs the last job has copied and removed. */
+    qsizetype changedSongs() const { return m_changedSongs; }
+
     /** Each copy is read back from the memory and compared; off unless it is set. */
     void setReadBack(bool on) { m_readBack = on; }
 
@@ -150,5 +153,6 @@ private:
     const OpenProgress m_openProgress;
     const FreeBytes m_freeBytes;
     bool m_readBack = false;
+    qsizetype m_changedSongs = 0;
     QStringList m_indexProblems; ///< what the last update of an index said about single songs
 };

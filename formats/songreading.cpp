@@ -6,7 +6,8 @@
 
 bool songreading::openRegularFile(QFile &file)
 {
-    return QFileInfo(file.fileName()).isFile() && file.open(QFile::ReadOnly);
+    const QFileInfo info(file.fileName());
+    return info.isFile() && info.size() > 0 && file.open(QFile::ReadOnly);
 }
 
 bool songreading::readToEnd(QFile &file, QByteArray &bytes)

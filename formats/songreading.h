@@ -13,7 +13,11 @@ namespace songreading
  */
 inline constexpr qint64 largestFileInMemory = qint64{64} * 1024 * 1024;
 
-/** Opens a regular file for reading; reading a device or a pipe could go on or wait for ever. */
+/**
+ * Opens a regular file for reading; reading a device or a pipe could go on or wait for ever. So
+ * could reading one of the system's own files that look regular and empty, such as /proc/kmsg:
+ * false for an empty file.
+ */
 bool openRegularFile(QFile &file);
 
 /**

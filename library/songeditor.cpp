@@ -147,7 +147,7 @@ bool SongEditor::applyToRow(const SongEdit &edit, int row)
     const QString path = m_model.fileName(row);
     MetaSong song;
     if (!song.importFile(path)) {
-        keepFailure(row, path, loadFailureOf(path));
+        keepFailure(row, path, song.wasInUse() ? SaveFailure::InUse : loadFailureOf(path));
         return false;
     }
     SongInfo info;

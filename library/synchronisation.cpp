@@ -77,7 +77,8 @@ bool Synchronisation::updateFileWithDb(int row)
     m_leftovers.tidyBeside(fileName);
     SongUpdate update(fileName);
     if (!update.load()) {
-        keepFailure(row, fileName, loadFailureOf(fileName));
+        keepFailure(row, fileName,
+                    update.wasInUse() ? SaveFailure::InUse : loadFailureOf(fileName));
         return false;
     }
     if (!mayChange(update.before(), fileName))

@@ -94,11 +94,12 @@ Found openOwnFile(QFile &file, const QString &path)
     return Found::SomethingElse;
 }
 
-bool removeUnheld(const QString &path)
+bool removeUnheld(const QString &path, const MayGo &mayGo)
 {
     QFile file;
     return openOwnFile(file, path) == Found::Opened &&
-           ::flock(file.handle(), LOCK_EX | LOCK_NB) == 0 && QFile::remove(path);
+           ::flock(file.handle(), LOCK_EX | LOCK_NB) == 0 && (!mayGo || mayGo(file)) &&
+           QFile::remove(path);
 }
 
 bool flushToMedium(QFile &file)
@@ -193,11 +194,14 @@ Found openOwnFile(QFile &file, const QString &path)
     return opened ? Found::Opened : Found::Unreadable;
 }
 
-bool removeUnheld(const QString &path)
+bool removeUnheld(const QString &path, const MayGo &mayGo)
 {
+    QFile file;
+    if (openOwnFile(file, path) != Found::Opened || (mayGo && !mayGo(file)))
+        return false;
+    file.close();
     // A file that a running program has open cannot be removed here.
-    const QFileInfo info(path);
-    return info.isFile() && !info.isSymLink() && QFile::remove(path);
+    return QFile::remove(path);
 }
 
 #endif

@@ -1380,6 +1380,10 @@ Please install the program again.</translation>
         <source>--csv e --duplicates non vanno insieme</source>
         <translation>--csv and --duplicates do not go together</translation>
     </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>A name is empty</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1512,6 +1516,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>elimina le song senza chiedere</source>
         <translation>removes the songs without asking</translation>
     </message>
+    <message>
+        <source>anche una cartella che non è in una memoria</source>
+        <translation>also a folder that lies on no memory</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -1530,6 +1538,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
         <translation>The memory has no complete song index: update it before you use the memory</translation>
+    </message>
+    <message>
+        <source>La cartella non è in una memoria collegata e non ha un database (%1: la prende comunque)</source>
+        <translation>The folder lies on no connected memory and has no song index (%1 takes it all the same)</translation>
     </message>
 </context>
 <context>
@@ -1812,6 +1824,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>The name is not in UTF-8, and the file cannot be opened</translation>
     </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>A name is empty</translation>
+    </message>
 </context>
 <context>
     <name>SyncCommand</name>
@@ -1834,6 +1850,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>%1: non modificata, senza la firma del produttore</source>
         <translation>%1: not changed, without the publisher&apos;s signature</translation>
+    </message>
+    <message>
+        <source>%1: senza la firma del produttore, viene modificata solo se la risposta è sì (%2)</source>
+        <translation>%1: without the publisher&apos;s signature, changed only if the answer is yes (%2)</translation>
     </message>
 </context>
 <context>
@@ -2056,10 +2076,6 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
         <translation>The song index of the memory is damaged, or the memory cannot be written to. Nothing was changed.</translation>
-    </message>
-    <message>
-        <source>la memoria non ha confermato l&apos;eliminazione</source>
-        <translation>the memory did not confirm the removal</translation>
     </message>
     <message>
         <source>Salvataggio</source>

@@ -1380,6 +1380,10 @@ Installare di nuovo il programma.</translation>
         <source>--csv e --duplicates non vanno insieme</source>
         <translation>--csv e --duplicates non vanno insieme</translation>
     </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>Un nome è vuoto</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1512,6 +1516,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>elimina le song senza chiedere</source>
         <translation>elimina le song senza chiedere</translation>
     </message>
+    <message>
+        <source>anche una cartella che non è in una memoria</source>
+        <translation>anche una cartella che non è in una memoria</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -1530,6 +1538,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
         <translation>La memoria non ha un database completo: aggiornarlo prima di usarla</translation>
+    </message>
+    <message>
+        <source>La cartella non è in una memoria collegata e non ha un database (%1: la prende comunque)</source>
+        <translation>La cartella non è in una memoria collegata e non ha un database (%1: la prende comunque)</translation>
     </message>
 </context>
 <context>
@@ -1812,6 +1824,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>Il nome non è in UTF-8 e il file non può essere aperto</translation>
     </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>Un nome è vuoto</translation>
+    </message>
 </context>
 <context>
     <name>SyncCommand</name>
@@ -1834,6 +1850,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>%1: non modificata, senza la firma del produttore</source>
         <translation>%1: non modificata, senza la firma del produttore</translation>
+    </message>
+    <message>
+        <source>%1: senza la firma del produttore, viene modificata solo se la risposta è sì (%2)</source>
+        <translation>%1: senza la firma del produttore, viene modificata solo se la risposta è sì (%2)</translation>
     </message>
 </context>
 <context>
@@ -2056,10 +2076,6 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
         <translation>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</translation>
-    </message>
-    <message>
-        <source>la memoria non ha confermato l&apos;eliminazione</source>
-        <translation>la memoria non ha confermato l&apos;eliminazione</translation>
     </message>
     <message>
         <source>Salvataggio</source>

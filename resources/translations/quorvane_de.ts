@@ -1380,6 +1380,10 @@ Bitte installieren Sie das Programm neu.</translation>
         <source>--csv e --duplicates non vanno insieme</source>
         <translation>--csv und --duplicates gehen nicht zusammen</translation>
     </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>Ein Name ist leer</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1512,6 +1516,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>elimina le song senza chiedere</source>
         <translation>entfernt die Songs, ohne zu fragen</translation>
     </message>
+    <message>
+        <source>anche una cartella che non è in una memoria</source>
+        <translation>auch einen Ordner, der auf keinem Speicher liegt</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -1530,6 +1538,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
         <translation>Der Speicher hat kein vollständiges Songverzeichnis: vor dem Benutzen aktualisieren</translation>
+    </message>
+    <message>
+        <source>La cartella non è in una memoria collegata e non ha un database (%1: la prende comunque)</source>
+        <translation>Der Ordner liegt auf keinem angeschlossenen Speicher und hat kein Songverzeichnis (%1 nimmt ihn trotzdem)</translation>
     </message>
 </context>
 <context>
@@ -1812,6 +1824,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>Der Name ist nicht in UTF-8, und die Datei lässt sich nicht öffnen</translation>
     </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>Ein Name ist leer</translation>
+    </message>
 </context>
 <context>
     <name>SyncCommand</name>
@@ -1834,6 +1850,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>%1: non modificata, senza la firma del produttore</source>
         <translation>%1: nicht geändert, ohne Signatur des Herstellers</translation>
+    </message>
+    <message>
+        <source>%1: senza la firma del produttore, viene modificata solo se la risposta è sì (%2)</source>
+        <translation>%1: ohne Signatur des Herstellers, wird nur geändert, wenn die Antwort Ja ist (%2)</translation>
     </message>
 </context>
 <context>
@@ -2056,10 +2076,6 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
         <translation>Das Songverzeichnis des Speichers ist beschädigt, oder der Speicher kann nicht beschrieben werden. Es wurde nichts geändert.</translation>
-    </message>
-    <message>
-        <source>la memoria non ha confermato l&apos;eliminazione</source>
-        <translation>der Speicher hat das Entfernen nicht bestätigt</translation>
     </message>
     <message>
         <source>Salvataggio</source>

@@ -2,6 +2,7 @@
 // screen is tried by a process of its own.
 #include "support/everywindow.h"
 #include "support/ownfolders.h"
+#include "support/settled.h"
 
 #include <QApplication>
 #include <QJsonArray>
@@ -68,7 +69,8 @@ int lookAtEveryWindow()
     const MainWindow main; // looks after all windows
     for (const everywindow::Case &described : everywindow::windows()) {
         const everywindow::Shown shown(described);
-        QTest::qWait(50);
+        if (!settled::processAll())
+            out << described.name << " never comes to rest\n";
         if (shown.window->findChild<QScrollArea *>() != nullptr)
             out << described.name << " scrolls\n";
         for (const QString &line : complaints(*shown.window))

@@ -46,11 +46,23 @@ class Transfer(CliTest):
         self.write("a.mid", song("New"))
         there = self.write("songs/a.mid", song("Old"), self.card)
         old, new = there.read_bytes(), song("New")
-        for options, expected in (([], old), (["--replace", "no"], old),
-                                  (["--replace", "yes"], new)):
-            result = self.run_kavena("transfer", *options, "a.mid", "--to", self.card, status=0)
+        # A transfer that has copied nothing has done nothing.
+        for options, expected, status in (([], old, 3), (["--replace", "no"], old, 3),
+                                          (["--replace", "yes"], new, 0)):
+            result = self.run_kavena("transfer", *options, "a.mid", "--to", self.card,
+                                     status=status)
             self.assertEqual("--replace yes" in result.err, options == [])
             self.assertEqual(there.read_bytes(), expected)
+
+    def test_memory_that_is_in_line_already(self):
+        self.write("a.mid", song("Alpha"))
+        in_line = ["transfer", "--in-line", "a.mid", "--to", self.card]
+        self.run_kavena(*in_line, status=0)
+        self.run_kavena(*in_line, status=3)
+        self.write("songs/old.mid", song("Old"), self.card)
+        self.run_kavena(*in_line, "--remove", status=0)
+        self.assertFalse((self.card / "songs" / "old.mid").exists())
+        self.run_kavena(*in_line, "--remove", status=3)
 
     def test_failures_are_named_and_the_others_arrive(self):
         self.write("a.mid", song())
@@ -123,6 +135,23 @@ class Index(CliTest):
         self.run_kavena("index", "check", self.folder / "gone", status=3)
         self.run_kavena("index", "update", self.folder / "gone", status=3)
         self.assertFalse((self.folder / "gone").exists())
+
+    def test_folder_that_is_no_memory_is_refused(self):
+        self.write("averylongname.mid", song("Long"))
+        before = self.snapshot(self.music)
+        for command in ("update", "rebuild"):
+            result = self.run_kavena("index", command, "--rename", "yes", self.music, status=3)
+            self.assertEqual(result.err, f"kavena: {self.music}: The folder lies on no connected "
+                                         "memory and has no song index (--any-folder takes it all "
+                                         "the same)\n")
+            self.assertEqual(self.snapshot(self.music), before)
+        self.run_kavena("index", "rebuild", "--any-folder", self.music, status=0)
+        self.assertTrue((self.music / "fsinfos.idx").exists())
+        # It has an index now, whole or in part.
+        self.run_kavena("index", "update", self.music, status=0)
+        (self.music / "fsinfos.idx").unlink()
+        self.run_kavena("index", "rebuild", self.music, status=0)
+        self.run_kavena("index", "check", "--any-folder", self.music, status=2)
 
     def test_names_that_are_no_utf8_are_named(self):
         path = os.fsencode(self.card) + b"/Caff\xe8.mid"

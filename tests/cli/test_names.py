@@ -53,5 +53,40 @@ class NamesThatAreNoUtf8(CliTest):
         self.assertEqual([path.name for path in (self.card / "songs").iterdir()], ["good.mid"])
 
 
+class EmptyNames(CliTest):
+    def test_every_command_refuses_them(self):
+        self.write("a.mid", song())
+        (self.card / "songs").mkdir()
+        before = self.snapshot()
+        for words in (["show", ""], ["show", "a.mid", ""], ["set", "--title", "x", ""],
+                      ["sync", ""], ["sync", "--backup", "", "a.mid"],
+                      ["sync", "--backup=", "a.mid"],
+                      ["transfer", "", "--to", self.card], ["transfer", "a.mid", "--to", ""],
+                      ["transfer", "--in-line", "--", "", "--to", self.card],
+                      ["index", "update", ""], ["index", "rebuild", ""], ["index", "check", ""],
+                      ["list", ""], ["remove", "--confirm", "yes", self.card, ""],
+                      ["remove", "--confirm", "yes", "", "a.mid"], ["eject", ""]):
+            result = self.run_kavena(*words, status=2)
+            self.assertNotEqual(result.err, "", words)
+            self.assertEqual(self.snapshot(), before, words)
+
+    def test_lists_must_not_hold_them(self):
+        self.write("a.mid", song())
+        result = self.run_kavena("show", "--json", "-0", stdin=b"\0a.mid\0\0", status=1)
+        self.assertEqual([line["path"] for line in result.lines], ["a.mid"])
+        self.assertEqual(result.err, "kavena: -0: A name is empty\n" * 2)
+
+
+class FilesForFolders(CliTest):
+    def test_they_are_told_from_missing_folders(self):
+        self.write("a.mid", song())
+        for words in (["index", "update"], ["index", "rebuild"], ["index", "check"], ["list"],
+                      ["eject"], ["transfer", "a.mid", "--to"]):
+            result = self.run_kavena(*words, "a.mid", status=3)
+            self.assertEqual(result.err, "kavena: a.mid: This is a file, not a folder\n", words)
+            result = self.run_kavena(*words, "gone", status=3)
+            self.assertEqual(result.err, "kavena: gone: The selected folder does not exist\n")
+
+
 if __name__ == "__main__":
     songs.main()

@@ -120,16 +120,32 @@ class Remove(MemoryTest):
             self.write(f"many/s{number}.mid", song(f"S{number}"), self.card)
         self.run_kavena("index", "update", self.card, status=0)
         everything = [f"/many/s{number}.mid" for number in range(300)]
-        for pause in (0.02, 0.05, 0.08, 0.12, 0.2):
+
+        def songs_left():
+            return len(list((self.card / "many").glob("*.mid")))
+
+        kills = 0
+        for left in (300, 299, 200, 100, 10):
             with subprocess.Popen([songs.KAVENA, "remove", "--confirm", "yes", str(self.card),
                                    *everything], stderr=subprocess.DEVNULL,
                                   env=self.environment) as process:
-                time.sleep(pause)
+                if left == 300:  # before the first song goes, the index does
+                    self.wait_until(lambda: not (self.card / "fsinfos.idx").exists(), process)
+                else:
+                    self.wait_until(lambda: songs_left() <= left, process)
                 process.send_signal(signal.SIGKILL)
+            kills += process.returncode == -signal.SIGKILL
             if (self.card / "fsinfos.idx").exists():
                 self.assertEqual(self.judge_memory(), "")
             self.run_kavena("index", "update", self.card, status=0)
             self.assertEqual(self.judge_memory(), "")
+        self.assertGreater(kills, 0)
+
+    def wait_until(self, condition, process):
+        """Also ends with the process."""
+        end = time.monotonic() + 60
+        while not condition() and process.poll() is None:
+            self.assertLess(time.monotonic(), end, "nothing happens")
 
     def test_wrong_use(self):
         for arguments in (["remove"], ["remove", self.card], ["remove", "--confirm", "maybe",

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """test_terminal.py KAVENA: languages, help, wrong use, terminals, signals and full disks."""
 import os
+import pathlib
 import pty
 import select
 import signal
@@ -176,10 +177,12 @@ class Interruptions(CliTest):
                                        stderr=subprocess.PIPE, cwd=self.music,
                                        env=self.environment)
             os.write(writer, b"a.mid\0")
+            # Until it has taken what there is, and sleeps since it waits for more.
             deadline = time.monotonic() + 30
-            while select.select([reader], [], [], 0)[0] and time.monotonic() < deadline:
-                time.sleep(0.01)  # until it has taken what there is, and waits for more
-            time.sleep(0.05)
+            state = pathlib.Path(f"/proc/{process.pid}/stat")
+            while (select.select([reader], [], [], 0)[0] or
+                   state.read_text().rsplit(")", 1)[1].split()[0] != "S"):
+                self.assertLess(time.monotonic(), deadline, "it does not wait")
             process.send_signal(signum)
             self.assertIn(b"Stopped", process.communicate(timeout=30)[1])
             self.assertEqual(process.returncode, 3)

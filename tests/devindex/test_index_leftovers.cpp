@@ -33,11 +33,16 @@ void TestIndexLeftovers::leftoversGoWithAnUpdateAndARebuild()
         for (const char *const folder : {"", "pop/", "x/"}) {
             memory.add(QLatin1String(folder) + QStringLiteral(".a.mid.0123abcd.kavena-part"), "x");
             memory.add(QLatin1String(folder) + QStringLiteral(".a.mp3.0123abcd.kavena-tmp"), "x");
+            memory.add(QLatin1String(folder) + QStringLiteral("a.mp3"), "\xFF\xFB music");
+            memory.add(QLatin1String(folder) + QStringLiteral("a.tmp"),
+                       QByteArray("ID3\3\0\0\0\0\0\4head", 14) + "\xFF\xFB mu");
         }
         Index index;
         QVERIFY((index.*operation)(memory.root()));
         for (const QString &path : memory.snapshot().keys())
-            QVERIFY2(!path.contains(QStringLiteral(".kavena-")), qPrintable(path));
+            QVERIFY2(!path.contains(QStringLiteral(".kavena-")) &&
+                         !path.endsWith(QStringLiteral(".tmp")),
+                     qPrintable(path));
     }
 }
 
@@ -50,6 +55,7 @@ void TestIndexLeftovers::whatIsNotProvablyOursStays()
     memory.add(QStringLiteral("pop/.a.mid.kavena-part.bak"), "x");
     memory.add(QStringLiteral("pop/a.mid.kavena-part"), "x");
     memory.add(QStringLiteral("precious"), "x");
+    memory.add(QStringLiteral("pop/a.tmp"), "x");
     memory.makeFolder(QStringLiteral(".b.kavena-part"));
     QVERIFY(QFile::link(memory.path(QStringLiteral("precious")),
                         memory.path(QStringLiteral(".c.kavena-part"))));

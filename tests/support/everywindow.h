@@ -58,6 +58,7 @@ inline const QList<UnreadableFile> &unreadableFiles()
         {longPath, UnreadableFile::Reason::Missing},
         {QStringLiteral("/music/Folder.mid"), UnreadableFile::Reason::NoFile},
         {QStringLiteral("/music/Secret.mid"), UnreadableFile::Reason::Locked},
+        {QStringLiteral("/music/Busy.mid"), UnreadableFile::Reason::InUse},
         {QStringLiteral("/music/Nothing.mid"), UnreadableFile::Reason::Empty},
         {QStringLiteral("/music/Letter.mid"), UnreadableFile::Reason::UnknownFormat},
         {QStringLiteral("/music/Half.mid"), UnreadableFile::Reason::Damaged}};
