@@ -143,18 +143,18 @@ bool PlaylistFiles::needsPathFile(quint16 number) const
 PlaylistFiles::Outcome PlaylistFiles::savePaths(quint16 number,
                                                 const QList<SongInfoIndex> &entries) const
 {
-    const QString songsName = fileName(number, songsSuffix);
+    const QString listName = fileName(number, songsSuffix);
     const QString pathsName = fileName(number, pathsSuffix);
-    if (!isOwnFile(songsName) || !(!isTaken(pathsName) || isOwnFile(pathsName)))
+    if (!isOwnFile(listName) || !(!isTaken(pathsName) || isOwnFile(pathsName)))
         return Outcome::Nothing;
-    QFile playlist(songsName);
+    QFile playlist(listName);
     if (openExisting(playlist, QIODevice::ReadOnly)) {
         const QByteArray bytes = pathsOf(playlist, entries);
         if (playlist.error() == QFile::NoError &&
             (holds(pathsName, bytes) || replace(pathsName, bytes)))
             return Outcome::Done;
     }
-    logWarning() << "[PlaylistFiles::savePaths] Impossible to save the paths of" << songsName;
+    logWarning() << "[PlaylistFiles::savePaths] Impossible to save the paths of" << listName;
     return Outcome::Failed;
 }
 
