@@ -33,7 +33,7 @@ bool MetaSong::importFile(const QString &path)
     m_isInUse = recovered == SongFileWriter::Recovery::InUse;
     if (recovered != SongFileWriter::Recovery::Done)
         return false;
-    if (!songreading::openRegularFile(file)) {
+    if (!songreading::openSong(file)) {
         logDebug() << "[MetaSong::importFile] Impossible to read file:" << path;
         return false;
     }
@@ -58,7 +58,7 @@ bool MetaSong::importFile(const QString &path)
 bool MetaSong::hasKnownFormat(const QString &path)
 {
     QFile file(path);
-    if (!songreading::openRegularFile(file))
+    if (!songreading::openSong(file))
         return false;
     const Song song = songBeginningWith(file.peek(songlayout::magicSize), path);
     return !std::holds_alternative<NoSong>(song);

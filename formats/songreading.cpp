@@ -6,8 +6,12 @@
 
 bool songreading::openRegularFile(QFile &file)
 {
-    const QFileInfo info(file.fileName());
-    return info.isFile() && info.size() > 0 && file.open(QFile::ReadOnly);
+    return QFileInfo(file.fileName()).isFile() && file.open(QFile::ReadOnly);
+}
+
+bool songreading::openSong(QFile &file)
+{
+    return openRegularFile(file) && file.size() > 0;
 }
 
 bool songreading::readToEnd(QFile &file, QByteArray &bytes)

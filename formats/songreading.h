@@ -13,12 +13,14 @@ namespace songreading
  */
 inline constexpr qint64 largestFileInMemory = qint64{64} * 1024 * 1024;
 
-/**
- * Opens a regular file for reading; reading a device or a pipe could go on or wait for ever. So
- * could reading one of the system's own files that look regular and empty, such as /proc/kmsg:
- * false for an empty file.
- */
+/** Opens a regular file for reading; reading a device or a pipe could go on or wait for ever. */
 bool openRegularFile(QFile &file);
+
+/**
+ * The same for a file that may be a song: false when it is empty. The system has files that look
+ * regular and empty, such as /proc/kmsg, and reading them could wait for ever, too.
+ */
+bool openSong(QFile &file);
 
 /**
  * Reads from here to the end. False when not everything could be read: a song that was loaded in
