@@ -165,13 +165,13 @@ bool FileCopier::copyAll(const QList<Order> &orders, Progress &progress)
             continue;
         }
         logDebug() << "Copying file:" << source << "to:" << target;
+        if (exists && !mayReplace && !m_replace.isYes([&] { return m_askReplace(target); })) {
+            m_songs[i].state = State::Skipped;
+            continue;
+        }
         if (exists && isInList(target)) {
             m_songs[i].state = State::Failed;
             m_songs[i].reason = tr("una song dell'elenco si trova lì con questo nome");
-            continue;
-        }
-        if (exists && !mayReplace && !m_replace.isYes([&] { return m_askReplace(target); })) {
-            m_songs[i].state = State::Skipped;
             continue;
         }
         m_songs[i].state = State::Copied;
