@@ -335,7 +335,7 @@ bool removeSongs(const QStringList &songs, const QString &stick)
     const SongChanges::Report report = SongChanges(stick, recordedBy(record)).remove(paths);
     for (const QString &path : report.done)
         say(QStringLiteral("CLAIM removed ") + nameOf(path));
-    if (report.isIndexTrue)
+    if (report.isIndexTrue && !report.done.isEmpty())
         say(QStringLiteral("CLAIM index-written"));
     return report.isComplete();
 }
