@@ -2267,7 +2267,7 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     </message>
     <message>
         <source>Nome già usato da un&apos;altra song dell&apos;elenco</source>
-        <translation>Name gehört schon einem anderen gewählten Song</translation>
+        <translation>Mehrere mit demselben Namen</translation>
     </message>
     <message>
         <source>Non leggibili</source>
