@@ -1,5 +1,6 @@
 #include "devindex/planexecution.h"
 
+#include "devindex/memorydevice.h"
 #include "devindex/plannedremoval.h"
 #include "storage/safefile.h"
 #include "storage/writeproblem.h"
@@ -87,8 +88,10 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
 {
     if (!progress.wasCanceled() && !hasFolder(folder, plan)) {
         fail(numbers, plan,
-             WriteProblem::sentence(WriteProblem::find(WriteProblem::Medium::of(plan.folder)))
-                 .replace(QLatin1Char('\n'), QLatin1Char(' ')));
+             QFileInfo(folder).isDir()
+                 ? tr("la sua cartella è un collegamento che porta fuori dalla memoria")
+                 : WriteProblem::sentence(WriteProblem::find(WriteProblem::Medium::of(plan.folder)))
+                       .replace(QLatin1Char('\n'), QLatin1Char(' ')));
         return;
     }
     QList<FileCopier::Order> orders;
@@ -124,10 +127,10 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
 /** Makes the folder below the chosen one where it is missing, but never that one itself. */
 bool PlanExecution::hasFolder(const QString &folder, const TransferPlan &plan)
 {
-    const QFileInfo there(folder);
-    if (there.isDir() || folder == plan.folder)
-        return there.isDir() && (folder == plan.folder || !there.isSymLink());
-    return !isTaken(folder) && QFileInfo(plan.folder).isDir() && makeFolder(folder);
+    if (QFileInfo(folder).isDir() || folder == plan.folder)
+        return isOnMemory(folder, plan.root);
+    return !isTaken(folder) && isOnMemory(QFileInfo(folder).path(), plan.root) &&
+           makeFolder(folder);
 }
 
 void PlanExecution::tellSkipped(const Item &item)

@@ -45,16 +45,13 @@ Transfer::Transfer(TransferUser &user, OpenProgress openProgress, FreeBytes free
 
 Transfer::Outcome Transfer::transferFiles(const QStringList &files)
 {
-    QString dest = chooseDestination();
-    if (dest.isEmpty())
+    const std::optional<Destination> destination = chooseDestination();
+    if (!destination)
         return Outcome::NotStarted;
-    const QString root = m_volumes.getRootDrivePath(dest);
-    const bool isRoot = m_volumes.isRoot(dest);
+    const auto &[root, dest, isRoot] = *destination;
     MemoryLock lock(root);
     if (!takeLock(lock, tr("Trasferimento"), isRoot))
         return Outcome::NotStarted;
-    if (isRoot)
-        dest += songsFolder;
     if (m_user.reviewsPlans()) {
         std::optional<TransferPlan> plan = makePlan(files, root, dest, Look::Quick);
         if (plan && plan->needsReview())
@@ -93,11 +90,10 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
 
 std::optional<TransferPlan> Transfer::planTransfer(const QStringList &files, bool others)
 {
-    const QString dest = chooseDestination();
-    if (dest.isEmpty())
+    const std::optional<Destination> destination = chooseDestination();
+    if (!destination)
         return std::nullopt;
-    const QString folder = m_volumes.isRoot(dest) ? dest + songsFolder : dest;
-    return makePlan(files, m_volumes.getRootDrivePath(dest), folder,
+    return makePlan(files, destination->root, destination->folder,
                     others ? Look::AlsoOthers : Look::Songs);
 }
 
@@ -187,26 +183,44 @@ bool Transfer::updateIndex(const QString &root, const std::function<bool()> &rem
     return removal ? index.updateIndexAfter(root, removal) : index.updateIndex(root);
 }
 
-/** An accepted folder, without a slash at its end; an empty text ends the transfer. */
-QString Transfer::chooseDestination()
+/** An accepted folder, without a slash at its end; nothing ends the transfer. */
+std::optional<Transfer::Destination> Transfer::chooseDestination()
 {
     const QString title = tr("Trasferimento");
     const QString chosen = m_user.chooseFolder(tr("Scegli cartella"), m_volumes.startFolder());
     if (chosen.isEmpty())
-        return {};
-    QString dest = QDir::cleanPath(chosen);
+        return std::nullopt;
+    // What a link leads to is judged, and not where the link lies.
+    const QString dest = m_volumes.withoutLinks(chosen);
 
-    if (m_volumes.isSystemDisk(dest)) {
+    if (dest.isEmpty() || m_volumes.isSystemDisk(dest)) {
         m_user.warn(title, tr("Non è possibile copiare i file sul disco di sistema"));
-        return {};
+        return std::nullopt;
     }
     if (!m_volumes.isRoot(dest) && isReservedFolder(fileNameOf(dest))) {
         m_user.warn(title, tr("Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST "
                               "perchè sono riservate per funzionalità specifiche di Kavena, "
                               "selezionare un'altra cartella"));
-        return {};
+        return std::nullopt;
     }
-    return dest;
+    Destination destination{m_volumes.getRootDrivePath(dest), dest, m_volumes.isRoot(dest)};
+    if (destination.isRoot && !findSongsFolder(destination))
+        return std::nullopt;
+    return destination;
+}
+
+/** False when the songs of this memory would not get onto it; the user has been told. */
+bool Transfer::findSongsFolder(Destination &destination)
+{
+    const QString songs = destination.root + songsFolder;
+    destination.folder = m_volumes.withoutLinks(songs);
+    if (destination.folder.startsWith(destination.root + QLatin1Char('/')) &&
+        !isReservedFolder(fileNameOf(destination.folder)))
+        return true;
+    m_user.warn(tr("Trasferimento"), tr("La cartella %1 è un collegamento a un'altra cartella, "
+                                        "dove le song non possono essere copiate")
+                                         .arg(QDir::toNativeSeparators(songs)));
+    return false;
 }
 
 /** False when the memory is gone, perhaps while the plan was looked at; the user has been told. */
@@ -232,7 +246,8 @@ bool Transfer::takeLock(MemoryLock &lock, const QString &title, bool isRoot)
 /** False when there is no such folder now; the user has been told why. */
 bool Transfer::makeSongsFolder(const QString &songs)
 {
-    if (QFileInfo(songs).isDir())
+    const QFileInfo there(songs);
+    if (there.isDir() && !there.isSymLink())
         return true;
     // Folders above it are not made: after a memory was pulled they would be made on the system
     // disk.

@@ -90,10 +90,11 @@ public:
              FreeBytes freeBytes = &Transfer::bytesAvailable);
 
     /**
-     * The whole job, with all questions and messages. Refused are the system disk, a memory that
-     * another program is writing to, one that cannot be written to, a memory's root when its folder
-     * "songs" cannot be made, and the folders that the player reserves. When the copy was stopped
-     * the index is updated all the same, so that what has arrived is found.
+     * The whole job, with all questions and messages. Refused are the system disk, a folder from
+     * which a link leads there, a memory that another program is writing to, one that cannot be
+     * written to, a memory's root when its folder "songs" cannot be made, and the folders that the
+     * player reserves. When the copy was stopped the index is updated all the same, so that what
+     * has arrived is found.
      */
     Outcome transferFiles(const QStringList &files);
 
@@ -132,10 +133,18 @@ private:
         AlsoOthers ///< and at those that are not in the list
     };
 
+    /** Where the songs go. */
+    struct Destination {
+        QString root;   ///< of the memory
+        QString folder; ///< need not be there yet when it was the root that was chosen
+        bool isRoot = false;
+    };
+
     std::optional<TransferPlan> makePlan(const QStringList &files, const QString &root,
                                          const QString &folder, Look look);
     Outcome carryOut(const TransferPlan &plan, MemoryLock &lock);
-    QString chooseDestination();
+    std::optional<Destination> chooseDestination();
+    bool findSongsFolder(Destination &destination);
     bool isThere(const TransferPlan &plan);
     bool takeLock(MemoryLock &lock, const QString &title, bool isRoot);
     bool makeSongsFolder(const QString &songs);

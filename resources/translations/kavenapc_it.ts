@@ -802,6 +802,10 @@ Si vuole procedere comunque con la copia?</translation>
         <translation>%1: rimossa</translation>
     </message>
     <message>
+        <source>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</source>
+        <translation>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</translation>
+    </message>
+    <message>
         <source>una song dell&apos;elenco si trova lì con questo nome</source>
         <translation>una song dell&apos;elenco si trova lì con questo nome</translation>
     </message>
@@ -1888,6 +1892,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>nel frattempo un altro file ha questo nome</source>
         <translation>nel frattempo un altro file ha questo nome</translation>
+    </message>
+    <message>
+        <source>la sua cartella è un collegamento che porta fuori dalla memoria</source>
+        <translation>la sua cartella è un collegamento che porta fuori dalla memoria</translation>
     </message>
     <message>
         <source>non è più sulla memoria</source>

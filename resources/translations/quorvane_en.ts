@@ -802,6 +802,10 @@ Do you want to copy all the same?</translation>
         <translation>%1: removed</translation>
     </message>
     <message>
+        <source>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</source>
+        <translation>The folder %1 is a link to another folder, into which songs cannot be copied</translation>
+    </message>
+    <message>
         <source>una song dell&apos;elenco si trova lì con questo nome</source>
         <translation>a song of the list lies there under this name</translation>
     </message>
@@ -1888,6 +1892,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>nel frattempo un altro file ha questo nome</source>
         <translation>another file has got this name meanwhile</translation>
+    </message>
+    <message>
+        <source>la sua cartella è un collegamento che porta fuori dalla memoria</source>
+        <translation>its folder is a link that leads outside the memory</translation>
     </message>
     <message>
         <source>non è più sulla memoria</source>
