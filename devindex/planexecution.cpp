@@ -7,6 +7,7 @@
 
 #include <QFileInfo>
 #include <QHash>
+#include <QSet>
 
 #include <memory>
 #include <utility>
@@ -95,8 +96,11 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
         return;
     }
     QList<FileCopier::Order> orders;
+    QSet<QString> replaced;
     for (const int number : numbers) {
         const Item &item = plan.items.at(number);
+        if (item.remedy == Remedy::Replace && item.isThere)
+            replaced.insert(item.target);
         orders.append({item.path, item.destination(), item.remedy == Remedy::Replace});
     }
     FileCopier copier([](const QString &) { return Answer::No; });
@@ -109,6 +113,8 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
         switch (song.state) {
         case FileCopier::State::Copied:
             m_result.copied.append(song.source);
+            if (replaced.contains(song.target))
+                m_result.replaced.append(song.target);
             break;
         case FileCopier::State::Skipped:
         case FileCopier::State::Replaced:
@@ -181,8 +187,12 @@ void PlanExecution::update(const TransferPlan &plan)
     bool removed = false;
     const auto remove = [&] {
         removed = true;
+        const std::unique_ptr<Progress> progress =
+            m_openProgress(QCoreApplication::translate("SongChanges", "Eliminazione"),
+                           QCoreApplication::translate("SongChanges", "Eliminazione song..."),
+                           plan.count(Remedy::Remove));
         PlannedRemoval removal(plan);
-        const QList<PlannedRemoval::Outcome> outcomes = removal.run();
+        const QList<PlannedRemoval::Outcome> outcomes = removal.run(*progress);
         for (const PlannedRemoval::Outcome &outcome : outcomes) {
             if (outcome.reason.isEmpty())
                 m_result.removed.append(outcome.path);

@@ -34,6 +34,7 @@ public:
 
     struct Result {
         QStringList copied;       ///< the songs of the list that have arrived
+        QStringList replaced;     ///< songs of the memory whose place they took
         QStringList alreadyThere; ///< those that need not be copied
         QList<Named> skipped;     ///< those that were left out
         QList<Named> failed;      ///< those that should have been copied or removed

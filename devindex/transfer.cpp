@@ -2,6 +2,7 @@
 
 #include "devindex/folderrules.h"
 #include "devindex/index.h"
+#include "devindex/memorydevice.h"
 #include "devindex/sizetext.h"
 #include "devindex/transferplanner.h"
 #include "storage/diagnostics.h"
@@ -49,6 +50,7 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
     if (!destination)
         return Outcome::NotStarted;
     const auto &[root, dest, isRoot] = *destination;
+    m_device = memoryDevice(root);
     MemoryLock lock(root);
     if (!takeLock(lock, tr("Trasferimento"), isRoot))
         return Outcome::NotStarted;
@@ -58,11 +60,10 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
             plan = makePlan(files, root, dest, Look::Songs);
         if (!plan)
             return Outcome::NotStarted;
-        const auto review =
-            plan->needsReview() ? m_user.reviewPlan(*plan) : TransferUser::Review::AsAlways;
-        if (review == TransferUser::Review::Cancel || !isThere(*plan))
+        const auto answer = plan->needsReview() ? review(*plan) : TransferUser::Review::AsAlways;
+        if (answer == TransferUser::Review::Cancel || !isThere(*plan))
             return Outcome::NotStarted;
-        if (review == TransferUser::Review::CarryOut)
+        if (answer == TransferUser::Review::CarryOut)
             return carryOut(*plan, lock);
         m_readBack = plan->readBack;
     }
@@ -109,6 +110,7 @@ Transfer::Outcome Transfer::carryOut(const TransferPlan &plan)
 
 Transfer::Outcome Transfer::carryOut(const TransferPlan &plan, MemoryLock &lock)
 {
+    m_device = plan.device.isEmpty() ? memoryDevice(plan.root) : plan.device;
     if (plan.folder == plan.root + songsFolder && !makeSongsFolder(plan.folder))
         return Outcome::NotStarted;
     logBanner();
@@ -126,6 +128,16 @@ Transfer::Outcome Transfer::carryOut(const TransferPlan &plan, MemoryLock &lock)
                            tr("Non è stato possibile eseguire tutto il piano"));
     tellCounts(result);
     return result.isComplete() ? Outcome::Complete : Outcome::Incomplete;
+}
+
+/** The plan opens by itself: the user, who has not asked for it yet, decides what is replaced. */
+TransferUser::Review Transfer::review(TransferPlan &plan)
+{
+    for (TransferPlan::Item &item : plan.items) {
+        if (item.remedy == TransferPlan::Remedy::Replace)
+            item.remedy = TransferPlan::Remedy::Skip;
+    }
+    return m_user.reviewPlan(plan);
 }
 
 /** Nothing when the user stopped it. */
@@ -151,7 +163,8 @@ std::optional<TransferPlan> Transfer::makePlan(const QStringList &files, const Q
 bool Transfer::updateKavenaIndex(const QString &path)
 {
     const QString root = m_volumes.getRoot(path);
-    if (!QFileInfo::exists(root))
+    m_device = memoryDevice(root);
+    if (m_device.isEmpty())
         return false;
     MemoryLock lock(root);
     return takeLock(lock, tr("Aggiornamento"), false) && updateIndex(root);
@@ -160,13 +173,23 @@ bool Transfer::updateKavenaIndex(const QString &path)
 /** A removal runs while there is no index, or not at all. */
 bool Transfer::updateIndex(const QString &root, const std::function<bool()> &removal)
 {
-    if (!QFileInfo::exists(root))
+    // The folder of a memory that was pulled out may still be there.
+    const QByteArray device = memoryDevice(root);
+    if (device.isEmpty() || device != m_device)
         return false;
-    // The number of songs is not known before the scan has found them: 0 shows a busy bar.
-    const std::unique_ptr<Progress> progress =
-        m_openProgress(tr("Aggiornamento"), tr("Aggiornamento database..."), 0);
-    const auto setValue = [&progress](int value) { progress->setValue(value); };
-    const auto setMaximum = [&progress](int maximum) { progress->setMaximum(maximum); };
+    std::unique_ptr<Progress> progress;
+    const auto open = [&] {
+        // The number of songs is not known before the scan has found them: 0 shows a busy bar.
+        progress = m_openProgress(tr("Aggiornamento"), tr("Aggiornamento database..."), 0);
+    };
+    const auto setValue = [&progress](int value) {
+        if (progress)
+            progress->setValue(value);
+    };
+    const auto setMaximum = [&progress](int maximum) {
+        if (progress)
+            progress->setMaximum(maximum);
+    };
 
     Index index;
     index.setRenameQuestion([this](const QString &item, const QString &message) {
@@ -180,7 +203,14 @@ bool Transfer::updateIndex(const QString &root, const std::function<bool()> &rem
     QObject::connect(&index, &Index::fileFoundChanged, &index, setValue);
     QObject::connect(&index, &Index::progressValueChanged, &index, setValue);
     QObject::connect(&index, &Index::progressMaxSetup, &index, setMaximum);
-    return removal ? index.updateIndexAfter(root, removal) : index.updateIndex(root);
+    if (removal)
+        return index.updateIndexAfter(root, [&] {
+            const bool isOnMedium = removal(); // shows a progress of its own
+            open();
+            return isOnMedium;
+        });
+    open();
+    return index.updateIndex(root);
 }
 
 /** An accepted folder, without a slash at its end; nothing ends the transfer. */
@@ -340,6 +370,8 @@ void Transfer::tellCounts(const PlanExecution::Result &result)
         return texts;
     };
     QStringList skipped = named(result.skipped);
+    for (const QString &song : result.replaced)
+        skipped.append(tr("%1: sostituita").arg(fileNameOf(song)));
     for (const QString &song : result.removed)
         skipped.append(tr("%1: rimossa").arg(fileNameOf(song)));
     m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),

@@ -47,7 +47,8 @@ public:
 
     /**
      * Shows a plan in which songs would be lost or doubled, before anything is copied. The remedies
-     * of its songs may be changed, and whether the copies are read back.
+     * of its songs may be changed, and whether the copies are read back. No song replaces another
+     * unless the user says so.
      */
     virtual Review reviewPlan(TransferPlan &plan)
     {
@@ -142,6 +143,7 @@ private:
 
     std::optional<TransferPlan> makePlan(const QStringList &files, const QString &root,
                                          const QString &folder, Look look);
+    TransferUser::Review review(TransferPlan &plan);
     Outcome carryOut(const TransferPlan &plan, MemoryLock &lock);
     std::optional<Destination> chooseDestination();
     bool findSongsFolder(Destination &destination);
@@ -163,5 +165,6 @@ private:
     const FreeBytes m_freeBytes;
     bool m_readBack = false;
     qsizetype m_changedSongs = 0;
+    QByteArray m_device;         ///< of the memory that the job is about
     QStringList m_indexProblems; ///< what the last update of an index said about single songs
 };

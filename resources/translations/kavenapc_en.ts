@@ -802,6 +802,10 @@ Do you want to copy all the same?</translation>
         <translation>%1: removed</translation>
     </message>
     <message>
+        <source>%1: sostituita</source>
+        <translation>%1: replaced</translation>
+    </message>
+    <message>
         <source>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</source>
         <translation>The folder %1 is a link to another folder, into which songs cannot be copied</translation>
     </message>
@@ -1931,6 +1935,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>non è più il file di prima</source>
         <translation>no longer the same file</translation>
+    </message>
+    <message>
+        <source>non rimossa, la rimozione è stata interrotta</source>
+        <translation>not removed, removing was stopped</translation>
     </message>
 </context>
 <context>

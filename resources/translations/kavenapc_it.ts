@@ -802,6 +802,10 @@ Si vuole procedere comunque con la copia?</translation>
         <translation>%1: rimossa</translation>
     </message>
     <message>
+        <source>%1: sostituita</source>
+        <translation>%1: sostituita</translation>
+    </message>
+    <message>
         <source>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</source>
         <translation>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</translation>
     </message>
@@ -1931,6 +1935,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>non è più il file di prima</source>
         <translation>non è più il file di prima</translation>
+    </message>
+    <message>
+        <source>non rimossa, la rimozione è stata interrotta</source>
+        <translation>non rimossa, la rimozione è stata interrotta</translation>
     </message>
 </context>
 <context>

@@ -802,6 +802,10 @@ Trotzdem kopieren?</translation>
         <translation>%1: entfernt</translation>
     </message>
     <message>
+        <source>%1: sostituita</source>
+        <translation>%1: ersetzt</translation>
+    </message>
+    <message>
         <source>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</source>
         <translation>Der Ordner %1 ist eine Verknüpfung mit einem anderen Ordner, in den keine Songs kopiert werden können</translation>
     </message>
@@ -1931,6 +1935,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>non è più il file di prima</source>
         <translation>nicht mehr dieselbe Datei</translation>
+    </message>
+    <message>
+        <source>non rimossa, la rimozione è stata interrotta</source>
+        <translation>nicht entfernt, das Entfernen wurde angehalten</translation>
     </message>
 </context>
 <context>

@@ -55,6 +55,8 @@ private slots:
     void withoutReviewEverythingIsAsAlways();
     void canceledReviewTouchesNothing();
     void answersOfAReviewAreCarriedOut();
+    void planThatOpensByItselfReplacesNothing();
+    void replacedSongsAreNamed();
     void usersWithoutReviewGetNoPlan();
 
     void copiesThatCannotBeReadBackHaveFailed_data();
@@ -320,6 +322,34 @@ void TestPlanExecution::answersOfAReviewAreCarriedOut()
     QCOMPARE(transfer({song(QStringLiteral("x/a.mid"), "A"), song(QStringLiteral("y/a.mid"), "B")}),
              Transfer::Outcome::Complete);
     QCOMPARE(m_card->read(QStringLiteral("pop/y/a.mid")), MountedCard::midi("B"));
+}
+
+void TestPlanExecution::planThatOpensByItselfReplacesNothing()
+{
+    onCard(QStringLiteral("pop/b.mid"), "OLD");
+    const QStringList files = {song(QStringLiteral("x/a.mid"), "ONE"),
+                               song(QStringLiteral("y/a.mid"), "OTHER"),
+                               song(QStringLiteral("b.mid"), "NEWER")};
+    m_user->review = TransferUser::Review::CarryOut;
+    QCOMPARE(transfer(files), Transfer::Outcome::Complete);
+    QCOMPARE(m_card->read(QStringLiteral("pop/b.mid")), MountedCard::midi("OLD"));
+    QCOMPARE(m_card->read(QStringLiteral("pop/a-1.mid")), MountedCard::midi("OTHER"));
+    QVERIFY(m_user->skippedLines.contains(
+        QStringLiteral("b.mid: esisteva già e non è stata sostituita")));
+    // A plan that was asked for proposes it.
+    const std::optional<TransferPlan> asked =
+        Transfer(*m_user, progress()).planTransfer(files, false);
+    QVERIFY(asked.has_value());
+    QCOMPARE(asked->items.at(2).remedy, Remedy::Replace);
+}
+
+void TestPlanExecution::replacedSongsAreNamed()
+{
+    onCard(QStringLiteral("pop/b.mid"), "OLD");
+    const TransferPlan made =
+        plan({song(QStringLiteral("a.mid"), "NEW"), song(QStringLiteral("b.mid"), "NEWER")});
+    QCOMPARE(carryOut(made), Transfer::Outcome::Complete);
+    QCOMPARE(m_user->skippedLines, QStringList(QStringLiteral("b.mid: sostituita")));
 }
 
 void TestPlanExecution::usersWithoutReviewGetNoPlan()
