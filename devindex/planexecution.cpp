@@ -2,9 +2,11 @@
 
 #include "devindex/memorydevice.h"
 #include "devindex/plannedremoval.h"
+#include "library/companion.h"
 #include "storage/safefile.h"
 #include "storage/writeproblem.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QSet>
@@ -97,10 +99,13 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
     }
     QList<FileCopier::Order> orders;
     QSet<QString> replaced;
+    QSet<QString> withPictures; // the source's medium may have been pulled out by the end
     for (const int number : numbers) {
         const Item &item = plan.items.at(number);
         if (item.remedy == Remedy::Replace && item.isThere)
             replaced.insert(item.target);
+        if (!item.companion.isEmpty())
+            withPictures.insert(item.destination());
         orders.append({item.path, item.destination(), item.remedy == Remedy::Replace});
     }
     FileCopier copier([](const QString &) { return Answer::No; });
@@ -113,8 +118,11 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
         switch (song.state) {
         case FileCopier::State::Copied:
             m_result.copied.append(song.source);
-            if (replaced.contains(song.target))
+            if (replaced.contains(song.target)) {
                 m_result.replaced.append(song.target);
+                if (!withPictures.contains(song.target))
+                    removeOldPictures(song);
+            }
             break;
         case FileCopier::State::Skipped:
         case FileCopier::State::Replaced:
@@ -127,6 +135,28 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
             m_result.notReached.append(song.source);
             break;
         }
+    }
+}
+
+/**
+ * The pictures of a song whose place another one took, which has none, would be shown with that. It
+ * is on the medium by now.
+ */
+void PlanExecution::removeOldPictures(const FileCopier::Song &song)
+{
+    if (!companionOf(song.source).isEmpty())
+        return;
+    const QStringList paths = companionPaths(song.target);
+    for (const QString &path : paths) {
+        const QFileInfo pictures(path);
+        if (!pictures.isFile())
+            continue;
+        const auto bytes = keepBytesOf(path); // cppcheck-suppress unreadVariable
+        if (!pictures.isSymLink() && QFile::remove(path) && flushFolderOf(path))
+            m_result.removedPictures.append(path);
+        else
+            m_result.failed.append(
+                {path, tr("restano le immagini della song che è stata sostituita")});
     }
 }
 

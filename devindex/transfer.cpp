@@ -372,7 +372,7 @@ void Transfer::tellCounts(const PlanExecution::Result &result)
     QStringList skipped = named(result.skipped);
     for (const QString &song : result.replaced)
         skipped.append(tr("%1: sostituita").arg(fileNameOf(song)));
-    for (const QString &song : result.removed)
+    for (const QString &song : result.removedPictures + result.removed)
         skipped.append(tr("%1: rimossa").arg(fileNameOf(song)));
     m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
                       named(result.failed) + m_indexProblems, skipped);

@@ -1902,6 +1902,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>la sua cartella è un collegamento che porta fuori dalla memoria</translation>
     </message>
     <message>
+        <source>restano le immagini della song che è stata sostituita</source>
+        <translation>restano le immagini della song che è stata sostituita</translation>
+    </message>
+    <message>
         <source>non è più sulla memoria</source>
         <translation>non è più sulla memoria</translation>
     </message>

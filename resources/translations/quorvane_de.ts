@@ -1902,6 +1902,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>ihr Ordner ist eine Verknüpfung, die aus dem Speicher hinausführt</translation>
     </message>
     <message>
+        <source>restano le immagini della song che è stata sostituita</source>
+        <translation>die Bilder des ersetzten Songs sind noch da</translation>
+    </message>
+    <message>
         <source>non è più sulla memoria</source>
         <translation>nicht mehr auf dem Speicher</translation>
     </message>

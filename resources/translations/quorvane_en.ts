@@ -1902,6 +1902,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>its folder is a link that leads outside the memory</translation>
     </message>
     <message>
+        <source>restano le immagini della song che è stata sostituita</source>
+        <translation>the pictures of the song that was replaced are still there</translation>
+    </message>
+    <message>
         <source>non è più sulla memoria</source>
         <translation>no longer on the memory</translation>
     </message>
