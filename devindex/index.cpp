@@ -69,7 +69,7 @@ bool Index::updateIndexAfter(const QString &root, const std::function<bool()> &c
     if (!begin(root))
         return false;
     const bool wasWhole = checkIndexFile();
-    if (!m_build.removeCounts() || !change())
+    if (!m_build.removeCounts() || !change() || !isMemoryThere())
         return false;
     if (!wasWhole || !hasIndexBut(indexfiles::count))
         return createIndex(root);
@@ -126,7 +126,7 @@ Index::Change Index::changeSongs(const QString &root, const SongChange &change)
     if (PlaylistKeeper(rootPath).savePaths(numbers) == PlaylistFiles::Outcome::Failed ||
         !m_build.removeCounts())
         return Change::NotStarted;
-    if (!change(entries))
+    if (!change(entries) || !isMemoryThere())
         return Change::NoIndex;
     if (!hadIndex) {
         const bool isWhole = createIndex(root);
@@ -163,6 +163,7 @@ bool Index::begin(const QString &root)
     if (path.isEmpty())
         return false; // an empty path would mean the working directory
     rootPath = QDir::cleanPath(QDir(path).absolutePath());
+    device = memoryDevice(rootPath);
     filesFound = 0;
     counts.values.fill(0);
     indexChanged = 0;
@@ -177,7 +178,7 @@ bool Index::begin(const QString &root)
 bool Index::hasWholeIndex() const
 {
     return !m_isStopped && !m_buildFailed && !m_playlistsFailed && !m_renamer.isUnsure() &&
-           checkIndexFile();
+           isMemoryThere() && checkIndexFile();
 }
 
 bool Index::checkIndexFile() const
@@ -207,7 +208,7 @@ void Index::createKavenaDir()
 {
     const QDir root(rootPath);
     for (const QLatin1String name : {indexfiles::effectsFolder, indexfiles::bridgeFolder}) {
-        if (!m_isStopped && !root.exists(name))
+        if (!m_isStopped && !root.exists(name) && isMemoryThere())
             makeFolder(filePath(name));
     }
 }
@@ -266,7 +267,7 @@ void Index::createPathIndex()
     SongAdder scanned(*this, *this);
     // Without entries every song is new: its time is asked for when it is read.
     scanInto(scanned, rootPath, entries.isEmpty() ? SongTimes::Leave : SongTimes::Ask);
-    if (m_renamer.isUnsure() || m_playlistsFailed || wantsToStop())
+    if (m_renamer.isUnsure() || m_playlistsFailed || wantsToStop() || !isMemoryThere())
         return;
     if (filesFound == 0) {
         logWarning() << "[Index::createPathIndex] No songs in" << rootPath;
@@ -275,7 +276,7 @@ void Index::createPathIndex()
 
     emit progressMaxSetup(static_cast<int>(filesFound));
     refreshEntries(&scanned);
-    if (indexChanged == 0 || wantsToStop())
+    if (indexChanged == 0 || wantsToStop() || !isMemoryThere())
         return;
 
     emit progressMaxSetup(100);
@@ -293,7 +294,8 @@ void Index::createPathIndex()
     m_buildFailed = !m_build.write();
     if (m_buildFailed) {
         logWarning() << "[Index::createPathIndex] Impossible to write the index of" << rootPath;
-        deleteIndex();
+        if (isMemoryThere())
+            deleteIndex();
     }
 }
 

@@ -125,7 +125,8 @@ std::optional<FileStamp> IndexBuild::readSong(SongInfoIndex &entry)
  */
 bool IndexBuild::write()
 {
-    if (!removeCounts() || !removeLinks() || !writeOrder() || !restorePlaylists())
+    if (!m_state.isMemoryThere() || !removeCounts() || !removeLinks() || !writeOrder() ||
+        !restorePlaylists())
         return false;
     const BuildOrders orders(m_state.entries);
     if (indexwriter::writePaths(m_state.filePath(indexfiles::path), orders.byNumber()) < 0)
@@ -134,7 +135,8 @@ bool IndexBuild::write()
     if (!writeSongFiles(orders))
         return false;
     // The other files are on the medium by name, too, before the counts make them an index.
-    if (!flushFolderOf(m_state.filePath(indexfiles::count)) || writeCounts() < 0)
+    if (!flushFolderOf(m_state.filePath(indexfiles::count)) || !m_state.isMemoryThere() ||
+        writeCounts() < 0)
         return false;
     m_observer.tellProgress(100);
     return true;
@@ -167,6 +169,8 @@ bool IndexBuild::writeSongFiles(const BuildOrders &orders)
         const SongFile &file = songFiles.at(i);
         const EntryList songs = (orders.*file.order)();
         const QString path = m_state.filePath(file.name);
+        if (!m_state.isMemoryThere())
+            return false;
         AlphaTable &alpha = m_state.alphaBuffer;
         alpha.clear();
         const int count = file.groups == nullptr

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "devindex/indexrecords.h"
+#include "devindex/memorydevice.h"
 #include "devindex/songinfoindex.h"
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -14,7 +16,8 @@ struct IndexState {
     static constexpr quint32 noIdLoaded = 0xFFFFFFFF;
 
     AlphaTable alphaBuffer;
-    QString rootPath; ///< without a slash at its end
+    QString rootPath;  ///< without a slash at its end
+    QByteArray device; ///< memoryDevice() of the root when the operation began; empty if unknown
     QList<SongInfoIndex> entries;
     QList<quint16> playlistNumbers;
     QStringList unreadFolders;        ///< that the scan could not read, as paths on the memory
@@ -30,6 +33,12 @@ struct IndexState {
 
     /** Where a file of this name, or path below the root, lies on the computer. */
     QString filePath(const QString &name) const { return rootPath + QLatin1Char('/') + name; }
+
+    /**
+     * False when the memory was pulled out since the operation began: what is written to its folder
+     * then would lie on the system disk, or on another memory.
+     */
+    bool isMemoryThere() const { return device.isEmpty() || memoryDevice(rootPath) == device; }
 };
 
 /** Receives the reports of the steps of an index operation. */

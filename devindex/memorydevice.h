@@ -10,3 +10,9 @@
  * system disk.
  */
 QByteArray memoryDevice(const QString &folder);
+
+/**
+ * True for a folder that lies below the root or is it, and to which no link on the way there leads
+ * from anywhere else. False when there is no such folder.
+ */
+bool isOnMemory(const QString &folder, const QString &root);

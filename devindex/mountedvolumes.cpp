@@ -184,6 +184,23 @@ QString MountedVolumes::memoryOf(const QString &path) const
     return nameEnd < 0 ? clean : clean.left(nameEnd);
 }
 
+QString MountedVolumes::withoutLinks(const QString &path) const
+{
+    const QString clean = cleaned(path);
+    const QFileInfo there(clean);
+    const QString real = there.canonicalFilePath();
+    if (real.isEmpty())
+        return there.isSymLink() ? QString() : clean;
+    const QString memory = memoryOf(clean);
+    // On macOS a link among the memories leads to the system disk.
+    if (!memory.isEmpty() && !QFileInfo(memory).isSymLink()) {
+        const QString root = QFileInfo(memory).canonicalFilePath();
+        if (real == root || real.startsWith(root + slash))
+            return memory + real.mid(root.size());
+    }
+    return isSystemDisk(real) ? QString() : real;
+}
+
 /** The longest mount directory that the path lies in; empty for one that lies in none or is one. */
 QString MountedVolumes::mountDirectoryAbove(const QString &cleanPath) const
 {

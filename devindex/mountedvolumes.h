@@ -72,6 +72,13 @@ public:
     QString memoryOf(const QString &path) const;
 
     /**
+     * The path with all links resolved, where a link leads: below the memory's root as it is
+     * spelled when it stays on that memory. A path at which nothing lies is only cleaned. Empty for
+     * a link that leads nowhere, and for one that leads to the system disk.
+     */
+    QString withoutLinks(const QString &path) const;
+
+    /**
      * The beginning of the path that names a memory's root, from the text as it is: ".." behind the
      * memory's name and doubled slashes in front of it are not resolved. Empty where there is none.
      */

@@ -212,7 +212,7 @@ SongChanges::Report SongChanges::build(bool anew)
 
 QString SongChanges::whyNotBuilt(const Index &index) const
 {
-    if (!QFileInfo(m_root).isDir())
+    if (!QFileInfo(m_root).isDir() || !index.isMemoryThere())
         return tr("La memoria non è più collegata.");
     if (index.filesFound == 0)
         return index.checkIndexFile() ? tr("Il database della memoria è danneggiato: rigenerarlo.")

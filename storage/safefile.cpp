@@ -61,13 +61,17 @@ bool closesWell(int handle)
     return second >= 0 && ::close(second) == 0;
 }
 
-/** Follows no link and waits for nothing; the QFile closes the handle. */
-bool openHandle(QFile &file, const QByteArray &path, int flags)
+enum class Links { Refuse, Follow };
+
+/** Waits for nothing; the QFile closes the handle. */
+bool openHandle(QFile &file, const QByteArray &path, int flags, Links links = Links::Refuse)
 {
-    const int handle = ::open(path.constData(), flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (links == Links::Refuse)
+        flags |= O_NOFOLLOW;
+    const int handle = ::open(path.constData(), flags | O_NONBLOCK | O_CLOEXEC);
     if (handle < 0)
         return false;
-    const QFile::OpenMode access = flags == O_RDONLY ? QFile::ReadOnly : QFile::ReadWrite;
+    const QFile::OpenMode access = (flags & O_ACCMODE) == O_RDONLY ? QFile::ReadOnly : QFile::ReadWrite;
     if (file.open(handle, access | QFile::Unbuffered, QFile::AutoCloseHandle))
         return true;
     ::close(handle);
@@ -131,10 +135,15 @@ bool flushFolderOf(const QString &path)
 
 std::unique_ptr<QFile> keepBytesOf(const QString &path)
 {
-    auto file = std::make_unique<QFile>(path);
-    if (!file->open(QFile::ReadOnly | QFile::Unbuffered))
-        file.reset();
-    return file;
+    // A pipe would make the program wait for its other end, and has no bytes on the medium.
+    if (!QFileInfo(path).isFile())
+        return nullptr;
+    auto file = std::make_unique<QFile>();
+    struct stat status {
+    };
+    const bool isKept = openHandle(*file, QFile::encodeName(path), O_RDONLY, Links::Follow) &&
+                        ::fstat(file->handle(), &status) == 0 && S_ISREG(status.st_mode);
+    return isKept ? std::move(file) : nullptr;
 }
 
 bool holdFile(QFile &file)

@@ -90,7 +90,7 @@ bool renameOver(QFile &file, const QString &to);
 /**
  * While the returned object lives, the bytes of this file stay on the medium even when the file
  * loses its name. Otherwise a file system without a journal could reuse their place before its
- * folder leads to the new bytes. Null when the file cannot be opened for reading.
+ * folder leads to the new bytes. Null when it is no regular file that can be opened for reading.
  */
 std::unique_ptr<QFile> keepBytesOf(const QString &path);
 

@@ -802,6 +802,14 @@ Do you want to copy all the same?</translation>
         <translation>%1: removed</translation>
     </message>
     <message>
+        <source>%1: sostituita</source>
+        <translation>%1: replaced</translation>
+    </message>
+    <message>
+        <source>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</source>
+        <translation>The folder %1 is a link to another folder, into which songs cannot be copied</translation>
+    </message>
+    <message>
         <source>una song dell&apos;elenco si trova lì con questo nome</source>
         <translation>a song of the list lies there under this name</translation>
     </message>
@@ -1890,6 +1898,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>another file has got this name meanwhile</translation>
     </message>
     <message>
+        <source>la sua cartella è un collegamento che porta fuori dalla memoria</source>
+        <translation>its folder is a link that leads outside the memory</translation>
+    </message>
+    <message>
+        <source>restano le immagini della song che è stata sostituita</source>
+        <translation>the pictures of the song that was replaced are still there</translation>
+    </message>
+    <message>
         <source>non è più sulla memoria</source>
         <translation>no longer on the memory</translation>
     </message>
@@ -1923,6 +1939,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>non è più il file di prima</source>
         <translation>no longer the same file</translation>
+    </message>
+    <message>
+        <source>non rimossa, la rimozione è stata interrotta</source>
+        <translation>not removed, removing was stopped</translation>
     </message>
 </context>
 <context>

@@ -802,6 +802,14 @@ Si vuole procedere comunque con la copia?</translation>
         <translation>%1: rimossa</translation>
     </message>
     <message>
+        <source>%1: sostituita</source>
+        <translation>%1: sostituita</translation>
+    </message>
+    <message>
+        <source>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</source>
+        <translation>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</translation>
+    </message>
+    <message>
         <source>una song dell&apos;elenco si trova lì con questo nome</source>
         <translation>una song dell&apos;elenco si trova lì con questo nome</translation>
     </message>
@@ -1890,6 +1898,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>nel frattempo un altro file ha questo nome</translation>
     </message>
     <message>
+        <source>la sua cartella è un collegamento che porta fuori dalla memoria</source>
+        <translation>la sua cartella è un collegamento che porta fuori dalla memoria</translation>
+    </message>
+    <message>
+        <source>restano le immagini della song che è stata sostituita</source>
+        <translation>restano le immagini della song che è stata sostituita</translation>
+    </message>
+    <message>
         <source>non è più sulla memoria</source>
         <translation>non è più sulla memoria</translation>
     </message>
@@ -1923,6 +1939,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>non è più il file di prima</source>
         <translation>non è più il file di prima</translation>
+    </message>
+    <message>
+        <source>non rimossa, la rimozione è stata interrotta</source>
+        <translation>non rimossa, la rimozione è stata interrotta</translation>
     </message>
 </context>
 <context>

@@ -802,6 +802,14 @@ Trotzdem kopieren?</translation>
         <translation>%1: entfernt</translation>
     </message>
     <message>
+        <source>%1: sostituita</source>
+        <translation>%1: ersetzt</translation>
+    </message>
+    <message>
+        <source>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</source>
+        <translation>Der Ordner %1 ist eine Verknüpfung mit einem anderen Ordner, in den keine Songs kopiert werden können</translation>
+    </message>
+    <message>
         <source>una song dell&apos;elenco si trova lì con questo nome</source>
         <translation>dort liegt unter diesem Namen ein Song aus der Liste</translation>
     </message>
@@ -1890,6 +1898,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>inzwischen hat eine andere Datei diesen Namen</translation>
     </message>
     <message>
+        <source>la sua cartella è un collegamento che porta fuori dalla memoria</source>
+        <translation>ihr Ordner ist eine Verknüpfung, die aus dem Speicher hinausführt</translation>
+    </message>
+    <message>
+        <source>restano le immagini della song che è stata sostituita</source>
+        <translation>die Bilder des ersetzten Songs sind noch da</translation>
+    </message>
+    <message>
         <source>non è più sulla memoria</source>
         <translation>nicht mehr auf dem Speicher</translation>
     </message>
@@ -1923,6 +1939,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>non è più il file di prima</source>
         <translation>nicht mehr dieselbe Datei</translation>
+    </message>
+    <message>
+        <source>non rimossa, la rimozione è stata interrotta</source>
+        <translation>nicht entfernt, das Entfernen wurde angehalten</translation>
     </message>
 </context>
 <context>
