@@ -88,7 +88,7 @@ QList<Group> memoryduplicates::sameTitle(const QList<MemorySong> &songs)
 }
 
 std::optional<QList<Group>> memoryduplicates::sameBytes(const QList<MemorySong> &songs,
-                                                        Progress &progress)
+                                                        Progress &progress, Group *unread)
 {
     QHash<qint64, Group> bySize;
     for (qsizetype place = 0; place < songs.size(); ++place) {
@@ -111,6 +111,8 @@ std::optional<QList<Group>> memoryduplicates::sameBytes(const QList<MemorySong> 
                 return {};
             if (const auto digest = reader.digestOf(songs.at(place), digestChunk))
                 byStart[*digest].append(place);
+            else if (unread != nullptr)
+                unread->append(place);
         }
         for (const Group &sameStart : groupsOf(byStart)) {
             for (const qsizetype place : sameStart) {
@@ -120,6 +122,8 @@ std::optional<QList<Group>> memoryduplicates::sameBytes(const QList<MemorySong> 
                     return {};
                 if (digest)
                     byBytes[QByteArray::number(song.size) + ' ' + *digest].append(place);
+                else if (unread != nullptr)
+                    unread->append(place);
             }
         }
     }
