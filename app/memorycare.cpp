@@ -129,20 +129,24 @@ void MemoryCare::check()
     const OpenProgress open = m_window.job().openProgress();
     const QString label = tr("Controllo della memoria...");
     const auto findings = resultOf<QList<MemoryCheck::Finding>>();
+    const auto isStopped = resultOf<bool>();
     const auto refusal = resultOf<QString>();
     m_window.startReading(
-        [root, open, label, findings, refusal] {
+        [root, open, label, findings, isStopped, refusal] {
             const auto progress = open({}, label, 0);
             MemoryLock lock(root);
             if (!lock.take() && lock.isHeldByOther())
                 *refusal = lock.message();
             else
-                *findings = MemoryCheck(root).run();
+                *findings = MemoryCheck(root).run([&] { return progress->wasCanceled(); });
+            *isStopped = progress->wasCanceled();
         },
-        [this, findings, refusal] {
+        [this, findings, isStopped, refusal] {
             m_window.showMessage({});
             if (!refusal->isEmpty())
                 warn(*refusal);
+            else if (*isStopped)
+                m_window.showMessage(tr("Il controllo è stato interrotto."));
             else if (isThere()) // what was found on a memory that went meanwhile is worth nothing
                 m_window.checkPage().setFindings(*findings);
         });

@@ -279,19 +279,23 @@ void MemorySongWork::copy(const QList<qsizetype> &songs)
     const QString label = tr("Copia song...");
     const auto refusal = std::make_shared<QString>();
     const auto report = std::make_shared<FileCopier::Report>();
+    const auto isStopped = std::make_shared<bool>();
     job.start(
-        [root, folder, paths, copies, label, refusal, report, open = job.openProgress()] {
+        [root, folder, paths, copies, label, refusal, report, isStopped,
+         open = job.openProgress()] {
+            const auto progress = open({}, label, static_cast<int>(paths.size()));
             MemoryLock lock(root);
             if (!lock.take() && lock.isHeldByOther())
                 *refusal = lock.message();
             else
-                *report =
-                    copies->copy(paths, folder, *open({}, label, static_cast<int>(paths.size())));
+                *report = copies->copy(paths, folder, *progress);
+            *isStopped = progress->wasCanceled();
         },
-        [this, refusal, report] { tellCopied(*report, *refusal); });
+        [this, refusal, report, isStopped] { tellCopied(*report, *isStopped, *refusal); });
 }
 
-void MemorySongWork::tellCopied(const FileCopier::Report &report, const QString &refusal)
+void MemorySongWork::tellCopied(const FileCopier::Report &report, bool isStopped,
+                                const QString &refusal)
 {
     if (!refusal.isEmpty()) {
         m_window.showMessage({});
@@ -302,6 +306,8 @@ void MemorySongWork::tellCopied(const FileCopier::Report &report, const QString 
     if (!report.skipped.isEmpty())
         text += QLatin1Char(' ') +
                 tr("%n c'erano già e restano.", "", static_cast<int>(report.skipped.size()));
+    if (isStopped)
+        text += QLatin1Char(' ') + tr("La copia è stata interrotta.");
     m_window.showMessage(text);
     if (!report.failed.isEmpty())
         warn(text + QLatin1Char('\n') +

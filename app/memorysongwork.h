@@ -44,7 +44,7 @@ private:
 
     QList<MemorySong> filesOf(const QList<qsizetype> &songs) const;
     bool confirmRemoval(const QList<MemorySong> &songs, int groupsWithoutRest);
-    void tellCopied(const FileCopier::Report &report, const QString &refusal);
+    void tellCopied(const FileCopier::Report &report, bool isStopped, const QString &refusal);
     void warn(const QString &text, const QStringList &details = {});
     static QString whyChanged();
     static QString load(const QString &root, MemorySong &listed, SongInfo &info);

@@ -243,7 +243,7 @@ private:
         }
         if (isOneOf({Command::Transfer, Command::IndexUpdate, Command::IndexRebuild}))
             command.add_option("--rename", m_texts.rename);
-        if (isOneOf({Command::IndexUpdate, Command::IndexRebuild}))
+        if (isOneOf({Command::IndexUpdate, Command::IndexRebuild, Command::Remove}))
             command.add_flag("--any-folder", m_texts.anyFolder);
         if (isOneOf({Command::Remove}))
             command.add_option("--confirm", m_texts.confirm);

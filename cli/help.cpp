@@ -57,7 +57,7 @@ const QList<Usage> &usages()
         {Command::Remove,
          {QStringLiteral("kavena remove --confirm yes /media/$USER/CARD /songs/old.mid"),
           QStringLiteral("kavena remove /media/$USER/CARD /media/$USER/CARD/songs/*.mid")},
-         QStringLiteral("[--confirm yes|no] [--json] [-0] MEMORY PATH...")},
+         QStringLiteral("[--confirm yes|no] [--any-folder] [--json] [-0] MEMORY PATH...")},
         {Command::Eject,
          {QStringLiteral("kavena eject /media/$USER/CARD")},
          QStringLiteral("[--json] MEMORY")},

@@ -2,14 +2,9 @@
 
 #include "cli/songpaths.h"
 #include "devindex/index.h"
-#include "devindex/indexfiles.h"
 #include "devindex/memorycheck.h"
-#include "devindex/mountedvolumes.h"
+#include "storage/folderid.h"
 #include "storage/memorylock.h"
-
-#include <QFileInfo>
-
-#include <algorithm>
 
 ExitStatus IndexCommand::run()
 {
@@ -21,10 +16,18 @@ ExitStatus IndexCommand::run()
 
 ExitStatus IndexCommand::check(const QString &root)
 {
+    // What another program has half written would look damaged. A memory that cannot be locked
+    // cannot be written to either.
+    MemoryLock lock(root);
+    if (!lock.take() && lock.isHeldByOther())
+        return m_terminal.refuse(root, lock.message());
+    const FolderId before = folderIdOf(root);
     const QList<MemoryCheck::Finding> findings =
         MemoryCheck(root).run([this] { return m_terminal.isStopped(); });
     if (m_terminal.isStopped())
         return m_terminal.status(); // what was found so far may not be all
+    if (before.isEmpty() || folderIdOf(root) != before)
+        return m_terminal.refuse(root, SongPaths::memoryHasGone());
     for (const MemoryCheck::Finding &finding : findings)
         m_writer.finding(finding);
     if (findings.isEmpty())
@@ -33,22 +36,10 @@ ExitStatus IndexCommand::check(const QString &root)
     return ExitStatus::WithFailures;
 }
 
-/** A folder of the computer that was named by mistake must not get files, nor songs new names. */
-bool IndexCommand::looksLikeAMemory(const QString &root)
-{
-    const auto isThere = [&root](QLatin1String name) {
-        return QFileInfo(root + QLatin1Char('/') + name).isFile();
-    };
-    return !MountedVolumes().memoryOf(root).isEmpty() ||
-           std::any_of(indexfiles::all.begin(), indexfiles::all.end(), isThere);
-}
-
 ExitStatus IndexCommand::build(const QString &root)
 {
-    if (!m_request.anyFolder && !looksLikeAMemory(root))
-        return m_terminal.refuse(root, tr("La cartella non è in una memoria collegata e non ha un "
-                                          "database (%1: la prende comunque)")
-                                           .arg(QStringLiteral("--any-folder")));
+    if (!SongPaths::mayChange(root, m_request, m_terminal))
+        return ExitStatus::NothingDone;
     MemoryLock lock(root);
     if (!lock.take())
         return m_terminal.refuse(root, lock.message());

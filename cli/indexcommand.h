@@ -15,7 +15,6 @@ public:
     ExitStatus run() override;
 
 private:
-    static bool looksLikeAMemory(const QString &root);
     ExitStatus check(const QString &root);
     ExitStatus build(const QString &root);
     ExitStatus stopped(const QString &root, const Index &index);

@@ -2,6 +2,7 @@
 
 #include "cli/givenpath.h"
 #include "cli/standardoutput.h"
+#include "devindex/songinfoindex.h"
 
 #include <QByteArray>
 
@@ -69,12 +70,6 @@ QList<QByteArray> markerObjects(const QList<Marker> &markers)
     for (const Marker &marker : markers)
         objects.append(Object().add("bar", marker.bar).add("text", marker.text).json());
     return objects;
-}
-
-/** Of an artist or genre: empty where the player shows that it knows none. */
-QString knownText(const QString &text)
-{
-    return text.compare(QLatin1String("<unknown>"), Qt::CaseInsensitive) == 0 ? QString() : text;
 }
 
 /** The same in every language. */
@@ -176,7 +171,7 @@ void JsonWriter::ejected(const QString &memory, bool isEjected, const QString &t
 void JsonWriter::finding(const MemoryCheck::Finding &finding)
 {
     m_output.write(Object()
-                       .add("finding", QString::fromUtf8(MemoryCheck::nameOf(finding.kind)))
+                       .add("finding", QString::fromUtf8(CheckFinding::nameOf(finding.kind)))
                        .add("path", finding.path)
                        .add("text", finding.text)
                        .json() +

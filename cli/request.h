@@ -61,7 +61,7 @@ struct Request {
     std::optional<bool> changeUnsigned;
     std::optional<bool> confirm;
     bool duplicates = false;
-    bool anyFolder = false; ///< also one that looks like no memory gets an index
+    bool anyFolder = false; ///< also one that looks like no memory is changed
     Index::SORT_MODE sort = Index::SortByTitle;
     QString text; ///< what to search the catalogue for
 };

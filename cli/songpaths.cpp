@@ -2,6 +2,7 @@
 
 #include "cli/givenpath.h"
 #include "cli/terminal.h"
+#include "devindex/indexfiles.h"
 #include "devindex/mountedvolumes.h"
 #include "formats/songnames.h"
 #include "library/songsearch.h"
@@ -10,6 +11,7 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <filesystem>
@@ -25,6 +27,11 @@ constexpr qsizetype longestPath = 65536; // no system knows longer ones
 QString SongPaths::notUtf8()
 {
     return tr("Il nome non è in UTF-8 e il file non può essere aperto");
+}
+
+QString SongPaths::memoryHasGone()
+{
+    return QCoreApplication::translate("MemoryContents", "La memoria non è più collegata.");
 }
 
 std::optional<QList<QByteArray>> SongPaths::given(const Request &request, Terminal &terminal)
@@ -94,6 +101,21 @@ std::optional<QString> SongPaths::memory(const QByteArray &path, Terminal &termi
     if (!mounted.isEmpty())
         root = mounted;
     return root;
+}
+
+bool SongPaths::mayChange(const QString &root, const Request &request, Terminal &terminal)
+{
+    const auto isThere = [&root](QLatin1String name) {
+        return QFileInfo(root + QLatin1Char('/') + name).isFile();
+    };
+    if (request.anyFolder || !MountedVolumes().memoryOf(root).isEmpty() ||
+        std::any_of(indexfiles::all.begin(), indexfiles::all.end(), isThere))
+        return true;
+    terminal.refuse(root, QCoreApplication::translate(
+                              "IndexCommand", "La cartella non è in una memoria collegata e non "
+                                              "ha un database (%1: la prende comunque)")
+                              .arg(QStringLiteral("--any-folder")));
+    return false;
 }
 
 std::optional<QStringList> SongPaths::songs(const Request &request, Terminal &terminal)

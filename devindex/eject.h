@@ -56,7 +56,8 @@ public:
 
     /**
      * Brings everything to the memory and has the system eject it. Refused for a folder that is no
-     * mounted memory itself, and while a program of ours writes to the memory.
+     * mounted memory itself in one of the mount directories (other mount points are the system's),
+     * and while a program of ours writes to the memory.
      */
     Report run(const QString &root);
 

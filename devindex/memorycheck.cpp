@@ -13,7 +13,6 @@
 #include <QtEndian>
 
 #include <algorithm>
-#include <array>
 
 namespace
 {
@@ -58,19 +57,23 @@ MemoryCheck::MemoryCheck(const QString &root)
 
 QList<MemoryCheck::Finding> MemoryCheck::run(const std::function<bool()> &isStopped)
 {
-    const auto stops = [&isStopped] { return isStopped && isStopped(); };
+    m_isStopped = isStopped;
+    runChecks();
+    return m_findings.all();
+}
+
+void MemoryCheck::runChecks()
+{
     if (!isComplete())
-        return m_findings;
-    findSongFiles(isStopped);
-    if (stops())
-        return m_findings;
+        return;
+    findSongFiles();
     checkPaths();
     checkUnlisted();
     checkOrder();
     QList<int> counts;
     for (const bool mp3Only : {false, true}) {
         if (stops())
-            return m_findings;
+            return;
         checkTitles(mp3Only);
         counts.append(static_cast<int>(m_expected.size()));
         counts.append(checkGroups(indexfiles::artists.all, indexfiles::artists.list(mp3Only),
@@ -78,35 +81,21 @@ QList<MemoryCheck::Finding> MemoryCheck::run(const std::function<bool()> &isStop
         counts.append(checkGroups(indexfiles::genres.all, indexfiles::genres.list(mp3Only),
                                   indexfiles::genres.letters(mp3Only)));
     }
-    checkHeads(isStopped);
+    checkHeads();
     checkCounts(counts);
     checkPlaylists();
-    return m_findings;
-}
-
-const char *MemoryCheck::nameOf(Kind kind)
-{
-    // In the order of the kinds.
-    constexpr std::array names{"no-index",      "wrong-size",    "too-many-songs",
-                               "bad-record",    "listed-twice",  "missing-song",
-                               "changed-song",  "other-song",    "unlisted-song",
-                               "too-long-path", "unread-folder", "unusable-name",
-                               "wrong-order",   "wrong-songs",   "wrong-group",
-                               "wrong-letter",  "wrong-counts",  "unknown-song-in-playlist"};
-    return names.at(static_cast<std::size_t>(kind));
 }
 
 void MemoryCheck::add(Kind kind, const QString &path, const QString &text)
 {
-    m_findings.append({kind, path, text});
+    m_findings.add(kind, path, text);
 }
 
 QByteArray MemoryCheck::read(const QString &name)
 {
-    const QString path = m_root + QLatin1Char('/') + name;
-    QFile file(path);
+    QFile file(m_root + QLatin1Char('/') + name);
     // A pipe or a device could be read for ever.
-    if (!QFileInfo(path).isFile())
+    if (!QFileInfo(file).isFile())
         return {};
     return file.open(QFile::ReadOnly) ? file.read(largestFile) : QByteArray();
 }
@@ -123,23 +112,27 @@ QByteArray MemoryCheck::records(const QString &name, int size)
     return bytes;
 }
 
+bool MemoryCheck::isReadable(const QString &name) const
+{
+    const QString path = m_root + QLatin1Char('/') + name;
+    return QFileInfo(path).isFile() && QFile(path).open(QFile::ReadOnly);
+}
+
 bool MemoryCheck::isComplete()
 {
     for (const QLatin1String name : indexfiles::all) {
-        const QString path = m_root + QLatin1Char('/') + name;
-        if (!QFileInfo(path).isFile() || !QFile(path).open(QFile::ReadOnly)) {
+        if (!isReadable(name)) {
             add(Kind::NoIndex, name,
-                tr("Il file manca o non è leggibile: la memoria non ha un "
-                   "database completo"));
+                tr("Il file manca o non è leggibile: la memoria non ha un database completo"));
             return false;
         }
     }
     return true;
 }
 
-void MemoryCheck::findSongFiles(const std::function<bool()> &isStopped)
+void MemoryCheck::findSongFiles()
 {
-    const memorywalk::Found found = memorywalk::songs(m_root, isStopped);
+    const memorywalk::Found found = memorywalk::songs(m_root, m_isStopped);
     for (const QString &folder : found.unreadFolders) {
         add(Kind::UnreadFolder, folder.isEmpty() ? QStringLiteral("/") : folder,
             tr("La cartella non può essere letta"));
@@ -175,7 +168,7 @@ void MemoryCheck::checkPaths()
     if (count > SongInfoIndex::maxSongs)
         add(Kind::TooManySongs, indexfiles::path, tr("Troppe song: %1").arg(count));
     m_songs.reserve(count);
-    for (qsizetype number = 0; number < count; ++number)
+    for (qsizetype number = 0; number < count && !stops(); ++number)
         checkPath(static_cast<int>(number), bytes.constData() + number * PathRecord::size);
 }
 
@@ -296,7 +289,7 @@ void MemoryCheck::checkTitles(bool mp3Only)
     QList<quint32> songs;
     QList<Initial> initials;
     QString previous;
-    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::size) {
+    for (qsizetype pos = 0; pos < bytes.size() && !stops(); pos += SongRecord::size) {
         const int number = static_cast<int>(pos / SongRecord::size);
         const char *const record = bytes.constData() + pos;
         checkSongBytes(name, number, record);
@@ -342,7 +335,7 @@ int MemoryCheck::checkGroups(QLatin1String kind, QLatin1String name, QLatin1Stri
     m_state = {};
     m_state.kind = kind;
     const QByteArray bytes = records(name, SongRecord::size);
-    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::size) {
+    for (qsizetype pos = 0; pos < bytes.size() && !stops(); pos += SongRecord::size) {
         const int number = static_cast<int>(pos / SongRecord::size);
         const char *const record = bytes.constData() + pos;
         if (GroupHeader::isHeader(record))
@@ -450,12 +443,12 @@ void MemoryCheck::checkLetters(const QString &name, const QList<Initial> &initia
 }
 
 /** A file with other content and the old time of change shows in no time. */
-void MemoryCheck::checkHeads(const std::function<bool()> &isStopped)
+void MemoryCheck::checkHeads()
 {
     const QHash<quint32, QString> artistOf = m_groupOf.value(indexfiles::artists.all);
     const QHash<quint32, QString> genreOf = m_groupOf.value(indexfiles::genres.all);
     for (const Song &song : std::as_const(m_unchanged)) {
-        if (isStopped && isStopped())
+        if (stops())
             return;
         const QString path = textFromIbm850(song.path);
         const ListedSong listed{m_titleRecords.value(song.id), artistOf.value(song.id),
@@ -479,16 +472,24 @@ void MemoryCheck::checkCounts(const QList<int> &counts)
 void MemoryCheck::checkPlaylists()
 {
     const QByteArray bytes = records(indexfiles::playlistList, PlaylistListRecord::size);
-    for (qsizetype pos = 0; pos < bytes.size(); pos += PlaylistListRecord::size) {
+    QSet<quint16> seen;
+    for (qsizetype pos = 0; pos < bytes.size() && !stops(); pos += PlaylistListRecord::size) {
         const quint16 number = PlaylistListRecord::number(bytes.constData() + pos);
+        if (seen.contains(number))
+            continue;
+        seen.insert(number);
         checkPlaylist(PlaylistFiles::songsName(number));
     }
 }
 
 void MemoryCheck::checkPlaylist(const QString &name)
 {
+    if (!isReadable(name)) {
+        add(Kind::MissingPlaylist, name, tr("Il file della playlist manca o non è leggibile"));
+        return;
+    }
     const QByteArray bytes = records(name, PlaylistSongRecord::size);
-    for (qsizetype pos = 0; pos < bytes.size(); pos += PlaylistSongRecord::size) {
+    for (qsizetype pos = 0; pos < bytes.size() && !stops(); pos += PlaylistSongRecord::size) {
         const quint32 id = PlaylistSongRecord::id(bytes.constData() + pos);
         if (!m_ids.contains(id))
             add(Kind::UnknownSongInPlaylist, name,

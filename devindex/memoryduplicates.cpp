@@ -88,7 +88,7 @@ QList<SameSongs> memoryduplicates::sameTitle(const QList<MemorySong> &songs)
 }
 
 std::optional<QList<SameSongs>> memoryduplicates::sameBytes(const QList<MemorySong> &songs,
-                                                            Progress &progress)
+                                                            Progress &progress, SameSongs *unread)
 {
     QHash<qint64, SameSongs> bySize;
     for (qsizetype place = 0; place < songs.size(); ++place) {
@@ -111,6 +111,8 @@ std::optional<QList<SameSongs>> memoryduplicates::sameBytes(const QList<MemorySo
                 return {};
             if (const auto digest = reader.digestOf(songs.at(place), digestChunk))
                 byStart[*digest].append(place);
+            else if (unread != nullptr)
+                unread->append(place);
         }
         for (const SameSongs &sameStart : groupsOf(byStart)) {
             for (const qsizetype place : sameStart) {
@@ -120,6 +122,8 @@ std::optional<QList<SameSongs>> memoryduplicates::sameBytes(const QList<MemorySo
                     return {};
                 if (digest)
                     byBytes[QByteArray::number(song.size) + ' ' + *digest].append(place);
+                else if (unread != nullptr)
+                    unread->append(place);
             }
         }
     }

@@ -163,6 +163,13 @@ bool MountedVolumes::isRoot(const QString &path) const
     return cleaned(path) == memory;
 }
 
+bool MountedVolumes::isMemory(const QString &path) const
+{
+    const QString memory = memoryOf(path);
+    return !memory.isEmpty() && memory == cleaned(path) && QFileInfo(memory).isDir() &&
+           !QFileInfo(memory).isSymLink();
+}
+
 QString MountedVolumes::getRootDrivePath(const QString &path) const
 {
     const QString above = mountDirectoryAbove(path);

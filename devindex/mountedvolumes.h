@@ -68,6 +68,9 @@ public:
      */
     bool isRoot(const QString &path) const;
 
+    /** True for a memory's root in a mount directory that is a folder itself and no link. */
+    bool isMemory(const QString &path) const;
+
     /** The root of the memory that holds the path, or an empty text when it lies in none. */
     QString memoryOf(const QString &path) const;
 

@@ -9,6 +9,7 @@
 #include <QTreeWidget>
 
 #include <algorithm>
+#include <climits>
 
 namespace
 {
@@ -98,10 +99,12 @@ void MemoryCheckPage::showFindings()
         byKind[toldAs(finding.kind)].append(&finding);
     for (auto found = byKind.cbegin(); found != byKind.cend(); ++found) {
         const QList<const MemoryCheck::Finding *> &findings = found.value();
+        qint64 count = 0;
+        for (const MemoryCheck::Finding *const finding : findings)
+            count += finding->count;
         auto *const top = new QTreeWidgetItem(
             m_widgets.tree,
-            {QStringLiteral("%1 (%2)").arg(sentence(found.key())).arg(findings.size()),
-             remedy(found.key())});
+            {QStringLiteral("%1 (%2)").arg(sentence(found.key())).arg(count), remedy(found.key())});
         const qsizetype lines = std::min(findings.size(), mostLines);
         for (qsizetype line = 0; line < lines; ++line) {
             const QString text =
@@ -110,8 +113,9 @@ void MemoryCheckPage::showFindings()
             item->setToolTip(0, plainToolTip(text));
         }
         if (lines < findings.size())
-            new QTreeWidgetItem(top,
-                                {tr("e altri %n", "", static_cast<int>(findings.size() - lines))});
+            new QTreeWidgetItem(
+                top,
+                {tr("e altri %n", "", static_cast<int>(std::min(count - lines, qint64{INT_MAX})))});
     }
     if (byKind.size() == 1)
         m_widgets.tree->expandAll();
@@ -164,6 +168,8 @@ QString MemoryCheckPage::sentence(Kind kind)
         return tr("Nomi con caratteri che non si possono leggere");
     case Kind::UnknownSongInPlaylist:
         return tr("Song perdute nelle playlist");
+    case Kind::MissingPlaylist:
+        return tr("Playlist che il player elenca, ma che non può leggere");
     case Kind::TooManySongs:
         return tr("Più song di quante il player ne conti");
     case Kind::WrongOrder:
@@ -177,6 +183,8 @@ QString MemoryCheckPage::remedy(Kind kind) const
 {
     if (kind == Kind::UnknownSongInPlaylist)
         return nameOf(m_widgets.mend);
+    if (kind == Kind::MissingPlaylist)
+        return tr("eliminare la playlist sul player");
     if (kind == Kind::TooManySongs)
         return tr("eliminare song");
     if (kind == Kind::TooLongPath || kind == Kind::UnusableName)

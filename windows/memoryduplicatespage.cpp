@@ -97,8 +97,11 @@ void MemoryDuplicatesPage::addGroups(const QList<memoryduplicates::Group> &group
     QList<QTreeWidgetItem *> tops;
     for (const memoryduplicates::Group &group : groups) {
         const SongInfoIndex &first = m_contents->songs().at(group.constFirst()).info;
+        const QString artist = knownText(first.artist);
         auto *const top = new QTreeWidgetItem(
-            {QStringLiteral("%1: %2 – %3").arg(caption, first.title, first.artist), QString()});
+            {QStringLiteral("%1: %2").arg(caption, first.title) +
+                 (artist.isEmpty() ? QString() : QStringLiteral(" – ") + artist),
+             QString()});
         top->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
         for (const qsizetype place : group) {
             const MemorySong &song = m_contents->songs().at(place);

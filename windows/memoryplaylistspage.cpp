@@ -41,7 +41,9 @@ void MemoryPlaylistsPage::showPlaylists()
     }
     const int current = std::max(0, m_playlistsView->currentIndex().row());
     m_playlists.setStringList(lines);
-    if (lines.isEmpty())
+    if (!m_contents)
+        m_summary->clear();
+    else if (lines.isEmpty())
         m_summary->setText(tr("Nella memoria non ci sono playlist."));
     else
         m_summary->setText(tr("Le playlist si cambiano sul player. Una song perduta è una che il "
@@ -81,5 +83,6 @@ QString MemoryPlaylistsPage::songText(const PlaylistSong &song) const
     if (song.isLost())
         return tr("(song perduta)");
     const SongInfoIndex &info = m_contents->songs().at(song.place).info;
-    return QStringLiteral("%1 – %2").arg(info.title, info.artist);
+    const QString artist = knownText(info.artist);
+    return artist.isEmpty() ? info.title : QStringLiteral("%1 – %2").arg(info.title, artist);
 }

@@ -170,9 +170,9 @@ QString MemorySongsModel::text(qsizetype place, int column) const
     case Title:
         return shown.info.title;
     case Artist:
-        return shown.info.artist;
+        return knownText(shown.info.artist);
     case Genre:
-        return shown.info.genre;
+        return knownText(shown.info.genre);
     case Format:
         return formatText(shown.info.fileType);
     case Tempo:
@@ -228,8 +228,9 @@ void MemorySongsModel::makeKeys()
     const QChar gap(0); // nobody types it, so that no text reaches from one field into the next
     for (qsizetype place = 0; place < m_contents->songs().size(); ++place) {
         const SongInfoIndex &info = song(place).info;
-        const QString all = info.title % gap % info.artist % gap % info.genre % gap %
-                            formatText(info.fileType) % gap % info.path % gap % stateText(place);
+        const QString all = info.title % gap % knownText(info.artist) % gap %
+                            knownText(info.genre) % gap % formatText(info.fileType) % gap %
+                            info.path % gap % stateText(place);
         m_keys.push_back(all.toCaseFolded());
     }
 }

@@ -1,5 +1,6 @@
 #include "windows/memorysongspage.h"
 
+#include "devindex/sizetext.h"
 #include "windows/memorysongsmodel.h"
 #include "windows/paintingpaused.h"
 
@@ -52,7 +53,8 @@ void MemorySongsPage::setUpTable()
     const int character = table->fontMetrics().averageCharWidth();
     for (int column = 0; column < MemorySongsModel::columns; ++column)
         table->setColumnWidth(column, widths[column] * character);
-    makeRoomForTitles();
+    makeRoomForTexts();
+    table->viewport()->installEventFilter(this);
     table->horizontalHeader()->setSectionsClickable(true);
     table->horizontalHeader()->setSortIndicatorShown(true);
     connect(table->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
@@ -72,12 +74,28 @@ void MemorySongsPage::setUpTable()
 }
 
 /** The titles of the columns are longer in some languages than what stands below. */
-void MemorySongsPage::makeRoomForTitles()
+void MemorySongsPage::makeRoomForTexts()
 {
+    const QFontMetrics metrics = m_widgets.table->fontMetrics();
+    constexpr qint64 widestSize = 1000;
+    m_widgets.table->setColumnWidth(
+        MemorySongsModel::Size,
+        std::max(m_widgets.table->columnWidth(MemorySongsModel::Size),
+                 metrics.horizontalAdvance(sizeText(widestSize)) + 2 * metrics.averageCharWidth()));
     const QHeaderView *const header = m_widgets.table->horizontalHeader();
     for (int column = 0; column < MemorySongsModel::columns; ++column)
         m_widgets.table->setColumnWidth(
             column, std::max(header->sectionSize(column), header->sectionSizeHint(column)));
+}
+
+/** The paths take the room that the other columns leave. */
+void MemorySongsPage::stretchPaths()
+{
+    QTableView *const table = m_widgets.table;
+    constexpr int paths = MemorySongsModel::columns - 1;
+    const int before = table->horizontalHeader()->sectionPosition(paths);
+    table->setColumnWidth(paths, std::max(widths[paths] * table->fontMetrics().averageCharWidth(),
+                                          table->viewport()->width() - before));
 }
 
 void MemorySongsPage::connectButtons()
@@ -247,12 +265,15 @@ void MemorySongsPage::retranslate()
     const QList<qsizetype> songs = chosen();
     const qsizetype current = currentSong();
     m_model->retranslate();
-    makeRoomForTitles();
+    makeRoomForTexts();
+    stretchPaths();
     choose(songs, current);
 }
 
 bool MemorySongsPage::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == m_widgets.table->viewport() && event->type() == QEvent::Resize)
+        stretchPaths();
     if (event->type() == QEvent::KeyPress) {
         const auto *const key = static_cast<const QKeyEvent *>(event);
         if (watched == m_widgets.filter && filterKey(key->key()))

@@ -67,7 +67,8 @@ signals:
 
 private:
     void setUpTable();
-    void makeRoomForTitles();
+    void makeRoomForTexts();
+    void stretchPaths();
     void connectButtons();
     void applyFilter();
     void enableButtons();

@@ -161,7 +161,8 @@ void MemoryWindow::setBusy(bool busy)
 
 void MemoryWindow::enableEject()
 {
-    const bool isMounted = m_contents && m_contents->facts().isMounted;
+    const bool isMounted =
+        m_contents && m_contents->facts().isMounted && m_contents->facts().isOnMemory;
     const bool canEject = isMounted && m_contents->canEject();
     ui->pushButtonEject->setEnabled(canEject && !m_job.isRunning());
     QString why;

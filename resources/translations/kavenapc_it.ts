@@ -1570,6 +1570,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>La cartella non è leggibile</source>
         <translation>La cartella non è leggibile</translation>
     </message>
+    <message>
+        <source>Il file non è leggibile</source>
+        <translation>Il file non è leggibile</translation>
+    </message>
 </context>
 <context>
     <name>MemoryCheck</name>
@@ -1712,6 +1716,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>Il database non mostra ciò che il file dice</source>
         <translation>Il database non mostra ciò che il file dice</translation>
+    </message>
+    <message>
+        <source>Il file della playlist manca o non è leggibile</source>
+        <translation>Il file della playlist manca o non è leggibile</translation>
     </message>
 </context>
 <context>
@@ -2057,6 +2065,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
             <numerusform>%n song verrà eliminata dalla memoria con le sue immagini karaoke. Procedere?</numerusform>
             <numerusform>%n song verranno eliminate dalla memoria con le loro immagini karaoke. Procedere?</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>La cartella è dentro una memoria: indicare la memoria, %1</source>
+        <translation>La cartella è dentro una memoria: indicare la memoria, %1</translation>
     </message>
 </context>
 <context>
@@ -2531,6 +2543,10 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
         <source>Il database non ha accettato tutte le song.</source>
         <translation>Il database non ha accettato tutte le song.</translation>
     </message>
+    <message>
+        <source>Il controllo è stato interrotto.</source>
+        <translation>Il controllo è stato interrotto.</translation>
+    </message>
 </context>
 <context>
     <name>MemoryCheckPage</name>
@@ -2612,6 +2628,14 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
     <message>
         <source>controllare la memoria con gli strumenti del sistema</source>
         <translation>controllare la memoria con gli strumenti del sistema</translation>
+    </message>
+    <message>
+        <source>Playlist che il player elenca, ma che non può leggere</source>
+        <translation>Playlist che il player elenca, ma che non può leggere</translation>
+    </message>
+    <message>
+        <source>eliminare la playlist sul player</source>
+        <translation>eliminare la playlist sul player</translation>
     </message>
 </context>
 <context>
@@ -2782,6 +2806,10 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
     <message>
         <source>Non è stato possibile aprire la cartella %1.</source>
         <translation>Non è stato possibile aprire la cartella %1.</translation>
+    </message>
+    <message>
+        <source>La copia è stata interrotta.</source>
+        <translation>La copia è stata interrotta.</translation>
     </message>
 </context>
 <context>
@@ -3120,6 +3148,16 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
     <message>
         <source>Annulla</source>
         <translation>Annulla</translation>
+    </message>
+</context>
+<context>
+    <name>CheckFindings</name>
+    <message numerus="yes">
+        <source>(e altri %n di questo tipo)</source>
+        <translation>
+            <numerusform>(e un altro di questo tipo)</numerusform>
+            <numerusform>(e altri %n di questo tipo)</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

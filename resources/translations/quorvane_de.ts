@@ -1570,6 +1570,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>La cartella non è leggibile</source>
         <translation>Der Ordner ist nicht lesbar</translation>
     </message>
+    <message>
+        <source>Il file non è leggibile</source>
+        <translation>Die Datei ist nicht lesbar</translation>
+    </message>
 </context>
 <context>
     <name>MemoryCheck</name>
@@ -1712,6 +1716,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>Il database non mostra ciò che il file dice</source>
         <translation>Das Songverzeichnis zeigt nicht, was in der Datei steht</translation>
+    </message>
+    <message>
+        <source>Il file della playlist manca o non è leggibile</source>
+        <translation>Die Datei der Playlist fehlt oder ist nicht lesbar</translation>
     </message>
 </context>
 <context>
@@ -2057,6 +2065,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
             <numerusform>%n Song wird mit seinen Karaoke-Bildern vom Speicher entfernt. Fortfahren?</numerusform>
             <numerusform>%n Songs werden mit ihren Karaoke-Bildern vom Speicher entfernt. Fortfahren?</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>La cartella è dentro una memoria: indicare la memoria, %1</source>
+        <translation>Der Ordner liegt in einem Speicher: den Speicher selbst angeben, %1</translation>
     </message>
 </context>
 <context>
@@ -2531,6 +2543,10 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
         <source>Il database non ha accettato tutte le song.</source>
         <translation>Nicht alle Songs konnten in das Songverzeichnis aufgenommen werden.</translation>
     </message>
+    <message>
+        <source>Il controllo è stato interrotto.</source>
+        <translation>Die Prüfung wurde angehalten.</translation>
+    </message>
 </context>
 <context>
     <name>MemoryCheckPage</name>
@@ -2612,6 +2628,14 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
     <message>
         <source>controllare la memoria con gli strumenti del sistema</source>
         <translation>den Speicher mit den Mitteln des Betriebssystems prüfen</translation>
+    </message>
+    <message>
+        <source>Playlist che il player elenca, ma che non può leggere</source>
+        <translation>Playlists, die der Player auflistet, aber nicht lesen kann</translation>
+    </message>
+    <message>
+        <source>eliminare la playlist sul player</source>
+        <translation>die Playlist am Player löschen</translation>
     </message>
 </context>
 <context>
@@ -2782,6 +2806,10 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
     <message>
         <source>Non è stato possibile aprire la cartella %1.</source>
         <translation>Der Ordner %1 konnte nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>La copia è stata interrotta.</source>
+        <translation>Das Kopieren wurde angehalten.</translation>
     </message>
 </context>
 <context>
@@ -3120,6 +3148,16 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
     <message>
         <source>Annulla</source>
         <translation>&amp;Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>CheckFindings</name>
+    <message numerus="yes">
+        <source>(e altri %n di questo tipo)</source>
+        <translation>
+            <numerusform>(und %n weiterer dieser Art)</numerusform>
+            <numerusform>(und %n weitere dieser Art)</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

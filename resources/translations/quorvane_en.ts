@@ -1570,6 +1570,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>La cartella non è leggibile</source>
         <translation>The folder cannot be read</translation>
     </message>
+    <message>
+        <source>Il file non è leggibile</source>
+        <translation>The file cannot be read</translation>
+    </message>
 </context>
 <context>
     <name>MemoryCheck</name>
@@ -1712,6 +1716,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>Il database non mostra ciò che il file dice</source>
         <translation>The song index does not show what the file says</translation>
+    </message>
+    <message>
+        <source>Il file della playlist manca o non è leggibile</source>
+        <translation>The playlist&apos;s file is missing or cannot be read</translation>
     </message>
 </context>
 <context>
@@ -2057,6 +2065,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
             <numerusform>%n song is going to be removed from the memory with its karaoke pictures. Go on?</numerusform>
             <numerusform>%n songs are going to be removed from the memory with their karaoke pictures. Go on?</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>La cartella è dentro una memoria: indicare la memoria, %1</source>
+        <translation>The folder lies on a memory: name the memory itself, %1</translation>
     </message>
 </context>
 <context>
@@ -2531,6 +2543,10 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
         <source>Il database non ha accettato tutte le song.</source>
         <translation>The song index did not take all songs.</translation>
     </message>
+    <message>
+        <source>Il controllo è stato interrotto.</source>
+        <translation>The check was stopped.</translation>
+    </message>
 </context>
 <context>
     <name>MemoryCheckPage</name>
@@ -2612,6 +2628,14 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
     <message>
         <source>controllare la memoria con gli strumenti del sistema</source>
         <translation>check the memory with the tools of the operating system</translation>
+    </message>
+    <message>
+        <source>Playlist che il player elenca, ma che non può leggere</source>
+        <translation>Playlists that the player lists but cannot read</translation>
+    </message>
+    <message>
+        <source>eliminare la playlist sul player</source>
+        <translation>delete the playlist on the player</translation>
     </message>
 </context>
 <context>
@@ -2782,6 +2806,10 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
     <message>
         <source>Non è stato possibile aprire la cartella %1.</source>
         <translation>The folder %1 could not be opened.</translation>
+    </message>
+    <message>
+        <source>La copia è stata interrotta.</source>
+        <translation>The copying was stopped.</translation>
     </message>
 </context>
 <context>
@@ -3120,6 +3148,16 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
     <message>
         <source>Annulla</source>
         <translation>&amp;Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>CheckFindings</name>
+    <message numerus="yes">
+        <source>(e altri %n di questo tipo)</source>
+        <translation>
+            <numerusform>(and %n more of this kind)</numerusform>
+            <numerusform>(and %n more of this kind)</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -164,8 +164,8 @@ void TestMemoryWindow::headerSortsAndKeepsTheChoice()
             QPoint(header->sectionViewportPosition(column) + 10, header->height() / 2));
     };
     clickTitle(1);
-    QCOMPARE(shown(1), QStringList({text("<UNKNOWN>"), text("<UNKNOWN>"), text("CELENTANO"),
-                                    text("CELENTANO"), text("MODUGNO"), text("MORANDI")}));
+    QCOMPARE(shown(1), QStringList({text(""), text(""), text("CELENTANO"), text("CELENTANO"),
+                                    text("MODUGNO"), text("MORANDI")}));
     clickTitle(1);
     QCOMPARE(shown(1).constFirst(), text("MORANDI"));
     QCOMPARE(table()->selectionModel()->selectedRows().size(), 1);

@@ -1,6 +1,7 @@
 // The memory window and the memory as a whole: duplicates, playlists, check and repair.
 #include "support/openmemorywindow.h"
 
+#include <QLineEdit>
 #include <QListView>
 #include <QTreeWidget>
 
@@ -47,6 +48,12 @@ private slots:
 
     void playlistsAndLostSongsAreShown();
     void lostSongsComeBack();
+
+    void withoutAMemoryNothingIsSaidOfPlaylists();
+    void whatIsNotKnownIsShownEmpty();
+    void columnsFitTheirTextsAndTheTable();
+    void stoppedWorkIsToldSo();
+    void listedPlaylistWithoutAFileIsTold();
 
     void memoryInOrderIsToldSo();
     void findingsAreToldWithWhatHelps();
@@ -182,6 +189,74 @@ void TestMemoryWindowCare::lostSongsComeBack()
     QCOMPARE(user.messages().size(), 1); // the question
     QCOMPARE(message(), text("1 song sono di nuovo nelle playlist."));
     QCOMPARE(m_card->read(text("playlist/play0001.dat")), whole);
+}
+
+void TestMemoryWindowCare::withoutAMemoryNothingIsSaidOfPlaylists()
+{
+    m_card->isLeftBroken();
+    open();
+    QVERIFY(!find<QLabel>("playlistsLabel")->text().isEmpty());
+    QVERIFY(QDir().rename(m_card->root(), m_card->music() + text("/pulled")));
+    click("pushButtonReload");
+    QCOMPARE(find<QLabel>("playlistsLabel")->text(), QString());
+}
+
+void TestMemoryWindowCare::whatIsNotKnownIsShownEmpty()
+{
+    open();
+    const auto row = shownPaths().indexOf(text("/pop/Notag.mp3"));
+    QVERIFY(row >= 0);
+    QCOMPARE(shown(1).at(row), QString());
+    QCOMPARE(shown(2).at(row), QString());
+    find<QLineEdit>("filterLineEdit")->setText(text("unknown"));
+    QCOMPARE(shownPaths(), QStringList());
+}
+
+void TestMemoryWindowCare::columnsFitTheirTextsAndTheTable()
+{
+    open();
+    constexpr int sizes = 7;
+    for (const QString &size : shown(sizes))
+        QVERIFY2(table()->fontMetrics().horizontalAdvance(size) + 6 <= table()->columnWidth(sizes),
+                 qPrintable(size));
+    for (const int width : {900, 3000}) {
+        m_window->resize(width, m_window->height());
+        QCoreApplication::processEvents();
+        const int end = table()->columnViewportPosition(9) + table()->columnWidth(9);
+        QVERIFY(end >= table()->viewport()->width());
+        if (width == 3000)
+            QCOMPARE(end, table()->viewport()->width());
+    }
+}
+
+void TestMemoryWindowCare::stoppedWorkIsToldSo()
+{
+    open();
+    BackgroundJob &job = m_window->job();
+    connect(&job, &BackgroundJob::began, &job, [&job] { job.cancel(); });
+    showPage(3);
+    click("pushButtonCheck");
+    QCOMPARE(message(), text("Il controllo è stato interrotto."));
+    QVERIFY(find<QLabel>("checkLabel")->text() != text("La memoria è in ordine."));
+    showPage(0);
+    choose({text("/songs/Volare.kar")});
+    UserDriver user;
+    user.pick({m_card->music()});
+    click("pushButtonCopy");
+    QCOMPARE(message(), text("0 song copiate sul computer. La copia è stata interrotta."));
+}
+
+void TestMemoryWindowCare::listedPlaylistWithoutAFileIsTold()
+{
+    m_card->isLeftBroken();
+    m_card->writeOnCard(text("playlist/playlist.dat"), "\x09" + QByteArray(31, '\0'));
+    open();
+    showPage(3);
+    click("pushButtonCheck");
+    const QStringList found = lines(checks());
+    QVERIFY2(found.contains(text("Playlist che il player elenca, ma che non può leggere (1)")),
+             qPrintable(found.join(QLatin1Char('|'))));
+    QCOMPARE(checks()->topLevelItem(0)->text(1), text("eliminare la playlist sul player"));
 }
 
 void TestMemoryWindowCare::memoryInOrderIsToldSo()

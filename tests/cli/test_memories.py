@@ -3,6 +3,9 @@
 import fcntl
 import os
 import pathlib
+import signal
+import subprocess
+import time
 
 import songs
 from songs import CliTest, mp3, song
@@ -93,11 +96,56 @@ class Transfer(CliTest):
             fcntl.flock(lock, fcntl.LOCK_EX)
             self.run_kavena("transfer", "a.mid", "--to", self.card, status=3)
             self.run_kavena("index", "update", self.card, status=3)
+            for command in (["index", "check"], ["list", "--duplicates"]):
+                result = self.run_kavena(*command, self.card, status=3)
+                self.assertEqual(result.out, "")
+                self.assertNotEqual(result.err, "")
         self.assertFalse((self.card / "songs").exists())
 
     def test_nothing_to_transfer(self):
         self.run_kavena("transfer", "-0", "--to", self.card, status=3)
         self.run_kavena("transfer", "a.mid", status=2)
+
+
+class PulledMemory(CliTest):
+    """The memory goes while it is read: what was found on it tells nothing."""
+
+    def pull_while(self, is_busy, *arguments):
+        """Runs the program and takes the card away once it is busy with it."""
+        with subprocess.Popen([songs.KAVENA, *arguments, str(self.card)], env=self.environment,
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
+            end = time.monotonic() + 30
+            while not is_busy(process.pid):
+                self.assertIsNone(process.poll(), "it ended too early")
+                self.assertLess(time.monotonic(), end, "it never began")
+            process.send_signal(signal.SIGSTOP)
+            self.assertIsNone(process.poll())
+            self.card.rename(self.folder / "pulled")
+            process.send_signal(signal.SIGCONT)
+            out, err = process.communicate(timeout=60)
+        self.assertEqual((process.returncode, out), (3, b""), err)
+        self.assertEqual(err.decode(),
+                         f"kavena: {self.card}: The memory is no longer connected.\n")
+        self.assertFalse(self.card.exists())
+
+    def test_check(self):
+        for number in range(2000):
+            self.write(f"many/s{number}.mid", song(f"S{number}"), self.card)
+        self.run_kavena("index", "update", self.card, status=0)
+        self.pull_while(lambda _: (self.card / LOCK_FILE).exists(), "index", "check")
+
+    def test_duplicates(self):
+        for name in ("a.mid", "b.mid"):
+            with (self.card / name).open("wb") as file:
+                file.truncate(1 << 30)  # takes no room, but time to read
+
+        def reads_a_song(pid):
+            handles = pathlib.Path(f"/proc/{pid}/fd")
+            try:
+                return any(os.readlink(handle).endswith(".mid") for handle in handles.iterdir())
+            except OSError:
+                return False
+        self.pull_while(reads_a_song, "list", "--duplicates")
 
 
 class Index(CliTest):

@@ -101,6 +101,29 @@ class Remove(MemoryTest):
         self.run_kavena("remove", "--confirm", "yes", self.card, b"/\xff.mid", status=3)
         self.assertEqual(self.snapshot(), before)
 
+    def test_folder_inside_the_memory_is_refused(self):
+        self.write("x/a.mid", song("Other"), self.card)
+        before = self.snapshot()
+        result = self.run_kavena("remove", "--confirm", "yes", self.card / "x", "a.mid", status=3)
+        self.assertEqual(result.err, f"kavena: {self.card}/x: The folder lies on a memory: name "
+                                     f"the memory itself, {self.card}\n")
+        self.assertEqual(self.snapshot(), before)
+        self.run_kavena("remove", "--confirm", "yes", self.card / "x" / "..", "a.mid", status=0)
+        self.assertFalse((self.card / "a.mid").exists())
+
+    def test_folder_that_is_no_memory_is_refused(self):
+        self.write("mine.mid", song("Mine"))
+        before = self.snapshot()
+        result = self.run_kavena("remove", "--confirm", "yes", self.music, "mine.mid", status=3)
+        self.assertEqual(result.err, f"kavena: {self.music}: The folder lies on no connected "
+                                     "memory and has no song index (--any-folder takes it all "
+                                     "the same)\n")
+        self.assertEqual(self.snapshot(), before)
+        self.write("other.mid", song("Other"))
+        self.run_kavena("remove", "--any-folder", "--confirm", "yes", self.music, "mine.mid",
+                        status=0)
+        self.assertFalse((self.music / "mine.mid").exists())
+
     def test_memory_in_use_is_left_alone(self):
         with (self.card / ".kavena-lock").open("wb") as lock:
             lock.write(b"pid 1\n")

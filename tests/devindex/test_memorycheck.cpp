@@ -28,6 +28,10 @@ private slots:
     void shortAndLongFilesAreSeenAsTheTwinDoes();
     void removedChangedAndUnlistedSongsAreNamed();
     void lostPlaylistSongsAreNamed();
+    void listedPlaylistWithoutAFileIsNamed();
+    void playlistThatIsListedOftenIsCheckedOnce();
+    void findingsOfAKindAreLimited();
+    void stopIsAskedWithinALongPlaylist();
     void hugeFilesAreNotRead();
     void songWithOtherContentAndTheOldTimeIsNamed();
     void songThatThePlayerCannotFindIsNamed();
@@ -119,7 +123,7 @@ void TestMemoryCheck::missingFileIsNoIndex()
         memory.remove(name);
         const QList<MemoryCheck::Finding> findings = MemoryCheck(memory.root()).run();
         QCOMPARE(findings.size(), 1);
-        QCOMPARE(MemoryCheck::nameOf(findings.constFirst().kind), "no-index");
+        QCOMPARE(CheckFinding::nameOf(findings.constFirst().kind), "no-index");
         QCOMPARE(findings.constFirst().path, name);
     }
 }
@@ -180,7 +184,7 @@ void TestMemoryCheck::removedChangedAndUnlistedSongsAreNamed()
     memory.remove(QStringLiteral("d.mp3"));
     QStringList found;
     for (const MemoryCheck::Finding &finding : MemoryCheck(memory.root()).run())
-        found.append(QString::fromUtf8(MemoryCheck::nameOf(finding.kind)) + finding.path);
+        found.append(QString::fromUtf8(CheckFinding::nameOf(finding.kind)) + finding.path);
     found.sort();
     QCOMPARE(found, QStringList({QStringLiteral("changed-song/a.mid"),
                                  QStringLiteral("missing-song/d.mp3"),
@@ -196,10 +200,77 @@ void TestMemoryCheck::lostPlaylistSongsAreNamed()
     memory.add(QStringLiteral("playlist/play0001.dat"), QByteArray(40, '\x01'));
     const QList<MemoryCheck::Finding> findings = MemoryCheck(memory.root()).run();
     QCOMPARE(findings.size(), 2);
-    QCOMPARE(MemoryCheck::nameOf(findings.at(0).kind), "wrong-size");
-    QCOMPARE(MemoryCheck::nameOf(findings.at(1).kind), "unknown-song-in-playlist");
+    QCOMPARE(CheckFinding::nameOf(findings.at(0).kind), "wrong-size");
+    QCOMPARE(CheckFinding::nameOf(findings.at(1).kind), "unknown-song-in-playlist");
     QCOMPARE(findings.at(1).path, QStringLiteral("playlist/play0001.dat"));
     compareWithTwin(memory, "playlist");
+}
+
+void TestMemoryCheck::listedPlaylistWithoutAFileIsNamed()
+{
+    const DeviceMemory memory;
+    memory.isLeftBroken();
+    fill(memory);
+    memory.add(QStringLiteral("playlist/playlist.dat"),
+               QByteArray("\x01", 1) + QByteArray(31, '\0') + "\x02" + QByteArray(31, '\0'));
+    QCOMPARE(findingsOf(memory),
+             QStringList(QStringLiteral("missing-playlist playlist/play0002.dat")));
+    compareWithTwin(memory, "playlist without a file");
+}
+
+void TestMemoryCheck::playlistThatIsListedOftenIsCheckedOnce()
+{
+    const DeviceMemory memory;
+    memory.isLeftBroken();
+    fill(memory);
+    memory.add(QStringLiteral("playlist/playlist.dat"),
+               (QByteArray("\x01", 1) + QByteArray(31, '\0')).repeated(50));
+    memory.add(QStringLiteral("playlist/play0001.dat"), QByteArray(qsizetype{32} * 3, '\x01'));
+    QCOMPARE(findingsOf(memory).size(), 3);
+    compareWithTwin(memory, "playlist that is listed often");
+}
+
+void TestMemoryCheck::findingsOfAKindAreLimited()
+{
+    const DeviceMemory memory;
+    memory.isLeftBroken();
+    fill(memory);
+    constexpr int songs = 200000;
+    memory.add(QStringLiteral("playlist/play0001.dat"), QByteArray(qsizetype{32} * songs, '\x01'));
+    memory.add(QStringLiteral("index.idx"), QByteArray(qsizetype{64} * 5000, '\x02'));
+    QHash<CheckFinding::Kind, int> kept;
+    QHash<CheckFinding::Kind, qint64> meant;
+    QString last;
+    for (const MemoryCheck::Finding &finding : MemoryCheck(memory.root()).run()) {
+        ++kept[finding.kind];
+        meant[finding.kind] += finding.count;
+        if (finding.kind == CheckFinding::Kind::UnknownSongInPlaylist)
+            last = finding.text;
+    }
+    for (const int count : std::as_const(kept))
+        QVERIFY(count <= CheckFindings::mostOfAKind);
+    QCOMPARE(kept.value(CheckFinding::Kind::UnknownSongInPlaylist), CheckFindings::mostOfAKind);
+    QCOMPARE(meant.value(CheckFinding::Kind::UnknownSongInPlaylist), qint64{songs});
+    QVERIFY(meant.value(CheckFinding::Kind::BadRecord) > 5000);
+    QVERIFY2(last.contains(QString::number(songs - CheckFindings::mostOfAKind)), qPrintable(last));
+}
+
+void TestMemoryCheck::stopIsAskedWithinALongPlaylist()
+{
+    const DeviceMemory memory;
+    memory.isLeftBroken();
+    fill(memory);
+    memory.add(QStringLiteral("playlist/play0001.dat"), QByteArray(qsizetype{32} * 900, '\x01'));
+    int asked = 0;
+    MemoryCheck(memory.root()).run([&asked] {
+        ++asked;
+        return false;
+    });
+    const int all = asked;
+    asked = 0;
+    const auto findings = MemoryCheck(memory.root()).run([&] { return ++asked > all - 400; });
+    QVERIFY2(!findings.isEmpty() && findings.size() <= 500,
+             qPrintable(QString::number(findings.size())));
 }
 
 void TestMemoryCheck::hugeFilesAreNotRead()
@@ -220,7 +291,7 @@ QStringList TestMemoryCheck::findingsOf(const DeviceMemory &memory)
     QStringList found;
     const QList<MemoryCheck::Finding> findings = MemoryCheck(memory.root()).run();
     for (const MemoryCheck::Finding &finding : findings)
-        found.append(QString::fromLatin1(MemoryCheck::nameOf(finding.kind)) + QLatin1Char(' ') +
+        found.append(QString::fromLatin1(CheckFinding::nameOf(finding.kind)) + QLatin1Char(' ') +
                      finding.path);
     return found;
 }
@@ -252,11 +323,13 @@ void TestMemoryCheck::songThatThePlayerCannotFindIsNamed()
 void TestMemoryCheck::pipeInPlaceOfAPlaylistIsNotRead()
 {
     const DeviceMemory memory;
+    memory.isLeftBroken();
     fill(memory);
     const QString playlist = memory.path(QStringLiteral("playlist/play0001.dat"));
     QVERIFY(QFile::remove(playlist));
     QCOMPARE(::mkfifo(QFile::encodeName(playlist).constData(), 0600), 0);
-    QCOMPARE(findingsOf(memory), QStringList());
+    QCOMPARE(findingsOf(memory),
+             QStringList(QStringLiteral("missing-playlist playlist/play0001.dat")));
 }
 
 void TestMemoryCheck::foldersThatSeveralLinksLeadToAreInOrder()

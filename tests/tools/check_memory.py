@@ -313,12 +313,18 @@ class Checker:
         if len(data) % 32:
             self.fault(f"playlist/playlist.dat: {len(data)} bytes are no whole records")
         paths = {song[0]: song[1].decode("cp850") for song in self.songs}
+        seen = set()
         for pos in range(0, len(data) - 31, 32):
             low, high = struct.unpack("bB", data[pos : pos + 2])
             name = f"playlist/play{(high * 256 + low) % 65536:04}.dat"
+            if name in seen:
+                continue
+            seen.add(name)
             try:
                 records = self.read(name)
             except OSError:
+                if not self.options.allow_lost_songs:
+                    self.fault(f"{name}: the playlist is listed but cannot be read")
                 continue
             if len(records) % 32:
                 self.fault(f"{name}: {len(records)} bytes are no whole records")
@@ -391,7 +397,8 @@ def check(arguments):
     parser.add_argument("root")
     parser.add_argument("--allow-changed", action="store_true", help="files newer than the index")
     parser.add_argument("--allow-missing", action="store_true", help="songs that are not listed")
-    parser.add_argument("--allow-lost-songs", action="store_true", help="playlists may name them")
+    parser.add_argument("--allow-lost-songs", action="store_true",
+                        help="playlists may name them, or have no file")
     parser.add_argument("--follow-links", action="store_true", help="songs behind symbolic links")
     parser.add_argument("--list", action="store_true", help="print the songs by title")
     parser.add_argument("--save-playlists", metavar="FILE", help="note the playlists' songs there")
