@@ -191,7 +191,7 @@ void TestIndexUnreadable::namesThatAreNoUtf8AreReported()
     }
     QStringList found;
     for (const MemoryCheck::Finding &finding : MemoryCheck(memory.root()).run())
-        found.append(QLatin1String(MemoryCheck::nameOf(finding.kind)) + finding.path);
+        found.append(QLatin1String(CheckFinding::nameOf(finding.kind)) + finding.path);
     QCOMPARE(found, QStringList({QStringLiteral("unusable-name/Caff\\xe8.mid"),
                                  QStringLiteral("unusable-name/pop/Pi\\xf9")}));
 }
@@ -221,7 +221,7 @@ void TestIndexUnreadable::checkNamesThem()
     const faults::AnotherUser nobody;
     QStringList found;
     for (const MemoryCheck::Finding &finding : MemoryCheck(memory.root()).run())
-        found.append(QLatin1String(MemoryCheck::nameOf(finding.kind)) + finding.path);
+        found.append(QLatin1String(CheckFinding::nameOf(finding.kind)) + finding.path);
     QCOMPARE(found, QStringList(QStringLiteral("unread-folder/pop")));
 }
 
