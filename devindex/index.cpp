@@ -177,8 +177,11 @@ bool Index::begin(const QString &root)
 
 bool Index::hasWholeIndex() const
 {
+    const bool isThere = isMemoryThere();
+    if (!isThere)
+        logWarning() << "[Index::hasWholeIndex] The memory has gone:" << rootPath;
     return !m_isStopped && !m_buildFailed && !m_playlistsFailed && !m_renamer.isUnsure() &&
-           isMemoryThere() && checkIndexFile();
+           isThere && checkIndexFile();
 }
 
 bool Index::checkIndexFile() const

@@ -58,8 +58,9 @@ MemoryCheck::MemoryCheck(const QString &root)
 QList<MemoryCheck::Finding> MemoryCheck::run(const std::function<bool()> &isStopped)
 {
     m_isStopped = isStopped;
+    m_wasStopped = false;
     runChecks();
-    return m_findings.all();
+    return m_wasStopped ? QList<Finding>() : m_findings.all();
 }
 
 void MemoryCheck::runChecks()
@@ -67,6 +68,8 @@ void MemoryCheck::runChecks()
     if (!isComplete())
         return;
     findSongFiles();
+    if (stops())
+        return;
     checkPaths();
     checkUnlisted();
     checkOrder();
@@ -132,7 +135,7 @@ bool MemoryCheck::isComplete()
 
 void MemoryCheck::findSongFiles()
 {
-    const memorywalk::Found found = memorywalk::songs(m_root, m_isStopped);
+    const memorywalk::Found found = memorywalk::songs(m_root, [this] { return stops(); });
     for (const QString &folder : found.unreadFolders) {
         add(Kind::UnreadFolder, folder.isEmpty() ? QStringLiteral("/") : folder,
             tr("La cartella non può essere letta"));

@@ -31,8 +31,7 @@ public:
 
     /**
      * All that is wrong with the memory, as far as CheckFindings keeps it; empty when it is in
-     * order. What is missing in the findings
-     * when isStopped, asked between folders and records, says yes, is not known.
+     * order, and when isStopped, asked between folders and records, says yes.
      */
     QList<Finding> run(const std::function<bool()> &isStopped = {});
 
@@ -48,7 +47,7 @@ private:
     };
 
     void runChecks();
-    bool stops() const { return m_isStopped && m_isStopped(); }
+    bool stops() { return m_wasStopped = m_wasStopped || (m_isStopped && m_isStopped()); }
     void add(Kind kind, const QString &path, const QString &text);
     QByteArray read(const QString &name);
     QByteArray records(const QString &name, int size);
@@ -75,6 +74,7 @@ private:
 
     const QString m_root;
     std::function<bool()> m_isStopped;
+    bool m_wasStopped = false;
     CheckFindings m_findings;
     QHash<QByteArray, QList<QByteArray>> m_files; ///< times of change by path
     QList<QByteArray> m_filePaths;                ///< in the order in which they were found
