@@ -58,7 +58,6 @@ MemoryCheck::MemoryCheck(const QString &root)
 QList<MemoryCheck::Finding> MemoryCheck::run(const std::function<bool()> &isStopped)
 {
     m_isStopped = isStopped;
-    m_wasStopped = false;
     runChecks();
     return m_wasStopped ? QList<Finding>() : m_findings.all();
 }
@@ -493,8 +492,7 @@ void MemoryCheck::checkPlaylist(const QString &name)
     }
     const QByteArray bytes = records(name, PlaylistSongRecord::size);
     for (qsizetype pos = 0; pos < bytes.size() && !stops(); pos += PlaylistSongRecord::size) {
-        const quint32 id = PlaylistSongRecord::id(bytes.constData() + pos);
-        if (!m_ids.contains(id))
+        if (!m_ids.contains(PlaylistSongRecord::id(bytes.constData() + pos)))
             add(Kind::UnknownSongInPlaylist, name,
                 tr("La song %1 della playlist non è nella memoria")
                     .arg(pos / PlaylistSongRecord::size + 1));
