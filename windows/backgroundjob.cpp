@@ -69,15 +69,17 @@ OpenProgress BackgroundJob::openProgress()
 
 Answer BackgroundJob::ask(const std::function<Answer()> &question)
 {
-    Answer answer = Answer::NoToAll;
-    QMetaObject::invokeMethod(
-        this,
-        [&] {
-            if (!m_isClosing)
-                answer = question();
-        },
-        Qt::BlockingQueuedConnection);
-    return answer;
+    m_question = &question;
+    m_answer = Answer::NoToAll;
+    QMetaObject::invokeMethod(this, "answerQuestion", Qt::BlockingQueuedConnection);
+    return m_answer;
+}
+
+/** On the windows' thread, while the work waits. */
+void BackgroundJob::answerQuestion()
+{
+    if (!m_isClosing)
+        m_answer = (*m_question)();
 }
 
 void BackgroundJob::showProgress()

@@ -61,6 +61,7 @@ signals:
 private:
     class Part;
 
+    Q_INVOKABLE void answerQuestion();
     void showProgress();
     void finish();
 
@@ -73,4 +74,6 @@ private:
     std::atomic<int> m_maximum{0};
     std::atomic<bool> m_isCanceled{false};
     bool m_isClosing = false;
+    const std::function<Answer()> *m_question = nullptr; ///< that the work waits for
+    Answer m_answer = Answer::NoToAll;
 };

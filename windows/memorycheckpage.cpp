@@ -103,8 +103,8 @@ void MemoryCheckPage::showFindings()
         for (const MemoryCheck::Finding *const finding : findings)
             count += finding->count;
         auto *const top = new QTreeWidgetItem(
-            m_widgets.tree,
             {QStringLiteral("%1 (%2)").arg(sentence(found.key())).arg(count), remedy(found.key())});
+        m_widgets.tree->addTopLevelItem(top);
         const qsizetype lines = std::min(findings.size(), mostLines);
         for (qsizetype line = 0; line < lines; ++line) {
             const QString text =
