@@ -164,7 +164,7 @@ QList<qsizetype> MemorySongsPage::chosen() const
             rows.append(row);
     }
     std::sort(rows.begin(), rows.end());
-    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    rows.resize(std::unique(rows.begin(), rows.end()) - rows.begin());
     QList<qsizetype> songs;
     songs.reserve(rows.size());
     for (const int row : std::as_const(rows))

@@ -89,7 +89,7 @@ QList<int> TransferPlanModel::songs(const QModelIndexList &rows) const
             numbers.append(m_groups.at(row.parent().row()).songs.at(row.row()));
     }
     std::sort(numbers.begin(), numbers.end());
-    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+    numbers.resize(std::unique(numbers.begin(), numbers.end()) - numbers.begin());
     return numbers;
 }
 
