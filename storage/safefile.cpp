@@ -71,7 +71,8 @@ bool openHandle(QFile &file, const QByteArray &path, int flags, Links links = Li
     const int handle = ::open(path.constData(), flags | O_NONBLOCK | O_CLOEXEC);
     if (handle < 0)
         return false;
-    const QFile::OpenMode access = (flags & O_ACCMODE) == O_RDONLY ? QFile::ReadOnly : QFile::ReadWrite;
+    const QFile::OpenMode access =
+        (flags & O_ACCMODE) == O_RDONLY ? QFile::ReadOnly : QFile::ReadWrite;
     if (file.open(handle, access | QFile::Unbuffered, QFile::AutoCloseHandle))
         return true;
     ::close(handle);
