@@ -4,7 +4,6 @@
 #include "devindex/copiesfrommemory.h"
 #include "devindex/filestamp.h"
 #include "formats/metasong.h"
-#include "formats/songnames.h"
 #include "library/runreport.h"
 #include "storage/leftovers.h"
 #include "storage/memorylock.h"
@@ -42,21 +41,10 @@ QString save(const QString &path, const SongEdit &edit, bool isShown)
     song.getSongInfo(info);
     if (isShown)
         info = edit.info;
-    if (!isShown && edit.titleToAll)
-        info.title = songnames::titleFromFileName(path);
-    if (edit.artistToAll)
-        info.artist = edit.info.artist;
-    if (edit.genreToAll)
-        info.genre = edit.info.genre;
-    if (edit.authorToAll)
-        info.author = edit.info.author;
+    else
+        edit.applyToOther(info, path);
     song.setSongInfo(info, true);
     return RunReport::reasonText(song.save(path));
-}
-
-bool concernsOthers(const SongEdit &edit)
-{
-    return edit.titleToAll || edit.artistToAll || edit.genreToAll || edit.authorToAll;
 }
 
 } // namespace
@@ -236,7 +224,7 @@ void MemorySongWork::editInfo(const QList<MemorySong> &songs, const SongInfo &in
     if (!entered)
         return;
     const QString shown = songs.constFirst().info.path;
-    const QList<MemorySong> concerned = concernsOthers(*entered) ? songs : songs.first(1);
+    const QList<MemorySong> concerned = entered->concernsOthers() ? songs : songs.first(1);
     m_care.change(
         [concerned, shown, root, edit = *entered](SongChanges &changes) {
             const Picked picked = pick(concerned);

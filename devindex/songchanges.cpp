@@ -42,29 +42,11 @@ SongChanges::SongChanges(const QString &root, OpenProgress openProgress)
 
 SongChanges::Report SongChanges::remove(const QStringList &paths)
 {
-    // An index that nothing is going to make untrue need not be written anew.
-    const SongRemoval removal(m_root);
-    Report refused;
-    QStringList songs;
-    QSet<QString> known;
-    for (const QString &path : paths) {
-        if (known.contains(path))
-            continue;
-        known.insert(path);
-        const QString reason = removal.whyNot(path);
-        if (reason.isEmpty())
-            songs.append(path);
-        else
-            refused.failed.append({path, reason});
-    }
-    if (songs.isEmpty()) {
-        refused.isIndexTrue = true;
-        return refused;
-    }
-    Report report =
-        run([&](QList<SongInfoIndex> &, Report &result) { return removeAll(songs, result); });
-    report.failed = refused.failed + report.failed;
-    return report;
+    QStringList known = paths;
+    known.removeDuplicates();
+    return runOn(known, [this](const QStringList &songs, QList<SongInfoIndex> &, Report &report) {
+        return removeAll(songs, report);
+    });
 }
 
 /** False when the medium does not take the removals: nothing more must be written to it. */
@@ -151,6 +133,31 @@ SongChanges::Report SongChanges::rewrite(const QString &path, const Save &save)
 
 SongChanges::Report SongChanges::rewriteAll(const QStringList &paths, const SaveOne &save)
 {
+    return runOn(
+        paths, [&](const QStringList &songs, QList<SongInfoIndex> &entries, Report &result) {
+            const std::unique_ptr<Progress> progress = m_openProgress(
+                tr("Salvataggio"), tr("Salvataggio song..."), static_cast<int>(songs.size()));
+            int number = 0;
+            for (const QString &path : songs) {
+                result.stopped = progress->wasCanceled();
+                if (result.stopped)
+                    break;
+                const QString problem = save(path);
+                if (problem.isEmpty())
+                    result.done.append(path);
+                else
+                    result.failed.append({path, problem});
+                if (SongInfoIndex *const entry = entryOf(entries, path))
+                    forgetTime(*entry);
+                progress->updateProgress(++number);
+            }
+            return true;
+        });
+}
+
+/** Runs the work on those of the songs that may be changed; the others have failed. */
+SongChanges::Report SongChanges::runOn(const QStringList &paths, const WorkOnSongs &work)
+{
     const SongRemoval rules(m_root);
     Report refused;
     QStringList songs;
@@ -161,28 +168,13 @@ SongChanges::Report SongChanges::rewriteAll(const QStringList &paths, const Save
         else
             refused.failed.append({path, reason});
     }
+    // An index that nothing is going to make untrue need not be written anew.
     if (songs.isEmpty()) {
         refused.isIndexTrue = true;
         return refused;
     }
     Report report = run([&](QList<SongInfoIndex> &entries, Report &result) {
-        const std::unique_ptr<Progress> progress = m_openProgress(
-            tr("Salvataggio"), tr("Salvataggio song..."), static_cast<int>(songs.size()));
-        int number = 0;
-        for (const QString &path : std::as_const(songs)) {
-            result.stopped = progress->wasCanceled();
-            if (result.stopped)
-                break;
-            const QString problem = save(path);
-            if (problem.isEmpty())
-                result.done.append(path);
-            else
-                result.failed.append({path, problem});
-            if (SongInfoIndex *const entry = entryOf(entries, path))
-                forgetTime(*entry);
-            progress->updateProgress(++number);
-        }
-        return true;
+        return work(songs, entries, result);
     });
     report.failed = refused.failed + report.failed;
     return report;

@@ -81,7 +81,11 @@ private:
     using IndexWork =
         std::function<bool(Index &index, std::unique_ptr<Progress> &progress, Report &report)>;
 
+    using WorkOnSongs = std::function<bool(const QStringList &songs, QList<SongInfoIndex> &entries,
+                                           Report &report)>;
+
     Report run(const Work &work);
+    Report runOn(const QStringList &paths, const WorkOnSongs &work);
     Report runWithIndex(const IndexWork &work);
     Report build(bool anew);
     QString whyNotBuilt(const Index &index) const;

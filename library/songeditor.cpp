@@ -14,6 +14,18 @@
 #include <QList>
 #include <QPersistentModelIndex>
 
+void SongEdit::applyToOther(SongInfo &other, const QString &path) const
+{
+    if (titleToAll)
+        other.title = songnames::titleFromFileName(path);
+    if (authorToAll)
+        other.author = info.author;
+    if (artistToAll)
+        other.artist = info.artist;
+    if (genreToAll)
+        other.genre = info.genre;
+}
+
 SongEditor::SongEditor(SongTable &model, AskEdit askEdit, AskDelete askDelete,
                        OpenProgress openProgress)
     : m_model(model)
@@ -46,7 +58,7 @@ bool SongEditor::edit(int row)
     logDebug() << "Accepted";
     edit->info.dbgDump();
     const QPersistentModelIndex place = m_model.rowIndex(row);
-    m_changesMany = edit->titleToAll || edit->artistToAll || edit->genreToAll || edit->authorToAll;
+    m_changesMany = edit->concernsOthers();
     manualModifySong(song, edit->info, path, row);
     if (m_changesMany)
         applyToAll(*edit, place.row());
@@ -152,14 +164,7 @@ bool SongEditor::applyToRow(const SongEdit &edit, int row)
     }
     SongInfo info;
     song.getSongInfo(info);
-    if (edit.titleToAll)
-        info.title = songnames::titleFromFileName(path);
-    if (edit.authorToAll)
-        info.author = edit.info.author;
-    if (edit.artistToAll)
-        info.artist = edit.info.artist;
-    if (edit.genreToAll)
-        info.genre = edit.info.genre;
+    edit.applyToOther(info, path);
     manualModifySong(song, info, path, row);
     return true;
 }
