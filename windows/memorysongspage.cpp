@@ -272,7 +272,8 @@ void MemorySongsPage::retranslate()
 
 bool MemorySongsPage::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_widgets.table->viewport() && event->type() == QEvent::Resize)
+    // the kind of event first: a table on its way out has no viewport to compare with
+    if (event->type() == QEvent::Resize && watched == m_widgets.table->viewport())
         stretchPaths();
     if (event->type() == QEvent::KeyPress) {
         const auto *const key = static_cast<const QKeyEvent *>(event);
