@@ -11,6 +11,7 @@
 #include "app/songtransfer.h"
 #include "devindex/filecopier.h"
 #include "devindex/mountedvolumes.h"
+#include "library/branding.h"
 #include "library/librarybackup.h"
 #include "library/settings.h"
 #include "storage/diagnostics.h"
@@ -25,7 +26,6 @@
 #include "windows/screenroom.h"
 #include "windows/songslistdialog.h"
 #include "windows/transferdialogs.h"
-#include "windows/translation.h"
 #include "windows/unreadablefilesdialog.h"
 #include "windows/usersongsreltablemodel.h"
 #include "windows/windowplace.h"
@@ -87,10 +87,11 @@ MainWindow::~MainWindow()
 
 void MainWindow::applyBranding()
 {
-    ui->logoKavenaLabel->setStyleSheet(QStringLiteral("image: url(:/imgs/logo-RB27-Utility.png);"));
-    ui->logoKravoLabel->setStyleSheet(QStringLiteral("image: url(:/imgs/logo-quorvane.png);"));
-    ui->actionItalian->setVisible(false);
-    ui->actionGerman->setVisible(true);
+    const QString picture = QStringLiteral("image: url(%1);");
+    ui->logoKavenaLabel->setStyleSheet(picture.arg(branding().productLogo));
+    ui->logoKravoLabel->setStyleSheet(picture.arg(branding().makerLogo));
+    ui->actionItalian->setVisible(branding().languages.contains(languages::italian));
+    ui->actionGerman->setVisible(branding().languages.contains(languages::german));
     m_debugPanel.hide();
 }
 
@@ -379,17 +380,21 @@ void MainWindow::filesCount(const QString &dir, int &count) const
 
 // ---------------------------------------------------------------- menus
 
-// Hidden in this branding, which has no Italian interface.
-void MainWindow::on_actionItalian_triggered() {}
+void MainWindow::on_actionItalian_triggered()
+{
+    // Hidden in a branding that has no Italian interface.
+    if (ui->actionItalian->isVisible())
+        m_preferences.setLanguage(languages::italian);
+}
 
 void MainWindow::on_actionEnglish_triggered()
 {
-    m_preferences.setLanguage(translation::english);
+    m_preferences.setLanguage(languages::english);
 }
 
 void MainWindow::on_actionGerman_triggered()
 {
-    m_preferences.setLanguage(translation::german);
+    m_preferences.setLanguage(languages::german);
 }
 
 void MainWindow::enableCopyrightMessage(bool enable)

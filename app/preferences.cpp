@@ -1,18 +1,12 @@
 #include "app/preferences.h"
 
+#include "library/branding.h"
 #include "library/settings.h"
 #include "windows/translation.h"
 
 #include "ui_mainwindow.h"
 
 #include <QSettings>
-
-namespace
-{
-
-constexpr bool copyrightDefault = false; // of this branding
-
-} // namespace
 
 Preferences::Preferences(const Ui::MainWindow &form, QSettings &settings)
     : m_form(form)
@@ -22,7 +16,7 @@ Preferences::Preferences(const Ui::MainWindow &form, QSettings &settings)
 
 void Preferences::show()
 {
-    checkLanguage(m_settings.value(settings::language, translation::german).toString());
+    checkLanguage(m_settings.value(settings::language, branding().firstLanguage()).toString());
     checkCopyrightAsk(copyrightAsk());
     m_form.actionPreviewChanges->setChecked(previewChanges());
 }
@@ -36,8 +30,8 @@ void Preferences::setLanguage(const QString &language)
 
 void Preferences::checkLanguage(const QString &language)
 {
-    const bool italian = language == translation::italian;
-    const bool german = language == translation::german;
+    const bool italian = language == languages::italian;
+    const bool german = language == languages::german;
     m_form.actionItalian->setChecked(italian);
     m_form.actionGerman->setChecked(german);
     m_form.actionEnglish->setChecked(!italian && !german);
@@ -45,7 +39,7 @@ void Preferences::checkLanguage(const QString &language)
 
 bool Preferences::copyrightAsk() const
 {
-    return m_settings.value(settings::copyrightAsk, copyrightDefault).toBool();
+    return m_settings.value(settings::copyrightAsk, branding().asksCopyright).toBool();
 }
 
 void Preferences::setCopyrightAsk(bool ask)

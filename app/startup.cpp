@@ -1,6 +1,7 @@
 #include "app/startup.h"
 
 #include "app/messagehandler.h"
+#include "library/branding.h"
 #include "library/settings.h"
 #include "library/version.h"
 #include "storage/diagnostics.h"
@@ -62,7 +63,7 @@ void Startup::setUpLog() const
 void Startup::setUpTranslation()
 {
     if (m_language == noLanguage) {
-        m_language = translation::german;
+        m_language = branding().firstLanguage();
         m_settings.setValue(settings::language, m_language);
     }
     translation::use(m_language);

@@ -1,5 +1,7 @@
 #include "cli/language.h"
 
+#include "library/branding.h"
+
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QString>
@@ -18,22 +20,21 @@ QByteArray wantedLocale()
 }
 
 /** The locale begins with the language, which stands alone or before "_", "." or "@". */
-bool isLanguage(const QByteArray &locale, const char *language)
+QString languageOf(const QByteArray &locale)
 {
     const QByteArray rest = locale.mid(2);
-    return locale.startsWith(language) &&
-           (rest.isEmpty() || rest.startsWith('_') || rest.startsWith('.') || rest.startsWith('@'));
+    const bool isWhole =
+        rest.isEmpty() || rest.startsWith('_') || rest.startsWith('.') || rest.startsWith('@');
+    return isWhole ? QString::fromLatin1(locale.left(2)) : QString();
 }
 
 } // namespace
 
 Language::Language()
 {
-    const QByteArray locale = wantedLocale();
-    if (isLanguage(locale, "it"))
-        return; // the language of the texts in the program
-    const bool isGerman = isLanguage(locale, "de");
-    if (m_translator.load(isGerman ? QStringLiteral(":/trans/quorvane_de")
-                                   : QStringLiteral(":/trans/quorvane_en")))
+    const QString language = languageOf(wantedLocale());
+    if (language == languages::italian && !branding().languages.contains(language))
+        return; // the texts of the sources will do
+    if (m_translator.load(branding().translation(language)))
         QCoreApplication::installTranslator(&m_translator);
 }

@@ -1,5 +1,6 @@
 #include "windows/aboutdialog.h"
 
+#include "library/branding.h"
 #include "library/version.h"
 #include "windows/roomfortext.h"
 
@@ -40,7 +41,7 @@ AboutDialog::AboutDialog(QWidget *parent)
 {
     ui->setupUi(this);
     new RoomForText(this);
-    ui->logoLabel->setStyleSheet(QStringLiteral("image: url(:/imgs/logo-quorvane_512.png);"));
+    ui->logoLabel->setStyleSheet(QStringLiteral("image: url(%1);").arg(branding().aboutLogo));
     showTexts();
 }
 

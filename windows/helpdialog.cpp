@@ -1,7 +1,7 @@
 #include "windows/helpdialog.h"
 
+#include "library/branding.h"
 #include "library/settings.h"
-#include "windows/translation.h"
 
 #include "ui_helpdialog.h"
 
@@ -23,9 +23,8 @@ HelpDialog::~HelpDialog() = default;
 void HelpDialog::loadHelp()
 {
     const QSettings store(settings::organisation, settings::application);
-    const QString language = store.value(settings::language, translation::german).toString();
-    QFile page(language == translation::german ? QStringLiteral(":/help/quorvane_help_de.html")
-                                               : QStringLiteral(":/help/quorvane_help_en.html"));
+    QFile page(branding().helpPage(
+        store.value(settings::language, branding().firstLanguage()).toString()));
     if (page.open(QIODevice::ReadOnly))
         ui->textEdit->setHtml(QString::fromUtf8(page.readAll()));
 }

@@ -45,18 +45,17 @@ void showIn(const QLocale &locale)
 
 void translation::use(const QString &language)
 {
-    const bool isGerman = language == german;
+    const QString shown = branding().shownLanguage(language);
     QTranslator &program = translator(QStringLiteral("programTranslator"));
     QTranslator &qt = translator(QStringLiteral("qtTranslator"));
     QCoreApplication::removeTranslator(&program);
     QCoreApplication::removeTranslator(&qt);
 
-    showIn(localeOf(isGerman ? QLocale::German : QLocale::English));
-    (void)program.load(isGerman ? QStringLiteral(":/trans/quorvane_de")
-                                : QStringLiteral(":/trans/quorvane_en"));
+    showIn(localeOf(QLocale(shown).language()));
+    (void)program.load(branding().translation(shown));
     QCoreApplication::installTranslator(&program);
-    if (!isGerman)
+    if (shown == languages::english)
         return; // Qt's texts are English by themselves
-    (void)qt.load(QStringLiteral(":/trans/qt_de"));
+    (void)qt.load(QStringLiteral(":/trans/qt_") + shown);
     QCoreApplication::installTranslator(&qt);
 }

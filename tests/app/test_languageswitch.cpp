@@ -211,7 +211,7 @@ void TestLanguageSwitch::countryOfTheSystemIsKept()
 {
     // The tests run in the locale "C", which is of no country: each language gets its own one.
     const QLocale system(QLocale::system().name());
-    translation::use(translation::german);
+    translation::use(languages::german);
     if (system.language() == QLocale::German)
         QCOMPARE(QLocale().name(), system.name());
     else

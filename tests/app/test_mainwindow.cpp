@@ -59,7 +59,7 @@ private:
 class GermanStart
 {
 public:
-    GermanStart() { translation::use(translation::german); }
+    GermanStart() { translation::use(languages::german); }
     ~GermanStart() { backToItalian(); }
     Q_DISABLE_COPY_MOVE(GermanStart)
 };

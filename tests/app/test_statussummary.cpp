@@ -271,7 +271,7 @@ void TestStatusSummary::listWaitsForAWorkflow()
 
 void TestStatusSummary::listFollowsTheLanguage()
 {
-    translation::use(translation::german);
+    translation::use(languages::german);
     const UnreadableFilesDialog dialog({{s("/a.mid"), UnreadableFile::Reason::UnknownFormat}});
     QCOMPARE(dialog.windowTitle(), s("Nicht lesbare Dateien"));
     const auto *const list = child<QTreeWidget>(&dialog, "filesTreeWidget");

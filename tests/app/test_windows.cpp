@@ -4,6 +4,7 @@
 // the window can get, for people to look at.
 #include "app/mainwindow.h"
 #include "app/statussummary.h"
+#include "library/branding.h"
 #include "support/everywindow.h"
 #include "support/ownfolders.h"
 #include "windows/aboutdialog.h"
@@ -256,11 +257,12 @@ void TestWindows::everyWindow_data()
     QTest::addColumn<QString>("language");
     QTest::addColumn<int>("window");
     // Without a translation, the texts are the Italian ones of the sources.
-    for (const char *language :
-         {"it", "quorvane_de", "quorvane_en", "kavenapc_en", "kavenapc_it"}) {
+    QStringList texts{languages::italian};
+    for (const QString &language : branding().languages)
+        texts << QFileInfo(branding().translation(language)).fileName();
+    for (const QString &language : std::as_const(texts)) {
         for (int i = 0; i < windows().size(); ++i)
-            QTest::addRow("%s %s", windows()[i].name, language)
-                << QString::fromLatin1(language) << i;
+            QTest::addRow("%s %s", windows()[i].name, qPrintable(language)) << language << i;
     }
 }
 
@@ -269,7 +271,7 @@ void TestWindows::everyWindow()
     QFETCH(QString, language);
     QFETCH(int, window);
     QTranslator translator;
-    if (language != QStringLiteral("it")) {
+    if (language != languages::italian) {
         QVERIFY(translator.load(QStringLiteral(":/trans/") + language));
         QCoreApplication::installTranslator(&translator);
     }

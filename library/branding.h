@@ -1,0 +1,47 @@
+// What differs between the brandings of the program. Which one it carries is fixed when it is
+// built.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace languages
+{
+inline const QString italian = QStringLiteral("it"); ///< that of the texts in the sources
+inline const QString english = QStringLiteral("en");
+inline const QString german = QStringLiteral("de");
+} // namespace languages
+
+/** The files are named by their paths in the resources. */
+struct Branding {
+    QString productLogo; ///< of the main window, at the left
+    QString makerLogo;   ///< at the right
+    QString aboutLogo;
+    QStringList languages; ///< that the menu offers; the first one is that of a first start
+    QString translations;  ///< what comes before the language
+    QStringList helpLanguages;
+    QString helpPages;  ///< what comes before the language
+    bool asksCopyright; ///< before a synchronisation, unless the user has chosen
+
+    QString firstLanguage() const { return languages.constFirst(); }
+
+    /** The language of the texts for one that was chosen: English for every other one. */
+    QString shownLanguage(const QString &language) const
+    {
+        return languages.contains(language) ? language : languages::english;
+    }
+
+    QString translation(const QString &language) const
+    {
+        return translations + shownLanguage(language);
+    }
+
+    QString helpPage(const QString &language) const
+    {
+        return helpPages + (helpLanguages.contains(language) ? language : languages::english) +
+               QStringLiteral(".html");
+    }
+};
+
+/** The branding of this build. */
+const Branding &branding();

@@ -1,0 +1,8 @@
+set(BRANDING_LANGUAGES it en)
+set(BRANDING_TRANSLATIONS kavenapc_)
+set(BRANDING_HELP_LANGUAGES it en de)
+set(BRANDING_HELP_PAGES help_)
+set(BRANDING_PRODUCT_LOGO logo-kavena.png)
+set(BRANDING_MAKER_LOGO logo-kravo.png)
+set(BRANDING_ABOUT_LOGO logo-kravo_512.png)
+set(BRANDING_ASKS_COPYRIGHT true)

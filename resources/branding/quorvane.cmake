@@ -1,0 +1,9 @@
+# The languages are those of the menu, the first one that of a first start.
+set(BRANDING_LANGUAGES de en)
+set(BRANDING_TRANSLATIONS quorvane_) # followed by the language
+set(BRANDING_HELP_LANGUAGES de en)
+set(BRANDING_HELP_PAGES quorvane_help_)
+set(BRANDING_PRODUCT_LOGO logo-RB27-Utility.png)
+set(BRANDING_MAKER_LOGO logo-quorvane.png)
+set(BRANDING_ABOUT_LOGO logo-quorvane_512.png)
+set(BRANDING_ASKS_COPYRIGHT false) # until the user says otherwise
