@@ -1,3 +1,6 @@
+set(BRANDING_PRODUCT "Kavena PC")
+set(BRANDING_PACKAGE kavena-pc-kravo)
+set(BRANDING_TOOLS_PACKAGE kavena-tools-kravo)
 set(BRANDING_LANGUAGES it en)
 set(BRANDING_TRANSLATIONS kavenapc_)
 set(BRANDING_HELP_LANGUAGES it en de)

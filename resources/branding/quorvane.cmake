@@ -1,3 +1,6 @@
+set(BRANDING_PRODUCT "RB27 Utility")
+set(BRANDING_PACKAGE kavena-pc)
+set(BRANDING_TOOLS_PACKAGE kavena-tools)
 # The languages are those of the menu, the first one that of a first start.
 set(BRANDING_LANGUAGES de en)
 set(BRANDING_TRANSLATIONS quorvane_) # followed by the language

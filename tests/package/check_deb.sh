@@ -1,12 +1,14 @@
 #!/usr/bin/env bash
-# check_deb.sh BUILD VERSION CPACK: makes the Debian packages of a build, holds what is in them
-# against the rules for such files, starts the program as the desktop's menu would, and runs the
+# check_deb.sh BUILD VERSION CPACK PACKAGE TOOLS PRODUCT: makes the Debian packages of a build, which
+# have these names, holds what is in them against the rules for such files, starts the program as the desktop's menu would, and runs the
 # command line.
 set -euo pipefail
 
 build=$(realpath "$1")
 version=$2
 cpack=$3
+names=("$4" "$5")
+product=$6
 here=$(dirname "$(realpath "$0")")
 folder=$(mktemp -d "${TMPDIR:-/tmp}/kavena-package.XXXXXX")
 trap 'rm -rf "$folder"' EXIT
@@ -15,10 +17,10 @@ cd "$folder"
 fail() { echo "FAIL: $1" >&2; exit 1; }
 
 "$cpack" --config "$build/CPackConfig.cmake" -B . >cpack.txt 2>&1 || fail "$(cat cpack.txt)"
-package=$(echo kavena-pc_"$version"_*.deb)
+package=$(echo "${names[0]}"_"$version"_*.deb)
 [ -f "$package" ] || fail "no package of this name: $(ls)"
 
-tools=$(echo kavena-tools_"$version"_*.deb)
+tools=$(echo "${names[1]}"_"$version"_*.deb)
 [ -f "$tools" ] || fail "no package of this name: $(ls)"
 [ "$(ls *.deb | wc -l)" -eq 2 ] || fail "more packages than two: $(ls)"
 
@@ -34,6 +36,8 @@ dpkg-deb -x "$package" root
 share=root/usr/share
 desktop=$share/applications/org.kavena.KavenaPC.desktop
 desktop-file-validate "$desktop"
+grep -qx "Name=$product" "$desktop" || fail "the menu has another name than \"$product\""
+grep -q "<name>$product</name>" "$share"/metainfo/*.xml || fail "the metainfo has another name"
 appstreamcli validate --no-net "$share"/metainfo/*.xml >appstream.txt || fail "$(cat appstream.txt)"
 grep -q "<release version=\"$version\" date=\"20[0-9-]*\"/>" "$share"/metainfo/*.xml ||
   fail "the metainfo does not name this release"
