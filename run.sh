@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # Builds and starts Kavena PC. "./run.sh --demo" shows the whole job on a virtual display instead.
+#   KAVENA_BRANDING  quorvane (the default) or kavena
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -24,7 +25,7 @@ else
 fi
 
 mkdir -p build
-if ! { cmake --preset release && cmake --build --preset release --target "$target"; } \
+if ! { cmake --preset release -DKAVENA_BRANDING="${KAVENA_BRANDING:-quorvane}" && cmake --build --preset release --target "$target"; } \
      >build/run.log 2>&1; then
   tail -n 40 build/run.log >&2
   echo "The build failed; its whole output is in build/run.log" >&2

@@ -1,8 +1,10 @@
 // Drives the real windows through the whole job, on whatever display it is started on: gathers
-// songs, imports, synchronises, edits, transfers, rebuilds and exports, in German and in English.
+// songs, imports, synchronises, edits, transfers, rebuilds and exports, in the language of a
+// first start and in English.
 // Leaves the songs, the player's memory and the screenshots in the folder that it is given.
 #include "app/mainwindow.h"
 #include "app/startup.h"
+#include "library/branding.h"
 #include "library/database.h"
 #include "support/planwindow.h"
 #include "support/samplesongs.h"
@@ -444,10 +446,11 @@ int main(int argc, char **argv)
         QTextStream(stderr) << "the demonstration's songs could not be made\n";
         return 1;
     }
-    demo.runJob(QStringLiteral("de"));
+    const QString language = branding().firstLanguage();
+    demo.runJob(language);
     demo.trigger("actionEnglish");
-    demo.runJob(QStringLiteral("en"));
-    demo.trigger("actionGerman");
-    demo.shoot(QStringLiteral("back-in-german"));
+    demo.runJob(languages::english);
+    demo.trigger(language == languages::german ? "actionGerman" : "actionItalian");
+    demo.shoot(QStringLiteral("back-again"));
     return 0;
 }
