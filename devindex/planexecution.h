@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -70,6 +71,7 @@ private:
     const OpenProgress m_openProgress;
     const UpdateIndex m_updateIndex;
     Result m_result;
-    int m_done = 0;         ///< songs that copies were tried of
-    bool m_allThere = true; ///< no song is missing that was to be on the memory
+    int m_done = 0;              ///< songs that copies were tried of
+    QSet<QString> m_placesTaken; ///< by songs that were copied, as nameKey()
+    bool m_allThere = true;      ///< no song is missing that was to be on the memory
 };

@@ -259,7 +259,7 @@ void TransferPlanner::decide(Item &item)
     }
     if (item.state != State::New) {
         item.remedy = item.state == State::Differs ? Remedy::Replace : Remedy::Skip;
-        if (item.state == State::Differs)
+        if (item.state != State::Same)
             item.roomThere = clusters(item.target) + clusters(companionOf(item.target));
         return;
     }
@@ -282,14 +282,18 @@ void TransferPlanner::decide(Item &item)
         item.remedy = item.isTwin ? Remedy::Skip : Remedy::KeepBoth;
         if (item.isTwin)
             item.reason = tr("è la stessa song, scelta due volte");
+        if (!there.isEmpty()) {
+            item.isThere = true;
+            item.target = there;
+            item.roomThere = clusters(there);
+        }
         return;
     }
     m_taken.insert(key, item.path);
     m_shortNames.keepFree(item.target);
-    const QString pictures =
-        item.companion.isEmpty() ? QString() : companionTarget(item.companion, item.target);
+    const QString pictures = picturesInTheWay(item, item.target);
     item.isThere = !there.isEmpty();
-    if (!item.isThere && (pictures.isEmpty() || !isTaken(pictures))) {
+    if (!item.isThere && pictures.isEmpty()) {
         item.remedy = Remedy::Copy;
         return;
     }
@@ -297,10 +301,21 @@ void TransferPlanner::decide(Item &item)
     item.remedy = Remedy::Replace;
     if (item.isThere)
         item.target = there;
+    else
+        item.reason = tr("nella memoria ci sono altre immagini karaoke con il suo nome");
     claim(item.target);
     item.roomThere = clusters(item.target);
-    if (!pictures.isEmpty())
+    if (!item.companion.isEmpty())
         item.roomThere += clusters(pictures);
+}
+
+/** Pictures at the target that the player would show with the song; those of its own replace it. */
+QString TransferPlanner::picturesInTheWay(const Item &item, const QString &target)
+{
+    if (item.companion.isEmpty())
+        return companionOf(target);
+    const QString pictures = companionTarget(item.companion, target);
+    return isTaken(pictures) ? pictures : QString();
 }
 
 /** Finds free places; only now all names are known that the list itself needs. */
@@ -335,7 +350,8 @@ void TransferPlanner::proposeSubFolder(Item &item)
         below.size() - nameOf(below).size() + shortenedSize(nameOf(item.path), false);
     if (size > PathRecord::maxPathLength)
         return;
-    if (m_taken.contains(nameKey(target)) || !existing(target).isEmpty())
+    if (m_taken.contains(nameKey(target)) || !existing(target).isEmpty() ||
+        !picturesInTheWay(item, target).isEmpty())
         target = m_shortNames.candidateForSong(target);
     if (target.isEmpty())
         return;

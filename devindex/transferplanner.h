@@ -100,6 +100,7 @@ private:
     QString heldName(const QString &name) const;
     QString subFolderFor(const QString &path);
     void proposeSubFolder(Item &item);
+    static QString picturesInTheWay(const Item &item, const QString &target);
     qint64 clusters(const QString &file) const;
     qint64 inClusters(qint64 size) const;
 

@@ -1926,6 +1926,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>un&apos;altra song dell&apos;elenco ha lo stesso nome</translation>
     </message>
     <message>
+        <source>un&apos;altra song dell&apos;elenco ha preso il suo posto</source>
+        <translation>un&apos;altra song dell&apos;elenco ha preso il suo posto</translation>
+    </message>
+    <message>
         <source>saltata come scelto nel piano</source>
         <translation>saltata come scelto nel piano</translation>
     </message>
@@ -1993,6 +1997,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>è la stessa song, scelta due volte</source>
         <translation>è la stessa song, scelta due volte</translation>
+    </message>
+    <message>
+        <source>nella memoria ci sono altre immagini karaoke con il suo nome</source>
+        <translation>nella memoria ci sono altre immagini karaoke con il suo nome</translation>
     </message>
     <message>
         <source>il percorso è troppo lungo per il player</source>

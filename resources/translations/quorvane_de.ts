@@ -1926,6 +1926,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>ein anderer Song der Liste hat den gleichen Namen</translation>
     </message>
     <message>
+        <source>un&apos;altra song dell&apos;elenco ha preso il suo posto</source>
+        <translation>ein anderer Song der Liste hat seinen Platz bekommen</translation>
+    </message>
+    <message>
         <source>saltata come scelto nel piano</source>
         <translation>übersprungen, wie im Plan gewählt</translation>
     </message>
@@ -1993,6 +1997,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>è la stessa song, scelta due volte</source>
         <translation>ist derselbe Song, zweimal gewählt</translation>
+    </message>
+    <message>
+        <source>nella memoria ci sono altre immagini karaoke con il suo nome</source>
+        <translation>auf dem Speicher liegen andere Karaoke-Bilder mit seinem Namen</translation>
     </message>
     <message>
         <source>il percorso è troppo lungo per il player</source>

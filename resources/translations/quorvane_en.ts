@@ -1926,6 +1926,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>another song of the list has the same name</translation>
     </message>
     <message>
+        <source>un&apos;altra song dell&apos;elenco ha preso il suo posto</source>
+        <translation>another song of the list has taken its place</translation>
+    </message>
+    <message>
         <source>saltata come scelto nel piano</source>
         <translation>skipped as chosen in the plan</translation>
     </message>
@@ -1993,6 +1997,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>è la stessa song, scelta due volte</source>
         <translation>is the same song, chosen twice</translation>
+    </message>
+    <message>
+        <source>nella memoria ci sono altre immagini karaoke con il suo nome</source>
+        <translation>other karaoke pictures with its name lie on the memory</translation>
     </message>
     <message>
         <source>il percorso è troppo lungo per il player</source>

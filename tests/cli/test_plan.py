@@ -109,6 +109,13 @@ class DryRun(PlanTest):
         self.assertEqual(lines[1], f"not in the list: {self.card}/songs/c.mid")
         self.assertRegex(lines[2], r"^To copy: .*; free: .*; songs on the memory afterwards: 2$")
 
+    def test_pictures_of_no_song_are_told(self):
+        self.write("k.mp3", mp3("K"))
+        self.on_card("k.cdg", b"of another song")
+        self.assertEqual(self.states("k.mp3"), {"k.mp3": "differs"})
+        out = self.run_kavena("transfer", "--dry-run", "k.mp3", "--to", self.card, status=0).out
+        self.assertIn("other karaoke pictures with its name", out.splitlines()[0])
+
     def test_refused_folders(self):
         self.write("a.mid", song())
         (self.card / "sfx").mkdir()
