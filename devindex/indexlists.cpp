@@ -60,6 +60,7 @@ bool groupsAgree(const QString &root, QLatin1String name, const SongRecords &tit
         return false;
     QSet<quint32> seen;
     QString group;
+    QString title;
     int left = 0;
     for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::size) {
         const QByteArrayView record = recordAt(bytes, pos);
@@ -68,13 +69,16 @@ bool groupsAgree(const QString &root, QLatin1String name, const SongRecords &tit
             if (left != 0 || header.count == 0 || !isInOrder(group, header.text))
                 return false;
             group = header.text;
+            title.clear();
             left = header.count;
             continue;
         }
-        const quint32 id = SongRecord::idOf(record.data());
-        if (--left < 0 || seen.contains(id) || titles.value(id) != record)
+        const SongRecord song = SongRecord::decode(record.data());
+        if (--left < 0 || seen.contains(song.id) || titles.value(song.id) != record ||
+            !isInOrder(title, song.title))
             return false;
-        seen.insert(id);
+        title = song.title;
+        seen.insert(song.id);
     }
     return left == 0 && seen.size() == titles.size();
 }
