@@ -59,7 +59,7 @@ PlanExecution::Result PlanExecution::run(const TransferPlan &plan)
     copyAll(plan);
     for (const Item &item : plan.items) {
         if (item.destination().isEmpty())
-            tellSkipped(item);
+            tellSkipped(item, plan);
     }
     update(plan);
     return std::move(m_result);
@@ -176,7 +176,14 @@ bool PlanExecution::hasFolder(const QString &folder, const TransferPlan &plan)
            makeFolder(folder);
 }
 
-void PlanExecution::tellSkipped(const Item &item)
+QString PlanExecution::whyNotNeeded(const TransferPlan &plan, const Item &item)
+{
+    return item.state == State::Renamed
+               ? tr("è già nella memoria come %1").arg(item.target.mid(plan.root.size()))
+               : tr("è già nella memoria");
+}
+
+void PlanExecution::tellSkipped(const Item &item, const TransferPlan &plan)
 {
     const bool isTaken = m_placesTaken.contains(nameKey(item.target));
     switch (item.state) {
@@ -185,7 +192,7 @@ void PlanExecution::tellSkipped(const Item &item)
         if (isTaken)
             break;
         if (QFileInfo::exists(item.target))
-            m_result.alreadyThere.append(item.path);
+            m_result.alreadyThere.append({item.path, whyNotNeeded(plan, item)});
         else
             m_result.failed.append({item.path, tr("non è più sulla memoria")});
         m_allThere = m_allThere && QFileInfo::exists(item.target);

@@ -1926,6 +1926,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>ein anderer Song der Liste hat den gleichen Namen</translation>
     </message>
     <message>
+        <source>è già nella memoria</source>
+        <translation>ist schon auf dem Speicher</translation>
+    </message>
+    <message>
+        <source>è già nella memoria come %1</source>
+        <translation>ist als %1 schon auf dem Speicher</translation>
+    </message>
+    <message>
         <source>un&apos;altra song dell&apos;elenco ha preso il suo posto</source>
         <translation>ein anderer Song der Liste hat seinen Platz bekommen</translation>
     </message>
@@ -1959,6 +1967,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
 </context>
 <context>
     <name>TransferCommand</name>
+    <message>
+        <source>Song con il nome di un&apos;altra song indicata: %1. Con %2 ognuna ha un nome suo.</source>
+        <translation>Songs mit dem Namen eines anderen angegebenen Songs: %1. Mit %2 bekommt jeder einen eigenen Namen.</translation>
+    </message>
+    <message>
+        <source>Song già nella memoria con un nome accorciato, che non vengono copiate di nuovo: %1</source>
+        <translation>Songs, die unter einem gekürzten Namen schon auf dem Speicher sind und nicht noch einmal kopiert werden: %1</translation>
+    </message>
     <message>
         <source>Song della memoria che non sono nell&apos;elenco: %1</source>
         <translation>Songs auf dem Speicher, die nicht in der Liste sind: %1</translation>
