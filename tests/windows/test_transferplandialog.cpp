@@ -177,7 +177,7 @@ void TestTransferPlanDialog::songTakesThePlaceOfAnotherOfTheList()
     QVERIFY(m_window->choose(s("Sostituisci")));
     QCOMPARE(remedyOf(0), Remedy::Skip);
     QCOMPARE(remedyOf(1), Remedy::Replace);
-    QVERIFY(m_window->counts->text().startsWith(s("Song aggiunte: 0. Sostituite: 1. ")));
+    QVERIFY(m_window->counts->text().startsWith(s("Song aggiunte: 1. Sostituite: 0. ")));
     QVERIFY(m_window->groups().last().contains(s("| Salta |")));
 }
 
