@@ -81,9 +81,7 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
             songs = leaveOutPresent(files, *plan);
         m_readBack = plan->readBack;
     }
-    if (isRoot && !makeSongsFolder(dest))
-        return Outcome::NotStarted;
-    if (!hasRoom(songs, dest))
+    if (!hasRoom(songs, dest) || (isRoot && !makeSongsFolder(dest)))
         return Outcome::NotStarted;
 
     logBanner();
@@ -335,7 +333,7 @@ QString Transfer::whyNotIntoRoot(WriteProblem::Kind problem)
 /** False when the files do not fit and the user does not want to try. */
 bool Transfer::hasRoom(const QStringList &files, const QString &dest)
 {
-    const qint64 available = m_freeBytes(dest);
+    const qint64 available = m_freeBytes(QFileInfo(dest).isDir() ? dest : QFileInfo(dest).path());
     if (available < 0)
         return true;
     const qint64 missing = FileCopier::roomNeeded(files, dest) - available;

@@ -61,7 +61,7 @@ QList<TransferPlan::Remedy> TransferPlan::Item::remedies() const
             all.removeOne(Remedy::Replace);
         break;
     case State::TooLong:
-        all = {Remedy::KeepBoth};
+        all = {Remedy::KeepBoth, Remedy::SubFolder};
         break;
     case State::Remove:
         all = {Remedy::Remove};

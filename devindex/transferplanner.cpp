@@ -13,7 +13,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStorageInfo>
 
 #include <algorithm>
 
@@ -64,19 +63,6 @@ bool canBeRead(const QString &path)
 
 } // namespace
 
-MemoryRoom MemoryRoom::of(const QString &folder)
-{
-    const QStorageInfo storage(folder);
-    MemoryRoom room;
-    room.medium = WriteProblem::Medium::of(folder);
-    if (!storage.isValid())
-        return room;
-    room.freeBytes = storage.bytesAvailable();
-    room.totalBytes = storage.bytesTotal();
-    room.clusterSize = storage.blockSize();
-    return room;
-}
-
 TransferPlanner::TransferPlanner(const QString &root, const QString &folder)
     : m_root(root)
     , m_folder(folder)
@@ -104,6 +90,7 @@ std::optional<TransferPlan> TransferPlanner::plan(const QStringList &files, Prog
         !forAll(progress, true, &TransferPlanner::lookUnderItsName) ||
         !forAll(progress, false, &TransferPlanner::lookUnderShortNames) ||
         !forAll(progress, false, &TransferPlanner::decide) ||
+        !forAll(progress, false, &TransferPlanner::reserveShortName) ||
         !forAll(progress, false, &TransferPlanner::propose))
         return std::nullopt;
     if (m_listsOthers)
@@ -318,6 +305,21 @@ QString TransferPlanner::picturesInTheWay(const Item &item, const QString &targe
     return isTaken(pictures) ? pictures : QString();
 }
 
+/** The update of the index gives a song a short name, where one is left for such names. */
+void TransferPlanner::reserveShortName(Item &item)
+{
+    if (item.isThere || item.destination() != item.target || isShortName(item.target))
+        return;
+    const QString shortName = m_shortNames.candidateForSong(item.target);
+    if (!shortName.isEmpty()) {
+        m_shortNames.keepFree(shortName);
+        return;
+    }
+    item.state = State::TooLong;
+    item.remedy = Remedy::Skip;
+    item.reason = tr("per i nomi che iniziano così il player non ha più nomi brevi");
+}
+
 /** Finds free places; only now all names are known that the list itself needs. */
 void TransferPlanner::propose(Item &item)
 {
@@ -331,7 +333,8 @@ void TransferPlanner::propose(Item &item)
             m_shortNames.keepFree(free);
         }
     }
-    if (item.state != State::TooLong)
+    // In another folder there are short names again, but not for a name that cannot be at all.
+    if (item.state != State::TooLong || whyTooLong(nameOf(item.path)).isEmpty())
         proposeSubFolder(item);
     if (item.remedy == Remedy::KeepBoth && item.keepBothTarget.isEmpty())
         item.remedy = item.subFolderTarget.isEmpty() ? Remedy::Skip : Remedy::SubFolder;

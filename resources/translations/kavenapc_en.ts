@@ -2015,6 +2015,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>is the same song, chosen twice</translation>
     </message>
     <message>
+        <source>per i nomi che iniziano così il player non ha più nomi brevi</source>
+        <translation>for names that begin like this the player has no short names left</translation>
+    </message>
+    <message>
         <source>nella memoria ci sono altre immagini karaoke con il suo nome</source>
         <translation>other karaoke pictures with its name lie on the memory</translation>
     </message>

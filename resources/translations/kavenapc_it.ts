@@ -2015,6 +2015,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>è la stessa song, scelta due volte</translation>
     </message>
     <message>
+        <source>per i nomi che iniziano così il player non ha più nomi brevi</source>
+        <translation>per i nomi che iniziano così il player non ha più nomi brevi</translation>
+    </message>
+    <message>
         <source>nella memoria ci sono altre immagini karaoke con il suo nome</source>
         <translation>nella memoria ci sono altre immagini karaoke con il suo nome</translation>
     </message>

@@ -2015,6 +2015,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>ist derselbe Song, zweimal gewählt</translation>
     </message>
     <message>
+        <source>per i nomi che iniziano così il player non ha più nomi brevi</source>
+        <translation>für Namen, die so anfangen, hat der Player keine kurzen Namen mehr</translation>
+    </message>
+    <message>
         <source>nella memoria ci sono altre immagini karaoke con il suo nome</source>
         <translation>auf dem Speicher liegen andere Karaoke-Bilder mit seinem Namen</translation>
     </message>

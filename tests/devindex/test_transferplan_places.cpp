@@ -28,6 +28,9 @@ private slots:
     void songThatIsThereIsNotToldAsPresentAfterItWasReplaced();
     void songWhoseReplacementFailedIsToldAsPresent();
     void shortenedSongCanBeWrittenAnew();
+    void folderIsNotMadeWhenTheUserSaysNo();
+    void songsForWhichNoShortNameIsLeftAreTold();
+    void shortNamesThatTheIndexWillGiveAreNotProposed();
 
 private:
     Transfer::Outcome carryOut(const TransferPlan &made);
@@ -212,6 +215,54 @@ void TestTransferPlanPlaces::shortenedSongCanBeWrittenAnew()
     QCOMPARE(carryOut(made), Transfer::Outcome::Complete);
     QCOMPARE(m_card->indexedPaths(), QStringList(QStringLiteral("/pop/Averyl-1.mid")));
     QCOMPARE(m_card->read(QStringLiteral("pop/Averyl-1.mid")), MountedCard::midi("LONG"));
+}
+
+void TestTransferPlanPlaces::folderIsNotMadeWhenTheUserSaysNo()
+{
+    m_user->folder = m_card->root(); // stands for the folder "songs"
+    Transfer job(
+        *m_user,
+        [](const QString &, const QString &, int) {
+            return std::unique_ptr<Progress>(std::make_unique<CopyingProgress>());
+        },
+        [](const QString &) { return qint64(1); });
+    const QStringList files = {song(QStringLiteral("a.mid"), "A")};
+    QCOMPARE(job.transferFiles(files), Transfer::Outcome::NotStarted);
+    QCOMPARE(m_user->roomAsked.size(), 1);
+    QVERIFY(!QFile::exists(m_card->path(QStringLiteral("songs"))));
+    m_user->anyway = true;
+    QCOMPARE(job.transferFiles(files), Transfer::Outcome::Complete);
+    QVERIFY(QFile::exists(m_card->path(QStringLiteral("songs/a.mid"))));
+}
+
+/** There are 999 short names for names that begin alike, and the player finds no longer ones. */
+void TestTransferPlanPlaces::songsForWhichNoShortNameIsLeftAreTold()
+{
+    m_room = fatRoom();
+    QStringList files;
+    for (int i = 0; i < 1001; ++i)
+        files.append(song(QStringLiteral("rock/Karaoke %1.mid").arg(i, 4, 10, QLatin1Char('0')),
+                          QByteArray::number(i)));
+    onCard(QStringLiteral("pop/Karaok-1.mid"), "ANOTHER");
+    TransferPlan made = plan(files);
+    QCOMPARE(made.count(State::New), 998);
+    QCOMPARE(made.count(State::TooLong), 3);
+    QCOMPARE(made.songsAfter(), qint64(999));
+    const TransferPlan::Item &last = made.items.constLast();
+    QCOMPARE(last.remedy, Remedy::Skip);
+    QCOMPARE(last.reason,
+             QStringLiteral("per i nomi che iniziano così il player non ha più nomi brevi"));
+    QCOMPARE(last.remedies(), QList<Remedy>({Remedy::SubFolder, Remedy::Skip}));
+    QVERIFY(last.subFolderTarget.startsWith(inFolder(QStringLiteral("rock/"))));
+    made.choose({998, 999, 1000}, Remedy::SubFolder);
+    QCOMPARE(made.songsAfter(), qint64(1002));
+}
+
+void TestTransferPlanPlaces::shortNamesThatTheIndexWillGiveAreNotProposed()
+{
+    const TransferPlan made = plan({song(QStringLiteral("x/Karaoke song.mid"), "ONE"),
+                                    song(QStringLiteral("y/Karaoke song.mid"), "OTHER")});
+    QCOMPARE(made.items.at(1).keepBothTarget, inFolder(QStringLiteral("Karaok-2.mid")));
 }
 
 QTEST_GUILESS_MAIN(TestTransferPlanPlaces)
