@@ -111,7 +111,7 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
         // A song that replaces another one of the list may find a free place.
         const bool mayReplace =
             item.remedy == Remedy::Replace && (item.isThere || item.state == State::Differs);
-        if (mayReplace && item.companion.isEmpty())
+        if (mayReplace && item.companion.isEmpty() && item.state != State::Renamed)
             withoutPictures.insert(item.destination());
         orders.append({item.path, item.destination(), mayReplace});
     }

@@ -28,6 +28,7 @@ private slots:
     void songThatIsThereIsNotToldAsPresentAfterItWasReplaced();
     void songWhoseReplacementFailedIsToldAsPresent();
     void shortenedSongCanBeWrittenAnew();
+    void picturesOfTheSameSongStay();
     void folderIsNotMadeWhenTheUserSaysNo();
     void songsForWhichNoShortNameIsLeftAreTold();
     void shortNamesThatTheIndexWillGiveAreNotProposed();
@@ -215,6 +216,17 @@ void TestTransferPlanPlaces::shortenedSongCanBeWrittenAnew()
     QCOMPARE(carryOut(made), Transfer::Outcome::Complete);
     QCOMPARE(m_card->indexedPaths(), QStringList(QStringLiteral("/pop/Averyl-1.mid")));
     QCOMPARE(m_card->read(QStringLiteral("pop/Averyl-1.mid")), MountedCard::midi("LONG"));
+}
+
+void TestTransferPlanPlaces::picturesOfTheSameSongStay()
+{
+    m_card->writeOnCard(QStringLiteral("pop/Averyl-1.mp3"), "music");
+    m_card->writeOnCard(QStringLiteral("pop/Averyl-1.cdg"), "its pictures");
+    TransferPlan made = plan({mp3(QStringLiteral("A very long name.mp3"), "music")});
+    QCOMPARE(made.items.first().state, State::Renamed);
+    made.choose({0}, Remedy::Replace);
+    QCOMPARE(carryOut(made), Transfer::Outcome::Complete);
+    QCOMPARE(m_card->read(QStringLiteral("pop/Averyl-1.cdg")), QByteArray("its pictures"));
 }
 
 void TestTransferPlanPlaces::folderIsNotMadeWhenTheUserSaysNo()
