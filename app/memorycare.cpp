@@ -82,7 +82,9 @@ void MemoryCare::read(const QString &message)
 
 bool MemoryCare::isThere()
 {
-    if (QFileInfo(m_window.root()).isDir())
+    const SharedContents contents = m_window.contents();
+    const bool isAsRead = !contents || contents->root() != m_window.root() || contents->isThere();
+    if (isAsRead && QFileInfo(m_window.root()).isDir())
         return true;
     m_window.setContents(nullptr);
     m_window.showMessage(tr("La memoria non è più collegata."));
@@ -221,11 +223,12 @@ void MemoryCare::change(const std::function<SongChanges::Report(SongChanges &cha
     BackgroundJob &job = m_window.job();
     if (job.isRunning() || !m_window.contents() || !isThere())
         return;
-    const QString root = m_window.contents()->root(); // the songs that the user saw are on it
+    const SharedContents contents = m_window.contents(); // the songs that the user saw
     const auto report = resultOf<SongChanges::Report>();
     job.start(
-        [root, &job, work, report] {
-            SongChanges changes(root, job.openProgress());
+        [contents, &job, work, report] {
+            SongChanges changes(contents->root(), job.openProgress());
+            changes.setDevice(contents->device());
             changes.setRenameQuestion([&job](const QString &path, const QString &question) {
                 return job.ask([&] { return confirmation::ask(path, question); });
             });

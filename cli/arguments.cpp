@@ -372,9 +372,9 @@ QString Arguments::whatIsWrong(const Request &request)
         return tr("%1 vale solo con %2")
             .arg(QStringLiteral("--remove"), QStringLiteral("--in-line"));
     if (request.command == Command::Transfer && request.form == Request::Form::Json &&
-        !request.dryRun && !request.inLine)
+        !request.dryRun && !request.inLine && !request.verify)
         return tr("%1 vale solo con %2")
-            .arg(QStringLiteral("--json"), QStringLiteral("--dry-run, --in-line"));
+            .arg(QStringLiteral("--json"), QStringLiteral("--dry-run, --in-line, --verify"));
     const bool takesOne = takesOneArgument(request.command);
     if (request.paths.isEmpty() && !request.pathsFromStandardInput)
         return takesOne ? tr("Manca un argomento") : tr("Mancano i file");

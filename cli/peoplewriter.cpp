@@ -88,8 +88,11 @@ void PeopleWriter::planned(const TransferPlan::Item &item)
 {
     const QString destination = item.destination();
     const QString place = destination.isEmpty() ? item.target : destination;
+    // Other reasons are told with the failures.
+    const bool isExplained = item.state == TransferPlan::State::Differs && !item.reason.isEmpty();
     line(stateLabel(item.state) + QStringLiteral(": ") + givenpath::shown(item.path) +
-         (place.isEmpty() ? place : QStringLiteral(" -> ") + place));
+         (place.isEmpty() ? place : QStringLiteral(" -> ") + place) +
+         (isExplained ? QStringLiteral(" (") + item.reason + QLatin1Char(')') : QString()));
 }
 
 void PeopleWriter::planSum(const TransferPlan &plan)

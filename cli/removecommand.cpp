@@ -42,10 +42,10 @@ ExitStatus RemoveCommand::run()
     const std::optional<QStringList> paths = songs(*root);
     if (!paths)
         return ExitStatus::NothingDone;
+    SongChanges changes(*root, m_terminal.progressOpener()); // before the memory may be pulled
     if (paths->isEmpty() || !isConfirmed(*root, *paths))
         return m_terminal.failures() > 0 ? ExitStatus::WithFailures : ExitStatus::NothingDone;
 
-    SongChanges changes(*root, m_terminal.progressOpener());
     const SongChanges::Report report = changes.remove(*paths);
     if (!report.refusal.isEmpty())
         return m_terminal.refuse(*root, report.refusal);

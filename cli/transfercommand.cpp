@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QSet>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -42,11 +44,42 @@ public:
         return answer == Answer::Yes || answer == Answer::YesToAll;
     }
 
+    bool reviewsPlans() const override { return true; }
+
+    /** What the plan shows is told; the questions stay the same. */
+    Review reviewPlan(TransferPlan &plan) override
+    {
+        const int there = plan.count(TransferPlan::State::Renamed);
+        if (there > 0)
+            m_terminal.note(TransferCommand::tr("Song già nella memoria con un nome accorciato, "
+                                                "che non vengono copiate di nuovo: %1")
+                                .arg(there));
+        const auto collides = std::count_if(
+            plan.items.cbegin(), plan.items.cend(), [](const TransferPlan::Item &item) {
+                return item.state == TransferPlan::State::Collides && !item.isTwin;
+            });
+        if (collides > 0)
+            m_terminal.note(TransferCommand::tr("Song con il nome di un'altra song indicata: %1. "
+                                                "Con %2 ognuna ha un nome suo.")
+                                .arg(collides)
+                                .arg(QStringLiteral("--in-line")));
+        return Review::OnlyMissing;
+    }
+
     void warn(const QString &, const QString &text) override { m_terminal.refuse(m_folder, text); }
 
     // Each failure is named; nothing is printed when all went well.
     void inform(const QString &, const QString &) override {}
     void showFailure(const QString &, const QString &) override {}
+
+    /** A folder that is brought in line again has thousands of them. */
+    void tellPresent(const QStringList &songs) override
+    {
+        for (const QString &song : songs) {
+            if (!m_request.inLine)
+                m_terminal.note(song);
+        }
+    }
 
     void tellCounts(const QString &, const QString &text, const QStringList &failed,
                     const QStringList &skipped) override
@@ -80,7 +113,7 @@ ExitStatus TransferCommand::run()
     TransferAnswers answers(m_request, m_terminal, *folder);
     Transfer transfer(answers, m_terminal.progressOpener());
     transfer.setReadBack(m_request.verify);
-    return m_request.dryRun || m_request.inLine
+    return m_request.dryRun || m_request.inLine || m_request.form == Request::Form::Json
                ? runPlan(transfer, answers, *songs)
                : statusOf(transfer.transferFiles(*songs), transfer);
 }
@@ -110,23 +143,43 @@ ExitStatus TransferCommand::runPlan(Transfer &transfer, TransferUser &user,
         m_terminal.isStopped();
         return ExitStatus::NothingDone;
     }
-    choose(*plan);
+    choose(*plan, user);
+    if (!m_request.dryRun)
+        announce(*plan);
     if (m_request.inLine && (!m_request.dryRun || m_request.remove))
         askToRemove(*plan);
     if (m_request.dryRun)
         return tellPlan(*plan);
+    if (m_request.form == Request::Form::Json)
+        m_writer.planSum(*plan);
     const QString missing = whatIsMissing(*plan);
     if (!missing.isEmpty() && !user.askAnyway({}, missing))
         return ExitStatus::NothingDone;
     return statusOf(transfer.carryOut(*plan), transfer);
 }
 
-/** The remedies that the options decide about. */
-void TransferCommand::choose(TransferPlan &plan) const
+/** Only who brings a folder in line, or writes nothing, has songs replaced without a question. */
+void TransferCommand::choose(TransferPlan &plan, TransferUser &user) const
 {
+    const bool isAsked = !m_request.inLine && !m_request.dryRun;
+    RememberedAnswer replace;
     for (TransferPlan::Item &item : plan.items) {
-        if (item.state == TransferPlan::State::Differs && !m_request.replace.value_or(true))
+        if (item.remedy != TransferPlan::Remedy::Replace)
+            continue;
+        const bool isReplaced = isAsked
+                                    ? replace.isYes([&] { return user.askReplace(item.target); })
+                                    : m_request.replace.value_or(true);
+        if (!isReplaced)
             item.remedy = TransferPlan::Remedy::Skip;
+    }
+}
+
+/** Before anything happens: the songs that may be removed; all songs for a program that reads. */
+void TransferCommand::announce(const TransferPlan &plan)
+{
+    for (const TransferPlan::Item &item : plan.items) {
+        if (m_request.form == Request::Form::Json || item.state == TransferPlan::State::Remove)
+            m_writer.planned(item);
     }
 }
 
@@ -137,12 +190,6 @@ void TransferCommand::askToRemove(TransferPlan &plan)
     const int count = plan.count(State::Remove);
     if (count == 0)
         return;
-    if (!m_request.dryRun) {
-        for (const TransferPlan::Item &item : std::as_const(plan.items)) {
-            if (item.state == State::Remove)
-                m_writer.planned(item);
-        }
-    }
     m_terminal.note(tr("Song della memoria che non sono nell'elenco: %1").arg(count));
     if (!m_request.remove) {
         m_terminal.note(tr("Restano; %1 le rimuove.").arg(QStringLiteral("--remove")));
@@ -199,6 +246,7 @@ ExitStatus TransferCommand::statusOf(Transfer::Outcome outcome, const Transfer &
 {
     switch (outcome) {
     case Transfer::Outcome::NotStarted:
+        m_terminal.isStopped(); // says so
         return ExitStatus::NothingDone;
     case Transfer::Outcome::Complete:
         if (transfer.changedSongs() > 0)

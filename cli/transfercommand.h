@@ -16,7 +16,8 @@ public:
 private:
     void refuseOtherFiles(QStringList &songs);
     ExitStatus runPlan(Transfer &transfer, TransferUser &user, const QStringList &songs);
-    void choose(TransferPlan &plan) const;
+    void choose(TransferPlan &plan, TransferUser &user) const;
+    void announce(const TransferPlan &plan);
     ExitStatus tellPlan(const TransferPlan &plan);
     void askToRemove(TransferPlan &plan);
     static QString whatIsMissing(const TransferPlan &plan);

@@ -6,6 +6,10 @@
 
 #include <algorithm>
 
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#endif
+
 namespace
 {
 
@@ -16,6 +20,21 @@ constexpr qsizetype comparedAtOnce = 262144;
 bool open(QFile &file)
 {
     return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+}
+
+/**
+ * What this handle reads comes from the medium: what the computer keeps of the file's bytes is
+ * given up, or passed over. The file must be flushed.
+ */
+void leaveMemoryOut(const QFile &file)
+{
+#if defined(Q_OS_LINUX)
+    ::posix_fadvise(file.handle(), 0, 0, POSIX_FADV_DONTNEED);
+#elif defined(Q_OS_MACOS)
+    ::fcntl(file.handle(), F_NOCACHE, 1); // holds for this handle alone
+#else
+    Q_UNUSED(file)
+#endif
 }
 
 /**
@@ -39,8 +58,9 @@ qint64 readChunk(QFile &file, QByteArray &buffer, qint64 most)
 
 } // namespace
 
-ContentComparer::ContentComparer()
-    : m_first(comparedAtOnce, Qt::Uninitialized)
+ContentComparer::ContentComparer(Source second)
+    : m_source(second)
+    , m_first(comparedAtOnce, Qt::Uninitialized)
     , m_second(comparedAtOnce, Qt::Uninitialized)
 {
 }
@@ -76,6 +96,8 @@ ContentComparer::Result ContentComparer::compareBytes(const QString &first, cons
         return Result::Unreadable;
     if (!open(other))
         return Result::Different;
+    if (m_source == Source::Medium)
+        leaveMemoryOut(other);
     for (qint64 left = one.size(); left > 0; m_keepAlive.processEvents()) {
         const qint64 count = readChunk(one, m_first, left);
         if (count <= 0)

@@ -23,7 +23,13 @@ public:
         Unreadable ///< the first one
     };
 
-    ContentComparer();
+    /** Where the bytes of the second file of a comparison come from. */
+    enum class Source {
+        Anywhere,
+        Medium ///< not from the computer's memory, as far as the system can be asked for that
+    };
+
+    explicit ContentComparer(Source second = Source::Anywhere);
 
     /** Compares the sizes first; the bytes are read only where these are equal. */
     Result compare(const QString &first, const QString &second);
@@ -32,6 +38,7 @@ private:
     Result compareBytes(const QString &first, const QString &second);
     std::optional<QByteArray> digestOf(const QString &path);
 
+    const Source m_source;
     QSet<QString> m_compared; ///< files whose bytes were read once
     QHash<QString, QByteArray> m_digests;
     QByteArray m_first;

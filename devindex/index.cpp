@@ -22,7 +22,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <array>
+#include <utility>
 
 Index::Index()
     : m_renamer(*this, *this)
@@ -160,10 +160,10 @@ bool Index::begin(const QString &root)
     QString path = root;
     if (path.endsWith(QLatin1Char('/')) || path.endsWith(QLatin1Char('\\')))
         path.chop(1);
-    if (path.isEmpty())
-        return false; // an empty path would mean the working directory
     rootPath = QDir::cleanPath(QDir(path).absolutePath());
-    device = memoryDevice(rootPath);
+    const QByteArray expected = std::exchange(device, memoryDevice(rootPath));
+    if (path.isEmpty() || (!expected.isEmpty() && device != expected))
+        return false; // an empty path would mean the working directory
     filesFound = 0;
     counts.values.fill(0);
     indexChanged = 0;

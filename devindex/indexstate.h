@@ -17,7 +17,8 @@ struct IndexState {
 
     AlphaTable alphaBuffer;
     QString rootPath;  ///< without a slash at its end
-    QByteArray device; ///< memoryDevice() of the root when the operation began; empty if unknown
+    QByteArray device; ///< memoryDevice() of the root when the operation began; empty if unknown.
+                       ///< An operation is not begun on another one than is set before.
     QList<SongInfoIndex> entries;
     QList<quint16> playlistNumbers;
     QStringList unreadFolders;        ///< that the scan could not read, as paths on the memory

@@ -1,6 +1,7 @@
 #include "devindex/planexecution.h"
 
 #include "devindex/memorydevice.h"
+#include "devindex/namekey.h"
 #include "devindex/plannedremoval.h"
 #include "library/companion.h"
 #include "storage/safefile.h"
@@ -54,7 +55,12 @@ PlanExecution::Result PlanExecution::run(const TransferPlan &plan)
     m_result = {};
     m_done = 0;
     m_allThere = true;
+    m_placesTaken.clear();
     copyAll(plan);
+    for (const Item &item : plan.items) {
+        if (item.destination().isEmpty())
+            tellSkipped(item, plan);
+    }
     update(plan);
     return std::move(m_result);
 }
@@ -67,10 +73,8 @@ void PlanExecution::copyAll(const TransferPlan &plan)
     for (int i = 0; i < plan.items.size(); ++i) {
         const Item &item = plan.items.at(i);
         const QString destination = item.destination();
-        if (destination.isEmpty()) {
-            tellSkipped(item);
+        if (destination.isEmpty())
             continue;
-        }
         const QString folder = QFileInfo(destination).path();
         if (!numbers.contains(folder))
             folders.append(folder);
@@ -99,14 +103,17 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
     }
     QList<FileCopier::Order> orders;
     QSet<QString> replaced;
-    QSet<QString> withPictures; // the source's medium may have been pulled out by the end
+    QSet<QString> withoutPictures; // asked now: the source's medium may be pulled out by the end
     for (const int number : numbers) {
         const Item &item = plan.items.at(number);
         if (item.remedy == Remedy::Replace && item.isThere)
             replaced.insert(item.target);
-        if (!item.companion.isEmpty())
-            withPictures.insert(item.destination());
-        orders.append({item.path, item.destination(), item.remedy == Remedy::Replace});
+        // A song that replaces another one of the list may find a free place.
+        const bool mayReplace =
+            item.remedy == Remedy::Replace && (item.isThere || item.state == State::Differs);
+        if (mayReplace && item.companion.isEmpty() && item.state != State::Renamed)
+            withoutPictures.insert(item.destination());
+        orders.append({item.path, item.destination(), mayReplace});
     }
     FileCopier copier([](const QString &) { return Answer::No; });
     copier.setReadBack(plan.readBack);
@@ -118,11 +125,11 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
         switch (song.state) {
         case FileCopier::State::Copied:
             m_result.copied.append(song.source);
-            if (replaced.contains(song.target)) {
+            m_placesTaken.insert(nameKey(song.target));
+            if (replaced.contains(song.target))
                 m_result.replaced.append(song.target);
-                if (!withPictures.contains(song.target))
-                    removeOldPictures(song);
-            }
+            if (withoutPictures.contains(song.target))
+                removeOldPictures(song);
             break;
         case FileCopier::State::Skipped:
         case FileCopier::State::Replaced:
@@ -139,8 +146,8 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
 }
 
 /**
- * The pictures of a song whose place another one took, which has none, would be shown with that. It
- * is on the medium by now.
+ * Pictures that lay in the place of a song which has none would be shown with it. It is on the
+ * medium by now.
  */
 void PlanExecution::removeOldPictures(const FileCopier::Song &song)
 {
@@ -169,13 +176,23 @@ bool PlanExecution::hasFolder(const QString &folder, const TransferPlan &plan)
            makeFolder(folder);
 }
 
-void PlanExecution::tellSkipped(const Item &item)
+QString PlanExecution::whyNotNeeded(const TransferPlan &plan, const Item &item)
 {
+    return item.state == State::Renamed
+               ? tr("è già nella memoria come %1").arg(item.target.mid(plan.root.size()))
+               : tr("è già nella memoria");
+}
+
+void PlanExecution::tellSkipped(const Item &item, const TransferPlan &plan)
+{
+    const bool isTaken = m_placesTaken.contains(nameKey(item.target));
     switch (item.state) {
     case State::Same:
     case State::Renamed:
+        if (isTaken)
+            break;
         if (QFileInfo::exists(item.target))
-            m_result.alreadyThere.append(item.path);
+            m_result.alreadyThere.append({item.path, whyNotNeeded(plan, item)});
         else
             m_result.failed.append({item.path, tr("non è più sulla memoria")});
         m_allThere = m_allThere && QFileInfo::exists(item.target);
@@ -194,7 +211,9 @@ void PlanExecution::tellSkipped(const Item &item)
         break;
     }
     QString reason = item.reason;
-    if (reason.isEmpty() && item.state == State::Differs)
+    if (reason.isEmpty() && isTaken && item.state != State::Collides)
+        reason = tr("un'altra song dell'elenco ha preso il suo posto");
+    else if (reason.isEmpty() && item.state == State::Differs)
         reason = tr("esisteva già e non è stata sostituita");
     else if (reason.isEmpty() && item.state == State::Collides)
         reason = tr("un'altra song dell'elenco ha lo stesso nome");

@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -36,7 +37,7 @@ public:
         QStringList copied;          ///< the songs of the list that have arrived
         QStringList replaced;        ///< songs of the memory whose place they took
         QStringList removedPictures; ///< that belonged to songs that were replaced
-        QStringList alreadyThere;    ///< those that need not be copied
+        QList<Named> alreadyThere;   ///< those that need not be copied
         QList<Named> skipped;        ///< those that were left out
         QList<Named> failed;         ///< those that should have been copied or removed
         QStringList notReached;      ///< those behind a stop
@@ -57,19 +58,23 @@ public:
 
     Result run(const TransferPlan &plan);
 
+    /** Why a song that is there, perhaps under a shortened name, need not be copied. */
+    static QString whyNotNeeded(const TransferPlan &plan, const TransferPlan::Item &item);
+
 private:
     void copyAll(const TransferPlan &plan);
     void copyInto(const QString &folder, const QList<int> &numbers, const TransferPlan &plan,
                   Progress &progress);
     bool hasFolder(const QString &folder, const TransferPlan &plan);
     void removeOldPictures(const FileCopier::Song &song);
-    void tellSkipped(const TransferPlan::Item &item);
+    void tellSkipped(const TransferPlan::Item &item, const TransferPlan &plan);
     void update(const TransferPlan &plan);
     void fail(const QList<int> &numbers, const TransferPlan &plan, const QString &reason);
 
     const OpenProgress m_openProgress;
     const UpdateIndex m_updateIndex;
     Result m_result;
-    int m_done = 0;         ///< songs that copies were tried of
-    bool m_allThere = true; ///< no song is missing that was to be on the memory
+    int m_done = 0;              ///< songs that copies were tried of
+    QSet<QString> m_placesTaken; ///< by songs that were copied, as nameKey()
+    bool m_allThere = true;      ///< no song is missing that was to be on the memory
 };

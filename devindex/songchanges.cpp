@@ -1,5 +1,7 @@
 #include "devindex/songchanges.h"
 
+#include "devindex/indexlists.h"
+#include "devindex/memorydevice.h"
 #include "devindex/songname.h"
 #include "devindex/songremoval.h"
 #include "devindex/songrenamer.h"
@@ -36,6 +38,7 @@ SongInfoIndex *entryOf(QList<SongInfoIndex> &entries, const QString &path)
 
 SongChanges::SongChanges(const QString &root, OpenProgress openProgress)
     : m_root(root.size() > 1 && root.endsWith(QLatin1Char('/')) ? root.chopped(1) : root)
+    , m_device(memoryDevice(m_root))
     , m_openProgress(std::move(openProgress))
 {
 }
@@ -204,7 +207,7 @@ SongChanges::Report SongChanges::build(bool anew)
 
 QString SongChanges::whyNotBuilt(const Index &index) const
 {
-    if (!QFileInfo(m_root).isDir() || !index.isMemoryThere())
+    if (!isThere())
         return tr("La memoria non è più collegata.");
     if (index.filesFound == 0)
         return index.checkIndexFile() ? tr("Il database della memoria è danneggiato: rigenerarlo.")
@@ -213,10 +216,18 @@ QString SongChanges::whyNotBuilt(const Index &index) const
               "spazio libero e che non sia protetta da scrittura.");
 }
 
+/** False when the memory was pulled; its folder may still be there, on the system disk. */
+bool SongChanges::isThere() const
+{
+    return !m_device.isEmpty() && memoryDevice(m_root) == m_device;
+}
+
 SongChanges::Report SongChanges::run(const Work &work)
 {
     return runWithIndex([&](Index &index, std::unique_ptr<Progress> &progress, Report &report) {
         const Index::Change changed = index.changeSongs(m_root, [&](QList<SongInfoIndex> &entries) {
+            if (!entries.isEmpty() && !indexlists::agree(m_root, entries))
+                indexlists::distrust(entries);
             if (!work(entries, report))
                 return false;
             progress = m_openProgress(tr("Aggiornamento"), tr("Aggiornamento database..."), 0);
@@ -234,11 +245,15 @@ SongChanges::Report SongChanges::runWithIndex(const IndexWork &work)
 {
     Report report;
     MemoryLock lock(m_root);
-    if (!lock.take()) {
+    const bool isLocked = isThere() && lock.take(); // a lock is a file, too
+    if (!isThere())
+        report.refusal = tr("La memoria non è più collegata.");
+    else if (!isLocked)
         report.refusal = lock.message();
+    if (!report.refusal.isEmpty())
         return report;
-    }
     Index index;
+    index.device = m_device;
     index.setRenameQuestion(m_question);
     std::unique_ptr<Progress> progress;
     QObject::connect(&index, &Index::errorFromIndex, &index,

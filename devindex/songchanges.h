@@ -5,6 +5,7 @@
 #include "library/keepalive.h"
 #include "library/progress.h"
 
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QList>
 #include <QString>
@@ -43,8 +44,14 @@ public:
         }
     };
 
-    /** The memory with this root folder. */
+    /** The memory with this root folder, which must be there when the object is made. */
     SongChanges(const QString &root, OpenProgress openProgress);
+
+    /**
+     * The memory is the one of this memoryDevice(): where that was pulled meanwhile nothing is
+     * done. Without it, the memory is the one that is there when the object is made.
+     */
+    void setDevice(const QByteArray &device) { m_device = device; }
 
     /** Who is asked, while the index is updated, about names that are too long for the player. */
     void setRenameQuestion(Index::RenameQuestion question) { m_question = std::move(question); }
@@ -89,9 +96,11 @@ private:
     Report runWithIndex(const IndexWork &work);
     Report build(bool anew);
     QString whyNotBuilt(const Index &index) const;
+    bool isThere() const;
     bool removeAll(const QStringList &paths, Report &report);
 
     const QString m_root;
+    QByteArray m_device;
     const OpenProgress m_openProgress;
     Index::RenameQuestion m_question;
     KeepAlive m_keepAlive;

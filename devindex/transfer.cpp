@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
 #include <QStorageInfo>
 
 #include <filesystem>
@@ -26,6 +27,15 @@ constexpr QLatin1String songsFolder("/songs");
 QString fileNameOf(const QString &path)
 {
     return path.section(QLatin1Char('/'), -1);
+}
+
+/** A line for each. */
+QStringList named(const QList<PlanExecution::Named> &songs)
+{
+    QStringList texts;
+    for (const PlanExecution::Named &song : songs)
+        texts.append(fileNameOf(song.path) + QLatin1String(": ") + song.reason);
+    return texts;
 }
 
 void logBanner()
@@ -51,6 +61,8 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
         return Outcome::NotStarted;
     const auto &[root, dest, isRoot] = *destination;
     m_device = memoryDevice(root);
+    m_present.clear();
+    QStringList songs = files;
     MemoryLock lock(root);
     if (!takeLock(lock, tr("Trasferimento"), isRoot))
         return Outcome::NotStarted;
@@ -65,17 +77,17 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
             return Outcome::NotStarted;
         if (answer == TransferUser::Review::CarryOut)
             return carryOut(*plan, lock);
+        if (answer == TransferUser::Review::OnlyMissing)
+            songs = leaveOutPresent(files, *plan);
         m_readBack = plan->readBack;
     }
-    if (isRoot && !makeSongsFolder(dest))
-        return Outcome::NotStarted;
-    if (!hasRoom(files, dest))
+    if (!hasRoom(songs, dest) || (isRoot && !makeSongsFolder(dest)))
         return Outcome::NotStarted;
 
     logBanner();
     FileCopier copier([this](const QString &target) { return m_user.askReplace(target); });
     copier.setReadBack(m_readBack);
-    const bool copied = copyFiles(files, dest, copier);
+    const bool copied = copyFiles(songs, dest, copier);
     const bool indexed = updateIndex(root);
     lock.release(); // whoever reads the result may pull the memory out
 
@@ -85,7 +97,7 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
         m_user.inform(tr("Trasferimento"), tr("Tutti i file sono stati copiati correttamente"));
     else
         m_user.showFailure(tr("Trasferimento"), tr("Non è stato possibile copiare uno o più file"));
-    tellCounts(copier.report(), files.size(), indexed);
+    tellCounts(copier.report(), songs.size(), indexed);
     return complete ? Outcome::Complete : Outcome::Incomplete;
 }
 
@@ -128,6 +140,21 @@ Transfer::Outcome Transfer::carryOut(const TransferPlan &plan, MemoryLock &lock)
                            tr("Non è stato possibile eseguire tutto il piano"));
     tellCounts(result);
     return result.isComplete() ? Outcome::Complete : Outcome::Incomplete;
+}
+
+/** The files but those that are there under a shortened name, which are noted. */
+QStringList Transfer::leaveOutPresent(const QStringList &files, const TransferPlan &plan)
+{
+    QSet<QString> present;
+    for (const TransferPlan::Item &item : plan.items) {
+        if (item.state != TransferPlan::State::Renamed)
+            continue;
+        present.insert(item.path);
+        m_present.append({item.path, PlanExecution::whyNotNeeded(plan, item)});
+    }
+    QStringList left = files;
+    left.removeIf([&present](const QString &file) { return present.contains(file); });
+    return left;
 }
 
 /** The plan opens by itself: the user, who has not asked for it yet, decides what is replaced. */
@@ -192,6 +219,7 @@ bool Transfer::updateIndex(const QString &root, const std::function<bool()> &rem
     };
 
     Index index;
+    index.device = m_device;
     index.setRenameQuestion([this](const QString &item, const QString &message) {
         return m_user.askRename(item, message);
     });
@@ -306,7 +334,7 @@ QString Transfer::whyNotIntoRoot(WriteProblem::Kind problem)
 /** False when the files do not fit and the user does not want to try. */
 bool Transfer::hasRoom(const QStringList &files, const QString &dest)
 {
-    const qint64 available = m_freeBytes(dest);
+    const qint64 available = m_freeBytes(QFileInfo(dest).isDir() ? dest : QFileInfo(dest).path());
     if (available < 0)
         return true;
     const qint64 missing = FileCopier::roomNeeded(files, dest) - available;
@@ -331,6 +359,12 @@ bool Transfer::copyFiles(const QStringList &files, const QString &dest, FileCopi
     return copier.copyFiles(files, dest, copied, *progress);
 }
 
+void Transfer::tellPresent(const QList<PlanExecution::Named> &songs)
+{
+    if (!songs.isEmpty())
+        m_user.tellPresent(named(songs));
+}
+
 /** The box before this one says whether all went well; this one says what did not. */
 void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, bool indexed)
 {
@@ -339,6 +373,8 @@ void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, boo
     QStringList lines = {tr("Song copiate: %1").arg(report.copied),
                          tr("Song saltate: %1").arg(notCopied),
                          tr("Song non copiate (errori): %1").arg(report.failed.size())};
+    if (!m_present.isEmpty())
+        lines.insert(1, tr("Song già presenti: %1").arg(m_present.size()));
     if (stopped > 0)
         lines.append(tr("Song non più copiate dopo l'interruzione: %1").arg(stopped));
     lines += indexLines(indexed);
@@ -348,6 +384,7 @@ void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, boo
     for (const QString &source : report.replaced)
         skipped.append(tr("%1: sostituita da un'altra song scelta con lo stesso nome")
                            .arg(fileNameOf(source)));
+    tellPresent(m_present);
     m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
                       report.failedLines() + m_indexProblems, skipped);
 }
@@ -363,17 +400,12 @@ void Transfer::tellCounts(const PlanExecution::Result &result)
         lines.append(
             tr("Song non più copiate dopo l'interruzione: %1").arg(result.notReached.size()));
     lines += indexLines(result.indexed);
-    const auto named = [](const QList<PlanExecution::Named> &songs) {
-        QStringList texts;
-        for (const PlanExecution::Named &song : songs)
-            texts.append(fileNameOf(song.path) + QLatin1String(": ") + song.reason);
-        return texts;
-    };
     QStringList skipped = named(result.skipped);
     for (const QString &song : result.replaced)
         skipped.append(tr("%1: sostituita").arg(fileNameOf(song)));
     for (const QString &song : result.removedPictures + result.removed)
         skipped.append(tr("%1: rimossa").arg(fileNameOf(song)));
+    tellPresent(result.alreadyThere);
     m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
                       named(result.failed) + m_indexProblems, skipped);
 }

@@ -37,8 +37,9 @@ public:
 
     /** What to do about a plan that shows that songs would be lost or doubled. */
     enum class Review {
-        AsAlways, ///< copy each song under its own name, and ask before one is replaced
-        CarryOut, ///< what the plan says, as it was left
+        AsAlways,    ///< copy each song under its own name, and ask before one is replaced
+        OnlyMissing, ///< the same, but without the songs that are there under a shortened name
+        CarryOut,    ///< what the plan says, as it was left
         Cancel
     };
 
@@ -59,6 +60,9 @@ public:
     virtual void warn(const QString &title, const QString &text) = 0;
     virtual void inform(const QString &title, const QString &text) = 0;
     virtual void showFailure(const QString &title, const QString &text) = 0;
+
+    /** Songs that were there already, a line each with the place; before tellCounts(), if any. */
+    virtual void tellPresent(const QStringList &songs) { Q_UNUSED(songs) }
 
     /**
      * Tells what became of the songs. The songs that failed or that the player will not find, and
@@ -154,6 +158,8 @@ private:
     bool updateIndex(const QString &root, const std::function<bool()> &removal = {});
     bool hasRoom(const QStringList &files, const QString &dest);
     bool copyFiles(const QStringList &files, const QString &dest, FileCopier &copier);
+    QStringList leaveOutPresent(const QStringList &files, const TransferPlan &plan);
+    void tellPresent(const QList<PlanExecution::Named> &songs);
     void tellCounts(const FileCopier::Report &report, qsizetype files, bool indexed);
     void tellCounts(const PlanExecution::Result &result);
     QStringList indexLines(bool indexed) const;
@@ -165,6 +171,7 @@ private:
     const FreeBytes m_freeBytes;
     bool m_readBack = false;
     qsizetype m_changedSongs = 0;
-    QByteArray m_device;         ///< of the memory that the job is about
+    QByteArray m_device;                   ///< of the memory that the job is about
+    QList<PlanExecution::Named> m_present; ///< songs that were left out, since they are there
     QStringList m_indexProblems; ///< what the last update of an index said about single songs
 };

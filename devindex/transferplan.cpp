@@ -1,7 +1,10 @@
 #include "devindex/transferplan.h"
 
 #include "devindex/memorydevice.h"
+#include "devindex/namekey.h"
 #include "devindex/songinfoindex.h"
+
+#include <QHash>
 
 #include <algorithm>
 
@@ -50,11 +53,15 @@ QList<TransferPlan::Remedy> TransferPlan::Item::remedies() const
         all = {Remedy::Replace, Remedy::KeepBoth, Remedy::SubFolder};
         break;
     case State::Renamed:
+        all = {Remedy::KeepBoth, Remedy::Replace, Remedy::SubFolder};
+        break;
     case State::Collides:
-        all = {Remedy::KeepBoth, Remedy::SubFolder};
+        all = {Remedy::KeepBoth, Remedy::Replace, Remedy::SubFolder};
+        if (isTwin)
+            all.removeOne(Remedy::Replace);
         break;
     case State::TooLong:
-        all = {Remedy::KeepBoth};
+        all = {Remedy::KeepBoth, Remedy::SubFolder};
         break;
     case State::Remove:
         all = {Remedy::Remove};
@@ -77,6 +84,25 @@ void TransferPlan::choose(const QList<int> &numbers, Remedy remedy)
         Item &item = items[number];
         if (item.remedies().contains(remedy))
             item.remedy = remedy;
+    }
+    if (remedy == Remedy::Copy || remedy == Remedy::Replace)
+        giveWay(numbers);
+}
+
+/** All other places are nobody else's from the start. */
+void TransferPlan::giveWay(const QList<int> &numbers)
+{
+    QHash<QString, int> owners;
+    for (const int number : numbers) {
+        const Item &item = items.at(number);
+        if (!item.destination().isEmpty() && item.destination() == item.target)
+            owners.insert(nameKey(item.target), number);
+    }
+    for (int number = 0; number < items.size(); ++number) {
+        Item &item = items[number];
+        const QString destination = item.destination();
+        if (!destination.isEmpty() && owners.value(nameKey(destination), number) != number)
+            item.remedy = Remedy::Skip;
     }
 }
 

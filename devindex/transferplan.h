@@ -38,7 +38,8 @@ struct TransferPlan {
         QString target;          ///< where it lies on the memory, or would under its own name
         QString keepBothTarget;  ///< a free path; empty when there is none, or no need of one
         QString subFolderTarget; ///< likewise
-        QString reason;          ///< why it cannot or need not be copied, for the user; else empty
+        QString reason;          ///< why it cannot or need not be copied, or whose pictures lie in
+                                 ///< its place, for the user; else empty
         bool isTwin = false;     ///< collides with a song of the same bytes: nothing is lost
         bool isThere = false;    ///< a song lies at the target
         qint64 room = 0;         ///< that it takes, with its pictures, in whole clusters
@@ -65,7 +66,10 @@ struct TransferPlan {
     qint64 songsThere = 0;  ///< that an index of the memory would list now
     bool readBack = false;  ///< each copy is read back and compared
 
-    /** Gives those of the songs, by their numbers, this remedy that can have it. */
+    /**
+     * Gives those of the songs, by their numbers, this remedy that can have it. Two songs never get
+     * one place: the one for which it was chosen last has it, and the other is skipped.
+     */
     void choose(const QList<int> &numbers, Remedy remedy);
 
     /** False when the memory was taken out since the plan was made. */
@@ -94,4 +98,7 @@ struct TransferPlan {
      * songs that are there already under another name, too little room, too many songs.
      */
     bool needsReview() const;
+
+private:
+    void giveWay(const QList<int> &numbers);
 };

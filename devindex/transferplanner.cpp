@@ -13,7 +13,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStorageInfo>
 
 #include <algorithm>
 
@@ -64,19 +63,6 @@ bool canBeRead(const QString &path)
 
 } // namespace
 
-MemoryRoom MemoryRoom::of(const QString &folder)
-{
-    const QStorageInfo storage(folder);
-    MemoryRoom room;
-    room.medium = WriteProblem::Medium::of(folder);
-    if (!storage.isValid())
-        return room;
-    room.freeBytes = storage.bytesAvailable();
-    room.totalBytes = storage.bytesTotal();
-    room.clusterSize = storage.blockSize();
-    return room;
-}
-
 TransferPlanner::TransferPlanner(const QString &root, const QString &folder)
     : m_root(root)
     , m_folder(folder)
@@ -104,6 +90,7 @@ std::optional<TransferPlan> TransferPlanner::plan(const QStringList &files, Prog
         !forAll(progress, true, &TransferPlanner::lookUnderItsName) ||
         !forAll(progress, false, &TransferPlanner::lookUnderShortNames) ||
         !forAll(progress, false, &TransferPlanner::decide) ||
+        !forAll(progress, false, &TransferPlanner::reserveShortName) ||
         !forAll(progress, false, &TransferPlanner::propose))
         return std::nullopt;
     if (m_listsOthers)
@@ -259,7 +246,7 @@ void TransferPlanner::decide(Item &item)
     }
     if (item.state != State::New) {
         item.remedy = item.state == State::Differs ? Remedy::Replace : Remedy::Skip;
-        if (item.state == State::Differs)
+        if (item.state != State::Same)
             item.roomThere = clusters(item.target) + clusters(companionOf(item.target));
         return;
     }
@@ -282,14 +269,18 @@ void TransferPlanner::decide(Item &item)
         item.remedy = item.isTwin ? Remedy::Skip : Remedy::KeepBoth;
         if (item.isTwin)
             item.reason = tr("è la stessa song, scelta due volte");
+        if (!there.isEmpty()) {
+            item.isThere = true;
+            item.target = there;
+            item.roomThere = clusters(there);
+        }
         return;
     }
     m_taken.insert(key, item.path);
     m_shortNames.keepFree(item.target);
-    const QString pictures =
-        item.companion.isEmpty() ? QString() : companionTarget(item.companion, item.target);
+    const QString pictures = picturesInTheWay(item, item.target);
     item.isThere = !there.isEmpty();
-    if (!item.isThere && (pictures.isEmpty() || !isTaken(pictures))) {
+    if (!item.isThere && pictures.isEmpty()) {
         item.remedy = Remedy::Copy;
         return;
     }
@@ -297,10 +288,36 @@ void TransferPlanner::decide(Item &item)
     item.remedy = Remedy::Replace;
     if (item.isThere)
         item.target = there;
+    else
+        item.reason = tr("nella memoria ci sono altre immagini karaoke con il suo nome");
     claim(item.target);
     item.roomThere = clusters(item.target);
-    if (!pictures.isEmpty())
+    if (!item.companion.isEmpty())
         item.roomThere += clusters(pictures);
+}
+
+/** Pictures at the target that the player would show with the song; those of its own replace it. */
+QString TransferPlanner::picturesInTheWay(const Item &item, const QString &target)
+{
+    if (item.companion.isEmpty())
+        return companionOf(target);
+    const QString pictures = companionTarget(item.companion, target);
+    return isTaken(pictures) ? pictures : QString();
+}
+
+/** The update of the index gives a song a short name, where one is left for such names. */
+void TransferPlanner::reserveShortName(Item &item)
+{
+    if (item.isThere || item.destination() != item.target || isShortName(item.target))
+        return;
+    const QString shortName = m_shortNames.candidateForSong(item.target);
+    if (!shortName.isEmpty()) {
+        m_shortNames.keepFree(shortName);
+        return;
+    }
+    item.state = State::TooLong;
+    item.remedy = Remedy::Skip;
+    item.reason = tr("per i nomi che iniziano così il player non ha più nomi brevi");
 }
 
 /** Finds free places; only now all names are known that the list itself needs. */
@@ -316,7 +333,8 @@ void TransferPlanner::propose(Item &item)
             m_shortNames.keepFree(free);
         }
     }
-    if (item.state != State::TooLong)
+    // In another folder there are short names again, but not for a name that cannot be at all.
+    if (item.state != State::TooLong || whyTooLong(nameOf(item.path)).isEmpty())
         proposeSubFolder(item);
     if (item.remedy == Remedy::KeepBoth && item.keepBothTarget.isEmpty())
         item.remedy = item.subFolderTarget.isEmpty() ? Remedy::Skip : Remedy::SubFolder;
@@ -335,7 +353,8 @@ void TransferPlanner::proposeSubFolder(Item &item)
         below.size() - nameOf(below).size() + shortenedSize(nameOf(item.path), false);
     if (size > PathRecord::maxPathLength)
         return;
-    if (m_taken.contains(nameKey(target)) || !existing(target).isEmpty())
+    if (m_taken.contains(nameKey(target)) || !existing(target).isEmpty() ||
+        !picturesInTheWay(item, target).isEmpty())
         target = m_shortNames.candidateForSong(target);
     if (target.isEmpty())
         return;

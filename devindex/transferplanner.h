@@ -2,11 +2,11 @@
 #pragma once
 
 #include "devindex/contentcomparer.h"
+#include "devindex/memoryroom.h"
 #include "devindex/shortname.h"
 #include "devindex/transferplan.h"
 #include "library/keepalive.h"
 #include "library/progress.h"
-#include "storage/writeproblem.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -16,16 +16,6 @@
 
 #include <optional>
 #include <vector>
-
-/** What a memory says about its room. */
-struct MemoryRoom {
-    qint64 freeBytes = -1; ///< negative when unknown
-    qint64 totalBytes = -1;
-    qint64 clusterSize = 0;
-    WriteProblem::Medium medium; ///< by which names are judged
-
-    static MemoryRoom of(const QString &folder);
-};
 
 /**
  * Holds the songs of a list against a memory: by name, by size and, where the sizes are equal, by
@@ -83,6 +73,7 @@ private:
     void lookUnderItsName(Item &item);
     void lookUnderShortNames(Item &item);
     void decide(Item &item);
+    void reserveShortName(Item &item);
     void propose(Item &item);
     void keepAlternatives(const Item &item);
     void addOthers();
@@ -100,6 +91,7 @@ private:
     QString heldName(const QString &name) const;
     QString subFolderFor(const QString &path);
     void proposeSubFolder(Item &item);
+    static QString picturesInTheWay(const Item &item, const QString &target);
     qint64 clusters(const QString &file) const;
     qint64 inClusters(qint64 size) const;
 

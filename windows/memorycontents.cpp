@@ -1,9 +1,8 @@
 #include "windows/memorycontents.h"
 
 #include "devindex/eject.h"
+#include "devindex/memorydevice.h"
 #include "storage/memorylock.h"
-
-#include <QFileInfo>
 
 MemoryContents::MemoryContents(const QString &root)
     : m_memory(root)
@@ -12,7 +11,8 @@ MemoryContents::MemoryContents(const QString &root)
 
 QString MemoryContents::read(Progress &progress)
 {
-    if (!QFileInfo(root()).isDir())
+    m_device = memoryDevice(root());
+    if (m_device.isEmpty())
         return tr("La memoria non è collegata.");
     m_canEject = Ejector::ofSystem()->isAvailable();
     // While another program works on the memory, what is read fits together only by chance. A
@@ -28,11 +28,18 @@ QString MemoryContents::read(Progress &progress)
     case MemorySongs::Outcome::Done:
         break;
     }
+    if (!isThere())
+        return tr("La memoria non è più collegata.");
     m_facts = MemoryFacts::of(root());
     m_playlists = playlistsOf(m_memory);
     m_sameTitle = memoryduplicates::sameTitle(m_memory.songs());
     m_isRead = true;
     return {};
+}
+
+bool MemoryContents::isThere() const
+{
+    return !m_device.isEmpty() && memoryDevice(root()) == m_device;
 }
 
 QString MemoryContents::whyNotChanged() const

@@ -6,6 +6,7 @@
 #include "devindex/memoryplaylists.h"
 #include "devindex/memorysongs.h"
 
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QList>
 #include <QString>
@@ -31,6 +32,13 @@ public:
     bool isRead() const { return m_isRead; }
 
     QString root() const { return m_memory.root(); }
+
+    /** False when the memory that was read is not the one that is mounted there now, if any. */
+    bool isThere() const;
+
+    /** memoryDevice() of the memory that was read. */
+    const QByteArray &device() const { return m_device; }
+
     const MemorySongs &memory() const { return m_memory; }
     const QList<MemorySong> &songs() const { return m_memory.songs(); }
     const MemoryFacts &facts() const { return m_facts; }
@@ -50,6 +58,7 @@ public:
 
 private:
     MemorySongs m_memory;
+    QByteArray m_device;
     MemoryFacts m_facts;
     QList<MemoryPlaylist> m_playlists;
     QList<memoryduplicates::Group> m_sameTitle;

@@ -60,7 +60,8 @@ void TransferDialogs::tellCounts(const QString &title, const QString &text,
                     QMessageBox::Ok, m_parent);
     // A file's name could look like markup.
     box.setTextFormat(Qt::PlainText);
-    setDetails(box, failed + skipped);
+    setDetails(box, failed + skipped + m_present);
+    m_present.clear();
     const QAbstractButton *show = nullptr;
     const QAbstractButton *eject = nullptr;
     if (m_offersNext) {

@@ -39,12 +39,14 @@ public:
     void warn(const QString &title, const QString &text) override;
     void inform(const QString &title, const QString &text) override;
     void showFailure(const QString &title, const QString &text) override;
+    void tellPresent(const QStringList &songs) override { m_present = songs; }
     void tellCounts(const QString &title, const QString &text, const QStringList &failed,
                     const QStringList &skipped) override;
 
 private:
     QWidget *const m_parent;
     QString m_folder;
+    QStringList m_present;
     bool m_offersNext = false;
     Next m_next = Next::Nothing;
 };

@@ -166,9 +166,12 @@ void TransferPlanDialog::refresh()
                                    .arg(sizeText(m_plan.totalBytes - m_plan.freeBytes),
                                         sizeText(m_plan.totalBytes), sizeText(needed),
                                         sizeText(m_plan.freeBytes)));
-    const int replaced = m_plan.count(Remedy::Replace);
+    const auto replaced = static_cast<int>(std::count_if(
+        m_plan.items.cbegin(), m_plan.items.cend(), [](const TransferPlan::Item &item) {
+            return item.remedy == Remedy::Replace && item.isThere;
+        }));
     const int added = m_plan.count(Remedy::Copy) + m_plan.count(Remedy::KeepBoth) +
-                      m_plan.count(Remedy::SubFolder);
+                      m_plan.count(Remedy::SubFolder) + m_plan.count(Remedy::Replace) - replaced;
     const int removed = m_plan.count(Remedy::Remove);
     ui->countsLabel->setText(tr("Song aggiunte: %1. Sostituite: %2. Rimosse: %3. Song nella "
                                 "memoria dopo il trasferimento: %4.")

@@ -188,9 +188,9 @@ QString TransferPlanModel::textOf(const Item &item, int column) const
                                            : item.path.section(slash, -2);
     case Remedy: {
         const QString text = remedyText(item.state, item.remedy);
-        return item.reason.isEmpty() || item.remedy != TransferPlan::Remedy::Skip
-                   ? text
-                   : tr("%1: %2").arg(text, item.reason);
+        const bool isExplained =
+            item.remedy == TransferPlan::Remedy::Skip || item.state == State::Differs;
+        return item.reason.isEmpty() || !isExplained ? text : tr("%1: %2").arg(text, item.reason);
     }
     case Place: {
         const QString destination = item.destination();

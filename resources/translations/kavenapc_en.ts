@@ -1926,6 +1926,18 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>another song of the list has the same name</translation>
     </message>
     <message>
+        <source>è già nella memoria</source>
+        <translation>is on the memory already</translation>
+    </message>
+    <message>
+        <source>è già nella memoria come %1</source>
+        <translation>is on the memory already as %1</translation>
+    </message>
+    <message>
+        <source>un&apos;altra song dell&apos;elenco ha preso il suo posto</source>
+        <translation>another song of the list has taken its place</translation>
+    </message>
+    <message>
         <source>saltata come scelto nel piano</source>
         <translation>skipped as chosen in the plan</translation>
     </message>
@@ -1955,6 +1967,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
 </context>
 <context>
     <name>TransferCommand</name>
+    <message>
+        <source>Song con il nome di un&apos;altra song indicata: %1. Con %2 ognuna ha un nome suo.</source>
+        <translation>Songs with the name of another given song: %1. With %2 each gets a name of its own.</translation>
+    </message>
+    <message>
+        <source>Song già nella memoria con un nome accorciato, che non vengono copiate di nuovo: %1</source>
+        <translation>Songs that are on the memory under a shortened name already and are not copied again: %1</translation>
+    </message>
     <message>
         <source>Song della memoria che non sono nell&apos;elenco: %1</source>
         <translation>Songs on the memory that are not in the list: %1</translation>
@@ -1993,6 +2013,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>è la stessa song, scelta due volte</source>
         <translation>is the same song, chosen twice</translation>
+    </message>
+    <message>
+        <source>per i nomi che iniziano così il player non ha più nomi brevi</source>
+        <translation>for names that begin like this the player has no short names left</translation>
+    </message>
+    <message>
+        <source>nella memoria ci sono altre immagini karaoke con il suo nome</source>
+        <translation>other karaoke pictures with its name lie on the memory</translation>
     </message>
     <message>
         <source>il percorso è troppo lungo per il player</source>

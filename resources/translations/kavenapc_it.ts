@@ -1926,6 +1926,18 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>un&apos;altra song dell&apos;elenco ha lo stesso nome</translation>
     </message>
     <message>
+        <source>è già nella memoria</source>
+        <translation>è già nella memoria</translation>
+    </message>
+    <message>
+        <source>è già nella memoria come %1</source>
+        <translation>è già nella memoria come %1</translation>
+    </message>
+    <message>
+        <source>un&apos;altra song dell&apos;elenco ha preso il suo posto</source>
+        <translation>un&apos;altra song dell&apos;elenco ha preso il suo posto</translation>
+    </message>
+    <message>
         <source>saltata come scelto nel piano</source>
         <translation>saltata come scelto nel piano</translation>
     </message>
@@ -1955,6 +1967,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
 </context>
 <context>
     <name>TransferCommand</name>
+    <message>
+        <source>Song con il nome di un&apos;altra song indicata: %1. Con %2 ognuna ha un nome suo.</source>
+        <translation>Song con il nome di un&apos;altra song indicata: %1. Con %2 ognuna ha un nome suo.</translation>
+    </message>
+    <message>
+        <source>Song già nella memoria con un nome accorciato, che non vengono copiate di nuovo: %1</source>
+        <translation>Song già nella memoria con un nome accorciato, che non vengono copiate di nuovo: %1</translation>
+    </message>
     <message>
         <source>Song della memoria che non sono nell&apos;elenco: %1</source>
         <translation>Song della memoria che non sono nell&apos;elenco: %1</translation>
@@ -1993,6 +2013,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>è la stessa song, scelta due volte</source>
         <translation>è la stessa song, scelta due volte</translation>
+    </message>
+    <message>
+        <source>per i nomi che iniziano così il player non ha più nomi brevi</source>
+        <translation>per i nomi che iniziano così il player non ha più nomi brevi</translation>
+    </message>
+    <message>
+        <source>nella memoria ci sono altre immagini karaoke con il suo nome</source>
+        <translation>nella memoria ci sono altre immagini karaoke con il suo nome</translation>
     </message>
     <message>
         <source>il percorso è troppo lungo per il player</source>

@@ -1926,6 +1926,18 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>ein anderer Song der Liste hat den gleichen Namen</translation>
     </message>
     <message>
+        <source>è già nella memoria</source>
+        <translation>ist schon auf dem Speicher</translation>
+    </message>
+    <message>
+        <source>è già nella memoria come %1</source>
+        <translation>ist als %1 schon auf dem Speicher</translation>
+    </message>
+    <message>
+        <source>un&apos;altra song dell&apos;elenco ha preso il suo posto</source>
+        <translation>ein anderer Song der Liste hat seinen Platz bekommen</translation>
+    </message>
+    <message>
         <source>saltata come scelto nel piano</source>
         <translation>übersprungen, wie im Plan gewählt</translation>
     </message>
@@ -1955,6 +1967,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
 </context>
 <context>
     <name>TransferCommand</name>
+    <message>
+        <source>Song con il nome di un&apos;altra song indicata: %1. Con %2 ognuna ha un nome suo.</source>
+        <translation>Songs mit dem Namen eines anderen angegebenen Songs: %1. Mit %2 bekommt jeder einen eigenen Namen.</translation>
+    </message>
+    <message>
+        <source>Song già nella memoria con un nome accorciato, che non vengono copiate di nuovo: %1</source>
+        <translation>Songs, die unter einem gekürzten Namen schon auf dem Speicher sind und nicht noch einmal kopiert werden: %1</translation>
+    </message>
     <message>
         <source>Song della memoria che non sono nell&apos;elenco: %1</source>
         <translation>Songs auf dem Speicher, die nicht in der Liste sind: %1</translation>
@@ -1993,6 +2013,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>è la stessa song, scelta due volte</source>
         <translation>ist derselbe Song, zweimal gewählt</translation>
+    </message>
+    <message>
+        <source>per i nomi che iniziano così il player non ha più nomi brevi</source>
+        <translation>für Namen, die so anfangen, hat der Player keine kurzen Namen mehr</translation>
+    </message>
+    <message>
+        <source>nella memoria ci sono altre immagini karaoke con il suo nome</source>
+        <translation>auf dem Speicher liegen andere Karaoke-Bilder mit seinem Namen</translation>
     </message>
     <message>
         <source>il percorso è troppo lungo per il player</source>

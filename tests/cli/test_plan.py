@@ -109,6 +109,13 @@ class DryRun(PlanTest):
         self.assertEqual(lines[1], f"not in the list: {self.card}/songs/c.mid")
         self.assertRegex(lines[2], r"^To copy: .*; free: .*; songs on the memory afterwards: 2$")
 
+    def test_pictures_of_no_song_are_told(self):
+        self.write("k.mp3", mp3("K"))
+        self.on_card("k.cdg", b"of another song")
+        self.assertEqual(self.states("k.mp3"), {"k.mp3": "differs"})
+        out = self.run_kavena("transfer", "--dry-run", "k.mp3", "--to", self.card, status=0).out
+        self.assertIn("other karaoke pictures with its name", out.splitlines()[0])
+
     def test_refused_folders(self):
         self.write("a.mid", song())
         (self.card / "sfx").mkdir()
@@ -118,7 +125,7 @@ class DryRun(PlanTest):
 
     def test_wrong_use(self):
         for options in (["--json"], ["--remove"], ["--dry-run", "--remove"], ["--in-line=x"],
-                        ["--verify", "--json"]):
+                        ["--verify", "--remove"]):
             result = self.run_kavena("transfer", *options, "a.mid", "--to", self.card, status=2)
             self.assertIn("--help", result.err)
 
@@ -166,8 +173,10 @@ class InLine(PlanTest):
         self.write("a.mid", song("A"))
         other = self.on_card("other.mid", song("Other"))
         result = self.in_line("--json", ".")
-        self.assertEqual([(line["path"], line["state"]) for line in result.lines],
-                         [(str(other), "remove")])
+        self.assertEqual([(line["path"], line["state"]) for line in result.lines[:-1]],
+                         [("./a.mid", "new"), (str(other), "remove")])
+        self.assertEqual(list(result.lines[-1]), ["needed", "free", "songs"])
+        self.assertEqual(result.lines[-1]["songs"], 2)
         self.assertIn("not in the list: 1", result.err)
         self.assertIn("--remove", result.err)
         self.assertEqual(self.names(), ["a.mid", "other.mid"])
@@ -194,6 +203,17 @@ class InLine(PlanTest):
         (self.card / "songs" / "link").unlink()
         self.run_kavena("index", "update", self.card, status=0)
         self.assertEqual(self.judge_memory(), "")
+
+    def test_sum_counts_what_is_removed(self):
+        self.write("a.mid", song("A"))
+        self.on_card("other.mid", song("Other"))
+        lines = self.in_line("--remove", "--json", ".").lines
+        self.assertEqual([line["state"] for line in lines[:-1]], ["new", "remove"])
+        self.assertEqual(lines[-1]["songs"], 1)
+        self.assertEqual(self.names(), ["a.mid"])
+        lines = self.in_line("--json", ".", status=3).lines
+        self.assertEqual([line["state"] for line in lines[:-1]], ["same"])
+        self.assertEqual((lines[-1]["needed"], lines[-1]["songs"]), (0, 1))
 
     def test_nothing_is_removed_for_a_list_that_is_not_whole(self):
         self.write("a.mid", song("A"))
@@ -297,7 +317,65 @@ class InLine(PlanTest):
         self.assertEqual(self.judge_memory(), "")
 
 
+class Plain(PlanTest):
+    """Without --in-line each song is copied under its own name, and asked about."""
+
+    def names(self):
+        return sorted(path.name for path in (self.card / "songs").iterdir())
+
+    def test_shortened_songs_are_not_copied_again(self):
+        for number in range(3):
+            self.write(f"Karaoke song {number}.mid", song(f"Number {number}"))
+        transfer = ["transfer", "--rename", "yes", ".", "--to", self.card]
+        first = self.run_kavena(*transfer, status=0)
+        self.assertNotIn("shortened", first.err)
+        shortened = ["Karaok-1.mid", "Karaok-2.mid", "Karaok-3.mid"]
+        self.assertEqual(self.names(), shortened)
+        self.write("new.mid", song("New"))
+        second = self.run_kavena(*transfer, status=0)
+        self.assertEqual(self.names(), [*shortened, "new.mid"])
+        self.assertIn("not copied again: 3", second.err)
+        self.assertIn("Karaoke song 1.mid: is on the memory already as /songs/Karaok-2.mid",
+                      second.err)
+        self.assertIn("Songs copied: 1", second.err)
+        self.run_kavena(*transfer, status=3)
+        self.assertEqual(self.names(), [*shortened, "new.mid"])
+        self.assertEqual(self.judge_memory(), "")
+
+    def test_equal_names_are_told_and_asked_about(self):
+        self.write("a.mid", song("A"))
+        self.write("sub/a.mid", song("Other"))
+        result = self.run_kavena("transfer", "a.mid", "sub/a.mid", "--to", self.card, status=0)
+        self.assertIn("name of another given song: 1. With --in-line", result.err)
+        self.assertIn("--replace yes", result.err)
+        self.assertEqual((self.card / "songs/a.mid").read_bytes(), song("A"))
+
+    def test_nothing_is_told_where_nothing_is_lost_or_doubled(self):
+        self.write("a.mid", song("A"))
+        self.write("b.mid", song("New"))
+        self.on_card("b.mid", song("Old"))
+        result = self.run_kavena("transfer", "--replace", "yes", ".", "--to", self.card, status=0)
+        self.assertEqual(len(result.err.splitlines()), 1, result.err)
+
+
 class Verify(PlanTest):
+    def test_plan_of_a_verified_transfer(self):
+        self.write("a.mid", song("A"))
+        self.write("b.mid", song("New"))
+        self.on_card("b.mid", song("Old"))
+        transfer = ["transfer", "--verify", "--json", ".", "--to", self.card]
+        result = self.run_kavena(*transfer, status=0)
+        self.assertEqual([(line["path"], line["state"]) for line in result.lines[:-1]],
+                         [("./a.mid", "new"), ("./b.mid", "differs")])
+        self.assertEqual(list(result.lines[-1]), ["needed", "free", "songs"])
+        self.assertEqual(result.lines[-1]["songs"], 2)
+        self.assertIn("--replace yes", result.err)
+        self.assertEqual((self.card / "songs/a.mid").read_bytes(), song("A"))
+        self.assertEqual((self.card / "songs/b.mid").read_bytes(), song("Old"))
+        self.run_kavena(*transfer, "--replace", "yes", status=0)
+        self.assertEqual((self.card / "songs/b.mid").read_bytes(), song("New"))
+        self.assertEqual(self.judge_memory(), "")
+
     def test_good_copies_are_verified(self):
         for number in range(3):
             self.write(f"{number}.mid", song(f"Number {number}"))

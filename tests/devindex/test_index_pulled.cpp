@@ -20,6 +20,7 @@ private slots:
     void buildWritesNothing();
     void changeOfSongsWritesNothing();
     void removalOfSongsWritesNothing();
+    void changesOfAPulledMemoryAreNotBegun();
     void transferWritesNothing();
     void planWritesNothing();
 
@@ -145,6 +146,31 @@ void TestIndexPulled::removalOfSongsWritesNothing()
         SongChanges(root(), pullingAt(1)).remove({s("/pop/a.mid"), s("/pop/b.mid")});
     QVERIFY(m_isPulled);
     QVERIFY(!report.isComplete());
+    QVERIFY(isMountPointEmpty());
+}
+
+void TestIndexPulled::changesOfAPulledMemoryAreNotBegun()
+{
+    SongChanges before(root(), pullingAt(1));
+    SongChanges later(root(), pullingAt(1));
+    later.setDevice(memoryDevice(root()));
+    pull();
+    for (SongChanges *const changes : {&before, &later}) {
+        for (const SongChanges::Report &report :
+             {changes->remove({s("/pop/a.mid")}), changes->updateIndex(), changes->rebuildIndex(),
+              changes->rewrite(s("/pop/a.mid"), [] { return QString(); })}) {
+            QVERIFY(!report.isComplete());
+            QVERIFY(report.done.isEmpty());
+        }
+    }
+    QCOMPARE(before.updateIndex().refusal, s("La memoria non è più collegata."));
+    // Songs of the same names on the computer are not touched either.
+    const QString same = m_systemDisk->path() + s("/CARD/pop/a.mid");
+    m_card->write(same, "not on the memory");
+    const SongChanges::Report report = later.remove({s("/pop/a.mid")});
+    QCOMPARE(report.refusal, s("La memoria non è più collegata."));
+    QVERIFY(QFile::remove(same));
+    QVERIFY(QDir(m_systemDisk->path() + s("/CARD")).rmdir(s("pop")));
     QVERIFY(isMountPointEmpty());
 }
 

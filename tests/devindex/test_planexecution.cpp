@@ -53,6 +53,8 @@ private slots:
 
     void planIsShownOnlyWhenSongsWouldBeLostOrDoubled();
     void withoutReviewEverythingIsAsAlways();
+    void songsThatAreThereAreLeftOutWhenTheUserWantsThat();
+    void songsThatAreThereAreNamed();
     void canceledReviewTouchesNothing();
     void answersOfAReviewAreCarriedOut();
     void planThatOpensByItselfReplacesNothing();
@@ -305,6 +307,39 @@ void TestPlanExecution::withoutReviewEverythingIsAsAlways()
     QCOMPARE(m_user->reviews, 1);
     QCOMPARE(m_user->replaceAsked, QStringList(inFolder(QStringLiteral("a.mid"))));
     QCOMPARE(m_card->read(QStringLiteral("pop/a.mid")), MountedCard::midi("B"));
+}
+
+void TestPlanExecution::songsThatAreThereAreLeftOutWhenTheUserWantsThat()
+{
+    m_user->review = TransferUser::Review::OnlyMissing;
+    m_user->replaceAnswer = Answer::Yes;
+    onCard(QStringLiteral("pop/Averyl-1.mid"), "LONG");
+    onCard(QStringLiteral("pop/b.mid"), "OLD");
+    const QStringList files = {song(QStringLiteral("A very long name.mid"), "LONG"),
+                               song(QStringLiteral("b.mid"), "NEW")};
+    QCOMPARE(transfer(files), Transfer::Outcome::Complete);
+    QCOMPARE(m_card->indexedPaths(),
+             QStringList({QStringLiteral("/pop/Averyl-1.mid"), QStringLiteral("/pop/b.mid")}));
+    QCOMPARE(m_user->replaceAsked, QStringList(inFolder(QStringLiteral("b.mid")))); // as always
+    QCOMPARE(m_user->counts,
+             QStringList(QStringLiteral("Trasferimento: Song copiate: 1\nSong già presenti: 1\n"
+                                        "Song saltate: 0\nSong non copiate (errori): 0")));
+    QCOMPARE(m_user->presentLines,
+             QStringList(QStringLiteral(
+                 "A very long name.mid: è già nella memoria come /pop/Averyl-1.mid")));
+}
+
+void TestPlanExecution::songsThatAreThereAreNamed()
+{
+    onCard(QStringLiteral("pop/Averyl-1.mid"), "LONG");
+    onCard(QStringLiteral("pop/b.mid"), "B");
+    QCOMPARE(carryOut(plan({song(QStringLiteral("A very long name.mid"), "LONG"),
+                            song(QStringLiteral("b.mid"), "B")})),
+             Transfer::Outcome::Complete);
+    QCOMPARE(m_user->presentLines,
+             QStringList({QStringLiteral(
+                              "A very long name.mid: è già nella memoria come /pop/Averyl-1.mid"),
+                          QStringLiteral("b.mid: è già nella memoria")}));
 }
 
 void TestPlanExecution::canceledReviewTouchesNothing()

@@ -74,6 +74,7 @@ public:
         if (onEnd)
             onEnd();
     }
+    void tellPresent(const QStringList &songs) override { presentLines = songs; }
     void tellCounts(const QString &title, const QString &text, const QStringList &failed,
                     const QStringList &skipped) override
     {
@@ -103,6 +104,7 @@ public:
     QStringList counts;
     QStringList failedNames;
     QStringList skippedLines;
+    QStringList presentLines;
     QStringList saidBeforeCounts;
     std::function<void()> onEnd;
 };

@@ -119,6 +119,13 @@ void TestTransferDialogs::namesOfSkippedSongsAreShownOnRequest()
                        {QStringLiteral("a.mid: why")});
     QCOMPARE(details, QStringLiteral("b.mid: la memoria è piena\na.mid: why"));
     QCOMPARE(icon, QMessageBox::Warning);
+    dialogs.tellPresent({QStringLiteral("c.mid: where")});
+    dialogs.tellCounts(QStringLiteral("Trasferimento"), QStringLiteral("text"), {},
+                       {QStringLiteral("a.mid: why")});
+    QCOMPARE(details, QStringLiteral("a.mid: why\nc.mid: where"));
+    dialogs.tellCounts(QStringLiteral("Trasferimento"), QStringLiteral("text"), {},
+                       {QStringLiteral("a.mid: why")});
+    QCOMPARE(details, QStringLiteral("a.mid: why")); // they are told once
 }
 
 void TestTransferDialogs::roomQuestionsDefaultIsNo()

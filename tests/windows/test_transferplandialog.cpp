@@ -17,10 +17,13 @@ private slots:
 
     void groupsHaveCountsAndRoom();
     void warningSaysWhyItOpened();
+    void warningForRoomOrNumberAloneSpeaksOfNothingElse();
     void songGetsEachOfItsRemedies_data();
     void songGetsEachOfItsRemedies();
     void severalSongsChangeAtOnce();
     void wholeGroupChangesAtOnce();
+    void songTakesThePlaceOfAnotherOfTheList();
+    void picturesOfNoSongAreTold();
     void songsGetOnlyWhatTheyCanHave();
     void nameIsChosenWithinTheRules();
     void tooLittleRoomKeepsThePlanFromGoing();
@@ -78,6 +81,20 @@ void TestTransferPlanDialog::warningSaysWhyItOpened()
              s("Alcune song sono già nella memoria con un nome accorciato: ci sarebbero due "
                "volte. Lo spazio libero nella memoria non basta per tutte le song. Non è stato "
                "ancora copiato niente."));
+}
+
+void TestTransferPlanDialog::warningForRoomOrNumberAloneSpeaksOfNothingElse()
+{
+    m_room = fatRoom(0);
+    open(plan({song(s("new.mid"), "NEW")}));
+    QCOMPARE(m_window->intro->text(), s("Lo spazio libero nella memoria non basta per tutte le "
+                                        "song. Non è stato ancora copiato niente."));
+    m_room = fatRoom();
+    TransferPlan made = plan({song(s("new.mid"), "NEW")});
+    made.songsThere = 65535;
+    open(made);
+    QCOMPARE(m_window->intro->text(), s("Il player non può trovare così tante song. Non è stato "
+                                        "ancora copiato niente."));
 }
 
 void TestTransferPlanDialog::songGetsEachOfItsRemedies_data()
@@ -151,6 +168,28 @@ void TestTransferPlanDialog::wholeGroupChangesAtOnce()
         QCOMPARE(remedyOf(item), Remedy::SubFolder);
     QCOMPARE(remedyOf(0), Remedy::Copy);
     QCOMPARE(m_dialog->plan().items.at(3).destination(), inFolder(s("d/x.mid")));
+}
+
+void TestTransferPlanDialog::songTakesThePlaceOfAnotherOfTheList()
+{
+    open(plan({song(s("a/x.mid"), "A"), song(s("b/x.mid"), "B")}));
+    m_window->select(m_window->song(0, 0));
+    QVERIFY(m_window->choose(s("Sostituisci")));
+    QCOMPARE(remedyOf(0), Remedy::Skip);
+    QCOMPARE(remedyOf(1), Remedy::Replace);
+    QVERIFY(m_window->counts->text().startsWith(s("Song aggiunte: 1. Sostituite: 0. ")));
+    QVERIFY(m_window->groups().last().contains(s("| Salta |")));
+}
+
+void TestTransferPlanDialog::picturesOfNoSongAreTold()
+{
+    m_card->writeOnCard(s("pop/a.cdg"), "of another song");
+    open(plan({m_card->writeMusic(s("a.mp3"), "A")}), Purpose::Request);
+    const QString why = s(": nella memoria ci sono altre immagini karaoke con il suo nome");
+    QCOMPARE(PlanWindow::text(m_window->song(0, 0), 1), s("Sostituisci") + why);
+    m_window->select(m_window->song(0, 0));
+    QVERIFY(m_window->choose(s("Salta")));
+    QCOMPARE(PlanWindow::text(m_window->song(0, 0), 1), s("Salta") + why);
 }
 
 void TestTransferPlanDialog::songsGetOnlyWhatTheyCanHave()
