@@ -46,6 +46,13 @@ SongInfo withCatalogueData(SongInfo info, const SongsDbRecord &record)
 
 } // namespace
 
+bool CatalogueMerge::knows(const QString &title, const QString &shortName) const
+{
+    SongsDbRecord record;
+    return m_database.getRecordByFilename(withoutExtension(shortName.toUpper()), record) ||
+           m_database.getRecordByTitle(title.toUpper(), record);
+}
+
 std::optional<SongInfo> CatalogueMerge::mergeInto(MetaSong &song, const SongInfo &info,
                                                   const QString &shortName) const
 {

@@ -18,6 +18,9 @@ public:
     {
     }
 
+    /** True when mergeInto() finds a song with this title and this name of its file. */
+    bool knows(const QString &title, const QString &shortName) const;
+
     /**
      * Merges the catalogue's data into the loaded song, in memory. info is what the song holds,
      * shortName the name of its file without the folder. Returns the record that was merged;

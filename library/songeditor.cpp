@@ -14,6 +14,8 @@
 #include <QList>
 #include <QPersistentModelIndex>
 
+#include <algorithm>
+
 SongEditor::SongEditor(SongTable &model, AskEdit askEdit, AskDelete askDelete,
                        OpenProgress openProgress)
     : m_model(model)
@@ -47,16 +49,22 @@ bool SongEditor::edit(int row)
     edit->info.dbgDump();
     const QPersistentModelIndex place = m_model.rowIndex(row);
     m_changesMany = edit->titleToAll || edit->artistToAll || edit->genreToAll || edit->authorToAll;
-    manualModifySong(song, edit->info, path, row);
-    if (m_changesMany)
+    m_history = m_openHistory ? m_openHistory(HistoryJob::Kind::Edit) : nullptr;
+    const bool goesOn = !m_history || m_history->keep({path});
+    if (goesOn)
+        manualModifySong(song, edit->info, path, row);
+    if (goesOn && m_changesMany)
         applyToAll(*edit, place.row());
-    return true;
+    m_history.reset();
+    return goesOn;
 }
 
 void SongEditor::manualModifySong(MetaSong song, const SongInfo &info, const QString &path, int row)
 {
     // The table may be sorted while the file is written.
     const QPersistentModelIndex place = m_model.rowIndex(row);
+    SongInfo before;
+    song.getSongInfo(before);
     song.setSongInfo(info, true);
     logDebug() << "Saving to file: " << path;
     SaveFailure failure = SaveFailure::None;
@@ -71,8 +79,8 @@ void SongEditor::manualModifySong(MetaSong song, const SongInfo &info, const QSt
 
     keepFailure(place.row(), path, failure);
     MetaSong onDisk;
+    SongInfo savedInfo;
     if (onDisk.importFile(path)) {
-        SongInfo savedInfo;
         onDisk.getSongInfo(savedInfo);
         const QString lost = ChangePreview::lostCharacters(std::nullopt, savedInfo, info);
         if (m_changesMany && saved && !lost.isEmpty())
@@ -80,6 +88,8 @@ void SongEditor::manualModifySong(MetaSong song, const SongInfo &info, const QSt
         m_model.updateRow(place.row(), savedInfo);
     }
     m_model.setStatus(place.row(), Database::StatusEdited);
+    if (m_history)
+        m_history->written(path, before, savedInfo);
 }
 
 /** Marks the row and reports its song; with None, takes the mark of an earlier failure away. */
@@ -132,6 +142,8 @@ void SongEditor::applyToAll(const SongEdit &edit, int editedRow)
         QCoreApplication::translate("MainWindow", "Aggiorno la libreria...", "Apply to all"), rows);
     Leftovers leftovers;
     for (int done = 0; done < rows; ++done) {
+        if (!keepNextSongs(songs, done, editedRow))
+            return;
         leftovers.tidyBeside(m_model.fileName(songs.at(done).row()));
         if (MetaSong::takesLongToImport(m_model.fileName(songs.at(done).row())))
             progress->catchUp();
@@ -139,6 +151,20 @@ void SongEditor::applyToAll(const SongEdit &edit, int editedRow)
             progress->updateProgress(done + 1);
         KeepAlive::processEventsNow();
     }
+}
+
+/** Keeps the songs that are going to be changed next; false to stop. */
+bool SongEditor::keepNextSongs(const QList<QPersistentModelIndex> &songs, int place, int editedRow)
+{
+    if (!m_history || place % HistoryRecorder::songsAtOnce != 0)
+        return true;
+    QStringList paths;
+    const qsizetype end = std::min(songs.size(), qsizetype{place} + HistoryRecorder::songsAtOnce);
+    for (qsizetype next = place; next < end; ++next) {
+        if (next != editedRow)
+            paths.append(m_model.fileName(songs.at(next).row()));
+    }
+    return m_history->keep(paths);
 }
 
 /** False when the row's file cannot be read; it then stays as it is, but for the row's mark. */

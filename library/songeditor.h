@@ -4,10 +4,13 @@
 #include "formats/metasong.h"
 #include "formats/songinfo.h"
 #include "library/database.h"
+#include "library/historyrecorder.h"
 #include "library/progress.h"
 #include "library/runreport.h"
 #include "library/songtable.h"
 
+#include <QList>
+#include <QPersistentModelIndex>
 #include <QString>
 
 #include <functional>
@@ -37,6 +40,9 @@ public:
 
     /** The model must outlive the object. */
     SongEditor(SongTable &model, AskEdit askEdit, AskDelete askDelete, OpenProgress openProgress);
+
+    /** Where the songs are kept before they are changed; without it they are not. */
+    void setHistory(OpenHistory openHistory) { m_openHistory = std::move(openHistory); }
 
     /**
      * Lets the user change the row's song and writes it, and then all other songs where he asked
@@ -71,10 +77,14 @@ private:
     void applyToAll(const SongEdit &edit, int editedRow);
     bool applyToRow(const SongEdit &edit, int row);
 
+    bool keepNextSongs(const QList<QPersistentModelIndex> &songs, int place, int editedRow);
+
     SongTable &m_model;
     AskEdit m_askEdit;
     AskDelete m_askDelete;
     OpenProgress m_openProgress;
+    OpenHistory m_openHistory;
+    std::unique_ptr<HistoryRecorder> m_history; ///< of the job that runs; null without one
     RunReport m_report;
     bool m_changesMany = false; ///< if not, the dialog has shown the lost characters
 };

@@ -1,0 +1,349 @@
+#include "library/historystore.h"
+
+#include "library/historytexts.h"
+#include "storage/diagnostics.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QStandardPaths>
+#include <QUuid>
+#include <QtEndian>
+
+namespace
+{
+
+constexpr int layoutVersion = 1;
+
+/** Another program that adds its songs is done before. */
+const QString connectOptions = QStringLiteral("QSQLITE_BUSY_TIMEOUT=10000");
+
+/** Songs are small, and the user waits. */
+constexpr int compressionLevel = 1;
+
+struct SchemaItem {
+    const char *name;
+    const char *statement; ///< as SQLite keeps it
+};
+
+constexpr SchemaItem schema[] = {
+    {"jobs", "CREATE TABLE jobs (number INTEGER PRIMARY KEY AUTOINCREMENT, time INTEGER NOT NULL, "
+             "kind INTEGER NOT NULL, takes_back INTEGER)"},
+    {"songs", "CREATE TABLE songs (id INTEGER PRIMARY KEY AUTOINCREMENT, "
+              "job INTEGER NOT NULL REFERENCES jobs (number) ON DELETE CASCADE, "
+              "path TEXT NOT NULL, new_path TEXT NOT NULL, is_tag INTEGER NOT NULL, "
+              "old_size INTEGER NOT NULL, old_digest BLOB NOT NULL, new_size INTEGER, "
+              "new_digest BLOB, before TEXT, after TEXT, bytes BLOB NOT NULL)"},
+    {"songs_of_job", "CREATE INDEX songs_of_job ON songs (job)"},
+};
+
+/** Larger than any song that is kept, with what compression can add to it. */
+constexpr qint64 largestBlob = qint64{80} << 20;
+
+/** qCompress() puts the size in front, in four bytes; a damaged one must not eat all memory. */
+std::optional<QByteArray> uncompressed(const QByteArray &bytes)
+{
+    constexpr quint32 largestSong = quint32{64} << 20;
+    constexpr qsizetype sizeBytes = 4;
+    if (bytes.size() < sizeBytes || qFromBigEndian<quint32>(bytes.constData()) > largestSong)
+        return {};
+    QByteArray plain = qUncompress(bytes);
+    if (plain.isEmpty() && qFromBigEndian<quint32>(bytes.constData()) != 0)
+        return {};
+    return plain;
+}
+
+/** True for a number that a job can be of; others come from a stranger or a later version. */
+bool isKind(int number)
+{
+    return number >= static_cast<int>(HistoryJob::Kind::Synchronise) &&
+           number <= static_cast<int>(HistoryJob::Kind::Measure);
+}
+
+} // namespace
+
+QString HistoryStore::defaultPath()
+{
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
+        .filePath(QStringLiteral("history.sqlite"));
+}
+
+HistoryStore::HistoryStore(const QString &path, qint64 limit)
+    : m_path(path)
+    , m_limit(limit)
+    , m_connection(QStringLiteral("con_history_") + QUuid::createUuid().toString())
+{
+}
+
+HistoryStore::State HistoryStore::open()
+{
+    m_state = prepare();
+    if (m_state != State::Ready)
+        logWarning() << "[HistoryStore::open] Impossible to use" << m_path
+                     << m_connection.database().lastError().text();
+    return m_state;
+}
+
+HistoryStore::State HistoryStore::prepare()
+{
+    const QFileInfo file(m_path);
+    if (!QDir().mkpath(file.path()) || (file.exists() && !file.isFile()) ||
+        !m_connection.open(m_path, connectOptions))
+        return State::Unwritable;
+    QSqlQuery version(m_connection.database());
+    // Looks into the file for the first time.
+    if (!version.exec(QStringLiteral("PRAGMA user_version")) || !version.next())
+        return file.exists() && file.isReadable() ? State::Damaged : State::Unwritable;
+    const int found = version.value(0).toInt();
+    version.finish();
+    if (found > layoutVersion)
+        return State::Newer;
+    for (const char *const pragma :
+         {"PRAGMA trusted_schema = OFF", "PRAGMA foreign_keys = ON", "PRAGMA synchronous = FULL",
+          "PRAGMA auto_vacuum = INCREMENTAL", "PRAGMA journal_mode = WAL"}) {
+        if (!execute(QLatin1String(pragma)))
+            return State::Unwritable;
+    }
+    // Another program may make the file at the same time.
+    if (!execute(QStringLiteral("BEGIN IMMEDIATE")))
+        return State::Unwritable;
+    bool made = true;
+    QSqlQuery items(m_connection.database());
+    made = items.exec(QStringLiteral("SELECT count(*) FROM sqlite_schema")) && items.next();
+    if (made && items.value(0).toInt() == 0) {
+        for (const SchemaItem &item : schema)
+            made = made && execute(QLatin1String(item.statement));
+        made = made && execute(QStringLiteral("PRAGMA user_version = %1").arg(layoutVersion));
+    }
+    items.finish();
+    if (!execute(made ? QStringLiteral("COMMIT") : QStringLiteral("ROLLBACK")) || !made)
+        return State::Unwritable;
+    return hasOwnLayout() ? State::Ready : State::Damaged;
+}
+
+/** Exactly the tables that this program makes: a stranger's triggers could do anything. */
+bool HistoryStore::hasOwnLayout()
+{
+    QSqlQuery items(m_connection.database());
+    if (!items.exec(QStringLiteral(
+            "SELECT name, sql FROM sqlite_schema WHERE name NOT LIKE 'sqlite_%' ORDER BY name")))
+        return false;
+    for (const SchemaItem &item : schema) {
+        if (!items.next() || items.value(0).toString() != QLatin1String(item.name) ||
+            items.value(1).toString() != QLatin1String(item.statement))
+            return false;
+    }
+    return !items.next();
+}
+
+std::optional<qint64> HistoryStore::addJob(HistoryJob::Kind kind, qint64 takesBack)
+{
+    QSqlQuery insert(m_connection.database());
+    insert.prepare(QStringLiteral("INSERT INTO jobs (time, kind, takes_back) VALUES (?, ?, ?)"));
+    insert.addBindValue(QDateTime::currentMSecsSinceEpoch());
+    insert.addBindValue(static_cast<int>(kind));
+    insert.addBindValue(takesBack == 0 ? QVariant() : QVariant(takesBack));
+    if (m_state != State::Ready || !execute(insert))
+        return {};
+    return insert.lastInsertId().toLongLong();
+}
+
+QList<qint64> HistoryStore::addSongs(qint64 job, const QList<Entry> &entries)
+{
+    QList<qint64> ids;
+    // Only what is on the disk can be taken back after a power cut.
+    if (m_state != State::Ready || !execute(QStringLiteral("PRAGMA synchronous = FULL")) ||
+        !execute(QStringLiteral("BEGIN IMMEDIATE")))
+        return ids;
+    QSqlQuery insert(m_connection.database());
+    insert.prepare(QStringLiteral("INSERT INTO songs (job, path, new_path, is_tag, old_size, "
+                                  "old_digest, bytes) VALUES (?, ?, ?, ?, ?, ?, ?)"));
+    for (const Entry &entry : entries) {
+        insert.addBindValue(job);
+        insert.addBindValue(entry.path);
+        insert.addBindValue(entry.newPath.isNull() ? QLatin1String("") : entry.newPath);
+        insert.addBindValue(entry.snapshot.isTag);
+        insert.addBindValue(entry.snapshot.size);
+        insert.addBindValue(entry.snapshot.digest);
+        insert.addBindValue(qCompress(entry.snapshot.bytes, compressionLevel));
+        if (!execute(insert))
+            break;
+        ids.append(insert.lastInsertId().toLongLong());
+    }
+    if (ids.size() == entries.size() && execute(QStringLiteral("COMMIT")))
+        return ids;
+    execute(QStringLiteral("ROLLBACK"));
+    return {};
+}
+
+bool HistoryStore::finish(qint64 song, const SongInfo &before, const SongInfo &after,
+                          const SongSnapshot &now)
+{
+    // Waiting for the disk here would double the time that the history takes.
+    execute(QStringLiteral("PRAGMA synchronous = NORMAL"));
+    QSqlQuery update(m_connection.database());
+    update.prepare(QStringLiteral(
+        "UPDATE songs SET before = ?, after = ?, new_size = ?, new_digest = ? WHERE id = ?"));
+    update.addBindValue(historytexts::toText(before));
+    update.addBindValue(historytexts::toText(after));
+    update.addBindValue(now.size);
+    update.addBindValue(now.digest);
+    update.addBindValue(song);
+    return execute(update);
+}
+
+bool HistoryStore::forget(qint64 song)
+{
+    execute(QStringLiteral("PRAGMA synchronous = NORMAL"));
+    QSqlQuery removal(m_connection.database());
+    removal.prepare(QStringLiteral("DELETE FROM songs WHERE id = ?"));
+    removal.addBindValue(song);
+    return execute(removal);
+}
+
+bool HistoryStore::removeIfEmpty(qint64 job)
+{
+    QSqlQuery removal(m_connection.database());
+    removal.prepare(QStringLiteral("DELETE FROM jobs WHERE number = ? AND NOT EXISTS "
+                                   "(SELECT 1 FROM songs WHERE job = jobs.number)"));
+    removal.addBindValue(job);
+    return execute(removal);
+}
+
+int HistoryStore::makeRoom(qint64 runningJob)
+{
+    QSqlQuery sizes(m_connection.database());
+    if (m_state != State::Ready ||
+        !sizes.exec(QStringLiteral("SELECT number, coalesce((SELECT sum(length(bytes)) FROM songs "
+                                   "WHERE job = number), 0) FROM jobs ORDER BY number DESC")))
+        return -1;
+    qint64 used = 0;
+    QList<qint64> dropped;
+    while (sizes.next()) {
+        const qint64 number = sizes.value(0).toLongLong();
+        used += sizes.value(1).toLongLong();
+        if (used > m_limit && number != runningJob)
+            dropped.append(number);
+    }
+    sizes.finish();
+    if (dropped.isEmpty())
+        return 0;
+    QSqlQuery removal(m_connection.database());
+    removal.prepare(QStringLiteral("DELETE FROM jobs WHERE number = ?"));
+    for (const qint64 number : std::as_const(dropped)) {
+        removal.addBindValue(number);
+        if (!execute(removal))
+            return -1;
+    }
+    QSqlQuery vacuum(m_connection.database());
+    if (vacuum.exec(QStringLiteral("PRAGMA incremental_vacuum"))) {
+        while (vacuum.next()) { // each step gives a page back
+        }
+    }
+    return static_cast<int>(dropped.size());
+}
+
+QList<HistoryJob> HistoryStore::jobs()
+{
+    QList<HistoryJob> found;
+    QSqlQuery query(m_connection.database());
+    query.setForwardOnly(true);
+    if (m_state != State::Ready ||
+        !query.exec(QStringLiteral(
+            "SELECT number, time, kind, takes_back, (SELECT count(*) FROM songs WHERE job = number "
+            "AND new_digest IS NOT NULL) AS written, (SELECT max(later.number) FROM jobs AS later "
+            "WHERE later.takes_back = jobs.number) FROM jobs WHERE written > 0 "
+            "ORDER BY number DESC")))
+        return found;
+    while (query.next()) {
+        const int kind = query.value(2).toInt();
+        if (!isKind(kind))
+            continue;
+        HistoryJob job;
+        job.number = query.value(0).toLongLong();
+        job.time = QDateTime::fromMSecsSinceEpoch(query.value(1).toLongLong());
+        job.kind = static_cast<HistoryJob::Kind>(kind);
+        job.takesBack = query.value(3).toLongLong();
+        job.songs = query.value(4).toInt();
+        job.takenBackBy = query.value(5).toLongLong();
+        found.append(job);
+    }
+    return found;
+}
+
+QList<HistorySong> HistoryStore::songs(qint64 job)
+{
+    QList<HistorySong> found;
+    QSqlQuery query(m_connection.database());
+    query.setForwardOnly(true);
+    query.prepare(QStringLiteral("SELECT id, path, new_path, old_digest, new_digest, new_size, "
+                                 "before, after FROM songs WHERE job = ? ORDER BY id"));
+    query.addBindValue(job);
+    if (m_state != State::Ready || !execute(query))
+        return found;
+    while (query.next()) {
+        HistorySong song;
+        song.id = query.value(0).toLongLong();
+        song.job = job;
+        song.path = query.value(1).toString();
+        song.newPath = query.value(2).toString();
+        song.oldDigest = query.value(3).toByteArray();
+        song.newDigest = query.value(4).toByteArray();
+        song.newSize = query.value(5).toLongLong();
+        song.before = historytexts::fromText(query.value(6).toString());
+        song.after = historytexts::fromText(query.value(7).toString());
+        found.append(song);
+    }
+    return found;
+}
+
+std::optional<SongSnapshot> HistoryStore::snapshot(const HistorySong &song)
+{
+    QSqlQuery query(m_connection.database());
+    query.prepare(QStringLiteral("SELECT is_tag, old_size, old_digest, bytes FROM songs WHERE id = "
+                                 "? AND length(bytes) <= ?"));
+    query.addBindValue(song.id);
+    query.addBindValue(largestBlob);
+    if (m_state != State::Ready || !execute(query) || !query.next())
+        return {};
+    SongSnapshot snapshot;
+    snapshot.isTag = query.value(0).toBool();
+    snapshot.size = query.value(1).toLongLong();
+    snapshot.digest = query.value(2).toByteArray();
+    const std::optional<QByteArray> bytes = uncompressed(query.value(3).toByteArray());
+    if (!bytes)
+        return {};
+    snapshot.bytes = *bytes;
+    return snapshot;
+}
+
+void HistoryStore::settle(qint64 job)
+{
+    const QList<HistorySong> unfinished = songs(job);
+    for (const HistorySong &song : unfinished) {
+        if (!song.newDigest.isEmpty())
+            continue;
+        const auto now = SongSnapshot::of(song.newPath.isEmpty() ? song.path : song.newPath);
+        if (now && (now->digest != song.oldDigest || !song.newPath.isEmpty()))
+            finish(song.id, song.before, song.after, *now);
+    }
+}
+
+bool HistoryStore::execute(const QString &statement)
+{
+    QSqlQuery query(m_connection.database());
+    if (query.exec(statement))
+        return true;
+    logWarning() << "[HistoryStore]" << statement << query.lastError().text();
+    return false;
+}
+
+bool HistoryStore::execute(QSqlQuery &query)
+{
+    if (query.exec())
+        return true;
+    logWarning() << "[HistoryStore]" << query.lastQuery() << query.lastError().text();
+    return false;
+}

@@ -1,0 +1,101 @@
+// The file in which the history of the user's songs is kept.
+#pragma once
+
+#include "formats/songsnapshot.h"
+#include "library/history.h"
+#include "library/sqlconnection.h"
+
+#include <QList>
+#include <QSqlQuery>
+#include <QString>
+
+#include <optional>
+
+/**
+ * An SQLite file. What is added is on the disk when the function returns, so that no song is
+ * touched before; what only tells how a song ended is safe from a crash of this program, but may be
+ * lost with a power cut: settle() finds it out.
+ *
+ * Several programs may use one file at a time. The file is taken for what a stranger may have
+ * written: one with another layout is refused, and no number or text in it is relied on.
+ */
+class HistoryStore
+{
+public:
+    enum class State {
+        Closed,
+        Ready,
+        Unwritable, ///< the folder or the file cannot be made or written
+        Damaged,    ///< it is no history, or not one that can be read
+        Newer       ///< a later version of this program made it
+    };
+
+    /** Where the user's history lies. */
+    static QString defaultPath();
+
+    static constexpr qint64 defaultLimit = qint64{1} << 30;
+
+    /** The file at the path, which may hold so many bytes of songs. */
+    explicit HistoryStore(const QString &path, qint64 limit = defaultLimit);
+
+    /** Opens the file, and makes it where there is none. */
+    State open();
+
+    State state() const { return m_state; }
+    QString path() const { return m_path; }
+
+    /** A new job; its number, or nothing when it cannot be kept. */
+    std::optional<qint64> addJob(HistoryJob::Kind kind, qint64 takesBack = 0);
+
+    /** A song as it is before a job writes it. */
+    struct Entry {
+        QString path;
+        QString newPath; ///< of a job that renames
+        SongSnapshot snapshot;
+    };
+
+    /** Keeps the songs; their ids in the same order, or none when they cannot be kept. */
+    QList<qint64> addSongs(qint64 job, const QList<Entry> &entries);
+
+    /** Tells how the song was before and is now. */
+    bool finish(qint64 song, const SongInfo &before, const SongInfo &after,
+                const SongSnapshot &now);
+
+    /** The song was not written after all. */
+    bool forget(qint64 song);
+
+    /** Removes the job if it wrote no song. */
+    bool removeIfEmpty(qint64 job);
+
+    /**
+     * Drops the oldest jobs, but for the one that runs, until the limit holds. How many were
+     * dropped, or -1.
+     */
+    int makeRoom(qint64 runningJob);
+
+    /** All jobs that wrote songs, the last one first. */
+    QList<HistoryJob> jobs();
+
+    /** The songs of a job, in the order in which they were written. */
+    QList<HistorySong> songs(qint64 job);
+
+    /** What was kept of the song; nothing when it is damaged. */
+    std::optional<SongSnapshot> snapshot(const HistorySong &song);
+
+    /**
+     * Finds out how the songs ended whose job was cut off between two steps. Called for jobs that
+     * no program works on.
+     */
+    void settle(qint64 job);
+
+private:
+    State prepare();
+    bool hasOwnLayout();
+    bool execute(const QString &statement);
+    bool execute(QSqlQuery &query);
+
+    QString m_path;
+    qint64 m_limit;
+    SqlConnection m_connection;
+    State m_state = State::Closed;
+};

@@ -1,0 +1,170 @@
+#include "library/historyundo.h"
+
+#include "formats/metasong.h"
+#include "library/companion.h"
+#include "library/keepalive.h"
+#include "library/runreport.h"
+#include "storage/leftovers.h"
+#include "storage/safefile.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace
+{
+
+/** So many songs wait for the disk together. */
+constexpr qsizetype songsAtOnce = 16;
+
+SongInfo infoOf(const QString &path)
+{
+    MetaSong song;
+    SongInfo info;
+    if (song.importFile(path))
+        song.getSongInfo(info);
+    return info;
+}
+
+QString placeAfter(const HistorySong &song)
+{
+    return song.newPath.isEmpty() ? song.path : song.newPath;
+}
+
+} // namespace
+
+HistoryUndo::HistoryUndo(HistoryStore &store)
+    : m_store(store)
+{
+}
+
+void HistoryUndo::setKnownSongs(const QStringList &paths)
+{
+    m_known.clear();
+    for (const QString &path : paths)
+        m_known.insert(QFileInfo(path).size(), path);
+}
+
+HistoryUndo::Found HistoryUndo::find(const HistorySong &song)
+{
+    const QString place = placeAfter(song);
+    if (QFileInfo(place).isFile()) {
+        const auto now = SongSnapshot::of(place);
+        if (now && now->digest == song.newDigest)
+            return {State::AsLeft, place};
+        if (song.newPath.isEmpty())
+            return {now && now->digest == song.oldDigest ? State::AlreadyOld : State::Changed,
+                    place};
+    }
+    const QStringList candidates = m_known.values(song.newSize);
+    for (const QString &path : candidates) {
+        const auto now = SongSnapshot::of(path);
+        if (now && now->digest == song.newDigest)
+            return {path == song.path ? State::AlreadyOld : State::AsLeft, path};
+    }
+    return {};
+}
+
+HistoryUndo::Report HistoryUndo::takeBack(const HistoryJob &job, const QList<HistorySong> &songs,
+                                          bool alsoChanged, HistoryRecorder &recorder,
+                                          Progress &progress)
+{
+    Report report;
+    Leftovers leftovers;
+    struct Step {
+        const HistorySong *song;
+        QString path;
+    };
+    QList<Step> steps;
+    int done = 0;
+    // Whatever the job did first is taken back last: a song may have been written twice.
+    for (qsizetype next = songs.size(); next > 0 || !steps.isEmpty();) {
+        report.stopped = report.stopped || progress.wasCanceled();
+        if (report.stopped)
+            break;
+        QStringList paths;
+        while (next > 0 && steps.size() < songsAtOnce) {
+            const HistorySong &song = songs.at(next - 1);
+            if (paths.contains(placeAfter(song)))
+                break; // the job wrote it twice: what is waiting comes first
+            --next;
+            const Found found = find(song);
+            if (found.state == State::AlreadyOld)
+                ++report.alreadyOld;
+            else if (found.state == State::Missing)
+                report.failed.append({placeAfter(song), tr("il file non c'è più")});
+            else if (found.state == State::Changed && !alsoChanged)
+                report.failed.append({found.path, tr("è stata cambiata dopo")});
+            else
+                steps.append({&song, found.path});
+            if (steps.isEmpty() || steps.constLast().song != &song) {
+                progress.updateProgress(++done);
+                KeepAlive::processEventsNow();
+            } else if (job.kind != HistoryJob::Kind::Rename) {
+                paths.append(found.path);
+            }
+        }
+        if (!recorder.keep(paths)) {
+            report.stopped = true;
+            break;
+        }
+        for (const Step &step : std::as_const(steps)) {
+            report.stopped = report.stopped || progress.wasCanceled();
+            if (report.stopped)
+                break;
+            leftovers.tidyBeside(step.path);
+            const bool isRename = job.kind == HistoryJob::Kind::Rename;
+            const QString problem = isRename ? renameBack(*step.song, step.path, recorder)
+                                             : takeBackOne(*step.song, step.path, recorder);
+            if (problem.isEmpty())
+                report.done.append(isRename ? step.song->path : step.path);
+            else
+                report.failed.append({step.path, problem});
+            progress.updateProgress(++done);
+            KeepAlive::processEventsNow();
+        }
+        steps.clear();
+    }
+    return report;
+}
+
+/** Why the song stays as it is; empty when it is as it was. */
+QString HistoryUndo::takeBackOne(const HistorySong &song, const QString &path,
+                                 HistoryRecorder &recorder)
+{
+    const std::optional<SongSnapshot> old = m_store.snapshot(song);
+    if (!old)
+        return tr("la cronologia non la conserva più, o è danneggiata");
+    const SongInfo before = infoOf(path);
+    SaveFailure failure = SaveFailure::None;
+    KeepAlive::workInBackground([&] {
+        failure = old->restore(path);
+        return failure == SaveFailure::None;
+    });
+    recorder.written(path, before, infoOf(path));
+    return RunReport::reasonText(failure);
+}
+
+/** Why the song keeps its name; empty when it has the old one. */
+QString HistoryUndo::renameBack(const HistorySong &song, const QString &path,
+                                HistoryRecorder &recorder)
+{
+    if (isTaken(song.path))
+        return tr("il nome di prima è di un altro file");
+    if (!recorder.keepRenamed(path, song.path))
+        return tr("la cronologia non può essere scritta");
+    const QString pictures = companionOf(path);
+    if (!QFile::rename(path, song.path)) {
+        recorder.forget(path);
+        return tr("non è stato possibile rinominarla");
+    }
+    const QString oldPictures = companionTarget(pictures, song.path);
+    const bool broughtPictures =
+        pictures.isEmpty() || (!isTaken(oldPictures) && QFile::rename(pictures, oldPictures));
+    const bool onMedium = flushFolderOf(song.path) && flushFolderOf(path);
+    recorder.written(path, song.after, song.before);
+    if (!onMedium)
+        return tr("il disco non ha confermato il nuovo nome");
+    return broughtPictures ? QString() : tr("le sue immagini karaoke non sono state rinominate");
+}
