@@ -5,6 +5,7 @@
 #include "formats/songreading.h"
 #include "formats/songsaving.h"
 #include "storage/songfilewriter.h"
+#include "storage/songlayout.h"
 
 #include <QCryptographicHash>
 #include <QFile>
@@ -71,6 +72,13 @@ std::optional<SongSnapshot> SongSnapshot::of(const QString &path)
     }
     snapshot.digest = hash.result();
     return snapshot;
+}
+
+bool SongSnapshot::isSound() const
+{
+    if (isTag)
+        return bytes.isEmpty() || bytes.startsWith(songlayout::id3Magic);
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Blake2b_256) == digest;
 }
 
 SaveFailure SongSnapshot::restore(const QString &path) const

@@ -23,6 +23,9 @@ struct SongSnapshot {
     /** Nothing for a file that is no song, that cannot be read, or whose last save was cut off. */
     static std::optional<SongSnapshot> of(const QString &path);
 
+    /** False for kept bytes that have been damaged, as far as they tell. */
+    bool isSound() const;
+
     /**
      * Gives the song at the path the kept bytes; an MP3 file keeps the audio that it has. None when
      * the file holds them. A failure leaves the file as it was, and so does a file that has become

@@ -316,7 +316,7 @@ std::optional<SongSnapshot> HistoryStore::snapshot(const HistorySong &song)
     if (!bytes)
         return {};
     snapshot.bytes = *bytes;
-    return snapshot;
+    return snapshot.isSound() ? std::optional(snapshot) : std::nullopt;
 }
 
 void HistoryStore::settle(qint64 job)
