@@ -8,7 +8,10 @@
 #include "storage/songlayout.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QTemporaryFile>
 #include <QtEndian>
 
 #include <algorithm>
@@ -72,6 +75,21 @@ std::optional<SongSnapshot> SongSnapshot::of(const QString &path)
     }
     snapshot.digest = hash.result();
     return snapshot;
+}
+
+SongInfo SongSnapshot::info(const QString &name) const
+{
+    SongInfo info;
+    QTemporaryFile copy(QDir(QDir::tempPath()).filePath(QStringLiteral("kavena.XXXXXX.")) +
+                        QFileInfo(name).suffix());
+    if (!copy.open() || copy.write(bytes) != bytes.size() || !copy.flush())
+        return info;
+    MetaSong song;
+    if (song.importFile(copy.fileName()))
+        song.getSongInfo(info);
+    info.fileName = name;
+    info.shortName = QFileInfo(name).fileName();
+    return info;
 }
 
 bool SongSnapshot::isSound() const

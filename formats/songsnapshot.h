@@ -2,6 +2,7 @@
 #pragma once
 
 #include "formats/savefailure.h"
+#include "formats/songinfo.h"
 
 #include <QByteArray>
 #include <QString>
@@ -22,6 +23,11 @@ struct SongSnapshot {
 
     /** Nothing for a file that is no song, that cannot be read, or whose last save was cut off. */
     static std::optional<SongSnapshot> of(const QString &path);
+
+    /**
+     * What the song said of itself; the name gives its kind. Empty when that cannot be read.
+     */
+    SongInfo info(const QString &name) const;
 
     /** False for kept bytes that have been damaged, as far as they tell. */
     bool isSound() const;

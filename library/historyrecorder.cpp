@@ -1,5 +1,7 @@
 #include "library/historyrecorder.h"
 
+#include "library/historytexts.h"
+
 #include <utility>
 
 HistoryRecorder::HistoryRecorder(HistoryStore &store, HistoryJob::Kind kind, AskWithout askWithout,
@@ -17,6 +19,8 @@ HistoryRecorder::~HistoryRecorder()
         m_store.forget(kept.id);
     if (m_job != 0)
         m_store.removeIfEmpty(m_job);
+    if (m_dropped > 0 && m_tellDropped)
+        m_tellDropped(m_dropped);
 }
 
 bool HistoryRecorder::keep(const QStringList &paths)
@@ -52,7 +56,7 @@ bool HistoryRecorder::keepEntries(const QList<HistoryStore::Entry> &entries)
         return m_isOff;
     const QList<qint64> ids = m_store.addSongs(m_job, entries);
     if (ids.isEmpty())
-        return goOnWithout(tr("La cronologia non può essere scritta: il disco è pieno o guasto."));
+        return goOnWithout(historytexts::problem(HistoryStore::State::Unwritable));
     for (qsizetype i = 0; i < ids.size(); ++i) {
         const HistoryStore::Entry &entry = entries.at(i);
         m_kept.insert(entry.path, {ids.at(i), entry.snapshot.digest,
@@ -68,23 +72,13 @@ bool HistoryRecorder::begin()
 {
     if (m_job != 0)
         return true;
-    if (m_store.state() != HistoryStore::State::Ready)
-        m_store.open();
-    switch (m_store.state()) {
-    case HistoryStore::State::Ready:
+    // Anew for each job: since the last one somebody may have removed the file.
+    const HistoryStore::State state = m_store.open();
+    if (state == HistoryStore::State::Ready)
         m_job = m_store.addJob(m_kind, m_takesBack).value_or(0);
-        break;
-    case HistoryStore::State::Newer:
-        goOnWithout(tr("La cronologia è di una versione più recente del programma."));
-        return false;
-    case HistoryStore::State::Damaged:
-        goOnWithout(tr("La cronologia è danneggiata."));
-        return false;
-    default:
-        break;
-    }
     if (m_job == 0)
-        goOnWithout(tr("La cronologia non può essere scritta: il disco è pieno o guasto."));
+        goOnWithout(historytexts::problem(
+            state == HistoryStore::State::Ready ? HistoryStore::State::Unwritable : state));
     return m_job != 0;
 }
 

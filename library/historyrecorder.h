@@ -3,13 +3,13 @@
 
 #include "library/historystore.h"
 
-#include <QCoreApplication>
 #include <QHash>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 /**
  * Made when a job that writes songs begins, destroyed when it has ended. A job that writes nothing
@@ -18,8 +18,6 @@
  */
 class HistoryRecorder
 {
-    Q_DECLARE_TR_FUNCTIONS(HistoryRecorder)
-
 public:
     /** So many songs are kept together where the next ones are known. */
     static constexpr int songsAtOnce = 16;
@@ -27,11 +25,16 @@ public:
     /** Asks, with the reason, whether the songs are to be changed without a history. */
     using AskWithout = std::function<bool(const QString &reason)>;
 
+    /** Told, at the end, how many old jobs had to go to make room. */
+    using TellDropped = std::function<void(int jobs)>;
+
     /** The store must outlive the object; it is opened when the first song is kept. */
     HistoryRecorder(HistoryStore &store, HistoryJob::Kind kind, AskWithout askWithout,
                     qint64 takesBack = 0);
     ~HistoryRecorder();
     Q_DISABLE_COPY_MOVE(HistoryRecorder)
+
+    void setTellDropped(TellDropped tell) { m_tellDropped = std::move(tell); }
 
     /**
      * Keeps the songs as they are now, before any of them is written: many at a time cost one wait
@@ -76,6 +79,7 @@ private:
     const HistoryJob::Kind m_kind;
     const AskWithout m_askWithout;
     const qint64 m_takesBack;
+    TellDropped m_tellDropped;
     qint64 m_job = 0;
     int m_dropped = 0;
     QHash<QString, Kept> m_kept; ///< by the path before

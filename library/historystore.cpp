@@ -1,6 +1,7 @@
 #include "library/historystore.h"
 
 #include "library/historytexts.h"
+#include "library/settings.h"
 #include "storage/diagnostics.h"
 
 #include <QCryptographicHash>
@@ -66,8 +67,10 @@ bool isKind(int number)
 
 QString HistoryStore::defaultPath()
 {
-    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
-        .filePath(QStringLiteral("history.sqlite"));
+    // The names of the programs differ, those of their settings do not.
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))
+        .filePath(QStringLiteral("%1/%2/history.sqlite")
+                      .arg(settings::organisation, settings::application));
 }
 
 HistoryStore::HistoryStore(const QString &path, qint64 limit)
@@ -77,8 +80,15 @@ HistoryStore::HistoryStore(const QString &path, qint64 limit)
 {
 }
 
+void HistoryStore::setLimit(qint64 bytes)
+{
+    m_limit = bytes;
+    m_room.reset();
+}
+
 HistoryStore::State HistoryStore::open()
 {
+    m_room.reset();
     m_state = prepare();
     if (m_state != State::Ready)
         logWarning() << "[HistoryStore::open] Impossible to use" << m_path
@@ -153,6 +163,7 @@ std::optional<qint64> HistoryStore::addJob(HistoryJob::Kind kind, qint64 takesBa
 QList<qint64> HistoryStore::addSongs(qint64 job, const QList<Entry> &entries)
 {
     QList<qint64> ids;
+    qint64 added = 0;
     // Only what is on the disk can be taken back after a power cut.
     if (m_state != State::Ready || !execute(QStringLiteral("PRAGMA synchronous = FULL")) ||
         !execute(QStringLiteral("BEGIN IMMEDIATE")))
@@ -167,13 +178,18 @@ QList<qint64> HistoryStore::addSongs(qint64 job, const QList<Entry> &entries)
         insert.addBindValue(entry.snapshot.isTag);
         insert.addBindValue(entry.snapshot.size);
         insert.addBindValue(entry.snapshot.digest);
-        insert.addBindValue(qCompress(entry.snapshot.bytes, compressionLevel));
+        const QByteArray bytes = qCompress(entry.snapshot.bytes, compressionLevel);
+        added += bytes.size();
+        insert.addBindValue(bytes);
         if (!execute(insert))
             break;
         ids.append(insert.lastInsertId().toLongLong());
     }
-    if (ids.size() == entries.size() && execute(QStringLiteral("COMMIT")))
+    if (ids.size() == entries.size() && execute(QStringLiteral("COMMIT"))) {
+        if (m_room)
+            *m_room -= added;
         return ids;
+    }
     execute(QStringLiteral("ROLLBACK"));
     return {};
 }
@@ -212,22 +228,40 @@ bool HistoryStore::removeIfEmpty(qint64 job)
     return execute(removal);
 }
 
+/** The job that this one takes back; 0 for none. */
+qint64 HistoryStore::jobTakenBackBy(qint64 job)
+{
+    QSqlQuery query(m_connection.database());
+    query.prepare(QStringLiteral("SELECT takes_back FROM jobs WHERE number = ?"));
+    query.addBindValue(job);
+    return execute(query) && query.next() ? query.value(0).toLongLong() : 0;
+}
+
 int HistoryStore::makeRoom(qint64 runningJob)
 {
+    // Adding everything up takes the longer the more is kept.
+    if (m_room && *m_room >= 0)
+        return 0;
     QSqlQuery sizes(m_connection.database());
     if (m_state != State::Ready ||
         !sizes.exec(QStringLiteral("SELECT number, coalesce((SELECT sum(length(bytes)) FROM songs "
                                    "WHERE job = number), 0) FROM jobs ORDER BY number DESC")))
         return -1;
+    const qint64 takenBack = jobTakenBackBy(runningJob);
     qint64 used = 0;
     QList<qint64> dropped;
     while (sizes.next()) {
         const qint64 number = sizes.value(0).toLongLong();
-        used += sizes.value(1).toLongLong();
-        if (used > m_limit && number != runningJob)
+        const qint64 size = sizes.value(1).toLongLong();
+        // Once a job has to go, so have all before it.
+        if ((used + size > m_limit || !dropped.isEmpty()) && number != runningJob &&
+            number != takenBack)
             dropped.append(number);
+        else
+            used += size;
     }
     sizes.finish();
+    m_room = m_limit - used;
     if (dropped.isEmpty())
         return 0;
     QSqlQuery removal(m_connection.database());
@@ -319,16 +353,51 @@ std::optional<SongSnapshot> HistoryStore::snapshot(const HistorySong &song)
     return snapshot.isSound() ? std::optional(snapshot) : std::nullopt;
 }
 
-void HistoryStore::settle(qint64 job)
+void HistoryStore::settle()
 {
-    const QList<HistorySong> unfinished = songs(job);
-    for (const HistorySong &song : unfinished) {
-        if (!song.newDigest.isEmpty())
-            continue;
-        const auto now = SongSnapshot::of(song.newPath.isEmpty() ? song.path : song.newPath);
-        if (now && (now->digest != song.oldDigest || !song.newPath.isEmpty()))
-            finish(song.id, song.before, song.after, *now);
+    QList<qint64> jobs;
+    QSqlQuery query(m_connection.database());
+    query.setForwardOnly(true);
+    if (m_state != State::Ready ||
+        !query.exec(QStringLiteral("SELECT DISTINCT job FROM songs WHERE new_digest IS NULL")))
+        return;
+    while (query.next())
+        jobs.append(query.value(0).toLongLong());
+    query.finish();
+    for (const qint64 job : std::as_const(jobs)) {
+        const QList<HistorySong> all = songs(job);
+        for (const HistorySong &song : all) {
+            if (song.newDigest.isEmpty())
+                settleSong(song);
+        }
     }
+}
+
+void HistoryStore::settleSong(const HistorySong &song)
+{
+    const QString place = song.newPath.isEmpty() ? song.path : song.newPath;
+    const std::optional<SongSnapshot> now = nextState(song);
+    if (!now || (now->digest == song.oldDigest && song.newPath.isEmpty()))
+        return;
+    const std::optional<SongSnapshot> old = snapshot(song);
+    finish(song.id, old ? old->info(song.path) : SongInfo(), now->info(place), *now);
+}
+
+/** The song as the job left it: as the next job found it, or as it is now. */
+std::optional<SongSnapshot> HistoryStore::nextState(const HistorySong &song)
+{
+    const QString place = song.newPath.isEmpty() ? song.path : song.newPath;
+    QSqlQuery query(m_connection.database());
+    query.prepare(QStringLiteral("SELECT id FROM songs WHERE path = ? AND id > ? ORDER BY id "
+                                 "LIMIT 1"));
+    query.addBindValue(place);
+    query.addBindValue(song.id);
+    if (!execute(query) || !query.next())
+        return SongSnapshot::of(place);
+    HistorySong next;
+    next.id = query.value(0).toLongLong();
+    query.finish();
+    return snapshot(next);
 }
 
 bool HistoryStore::execute(const QString &statement)

@@ -30,7 +30,7 @@ public:
         Newer       ///< a later version of this program made it
     };
 
-    /** Where the user's history lies. */
+    /** Where the user's history lies, whichever of the programs asks. */
     static QString defaultPath();
 
     static constexpr qint64 defaultLimit = qint64{1} << 30;
@@ -40,6 +40,9 @@ public:
 
     /** Opens the file, and makes it where there is none. */
     State open();
+
+    /** How many bytes of songs the file may hold from now on. */
+    void setLimit(qint64 bytes);
 
     State state() const { return m_state; }
     QString path() const { return m_path; }
@@ -68,8 +71,8 @@ public:
     bool removeIfEmpty(qint64 job);
 
     /**
-     * Drops the oldest jobs, but for the one that runs, until the limit holds. How many were
-     * dropped, or -1.
+     * Drops the oldest jobs until the limit holds, but for the one that runs and the one that it
+     * takes back. How many were dropped, or -1.
      */
     int makeRoom(qint64 runningJob);
 
@@ -83,19 +86,23 @@ public:
     std::optional<SongSnapshot> snapshot(const HistorySong &song);
 
     /**
-     * Finds out how the songs ended whose job was cut off between two steps. Called for jobs that
-     * no program works on.
+     * Finds out how the songs ended whose jobs were cut off between two steps. A job that runs
+     * meanwhile tells better afterwards.
      */
-    void settle(qint64 job);
+    void settle();
 
 private:
     State prepare();
     bool hasOwnLayout();
+    qint64 jobTakenBackBy(qint64 job);
+    void settleSong(const HistorySong &song);
+    std::optional<SongSnapshot> nextState(const HistorySong &song);
     bool execute(const QString &statement);
     bool execute(QSqlQuery &query);
 
     QString m_path;
     qint64 m_limit;
+    std::optional<qint64> m_room; ///< bytes up to the limit; nothing as long as it is not known
     SqlConnection m_connection;
     State m_state = State::Closed;
 };

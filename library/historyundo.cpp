@@ -49,7 +49,8 @@ void HistoryUndo::setKnownSongs(const QStringList &paths)
 HistoryUndo::Found HistoryUndo::find(const HistorySong &song)
 {
     const QString place = placeAfter(song);
-    if (QFileInfo(place).isFile()) {
+    const bool isThere = QFileInfo(place).isFile();
+    if (isThere) {
         const auto now = SongSnapshot::of(place);
         if (now && now->digest == song.newDigest)
             return {State::AsLeft, place};
@@ -61,9 +62,9 @@ HistoryUndo::Found HistoryUndo::find(const HistorySong &song)
     for (const QString &path : candidates) {
         const auto now = SongSnapshot::of(path);
         if (now && now->digest == song.newDigest)
-            return {path == song.path ? State::AlreadyOld : State::AsLeft, path};
+            return {path == song.path ? State::AlreadyOld : State::Moved, path};
     }
-    return {};
+    return isThere ? Found{State::Changed, place} : Found{};
 }
 
 HistoryUndo::Report HistoryUndo::takeBack(const HistoryJob &job, const QList<HistorySong> &songs,

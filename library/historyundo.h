@@ -22,6 +22,7 @@ public:
     /** How a song that a job wrote stands now. */
     enum class State {
         AsLeft,     ///< just as the job left it
+        Moved,      ///< likewise, but at another place
         AlreadyOld, ///< just as it was before the job
         Changed,    ///< something else was done to it since
         Missing     ///< it is not where it was, nor among the songs that are known

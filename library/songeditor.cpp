@@ -50,9 +50,9 @@ bool SongEditor::edit(int row)
     const QPersistentModelIndex place = m_model.rowIndex(row);
     m_changesMany = edit->titleToAll || edit->artistToAll || edit->genreToAll || edit->authorToAll;
     m_history = m_openHistory ? m_openHistory(HistoryJob::Kind::Edit) : nullptr;
-    const bool goesOn = !m_history || m_history->keep({path});
+    const bool goesOn = keepSong(path);
     if (goesOn)
-        manualModifySong(song, edit->info, path, row);
+        write(song, edit->info, path, row);
     if (goesOn && m_changesMany)
         applyToAll(*edit, place.row());
     m_history.reset();
@@ -60,6 +60,20 @@ bool SongEditor::edit(int row)
 }
 
 void SongEditor::manualModifySong(MetaSong song, const SongInfo &info, const QString &path, int row)
+{
+    m_history = m_openHistory ? m_openHistory(HistoryJob::Kind::Edit) : nullptr;
+    if (keepSong(path))
+        write(std::move(song), info, path, row);
+    m_history.reset();
+}
+
+/** False when the song is not kept and so must not be changed. */
+bool SongEditor::keepSong(const QString &path)
+{
+    return !m_history || m_history->isKept(path) || m_history->keep({path});
+}
+
+void SongEditor::write(MetaSong song, const SongInfo &info, const QString &path, int row)
 {
     // The table may be sorted while the file is written.
     const QPersistentModelIndex place = m_model.rowIndex(row);
@@ -147,6 +161,9 @@ void SongEditor::applyToAll(const SongEdit &edit, int editedRow)
         leftovers.tidyBeside(m_model.fileName(songs.at(done).row()));
         if (MetaSong::takesLongToImport(m_model.fileName(songs.at(done).row())))
             progress->catchUp();
+        const QString path = m_model.fileName(songs.at(done).row());
+        if (done != editedRow && !keepSong(path))
+            return; // a file that the list holds twice is kept for each time
         if (done != editedRow && applyToRow(edit, songs.at(done).row()))
             progress->updateProgress(done + 1);
         KeepAlive::processEventsNow();
@@ -186,6 +203,6 @@ bool SongEditor::applyToRow(const SongEdit &edit, int row)
         info.artist = edit.info.artist;
     if (edit.genreToAll)
         info.genre = edit.info.genre;
-    manualModifySong(song, info, path, row);
+    write(song, info, path, row);
     return true;
 }

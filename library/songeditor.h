@@ -73,6 +73,8 @@ public:
     const RunReport &report() const { return m_report; }
 
 private:
+    void write(MetaSong song, const SongInfo &info, const QString &path, int row);
+    bool keepSong(const QString &path);
     void keepFailure(int row, const QString &path, SaveFailure failure);
     void applyToAll(const SongEdit &edit, int editedRow);
     bool applyToRow(const SongEdit &edit, int row);

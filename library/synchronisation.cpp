@@ -73,10 +73,10 @@ bool Synchronisation::runRows(int rows, Progress &progress)
         const QPersistentModelIndex place = m_model.rowIndex(row);
         if (MetaSong::takesLongToImport(m_model.fileName(row)))
             progress.catchUp();
-        const bool synced = updateFileWithDb(row);
-        m_model.setStatus(place.row(), synced ? Database::StatusSynced : Database::StatusNotSynced);
+        const bool synced = updateRow(row);
         if (m_isRefused)
             return false;
+        m_model.setStatus(place.row(), synced ? Database::StatusSynced : Database::StatusNotSynced);
         progress.updateProgress(row + 1);
         logEndOfRow();
         KeepAlive::processEventsNow();
@@ -106,6 +106,15 @@ bool Synchronisation::keepSong(const QString &fileName)
 }
 
 bool Synchronisation::updateFileWithDb(int row)
+{
+    m_isRefused = false;
+    m_history = m_openHistory ? m_openHistory(HistoryJob::Kind::Synchronise) : nullptr;
+    const bool found = updateRow(row);
+    m_history.reset();
+    return found;
+}
+
+bool Synchronisation::updateRow(int row)
 {
     const QString fileName = m_model.fileName(row);
     m_leftovers.tidyBeside(fileName);

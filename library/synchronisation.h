@@ -59,6 +59,7 @@ public:
 
 private:
     bool runRows(int rows, Progress &progress);
+    bool updateRow(int row);
     bool keepNextSongs(int row, int rows);
     bool keepSong(const QString &fileName);
     void keepFailure(int row, const QString &fileName, SaveFailure failure);

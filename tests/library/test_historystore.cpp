@@ -175,7 +175,7 @@ void TestHistoryStore::jobThatWasCutOffTellsWhichSongsItWrote()
     QVERIFY(samplesongs::writeFile(written, syncfixture::midi()));
     // Here the program was killed.
     QVERIFY(kept.store.jobs().isEmpty());
-    kept.store.settle(*job);
+    kept.store.settle();
     QCOMPARE(kept.store.jobs().size(), 1);
     QCOMPARE(kept.store.jobs().first().songs, 1);
     QVERIFY(kept.takeBack(kept.store.jobs().first()).failed.isEmpty());
