@@ -97,5 +97,7 @@ SongEditor RowEditing::editor()
                                      QMessageBox::Yes | QMessageBox::No,
                                      QMessageBox::No) == QMessageBox::Yes;
     };
-    return {m_songs.model(), askEdit, askDelete, m_progress.open()};
+    SongEditor made(m_songs.model(), askEdit, askDelete, m_progress.open());
+    made.setHistory(m_openHistory);
+    return made;
 }
