@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/command.h"
+#include "cli/commandhistory.h"
 #include "storage/leftovers.h"
 
 class SetCommand : public Command
@@ -14,7 +15,10 @@ public:
     ExitStatus run() override;
 
 private:
+    bool keepNext(const QList<QByteArray> &paths, qsizetype place);
     void set(const QString &path);
 
+    CommandHistory m_history{m_request, m_terminal};
+    bool m_isRefused = false; ///< there is no history, and the user does not go on without
     Leftovers m_leftovers;
 };

@@ -2,6 +2,7 @@
 
 #include "cli/songpaths.h"
 #include "devindex/filecopier.h"
+#include "formats/metasong.h"
 #include "library/cataloguemerge.h"
 #include "library/database.h"
 #include "library/librarybackup.h"
@@ -25,14 +26,38 @@ ExitStatus SyncCommand::run()
     const CatalogueMerge catalogue(database);
     const auto progress =
         m_terminal.openProgress({}, tr("Sincronizzazione"), static_cast<int>(songs->size()));
+    m_history.begin(HistoryJob::Kind::Synchronise);
     int done = 0;
     for (const QString &song : *songs) {
-        if (m_terminal.isStopped())
+        if (m_terminal.isStopped() || m_isRefused || !keepNext(*songs, done, catalogue))
             break;
         sync(song, catalogue);
         progress->setValue(++done);
     }
+    m_history.end();
     return m_terminal.status();
+}
+
+/** Keeps those of the next songs that the catalogue is going to change; false to stop. */
+bool SyncCommand::keepNext(const QStringList &songs, qsizetype place,
+                           const CatalogueMerge &catalogue)
+{
+    if (m_request.dryRun || place % HistoryRecorder::songsAtOnce != 0)
+        return true;
+    QStringList known;
+    for (const QString &path : songs.mid(place, HistoryRecorder::songsAtOnce)) {
+        MetaSong song;
+        SongInfo info;
+        if (!song.importFile(path))
+            continue;
+        song.getSongInfo(info);
+        if (catalogue.knows(info.title, QFileInfo(path).fileName()))
+            known.append(path);
+    }
+    if (m_history.keep(known))
+        return true;
+    m_history.tellRefused();
+    return false;
 }
 
 /** False when not every song is in the backup: then no song is changed. */
@@ -109,7 +134,17 @@ void SyncCommand::sync(const QString &path, const CatalogueMerge &catalogue)
 void SyncCommand::save(const QString &path, SongUpdate &update)
 {
     const QList<ChangePreview::Change> changes = update.changes();
+    if (!m_history.keepOne(path)) {
+        m_isRefused = true;
+        m_history.tellRefused();
+        return;
+    }
     const SaveFailure failure = update.canBeSaved() ? update.save() : SaveFailure::TooLarge;
+    MetaSong saved;
+    SongInfo after;
+    if (saved.importFile(path))
+        saved.getSongInfo(after);
+    m_history.written(path, update.before(), after);
     if (failure != SaveFailure::None) {
         m_terminal.fail(path, RunReport::reasonText(failure));
         m_writer.unreadable(path, RunReport::reasonText(failure));
