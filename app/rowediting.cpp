@@ -3,6 +3,7 @@
 #include "app/songlist.h"
 #include "app/windowprogress.h"
 #include "library/songeditor.h"
+#include "storage/desktopbin.h"
 #include "windows/busystate.h"
 #include "windows/dataeditdialog.h"
 #include "windows/runreportbox.h"
@@ -98,6 +99,7 @@ SongEditor RowEditing::editor()
                                      QMessageBox::No) == QMessageBox::Yes;
     };
     SongEditor made(m_songs.model(), askEdit, askDelete, m_progress.open());
+    made.setBin(&desktopbin::take);
     made.setHistory(m_openHistory);
     return made;
 }

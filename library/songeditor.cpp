@@ -129,7 +129,7 @@ QString SongEditor::deleteFile(int row)
         // cppcheck-suppress unreadVariable
         const std::unique_ptr<QFile> bytes = keepBytesOf(path);
         // What is put there later must not be taken for a song whose save was cut off.
-        if (QFile::remove(path)) {
+        if ((m_takeDeleted && m_takeDeleted(path)) || QFile::remove(path)) {
             SongJournal::removeAllOf(path);
             flushPath(QFileInfo(path).path());
         }

@@ -41,6 +41,12 @@ public:
     /** The model must outlive the object. */
     SongEditor(SongTable &model, AskEdit askEdit, AskDelete askDelete, OpenProgress openProgress);
 
+    /** Takes a deleted file; false when it is where it was, and has to be removed. */
+    using TakeDeleted = std::function<bool(const QString &path)>;
+
+    /** What takes deleted files; without it they are gone for good. */
+    void setBin(TakeDeleted take) { m_takeDeleted = std::move(take); }
+
     /** Where the songs are kept before they are changed; without it they are not. */
     void setHistory(OpenHistory openHistory) { m_openHistory = std::move(openHistory); }
 
@@ -85,6 +91,7 @@ private:
     AskEdit m_askEdit;
     AskDelete m_askDelete;
     OpenProgress m_openProgress;
+    TakeDeleted m_takeDeleted;
     OpenHistory m_openHistory;
     std::unique_ptr<HistoryRecorder> m_history; ///< of the job that runs; null without one
     RunReport m_report;
