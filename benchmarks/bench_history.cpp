@@ -30,7 +30,7 @@ namespace
 constexpr int songs = 2000;
 constexpr int mp3Every = 20;
 constexpr int mp3Bytes = 3000000;
-constexpr int pairs = 7;
+constexpr int pairs = 5;
 constexpr double limit = 1.15;
 
 QString key(int number)

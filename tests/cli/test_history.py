@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
 """test_history.py KAVENA: what commands change in songs is kept, listed and taken back."""
 import datetime
+import random
 import subprocess
+import time
 
 import songs
 
@@ -117,6 +119,76 @@ class HistoryTest(songs.CliTest):
         for job in jobs:
             self.run_kavena("undo", str(job["job"]), status=0)
         self.assertEqual({path.read_bytes() for path in paths}, {songs.song("Old")})
+
+    def test_killed_at_any_point_the_history_tells_the_truth(self):
+        names = [f"{number:03}.mid" for number in range(200)]
+        old = songs.song("Old")
+        cut = 0
+        for milliseconds in (15, 30, 50, 80, 120, 200, 300, 500):
+            for name in names:
+                self.write(name, old)
+            listed = {job["job"] for job in self.run_kavena("history", "--json").lines}
+            process = subprocess.Popen([songs.KAVENA, "set", "--title", "New", *names],
+                                       env=self.environment, cwd=self.music,
+                                       stdin=subprocess.DEVNULL)
+            time.sleep(milliseconds / 1000)
+            process.kill()
+            process.wait()
+            self.run_kavena("show", *names, status=0)  # puts back a save that was cut off
+            changed = {name for name in names if (self.music / name).read_bytes() != old}
+            cut += 0 < len(changed) < len(names)
+            jobs = [job for job in self.run_kavena("history", "--json").lines
+                    if job["job"] not in listed]
+            self.assertEqual(sum(job["songs"] for job in jobs), len(changed))
+            for job in jobs:
+                self.run_kavena("undo", str(job["job"]), status=0)
+            self.assertEqual({(self.music / name).read_bytes() for name in names}, {old})
+        self.assertGreater(cut, 0, "no run was cut off between two songs")
+
+    def test_a_full_disk_asks_and_changes_nothing(self):
+        full = self.folder / "full"
+        full.mkdir()
+        if subprocess.run(["mount", "-t", "tmpfs", "-o", "size=64k", "none", full], check=False,
+                          stderr=subprocess.DEVNULL).returncode:
+            self.skipTest("mounting is not allowed here")
+        self.addCleanup(subprocess.run, ["umount", full], check=True)
+        with open(full / "filler", "wb") as filler:
+            try:
+                filler.write(bytes(1 << 17))
+                filler.flush()
+            except OSError:
+                pass
+        path = self.write("a.mid", songs.song("Old"))
+        before = path.read_bytes()
+        result = self.run_kavena("set", "--title", "New", "a.mid", status=3,
+                                 XDG_DATA_HOME=str(full / "data"))
+        self.assertIn("--without-history yes", result.err)
+        self.assertEqual(path.read_bytes(), before)
+        self.run_kavena("set", "--title", "New", "--without-history", "yes", "a.mid", status=0,
+                        XDG_DATA_HOME=str(full / "data"))
+        self.assertNotEqual(path.read_bytes(), before)
+
+    def test_hostile_files_in_its_place_harm_nothing(self):
+        self.write("a.mid", songs.song("Old"))
+        self.run_kavena("set", "--title", "New", "a.mid", status=0)
+        good = self.store.read_bytes()
+        changed = (self.music / "a.mid").read_bytes()
+        for suffix in ("-wal", "-shm"):
+            self.store.with_name(self.store.name + suffix).unlink(missing_ok=True)
+        random.seed(1)
+        for _ in range(150):
+            bad = bytearray(good)
+            for _ in range(random.randint(1, 30)):
+                bad[random.randrange(len(bad))] = random.randrange(256)
+            if random.random() < 0.2:
+                del bad[random.randrange(len(bad)):]
+            self.store.write_bytes(bad)
+            for command in (["history", "--json"], ["undo", "--json"]):
+                self.assertIn(self.run_kavena(*command).status, (0, 1, 3))
+            self.assertIn((self.music / "a.mid").read_bytes(), (changed, songs.song("Old")))
+            self.write("a.mid", changed)
+            for suffix in ("-wal", "-shm"):
+                self.store.with_name(self.store.name + suffix).unlink(missing_ok=True)
 
     def test_names_with_any_characters_are_taken_back(self):
         name = "a '\"; DROP TABLE songs; --\n\u00e8.mid"
