@@ -51,13 +51,28 @@ QByteArray randomBytes(QRandomGenerator &random, int size)
     return bytes;
 }
 
+/** Notes of a drum kit in bars that repeat, struck by a human hand: as well compressed as music. */
+QByteArray notesOf(QRandomGenerator &random, int count)
+{
+    constexpr int barOfNotes = 16;
+    constexpr char drums[] = {36, 42, 38, 46, 36, 36, 38, 49};
+    QByteArray bytes;
+    for (int i = 0; i < count; ++i) {
+        bytes += static_cast<char>(random.bounded(20, 28));
+        bytes += '\x99';
+        bytes += drums[(i % barOfNotes) % 8];
+        bytes += static_cast<char>(random.bounded(80, 100));
+    }
+    return bytes;
+}
+
 QByteArray songBytes(int song, QRandomGenerator &random)
 {
     using namespace songbytes;
     if (isMp3(song))
         return id3Tag(id3Frame("TCOP", "K-Ravo")) + randomBytes(random, mp3Bytes);
     return midiFile({track(metaEvent(0x02, "(c) K-Ravo") + metaEvent(0x03, "Song without a name")),
-                     track(randomBytes(random, random.bounded(10000, 60000)))},
+                     track(notesOf(random, random.bounded(2500, 15000)))},
                     1);
 }
 

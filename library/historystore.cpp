@@ -111,8 +111,9 @@ HistoryStore::State HistoryStore::prepare()
     if (found > layoutVersion)
         return State::Newer;
     for (const char *const pragma :
-         {"PRAGMA trusted_schema = OFF", "PRAGMA foreign_keys = ON", "PRAGMA synchronous = FULL",
-          "PRAGMA auto_vacuum = INCREMENTAL", "PRAGMA journal_mode = WAL"}) {
+         {"PRAGMA trusted_schema = OFF", "PRAGMA page_size = 16384", "PRAGMA foreign_keys = ON",
+          "PRAGMA synchronous = FULL", "PRAGMA auto_vacuum = INCREMENTAL",
+          "PRAGMA journal_mode = WAL"}) {
         if (!execute(QLatin1String(pragma)))
             return State::Unwritable;
     }
