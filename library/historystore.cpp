@@ -32,11 +32,14 @@ struct SchemaItem {
 constexpr SchemaItem schema[] = {
     {"jobs", "CREATE TABLE jobs (number INTEGER PRIMARY KEY AUTOINCREMENT, time INTEGER NOT NULL, "
              "kind INTEGER NOT NULL, takes_back INTEGER)"},
+    // By themselves: a change of a row writes the whole row anew.
+    {"kept", "CREATE TABLE kept (song INTEGER PRIMARY KEY REFERENCES songs (id) ON DELETE CASCADE, "
+             "bytes BLOB NOT NULL)"},
     {"songs", "CREATE TABLE songs (id INTEGER PRIMARY KEY AUTOINCREMENT, "
               "job INTEGER NOT NULL REFERENCES jobs (number) ON DELETE CASCADE, "
               "path TEXT NOT NULL, new_path TEXT NOT NULL, is_tag INTEGER NOT NULL, "
               "old_size INTEGER NOT NULL, old_digest BLOB NOT NULL, new_size INTEGER, "
-              "new_digest BLOB, before TEXT, after TEXT, bytes BLOB NOT NULL)"},
+              "new_digest BLOB, before TEXT, after TEXT)"},
     {"songs_of_job", "CREATE INDEX songs_of_job ON songs (job)"},
 };
 
@@ -171,7 +174,9 @@ QList<qint64> HistoryStore::addSongs(qint64 job, const QList<Entry> &entries)
         return ids;
     QSqlQuery insert(m_connection.database());
     insert.prepare(QStringLiteral("INSERT INTO songs (job, path, new_path, is_tag, old_size, "
-                                  "old_digest, bytes) VALUES (?, ?, ?, ?, ?, ?, ?)"));
+                                  "old_digest) VALUES (?, ?, ?, ?, ?, ?)"));
+    QSqlQuery insertBytes(m_connection.database());
+    insertBytes.prepare(QStringLiteral("INSERT INTO kept (song, bytes) VALUES (?, ?)"));
     for (const Entry &entry : entries) {
         insert.addBindValue(job);
         insert.addBindValue(entry.path);
@@ -179,12 +184,16 @@ QList<qint64> HistoryStore::addSongs(qint64 job, const QList<Entry> &entries)
         insert.addBindValue(entry.snapshot.isTag);
         insert.addBindValue(entry.snapshot.size);
         insert.addBindValue(entry.snapshot.digest);
-        const QByteArray bytes = qCompress(entry.snapshot.bytes, compressionLevel);
-        added += bytes.size();
-        insert.addBindValue(bytes);
         if (!execute(insert))
             break;
-        ids.append(insert.lastInsertId().toLongLong());
+        const qint64 id = insert.lastInsertId().toLongLong();
+        const QByteArray bytes = qCompress(entry.snapshot.bytes, compressionLevel);
+        added += bytes.size();
+        insertBytes.addBindValue(id);
+        insertBytes.addBindValue(bytes);
+        if (!execute(insertBytes))
+            break;
+        ids.append(id);
     }
     if (ids.size() == entries.size() && execute(QStringLiteral("COMMIT"))) {
         if (m_room)
@@ -246,7 +255,8 @@ int HistoryStore::makeRoom(qint64 runningJob)
     QSqlQuery sizes(m_connection.database());
     if (m_state != State::Ready ||
         !sizes.exec(QStringLiteral("SELECT number, coalesce((SELECT sum(length(bytes)) FROM songs "
-                                   "WHERE job = number), 0) FROM jobs ORDER BY number DESC")))
+                                   "JOIN kept ON song = id WHERE job = number), 0) FROM jobs "
+                                   "ORDER BY number DESC")))
         return -1;
     const qint64 takenBack = jobTakenBackBy(runningJob);
     qint64 used = 0;
@@ -337,8 +347,8 @@ QList<HistorySong> HistoryStore::songs(qint64 job)
 std::optional<SongSnapshot> HistoryStore::snapshot(const HistorySong &song)
 {
     QSqlQuery query(m_connection.database());
-    query.prepare(QStringLiteral("SELECT is_tag, old_size, old_digest, bytes FROM songs WHERE id = "
-                                 "? AND length(bytes) <= ?"));
+    query.prepare(QStringLiteral("SELECT is_tag, old_size, old_digest, bytes FROM songs JOIN kept "
+                                 "ON song = id WHERE id = ? AND length(bytes) <= ?"));
     query.addBindValue(song.id);
     query.addBindValue(largestBlob);
     if (m_state != State::Ready || !execute(query) || !query.next())
