@@ -14,11 +14,11 @@ ActionButtons::ActionButtons(const Ui::MainWindow &form, ActionGate &gate)
 void ActionButtons::setUp()
 {
     QObject *const actions[] = {
-        m_form.selectDirToolButton, m_form.updateDataToolButton,    m_form.transferFilesToolButton,
-        m_form.optimizeMemory,      m_form.actionSongsList,         m_form.actionContents,
-        m_form.actionAbout,         m_form.actionAbout_QT,          m_form.dbgImportPushButton,
-        m_form.dbgBackupPushButton, m_form.dbgShowDialogPushButton, m_form.dbgAddMarkerPushButton,
-        m_form.dbgSavePushButton};
+        m_form.selectDirToolButton,    m_form.updateDataToolButton, m_form.transferFilesToolButton,
+        m_form.actionTransferPlan,     m_form.optimizeMemory,       m_form.actionSongsList,
+        m_form.actionContents,         m_form.actionAbout,          m_form.actionAbout_QT,
+        m_form.dbgImportPushButton,    m_form.dbgBackupPushButton,  m_form.dbgShowDialogPushButton,
+        m_form.dbgAddMarkerPushButton, m_form.dbgSavePushButton};
     for (QObject *const action : actions)
         m_gate.add(action);
     disable();
@@ -35,6 +35,14 @@ void ActionButtons::disable()
     setTransfer(false);
 }
 
+void ActionButtons::disableForGood()
+{
+    disable();
+    for (QObject *const button :
+         {m_form.dbgImportPushButton, m_form.dbgSavePushButton, m_form.dbgAddMarkerPushButton})
+        m_gate.setWanted(button, false);
+}
+
 void ActionButtons::setSynchronise(bool enabled)
 {
     m_gate.setWanted(m_form.updateDataToolButton, enabled);
@@ -43,6 +51,7 @@ void ActionButtons::setSynchronise(bool enabled)
 void ActionButtons::setTransfer(bool enabled)
 {
     m_gate.setWanted(m_form.transferFilesToolButton, enabled);
+    m_gate.setWanted(m_form.actionTransferPlan, enabled);
 }
 
 bool ActionButtons::canSynchronise() const

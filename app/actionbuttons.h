@@ -28,6 +28,12 @@ public:
     /** Disables synchronising and transferring. */
     void disable();
 
+    /**
+     * Disables all that needs the table of songs, when there is none. Choosing songs stays enabled:
+     * it is answered with the reason.
+     */
+    void disableForGood();
+
     void setSynchronise(bool enabled);
     void setTransfer(bool enabled);
 

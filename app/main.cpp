@@ -1,6 +1,7 @@
 // Start of the program.
 #include "app/mainwindow.h"
 #include "app/startup.h"
+#include "storage/standardhandles.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -21,6 +22,7 @@ QIcon applicationIcon()
 
 int main(int argc, char *argv[])
 {
+    fillStandardHandles();
     Startup startup;
     startup.setUpLog();
 

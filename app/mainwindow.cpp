@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 
 #include "app/actiongate.h"
+#include "app/memories.h"
 #include "app/rowediting.h"
 #include "app/songbackup.h"
 #include "app/songdrop.h"
@@ -8,12 +9,13 @@
 #include "app/songimport.h"
 #include "app/songlist.h"
 #include "app/songsync.h"
+#include "app/songtransfer.h"
 #include "devindex/filecopier.h"
 #include "devindex/mountedvolumes.h"
-#include "devindex/transfer.h"
 #include "library/librarybackup.h"
 #include "library/settings.h"
 #include "storage/diagnostics.h"
+#include "storage/memorylock.h"
 #include "windows/aboutdialog.h"
 #include "windows/confirmation.h"
 #include "windows/helpdialog.h"
@@ -55,6 +57,8 @@ MainWindow::MainWindow(QWidget *parent)
     new ReadableLinks(this);
     new ScreenRoom(this);
     ui->setupUi(this);
+    m_memories.reset(
+        new Memories(this, ui->actionMemory, *m_actionGate, m_database, m_busy, m_progress));
     setWindowTitle(tr("Kavena PC"));
     applyBranding();
     m_preferences.show();
@@ -65,6 +69,7 @@ MainWindow::MainWindow(QWidget *parent)
     if (!m_database.init()) {
         logDebug() << "Error initializing DB !!!";
         m_missingLibrary = new MissingLibrary(ui->statusBar);
+        m_buttons.disableForGood();
         return;
     }
     logDebug() << "DB initialized correctly";
@@ -96,6 +101,7 @@ void MainWindow::tellMissingLibrary()
         m_missingLibrary->tell(this, m_busy);
 }
 
+/** For the calls that other code makes: what the user could press is disabled without a library. */
 bool MainWindow::hasLibrary() const
 {
     if (m_songs == nullptr)
@@ -130,7 +136,7 @@ void MainWindow::changeEvent(QEvent *event)
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    if (m_busy) {
+    if (m_busy || !m_memories->close()) {
         event->ignore();
         return;
     }
@@ -187,8 +193,6 @@ void MainWindow::on_selectDirToolButton_clicked()
 
 void MainWindow::importDropped(const QStringList &paths)
 {
-    if (!hasLibrary())
-        return;
     const BusyGuard busy(m_busy);
     const auto files = m_import->search(paths);
     if (files && files->isEmpty())
@@ -263,8 +267,6 @@ bool MainWindow::backupDirectory(const QString &source, const QString &destinati
 
 void MainWindow::on_updateDataToolButton_clicked()
 {
-    if (!hasLibrary())
-        return;
     m_buttons.disable();
     if (!updateUserLibrary())
         m_buttons.setSynchronise(true);
@@ -291,8 +293,6 @@ bool MainWindow::updateFileWithDb(int row)
 
 void MainWindow::onSongsTableViewDoubleClicked(QModelIndex index)
 {
-    if (!hasLibrary())
-        return;
     m_rows->edit(index);
 }
 
@@ -306,8 +306,6 @@ void MainWindow::manualModifySong(const MetaSong &song, const SongInfo &info, co
 
 void MainWindow::onSongsTableViewShowContextMenu(QPoint pos)
 {
-    if (!hasLibrary())
-        return;
     m_rows->runMenu(pos);
 }
 
@@ -315,30 +313,39 @@ void MainWindow::onSongsTableViewShowContextMenu(QPoint pos)
 
 void MainWindow::on_transferFilesToolButton_clicked()
 {
-    const bool couldSynchronise = m_buttons.canSynchronise();
-    m_buttons.disable();
-    if (!transferSelectedFiles())
-        m_buttons.setSynchronise(couldSynchronise);
-    m_buttons.setTransfer(true);
+    runTransfer(&SongTransfer::transfer);
+}
+
+void MainWindow::on_actionTransferPlan_triggered()
+{
+    runTransfer(&SongTransfer::showPlan);
 }
 
 void MainWindow::transferFiles()
 {
-    transferSelectedFiles();
+    SongTransfer(this, m_progress, m_settings, m_busy, *m_memories).transfer(m_selectedFiles);
 }
 
-/** False when the user changed his mind or the folder was refused. */
-bool MainWindow::transferSelectedFiles()
+void MainWindow::runTransfer(Transfer::Outcome (SongTransfer::*job)(const QStringList &))
 {
-    const BusyGuard busy(m_busy);
-    TransferDialogs dialogs(this);
-    const auto outcome = Transfer(dialogs, m_progress.open()).transferFiles(m_selectedFiles);
-    return outcome != Transfer::Outcome::NotStarted;
+    const bool couldSynchronise = m_buttons.canSynchronise();
+    m_buttons.disable();
+    SongTransfer transfer(this, m_progress, m_settings, m_busy, *m_memories);
+    if ((transfer.*job)(m_selectedFiles) == Transfer::Outcome::NotStarted)
+        m_buttons.setSynchronise(couldSynchronise);
+    m_buttons.setTransfer(true);
 }
 
 bool MainWindow::copyFiles(const QString &dest, int &copied)
 {
     const BusyGuard busy(m_busy);
+    const QString memory = MountedVolumes().memoryOf(dest);
+    MemoryLock lock(memory);
+    if (!memory.isEmpty() && !lock.take()) {
+        copied = 0;
+        TransferDialogs(this).warn(tr("Trasferimento"), lock.message());
+        return false;
+    }
     return FileCopier(&confirmation::askToReplace)
         .copyFiles(m_selectedFiles, dest, copied, m_progress.shown());
 }
@@ -478,12 +485,10 @@ void MainWindow::on_dbgLogClearCheckBox_toggled(bool checked)
 
 void MainWindow::on_dbgAddMarkerPushButton_clicked()
 {
-    if (hasLibrary())
-        m_debugPanel.saveWithMarker(*m_songs);
+    m_debugPanel.saveWithMarker(*m_songs);
 }
 
 void MainWindow::on_dbgSavePushButton_clicked()
 {
-    if (hasLibrary())
-        DebugPanel::saveUnchanged(*m_songs);
+    DebugPanel::saveUnchanged(*m_songs);
 }

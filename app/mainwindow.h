@@ -5,6 +5,7 @@
 #include "app/debugpanel.h"
 #include "app/preferences.h"
 #include "app/windowprogress.h"
+#include "devindex/transfer.h"
 #include "formats/metasong.h"
 #include "formats/songinfo.h"
 #include "library/database.h"
@@ -20,11 +21,13 @@
 #include <QStringList>
 
 class ActionGate;
+class Memories;
 class MissingLibrary;
 class RowEditing;
 class SongImport;
 class SongList;
 class SongSync;
+class SongTransfer;
 
 QT_BEGIN_NAMESPACE
 namespace Ui
@@ -103,12 +106,24 @@ public:
     /** Copies the selected files onto a memory and updates its index, with all questions. */
     void transferFiles();
 
-    /** Copies the selected files into the folder; false when one failed or the user stopped. */
+    /**
+     * Copies the selected files into the folder; false when one failed or the user stopped. On a
+     * memory that another program is writing to nothing is copied, and the user is told.
+     *
+     * Kept interface: transferFiles() copies with Transfer; other code may rely on the name. The
+     * index is not updated.
+     */
     bool copyFiles(const QString &dest, int &copied);
 
-    /** Updates the index of the memory that holds the path. */
+    /**
+     * Updates the index of the memory that holds the path.
+     *
+     * Kept interface: transferFiles() updates it with Transfer; other code may rely on the name.
+     */
     bool updateKavenaIndex(const QString &path);
 
+    /** @name Kept interface: the program asks MountedVolumes; other code may rely on the names. */
+    ///@{
     /** False for a path inside a mounted memory (or its root), true for everything else. */
     bool isSystemDisk(const QString &path) const;
 
@@ -117,6 +132,7 @@ public:
 
     /** True when the path is a volume's root. */
     bool isRoot(const QString &path) const;
+    ///@}
 
     /**
      * Adds the number of files in the folder and in all folders in it.
@@ -151,6 +167,7 @@ private slots:
     void onSongsTableViewDoubleClicked(QModelIndex index);
     void on_optimizeMemory_triggered();
     void on_transferFilesToolButton_clicked();
+    void on_actionTransferPlan_triggered();
     void on_actionSongsList_triggered();
     void on_actionPreviewChanges_toggled(bool checked);
     void onSongsTableViewShowContextMenu(QPoint pos);
@@ -169,7 +186,7 @@ private:
     void importFiles(const QStringList &files);
     void importDropped(const QStringList &paths);
     bool askToProceed(const LibraryImport::Counts &counts);
-    bool transferSelectedFiles();
+    void runTransfer(Transfer::Outcome (SongTransfer::*job)(const QStringList &));
     template <typename Dialog>
     void runDialog();
 
@@ -185,6 +202,7 @@ private:
 
     ActionGate *const m_actionGate;
     ActionButtons m_buttons;
+    QScopedPointer<Memories> m_memories;
     MissingLibrary *m_missingLibrary = nullptr; ///< only when the database could not be opened
 
     // These are null when the database could not be opened.

@@ -1,6 +1,7 @@
 #include "cli/arguments.h"
 
 #include "cli/values.h"
+#include "storage/shownname.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -53,6 +54,7 @@ struct Texts {
     bool verify = false;
     bool inLine = false;
     bool remove = false;
+    bool anyFolder = false;
     std::string title;
     std::string artist;
     std::string genre;
@@ -125,7 +127,7 @@ QByteArray plain(const std::string &text)
 
 QString plainText(const std::string &text)
 {
-    return QString::fromUtf8(plain(text));
+    return shownName(plain(text));
 }
 
 } // namespace
@@ -155,6 +157,12 @@ public:
 
     const Texts &texts() const { return m_texts; }
 
+    /** What nobody asked for, in the order in which it was given. */
+    std::vector<std::string> extras() const { return m_app.remaining(true); }
+
+    /** True for the name of an option that stands alone, such as "--json". */
+    bool isFlag(const std::string &name) const { return isFlagOf(m_app, name); }
+
     Command command() const
     {
         for (const CommandWords &words : commandWords) {
@@ -175,6 +183,15 @@ public:
     }
 
 private:
+    static bool isFlagOf(const CLI::App &app, const std::string &name)
+    {
+        const CLI::Option *const option = app.get_option_no_throw(name);
+        const auto commands = app.get_subcommands([](const CLI::App *) { return true; });
+        return (option != nullptr && option->get_expected_max() == 0) ||
+               std::any_of(commands.begin(), commands.end(),
+                           [&name](const CLI::App *command) { return isFlagOf(*command, name); });
+    }
+
     static CLI::App *subcommand(CLI::App &parent, const char *name)
     {
         for (CLI::App *const known : parent.get_subcommands({})) {
@@ -235,6 +252,8 @@ private:
         }
         if (isOneOf({Command::Transfer, Command::IndexUpdate, Command::IndexRebuild}))
             command.add_option("--rename", m_texts.rename);
+        if (isOneOf({Command::IndexUpdate, Command::IndexRebuild, Command::Remove}))
+            command.add_flag("--any-folder", m_texts.anyFolder);
         if (isOneOf({Command::Remove}))
             command.add_option("--confirm", m_texts.confirm);
         if (isOneOf({Command::List})) {
@@ -281,22 +300,35 @@ QString Arguments::words(Request::Command command)
     return {};
 }
 
+/** The first flag that was given a value, such as "--json=x"; empty when there is none. */
+QString Arguments::flagWithValue(const Grammar &grammar, const QList<QByteArray> &arguments)
+{
+    for (const QByteArray &argument : arguments) {
+        const QByteArray name = argument.left(argument.indexOf('='));
+        if (argument == "--")
+            break;
+        if (argument.startsWith("--") && name.size() < argument.size() &&
+            grammar.isFlag(name.toStdString()))
+            return QString::fromUtf8(name);
+    }
+    return {};
+}
+
 /** What CLI11 has to say about the arguments; empty when it accepts them. */
 QString Arguments::parse(Grammar &grammar, std::vector<std::string> reversed)
 {
-    const QLatin1Char mark(plainMark);
     try {
         grammar.parse(std::move(reversed));
-    } catch (const CLI::ExtrasError &error) {
-        const QString what = QString::fromUtf8(error.what());
-        return tr("Argomento sconosciuto: %1")
-            .arg(what.section(QStringLiteral(": "), 1))
-            .remove(mark);
+    } catch (const CLI::ExtrasError &) {
+        QStringList extras;
+        for (const std::string &extra : grammar.extras())
+            extras.append(plainText(extra));
+        return tr("Argomento sconosciuto: %1").arg(extras.join(QLatin1Char(' ')));
     } catch (const CLI::ArgumentMismatch &error) {
         const QString what = QString::fromUtf8(error.what());
         return tr("L'opzione vuole un solo valore: %1").arg(what.section(QLatin1Char(':'), 0, 0));
-    } catch (const CLI::ParseError &error) {
-        return QString::fromUtf8(error.what()).remove(mark);
+    } catch (const CLI::ParseError &) {
+        return tr("Argomenti non validi");
     }
     return {};
 }
@@ -341,6 +373,10 @@ QString Arguments::whatIsWrong(const Request &request)
         return tr("Manca il comando");
     if (request.command == Command::Set && request.edit.isEmpty())
         return tr("Manca il dato da modificare, per esempio --title");
+    const bool namesFiles = request.command != Command::CatalogueFind;
+    if ((namesFiles && request.paths.contains(QByteArray())) ||
+        (request.backup && request.backup->isEmpty()))
+        return tr("Un nome è vuoto");
     if (request.command == Command::Transfer && request.to.isEmpty())
         return tr("Manca la cartella di destinazione: --to CARTELLA");
     if (request.remove && !request.inLine)
@@ -374,6 +410,9 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
     Result result;
     Request &request = result.request;
     result.error = parse(grammar, std::move(parts.marked));
+    const QString flag = flagWithValue(grammar, arguments);
+    if (!flag.isEmpty())
+        result.error = tr("L'opzione non vuole un valore: %1").arg(flag);
     request.command = grammar.command();
     const Texts &texts = grammar.texts();
     request.help = texts.help;
@@ -390,6 +429,7 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
     request.verify = texts.verify;
     request.inLine = texts.inLine;
     request.remove = texts.remove;
+    request.anyFolder = texts.anyFolder;
     request.to = plain(texts.to);
     if (grammar.has("--backup"))
         request.backup = plain(texts.backup);
@@ -409,6 +449,10 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
             request.paths.removeFirst();
         }
     }
+    if (request.command == Command::CatalogueFind && result.error.isEmpty() &&
+        !request.paths.constFirst().isValidUtf8())
+        result.error = tr("Valore non valido per %1: %2")
+                           .arg(QStringLiteral("TEXT"), shownName(request.paths.constFirst()));
     if (request.command == Command::CatalogueFind && result.error.isEmpty())
         request.text = QString::fromUtf8(request.paths.constFirst());
     return result;

@@ -37,6 +37,7 @@ public:
 private:
     class Grammar;
 
+    static QString flagWithValue(const Grammar &grammar, const QList<QByteArray> &arguments);
     static QString parse(Grammar &grammar, std::vector<std::string> reversed);
     static QString readValues(const Grammar &grammar, Request &request);
     static QString whatIsWrong(const Request &request);

@@ -44,10 +44,10 @@ const QList<Usage> &usages()
                         "FILE|DIR...")},
         {Command::IndexUpdate,
          {QStringLiteral("kavena index update /media/$USER/CARD")},
-         QStringLiteral("[--rename yes|no] MEMORY")},
+         QStringLiteral("[--rename yes|no] [--any-folder] MEMORY")},
         {Command::IndexRebuild,
          {QStringLiteral("kavena index rebuild --rename yes /media/$USER/CARD")},
-         QStringLiteral("[--rename yes|no] MEMORY")},
+         QStringLiteral("[--rename yes|no] [--any-folder] MEMORY")},
         {Command::IndexCheck,
          {QStringLiteral("kavena index check /media/$USER/CARD")},
          QStringLiteral("[--json] MEMORY")},
@@ -58,7 +58,7 @@ const QList<Usage> &usages()
         {Command::Remove,
          {QStringLiteral("kavena remove --confirm yes /media/$USER/CARD /songs/old.mid"),
           QStringLiteral("kavena remove /media/$USER/CARD /media/$USER/CARD/songs/*.mid")},
-         QStringLiteral("[--confirm yes|no] [--json] [-0] MEMORY PATH...")},
+         QStringLiteral("[--confirm yes|no] [--any-folder] [--json] [-0] MEMORY PATH...")},
         {Command::Eject,
          {QStringLiteral("kavena eject /media/$USER/CARD")},
          QStringLiteral("[--json] MEMORY")},
@@ -91,10 +91,14 @@ QString Help::text(Command command)
         usage += QStringLiteral("kavena ") + Arguments::words(entry.command) + QLatin1Char(' ') +
                  entry.arguments;
     }
+    constexpr int column = 20;
+    const QString nextLine = QStringLiteral("\n  ") + QString(column + 1, QLatin1Char(' '));
     const auto option = [&](const char *name, const QString &meaning) {
         QString text = QString::fromUtf8(name);
         if (arguments.contains(text.section(QLatin1Char(' '), 0, 0)))
-            options += text.leftJustified(20) + QLatin1Char(' ') + meaning;
+            options += text.size() > column
+                           ? text + nextLine + meaning
+                           : text.leftJustified(column) + QLatin1Char(' ') + meaning;
     };
     option("--title T", tr("titolo"));
     option("--artist A", tr("interprete"));
@@ -112,6 +116,7 @@ QString Help::text(Command command)
     option("--in-line", tr("copia ciò che è nuovo o diverso ed elenca le song in più"));
     option("--remove", tr("con --in-line: rimuove le song in più, con le loro immagini"));
     option("--rename yes|no", tr("accorcia i nomi troppo lunghi per il player"));
+    option("--any-folder", tr("anche una cartella che non è in una memoria"));
     option("--sort title|artist|genre", tr("l'ordine dell'elenco"));
     option("--duplicates", tr("solo le song che ci sono più volte, per gruppi"));
     option("--confirm yes|no", tr("elimina le song senza chiedere"));

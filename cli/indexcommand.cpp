@@ -3,6 +3,7 @@
 #include "cli/songpaths.h"
 #include "devindex/index.h"
 #include "devindex/memorycheck.h"
+#include "storage/folderid.h"
 #include "storage/memorylock.h"
 
 ExitStatus IndexCommand::run()
@@ -15,7 +16,18 @@ ExitStatus IndexCommand::run()
 
 ExitStatus IndexCommand::check(const QString &root)
 {
-    const QList<MemoryCheck::Finding> findings = MemoryCheck(root).run();
+    // What another program has half written would look damaged. A memory that cannot be locked
+    // cannot be written to either.
+    MemoryLock lock(root);
+    if (!lock.take() && lock.isHeldByOther())
+        return m_terminal.refuse(root, lock.message());
+    const FolderId before = folderIdOf(root);
+    const QList<MemoryCheck::Finding> findings =
+        MemoryCheck(root).run([this] { return m_terminal.isStopped(); });
+    if (m_terminal.isStopped())
+        return m_terminal.status(); // what was found so far may not be all
+    if (before.isEmpty() || folderIdOf(root) != before)
+        return m_terminal.refuse(root, SongPaths::memoryHasGone());
     for (const MemoryCheck::Finding &finding : findings)
         m_writer.finding(finding);
     if (findings.isEmpty())
@@ -26,6 +38,8 @@ ExitStatus IndexCommand::check(const QString &root)
 
 ExitStatus IndexCommand::build(const QString &root)
 {
+    if (!SongPaths::mayChange(root, m_request, m_terminal))
+        return ExitStatus::NothingDone;
     MemoryLock lock(root);
     if (!lock.take())
         return m_terminal.refuse(root, lock.message());
@@ -35,6 +49,7 @@ ExitStatus IndexCommand::build(const QString &root)
     index.setRenameQuestion([this](const QString &path, const QString &message) {
         return m_terminal.ask(path, message, "--rename", m_request.rename);
     });
+    index.setStopQuestion([this] { return m_terminal.isStopped(); });
     const auto setValue = [&progress](int value) { progress->setValue(value); };
     QObject::connect(&index, &Index::fileFoundChanged, &index, setValue);
     QObject::connect(&index, &Index::progressValueChanged, &index, setValue);
@@ -42,12 +57,16 @@ ExitStatus IndexCommand::build(const QString &root)
                      [&progress](int maximum) { progress->setMaximum(maximum); });
     QObject::connect(&index, &Index::errorFromIndex, &index,
                      [this](const QString &message) { m_terminal.fail(message); });
+    QObject::connect(&index, &Index::leftOut, &index,
+                     [this](const QString &message) { m_terminal.fail(message); });
     const bool isWhole = m_request.command == Request::Command::IndexUpdate
                              ? index.updateIndex(root)
                              : index.createIndex(root);
     lock.release();
     if (isWhole)
         m_terminal.countDone();
+    else if (m_terminal.isStopped())
+        return stopped(root, index);
     else
         m_terminal.fail(root, index.filesFound == 0
                                   ? tr("Nessuna song nella memoria")
@@ -56,5 +75,14 @@ ExitStatus IndexCommand::build(const QString &root)
                                         "Operazione non riuscita.\n"
                                         "Assicurarsi che il disco abbia sufficiente spazio libero "
                                         "e che non sia protetto da scrittura."));
+    return m_terminal.status();
+}
+
+/** The songs are as they were; what the player finds may have changed. */
+ExitStatus IndexCommand::stopped(const QString &root, const Index &index)
+{
+    if (!index.checkIndexFile())
+        m_terminal.fail(root, tr("La memoria non ha un database completo: aggiornarlo prima di "
+                                 "usarla"));
     return m_terminal.status();
 }

@@ -3,6 +3,8 @@
 
 #include "cli/command.h"
 
+class Index;
+
 class IndexCommand : public Command
 {
     Q_DECLARE_TR_FUNCTIONS(IndexCommand)
@@ -15,4 +17,5 @@ public:
 private:
     ExitStatus check(const QString &root);
     ExitStatus build(const QString &root);
+    ExitStatus stopped(const QString &root, const Index &index);
 };

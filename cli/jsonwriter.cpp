@@ -1,6 +1,8 @@
 #include "cli/jsonwriter.h"
 
+#include "cli/givenpath.h"
 #include "cli/standardoutput.h"
+#include "devindex/songinfoindex.h"
 
 #include <QByteArray>
 
@@ -83,7 +85,7 @@ QString valueOf(const ChangePreview::Change &change, const QString &text)
 void JsonWriter::song(const QString &path, const SongInfo &info)
 {
     m_output.write(Object()
-                       .add("path", path)
+                       .add("path", givenpath::shown(path))
                        .add("format", info.format)
                        .add("title", info.title)
                        .add("artist", info.artist)
@@ -100,7 +102,7 @@ void JsonWriter::song(const QString &path, const SongInfo &info)
 
 void JsonWriter::unreadable(const QString &path, const QString &reason)
 {
-    m_output.write(Object().add("path", path).add("error", reason).json() + '\n');
+    m_output.write(Object().add("path", givenpath::shown(path)).add("error", reason).json() + '\n');
 }
 
 void JsonWriter::changes(const QString &path, bool found,
@@ -113,9 +115,12 @@ void JsonWriter::changes(const QString &path, bool found,
                            .add("old", valueOf(change, change.before))
                            .add("new", valueOf(change, change.after))
                            .json());
-    m_output.write(
-        Object().add("path", path).addBool("found", found).addList("changes", objects).json() +
-        '\n');
+    m_output.write(Object()
+                       .add("path", givenpath::shown(path))
+                       .addBool("found", found)
+                       .addList("changes", objects)
+                       .json() +
+                   '\n');
 }
 
 void JsonWriter::listed(const SongInfoIndex &song)
@@ -124,8 +129,8 @@ void JsonWriter::listed(const SongInfoIndex &song)
                        .add("id", song.id)
                        .add("path", song.path)
                        .add("title", song.title)
-                       .add("artist", song.artist)
-                       .add("genre", song.genre)
+                       .add("artist", knownText(song.artist))
+                       .add("genre", knownText(song.genre))
                        .add("format", formatName(song))
                        .add("bpm", song.bpm)
                        .addBool("markers", song.hasMarkers != 0)
@@ -141,7 +146,7 @@ void JsonWriter::duplicate(int group, Same same, const MemorySong &song)
                                                         : QStringLiteral("title-and-artist"))
                        .add("path", song.info.path)
                        .add("title", song.info.title)
-                       .add("artist", song.info.artist)
+                       .add("artist", knownText(song.info.artist))
                        .add("bytes", song.size)
                        .json() +
                    '\n');
@@ -150,7 +155,7 @@ void JsonWriter::duplicate(int group, Same same, const MemorySong &song)
 void JsonWriter::removed(const QString &path, const QString &reason)
 {
     Object object;
-    object.add("path", path).addBool("removed", reason.isEmpty());
+    object.add("path", givenpath::shown(path)).addBool("removed", reason.isEmpty());
     if (!reason.isEmpty())
         object.add("error", reason);
     m_output.write(object.json() + '\n');
@@ -166,7 +171,7 @@ void JsonWriter::ejected(const QString &memory, bool isEjected, const QString &t
 void JsonWriter::finding(const MemoryCheck::Finding &finding)
 {
     m_output.write(Object()
-                       .add("finding", QString::fromUtf8(MemoryCheck::nameOf(finding.kind)))
+                       .add("finding", QString::fromUtf8(CheckFinding::nameOf(finding.kind)))
                        .add("path", finding.path)
                        .add("text", finding.text)
                        .json() +
@@ -178,7 +183,7 @@ void JsonWriter::planned(const TransferPlan::Item &item)
     const bool isRemoval = item.state == TransferPlan::State::Remove;
     const QString destination = item.destination();
     m_output.write(Object()
-                       .add("path", item.path)
+                       .add("path", givenpath::shown(item.path))
                        .add("target", destination.isEmpty() ? item.target : destination)
                        .add("state", QString::fromUtf8(stateName(item.state)))
                        .add("bytes", isRemoval ? item.room : qMax<qint64>(item.growth(), 0))

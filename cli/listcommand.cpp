@@ -5,6 +5,8 @@
 #include "devindex/index.h"
 #include "devindex/memoryduplicates.h"
 #include "devindex/memorysongs.h"
+#include "storage/folderid.h"
+#include "storage/memorylock.h"
 
 ExitStatus ListCommand::run()
 {
@@ -17,6 +19,10 @@ ExitStatus ListCommand::run()
 /** Of the songs that lie on the memory, whether or not they are in its index. */
 ExitStatus ListCommand::listDuplicates(const QString &root)
 {
+    MemoryLock lock(root);
+    if (!lock.take() && lock.isHeldByOther())
+        return m_terminal.refuse(root, lock.message());
+    const FolderId before = folderIdOf(root);
     const auto progress = m_terminal.openProgress({}, tr("Lettura della memoria"), 0);
     MemorySongs memory(root);
     switch (memory.read(*progress)) {
@@ -29,11 +35,14 @@ ExitStatus ListCommand::listDuplicates(const QString &root)
         break;
     }
     const QList<MemorySong> &songs = memory.songs();
-    const auto sameBytes = memoryduplicates::sameBytes(songs, *progress);
+    memoryduplicates::Group unread;
+    const auto sameBytes = memoryduplicates::sameBytes(songs, *progress, &unread);
     if (!sameBytes) {
         m_terminal.isStopped();
         return m_terminal.status();
     }
+    if (before.isEmpty() || folderIdOf(root) != before)
+        return m_terminal.refuse(root, SongPaths::memoryHasGone());
     int number = 0;
     const auto write = [&](const QList<memoryduplicates::Group> &groups, Writer::Same same) {
         for (const memoryduplicates::Group &group : groups) {
@@ -44,6 +53,8 @@ ExitStatus ListCommand::listDuplicates(const QString &root)
     };
     write(*sameBytes, Writer::Same::Bytes);
     write(memoryduplicates::sameTitle(songs), Writer::Same::TitleAndArtist);
+    for (const qsizetype place : std::as_const(unread))
+        m_terminal.fail(songs.at(place).info.path, tr("Il file non è leggibile"));
     for (const QString &folder : memory.unreadableFolders())
         m_terminal.fail(folder, tr("La cartella non è leggibile"));
     return m_terminal.failures() > 0 ? ExitStatus::WithFailures : ExitStatus::Done;

@@ -2,6 +2,7 @@
 #include "cli/interrupt.h"
 #include "cli/language.h"
 #include "cli/program.h"
+#include "storage/standardhandles.h"
 
 #include <QCoreApplication>
 
@@ -21,6 +22,7 @@ void discard(QtMsgType type, const QMessageLogContext &, const QString &)
 
 int main(int argc, char *argv[])
 {
+    fillStandardHandles();
     qInstallMessageHandler(&discard);
     interrupt::catchSignals();
     QList<QByteArray> arguments;

@@ -1,11 +1,12 @@
 #include "cli/peoplewriter.h"
 
-#include "cli/shownname.h"
+#include "cli/givenpath.h"
 #include "cli/standardoutput.h"
 #include "devindex/indexrecords.h"
 #include "devindex/sizetext.h"
 #include "library/historytexts.h"
 #include "library/songtable.h"
+#include "storage/shownname.h"
 
 namespace
 {
@@ -20,7 +21,7 @@ constexpr int formatWidth = 4;
 
 void PeopleWriter::song(const QString &path, const SongInfo &info)
 {
-    line(path);
+    line(givenpath::shown(path));
     item(tr("Formato"), info.format);
     item(ChangePreview::fieldName(Field::Title), info.title);
     item(ChangePreview::fieldName(Field::Artist), info.artist);
@@ -41,11 +42,11 @@ void PeopleWriter::changes(const QString &path, bool found,
                            const QList<ChangePreview::Change> &changes)
 {
     if (!found)
-        line(tr("%1: non è nel catalogo").arg(path));
+        line(tr("%1: non è nel catalogo").arg(givenpath::shown(path)));
     else if (changes.isEmpty())
-        line(tr("%1: nessuna modifica").arg(path));
+        line(tr("%1: nessuna modifica").arg(givenpath::shown(path)));
     else
-        line(path);
+        line(givenpath::shown(path));
     for (const ChangePreview::Change &change : changes) {
         const auto shown = [](const QString &text) {
             return text.isEmpty() ? ChangePreview::emptyValue() : text;
@@ -88,7 +89,7 @@ void PeopleWriter::planned(const TransferPlan::Item &item)
 {
     const QString destination = item.destination();
     const QString place = destination.isEmpty() ? item.target : destination;
-    line(stateLabel(item.state) + QStringLiteral(": ") + item.path +
+    line(stateLabel(item.state) + QStringLiteral(": ") + givenpath::shown(item.path) +
          (place.isEmpty() ? place : QStringLiteral(" -> ") + place));
 }
 

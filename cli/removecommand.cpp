@@ -25,10 +25,20 @@ QString pathOnMemory(const QString &root, const QString &given)
 
 ExitStatus RemoveCommand::run()
 {
-    std::optional<QString> root = SongPaths::memory(m_request.paths.constFirst(), m_terminal);
+    const QByteArray &given = m_request.paths.constFirst();
+    const std::optional<QString> folder = SongPaths::folder(given, m_terminal);
+    if (!folder)
+        return ExitStatus::NothingDone;
+    std::optional<QString> root = SongPaths::memory(given, m_terminal);
     if (!root)
         return ExitStatus::NothingDone;
     root = QDir::cleanPath(*root);
+    // The names of the songs could be meant from this folder or from the root.
+    if (QDir::cleanPath(*folder) != root)
+        return m_terminal.refuse(
+            *folder, tr("La cartella è dentro una memoria: indicare la memoria, %1").arg(*root));
+    if (!SongPaths::mayChange(*root, m_request, m_terminal))
+        return ExitStatus::NothingDone;
     const std::optional<QStringList> paths = songs(*root);
     if (!paths)
         return ExitStatus::NothingDone;

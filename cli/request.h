@@ -66,6 +66,7 @@ struct Request {
     std::optional<bool> changed; ///< whether songs that were changed since are taken back too
     std::optional<qint64> job;   ///< to be taken back; nothing: the last one
     bool duplicates = false;
+    bool anyFolder = false; ///< also one that looks like no memory is changed
     Index::SORT_MODE sort = Index::SortByTitle;
     QString text; ///< what to search the catalogue for
 };

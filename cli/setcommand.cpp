@@ -1,6 +1,8 @@
 #include "cli/setcommand.h"
 
+#include "cli/givenpath.h"
 #include "cli/songpaths.h"
+#include "formats/bytetext.h"
 #include "formats/metasong.h"
 #include "library/changepreview.h"
 #include "library/runreport.h"
@@ -64,7 +66,7 @@ void SetCommand::set(const QString &path)
     m_leftovers.tidyBeside(path);
     MetaSong song;
     if (!song.importFile(path)) {
-        m_terminal.fail(path, UnreadableFile::examine(path).reasonText());
+        m_terminal.fail(path, UnreadableFile::examine(path, song.wasInUse()).reasonText());
         return;
     }
     SongInfo before;
@@ -90,8 +92,28 @@ void SetCommand::set(const QString &path)
     m_terminal.countDone();
     if (!isReadable)
         return;
+    tellCutTexts(path, after);
     const QString lost = ChangePreview::lostCharacters(before, after, wanted);
     if (!lost.isEmpty())
-        m_terminal.note(path + QStringLiteral(": ") +
+        m_terminal.note(givenpath::shown(path) + QStringLiteral(": ") +
                         RunReport::text({SongFinding::Kind::LostCharacters, path, lost}));
+}
+
+/** Names the texts of which the song's format holds only the beginning. */
+void SetCommand::tellCutTexts(const QString &path, const SongInfo &saved)
+{
+    const auto tell = [&](ChangePreview::Field field, const std::optional<QString> &wanted,
+                          const QString &kept) {
+        const QString whole = textFromBytes(bytesFromText(wanted.value_or(QString())));
+        if (kept.size() < whole.size() && whole.startsWith(kept))
+            m_terminal.note(tr("%1: %2 accorciato a %3 caratteri: %4")
+                                .arg(givenpath::shown(path), ChangePreview::fieldName(field))
+                                .arg(kept.size())
+                                .arg(kept));
+    };
+    const Request::Edit &edit = m_request.edit;
+    tell(ChangePreview::Field::Title, edit.title, saved.title);
+    tell(ChangePreview::Field::Artist, edit.artist, saved.artist);
+    tell(ChangePreview::Field::Genre, edit.genre, saved.genre);
+    tell(ChangePreview::Field::Author, edit.author, saved.author);
 }

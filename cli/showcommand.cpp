@@ -1,9 +1,9 @@
 #include "cli/showcommand.h"
 
-#include "cli/shownname.h"
 #include "cli/songpaths.h"
 #include "formats/metasong.h"
 #include "library/unreadablefile.h"
+#include "storage/shownname.h"
 
 ExitStatus ShowCommand::run()
 {
@@ -31,7 +31,7 @@ void ShowCommand::show(const QByteArray &bytes)
     }
     MetaSong song;
     if (!song.importFile(*path)) {
-        const QString reason = UnreadableFile::examine(*path).reasonText();
+        const QString reason = UnreadableFile::examine(*path, song.wasInUse()).reasonText();
         m_terminal.fail(*path, reason);
         m_writer.unreadable(*path, reason);
         return;

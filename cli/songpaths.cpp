@@ -1,14 +1,17 @@
 #include "cli/songpaths.h"
 
-#include "cli/shownname.h"
+#include "cli/givenpath.h"
 #include "cli/terminal.h"
+#include "devindex/indexfiles.h"
 #include "devindex/mountedvolumes.h"
 #include "formats/songnames.h"
 #include "library/songsearch.h"
 #include "storage/nametext.h"
+#include "storage/shownname.h"
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <filesystem>
@@ -26,6 +29,11 @@ QString SongPaths::notUtf8()
     return tr("Il nome non è in UTF-8 e il file non può essere aperto");
 }
 
+QString SongPaths::memoryHasGone()
+{
+    return QCoreApplication::translate("MemoryContents", "La memoria non è più collegata.");
+}
+
 std::optional<QList<QByteArray>> SongPaths::given(const Request &request, Terminal &terminal)
 {
     QList<QByteArray> paths = request.paths;
@@ -39,7 +47,9 @@ std::optional<QList<QByteArray>> SongPaths::given(const Request &request, Termin
         for (const char byte : QByteArrayView(bytes.data(), static_cast<qsizetype>(size))) {
             if (byte != '\0') {
                 path += byte;
-            } else if (!path.isEmpty()) {
+            } else if (path.isEmpty()) {
+                terminal.fail(QStringLiteral("-0"), tr("Un nome è vuoto"));
+            } else {
                 paths.append(path);
                 path.clear();
             }
@@ -60,9 +70,8 @@ std::optional<QList<QByteArray>> SongPaths::given(const Request &request, Termin
 
 std::optional<QString> SongPaths::decode(const QByteArray &path, Terminal &terminal)
 {
-    // Qt takes a colon at the beginning for the files that are part of the program.
     if (path.isValidUtf8())
-        return path.startsWith(':') ? QStringLiteral("./") + nameText(path) : nameText(path);
+        return path.startsWith(':') ? givenpath::beforeColon + nameText(path) : nameText(path);
     terminal.fail(shownName(path), notUtf8());
     return std::nullopt;
 }
@@ -75,8 +84,11 @@ std::optional<QString> SongPaths::folder(const QByteArray &path, Terminal &termi
     const QFileInfo info(*name);
     if (info.isDir())
         return info.absoluteFilePath();
-    terminal.refuse(
-        *name, QCoreApplication::translate("IndexDialog", "Il percorso selezionato non esiste"));
+    terminal.refuse(*name, info.exists()
+                               ? QCoreApplication::translate(
+                                     "IndexDialog", "Il percorso selezionato non è una cartella")
+                               : QCoreApplication::translate("IndexDialog",
+                                                             "Il percorso selezionato non esiste"));
     return std::nullopt;
 }
 
@@ -89,6 +101,21 @@ std::optional<QString> SongPaths::memory(const QByteArray &path, Terminal &termi
     if (!mounted.isEmpty())
         root = mounted;
     return root;
+}
+
+bool SongPaths::mayChange(const QString &root, const Request &request, Terminal &terminal)
+{
+    const auto isThere = [&root](QLatin1String name) {
+        return QFileInfo(root + QLatin1Char('/') + name).isFile();
+    };
+    if (request.anyFolder || !MountedVolumes().memoryOf(root).isEmpty() ||
+        std::any_of(indexfiles::all.begin(), indexfiles::all.end(), isThere))
+        return true;
+    terminal.refuse(root, QCoreApplication::translate(
+                              "IndexCommand", "La cartella non è in una memoria collegata e non "
+                                              "ha un database (%1: la prende comunque)")
+                              .arg(QStringLiteral("--any-folder")));
+    return false;
 }
 
 std::optional<QStringList> SongPaths::songs(const Request &request, Terminal &terminal)

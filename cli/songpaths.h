@@ -28,6 +28,9 @@ public:
      */
     static std::optional<QList<QByteArray>> given(const Request &request, Terminal &terminal);
 
+    /** Of a memory that was pulled while it was read: what was found on it is worth nothing. */
+    static QString memoryHasGone();
+
     /** The path of bytes that are valid UTF-8; else nothing, after the terminal named the failure.
      */
     static std::optional<QString> decode(const QByteArray &path, Terminal &terminal);
@@ -40,6 +43,13 @@ public:
      * Nothing where folder() gives none.
      */
     static std::optional<QString> memory(const QByteArray &path, Terminal &terminal);
+
+    /**
+     * True when the root may be changed: it is a connected memory or has a part of an index, or the
+     * request takes any folder. Else the terminal is told: a folder of the computer that was named
+     * by mistake must not get files nor lose songs.
+     */
+    static bool mayChange(const QString &root, const Request &request, Terminal &terminal);
 
     /**
      * The songs of a request whose arguments may be folders, each once: files as they were given,

@@ -1,5 +1,6 @@
 #include "cli/synccommand.h"
 
+#include "cli/givenpath.h"
 #include "cli/songpaths.h"
 #include "devindex/filecopier.h"
 #include "formats/metasong.h"
@@ -102,7 +103,7 @@ void SyncCommand::sync(const QString &path, const CatalogueMerge &catalogue)
         m_leftovers.tidyBeside(path);
     SongUpdate update(path);
     if (!update.load()) {
-        const QString reason = UnreadableFile::examine(path).reasonText();
+        const QString reason = UnreadableFile::examine(path, update.wasInUse()).reasonText();
         m_terminal.fail(path, reason);
         m_writer.unreadable(path, reason);
         return;
@@ -111,24 +112,27 @@ void SyncCommand::sync(const QString &path, const CatalogueMerge &catalogue)
         return m_terminal.ask(path, tr("La song non ha la firma del produttore. Modificarla?"),
                               "--unsigned", m_request.changeUnsigned);
     };
-    const bool mayChange =
-        m_request.dryRun || update.before().isKravo || m_changeUnsigned.isYes(ask);
-    if (!mayChange) {
-        m_terminal.note(tr("%1: non modificata, senza la firma del produttore").arg(path));
+    // A dry run does not ask; it shows what a yes would do.
+    const bool isSigned = update.before().isKravo;
+    const bool mayChange = isSigned || (m_request.dryRun ? m_request.changeUnsigned.value_or(true)
+                                                         : m_changeUnsigned.isYes(ask));
+    const bool isKnown = update.merge(catalogue, QFileInfo(path).fileName());
+    if (isKnown && mayChange && !(m_request.dryRun && update.canBeSaved())) {
+        save(path, update);
         return;
     }
-    if (!update.merge(catalogue, QFileInfo(path).fileName())) {
-        m_writer.changes(path, false, {});
-        if (m_request.dryRun)
-            m_terminal.countDone();
-        return;
-    }
-    if (m_request.dryRun && update.canBeSaved()) {
-        m_writer.changes(path, true, update.changes());
+    const QList<ChangePreview::Change> changes =
+        isKnown && mayChange ? update.changes() : QList<ChangePreview::Change>();
+    m_writer.changes(path, isKnown, changes);
+    if (!mayChange)
+        m_terminal.note(
+            tr("%1: non modificata, senza la firma del produttore").arg(givenpath::shown(path)));
+    else if (!isSigned && !changes.isEmpty() && !m_request.changeUnsigned)
+        m_terminal.note(tr("%1: senza la firma del produttore, viene modificata solo se la "
+                           "risposta è sì (%2)")
+                            .arg(givenpath::shown(path), QStringLiteral("--unsigned yes")));
+    if (m_request.dryRun)
         m_terminal.countDone();
-        return;
-    }
-    save(path, update);
 }
 
 void SyncCommand::save(const QString &path, SongUpdate &update)
@@ -155,7 +159,7 @@ void SyncCommand::save(const QString &path, SongUpdate &update)
     for (const ChangePreview::Change &change : changes) {
         if (!change.lost.isEmpty())
             m_terminal.note(
-                path + QStringLiteral(": ") +
+                givenpath::shown(path) + QStringLiteral(": ") +
                 RunReport::text({SongFinding::Kind::LostCharacters, path, change.lost}));
     }
 }

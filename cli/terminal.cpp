@@ -1,13 +1,15 @@
 #include "cli/terminal.h"
 
+#include "cli/givenpath.h"
 #include "cli/interrupt.h"
-#include "cli/shownname.h"
+#include "storage/shownname.h"
 
 #include <QElapsedTimer>
 
 #include <array>
+#include <csignal>
 #include <cstdio>
-#include <poll.h>
+#include <sys/select.h>
 #include <unistd.h>
 
 namespace
@@ -20,6 +22,25 @@ void writeError(const QByteArray &bytes)
 {
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stderr);
     std::fflush(stderr);
+}
+
+/** Waits for the user; false when a signal ends the wait, or has come before it. */
+bool waitForInput()
+{
+    sigset_t stops;
+    sigset_t before;
+    sigemptyset(&stops);
+    sigaddset(&stops, SIGINT);
+    sigaddset(&stops, SIGTERM);
+    // Let in only while it waits: one that came between the question and the wait would be missed.
+    sigprocmask(SIG_BLOCK, &stops, &before);
+    fd_set input;
+    FD_ZERO(&input);
+    FD_SET(STDIN_FILENO, &input);
+    const bool isThere = !interrupt::isRequested() &&
+                         pselect(STDIN_FILENO + 1, &input, nullptr, nullptr, nullptr, &before) > 0;
+    sigprocmask(SIG_SETMASK, &before, nullptr);
+    return isThere;
 }
 
 /** A line "label done/maximum" that is written over, at most ten times a second. */
@@ -75,7 +96,7 @@ Terminal::Terminal()
 void Terminal::fail(const QString &path, const QString &reason)
 {
     ++m_failures;
-    write(path + QStringLiteral(": ") + reason);
+    write(givenpath::shown(path) + QStringLiteral(": ") + reason);
 }
 
 void Terminal::fail(const QString &reason)
@@ -97,7 +118,7 @@ ExitStatus Terminal::refuse(const QString &reason)
 
 ExitStatus Terminal::refuse(const QString &path, const QString &reason)
 {
-    return refuse(path + QStringLiteral(": ") + reason);
+    return refuse(givenpath::shown(path) + QStringLiteral(": ") + reason);
 }
 
 bool Terminal::isStopped()
@@ -133,11 +154,10 @@ Answer Terminal::ask(const QString &path, const QString &question, const char *o
     const QString no = tr("n");
     const QString choices = tr("[%1 = sì, %2 = sì a tutti, %3 = no, %4 = no a tutti]")
                                 .arg(yes, yes.toUpper(), no, no.toUpper());
-    writeError(clearLine + onOneLine(path + QStringLiteral(": ") + question).toUtf8() + ' ' +
+    writeError(clearLine +
+               onOneLine(givenpath::shown(path) + QStringLiteral(": ") + question).toUtf8() + ' ' +
                choices.toUtf8() + ' ');
-    // A signal ends the wait for the answer.
-    pollfd input{STDIN_FILENO, POLLIN, 0};
-    if (poll(&input, 1, -1) < 0)
+    if (!waitForInput())
         return Answer::NoToAll;
     std::array<char, 4096> line{}; // a terminal gives no longer line
     const ssize_t size = read(STDIN_FILENO, line.data(), line.size());

@@ -1,6 +1,12 @@
 #include "cli/transfercommand.h"
 
 #include "cli/songpaths.h"
+#include "formats/songnames.h"
+#include "library/companion.h"
+#include "library/unreadablefile.h"
+
+#include <QFileInfo>
+#include <QSet>
 
 namespace
 {
@@ -65,15 +71,35 @@ ExitStatus TransferCommand::run()
     const std::optional<QString> folder = SongPaths::folder(m_request.to, m_terminal);
     if (!folder)
         return ExitStatus::NothingDone;
-    const std::optional<QStringList> songs = SongPaths::songs(m_request, m_terminal);
+    std::optional<QStringList> songs = SongPaths::songs(m_request, m_terminal);
+    if (songs)
+        refuseOtherFiles(*songs);
     if (!songs || songs->isEmpty())
         return m_terminal.failures() > 0 ? ExitStatus::WithFailures : ExitStatus::NothingDone;
 
     TransferAnswers answers(m_request, m_terminal, *folder);
     Transfer transfer(answers, m_terminal.progressOpener());
     transfer.setReadBack(m_request.verify);
-    return m_request.dryRun || m_request.inLine ? runPlan(transfer, answers, *songs)
-                                                : statusOf(transfer.transferFiles(*songs));
+    return m_request.dryRun || m_request.inLine
+               ? runPlan(transfer, answers, *songs)
+               : statusOf(transfer.transferFiles(*songs), transfer);
+}
+
+/** Takes away what is no song. Karaoke pictures go with their song without being named. */
+void TransferCommand::refuseOtherFiles(QStringList &songs)
+{
+    QSet<QString> pictures;
+    for (const QString &song : std::as_const(songs))
+        pictures.insert(companionOf(song));
+    songs.removeIf([&](const QString &path) {
+        if (songnames::isSongName(path))
+            return false;
+        if (!pictures.contains(path))
+            m_terminal.fail(path, QFileInfo::exists(path)
+                                      ? tr("Non è una song e non viene copiato")
+                                      : UnreadableFile::examine(path).reasonText());
+        return true;
+    });
 }
 
 ExitStatus TransferCommand::runPlan(Transfer &transfer, TransferUser &user,
@@ -92,7 +118,7 @@ ExitStatus TransferCommand::runPlan(Transfer &transfer, TransferUser &user,
     const QString missing = whatIsMissing(*plan);
     if (!missing.isEmpty() && !user.askAnyway({}, missing))
         return ExitStatus::NothingDone;
-    return statusOf(transfer.carryOut(*plan));
+    return statusOf(transfer.carryOut(*plan), transfer);
 }
 
 /** The remedies that the options decide about. */
@@ -168,13 +194,15 @@ QString TransferCommand::whatIsMissing(const TransferPlan &plan)
                                      .arg(plan.songsAfter());
 }
 
-ExitStatus TransferCommand::statusOf(Transfer::Outcome outcome)
+/** The index alone, which each transfer brings up to date at its end, is not what was asked for. */
+ExitStatus TransferCommand::statusOf(Transfer::Outcome outcome, const Transfer &transfer)
 {
     switch (outcome) {
     case Transfer::Outcome::NotStarted:
         return ExitStatus::NothingDone;
     case Transfer::Outcome::Complete:
-        m_terminal.countDone();
+        if (transfer.changedSongs() > 0)
+            m_terminal.countDone();
         return m_terminal.status();
     case Transfer::Outcome::Incomplete:
         break;

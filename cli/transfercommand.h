@@ -14,10 +14,11 @@ public:
     ExitStatus run() override;
 
 private:
+    void refuseOtherFiles(QStringList &songs);
     ExitStatus runPlan(Transfer &transfer, TransferUser &user, const QStringList &songs);
     void choose(TransferPlan &plan) const;
     ExitStatus tellPlan(const TransferPlan &plan);
     void askToRemove(TransferPlan &plan);
     static QString whatIsMissing(const TransferPlan &plan);
-    ExitStatus statusOf(Transfer::Outcome outcome);
+    ExitStatus statusOf(Transfer::Outcome outcome, const Transfer &transfer);
 };

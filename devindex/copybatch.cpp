@@ -53,7 +53,7 @@ bool CopyBatch::holds(const QString &target) const
  *     flushed: the names lead to the old bytes;
  *  3. new files get their names: not before, since they would lead nowhere after that flush;
  *  4. all files are flushed under their names: they lead to the new bytes;
- *  5. the folder is flushed;
+ *  5. the folder is flushed, unless that was done with the whole file system;
  *  6. the place of the old bytes is free.
  */
 QSet<int> CopyBatch::settle()
@@ -72,8 +72,7 @@ QSet<int> CopyBatch::settle()
     giveNames(true);
     bool flushed = oldBytes.empty() || flushPath(m_folder);
     giveNames(false);
-    flush();
-    flushed = flushPath(m_folder) && flushed;
+    flushed = (flush() || flushPath(m_folder)) && flushed;
     for (const File &file : std::as_const(m_files)) {
         if (!flushed)
             fail(file, "the folder cannot be brought to the medium:");
@@ -86,11 +85,14 @@ QSet<int> CopyBatch::settle()
     return m_failed;
 }
 
-/** Files that cannot be flushed leave the batch. */
-void CopyBatch::flush()
+/**
+ * Files that cannot be flushed leave the batch. True when the whole file system was flushed, the
+ * folder with it.
+ */
+bool CopyBatch::flush()
 {
     if (m_fileSystem.flush())
-        return;
+        return true;
     m_files.removeIf([this](const File &file) {
         if (!file.part->isOpen() || flushToMedium(*file.part))
             return false;
@@ -98,6 +100,7 @@ void CopyBatch::flush()
         QFile::remove(file.part->fileName());
         return true;
     });
+    return false;
 }
 
 /** Files that came to the medium with other bytes leave the batch. */

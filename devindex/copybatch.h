@@ -56,7 +56,7 @@ public:
     const QSet<int> &changed() const { return m_changed; }
 
 private:
-    void flush();
+    bool flush();
     void readBack();
     void giveNames(bool replacing);
     void fail(const File &file, const char *reason);

@@ -3,12 +3,18 @@
 #include "storage/diagnostics.h"
 
 #include <QProcess>
+#include <QStandardPaths>
 
 #include <utility>
 
 DiskutilEjector::DiskutilEjector(QString program)
     : m_program(std::move(program))
 {
+}
+
+bool DiskutilEjector::isAvailable() const
+{
+    return !QStandardPaths::findExecutable(m_program).isEmpty();
 }
 
 Ejector::Result DiskutilEjector::eject(const QString &mountPoint)

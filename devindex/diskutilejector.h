@@ -9,6 +9,7 @@ public:
     /** The tool's name or path. */
     explicit DiskutilEjector(QString program = QStringLiteral("diskutil"));
 
+    bool isAvailable() const override;
     Result eject(const QString &mountPoint) override;
 
 private:

@@ -1,5 +1,6 @@
 #include "devindex/eject.h"
 
+#include "devindex/mountedvolumes.h"
 #include "storage/diagnostics.h"
 #include "storage/memorylock.h"
 
@@ -83,7 +84,7 @@ Eject::Report Eject::run(const QString &root)
     const QString memory = QFileInfo(root).canonicalFilePath();
     const QStorageInfo storage(memory);
     if (memory.isEmpty() || !storage.isValid() || storage.rootPath() != memory ||
-        memory == QDir::rootPath())
+        memory == QDir::rootPath() || !MountedVolumes().isMemory(root))
         return {false, tr("La cartella non è una memoria collegata: non c'è niente da espellere.")};
     {
         // Its file would keep the memory busy, so that it is given back before the memory goes. A

@@ -30,6 +30,9 @@ public:
     virtual ~Ejector() = default;
     Q_DISABLE_COPY_MOVE(Ejector)
 
+    /** True when there is somebody to ask; may take a moment to find out. */
+    virtual bool isAvailable() const = 0;
+
     /** Waits for the answer, which may take as long as a slow memory needs for its last bytes. */
     virtual Result eject(const QString &mountPoint) = 0;
 
@@ -53,7 +56,8 @@ public:
 
     /**
      * Brings everything to the memory and has the system eject it. Refused for a folder that is no
-     * mounted memory itself, and while a program of ours writes to the memory.
+     * mounted memory itself in one of the mount directories (other mount points are the system's),
+     * and while a program of ours writes to the memory.
      */
     Report run(const QString &root);
 

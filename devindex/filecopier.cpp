@@ -1,6 +1,7 @@
 #include "devindex/filecopier.h"
 
 #include "devindex/copybatch.h"
+#include "devindex/namekey.h"
 #include "devindex/samefile.h"
 #include "library/companion.h"
 #include "storage/diagnostics.h"
@@ -129,13 +130,17 @@ bool FileCopier::copyAs(const QList<Order> &orders, const QString &dest, Progres
     m_batch = std::make_unique<CopyBatch>(dest);
     m_replace = RememberedAnswer();
 
+    m_inPlace.reset();
     const bool toTheEnd = copyAll(orders, progress);
     settle();
+    findReplaced();
     for (const Song &song : std::as_const(m_songs)) {
         if (song.state == State::Copied)
             ++m_report.copied;
         else if (song.state == State::Skipped)
             m_report.skipped.append(song.source);
+        else if (song.state == State::Replaced)
+            m_report.replaced.append(song.source);
         else if (song.state == State::Failed)
             m_report.failed.append({song.source, song.reason});
     }
@@ -164,12 +169,52 @@ bool FileCopier::copyAll(const QList<Order> &orders, Progress &progress)
             m_songs[i].state = State::Skipped;
             continue;
         }
+        if (exists && isInList(target)) {
+            m_songs[i].state = State::Failed;
+            m_songs[i].reason = tr("una song dell'elenco si trova lì con questo nome");
+            continue;
+        }
         m_songs[i].state = State::Copied;
         if (!copySong(i, source, target, exists || mayReplace))
             m_songs[i].state = State::Failed;
         progress.updateProgress(i + 1);
     }
     return true;
+}
+
+/** True for a file that is to be copied itself: what replaced it would take its place unseen. */
+bool FileCopier::isInList(const QString &target)
+{
+    if (!m_inPlace) {
+        m_inPlace.emplace();
+        for (const Song &song : std::as_const(m_songs)) {
+            if (isInPlace(song.source, song.target))
+                m_inPlace->insert(nameKey(song.target), song.source);
+        }
+    }
+    const QStringList sources = m_inPlace->values(nameKey(target));
+    return std::any_of(sources.cbegin(), sources.cend(),
+                       [&target](const QString &source) { return isInPlace(source, target); });
+}
+
+/** Of several songs that got one name, the memory has the last. */
+void FileCopier::findReplaced()
+{
+    QMultiHash<QString, int> places;
+    for (int i = 0; i < m_songs.size(); ++i) {
+        const Song &song = m_songs.at(i);
+        if (song.state != State::Copied)
+            continue;
+        const QString key = nameKey(song.target);
+        const QList<int> earlier = places.values(key);
+        for (const int place : earlier) {
+            Song &other = m_songs[place];
+            if (other.source != song.source && other.state == State::Copied &&
+                isInPlace(other.target, song.target))
+                other.state = State::Replaced;
+        }
+        places.insert(key, i);
+    }
 }
 
 /** Flushes what was copied to the medium; songs that cannot be flushed count as failed. */

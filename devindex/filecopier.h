@@ -8,11 +8,13 @@
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QList>
+#include <QMultiHash>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QFile;
@@ -45,8 +47,9 @@ public:
 
     /** What became of the files of a list. */
     struct Report {
-        int copied = 0;      ///< also when the user stopped it later
-        QStringList skipped; ///< the sources of the files that the user kept
+        int copied = 0;       ///< also when the user stopped it later
+        QStringList skipped;  ///< the sources of the files that the user kept
+        QStringList replaced; ///< sources whose copies were replaced by later ones of their name
         QList<Failure> failed;
 
         /** The failed files for the user, a line each: the name and the reason. */
@@ -60,7 +63,7 @@ public:
         bool replace = false; ///< what lies there, and its companion, without a question
     };
 
-    enum class State { NotReached, Copied, Skipped, Failed };
+    enum class State { NotReached, Copied, Skipped, Replaced, Failed };
 
     /** What became of an order. */
     struct Song {
@@ -118,6 +121,8 @@ private:
     enum class Copy { Done, NoSource, NoRoom, Failed };
 
     bool copyAll(const QList<Order> &orders, Progress &progress);
+    bool isInList(const QString &target);
+    void findReplaced();
     void settle();
     bool copySong(int song, const QString &source, const QString &target, bool replace);
     bool copyFile(int song, const QString &source, const QString &target, bool replace);
@@ -130,7 +135,8 @@ private:
     RememberedAnswer m_replace;
     bool m_readBack = false;
     Report m_report;
-    QList<Song> m_songs; ///< what became of each file of the list
+    QList<Song> m_songs;                                   ///< what became of each file of the list
+    std::optional<QMultiHash<QString, QString>> m_inPlace; ///< files of the list, by nameKey()
     std::unique_ptr<CopyBatch> m_batch;
     QByteArray m_buffer;
     KeepAlive m_keepAlive;

@@ -2,10 +2,11 @@
 #pragma once
 
 #include "devindex/filestamp.h"
+#include "storage/folderid.h"
 
-#include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -21,14 +22,20 @@ struct FolderItem {
 /** Whether a listing tells when the songs were changed, which costs a system call for each. */
 enum class SongTimes { Ask, Leave };
 
-/** Equal for two paths exactly when both lead to the same folder at this moment. */
-using FolderId = QByteArray;
-
-/** The identity of a folder, links followed; empty when there is none at the path. */
-FolderId folderIdOf(const QString &path);
-
 struct FolderListing {
     FolderId id; ///< empty when the folder cannot be read
+
+    /** There is a folder but it, or something in it, cannot be read: songs may be missing here. */
+    bool isUnreadable = false;
+
+    /**
+     * Songs and folders that no program finds under their names, which are no valid UTF-8; each
+     * such byte stands as "\\x" and two hexadecimal digits.
+     */
+    QStringList unusableNames;
+
+    /** Names of files that a killed program may have left. */
+    QStringList leftovers;
 
     /**
      * All entries but hidden ones, those whose names are no valid UTF-8, broken links, and pipes,

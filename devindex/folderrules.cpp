@@ -46,3 +46,8 @@ bool isSystemFolder(const QString &name)
                                     QLatin1String("$RECYCLE.BIN"), QLatin1String("RECYCLER"),
                                     QLatin1String("LOST.DIR")});
 }
+
+bool isRepairFolder(const QString &name)
+{
+    return name == QLatin1String("lost+found");
+}

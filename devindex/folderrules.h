@@ -14,3 +14,6 @@ bool isReservedFolder(const QString &name);
  * files, what a repair found, and the like. Only some systems show them as hidden.
  */
 bool isSystemFolder(const QString &name);
+
+/** True for the folder that a Linux file system keeps for its repair and that only root reads. */
+bool isRepairFolder(const QString &name);

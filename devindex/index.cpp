@@ -35,6 +35,12 @@ void Index::setRenameQuestion(RenameQuestion question)
     m_renamer.setQuestion(std::move(question));
 }
 
+bool Index::wantsToStop()
+{
+    m_isStopped = m_isStopped || (m_stopQuestion && m_stopQuestion());
+    return m_isStopped;
+}
+
 bool Index::createIndex(const QString &root)
 {
     if (!begin(root))
@@ -63,7 +69,7 @@ bool Index::updateIndexAfter(const QString &root, const std::function<bool()> &c
     if (!begin(root))
         return false;
     const bool wasWhole = checkIndexFile();
-    if (!m_build.removeCounts() || !change())
+    if (!m_build.removeCounts() || !change() || !isMemoryThere())
         return false;
     if (!wasWhole || !hasIndexBut(indexfiles::count))
         return createIndex(root);
@@ -106,8 +112,8 @@ Index::Change Index::changeSongs(const QString &root, const SongChange &change)
     const FolderId memory = folderIdOf(rootPath);
     const auto hasNoSongs = [&] {
         // A memory that was pulled has gone itself, and not its songs.
-        return filesFound == 0 && !m_renamer.isUnsure() && !memory.isEmpty() &&
-               folderIdOf(rootPath) == memory;
+        return filesFound == 0 && unreadFolders.isEmpty() && !m_renamer.isUnsure() &&
+               !memory.isEmpty() && folderIdOf(rootPath) == memory;
     };
     const bool hadIndex = checkIndexFile();
     maxLoadedId = 0;
@@ -120,7 +126,7 @@ Index::Change Index::changeSongs(const QString &root, const SongChange &change)
     if (PlaylistKeeper(rootPath).savePaths(numbers) == PlaylistFiles::Outcome::Failed ||
         !m_build.removeCounts())
         return Change::NotStarted;
-    if (!change(entries))
+    if (!change(entries) || !isMemoryThere())
         return Change::NoIndex;
     if (!hadIndex) {
         const bool isWhole = createIndex(root);
@@ -157,9 +163,11 @@ bool Index::begin(const QString &root)
     if (path.isEmpty())
         return false; // an empty path would mean the working directory
     rootPath = QDir::cleanPath(QDir(path).absolutePath());
+    device = memoryDevice(rootPath);
     filesFound = 0;
     counts.values.fill(0);
     indexChanged = 0;
+    m_isStopped = false;
     m_buildFailed = false;
     m_playlistsFailed = false;
     m_pathsAreSaved = false;
@@ -169,7 +177,11 @@ bool Index::begin(const QString &root)
 
 bool Index::hasWholeIndex() const
 {
-    return !m_buildFailed && !m_playlistsFailed && !m_renamer.isUnsure() && checkIndexFile();
+    const bool isThere = isMemoryThere();
+    if (!isThere)
+        logWarning() << "[Index::hasWholeIndex] The memory has gone:" << rootPath;
+    return !m_isStopped && !m_buildFailed && !m_playlistsFailed && !m_renamer.isUnsure() &&
+           isThere && checkIndexFile();
 }
 
 bool Index::checkIndexFile() const
@@ -199,7 +211,7 @@ void Index::createKavenaDir()
 {
     const QDir root(rootPath);
     for (const QLatin1String name : {indexfiles::effectsFolder, indexfiles::bridgeFolder}) {
-        if (!root.exists(name))
+        if (!m_isStopped && !root.exists(name) && isMemoryThere())
             makeFolder(filePath(name));
     }
 }
@@ -214,7 +226,12 @@ void Index::scan_files(const QString &dir)
 
 void Index::scanInto(SongAdder &adder, const QString &dir, SongTimes times)
 {
-    adder.addAll(MemoryScan(*this, *this, m_renamer).songsIn(dir, times));
+    MemoryScan scan(*this, *this, m_renamer);
+    scan.tidyFolders();
+    const QList<FoundSong> songs = scan.songsIn(dir, times);
+    m_renamer.renameEntries();
+    m_playlistsFailed = m_playlistsFailed || !m_renamer.havePlaylistsFollowed();
+    adder.addAll(songs);
 }
 
 bool Index::checkFileExt(const QString &suffix) const
@@ -242,16 +259,6 @@ int Index::setSongInfo(SongInfoIndex &e) const
     return readSongHead(head, e.fullPath, e) ? 1 : 0;
 }
 
-QString Index::getLongFileNamePath(const QString &path) const
-{
-    return path;
-}
-
-QString Index::getShortFileNamePath(const QString &path) const
-{
-    return path;
-}
-
 // The build --------------------------------------------------------------------------------------
 
 void Index::createPathIndex()
@@ -259,10 +266,11 @@ void Index::createPathIndex()
     logDebug() << "create path index";
     emit progressValueChanged(0);
     filesFound = 0;
+    unreadFolders.clear();
     SongAdder scanned(*this, *this);
     // Without entries every song is new: its time is asked for when it is read.
     scanInto(scanned, rootPath, entries.isEmpty() ? SongTimes::Leave : SongTimes::Ask);
-    if (m_renamer.isUnsure())
+    if (m_renamer.isUnsure() || m_playlistsFailed || wantsToStop() || !isMemoryThere())
         return;
     if (filesFound == 0) {
         logWarning() << "[Index::createPathIndex] No songs in" << rootPath;
@@ -271,7 +279,7 @@ void Index::createPathIndex()
 
     emit progressMaxSetup(static_cast<int>(filesFound));
     refreshEntries(&scanned);
-    if (indexChanged == 0)
+    if (indexChanged == 0 || wantsToStop() || !isMemoryThere())
         return;
 
     emit progressMaxSetup(100);
@@ -279,15 +287,18 @@ void Index::createPathIndex()
     removeDeletedItems();
     emit progressValueChanged(10);
     QList<quint16> numbers;
+    // The index on the memory does not know yet what was renamed now.
     if (restorePlaylists == 0 && !m_pathsAreSaved &&
-        PlaylistKeeper(rootPath).savePaths(numbers) == PlaylistFiles::Outcome::Failed) {
+        (PlaylistKeeper(rootPath).savePaths(numbers) == PlaylistFiles::Outcome::Failed ||
+         !m_renamer.tellPlaylists())) {
         m_playlistsFailed = true;
         return;
     }
     m_buildFailed = !m_build.write();
     if (m_buildFailed) {
         logWarning() << "[Index::createPathIndex] Impossible to write the index of" << rootPath;
-        deleteIndex();
+        if (isMemoryThere())
+            deleteIndex();
     }
 }
 

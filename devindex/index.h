@@ -43,6 +43,13 @@ public:
     void setRenameQuestion(RenameQuestion question);
 
     /**
+     * Sets what is asked between songs whether the user wants to stop. createIndex() and
+     * updateIndex() then return false. Nothing of an index is written any more: an update leaves
+     * the old one, a rebuild none. An index that is being written is finished.
+     */
+    void setStopQuestion(std::function<bool()> question) { m_stopQuestion = std::move(question); }
+
+    /**
      * Builds the whole index of the memory from its files; the songs get new ids. False when no
      * complete index stands there afterwards: no songs, a full or protected memory. False, too,
      * when the playlists cannot be kept; where that shows before the build, the old index stays.
@@ -135,10 +142,10 @@ public:
     // the short ones. Here both are the path itself, and only the list of songs asks.
 
     /** The form of a path that is shown. Null means that it has none. */
-    QString getLongFileNamePath(const QString &path) const;
+    QString getLongFileNamePath(const QString &path) const { return path; }
 
     /** The form of a path that the player knows. Null means that it has none. */
-    QString getShortFileNamePath(const QString &path) const;
+    QString getShortFileNamePath(const QString &path) const { return path; }
 
     // The index as a whole
 
@@ -192,6 +199,7 @@ public:
 
 signals:
     void errorFromIndex(const QString &message);
+    void leftOut(const QString &message); ///< a file or folder whose name stayed too long
     void currentPathChanged(const QString &path);
     void progressValueChanged(int value);
     void progressMaxSetup(int maximum);
@@ -199,10 +207,12 @@ signals:
 
 private:
     void tellError(const QString &message) override { emit errorFromIndex(message); }
+    void tellLeftOut(const QString &message) override { emit leftOut(message); }
     void tellCurrentPath(const QString &path) override { emit currentPathChanged(path); }
     void tellProgress(int value) override { emit progressValueChanged(value); }
     void tellMaximum(int maximum) override { emit progressMaxSetup(maximum); }
     void tellFilesFound(int count) override { emit fileFoundChanged(count); }
+    bool wantsToStop() override;
 
     bool begin(const QString &root);
     bool update();
@@ -216,6 +226,8 @@ private:
 
     ItemRenamer m_renamer;
     IndexBuild m_build;
+    std::function<bool()> m_stopQuestion;
+    bool m_isStopped = false;
     bool m_buildFailed = false;
     bool m_playlistsFailed = false;
     bool m_pathsAreSaved = false; ///< the playlists' path files say more than the index on disk

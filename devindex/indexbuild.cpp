@@ -1,5 +1,6 @@
 #include "devindex/indexbuild.h"
 
+#include "devindex/devicetext.h"
 #include "devindex/filestamp.h"
 #include "devindex/indexfiles.h"
 #include "devindex/indexwriter.h"
@@ -43,6 +44,8 @@ void IndexBuild::refreshEntries(const SongAdder *scanned)
 {
     int step = 0;
     for (SongInfoIndex &entry : m_state.entries) {
+        if (m_observer.wantsToStop())
+            break;
         m_observer.tellCurrentPath(entry.fullPath);
         refresh(entry, scanned);
         m_observer.tellProgress(++step);
@@ -61,6 +64,8 @@ void IndexBuild::refresh(SongInfoIndex &entry, const SongAdder *scanned)
     std::optional<FileStamp> stamp = scanned == nullptr ? std::nullopt : scanned->stampOf(entry);
     if (!stamp)
         stamp = FileStamp::of(entry.fullPath);
+    if (isMemoryPath(entry.path) && !stamp && isHidden(entry))
+        return;
     if (!isMemoryPath(entry.path) || !stamp) {
         entry.id = SongInfoIndex::removedId;
         m_state.indexChanged = 1;
@@ -74,6 +79,18 @@ void IndexBuild::refresh(SongInfoIndex &entry, const SongAdder *scanned)
     m_state.indexChanged = 1;
 }
 
+/** True when the song may still lie in a folder that could not be read. */
+bool IndexBuild::isHidden(const SongInfoIndex &entry) const
+{
+    const auto holds = [&entry](const QString &folder) {
+        // As the path stands in an index, with "?" for characters that it cannot hold.
+        const QString start = textFromIbm850(ibm850FromText(folder)) + QLatin1Char('/');
+        return entry.path.startsWith(start, Qt::CaseInsensitive) ||
+               entry.path.startsWith(folder + QLatin1Char('/'), Qt::CaseInsensitive);
+    };
+    return std::any_of(m_state.unreadFolders.cbegin(), m_state.unreadFolders.cend(), holds);
+}
+
 void IndexBuild::readNew(SongInfoIndex &entry)
 {
     std::optional<FileStamp> stamp = readSong(entry);
@@ -81,6 +98,7 @@ void IndexBuild::readNew(SongInfoIndex &entry)
     if (!stamp)
         stamp = FileStamp::of(entry.fullPath);
     if (!stamp) {
+        m_observer.tellError(tr("File non importato, non può essere letto: ") + entry.fullPath);
         entry.id = SongInfoIndex::removedId;
         return;
     }
@@ -107,7 +125,8 @@ std::optional<FileStamp> IndexBuild::readSong(SongInfoIndex &entry)
  */
 bool IndexBuild::write()
 {
-    if (!removeCounts() || !removeLinks() || !writeOrder() || !restorePlaylists())
+    if (!m_state.isMemoryThere() || !removeCounts() || !removeLinks() || !writeOrder() ||
+        !restorePlaylists())
         return false;
     const BuildOrders orders(m_state.entries);
     if (indexwriter::writePaths(m_state.filePath(indexfiles::path), orders.byNumber()) < 0)
@@ -116,7 +135,8 @@ bool IndexBuild::write()
     if (!writeSongFiles(orders))
         return false;
     // The other files are on the medium by name, too, before the counts make them an index.
-    if (!flushFolderOf(m_state.filePath(indexfiles::count)) || writeCounts() < 0)
+    if (!flushFolderOf(m_state.filePath(indexfiles::count)) || !m_state.isMemoryThere() ||
+        writeCounts() < 0)
         return false;
     m_observer.tellProgress(100);
     return true;
@@ -149,6 +169,8 @@ bool IndexBuild::writeSongFiles(const BuildOrders &orders)
         const SongFile &file = songFiles.at(i);
         const EntryList songs = (orders.*file.order)();
         const QString path = m_state.filePath(file.name);
+        if (!m_state.isMemoryThere())
+            return false;
         AlphaTable &alpha = m_state.alphaBuffer;
         alpha.clear();
         const int count = file.groups == nullptr

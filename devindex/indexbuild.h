@@ -5,6 +5,7 @@
 #include "devindex/indexstate.h"
 #include "devindex/songhead.h"
 
+#include <QCoreApplication>
 #include <QLatin1String>
 #include <QSet>
 #include <QString>
@@ -15,6 +16,8 @@ class SongAdder;
 
 class IndexBuild
 {
+    Q_DECLARE_TR_FUNCTIONS(Index)
+
 public:
     IndexBuild(IndexState &state, IndexObserver &observer);
 
@@ -40,6 +43,7 @@ public:
 private:
     void refresh(SongInfoIndex &entry, const SongAdder *scanned);
     void readNew(SongInfoIndex &entry);
+    bool isHidden(const SongInfoIndex &entry) const;
     std::optional<FileStamp> readSong(SongInfoIndex &entry);
     bool removeLinks() const;
     bool writeOrder() const;

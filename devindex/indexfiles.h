@@ -24,6 +24,24 @@ inline constexpr QLatin1String alphaMp3Artist("aartist3.idx");
 inline constexpr QLatin1String alphaMp3Genre("agenre3.idx");
 inline constexpr QLatin1String count("fsinfos.idx");
 
+/** A list, of all songs and of the MP3 songs, and where its first letters lead. */
+struct ListNames {
+    QLatin1String all;
+    QLatin1String allLetters;
+    QLatin1String mp3;
+    QLatin1String mp3Letters;
+
+    constexpr QLatin1String list(bool mp3Only) const { return mp3Only ? mp3 : all; }
+    constexpr QLatin1String letters(bool mp3Only) const
+    {
+        return mp3Only ? mp3Letters : allLetters;
+    }
+};
+
+inline constexpr ListNames titles{title, alphaTitle, mp3Title, alphaMp3Title};
+inline constexpr ListNames artists{artist, alphaArtist, mp3Artist, alphaMp3Artist};
+inline constexpr ListNames genres{genre, alphaGenre, mp3Genre, alphaMp3Genre};
+
 /** A complete index is all of these. */
 inline constexpr std::array<QLatin1String, 15> all{
     path,       order,         title,          artist,        genre,

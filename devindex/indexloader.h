@@ -9,8 +9,8 @@
 
 /**
  * Puts the songs of an index together from its path, title, artist and genre files. The files may
- * be damaged or hostile: no more is read than the index of a full memory has, and the counts in
- * them are not trusted.
+ * be damaged or hostile: of each file at most as many records are read as the index of a full
+ * memory has, and the counts in them are not trusted.
  */
 class IndexLoader
 {

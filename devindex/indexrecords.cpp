@@ -11,25 +11,17 @@ namespace
 {
 
 // Offsets inside the records. The id stands first wherever there is one.
-constexpr int pathTextOffset = 4;
-constexpr int pathTextSize = PathRecord::maxPathLength + 1;
-constexpr int dateOffset = 50;
 constexpr int dateDigits = 8;
-constexpr int timeOffset = 58;
-constexpr int timeDigits = 6;
+constexpr int timeOffset = PathRecord::digitsOffset + dateDigits;
+constexpr int timeDigits = PathRecord::digitsSize - dateDigits;
 
-constexpr int textOffset = 4; // title of a song, artist or genre of a group
 constexpr int bpmOffset = 30;
-constexpr int typeOffset = 31;
-constexpr int typeMask = 0x07;
 constexpr int markerBit = 0x08;
 
 constexpr int groupCountOffset = 2;
 constexpr char groupMark = '\xFF'; // in the place of the type, where no song has it
 
-constexpr ushort firstAlphaCode = 0x20;
 constexpr ushort lastAlphaCode = 0x5F;
-constexpr quint32 emptyAlphaSlot = 0xFFFFFFFF;
 
 void putText(char *field, int size, const QByteArray &text)
 {
@@ -66,8 +58,8 @@ PathRecord::Bytes PathRecord::encode() const
 {
     Bytes bytes{};
     qToBigEndian(id, bytes.data());
-    putText(bytes.data() + pathTextOffset, maxPathLength, ibm850FromText(path));
-    putDigits(bytes.data() + dateOffset, dateDigits, date);
+    putText(bytes.data() + textOffset, maxPathLength, ibm850FromText(path));
+    putDigits(bytes.data() + digitsOffset, dateDigits, date);
     putDigits(bytes.data() + timeOffset, timeDigits, time);
     return bytes;
 }
@@ -76,8 +68,8 @@ PathRecord PathRecord::decode(const char *bytes)
 {
     PathRecord record;
     record.id = qFromBigEndian<quint32>(bytes);
-    record.path = textFromIbm850(untilZero(bytes + pathTextOffset, pathTextSize));
-    record.date = digitsAt(bytes + dateOffset, dateDigits);
+    record.path = textFromIbm850(untilZero(bytes + textOffset, textSize));
+    record.date = digitsAt(bytes + digitsOffset, dateDigits);
     record.time = digitsAt(bytes + timeOffset, timeDigits);
     return record;
 }
@@ -86,7 +78,7 @@ SongRecord::Bytes SongRecord::encode() const
 {
     Bytes bytes{};
     qToBigEndian(id, bytes.data());
-    putBytesFromText(title, bytes.data() + textOffset, titleSize);
+    putBytesFromText(title, bytes.data() + titleOffset, titleSize);
     bytes[bpmOffset] = static_cast<char>(bpm);
     bytes[typeOffset] = static_cast<char>((fileType & typeMask) | (hasMarkers ? markerBit : 0));
     return bytes;
@@ -96,7 +88,7 @@ SongRecord SongRecord::decode(const char *bytes)
 {
     SongRecord record;
     record.id = idOf(bytes);
-    record.title = textFromBytes(QByteArrayView(bytes + textOffset, titleSize));
+    record.title = textFromBytes(QByteArrayView(bytes + titleOffset, titleSize));
     record.bpm = static_cast<quint8>(bytes[bpmOffset]);
     record.fileType = static_cast<quint8>(bytes[typeOffset] & typeMask);
     record.hasMarkers = (bytes[typeOffset] & markerBit) != 0;
@@ -114,7 +106,7 @@ GroupHeader::Bytes GroupHeader::encode() const
     qToBigEndian(previousCount, bytes.data());
     qToBigEndian(count, bytes.data() + groupCountOffset);
     putBytesFromText(text, bytes.data() + textOffset, textSize);
-    bytes[typeOffset] = groupMark;
+    bytes[SongRecord::typeOffset] = groupMark;
     return bytes;
 }
 
@@ -129,7 +121,7 @@ GroupHeader GroupHeader::decode(const char *bytes)
 
 bool GroupHeader::isHeader(const char *bytes)
 {
-    return bytes[typeOffset] == groupMark;
+    return bytes[SongRecord::typeOffset] == groupMark;
 }
 
 quint16 PlaylistListRecord::number(const char *bytes)
@@ -187,9 +179,9 @@ void AlphaTable::add(const QString &text, qint64 offset)
     if (text.isEmpty())
         return;
     const ushort code = text.front().toUpper().unicode();
-    if (code < firstAlphaCode || code > lastAlphaCode)
+    if (code < firstCode || code > lastAlphaCode)
         return;
-    char *const slot = bytes.data() + (code - firstAlphaCode) * sizeof(emptyAlphaSlot);
-    if (qFromBigEndian<quint32>(slot) == emptyAlphaSlot)
+    char *const slot = bytes.data() + (code - firstCode) * sizeof(emptySlot);
+    if (qFromBigEndian<quint32>(slot) == emptySlot)
         qToBigEndian(static_cast<quint32>(offset), slot);
 }

@@ -12,7 +12,11 @@
  */
 struct PathRecord {
     static constexpr int size = 64;
+    static constexpr int textOffset = 4;
     static constexpr int maxPathLength = 45;
+    static constexpr int textSize = maxPathLength + 1;
+    static constexpr int digitsOffset = textOffset + textSize; ///< of date and time
+    static constexpr int digitsSize = size - digitsOffset;
     static constexpr quint32 maxDate = 99991231;
     using Bytes = std::array<char, size>;
 
@@ -34,7 +38,10 @@ struct PathRecord {
  */
 struct SongRecord {
     static constexpr int size = 32;
+    static constexpr int titleOffset = 4;
     static constexpr int titleSize = 26;
+    static constexpr int typeOffset = 31;
+    static constexpr int typeMask = 0x07; ///< the file's type; the marker flag is the next bit
     using Bytes = std::array<char, size>;
 
     quint32 id = 0;
@@ -59,7 +66,9 @@ struct SongRecord {
  */
 struct GroupHeader {
     static constexpr int size = SongRecord::size;
+    static constexpr int textOffset = 4;
     static constexpr int textSize = 26;
+    static constexpr int zeroOffset = textOffset + textSize;
     using Bytes = std::array<char, size>;
 
     quint16 previousCount = 0;
@@ -132,6 +141,8 @@ struct OrderValue {
  */
 struct AlphaTable {
     static constexpr int size = 256;
+    static constexpr ushort firstCode = 0x20;
+    static constexpr quint32 emptySlot = 0xFFFFFFFF;
     using Bytes = std::array<char, size>;
 
     Bytes bytes{};

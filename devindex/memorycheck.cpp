@@ -3,7 +3,9 @@
 #include "devindex/devicetext.h"
 #include "devindex/indexfiles.h"
 #include "devindex/indexrecords.h"
+#include "devindex/listedsong.h"
 #include "devindex/memorywalk.h"
+#include "devindex/playlistfiles.h"
 #include "devindex/songinfoindex.h"
 
 #include <QFile>
@@ -18,12 +20,8 @@ namespace
 /** No file of an index is larger, nor is a playlist of the songs of a whole memory. */
 constexpr qint64 largestFile = qint64{SongInfoIndex::maxSongs} * PathRecord::size * 2;
 
-constexpr int digitsSize = 14;
-constexpr int pathSize = PathRecord::maxPathLength + 1;
-constexpr quint32 noOffset = 0xFFFFFFFF;
 constexpr char replacedCharacter = '?'; ///< its place in an order is not known
 
-constexpr int fileTypeMask = 0x07;
 constexpr int unusedTypeBits = 0xF0;
 
 /** Case is ignored character by character, as the player's lists are sorted. */
@@ -50,11 +48,6 @@ bool isDigits(const QByteArray &bytes)
     return std::all_of(bytes.cbegin(), bytes.cend(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-QString mp3Name(const QString &base, bool mp3Only)
-{
-    return base + (mp3Only ? QStringLiteral("3.idx") : QStringLiteral(".idx"));
-}
-
 } // namespace
 
 MemoryCheck::MemoryCheck(const QString &root)
@@ -62,69 +55,50 @@ MemoryCheck::MemoryCheck(const QString &root)
 {
 }
 
-QList<MemoryCheck::Finding> MemoryCheck::run()
+QList<MemoryCheck::Finding> MemoryCheck::run(const std::function<bool()> &isStopped)
+{
+    m_isStopped = isStopped;
+    runChecks();
+    return m_wasStopped ? QList<Finding>() : m_findings.all();
+}
+
+void MemoryCheck::runChecks()
 {
     if (!isComplete())
-        return m_findings;
+        return;
     findSongFiles();
+    if (stops())
+        return;
     checkPaths();
     checkUnlisted();
     checkOrder();
     QList<int> counts;
     for (const bool mp3Only : {false, true}) {
+        if (stops())
+            return;
         checkTitles(mp3Only);
         counts.append(static_cast<int>(m_expected.size()));
-        counts.append(checkGroups(QStringLiteral("artist"), mp3Only));
-        counts.append(checkGroups(QStringLiteral("genre"), mp3Only));
+        counts.append(checkGroups(indexfiles::artists.all, indexfiles::artists.list(mp3Only),
+                                  indexfiles::artists.letters(mp3Only)));
+        counts.append(checkGroups(indexfiles::genres.all, indexfiles::genres.list(mp3Only),
+                                  indexfiles::genres.letters(mp3Only)));
     }
+    checkHeads();
     checkCounts(counts);
     checkPlaylists();
-    return m_findings;
-}
-
-const char *MemoryCheck::nameOf(Kind kind)
-{
-    switch (kind) {
-    case Kind::NoIndex:
-        return "no-index";
-    case Kind::WrongSize:
-        return "wrong-size";
-    case Kind::TooManySongs:
-        return "too-many-songs";
-    case Kind::BadRecord:
-        return "bad-record";
-    case Kind::ListedTwice:
-        return "listed-twice";
-    case Kind::MissingSong:
-        return "missing-song";
-    case Kind::ChangedSong:
-        return "changed-song";
-    case Kind::UnlistedSong:
-        return "unlisted-song";
-    case Kind::WrongOrder:
-        return "wrong-order";
-    case Kind::WrongSongs:
-        return "wrong-songs";
-    case Kind::WrongGroup:
-        return "wrong-group";
-    case Kind::WrongLetter:
-        return "wrong-letter";
-    case Kind::WrongCounts:
-        return "wrong-counts";
-    case Kind::UnknownSongInPlaylist:
-        return "unknown-song-in-playlist";
-    }
-    return "";
 }
 
 void MemoryCheck::add(Kind kind, const QString &path, const QString &text)
 {
-    m_findings.append({kind, path, text});
+    m_findings.add(kind, path, text);
 }
 
 QByteArray MemoryCheck::read(const QString &name)
 {
     QFile file(m_root + QLatin1Char('/') + name);
+    // A pipe or a device could be read for ever.
+    if (!QFileInfo(file).isFile())
+        return {};
     return file.open(QFile::ReadOnly) ? file.read(largestFile) : QByteArray();
 }
 
@@ -140,32 +114,53 @@ QByteArray MemoryCheck::records(const QString &name, int size)
     return bytes;
 }
 
+bool MemoryCheck::isReadable(const QString &name) const
+{
+    const QString path = m_root + QLatin1Char('/') + name;
+    return QFileInfo(path).isFile() && QFile(path).open(QFile::ReadOnly);
+}
+
 bool MemoryCheck::isComplete()
 {
     for (const QLatin1String name : indexfiles::all) {
-        const QString path = m_root + QLatin1Char('/') + name;
-        if (!QFileInfo(path).isFile() || !QFile(path).open(QFile::ReadOnly)) {
+        if (!isReadable(name)) {
             add(Kind::NoIndex, name,
-                tr("Il file manca o non è leggibile: la memoria non ha un "
-                   "database completo"));
+                tr("Il file manca o non è leggibile: la memoria non ha un database completo"));
             return false;
         }
     }
     return true;
 }
 
-// The path file and the order of paths -----------------------------------------------------------
-
 void MemoryCheck::findSongFiles()
 {
-    for (const memorywalk::File &file : memorywalk::songs(m_root)) {
-        if (file.path.size() > PathRecord::maxPathLength)
+    const memorywalk::Found found = memorywalk::songs(m_root, [this] { return stops(); });
+    for (const QString &folder : found.unreadFolders) {
+        add(Kind::UnreadFolder, folder.isEmpty() ? QStringLiteral("/") : folder,
+            tr("La cartella non può essere letta"));
+        m_unread.append(folded(textFromIbm850(ibm850FromText(folder + QLatin1Char('/')))));
+    }
+    for (const QString &path : found.unusable)
+        add(Kind::UnusableName, path, tr("Il nome non è in UTF-8"));
+    for (const memorywalk::File &file : found.songs) {
+        if (file.path.size() > PathRecord::maxPathLength) {
+            add(Kind::TooLongPath, file.path,
+                tr("Il percorso supera %1 caratteri").arg(PathRecord::maxPathLength));
             continue;
+        }
         const QByteArray path = ibm850FromText(file.path);
         if (!m_files.contains(path))
             m_filePaths.append(path);
         m_files[path].append(file.stamp);
     }
+}
+
+/** True for a song in a folder that cannot be read: it may be there or not. */
+bool MemoryCheck::isHidden(const QString &path) const
+{
+    const QString name = folded(path);
+    return std::any_of(m_unread.cbegin(), m_unread.cend(),
+                       [&name](const QString &folder) { return name.startsWith(folder); });
 }
 
 void MemoryCheck::checkPaths()
@@ -175,7 +170,7 @@ void MemoryCheck::checkPaths()
     if (count > SongInfoIndex::maxSongs)
         add(Kind::TooManySongs, indexfiles::path, tr("Troppe song: %1").arg(count));
     m_songs.reserve(count);
-    for (qsizetype number = 0; number < count; ++number)
+    for (qsizetype number = 0; number < count && !stops(); ++number)
         checkPath(static_cast<int>(number), bytes.constData() + number * PathRecord::size);
 }
 
@@ -183,7 +178,8 @@ void MemoryCheck::checkPath(int number, const char *record)
 {
     const quint32 id = PathRecord::decode(record).id;
     bool isPadded = false;
-    const QByteArray path = fieldText(record + sizeof(quint32), pathSize, isPadded);
+    const QByteArray path =
+        fieldText(record + PathRecord::textOffset, PathRecord::textSize, isPadded);
     const QString shown = textFromIbm850(path);
     if (qint64{id} <= m_lastId || id == SongInfoIndex::removedId)
         add(Kind::BadRecord, shown,
@@ -204,17 +200,19 @@ void MemoryCheck::checkPath(int number, const char *record)
         add(Kind::ListedTwice, shown, tr("La song è elencata due volte"));
     m_paths.insert(path);
 
-    QByteArray digits(record + PathRecord::size - digitsSize, digitsSize);
+    QByteArray digits(record + PathRecord::digitsOffset, PathRecord::digitsSize);
     if (!isDigits(digits)) {
         add(Kind::BadRecord, shown,
             tr("Il record %1 di %2 non ha una data").arg(number).arg(indexfiles::path));
         digits.fill('0');
     }
     const auto file = m_files.constFind(path);
-    if (file == m_files.constEnd())
+    if (file == m_files.constEnd() && !isHidden(shown))
         add(Kind::MissingSong, shown, tr("Il file non c'è"));
-    else if (!file->contains(digits))
+    else if (file != m_files.constEnd() && !file->contains(digits))
         add(Kind::ChangedSong, shown, tr("Il file è stato modificato dopo l'aggiornamento"));
+    else if (file != m_files.constEnd() && !path.contains(replacedCharacter))
+        m_unchanged.append({id, path});
     m_songs.append({id, path});
     m_ids.insert(id);
 }
@@ -264,16 +262,14 @@ void MemoryCheck::checkOrder()
     }
 }
 
-// Title, artist and genre files ------------------------------------------------------------------
-
 void MemoryCheck::checkSongBytes(const QString &name, int number, const char *record)
 {
     bool isPadded = false;
-    fieldText(record + sizeof(quint32), SongRecord::titleSize, isPadded);
+    fieldText(record + SongRecord::titleOffset, SongRecord::titleSize, isPadded);
     if (!isPadded)
         add(Kind::BadRecord, name, tr("Il titolo del record %1 non finisce con zeri").arg(number));
-    const int type = static_cast<quint8>(record[SongRecord::size - 1]);
-    if ((type & fileTypeMask) > SongInfoIndex::Mf5 || (type & unusedTypeBits) != 0)
+    const int type = static_cast<quint8>(record[SongRecord::typeOffset]);
+    if ((type & SongRecord::typeMask) > SongInfoIndex::Mf5 || (type & unusedTypeBits) != 0)
         add(Kind::BadRecord, name, tr("Il formato del record %1 non esiste").arg(number));
 }
 
@@ -289,20 +285,20 @@ void MemoryCheck::checkSorted(const QString &name, int number, const QString &fi
 /** Leaves in m_expected the songs that belong into the lists. */
 void MemoryCheck::checkTitles(bool mp3Only)
 {
-    const QString name = mp3Name(QStringLiteral("title"), mp3Only);
+    const QString name = indexfiles::titles.list(mp3Only);
     const QByteArray bytes = records(name, SongRecord::size);
     QHash<quint32, QByteArray> seen;
     QList<quint32> songs;
     QList<Initial> initials;
     QString previous;
-    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::size) {
+    for (qsizetype pos = 0; pos < bytes.size() && !stops(); pos += SongRecord::size) {
         const int number = static_cast<int>(pos / SongRecord::size);
         const char *const record = bytes.constData() + pos;
         checkSongBytes(name, number, record);
         const quint32 id = SongRecord::idOf(record);
         bool isPadded = false;
         const QString title = QString::fromLatin1(
-            fieldText(record + sizeof(quint32), SongRecord::titleSize, isPadded));
+            fieldText(record + SongRecord::titleOffset, SongRecord::titleSize, isPadded));
         if (seen.contains(id) || !m_ids.contains(id))
             add(Kind::ListedTwice, name,
                 tr("La song %1 del record %2 è elencata due volte o non ha un file")
@@ -319,7 +315,7 @@ void MemoryCheck::checkTitles(bool mp3Only)
     if (mp3Only) {
         m_expected.clear();
         for (auto song = m_titleRecords.cbegin(); song != m_titleRecords.cend(); ++song) {
-            if ((song->back() & fileTypeMask) == SongInfoIndex::Mp3)
+            if ((song->back() & SongRecord::typeMask) == SongInfoIndex::Mp3)
                 m_expected.insert(song.key());
         }
         for (const quint32 id : std::as_const(songs)) {
@@ -333,16 +329,15 @@ void MemoryCheck::checkTitles(bool mp3Only)
     }
     if (QSet<quint32>(songs.cbegin(), songs.cend()) != m_expected)
         add(Kind::WrongSongs, name, tr("Non elenca ogni song una volta"));
-    checkLetters(QLatin1Char('a') + name, initials);
+    checkLetters(indexfiles::titles.letters(mp3Only), initials);
 }
 
-int MemoryCheck::checkGroups(const QString &kind, bool mp3Only)
+int MemoryCheck::checkGroups(QLatin1String kind, QLatin1String name, QLatin1String letters)
 {
-    const QString name = mp3Name(kind, mp3Only);
     m_state = {};
     m_state.kind = kind;
     const QByteArray bytes = records(name, SongRecord::size);
-    for (qsizetype pos = 0; pos < bytes.size(); pos += SongRecord::size) {
+    for (qsizetype pos = 0; pos < bytes.size() && !stops(); pos += SongRecord::size) {
         const int number = static_cast<int>(pos / SongRecord::size);
         const char *const record = bytes.constData() + pos;
         if (GroupHeader::isHeader(record))
@@ -354,7 +349,7 @@ int MemoryCheck::checkGroups(const QString &kind, bool mp3Only)
         add(Kind::WrongGroup, name, tr("Song mancanti alla fine: %1").arg(m_state.left));
     if (m_state.seen != m_expected)
         add(Kind::WrongSongs, name, tr("Non elenca ogni song una volta"));
-    checkLetters(QLatin1Char('a') + name, m_state.initials);
+    checkLetters(letters, m_state.initials);
     return m_state.groups;
 }
 
@@ -362,8 +357,8 @@ void MemoryCheck::checkGroupHeader(const QString &name, int number, const char *
 {
     const GroupHeader header = GroupHeader::decode(record);
     bool isPadded = false;
-    const QString text =
-        QString::fromLatin1(fieldText(record + sizeof(quint32), GroupHeader::textSize, isPadded));
+    const QString text = QString::fromLatin1(
+        fieldText(record + GroupHeader::textOffset, GroupHeader::textSize, isPadded));
     if (m_state.left > 0)
         add(Kind::WrongGroup, name,
             tr("Song mancanti prima del gruppo %1: %2").arg(text).arg(m_state.left));
@@ -373,7 +368,7 @@ void MemoryCheck::checkGroupHeader(const QString &name, int number, const char *
                 .arg(text)
                 .arg(header.previousCount)
                 .arg(m_state.lastCount));
-    if (header.count == 0 || !isPadded || record[GroupHeader::size - 2] != '\0')
+    if (header.count == 0 || !isPadded || record[GroupHeader::zeroOffset] != '\0')
         add(Kind::BadRecord, name,
             tr("L'inizio del gruppo nel record %1 è danneggiato").arg(number));
     const bool isKnown = !text.contains(QLatin1Char(replacedCharacter));
@@ -394,8 +389,8 @@ void MemoryCheck::checkGroupedSong(const QString &name, int number, const char *
     checkSongBytes(name, number, record);
     const quint32 id = SongRecord::idOf(record);
     bool isPadded = false;
-    const QString title =
-        QString::fromLatin1(fieldText(record + sizeof(quint32), SongRecord::titleSize, isPadded));
+    const QString title = QString::fromLatin1(
+        fieldText(record + SongRecord::titleOffset, SongRecord::titleSize, isPadded));
     if (m_state.left == 0)
         add(Kind::WrongGroup, name,
             tr("Il record %1 è una song in più di quelle del suo gruppo").arg(number));
@@ -413,9 +408,7 @@ void MemoryCheck::checkGroupedSong(const QString &name, int number, const char *
         groups.insert(id, m_state.group);
     if (folded(groups.value(id)) != folded(m_state.group))
         add(Kind::WrongGroup, name,
-            tr("La song %1 è in un altro gruppo che in %2")
-                .arg(id)
-                .arg(mp3Name(m_state.kind, false)));
+            tr("La song %1 è in un altro gruppo che in %2").arg(id).arg(m_state.kind));
     if (m_state.hasTitle)
         checkSorted(name, number, m_state.title, title);
     m_state.title = title;
@@ -440,14 +433,30 @@ void MemoryCheck::checkLetters(const QString &name, const QList<Initial> &initia
     }
     constexpr qsizetype slotSize = sizeof(quint32);
     for (int slot = 0; slot < AlphaTable::size / slotSize; ++slot) {
-        const QString letter(QChar(0x20 + slot));
+        const QString letter(QChar(AlphaTable::firstCode + slot));
         const auto offset = qFromBigEndian<quint32>(bytes.constData() + slot * slotSize);
         const bool isUnknown = letter == QLatin1Char(replacedCharacter);
-        const bool isWrong = isUnknown
-                                 ? offset != noOffset && !texts.value(offset).startsWith(letter)
-                                 : offset != first.value(letter, noOffset);
+        const bool isWrong =
+            isUnknown ? offset != AlphaTable::emptySlot && !texts.value(offset).startsWith(letter)
+                      : offset != first.value(letter, AlphaTable::emptySlot);
         if (isWrong)
             add(Kind::WrongLetter, name, tr("L'iniziale %1 porta al posto sbagliato").arg(letter));
+    }
+}
+
+/** A file with other content and the old time of change shows in no time. */
+void MemoryCheck::checkHeads()
+{
+    const QHash<quint32, QString> artistOf = m_groupOf.value(indexfiles::artists.all);
+    const QHash<quint32, QString> genreOf = m_groupOf.value(indexfiles::genres.all);
+    for (const Song &song : std::as_const(m_unchanged)) {
+        if (stops())
+            return;
+        const QString path = textFromIbm850(song.path);
+        const ListedSong listed{m_titleRecords.value(song.id), artistOf.value(song.id),
+                                genreOf.value(song.id)};
+        if (!listed.shows(m_root + path))
+            add(Kind::OtherSong, path, tr("Il database non mostra ciò che il file dice"));
     }
 }
 
@@ -462,24 +471,28 @@ void MemoryCheck::checkCounts(const QList<int> &counts)
             tr("I numeri di song, interpreti e generi non sono quelli degli elenchi"));
 }
 
-// Playlists --------------------------------------------------------------------------------------
-
 void MemoryCheck::checkPlaylists()
 {
     const QByteArray bytes = records(indexfiles::playlistList, PlaylistListRecord::size);
-    for (qsizetype pos = 0; pos < bytes.size(); pos += PlaylistListRecord::size) {
+    QSet<quint16> seen;
+    for (qsizetype pos = 0; pos < bytes.size() && !stops(); pos += PlaylistListRecord::size) {
         const quint16 number = PlaylistListRecord::number(bytes.constData() + pos);
-        checkPlaylist(indexfiles::playlistFolder +
-                      QStringLiteral("/play%1.dat").arg(number, 4, 10, QLatin1Char('0')));
+        if (seen.contains(number))
+            continue;
+        seen.insert(number);
+        checkPlaylist(PlaylistFiles::songsName(number));
     }
 }
 
 void MemoryCheck::checkPlaylist(const QString &name)
 {
+    if (!isReadable(name)) {
+        add(Kind::MissingPlaylist, name, tr("Il file della playlist manca o non è leggibile"));
+        return;
+    }
     const QByteArray bytes = records(name, PlaylistSongRecord::size);
-    for (qsizetype pos = 0; pos < bytes.size(); pos += PlaylistSongRecord::size) {
-        const quint32 id = PlaylistSongRecord::id(bytes.constData() + pos);
-        if (!m_ids.contains(id))
+    for (qsizetype pos = 0; pos < bytes.size() && !stops(); pos += PlaylistSongRecord::size) {
+        if (!m_ids.contains(PlaylistSongRecord::id(bytes.constData() + pos)))
             add(Kind::UnknownSongInPlaylist, name,
                 tr("La song %1 della playlist non è nella memoria")
                     .arg(pos / PlaylistSongRecord::size + 1));

@@ -1,6 +1,8 @@
 // Compares the player's index, the playlists and the songs on a memory with each other.
 #pragma once
 
+#include "devindex/checkfindings.h"
+
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QHash>
@@ -8,6 +10,8 @@
 #include <QSet>
 #include <QString>
 #include <QStringList>
+
+#include <functional>
 
 /**
  * Reads only: nothing on the memory is changed. A memory without a complete index has one finding,
@@ -19,37 +23,17 @@ class MemoryCheck
     Q_DECLARE_TR_FUNCTIONS(MemoryCheck)
 
 public:
-    enum class Kind {
-        NoIndex,      ///< an index file is missing or cannot be read
-        WrongSize,    ///< a file does not end with a record, or its size does not fit
-        TooManySongs, ///< more than the player counts
-        BadRecord,    ///< a record that the player cannot use
-        ListedTwice,  ///< a path, a song or a group stands there a second time
-        MissingSong,  ///< the index lists a file that is not there
-        ChangedSong,  ///< the file was changed after it was indexed
-        UnlistedSong, ///< a song file that the index does not list
-        WrongOrder,   ///< the player searches in another order
-        WrongSongs,   ///< a list does not hold each song that belongs there
-        WrongGroup,   ///< the counts or the text of a group of songs
-        WrongLetter,  ///< a first letter leads to another place
-        WrongCounts,  ///< the file of counts
-        UnknownSongInPlaylist
-    };
-
-    struct Finding {
-        Kind kind;
-        QString path; ///< the song's path on the memory, or the file of the index
-        QString text; ///< what is wrong with it, for the user
-    };
+    using Kind = CheckFinding::Kind;
+    using Finding = CheckFinding;
 
     /** The memory with this root folder. */
     explicit MemoryCheck(const QString &root);
 
-    /** All that is wrong with the memory; empty when it is in order. */
-    QList<Finding> run();
-
-    /** A name for the kind that never changes, such as "missing-song". */
-    static const char *nameOf(Kind kind);
+    /**
+     * All that is wrong with the memory, as far as CheckFindings keeps it; empty when it is in
+     * order, and when isStopped, asked between folders and records, says yes.
+     */
+    QList<Finding> run(const std::function<bool()> &isStopped = {});
 
 private:
     struct Song {
@@ -62,34 +46,43 @@ private:
         quint32 offset = 0;
     };
 
+    void runChecks();
+    bool stops() { return m_wasStopped = m_wasStopped || (m_isStopped && m_isStopped()); }
     void add(Kind kind, const QString &path, const QString &text);
     QByteArray read(const QString &name);
     QByteArray records(const QString &name, int size);
+    bool isReadable(const QString &name) const;
     bool isComplete();
 
     void checkPaths();
     void checkPath(int number, const char *record);
     void findSongFiles();
+    bool isHidden(const QString &path) const;
     void checkUnlisted();
     void checkOrder();
     void checkTitles(bool mp3Only);
-    int checkGroups(const QString &kind, bool mp3Only);
+    int checkGroups(QLatin1String kind, QLatin1String name, QLatin1String letters);
     void checkGroupHeader(const QString &name, int number, const char *record);
     void checkGroupedSong(const QString &name, int number, const char *record);
     void checkSongBytes(const QString &name, int number, const char *record);
     void checkSorted(const QString &name, int number, const QString &first, const QString &second);
     void checkLetters(const QString &name, const QList<Initial> &initials);
+    void checkHeads();
     void checkCounts(const QList<int> &counts);
     void checkPlaylists();
     void checkPlaylist(const QString &name);
 
     const QString m_root;
-    QList<Finding> m_findings;
+    std::function<bool()> m_isStopped;
+    bool m_wasStopped = false;
+    CheckFindings m_findings;
     QHash<QByteArray, QList<QByteArray>> m_files; ///< times of change by path
     QList<QByteArray> m_filePaths;                ///< in the order in which they were found
+    QStringList m_unread;                         ///< folders, as their paths stand in an index
     QList<Song> m_songs;                          ///< by record number
     QSet<quint32> m_ids;
     QSet<QByteArray> m_paths;
+    QList<Song> m_unchanged; ///< that lie there as they were indexed
     qint64 m_lastId = -1;
     QHash<quint32, QByteArray> m_titleRecords; ///< of all songs
     QSet<quint32> m_expected;                  ///< the songs of the lists that are being checked

@@ -10,7 +10,7 @@
 namespace
 {
 
-using memoryduplicates::Group;
+using SameSongs = memoryduplicates::Group;
 
 constexpr qint64 digestChunk = 65536;
 
@@ -21,14 +21,14 @@ bool isThere(const MemorySong &song)
 
 /** The groups of two and more, in the order of their first songs. */
 template <typename Key>
-QList<Group> groupsOf(const QHash<Key, Group> &byKey)
+QList<SameSongs> groupsOf(const QHash<Key, SameSongs> &byKey)
 {
-    QList<Group> groups;
-    for (const Group &group : byKey) {
+    QList<SameSongs> groups;
+    for (const SameSongs &group : byKey) {
         if (group.size() > 1)
             groups.append(group);
     }
-    std::sort(groups.begin(), groups.end(), [](const Group &first, const Group &second) {
+    std::sort(groups.begin(), groups.end(), [](const SameSongs &first, const SameSongs &second) {
         return first.constFirst() < second.constFirst();
     });
     return groups;
@@ -74,9 +74,9 @@ private:
 
 } // namespace
 
-QList<Group> memoryduplicates::sameTitle(const QList<MemorySong> &songs)
+QList<SameSongs> memoryduplicates::sameTitle(const QList<MemorySong> &songs)
 {
-    QHash<QString, Group> byTexts;
+    QHash<QString, SameSongs> byTexts;
     byTexts.reserve(songs.size());
     for (qsizetype place = 0; place < songs.size(); ++place) {
         const MemorySong &song = songs.at(place);
@@ -87,32 +87,34 @@ QList<Group> memoryduplicates::sameTitle(const QList<MemorySong> &songs)
     return groupsOf(byTexts);
 }
 
-std::optional<QList<Group>> memoryduplicates::sameBytes(const QList<MemorySong> &songs,
-                                                        Progress &progress)
+std::optional<QList<SameSongs>> memoryduplicates::sameBytes(const QList<MemorySong> &songs,
+                                                            Progress &progress, SameSongs *unread)
 {
-    QHash<qint64, Group> bySize;
+    QHash<qint64, SameSongs> bySize;
     for (qsizetype place = 0; place < songs.size(); ++place) {
         // Two ways to one file behind a link are no duplicates: removing one would take both.
         if (isThere(songs.at(place)) && !songs.at(place).isBehindLink)
             bySize[songs.at(place).size].append(place);
     }
-    const QList<Group> sameSize = groupsOf(bySize);
+    const QList<SameSongs> sameSize = groupsOf(bySize);
     Reader reader(progress);
-    for (const Group &group : sameSize)
+    for (const SameSongs &group : sameSize)
         reader.count(songs.at(group.constFirst()).size * group.size());
     reader.begin();
 
-    QHash<QByteArray, Group> byBytes;
-    for (const Group &group : sameSize) {
+    QHash<QByteArray, SameSongs> byBytes;
+    for (const SameSongs &group : sameSize) {
         // Most songs of one size differ in their first bytes already.
-        QHash<QByteArray, Group> byStart;
+        QHash<QByteArray, SameSongs> byStart;
         for (const qsizetype place : group) {
             if (progress.wasCanceled())
                 return {};
             if (const auto digest = reader.digestOf(songs.at(place), digestChunk))
                 byStart[*digest].append(place);
+            else if (unread != nullptr)
+                unread->append(place);
         }
-        for (const Group &sameStart : groupsOf(byStart)) {
+        for (const SameSongs &sameStart : groupsOf(byStart)) {
             for (const qsizetype place : sameStart) {
                 const MemorySong &song = songs.at(place);
                 const auto digest = reader.digestOf(song, song.size);
@@ -120,6 +122,8 @@ std::optional<QList<Group>> memoryduplicates::sameBytes(const QList<MemorySong> 
                     return {};
                 if (digest)
                     byBytes[QByteArray::number(song.size) + ' ' + *digest].append(place);
+                else if (unread != nullptr)
+                    unread->append(place);
             }
         }
     }

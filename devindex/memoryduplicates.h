@@ -22,9 +22,11 @@ QList<Group> sameTitle(const QList<MemorySong> &songs);
 
 /**
  * Songs whose files hold the same bytes. Only files of one size are read; the progress is told how
- * many bytes in units of 64 KiB. A file that cannot be read is the same as no other. Nothing when
- * the user stopped it.
+ * many bytes in units of 64 KiB. A file that cannot be read, or that has got
+ * another size, is the same as no other; unread, where given, gets its place. Nothing when the user
+ * stopped it.
  */
-std::optional<QList<Group>> sameBytes(const QList<MemorySong> &songs, Progress &progress);
+std::optional<QList<Group>> sameBytes(const QList<MemorySong> &songs, Progress &progress,
+                                      Group *unread = nullptr);
 
 } // namespace memoryduplicates

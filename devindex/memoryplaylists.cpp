@@ -39,11 +39,14 @@ QList<MemoryPlaylist> playlistsOf(const MemorySongs &memory)
     if (files.readNumbers(numbers) != PlaylistFiles::Outcome::Done)
         return lists;
     const QHash<quint32, qsizetype> places = placesById(memory);
+    qsizetype all = 0;
     for (const quint16 number : std::as_const(numbers)) {
         MemoryPlaylist list;
         list.number = number;
         QList<quint32> ids;
-        list.isReadable = files.readIds(number, ids) == PlaylistFiles::Outcome::Done;
+        list.isReadable =
+            all < mostPlaylistSongs && files.readIds(number, ids) == PlaylistFiles::Outcome::Done;
+        all += ids.size();
         for (const quint32 id : std::as_const(ids))
             list.songs.append({id, places.value(id, -1)});
         lists.append(std::move(list));

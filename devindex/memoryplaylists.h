@@ -17,16 +17,19 @@ struct PlaylistSong {
 /** A playlist of the player's list. */
 struct MemoryPlaylist {
     quint16 number = 0;
-    bool isReadable = true; ///< false: its file is missing, or cannot be read
+    bool isReadable = true; ///< false: its file is missing, cannot be read, or is one too many
     QList<PlaylistSong> songs;
 
     /** How many of its songs the player does not find. */
     int lostCount() const;
 };
 
+/** Many times what a musician puts into playlists; files of a stranger could fill the computer. */
+constexpr qsizetype mostPlaylistSongs = 1'000'000;
+
 /**
  * The playlists of the memory whose songs these are, in the player's order; nothing is changed. A
  * song counts as lost when the index has no such id, or when its file is gone. Of a playlist no
- * more songs are read than a memory can hold.
+ * more songs are read than a memory can hold, and of all of them no more than mostPlaylistSongs.
  */
 QList<MemoryPlaylist> playlistsOf(const MemorySongs &memory);

@@ -1,6 +1,7 @@
 #include "devindex/memoryscan.h"
 
 #include "devindex/folderrules.h"
+#include "storage/leftovers.h"
 
 #include <QFileInfo>
 #include <QStringBuilder>
@@ -32,6 +33,7 @@ void MemoryScan::scanFolder(const QString &dir, bool isLink, bool throughLink)
     if (folder.isEmpty())
         return;
     const FolderListing listing = FolderListing::of(folder, m_times);
+    tellUnread(folder, listing);
     if (listing.id.isEmpty() || m_active.contains(listing.id))
         return;
     if (throughLink) {
@@ -43,7 +45,14 @@ void MemoryScan::scanFolder(const QString &dir, bool isLink, bool throughLink)
 
     m_active.insert(listing.id);
     const QString start = folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
+    // What a link leads to may lie outside the memory.
+    if (m_tidies && !throughLink) {
+        for (const QString &name : listing.leftovers)
+            Leftovers::remove(start % name);
+    }
     for (const FolderItem &item : listing.items) {
+        if (m_observer.wantsToStop())
+            break;
         const QString path = start % item.name;
         if (!item.isFolder)
             scanFile(path, item, throughLink);
@@ -51,6 +60,25 @@ void MemoryScan::scanFolder(const QString &dir, bool isLink, bool throughLink)
             scanFolder(path, item.isLink, throughLink || item.isLink);
     }
     m_active.remove(listing.id);
+}
+
+void MemoryScan::tellUnread(const QString &folder, const FolderListing &listing)
+{
+    if (listing.isUnreadable)
+        m_state.unreadFolders.append(folder.mid(m_state.rootPath.size()));
+    if (!listing.isUnreadable && listing.unusableNames.isEmpty())
+        return;
+    // Links may lead to the same folder once more.
+    const FolderId id = folderIdOf(folder);
+    if (m_unread.contains(id))
+        return;
+    m_unread.insert(id);
+    if (listing.isUnreadable && !isRepairFolder(folder.section(QLatin1Char('/'), -1)))
+        m_observer.tellError(tr("Cartella non leggibile, le sue song non sono state cercate: ") +
+                             folder);
+    for (const QString &name : listing.unusableNames)
+        m_observer.tellError(tr("Non importato, il nome non è in UTF-8: ") +
+                             folder % QLatin1Char('/') % name);
 }
 
 void MemoryScan::scanFile(const QString &path, const FolderItem &file, bool throughLink)

@@ -79,10 +79,10 @@ private:
         if (m_stopped || (isLink && m_active.contains(folderIdOf(folder))))
             return;
         const FolderListing listing = FolderListing::of(folder);
-        if (listing.id.isEmpty()) {
+        if (listing.id.isEmpty() || listing.isUnreadable)
             m_unreadable.append(folder.mid(m_root.size()));
+        if (listing.id.isEmpty())
             return;
-        }
         if (m_active.contains(listing.id) || (behindLink && m_linked.contains(listing.id)))
             return;
         if (behindLink)
@@ -140,6 +140,13 @@ private:
 };
 
 } // namespace
+
+bool isAsListed(const MemorySong &song)
+{
+    const auto stamp = FileStamp::of(song.info.fullPath);
+    return stamp && stamp->date == song.info.date && stamp->time == song.info.time &&
+           QFileInfo(song.info.fullPath).size() == song.size;
+}
 
 MemorySongs::MemorySongs(const QString &root)
     : m_root(root.size() > 1 && root.endsWith(folderSlash) ? root.chopped(1) : root)

@@ -28,6 +28,9 @@ struct MemorySong {
 };
 Q_DECLARE_TYPEINFO(MemorySong, Q_RELOCATABLE_TYPE);
 
+/** True when the file lies there as it was when it was listed: what is changed is what was seen. */
+bool isAsListed(const MemorySong &song);
+
 /**
  * Reads only: nothing on the memory is changed. The songs are those that an update of the index
  * would look at. The index is taken for what a stranger may have written: its paths are compared
@@ -66,7 +69,7 @@ public:
     /** The songs in this state. */
     int count(MemorySong::State state) const;
 
-    /** Folders that could not be read, as paths on the memory. */
+    /** Folders that could not be read, or not wholly, as paths on the memory. */
     const QStringList &unreadableFolders() const { return m_unreadable; }
 
 private:

@@ -163,6 +163,13 @@ bool MountedVolumes::isRoot(const QString &path) const
     return cleaned(path) == memory;
 }
 
+bool MountedVolumes::isMemory(const QString &path) const
+{
+    const QString memory = memoryOf(path);
+    return !memory.isEmpty() && memory == cleaned(path) && QFileInfo(memory).isDir() &&
+           !QFileInfo(memory).isSymLink();
+}
+
 QString MountedVolumes::getRootDrivePath(const QString &path) const
 {
     const QString above = mountDirectoryAbove(path);
@@ -182,6 +189,23 @@ QString MountedVolumes::memoryOf(const QString &path) const
         return {};
     const qsizetype nameEnd = clean.indexOf(slash, above.size() + 1);
     return nameEnd < 0 ? clean : clean.left(nameEnd);
+}
+
+QString MountedVolumes::withoutLinks(const QString &path) const
+{
+    const QString clean = cleaned(path);
+    const QFileInfo there(clean);
+    const QString real = there.canonicalFilePath();
+    if (real.isEmpty())
+        return there.isSymLink() ? QString() : clean;
+    const QString memory = memoryOf(clean);
+    // On macOS a link among the memories leads to the system disk.
+    if (!memory.isEmpty() && !QFileInfo(memory).isSymLink()) {
+        const QString root = QFileInfo(memory).canonicalFilePath();
+        if (real == root || real.startsWith(root + slash))
+            return memory + real.mid(root.size());
+    }
+    return isSystemDisk(real) ? QString() : real;
 }
 
 /** The longest mount directory that the path lies in; empty for one that lies in none or is one. */

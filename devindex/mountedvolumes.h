@@ -68,8 +68,18 @@ public:
      */
     bool isRoot(const QString &path) const;
 
+    /** True for a memory's root in a mount directory that is a folder itself and no link. */
+    bool isMemory(const QString &path) const;
+
     /** The root of the memory that holds the path, or an empty text when it lies in none. */
     QString memoryOf(const QString &path) const;
+
+    /**
+     * The path with all links resolved, where a link leads: below the memory's root as it is
+     * spelled when it stays on that memory. A path at which nothing lies is only cleaned. Empty for
+     * a link that leads nowhere, and for one that leads to the system disk.
+     */
+    QString withoutLinks(const QString &path) const;
 
     /**
      * The beginning of the path that names a memory's root, from the text as it is: ".." behind the

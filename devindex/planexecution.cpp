@@ -1,11 +1,15 @@
 #include "devindex/planexecution.h"
 
+#include "devindex/memorydevice.h"
 #include "devindex/plannedremoval.h"
+#include "library/companion.h"
 #include "storage/safefile.h"
 #include "storage/writeproblem.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QSet>
 
 #include <memory>
 #include <utility>
@@ -87,13 +91,21 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
 {
     if (!progress.wasCanceled() && !hasFolder(folder, plan)) {
         fail(numbers, plan,
-             WriteProblem::sentence(WriteProblem::find(WriteProblem::Medium::of(plan.folder)))
-                 .replace(QLatin1Char('\n'), QLatin1Char(' ')));
+             QFileInfo(folder).isDir()
+                 ? tr("la sua cartella è un collegamento che porta fuori dalla memoria")
+                 : WriteProblem::sentence(WriteProblem::find(WriteProblem::Medium::of(plan.folder)))
+                       .replace(QLatin1Char('\n'), QLatin1Char(' ')));
         return;
     }
     QList<FileCopier::Order> orders;
+    QSet<QString> replaced;
+    QSet<QString> withPictures; // the source's medium may have been pulled out by the end
     for (const int number : numbers) {
         const Item &item = plan.items.at(number);
+        if (item.remedy == Remedy::Replace && item.isThere)
+            replaced.insert(item.target);
+        if (!item.companion.isEmpty())
+            withPictures.insert(item.destination());
         orders.append({item.path, item.destination(), item.remedy == Remedy::Replace});
     }
     FileCopier copier([](const QString &) { return Answer::No; });
@@ -106,8 +118,14 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
         switch (song.state) {
         case FileCopier::State::Copied:
             m_result.copied.append(song.source);
+            if (replaced.contains(song.target)) {
+                m_result.replaced.append(song.target);
+                if (!withPictures.contains(song.target))
+                    removeOldPictures(song);
+            }
             break;
         case FileCopier::State::Skipped:
+        case FileCopier::State::Replaced:
             m_result.failed.append({song.source, tr("nel frattempo un altro file ha questo nome")});
             break;
         case FileCopier::State::Failed:
@@ -120,13 +138,35 @@ void PlanExecution::copyInto(const QString &folder, const QList<int> &numbers,
     }
 }
 
+/**
+ * The pictures of a song whose place another one took, which has none, would be shown with that. It
+ * is on the medium by now.
+ */
+void PlanExecution::removeOldPictures(const FileCopier::Song &song)
+{
+    if (!companionOf(song.source).isEmpty())
+        return;
+    const QStringList paths = companionPaths(song.target);
+    for (const QString &path : paths) {
+        const QFileInfo pictures(path);
+        if (!pictures.isFile())
+            continue;
+        const auto bytes = keepBytesOf(path); // cppcheck-suppress unreadVariable
+        if (!pictures.isSymLink() && QFile::remove(path) && flushFolderOf(path))
+            m_result.removedPictures.append(path);
+        else
+            m_result.failed.append(
+                {path, tr("restano le immagini della song che è stata sostituita")});
+    }
+}
+
 /** Makes the folder below the chosen one where it is missing, but never that one itself. */
 bool PlanExecution::hasFolder(const QString &folder, const TransferPlan &plan)
 {
-    const QFileInfo there(folder);
-    if (there.isDir() || folder == plan.folder)
-        return there.isDir() && (folder == plan.folder || !there.isSymLink());
-    return !isTaken(folder) && QFileInfo(plan.folder).isDir() && makeFolder(folder);
+    if (QFileInfo(folder).isDir() || folder == plan.folder)
+        return isOnMemory(folder, plan.root);
+    return !isTaken(folder) && isOnMemory(QFileInfo(folder).path(), plan.root) &&
+           makeFolder(folder);
 }
 
 void PlanExecution::tellSkipped(const Item &item)
@@ -177,8 +217,12 @@ void PlanExecution::update(const TransferPlan &plan)
     bool removed = false;
     const auto remove = [&] {
         removed = true;
+        const std::unique_ptr<Progress> progress =
+            m_openProgress(QCoreApplication::translate("SongChanges", "Eliminazione"),
+                           QCoreApplication::translate("SongChanges", "Eliminazione song..."),
+                           plan.count(Remedy::Remove));
         PlannedRemoval removal(plan);
-        const QList<PlannedRemoval::Outcome> outcomes = removal.run();
+        const QList<PlannedRemoval::Outcome> outcomes = removal.run(*progress);
         for (const PlannedRemoval::Outcome &outcome : outcomes) {
             if (outcome.reason.isEmpty())
                 m_result.removed.append(outcome.path);

@@ -33,12 +33,14 @@ public:
     };
 
     struct Result {
-        QStringList copied;       ///< the songs of the list that have arrived
-        QStringList alreadyThere; ///< those that need not be copied
-        QList<Named> skipped;     ///< those that were left out
-        QList<Named> failed;      ///< those that should have been copied or removed
-        QStringList notReached;   ///< those behind a stop
-        QStringList removed;      ///< songs of the memory
+        QStringList copied;          ///< the songs of the list that have arrived
+        QStringList replaced;        ///< songs of the memory whose place they took
+        QStringList removedPictures; ///< that belonged to songs that were replaced
+        QStringList alreadyThere;    ///< those that need not be copied
+        QList<Named> skipped;        ///< those that were left out
+        QList<Named> failed;         ///< those that should have been copied or removed
+        QStringList notReached;      ///< those behind a stop
+        QStringList removed;         ///< songs of the memory
         bool indexed = false;
 
         /** Nothing failed, and nothing was stopped. */
@@ -60,6 +62,7 @@ private:
     void copyInto(const QString &folder, const QList<int> &numbers, const TransferPlan &plan,
                   Progress &progress);
     bool hasFolder(const QString &folder, const TransferPlan &plan);
+    void removeOldPictures(const FileCopier::Song &song);
     void tellSkipped(const TransferPlan::Item &item);
     void update(const TransferPlan &plan);
     void fail(const QList<int> &numbers, const TransferPlan &plan, const QString &reason);

@@ -12,12 +12,21 @@ PlannedRemoval::PlannedRemoval(const TransferPlan &plan)
 {
 }
 
-QList<PlannedRemoval::Outcome> PlannedRemoval::run()
+QList<PlannedRemoval::Outcome> PlannedRemoval::run(Progress &progress)
 {
+    bool stopped = false;
+    int number = 0;
     for (const TransferPlan::Item &item : m_plan.items) {
         if (item.remedy != TransferPlan::Remedy::Remove)
             continue;
+        m_keepAlive.processEvents();
+        stopped = stopped || progress.wasCanceled();
+        if (stopped) {
+            m_outcomes.append({item.path, tr("non rimossa, la rimozione è stata interrotta")});
+            continue;
+        }
         m_outcomes.append({item.path, remove(item)});
+        progress.updateProgress(++number);
         if (m_removal.isFull())
             settle();
     }

@@ -3,6 +3,8 @@
 
 #include "devindex/songremoval.h"
 #include "devindex/transferplan.h"
+#include "library/keepalive.h"
+#include "library/progress.h"
 
 #include <QCoreApplication>
 #include <QList>
@@ -28,8 +30,9 @@ public:
     /**
      * Removes the songs that the plan wants removed. When this returns, they are gone from the
      * medium as well; those whose folder does not take that to the medium count as still there.
+     * Once the user stops it, the rest stays.
      */
-    QList<Outcome> run();
+    QList<Outcome> run(Progress &progress);
 
     /** False when the medium did not confirm that all that was removed is gone. */
     bool isOnMedium() const { return m_onMedium; }
@@ -41,6 +44,7 @@ private:
 
     const TransferPlan &m_plan;
     SongRemoval m_removal;
+    KeepAlive m_keepAlive;
     QList<Outcome> m_outcomes;
     qsizetype m_settled = 0; ///< so many of them are certain
     bool m_onMedium = true;

@@ -143,18 +143,18 @@ bool PlaylistFiles::needsPathFile(quint16 number) const
 PlaylistFiles::Outcome PlaylistFiles::savePaths(quint16 number,
                                                 const QList<SongInfoIndex> &entries) const
 {
-    const QString songsName = fileName(number, songsSuffix);
+    const QString listName = fileName(number, songsSuffix);
     const QString pathsName = fileName(number, pathsSuffix);
-    if (!isOwnFile(songsName) || !(!isTaken(pathsName) || isOwnFile(pathsName)))
+    if (!isOwnFile(listName) || !(!isTaken(pathsName) || isOwnFile(pathsName)))
         return Outcome::Nothing;
-    QFile playlist(songsName);
+    QFile playlist(listName);
     if (openExisting(playlist, QIODevice::ReadOnly)) {
         const QByteArray bytes = pathsOf(playlist, entries);
         if (playlist.error() == QFile::NoError &&
             (holds(pathsName, bytes) || replace(pathsName, bytes)))
             return Outcome::Done;
     }
-    logWarning() << "[PlaylistFiles::savePaths] Impossible to save the paths of" << songsName;
+    logWarning() << "[PlaylistFiles::savePaths] Impossible to save the paths of" << listName;
     return Outcome::Failed;
 }
 
@@ -184,6 +184,35 @@ PlaylistFiles::Outcome PlaylistFiles::allowWriting(quint16 number) const
     return Outcome::Failed;
 }
 
+QStringList PlaylistFiles::readPaths(quint16 number) const
+{
+    QStringList songs;
+    QFile paths(fileName(number, pathsSuffix));
+    if (!openExisting(paths, QIODevice::ReadOnly))
+        return songs;
+    for (int song = 0; song < SongInfoIndex::maxSongs; ++song) {
+        const QByteArray record = paths.read(PlaylistPathRecord::size);
+        if (record.size() != PlaylistPathRecord::size)
+            break;
+        songs.append(PlaylistPathRecord::decode(record.constData()));
+    }
+    return songs;
+}
+
+bool PlaylistFiles::writePaths(quint16 number, const QStringList &paths) const
+{
+    QByteArray bytes;
+    for (const QString &path : paths) {
+        const auto record = PlaylistPathRecord::encode(path);
+        bytes.append(record.data(), static_cast<qsizetype>(record.size()));
+    }
+    const QString name = fileName(number, pathsSuffix);
+    if (isOwnFile(name) && replace(name, bytes))
+        return true;
+    logWarning() << "[PlaylistFiles::writePaths] Impossible to save" << name;
+    return false;
+}
+
 PlaylistFiles::Outcome PlaylistFiles::restoreIds(quint16 number, PathFinder &songs) const
 {
     QFile paths(fileName(number, pathsSuffix));
@@ -198,6 +227,42 @@ PlaylistFiles::Outcome PlaylistFiles::restoreIds(quint16 number, PathFinder &son
     logWarning() << "[PlaylistFiles::restoreIds] Impossible to write playlist"
                  << playlist.fileName();
     return Outcome::Failed;
+}
+
+PlaylistFiles::Outcome PlaylistFiles::mendIds(quint16 number, const QSet<quint32> &known,
+                                              PathFinder &songs, int &mended) const
+{
+    QList<quint32> ids;
+    const Outcome read = readIds(number, ids);
+    if (read != Outcome::Done)
+        return read;
+    QFile paths(fileName(number, pathsSuffix));
+    if (!openExisting(paths, QIODevice::ReadOnly) ||
+        paths.size() != ids.size() * PlaylistPathRecord::size)
+        return Outcome::Nothing;
+    QFile playlist(fileName(number, songsSuffix));
+    int written = 0;
+    for (qsizetype song = 0; song < ids.size(); ++song) {
+        if (known.contains(ids.at(song)))
+            continue;
+        QByteArray record;
+        if (paths.seek(song * PlaylistPathRecord::size))
+            record = paths.read(PlaylistPathRecord::size);
+        if (record.size() != PlaylistPathRecord::size)
+            return Outcome::Failed;
+        const SongInfoIndex *const entry =
+            songs.find(PlaylistPathRecord::decode(record.constData()));
+        if (entry == nullptr)
+            continue;
+        if ((!playlist.isOpen() && !openForWriting(playlist)) ||
+            !playlist.seek(song * PlaylistSongRecord::size) || !replaceNextId(playlist, entry->id))
+            return Outcome::Failed;
+        ++written;
+    }
+    if (written > 0 && (!flushToMedium(playlist) || playlist.error() != QFile::NoError))
+        return Outcome::Failed;
+    mended += written;
+    return Outcome::Done;
 }
 
 void PlaylistFiles::writeIds(QFile &paths, PathFinder &songs, QFile &playlist)
@@ -215,8 +280,18 @@ void PlaylistFiles::writeIds(QFile &paths, PathFinder &songs, QFile &playlist)
 
 QString PlaylistFiles::fileName(quint16 number, QLatin1String suffix) const
 {
-    return QStringLiteral("%1/%2/play%3.%4")
-        .arg(m_root, indexfiles::playlistFolder)
+    return m_root + QLatin1Char('/') + nameBelowRoot(number, suffix);
+}
+
+QString PlaylistFiles::nameBelowRoot(quint16 number, QLatin1String suffix)
+{
+    return QStringLiteral("%1/play%2.%3")
+        .arg(indexfiles::playlistFolder)
         .arg(number, 4, 10, QLatin1Char('0'))
         .arg(suffix);
+}
+
+QString PlaylistFiles::songsName(quint16 number)
+{
+    return nameBelowRoot(number, songsSuffix);
 }

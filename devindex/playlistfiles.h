@@ -5,7 +5,9 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QSet>
 #include <QString>
+#include <QStringList>
 
 class PathFinder;
 class QFile;
@@ -56,10 +58,29 @@ public:
      */
     Outcome restoreIds(quint16 number, PathFinder &songs) const;
 
+    /** The file of the playlist's songs, as a path below the root. */
+    static QString songsName(quint16 number);
+
+    /** The paths in the playlist's path file; none where there is no such file. */
+    QStringList readPaths(quint16 number) const;
+
+    /** Gives the playlist's path file these paths; false when it could not be written. */
+    bool writePaths(quint16 number, const QStringList &paths) const;
+
+    /**
+     * Gives the playlist's songs whose ids are not among the known ones the ids of the songs that
+     * the path file names in their places. Nothing when the path file does not have as many songs
+     * as the playlist, which then was changed after it was made. The number of songs that got an
+     * id is added to mended.
+     */
+    Outcome mendIds(quint16 number, const QSet<quint32> &known, PathFinder &songs,
+                    int &mended) const;
+
 private:
     static QByteArray pathsOf(QFile &playlist, const QList<SongInfoIndex> &entries);
     static void writeIds(QFile &paths, PathFinder &songs, QFile &playlist);
     QString fileName(quint16 number, QLatin1String suffix) const;
+    static QString nameBelowRoot(quint16 number, QLatin1String suffix);
 
     QString m_root;
 };

@@ -22,11 +22,14 @@ void forgetTime(SongInfoIndex &entry)
 
 SongInfoIndex *entryOf(QList<SongInfoIndex> &entries, const QString &path)
 {
+    SongInfoIndex *found = nullptr;
     for (SongInfoIndex &entry : entries) {
-        if (entry.path.compare(path, Qt::CaseInsensitive) == 0)
+        if (entry.path == path)
             return &entry;
+        if (entry.path.compare(path, Qt::CaseInsensitive) == 0)
+            found = &entry;
     }
-    return nullptr;
+    return found;
 }
 
 } // namespace
@@ -39,29 +42,11 @@ SongChanges::SongChanges(const QString &root, OpenProgress openProgress)
 
 SongChanges::Report SongChanges::remove(const QStringList &paths)
 {
-    // An index that nothing is going to make untrue need not be written anew.
-    const SongRemoval removal(m_root);
-    Report refused;
-    QStringList songs;
-    QSet<QString> known;
-    for (const QString &path : paths) {
-        if (known.contains(path))
-            continue;
-        known.insert(path);
-        const QString reason = removal.whyNot(path);
-        if (reason.isEmpty())
-            songs.append(path);
-        else
-            refused.failed.append({path, reason});
-    }
-    if (songs.isEmpty()) {
-        refused.isIndexTrue = true;
-        return refused;
-    }
-    Report report =
-        run([&](QList<SongInfoIndex> &, Report &result) { return removeAll(songs, result); });
-    report.failed = refused.failed + report.failed;
-    return report;
+    QStringList known = paths;
+    known.removeDuplicates();
+    return runOn(known, [this](const QStringList &songs, QList<SongInfoIndex> &, Report &report) {
+        return removeAll(songs, report);
+    });
 }
 
 /** False when the medium does not take the removals: nothing more must be written to it. */
@@ -126,7 +111,9 @@ SongChanges::Report SongChanges::rename(const QString &path, const QString &newN
             report.failed.append({path, tr("non è stato possibile rinominarla")});
             return renamed.onMedium;
         }
-        if (SongInfoIndex *const entry = entryOf(entries, path)) {
+        SongInfoIndex *const entry = entryOf(entries, path);
+        // Where letter case counts, the entry may be that of another file, which is still there.
+        if (entry != nullptr && (entry->path == path || !QFileInfo::exists(m_root + entry->path))) {
             entry->path = newPath;
             entry->fullPath = m_root + newPath;
             forgetTime(*entry); // a song without a title shows its name
@@ -141,26 +128,109 @@ SongChanges::Report SongChanges::rename(const QString &path, const QString &newN
 
 SongChanges::Report SongChanges::rewrite(const QString &path, const Save &save)
 {
-    const QString reason = SongRemoval(m_root).whyNot(path);
-    if (!reason.isEmpty()) {
-        Report refused;
-        refused.failed.append({path, reason});
+    return rewriteAll({path}, [&save](const QString &) { return save(); });
+}
+
+SongChanges::Report SongChanges::rewriteAll(const QStringList &paths, const SaveOne &save)
+{
+    return runOn(
+        paths, [&](const QStringList &songs, QList<SongInfoIndex> &entries, Report &result) {
+            const std::unique_ptr<Progress> progress = m_openProgress(
+                tr("Salvataggio"), tr("Salvataggio song..."), static_cast<int>(songs.size()));
+            int number = 0;
+            for (const QString &path : songs) {
+                result.stopped = progress->wasCanceled();
+                if (result.stopped)
+                    break;
+                const QString problem = save(path);
+                if (problem.isEmpty())
+                    result.done.append(path);
+                else
+                    result.failed.append({path, problem});
+                if (SongInfoIndex *const entry = entryOf(entries, path))
+                    forgetTime(*entry);
+                progress->updateProgress(++number);
+            }
+            return true;
+        });
+}
+
+/** Runs the work on those of the songs that may be changed; the others have failed. */
+SongChanges::Report SongChanges::runOn(const QStringList &paths, const WorkOnSongs &work)
+{
+    const SongRemoval rules(m_root);
+    Report refused;
+    QStringList songs;
+    for (const QString &path : paths) {
+        const QString reason = rules.whyNot(path);
+        if (reason.isEmpty())
+            songs.append(path);
+        else
+            refused.failed.append({path, reason});
+    }
+    // An index that nothing is going to make untrue need not be written anew.
+    if (songs.isEmpty()) {
         refused.isIndexTrue = true;
         return refused;
     }
-    return run([&](QList<SongInfoIndex> &entries, Report &report) {
-        const QString problem = save();
-        if (problem.isEmpty())
-            report.done.append(path);
-        else
-            report.failed.append({path, problem});
-        if (SongInfoIndex *const entry = entryOf(entries, path))
-            forgetTime(*entry);
-        return true;
+    Report report = run([&](QList<SongInfoIndex> &entries, Report &result) {
+        return work(songs, entries, result);
     });
+    report.failed = refused.failed + report.failed;
+    return report;
+}
+
+SongChanges::Report SongChanges::updateIndex()
+{
+    return build(false);
+}
+
+SongChanges::Report SongChanges::rebuildIndex()
+{
+    return build(true);
+}
+
+SongChanges::Report SongChanges::build(bool anew)
+{
+    return runWithIndex(
+        [this, anew](Index &index, std::unique_ptr<Progress> &progress, Report &report) {
+            progress = m_openProgress(tr("Aggiornamento"), tr("Aggiornamento database..."), 0);
+            const bool isWhole = anew ? index.createIndex(m_root) : index.updateIndex(m_root);
+            if (!isWhole)
+                report.refusal = whyNotBuilt(index);
+            return isWhole;
+        });
+}
+
+QString SongChanges::whyNotBuilt(const Index &index) const
+{
+    if (!QFileInfo(m_root).isDir() || !index.isMemoryThere())
+        return tr("La memoria non è più collegata.");
+    if (index.filesFound == 0)
+        return index.checkIndexFile() ? tr("Il database della memoria è danneggiato: rigenerarlo.")
+                                      : tr("Nella memoria non ci sono song.");
+    return tr("Non è stato possibile aggiornare il database. Assicurarsi che la memoria abbia "
+              "spazio libero e che non sia protetta da scrittura.");
 }
 
 SongChanges::Report SongChanges::run(const Work &work)
+{
+    return runWithIndex([&](Index &index, std::unique_ptr<Progress> &progress, Report &report) {
+        const Index::Change changed = index.changeSongs(m_root, [&](QList<SongInfoIndex> &entries) {
+            if (!work(entries, report))
+                return false;
+            progress = m_openProgress(tr("Aggiornamento"), tr("Aggiornamento database..."), 0);
+            return true;
+        });
+        if (changed == Index::Change::NotStarted)
+            report.refusal = tr("Il database della memoria è danneggiato, o la memoria non si può "
+                                "scrivere. Non è stato cambiato nulla.");
+        return changed == Index::Change::Done || changed == Index::Change::NoSongsLeft;
+    });
+}
+
+/** Runs the work while the memory is locked; its progress is told what the index tells. */
+SongChanges::Report SongChanges::runWithIndex(const IndexWork &work)
 {
     Report report;
     MemoryLock lock(m_root);
@@ -173,6 +243,8 @@ SongChanges::Report SongChanges::run(const Work &work)
     std::unique_ptr<Progress> progress;
     QObject::connect(&index, &Index::errorFromIndex, &index,
                      [&report](const QString &message) { report.indexProblems.append(message); });
+    QObject::connect(&index, &Index::leftOut, &index,
+                     [&report](const QString &message) { report.indexProblems.append(message); });
     const auto setValue = [&progress](int value) {
         if (progress)
             progress->setValue(value);
@@ -183,15 +255,6 @@ SongChanges::Report SongChanges::run(const Work &work)
         if (progress)
             progress->setMaximum(maximum);
     });
-    const Index::Change changed = index.changeSongs(m_root, [&](QList<SongInfoIndex> &entries) {
-        if (!work(entries, report))
-            return false;
-        progress = m_openProgress(tr("Aggiornamento"), tr("Aggiornamento database..."), 0);
-        return true;
-    });
-    if (changed == Index::Change::NotStarted)
-        report.refusal = tr("Il database della memoria è danneggiato, o la memoria non si può "
-                            "scrivere. Non è stato cambiato nulla.");
-    report.isIndexTrue = changed == Index::Change::Done || changed == Index::Change::NoSongsLeft;
+    report.isIndexTrue = work(index, progress, report);
     return report;
 }

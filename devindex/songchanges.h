@@ -11,6 +11,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 
 /**
  * Each call is one job: it takes the lock of the memory, lets the index go, changes the songs and
@@ -63,10 +64,31 @@ public:
     /** Lets the song of this path on the memory be rewritten in its place. */
     Report rewrite(const QString &path, const Save &save);
 
+    /** Saves the song of this path on the memory; returns why it was not saved. */
+    using SaveOne = std::function<QString(const QString &path)>;
+
+    /** The same for several songs; the index is updated once, also when the user stops it. */
+    Report rewriteAll(const QStringList &paths, const SaveOne &save);
+
+    /** Changes no song: brings the index up to date. */
+    Report updateIndex();
+
+    /** Changes no song: makes the index anew. Playlists keep their songs. */
+    Report rebuildIndex();
+
 private:
     using Work = std::function<bool(QList<SongInfoIndex> &entries, Report &report)>;
+    using IndexWork =
+        std::function<bool(Index &index, std::unique_ptr<Progress> &progress, Report &report)>;
+
+    using WorkOnSongs = std::function<bool(const QStringList &songs, QList<SongInfoIndex> &entries,
+                                           Report &report)>;
 
     Report run(const Work &work);
+    Report runOn(const QStringList &paths, const WorkOnSongs &work);
+    Report runWithIndex(const IndexWork &work);
+    Report build(bool anew);
+    QString whyNotBuilt(const Index &index) const;
     bool removeAll(const QStringList &paths, Report &report);
 
     const QString m_root;

@@ -14,6 +14,11 @@ bool compareTextThenTitle(QString SongInfoIndex::*text, const SongInfoIndex &fir
 
 } // namespace
 
+QString knownText(const QString &text)
+{
+    return text.compare(QLatin1String("<unknown>"), Qt::CaseInsensitive) == 0 ? QString() : text;
+}
+
 bool compareByPosidx(const SongInfoIndex &first, const SongInfoIndex &second)
 {
     return first.posidx < second.posidx;

@@ -29,6 +29,9 @@ struct SongInfoIndex {
 };
 Q_DECLARE_TYPEINFO(SongInfoIndex, Q_RELOCATABLE_TYPE);
 
+/** An artist or genre as it is shown to people: empty where the player says "<unknown>". */
+QString knownText(const QString &text);
+
 /** True when the first entry's id is the lower one. */
 bool compareById(const SongInfoIndex &first, const SongInfoIndex &second);
 

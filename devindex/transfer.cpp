@@ -2,6 +2,7 @@
 
 #include "devindex/folderrules.h"
 #include "devindex/index.h"
+#include "devindex/memorydevice.h"
 #include "devindex/sizetext.h"
 #include "devindex/transferplanner.h"
 #include "storage/diagnostics.h"
@@ -45,25 +46,26 @@ Transfer::Transfer(TransferUser &user, OpenProgress openProgress, FreeBytes free
 
 Transfer::Outcome Transfer::transferFiles(const QStringList &files)
 {
-    QString dest = chooseDestination();
-    if (dest.isEmpty())
+    const std::optional<Destination> destination = chooseDestination();
+    if (!destination)
         return Outcome::NotStarted;
-    const QString root = m_volumes.getRootDrivePath(dest);
-    const bool isRoot = m_volumes.isRoot(dest);
+    const auto &[root, dest, isRoot] = *destination;
+    m_device = memoryDevice(root);
     MemoryLock lock(root);
     if (!takeLock(lock, tr("Trasferimento"), isRoot))
         return Outcome::NotStarted;
-    if (isRoot)
-        dest += songsFolder;
     if (m_user.reviewsPlans()) {
-        std::optional<TransferPlan> plan = makePlan(files, root, dest, false);
-        const auto review = !plan                 ? TransferUser::Review::Cancel
-                            : plan->needsReview() ? m_user.reviewPlan(*plan)
-                                                  : TransferUser::Review::AsAlways;
-        if (review == TransferUser::Review::Cancel)
+        std::optional<TransferPlan> plan = makePlan(files, root, dest, Look::Quick);
+        if (plan && plan->needsReview())
+            plan = makePlan(files, root, dest, Look::Songs);
+        if (!plan)
             return Outcome::NotStarted;
-        if (review == TransferUser::Review::CarryOut)
+        const auto answer = plan->needsReview() ? review(*plan) : TransferUser::Review::AsAlways;
+        if (answer == TransferUser::Review::Cancel || !isThere(*plan))
+            return Outcome::NotStarted;
+        if (answer == TransferUser::Review::CarryOut)
             return carryOut(*plan, lock);
+        m_readBack = plan->readBack;
     }
     if (isRoot && !makeSongsFolder(dest))
         return Outcome::NotStarted;
@@ -77,6 +79,7 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
     const bool indexed = updateIndex(root);
     lock.release(); // whoever reads the result may pull the memory out
 
+    m_changedSongs = copier.report().copied;
     const bool complete = copied && indexed;
     if (complete)
         m_user.inform(tr("Trasferimento"), tr("Tutti i file sono stati copiati correttamente"));
@@ -88,15 +91,17 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
 
 std::optional<TransferPlan> Transfer::planTransfer(const QStringList &files, bool others)
 {
-    const QString dest = chooseDestination();
-    if (dest.isEmpty())
+    const std::optional<Destination> destination = chooseDestination();
+    if (!destination)
         return std::nullopt;
-    const QString folder = m_volumes.isRoot(dest) ? dest + songsFolder : dest;
-    return makePlan(files, m_volumes.getRootDrivePath(dest), folder, others);
+    return makePlan(files, destination->root, destination->folder,
+                    others ? Look::AlsoOthers : Look::Songs);
 }
 
 Transfer::Outcome Transfer::carryOut(const TransferPlan &plan)
 {
+    if (!isThere(plan))
+        return Outcome::NotStarted;
     MemoryLock lock(plan.root);
     if (!takeLock(lock, tr("Trasferimento"), plan.folder == plan.root + songsFolder))
         return Outcome::NotStarted;
@@ -105,6 +110,7 @@ Transfer::Outcome Transfer::carryOut(const TransferPlan &plan)
 
 Transfer::Outcome Transfer::carryOut(const TransferPlan &plan, MemoryLock &lock)
 {
+    m_device = plan.device.isEmpty() ? memoryDevice(plan.root) : plan.device;
     if (plan.folder == plan.root + songsFolder && !makeSongsFolder(plan.folder))
         return Outcome::NotStarted;
     logBanner();
@@ -113,6 +119,7 @@ Transfer::Outcome Transfer::carryOut(const TransferPlan &plan, MemoryLock &lock)
     });
     const PlanExecution::Result result = execution.run(plan);
     lock.release(); // who reads the outcome may pull the memory
+    m_changedSongs = result.copied.size() + result.removed.size();
 
     if (result.isComplete())
         m_user.inform(tr("Trasferimento"), tr("Il piano è stato eseguito"));
@@ -123,16 +130,28 @@ Transfer::Outcome Transfer::carryOut(const TransferPlan &plan, MemoryLock &lock)
     return result.isComplete() ? Outcome::Complete : Outcome::Incomplete;
 }
 
+/** The plan opens by itself: the user, who has not asked for it yet, decides what is replaced. */
+TransferUser::Review Transfer::review(TransferPlan &plan)
+{
+    for (TransferPlan::Item &item : plan.items) {
+        if (item.remedy == TransferPlan::Remedy::Replace)
+            item.remedy = TransferPlan::Remedy::Skip;
+    }
+    return m_user.reviewPlan(plan);
+}
+
 /** Nothing when the user stopped it. */
 std::optional<TransferPlan> Transfer::makePlan(const QStringList &files, const QString &root,
-                                               const QString &folder, bool others)
+                                               const QString &folder, Look look)
 {
     TransferPlanner planner(root, folder);
     MemoryRoom room = MemoryRoom::of(root);
     room.freeBytes = m_freeBytes(root);
     planner.setRoom(room);
-    if (others)
+    if (look == Look::AlsoOthers)
         planner.listOthers();
+    if (look == Look::Quick)
+        planner.trustNames();
     const std::unique_ptr<Progress> progress = m_openProgress(
         tr("Trasferimento"), tr("Confronto con la memoria..."), static_cast<int>(files.size()));
     std::optional<TransferPlan> plan = planner.plan(files, *progress);
@@ -144,7 +163,8 @@ std::optional<TransferPlan> Transfer::makePlan(const QStringList &files, const Q
 bool Transfer::updateKavenaIndex(const QString &path)
 {
     const QString root = m_volumes.getRoot(path);
-    if (!QFileInfo::exists(root))
+    m_device = memoryDevice(root);
+    if (m_device.isEmpty())
         return false;
     MemoryLock lock(root);
     return takeLock(lock, tr("Aggiornamento"), false) && updateIndex(root);
@@ -153,13 +173,23 @@ bool Transfer::updateKavenaIndex(const QString &path)
 /** A removal runs while there is no index, or not at all. */
 bool Transfer::updateIndex(const QString &root, const std::function<bool()> &removal)
 {
-    if (!QFileInfo::exists(root))
+    // The folder of a memory that was pulled out may still be there.
+    const QByteArray device = memoryDevice(root);
+    if (device.isEmpty() || device != m_device)
         return false;
-    // The number of songs is not known before the scan has found them: 0 shows a busy bar.
-    const std::unique_ptr<Progress> progress =
-        m_openProgress(tr("Aggiornamento"), tr("Aggiornamento database..."), 0);
-    const auto setValue = [&progress](int value) { progress->setValue(value); };
-    const auto setMaximum = [&progress](int maximum) { progress->setMaximum(maximum); };
+    std::unique_ptr<Progress> progress;
+    const auto open = [&] {
+        // The number of songs is not known before the scan has found them: 0 shows a busy bar.
+        progress = m_openProgress(tr("Aggiornamento"), tr("Aggiornamento database..."), 0);
+    };
+    const auto setValue = [&progress](int value) {
+        if (progress)
+            progress->setValue(value);
+    };
+    const auto setMaximum = [&progress](int maximum) {
+        if (progress)
+            progress->setMaximum(maximum);
+    };
 
     Index index;
     index.setRenameQuestion([this](const QString &item, const QString &message) {
@@ -168,32 +198,68 @@ bool Transfer::updateIndex(const QString &root, const std::function<bool()> &rem
     m_indexProblems.clear();
     QObject::connect(&index, &Index::errorFromIndex, &index,
                      [this](const QString &message) { m_indexProblems.append(message); });
+    QObject::connect(&index, &Index::leftOut, &index,
+                     [this](const QString &message) { m_indexProblems.append(message); });
     QObject::connect(&index, &Index::fileFoundChanged, &index, setValue);
     QObject::connect(&index, &Index::progressValueChanged, &index, setValue);
     QObject::connect(&index, &Index::progressMaxSetup, &index, setMaximum);
-    return removal ? index.updateIndexAfter(root, removal) : index.updateIndex(root);
+    if (removal)
+        return index.updateIndexAfter(root, [&] {
+            const bool isOnMedium = removal(); // shows a progress of its own
+            open();
+            return isOnMedium;
+        });
+    open();
+    return index.updateIndex(root);
 }
 
-/** An accepted folder, without a slash at its end; an empty text ends the transfer. */
-QString Transfer::chooseDestination()
+/** An accepted folder, without a slash at its end; nothing ends the transfer. */
+std::optional<Transfer::Destination> Transfer::chooseDestination()
 {
     const QString title = tr("Trasferimento");
     const QString chosen = m_user.chooseFolder(tr("Scegli cartella"), m_volumes.startFolder());
     if (chosen.isEmpty())
-        return {};
-    QString dest = QDir::cleanPath(chosen);
+        return std::nullopt;
+    // What a link leads to is judged, and not where the link lies.
+    const QString dest = m_volumes.withoutLinks(chosen);
 
-    if (m_volumes.isSystemDisk(dest)) {
+    if (dest.isEmpty() || m_volumes.isSystemDisk(dest)) {
         m_user.warn(title, tr("Non è possibile copiare i file sul disco di sistema"));
-        return {};
+        return std::nullopt;
     }
     if (!m_volumes.isRoot(dest) && isReservedFolder(fileNameOf(dest))) {
         m_user.warn(title, tr("Non è possibile utilizzare le cartelle BRIDGE, SFX e PLAYLIST "
                               "perchè sono riservate per funzionalità specifiche di Kavena, "
                               "selezionare un'altra cartella"));
-        return {};
+        return std::nullopt;
     }
-    return dest;
+    Destination destination{m_volumes.getRootDrivePath(dest), dest, m_volumes.isRoot(dest)};
+    if (destination.isRoot && !findSongsFolder(destination))
+        return std::nullopt;
+    return destination;
+}
+
+/** False when the songs of this memory would not get onto it; the user has been told. */
+bool Transfer::findSongsFolder(Destination &destination)
+{
+    const QString songs = destination.root + songsFolder;
+    destination.folder = m_volumes.withoutLinks(songs);
+    if (destination.folder.startsWith(destination.root + QLatin1Char('/')) &&
+        !isReservedFolder(fileNameOf(destination.folder)))
+        return true;
+    m_user.warn(tr("Trasferimento"), tr("La cartella %1 è un collegamento a un'altra cartella, "
+                                        "dove le song non possono essere copiate")
+                                         .arg(QDir::toNativeSeparators(songs)));
+    return false;
+}
+
+/** False when the memory is gone, perhaps while the plan was looked at; the user has been told. */
+bool Transfer::isThere(const TransferPlan &plan)
+{
+    if (plan.isMemoryThere())
+        return true;
+    m_user.warn(tr("Trasferimento"), WriteProblem::sentence(WriteProblem::Gone));
+    return false;
 }
 
 /** False when the memory must be left as it is; the user has been told why. */
@@ -210,7 +276,8 @@ bool Transfer::takeLock(MemoryLock &lock, const QString &title, bool isRoot)
 /** False when there is no such folder now; the user has been told why. */
 bool Transfer::makeSongsFolder(const QString &songs)
 {
-    if (QFileInfo(songs).isDir())
+    const QFileInfo there(songs);
+    if (there.isDir() && !there.isSymLink())
         return true;
     // Folders above it are not made: after a memory was pulled they would be made on the system
     // disk.
@@ -267,9 +334,10 @@ bool Transfer::copyFiles(const QStringList &files, const QString &dest, FileCopi
 /** The box before this one says whether all went well; this one says what did not. */
 void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, bool indexed)
 {
-    const qsizetype stopped = files - report.copied - report.skipped.size() - report.failed.size();
+    const qsizetype notCopied = report.skipped.size() + report.replaced.size();
+    const qsizetype stopped = files - report.copied - notCopied - report.failed.size();
     QStringList lines = {tr("Song copiate: %1").arg(report.copied),
-                         tr("Song saltate: %1").arg(report.skipped.size()),
+                         tr("Song saltate: %1").arg(notCopied),
                          tr("Song non copiate (errori): %1").arg(report.failed.size())};
     if (stopped > 0)
         lines.append(tr("Song non più copiate dopo l'interruzione: %1").arg(stopped));
@@ -277,6 +345,9 @@ void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, boo
     QStringList skipped;
     for (const QString &source : report.skipped)
         skipped.append(tr("%1: esisteva già e non è stata sostituita").arg(fileNameOf(source)));
+    for (const QString &source : report.replaced)
+        skipped.append(tr("%1: sostituita da un'altra song scelta con lo stesso nome")
+                           .arg(fileNameOf(source)));
     m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
                       report.failedLines() + m_indexProblems, skipped);
 }
@@ -299,7 +370,9 @@ void Transfer::tellCounts(const PlanExecution::Result &result)
         return texts;
     };
     QStringList skipped = named(result.skipped);
-    for (const QString &song : result.removed)
+    for (const QString &song : result.replaced)
+        skipped.append(tr("%1: sostituita").arg(fileNameOf(song)));
+    for (const QString &song : result.removedPictures + result.removed)
         skipped.append(tr("%1: rimossa").arg(fileNameOf(song)));
     m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
                       named(result.failed) + m_indexProblems, skipped);

@@ -47,7 +47,8 @@ public:
 
     /**
      * Shows a plan in which songs would be lost or doubled, before anything is copied. The remedies
-     * of its songs may be changed.
+     * of its songs may be changed, and whether the copies are read back. No song replaces another
+     * unless the user says so.
      */
     virtual Review reviewPlan(TransferPlan &plan)
     {
@@ -90,10 +91,11 @@ public:
              FreeBytes freeBytes = &Transfer::bytesAvailable);
 
     /**
-     * The whole job, with all questions and messages. Refused are the system disk, a memory that
-     * another program is writing to, one that cannot be written to, a memory's root when its folder
-     * "songs" cannot be made, and the folders that the player reserves. When the copy was stopped
-     * the index is updated all the same, so that what has arrived is found.
+     * The whole job, with all questions and messages. Refused are the system disk, a folder from
+     * which a link leads there, a memory that another program is writing to, one that cannot be
+     * written to, a memory's root when its folder "songs" cannot be made, and the folders that the
+     * player reserves. When the copy was stopped the index is updated all the same, so that what
+     * has arrived is found.
      */
     Outcome transferFiles(const QStringList &files);
 
@@ -111,6 +113,9 @@ public:
     /** Asks whether to go on although so many bytes are missing on the memory. */
     static QString missingRoomText(qint64 bytes);
 
+    /** How many songs the last job has copied and removed. */
+    qsizetype changedSongs() const { return m_changedSongs; }
+
     /** Each copy is read back from the memory and compared; off unless it is set. */
     void setReadBack(bool on) { m_readBack = on; }
 
@@ -122,10 +127,27 @@ public:
     bool updateKavenaIndex(const QString &path);
 
 private:
+    /** How closely a plan looks at the memory. */
+    enum class Look {
+        Quick,     ///< only far enough to learn whether songs would be lost or doubled
+        Songs,     ///< at the songs of the list
+        AlsoOthers ///< and at those that are not in the list
+    };
+
+    /** Where the songs go. */
+    struct Destination {
+        QString root;   ///< of the memory
+        QString folder; ///< need not be there yet when it was the root that was chosen
+        bool isRoot = false;
+    };
+
     std::optional<TransferPlan> makePlan(const QStringList &files, const QString &root,
-                                         const QString &folder, bool others);
+                                         const QString &folder, Look look);
+    TransferUser::Review review(TransferPlan &plan);
     Outcome carryOut(const TransferPlan &plan, MemoryLock &lock);
-    QString chooseDestination();
+    std::optional<Destination> chooseDestination();
+    bool findSongsFolder(Destination &destination);
+    bool isThere(const TransferPlan &plan);
     bool takeLock(MemoryLock &lock, const QString &title, bool isRoot);
     bool makeSongsFolder(const QString &songs);
     static QString whyNotIntoRoot(WriteProblem::Kind problem);
@@ -142,5 +164,7 @@ private:
     const OpenProgress m_openProgress;
     const FreeBytes m_freeBytes;
     bool m_readBack = false;
+    qsizetype m_changedSongs = 0;
+    QByteArray m_device;         ///< of the memory that the job is about
     QStringList m_indexProblems; ///< what the last update of an index said about single songs
 };

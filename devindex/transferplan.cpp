@@ -1,5 +1,6 @@
 #include "devindex/transferplan.h"
 
+#include "devindex/memorydevice.h"
 #include "devindex/songinfoindex.h"
 
 #include <algorithm>
@@ -68,6 +69,21 @@ QList<TransferPlan::Remedy> TransferPlan::Item::remedies() const
     });
     all.append(Remedy::Skip);
     return all;
+}
+
+void TransferPlan::choose(const QList<int> &numbers, Remedy remedy)
+{
+    for (const int number : numbers) {
+        Item &item = items[number];
+        if (item.remedies().contains(remedy))
+            item.remedy = remedy;
+    }
+}
+
+bool TransferPlan::isMemoryThere() const
+{
+    const QByteArray now = memoryDevice(root);
+    return !now.isEmpty() && (device.isEmpty() || now == device);
 }
 
 qint64 TransferPlan::bytesNeeded() const

@@ -2,6 +2,7 @@
 // out.
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QtGlobal>
@@ -55,13 +56,20 @@ struct TransferPlan {
         QList<Remedy> remedies() const;
     };
 
-    QString root;   ///< of the memory
-    QString folder; ///< into which the songs go; need not be there yet
+    QString root;      ///< of the memory
+    QString folder;    ///< into which the songs go; need not be there yet
+    QByteArray device; ///< memoryDevice() of the root when the plan was made; empty if unknown
     QList<Item> items;
     qint64 freeBytes = -1;  ///< negative when unknown
     qint64 totalBytes = -1; ///< likewise
     qint64 songsThere = 0;  ///< that an index of the memory would list now
     bool readBack = false;  ///< each copy is read back and compared
+
+    /** Gives those of the songs, by their numbers, this remedy that can have it. */
+    void choose(const QList<int> &numbers, Remedy remedy);
+
+    /** False when the memory was taken out since the plan was made. */
+    bool isMemoryThere() const;
 
     /**
      * The bytes by which the memory gets fuller at most. What comes free does not count: songs are

@@ -3,6 +3,7 @@
 #include "devindex/folderrules.h"
 #include "devindex/indexrecords.h"
 #include "devindex/itemrenamer.h"
+#include "devindex/memorydevice.h"
 #include "devindex/memoryscan.h"
 #include "devindex/namekey.h"
 #include "library/companion.h"
@@ -87,6 +88,7 @@ std::optional<TransferPlan> TransferPlanner::plan(const QStringList &files, Prog
 {
     m_plan.root = m_root;
     m_plan.folder = m_folder;
+    m_plan.device = memoryDevice(m_root);
     m_plan.freeBytes = m_room.freeBytes;
     m_plan.totalBytes = m_room.totalBytes;
     for (const QString &file : files) {
@@ -174,7 +176,8 @@ void TransferPlanner::lookUnderItsName(Item &item)
     const QString there = existing(item.target);
     if (there.isEmpty() || m_taken.contains(nameKey(there)))
         return;
-    const std::optional<State> found = lies(item, there);
+    const bool isTrusted = m_trustsNames && QFileInfo(there).size() == item.size;
+    const std::optional<State> found = isTrusted ? State::Same : lies(item, there);
     if (found)
         settle(item, *found, there);
 }

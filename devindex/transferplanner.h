@@ -54,6 +54,13 @@ public:
      */
     void listOthers() { m_listsOthers = true; }
 
+    /**
+     * A file that lies there under a song's own name with its size counts as the song, without
+     * being read. Enough to learn whether songs would be lost or doubled: such a file keeps its
+     * place.
+     */
+    void trustNames() { m_trustsNames = true; }
+
     /** Nothing when the progress was stopped. The songs are counted there as they are compared. */
     std::optional<TransferPlan> plan(const QStringList &files, Progress &progress);
 
@@ -100,6 +107,7 @@ private:
     const QString m_folder;
     MemoryRoom m_room;
     bool m_listsOthers = false;
+    bool m_trustsNames = false;
     TransferPlan m_plan;
     std::vector<There> m_there;
     Places m_byPath;                 ///< as nameKey()

@@ -5,9 +5,11 @@
 #include <QByteArrayList>
 #include <QDBusArgument>
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
+#include <QDBusReply>
 #include <QFile>
 #include <QMap>
 #include <QVariantMap>
@@ -79,6 +81,16 @@ bool isError(const QDBusMessage &reply)
 }
 
 } // namespace
+
+bool UdisksEjector::isAvailable() const
+{
+    const QDBusConnection bus = QDBusConnection::systemBus();
+    if (!bus.isConnected())
+        return false;
+    const QDBusConnectionInterface *const names = bus.interface();
+    return names->isServiceRegistered(service) ||
+           names->activatableServiceNames().value().contains(service);
+}
 
 Ejector::Result UdisksEjector::eject(const QString &mountPoint)
 {

@@ -10,5 +10,6 @@
 class UdisksEjector : public Ejector
 {
 public:
+    bool isAvailable() const override;
     Result eject(const QString &mountPoint) override;
 };

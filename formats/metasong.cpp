@@ -5,6 +5,7 @@
 #include "storage/songfilewriter.h"
 #include "storage/songlayout.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #ifdef Q_OS_MACOS
@@ -28,16 +29,26 @@ bool MetaSong::importFile(const QString &path)
     *this = MetaSong();
     QFile file(path);
     // The program may have ended in the middle of the song's last save.
-    if (!SongFileWriter::recover(path))
+    const SongFileWriter::Recovery recovered = SongFileWriter::tryToRecover(path);
+    m_isInUse = recovered == SongFileWriter::Recovery::InUse;
+    if (recovered != SongFileWriter::Recovery::Done)
         return false;
-    if (!songreading::openRegularFile(file)) {
+    if (!songreading::openSong(file)) {
         logDebug() << "[MetaSong::importFile] Impossible to read file:" << path;
         return false;
     }
 
+    const qint64 size = file.size();
+    const QDateTime time = file.fileTime(QFile::FileModificationTime);
     m_song = songBeginningWith(file.peek(songlayout::magicSize), path);
-    if (!std::visit([&file](auto &song) { return song.load(file); }, m_song)) {
+    const bool isLoaded = std::visit([&file](auto &song) { return song.load(file); }, m_song);
+    // Another program that saves the song in place leaves a mixture in memory.
+    const bool isInUse = file.size() != size ||
+                         file.fileTime(QFile::FileModificationTime) != time ||
+                         SongFileWriter::isBeingSaved(path);
+    if (!isLoaded || isInUse) {
         *this = MetaSong();
+        m_isInUse = isInUse;
         return false;
     }
     m_fileName = path;
@@ -47,7 +58,7 @@ bool MetaSong::importFile(const QString &path)
 bool MetaSong::hasKnownFormat(const QString &path)
 {
     QFile file(path);
-    if (!songreading::openRegularFile(file))
+    if (!songreading::openSong(file))
         return false;
     const Song song = songBeginningWith(file.peek(songlayout::magicSize), path);
     return !std::holds_alternative<NoSong>(song);

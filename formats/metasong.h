@@ -28,9 +28,13 @@ public:
      * anything but a readable, regular file in one of the formats. A MIDI or MFX file is held in
      * memory whole and may have up to 64 MiB; of an MP3 file, of whatever size, only the tag is
      * held (it has to lie within the first 1000000 bytes). A song whose last save was cut off gets
-     * its old bytes back first; where that fails it is not loaded.
+     * its old bytes back first; where that fails it is not loaded. Nor is one that another program
+     * saves meanwhile.
      */
     bool importFile(const QString &path);
+
+    /** True when importFile() failed because another program was saving the song. */
+    bool wasInUse() const { return m_isInUse; }
 
     /** True for a large file that importFile reads and unpacks as a whole. */
     static bool takesLongToImport(const QString &path);
@@ -106,4 +110,5 @@ private:
 
     QString m_fileName;
     Song m_song;
+    bool m_isInUse = false;
 };

@@ -1,6 +1,6 @@
 #include "formats/savefailure.h"
 
-#include "storage/songjournal.h"
+#include "storage/songfilewriter.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -42,12 +42,6 @@ SaveFailure failureOfNumber(int systemError)
     }
 }
 
-bool isBeingSaved(const QString &path)
-{
-    SongJournal::Content content;
-    return SongJournal(path).read(content) == SongJournal::State::InUse;
-}
-
 } // namespace
 
 SaveFailure saveFailureFrom(int systemError, const QString &path)
@@ -57,7 +51,7 @@ SaveFailure saveFailureFrom(int systemError, const QString &path)
         return known;
     if (!QFileInfo::exists(path))
         return SaveFailure::FileGone;
-    if (isBeingSaved(path))
+    if (SongFileWriter::isBeingSaved(path))
         return SaveFailure::InUse;
     if (QStorageInfo(QFileInfo(path).path()).isReadOnly())
         return SaveFailure::ReadOnly;
@@ -72,5 +66,5 @@ SaveFailure loadFailureOf(const QString &path)
     QFile file(path);
     if (!file.open(QFile::ReadOnly))
         return saveFailureFrom(errno, path);
-    return isBeingSaved(path) ? SaveFailure::InUse : SaveFailure::Unreadable;
+    return SongFileWriter::isBeingSaved(path) ? SaveFailure::InUse : SaveFailure::Unreadable;
 }

@@ -9,6 +9,11 @@ bool songreading::openRegularFile(QFile &file)
     return QFileInfo(file.fileName()).isFile() && file.open(QFile::ReadOnly);
 }
 
+bool songreading::openSong(QFile &file)
+{
+    return openRegularFile(file) && file.size() > 0;
+}
+
 bool songreading::readToEnd(QFile &file, QByteArray &bytes)
 {
     const qint64 left = file.size() - file.pos();

@@ -17,6 +17,12 @@ inline constexpr qint64 largestFileInMemory = qint64{64} * 1024 * 1024;
 bool openRegularFile(QFile &file);
 
 /**
+ * The same for a file that may be a song: false when it is empty. The system has files that look
+ * regular and empty, such as /proc/kmsg, and reading them could wait for ever, too.
+ */
+bool openSong(QFile &file);
+
+/**
  * Reads from here to the end. False when not everything could be read: a song that was loaded in
  * part would lose the rest when it is saved. False, with a line in the log, when there is more than
  * largestFileInMemory.

@@ -3,6 +3,7 @@
 #include "library/backupplan.h"
 #include "storage/diagnostics.h"
 #include "storage/safefile.h"
+#include "storage/songfilewriter.h"
 
 #include <QDir>
 #include <QFile>
@@ -63,7 +64,9 @@ private:
     bool copyFile(const QString &file, const QString &target)
     {
         logDebug() << "Copying file:" << file;
-        if (!QFile::copy(file, target) || !flushPath(target) || !flushFolderOf(target))
+        // A song whose last save was cut off is put back first.
+        if (!SongFileWriter::recover(file) || !QFile::copy(file, target) || !flushPath(target) ||
+            !flushFolderOf(target))
             return false;
         ++m_count;
         return true;

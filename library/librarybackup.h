@@ -49,8 +49,10 @@ public:
 
     /**
      * Copies a folder with everything in it into an existing folder; count grows by the number of
-     * files copied. A destination inside the source and folders that links lead back into are left
-     * out. Returns false when a file or folder could not be copied; the others are.
+     * files copied. Songs whose last save was cut off get their old bytes back first; what another
+     * program is saving is not copied. A destination inside the source and folders that links lead
+     * back into are left out. Returns false when a file or folder could not be copied; the others
+     * are.
      */
     static bool backupDirectory(const QString &source, const QString &destination, int &count);
 

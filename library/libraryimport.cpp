@@ -80,7 +80,7 @@ bool LibraryImport::importFile(const QString &path, Counts &counts)
     MetaSong song;
     if (!song.importFile(path)) {
         ++counts.bad;
-        m_unreadable.append(UnreadableFile::examine(path));
+        m_unreadable.append(UnreadableFile::examine(path, song.wasInUse()));
         m_progress.setValue(counts.valid + counts.bad);
         return false;
     }

@@ -15,6 +15,7 @@ inline const QString copyrightAsk = QStringLiteral("copyrightAsk");
 inline const QString mediaRoot = QStringLiteral("mediaroot");
 inline const QString previewChanges = QStringLiteral("previewchanges");
 inline const QString historyLimit = QStringLiteral("historylimit"); ///< megabytes
+inline const QString readBack = QStringLiteral("readback");
 inline const QString windowPlace = QStringLiteral("windowplace");
 inline const QString windowMaximised = QStringLiteral("windowmaximised");
 inline const QString columnWidths = QStringLiteral("columnwidths"); ///< group, a key per column

@@ -16,6 +16,18 @@
 
 #include <algorithm>
 
+void SongEdit::applyToOther(SongInfo &other, const QString &path) const
+{
+    if (titleToAll)
+        other.title = songnames::titleFromFileName(path);
+    if (authorToAll)
+        other.author = info.author;
+    if (artistToAll)
+        other.artist = info.artist;
+    if (genreToAll)
+        other.genre = info.genre;
+}
+
 SongEditor::SongEditor(SongTable &model, AskEdit askEdit, AskDelete askDelete,
                        OpenProgress openProgress)
     : m_model(model)
@@ -48,7 +60,7 @@ bool SongEditor::edit(int row)
     logDebug() << "Accepted";
     edit->info.dbgDump();
     const QPersistentModelIndex place = m_model.rowIndex(row);
-    m_changesMany = edit->titleToAll || edit->artistToAll || edit->genreToAll || edit->authorToAll;
+    m_changesMany = edit->concernsOthers();
     m_history = m_openHistory ? m_openHistory(HistoryJob::Kind::Edit) : nullptr;
     const bool goesOn = keepSong(path);
     if (goesOn)
@@ -190,19 +202,12 @@ bool SongEditor::applyToRow(const SongEdit &edit, int row)
     const QString path = m_model.fileName(row);
     MetaSong song;
     if (!song.importFile(path)) {
-        keepFailure(row, path, loadFailureOf(path));
+        keepFailure(row, path, song.wasInUse() ? SaveFailure::InUse : loadFailureOf(path));
         return false;
     }
     SongInfo info;
     song.getSongInfo(info);
-    if (edit.titleToAll)
-        info.title = songnames::titleFromFileName(path);
-    if (edit.authorToAll)
-        info.author = edit.info.author;
-    if (edit.artistToAll)
-        info.artist = edit.info.artist;
-    if (edit.genreToAll)
-        info.genre = edit.info.genre;
+    edit.applyToOther(info, path);
     write(song, info, path, row);
     return true;
 }

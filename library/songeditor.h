@@ -23,6 +23,12 @@ struct SongEdit {
     bool artistToAll = false;
     bool genreToAll = false;
     bool authorToAll = false;
+
+    /** True when other songs get something of it, too. */
+    bool concernsOthers() const { return titleToAll || artistToAll || genreToAll || authorToAll; }
+
+    /** Gives the data of another song, whose file lies at the path, what all songs get. */
+    void applyToOther(SongInfo &other, const QString &path) const;
 };
 
 /**

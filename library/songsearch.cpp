@@ -40,10 +40,11 @@ bool SongSearch::searchFolder(const QString &folder)
 {
     if (!goOn())
         return false;
-    const QString canonical = QFileInfo(folder).canonicalFilePath();
-    if (m_searched.contains(canonical))
+    const FolderId id = folderIdOf(folder);
+    if (m_searched.contains(id))
         return true;
-    m_searched.insert(canonical);
+    if (!id.isEmpty())
+        m_searched.insert(id);
     // Qt lists a folder that it cannot read as an empty one.
     std::error_code error;
     const std::filesystem::directory_iterator readable(QFileInfo(folder).filesystemFilePath(),

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "library/progress.h"
+#include "storage/folderid.h"
 
 #include <QElapsedTimer>
 #include <QSet>
@@ -39,7 +40,7 @@ private:
     OpenProgress m_openProgress;
     std::unique_ptr<Progress> m_progress; ///< made when the search takes long
     QElapsedTimer m_running;
-    QSet<QString> m_searched; ///< canonical paths of folders
+    QSet<FolderId> m_searched;
     QStringList m_found;
     QStringList m_unreadable;
 };

@@ -21,6 +21,9 @@ public:
     /** False for a file that cannot be read as a song. */
     bool load();
 
+    /** True when load() failed because another program was saving the song. */
+    bool wasInUse() const { return m_song.wasInUse(); }
+
     /** What the song holds before the change. */
     const SongInfo &before() const { return m_before; }
 

@@ -120,7 +120,8 @@ bool Synchronisation::updateRow(int row)
     m_leftovers.tidyBeside(fileName);
     SongUpdate update(fileName);
     if (!update.load()) {
-        keepFailure(row, fileName, loadFailureOf(fileName));
+        keepFailure(row, fileName,
+                    update.wasInUse() ? SaveFailure::InUse : loadFailureOf(fileName));
         return false;
     }
     if (!mayChange(update.before(), fileName))

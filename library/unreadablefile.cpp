@@ -1,6 +1,7 @@
 #include "library/unreadablefile.h"
 
 #include "formats/metasong.h"
+#include "library/runreport.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -25,9 +26,9 @@ UnreadableFile::Reason reasonFor(const QString &path)
 
 } // namespace
 
-UnreadableFile UnreadableFile::examine(const QString &path)
+UnreadableFile UnreadableFile::examine(const QString &path, bool isInUse)
 {
-    return {path, reasonFor(path)};
+    return {path, isInUse ? Reason::InUse : reasonFor(path)};
 }
 
 QString UnreadableFile::reasonText() const
@@ -39,6 +40,8 @@ QString UnreadableFile::reasonText() const
         return tr("Non è un file normale");
     case Reason::Locked:
         return tr("Il file non può essere aperto");
+    case Reason::InUse:
+        return RunReport::reasonText(SaveFailure::InUse);
     case Reason::Empty:
         return tr("Il file è vuoto");
     case Reason::UnknownFormat:

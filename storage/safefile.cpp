@@ -61,13 +61,18 @@ bool closesWell(int handle)
     return second >= 0 && ::close(second) == 0;
 }
 
-/** Follows no link and waits for nothing; the QFile closes the handle. */
-bool openHandle(QFile &file, const QByteArray &path, int flags)
+enum class Links { Refuse, Follow };
+
+/** Waits for nothing; the QFile closes the handle. */
+bool openHandle(QFile &file, const QByteArray &path, int flags, Links links = Links::Refuse)
 {
-    const int handle = ::open(path.constData(), flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (links == Links::Refuse)
+        flags |= O_NOFOLLOW;
+    const int handle = ::open(path.constData(), flags | O_NONBLOCK | O_CLOEXEC);
     if (handle < 0)
         return false;
-    const QFile::OpenMode access = flags == O_RDONLY ? QFile::ReadOnly : QFile::ReadWrite;
+    const QFile::OpenMode access =
+        (flags & O_ACCMODE) == O_RDONLY ? QFile::ReadOnly : QFile::ReadWrite;
     if (file.open(handle, access | QFile::Unbuffered, QFile::AutoCloseHandle))
         return true;
     ::close(handle);
@@ -94,11 +99,12 @@ Found openOwnFile(QFile &file, const QString &path)
     return Found::SomethingElse;
 }
 
-bool removeUnheld(const QString &path)
+bool removeUnheld(const QString &path, const MayGo &mayGo)
 {
     QFile file;
     return openOwnFile(file, path) == Found::Opened &&
-           ::flock(file.handle(), LOCK_EX | LOCK_NB) == 0 && QFile::remove(path);
+           ::flock(file.handle(), LOCK_EX | LOCK_NB) == 0 && (!mayGo || mayGo(file)) &&
+           QFile::remove(path);
 }
 
 bool flushToMedium(QFile &file)
@@ -130,10 +136,15 @@ bool flushFolderOf(const QString &path)
 
 std::unique_ptr<QFile> keepBytesOf(const QString &path)
 {
-    auto file = std::make_unique<QFile>(path);
-    if (!file->open(QFile::ReadOnly | QFile::Unbuffered))
-        file.reset();
-    return file;
+    // A pipe would make the program wait for its other end, and has no bytes on the medium.
+    if (!QFileInfo(path).isFile())
+        return nullptr;
+    auto file = std::make_unique<QFile>();
+    struct stat status {
+    };
+    const bool isKept = openHandle(*file, QFile::encodeName(path), O_RDONLY, Links::Follow) &&
+                        ::fstat(file->handle(), &status) == 0 && S_ISREG(status.st_mode);
+    return isKept ? std::move(file) : nullptr;
 }
 
 bool holdFile(QFile &file)
@@ -193,11 +204,14 @@ Found openOwnFile(QFile &file, const QString &path)
     return opened ? Found::Opened : Found::Unreadable;
 }
 
-bool removeUnheld(const QString &path)
+bool removeUnheld(const QString &path, const MayGo &mayGo)
 {
+    QFile file;
+    if (openOwnFile(file, path) != Found::Opened || (mayGo && !mayGo(file)))
+        return false;
+    file.close();
     // A file that a running program has open cannot be removed here.
-    const QFileInfo info(path);
-    return info.isFile() && !info.isSymLink() && QFile::remove(path);
+    return QFile::remove(path);
 }
 
 #endif

@@ -5,6 +5,7 @@
 #include <QLatin1String>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 /**
@@ -64,11 +65,15 @@ bool createHeld(QFile &file);
  */
 bool createHiddenBeside(QFile &file, const QString &path, QLatin1String suffix);
 
+/** Looks at an open file; true when it may go. */
+using MayGo = std::function<bool(QFile &file)>;
+
 /**
- * Removes a regular file that no running program holds and that has no other name. False when it
- * stays, also where files cannot be held.
+ * Removes a regular file that no running program holds and that has no other name, and that may go
+ * as far as the question, if there is one, can tell; it is asked while the file is held. False when
+ * the file stays, also where files cannot be held.
  */
-bool removeUnheld(const QString &path);
+bool removeUnheld(const QString &path, const MayGo &mayGo = {});
 
 /**
  * A file takes the place of another, or of none, in one step: the name leads to either of them at
@@ -85,7 +90,7 @@ bool renameOver(QFile &file, const QString &to);
 /**
  * While the returned object lives, the bytes of this file stay on the medium even when the file
  * loses its name. Otherwise a file system without a journal could reuse their place before its
- * folder leads to the new bytes. Null when the file cannot be opened for reading.
+ * folder leads to the new bytes. Null when it is no regular file that can be opened for reading.
  */
 std::unique_ptr<QFile> keepBytesOf(const QString &path);
 

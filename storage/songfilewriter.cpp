@@ -43,7 +43,7 @@ QString temporaryName(const QString &path)
     const qsizetype nameStart = path.lastIndexOf(QLatin1Char('/')) + 1;
     const qsizetype dot = path.lastIndexOf(QLatin1Char('.'));
     const QString stem = dot < nameStart ? path : path.left(dot);
-    return stem + QLatin1String(".tmp");
+    return stem + Leftovers::usualTemporarySuffix;
 }
 
 /** Copies the source, from where it stands up to its end. */
@@ -218,7 +218,18 @@ bool SongFileWriter::putBack(const QByteArray &oldBytes)
     return false;
 }
 
-bool SongFileWriter::recover(const QString &path)
+bool SongFileWriter::isBeingSaved(const QString &path)
+{
+    const QString song = realPath(path);
+    for (int number = 0; number < SongJournal::maxNames; ++number) {
+        SongJournal::Content content;
+        if (SongJournal(song, number).read(content) == SongJournal::State::InUse)
+            return true;
+    }
+    return false;
+}
+
+SongFileWriter::Recovery SongFileWriter::tryToRecover(const QString &path)
 {
     const QString song = QFileInfo(path).isSymLink() ? realPath(path) : path;
     for (int number = 0; number < SongJournal::maxNames; ++number) {
@@ -231,19 +242,19 @@ bool SongFileWriter::recover(const QString &path)
         case SongJournal::State::InUse:
             logWarning() << "[SongFileWriter::recover] The song is being saved by another program:"
                          << path;
-            return false;
+            return Recovery::InUse;
         case SongJournal::State::Unreadable:
             logWarning() << "[SongFileWriter::recover] Impossible to read" << journal.path();
-            return false;
+            return Recovery::Failed;
         case SongJournal::State::Invalid:
             removeJournal(journal);
             break;
         case SongJournal::State::Valid:
             if (QFileInfo(song).isFile() && !SongFileWriter(song).resolve(journal, content))
-                return false;
+                return Recovery::Failed;
         }
     }
-    return true;
+    return Recovery::Done;
 }
 
 /** False when the song may hold a mixture of bytes, old and new. */
@@ -309,16 +320,23 @@ SongFileWriter::Outcome SongFileWriter::replaceThroughTemporary(const QByteArray
 }
 
 /**
- * Opens a new file beside the song, with the song's permissions. Where the usual name is taken (by
- * a file of the user's, a folder, or what a crash left behind), it is a hidden one of ours.
+ * Opens a new file beside the song, with the song's permissions, and holds it. Where the usual name
+ * is taken (by a file of the user's, a folder, or what a crash left behind), it is a hidden one of
+ * ours.
  */
 bool SongFileWriter::openTemporary(QFile &temporary) const
 {
     temporary.setFileName(temporaryName(m_path));
     const bool isFree = temporary.fileName() != m_path && !isTaken(temporary.fileName());
-    const bool opened =
-        noted(isFree ? temporary.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered)
-                     : createHiddenBeside(temporary, m_path, Leftovers::temporarySuffix));
+    bool opened = isFree && temporary.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered);
+    const bool isHeld = opened && holdFile(temporary);
+    if (opened && !isHeld) {
+        temporary.close();
+        temporary.remove();
+    }
+    if (!isFree || (opened && !isHeld))
+        opened = createHiddenBeside(temporary, m_path, Leftovers::temporarySuffix);
+    noted(opened);
     if (opened && QFileInfo::exists(m_path)) {
         allowOwnerToWrite(m_path);
         temporary.setPermissions(QFile::permissions(m_path));

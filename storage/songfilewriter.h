@@ -71,7 +71,20 @@ public:
      * or when its journal cannot be read, or while another program saves the song: what the song
      * holds is of no use then.
      */
-    static bool recover(const QString &path);
+    static bool recover(const QString &path) { return tryToRecover(path) == Recovery::Done; }
+
+    /** How recover() ended. */
+    enum class Recovery {
+        Done,
+        InUse, ///< another program saves the song
+        Failed
+    };
+
+    /** The same as recover(), which says why not. */
+    static Recovery tryToRecover(const QString &path);
+
+    /** True while another program saves the song, as its journal tells; changes nothing. */
+    static bool isBeingSaved(const QString &path);
 
     /** The errno of the first step that failed; 0 when none did or the system gave no number. */
     int systemError() const { return m_systemError; }

@@ -19,6 +19,14 @@ inline constexpr qsizetype chunkHeaderSize = 8;
 inline constexpr qsizetype midiHeadSize = 6;
 inline constexpr qsizetype trackCountPos = 10; ///< in a MIDI file: number of tracks (2, big-endian)
 
+// The tag in front of an MP3's audio: "ID3", version, revision, flags (1 each), the size of what
+// follows (4, seven bits in each byte, big-endian), and that.
+inline constexpr qsizetype id3HeaderSize = 10;
+inline constexpr qsizetype id3VersionPos = 3;
+inline constexpr qsizetype id3FlagsPos = 5;
+inline constexpr qsizetype id3SizePos = 6;
+inline constexpr int id3HasFooter = 0x10; ///< of version 4: the header again, behind the tag
+
 /** Where an MFX file holds its whole size (4 bytes, little-endian). */
 inline constexpr qsizetype mfxFileSizePos = 4;
 } // namespace songlayout

@@ -88,6 +88,14 @@ DataEditDialog::DataEditDialog(QWidget *parent)
 
 DataEditDialog::~DataEditDialog() = default;
 
+void DataEditDialog::setOthers(Others others)
+{
+    m_others = others;
+    for (QCheckBox *box : {ui->checkBoxToAllTitle, ui->checkBoxToAllArtist, ui->checkBoxToAllGenre,
+                           ui->checkBoxToAllAuthor})
+        box->setVisible(others != Others::None);
+}
+
 void DataEditDialog::setArtistsCombo(const QStringList &artists)
 {
     fill(ui->artistComboBox, artists);
@@ -230,7 +238,11 @@ bool DataEditDialog::confirmed(QCheckBox *box, const QString &question)
 {
     if (!box->isChecked())
         return false;
-    QMessageBox message(QMessageBox::Question, tr("ATTENZIONE"), question,
+    const QString asked =
+        m_others == Others::Chosen
+            ? tr("Il valore inserito verrà applicato a tutte le song scelte, sei sicuro?")
+            : question;
+    QMessageBox message(QMessageBox::Question, tr("ATTENZIONE"), asked,
                         QMessageBox::Yes | QMessageBox::No, this);
     message.setTextFormat(Qt::PlainText);
     // Many files are at stake, so no button may answer for the user: a message box would choose

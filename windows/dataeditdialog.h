@@ -31,6 +31,16 @@ public:
     explicit DataEditDialog(QWidget *parent = nullptr);
     ~DataEditDialog() override;
 
+    /** Which other songs the boxes "to all" are about. */
+    enum class Others {
+        List,   ///< every song of the list
+        Chosen, ///< those that were chosen together with the one that is shown
+        None    ///< there are none: the boxes are not shown
+    };
+
+    /** Every song of the list, unless it is set. */
+    void setOthers(Others others);
+
     /** Replaces the artists to choose from; any other name can be typed. */
     void setArtistsCombo(const QStringList &artists);
 
@@ -93,6 +103,7 @@ private:
     QRegularExpressionValidator m_bpmValidator;
     QRegularExpressionValidator m_minutesValidator;
     QRegularExpressionValidator m_secondsValidator;
+    Others m_others = Others::List;
     bool m_applyToAllAuthor = false;
     bool m_applyToAllArtist = false;
     bool m_applyToAllGenre = false;

@@ -1,13 +1,17 @@
 #include "windows/transferdialogs.h"
 
 #include "windows/confirmation.h"
+#include "windows/messagedetails.h"
+#include "windows/transferplandialog.h"
 
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 
 QString TransferDialogs::chooseFolder(const QString &title, const QString &startFolder)
 {
-    return QFileDialog::getExistingDirectory(m_parent, title, startFolder);
+    m_folder = QFileDialog::getExistingDirectory(m_parent, title, startFolder);
+    return m_folder;
 }
 
 Answer TransferDialogs::askReplace(const QString &target)
@@ -24,6 +28,14 @@ bool TransferDialogs::askAnyway(const QString &title, const QString &question)
 {
     return QMessageBox::question(m_parent, title, question, QMessageBox::Yes | QMessageBox::No,
                                  QMessageBox::No) == QMessageBox::Yes;
+}
+
+TransferUser::Review TransferDialogs::reviewPlan(TransferPlan &plan)
+{
+    TransferPlanDialog dialog(plan, TransferPlanDialog::Purpose::Warning, m_parent);
+    dialog.exec();
+    plan = dialog.plan();
+    return dialog.review();
 }
 
 void TransferDialogs::warn(const QString &title, const QString &text)
@@ -48,8 +60,18 @@ void TransferDialogs::tellCounts(const QString &title, const QString &text,
                     QMessageBox::Ok, m_parent);
     // A file's name could look like markup.
     box.setTextFormat(Qt::PlainText);
-    const QStringList details = failed + skipped;
-    if (!details.isEmpty())
-        box.setDetailedText(details.join(QLatin1Char('\n')));
+    setDetails(box, failed + skipped);
+    const QAbstractButton *show = nullptr;
+    const QAbstractButton *eject = nullptr;
+    if (m_offersNext) {
+        show = box.addButton(tr("Mostra la memoria"), QMessageBox::ActionRole);
+        eject = box.addButton(tr("Espelli la memoria"), QMessageBox::ActionRole);
+        box.setDefaultButton(QMessageBox::Ok);
+        box.setEscapeButton(QMessageBox::Ok);
+    }
     box.exec();
+    if (show != nullptr && box.clickedButton() == show)
+        m_next = Next::ShowMemory;
+    else if (eject != nullptr && box.clickedButton() == eject)
+        m_next = Next::Eject;
 }

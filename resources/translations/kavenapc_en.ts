@@ -280,6 +280,10 @@ Songs that cannot be read: %4</translation>
         <source>Il player mostrerà &quot;?&quot; al posto di: %1</source>
         <translation>The player will show &quot;?&quot; instead of: %1</translation>
     </message>
+    <message>
+        <source>Il valore inserito verrà applicato a tutte le song scelte, sei sicuro?</source>
+        <translation>What you entered will be applied to all selected songs. Are you sure?</translation>
+    </message>
 </context>
 <context>
     <name>HelpDialog</name>
@@ -535,7 +539,7 @@ Songs that cannot be read: %4</translation>
     </message>
     <message>
         <source>File non importato, troppi file nella memoria: </source>
-        <translation>File not added, too many files in the memory: </translation>
+        <translation>File not added, too many files on the memory: </translation>
     </message>
     <message>
         <source>File non importato, il nome differisce da un altro solo per le maiuscole: </source>
@@ -560,6 +564,22 @@ Songs that cannot be read: %4</translation>
     <message>
         <source>FILE</source>
         <translation>FILE</translation>
+    </message>
+    <message>
+        <source>File non importato, non può essere letto: </source>
+        <translation>File not added, it cannot be read: </translation>
+    </message>
+    <message>
+        <source>Non importato, il nome non è in UTF-8: </source>
+        <translation>Not added, the name has characters that cannot be read; please rename: </translation>
+    </message>
+    <message>
+        <source>Cartella non leggibile, le sue song non sono state cercate: </source>
+        <translation>Folder cannot be read, its songs were not looked for: </translation>
+    </message>
+    <message>
+        <source>Nome troppo lungo, il player non lo trova: </source>
+        <translation>Name too long, the player does not find it: </translation>
     </message>
 </context>
 <context>
@@ -878,7 +898,7 @@ Make sure that the memory has enough free space and is not write-protected.</tra
     <message>
         <source>Lo spazio libero nella memoria non è sufficiente: mancano %1.
 Si vuole procedere comunque con la copia?</source>
-        <translation>There is not enough free space in the memory: %1 more is needed.
+        <translation>There is not enough free space on the memory: %1 more is needed.
 Do you want to copy all the same?</translation>
     </message>
     <message>
@@ -1026,6 +1046,38 @@ Do you want to copy all the same?</translation>
     <message>
         <source>&amp;Cronologia...</source>
         <translation>&amp;History...</translation>
+    </message>
+    <message>
+        <source>%1: sostituita</source>
+        <translation>%1: replaced</translation>
+    </message>
+    <message>
+        <source>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</source>
+        <translation>The folder %1 is a link to another folder, into which songs cannot be copied</translation>
+    </message>
+    <message>
+        <source>una song dell&apos;elenco si trova lì con questo nome</source>
+        <translation>a song of the list lies there under this name</translation>
+    </message>
+    <message>
+        <source>%1: sostituita da un&apos;altra song scelta con lo stesso nome</source>
+        <translation>%1: replaced by another selected song of the same name</translation>
+    </message>
+    <message>
+        <source>&amp;Piano di trasferimento...</source>
+        <translation>&amp;Transfer plan...</translation>
+    </message>
+    <message>
+        <source>Contenuto della memoria...</source>
+        <translation>&amp;View memory...</translation>
+    </message>
+    <message>
+        <source>Mostra la memoria</source>
+        <translation>View memory</translation>
+    </message>
+    <message>
+        <source>Espelli la memoria</source>
+        <translation>Eject memory</translation>
     </message>
 </context>
 <context>
@@ -1652,6 +1704,18 @@ Please install the program again.</translation>
         <source>--csv e --duplicates non vanno insieme</source>
         <translation>--csv and --duplicates do not go together</translation>
     </message>
+    <message>
+        <source>Argomenti non validi</source>
+        <translation>Invalid arguments</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione non vuole un valore: %1</source>
+        <translation>The option takes no value: %1</translation>
+    </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>A name is empty</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1792,6 +1856,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>annulla anche nelle song cambiate dopo</source>
         <translation>undo also in songs that were changed since</translation>
     </message>
+    <message>
+        <source>anche una cartella che non è in una memoria</source>
+        <translation>also a folder that lies on no memory</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -1806,6 +1874,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>Nessuna song nella memoria</source>
         <translation>No songs on the memory</translation>
+    </message>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
+        <translation>The memory has no complete song index: update it before you use the memory</translation>
+    </message>
+    <message>
+        <source>La cartella non è in una memoria collegata e non ha un database (%1: la prende comunque)</source>
+        <translation>The folder lies on no connected memory and has no song index (%1 takes it all the same)</translation>
     </message>
 </context>
 <context>
@@ -1825,6 +1901,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>La cartella non è leggibile</source>
         <translation>The folder cannot be read</translation>
+    </message>
+    <message>
+        <source>Il file non è leggibile</source>
+        <translation>The file cannot be read</translation>
     </message>
 </context>
 <context>
@@ -1953,6 +2033,26 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>La song %1 della playlist non è nella memoria</source>
         <translation>Song %1 of the playlist is not on the memory</translation>
     </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>The folder cannot be read</translation>
+    </message>
+    <message>
+        <source>Il nome non è in UTF-8</source>
+        <translation>The name has characters that cannot be read</translation>
+    </message>
+    <message>
+        <source>Il percorso supera %1 caratteri</source>
+        <translation>The name with all its folders is longer than %1 characters</translation>
+    </message>
+    <message>
+        <source>Il database non mostra ciò che il file dice</source>
+        <translation>The song index does not show what the file says</translation>
+    </message>
+    <message>
+        <source>Il file della playlist manca o non è leggibile</source>
+        <translation>The playlist&apos;s file is missing or cannot be read</translation>
+    </message>
 </context>
 <context>
     <name>PeopleWriter</name>
@@ -2057,6 +2157,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>Modifica</source>
         <translation>Changing</translation>
     </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 cut to %3 characters: %4</translation>
+    </message>
 </context>
 <context>
     <name>ShowCommand</name>
@@ -2078,6 +2182,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>The name is not in UTF-8, and the file cannot be opened</translation>
+    </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>A name is empty</translation>
     </message>
 </context>
 <context>
@@ -2101,6 +2209,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>%1: non modificata, senza la firma del produttore</source>
         <translation>%1: not changed, without the publisher&apos;s signature</translation>
+    </message>
+    <message>
+        <source>%1: senza la firma del produttore, viene modificata solo se la risposta è sì (%2)</source>
+        <translation>%1: without the publisher&apos;s signature, changed only if the answer is yes (%2)</translation>
     </message>
 </context>
 <context>
@@ -2164,12 +2276,24 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>non rimossa, il database della memoria non può essere aggiornato</source>
         <translation>not removed, the song index of the memory cannot be updated</translation>
     </message>
+    <message>
+        <source>la sua cartella è un collegamento che porta fuori dalla memoria</source>
+        <translation>its folder is a link that leads outside the memory</translation>
+    </message>
+    <message>
+        <source>restano le immagini della song che è stata sostituita</source>
+        <translation>the pictures of the song that was replaced are still there</translation>
+    </message>
 </context>
 <context>
     <name>PlannedRemoval</name>
     <message>
         <source>non è più il file di prima</source>
         <translation>no longer the same file</translation>
+    </message>
+    <message>
+        <source>non rimossa, la rimozione è stata interrotta</source>
+        <translation>not removed, removing was stopped</translation>
     </message>
 </context>
 <context>
@@ -2193,6 +2317,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</source>
         <translation>These are more songs than the player can find: %1. Continue all the same?</translation>
+    </message>
+    <message>
+        <source>Non è una song e non viene copiato</source>
+        <translation>It is no song and is not copied</translation>
     </message>
 </context>
 <context>
@@ -2281,6 +2409,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
             <numerusform>%n songs are going to be removed from the memory with their karaoke pictures. Go on?</numerusform>
         </translation>
     </message>
+    <message>
+        <source>La cartella è dentro una memoria: indicare la memoria, %1</source>
+        <translation>The folder lies on a memory: name the memory itself, %1</translation>
+    </message>
 </context>
 <context>
     <name>SongChanges</name>
@@ -2319,6 +2451,30 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
         <translation>The song index of the memory is damaged, or the memory cannot be written to. Nothing was changed.</translation>
+    </message>
+    <message>
+        <source>Salvataggio</source>
+        <translation>Saving</translation>
+    </message>
+    <message>
+        <source>Salvataggio song...</source>
+        <translation>Saving songs...</translation>
+    </message>
+    <message>
+        <source>La memoria non è più collegata.</source>
+        <translation>The memory is no longer connected.</translation>
+    </message>
+    <message>
+        <source>Il database della memoria è danneggiato: rigenerarlo.</source>
+        <translation>The song index of the memory is damaged: rebuild it.</translation>
+    </message>
+    <message>
+        <source>Nella memoria non ci sono song.</source>
+        <translation>There are no songs on the memory.</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile aggiornare il database. Assicurarsi che la memoria abbia spazio libero e che non sia protetta da scrittura.</source>
+        <translation>The song index could not be updated. Make sure that the memory has enough free space and is not write-protected.</translation>
     </message>
 </context>
 <context>
@@ -2397,6 +2553,954 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>la memoria non ha confermato l&apos;eliminazione</source>
         <translation>the memory did not confirm the removal</translation>
+    </message>
+</context>
+<context>
+    <name>PlannedName</name>
+    <message>
+        <source>un&apos;altra song del piano ha questo nome</source>
+        <translation>another song of the plan has this name</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanModel</name>
+    <message>
+        <source>Diverso per ogni song</source>
+        <translation>Different for each song</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
+    <message>
+        <source>Che cosa succede</source>
+        <translation>What happens</translation>
+    </message>
+    <message>
+        <source>Nella memoria</source>
+        <translation>On the memory</translation>
+    </message>
+    <message>
+        <source>Spazio</source>
+        <translation>Space</translation>
+    </message>
+    <message>
+        <source>Niente da fare</source>
+        <translation>Nothing to do</translation>
+    </message>
+    <message>
+        <source>Resta</source>
+        <translation>Stays</translation>
+    </message>
+    <message>
+        <source>Salta</source>
+        <translation>Skip</translation>
+    </message>
+    <message>
+        <source>Copia</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
+        <source>Copia con un nome nuovo</source>
+        <translation>Copy under a new name</translation>
+    </message>
+    <message>
+        <source>Tieni entrambe (nome nuovo)</source>
+        <translation>Keep both (new name)</translation>
+    </message>
+    <message>
+        <source>Sostituisci</source>
+        <translation>Replace</translation>
+    </message>
+    <message>
+        <source>Copia in una sottocartella</source>
+        <translation>Copy into a subfolder</translation>
+    </message>
+    <message>
+        <source>Rimuovi dalla memoria</source>
+        <translation>Remove from the memory</translation>
+    </message>
+    <message>
+        <source>Nuove</source>
+        <translation>New</translation>
+    </message>
+    <message>
+        <source>Già presenti</source>
+        <translation>Already there</translation>
+    </message>
+    <message>
+        <source>Presenti, ma diverse</source>
+        <translation>There, but different</translation>
+    </message>
+    <message>
+        <source>Presenti con un nome accorciato</source>
+        <translation>There under a shortened name</translation>
+    </message>
+    <message>
+        <source>Nome già usato da un&apos;altra song dell&apos;elenco</source>
+        <translation>Name taken by another selected song</translation>
+    </message>
+    <message>
+        <source>Non leggibili</source>
+        <translation>Cannot be read</translation>
+    </message>
+    <message>
+        <source>Nome non adatto alla memoria o al player</source>
+        <translation>Name that the memory or the player cannot hold</translation>
+    </message>
+    <message>
+        <source>Nella memoria, ma non nell&apos;elenco</source>
+        <translation>On the memory, but not selected</translation>
+    </message>
+</context>
+<context>
+    <name>RemedyPanel</name>
+    <message>
+        <source>&amp;Che cosa fare:</source>
+        <translation>&amp;What to do:</translation>
+    </message>
+    <message>
+        <source>Diverso per ogni song</source>
+        <translation>Different for each song</translation>
+    </message>
+    <message>
+        <source>&amp;Nome:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>Seleziona nell&apos;elenco le song di cui vuoi decidere.</source>
+        <translation>Select the songs above that you want to decide about.</translation>
+    </message>
+    <message>
+        <source>Song selezionate: %1</source>
+        <translation>Selected songs: %1</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanDialog</name>
+    <message>
+        <source>Piano di trasferimento</source>
+        <translation>Transfer plan</translation>
+    </message>
+    <message>
+        <source>Cartella:</source>
+        <translation>Folder:</translation>
+    </message>
+    <message>
+        <source>&amp;Allinea: elenca anche le song della memoria da poter rimuovere</source>
+        <translation>&amp;Bring in line: also list the memory&apos;s songs that can be removed</translation>
+    </message>
+    <message>
+        <source>Elenca le song della cartella che non sono tra quelle scelte. Vengono rimosse solo quelle che spunti.</source>
+        <translation>Lists the songs of the folder that are not among the selected ones. Only those that you tick are removed.</translation>
+    </message>
+    <message>
+        <source>&amp;Rileggi e confronta ogni file copiato</source>
+        <translation>&amp;Read back and compare each copied file</translation>
+    </message>
+    <message>
+        <source>Vale anche per i prossimi trasferimenti. La copia dura di più.</source>
+        <translation>Holds for future transfers, too. Copying takes longer.</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Copia &amp;senza piano</source>
+        <translation>Copy with&amp;out the plan</translation>
+    </message>
+    <message>
+        <source>Copia ogni song con il suo nome e chiede prima di sostituirne una.</source>
+        <translation>Copies each song under its own name and asks before one is replaced.</translation>
+    </message>
+    <message>
+        <source>&amp;Esegui</source>
+        <translation>&amp;Carry out</translation>
+    </message>
+    <message>
+        <source>Ecco che cosa succederebbe alle song scelte.</source>
+        <translation>This is what would happen to the selected songs.</translation>
+    </message>
+    <message>
+        <source>Alcune song hanno lo stesso nome: nella memoria ne resterebbe una sola.</source>
+        <translation>Some songs have the same name: only one of them would be left on the memory.</translation>
+    </message>
+    <message>
+        <source>Alcune song sono già nella memoria con un nome accorciato: ci sarebbero due volte.</source>
+        <translation>Some songs are already on the memory under a shortened name: they would be there twice.</translation>
+    </message>
+    <message>
+        <source>Lo spazio libero nella memoria non basta per tutte le song.</source>
+        <translation>There is not enough free space on the memory for all songs.</translation>
+    </message>
+    <message>
+        <source>Il player non può trovare così tante song.</source>
+        <translation>The player cannot find so many songs.</translation>
+    </message>
+    <message>
+        <source>Non è stato ancora copiato niente.</source>
+        <translation>Nothing has been copied yet.</translation>
+    </message>
+    <message>
+        <source>Servono %1. Lo spazio libero non è noto.</source>
+        <translation>Needed: %1. How much space is free is not known.</translation>
+    </message>
+    <message>
+        <source>Occupati: %1 di %2. Servono: %3. Liberi: %4.</source>
+        <translation>Used: %1 of %2. Needed: %3. Free: %4.</translation>
+    </message>
+    <message>
+        <source>Song aggiunte: %1. Sostituite: %2. Rimosse: %3. Song nella memoria dopo il trasferimento: %4.</source>
+        <translation>Songs added: %1. Replaced: %2. Removed: %3. Songs on the memory after the transfer: %4.</translation>
+    </message>
+    <message>
+        <source>Niente da copiare né da rimuovere: «Esegui» aggiorna soltanto il database della memoria.</source>
+        <translation>Nothing to copy or to remove: “Carry out” only updates the song index of the memory.</translation>
+    </message>
+    <message>
+        <source>La song non può avere questo nome: %1</source>
+        <translation>The song cannot have this name: %1</translation>
+    </message>
+    <message>
+        <source>Lo spazio libero non basta: mancano %1. Decidi quali song saltare.</source>
+        <translation>There is not enough free space: %1 more is needed. Decide which songs to skip.</translation>
+    </message>
+    <message>
+        <source>Song da rimuovere dalla memoria: %1
+Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</source>
+        <translation>Songs to remove from the memory: %1
+They are deleted for good, with their karaoke pictures. Remove them?</translation>
+    </message>
+    <message>
+        <source>Troppe song per il player: %1, il massimo è %2. Decidi quali song saltare.</source>
+        <translation>Too many songs for the player: %1, the most it can find is %2. Decide which songs to skip.</translation>
+    </message>
+    <message>
+        <source>Nella cartella non ci sono altre song.</source>
+        <translation>There are no other songs in the folder.</translation>
+    </message>
+</context>
+<context>
+    <name>Memories</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Memory</translation>
+    </message>
+    <message>
+        <source>Espulsione della memoria...</source>
+        <translation>Ejecting the memory...</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryCare</name>
+    <message>
+        <source>Lettura della memoria...</source>
+        <translation>Reading the memory...</translation>
+    </message>
+    <message>
+        <source>La lettura è stata interrotta.</source>
+        <translation>Reading was stopped.</translation>
+    </message>
+    <message>
+        <source>La memoria non è più collegata.</source>
+        <translation>The memory is no longer connected.</translation>
+    </message>
+    <message>
+        <source>Confronto dei file...</source>
+        <translation>Comparing files...</translation>
+    </message>
+    <message>
+        <source>Il confronto è stato interrotto.</source>
+        <translation>Comparing was stopped.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n gruppi di file uguali</source>
+        <translation>
+            <numerusform>%n group of equal files</numerusform>
+            <numerusform>%n groups of equal files</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Controllo della memoria...</source>
+        <translation>Checking the memory...</translation>
+    </message>
+    <message>
+        <source>Il database è aggiornato.</source>
+        <translation>The song index is up to date.</translation>
+    </message>
+    <message>
+        <source>Il database viene creato da capo: può durare alcuni minuti. Le playlist conservano le loro song. Procedere?</source>
+        <translation>The song index is going to be rebuilt, which may take some minutes. The playlists keep their songs. Go on?</translation>
+    </message>
+    <message>
+        <source>Il database è stato rigenerato.</source>
+        <translation>The song index was rebuilt.</translation>
+    </message>
+    <message>
+        <source>Le song perdute tornano nelle playlist, dove l&apos;ultimo aggiornamento ha annotato quali erano. Il resto delle playlist non cambia. Procedere?</source>
+        <translation>Lost songs come back into the playlists where the last update has noted which ones they were. Nothing else in the playlists changes. Go on?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n playlist non si possono leggere o scrivere.</source>
+        <translation>
+            <numerusform>%n playlist cannot be read or written.</numerusform>
+            <numerusform>%n playlists cannot be read or written.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song sono di nuovo nelle playlist.</source>
+        <translation>
+            <numerusform>%n song is in the playlists again.</numerusform>
+            <numerusform>%n songs are in the playlists again.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Espulsione della memoria...</source>
+        <translation>Ejecting the memory...</translation>
+    </message>
+    <message>
+        <source>Memoria</source>
+        <translation>Memory</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song non sono state cambiate.</source>
+        <translation>
+            <numerusform>%n song was not changed.</numerusform>
+            <numerusform>%n songs were not changed.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Il lavoro è stato interrotto: le altre song sono come prima.</source>
+        <translation>The work was stopped: the other songs are as before.</translation>
+    </message>
+    <message>
+        <source>Il database della memoria non è stato aggiornato.</source>
+        <translation>The song index of the memory was not updated.</translation>
+    </message>
+    <message>
+        <source>Il database non ha accettato tutte le song.</source>
+        <translation>The song index did not take all songs.</translation>
+    </message>
+    <message>
+        <source>Il controllo è stato interrotto.</source>
+        <translation>The check was stopped.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryCheckPage</name>
+    <message numerus="yes">
+        <source>e altri %n</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Il controllo confronta database, playlist e file tra loro. Non cambia nulla.</source>
+        <translation>The check compares song index, playlists and files with each other. It changes nothing.</translation>
+    </message>
+    <message>
+        <source>La memoria è in ordine.</source>
+        <translation>The memory is in order.</translation>
+    </message>
+    <message>
+        <source>La memoria non è in ordine. Accanto a ogni punto sta che cosa aiuta.</source>
+        <translation>The memory is not in order. Beside each point you see what helps.</translation>
+    </message>
+    <message>
+        <source>Il player non trova nessuna song: il database non è completo</source>
+        <translation>The player finds no songs: the song index is not complete</translation>
+    </message>
+    <message>
+        <source>Song che il player elenca, ma che non ci sono più</source>
+        <translation>Songs that the player lists, but that are gone</translation>
+    </message>
+    <message>
+        <source>Song modificate: il player ne mostra ancora i dati vecchi</source>
+        <translation>Changed songs: the player still shows the old details</translation>
+    </message>
+    <message>
+        <source>Song che il player non trova ancora</source>
+        <translation>Songs that the player does not find yet</translation>
+    </message>
+    <message>
+        <source>Song perdute nelle playlist</source>
+        <translation>Lost songs in the playlists</translation>
+    </message>
+    <message>
+        <source>Più song di quante il player ne conti</source>
+        <translation>More songs than the player can count</translation>
+    </message>
+    <message>
+        <source>Il player cerca in un ordine sbagliato</source>
+        <translation>The player searches in a wrong order</translation>
+    </message>
+    <message>
+        <source>Il database è danneggiato</source>
+        <translation>The song index is damaged</translation>
+    </message>
+    <message>
+        <source>eliminare song</source>
+        <translation>remove songs</translation>
+    </message>
+    <message>
+        <source>Song di cui il player mostra dati che nel file non ci sono</source>
+        <translation>Songs of which the player shows details that are not in the file</translation>
+    </message>
+    <message>
+        <source>Song che con le loro cartelle hanno un nome troppo lungo per il player</source>
+        <translation>Songs whose name with all its folders is too long for the player</translation>
+    </message>
+    <message>
+        <source>Cartelle che non si possono leggere</source>
+        <translation>Folders that cannot be read</translation>
+    </message>
+    <message>
+        <source>Nomi con caratteri che non si possono leggere</source>
+        <translation>Names with characters that cannot be read</translation>
+    </message>
+    <message>
+        <source>dare un altro nome nel file manager</source>
+        <translation>rename in the file manager</translation>
+    </message>
+    <message>
+        <source>controllare la memoria con gli strumenti del sistema</source>
+        <translation>check the memory with the tools of the operating system</translation>
+    </message>
+    <message>
+        <source>Playlist che il player elenca, ma che non può leggere</source>
+        <translation>Playlists that the player lists but cannot read</translation>
+    </message>
+    <message>
+        <source>eliminare la playlist sul player</source>
+        <translation>delete the playlist on the player</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryContents</name>
+    <message>
+        <source>La memoria non è collegata.</source>
+        <translation>The memory is not connected.</translation>
+    </message>
+    <message>
+        <source>La memoria non è più collegata.</source>
+        <translation>The memory is no longer connected.</translation>
+    </message>
+    <message>
+        <source>Questa cartella non è su una memoria e non ha un database: qui non si cambia nulla.</source>
+        <translation>This folder is on no memory and has no song index: nothing is changed here.</translation>
+    </message>
+    <message>
+        <source>Il database è danneggiato: rigenerarlo nella scheda &quot;Controllo&quot; prima di cambiare le song.</source>
+        <translation>The song index is damaged: rebuild it on the page &quot;Check&quot; before songs are changed.</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura.</source>
+        <translation>The memory is write-protected.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryDuplicatesPage</name>
+    <message>
+        <source>Lo stesso file</source>
+        <translation>Same file</translation>
+    </message>
+    <message>
+        <source>Stesso titolo e artista</source>
+        <translation>Same title and artist</translation>
+    </message>
+    <message>
+        <source>Nessuna song è doppia.</source>
+        <translation>No song is there twice.</translation>
+    </message>
+    <message>
+        <source>Nessuna song ha lo stesso titolo e artista di un&apos;altra.</source>
+        <translation>No song has the title and artist of another.</translation>
+    </message>
+    <message>
+        <source>Scegliere con la spunta le song da eliminare. Stesso titolo e artista possono essere due versioni: controllare prima.</source>
+        <translation>Tick the songs to be removed. The same title and artist may be two versions: check first.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; trova anche i file uguali con nomi e titoli diversi.</source>
+        <translation>&quot;%1&quot; also finds equal files with different names and titles.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryPlaylistsPage</name>
+    <message>
+        <source>Nella memoria non ci sono playlist.</source>
+        <translation>There are no playlists on the memory.</translation>
+    </message>
+    <message>
+        <source>Le playlist si cambiano sul player. Una song perduta è una che il player non trova più.</source>
+        <translation>Playlists are changed on the player. A lost song is one that the player no longer finds.</translation>
+    </message>
+    <message>
+        <source>Playlist %1 – non si può leggere</source>
+        <translation>Playlist %1 – cannot be read</translation>
+    </message>
+    <message numerus="yes">
+        <source>Playlist %1 – %n song</source>
+        <translation>
+            <numerusform>Playlist %1 – %n song</numerusform>
+            <numerusform>Playlist %1 – %n songs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n perdute</source>
+        <translation>
+            <numerusform>%n lost</numerusform>
+            <numerusform>%n lost</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>(song perduta)</source>
+        <translation>(lost song)</translation>
+    </message>
+</context>
+<context>
+    <name>MemorySongWork</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Memory</translation>
+    </message>
+    <message>
+        <source>Di queste song non c&apos;è più il file. &quot;Aggiorna&quot; nella scheda &quot;Controllo&quot; le toglie dal database.</source>
+        <translation>These songs have no files any more. &quot;Update&quot; on the page &quot;Check&quot; takes them out of the song index.</translation>
+    </message>
+    <message>
+        <source>un altro programma l&apos;ha cambiata: rileggere la memoria</source>
+        <translation>another program has changed it: read the memory again</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song eliminate dalla memoria.</source>
+        <translation>
+            <numerusform>%n song was removed from the memory.</numerusform>
+            <numerusform>%n songs were removed from the memory.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>e altre %n</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Attenzione: di %n gruppi non rimane nessuna song!</source>
+        <translation>
+            <numerusform>Attention: of %n group no song is left!</numerusform>
+            <numerusform>Attention: of %n groups no song is left!</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song verranno eliminate dalla memoria con le loro immagini karaoke. Procedere?</source>
+        <translation>
+            <numerusform>%n song is going to be removed from the memory with its karaoke pictures. Go on?</numerusform>
+            <numerusform>%n songs are going to be removed from the memory with their karaoke pictures. Go on?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>La song si chiama ora %1.</source>
+        <translation>The song is now called %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song salvate.</source>
+        <translation>
+            <numerusform>%n song saved.</numerusform>
+            <numerusform>%n songs saved.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Select folder</translation>
+    </message>
+    <message>
+        <source>Copia song...</source>
+        <translation>Copying songs...</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song copiate sul computer.</source>
+        <translation>
+            <numerusform>%n song copied to the computer.</numerusform>
+            <numerusform>%n songs copied to the computer.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n c&apos;erano già e restano.</source>
+        <translation>
+            <numerusform>%n was there already and stays.</numerusform>
+            <numerusform>%n were there already and stay.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song non sono state copiate.</source>
+        <translation>
+            <numerusform>%n song was not copied.</numerusform>
+            <numerusform>%n songs were not copied.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Non è stato possibile aprire la cartella %1.</source>
+        <translation>The folder %1 could not be opened.</translation>
+    </message>
+    <message>
+        <source>La copia è stata interrotta.</source>
+        <translation>The copying was stopped.</translation>
+    </message>
+</context>
+<context>
+    <name>MemorySongsModel</name>
+    <message>
+        <source>Titolo</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>Artista</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>Formato</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Bpm</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Sections</translation>
+    </message>
+    <message>
+        <source>.cdg</source>
+        <translation>.cdg</translation>
+    </message>
+    <message>
+        <source>Dimensione</source>
+        <translation>Size</translation>
+    </message>
+    <message>
+        <source>Stato</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Sì</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>non ancora nel database</source>
+        <translation>not yet in the song index</translation>
+    </message>
+    <message>
+        <source>modificata dopo l&apos;aggiornamento</source>
+        <translation>changed since the update</translation>
+    </message>
+    <message>
+        <source>il file non c&apos;è più</source>
+        <translation>the file is gone</translation>
+    </message>
+    <message>
+        <source>cartella non leggibile</source>
+        <translation>folder cannot be read</translation>
+    </message>
+    <message>
+        <source>il player non legge il tag</source>
+        <translation>the player cannot read the tag</translation>
+    </message>
+    <message>
+        <source>doppia</source>
+        <translation>duplicate</translation>
+    </message>
+    <message>
+        <source>nel database</source>
+        <translation>in the song index</translation>
+    </message>
+</context>
+<context>
+    <name>MemorySongsPage</name>
+    <message numerus="yes">
+        <source>%n song</source>
+        <translation>
+            <numerusform>%n song</numerusform>
+            <numerusform>%n songs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 di %n song</source>
+        <translation>
+            <numerusform>%1 of %n song</numerusform>
+            <numerusform>%1 of %n songs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n scelte</source>
+        <translation>
+            <numerusform>%n selected</numerusform>
+            <numerusform>%n selected</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>MemoryWindow</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Memory</translation>
+    </message>
+    <message>
+        <source>Memoria:</source>
+        <translation>&amp;Memory:</translation>
+    </message>
+    <message>
+        <source>Altra cartella...</source>
+        <translation>Other folder...</translation>
+    </message>
+    <message>
+        <source>Cartella:</source>
+        <translation>&amp;Folder:</translation>
+    </message>
+    <message>
+        <source>Rileggi</source>
+        <translation>Read again</translation>
+    </message>
+    <message>
+        <source>Spazio occupato</source>
+        <translation>Used space</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Songs</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca:</source>
+        <translation>&amp;Search:</translation>
+    </message>
+    <message>
+        <source>Song della memoria</source>
+        <translation>Songs on the memory</translation>
+    </message>
+    <message>
+        <source>Modifica...</source>
+        <translation>Edit...</translation>
+    </message>
+    <message>
+        <source>Rinomina...</source>
+        <translation>Rename...</translation>
+    </message>
+    <message>
+        <source>Copia sul computer...</source>
+        <translation>Copy to computer...</translation>
+    </message>
+    <message>
+        <source>Apri cartella</source>
+        <translation>Open folder</translation>
+    </message>
+    <message>
+        <source>Elimina dalla memoria...</source>
+        <translation>Remove from memory...</translation>
+    </message>
+    <message>
+        <source>Playlist</source>
+        <translation>Playlists</translation>
+    </message>
+    <message>
+        <source>Playlist della memoria</source>
+        <translation>Playlists on the memory</translation>
+    </message>
+    <message>
+        <source>Song della playlist</source>
+        <translation>Songs of the playlist</translation>
+    </message>
+    <message>
+        <source>Doppie</source>
+        <translation>Duplicates</translation>
+    </message>
+    <message>
+        <source>Song doppie</source>
+        <translation>Duplicate songs</translation>
+    </message>
+    <message>
+        <source>Dimensione</source>
+        <translation>Size</translation>
+    </message>
+    <message>
+        <source>Confronta i file</source>
+        <translation>Compare files</translation>
+    </message>
+    <message>
+        <source>Elimina le song scelte...</source>
+        <translation>Remove ticked songs...</translation>
+    </message>
+    <message>
+        <source>Controllo</source>
+        <translation>Check</translation>
+    </message>
+    <message>
+        <source>Risultato del controllo</source>
+        <translation>Result of the check</translation>
+    </message>
+    <message>
+        <source>Che cosa non va</source>
+        <translation>What is wrong</translation>
+    </message>
+    <message>
+        <source>Che cosa aiuta</source>
+        <translation>What helps</translation>
+    </message>
+    <message>
+        <source>Controlla</source>
+        <translation>Check</translation>
+    </message>
+    <message>
+        <source>Aggiorna</source>
+        <translation>Update</translation>
+    </message>
+    <message>
+        <source>Rigenera...</source>
+        <translation>Rebuild...</translation>
+    </message>
+    <message>
+        <source>Ripara le playlist...</source>
+        <translation>Restore playlists...</translation>
+    </message>
+    <message>
+        <source>Avanzamento</source>
+        <translation>Progress</translation>
+    </message>
+    <message>
+        <source>Interrompi</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Espelli</source>
+        <translation>Eject</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>La cartella non è una memoria collegata: non c&apos;è niente da espellere.</source>
+        <translation>The folder is not a connected memory: there is nothing to eject.</translation>
+    </message>
+    <message>
+        <source>Il servizio del sistema che espelle le memorie non risponde. Espellere la memoria dal file manager.</source>
+        <translation>The service of the system that ejects memories does not answer. Eject the memory in the file manager.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cartelle non leggibili</source>
+        <translation>
+            <numerusform>%n folder cannot be read</numerusform>
+            <numerusform>%n folders cannot be read</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Scegliere una memoria</source>
+        <translation>Select a memory</translation>
+    </message>
+    <message>
+        <source>senza database: il player non trova nessuna song</source>
+        <translation>no song index: the player finds no songs</translation>
+    </message>
+    <message>
+        <source>database danneggiato, del %1</source>
+        <translation>song index damaged, of %1</translation>
+    </message>
+    <message>
+        <source>database del %1</source>
+        <translation>song index of %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>di %n giorni fa</source>
+        <translation>
+            <numerusform>%n day ago</numerusform>
+            <numerusform>%n days ago</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>mancano %n song</source>
+        <translation>
+            <numerusform>%n song is missing</numerusform>
+            <numerusform>%n songs are missing</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song modificate</source>
+        <translation>
+            <numerusform>%n song changed</numerusform>
+            <numerusform>%n songs changed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song senza file</source>
+        <translation>
+            <numerusform>%n song without file</numerusform>
+            <numerusform>%n songs without files</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>completo</source>
+        <translation>complete</translation>
+    </message>
+    <message>
+        <source>%1 occupati, %2 liberi di %3</source>
+        <translation>%1 used, %2 free of %3</translation>
+    </message>
+</context>
+<context>
+    <name>PlaylistRepair</name>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima.</source>
+        <translation>The memory has no complete song index: update it first.</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile leggere le playlist.</source>
+        <translation>The playlists could not be read.</translation>
+    </message>
+</context>
+<context>
+    <name>RenameSongDialog</name>
+    <message>
+        <source>Rinomina song</source>
+        <translation>Rename song</translation>
+    </message>
+    <message numerus="yes">
+        <source>Nuovo nome, al massimo %n caratteri:</source>
+        <translation>
+            <numerusform>New &amp;name, at most %n character:</numerusform>
+            <numerusform>New &amp;name, at most %n characters:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Rinomina</source>
+        <translation>&amp;Rename</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>CheckFindings</name>
+    <message numerus="yes">
+        <source>(e altri %n di questo tipo)</source>
+        <translation>
+            <numerusform>(and %n more of this kind)</numerusform>
+            <numerusform>(and %n more of this kind)</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -280,6 +280,10 @@ Song non leggibili: %4</translation>
         <source>Il player mostrerà &quot;?&quot; al posto di: %1</source>
         <translation>Il player mostrerà &quot;?&quot; al posto di: %1</translation>
     </message>
+    <message>
+        <source>Il valore inserito verrà applicato a tutte le song scelte, sei sicuro?</source>
+        <translation>Il valore inserito verrà applicato a tutte le song scelte, sei sicuro?</translation>
+    </message>
 </context>
 <context>
     <name>HelpDialog</name>
@@ -560,6 +564,22 @@ Song non leggibili: %4</translation>
     <message>
         <source>FILE</source>
         <translation>FILE</translation>
+    </message>
+    <message>
+        <source>File non importato, non può essere letto: </source>
+        <translation>File non importato, non può essere letto: </translation>
+    </message>
+    <message>
+        <source>Non importato, il nome non è in UTF-8: </source>
+        <translation>Non importato, il nome non è in UTF-8: </translation>
+    </message>
+    <message>
+        <source>Cartella non leggibile, le sue song non sono state cercate: </source>
+        <translation>Cartella non leggibile, le sue song non sono state cercate: </translation>
+    </message>
+    <message>
+        <source>Nome troppo lungo, il player non lo trova: </source>
+        <translation>Nome troppo lungo, il player non lo trova: </translation>
     </message>
 </context>
 <context>
@@ -1026,6 +1046,38 @@ Si vuole procedere comunque con la copia?</translation>
     <message>
         <source>&amp;Cronologia...</source>
         <translation>&amp;Cronologia...</translation>
+    </message>
+    <message>
+        <source>%1: sostituita</source>
+        <translation>%1: sostituita</translation>
+    </message>
+    <message>
+        <source>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</source>
+        <translation>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</translation>
+    </message>
+    <message>
+        <source>una song dell&apos;elenco si trova lì con questo nome</source>
+        <translation>una song dell&apos;elenco si trova lì con questo nome</translation>
+    </message>
+    <message>
+        <source>%1: sostituita da un&apos;altra song scelta con lo stesso nome</source>
+        <translation>%1: sostituita da un&apos;altra song scelta con lo stesso nome</translation>
+    </message>
+    <message>
+        <source>&amp;Piano di trasferimento...</source>
+        <translation>&amp;Piano di trasferimento...</translation>
+    </message>
+    <message>
+        <source>Contenuto della memoria...</source>
+        <translation>Contenuto della memoria...</translation>
+    </message>
+    <message>
+        <source>Mostra la memoria</source>
+        <translation>Mostra la memoria</translation>
+    </message>
+    <message>
+        <source>Espelli la memoria</source>
+        <translation>Espelli la memoria</translation>
     </message>
 </context>
 <context>
@@ -1652,6 +1704,18 @@ Installare di nuovo il programma.</translation>
         <source>--csv e --duplicates non vanno insieme</source>
         <translation>--csv e --duplicates non vanno insieme</translation>
     </message>
+    <message>
+        <source>Argomenti non validi</source>
+        <translation>Argomenti non validi</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione non vuole un valore: %1</source>
+        <translation>L&apos;opzione non vuole un valore: %1</translation>
+    </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>Un nome è vuoto</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1792,6 +1856,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>annulla anche nelle song cambiate dopo</source>
         <translation>annulla anche nelle song cambiate dopo</translation>
     </message>
+    <message>
+        <source>anche una cartella che non è in una memoria</source>
+        <translation>anche una cartella che non è in una memoria</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -1806,6 +1874,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>Nessuna song nella memoria</source>
         <translation>Nessuna song nella memoria</translation>
+    </message>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
+        <translation>La memoria non ha un database completo: aggiornarlo prima di usarla</translation>
+    </message>
+    <message>
+        <source>La cartella non è in una memoria collegata e non ha un database (%1: la prende comunque)</source>
+        <translation>La cartella non è in una memoria collegata e non ha un database (%1: la prende comunque)</translation>
     </message>
 </context>
 <context>
@@ -1825,6 +1901,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>La cartella non è leggibile</source>
         <translation>La cartella non è leggibile</translation>
+    </message>
+    <message>
+        <source>Il file non è leggibile</source>
+        <translation>Il file non è leggibile</translation>
     </message>
 </context>
 <context>
@@ -1953,6 +2033,26 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>La song %1 della playlist non è nella memoria</source>
         <translation>La song %1 della playlist non è nella memoria</translation>
     </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>La cartella non può essere letta</translation>
+    </message>
+    <message>
+        <source>Il nome non è in UTF-8</source>
+        <translation>Il nome non è in UTF-8</translation>
+    </message>
+    <message>
+        <source>Il percorso supera %1 caratteri</source>
+        <translation>Il percorso supera %1 caratteri</translation>
+    </message>
+    <message>
+        <source>Il database non mostra ciò che il file dice</source>
+        <translation>Il database non mostra ciò che il file dice</translation>
+    </message>
+    <message>
+        <source>Il file della playlist manca o non è leggibile</source>
+        <translation>Il file della playlist manca o non è leggibile</translation>
+    </message>
 </context>
 <context>
     <name>PeopleWriter</name>
@@ -2057,6 +2157,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>Modifica</source>
         <translation>Modifica</translation>
     </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 accorciato a %3 caratteri: %4</translation>
+    </message>
 </context>
 <context>
     <name>ShowCommand</name>
@@ -2078,6 +2182,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>Il nome non è in UTF-8 e il file non può essere aperto</translation>
+    </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>Un nome è vuoto</translation>
     </message>
 </context>
 <context>
@@ -2101,6 +2209,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>%1: non modificata, senza la firma del produttore</source>
         <translation>%1: non modificata, senza la firma del produttore</translation>
+    </message>
+    <message>
+        <source>%1: senza la firma del produttore, viene modificata solo se la risposta è sì (%2)</source>
+        <translation>%1: senza la firma del produttore, viene modificata solo se la risposta è sì (%2)</translation>
     </message>
 </context>
 <context>
@@ -2164,12 +2276,24 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>non rimossa, il database della memoria non può essere aggiornato</source>
         <translation>non rimossa, il database della memoria non può essere aggiornato</translation>
     </message>
+    <message>
+        <source>la sua cartella è un collegamento che porta fuori dalla memoria</source>
+        <translation>la sua cartella è un collegamento che porta fuori dalla memoria</translation>
+    </message>
+    <message>
+        <source>restano le immagini della song che è stata sostituita</source>
+        <translation>restano le immagini della song che è stata sostituita</translation>
+    </message>
 </context>
 <context>
     <name>PlannedRemoval</name>
     <message>
         <source>non è più il file di prima</source>
         <translation>non è più il file di prima</translation>
+    </message>
+    <message>
+        <source>non rimossa, la rimozione è stata interrotta</source>
+        <translation>non rimossa, la rimozione è stata interrotta</translation>
     </message>
 </context>
 <context>
@@ -2193,6 +2317,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</source>
         <translation>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</translation>
+    </message>
+    <message>
+        <source>Non è una song e non viene copiato</source>
+        <translation>Non è una song e non viene copiato</translation>
     </message>
 </context>
 <context>
@@ -2281,6 +2409,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
             <numerusform>%n song verranno eliminate dalla memoria con le loro immagini karaoke. Procedere?</numerusform>
         </translation>
     </message>
+    <message>
+        <source>La cartella è dentro una memoria: indicare la memoria, %1</source>
+        <translation>La cartella è dentro una memoria: indicare la memoria, %1</translation>
+    </message>
 </context>
 <context>
     <name>SongChanges</name>
@@ -2319,6 +2451,30 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
         <translation>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</translation>
+    </message>
+    <message>
+        <source>Salvataggio</source>
+        <translation>Salvataggio</translation>
+    </message>
+    <message>
+        <source>Salvataggio song...</source>
+        <translation>Salvataggio song...</translation>
+    </message>
+    <message>
+        <source>La memoria non è più collegata.</source>
+        <translation>La memoria non è più collegata.</translation>
+    </message>
+    <message>
+        <source>Il database della memoria è danneggiato: rigenerarlo.</source>
+        <translation>Il database della memoria è danneggiato: rigenerarlo.</translation>
+    </message>
+    <message>
+        <source>Nella memoria non ci sono song.</source>
+        <translation>Nella memoria non ci sono song.</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile aggiornare il database. Assicurarsi che la memoria abbia spazio libero e che non sia protetta da scrittura.</source>
+        <translation>Non è stato possibile aggiornare il database. Assicurarsi che la memoria abbia spazio libero e che non sia protetta da scrittura.</translation>
     </message>
 </context>
 <context>
@@ -2397,6 +2553,954 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>la memoria non ha confermato l&apos;eliminazione</source>
         <translation>la memoria non ha confermato l&apos;eliminazione</translation>
+    </message>
+</context>
+<context>
+    <name>PlannedName</name>
+    <message>
+        <source>un&apos;altra song del piano ha questo nome</source>
+        <translation>un&apos;altra song del piano ha questo nome</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanModel</name>
+    <message>
+        <source>Diverso per ogni song</source>
+        <translation>Diverso per ogni song</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
+    <message>
+        <source>Che cosa succede</source>
+        <translation>Che cosa succede</translation>
+    </message>
+    <message>
+        <source>Nella memoria</source>
+        <translation>Nella memoria</translation>
+    </message>
+    <message>
+        <source>Spazio</source>
+        <translation>Spazio</translation>
+    </message>
+    <message>
+        <source>Niente da fare</source>
+        <translation>Niente da fare</translation>
+    </message>
+    <message>
+        <source>Resta</source>
+        <translation>Resta</translation>
+    </message>
+    <message>
+        <source>Salta</source>
+        <translation>Salta</translation>
+    </message>
+    <message>
+        <source>Copia</source>
+        <translation>Copia</translation>
+    </message>
+    <message>
+        <source>Copia con un nome nuovo</source>
+        <translation>Copia con un nome nuovo</translation>
+    </message>
+    <message>
+        <source>Tieni entrambe (nome nuovo)</source>
+        <translation>Tieni entrambe (nome nuovo)</translation>
+    </message>
+    <message>
+        <source>Sostituisci</source>
+        <translation>Sostituisci</translation>
+    </message>
+    <message>
+        <source>Copia in una sottocartella</source>
+        <translation>Copia in una sottocartella</translation>
+    </message>
+    <message>
+        <source>Rimuovi dalla memoria</source>
+        <translation>Rimuovi dalla memoria</translation>
+    </message>
+    <message>
+        <source>Nuove</source>
+        <translation>Nuove</translation>
+    </message>
+    <message>
+        <source>Già presenti</source>
+        <translation>Già presenti</translation>
+    </message>
+    <message>
+        <source>Presenti, ma diverse</source>
+        <translation>Presenti, ma diverse</translation>
+    </message>
+    <message>
+        <source>Presenti con un nome accorciato</source>
+        <translation>Presenti con un nome accorciato</translation>
+    </message>
+    <message>
+        <source>Nome già usato da un&apos;altra song dell&apos;elenco</source>
+        <translation>Nome già usato da un&apos;altra song dell&apos;elenco</translation>
+    </message>
+    <message>
+        <source>Non leggibili</source>
+        <translation>Non leggibili</translation>
+    </message>
+    <message>
+        <source>Nome non adatto alla memoria o al player</source>
+        <translation>Nome non adatto alla memoria o al player</translation>
+    </message>
+    <message>
+        <source>Nella memoria, ma non nell&apos;elenco</source>
+        <translation>Nella memoria, ma non nell&apos;elenco</translation>
+    </message>
+</context>
+<context>
+    <name>RemedyPanel</name>
+    <message>
+        <source>&amp;Che cosa fare:</source>
+        <translation>&amp;Che cosa fare:</translation>
+    </message>
+    <message>
+        <source>Diverso per ogni song</source>
+        <translation>Diverso per ogni song</translation>
+    </message>
+    <message>
+        <source>&amp;Nome:</source>
+        <translation>&amp;Nome:</translation>
+    </message>
+    <message>
+        <source>Seleziona nell&apos;elenco le song di cui vuoi decidere.</source>
+        <translation>Seleziona nell&apos;elenco le song di cui vuoi decidere.</translation>
+    </message>
+    <message>
+        <source>Song selezionate: %1</source>
+        <translation>Song selezionate: %1</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanDialog</name>
+    <message>
+        <source>Piano di trasferimento</source>
+        <translation>Piano di trasferimento</translation>
+    </message>
+    <message>
+        <source>Cartella:</source>
+        <translation>Cartella:</translation>
+    </message>
+    <message>
+        <source>&amp;Allinea: elenca anche le song della memoria da poter rimuovere</source>
+        <translation>&amp;Allinea: elenca anche le song della memoria da poter rimuovere</translation>
+    </message>
+    <message>
+        <source>Elenca le song della cartella che non sono tra quelle scelte. Vengono rimosse solo quelle che spunti.</source>
+        <translation>Elenca le song della cartella che non sono tra quelle scelte. Vengono rimosse solo quelle che spunti.</translation>
+    </message>
+    <message>
+        <source>&amp;Rileggi e confronta ogni file copiato</source>
+        <translation>&amp;Rileggi e confronta ogni file copiato</translation>
+    </message>
+    <message>
+        <source>Vale anche per i prossimi trasferimenti. La copia dura di più.</source>
+        <translation>Vale anche per i prossimi trasferimenti. La copia dura di più.</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Copia &amp;senza piano</source>
+        <translation>Copia &amp;senza piano</translation>
+    </message>
+    <message>
+        <source>Copia ogni song con il suo nome e chiede prima di sostituirne una.</source>
+        <translation>Copia ogni song con il suo nome e chiede prima di sostituirne una.</translation>
+    </message>
+    <message>
+        <source>&amp;Esegui</source>
+        <translation>&amp;Esegui</translation>
+    </message>
+    <message>
+        <source>Ecco che cosa succederebbe alle song scelte.</source>
+        <translation>Ecco che cosa succederebbe alle song scelte.</translation>
+    </message>
+    <message>
+        <source>Alcune song hanno lo stesso nome: nella memoria ne resterebbe una sola.</source>
+        <translation>Alcune song hanno lo stesso nome: nella memoria ne resterebbe una sola.</translation>
+    </message>
+    <message>
+        <source>Alcune song sono già nella memoria con un nome accorciato: ci sarebbero due volte.</source>
+        <translation>Alcune song sono già nella memoria con un nome accorciato: ci sarebbero due volte.</translation>
+    </message>
+    <message>
+        <source>Lo spazio libero nella memoria non basta per tutte le song.</source>
+        <translation>Lo spazio libero nella memoria non basta per tutte le song.</translation>
+    </message>
+    <message>
+        <source>Il player non può trovare così tante song.</source>
+        <translation>Il player non può trovare così tante song.</translation>
+    </message>
+    <message>
+        <source>Non è stato ancora copiato niente.</source>
+        <translation>Non è stato ancora copiato niente.</translation>
+    </message>
+    <message>
+        <source>Servono %1. Lo spazio libero non è noto.</source>
+        <translation>Servono %1. Lo spazio libero non è noto.</translation>
+    </message>
+    <message>
+        <source>Occupati: %1 di %2. Servono: %3. Liberi: %4.</source>
+        <translation>Occupati: %1 di %2. Servono: %3. Liberi: %4.</translation>
+    </message>
+    <message>
+        <source>Song aggiunte: %1. Sostituite: %2. Rimosse: %3. Song nella memoria dopo il trasferimento: %4.</source>
+        <translation>Song aggiunte: %1. Sostituite: %2. Rimosse: %3. Song nella memoria dopo il trasferimento: %4.</translation>
+    </message>
+    <message>
+        <source>Niente da copiare né da rimuovere: «Esegui» aggiorna soltanto il database della memoria.</source>
+        <translation>Niente da copiare né da rimuovere: «Esegui» aggiorna soltanto il database della memoria.</translation>
+    </message>
+    <message>
+        <source>La song non può avere questo nome: %1</source>
+        <translation>La song non può avere questo nome: %1</translation>
+    </message>
+    <message>
+        <source>Lo spazio libero non basta: mancano %1. Decidi quali song saltare.</source>
+        <translation>Lo spazio libero non basta: mancano %1. Decidi quali song saltare.</translation>
+    </message>
+    <message>
+        <source>Song da rimuovere dalla memoria: %1
+Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</source>
+        <translation>Song da rimuovere dalla memoria: %1
+Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</translation>
+    </message>
+    <message>
+        <source>Troppe song per il player: %1, il massimo è %2. Decidi quali song saltare.</source>
+        <translation>Troppe song per il player: %1, il massimo è %2. Decidi quali song saltare.</translation>
+    </message>
+    <message>
+        <source>Nella cartella non ci sono altre song.</source>
+        <translation>Nella cartella non ci sono altre song.</translation>
+    </message>
+</context>
+<context>
+    <name>Memories</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Memoria</translation>
+    </message>
+    <message>
+        <source>Espulsione della memoria...</source>
+        <translation>Espulsione della memoria...</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryCare</name>
+    <message>
+        <source>Lettura della memoria...</source>
+        <translation>Lettura della memoria...</translation>
+    </message>
+    <message>
+        <source>La lettura è stata interrotta.</source>
+        <translation>La lettura è stata interrotta.</translation>
+    </message>
+    <message>
+        <source>La memoria non è più collegata.</source>
+        <translation>La memoria non è più collegata.</translation>
+    </message>
+    <message>
+        <source>Confronto dei file...</source>
+        <translation>Confronto dei file...</translation>
+    </message>
+    <message>
+        <source>Il confronto è stato interrotto.</source>
+        <translation>Il confronto è stato interrotto.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n gruppi di file uguali</source>
+        <translation>
+            <numerusform>%n gruppo di file uguali</numerusform>
+            <numerusform>%n gruppi di file uguali</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Controllo della memoria...</source>
+        <translation>Controllo della memoria...</translation>
+    </message>
+    <message>
+        <source>Il database è aggiornato.</source>
+        <translation>Il database è aggiornato.</translation>
+    </message>
+    <message>
+        <source>Il database viene creato da capo: può durare alcuni minuti. Le playlist conservano le loro song. Procedere?</source>
+        <translation>Il database viene creato da capo: può durare alcuni minuti. Le playlist conservano le loro song. Procedere?</translation>
+    </message>
+    <message>
+        <source>Il database è stato rigenerato.</source>
+        <translation>Il database è stato rigenerato.</translation>
+    </message>
+    <message>
+        <source>Le song perdute tornano nelle playlist, dove l&apos;ultimo aggiornamento ha annotato quali erano. Il resto delle playlist non cambia. Procedere?</source>
+        <translation>Le song perdute tornano nelle playlist, dove l&apos;ultimo aggiornamento ha annotato quali erano. Il resto delle playlist non cambia. Procedere?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n playlist non si possono leggere o scrivere.</source>
+        <translation>
+            <numerusform>%n playlist non si può leggere o scrivere.</numerusform>
+            <numerusform>%n playlist non si possono leggere o scrivere.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song sono di nuovo nelle playlist.</source>
+        <translation>
+            <numerusform>%n song è di nuovo nelle playlist.</numerusform>
+            <numerusform>%n song sono di nuovo nelle playlist.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Espulsione della memoria...</source>
+        <translation>Espulsione della memoria...</translation>
+    </message>
+    <message>
+        <source>Memoria</source>
+        <translation>Memoria</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song non sono state cambiate.</source>
+        <translation>
+            <numerusform>%n song non è stata cambiata.</numerusform>
+            <numerusform>%n song non sono state cambiate.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Il lavoro è stato interrotto: le altre song sono come prima.</source>
+        <translation>Il lavoro è stato interrotto: le altre song sono come prima.</translation>
+    </message>
+    <message>
+        <source>Il database della memoria non è stato aggiornato.</source>
+        <translation>Il database della memoria non è stato aggiornato.</translation>
+    </message>
+    <message>
+        <source>Il database non ha accettato tutte le song.</source>
+        <translation>Il database non ha accettato tutte le song.</translation>
+    </message>
+    <message>
+        <source>Il controllo è stato interrotto.</source>
+        <translation>Il controllo è stato interrotto.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryCheckPage</name>
+    <message numerus="yes">
+        <source>e altri %n</source>
+        <translation>
+            <numerusform>e un altro (%n)</numerusform>
+            <numerusform>e altri %n</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Il controllo confronta database, playlist e file tra loro. Non cambia nulla.</source>
+        <translation>Il controllo confronta database, playlist e file tra loro. Non cambia nulla.</translation>
+    </message>
+    <message>
+        <source>La memoria è in ordine.</source>
+        <translation>La memoria è in ordine.</translation>
+    </message>
+    <message>
+        <source>La memoria non è in ordine. Accanto a ogni punto sta che cosa aiuta.</source>
+        <translation>La memoria non è in ordine. Accanto a ogni punto sta che cosa aiuta.</translation>
+    </message>
+    <message>
+        <source>Il player non trova nessuna song: il database non è completo</source>
+        <translation>Il player non trova nessuna song: il database non è completo</translation>
+    </message>
+    <message>
+        <source>Song che il player elenca, ma che non ci sono più</source>
+        <translation>Song che il player elenca, ma che non ci sono più</translation>
+    </message>
+    <message>
+        <source>Song modificate: il player ne mostra ancora i dati vecchi</source>
+        <translation>Song modificate: il player ne mostra ancora i dati vecchi</translation>
+    </message>
+    <message>
+        <source>Song che il player non trova ancora</source>
+        <translation>Song che il player non trova ancora</translation>
+    </message>
+    <message>
+        <source>Song perdute nelle playlist</source>
+        <translation>Song perdute nelle playlist</translation>
+    </message>
+    <message>
+        <source>Più song di quante il player ne conti</source>
+        <translation>Più song di quante il player ne conti</translation>
+    </message>
+    <message>
+        <source>Il player cerca in un ordine sbagliato</source>
+        <translation>Il player cerca in un ordine sbagliato</translation>
+    </message>
+    <message>
+        <source>Il database è danneggiato</source>
+        <translation>Il database è danneggiato</translation>
+    </message>
+    <message>
+        <source>eliminare song</source>
+        <translation>eliminare song</translation>
+    </message>
+    <message>
+        <source>Song di cui il player mostra dati che nel file non ci sono</source>
+        <translation>Song di cui il player mostra dati che nel file non ci sono</translation>
+    </message>
+    <message>
+        <source>Song che con le loro cartelle hanno un nome troppo lungo per il player</source>
+        <translation>Song che con le loro cartelle hanno un nome troppo lungo per il player</translation>
+    </message>
+    <message>
+        <source>Cartelle che non si possono leggere</source>
+        <translation>Cartelle che non si possono leggere</translation>
+    </message>
+    <message>
+        <source>Nomi con caratteri che non si possono leggere</source>
+        <translation>Nomi con caratteri che non si possono leggere</translation>
+    </message>
+    <message>
+        <source>dare un altro nome nel file manager</source>
+        <translation>dare un altro nome nel file manager</translation>
+    </message>
+    <message>
+        <source>controllare la memoria con gli strumenti del sistema</source>
+        <translation>controllare la memoria con gli strumenti del sistema</translation>
+    </message>
+    <message>
+        <source>Playlist che il player elenca, ma che non può leggere</source>
+        <translation>Playlist che il player elenca, ma che non può leggere</translation>
+    </message>
+    <message>
+        <source>eliminare la playlist sul player</source>
+        <translation>eliminare la playlist sul player</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryContents</name>
+    <message>
+        <source>La memoria non è collegata.</source>
+        <translation>La memoria non è collegata.</translation>
+    </message>
+    <message>
+        <source>La memoria non è più collegata.</source>
+        <translation>La memoria non è più collegata.</translation>
+    </message>
+    <message>
+        <source>Questa cartella non è su una memoria e non ha un database: qui non si cambia nulla.</source>
+        <translation>Questa cartella non è su una memoria e non ha un database: qui non si cambia nulla.</translation>
+    </message>
+    <message>
+        <source>Il database è danneggiato: rigenerarlo nella scheda &quot;Controllo&quot; prima di cambiare le song.</source>
+        <translation>Il database è danneggiato: rigenerarlo nella scheda &quot;Controllo&quot; prima di cambiare le song.</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura.</source>
+        <translation>La memoria è protetta da scrittura.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryDuplicatesPage</name>
+    <message>
+        <source>Lo stesso file</source>
+        <translation>Lo stesso file</translation>
+    </message>
+    <message>
+        <source>Stesso titolo e artista</source>
+        <translation>Stesso titolo e artista</translation>
+    </message>
+    <message>
+        <source>Nessuna song è doppia.</source>
+        <translation>Nessuna song è doppia.</translation>
+    </message>
+    <message>
+        <source>Nessuna song ha lo stesso titolo e artista di un&apos;altra.</source>
+        <translation>Nessuna song ha lo stesso titolo e artista di un&apos;altra.</translation>
+    </message>
+    <message>
+        <source>Scegliere con la spunta le song da eliminare. Stesso titolo e artista possono essere due versioni: controllare prima.</source>
+        <translation>Scegliere con la spunta le song da eliminare. Stesso titolo e artista possono essere due versioni: controllare prima.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; trova anche i file uguali con nomi e titoli diversi.</source>
+        <translation>&quot;%1&quot; trova anche i file uguali con nomi e titoli diversi.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryPlaylistsPage</name>
+    <message>
+        <source>Nella memoria non ci sono playlist.</source>
+        <translation>Nella memoria non ci sono playlist.</translation>
+    </message>
+    <message>
+        <source>Le playlist si cambiano sul player. Una song perduta è una che il player non trova più.</source>
+        <translation>Le playlist si cambiano sul player. Una song perduta è una che il player non trova più.</translation>
+    </message>
+    <message>
+        <source>Playlist %1 – non si può leggere</source>
+        <translation>Playlist %1 – non si può leggere</translation>
+    </message>
+    <message numerus="yes">
+        <source>Playlist %1 – %n song</source>
+        <translation>
+            <numerusform>Playlist %1 – %n song</numerusform>
+            <numerusform>Playlist %1 – %n song</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n perdute</source>
+        <translation>
+            <numerusform>%n perduta</numerusform>
+            <numerusform>%n perdute</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>(song perduta)</source>
+        <translation>(song perduta)</translation>
+    </message>
+</context>
+<context>
+    <name>MemorySongWork</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Memoria</translation>
+    </message>
+    <message>
+        <source>Di queste song non c&apos;è più il file. &quot;Aggiorna&quot; nella scheda &quot;Controllo&quot; le toglie dal database.</source>
+        <translation>Di queste song non c&apos;è più il file. &quot;Aggiorna&quot; nella scheda &quot;Controllo&quot; le toglie dal database.</translation>
+    </message>
+    <message>
+        <source>un altro programma l&apos;ha cambiata: rileggere la memoria</source>
+        <translation>un altro programma l&apos;ha cambiata: rileggere la memoria</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song eliminate dalla memoria.</source>
+        <translation>
+            <numerusform>%n song eliminata dalla memoria.</numerusform>
+            <numerusform>%n song eliminate dalla memoria.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>e altre %n</source>
+        <translation>
+            <numerusform>e un&apos;altra (%n)</numerusform>
+            <numerusform>e altre %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Attenzione: di %n gruppi non rimane nessuna song!</source>
+        <translation>
+            <numerusform>Attenzione: di %n gruppo non rimane nessuna song!</numerusform>
+            <numerusform>Attenzione: di %n gruppi non rimane nessuna song!</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song verranno eliminate dalla memoria con le loro immagini karaoke. Procedere?</source>
+        <translation>
+            <numerusform>%n song verrà eliminata dalla memoria con le sue immagini karaoke. Procedere?</numerusform>
+            <numerusform>%n song verranno eliminate dalla memoria con le loro immagini karaoke. Procedere?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>La song si chiama ora %1.</source>
+        <translation>La song si chiama ora %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song salvate.</source>
+        <translation>
+            <numerusform>%n song salvata.</numerusform>
+            <numerusform>%n song salvate.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Scegli cartella</translation>
+    </message>
+    <message>
+        <source>Copia song...</source>
+        <translation>Copia song...</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song copiate sul computer.</source>
+        <translation>
+            <numerusform>%n song copiata sul computer.</numerusform>
+            <numerusform>%n song copiate sul computer.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n c&apos;erano già e restano.</source>
+        <translation>
+            <numerusform>%n c&apos;era già e resta.</numerusform>
+            <numerusform>%n c&apos;erano già e restano.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song non sono state copiate.</source>
+        <translation>
+            <numerusform>%n song non è stata copiata.</numerusform>
+            <numerusform>%n song non sono state copiate.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Non è stato possibile aprire la cartella %1.</source>
+        <translation>Non è stato possibile aprire la cartella %1.</translation>
+    </message>
+    <message>
+        <source>La copia è stata interrotta.</source>
+        <translation>La copia è stata interrotta.</translation>
+    </message>
+</context>
+<context>
+    <name>MemorySongsModel</name>
+    <message>
+        <source>Titolo</source>
+        <translation>Titolo</translation>
+    </message>
+    <message>
+        <source>Artista</source>
+        <translation>Artista</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genere</translation>
+    </message>
+    <message>
+        <source>Formato</source>
+        <translation>Formato</translation>
+    </message>
+    <message>
+        <source>Bpm</source>
+        <translation>Bpm</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Marker</translation>
+    </message>
+    <message>
+        <source>.cdg</source>
+        <translation>.cdg</translation>
+    </message>
+    <message>
+        <source>Dimensione</source>
+        <translation>Dimensione</translation>
+    </message>
+    <message>
+        <source>Stato</source>
+        <translation>Stato</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Sì</source>
+        <translation>Sì</translation>
+    </message>
+    <message>
+        <source>non ancora nel database</source>
+        <translation>non ancora nel database</translation>
+    </message>
+    <message>
+        <source>modificata dopo l&apos;aggiornamento</source>
+        <translation>modificata dopo l&apos;aggiornamento</translation>
+    </message>
+    <message>
+        <source>il file non c&apos;è più</source>
+        <translation>il file non c&apos;è più</translation>
+    </message>
+    <message>
+        <source>cartella non leggibile</source>
+        <translation>cartella non leggibile</translation>
+    </message>
+    <message>
+        <source>il player non legge il tag</source>
+        <translation>il player non legge il tag</translation>
+    </message>
+    <message>
+        <source>doppia</source>
+        <translation>doppia</translation>
+    </message>
+    <message>
+        <source>nel database</source>
+        <translation>nel database</translation>
+    </message>
+</context>
+<context>
+    <name>MemorySongsPage</name>
+    <message numerus="yes">
+        <source>%n song</source>
+        <translation>
+            <numerusform>%n song</numerusform>
+            <numerusform>%n song</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 di %n song</source>
+        <translation>
+            <numerusform>%1 di %n song</numerusform>
+            <numerusform>%1 di %n song</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n scelte</source>
+        <translation>
+            <numerusform>%n scelta</numerusform>
+            <numerusform>%n scelte</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>MemoryWindow</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Memoria</translation>
+    </message>
+    <message>
+        <source>Memoria:</source>
+        <translation>Memoria:</translation>
+    </message>
+    <message>
+        <source>Altra cartella...</source>
+        <translation>Altra cartella...</translation>
+    </message>
+    <message>
+        <source>Cartella:</source>
+        <translation>Cartella:</translation>
+    </message>
+    <message>
+        <source>Rileggi</source>
+        <translation>Rileggi</translation>
+    </message>
+    <message>
+        <source>Spazio occupato</source>
+        <translation>Spazio occupato</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca:</source>
+        <translation>&amp;Cerca:</translation>
+    </message>
+    <message>
+        <source>Song della memoria</source>
+        <translation>Song della memoria</translation>
+    </message>
+    <message>
+        <source>Modifica...</source>
+        <translation>Modifica...</translation>
+    </message>
+    <message>
+        <source>Rinomina...</source>
+        <translation>Rinomina...</translation>
+    </message>
+    <message>
+        <source>Copia sul computer...</source>
+        <translation>Copia sul computer...</translation>
+    </message>
+    <message>
+        <source>Apri cartella</source>
+        <translation>Apri cartella</translation>
+    </message>
+    <message>
+        <source>Elimina dalla memoria...</source>
+        <translation>Elimina dalla memoria...</translation>
+    </message>
+    <message>
+        <source>Playlist</source>
+        <translation>Playlist</translation>
+    </message>
+    <message>
+        <source>Playlist della memoria</source>
+        <translation>Playlist della memoria</translation>
+    </message>
+    <message>
+        <source>Song della playlist</source>
+        <translation>Song della playlist</translation>
+    </message>
+    <message>
+        <source>Doppie</source>
+        <translation>Doppie</translation>
+    </message>
+    <message>
+        <source>Song doppie</source>
+        <translation>Song doppie</translation>
+    </message>
+    <message>
+        <source>Dimensione</source>
+        <translation>Dimensione</translation>
+    </message>
+    <message>
+        <source>Confronta i file</source>
+        <translation>Confronta i file</translation>
+    </message>
+    <message>
+        <source>Elimina le song scelte...</source>
+        <translation>Elimina le song scelte...</translation>
+    </message>
+    <message>
+        <source>Controllo</source>
+        <translation>Controllo</translation>
+    </message>
+    <message>
+        <source>Risultato del controllo</source>
+        <translation>Risultato del controllo</translation>
+    </message>
+    <message>
+        <source>Che cosa non va</source>
+        <translation>Che cosa non va</translation>
+    </message>
+    <message>
+        <source>Che cosa aiuta</source>
+        <translation>Che cosa aiuta</translation>
+    </message>
+    <message>
+        <source>Controlla</source>
+        <translation>Controlla</translation>
+    </message>
+    <message>
+        <source>Aggiorna</source>
+        <translation>Aggiorna</translation>
+    </message>
+    <message>
+        <source>Rigenera...</source>
+        <translation>Rigenera...</translation>
+    </message>
+    <message>
+        <source>Ripara le playlist...</source>
+        <translation>Ripara le playlist...</translation>
+    </message>
+    <message>
+        <source>Avanzamento</source>
+        <translation>Avanzamento</translation>
+    </message>
+    <message>
+        <source>Interrompi</source>
+        <translation>Interrompi</translation>
+    </message>
+    <message>
+        <source>Espelli</source>
+        <translation>Espelli</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message>
+        <source>La cartella non è una memoria collegata: non c&apos;è niente da espellere.</source>
+        <translation>La cartella non è una memoria collegata: non c&apos;è niente da espellere.</translation>
+    </message>
+    <message>
+        <source>Il servizio del sistema che espelle le memorie non risponde. Espellere la memoria dal file manager.</source>
+        <translation>Il servizio del sistema che espelle le memorie non risponde. Espellere la memoria dal file manager.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cartelle non leggibili</source>
+        <translation>
+            <numerusform>%n cartella non leggibile</numerusform>
+            <numerusform>%n cartelle non leggibili</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Scegliere una memoria</source>
+        <translation>Scegliere una memoria</translation>
+    </message>
+    <message>
+        <source>senza database: il player non trova nessuna song</source>
+        <translation>senza database: il player non trova nessuna song</translation>
+    </message>
+    <message>
+        <source>database danneggiato, del %1</source>
+        <translation>database danneggiato, del %1</translation>
+    </message>
+    <message>
+        <source>database del %1</source>
+        <translation>database del %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>di %n giorni fa</source>
+        <translation>
+            <numerusform>di %n giorno fa</numerusform>
+            <numerusform>di %n giorni fa</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>mancano %n song</source>
+        <translation>
+            <numerusform>manca %n song</numerusform>
+            <numerusform>mancano %n song</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song modificate</source>
+        <translation>
+            <numerusform>%n song modificata</numerusform>
+            <numerusform>%n song modificate</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song senza file</source>
+        <translation>
+            <numerusform>%n song senza file</numerusform>
+            <numerusform>%n song senza file</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>completo</source>
+        <translation>completo</translation>
+    </message>
+    <message>
+        <source>%1 occupati, %2 liberi di %3</source>
+        <translation>%1 occupati, %2 liberi di %3</translation>
+    </message>
+</context>
+<context>
+    <name>PlaylistRepair</name>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima.</source>
+        <translation>La memoria non ha un database completo: aggiornarlo prima.</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile leggere le playlist.</source>
+        <translation>Non è stato possibile leggere le playlist.</translation>
+    </message>
+</context>
+<context>
+    <name>RenameSongDialog</name>
+    <message>
+        <source>Rinomina song</source>
+        <translation>Rinomina song</translation>
+    </message>
+    <message numerus="yes">
+        <source>Nuovo nome, al massimo %n caratteri:</source>
+        <translation>
+            <numerusform>Nuovo &amp;nome, al massimo %n carattere:</numerusform>
+            <numerusform>Nuovo &amp;nome, al massimo %n caratteri:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Rinomina</source>
+        <translation>Rinomina</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Annulla</translation>
+    </message>
+</context>
+<context>
+    <name>CheckFindings</name>
+    <message numerus="yes">
+        <source>(e altri %n di questo tipo)</source>
+        <translation>
+            <numerusform>(e un altro di questo tipo)</numerusform>
+            <numerusform>(e altri %n di questo tipo)</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

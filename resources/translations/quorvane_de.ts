@@ -280,6 +280,10 @@ Songs, die nicht lesbar sind: %4</translation>
         <source>Il player mostrerà &quot;?&quot; al posto di: %1</source>
         <translation>Der Player zeigt „?“ statt: %1</translation>
     </message>
+    <message>
+        <source>Il valore inserito verrà applicato a tutte le song scelte, sei sicuro?</source>
+        <translation>Die Eingabe wird bei allen ausgewählten Songs eingetragen. Sind Sie sicher?</translation>
+    </message>
 </context>
 <context>
     <name>HelpDialog</name>
@@ -560,6 +564,22 @@ Songs, die nicht lesbar sind: %4</translation>
     <message>
         <source>FILE</source>
         <translation>DATEI</translation>
+    </message>
+    <message>
+        <source>File non importato, non può essere letto: </source>
+        <translation>Datei nicht aufgenommen, sie kann nicht gelesen werden: </translation>
+    </message>
+    <message>
+        <source>Non importato, il nome non è in UTF-8: </source>
+        <translation>Nicht aufgenommen, der Name enthält unlesbare Zeichen; bitte umbenennen: </translation>
+    </message>
+    <message>
+        <source>Cartella non leggibile, le sue song non sono state cercate: </source>
+        <translation>Ordner nicht lesbar, seine Songs wurden nicht gesucht: </translation>
+    </message>
+    <message>
+        <source>Nome troppo lungo, il player non lo trova: </source>
+        <translation>Name zu lang, der Player findet es nicht: </translation>
     </message>
 </context>
 <context>
@@ -1026,6 +1046,38 @@ Trotzdem kopieren?</translation>
     <message>
         <source>&amp;Cronologia...</source>
         <translation>&amp;Verlauf...</translation>
+    </message>
+    <message>
+        <source>%1: sostituita</source>
+        <translation>%1: ersetzt</translation>
+    </message>
+    <message>
+        <source>La cartella %1 è un collegamento a un&apos;altra cartella, dove le song non possono essere copiate</source>
+        <translation>Der Ordner %1 ist eine Verknüpfung mit einem anderen Ordner, in den keine Songs kopiert werden können</translation>
+    </message>
+    <message>
+        <source>una song dell&apos;elenco si trova lì con questo nome</source>
+        <translation>dort liegt unter diesem Namen ein Song aus der Liste</translation>
+    </message>
+    <message>
+        <source>%1: sostituita da un&apos;altra song scelta con lo stesso nome</source>
+        <translation>%1: von einem anderen gewählten Song gleichen Namens ersetzt</translation>
+    </message>
+    <message>
+        <source>&amp;Piano di trasferimento...</source>
+        <translation>&amp;Übertragungsplan...</translation>
+    </message>
+    <message>
+        <source>Contenuto della memoria...</source>
+        <translation>Speicher &amp;ansehen...</translation>
+    </message>
+    <message>
+        <source>Mostra la memoria</source>
+        <translation>Speicher ansehen</translation>
+    </message>
+    <message>
+        <source>Espelli la memoria</source>
+        <translation>Speicher auswerfen</translation>
     </message>
 </context>
 <context>
@@ -1652,6 +1704,18 @@ Bitte installieren Sie das Programm neu.</translation>
         <source>--csv e --duplicates non vanno insieme</source>
         <translation>--csv und --duplicates gehen nicht zusammen</translation>
     </message>
+    <message>
+        <source>Argomenti non validi</source>
+        <translation>Ungültige Argumente</translation>
+    </message>
+    <message>
+        <source>L&apos;opzione non vuole un valore: %1</source>
+        <translation>Die Option nimmt keinen Wert: %1</translation>
+    </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>Ein Name ist leer</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1792,6 +1856,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>annulla anche nelle song cambiate dopo</source>
         <translation>auch bei Songs zurücknehmen, die danach geändert wurden</translation>
     </message>
+    <message>
+        <source>anche una cartella che non è in una memoria</source>
+        <translation>auch einen Ordner, der auf keinem Speicher liegt</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -1806,6 +1874,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>Nessuna song nella memoria</source>
         <translation>Keine Songs auf dem Speicher</translation>
+    </message>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima di usarla</source>
+        <translation>Der Speicher hat kein vollständiges Songverzeichnis: vor dem Benutzen aktualisieren</translation>
+    </message>
+    <message>
+        <source>La cartella non è in una memoria collegata e non ha un database (%1: la prende comunque)</source>
+        <translation>Der Ordner liegt auf keinem angeschlossenen Speicher und hat kein Songverzeichnis (%1 nimmt ihn trotzdem)</translation>
     </message>
 </context>
 <context>
@@ -1825,6 +1901,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>La cartella non è leggibile</source>
         <translation>Der Ordner ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>Il file non è leggibile</source>
+        <translation>Die Datei ist nicht lesbar</translation>
     </message>
 </context>
 <context>
@@ -1953,6 +2033,26 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>La song %1 della playlist non è nella memoria</source>
         <translation>Song %1 der Playlist ist nicht auf dem Speicher</translation>
     </message>
+    <message>
+        <source>La cartella non può essere letta</source>
+        <translation>Der Ordner kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Il nome non è in UTF-8</source>
+        <translation>Der Name enthält unlesbare Zeichen</translation>
+    </message>
+    <message>
+        <source>Il percorso supera %1 caratteri</source>
+        <translation>Der Name mit allen Ordnern ist länger als %1 Zeichen</translation>
+    </message>
+    <message>
+        <source>Il database non mostra ciò che il file dice</source>
+        <translation>Das Songverzeichnis zeigt nicht, was in der Datei steht</translation>
+    </message>
+    <message>
+        <source>Il file della playlist manca o non è leggibile</source>
+        <translation>Die Datei der Playlist fehlt oder ist nicht lesbar</translation>
+    </message>
 </context>
 <context>
     <name>PeopleWriter</name>
@@ -2057,6 +2157,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>Modifica</source>
         <translation>Ändere</translation>
     </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 auf %3 Zeichen gekürzt: %4</translation>
+    </message>
 </context>
 <context>
     <name>ShowCommand</name>
@@ -2078,6 +2182,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>Il nome non è in UTF-8 e il file non può essere aperto</source>
         <translation>Der Name ist nicht in UTF-8, und die Datei lässt sich nicht öffnen</translation>
+    </message>
+    <message>
+        <source>Un nome è vuoto</source>
+        <translation>Ein Name ist leer</translation>
     </message>
 </context>
 <context>
@@ -2101,6 +2209,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>%1: non modificata, senza la firma del produttore</source>
         <translation>%1: nicht geändert, ohne Signatur des Herstellers</translation>
+    </message>
+    <message>
+        <source>%1: senza la firma del produttore, viene modificata solo se la risposta è sì (%2)</source>
+        <translation>%1: ohne Signatur des Herstellers, wird nur geändert, wenn die Antwort Ja ist (%2)</translation>
     </message>
 </context>
 <context>
@@ -2164,12 +2276,24 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>non rimossa, il database della memoria non può essere aggiornato</source>
         <translation>nicht entfernt, das Songverzeichnis des Speichers kann nicht aktualisiert werden</translation>
     </message>
+    <message>
+        <source>la sua cartella è un collegamento che porta fuori dalla memoria</source>
+        <translation>ihr Ordner ist eine Verknüpfung, die aus dem Speicher hinausführt</translation>
+    </message>
+    <message>
+        <source>restano le immagini della song che è stata sostituita</source>
+        <translation>die Bilder des ersetzten Songs sind noch da</translation>
+    </message>
 </context>
 <context>
     <name>PlannedRemoval</name>
     <message>
         <source>non è più il file di prima</source>
         <translation>nicht mehr dieselbe Datei</translation>
+    </message>
+    <message>
+        <source>non rimossa, la rimozione è stata interrotta</source>
+        <translation>nicht entfernt, das Entfernen wurde angehalten</translation>
     </message>
 </context>
 <context>
@@ -2193,6 +2317,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>Sono più song di quante il player ne può trovare: %1. Si vuole procedere comunque?</source>
         <translation>Das sind mehr Songs, als der Player finden kann: %1. Trotzdem fortfahren?</translation>
+    </message>
+    <message>
+        <source>Non è una song e non viene copiato</source>
+        <translation>Das ist kein Song und wird nicht kopiert</translation>
     </message>
 </context>
 <context>
@@ -2281,6 +2409,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
             <numerusform>%n Songs werden mit ihren Karaoke-Bildern vom Speicher entfernt. Fortfahren?</numerusform>
         </translation>
     </message>
+    <message>
+        <source>La cartella è dentro una memoria: indicare la memoria, %1</source>
+        <translation>Der Ordner liegt in einem Speicher: den Speicher selbst angeben, %1</translation>
+    </message>
 </context>
 <context>
     <name>SongChanges</name>
@@ -2319,6 +2451,30 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>Il database della memoria è danneggiato, o la memoria non si può scrivere. Non è stato cambiato nulla.</source>
         <translation>Das Songverzeichnis des Speichers ist beschädigt, oder der Speicher kann nicht beschrieben werden. Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Salvataggio</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Salvataggio song...</source>
+        <translation>Songs werden gespeichert...</translation>
+    </message>
+    <message>
+        <source>La memoria non è più collegata.</source>
+        <translation>Der Speicher ist nicht mehr angeschlossen.</translation>
+    </message>
+    <message>
+        <source>Il database della memoria è danneggiato: rigenerarlo.</source>
+        <translation>Das Songverzeichnis des Speichers ist beschädigt: bitte neu aufbauen.</translation>
+    </message>
+    <message>
+        <source>Nella memoria non ci sono song.</source>
+        <translation>Auf dem Speicher sind keine Songs.</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile aggiornare il database. Assicurarsi che la memoria abbia spazio libero e che non sia protetta da scrittura.</source>
+        <translation>Das Songverzeichnis konnte nicht aktualisiert werden. Vergewissern Sie sich, dass der Speicher genügend freien Platz hat und nicht schreibgeschützt ist.</translation>
     </message>
 </context>
 <context>
@@ -2397,6 +2553,954 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>la memoria non ha confermato l&apos;eliminazione</source>
         <translation>der Speicher hat das Entfernen nicht bestätigt</translation>
+    </message>
+</context>
+<context>
+    <name>PlannedName</name>
+    <message>
+        <source>un&apos;altra song del piano ha questo nome</source>
+        <translation>ein anderer Song des Plans hat diesen Namen</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanModel</name>
+    <message>
+        <source>Diverso per ogni song</source>
+        <translation>Je nach Song verschieden</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
+    <message>
+        <source>Che cosa succede</source>
+        <translation>Was geschieht</translation>
+    </message>
+    <message>
+        <source>Nella memoria</source>
+        <translation>Auf dem Speicher</translation>
+    </message>
+    <message>
+        <source>Spazio</source>
+        <translation>Platz</translation>
+    </message>
+    <message>
+        <source>Niente da fare</source>
+        <translation>Nichts zu tun</translation>
+    </message>
+    <message>
+        <source>Resta</source>
+        <translation>Bleibt</translation>
+    </message>
+    <message>
+        <source>Salta</source>
+        <translation>Überspringen</translation>
+    </message>
+    <message>
+        <source>Copia</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Copia con un nome nuovo</source>
+        <translation>Unter neuem Namen kopieren</translation>
+    </message>
+    <message>
+        <source>Tieni entrambe (nome nuovo)</source>
+        <translation>Beide behalten (neuer Name)</translation>
+    </message>
+    <message>
+        <source>Sostituisci</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Copia in una sottocartella</source>
+        <translation>In einen Unterordner kopieren</translation>
+    </message>
+    <message>
+        <source>Rimuovi dalla memoria</source>
+        <translation>Vom Speicher entfernen</translation>
+    </message>
+    <message>
+        <source>Nuove</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Già presenti</source>
+        <translation>Schon vorhanden</translation>
+    </message>
+    <message>
+        <source>Presenti, ma diverse</source>
+        <translation>Vorhanden, aber anders</translation>
+    </message>
+    <message>
+        <source>Presenti con un nome accorciato</source>
+        <translation>Unter gekürztem Namen vorhanden</translation>
+    </message>
+    <message>
+        <source>Nome già usato da un&apos;altra song dell&apos;elenco</source>
+        <translation>Mehrere mit demselben Namen</translation>
+    </message>
+    <message>
+        <source>Non leggibili</source>
+        <translation>Nicht lesbar</translation>
+    </message>
+    <message>
+        <source>Nome non adatto alla memoria o al player</source>
+        <translation>Name für Speicher oder Player ungeeignet</translation>
+    </message>
+    <message>
+        <source>Nella memoria, ma non nell&apos;elenco</source>
+        <translation>Auf dem Speicher, aber nicht ausgewählt</translation>
+    </message>
+</context>
+<context>
+    <name>RemedyPanel</name>
+    <message>
+        <source>&amp;Che cosa fare:</source>
+        <translation>&amp;Was tun:</translation>
+    </message>
+    <message>
+        <source>Diverso per ogni song</source>
+        <translation>Je nach Song verschieden</translation>
+    </message>
+    <message>
+        <source>&amp;Nome:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>Seleziona nell&apos;elenco le song di cui vuoi decidere.</source>
+        <translation>Wählen Sie oben die Songs, über die Sie entscheiden möchten.</translation>
+    </message>
+    <message>
+        <source>Song selezionate: %1</source>
+        <translation>Ausgewählte Songs: %1</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPlanDialog</name>
+    <message>
+        <source>Piano di trasferimento</source>
+        <translation>Übertragungsplan</translation>
+    </message>
+    <message>
+        <source>Cartella:</source>
+        <translation>Ordner:</translation>
+    </message>
+    <message>
+        <source>&amp;Allinea: elenca anche le song della memoria da poter rimuovere</source>
+        <translation>&amp;Abgleichen: auch Songs des Speichers zeigen, die entfernt werden können</translation>
+    </message>
+    <message>
+        <source>Elenca le song della cartella che non sono tra quelle scelte. Vengono rimosse solo quelle che spunti.</source>
+        <translation>Zeigt die Songs des Ordners, die nicht unter den gewählten sind. Entfernt werden nur die, die Sie ankreuzen.</translation>
+    </message>
+    <message>
+        <source>&amp;Rileggi e confronta ogni file copiato</source>
+        <translation>Jede kopierte Datei &amp;zurücklesen und vergleichen</translation>
+    </message>
+    <message>
+        <source>Vale anche per i prossimi trasferimenti. La copia dura di più.</source>
+        <translation>Gilt auch für künftige Übertragungen. Das Kopieren dauert länger.</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Copia &amp;senza piano</source>
+        <translation>&amp;Ohne Plan kopieren</translation>
+    </message>
+    <message>
+        <source>Copia ogni song con il suo nome e chiede prima di sostituirne una.</source>
+        <translation>Kopiert jeden Song unter seinem Namen und fragt, bevor einer ersetzt wird.</translation>
+    </message>
+    <message>
+        <source>&amp;Esegui</source>
+        <translation>Aus&amp;führen</translation>
+    </message>
+    <message>
+        <source>Ecco che cosa succederebbe alle song scelte.</source>
+        <translation>Das würde mit den gewählten Songs geschehen.</translation>
+    </message>
+    <message>
+        <source>Alcune song hanno lo stesso nome: nella memoria ne resterebbe una sola.</source>
+        <translation>Einige Songs haben denselben Namen: Auf dem Speicher bliebe nur einer davon.</translation>
+    </message>
+    <message>
+        <source>Alcune song sono già nella memoria con un nome accorciato: ci sarebbero due volte.</source>
+        <translation>Einige Songs sind unter einem gekürzten Namen schon auf dem Speicher: Sie wären dann doppelt da.</translation>
+    </message>
+    <message>
+        <source>Lo spazio libero nella memoria non basta per tutte le song.</source>
+        <translation>Der freie Platz auf dem Speicher reicht nicht für alle Songs.</translation>
+    </message>
+    <message>
+        <source>Il player non può trovare così tante song.</source>
+        <translation>So viele Songs kann der Player nicht finden.</translation>
+    </message>
+    <message>
+        <source>Non è stato ancora copiato niente.</source>
+        <translation>Noch wurde nichts kopiert.</translation>
+    </message>
+    <message>
+        <source>Servono %1. Lo spazio libero non è noto.</source>
+        <translation>Benötigt: %1. Wie viel Platz frei ist, ist nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>Occupati: %1 di %2. Servono: %3. Liberi: %4.</source>
+        <translation>Belegt: %1 von %2. Benötigt: %3. Frei: %4.</translation>
+    </message>
+    <message>
+        <source>Song aggiunte: %1. Sostituite: %2. Rimosse: %3. Song nella memoria dopo il trasferimento: %4.</source>
+        <translation>Neue Songs: %1. Ersetzt: %2. Entfernt: %3. Songs auf dem Speicher nach der Übertragung: %4.</translation>
+    </message>
+    <message>
+        <source>Niente da copiare né da rimuovere: «Esegui» aggiorna soltanto il database della memoria.</source>
+        <translation>Nichts zu kopieren oder zu entfernen: „Ausführen“ aktualisiert nur das Songverzeichnis des Speichers.</translation>
+    </message>
+    <message>
+        <source>La song non può avere questo nome: %1</source>
+        <translation>Der Song kann nicht so heißen: %1</translation>
+    </message>
+    <message>
+        <source>Lo spazio libero non basta: mancano %1. Decidi quali song saltare.</source>
+        <translation>Der freie Platz reicht nicht: Es fehlen %1. Entscheiden Sie, welche Songs übersprungen werden.</translation>
+    </message>
+    <message>
+        <source>Song da rimuovere dalla memoria: %1
+Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</source>
+        <translation>Vom Speicher zu entfernende Songs: %1
+Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</translation>
+    </message>
+    <message>
+        <source>Troppe song per il player: %1, il massimo è %2. Decidi quali song saltare.</source>
+        <translation>Zu viele Songs für den Player: %1, höchstens %2 sind möglich. Entscheiden Sie, welche übersprungen werden.</translation>
+    </message>
+    <message>
+        <source>Nella cartella non ci sono altre song.</source>
+        <translation>Im Ordner sind keine anderen Songs.</translation>
+    </message>
+</context>
+<context>
+    <name>Memories</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Speicher</translation>
+    </message>
+    <message>
+        <source>Espulsione della memoria...</source>
+        <translation>Speicher wird ausgeworfen...</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryCare</name>
+    <message>
+        <source>Lettura della memoria...</source>
+        <translation>Speicher wird gelesen...</translation>
+    </message>
+    <message>
+        <source>La lettura è stata interrotta.</source>
+        <translation>Das Lesen wurde angehalten.</translation>
+    </message>
+    <message>
+        <source>La memoria non è più collegata.</source>
+        <translation>Der Speicher ist nicht mehr angeschlossen.</translation>
+    </message>
+    <message>
+        <source>Confronto dei file...</source>
+        <translation>Dateien werden verglichen...</translation>
+    </message>
+    <message>
+        <source>Il confronto è stato interrotto.</source>
+        <translation>Das Vergleichen wurde angehalten.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n gruppi di file uguali</source>
+        <translation>
+            <numerusform>%n Gruppe gleicher Dateien</numerusform>
+            <numerusform>%n Gruppen gleicher Dateien</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Controllo della memoria...</source>
+        <translation>Speicher wird geprüft...</translation>
+    </message>
+    <message>
+        <source>Il database è aggiornato.</source>
+        <translation>Das Songverzeichnis ist aktuell.</translation>
+    </message>
+    <message>
+        <source>Il database viene creato da capo: può durare alcuni minuti. Le playlist conservano le loro song. Procedere?</source>
+        <translation>Das Songverzeichnis wird ganz neu aufgebaut, das kann einige Minuten dauern. Die Playlists behalten ihre Songs. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>Il database è stato rigenerato.</source>
+        <translation>Das Songverzeichnis wurde neu aufgebaut.</translation>
+    </message>
+    <message>
+        <source>Le song perdute tornano nelle playlist, dove l&apos;ultimo aggiornamento ha annotato quali erano. Il resto delle playlist non cambia. Procedere?</source>
+        <translation>Verlorene Songs kommen wieder in die Playlists, wo die letzte Aktualisierung notiert hat, welche es waren. Sonst ändert sich in den Playlists nichts. Fortfahren?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n playlist non si possono leggere o scrivere.</source>
+        <translation>
+            <numerusform>%n Playlist kann nicht gelesen oder beschrieben werden.</numerusform>
+            <numerusform>%n Playlists können nicht gelesen oder beschrieben werden.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song sono di nuovo nelle playlist.</source>
+        <translation>
+            <numerusform>%n Song ist wieder in den Playlists.</numerusform>
+            <numerusform>%n Songs sind wieder in den Playlists.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Espulsione della memoria...</source>
+        <translation>Speicher wird ausgeworfen...</translation>
+    </message>
+    <message>
+        <source>Memoria</source>
+        <translation>Speicher</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song non sono state cambiate.</source>
+        <translation>
+            <numerusform>%n Song wurde nicht geändert.</numerusform>
+            <numerusform>%n Songs wurden nicht geändert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Il lavoro è stato interrotto: le altre song sono come prima.</source>
+        <translation>Es wurde angehalten: Die übrigen Songs sind wie vorher.</translation>
+    </message>
+    <message>
+        <source>Il database della memoria non è stato aggiornato.</source>
+        <translation>Das Songverzeichnis des Speichers wurde nicht aktualisiert.</translation>
+    </message>
+    <message>
+        <source>Il database non ha accettato tutte le song.</source>
+        <translation>Nicht alle Songs konnten in das Songverzeichnis aufgenommen werden.</translation>
+    </message>
+    <message>
+        <source>Il controllo è stato interrotto.</source>
+        <translation>Die Prüfung wurde angehalten.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryCheckPage</name>
+    <message numerus="yes">
+        <source>e altri %n</source>
+        <translation>
+            <numerusform>und %n weiterer</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Il controllo confronta database, playlist e file tra loro. Non cambia nulla.</source>
+        <translation>Die Prüfung vergleicht Songverzeichnis, Playlists und Dateien miteinander. Sie ändert nichts.</translation>
+    </message>
+    <message>
+        <source>La memoria è in ordine.</source>
+        <translation>Der Speicher ist in Ordnung.</translation>
+    </message>
+    <message>
+        <source>La memoria non è in ordine. Accanto a ogni punto sta che cosa aiuta.</source>
+        <translation>Der Speicher ist nicht in Ordnung. Neben jedem Punkt steht, was hilft.</translation>
+    </message>
+    <message>
+        <source>Il player non trova nessuna song: il database non è completo</source>
+        <translation>Der Player findet keine Songs: Das Songverzeichnis ist nicht vollständig</translation>
+    </message>
+    <message>
+        <source>Song che il player elenca, ma che non ci sono più</source>
+        <translation>Songs, die der Player aufführt, die es aber nicht mehr gibt</translation>
+    </message>
+    <message>
+        <source>Song modificate: il player ne mostra ancora i dati vecchi</source>
+        <translation>Geänderte Songs: Der Player zeigt noch die alten Angaben</translation>
+    </message>
+    <message>
+        <source>Song che il player non trova ancora</source>
+        <translation>Songs, die der Player noch nicht findet</translation>
+    </message>
+    <message>
+        <source>Song perdute nelle playlist</source>
+        <translation>Verlorene Songs in den Playlists</translation>
+    </message>
+    <message>
+        <source>Più song di quante il player ne conti</source>
+        <translation>Mehr Songs, als der Player zählen kann</translation>
+    </message>
+    <message>
+        <source>Il player cerca in un ordine sbagliato</source>
+        <translation>Der Player sucht in einer falschen Reihenfolge</translation>
+    </message>
+    <message>
+        <source>Il database è danneggiato</source>
+        <translation>Das Songverzeichnis ist beschädigt</translation>
+    </message>
+    <message>
+        <source>eliminare song</source>
+        <translation>Songs entfernen</translation>
+    </message>
+    <message>
+        <source>Song di cui il player mostra dati che nel file non ci sono</source>
+        <translation>Songs, zu denen der Player Angaben zeigt, die nicht in der Datei stehen</translation>
+    </message>
+    <message>
+        <source>Song che con le loro cartelle hanno un nome troppo lungo per il player</source>
+        <translation>Songs, deren Name mit allen Ordnern für den Player zu lang ist</translation>
+    </message>
+    <message>
+        <source>Cartelle che non si possono leggere</source>
+        <translation>Ordner, die nicht gelesen werden können</translation>
+    </message>
+    <message>
+        <source>Nomi con caratteri che non si possono leggere</source>
+        <translation>Namen mit Zeichen, die nicht gelesen werden können</translation>
+    </message>
+    <message>
+        <source>dare un altro nome nel file manager</source>
+        <translation>im Dateimanager umbenennen</translation>
+    </message>
+    <message>
+        <source>controllare la memoria con gli strumenti del sistema</source>
+        <translation>den Speicher mit den Mitteln des Betriebssystems prüfen</translation>
+    </message>
+    <message>
+        <source>Playlist che il player elenca, ma che non può leggere</source>
+        <translation>Playlists, die der Player auflistet, aber nicht lesen kann</translation>
+    </message>
+    <message>
+        <source>eliminare la playlist sul player</source>
+        <translation>die Playlist am Player löschen</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryContents</name>
+    <message>
+        <source>La memoria non è collegata.</source>
+        <translation>Der Speicher ist nicht angeschlossen.</translation>
+    </message>
+    <message>
+        <source>La memoria non è più collegata.</source>
+        <translation>Der Speicher ist nicht mehr angeschlossen.</translation>
+    </message>
+    <message>
+        <source>Questa cartella non è su una memoria e non ha un database: qui non si cambia nulla.</source>
+        <translation>Dieser Ordner liegt auf keinem Speicher und hat kein Songverzeichnis: Hier wird nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Il database è danneggiato: rigenerarlo nella scheda &quot;Controllo&quot; prima di cambiare le song.</source>
+        <translation>Das Songverzeichnis ist beschädigt: bitte auf der Seite &quot;Prüfung&quot; neu aufbauen, bevor Songs geändert werden.</translation>
+    </message>
+    <message>
+        <source>La memoria è protetta da scrittura.</source>
+        <translation>Der Speicher ist schreibgeschützt.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryDuplicatesPage</name>
+    <message>
+        <source>Lo stesso file</source>
+        <translation>Gleiche Datei</translation>
+    </message>
+    <message>
+        <source>Stesso titolo e artista</source>
+        <translation>Gleicher Titel und Interpret</translation>
+    </message>
+    <message>
+        <source>Nessuna song è doppia.</source>
+        <translation>Kein Song ist doppelt.</translation>
+    </message>
+    <message>
+        <source>Nessuna song ha lo stesso titolo e artista di un&apos;altra.</source>
+        <translation>Kein Song hat Titel und Interpret eines anderen.</translation>
+    </message>
+    <message>
+        <source>Scegliere con la spunta le song da eliminare. Stesso titolo e artista possono essere due versioni: controllare prima.</source>
+        <translation>Haken Sie die Songs an, die entfernt werden sollen. Gleicher Titel und Interpret können zwei Fassungen sein: bitte vorher prüfen.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; trova anche i file uguali con nomi e titoli diversi.</source>
+        <translation>&quot;%1&quot; findet auch gleiche Dateien mit anderen Namen und Titeln.</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryPlaylistsPage</name>
+    <message>
+        <source>Nella memoria non ci sono playlist.</source>
+        <translation>Auf dem Speicher sind keine Playlists.</translation>
+    </message>
+    <message>
+        <source>Le playlist si cambiano sul player. Una song perduta è una che il player non trova più.</source>
+        <translation>Playlists werden am Player geändert. Ein verlorener Song ist einer, den der Player nicht mehr findet.</translation>
+    </message>
+    <message>
+        <source>Playlist %1 – non si può leggere</source>
+        <translation>Playlist %1 – nicht lesbar</translation>
+    </message>
+    <message numerus="yes">
+        <source>Playlist %1 – %n song</source>
+        <translation>
+            <numerusform>Playlist %1 – %n Song</numerusform>
+            <numerusform>Playlist %1 – %n Songs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n perdute</source>
+        <translation>
+            <numerusform>%n verloren</numerusform>
+            <numerusform>%n verloren</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>(song perduta)</source>
+        <translation>(verlorener Song)</translation>
+    </message>
+</context>
+<context>
+    <name>MemorySongWork</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Speicher</translation>
+    </message>
+    <message>
+        <source>Di queste song non c&apos;è più il file. &quot;Aggiorna&quot; nella scheda &quot;Controllo&quot; le toglie dal database.</source>
+        <translation>Von diesen Songs gibt es keine Datei mehr. &quot;Aktualisieren&quot; auf der Seite &quot;Prüfung&quot; nimmt sie aus dem Songverzeichnis.</translation>
+    </message>
+    <message>
+        <source>un altro programma l&apos;ha cambiata: rileggere la memoria</source>
+        <translation>ein anderes Programm hat ihn geändert: bitte den Speicher neu lesen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song eliminate dalla memoria.</source>
+        <translation>
+            <numerusform>%n Song wurde vom Speicher entfernt.</numerusform>
+            <numerusform>%n Songs wurden vom Speicher entfernt.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>e altre %n</source>
+        <translation>
+            <numerusform>und %n weiterer</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Attenzione: di %n gruppi non rimane nessuna song!</source>
+        <translation>
+            <numerusform>Achtung: Von %n Gruppe bleibt kein Song übrig!</numerusform>
+            <numerusform>Achtung: Von %n Gruppen bleibt kein Song übrig!</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song verranno eliminate dalla memoria con le loro immagini karaoke. Procedere?</source>
+        <translation>
+            <numerusform>%n Song wird mit seinen Karaoke-Bildern vom Speicher entfernt. Fortfahren?</numerusform>
+            <numerusform>%n Songs werden mit ihren Karaoke-Bildern vom Speicher entfernt. Fortfahren?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>La song si chiama ora %1.</source>
+        <translation>Der Song heißt jetzt %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song salvate.</source>
+        <translation>
+            <numerusform>%n Song gespeichert.</numerusform>
+            <numerusform>%n Songs gespeichert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Scegli cartella</source>
+        <translation>Ordner auswählen</translation>
+    </message>
+    <message>
+        <source>Copia song...</source>
+        <translation>Songs werden kopiert...</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song copiate sul computer.</source>
+        <translation>
+            <numerusform>%n Song auf den Computer kopiert.</numerusform>
+            <numerusform>%n Songs auf den Computer kopiert.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n c&apos;erano già e restano.</source>
+        <translation>
+            <numerusform>%n gab es schon und bleibt.</numerusform>
+            <numerusform>%n gab es schon und bleiben.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song non sono state copiate.</source>
+        <translation>
+            <numerusform>%n Song wurde nicht kopiert.</numerusform>
+            <numerusform>%n Songs wurden nicht kopiert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Non è stato possibile aprire la cartella %1.</source>
+        <translation>Der Ordner %1 konnte nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>La copia è stata interrotta.</source>
+        <translation>Das Kopieren wurde angehalten.</translation>
+    </message>
+</context>
+<context>
+    <name>MemorySongsModel</name>
+    <message>
+        <source>Titolo</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Artista</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Musikrichtung</translation>
+    </message>
+    <message>
+        <source>Formato</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Bpm</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Abschnitte</translation>
+    </message>
+    <message>
+        <source>.cdg</source>
+        <translation>.cdg</translation>
+    </message>
+    <message>
+        <source>Dimensione</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Stato</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Sì</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>non ancora nel database</source>
+        <translation>noch nicht im Songverzeichnis</translation>
+    </message>
+    <message>
+        <source>modificata dopo l&apos;aggiornamento</source>
+        <translation>seit der Aktualisierung geändert</translation>
+    </message>
+    <message>
+        <source>il file non c&apos;è più</source>
+        <translation>die Datei gibt es nicht mehr</translation>
+    </message>
+    <message>
+        <source>cartella non leggibile</source>
+        <translation>Ordner nicht lesbar</translation>
+    </message>
+    <message>
+        <source>il player non legge il tag</source>
+        <translation>Player liest den Tag nicht</translation>
+    </message>
+    <message>
+        <source>doppia</source>
+        <translation>doppelt</translation>
+    </message>
+    <message>
+        <source>nel database</source>
+        <translation>im Songverzeichnis</translation>
+    </message>
+</context>
+<context>
+    <name>MemorySongsPage</name>
+    <message numerus="yes">
+        <source>%n song</source>
+        <translation>
+            <numerusform>%n Song</numerusform>
+            <numerusform>%n Songs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 di %n song</source>
+        <translation>
+            <numerusform>%1 von %n Song</numerusform>
+            <numerusform>%1 von %n Songs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n scelte</source>
+        <translation>
+            <numerusform>%n ausgewählt</numerusform>
+            <numerusform>%n ausgewählt</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>MemoryWindow</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Speicher</translation>
+    </message>
+    <message>
+        <source>Memoria:</source>
+        <translation>S&amp;peicher:</translation>
+    </message>
+    <message>
+        <source>Altra cartella...</source>
+        <translation>Anderer Ordner...</translation>
+    </message>
+    <message>
+        <source>Cartella:</source>
+        <translation>&amp;Ordner:</translation>
+    </message>
+    <message>
+        <source>Rileggi</source>
+        <translation>Neu lesen</translation>
+    </message>
+    <message>
+        <source>Spazio occupato</source>
+        <translation>Belegter Platz</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Songs</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca:</source>
+        <translation>&amp;Suchen:</translation>
+    </message>
+    <message>
+        <source>Song della memoria</source>
+        <translation>Songs auf dem Speicher</translation>
+    </message>
+    <message>
+        <source>Modifica...</source>
+        <translation>Bearbeiten...</translation>
+    </message>
+    <message>
+        <source>Rinomina...</source>
+        <translation>Umbenennen...</translation>
+    </message>
+    <message>
+        <source>Copia sul computer...</source>
+        <translation>Auf den Computer kopieren...</translation>
+    </message>
+    <message>
+        <source>Apri cartella</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>Elimina dalla memoria...</source>
+        <translation>Vom Speicher entfernen...</translation>
+    </message>
+    <message>
+        <source>Playlist</source>
+        <translation>Playlists</translation>
+    </message>
+    <message>
+        <source>Playlist della memoria</source>
+        <translation>Playlists auf dem Speicher</translation>
+    </message>
+    <message>
+        <source>Song della playlist</source>
+        <translation>Songs der Playlist</translation>
+    </message>
+    <message>
+        <source>Doppie</source>
+        <translation>Doppelte</translation>
+    </message>
+    <message>
+        <source>Song doppie</source>
+        <translation>Doppelte Songs</translation>
+    </message>
+    <message>
+        <source>Dimensione</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Confronta i file</source>
+        <translation>Dateien vergleichen</translation>
+    </message>
+    <message>
+        <source>Elimina le song scelte...</source>
+        <translation>Angehakte Songs entfernen...</translation>
+    </message>
+    <message>
+        <source>Controllo</source>
+        <translation>Prüfung</translation>
+    </message>
+    <message>
+        <source>Risultato del controllo</source>
+        <translation>Ergebnis der Prüfung</translation>
+    </message>
+    <message>
+        <source>Che cosa non va</source>
+        <translation>Was nicht stimmt</translation>
+    </message>
+    <message>
+        <source>Che cosa aiuta</source>
+        <translation>Was hilft</translation>
+    </message>
+    <message>
+        <source>Controlla</source>
+        <translation>Prüfen</translation>
+    </message>
+    <message>
+        <source>Aggiorna</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Rigenera...</source>
+        <translation>Neu aufbauen...</translation>
+    </message>
+    <message>
+        <source>Ripara le playlist...</source>
+        <translation>Playlists wiederherstellen...</translation>
+    </message>
+    <message>
+        <source>Avanzamento</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Interrompi</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Espelli</source>
+        <translation>Auswerfen</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>La cartella non è una memoria collegata: non c&apos;è niente da espellere.</source>
+        <translation>Der Ordner ist kein angeschlossener Speicher: es gibt nichts auszuwerfen.</translation>
+    </message>
+    <message>
+        <source>Il servizio del sistema che espelle le memorie non risponde. Espellere la memoria dal file manager.</source>
+        <translation>Der Dienst des Systems, der Speicher auswirft, antwortet nicht. Bitte den Speicher im Dateimanager auswerfen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cartelle non leggibili</source>
+        <translation>
+            <numerusform>%n Ordner nicht lesbar</numerusform>
+            <numerusform>%n Ordner nicht lesbar</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Scegliere una memoria</source>
+        <translation>Bitte einen Speicher auswählen</translation>
+    </message>
+    <message>
+        <source>senza database: il player non trova nessuna song</source>
+        <translation>kein Songverzeichnis: der Player findet keine Songs</translation>
+    </message>
+    <message>
+        <source>database danneggiato, del %1</source>
+        <translation>Songverzeichnis beschädigt, vom %1</translation>
+    </message>
+    <message>
+        <source>database del %1</source>
+        <translation>Songverzeichnis vom %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>di %n giorni fa</source>
+        <translation>
+            <numerusform>vor %n Tag</numerusform>
+            <numerusform>vor %n Tagen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>mancano %n song</source>
+        <translation>
+            <numerusform>%n Song fehlt</numerusform>
+            <numerusform>%n Songs fehlen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song modificate</source>
+        <translation>
+            <numerusform>%n Song geändert</numerusform>
+            <numerusform>%n Songs geändert</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song senza file</source>
+        <translation>
+            <numerusform>%n Song ohne Datei</numerusform>
+            <numerusform>%n Songs ohne Datei</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>completo</source>
+        <translation>vollständig</translation>
+    </message>
+    <message>
+        <source>%1 occupati, %2 liberi di %3</source>
+        <translation>%1 belegt, %2 von %3 frei</translation>
+    </message>
+</context>
+<context>
+    <name>PlaylistRepair</name>
+    <message>
+        <source>La memoria non ha un database completo: aggiornarlo prima.</source>
+        <translation>Der Speicher hat kein vollständiges Songverzeichnis: bitte zuerst aktualisieren.</translation>
+    </message>
+    <message>
+        <source>Non è stato possibile leggere le playlist.</source>
+        <translation>Die Playlists konnten nicht gelesen werden.</translation>
+    </message>
+</context>
+<context>
+    <name>RenameSongDialog</name>
+    <message>
+        <source>Rinomina song</source>
+        <translation>Song umbenennen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Nuovo nome, al massimo %n caratteri:</source>
+        <translation>
+            <numerusform>Neuer &amp;Name, höchstens %n Zeichen:</numerusform>
+            <numerusform>Neuer &amp;Name, höchstens %n Zeichen:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Rinomina</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>CheckFindings</name>
+    <message numerus="yes">
+        <source>(e altri %n di questo tipo)</source>
+        <translation>
+            <numerusform>(und %n weiterer dieser Art)</numerusform>
+            <numerusform>(und %n weitere dieser Art)</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

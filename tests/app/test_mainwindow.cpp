@@ -210,7 +210,8 @@ void TestMainWindow::menusStandInTheirOrder()
     QCOMPARE(names("menuMessaggi_Copyright"),
              QStringLiteral("actionCopyrightYes actionCopyrightNo"));
     QCOMPARE(names("menuStrumenti"),
-             QStringLiteral("optimizeMemory actionSongsList  actionPreviewChanges"));
+             QStringLiteral("optimizeMemory actionSongsList actionMemory  actionTransferPlan "
+                            "actionPreviewChanges"));
     QCOMPARE(names("menuHelp"), QStringLiteral("actionContents actionAbout actionAbout_QT"));
     for (const char *checkable : {"actionItalian", "actionEnglish", "actionGerman",
                                   "actionCopyrightYes", "actionCopyrightNo"})

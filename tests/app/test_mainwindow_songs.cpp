@@ -1,9 +1,11 @@
 // The main window: songs that are edited, removed and transferred.
 #include "formats/metasong.h"
+#include "storage/memorylock.h"
 #include "support/apptest.h"
 #include "support/interfacelanguage.h"
 #include "support/logcapture.h"
 #include "support/mainwindowdriver.h"
+#include "support/mountedcard.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -84,6 +86,7 @@ private slots:
     void filesAreCountedInAllFolders();
     void progressWithoutAWindowIsIgnored();
     void transferGoesThroughTheWindow();
+    void memoryThatIsWrittenToIsNotCopiedTo();
     void refusedOrCancelledTransferLeavesTheButtons();
 
     void debugSaveWritesATestFile();
@@ -330,6 +333,29 @@ void TestMainWindowSongs::transferGoesThroughTheWindow()
     QVERIFY(!window.updateButton()->isEnabled());
     QVERIFY(window.transferButton()->isEnabled());
     QVERIFY(window.updateKavenaIndex(QStringLiteral("/nowhere/at/all")) == false);
+}
+
+void TestMainWindowSongs::memoryThatIsWrittenToIsNotCopiedTo()
+{
+    const MountedCard card;
+    WindowUnderTest window;
+    UserDriver user;
+    user.pick({card.writeMusic(QStringLiteral("a.mid"), card.midi("A"))});
+    QTest::mouseClick(window.selectButton(), Qt::LeftButton);
+    user.pressInMessageBoxes(QMessageBox::Ok);
+    MemoryLock other(card.root());
+    QVERIFY(other.take());
+    int copied = -1;
+    QVERIFY(!window.copyFiles(card.root(), copied));
+    QCOMPARE(copied, 0);
+    QVERIFY(!QFile::exists(card.path(QStringLiteral("a.mid"))));
+    QCOMPARE(user.messages().size(), 1);
+    other.release();
+    QVERIFY(window.copyFiles(card.root(), copied));
+    QCOMPARE(copied, 1);
+    QVERIFY(QFile::exists(card.path(QStringLiteral("a.mid"))));
+    QVERIFY(MemoryLock(card.root()).take()); // released again
+    qunsetenv("KAVENA_MOUNT_DIRS");
 }
 
 void TestMainWindowSongs::refusedOrCancelledTransferLeavesTheButtons()

@@ -104,19 +104,7 @@ void TestMainWindowWorkflows::failedDatabaseStopsEveryHandler()
         [&] { window.importUserLibrary(); },
         [&] { QVERIFY(!window.updateUserLibrary()); },
         [&] { QVERIFY(!window.updateFileWithDb(0)); },
-        [&] { QMetaObject::invokeMethod(&window, "on_updateDataToolButton_clicked"); },
-        [&] {
-            QMetaObject::invokeMethod(&window, "onSongsTableViewDoubleClicked",
-                                      Q_ARG(QModelIndex, QModelIndex()));
-        },
-        [&] {
-            QMetaObject::invokeMethod(&window, "onSongsTableViewShowContextMenu",
-                                      Q_ARG(QPoint, QPoint(5, 5)));
-        },
         [&] { window.manualModifySong(MetaSong(), SongInfo(), QStringLiteral("/nowhere"), 0); },
-        [&] { window.pressDebug("dbgSavePushButton"); },
-        [&] { window.pressDebug("dbgAddMarkerPushButton"); },
-        [&] { window.pressDebug("dbgImportPushButton"); },
         [&] {
             int count = 0;
             window.scanDir(m_work->path(), count, count, count);
@@ -130,6 +118,23 @@ void TestMainWindowWorkflows::failedDatabaseStopsEveryHandler()
                      "[MainWindow] WARNING: no library table, ignoring the request !!! ")});
     }
     QCOMPARE(windows, 0);
+
+    // What the user could press is disabled, also behind work that needs no library.
+    int files = 0;
+    window.scanDir(m_work->path(), files, files, files);
+    window.suggestBackup();
+    for (const char *const button :
+         {"updateDataToolButton", "transferFilesToolButton", "dbgSavePushButton",
+          "dbgAddMarkerPushButton", "dbgImportPushButton"})
+        QVERIFY2(!window.child<QAbstractButton>(button)->isEnabled(), button);
+    for (const char *const entry : {"actionSynchronise", "actionTransfer"})
+        QVERIFY2(!window.action(entry)->isEnabled(), entry);
+    QVERIFY(window.selectButton()->isEnabled());
+    // Neither a row nor its menu nor a dropped song leads to the missing table.
+    QTest::mouseDClick(window.table()->viewport(), Qt::LeftButton, {}, QPoint(5, 5));
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(5, 5));
+    QCoreApplication::sendEvent(window.table()->viewport(), &menu);
+    QVERIFY(!window.acceptDrops());
 }
 
 // ---------------------------------------------------------------- windows

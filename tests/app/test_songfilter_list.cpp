@@ -1,6 +1,7 @@
 // The filtered list: which song is chosen, and songs that arrive or change.
 #include "support/apptest.h"
 #include "support/filterdriver.h"
+#include "support/settled.h"
 #include "support/songfolder.h"
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
@@ -214,7 +215,8 @@ void TestSongFilterList::workflowIsNotDisturbed()
             return false;
         window.action("actionFindSong")->trigger();
         field(window)->setText(s("199.mid"));
-        QTest::qWait(20);
+        if (!settled::processAll())
+            return false;
         hidden = 0;
         for (int row = 0; row < window.model()->goodRowCount(); ++row)
             hidden += window.table()->isRowHidden(row) ? 1 : 0;

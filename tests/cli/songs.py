@@ -14,6 +14,9 @@ CHECKER = HERE.parent / "tools" / "check_memory.py"
 KAVENA = None  # the program under test; set by main()
 NO_DATA = subprocess.DEVNULL
 
+sys.path.append(str(HERE.parent / "fuzz"))
+import seeds  # noqa: E402
+
 
 def meta(kind, data):
     return bytes([0, 0xFF, kind, len(data)]) + data
@@ -40,6 +43,10 @@ def mp3(title):
     frame = b"TIT2" + len(text).to_bytes(4, "big") + b"\0\0" + text
     size = len(frame)
     return b"ID3\x03\0\0" + bytes([0, 0, size >> 7, size & 127]) + frame + b"\xff\xfb\x90\0" * 300
+
+
+def mf5():
+    return seeds.MFX_FILES["mf5"]
 
 
 class Result:

@@ -3,6 +3,9 @@
 import fcntl
 import os
 import pathlib
+import signal
+import subprocess
+import time
 
 import songs
 from songs import CliTest, mp3, song
@@ -46,11 +49,23 @@ class Transfer(CliTest):
         self.write("a.mid", song("New"))
         there = self.write("songs/a.mid", song("Old"), self.card)
         old, new = there.read_bytes(), song("New")
-        for options, expected in (([], old), (["--replace", "no"], old),
-                                  (["--replace", "yes"], new)):
-            result = self.run_kavena("transfer", *options, "a.mid", "--to", self.card, status=0)
+        # A transfer that has copied nothing has done nothing.
+        for options, expected, status in (([], old, 3), (["--replace", "no"], old, 3),
+                                          (["--replace", "yes"], new, 0)):
+            result = self.run_kavena("transfer", *options, "a.mid", "--to", self.card,
+                                     status=status)
             self.assertEqual("--replace yes" in result.err, options == [])
             self.assertEqual(there.read_bytes(), expected)
+
+    def test_memory_that_is_in_line_already(self):
+        self.write("a.mid", song("Alpha"))
+        in_line = ["transfer", "--in-line", "a.mid", "--to", self.card]
+        self.run_kavena(*in_line, status=0)
+        self.run_kavena(*in_line, status=3)
+        self.write("songs/old.mid", song("Old"), self.card)
+        self.run_kavena(*in_line, "--remove", status=0)
+        self.assertFalse((self.card / "songs" / "old.mid").exists())
+        self.run_kavena(*in_line, "--remove", status=3)
 
     def test_failures_are_named_and_the_others_arrive(self):
         self.write("a.mid", song())
@@ -58,6 +73,20 @@ class Transfer(CliTest):
         self.assertIn("gone.mid", result.err)
         self.assertTrue((self.card / "songs" / "a.mid").exists())
         self.assertEqual(self.judge_memory(), "")
+
+    def test_files_that_are_no_songs_are_refused(self):
+        self.write("a.mid", song())
+        self.write("b.mp3", mp3("Beta"))
+        for name in ("b.cdg", "other.cdg", "notes.txt"):
+            self.write(name, b"x")
+        self.run_kavena("transfer", "notes.txt", "--to", self.card, status=1)
+        self.assertEqual(list(self.card.iterdir()), [])
+        result = self.run_kavena("transfer", "a.mid", "b.cdg", "b.mp3", "notes.txt", "other.cdg",
+                                 "gone", "--to", self.card, status=1)
+        refused = [line.split(": ")[1] for line in result.err.splitlines()[:3]]
+        self.assertEqual(refused, ["notes.txt", "other.cdg", "gone"])
+        self.assertEqual({path.name for path in (self.card / "songs").iterdir()},
+                         {"a.mid", "b.mp3", "b.cdg"})
 
     def test_memory_in_use_is_left_alone(self):
         self.write("a.mid", song())
@@ -67,11 +96,56 @@ class Transfer(CliTest):
             fcntl.flock(lock, fcntl.LOCK_EX)
             self.run_kavena("transfer", "a.mid", "--to", self.card, status=3)
             self.run_kavena("index", "update", self.card, status=3)
+            for command in (["index", "check"], ["list", "--duplicates"]):
+                result = self.run_kavena(*command, self.card, status=3)
+                self.assertEqual(result.out, "")
+                self.assertNotEqual(result.err, "")
         self.assertFalse((self.card / "songs").exists())
 
     def test_nothing_to_transfer(self):
         self.run_kavena("transfer", "-0", "--to", self.card, status=3)
         self.run_kavena("transfer", "a.mid", status=2)
+
+
+class PulledMemory(CliTest):
+    """The memory goes while it is read: what was found on it tells nothing."""
+
+    def pull_while(self, is_busy, *arguments):
+        """Runs the program and takes the card away once it is busy with it."""
+        with subprocess.Popen([songs.KAVENA, *arguments, str(self.card)], env=self.environment,
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
+            end = time.monotonic() + 30
+            while not is_busy(process.pid):
+                self.assertIsNone(process.poll(), "it ended too early")
+                self.assertLess(time.monotonic(), end, "it never began")
+            process.send_signal(signal.SIGSTOP)
+            self.assertIsNone(process.poll())
+            self.card.rename(self.folder / "pulled")
+            process.send_signal(signal.SIGCONT)
+            out, err = process.communicate(timeout=60)
+        self.assertEqual((process.returncode, out), (3, b""), err)
+        self.assertEqual(err.decode(),
+                         f"kavena: {self.card}: The memory is no longer connected.\n")
+        self.assertFalse(self.card.exists())
+
+    def test_check(self):
+        for number in range(2000):
+            self.write(f"many/s{number}.mid", song(f"S{number}"), self.card)
+        self.run_kavena("index", "update", self.card, status=0)
+        self.pull_while(lambda _: (self.card / LOCK_FILE).exists(), "index", "check")
+
+    def test_duplicates(self):
+        for name in ("a.mid", "b.mid"):
+            with (self.card / name).open("wb") as file:
+                file.truncate(1 << 30)  # takes no room, but time to read
+
+        def reads_a_song(pid):
+            handles = pathlib.Path(f"/proc/{pid}/fd")
+            try:
+                return any(os.readlink(handle).endswith(".mid") for handle in handles.iterdir())
+            except OSError:
+                return False
+        self.pull_while(reads_a_song, "list", "--duplicates")
 
 
 class Index(CliTest):
@@ -110,6 +184,34 @@ class Index(CliTest):
         self.run_kavena("index", "update", self.folder / "gone", status=3)
         self.assertFalse((self.folder / "gone").exists())
 
+    def test_folder_that_is_no_memory_is_refused(self):
+        self.write("averylongname.mid", song("Long"))
+        before = self.snapshot(self.music)
+        for command in ("update", "rebuild"):
+            result = self.run_kavena("index", command, "--rename", "yes", self.music, status=3)
+            self.assertEqual(result.err, f"kavena: {self.music}: The folder lies on no connected "
+                                         "memory and has no song index (--any-folder takes it all "
+                                         "the same)\n")
+            self.assertEqual(self.snapshot(self.music), before)
+        self.run_kavena("index", "rebuild", "--any-folder", self.music, status=0)
+        self.assertTrue((self.music / "fsinfos.idx").exists())
+        # It has an index now, whole or in part.
+        self.run_kavena("index", "update", self.music, status=0)
+        (self.music / "fsinfos.idx").unlink()
+        self.run_kavena("index", "rebuild", self.music, status=0)
+        self.run_kavena("index", "check", "--any-folder", self.music, status=2)
+
+    def test_names_that_are_no_utf8_are_named(self):
+        path = os.fsencode(self.card) + b"/Caff\xe8.mid"
+        with open(path, "wb") as file:
+            file.write(song("Coffee"))
+        for command in ("update", "rebuild"):
+            result = self.run_kavena("index", command, self.card, status=1)
+            self.assertIn(f"{self.card}/Caff\\xe8.mid", result.err)
+        check = self.run_kavena("index", "check", "--json", self.card, status=1)
+        self.assertEqual([(line["finding"], line["path"]) for line in check.lines],
+                         [("unusable-name", "/Caff\\xe8.mid")])
+
     def test_options_decide_about_long_names(self):
         long = self.write("averylongname.mid", song("Long"), self.card)
         for options in ([], ["--rename", "no"]):
@@ -126,7 +228,7 @@ class Index(CliTest):
         self.run_kavena("index", "update", self.card, status=0)
         lines = self.run_kavena("list", "--json", self.card, status=0).lines
         self.assertEqual(lines[0], {
-            "id": 0, "path": "/a.mid", "title": "ALPHA", "artist": "ZOE", "genre": "<UNKNOWN>",
+            "id": 0, "path": "/a.mid", "title": "ALPHA", "artist": "ZOE", "genre": "",
             "format": "MIDI", "bpm": 0, "markers": False})
         self.assertEqual({line["format"] for line in lines}, {"MIDI", "MP3", "MF5"})
 

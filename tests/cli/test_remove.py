@@ -101,6 +101,29 @@ class Remove(MemoryTest):
         self.run_kavena("remove", "--confirm", "yes", self.card, b"/\xff.mid", status=3)
         self.assertEqual(self.snapshot(), before)
 
+    def test_folder_inside_the_memory_is_refused(self):
+        self.write("x/a.mid", song("Other"), self.card)
+        before = self.snapshot()
+        result = self.run_kavena("remove", "--confirm", "yes", self.card / "x", "a.mid", status=3)
+        self.assertEqual(result.err, f"kavena: {self.card}/x: The folder lies on a memory: name "
+                                     f"the memory itself, {self.card}\n")
+        self.assertEqual(self.snapshot(), before)
+        self.run_kavena("remove", "--confirm", "yes", self.card / "x" / "..", "a.mid", status=0)
+        self.assertFalse((self.card / "a.mid").exists())
+
+    def test_folder_that_is_no_memory_is_refused(self):
+        self.write("mine.mid", song("Mine"))
+        before = self.snapshot()
+        result = self.run_kavena("remove", "--confirm", "yes", self.music, "mine.mid", status=3)
+        self.assertEqual(result.err, f"kavena: {self.music}: The folder lies on no connected "
+                                     "memory and has no song index (--any-folder takes it all "
+                                     "the same)\n")
+        self.assertEqual(self.snapshot(), before)
+        self.write("other.mid", song("Other"))
+        self.run_kavena("remove", "--any-folder", "--confirm", "yes", self.music, "mine.mid",
+                        status=0)
+        self.assertFalse((self.music / "mine.mid").exists())
+
     def test_memory_in_use_is_left_alone(self):
         with (self.card / ".kavena-lock").open("wb") as lock:
             lock.write(b"pid 1\n")
@@ -120,16 +143,32 @@ class Remove(MemoryTest):
             self.write(f"many/s{number}.mid", song(f"S{number}"), self.card)
         self.run_kavena("index", "update", self.card, status=0)
         everything = [f"/many/s{number}.mid" for number in range(300)]
-        for pause in (0.02, 0.05, 0.08, 0.12, 0.2):
+
+        def songs_left():
+            return len(list((self.card / "many").glob("*.mid")))
+
+        kills = 0
+        for left in (300, 299, 200, 100, 10):
             with subprocess.Popen([songs.KAVENA, "remove", "--confirm", "yes", str(self.card),
                                    *everything], stderr=subprocess.DEVNULL,
                                   env=self.environment) as process:
-                time.sleep(pause)
+                if left == 300:  # before the first song goes, the index does
+                    self.wait_until(lambda: not (self.card / "fsinfos.idx").exists(), process)
+                else:
+                    self.wait_until(lambda: songs_left() <= left, process)
                 process.send_signal(signal.SIGKILL)
+            kills += process.returncode == -signal.SIGKILL
             if (self.card / "fsinfos.idx").exists():
                 self.assertEqual(self.judge_memory(), "")
             self.run_kavena("index", "update", self.card, status=0)
             self.assertEqual(self.judge_memory(), "")
+        self.assertGreater(kills, 0)
+
+    def wait_until(self, condition, process):
+        """Also ends with the process."""
+        end = time.monotonic() + 60
+        while not condition() and process.poll() is None:
+            self.assertLess(time.monotonic(), end, "nothing happens")
 
     def test_wrong_use(self):
         for arguments in (["remove"], ["remove", self.card], ["remove", "--confirm", "maybe",

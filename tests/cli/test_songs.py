@@ -1,10 +1,13 @@
 #!/usr/bin/env python3
 """test_songs.py KAVENA: show, set, sync and catalogue, as a script sees them."""
+import fcntl
 import os
+import resource
 import subprocess
+import unittest
 
 import songs
-from songs import CliTest, midi, meta, mp3, song
+from songs import CliTest, meta, mf5, midi, mp3, song
 
 # A song of the catalogue: file name, title, artist as it is displayed.
 FILE, TITLE, ARTIST = "BIRGILCA", "A BIRD IN A GILDED CAGE", "JERE MAHONEY"
@@ -80,11 +83,31 @@ class Show(CliTest):
     def test_names_mean_no_other_file(self):
         self.write("a.mid", song("Other"))
         for name in ("\ufeffa.mid", ":a.mid"):
-            self.assertEqual(self.run_kavena("show", "--json", name, status=1).lines[0]["path"][-5:],
-                             "a.mid")
+            shown = self.run_kavena("show", "--json", name, status=1)
+            self.assertEqual(shown.lines[0]["path"], name)
+            self.assertEqual(shown.err, f"kavena: {name}: The file does not exist\n")
             self.write(name, song("Own"))
             shown = self.run_kavena("show", "--json", name, status=0)
-            self.assertEqual(shown.lines[0]["title"], "Own")
+            self.assertEqual((shown.lines[0]["title"], shown.lines[0]["path"]), ("Own", name))
+            self.assertEqual(self.run_kavena("show", name).out.splitlines()[0], name)
+
+    def test_paths_are_printed_as_they_were_given(self):
+        self.write(":f/a.mid", song("A"))
+        self.write(":c.mid", song("C"))
+        self.assertEqual(self.paths(":f", ":c.mid", "./:c.mid", ":f/a.mid"),
+                         [":f/a.mid", ":c.mid", "./:c.mid"])
+        result = self.run_kavena("set", "--title", "\u2665", ":c.mid", status=0)
+        self.assertTrue(result.err.startswith("kavena: :c.mid: "), result.err)
+        plan = self.run_kavena("transfer", "--dry-run", "--json", ":c.mid", ":gone.mid", "--to",
+                               self.card, status=1)
+        self.assertEqual([line["path"] for line in plan.lines[:-1]], [":c.mid", ":gone.mid"])
+        self.assertIn("kavena: :gone.mid: ", plan.err)
+        self.run_kavena("transfer", ":c.mid", "--to", self.card, status=0)
+        self.assertTrue((self.card / "songs" / ":c.mid").exists())
+
+    def paths(self, *given):
+        run = self.run_kavena("sync", "--dry-run", "--json", "--unsigned", "no", *given, status=0)
+        return [line["path"] for line in run.lines]
 
     def test_names_that_are_no_utf8_keep_the_line_valid(self):
         (self.music / os.fsdecode(b"x\xff\xe8.mid")).write_bytes(song())
@@ -92,6 +115,14 @@ class Show(CliTest):
         self.assertEqual(shown.lines[0]["path"], "x\\xff\\xe8.mid")
         self.assertEqual(set(shown.lines[0]), {"path", "error"})
         self.assertIn("kavena: x\\xff\\xe8.mid: ", shown.err)
+
+    @unittest.skipUnless(os.access("/proc/kmsg", os.R_OK), "only root may read the kernel's log")
+    def test_files_that_wait_for_ever_are_not_read(self):
+        """The system has files without a size, the reading of which waits."""
+        (self.music / "s.mid").symlink_to("/proc/kmsg")
+        self.run_kavena("show", "s.mid", status=1)
+        self.run_kavena("set", "--title", "x", "s.mid", status=1)
+        self.run_kavena("sync", "--unsigned", "yes", "s.mid", status=1)
 
     def test_terminals_are_not_commanded_by_songs(self):
         self.write("s.mid", midi(meta(3, b"a\x1b[2Jb\nc")))
@@ -140,6 +171,21 @@ class Set(CliTest):
         self.write("s.mid", song())
         self.assertIn("♥", self.run_kavena("set", "--title", "♥", "s.mid", status=0).err)
 
+    def test_cut_texts_are_told(self):
+        self.write("s.mid", song())
+        self.write("s.mf5", mf5())
+        self.write("s.mp3", mp3("Title"))
+        text = "x" * 20 + " " + "y" * 200
+        for name, kept in (("s.mid", text[:125]), ("s.mf5", text[:32])):
+            result = self.run_kavena("set", "--author", text, "--title", "short", name, status=0)
+            self.assertEqual(result.err, f"kavena: {name}: Author cut to {len(kept)} characters: "
+                                         f"{kept}\n")
+            shown = self.run_kavena("show", "--json", name).lines[0]
+            self.assertEqual((shown["author"], shown["title"]), (kept, "short"))
+        for name, size in (("s.mid", 125), ("s.mf5", 32), ("s.mp3", 200)):
+            result = self.run_kavena("set", "--genre", "g" * size, name, status=0)
+            self.assertEqual(result.err, "")
+
     def test_wrong_values_change_nothing(self):
         path = self.write("s.mid", song())
         before = path.read_bytes()
@@ -151,6 +197,88 @@ class Set(CliTest):
             self.assertEqual(result.out, "")
             self.assertIn("kavena set --help", result.err, wrong)
         self.assertEqual(path.read_bytes(), before)
+
+
+class SizeLimit(CliTest):
+    """A file that reaches the user's size limit is a write that fails, not the program's end."""
+
+    def setUp(self):
+        super().setUp()
+        # A program that was built to count its lines would leave counts that are cut off; that it
+        # cannot leave them it tells in lines of its own.
+        self.environment = {**self.environment, "GCOV_PREFIX": "/dev/null"}
+
+    def limited(self, *arguments, limit):
+        def set_limit():
+            resource.setrlimit(resource.RLIMIT_FSIZE, (limit, limit))
+        return subprocess.run([songs.KAVENA, *arguments], cwd=self.music, env=self.environment,
+                              capture_output=True, timeout=60, check=False, preexec_fn=set_limit)
+
+    def test_songs_stay_and_the_reason_is_told(self):
+        for name, data in (("s.mid", song("X" * 100)), ("s.mp3", mp3("Old")), ("s.mf5", mf5())):
+            path = self.write(name, data)
+            before = self.snapshot()
+            result = self.limited("set", "--title", "New", name, limit=20)
+            self.assertEqual(result.returncode, 1, result)
+            told = [line for line in result.stderr.decode().splitlines()
+                    if not line.startswith("profiling:")]
+            self.assertEqual(told, [f"kavena: {name}: No room left"])
+            self.assertEqual(self.snapshot(), before)
+            path.unlink()
+
+    def test_copies_fail_and_the_memory_stays_in_order(self):
+        self.write("a.mid", song("Alpha"))
+        self.run_kavena("transfer", "a.mid", "--to", self.card, status=0)
+        before = self.snapshot(self.card)
+        self.write("b.mp3", mp3("Beta") * 200)
+        result = self.limited("transfer", "b.mp3", "--to", self.card, limit=30000)
+        self.assertEqual(result.returncode, 1, result)
+        self.assertIn(b"b.mp3", result.stderr)
+        self.assertEqual(self.snapshot(self.card), before)
+        self.assertEqual(self.judge_memory(), "")
+
+    def test_output_that_cannot_be_written_is_a_failure(self):
+        self.write("s.mid", song("X" * 100))
+        with open(self.folder / "out", "wb") as out:
+            result = subprocess.run(
+                ["sh", "-c", 'ulimit -f 0; exec "$0" show s.mid', songs.KAVENA], stdout=out,
+                stderr=subprocess.PIPE, cwd=self.music, env=self.environment, check=False)
+        self.assertEqual(result.returncode, 1)
+        self.assertIn(b"standard output", result.stderr)
+
+
+class InUse(CliTest):
+    """While another program saves a song it is neither shown nor changed."""
+
+    def setUp(self):
+        super().setUp()
+        self.song = self.write("s.mid", song("Old", signed=True))
+        journal = self.write(".s.mid.kavena-journal", b"being written")
+        self.held = journal.open("rb")
+        self.addCleanup(self.held.close)
+        fcntl.flock(self.held, fcntl.LOCK_EX)
+
+    def test_every_command_says_so(self):
+        before = self.song.read_bytes()
+        for command in (["show"], ["set", "--title", "New"], ["sync"], ["sync", "--dry-run"]):
+            result = self.run_kavena(*command, "s.mid", status=1)
+            self.assertEqual(result.err,
+                             "kavena: s.mid: Another program is using the file\n", command)
+        self.assertEqual(self.song.read_bytes(), before)
+        self.held.close()
+        self.run_kavena("set", "--title", "New", "s.mid", status=0)
+
+    def test_saves_that_race_are_done_or_refused(self):
+        self.held.close()
+        text = "x" * 100
+        runs = [subprocess.Popen([songs.KAVENA, "set", "--title", text, "--author", text, "s.mid"],
+                                 cwd=self.music, env=self.environment, stderr=subprocess.PIPE)
+                for _ in range(60)]
+        for run in runs:
+            error = run.communicate(timeout=60)[1].decode()
+            self.assertIn(error, ("", "kavena: s.mid: Another program is using the file\n"))
+            self.assertEqual(run.returncode, 1 if error else 0)
+        self.assertEqual(self.run_kavena("show", "--json", "s.mid").lines[0]["title"], text)
 
 
 class Sync(CliTest):
@@ -173,6 +301,32 @@ class Sync(CliTest):
         self.assertEqual(lines["./sub/zzqqxx.mid"],
                          {"path": "./sub/zzqqxx.mid", "found": False, "changes": []})
         self.assertIn(ARTIST, self.run_kavena("sync", "--dry-run", ".", status=0).out)
+
+    def test_dry_run_changes_unsigned_songs_as_the_run_will(self):
+        name = f"sub/{FILE}.MID"
+        run = self.run_kavena("sync", "--dry-run", "--json", "--unsigned", "no", "sub", status=0)
+        lines = {line["path"]: line for line in run.lines}
+        self.assertEqual(lines[name], {"path": name, "found": True, "changes": []})
+        self.assertEqual(run.err, f"kavena: {name}: not changed, without the publisher's "
+                                  "signature\n")
+        run = self.run_kavena("sync", "--dry-run", "--json", "sub", status=0)
+        self.assertIn(ARTIST, run.out)
+        self.assertEqual(run.err, f"kavena: {name}: without the publisher's signature, changed "
+                                  "only if the answer is yes (--unsigned yes)\n")
+        run = self.run_kavena("sync", "--dry-run", "--json", "--unsigned", "yes", "sub", status=0)
+        self.assertIn(ARTIST, run.out)
+        self.assertEqual(run.err, "")
+        self.assertNotIn(ARTIST, self.run_kavena("sync", "--dry-run", "--unsigned", "no",
+                                                 "sub").out)
+
+    def test_each_song_has_its_line(self):
+        for options in ([], ["--unsigned", "no"]):
+            before = self.unsigned.read_bytes()
+            lines = self.run_kavena("sync", "--json", *options, ".").lines
+            self.assertEqual({line["path"] for line in lines},
+                             {f"./{FILE}.mid", f"./sub/{FILE}.MID", "./sub/zzqqxx.mid"})
+            self.assertIn({"path": f"./sub/{FILE}.MID", "found": True, "changes": []}, lines)
+            self.assertEqual(self.unsigned.read_bytes(), before)
 
     def test_unsigned_songs_are_left_alone_without_a_terminal(self):
         before = self.unsigned.read_bytes()

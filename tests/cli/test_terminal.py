@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """test_terminal.py KAVENA: languages, help, wrong use, terminals, signals and full disks."""
 import os
+import pathlib
 import pty
 import select
 import signal
@@ -55,6 +56,51 @@ class Words(CliTest):
             result = self.run_kavena(*words, status=2)
             self.assertEqual(result.out, "")
             self.assertIn("--help", result.err, words)
+
+
+    def test_wrong_use_is_told_in_the_users_language(self):
+        for words, text in ((["show", "--json=maybe", "x"], "senza valore: --json"),
+                            (["show", "--json=", "x"], "senza valore: --json"),
+                            (["list", "--csv=false", "x"], "senza valore: --csv"),
+                            (["show", "--foo", "--bar=1", "-x", "y"],
+                             "sconosciuto: --foo --bar=1 -x"),
+                            (["index", "bogus", "more words", b"\xe8"],
+                             "sconosciuto: bogus more words \\xe8"),
+                            (["catalogue", "find", b"\xe8"], "valore non valido per TEXT: \\xe8")):
+            result = self.run_kavena(*words, status=2, LC_ALL="it_IT")
+            self.assertIn(text.lower(), result.err.lower().replace("non vuole un ", "senza "))
+
+    def test_help_keeps_its_columns(self):
+        for words in ([], ["list"], ["set"]):
+            shown = self.run_kavena(*words, "--help", status=0).out
+            options = shown[shown.index("Options:\n"):].split("\n\n", maxsplit=1)[0]
+            for line in options.splitlines()[1:]:
+                if len(line.rstrip()) > 23 and not line.startswith("  --sort"):
+                    self.assertRegex(line, r"^.{22} \S", words)
+
+    def test_closed_standard_handles_are_never_given_to_a_file(self):
+        for closed in (">&-", "2>&-", ">&- 2>&-"):
+            process = subprocess.Popen(["sh", "-c", 'exec "$0" show -0 ' + closed, songs.KAVENA],
+                                       stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                       stderr=subprocess.PIPE, cwd=self.music,
+                                       env=self.environment)
+            process.stdin.write(b"x\0" * 40000)  # more than the pipe takes: it reads by now
+            process.stdin.flush()
+            links = [os.readlink(f"/proc/{process.pid}/fd/{handle}") for handle in (1, 2)]
+            self.assertEqual([link == "/dev/null" for link in links],
+                             [">&- " in closed + " " and not closed.startswith("2"),
+                              "2>&-" in closed], closed)
+            process.communicate(timeout=60)
+
+    def test_output_that_is_closed_is_a_failure(self):
+        path = self.write("s.mid", song("X"))
+        before = path.read_bytes()
+        process = subprocess.run(["sh", "-c", 'exec "$0" show s.mid <&- >&-', songs.KAVENA],
+                                 stderr=subprocess.PIPE, cwd=self.music, check=False,
+                                 env=self.environment)
+        self.assertEqual(process.returncode, 1)
+        self.assertIn(b"standard output", process.stderr)
+        self.assertEqual(path.read_bytes(), before)
 
 
 class Terminals(CliTest):
@@ -131,10 +177,12 @@ class Interruptions(CliTest):
                                        stderr=subprocess.PIPE, cwd=self.music,
                                        env=self.environment)
             os.write(writer, b"a.mid\0")
+            # Until it has taken what there is, and sleeps since it waits for more.
             deadline = time.monotonic() + 30
-            while select.select([reader], [], [], 0)[0] and time.monotonic() < deadline:
-                time.sleep(0.01)  # until it has taken what there is, and waits for more
-            time.sleep(0.05)
+            state = pathlib.Path(f"/proc/{process.pid}/stat")
+            while (select.select([reader], [], [], 0)[0] or
+                   state.read_text().rsplit(")", 1)[1].split()[0] != "S"):
+                self.assertLess(time.monotonic(), deadline, "it does not wait")
             process.send_signal(signum)
             self.assertIn(b"Stopped", process.communicate(timeout=30)[1])
             self.assertEqual(process.returncode, 3)
@@ -181,6 +229,60 @@ class Interruptions(CliTest):
             return os.read(terminal, 4096)
         except OSError:  # the program has closed its side
             return b""
+
+    def test_interrupt_stops_an_index_run(self):
+        card = self.card
+        for number in range(50):
+            self.write(f"{number}.mid", song(f"T{number}"), card)
+        self.write("averylongname.mid", song("Long"), card)
+        for command, status in (("rebuild", 1), ("update", 3)):
+            before = self.snapshot(card)
+            ours, theirs = pty.openpty()
+            process = subprocess.Popen([songs.KAVENA, "index", command, card], stdin=theirs,
+                                       stderr=theirs, stdout=subprocess.PIPE,
+                                       env=self.environment)
+            os.close(theirs)
+            said = b""
+            while not said.endswith(b"] "):  # it asks whether to rename the song
+                said += os.read(ours, 4096)
+            process.send_signal(signal.SIGINT)
+            while chunk := self.read_on(ours):
+                said += chunk
+            os.close(ours)
+            process.communicate(timeout=60)
+            self.assertEqual(process.returncode, status, said)
+            self.assertIn(b"Stopped", said)
+            if command == "rebuild":
+                self.assertEqual([path.name for path in card.glob("*.idx")], [])
+                self.assertIn(b"no complete song index", said)
+                self.run_kavena("index", "update", "--rename", "no", card, status=0)
+                self.assertEqual(self.judge_memory(), "")
+            else:
+                self.assertEqual(self.snapshot(card), before)
+            self.write("new.mid", song("New"), card)
+
+    def test_interrupt_stops_a_check(self):
+        for number in range(4000):
+            self.write(f"{number % 50}/{number}.mid", song(), self.card)
+        self.run_kavena("index", "rebuild", self.card, status=0)
+        # The signal may come too late on a busy machine, but not each time.
+        results = [self.interrupted_check() for _ in range(10)]
+        self.assertIn((3, b"kavena: Stopped\n"), results)
+        self.assertLessEqual(set(results), {(3, b"kavena: Stopped\n"), (0, b"")})
+
+    def interrupted_check(self):
+        process = subprocess.Popen([songs.KAVENA, "index", "check", self.card],
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                   env=self.environment)
+        caught = 0
+        while not caught & (1 << (signal.SIGINT - 1)) and process.poll() is None:
+            with open(f"/proc/{process.pid}/status", encoding="ascii") as status:
+                caught = int(next(line for line in status
+                                  if line.startswith("SigCgt")).split()[1], 16)
+        process.send_signal(signal.SIGINT)
+        out, err = process.communicate(timeout=60)
+        self.assertEqual(out, b"")
+        return process.returncode, err
 
     def test_full_standard_output_is_a_failure(self):
         self.write("s.mid", song())

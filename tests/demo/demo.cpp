@@ -4,11 +4,13 @@
 #include "app/mainwindow.h"
 #include "app/startup.h"
 #include "library/database.h"
+#include "support/planwindow.h"
 #include "support/samplesongs.h"
 #include "support/userdriver.h"
 #include "windows/backupdialog.h"
 #include "windows/dataeditdialog.h"
 #include "windows/indexdialog.h"
+#include "windows/memorywindow.h"
 #include "windows/nocopyrightdialog.h"
 #include "windows/songslistdialog.h"
 
@@ -44,6 +46,7 @@ public:
 
     bool gatherSongs();
     void runJob(const QString &language);
+    void lookAtMemory();
     void showInfoWindows();
     void trigger(const char *action);
     void shoot(const QString &name);
@@ -53,6 +56,7 @@ private:
     bool answerBackup(QWidget *window);
     bool answerQuestion(QWidget *window);
     bool answerEdit(QWidget *window);
+    bool answerPlan(QWidget *window);
     bool answerMemory(QWidget *window);
     bool answerSongsList(QWidget *window);
     bool answerOther(QWidget *window);
@@ -129,6 +133,10 @@ bool Demo::gatherSongs()
                                              {QFileInfo(midi[i]).completeBaseName(),
                                               QStringLiteral("OpenMSX"), QStringLiteral("Jazz")}));
     }
+    // One song is on the memory already, and not among those that are chosen.
+    const QString old = m_card + QStringLiteral("/songs/OLDSONG.MID");
+    ok = ok && QDir().mkpath(m_card + QStringLiteral("/songs")) &&
+         samplesongs::makeMidi(old, tunes[0].abc);
     say(QStringLiteral("Gathered %1 songs").arg(m_songs.size()));
     return ok && midi.size() >= installedSongs;
 }
@@ -138,6 +146,7 @@ void Demo::addAnswers()
     m_user.add([this](QWidget *window) { return answerBackup(window); });
     m_user.add([this](QWidget *window) { return answerQuestion(window); });
     m_user.add([this](QWidget *window) { return answerEdit(window); });
+    m_user.add([this](QWidget *window) { return answerPlan(window); });
     m_user.add([this](QWidget *window) { return answerMemory(window); });
     m_user.add([this](QWidget *window) { return answerSongsList(window); });
     m_user.add([this](QWidget *window) { return answerOther(window); });
@@ -184,6 +193,26 @@ bool Demo::answerEdit(QWidget *window)
         clickLater(child<QPushButton>(window, "savePushButton"));
         break;
     }
+    return true;
+}
+
+/** A plan that opened by itself is only looked at; one that was asked for shows all that it can. */
+bool Demo::answerPlan(QWidget *window)
+{
+    if (qobject_cast<TransferPlanDialog *>(window) == nullptr)
+        return false;
+    const PlanWindow plan(window);
+    if (nextStep(window) > 0)
+        return true;
+    if (plan.asAlways->isVisible()) {
+        shoot(QStringLiteral("plan-before-transfer"));
+        clickLater(plan.asAlways);
+        return true;
+    }
+    PlanWindow::click(plan.others);
+    plan.select(plan.group(0));
+    shootOnce(window, QStringLiteral("transferplan"));
+    clickLater(plan.cancel);
     return true;
 }
 
@@ -346,10 +375,51 @@ void Demo::runJob(const QString &language)
     m_user.pick({m_card});
     clickTool("transferFilesToolButton");
 
+    say(QStringLiteral("Look at the plan of the next transfer"));
+    m_user.pick({m_card});
+    trigger("actionTransferPlan");
+
     say(QStringLiteral("Rebuild the memory, save its song list three ways"));
     trigger("optimizeMemory");
     trigger("actionSongsList");
+    lookAtMemory();
     showInfoWindows();
+}
+
+void Demo::lookAtMemory()
+{
+    say(QStringLiteral("Look at the memory"));
+    trigger("actionMemory");
+    MemoryWindow *window = nullptr;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *const shown : windows) {
+        if (auto *const memory = qobject_cast<MemoryWindow *>(shown))
+            window = memory;
+    }
+    const auto click = [window](const char *button) {
+        if (button != nullptr)
+            child<QPushButton>(window, button)->click();
+        QTest::qWait(0);
+        if (!QTest::qWaitFor([window] { return !window->job().isRunning(); }, 60000))
+            qFatal("the memory is not read");
+        QTest::qWait(0);
+    };
+    auto *const tabs = child<QTabWidget>(window, "tabs");
+    click("pushButtonReload");
+    child<QTableView>(window, "songsTableView")->selectRow(1);
+    QTest::qWait(0); // the labels get room for their texts
+    document(window, QStringLiteral("memorysongs"));
+    shoot(QStringLiteral("memory-songs"));
+    tabs->setCurrentIndex(2);
+    click("pushButtonFindDuplicates");
+    document(window, QStringLiteral("memoryduplicates"));
+    shoot(QStringLiteral("memory-duplicates"));
+    tabs->setCurrentIndex(3);
+    click("pushButtonCheck");
+    document(window, QStringLiteral("memorycheck"));
+    shoot(QStringLiteral("memory-check"));
+    tabs->setCurrentIndex(0);
+    window->close();
 }
 
 void Demo::showInfoWindows()

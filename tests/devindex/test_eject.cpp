@@ -27,6 +27,7 @@ public:
     {
     }
 
+    bool isAvailable() const override { return true; }
     Result eject(const QString &place) override
     {
         asked = place;
@@ -46,10 +47,15 @@ class TestEject : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { m_log.emplace(); }
+    void init()
+    {
+        m_log.emplace();
+        qputenv("KAVENA_MOUNT_DIRS", QFile::encodeName(QDir::tempPath()));
+    }
     void cleanup()
     {
         m_bus.stopService();
+        qunsetenv("KAVENA_MOUNT_DIRS");
         m_log.reset();
     }
 
@@ -71,6 +77,7 @@ private slots:
     void onlyAYesOfTheSystemIsSuccess();
     void folderThatIsNoMemoryIsRefused_data();
     void folderThatIsNoMemoryIsRefused();
+    void mountPointElsewhereIsRefused();
     void memoryThatIsWrittenToIsRefused();
     void programThatKeepsTheMemoryIsNamed();
 
@@ -97,6 +104,7 @@ void TestEject::driveIsPoweredOffAfterTheUnmount()
 void TestEject::driveThatCannotBePoweredOffIsEjected()
 {
     QVERIFY(start({{QStringLiteral("ejectable"), true}}));
+    QVERIFY(UdisksEjector().isAvailable());
     QCOMPARE(UdisksEjector().eject(mountPoint).outcome, Outcome::Ejected);
     QCOMPARE(m_bus.calls(), QStringList({QStringLiteral("Unmount"), QStringLiteral("Eject")}));
 }
@@ -160,6 +168,7 @@ void TestEject::folderThatIsNotMountedIsNoDevice()
 
 void TestEject::withoutServiceNothingIsDone()
 {
+    QVERIFY(!UdisksEjector().isAvailable());
     QCOMPARE(UdisksEjector().eject(mountPoint).outcome, Outcome::NoService);
 }
 
@@ -192,6 +201,8 @@ void TestEject::toolOfTheOtherSystem()
 
 void TestEject::toolThatIsMissing()
 {
+    QVERIFY(!DiskutilEjector(QStringLiteral("/no/such/tool")).isAvailable());
+    QVERIFY(DiskutilEjector(QStringLiteral("sh")).isAvailable());
     QCOMPARE(DiskutilEjector(QStringLiteral("/no/such/tool")).eject(mountPoint).outcome,
              Outcome::NoService);
 }
@@ -231,6 +242,7 @@ void TestEject::folderThatIsNoMemoryIsRefused_data()
     QTest::addColumn<QString>("folder");
     QTest::newRow("system disk") << QStringLiteral("/");
     QTest::newRow("any folder") << QDir::tempPath();
+    QTest::newRow("file system of the computer") << QStringLiteral("/proc");
     QTest::newRow("no folder") << QStringLiteral("/no/such/folder");
     QTest::newRow("nothing") << QString();
 }
@@ -245,6 +257,24 @@ void TestEject::folderThatIsNoMemoryIsRefused()
     const Eject::Report report = Eject(ejector).run(folder);
     QVERIFY(!report.isEjected && !report.text.isEmpty());
     QVERIFY(ejector.asked.isNull());
+}
+
+void TestEject::mountPointElsewhereIsRefused()
+{
+    const QTemporaryDir folder;
+    const SmallMemory memory(folder.path(), 0, "size=64k");
+    if (!memory.isMounted())
+        QSKIP("needs root");
+    const QTemporaryDir links;
+    const QString link = links.filePath(QStringLiteral("CARD"));
+    QVERIFY(QFile::link(folder.path(), link));
+    qputenv("KAVENA_MOUNT_DIRS", QFile::encodeName(links.path()));
+    for (const QString &path : {folder.path(), link}) {
+        FakeEjector ejector{Outcome::Ejected};
+        const Eject::Report report = Eject(ejector).run(path);
+        QVERIFY2(!report.isEjected && !report.text.isEmpty(), qPrintable(path));
+        QVERIFY(ejector.asked.isNull());
+    }
 }
 
 void TestEject::memoryThatIsWrittenToIsRefused()

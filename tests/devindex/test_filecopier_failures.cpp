@@ -13,6 +13,7 @@
 #include <QTimer>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace copyfixture;
 
@@ -37,6 +38,7 @@ private slots:
     void unreadableSourceKeepsTheTarget_data();
     void unreadableSourceKeepsTheTarget();
     void folderInTheTargetsPlaceStays();
+    void pipeInTheTargetsPlaceIsNotWaitedFor();
     void missingDestinationFailsEveryFile();
     void incompleteCopyIsRemoved();
     void targetStaysUntilItsSuccessorIsWhole();
@@ -131,6 +133,17 @@ void TestFileCopierFailures::folderInTheTargetsPlaceStays()
     QVERIFY(QDir().mkdir(m_dest + QStringLiteral("/a.mid")));
     QVERIFY(!copy({source}, {Answer::Yes}));
     QVERIFY(QFileInfo(m_dest + QStringLiteral("/a.mid")).isDir());
+}
+
+void TestFileCopierFailures::pipeInTheTargetsPlaceIsNotWaitedFor()
+{
+    const QString source = write(QStringLiteral("lib/a.mid"), "a");
+    const QString target = m_dest + QStringLiteral("/a.mid");
+    QCOMPARE(mkfifo(QFile::encodeName(target).constData(), 0644), 0);
+    ::alarm(20); // ends the program if it waits for somebody to write into the pipe
+    QVERIFY(copy({source}, {Answer::Yes}));
+    ::alarm(0);
+    QCOMPARE(read(QStringLiteral("dest/a.mid")), QByteArray("a"));
 }
 
 void TestFileCopierFailures::missingDestinationFailsEveryFile()

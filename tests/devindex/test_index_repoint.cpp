@@ -110,6 +110,8 @@ private slots:
     void playlistThatCannotBeWrittenLeavesNoIndex();
     void writeProtectedPlaylistIsPointedAtItsSongs();
     void pathsOutsideLatin1AreFound();
+    void renamedSongsStayInThePlaylists_data();
+    void renamedSongsStayInThePlaylists();
 
 private:
     std::optional<LogCapture> m_log;
@@ -286,6 +288,52 @@ void TestIndexRepoint::pathsOutsideLatin1AreFound()
     QCOMPARE(memory.playlistFaults(), QString());
     QCOMPARE(memory.read(playlistSongs),
              playlist({memory.idOf("koz.mid"), memory.idOf(name), memory.idOf("b.mid")}));
+}
+
+void TestIndexRepoint::renamedSongsStayInThePlaylists_data()
+{
+    QTest::addColumn<bool>("rebuild");
+    QTest::newRow("update") << false;
+    QTest::newRow("rebuild") << true;
+}
+
+void TestIndexRepoint::renamedSongsStayInThePlaylists()
+{
+    QFETCH(bool, rebuild);
+    DeviceMemory memory;
+    for (const char *name : {"b.mid", "folder with a long name/c.mid", "long song name one.mid"})
+        memory.add(QString::fromUtf8(name), song("same title"));
+    memory.add(QStringLiteral("playlist/playlist.dat"),
+               QByteArray("\x01", 1) + QByteArray(31, '\0'));
+    QVERIFY(Index().createIndex(memory.root()));
+    memory.add(playlistSongs, playlist({2, 0, 1}));
+
+    Index index;
+    index.setRenameQuestion([](const QString &, const QString &) { return Answer::YesToAll; });
+    QVERIFY(rebuild ? index.createIndex(memory.root()) : index.updateIndex(memory.root()));
+    QVERIFY(!QFileInfo::exists(memory.path(QStringLiteral("long song name one.mid"))));
+    const auto pathsOfPlaylist = [&memory] {
+        QStringList paths;
+        Index loaded;
+        loaded.rootPath = memory.root();
+        if (loaded.loadAllIndexFile() < 0)
+            return paths;
+        const QByteArray records = memory.read(playlistSongs);
+        for (qsizetype at = 0; at < records.size(); at += 32) {
+            const auto id = qFromBigEndian<quint32>(records.constData() + at);
+            for (const SongInfoIndex &entry : std::as_const(loaded.entries)) {
+                if (entry.id == id)
+                    paths.append(entry.path);
+            }
+        }
+        return paths;
+    };
+    const QStringList wanted{QStringLiteral("/longso-1.mid"), QStringLiteral("/b.mid"),
+                             QStringLiteral("/folder-1/c.mid")};
+    QCOMPARE(pathsOfPlaylist(), wanted);
+    // The next rebuild knows them by their new names, too.
+    QVERIFY(Index().createIndex(memory.root()));
+    QCOMPARE(pathsOfPlaylist(), wanted);
 }
 
 QTEST_GUILESS_MAIN(TestIndexRepoint)

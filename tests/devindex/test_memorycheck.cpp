@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <optional>
+#include <sys/stat.h>
 
 using namespace songbytes;
 
@@ -27,9 +28,18 @@ private slots:
     void shortAndLongFilesAreSeenAsTheTwinDoes();
     void removedChangedAndUnlistedSongsAreNamed();
     void lostPlaylistSongsAreNamed();
+    void listedPlaylistWithoutAFileIsNamed();
+    void playlistThatIsListedOftenIsCheckedOnce();
+    void findingsOfAKindAreLimited();
+    void stopIsAskedWithinALongPlaylist();
     void hugeFilesAreNotRead();
+    void songWithOtherContentAndTheOldTimeIsNamed();
+    void songThatThePlayerCannotFindIsNamed();
+    void pipeInPlaceOfAPlaylistIsNotRead();
+    void foldersThatSeveralLinksLeadToAreInOrder();
 
 private:
+    static QStringList findingsOf(const DeviceMemory &memory);
     static void fill(const DeviceMemory &memory);
     static QStringList twinFindings(const DeviceMemory &memory);
     static void compareWithTwin(const DeviceMemory &memory, const QByteArray &where);
@@ -67,7 +77,11 @@ QStringList TestMemoryCheck::twinFindings(const DeviceMemory &memory)
 void TestMemoryCheck::compareWithTwin(const DeviceMemory &memory, const QByteArray &where)
 {
     const QStringList lines = twinFindings(memory);
-    const QList<MemoryCheck::Finding> findings = MemoryCheck(memory.root()).run();
+    QList<MemoryCheck::Finding> findings = MemoryCheck(memory.root()).run();
+    // The twin does not read songs.
+    findings.removeIf([](const MemoryCheck::Finding &finding) {
+        return finding.kind == MemoryCheck::Kind::OtherSong;
+    });
     // The twin prints its first hundred lines only.
     QVERIFY2(lines.size() == qMin(findings.size(), qsizetype{100}),
              where + ": " + QByteArray::number(findings.size()) + " findings for " +
@@ -109,7 +123,7 @@ void TestMemoryCheck::missingFileIsNoIndex()
         memory.remove(name);
         const QList<MemoryCheck::Finding> findings = MemoryCheck(memory.root()).run();
         QCOMPARE(findings.size(), 1);
-        QCOMPARE(MemoryCheck::nameOf(findings.constFirst().kind), "no-index");
+        QCOMPARE(CheckFinding::nameOf(findings.constFirst().kind), "no-index");
         QCOMPARE(findings.constFirst().path, name);
     }
 }
@@ -170,7 +184,7 @@ void TestMemoryCheck::removedChangedAndUnlistedSongsAreNamed()
     memory.remove(QStringLiteral("d.mp3"));
     QStringList found;
     for (const MemoryCheck::Finding &finding : MemoryCheck(memory.root()).run())
-        found.append(QString::fromUtf8(MemoryCheck::nameOf(finding.kind)) + finding.path);
+        found.append(QString::fromUtf8(CheckFinding::nameOf(finding.kind)) + finding.path);
     found.sort();
     QCOMPARE(found, QStringList({QStringLiteral("changed-song/a.mid"),
                                  QStringLiteral("missing-song/d.mp3"),
@@ -186,10 +200,77 @@ void TestMemoryCheck::lostPlaylistSongsAreNamed()
     memory.add(QStringLiteral("playlist/play0001.dat"), QByteArray(40, '\x01'));
     const QList<MemoryCheck::Finding> findings = MemoryCheck(memory.root()).run();
     QCOMPARE(findings.size(), 2);
-    QCOMPARE(MemoryCheck::nameOf(findings.at(0).kind), "wrong-size");
-    QCOMPARE(MemoryCheck::nameOf(findings.at(1).kind), "unknown-song-in-playlist");
+    QCOMPARE(CheckFinding::nameOf(findings.at(0).kind), "wrong-size");
+    QCOMPARE(CheckFinding::nameOf(findings.at(1).kind), "unknown-song-in-playlist");
     QCOMPARE(findings.at(1).path, QStringLiteral("playlist/play0001.dat"));
     compareWithTwin(memory, "playlist");
+}
+
+void TestMemoryCheck::listedPlaylistWithoutAFileIsNamed()
+{
+    const DeviceMemory memory;
+    memory.isLeftBroken();
+    fill(memory);
+    memory.add(QStringLiteral("playlist/playlist.dat"),
+               QByteArray("\x01", 1) + QByteArray(31, '\0') + "\x02" + QByteArray(31, '\0'));
+    QCOMPARE(findingsOf(memory),
+             QStringList(QStringLiteral("missing-playlist playlist/play0002.dat")));
+    compareWithTwin(memory, "playlist without a file");
+}
+
+void TestMemoryCheck::playlistThatIsListedOftenIsCheckedOnce()
+{
+    const DeviceMemory memory;
+    memory.isLeftBroken();
+    fill(memory);
+    memory.add(QStringLiteral("playlist/playlist.dat"),
+               (QByteArray("\x01", 1) + QByteArray(31, '\0')).repeated(50));
+    memory.add(QStringLiteral("playlist/play0001.dat"), QByteArray(qsizetype{32} * 3, '\x01'));
+    QCOMPARE(findingsOf(memory).size(), 3);
+    compareWithTwin(memory, "playlist that is listed often");
+}
+
+void TestMemoryCheck::findingsOfAKindAreLimited()
+{
+    const DeviceMemory memory;
+    memory.isLeftBroken();
+    fill(memory);
+    constexpr int songs = 200000;
+    memory.add(QStringLiteral("playlist/play0001.dat"), QByteArray(qsizetype{32} * songs, '\x01'));
+    memory.add(QStringLiteral("index.idx"), QByteArray(qsizetype{64} * 5000, '\x02'));
+    QHash<CheckFinding::Kind, int> kept;
+    QHash<CheckFinding::Kind, qint64> meant;
+    QString last;
+    for (const MemoryCheck::Finding &finding : MemoryCheck(memory.root()).run()) {
+        ++kept[finding.kind];
+        meant[finding.kind] += finding.count;
+        if (finding.kind == CheckFinding::Kind::UnknownSongInPlaylist)
+            last = finding.text;
+    }
+    for (const int count : std::as_const(kept))
+        QVERIFY(count <= CheckFindings::mostOfAKind);
+    QCOMPARE(kept.value(CheckFinding::Kind::UnknownSongInPlaylist), CheckFindings::mostOfAKind);
+    QCOMPARE(meant.value(CheckFinding::Kind::UnknownSongInPlaylist), qint64{songs});
+    QVERIFY(meant.value(CheckFinding::Kind::BadRecord) > 5000);
+    QVERIFY2(last.contains(QString::number(songs - CheckFindings::mostOfAKind)), qPrintable(last));
+}
+
+void TestMemoryCheck::stopIsAskedWithinALongPlaylist()
+{
+    const DeviceMemory memory;
+    memory.isLeftBroken();
+    fill(memory);
+    memory.add(QStringLiteral("playlist/play0001.dat"), QByteArray(qsizetype{32} * 900, '\x01'));
+    int asked = 0;
+    MemoryCheck(memory.root()).run([&asked] {
+        ++asked;
+        return false;
+    });
+    const int all = asked;
+    asked = 0;
+    const auto findings = MemoryCheck(memory.root()).run([&] { return ++asked > all - 400; });
+    QVERIFY(findings.isEmpty());
+    QCOMPARE(asked, all - 399); // once it was stopped it does not ask again
 }
 
 void TestMemoryCheck::hugeFilesAreNotRead()
@@ -202,6 +283,70 @@ void TestMemoryCheck::hugeFilesAreNotRead()
     QVERIFY(file.open(QFile::ReadWrite) && file.resize(qint64{1} << 36));
     file.close();
     QVERIFY(!MemoryCheck(memory.root()).run().isEmpty());
+}
+
+/** Kind and path of each. */
+QStringList TestMemoryCheck::findingsOf(const DeviceMemory &memory)
+{
+    QStringList found;
+    const QList<MemoryCheck::Finding> findings = MemoryCheck(memory.root()).run();
+    for (const MemoryCheck::Finding &finding : findings)
+        found.append(QString::fromLatin1(CheckFinding::nameOf(finding.kind)) + QLatin1Char(' ') +
+                     finding.path);
+    return found;
+}
+
+void TestMemoryCheck::songWithOtherContentAndTheOldTimeIsNamed()
+{
+    const DeviceMemory memory;
+    fill(memory);
+    const QString path = memory.path(QStringLiteral("x/b.mid"));
+    const QDateTime time = QFileInfo(path).lastModified();
+    memory.add(QStringLiteral("x/b.mid"), midiFile({track(metaEvent(3, "Other") + notes())}));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(time, QFileDevice::FileModificationTime));
+    file.close();
+    QCOMPARE(findingsOf(memory), QStringList(QStringLiteral("other-song /x/b.mid")));
+}
+
+void TestMemoryCheck::songThatThePlayerCannotFindIsNamed()
+{
+    const DeviceMemory memory;
+    fill(memory);
+    const QString name =
+        QStringLiteral("folder12/folder34/folder56/folder78/folder90/song.mid"); // 53 with "/"
+    memory.add(name, midiFile({track(notes())}));
+    QCOMPARE(findingsOf(memory), QStringList(QStringLiteral("too-long-path /") + name));
+}
+
+void TestMemoryCheck::pipeInPlaceOfAPlaylistIsNotRead()
+{
+    const DeviceMemory memory;
+    memory.isLeftBroken();
+    fill(memory);
+    const QString playlist = memory.path(QStringLiteral("playlist/play0001.dat"));
+    QVERIFY(QFile::remove(playlist));
+    QCOMPARE(::mkfifo(QFile::encodeName(playlist).constData(), 0600), 0);
+    QCOMPARE(findingsOf(memory),
+             QStringList(QStringLiteral("missing-playlist playlist/play0001.dat")));
+}
+
+void TestMemoryCheck::foldersThatSeveralLinksLeadToAreInOrder()
+{
+    DeviceMemory memory;
+    memory.isJudgedWith({QStringLiteral("--follow-links")});
+    fill(memory);
+    constexpr int folders = 12;
+    for (int i = 0; i < folders; ++i)
+        memory.add(QStringLiteral("f%1/s%1.mid").arg(i), midiFile({track(notes())}));
+    for (int from = 0; from < folders; ++from) {
+        for (int to = 0; to < folders; ++to)
+            QVERIFY(QFile::link(memory.path(QStringLiteral("f%1").arg(to)),
+                                memory.path(QStringLiteral("f%1/l%2").arg(from).arg(to))));
+    }
+    QVERIFY(Index().createIndex(memory.root()));
+    QCOMPARE(findingsOf(memory), QStringList());
 }
 
 QTEST_GUILESS_MAIN(TestMemoryCheck)

@@ -6,7 +6,10 @@
 
 #include <QTest>
 
+#include <array>
+#include <fcntl.h>
 #include <optional>
+#include <sys/stat.h>
 
 using namespace songbytes;
 
@@ -19,6 +22,7 @@ private slots:
     void cleanup() { m_log.reset(); }
 
     void wholeIndexPasses();
+    void timeJustBeforeASecondIsNotRoundedUp();
     void missingFileIsNoIndex();
     void everyChangedByteIsSeen_data();
     void everyChangedByteIsSeen();
@@ -55,6 +59,18 @@ void TestMemoryChecker::wholeIndexPasses()
 {
     const DeviceMemory memory;
     fill(memory);
+    QCOMPARE(memory.faults(), QString());
+}
+
+void TestMemoryChecker::timeJustBeforeASecondIsNotRoundedUp()
+{
+    const DeviceMemory memory;
+    fill(memory);
+    const timespec almost{1795334084, 999999999};
+    const std::array times{almost, almost};
+    const QByteArray path = QFile::encodeName(memory.path(QStringLiteral("a.mid")));
+    QCOMPARE(::utimensat(AT_FDCWD, path.constData(), times.data(), 0), 0);
+    QVERIFY(Index().updateIndex(memory.root()));
     QCOMPARE(memory.faults(), QString());
 }
 

@@ -60,6 +60,7 @@ private slots:
     void songsStandInThePlayersOrder();
     void songThatIsGoneIsLost();
     void listWithoutAPlaylistFileIsNotReadable();
+    void playlistsBeyondAllMeasureAreNotRead();
     void memoryWithoutPlaylists();
     void hostileList_data();
     void hostileList();
@@ -115,6 +116,29 @@ void TestMemoryPlaylists::listWithoutAPlaylistFileIsNotReadable()
         QVERIFY(!list.isReadable);
         QVERIFY(list.songs.isEmpty());
     }
+}
+
+/** Files with holes need no room on the medium, and could fill the computer's memory. */
+void TestMemoryPlaylists::playlistsBeyondAllMeasureAreNotRead()
+{
+    constexpr int many = 18;
+    const ThreeSongs memory;
+    memory.isLeftBroken();
+    QByteArray list;
+    for (int number = 1; number <= many; ++number) {
+        list += listRecord(0, static_cast<char>(number));
+        QFile file(memory.add(
+            QStringLiteral("playlist/play%1.dat").arg(number, 4, 10, QLatin1Char('0')), {}));
+        QVERIFY(file.open(QFile::ReadWrite) && file.resize(qint64{32} * 70000));
+    }
+    memory.add(QStringLiteral("playlist/playlist.dat"), list);
+    const QList<MemoryPlaylist> lists = memory.playlists();
+    QCOMPARE(lists.size(), many);
+    qsizetype songs = 0;
+    for (const MemoryPlaylist &playlist : lists)
+        songs += playlist.songs.size();
+    QVERIFY(songs >= mostPlaylistSongs && songs < mostPlaylistSongs + SongInfoIndex::maxSongs);
+    QVERIFY(lists.constFirst().isReadable && !lists.constLast().isReadable);
 }
 
 void TestMemoryPlaylists::memoryWithoutPlaylists()

@@ -45,6 +45,7 @@ private slots:
     void cleanup() { QuietIndexFixture::cleanup(); }
 
     void everySongOfAFreshIndexIsIndexed();
+    void songIsAsListedUntilItIsChanged();
     void stateTellsWhatThePlayerDoesNotShow();
     void songsOfAMemoryWithoutIndexAreReadFromTheirFiles();
     void songWithoutTextsShowsOnlyItsName();
@@ -78,6 +79,28 @@ void TestMemorySongs::everySongOfAFreshIndexIsIndexed()
     QCOMPARE(song->info.artist, QStringLiteral("MORANDI"));
     QCOMPARE(song->info.fullPath, memory.path(QStringLiteral("pop/Ciao.mp3")));
     QCOMPARE(memory.snapshot(), before);
+}
+
+void TestMemorySongs::songIsAsListedUntilItIsChanged()
+{
+    const DeviceMemory memory;
+    const QString file = QStringLiteral("a.mid");
+    const auto listed = [&] {
+        MemorySongs songs(memory.root());
+        readAll(songs);
+        return songs.songs().constFirst();
+    };
+    memory.add(file, midi("Title"));
+    const MemorySong song = listed();
+    QVERIFY(isAsListed(song));
+    memory.add(file, midi("Longer title"));
+    QVERIFY(!isAsListed(song)); // the same time, another size
+    memory.add(file, midi("Title"));
+    QVERIFY(isAsListed(song));
+    memory.setTime(file, DeviceMemory::defaultTime().addSecs(60));
+    QVERIFY(!isAsListed(song));
+    memory.remove(file);
+    QVERIFY(!isAsListed(song));
 }
 
 void TestMemorySongs::stateTellsWhatThePlayerDoesNotShow()

@@ -55,6 +55,10 @@ private slots:
     void withoutReviewEverythingIsAsAlways();
     void canceledReviewTouchesNothing();
     void answersOfAReviewAreCarriedOut();
+    void planThatOpensByItselfReplacesNothing();
+    void replacedSongsAreNamed();
+    void picturesOfAReplacedSongGo();
+    void picturesThatStayAreTold();
     void usersWithoutReviewGetNoPlan();
 
     void copiesThatCannotBeReadBackHaveFailed_data();
@@ -320,6 +324,67 @@ void TestPlanExecution::answersOfAReviewAreCarriedOut()
     QCOMPARE(transfer({song(QStringLiteral("x/a.mid"), "A"), song(QStringLiteral("y/a.mid"), "B")}),
              Transfer::Outcome::Complete);
     QCOMPARE(m_card->read(QStringLiteral("pop/y/a.mid")), MountedCard::midi("B"));
+}
+
+void TestPlanExecution::planThatOpensByItselfReplacesNothing()
+{
+    onCard(QStringLiteral("pop/b.mid"), "OLD");
+    const QStringList files = {song(QStringLiteral("x/a.mid"), "ONE"),
+                               song(QStringLiteral("y/a.mid"), "OTHER"),
+                               song(QStringLiteral("b.mid"), "NEWER")};
+    m_user->review = TransferUser::Review::CarryOut;
+    QCOMPARE(transfer(files), Transfer::Outcome::Complete);
+    QCOMPARE(m_card->read(QStringLiteral("pop/b.mid")), MountedCard::midi("OLD"));
+    QCOMPARE(m_card->read(QStringLiteral("pop/a-1.mid")), MountedCard::midi("OTHER"));
+    QVERIFY(m_user->skippedLines.contains(
+        QStringLiteral("b.mid: esisteva già e non è stata sostituita")));
+    // A plan that was asked for proposes it.
+    const std::optional<TransferPlan> asked =
+        Transfer(*m_user, progress()).planTransfer(files, false);
+    QVERIFY(asked.has_value());
+    QCOMPARE(asked->items.at(2).remedy, Remedy::Replace);
+}
+
+void TestPlanExecution::replacedSongsAreNamed()
+{
+    onCard(QStringLiteral("pop/b.mid"), "OLD");
+    const TransferPlan made =
+        plan({song(QStringLiteral("a.mid"), "NEW"), song(QStringLiteral("b.mid"), "NEWER")});
+    QCOMPARE(carryOut(made), Transfer::Outcome::Complete);
+    QCOMPARE(m_user->skippedLines, QStringList(QStringLiteral("b.mid: sostituita")));
+}
+
+void TestPlanExecution::picturesOfAReplacedSongGo()
+{
+    const QString source = m_card->writeMusic(QStringLiteral("k.mp3"), "other music");
+    const QString same = m_card->writeMusic(QStringLiteral("same.mp3"), "same music");
+    const QString own = m_card->writeMusic(QStringLiteral("own.mp3"), "new music of its own");
+    m_card->writeMusic(QStringLiteral("own.cdg"), "new pictures");
+    for (const char *const name : {"k", "same", "own"}) {
+        m_card->writeOnCard(QStringLiteral("pop/%1.mp3").arg(QLatin1String(name)), "same music");
+        m_card->writeOnCard(QStringLiteral("pop/%1.cdg").arg(QLatin1String(name)), "pictures");
+    }
+    QCOMPARE(carryOut(plan({source, same, own})), Transfer::Outcome::Complete);
+    QCOMPARE(m_card->read(QStringLiteral("pop/k.mp3")), QByteArray("other music"));
+    QVERIFY(!QFileInfo::exists(m_card->path(QStringLiteral("pop/k.cdg"))));
+    QCOMPARE(m_card->read(QStringLiteral("pop/same.cdg")), QByteArray("pictures"));
+    QCOMPARE(m_card->read(QStringLiteral("pop/own.cdg")), QByteArray("new pictures"));
+    QCOMPARE(m_user->skippedLines, QStringList({QStringLiteral("k.mp3: sostituita"),
+                                                QStringLiteral("own.mp3: sostituita"),
+                                                QStringLiteral("k.cdg: rimossa")}));
+}
+
+void TestPlanExecution::picturesThatStayAreTold()
+{
+    const QString source = m_card->writeMusic(QStringLiteral("k.mp3"), "other music");
+    const QString elsewhere = m_card->writeMusic(QStringLiteral("pictures"), "pictures");
+    m_card->writeOnCard(QStringLiteral("pop/k.mp3"), "music");
+    QVERIFY(QFile::link(elsewhere, m_card->path(QStringLiteral("pop/k.cdg"))));
+    QCOMPARE(carryOut(plan({source})), Transfer::Outcome::Incomplete);
+    QVERIFY(QFileInfo::exists(elsewhere));
+    QCOMPARE(m_user->failedNames,
+             QStringList(
+                 QStringLiteral("k.cdg: restano le immagini della song che è stata sostituita")));
 }
 
 void TestPlanExecution::usersWithoutReviewGetNoPlan()

@@ -32,6 +32,8 @@ private slots:
     void songThatCannotBeRemovedIsNamed();
     void nothingGoesWhenACopyFailed();
     void nothingGoesAfterAStop();
+    void stopLeavesTheRestOfTheSongs();
+    void stopBeforeTheFirstSongLeavesAll();
     void nothingGoesWhenTheCountsStay();
     void nothingGoesThatIsNoRemoval();
 
@@ -269,6 +271,40 @@ void TestPlanExecutionRemoval::nothingGoesAfterAStop()
     QVERIFY(isThere(QStringLiteral("pop/a.mid")));
     QVERIFY(m_user->failedNames.contains(
         QStringLiteral("a.mid: non rimossa, la copia è stata interrotta")));
+}
+
+void TestPlanExecutionRemoval::stopLeavesTheRestOfTheSongs()
+{
+    for (const char *const name : {"a", "b", "c"})
+        onCard(QStringLiteral("pop/%1.mid").arg(QLatin1String(name)), name);
+    QVERIFY(updateIndex());
+    m_onUpdate = [](CopyingProgress &progress, int done) { progress.canceled = done == 1; };
+    QCOMPARE(carryOut(ticked()), Transfer::Outcome::Incomplete);
+    QVERIFY(!isThere(QStringLiteral("pop/a.mid")));
+    QVERIFY(isThere(QStringLiteral("pop/b.mid")));
+    QVERIFY(isThere(QStringLiteral("pop/c.mid")));
+    QCOMPARE(m_user->failedNames,
+             QStringList({QStringLiteral("b.mid: non rimossa, la rimozione è stata interrotta"),
+                          QStringLiteral("c.mid: non rimossa, la rimozione è stata interrotta")}));
+    QCOMPARE(m_user->skippedLines, QStringList(QStringLiteral("a.mid: rimossa")));
+    QCOMPARE(m_card->indexedPaths(),
+             QStringList({QStringLiteral("/pop/b.mid"), QStringLiteral("/pop/c.mid")}));
+}
+
+void TestPlanExecutionRemoval::stopBeforeTheFirstSongLeavesAll()
+{
+    onCard(QStringLiteral("pop/a.mid"), "A");
+    QVERIFY(updateIndex());
+    TransferPlan made = ticked();
+    const OpenProgress stopped = [](const QString &, const QString &, int) {
+        auto progress = std::make_unique<CopyingProgress>();
+        progress->canceled = true;
+        return std::unique_ptr<Progress>(std::move(progress));
+    };
+    QCOMPARE(Transfer(*m_user, stopped).carryOut(made), Transfer::Outcome::Incomplete);
+    QVERIFY(isThere(QStringLiteral("pop/a.mid")));
+    QVERIFY(m_card->hasIndex());
+    QCOMPARE(m_card->indexedPaths(), QStringList(QStringLiteral("/pop/a.mid")));
 }
 
 void TestPlanExecutionRemoval::nothingGoesWhenTheCountsStay()

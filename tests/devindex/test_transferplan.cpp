@@ -35,6 +35,7 @@ private slots:
     void replacedSongsGiveTheirRoomBack();
     void indexCountsWhatItWouldHold();
     void reviewIsNeededOnlyWhenSongsWouldBeLostOrDoubled();
+    void quickLookReadsNothingUnderASongsOwnName();
 };
 
 void TestTransferPlan::songsAreNewSameOrDifferent()
@@ -351,6 +352,21 @@ void TestTransferPlan::reviewIsNeededOnlyWhenSongsWouldBeLostOrDoubled()
     QVERIFY(!plan({song(QStringLiteral("same.mid"), "SAME"),
                    song(QStringLiteral("other.mid"), "NEW"), song(QStringLiteral("new.mid"), "N")})
                  .needsReview());
+}
+
+void TestTransferPlan::quickLookReadsNothingUnderASongsOwnName()
+{
+    onCard(QStringLiteral("pop/same.mid"), "OTHER BYTES");
+    onCard(QStringLiteral("pop/longer.mid"), "LONGER THAN IT");
+    TransferPlanner planner(m_card->root(), m_folder);
+    planner.trustNames();
+    const auto made = planner.plan({song(QStringLiteral("same.mid"), "THESE BYTES"),
+                                    song(QStringLiteral("longer.mid"), "SHORTER")},
+                                   *m_progress);
+    QVERIFY(made);
+    QCOMPARE(made->items.at(0).state, State::Same);
+    QCOMPARE(made->items.at(1).state, State::Differs);
+    QVERIFY(!made->needsReview());
 }
 
 QTEST_GUILESS_MAIN(TestTransferPlan)

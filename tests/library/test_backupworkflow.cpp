@@ -1,5 +1,6 @@
 // The backup: its questions and answers handed in, and its copies of whole folders.
 #include "library/librarybackup.h"
+#include "support/journalbytes.h"
 #include "support/logcapture.h"
 #include "support/ownfolders.h"
 #include "support/songfolder.h"
@@ -106,6 +107,7 @@ private slots:
     void folderIsNotCopiedIntoItself();
     void linkedFoldersEnd();
     void existingFilesAreKeptAndFailTheCopy();
+    void songWhoseSaveWasCutOffIsPutBackFirst();
 
 private:
     std::unique_ptr<OwnWorkingFolder> m_work;
@@ -250,6 +252,20 @@ void TestBackupWorkflow::existingFilesAreKeptAndFailTheCopy()
     QCOMPARE(count, 1);
     QCOMPARE(bytesOf(old.fileName()), QByteArray("old"));
     QVERIFY(QFile::exists(m_work->filePath(QStringLiteral("b.mid"))));
+}
+
+void TestBackupWorkflow::songWhoseSaveWasCutOffIsPutBackFirst()
+{
+    const SongFolder songs;
+    const QByteArray before = journalbytes::song(3000, 'a');
+    const QByteArray after = journalbytes::song(3000, '0');
+    const QString path = songs.write(QStringLiteral("a.mid"), after.left(1024) + before.mid(1024));
+    songs.write(QStringLiteral(".a.mid.kavena-journal"), journalbytes::journalOf(before, after));
+    int count = 0;
+    QVERIFY(LibraryBackup::backupDirectory(songs.path(), m_work->path(), count));
+    QCOMPARE(count, 1);
+    QCOMPARE(bytesOf(m_work->filePath(QStringLiteral("a.mid"))), before);
+    QCOMPARE(bytesOf(path), before);
 }
 
 QTEST_GUILESS_MAIN(TestBackupWorkflow)

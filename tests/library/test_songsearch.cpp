@@ -4,8 +4,11 @@
 #include "support/songfolder.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QTest>
 #include <QTimer>
+
+#include <sys/stat.h>
 
 namespace
 {
@@ -31,6 +34,7 @@ private slots:
     void foldersComeFirstAndSorted();
     void searchEndsInLinkedFolders();
     void songThatIsNamedTwiceIsFoundOnce();
+    void treeOf900LevelsIsSearchedInSeconds();
     void searchThatTakesLongCanBeStopped();
 };
 
@@ -64,6 +68,24 @@ void TestSongSearch::songThatIsNamedTwiceIsFoundOnce()
     const SongFolder songs;
     const QString song = songs.bad(s("a.mid"));
     QCOMPARE(found({song, songs.path(), song}), QStringList{song});
+}
+
+/** Following the whole path for links at each level would take several seconds. */
+void TestSongSearch::treeOf900LevelsIsSearchedInSeconds()
+{
+    const SongFolder songs;
+    QString deepest = songs.path();
+    for (int level = 0; level < 900; ++level) {
+        deepest += QLatin1String("/d");
+        QVERIFY(::mkdir(QFile::encodeName(deepest).constData(), 0700) == 0);
+    }
+    QFile song(deepest + QLatin1String("/song.mid"));
+    QVERIFY(song.open(QFile::WriteOnly));
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(found({songs.path()}), QStringList{song.fileName()});
+    const qint64 elapsed = timer.elapsed();
+    QVERIFY2(elapsed < 4000, qPrintable(QString::number(elapsed)));
 }
 
 void TestSongSearch::searchThatTakesLongCanBeStopped()

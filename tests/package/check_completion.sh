@@ -32,6 +32,7 @@ expect "--dry-run" kavena sync --d
 expect "--title" kavena set --t
 expect "--in-line" kavena transfer --i
 expect "--json" kavena index check --j
+expect "--any-folder" kavena index update --a
 expect "yes no" kavena remove --confirm ""
 expect "--confirm" kavena remove --c
 expect "yes no" kavena undo --changed ""

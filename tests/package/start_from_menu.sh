@@ -35,13 +35,22 @@ for _ in $(seq 150); do
   xdotool search --onlyvisible --class "^$(value StartupWMClass)\$" >/dev/null 2>&1 && break
   sleep 0.2
 done
-sleep 1
+
+# It may take a while until the window is painted.
+colours=0
+for _ in $(seq 150); do
+  import -window root screen.png
+  colours=$(convert screen.png -format '%k' info:)
+  if [ "$colours" -ge 50 ] || ! kill -0 $program 2>/dev/null; then
+    break
+  fi
+  sleep 0.2
+done
 if ! kill -0 $program || [ -s "$home/output" ]; then
   echo "FAIL: the program ended or complains: $(cat "$home/output")" >&2
   exit 1
 fi
-import -window root screen.png
-if [ "$(convert screen.png -format '%k' info:)" -lt 50 ]; then
+if [ "$colours" -lt 50 ]; then
   echo "FAIL: no window is to be seen" >&2
   exit 1
 fi

@@ -29,14 +29,15 @@ soon window_named '^RB27 Utility$' ||
   fail "no window appeared: $(cat output.txt; xwininfo -root -tree)"
 soon grep -q 'language=de' config/kavena_pc/kravo.conf || fail "the first start stored no language"
 soon window_has_icon || fail "the window has no icon"
-# What is on the screen has arrived when it does not change any more and the folder button, which is
+# What is on the screen has arrived when two looks in a row see the same and the folder button, which is
 # where the screen is folder-yellow, has its full size.
 folder_button() {
   convert "$1" -fuzz 4% -fill black +opaque '#f5b942' -fill white -opaque '#f5b942' \
     -trim -format '%w %h %X %Y\n' info: | tr -d '+'
 }
 window_painted() {
-  import -window root earlier.png && sleep 0.3 && import -window root before.png
+  [ ! -e before.png ] || mv before.png earlier.png
+  import -window root before.png
   cmp -s earlier.png before.png || return 1
   read -r width height x y < <(folder_button before.png)
   [ "$width" -gt 20 ] && [ "$width" -lt 200 ] && [ "$height" -gt 20 ] && [ "$height" -lt 200 ]

@@ -11,6 +11,27 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace
+{
+
+/** A tag with so many bytes in it; the size is at most 127. */
+QByteArray tag(char version, const QByteArray &content, char flags = 0)
+{
+    return QByteArray("ID3") + version + '\0' + flags + QByteArray(3, '\0') +
+           static_cast<char>(content.size()) + content;
+}
+
+/** Bytes of which no two pieces are the same. */
+QByteArray music(int size)
+{
+    QByteArray bytes("\xFF\xFB");
+    for (int number = 0; bytes.size() < size; ++number)
+        bytes += QByteArray::number(number) + ' ';
+    return bytes.left(size);
+}
+
+} // namespace
+
 class TestLeftovers : public QObject
 {
     Q_OBJECT
@@ -26,16 +47,20 @@ private slots:
     void foldersBelowAreNotTouched();
     void missingFolderIsNoFault();
 
+    void unfinishedNewVersionOfAnMp3Goes_data();
+    void unfinishedNewVersionOfAnMp3Goes();
+    void newVersionThatIsBeingWrittenStays();
+
     void hiddenFilesOfTwoNeverShareAName();
     void fileStaysHeldUnderItsNewName();
     void hiddenFileIsLikeAnyNewFile();
 
 private:
     QString path(const QString &name) const { return m_dir->filePath(name); }
-    void make(const QString &name) const
+    void make(const QString &name, const QByteArray &bytes = "bytes") const
     {
         QFile file(path(name));
-        if (!file.open(QFile::WriteOnly) || file.write("bytes") != 5)
+        if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("cannot make a file for a test");
     }
     QStringList files() const
@@ -129,6 +154,78 @@ void TestLeftovers::missingFolderIsNoFault()
 {
     Leftovers().tidy(path(QStringLiteral("missing")));
     QVERIFY(!QFileInfo::exists(path(QStringLiteral("missing"))));
+}
+
+void TestLeftovers::unfinishedNewVersionOfAnMp3Goes_data()
+{
+    QTest::addColumn<QString>("songName");
+    QTest::addColumn<QByteArray>("song");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("goes");
+
+    const QString usual = QStringLiteral("a.mp3");
+    const QString tmp = QStringLiteral("a.tmp");
+    const QByteArray newTag = tag(3, "new frames");
+    const QByteArray plain = music(250000);
+    const QByteArray song = tag(3, "old") + plain;
+    const auto row = [&](const char *what, const QByteArray &bytes, bool goes) {
+        QTest::newRow(what) << usual << song << tmp << bytes << goes;
+    };
+    row("whole", newTag + plain, true);
+    row("cut off in the audio", newTag + plain.left(150001), true);
+    row("cut off behind the tag", newTag, true);
+    row("tag of version 4", tag(4, "new") + plain.left(9), true);
+    QTest::newRow("song without a tag") << usual << plain << tmp << newTag + plain << true;
+    QTest::newRow("song with a footer")
+        << usual << tag(4, "old", 0x10) + QByteArray("3DI4567890") + plain << tmp
+        << newTag + plain.left(70) << true;
+    QTest::newRow("capitals") << QStringLiteral("b.c.MP3") << song << QStringLiteral("b.c.tmp")
+                              << newTag + plain << true;
+
+    row("nothing in it", {}, false);
+    row("the tag is cut off", newTag.chopped(1), false);
+    row("no tag", plain, false);
+    row("tag of another version", tag(2, "new") + plain, false);
+    row("more than the song", newTag + plain + 'x', false);
+    row("the last byte differs", newTag + plain.chopped(1) + 'x', false);
+    row("other music", newTag + music(90).mid(3), false);
+    QTest::newRow("beside another song")
+        << QStringLiteral("ab.mp3") << song << tmp << newTag + plain << false;
+    QTest::newRow("beside no MP3")
+        << QStringLiteral("a.mid") << song << tmp << newTag + plain << false;
+    QTest::newRow("another suffix")
+        << usual << song << QStringLiteral("a.tmp2") << newTag + plain << false;
+}
+
+// A save of an MP3 that was killed leaves a tag, and behind it audio that the song has as well.
+void TestLeftovers::unfinishedNewVersionOfAnMp3Goes()
+{
+    QFETCH(QString, songName);
+    QFETCH(QByteArray, song);
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    QFETCH(bool, goes);
+    make(songName, song);
+    make(name, bytes);
+    Leftovers().tidyBeside(path(songName));
+    QCOMPARE(files().contains(name), !goes);
+    QVERIFY(files().contains(songName));
+    QCOMPARE(QFileInfo(path(songName)).size(), song.size());
+}
+
+void TestLeftovers::newVersionThatIsBeingWrittenStays()
+{
+    make(QStringLiteral("a.mp3"), music(90));
+    make(QStringLiteral("a.tmp"), tag(3, "new") + music(70));
+    QFile running(path(QStringLiteral("a.tmp")));
+    QVERIFY(running.open(QFile::ReadWrite));
+    QVERIFY(holdFile(running));
+    Leftovers().tidy(m_dir->path());
+    QCOMPARE(files().size(), 2);
+    running.close();
+    Leftovers().tidy(m_dir->path());
+    QCOMPARE(files(), QStringList(QStringLiteral("a.mp3")));
 }
 
 void TestLeftovers::hiddenFilesOfTwoNeverShareAName()

@@ -1,4 +1,5 @@
 // Songs that are written beside the old file and take its place.
+#include "storage/leftovers.h"
 #include "storage/songfilewriter.h"
 #include "support/faults.h"
 #include "support/logcapture.h"
@@ -45,6 +46,20 @@ private:
     QStringList m_seen;
 };
 
+/** Lets another program work in its folder while it is read. */
+class DisturbedFile : public QFile
+{
+public:
+    using QFile::QFile;
+
+protected:
+    qint64 readData(char *data, qint64 size) override
+    {
+        Leftovers().tidyBeside(fileName());
+        return QFile::readData(data, size);
+    }
+};
+
 } // namespace
 
 class TestSongFileWriterTemporary : public SongWriterFixture
@@ -61,6 +76,7 @@ private slots:
     void temporaryNameLooksAtTheFileNameOnly_data();
     void temporaryNameLooksAtTheFileNameOnly();
     void takenTemporaryNamesAreLeftAlone();
+    void temporaryFileIsHeldWhileItIsWritten();
     void songNamedLikeATemporaryFile();
     void startBehindTheSourceIsASeekFailure();
     void sourceThatCannotBeReadIsACopyFailure();
@@ -174,6 +190,19 @@ void TestSongFileWriterTemporary::takenTemporaryNamesAreLeftAlone()
     QVERIFY(QFileInfo(path("other.tmp")).isSymLink());
     QVERIFY(!QFileInfo::exists(path("precious")));
     QCOMPARE(files().size(), 4);
+}
+
+void TestSongFileWriterTemporary::temporaryFileIsHeldWhileItIsWritten()
+{
+    const QByteArray old = bytes(250000, 'a');
+    const QByteArray head = QByteArray("ID3\3\0\0\0\0\0\4head", 14);
+    makeFile(path("song.mp3"), old);
+    DisturbedFile source(path("song.mp3"));
+    QVERIFY(source.open(QFile::ReadOnly | QFile::Unbuffered));
+    QCOMPARE(SongFileWriter(path("song.mp3")).replaceThroughTemporary(head, source, 0),
+             Outcome::Done);
+    QCOMPARE(contentOf(path("song.mp3")), head + old);
+    QCOMPARE(files(), QStringList(QStringLiteral("song.mp3")));
 }
 
 void TestSongFileWriterTemporary::songNamedLikeATemporaryFile()

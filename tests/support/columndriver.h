@@ -1,6 +1,7 @@
 // Columns of the song table that a test drags and clicks.
 #pragma once
 
+#include "support/settled.h"
 #include "support/shorttext.h"
 #include "support/windowundertest.h"
 
@@ -18,7 +19,7 @@ inline QHeaderView *header(const WindowUnderTest &window)
 inline void settle(WindowUnderTest &window)
 {
     QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QTest::qWait(20);
+    QVERIFY(settled::processAll());
 }
 
 } // namespace columndriver

@@ -3,6 +3,7 @@
 
 #include "app/mainwindow.h"
 #include "app/statussummary.h"
+#include "support/filledmemory.h"
 #include "windows/aboutdialog.h"
 #include "windows/backupdialog.h"
 #include "windows/changepreviewdialog.h"
@@ -14,14 +15,19 @@
 #include "windows/nocopyrightdialog.h"
 #include "windows/proceeddialog.h"
 #include "windows/progresswindow.h"
+#include "windows/renamesongdialog.h"
 #include "windows/runreportbox.h"
 #include "windows/songslistdialog.h"
 #include "windows/takingback.h"
+#include "windows/transferplandialog.h"
 #include "windows/unreadablefilesdialog.h"
 #include "windows/usersongsreltablemodel.h"
 
+#include <QCheckBox>
+#include <QDir>
 #include <QTableView>
 #include <QTest>
+#include <QTreeView>
 
 #include <functional>
 #include <memory>
@@ -54,6 +60,7 @@ inline const QList<UnreadableFile> &unreadableFiles()
         {longPath, UnreadableFile::Reason::Missing},
         {QStringLiteral("/music/Folder.mid"), UnreadableFile::Reason::NoFile},
         {QStringLiteral("/music/Secret.mid"), UnreadableFile::Reason::Locked},
+        {QStringLiteral("/music/Busy.mid"), UnreadableFile::Reason::InUse},
         {QStringLiteral("/music/Nothing.mid"), UnreadableFile::Reason::Empty},
         {QStringLiteral("/music/Letter.mid"), UnreadableFile::Reason::UnknownFormat},
         {QStringLiteral("/music/Half.mid"), UnreadableFile::Reason::Damaged}};
@@ -215,6 +222,67 @@ inline std::unique_ptr<QWidget> yesNoQuestion()
     return dialog;
 }
 
+/** A plan with a song in each state. */
+inline TransferPlan examplePlan()
+{
+    using State = TransferPlan::State;
+    using Remedy = TransferPlan::Remedy;
+    constexpr qint64 megabyte = 1000000;
+    TransferPlan plan;
+    plan.root = QDir::homePath();
+    plan.folder = plan.root + QStringLiteral("/songs");
+    plan.totalBytes = 8000 * megabyte;
+    plan.freeBytes = 1200 * megabyte;
+    plan.songsThere = 2345;
+    const auto add = [&plan](State state, Remedy remedy, const QString &name,
+                             const QString &target) {
+        TransferPlan::Item item;
+        item.path = longPath.section(QLatin1Char('/'), 0, -2) + QLatin1Char('/') + name;
+        item.state = state;
+        item.remedy = remedy;
+        item.target = plan.folder + QLatin1Char('/') + name;
+        item.room = 4 * megabyte;
+        if (remedy == Remedy::KeepBoth)
+            item.keepBothTarget = plan.folder + QLatin1Char('/') + target;
+        if (state == State::Remove)
+            item.path = item.target;
+        plan.items.append(item);
+    };
+    add(State::Collides, Remedy::KeepBoth, QStringLiteral("Volare.mid"),
+        QStringLiteral("Volare-1.mid"));
+    add(State::Renamed, Remedy::Skip, QStringLiteral("O sole mio.mid"), {});
+    add(State::Differs, Remedy::Replace, QStringLiteral("Roma.mid"), {});
+    add(State::TooLong, Remedy::KeepBoth, QStringLiteral("Dimmi: quando?.mid"),
+        QStringLiteral("Dimmi-1.mid"));
+    add(State::Unreadable, Remedy::Skip, QStringLiteral("Marina.mid"), {});
+    add(State::New, Remedy::Copy, QStringLiteral("Azzurro.mid"), {});
+    add(State::Same, Remedy::Skip, QStringLiteral("Sapore.mid"), {});
+    add(State::Remove, Remedy::Skip, QStringLiteral("Old.mid"), {});
+    plan.items[1].isThere = true;
+    plan.items[1].target = plan.folder + QStringLiteral("/Osolem-1.mid");
+    plan.items[4].reason = QCoreApplication::translate("TransferPlanner", "il file non c'è più");
+    return plan;
+}
+
+/** The plan that the user asked for, with a song selected. */
+inline std::unique_ptr<QWidget> requestedPlan()
+{
+    auto dialog =
+        std::make_unique<TransferPlanDialog>(examplePlan(), TransferPlanDialog::Purpose::Request);
+    auto *const tree = dialog->findChild<QTreeView *>();
+    dialog->findChild<QCheckBox *>(QStringLiteral("othersCheckBox"))->setChecked(true);
+    tree->setCurrentIndex(tree->model()->index(0, 0, tree->model()->index(0, 0)));
+    return dialog;
+}
+
+/** A plan that does not fit into the memory, as it opens by itself. */
+inline std::unique_ptr<QWidget> planWarning()
+{
+    TransferPlan plan = examplePlan();
+    plan.freeBytes = 1;
+    return std::make_unique<TransferPlanDialog>(plan, TransferPlanDialog::Purpose::Warning);
+}
+
 /** A progress window stays the child of the widget that is handed out. */
 class ProgressHolder : public QWidget
 {
@@ -231,6 +299,12 @@ public:
 private:
     ProgressWindow m_progress;
 };
+
+inline std::unique_ptr<QWidget> renameQuestion()
+{
+    return std::make_unique<RenameSongDialog>(QStringLiteral("/nowhere"),
+                                              QStringLiteral("/songs/Azzurro.mid"));
+}
 
 template <typename Window>
 std::unique_ptr<QWidget> plain()
@@ -265,6 +339,14 @@ inline const QList<Case> &windows()
         {"memory", plain<IndexDialog>},
         {"songslist", plain<SongsListDialog>},
         {"progress", plain<ProgressHolder>},
+        {"plan", requestedPlan},
+        {"plan-warning", planWarning},
+        {"memory-empty", plain<MemoryWindow>},
+        {"memory-songs", [] { return filledmemory::window(0); }},
+        {"memory-playlists", [] { return filledmemory::window(1); }},
+        {"memory-duplicates", [] { return filledmemory::window(2); }},
+        {"memory-check", [] { return filledmemory::window(3); }},
+        {"memory-rename", renameQuestion},
     };
     return all;
 }

@@ -1,6 +1,7 @@
 // Collects the diagnostic lines that are written while it lives.
 #pragma once
 
+#include <QMutex>
 #include <QStringList>
 #include <QtGlobal>
 
@@ -27,6 +28,8 @@ public:
 private:
     static void handle(QtMsgType, const QMessageLogContext &context, const QString &text)
     {
+        static QMutex mutex; // lines come from several threads
+        const QMutexLocker locked(&mutex);
         if (qstrcmp(context.category, "kavena") == 0)
             lines().append(text);
     }

@@ -49,13 +49,17 @@ class Checker:
         self.songs = []  # (id, path bytes, date, time) by record number
         self.records = {}  # id: the song record in the title file
         self.groups = {"artist": {}, "genre": {}}  # id: the text of the song's group
+        self.files = {}  # path: the files, by device and number, that lie there
         self.playlists = {}  # file name: [path, title] of each song, None for a song that is gone
 
     def fault(self, text):
         self.faults.append(text)
 
     def read(self, name):
-        with open(os.path.join(self.root, name), "rb") as file:
+        path = os.path.join(self.root, name)
+        if os.path.exists(path) and not os.path.isfile(path):
+            raise FileNotFoundError(path)  # a pipe would be waited for
+        with open(path, "rb") as file:
             return file.read()
 
     def run(self):
@@ -100,7 +104,7 @@ class Checker:
             if not digits.isdigit():
                 self.fault(f"{where}: date and time are {digits!r}")
                 digits = b"0" * 14
-            stamps = found.get(path)
+            stamps = found.get(path) or self.stamps_behind_links(path)
             if stamps is None:
                 self.fault(f"{where}: no such file")
             elif not self.options.allow_changed and digits.decode() not in stamps:
@@ -109,18 +113,25 @@ class Checker:
         if not self.options.allow_missing:
             # The player tells no upper case from lower case: one of such files is enough.
             listed = {fold_text(path.decode("cp850")) for path in seen}
+            # Where links lead to a song by several ways, one of them is enough.
+            files = {file for path in seen for file in self.files.get(path, [])}
             for path in found:
-                if fold_text(path.decode("cp850")) not in listed:
+                if fold_text(path.decode("cp850")) not in listed and files.isdisjoint(
+                    self.files[path]
+                ):
                     self.fault(f"{path.decode('cp850')}: a song that is not listed")
 
     def song_files(self):
         """Every song file that the index can list: path bytes and times of change."""
         found = {}
+        linked = set()
         for folder, subfolders, names in os.walk(self.root, followlinks=self.options.follow_links):
             subfolders[:] = [
                 name
                 for name in subfolders
-                if name.lower() not in PLAYER_FOLDERS and not HIDDEN_FOLDER.fullmatch(name)
+                if name.lower() not in PLAYER_FOLDERS
+                and not HIDDEN_FOLDER.fullmatch(name)
+                and self.is_new_way(os.path.join(folder, name), linked)
             ]
             for name in names:
                 if name.startswith(".") or name.rpartition(".")[2].lower() not in SONG_SUFFIXES:
@@ -129,9 +140,32 @@ class Checker:
                 path = full[len(self.root) :]
                 if len(path) > MAX_PATH or not os.path.isfile(full):
                     continue
-                stamp = time.strftime("%Y%m%d%H%M%S", time.localtime(os.stat(full).st_mtime))
-                found.setdefault(path.encode("cp850", "replace"), []).append(stamp)
+                key = path.encode("cp850", "replace")
+                found.setdefault(key, []).append(self.stamp_of(key, full))
         return found
+
+    def stamp_of(self, path, full):
+        status = os.stat(full)  # its st_mtime may be rounded up
+        self.files.setdefault(path, []).append((status.st_dev, status.st_ino))
+        return time.strftime("%Y%m%d%H%M%S", time.localtime(status.st_mtime_ns // 10**9))
+
+    def stamps_behind_links(self, path):
+        """Of a song that the index found by another way through links; None without one."""
+        full = self.root + path.decode("cp850")
+        if not self.options.follow_links or not os.path.isfile(full):
+            return None
+        return [self.stamp_of(path, full)]
+
+    @staticmethod
+    def is_new_way(folder, linked):
+        """False for a folder that was entered through a link before: links may lead in circles."""
+        real = os.path.realpath(folder)
+        if real == folder:
+            return True
+        if real in linked:
+            return False
+        linked.add(real)
+        return True
 
     def check_order_file(self):
         data = self.read("ordfile.idx")
@@ -279,12 +313,18 @@ class Checker:
         if len(data) % 32:
             self.fault(f"playlist/playlist.dat: {len(data)} bytes are no whole records")
         paths = {song[0]: song[1].decode("cp850") for song in self.songs}
+        seen = set()
         for pos in range(0, len(data) - 31, 32):
             low, high = struct.unpack("bB", data[pos : pos + 2])
             name = f"playlist/play{(high * 256 + low) % 65536:04}.dat"
+            if name in seen:
+                continue
+            seen.add(name)
             try:
                 records = self.read(name)
             except OSError:
+                if not self.options.allow_lost_songs:
+                    self.fault(f"{name}: the playlist is listed but cannot be read")
                 continue
             if len(records) % 32:
                 self.fault(f"{name}: {len(records)} bytes are no whole records")
@@ -357,7 +397,8 @@ def check(arguments):
     parser.add_argument("root")
     parser.add_argument("--allow-changed", action="store_true", help="files newer than the index")
     parser.add_argument("--allow-missing", action="store_true", help="songs that are not listed")
-    parser.add_argument("--allow-lost-songs", action="store_true", help="playlists may name them")
+    parser.add_argument("--allow-lost-songs", action="store_true",
+                        help="playlists may name them, or have no file")
     parser.add_argument("--follow-links", action="store_true", help="songs behind symbolic links")
     parser.add_argument("--list", action="store_true", help="print the songs by title")
     parser.add_argument("--save-playlists", metavar="FILE", help="note the playlists' songs there")

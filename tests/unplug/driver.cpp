@@ -7,11 +7,15 @@
 //   over LIBRARY STICK    the same; songs of these names are there
 //   sync LIBRARY STICK    synchronises the songs in the stick's folder "songs" with the catalogue
 //   update LIBRARY STICK  brings the index of the stick up to date
+//   remove LIBRARY STICK  removes every third song of the stick
+//   inline LIBRARY STICK  brings the stick's folder "songs" in line with the library
 //   recover STICK         reads all songs, as a user does who wants to know what is left
 //
 // The catalogue must lie in the working directory. Lines that begin with "CLAIM" are promises:
-// "CLAIM copied NAME", "CLAIM saved NAME", "CLAIM all-copied", "CLAIM index-written".
+// "CLAIM copied NAME", "CLAIM saved NAME", "CLAIM removed NAME", "CLAIM all-copied", "CLAIM
+// index-written".
 #include "devindex/index.h"
+#include "devindex/songchanges.h"
 #include "devindex/transfer.h"
 #include "formats/metasong.h"
 #include "library/answer.h"
@@ -32,6 +36,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 using namespace songbytes;
 
@@ -85,9 +90,14 @@ public:
     }
     void showFailure(const QString &, const QString &text) override { tell(text); }
     void tellCounts(const QString &, const QString &text, const QStringList &failed,
-                    const QStringList &) override
+                    const QStringList &others) override
     {
         tell(text);
+        const QString removed = QStringLiteral(": rimossa");
+        for (const QString &line : others) {
+            if (line.endsWith(removed))
+                say(QStringLiteral("CLAIM removed ") + line.chopped(removed.size()));
+        }
         for (const QString &song : std::as_const(m_songs)) {
             const QString name = nameOf(song);
             // Behind the name of a song stands why it was not copied.
@@ -235,12 +245,26 @@ void makeOutdated(const QString &root)
     }
 }
 
+/** Songs that the library does not have. */
+void makeOthers(const QString &folder)
+{
+    for (int i = 0; i < companions; ++i) {
+        const QString name = folder + QString::asprintf("/x%02d", i);
+        write(name + QStringLiteral(".mid"), midiSong(QStringLiteral("Other"), i));
+        write(name + QStringLiteral("s.mp3"), soundSong(QStringLiteral("Other"), i));
+        write(name + QStringLiteral("s.cdg"), QByteArray(25000 + i, 'o'));
+    }
+}
+
 void make(const QString &folder)
 {
     QDir().mkpath(folder + QStringLiteral("/empty"));
     makeSongs(folder + QStringLiteral("/library"), 0);
-    for (const char *stick : {"/over", "/sync"}) {
-        makeSongs(folder + QLatin1String(stick) + QStringLiteral("/songs"), 1);
+    for (const char *stick : {"/over", "/sync", "/remove", "/inline"}) {
+        const QString songs = folder + QLatin1String(stick) + QStringLiteral("/songs");
+        makeSongs(songs, 1);
+        if (QLatin1String(stick) == QLatin1String("/inline"))
+            makeOthers(songs);
         makeIndex(folder + QLatin1String(stick));
     }
     makeOutdated(folder + QStringLiteral("/update"));
@@ -300,6 +324,38 @@ bool updateIndex(const QString &stick)
     return true;
 }
 
+bool removeSongs(const QStringList &songs, const QString &stick)
+{
+    constexpr int everyOne = 3;
+    QStringList paths;
+    for (qsizetype i = 0; i < songs.size(); i += everyOne)
+        paths.append(songs.at(i).mid(stick.size()));
+    ProgressRecord record;
+    record.onUpdate = [](int done) { say(QStringLiteral("STEP %1").arg(done)); };
+    const SongChanges::Report report = SongChanges(stick, recordedBy(record)).remove(paths);
+    for (const QString &path : report.done)
+        say(QStringLiteral("CLAIM removed ") + nameOf(path));
+    if (report.isIndexTrue && !report.done.isEmpty())
+        say(QStringLiteral("CLAIM index-written"));
+    return report.isComplete();
+}
+
+bool bringInLine(const QStringList &songs, const QString &stick)
+{
+    WillingUser user(stick + QStringLiteral("/songs"), songs);
+    ProgressRecord record;
+    record.onUpdate = [](int done) { say(QStringLiteral("STEP %1").arg(done)); };
+    Transfer transfer(user, recordedBy(record));
+    std::optional<TransferPlan> plan = transfer.planTransfer(songs, true);
+    if (!plan)
+        return false;
+    for (TransferPlan::Item &item : plan->items) {
+        if (item.state == TransferPlan::State::Remove)
+            item.remedy = TransferPlan::Remedy::Remove;
+    }
+    return transfer.carryOut(*plan) == Transfer::Outcome::Complete;
+}
+
 bool recover(const QString &stick)
 {
     bool good = true;
@@ -321,6 +377,10 @@ bool run(const QString &job, const QString &folder, const QString &stick)
         return synchronise(songsIn(stick + QStringLiteral("/songs")));
     if (job == QLatin1String("update"))
         return updateIndex(stick);
+    if (job == QLatin1String("remove"))
+        return removeSongs(songsIn(stick + QStringLiteral("/songs")), stick);
+    if (job == QLatin1String("inline"))
+        return bringInLine(songsIn(folder), stick);
     qFatal("unknown job");
 }
 

@@ -2,7 +2,7 @@
 # Takes a USB stick away while the program works on it, PULLS times for each of its jobs, and judges
 # what is left: run.sh [PULLS]. By hand, before a release; a good half hour for 30.
 #   UNPLUG_DRIVER  the driver (default: that of the preset "release", which is built)
-#   UNPLUG_JOBS    only these of the jobs "empty over sync update"
+#   UNPLUG_JOBS    only these of the jobs "empty over sync update remove inline"
 #   UNPLUG_SEED    a number; another one gives other moments
 #   UNPLUG_WORK    the work folder (default: build/unplug)
 # The kernel is Debian's: its package is downloaded and unpacked in the work folder, not installed.

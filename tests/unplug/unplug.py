@@ -15,7 +15,8 @@ back what was cut off, and then
   was claimed;
 - every song that was claimed as copied or saved is the new one, and so are all songs and the index
   when that was claimed;
-- the index is the old one, a whole new one (check_memory.py is the judge), or none;
+- the index is the old one, a whole new one (check_memory.py is the judge), or none; where songs
+  are removed, it lists no song that is gone;
 - the next update makes a whole one.
 
 A twin is what fsck.vfat makes of a rename that was cut off: the song is whole under one of its two
@@ -53,6 +54,7 @@ BYTES_PER_SECOND = 5 << 20
 LONGEST_JOB = 300  # seconds
 SONG = re.compile(r"\.(mid|mf3|mf4|mf5|mp3|cdg)$")
 INDEX = set(check_memory.INDEX_FILES)
+REMOVING = ("remove", "inline")
 
 
 class Wrong(Exception):
@@ -264,23 +266,30 @@ class Job:
         self.guest.pull()
         after = read_image(self.image, self.folder)
         self.new = songs_of(after)
-        faults = memory_faults(self.folder) if self.name != "sync" else []
+        faults = self.memory_faults() if self.name != "sync" else []
         if not self.is_done() or faults or set(index_of(after)) != INDEX:
             raise Wrong(f"{self.name} does not do its work: {faults}")
         verdict = self.judge(after, [line for _, line in lines])
-        if verdict.losses() or verdict["claimed"] != len(self.new):
+        if verdict.losses() or verdict["claimed"] != len(self.new.keys() | self.gone()):
             raise Wrong(f"{self.name} goes wrong without a pull: {verdict} {verdict.faults}")
         return [when - began for when, line in lines if line.startswith("STEP")] + [ended], writes
 
     def is_done(self):
         """Whether the new songs are those that the job has to make."""
-        if self.name in ("empty", "over"):
+        if self.name == "remove":
+            return bool(self.gone()) and all(self.old[path] == content
+                                             for path, content in self.new.items())
+        if self.name in ("empty", "over", "inline"):
             library = read_tree(os.path.join(self.work, "songs", "library"))
             return self.new == {"songs/" + name: content for name, content in library.items()}
         if self.name == "sync":
             return all((self.new.get(path) == content) == path.endswith(".cdg")
                        for path, content in self.old.items())
         return self.new != self.old and sorted(self.new.values()) == sorted(self.old.values())
+
+    def gone(self):
+        """The songs that the job has to remove."""
+        return self.old.keys() - self.new.keys() if self.name in REMOVING else set()
 
     def wait_seconds(self, times, moment):
         """Counts from the last step before the moment: the guest is not always equally fast."""
@@ -322,7 +331,7 @@ class Job:
         if index_faults:
             verdict.lose("index", "; ".join(index_faults[:5]))
         repair = run(self.options.driver, "update", "-", self.folder, good=(0, 1))
-        faults = memory_faults(self.folder)
+        faults = self.memory_faults()
         if songs_of(read_tree(self.folder)) and (faults or "CLAIM index-written" not in repair):
             verdict.lose("unusable", f"{faults[:5]} {repair}")
         if verdict.losses():
@@ -349,6 +358,8 @@ class Job:
                 verdict.lose("untrue", f"{path} was claimed, but is not the new one")
             if content is not None and content in (old, new):
                 verdict["new" if content == new else "old"] += 1
+            elif content is None and path in self.gone():
+                verdict["new"] += 1
             elif content is None:
                 # A song that was renamed is there, or judged, under its other name.
                 if old is not None and old not in now.values() and not self.is_renamed(old, now):
@@ -372,14 +383,24 @@ class Job:
         for line in said:
             if line in ("CLAIM all-copied", "CLAIM index-written"):
                 paths |= self.new.keys()
-            elif re.match("CLAIM (copied|saved) ", line):
+            elif re.match("CLAIM (copied|saved|removed) ", line):
                 song = "songs/" + line.split(" ", 2)[2]
-                paths |= {song, song.replace(".mp3", ".cdg")} & self.new.keys()
+                known = self.gone() if line.startswith("CLAIM removed") else self.new.keys()
+                paths |= {song, song.replace(".mp3", ".cdg")} & known
         return paths
 
     def index_faults(self, tree):
         index = index_of(tree)
-        return [] if set(index) != INDEX or index == self.old_index else memory_faults(self.folder)
+        if set(index) != INDEX:
+            return []
+        if index != self.old_index:
+            return self.memory_faults()
+        # The old index may not know what was copied, but never lists a song that was removed.
+        return self.memory_faults(True) if self.name in REMOVING else []
+
+    def memory_faults(self, is_old=False):
+        """A playlist may name a song that the user has removed."""
+        return memory_faults(self.folder, self.name in REMOVING, is_old)
 
     def keep_findings(self, number, lines):
         folder = os.path.join(self.work, "findings", f"{self.name}-{number:02}")
@@ -392,11 +413,11 @@ class Job:
             file.write("\n".join(lines) + "\n")
 
 
-def memory_faults(folder):
+def memory_faults(folder, may_lose_songs, is_old=False):
     if not INDEX <= set(os.listdir(folder)):
         return ["no whole index"]
     checker = check_memory.Checker(folder, types.SimpleNamespace(
-        allow_changed=False, allow_missing=False, allow_lost_songs=False, follow_links=False,
+        allow_changed=is_old, allow_missing=is_old, allow_lost_songs=may_lose_songs, follow_links=False,
         list=False))
     checker.run()
     return checker.faults
@@ -448,7 +469,7 @@ def main():
     parser = argparse.ArgumentParser(description="Pulls a stick while the program works on it.")
     parser.add_argument("--pulls", type=int, default=30)
     parser.add_argument("--seed", default="1")
-    parser.add_argument("--jobs", default="empty over sync update")
+    parser.add_argument("--jobs", default="empty over sync update remove inline")
     parser.add_argument("--keep", action="store_true", help="keep images of what was lost, too")
     parser.add_argument("--driver", required=True)
     parser.add_argument("--work", required=True)

@@ -1,5 +1,6 @@
 // The dialogs tell the characters that a format cannot hold.
 #include "support/librarytable.h"
+#include "support/settled.h"
 #include "support/songbytes.h"
 #include "windows/changepreviewdialog.h"
 #include "windows/dataeditdialog.h"
@@ -132,7 +133,7 @@ void TestLostCharactersWarning::nothingMovesWhenTheWarningComes()
     const QList<QRect> before = places();
     open.type("titleLineEdit", QStringLiteral("Ł"));
     QVERIFY(!open.warning().isEmpty());
-    QTest::qWait(50);
+    QVERIFY(settled::processAll());
     QCOMPARE(places(), before);
     const auto *const label = open.child<QLabel>("lostCharactersLabel");
     QVERIFY(label->isVisible());
@@ -147,7 +148,7 @@ void TestLostCharactersWarning::longWarningDoesNotWidenTheDialog()
     for (char16_t letter = 0x391; letter < 0x3FF; ++letter)
         greek.append(QChar(letter));
     open.type("titleLineEdit", greek);
-    QTest::qWait(50);
+    QVERIFY(settled::processAll());
     QCOMPARE(open.dialog.size(), before);
     QVERIFY(open.dialog.minimumSizeHint().width() <= before.width());
 }

@@ -275,13 +275,22 @@ void TestMemoryList::popupLooksAgain()
 
 void TestMemoryList::openPopupIsNotChangedUnderTheHand()
 {
+    // A closed list shows when the change has been noticed, and that its time is over: the second
+    // memory comes only then.
+    MemoryList closed(m_window.get());
+    QLineEdit field;
+    closed.setPathField(&field);
+    closed.show();
     m_list->showPopup();
     QVERIFY(m_list->view()->isVisible());
     add(QStringLiteral("NEW"));
-    QTest::qWait(1000);
+    QTRY_COMPARE(closed.count(), 3);
+    add(QStringLiteral("NEXT"));
+    QTRY_COMPARE(closed.count(), 4);
+    QVERIFY(m_list->view()->isVisible());
     QCOMPARE(m_list->count(), 2);
     m_list->hidePopup();
-    QTRY_COMPARE(m_list->count(), 3);
+    QTRY_COMPARE(m_list->count(), 4);
 }
 
 void TestMemoryList::followsTheLanguage()

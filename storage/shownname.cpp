@@ -1,4 +1,4 @@
-#include "cli/shownname.h"
+#include "storage/shownname.h"
 
 #include <QByteArrayView>
 

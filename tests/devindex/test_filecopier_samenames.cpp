@@ -1,0 +1,65 @@
+// Songs of one list that would get one name on the memory.
+#include "support/copyfixture.h"
+
+#include <QTest>
+
+using namespace copyfixture;
+
+class TestFileCopierSameNames : public CopyFixture
+{
+    Q_OBJECT
+
+private slots:
+    void init() { CopyFixture::init(); }
+    void cleanup() { CopyFixture::cleanup(); }
+
+    void songWhoseCopyWasReplacedDoesNotCountAsCopied();
+    void songThatIsListedTwiceIsCopied();
+    void songOfTheListIsNeverReplaced();
+
+private:
+    FileCopier::Report copied(const QStringList &files, const QList<Answer> &answers);
+};
+
+FileCopier::Report TestFileCopierSameNames::copied(const QStringList &files,
+                                                   const QList<Answer> &answers)
+{
+    FileCopier copier(answering(answers));
+    copier.copyFiles(files, m_dest, m_copied, *m_progress);
+    return copier.report();
+}
+
+void TestFileCopierSameNames::songWhoseCopyWasReplacedDoesNotCountAsCopied()
+{
+    QVERIFY(QDir().mkdir(path(QStringLiteral("more"))));
+    const QString first = write(QStringLiteral("lib/x.mid"), "first");
+    const QString other = write(QStringLiteral("lib/y.mid"), "other");
+    const QString second = write(QStringLiteral("more/x.mid"), "second");
+    const FileCopier::Report report = copied({first, other, second}, {Answer::Yes});
+    QCOMPARE(report.copied, 2);
+    QCOMPARE(report.replaced, QStringList(first));
+    QCOMPARE(read(QStringLiteral("dest/x.mid")), QByteArray("second"));
+}
+
+void TestFileCopierSameNames::songThatIsListedTwiceIsCopied()
+{
+    const QString song = write(QStringLiteral("lib/x.mid"), "song");
+    const FileCopier::Report report = copied({song, song}, {Answer::Yes});
+    QCOMPARE(report.copied, 2);
+    QVERIFY(report.replaced.isEmpty());
+}
+
+void TestFileCopierSameNames::songOfTheListIsNeverReplaced()
+{
+    const QString only = write(QStringLiteral("dest/x.mid"), "the only copy");
+    const QString other = write(QStringLiteral("lib/x.mid"), "another song");
+    const FileCopier::Report report = copied({other, only}, {Answer::Yes});
+    QCOMPARE(m_asked, QStringList(only));
+    QCOMPARE(report.copied, 1);
+    QCOMPARE(report.failed.size(), 1);
+    QCOMPARE(report.failed.first().source, other);
+    QCOMPARE(read(QStringLiteral("dest/x.mid")), QByteArray("the only copy"));
+}
+
+QTEST_GUILESS_MAIN(TestFileCopierSameNames)
+#include "test_filecopier_samenames.moc"
