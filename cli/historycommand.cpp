@@ -1,6 +1,7 @@
 #include "cli/historycommand.h"
 
 #include "cli/songpaths.h"
+#include "devindex/jobundo.h"
 #include "library/historytexts.h"
 
 #include <algorithm>
@@ -46,7 +47,7 @@ ExitStatus HistoryCommand::takeBack()
     m_history.begin(HistoryJob::Kind::TakeBack, job->number);
     const auto progress =
         m_terminal.openProgress({}, tr("Annullamento"), static_cast<int>(songs->size()));
-    const HistoryUndo::Report report = HistoryUndo(store).takeBack(
+    const HistoryUndo::Report report = JobUndo(store, m_terminal.progressOpener()).takeBack(
         *job, *songs, m_request.changed.value_or(false), m_history.recorder(), *progress);
     m_history.end();
     for (const QString &path : report.done) {

@@ -2,6 +2,7 @@
 
 #include "formats/metasong.h"
 #include "formats/mp3song.h"
+#include "formats/songnames.h"
 #include "formats/songreading.h"
 #include "formats/songsaving.h"
 #include "storage/songfilewriter.h"
@@ -104,7 +105,9 @@ SaveFailure SongSnapshot::restore(const QString &path) const
     QFile file(path);
     if (!SongFileWriter::recover(path) || !songreading::openRegularFile(file))
         return loadFailureOf(path);
-    if (isMp3File(file) != isTag)
+    // Nothing but songs is ever written, whatever somebody has put into the history.
+    if (isMp3File(file) != isTag ||
+        (!MetaSong::hasKnownFormat(path) && !songnames::isSongName(path)))
         return SaveFailure::Unreadable;
     if (!isTag) {
         file.close();

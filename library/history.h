@@ -28,6 +28,7 @@ struct HistoryJob {
     int songs = 0;          ///< that it wrote
     qint64 takesBack = 0;   ///< number of the job that it took back; 0 for none
     qint64 takenBackBy = 0; ///< number of the last job that took it back; 0 for none
+    bool isUndone = false;  ///< taken back as a whole, and that is still so
 };
 Q_DECLARE_TYPEINFO(HistoryJob, Q_RELOCATABLE_TYPE);
 

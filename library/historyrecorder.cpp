@@ -2,6 +2,8 @@
 
 #include "library/historytexts.h"
 
+#include <QSet>
+
 #include <utility>
 
 HistoryRecorder::HistoryRecorder(HistoryStore &store, HistoryJob::Kind kind, AskWithout askWithout,
@@ -16,7 +18,9 @@ HistoryRecorder::HistoryRecorder(HistoryStore &store, HistoryJob::Kind kind, Ask
 HistoryRecorder::~HistoryRecorder()
 {
     for (const Kept &kept : std::as_const(m_kept))
-        m_store.forget(kept.id);
+        m_endings.append({kept.id, {}, {}, 0, {}});
+    // What cannot be told now is found out when the history is looked at.
+    m_store.end(m_endings);
     if (m_job != 0)
         m_store.removeIfEmpty(m_job);
     if (m_dropped > 0 && m_tellDropped)
@@ -28,9 +32,11 @@ bool HistoryRecorder::keep(const QStringList &paths)
     if (m_isOff || m_isRefused)
         return m_isOff;
     QList<HistoryStore::Entry> entries;
+    QSet<QString> seen;
     for (const QString &path : paths) {
-        if (m_kept.contains(path))
+        if (m_kept.contains(path) || seen.contains(path))
             continue;
+        seen.insert(path);
         if (const auto snapshot = SongSnapshot::of(path))
             entries.append({path, {}, *snapshot});
     }
@@ -54,9 +60,10 @@ bool HistoryRecorder::keepEntries(const QList<HistoryStore::Entry> &entries)
         return true;
     if (!begin())
         return m_isOff;
-    const QList<qint64> ids = m_store.addSongs(m_job, entries);
+    const QList<qint64> ids = m_store.addSongs(m_job, entries, m_endings);
     if (ids.isEmpty())
         return goOnWithout(historytexts::problem(HistoryStore::State::Unwritable));
+    m_endings.clear();
     for (qsizetype i = 0; i < ids.size(); ++i) {
         const HistoryStore::Entry &entry = entries.at(i);
         m_kept.insert(entry.path, {ids.at(i), entry.snapshot.digest,
@@ -96,10 +103,9 @@ void HistoryRecorder::written(const QString &path, const SongInfo &before, const
         return;
     // A song that cannot be read now is found out about later.
     if (const auto now = SongSnapshot::of(kept->path)) {
-        if (now->digest == kept->digest && kept->path == path)
-            m_store.forget(kept->id);
-        else
-            m_store.finish(kept->id, before, after, *now);
+        const bool isAsBefore = now->digest == kept->digest && kept->path == path;
+        m_endings.append({kept->id, before, after, now->size,
+                          isAsBefore ? QByteArray() : now->digest});
     }
     m_kept.erase(kept);
 }
@@ -109,6 +115,6 @@ void HistoryRecorder::forget(const QString &path)
     const auto kept = m_kept.constFind(path);
     if (kept == m_kept.constEnd())
         return;
-    m_store.forget(kept->id);
+    m_endings.append({kept->id, {}, {}, 0, {}});
     m_kept.erase(kept);
 }

@@ -16,32 +16,11 @@
 namespace
 {
 
-constexpr int layoutVersion = 1;
-
 /** Another program that adds its songs is done before. */
 const QString connectOptions = QStringLiteral("QSQLITE_BUSY_TIMEOUT=10000");
 
 /** Songs are small, and the user waits. */
 constexpr int compressionLevel = 1;
-
-struct SchemaItem {
-    const char *name;
-    const char *statement; ///< as SQLite keeps it
-};
-
-constexpr SchemaItem schema[] = {
-    {"jobs", "CREATE TABLE jobs (number INTEGER PRIMARY KEY AUTOINCREMENT, time INTEGER NOT NULL, "
-             "kind INTEGER NOT NULL, takes_back INTEGER)"},
-    // By themselves: a change of a row writes the whole row anew.
-    {"kept", "CREATE TABLE kept (song INTEGER PRIMARY KEY REFERENCES songs (id) ON DELETE CASCADE, "
-             "bytes BLOB NOT NULL)"},
-    {"songs", "CREATE TABLE songs (id INTEGER PRIMARY KEY AUTOINCREMENT, "
-              "job INTEGER NOT NULL REFERENCES jobs (number) ON DELETE CASCADE, "
-              "path TEXT NOT NULL, new_path TEXT NOT NULL, is_tag INTEGER NOT NULL, "
-              "old_size INTEGER NOT NULL, old_digest BLOB NOT NULL, new_size INTEGER, "
-              "new_digest BLOB, before TEXT, after TEXT)"},
-    {"songs_of_job", "CREATE INDEX songs_of_job ON songs (job)"},
-};
 
 /** Larger than any song that is kept, with what compression can add to it. */
 constexpr qint64 largestBlob = qint64{80} << 20;
@@ -102,54 +81,48 @@ HistoryStore::State HistoryStore::open()
 HistoryStore::State HistoryStore::prepare()
 {
     const QFileInfo file(m_path);
+    // Whoever made a link could have meant any file of the user's.
+    if (file.isSymLink())
+        return State::Damaged;
     if (!QDir().mkpath(file.path()) || (file.exists() && !file.isFile()) ||
         !m_connection.open(m_path, connectOptions))
         return State::Unwritable;
-    QSqlQuery version(m_connection.database());
-    // Looks into the file for the first time.
-    if (!version.exec(QStringLiteral("PRAGMA user_version")) || !version.next())
-        return file.exists() && file.isReadable() ? State::Damaged : State::Unwritable;
-    const int found = version.value(0).toInt();
-    version.finish();
-    if (found > layoutVersion)
-        return State::Newer;
+    execute(QStringLiteral("PRAGMA trusted_schema = OFF"));
+    using Content = historyschema::Content;
+    Content content = historyschema::contentOf(m_connection.database());
+    if (const State state = stateFor(content); state != State::Ready)
+        return state;
     for (const char *const pragma :
-         {"PRAGMA trusted_schema = OFF", "PRAGMA page_size = 16384", "PRAGMA foreign_keys = ON",
-          "PRAGMA synchronous = FULL", "PRAGMA auto_vacuum = INCREMENTAL",
-          "PRAGMA journal_mode = WAL"}) {
+         {"PRAGMA page_size = 16384", "PRAGMA foreign_keys = ON", "PRAGMA synchronous = FULL",
+          "PRAGMA auto_vacuum = INCREMENTAL", "PRAGMA journal_mode = WAL"}) {
         if (!execute(QLatin1String(pragma)))
             return State::Unwritable;
     }
     // Another program may make the file at the same time.
     if (!execute(QStringLiteral("BEGIN IMMEDIATE")))
         return State::Unwritable;
-    bool made = true;
-    QSqlQuery items(m_connection.database());
-    made = items.exec(QStringLiteral("SELECT count(*) FROM sqlite_schema")) && items.next();
-    if (made && items.value(0).toInt() == 0) {
-        for (const SchemaItem &item : schema)
-            made = made && execute(QLatin1String(item.statement));
-        made = made && execute(QStringLiteral("PRAGMA user_version = %1").arg(layoutVersion));
-    }
-    items.finish();
+    content = historyschema::contentOf(m_connection.database());
+    const bool made =
+        content != Content::Nothing || historyschema::make(m_connection.database());
     if (!execute(made ? QStringLiteral("COMMIT") : QStringLiteral("ROLLBACK")) || !made)
         return State::Unwritable;
-    return hasOwnLayout() ? State::Ready : State::Damaged;
+    return stateFor(content);
 }
 
-/** Exactly the tables that this program makes: a stranger's triggers could do anything. */
-bool HistoryStore::hasOwnLayout()
+HistoryStore::State HistoryStore::stateFor(historyschema::Content content)
 {
-    QSqlQuery items(m_connection.database());
-    if (!items.exec(QStringLiteral(
-            "SELECT name, sql FROM sqlite_schema WHERE name NOT LIKE 'sqlite_%' ORDER BY name")))
-        return false;
-    for (const SchemaItem &item : schema) {
-        if (!items.next() || items.value(0).toString() != QLatin1String(item.name) ||
-            items.value(1).toString() != QLatin1String(item.statement))
-            return false;
+    switch (content) {
+    case historyschema::Content::Nothing:
+    case historyschema::Content::Own:
+        return State::Ready;
+    case historyschema::Content::Newer:
+        return State::Newer;
+    case historyschema::Content::Foreign:
+        return State::Damaged;
+    case historyschema::Content::Unreadable:
+        break;
     }
-    return !items.next();
+    return State::Unwritable;
 }
 
 std::optional<qint64> HistoryStore::addJob(HistoryJob::Kind kind, qint64 takesBack)
@@ -164,7 +137,8 @@ std::optional<qint64> HistoryStore::addJob(HistoryJob::Kind kind, qint64 takesBa
     return insert.lastInsertId().toLongLong();
 }
 
-QList<qint64> HistoryStore::addSongs(qint64 job, const QList<Entry> &entries)
+QList<qint64> HistoryStore::addSongs(qint64 job, const QList<Entry> &entries,
+                                     const QList<Ending> &endings)
 {
     QList<qint64> ids;
     qint64 added = 0;
@@ -195,7 +169,8 @@ QList<qint64> HistoryStore::addSongs(qint64 job, const QList<Entry> &entries)
             break;
         ids.append(id);
     }
-    if (ids.size() == entries.size() && execute(QStringLiteral("COMMIT"))) {
+    if (ids.size() == entries.size() && writeEndings(endings) &&
+        execute(QStringLiteral("COMMIT"))) {
         if (m_room)
             *m_room -= added;
         return ids;
@@ -204,29 +179,61 @@ QList<qint64> HistoryStore::addSongs(qint64 job, const QList<Entry> &entries)
     return {};
 }
 
-bool HistoryStore::finish(qint64 song, const SongInfo &before, const SongInfo &after,
-                          const SongSnapshot &now)
+bool HistoryStore::end(const QList<Ending> &endings)
 {
+    if (endings.isEmpty())
+        return true;
     // Waiting for the disk here would double the time that the history takes.
-    execute(QStringLiteral("PRAGMA synchronous = NORMAL"));
+    if (m_state != State::Ready || !execute(QStringLiteral("PRAGMA synchronous = NORMAL")) ||
+        !execute(QStringLiteral("BEGIN IMMEDIATE")))
+        return false;
+    if (writeEndings(endings) && execute(QStringLiteral("COMMIT")))
+        return true;
+    execute(QStringLiteral("ROLLBACK"));
+    return false;
+}
+
+/** Within a transaction. */
+bool HistoryStore::writeEndings(const QList<Ending> &endings)
+{
+    if (endings.isEmpty())
+        return true;
     QSqlQuery update(m_connection.database());
     update.prepare(QStringLiteral(
         "UPDATE songs SET before = ?, after = ?, new_size = ?, new_digest = ? WHERE id = ?"));
-    update.addBindValue(historytexts::toText(before));
-    update.addBindValue(historytexts::toText(after));
-    update.addBindValue(now.size);
-    update.addBindValue(now.digest);
-    update.addBindValue(song);
-    return execute(update);
-}
-
-bool HistoryStore::forget(qint64 song)
-{
-    execute(QStringLiteral("PRAGMA synchronous = NORMAL"));
     QSqlQuery removal(m_connection.database());
     removal.prepare(QStringLiteral("DELETE FROM songs WHERE id = ?"));
-    removal.addBindValue(song);
-    return execute(removal);
+    for (const Ending &ending : endings) {
+        if (ending.digest.isEmpty()) {
+            removal.addBindValue(ending.song);
+        } else {
+            update.addBindValue(historytexts::toText(ending.before));
+            update.addBindValue(historytexts::toText(ending.after));
+            update.addBindValue(ending.size);
+            update.addBindValue(ending.digest);
+            update.addBindValue(ending.song);
+        }
+        if (!execute(ending.digest.isEmpty() ? removal : update))
+            return false;
+    }
+    return true;
+}
+
+bool HistoryStore::setUndone(qint64 job)
+{
+    // What took a job back and is taken back itself puts it in force again, and so on.
+    bool isUndone = true;
+    for (qint64 number = job; number > 0; isUndone = !isUndone) {
+        QSqlQuery update(m_connection.database());
+        update.prepare(QStringLiteral("UPDATE jobs SET is_undone = ? WHERE number = ?"));
+        update.addBindValue(isUndone);
+        update.addBindValue(number);
+        if (m_state != State::Ready || !execute(update))
+            return false;
+        const qint64 before = jobTakenBackBy(number);
+        number = before < number ? before : 0;
+    }
+    return true;
 }
 
 bool HistoryStore::removeIfEmpty(qint64 job)
@@ -297,7 +304,7 @@ QList<HistoryJob> HistoryStore::jobs()
     query.setForwardOnly(true);
     if (m_state != State::Ready ||
         !query.exec(QStringLiteral(
-            "SELECT number, time, kind, takes_back, (SELECT count(*) FROM songs WHERE job = number "
+            "SELECT number, time, kind, takes_back, is_undone, (SELECT count(*) FROM songs WHERE job = number "
             "AND new_digest IS NOT NULL) AS written, (SELECT max(later.number) FROM jobs AS later "
             "WHERE later.takes_back = jobs.number) FROM jobs WHERE written > 0 "
             "ORDER BY number DESC")))
@@ -311,8 +318,9 @@ QList<HistoryJob> HistoryStore::jobs()
         job.time = QDateTime::fromMSecsSinceEpoch(query.value(1).toLongLong());
         job.kind = static_cast<HistoryJob::Kind>(kind);
         job.takesBack = query.value(3).toLongLong();
-        job.songs = query.value(4).toInt();
-        job.takenBackBy = query.value(5).toLongLong();
+        job.isUndone = query.value(4).toBool();
+        job.songs = query.value(5).toInt();
+        job.takenBackBy = query.value(6).toLongLong();
         found.append(job);
     }
     return found;
@@ -342,6 +350,18 @@ QList<HistorySong> HistoryStore::songs(qint64 job)
         found.append(song);
     }
     return found;
+}
+
+bool HistoryStore::wrote(qint64 job, const QString &path, qint64 otherThan)
+{
+    QSqlQuery query(m_connection.database());
+    query.prepare(QStringLiteral(
+        "SELECT 1 FROM songs WHERE job = ? AND id <> ? AND "
+        "? = CASE new_path WHEN '' THEN path ELSE new_path END LIMIT 1"));
+    query.addBindValue(job);
+    query.addBindValue(otherThan);
+    query.addBindValue(path);
+    return m_state == State::Ready && execute(query) && query.next();
 }
 
 std::optional<SongSnapshot> HistoryStore::snapshot(const HistorySong &song)
@@ -388,10 +408,12 @@ void HistoryStore::settleSong(const HistorySong &song)
 {
     const QString place = song.newPath.isEmpty() ? song.path : song.newPath;
     const std::optional<SongSnapshot> now = nextState(song);
-    if (!now || (now->digest == song.oldDigest && song.newPath.isEmpty()))
+    // Renaming changes no byte: at the new place may lie another song.
+    if (!now || (now->digest == song.oldDigest) == song.newPath.isEmpty())
         return;
     const std::optional<SongSnapshot> old = snapshot(song);
-    finish(song.id, old ? old->info(song.path) : SongInfo(), now->info(place), *now);
+    end({{song.id, old ? old->info(song.path) : SongInfo(), now->info(place), now->size,
+          now->digest}});
 }
 
 /** The song as the job left it: as the next job found it, or as it is now. */

@@ -3,6 +3,7 @@
 
 #include "formats/songsnapshot.h"
 #include "library/history.h"
+#include "library/historyschema.h"
 #include "library/sqlconnection.h"
 
 #include <QList>
@@ -57,15 +58,27 @@ public:
         SongSnapshot snapshot;
     };
 
-    /** Keeps the songs; their ids in the same order, or none when they cannot be kept. */
-    QList<qint64> addSongs(qint64 job, const QList<Entry> &entries);
+    /** How a job has left a song. */
+    struct Ending {
+        qint64 song = 0;
+        SongInfo before;
+        SongInfo after;
+        qint64 size = 0;
+        QByteArray digest; ///< of the file now; empty for a song that was not written after all
+    };
 
-    /** Tells how the song was before and is now. */
-    bool finish(qint64 song, const SongInfo &before, const SongInfo &after,
-                const SongSnapshot &now);
+    /**
+     * Keeps the songs; their ids in the same order, or none when they cannot be kept. What is known
+     * of earlier ones is told in the same step, or not at all.
+     */
+    QList<qint64> addSongs(qint64 job, const QList<Entry> &entries,
+                           const QList<Ending> &endings = {});
 
-    /** The song was not written after all. */
-    bool forget(qint64 song);
+    /** Tells how the songs have ended. */
+    bool end(const QList<Ending> &endings);
+
+    /** Everything that the job did has been taken back, as far as that was possible and wished. */
+    bool setUndone(qint64 job);
 
     /** Removes the job if it wrote no song. */
     bool removeIfEmpty(qint64 job);
@@ -82,6 +95,9 @@ public:
     /** The songs of a job, in the order in which they were written. */
     QList<HistorySong> songs(qint64 job);
 
+    /** True when the job wrote a song at the path that is not this one. */
+    bool wrote(qint64 job, const QString &path, qint64 otherThan);
+
     /** What was kept of the song; nothing when it is damaged. */
     std::optional<SongSnapshot> snapshot(const HistorySong &song);
 
@@ -93,7 +109,8 @@ public:
 
 private:
     State prepare();
-    bool hasOwnLayout();
+    static State stateFor(historyschema::Content content);
+    bool writeEndings(const QList<Ending> &endings);
     qint64 jobTakenBackBy(qint64 job);
     void settleSong(const HistorySong &song);
     std::optional<SongSnapshot> nextState(const HistorySong &song);

@@ -7,7 +7,7 @@
 #include "storage/leftovers.h"
 #include "storage/safefile.h"
 
-#include <QFile>
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -60,6 +60,9 @@ HistoryUndo::Found HistoryUndo::find(const HistorySong &song)
     }
     const QStringList candidates = m_known.values(song.newSize);
     for (const QString &path : candidates) {
+        // A copy that the job wrote by itself is no other song's.
+        if (m_store.wrote(song.job, path, song.id))
+            continue;
         const auto now = SongSnapshot::of(path);
         if (now && now->digest == song.newDigest)
             return {path == song.path ? State::AlreadyOld : State::Moved, path};
@@ -67,9 +70,8 @@ HistoryUndo::Found HistoryUndo::find(const HistorySong &song)
     return isThere ? Found{State::Changed, place} : Found{};
 }
 
-HistoryUndo::Report HistoryUndo::takeBack(const HistoryJob &job, const QList<HistorySong> &songs,
-                                          bool alsoChanged, HistoryRecorder &recorder,
-                                          Progress &progress)
+HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool alsoChanged,
+                                          HistoryRecorder &recorder, Progress &progress)
 {
     Report report;
     Leftovers leftovers;
@@ -102,7 +104,7 @@ HistoryUndo::Report HistoryUndo::takeBack(const HistoryJob &job, const QList<His
             if (steps.isEmpty() || steps.constLast().song != &song) {
                 progress.updateProgress(++done);
                 KeepAlive::processEventsNow();
-            } else if (job.kind != HistoryJob::Kind::Rename) {
+            } else if (song.newPath.isEmpty()) {
                 paths.append(found.path);
             }
         }
@@ -115,11 +117,11 @@ HistoryUndo::Report HistoryUndo::takeBack(const HistoryJob &job, const QList<His
             if (report.stopped)
                 break;
             leftovers.tidyBeside(step.path);
-            const bool isRename = job.kind == HistoryJob::Kind::Rename;
+            const bool isRename = !step.song->newPath.isEmpty();
             const QString problem = isRename ? renameBack(*step.song, step.path, recorder)
                                              : takeBackOne(*step.song, step.path, recorder);
             if (problem.isEmpty())
-                report.done.append(isRename ? step.song->path : step.path);
+                report.done.append(isRename ? nameBefore(*step.song, step.path) : step.path);
             else
                 report.failed.append({step.path, problem});
             progress.updateProgress(++done);
@@ -151,21 +153,42 @@ QString HistoryUndo::takeBackOne(const HistorySong &song, const QString &path,
 QString HistoryUndo::renameBack(const HistorySong &song, const QString &path,
                                 HistoryRecorder &recorder)
 {
-    if (isTaken(song.path))
+    const QString target = nameBefore(song, path);
+    if (isTaken(target))
         return tr("il nome di prima è di un altro file");
-    if (!recorder.keepRenamed(path, song.path))
+    if (!recorder.keepRenamed(path, target))
         return tr("la cronologia non può essere scritta");
-    const QString pictures = companionOf(path);
-    if (!QFile::rename(path, song.path)) {
+    const QString problem = m_rename ? m_rename(path, target) : renameSong(path, target);
+    if (QFileInfo(target).isFile() && !isTaken(path))
+        recorder.written(path, song.after, song.before);
+    else
         recorder.forget(path);
+    return problem;
+}
+
+QString HistoryUndo::renameSong(const QString &path, const QString &target)
+{
+    // Qt's own renaming copies where it cannot rename.
+    const QString pictures = companionOf(path);
+    const QString oldPictures =
+        pictures.isEmpty() ? QString() : companionTarget(pictures, target);
+    if (isTaken(target) || !renameOver(path, target))
         return tr("non è stato possibile rinominarla");
-    }
-    const QString oldPictures = companionTarget(pictures, song.path);
+    // The player finds a song's karaoke pictures by the song's name.
     const bool broughtPictures =
-        pictures.isEmpty() || (!isTaken(oldPictures) && QFile::rename(pictures, oldPictures));
-    const bool onMedium = flushFolderOf(song.path) && flushFolderOf(path);
-    recorder.written(path, song.after, song.before);
-    if (!onMedium)
-        return tr("il disco non ha confermato il nuovo nome");
-    return broughtPictures ? QString() : tr("le sue immagini karaoke non sono state rinominate");
+        pictures.isEmpty() || (!isTaken(oldPictures) && renameOver(pictures, oldPictures));
+    if (!broughtPictures)
+        renameOver(target, path);
+    const bool onMedium = flushFolderOf(target) && flushFolderOf(path);
+    if (!broughtPictures)
+        return tr("le sue immagini karaoke non sono state rinominate");
+    return onMedium ? QString() : tr("il disco non ha confermato il nuovo nome");
+}
+
+QString HistoryUndo::nameBefore(const HistorySong &song, const QString &path)
+{
+    // A song that the user has put into another folder stays there.
+    return path == song.newPath
+               ? song.path
+               : QFileInfo(path).dir().filePath(QFileInfo(song.path).fileName());
 }

@@ -12,6 +12,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <utility>
 
 /** Taking back is a job itself, and can be taken back. */
 class HistoryUndo
@@ -51,19 +52,33 @@ public:
     /** Songs that the user has at hand: one that was moved is looked for among them. */
     void setKnownSongs(const QStringList &paths);
 
+    /** Gives a song another name; why that failed, empty when it did not. */
+    using RenameSong = std::function<QString(const QString &path, const QString &target)>;
+
+    /** What gives songs their old names in place of renameSong(). */
+    void setRename(RenameSong rename) { m_rename = std::move(rename); }
+
+    /**
+     * Gives the song the other name, together with its karaoke pictures or not at all. Says why
+     * not.
+     */
+    static QString renameSong(const QString &path, const QString &target);
+
     Found find(const HistorySong &song);
 
     /**
-     * Gives the songs of the job back what they were, the last one first. A song that was changed
+     * Gives the songs of a job back what they were, the last one first. A song that was changed
      * since is left alone, and reported, unless alsoChanged. Stops between songs.
      */
-    Report takeBack(const HistoryJob &job, const QList<HistorySong> &songs, bool alsoChanged,
-                    HistoryRecorder &recorder, Progress &progress);
+    Report takeBack(const QList<HistorySong> &songs, bool alsoChanged, HistoryRecorder &recorder,
+                    Progress &progress);
 
 private:
     QString takeBackOne(const HistorySong &song, const QString &path, HistoryRecorder &recorder);
     QString renameBack(const HistorySong &song, const QString &path, HistoryRecorder &recorder);
+    static QString nameBefore(const HistorySong &song, const QString &path);
 
     HistoryStore &m_store;
+    RenameSong m_rename;
     QMultiHash<qint64, QString> m_known; ///< by their sizes
 };

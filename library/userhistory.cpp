@@ -41,8 +41,8 @@ std::unique_ptr<HistoryRecorder> UserHistory::recorder(HistoryJob::Kind kind, qi
 
 std::optional<HistoryJob> UserHistory::last(const QList<HistoryJob> &jobs)
 {
-    const auto found = std::find_if(jobs.cbegin(), jobs.cend(), [&jobs](const HistoryJob &job) {
-        return job.kind != HistoryJob::Kind::TakeBack && !isTakenBack(job, jobs);
+    const auto found = std::find_if(jobs.cbegin(), jobs.cend(), [](const HistoryJob &job) {
+        return job.kind != HistoryJob::Kind::TakeBack && !job.isUndone;
     });
     return found == jobs.cend() ? std::nullopt : std::optional(*found);
 }

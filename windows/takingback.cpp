@@ -1,5 +1,6 @@
 #include "windows/takingback.h"
 
+#include "devindex/jobundo.h"
 #include "library/historytexts.h"
 #include "windows/filelistdialog.h"
 #include "windows/shownprogress.h"
@@ -47,10 +48,13 @@ QStringList TakingBack::run(UserHistory &history, const Job &job, const QStringL
 {
     HistoryUndo::Report report;
     {
-        HistoryUndo undo(history.store());
+        Progress *shown = nullptr;
+        JobUndo undo(history.store(), [&shown, parent](const QString &title, const QString &label,
+                                                       int maximum) {
+            return std::make_unique<ShownProgress>(shown, title, label, maximum, parent);
+        });
         undo.setKnownSongs(knownSongs);
         const auto recorder = history.recorder(HistoryJob::Kind::TakeBack, job.job.number);
-        Progress *shown = nullptr;
         ShownProgress progress(shown, tr("Cronologia"), tr("Le song tornano come prima..."),
                                static_cast<int>(job.songs.size()), parent);
         report = undo.takeBack(job.job, job.songs, job.alsoChanged, *recorder, progress);

@@ -352,8 +352,10 @@ void TestSongHistory::thousandsOfSongsDoNotKeepTheWindowWaiting()
         entries.append({m_known, {}, snapshot});
     const QList<qint64> ids = history.store().addSongs(*job, entries);
     QCOMPARE(ids.size(), many);
+    QList<HistoryStore::Ending> endings;
     for (const qint64 id : ids)
-        QVERIFY(history.store().finish(id, {}, {}, snapshot));
+        endings.append({id, {}, {}, snapshot.size, snapshot.digest});
+    QVERIFY(history.store().end(endings));
     inWindow([](const HistoryDialog *dialog) {
         const QTreeWidget *const songs = tree(dialog, "songsTreeWidget");
         QCOMPARE(songs->topLevelItemCount(), many);

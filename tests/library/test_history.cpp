@@ -129,7 +129,7 @@ void TestHistory::chosenSongsAreTakenBackAlone()
         kept.store, HistoryJob::Kind::TakeBack, [](const QString &) { return false; }, job.number);
     CountingProgress progress;
     const QList<HistorySong> songs = kept.store.songs(job.number);
-    QCOMPARE(undo.takeBack(job, {songs.at(1)}, false, recorder, progress).done,
+    QCOMPARE(undo.takeBack({songs.at(1)}, false, recorder, progress).done,
              QStringList(kept.library.path(QStringLiteral("b.mp3"))));
     QCOMPARE(kept.bytes().value(QStringLiteral("b.mp3")),
              kept.original.value(QStringLiteral("b.mp3")));
@@ -226,7 +226,7 @@ void TestHistory::takingBackStopsBetweenSongs()
         HistoryRecorder recorder(
             kept.store, HistoryJob::Kind::TakeBack, [](const QString &) { return false; },
             job.number);
-        report = undo.takeBack(job, kept.store.songs(job.number), false, recorder, progress);
+        report = undo.takeBack(kept.store.songs(job.number), false, recorder, progress);
     }
     QVERIFY(report.stopped);
     QCOMPARE(report.done.size(), 1);

@@ -108,11 +108,15 @@ void TestUserHistory::lastJobIsNoTakingBackAndNotTakenBack()
 {
     using Kind = HistoryJob::Kind;
     QVERIFY(!UserHistory::last({}));
-    QVERIFY(!UserHistory::last({job(2, Kind::TakeBack), job(1, Kind::Edit, 2)}));
-    const auto last = UserHistory::last(
-        {job(4, Kind::TakeBack), job(3, Kind::Edit, 4), job(2, Kind::Edit), job(1, Kind::Edit)});
+    HistoryJob undone = job(3, Kind::Edit, 4);
+    undone.isUndone = true;
+    QVERIFY(!UserHistory::last({job(4, Kind::TakeBack), undone}));
+    const auto last =
+        UserHistory::last({job(4, Kind::TakeBack), undone, job(2, Kind::Edit), job(1, Kind::Edit)});
     QVERIFY(last);
     QCOMPARE(last->number, 2);
+    // Only some of its songs are as they were.
+    QCOMPARE(UserHistory::last({job(4, Kind::TakeBack), job(3, Kind::Edit, 4)})->number, 3);
 }
 
 void TestUserHistory::takingBackATakingBackPutsAJobInForceAgain()

@@ -162,7 +162,7 @@ inline std::unique_ptr<QWidget> history()
             number,
             {{longPath, {}, snapshot}, {QStringLiteral("/music/Vesuvio.mp3"), {}, snapshot}});
         for (const qint64 id : ids)
-            history->store().finish(id, before, exampleSong(), after);
+            history->store().end({{id, before, exampleSong(), after.size, after.digest}});
     }
     return std::make_unique<HistoryHolder>(std::move(history));
 }

@@ -76,7 +76,7 @@ public:
         HistoryRecorder recorder(
             store, HistoryJob::Kind::TakeBack, [](const QString &) { return false; }, job.number);
         CountingProgress progress;
-        return undo.takeBack(job, store.songs(job.number), alsoChanged, recorder, progress);
+        return undo.takeBack(store.songs(job.number), alsoChanged, recorder, progress);
     }
 
     QMap<QString, QByteArray> bytes() const
