@@ -520,6 +520,20 @@ Songs that cannot be read: %4</translation>
     </message>
 </context>
 <context>
+    <name>JobUndo</name>
+    <message>
+        <source>il database della memoria non è aggiornato</source>
+        <translation>the memory&apos;s song index is not up to date</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryHistory</name>
+    <message>
+        <source>la cronologia non può essere scritta</source>
+        <translation>the history cannot be written</translation>
+    </message>
+</context>
+<context>
     <name>Index</name>
     <message>
         <source>verrà rinominato: </source>

@@ -520,6 +520,20 @@ Song non leggibili: %4</translation>
     </message>
 </context>
 <context>
+    <name>JobUndo</name>
+    <message>
+        <source>il database della memoria non è aggiornato</source>
+        <translation>il database della memoria non è aggiornato</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryHistory</name>
+    <message>
+        <source>la cronologia non può essere scritta</source>
+        <translation>la cronologia non può essere scritta</translation>
+    </message>
+</context>
+<context>
     <name>Index</name>
     <message>
         <source>verrà rinominato: </source>

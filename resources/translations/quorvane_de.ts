@@ -520,6 +520,20 @@ Songs, die nicht lesbar sind: %4</translation>
     </message>
 </context>
 <context>
+    <name>JobUndo</name>
+    <message>
+        <source>il database della memoria non è aggiornato</source>
+        <translation>das Songverzeichnis des Speichers ist nicht aktuell</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryHistory</name>
+    <message>
+        <source>la cronologia non può essere scritta</source>
+        <translation>der Verlauf kann nicht geschrieben werden</translation>
+    </message>
+</context>
+<context>
     <name>Index</name>
     <message>
         <source>verrà rinominato: </source>
