@@ -263,14 +263,14 @@ void MemorySongWork::editInfo(const QList<MemorySong> &songs, const SongInfo &in
             // Asked before the index is touched.
             SongChanges::Report report =
                 MemoryHistory::keepNext(*recorder, root, picked.paths, 0)
-                    ? changes.rewriteAll(picked.paths,
-                                         [&](const QString &path) {
-                                             return MemoryHistory::keepNext(*recorder, root, picked.paths,
-                                                                     picked.paths.indexOf(path))
-                                                        ? save(root + path, edit, path == shown,
-                                                               *recorder)
-                                                        : MemoryHistory::whyRefused();
-                                         })
+                    ? changes.rewriteAll(
+                          picked.paths,
+                          [&](const QString &path) {
+                              return MemoryHistory::keepNext(*recorder, root, picked.paths,
+                                                             picked.paths.indexOf(path))
+                                         ? save(root + path, edit, path == shown, *recorder)
+                                         : MemoryHistory::whyRefused();
+                          })
                     : nothingDone(picked.paths, MemoryHistory::whyRefused());
             report.failed += picked.changed;
             return report;

@@ -47,8 +47,10 @@ ExitStatus HistoryCommand::takeBack()
     m_history.begin(HistoryJob::Kind::TakeBack, job->number);
     const auto progress =
         m_terminal.openProgress({}, tr("Annullamento"), static_cast<int>(songs->size()));
-    const HistoryUndo::Report report = JobUndo(store, m_terminal.progressOpener()).takeBack(
-        *job, *songs, m_request.changed.value_or(false), m_history.recorder(), *progress);
+    const HistoryUndo::Report report =
+        JobUndo(store, m_terminal.progressOpener())
+            .takeBack(*job, *songs, m_request.changed.value_or(false), m_history.recorder(),
+                      *progress);
     m_history.end();
     for (const QString &path : report.done) {
         m_writer.takenBack(path, {});

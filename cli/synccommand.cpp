@@ -13,6 +13,21 @@
 
 #include <QFileInfo>
 
+namespace
+{
+
+/** Empty for a file that cannot be read as a song. */
+QString titleOf(const QString &path)
+{
+    MetaSong song;
+    SongInfo info;
+    if (song.importFile(path))
+        song.getSongInfo(info);
+    return info.title;
+}
+
+} // namespace
+
 ExitStatus SyncCommand::run()
 {
     const std::optional<QStringList> songs = SongPaths::songs(m_request, m_terminal);
@@ -47,12 +62,9 @@ bool SyncCommand::keepNext(const QStringList &songs, qsizetype place,
         return true;
     QStringList known;
     for (const QString &path : songs.mid(place, HistoryRecorder::songsAtOnce)) {
-        MetaSong song;
-        SongInfo info;
-        if (!song.importFile(path))
-            continue;
-        song.getSongInfo(info);
-        if (catalogue.knows(info.title, QFileInfo(path).fileName()))
+        const QString name = QFileInfo(path).fileName();
+        // The file is read only where its name does not tell.
+        if (catalogue.knows({}, name) || catalogue.knows(titleOf(path), name))
             known.append(path);
     }
     if (m_history.keep(known))

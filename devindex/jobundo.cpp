@@ -55,6 +55,7 @@ struct JobUndo::Work {
         report.done += part.done;
         report.failed += part.failed;
         report.alreadyOld += part.alreadyOld;
+        report.leftAlone += part.leftAlone;
         report.stopped = report.stopped || part.stopped;
     }
 };
@@ -91,7 +92,9 @@ HistoryUndo::Report JobUndo::takeBack(const HistoryJob &job, const QList<History
     }
     for (const QString &root : std::as_const(m_untrue))
         work.report.failed.append({root, tr("il database della memoria non è aggiornato")});
-    if (!work.report.stopped && songs.size() >= job.songs)
+    const bool isFinished =
+        !work.report.stopped && work.report.failed.size() == work.report.leftAlone;
+    if (isFinished && songs.size() >= job.songs)
         m_store.setUndone(job.number);
     return work.report;
 }
@@ -141,7 +144,9 @@ void JobUndo::takeBackOn(const QString &root, const QList<HistorySong> &songs, W
         const bool isToBeWritten =
             found.state == HistoryUndo::State::AsLeft ||
             (found.state == HistoryUndo::State::Moved && memoryOf(found.path) == root) ||
-            (found.state == HistoryUndo::State::Changed && work.alsoChanged) ||
+            ((found.state == HistoryUndo::State::Changed ||
+              found.state == HistoryUndo::State::Unreadable) &&
+             work.alsoChanged) ||
             (!found.path.isEmpty() && steps.contains(path));
         if (!isToBeWritten) {
             step(song); // mostly tells why not

@@ -4,6 +4,7 @@
 #include "formats/metasong.h"
 #include "library/database.h"
 
+#include <QHash>
 #include <QString>
 
 #include <optional>
@@ -32,5 +33,8 @@ public:
 private:
     bool findRecord(const SongInfo &info, const QString &shortName, SongsDbRecord &record) const;
 
+    bool findByFileName(const QString &fileKey, SongsDbRecord &record) const;
+
     const Database &m_database;
+    mutable QHash<QString, SongsDbRecord> m_found; ///< by the names that knows() looked up
 };

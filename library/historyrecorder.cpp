@@ -104,8 +104,8 @@ void HistoryRecorder::written(const QString &path, const SongInfo &before, const
     // A song that cannot be read now is found out about later.
     if (const auto now = SongSnapshot::of(kept->path)) {
         const bool isAsBefore = now->digest == kept->digest && kept->path == path;
-        m_endings.append({kept->id, before, after, now->size,
-                          isAsBefore ? QByteArray() : now->digest});
+        m_endings.append(
+            {kept->id, before, after, now->size, isAsBefore ? QByteArray() : now->digest});
     }
     m_kept.erase(kept);
 }

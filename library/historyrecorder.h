@@ -82,10 +82,10 @@ private:
     TellDropped m_tellDropped;
     qint64 m_job = 0;
     int m_dropped = 0;
-    QHash<QString, Kept> m_kept; ///< by the path before
+    QHash<QString, Kept> m_kept;           ///< by the path before
     QList<HistoryStore::Ending> m_endings; ///< that are not in the store yet
-    bool m_isOff = false;        ///< the user goes on without
-    bool m_isRefused = false;    ///< the user does not
+    bool m_isOff = false;                  ///< the user goes on without
+    bool m_isRefused = false;              ///< the user does not
 };
 
 /** Opens the history for one job; null where none is kept. */

@@ -3,15 +3,14 @@
 #include "library/historytexts.h"
 #include "library/settings.h"
 #include "storage/diagnostics.h"
+#include "storage/quickcompression.h"
 
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QStandardPaths>
 #include <QUuid>
-#include <QtEndian>
 
 namespace
 {
@@ -19,24 +18,11 @@ namespace
 /** Another program that adds its songs is done before. */
 const QString connectOptions = QStringLiteral("QSQLITE_BUSY_TIMEOUT=10000");
 
-/** Songs are small, and the user waits. */
-constexpr int compressionLevel = 1;
+/** No song that is kept is larger; a damaged number must not eat all memory. */
+constexpr qsizetype largestSong = qsizetype{64} << 20;
 
-/** Larger than any song that is kept, with what compression can add to it. */
+/** With what compression can add to it. */
 constexpr qint64 largestBlob = qint64{80} << 20;
-
-/** qCompress() puts the size in front, in four bytes; a damaged one must not eat all memory. */
-std::optional<QByteArray> uncompressed(const QByteArray &bytes)
-{
-    constexpr quint32 largestSong = quint32{64} << 20;
-    constexpr qsizetype sizeBytes = 4;
-    if (bytes.size() < sizeBytes || qFromBigEndian<quint32>(bytes.constData()) > largestSong)
-        return {};
-    QByteArray plain = qUncompress(bytes);
-    if (plain.isEmpty() && qFromBigEndian<quint32>(bytes.constData()) != 0)
-        return {};
-    return plain;
-}
 
 /** True for a number that a job can be of; others come from a stranger or a later version. */
 bool isKind(int number)
@@ -102,8 +88,7 @@ HistoryStore::State HistoryStore::prepare()
     if (!execute(QStringLiteral("BEGIN IMMEDIATE")))
         return State::Unwritable;
     content = historyschema::contentOf(m_connection.database());
-    const bool made =
-        content != Content::Nothing || historyschema::make(m_connection.database());
+    const bool made = content != Content::Nothing || historyschema::make(m_connection.database());
     if (!execute(made ? QStringLiteral("COMMIT") : QStringLiteral("ROLLBACK")) || !made)
         return State::Unwritable;
     return stateFor(content);
@@ -161,7 +146,7 @@ QList<qint64> HistoryStore::addSongs(qint64 job, const QList<Entry> &entries,
         if (!execute(insert))
             break;
         const qint64 id = insert.lastInsertId().toLongLong();
-        const QByteArray bytes = qCompress(entry.snapshot.bytes, compressionLevel);
+        const QByteArray bytes = quickcompression::compressed(entry.snapshot.bytes);
         added += bytes.size();
         insertBytes.addBindValue(id);
         insertBytes.addBindValue(bytes);
@@ -304,7 +289,8 @@ QList<HistoryJob> HistoryStore::jobs()
     query.setForwardOnly(true);
     if (m_state != State::Ready ||
         !query.exec(QStringLiteral(
-            "SELECT number, time, kind, takes_back, is_undone, (SELECT count(*) FROM songs WHERE job = number "
+            "SELECT number, time, kind, takes_back, is_undone, (SELECT count(*) FROM songs WHERE "
+            "job = number "
             "AND new_digest IS NOT NULL) AS written, (SELECT max(later.number) FROM jobs AS later "
             "WHERE later.takes_back = jobs.number) FROM jobs WHERE written > 0 "
             "ORDER BY number DESC")))
@@ -355,9 +341,8 @@ QList<HistorySong> HistoryStore::songs(qint64 job)
 bool HistoryStore::wrote(qint64 job, const QString &path, qint64 otherThan)
 {
     QSqlQuery query(m_connection.database());
-    query.prepare(QStringLiteral(
-        "SELECT 1 FROM songs WHERE job = ? AND id <> ? AND "
-        "? = CASE new_path WHEN '' THEN path ELSE new_path END LIMIT 1"));
+    query.prepare(QStringLiteral("SELECT 1 FROM songs WHERE job = ? AND id <> ? AND "
+                                 "? = CASE new_path WHEN '' THEN path ELSE new_path END LIMIT 1"));
     query.addBindValue(job);
     query.addBindValue(otherThan);
     query.addBindValue(path);
@@ -377,7 +362,8 @@ std::optional<SongSnapshot> HistoryStore::snapshot(const HistorySong &song)
     snapshot.isTag = query.value(0).toBool();
     snapshot.size = query.value(1).toLongLong();
     snapshot.digest = query.value(2).toByteArray();
-    const std::optional<QByteArray> bytes = uncompressed(query.value(3).toByteArray());
+    const std::optional<QByteArray> bytes =
+        quickcompression::plain(query.value(3).toByteArray(), largestSong);
     if (!bytes)
         return {};
     snapshot.bytes = *bytes;

@@ -1,5 +1,7 @@
 #include "library/historytexts.h"
 
+#include "library/runreport.h"
+
 #include <QCoreApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -78,6 +80,8 @@ QString historytexts::stateName(HistoryUndo::State state)
         return Texts::tr("è già come prima");
     case HistoryUndo::State::Changed:
         return Texts::tr("cambiata dopo");
+    case HistoryUndo::State::Unreadable:
+        return RunReport::reasonText(SaveFailure::Unreadable);
     case HistoryUndo::State::Missing:
         return Texts::tr("non c'è più");
     }

@@ -54,9 +54,10 @@ HistoryUndo::Found HistoryUndo::find(const HistorySong &song)
         const auto now = SongSnapshot::of(place);
         if (now && now->digest == song.newDigest)
             return {State::AsLeft, place};
+        if (!now)
+            return {State::Unreadable, place};
         if (song.newPath.isEmpty())
-            return {now && now->digest == song.oldDigest ? State::AlreadyOld : State::Changed,
-                    place};
+            return {now->digest == song.oldDigest ? State::AlreadyOld : State::Changed, place};
     }
     const QStringList candidates = m_known.values(song.newSize);
     for (const QString &path : candidates) {
@@ -96,9 +97,12 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
             if (found.state == State::AlreadyOld)
                 ++report.alreadyOld;
             else if (found.state == State::Missing)
-                report.failed.append({placeAfter(song), tr("il file non c'è più")});
+                report.leaveAlone(placeAfter(song), tr("il file non c'è più"));
             else if (found.state == State::Changed && !alsoChanged)
-                report.failed.append({found.path, tr("è stata cambiata dopo")});
+                report.leaveAlone(found.path, tr("è stata cambiata dopo"));
+            else if (found.state == State::Unreadable && !alsoChanged)
+                report.failed.append(
+                    {found.path, RunReport::reasonText(loadFailureOf(found.path))});
             else
                 steps.append({&song, found.path});
             if (steps.isEmpty() || steps.constLast().song != &song) {
@@ -118,8 +122,8 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
                 break;
             leftovers.tidyBeside(step.path);
             const bool isRename = !step.song->newPath.isEmpty();
-            const QString problem = isRename ? renameBack(*step.song, step.path, recorder)
-                                             : takeBackOne(*step.song, step.path, recorder);
+            const QString problem = isRename ? renameBack(*step.song, step.path, recorder, report)
+                                             : takeBackOne(*step.song, step.path, recorder, report);
             if (problem.isEmpty())
                 report.done.append(isRename ? nameBefore(*step.song, step.path) : step.path);
             else
@@ -134,11 +138,13 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
 
 /** Why the song stays as it is; empty when it is as it was. */
 QString HistoryUndo::takeBackOne(const HistorySong &song, const QString &path,
-                                 HistoryRecorder &recorder)
+                                 HistoryRecorder &recorder, Report &report)
 {
     const std::optional<SongSnapshot> old = m_store.snapshot(song);
-    if (!old)
+    if (!old) {
+        ++report.leftAlone; // it will be no better the next time
         return tr("la cronologia non la conserva più, o è danneggiata");
+    }
     const SongInfo before = infoOf(path);
     SaveFailure failure = SaveFailure::None;
     KeepAlive::workInBackground([&] {
@@ -151,11 +157,13 @@ QString HistoryUndo::takeBackOne(const HistorySong &song, const QString &path,
 
 /** Why the song keeps its name; empty when it has the old one. */
 QString HistoryUndo::renameBack(const HistorySong &song, const QString &path,
-                                HistoryRecorder &recorder)
+                                HistoryRecorder &recorder, Report &report)
 {
     const QString target = nameBefore(song, path);
-    if (isTaken(target))
+    if (isTaken(target)) {
+        ++report.leftAlone;
         return tr("il nome di prima è di un altro file");
+    }
     if (!recorder.keepRenamed(path, target))
         return tr("la cronologia non può essere scritta");
     const QString problem = m_rename ? m_rename(path, target) : renameSong(path, target);
@@ -170,8 +178,7 @@ QString HistoryUndo::renameSong(const QString &path, const QString &target)
 {
     // Qt's own renaming copies where it cannot rename.
     const QString pictures = companionOf(path);
-    const QString oldPictures =
-        pictures.isEmpty() ? QString() : companionTarget(pictures, target);
+    const QString oldPictures = pictures.isEmpty() ? QString() : companionTarget(pictures, target);
     if (isTaken(target) || !renameOver(path, target))
         return tr("non è stato possibile rinominarla");
     // The player finds a song's karaoke pictures by the song's name.
@@ -188,7 +195,6 @@ QString HistoryUndo::renameSong(const QString &path, const QString &target)
 QString HistoryUndo::nameBefore(const HistorySong &song, const QString &path)
 {
     // A song that the user has put into another folder stays there.
-    return path == song.newPath
-               ? song.path
-               : QFileInfo(path).dir().filePath(QFileInfo(song.path).fileName());
+    return path == song.newPath ? song.path
+                                : QFileInfo(path).dir().filePath(QFileInfo(song.path).fileName());
 }

@@ -26,6 +26,7 @@ public:
         Moved,      ///< likewise, but at another place
         AlreadyOld, ///< just as it was before the job
         Changed,    ///< something else was done to it since
+        Unreadable, ///< it is where it was, but cannot be read as a song
         Missing     ///< it is not where it was, nor among the songs that are known
     };
 
@@ -44,6 +45,13 @@ public:
         QList<Failure> failed;
         bool stopped = false;
         int alreadyOld = 0;
+        int leftAlone = 0; ///< of those that failed, those of which nothing else is to be expected
+
+        void leaveAlone(const QString &path, const QString &reason)
+        {
+            failed.append({path, reason});
+            ++leftAlone;
+        }
     };
 
     /** The store must be open and outlive the object. */
@@ -74,8 +82,10 @@ public:
                     Progress &progress);
 
 private:
-    QString takeBackOne(const HistorySong &song, const QString &path, HistoryRecorder &recorder);
-    QString renameBack(const HistorySong &song, const QString &path, HistoryRecorder &recorder);
+    QString takeBackOne(const HistorySong &song, const QString &path, HistoryRecorder &recorder,
+                        Report &report);
+    QString renameBack(const HistorySong &song, const QString &path, HistoryRecorder &recorder,
+                       Report &report);
     static QString nameBefore(const HistorySong &song, const QString &path);
 
     HistoryStore &m_store;

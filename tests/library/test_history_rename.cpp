@@ -180,8 +180,7 @@ void TestHistoryRename::copyThatTheJobWroteItselfIsNotTakenForAMovedSong()
         }
     }
     QVERIFY(QFile::remove(a));
-    const HistoryUndo::Report report =
-        kept.takeBack(kept.store.jobs().constFirst(), false, {d});
+    const HistoryUndo::Report report = kept.takeBack(kept.store.jobs().constFirst(), false, {d});
     QCOMPARE(report.failed.size(), 1);
     QCOMPARE(report.failed.constFirst().path, a);
     QCOMPARE(report.done, QStringList(d));

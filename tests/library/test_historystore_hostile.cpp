@@ -69,9 +69,8 @@ void TestHistoryStoreHostile::strangersDatabaseIsNotTouched_data()
         << QStringList{QStringLiteral("PRAGMA user_version = 1")} << HistoryStore::State::Damaged;
     QTest::newRow("negative version")
         << QStringList{QStringLiteral("PRAGMA user_version = -1")} << HistoryStore::State::Damaged;
-    QTest::newRow("later version")
-        << QStringList{table, QStringLiteral("PRAGMA user_version = 2")}
-        << HistoryStore::State::Newer;
+    QTest::newRow("later version") << QStringList{table, QStringLiteral("PRAGMA user_version = 2")}
+                                   << HistoryStore::State::Newer;
 }
 
 void TestHistoryStoreHostile::strangersDatabaseIsNotTouched()
@@ -136,9 +135,8 @@ void TestHistoryStoreHostile::triggerOfAStrangerNeverRuns()
 {
     KeptLibrary kept;
     QVERIFY(kept.synchronise());
-    QVERIFY(runSql(pathIn(kept),
-                   {QStringLiteral("CREATE TRIGGER mean AFTER INSERT ON jobs BEGIN "
-                                   "DELETE FROM songs; END")}));
+    QVERIFY(runSql(pathIn(kept), {QStringLiteral("CREATE TRIGGER mean AFTER INSERT ON jobs BEGIN "
+                                                 "DELETE FROM songs; END")}));
     QVERIFY(!kept.edit(0, [](SongEdit &edit) { edit.info.title = QStringLiteral("Mine"); }));
     QCOMPARE(kept.store.state(), HistoryStore::State::Damaged);
     QVERIFY(runSql(pathIn(kept), {QStringLiteral("DROP TRIGGER mean")}));
@@ -153,9 +151,8 @@ void TestHistoryStoreHostile::namesAreNoStatements()
     const QString name = QStringLiteral("'); DROP TABLE songs; --\n\"?1 \u00e8.mid");
     const QByteArray before = syncfixture::midi(syncfixture::titled("x"));
     QVERIFY(kept.library.add(name, before));
-    QVERIFY(kept.edit(4, [](SongEdit &edit) {
-        edit.info.title = QStringLiteral("'); DROP TABLE jobs; --");
-    }));
+    QVERIFY(kept.edit(
+        4, [](SongEdit &edit) { edit.info.title = QStringLiteral("'); DROP TABLE jobs; --"); }));
     const HistoryJob job = kept.store.jobs().constFirst();
     const HistorySong song = kept.store.songs(job.number).constFirst();
     QCOMPARE(song.path, kept.library.path(name));
@@ -182,9 +179,8 @@ void TestHistoryStoreHostile::pathsOfAStrangerLeadToNoOtherFile()
     QVERIFY(kept.synchronise());
     const auto synchronised = kept.bytes();
     QVERIFY(samplesongs::writeFile(kept.library.path(QStringLiteral("letter.txt")), "Dear Sir"));
-    QVERIFY(runSql(pathIn(kept),
-                   {QStringLiteral("UPDATE songs SET new_path = path, path = '%1'")
-                        .arg(kept.library.path(QStringLiteral("letter.txt")))}));
+    QVERIFY(runSql(pathIn(kept), {QStringLiteral("UPDATE songs SET new_path = path, path = '%1'")
+                                      .arg(kept.library.path(QStringLiteral("letter.txt")))}));
     QCOMPARE(kept.takeBack(kept.store.jobs().constFirst(), true).failed.size(), 3);
     QCOMPARE(kept.bytes(), synchronised);
     QCOMPARE(samplesongs::readFile(kept.library.path(QStringLiteral("letter.txt"))),

@@ -10,8 +10,8 @@
 #include <QTest>
 
 /**
- * An empty settings store and an empty folder for data. One is made at the start of the test program, before anything opens the
- * store: Qt looks only once where the store lies.
+ * An empty settings store and an empty folder for data. One is made at the start of the test
+ * program, before anything opens the store: Qt looks only once where the store lies.
  */
 class OwnSettings
 {
