@@ -17,10 +17,10 @@ namespace
 {
 
 /** A part of the work whose steps are counted elsewhere. */
-class PartOfProgress : public Progress
+class UncountedPart : public Progress
 {
 public:
-    explicit PartOfProgress(const Progress &whole)
+    explicit UncountedPart(const Progress &whole)
         : m_whole(whole)
     {
     }
@@ -92,9 +92,11 @@ HistoryUndo::Report JobUndo::takeBack(const HistoryJob &job, const QList<History
     }
     for (const QString &root : std::as_const(m_untrue))
         work.report.failed.append({root, tr("il database della memoria non è aggiornato")});
+    // A job of which nothing could be taken back is still the last one.
+    const bool isBegun = !work.report.done.isEmpty() || work.report.alreadyOld > 0;
     const bool isFinished =
         !work.report.stopped && work.report.failed.size() == work.report.leftAlone;
-    if (isFinished && songs.size() >= job.songs)
+    if (isBegun && isFinished && songs.size() >= job.songs)
         m_store.setUndone(job.number);
     return work.report;
 }
@@ -127,7 +129,7 @@ void JobUndo::takeBackOn(const QString &root, const QList<HistorySong> &songs, W
 {
     QMultiMap<QString, HistorySong> steps; // a song that was written twice has two
     QStringList paths;
-    PartOfProgress part(work.progress);
+    UncountedPart part(work.progress);
     const auto step = [&](const HistorySong &song) {
         const HistoryUndo::Report one =
             m_undo.takeBack({song}, work.alsoChanged, work.recorder, part);
@@ -162,7 +164,7 @@ void JobUndo::takeBackOn(const QString &root, const QList<HistorySong> &songs, W
     bool isCounted = true;
     SongChanges changes(root, [&](const QString &title, const QString &label, int maximum) {
         // The first is that of the songs, which are counted here.
-        return std::exchange(isCounted, false) ? std::make_unique<PartOfProgress>(work.progress)
+        return std::exchange(isCounted, false) ? std::make_unique<UncountedPart>(work.progress)
                                                : m_openProgress(title, label, maximum);
     });
     QSet<QString> begun;

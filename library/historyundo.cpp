@@ -97,7 +97,7 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
             if (found.state == State::AlreadyOld)
                 ++report.alreadyOld;
             else if (found.state == State::Missing)
-                report.leaveAlone(placeAfter(song), tr("il file non c'è più"));
+                report.missing(placeAfter(song), tr("il file non c'è più"));
             else if (found.state == State::Changed && !alsoChanged)
                 report.leaveAlone(found.path, tr("è stata cambiata dopo"));
             else if (found.state == State::Unreadable && !alsoChanged)

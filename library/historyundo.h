@@ -6,6 +6,7 @@
 #include "library/progress.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QList>
 #include <QMultiHash>
 #include <QString>
@@ -51,6 +52,13 @@ public:
         {
             failed.append({path, reason});
             ++leftAlone;
+        }
+
+        /** A drive may be connected again; a song that is not in its folder is gone. */
+        void missing(const QString &path, const QString &reason)
+        {
+            failed.append({path, reason});
+            leftAlone += QFileInfo(QFileInfo(path).path()).isDir() ? 1 : 0;
         }
     };
 

@@ -182,7 +182,9 @@ void TestJobUndo::songThatWasChangedSinceCostsNoUpdate()
     QCOMPARE(reasonsOf(kept.takeLastBack()), QStringList(text("è stata cambiata dopo")));
     QCOMPARE(memory.read(text("Azzurro.mid")), mine);
     QCOMPARE(memory.read(text("title.idx")), titles);
+    QVERIFY(!kept.store.jobs().constFirst().isUndone);
     QCOMPARE(reasonsOf(kept.takeBack(kept.store.jobs().constFirst(), true)), QStringList());
+    QVERIFY(kept.store.jobs().constLast().isUndone);
     QVERIFY(memory.read(text("title.idx")).contains("AZZURRO"));
 }
 
