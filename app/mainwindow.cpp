@@ -8,6 +8,7 @@
 #include "app/songimport.h"
 #include "app/songlist.h"
 #include "app/songsync.h"
+#include "app/songtools.h"
 #include "app/songtransfer.h"
 #include "devindex/filecopier.h"
 #include "devindex/mountedvolumes.h"
@@ -155,9 +156,12 @@ void MainWindow::initUserLibraryModel()
     m_songs =
         new SongList(this, *ui, m_database.userLibraryDb(), m_settings, m_busy, *m_actionGate);
     m_import.reset(new SongImport(this, m_database, *m_songs, m_progress));
+    auto *const tools = new SongTools(this, *ui, *m_songs, m_busy, *m_actionGate);
     m_rows = new RowEditing(this, m_dataEditDialog, m_database, *m_songs, m_progress, m_busy);
+    m_rows->setHistory(tools->history());
     m_sync.reset(
         new SongSync(this, m_database, *m_songs, m_progress, [this] { return suggestBackup(); }));
+    m_sync->setHistory(tools->history());
     connect(m_songs, &SongList::editRequested, this, &MainWindow::onSongsTableViewDoubleClicked);
     connect(m_songs, &SongList::menuRequested, this, &MainWindow::onSongsTableViewShowContextMenu);
     // Backup and transfer copy the selected files: they would miss this one for ever.

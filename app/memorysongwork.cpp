@@ -1,6 +1,7 @@
 #include "app/memorysongwork.h"
 
 #include "app/memorycare.h"
+#include "app/memoryhistory.h"
 #include "devindex/copiesfrommemory.h"
 #include "devindex/filestamp.h"
 #include "formats/metasong.h"
@@ -15,6 +16,7 @@
 #include "windows/renamesongdialog.h"
 
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -31,20 +33,37 @@ namespace
 constexpr qsizetype mostNames = 8;
 
 /** Reads the song and gives it the details that were entered; why it was not saved. */
-QString save(const QString &path, const SongEdit &edit, bool isShown)
+QString save(const QString &path, const SongEdit &edit, bool isShown, HistoryRecorder &recorder)
 {
     Leftovers().tidyBeside(path);
     MetaSong song;
     if (!song.importFile(path))
         return RunReport::reasonText(loadFailureOf(path));
-    SongInfo info;
-    song.getSongInfo(info);
+    SongInfo before;
+    song.getSongInfo(before);
+    SongInfo info = before;
     if (isShown)
         info = edit.info;
     else
         edit.applyToOther(info, path);
     song.setSongInfo(info, true);
-    return RunReport::reasonText(song.save(path));
+    const SaveFailure failure = song.save(path);
+    MetaSong saved;
+    SongInfo after;
+    if (saved.importFile(path))
+        saved.getSongInfo(after);
+    recorder.written(path, before, after);
+    return RunReport::reasonText(failure);
+}
+
+/** Nothing was done to the songs, for this reason. */
+SongChanges::Report nothingDone(const QStringList &paths, const QString &reason)
+{
+    SongChanges::Report report;
+    for (const QString &path : paths)
+        report.failed.append({path, reason});
+    report.isIndexTrue = true;
+    return report;
 }
 
 } // namespace
@@ -155,13 +174,24 @@ void MemorySongWork::rename(qsizetype song)
         return;
     const QString newName = dialog.newName();
     m_care.change(
-        [files, newName](SongChanges &changes) {
+        [files, newName, root = m_window.contents()->root(),
+         &job = m_window.job()](SongChanges &changes) {
             const Picked picked = pick(files);
-            if (!picked.paths.isEmpty())
-                return changes.rename(picked.paths.constFirst(), newName);
-            SongChanges::Report report;
-            report.failed = picked.changed;
-            report.isIndexTrue = true;
+            if (picked.paths.isEmpty())
+                return nothingDone({files.constFirst().info.path}, whyChanged());
+            const QString path = picked.paths.constFirst();
+            const QString full = root + path;
+            const QString newFull = QFileInfo(full).dir().filePath(newName);
+            MemoryHistory history(job);
+            const auto recorder = history.recorder(HistoryJob::Kind::Rename);
+            if (!recorder->keepRenamed(full, newFull))
+                return nothingDone({path}, MemoryHistory::whyRefused());
+            SongInfo info;
+            if (MetaSong song; song.importFile(full))
+                song.getSongInfo(info);
+            const SongChanges::Report report = changes.rename(path, newName);
+            if (QFileInfo(newFull).isFile() && !QFileInfo::exists(full))
+                recorder->written(full, info, info);
             return report;
         },
         [](const SongChanges::Report &report) {
@@ -226,11 +256,22 @@ void MemorySongWork::editInfo(const QList<MemorySong> &songs, const SongInfo &in
     const QString shown = songs.constFirst().info.path;
     const QList<MemorySong> concerned = entered->concernsOthers() ? songs : songs.first(1);
     m_care.change(
-        [concerned, shown, root, edit = *entered](SongChanges &changes) {
+        [concerned, shown, root, edit = *entered, &job = m_window.job()](SongChanges &changes) {
             const Picked picked = pick(concerned);
-            SongChanges::Report report = changes.rewriteAll(picked.paths, [&](const QString &path) {
-                return save(root + path, edit, path == shown);
-            });
+            MemoryHistory history(job);
+            const auto recorder = history.recorder(HistoryJob::Kind::Edit);
+            // Asked before the index is touched.
+            SongChanges::Report report =
+                MemoryHistory::keepNext(*recorder, root, picked.paths, 0)
+                    ? changes.rewriteAll(
+                          picked.paths,
+                          [&](const QString &path) {
+                              return MemoryHistory::keepNext(*recorder, root, picked.paths,
+                                                             picked.paths.indexOf(path))
+                                         ? save(root + path, edit, path == shown, *recorder)
+                                         : MemoryHistory::whyRefused();
+                          })
+                    : nothingDone(picked.paths, MemoryHistory::whyRefused());
             report.failed += picked.changed;
             return report;
         },

@@ -3,6 +3,7 @@
 #include "app/songlist.h"
 #include "app/windowprogress.h"
 #include "library/songeditor.h"
+#include "storage/desktopbin.h"
 #include "windows/busystate.h"
 #include "windows/dataeditdialog.h"
 #include "windows/runreportbox.h"
@@ -97,5 +98,8 @@ SongEditor RowEditing::editor()
                                      QMessageBox::Yes | QMessageBox::No,
                                      QMessageBox::No) == QMessageBox::Yes;
     };
-    return {m_songs.model(), askEdit, askDelete, m_progress.open()};
+    SongEditor made(m_songs.model(), askEdit, askDelete, m_progress.open());
+    made.setBin(&desktopbin::take);
+    made.setHistory(m_openHistory);
+    return made;
 }

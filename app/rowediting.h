@@ -3,10 +3,13 @@
 
 #include "formats/metasong.h"
 #include "formats/songinfo.h"
+#include "library/historyrecorder.h"
 
 #include <QModelIndex>
 #include <QObject>
 #include <QPoint>
+
+#include <utility>
 
 class BusyState;
 class Database;
@@ -24,6 +27,9 @@ public:
     /** The window owns the object; the others must outlive it. */
     RowEditing(QWidget *window, DataEditDialog &dialog, const Database &database, SongList &songs,
                WindowProgress &progress, BusyState &busy);
+
+    /** Where the songs are kept before they are changed. */
+    void setHistory(OpenHistory openHistory) { m_openHistory = std::move(openHistory); }
 
     /** Lets the user change the song, and brings it to the middle of the list then. */
     void edit(const QModelIndex &index);
@@ -53,4 +59,5 @@ private:
     SongList &m_songs;
     WindowProgress &m_progress;
     BusyState &m_busy;
+    OpenHistory m_openHistory;
 };

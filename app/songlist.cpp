@@ -5,6 +5,7 @@
 #include "app/songfilter.h"
 #include "app/sortmenu.h"
 #include "app/statussummary.h"
+#include "formats/metasong.h"
 #include "windows/busystate.h"
 #include "windows/statusrowdelegate.h"
 #include "windows/usersongsreltablemodel.h"
@@ -13,6 +14,7 @@
 
 #include <QHeaderView>
 #include <QMainWindow>
+#include <QSet>
 #include <QTableView>
 
 SongList::SongList(QMainWindow *window, const Ui::MainWindow &form, const QSqlDatabase &songs,
@@ -106,6 +108,24 @@ void SongList::showImport(const QList<UnreadableFile> &unreadable)
 {
     m_summary->setUnreadableFiles(unreadable);
     m_columns->sortAsChosen();
+    m_filter->apply();
+    fitColumns();
+}
+
+void SongList::showFiles(const QStringList &paths)
+{
+    const QSet<QString> written(paths.cbegin(), paths.cend());
+    for (int row = 0; row < m_model->goodRowCount(); ++row) {
+        const QString path = m_model->fileName(row);
+        MetaSong song;
+        if (!written.contains(path) || !song.importFile(path))
+            continue;
+        SongInfo info;
+        song.getSongInfo(info);
+        m_model->updateRow(row, info);
+        m_model->setStatus(row, Database::StatusNew);
+        m_model->setSaveFailure(row, SaveFailure::None);
+    }
     m_filter->apply();
     fitColumns();
 }

@@ -9,6 +9,7 @@
 #include <QPoint>
 #include <QSettings>
 #include <QSqlDatabase>
+#include <QStringList>
 
 class ActionGate;
 class BusyState;
@@ -54,6 +55,9 @@ public:
 
     /** Orders and filters the imported songs as the user wants, and names what was unreadable. */
     void showImport(const QList<UnreadableFile> &unreadable);
+
+    /** Other hands have written these files: their rows, if any, show what they hold now. */
+    void showFiles(const QStringList &paths);
 
     /** The files that the last import could not read. */
     const QList<UnreadableFile> &unreadableFiles() const;

@@ -36,6 +36,8 @@ bool SongSync::updateRow(int row)
 
 Synchronisation SongSync::synchronisation()
 {
-    return {m_database, m_songs.model(), m_suggestBackup, &confirmation::askToChange,
-            m_progress.open()};
+    Synchronisation made(m_database, m_songs.model(), m_suggestBackup, &confirmation::askToChange,
+                         m_progress.open());
+    made.setHistory(m_openHistory);
+    return made;
 }

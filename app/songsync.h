@@ -22,6 +22,9 @@ public:
     SongSync(QWidget *window, Database &database, SongList &songs, WindowProgress &progress,
              SuggestBackup suggestBackup);
 
+    /** Where the songs are kept before they are changed. */
+    void setHistory(OpenHistory openHistory) { m_openHistory = std::move(openHistory); }
+
     /**
      * Synchronises all rows, with a question before files without the maker's signature where it is
      * wanted, and after the user has seen and accepted the changes where he wants to see them. True
@@ -40,4 +43,5 @@ private:
     SongList &m_songs;
     WindowProgress &m_progress;
     const SuggestBackup m_suggestBackup;
+    OpenHistory m_openHistory;
 };

@@ -35,6 +35,8 @@ constexpr std::array commandWords{
     CommandWords{Command::Remove, "remove", nullptr},
     CommandWords{Command::Eject, "eject", nullptr},
     CommandWords{Command::CatalogueFind, "catalogue", "find"},
+    CommandWords{Command::History, "history", nullptr},
+    CommandWords{Command::Undo, "undo", nullptr},
 };
 
 /** Stands in front of each argument that is no option, so that CLI11 does not look into it. */
@@ -67,6 +69,8 @@ struct Texts {
     std::string changeUnsigned;
     std::string sort;
     std::string confirm;
+    std::string withoutHistory;
+    std::string changed;
     std::vector<std::string> paths;
 };
 
@@ -214,10 +218,11 @@ private:
             return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
         };
         if (isOneOf({Command::Show, Command::Sync, Command::Transfer, Command::IndexCheck,
-                     Command::List, Command::Remove, Command::Eject, Command::CatalogueFind}))
+                     Command::List, Command::Remove, Command::Eject, Command::CatalogueFind,
+                     Command::History, Command::Undo}))
             command.add_flag("--json", m_texts.json);
-        if (isOneOf(
-                {Command::Show, Command::Set, Command::Sync, Command::Transfer, Command::Remove}))
+        if (isOneOf({Command::Show, Command::Set, Command::Sync, Command::Transfer, Command::Remove,
+                     Command::Undo}))
             command.add_flag("-0", m_texts.zero);
         if (isOneOf({Command::Set})) {
             command.add_option("--title", m_texts.title);
@@ -228,6 +233,10 @@ private:
             command.add_option("--bpm", m_texts.bpm);
             command.add_option("--length", m_texts.length);
         }
+        if (isOneOf({Command::Set, Command::Sync, Command::Undo}))
+            command.add_option("--without-history", m_texts.withoutHistory);
+        if (isOneOf({Command::Undo}))
+            command.add_option("--changed", m_texts.changed);
         if (isOneOf({Command::Sync})) {
             command.add_option("--backup", m_texts.backup);
             command.add_option("--unsigned", m_texts.changeUnsigned);
@@ -351,6 +360,8 @@ QString Arguments::readValues(const Grammar &grammar, Request &request)
     decide("--replace", texts.replace, values::yesOrNo, request.replace);
     decide("--rename", texts.rename, values::yesOrNo, request.rename);
     decide("--confirm", texts.confirm, values::yesOrNo, request.confirm);
+    decide("--without-history", texts.withoutHistory, values::yesOrNo, request.withoutHistory);
+    decide("--changed", texts.changed, values::yesOrNo, request.changed);
     decide("--sort", texts.sort, values::sortMode, request.sort);
     return wrong;
 }
@@ -375,6 +386,10 @@ QString Arguments::whatIsWrong(const Request &request)
         !request.dryRun && !request.inLine && !request.verify)
         return tr("%1 vale solo con %2")
             .arg(QStringLiteral("--json"), QStringLiteral("--dry-run, --in-line, --verify"));
+    if (request.command == Command::History)
+        return request.paths.isEmpty() ? QString() : tr("Troppi argomenti");
+    if (request.command == Command::Undo)
+        return {};
     const bool takesOne = takesOneArgument(request.command);
     if (request.paths.isEmpty() && !request.pathsFromStandardInput)
         return takesOne ? tr("Manca un argomento") : tr("Mancano i file");
@@ -425,6 +440,15 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
                                            : readValues(grammar, request);
     if (result.error.isEmpty())
         result.error = whatIsWrong(request);
+    if (request.command == Command::Undo && !texts.paths.empty()) {
+        // A file of such a name is given with its folder, "./12", or behind "--".
+        bool isNumber = false;
+        const qint64 number = request.paths.constFirst().toLongLong(&isNumber);
+        if (isNumber && number > 0) {
+            request.job = number;
+            request.paths.removeFirst();
+        }
+    }
     if (request.command == Command::CatalogueFind && result.error.isEmpty() &&
         !request.paths.constFirst().isValidUtf8())
         result.error = tr("Valore non valido per %1: %2")

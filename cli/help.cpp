@@ -27,12 +27,13 @@ const QList<Usage> &usages()
          {QStringLiteral("kavena set --title \"MY SONG\" --key A- song.mid"),
           QStringLiteral("kavena set --genre SWING -- *.mf5")},
          QStringLiteral("[--title T] [--artist A] [--genre G] [--author W] [--key K] [--bpm N]\n"
-                        "             [--length M:SS] [-0] FILE...")},
+                        "             [--length M:SS] [--without-history yes|no] [-0] FILE...")},
         {Command::Sync,
          {QStringLiteral("kavena sync --dry-run Songs"),
           QStringLiteral("kavena sync --backup Backups --unsigned no Songs")},
-         QStringLiteral("[--backup DIR] [--dry-run] [--unsigned yes|no] [--json] [-0] "
-                        "FILE|DIR...")},
+         QStringLiteral("[--backup DIR] [--dry-run] [--unsigned yes|no] "
+                        "[--without-history yes|no]\n"
+                        "              [--json] [-0] FILE|DIR...")},
         {Command::Transfer,
          {QStringLiteral("kavena transfer Songs --to /media/$USER/CARD/songs"),
           QStringLiteral("kavena transfer --replace yes --to /media/$USER/CARD *.mid"),
@@ -64,6 +65,11 @@ const QList<Usage> &usages()
         {Command::CatalogueFind,
          {QStringLiteral("kavena catalogue find \"blue moon\"")},
          QStringLiteral("[--json] TEXT")},
+        {Command::History, {QStringLiteral("kavena history")}, QStringLiteral("[--json]")},
+        {Command::Undo,
+         {QStringLiteral("kavena undo"), QStringLiteral("kavena undo 12 song.mid")},
+         QStringLiteral("[--changed yes|no] [--without-history yes|no] [--json] [-0] [JOB] "
+                        "[FILE...]")},
     };
     return all;
 }
@@ -114,6 +120,8 @@ QString Help::text(Command command)
     option("--sort title|artist|genre", tr("l'ordine dell'elenco"));
     option("--duplicates", tr("solo le song che ci sono più volte, per gruppi"));
     option("--confirm yes|no", tr("elimina le song senza chiedere"));
+    option("--without-history yes|no", tr("modifica anche se la cronologia non può essere usata"));
+    option("--changed yes|no", tr("annulla anche nelle song cambiate dopo"));
     option("--csv", tr("una tabella con i campi separati da \";\""));
     option("--json", tr("un oggetto JSON per riga; i nomi sono nella pagina di manuale"));
     option("-0", tr("legge altri nomi dallo standard input, ognuno chiuso da un byte zero"));

@@ -201,6 +201,49 @@ void JsonWriter::planSum(const TransferPlan &plan)
                    '\n');
 }
 
+void JsonWriter::job(const HistoryJob &job, bool isTakenBack)
+{
+    Object line;
+    line.add("job", job.number)
+        .add("time", job.time.toUTC().toString(Qt::ISODate))
+        .add("kind", QString::fromUtf8(kindName(job.kind)))
+        .add("songs", job.songs)
+        .addBool("takenBack", isTakenBack);
+    if (job.takesBack != 0)
+        line.add("takesBack", job.takesBack);
+    m_output.write(line.json() + '\n');
+}
+
+void JsonWriter::takenBack(const QString &path, const QString &reason)
+{
+    Object line;
+    line.add("path", path).addBool("takenBack", reason.isEmpty());
+    if (!reason.isEmpty())
+        line.add("error", reason);
+    m_output.write(line.json() + '\n');
+}
+
+const char *JsonWriter::kindName(HistoryJob::Kind kind)
+{
+    switch (kind) {
+    case HistoryJob::Kind::Synchronise:
+        return "synchronise";
+    case HistoryJob::Kind::Edit:
+        return "edit";
+    case HistoryJob::Kind::EditSeveral:
+        return "edit-several";
+    case HistoryJob::Kind::Tags:
+        return "tags";
+    case HistoryJob::Kind::Rename:
+        return "rename";
+    case HistoryJob::Kind::TakeBack:
+        return "take-back";
+    case HistoryJob::Kind::Measure:
+        return "measure";
+    }
+    return "";
+}
+
 void JsonWriter::catalogueSong(const SongsDbRecord &song)
 {
     m_output.write(Object()

@@ -25,10 +25,15 @@ public:
     void finding(const MemoryCheck::Finding &finding) override;
     void planned(const TransferPlan::Item &item) override;
     void planSum(const TransferPlan &plan) override;
+    void job(const HistoryJob &job, bool isTakenBack) override;
+    void takenBack(const QString &path, const QString &reason) override;
     void catalogueSong(const SongsDbRecord &song) override;
 
     /** The name of a change's field in the JSON lines. */
     static const char *fieldName(ChangePreview::Field field);
+
+    /** The name of a kind of jobs. */
+    static const char *kindName(HistoryJob::Kind kind);
 
     /** A state as the lines name it. */
     static const char *stateName(TransferPlan::State state);

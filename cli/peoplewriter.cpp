@@ -4,6 +4,7 @@
 #include "cli/standardoutput.h"
 #include "devindex/indexrecords.h"
 #include "devindex/sizetext.h"
+#include "library/historytexts.h"
 #include "library/songtable.h"
 #include "storage/shownname.h"
 
@@ -102,6 +103,19 @@ void PeopleWriter::planSum(const TransferPlan &plan)
                   plan.freeBytes < 0 ? QStringLiteral("?") : sizeText(plan.freeBytes),
                   QString::number(plan.songsAfter())));
 }
+
+void PeopleWriter::job(const HistoryJob &job, bool isTakenBack)
+{
+    QString text = QStringLiteral("%1  %2  %3, %4")
+                       .arg(QString::number(job.number).rightJustified(idWidth),
+                            job.time.toString(QStringLiteral("yyyy-MM-dd hh:mm")),
+                            historytexts::kindName(job.kind), tr("%n song", nullptr, job.songs));
+    if (job.takesBack != 0)
+        text += QStringLiteral(" (%1)").arg(job.takesBack);
+    line(isTakenBack ? tr("%1, annullato").arg(text) : text);
+}
+
+void PeopleWriter::takenBack(const QString &, const QString &) {}
 
 void PeopleWriter::catalogueSong(const SongsDbRecord &song)
 {

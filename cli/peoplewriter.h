@@ -30,6 +30,8 @@ public:
     void finding(const MemoryCheck::Finding &finding) override;
     void planned(const TransferPlan::Item &item) override;
     void planSum(const TransferPlan &plan) override;
+    void job(const HistoryJob &job, bool isTakenBack) override;
+    void takenBack(const QString &path, const QString &reason) override;
     void catalogueSong(const SongsDbRecord &song) override;
 
 private:

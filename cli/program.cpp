@@ -5,6 +5,7 @@
 #include "cli/csvwriter.h"
 #include "cli/ejectcommand.h"
 #include "cli/help.h"
+#include "cli/historycommand.h"
 #include "cli/indexcommand.h"
 #include "cli/jsonwriter.h"
 #include "cli/listcommand.h"
@@ -58,6 +59,9 @@ std::unique_ptr<Command> commandFor(const CommandContext &context)
         return std::make_unique<EjectCommand>(context);
     case Request::Command::CatalogueFind:
         return std::make_unique<CatalogueCommand>(context);
+    case Request::Command::History:
+    case Request::Command::Undo:
+        return std::make_unique<HistoryCommand>(context);
     case Request::Command::None:
         break;
     }

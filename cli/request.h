@@ -22,7 +22,9 @@ struct Request {
         List,
         Remove,
         Eject,
-        CatalogueFind
+        CatalogueFind,
+        History,
+        Undo
     };
 
     enum class Form { People, Json, Csv };
@@ -60,6 +62,9 @@ struct Request {
     std::optional<bool> rename;
     std::optional<bool> changeUnsigned;
     std::optional<bool> confirm;
+    std::optional<bool> withoutHistory;
+    std::optional<bool> changed; ///< whether songs that were changed since are taken back too
+    std::optional<qint64> job;   ///< to be taken back; nothing: the last one
     bool duplicates = false;
     bool anyFolder = false; ///< also one that looks like no memory is changed
     Index::SORT_MODE sort = Index::SortByTitle;

@@ -32,15 +32,33 @@ ExitStatus SetCommand::run()
         return m_terminal.status();
     const auto progress =
         m_terminal.openProgress({}, tr("Modifica"), static_cast<int>(paths->size()));
+    m_history.begin(HistoryJob::Kind::Edit);
     int done = 0;
     for (const QByteArray &bytes : *paths) {
-        if (m_terminal.isStopped())
+        if (m_terminal.isStopped() || m_isRefused || !keepNext(*paths, done))
             break;
         if (const std::optional<QString> path = SongPaths::decode(bytes, m_terminal))
             set(*path);
         progress->setValue(++done);
     }
+    m_history.end();
     return m_terminal.status();
+}
+
+/** Keeps several songs for one wait for the disk; false to stop. */
+bool SetCommand::keepNext(const QList<QByteArray> &paths, qsizetype place)
+{
+    if (place % HistoryRecorder::songsAtOnce != 0)
+        return true;
+    QStringList songs;
+    for (const QByteArray &path : paths.mid(place, HistoryRecorder::songsAtOnce)) {
+        if (path.isValidUtf8())
+            songs.append(SongPaths::decode(path, m_terminal).value_or(QString()));
+    }
+    if (m_history.keep(songs))
+        return true;
+    m_history.tellRefused();
+    return false;
 }
 
 void SetCommand::set(const QString &path)
@@ -55,17 +73,25 @@ void SetCommand::set(const QString &path)
     song.getSongInfo(before);
     const SongInfo wanted = edited(before, m_request.edit);
     song.setSongInfo(wanted, true);
-    if (const SaveFailure failure = song.save(path); failure != SaveFailure::None) {
+    if (!m_history.keepOne(path)) {
+        m_isRefused = true;
+        m_history.tellRefused();
+        return;
+    }
+    const SaveFailure failure = song.save(path);
+    MetaSong saved;
+    SongInfo after;
+    const bool isReadable = saved.importFile(path);
+    if (isReadable)
+        saved.getSongInfo(after);
+    m_history.written(path, before, after);
+    if (failure != SaveFailure::None) {
         m_terminal.fail(path, RunReport::reasonText(failure));
         return;
     }
     m_terminal.countDone();
-
-    MetaSong saved;
-    if (!saved.importFile(path))
+    if (!isReadable)
         return;
-    SongInfo after;
-    saved.getSongInfo(after);
     tellCutTexts(path, after);
     const QString lost = ChangePreview::lostCharacters(before, after, wanted);
     if (!lost.isEmpty())

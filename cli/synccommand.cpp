@@ -3,6 +3,7 @@
 #include "cli/givenpath.h"
 #include "cli/songpaths.h"
 #include "devindex/filecopier.h"
+#include "formats/metasong.h"
 #include "library/cataloguemerge.h"
 #include "library/database.h"
 #include "library/librarybackup.h"
@@ -11,6 +12,21 @@
 #include "library/unreadablefile.h"
 
 #include <QFileInfo>
+
+namespace
+{
+
+/** Empty for a file that cannot be read as a song. */
+QString titleOf(const QString &path)
+{
+    MetaSong song;
+    SongInfo info;
+    if (song.importFile(path))
+        song.getSongInfo(info);
+    return info.title;
+}
+
+} // namespace
 
 ExitStatus SyncCommand::run()
 {
@@ -26,14 +42,35 @@ ExitStatus SyncCommand::run()
     const CatalogueMerge catalogue(database);
     const auto progress =
         m_terminal.openProgress({}, tr("Sincronizzazione"), static_cast<int>(songs->size()));
+    m_history.begin(HistoryJob::Kind::Synchronise);
     int done = 0;
     for (const QString &song : *songs) {
-        if (m_terminal.isStopped())
+        if (m_terminal.isStopped() || m_isRefused || !keepNext(*songs, done, catalogue))
             break;
         sync(song, catalogue);
         progress->setValue(++done);
     }
+    m_history.end();
     return m_terminal.status();
+}
+
+/** Keeps those of the next songs that the catalogue is going to change; false to stop. */
+bool SyncCommand::keepNext(const QStringList &songs, qsizetype place,
+                           const CatalogueMerge &catalogue)
+{
+    if (m_request.dryRun || place % HistoryRecorder::songsAtOnce != 0)
+        return true;
+    QStringList known;
+    for (const QString &path : songs.mid(place, HistoryRecorder::songsAtOnce)) {
+        const QString name = QFileInfo(path).fileName();
+        // The file is read only where its name does not tell.
+        if (catalogue.knows({}, name) || catalogue.knows(titleOf(path), name))
+            known.append(path);
+    }
+    if (m_history.keep(known))
+        return true;
+    m_history.tellRefused();
+    return false;
 }
 
 /** False when not every song is in the backup: then no song is changed. */
@@ -113,7 +150,17 @@ void SyncCommand::sync(const QString &path, const CatalogueMerge &catalogue)
 void SyncCommand::save(const QString &path, SongUpdate &update)
 {
     const QList<ChangePreview::Change> changes = update.changes();
+    if (!m_history.keepOne(path)) {
+        m_isRefused = true;
+        m_history.tellRefused();
+        return;
+    }
     const SaveFailure failure = update.canBeSaved() ? update.save() : SaveFailure::TooLarge;
+    MetaSong saved;
+    SongInfo after;
+    if (saved.importFile(path))
+        saved.getSongInfo(after);
+    m_history.written(path, update.before(), after);
     if (failure != SaveFailure::None) {
         m_terminal.fail(path, RunReport::reasonText(failure));
         m_writer.unreadable(path, RunReport::reasonText(failure));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/command.h"
+#include "cli/commandhistory.h"
 #include "library/answer.h"
 #include "storage/leftovers.h"
 
@@ -19,9 +20,12 @@ public:
 
 private:
     bool backUp(const QStringList &songs);
+    bool keepNext(const QStringList &songs, qsizetype place, const CatalogueMerge &catalogue);
     void sync(const QString &path, const CatalogueMerge &catalogue);
     void save(const QString &path, SongUpdate &update);
 
+    CommandHistory m_history{m_request, m_terminal};
+    bool m_isRefused = false; ///< there is no history, and the user does not go on without
     RememberedAnswer m_changeUnsigned;
     Leftovers m_leftovers;
 };

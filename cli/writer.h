@@ -7,6 +7,7 @@
 #include "devindex/transferplan.h"
 #include "formats/songinfo.h"
 #include "library/changepreview.h"
+#include "library/history.h"
 #include "library/songsdbrecord.h"
 
 #include <QList>
@@ -55,6 +56,12 @@ public:
 
     /** What the plan comes to; behind its songs. */
     virtual void planSum(const TransferPlan &plan) = 0;
+
+    /** A job of the history. */
+    virtual void job(const HistoryJob &job, bool isTakenBack) = 0;
+
+    /** A song that is as before a job; or is not, with the reason. */
+    virtual void takenBack(const QString &path, const QString &reason) = 0;
 
     /** A song of the catalogue. */
     virtual void catalogueSong(const SongsDbRecord &song) = 0;

@@ -161,7 +161,8 @@ bool Index::begin(const QString &root)
     if (path.endsWith(QLatin1Char('/')) || path.endsWith(QLatin1Char('\\')))
         path.chop(1);
     rootPath = QDir::cleanPath(QDir(path).absolutePath());
-    const QByteArray expected = std::exchange(device, memoryDevice(rootPath));
+    device = memoryDevice(rootPath);
+    const QByteArray expected = std::exchange(expectedDevice, {});
     if (path.isEmpty() || (!expected.isEmpty() && device != expected))
         return false; // an empty path would mean the working directory
     filesFound = 0;

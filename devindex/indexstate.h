@@ -17,8 +17,8 @@ struct IndexState {
 
     AlphaTable alphaBuffer;
     QString rootPath;  ///< without a slash at its end
-    QByteArray device; ///< memoryDevice() of the root when the operation began; empty if unknown.
-                       ///< An operation is not begun on another one than is set before.
+    QByteArray device; ///< memoryDevice() of the root when the operation began; empty if unknown
+    QByteArray expectedDevice; ///< set before an operation: it is not begun on another one
     QList<SongInfoIndex> entries;
     QList<quint16> playlistNumbers;
     QStringList unreadFolders;        ///< that the scan could not read, as paths on the memory

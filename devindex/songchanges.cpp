@@ -253,7 +253,7 @@ SongChanges::Report SongChanges::runWithIndex(const IndexWork &work)
     if (!report.refusal.isEmpty())
         return report;
     Index index;
-    index.device = m_device;
+    index.expectedDevice = m_device;
     index.setRenameQuestion(m_question);
     std::unique_ptr<Progress> progress;
     QObject::connect(&index, &Index::errorFromIndex, &index,

@@ -219,7 +219,7 @@ bool Transfer::updateIndex(const QString &root, const std::function<bool()> &rem
     };
 
     Index index;
-    index.device = m_device;
+    index.expectedDevice = m_device;
     index.setRenameQuestion([this](const QString &item, const QString &message) {
         return m_user.askRename(item, message);
     });

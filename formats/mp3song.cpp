@@ -58,6 +58,14 @@ bool Mp3Song::isMp3(const QString &path, const QByteArray &start)
     return path.toUpper().endsWith(QLatin1String("MP3")) && isMp3Start(start);
 }
 
+std::optional<qint64> Mp3Song::audioStart(QFile &file)
+{
+    Mp3Header tag;
+    if (!file.seek(0) || !loadTag(file, tag))
+        return {};
+    return std::min(qint64{tag.getAudioDataStartPos()}, file.size());
+}
+
 bool Mp3Song::load(QFile &file)
 {
     m_path = file.fileName();

@@ -5,6 +5,10 @@
 #include "formats/savefailure.h"
 #include "formats/songmerge.h"
 
+#include <QtGlobal>
+
+#include <optional>
+
 class QFile;
 
 /** The functions, but for isMp3, are those that each class of MetaSong's variant has; see there. */
@@ -13,6 +17,13 @@ class Mp3Song
 public:
     /** True for the name and the first bytes of an MP3 file. */
     static bool isMp3(const QString &path, const QByteArray &start);
+
+    /**
+     * The position of the first byte of the audio in a file that is open for reading, from whose
+     * start on it is read; nothing when its tag cannot be read. A file without a tag begins with
+     * its audio.
+     */
+    static std::optional<qint64> audioStart(QFile &file);
 
     bool load(QFile &file);
     SongInfo::fileTypeEnum fileType() const { return m_tag.fileType(); }

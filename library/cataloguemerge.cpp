@@ -9,6 +9,9 @@ namespace
 
 constexpr int extensionLetters = 3;
 
+/** So many songs are asked for together, and a few more. */
+constexpr qsizetype mostFound = 64;
+
 bool isWordCharacter(QChar character)
 {
     return character.isLetterOrNumber() || character.isMark() || character == QLatin1Char('_');
@@ -46,6 +49,18 @@ SongInfo withCatalogueData(SongInfo info, const SongsDbRecord &record)
 
 } // namespace
 
+bool CatalogueMerge::knows(const QString &title, const QString &shortName) const
+{
+    SongsDbRecord record;
+    const QString fileKey = withoutExtension(shortName.toUpper());
+    if (!m_database.getRecordByFilename(fileKey, record))
+        return !title.isEmpty() && m_database.getRecordByTitle(title.toUpper(), record);
+    if (m_found.size() >= mostFound)
+        m_found.clear();
+    m_found.insert(fileKey, record);
+    return true;
+}
+
 std::optional<SongInfo> CatalogueMerge::mergeInto(MetaSong &song, const SongInfo &info,
                                                   const QString &shortName) const
 {
@@ -57,6 +72,16 @@ std::optional<SongInfo> CatalogueMerge::mergeInto(MetaSong &song, const SongInfo
     return merged;
 }
 
+/** What knows() has found is not looked up again. */
+bool CatalogueMerge::findByFileName(const QString &fileKey, SongsDbRecord &record) const
+{
+    const auto found = m_found.constFind(fileKey);
+    if (found == m_found.constEnd())
+        return m_database.getRecordByFilename(fileKey, record);
+    record = *found;
+    return true;
+}
+
 /** By file name, by the long name of an MFX header, by title: the first hit counts. */
 bool CatalogueMerge::findRecord(const SongInfo &info, const QString &shortName,
                                 SongsDbRecord &record) const
@@ -65,7 +90,7 @@ bool CatalogueMerge::findRecord(const SongInfo &info, const QString &shortName,
     const QString longNameKey = withoutExtension(info.mfxLongName.toUpper());
     const QString titleKey = info.title.toUpper();
     QString foundBy;
-    if (m_database.getRecordByFilename(fileKey, record))
+    if (findByFileName(fileKey, record))
         foundBy = QStringLiteral("FILENAME: ") + fileKey;
     else if (!longNameKey.isEmpty() && m_database.getRecordByFilename(longNameKey, record))
         foundBy = QStringLiteral("MFXLONGNAME: ") + longNameKey;

@@ -4,6 +4,7 @@
 #include "formats/metasong.h"
 #include "library/database.h"
 
+#include <QHash>
 #include <QString>
 
 #include <optional>
@@ -18,6 +19,9 @@ public:
     {
     }
 
+    /** True when mergeInto() finds a song with this title and this name of its file. */
+    bool knows(const QString &title, const QString &shortName) const;
+
     /**
      * Merges the catalogue's data into the loaded song, in memory. info is what the song holds,
      * shortName the name of its file without the folder. Returns the record that was merged;
@@ -29,5 +33,8 @@ public:
 private:
     bool findRecord(const SongInfo &info, const QString &shortName, SongsDbRecord &record) const;
 
+    bool findByFileName(const QString &fileKey, SongsDbRecord &record) const;
+
     const Database &m_database;
+    mutable QHash<QString, SongsDbRecord> m_found; ///< by the names that knows() looked up
 };

@@ -14,6 +14,7 @@ inline const QString logClear = QStringLiteral("logclear");
 inline const QString copyrightAsk = QStringLiteral("copyrightAsk");
 inline const QString mediaRoot = QStringLiteral("mediaroot");
 inline const QString previewChanges = QStringLiteral("previewchanges");
+inline const QString historyLimit = QStringLiteral("historylimit"); ///< megabytes
 inline const QString readBack = QStringLiteral("readback");
 inline const QString windowPlace = QStringLiteral("windowplace");
 inline const QString windowMaximised = QStringLiteral("windowmaximised");

@@ -14,6 +14,8 @@
 #include <QList>
 #include <QPersistentModelIndex>
 
+#include <algorithm>
+
 void SongEdit::applyToOther(SongInfo &other, const QString &path) const
 {
     if (titleToAll)
@@ -59,16 +61,36 @@ bool SongEditor::edit(int row)
     edit->info.dbgDump();
     const QPersistentModelIndex place = m_model.rowIndex(row);
     m_changesMany = edit->concernsOthers();
-    manualModifySong(song, edit->info, path, row);
-    if (m_changesMany)
+    m_history = m_openHistory ? m_openHistory(HistoryJob::Kind::Edit) : nullptr;
+    const bool goesOn = keepSong(path);
+    if (goesOn)
+        write(song, edit->info, path, row);
+    if (goesOn && m_changesMany)
         applyToAll(*edit, place.row());
-    return true;
+    m_history.reset();
+    return goesOn;
 }
 
 void SongEditor::manualModifySong(MetaSong song, const SongInfo &info, const QString &path, int row)
 {
+    m_history = m_openHistory ? m_openHistory(HistoryJob::Kind::Edit) : nullptr;
+    if (keepSong(path))
+        write(std::move(song), info, path, row);
+    m_history.reset();
+}
+
+/** False when the song is not kept and so must not be changed. */
+bool SongEditor::keepSong(const QString &path)
+{
+    return !m_history || m_history->isKept(path) || m_history->keep({path});
+}
+
+void SongEditor::write(MetaSong song, const SongInfo &info, const QString &path, int row)
+{
     // The table may be sorted while the file is written.
     const QPersistentModelIndex place = m_model.rowIndex(row);
+    SongInfo before;
+    song.getSongInfo(before);
     song.setSongInfo(info, true);
     logDebug() << "Saving to file: " << path;
     SaveFailure failure = SaveFailure::None;
@@ -83,8 +105,8 @@ void SongEditor::manualModifySong(MetaSong song, const SongInfo &info, const QSt
 
     keepFailure(place.row(), path, failure);
     MetaSong onDisk;
+    SongInfo savedInfo;
     if (onDisk.importFile(path)) {
-        SongInfo savedInfo;
         onDisk.getSongInfo(savedInfo);
         const QString lost = ChangePreview::lostCharacters(std::nullopt, savedInfo, info);
         if (m_changesMany && saved && !lost.isEmpty())
@@ -92,6 +114,8 @@ void SongEditor::manualModifySong(MetaSong song, const SongInfo &info, const QSt
         m_model.updateRow(place.row(), savedInfo);
     }
     m_model.setStatus(place.row(), Database::StatusEdited);
+    if (m_history)
+        m_history->written(path, before, savedInfo);
 }
 
 /** Marks the row and reports its song; with None, takes the mark of an earlier failure away. */
@@ -117,7 +141,7 @@ QString SongEditor::deleteFile(int row)
         // cppcheck-suppress unreadVariable
         const std::unique_ptr<QFile> bytes = keepBytesOf(path);
         // What is put there later must not be taken for a song whose save was cut off.
-        if (QFile::remove(path)) {
+        if ((m_takeDeleted && m_takeDeleted(path)) || QFile::remove(path)) {
             SongJournal::removeAllOf(path);
             flushPath(QFileInfo(path).path());
         }
@@ -144,13 +168,32 @@ void SongEditor::applyToAll(const SongEdit &edit, int editedRow)
         QCoreApplication::translate("MainWindow", "Aggiorno la libreria...", "Apply to all"), rows);
     Leftovers leftovers;
     for (int done = 0; done < rows; ++done) {
+        if (!keepNextSongs(songs, done, editedRow))
+            return;
         leftovers.tidyBeside(m_model.fileName(songs.at(done).row()));
         if (MetaSong::takesLongToImport(m_model.fileName(songs.at(done).row())))
             progress->catchUp();
+        const QString path = m_model.fileName(songs.at(done).row());
+        if (done != editedRow && !keepSong(path))
+            return; // a file that the list holds twice is kept for each time
         if (done != editedRow && applyToRow(edit, songs.at(done).row()))
             progress->updateProgress(done + 1);
         KeepAlive::processEventsNow();
     }
+}
+
+/** Keeps the songs that are going to be changed next; false to stop. */
+bool SongEditor::keepNextSongs(const QList<QPersistentModelIndex> &songs, int place, int editedRow)
+{
+    if (!m_history || place % HistoryRecorder::songsAtOnce != 0)
+        return true;
+    QStringList paths;
+    const qsizetype end = std::min(songs.size(), qsizetype{place} + HistoryRecorder::songsAtOnce);
+    for (qsizetype next = place; next < end; ++next) {
+        if (next != editedRow)
+            paths.append(m_model.fileName(songs.at(next).row()));
+    }
+    return m_history->keep(paths);
 }
 
 /** False when the row's file cannot be read; it then stays as it is, but for the row's mark. */
@@ -165,6 +208,6 @@ bool SongEditor::applyToRow(const SongEdit &edit, int row)
     SongInfo info;
     song.getSongInfo(info);
     edit.applyToOther(info, path);
-    manualModifySong(song, info, path, row);
+    write(song, info, path, row);
     return true;
 }

@@ -4,10 +4,13 @@
 #include "formats/metasong.h"
 #include "formats/songinfo.h"
 #include "library/database.h"
+#include "library/historyrecorder.h"
 #include "library/progress.h"
 #include "library/runreport.h"
 #include "library/songtable.h"
 
+#include <QList>
+#include <QPersistentModelIndex>
 #include <QString>
 
 #include <functional>
@@ -44,6 +47,15 @@ public:
     /** The model must outlive the object. */
     SongEditor(SongTable &model, AskEdit askEdit, AskDelete askDelete, OpenProgress openProgress);
 
+    /** Takes a deleted file; false when it is where it was, and has to be removed. */
+    using TakeDeleted = std::function<bool(const QString &path)>;
+
+    /** What takes deleted files; without it they are gone for good. */
+    void setBin(TakeDeleted take) { m_takeDeleted = std::move(take); }
+
+    /** Where the songs are kept before they are changed; without it they are not. */
+    void setHistory(OpenHistory openHistory) { m_openHistory = std::move(openHistory); }
+
     /**
      * Lets the user change the row's song and writes it, and then all other songs where he asked
      * for it. Returns true when something was written, so that the row is worth scrolling to;
@@ -73,14 +85,21 @@ public:
     const RunReport &report() const { return m_report; }
 
 private:
+    void write(MetaSong song, const SongInfo &info, const QString &path, int row);
+    bool keepSong(const QString &path);
     void keepFailure(int row, const QString &path, SaveFailure failure);
     void applyToAll(const SongEdit &edit, int editedRow);
     bool applyToRow(const SongEdit &edit, int row);
+
+    bool keepNextSongs(const QList<QPersistentModelIndex> &songs, int place, int editedRow);
 
     SongTable &m_model;
     AskEdit m_askEdit;
     AskDelete m_askDelete;
     OpenProgress m_openProgress;
+    TakeDeleted m_takeDeleted;
+    OpenHistory m_openHistory;
+    std::unique_ptr<HistoryRecorder> m_history; ///< of the job that runs; null without one
     RunReport m_report;
     bool m_changesMany = false; ///< if not, the dialog has shown the lost characters
 };

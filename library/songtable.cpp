@@ -213,6 +213,11 @@ QString SongTable::fileName(int row)
     return index(row, columnNumber(songcolumns::FileName)).data().toString();
 }
 
+QString SongTable::title(int row)
+{
+    return index(row, columnNumber(songcolumns::Title)).data().toString();
+}
+
 QString SongTable::shortName(int row)
 {
     return index(row, columnNumber(songcolumns::ShortName)).data().toString();

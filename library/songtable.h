@@ -76,6 +76,9 @@ public:
     /** The full path of the row's song file; empty for a row that does not exist. */
     QString fileName(int row);
 
+    /** The row's title; empty for a row that does not exist. */
+    QString title(int row);
+
     /** The row's file name without its folder; empty for a row that does not exist. */
     QString shortName(int row);
 

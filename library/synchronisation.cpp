@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QPersistentModelIndex>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -54,24 +56,65 @@ bool Synchronisation::run(bool copyrightAsk)
                        QCoreApplication::translate("MainWindow", "Aggiorno la libreria..."), rows);
     m_changeUnsigned = copyrightAsk ? RememberedAnswer() : RememberedAnswer::toAll(true);
     m_leftovers = {};
+    m_isRefused = false;
+    m_history = m_openHistory ? m_openHistory(HistoryJob::Kind::Synchronise) : nullptr;
+    const bool done = runRows(rows, *progress);
+    m_history.reset();
+    return done;
+}
+
+bool Synchronisation::runRows(int rows, Progress &progress)
+{
     for (int row = 0; row < rows; ++row) {
-        if (progress->wasCanceled())
+        if (progress.wasCanceled() || !keepNextSongs(row, rows))
             return false;
         logDebug() << "[UPDATE] rowIdx: " << row;
         logDebug() << "[UPDATE] updating file: " << m_model.fileName(row);
         const QPersistentModelIndex place = m_model.rowIndex(row);
         if (MetaSong::takesLongToImport(m_model.fileName(row)))
-            progress->catchUp();
-        const bool synced = updateFileWithDb(row);
+            progress.catchUp();
+        const bool synced = updateRow(row);
+        if (m_isRefused)
+            return false;
         m_model.setStatus(place.row(), synced ? Database::StatusSynced : Database::StatusNotSynced);
-        progress->updateProgress(row + 1);
+        progress.updateProgress(row + 1);
         logEndOfRow();
         KeepAlive::processEventsNow();
     }
     return true;
 }
 
+/** Keeps those of the next songs that the catalogue is going to change; false to stop. */
+bool Synchronisation::keepNextSongs(int row, int rows)
+{
+    if (!m_history || row % HistoryRecorder::songsAtOnce != 0)
+        return true;
+    QStringList songs;
+    const int end = std::min(row + HistoryRecorder::songsAtOnce, rows);
+    for (int next = row; next < end; ++next) {
+        if (m_catalogue.knows(m_model.title(next), m_model.shortName(next)))
+            songs.append(m_model.fileName(next));
+    }
+    return m_history->keep(songs);
+}
+
+/** False when the song is not kept and so must not be changed. */
+bool Synchronisation::keepSong(const QString &fileName)
+{
+    m_isRefused = m_history && !m_history->isKept(fileName) && !m_history->keep({fileName});
+    return !m_isRefused;
+}
+
 bool Synchronisation::updateFileWithDb(int row)
+{
+    m_isRefused = false;
+    m_history = m_openHistory ? m_openHistory(HistoryJob::Kind::Synchronise) : nullptr;
+    const bool found = updateRow(row);
+    m_history.reset();
+    return found;
+}
+
+bool Synchronisation::updateRow(int row)
 {
     const QString fileName = m_model.fileName(row);
     m_leftovers.tidyBeside(fileName);
@@ -83,7 +126,7 @@ bool Synchronisation::updateFileWithDb(int row)
     }
     if (!mayChange(update.before(), fileName))
         return false;
-    if (!update.merge(m_catalogue, m_model.shortName(row)))
+    if (!update.merge(m_catalogue, m_model.shortName(row)) || !keepSong(fileName))
         return false;
 
     // A cancelled progress no longer blocks the table, so that the user may sort it.
@@ -96,14 +139,16 @@ bool Synchronisation::updateFileWithDb(int row)
     });
     keepFailure(place.row(), fileName, failure);
     MetaSong saved;
+    SongInfo savedInfo;
     if (saved.importFile(fileName)) {
-        SongInfo savedInfo;
         saved.getSongInfo(savedInfo);
         const QString lost = update.lostCharacters(savedInfo);
         if (!lost.isEmpty())
             m_report.add(SongFinding::Kind::LostCharacters, fileName, lost);
         m_model.updateRow(place.row(), savedInfo);
     }
+    if (m_history)
+        m_history->written(fileName, update.before(), savedInfo);
     return true;
 }
 

@@ -5,6 +5,7 @@
 #include "library/answer.h"
 #include "library/cataloguemerge.h"
 #include "library/database.h"
+#include "library/historyrecorder.h"
 #include "library/progress.h"
 #include "library/runreport.h"
 #include "library/songtable.h"
@@ -33,11 +34,15 @@ public:
     Synchronisation(const Database &database, SongTable &model, OfferBackup offerBackup,
                     AskUnsigned askUnsigned, OpenProgress openProgress);
 
+    /** Where the songs are kept before they are changed; without it they are not. */
+    void setHistory(OpenHistory openHistory) { m_openHistory = std::move(openHistory); }
+
     /**
      * Synchronises the whole library. copyrightAsk: whether the user is asked about each file
      * without the publisher's signature; otherwise these files are changed like the others. Returns
-     * false when the library is empty, the backup was refused, or the user stopped the run: the
-     * rows already done then keep their outcome, the others are as before.
+     * false when the library is empty, the backup was refused, there can be no history that the
+     * user wants, or the user stopped the run: the rows already done then keep their outcome, the
+     * others are as before.
      */
     bool run(bool copyrightAsk);
 
@@ -53,6 +58,10 @@ public:
     const RunReport &report() const { return m_report; }
 
 private:
+    bool runRows(int rows, Progress &progress);
+    bool updateRow(int row);
+    bool keepNextSongs(int row, int rows);
+    bool keepSong(const QString &fileName);
     void keepFailure(int row, const QString &fileName, SaveFailure failure);
     bool mayChange(const SongInfo &info, const QString &fileName);
 
@@ -61,7 +70,10 @@ private:
     OfferBackup m_offerBackup;
     AskUnsigned m_askUnsigned;
     OpenProgress m_openProgress;
-    Leftovers m_leftovers; ///< of the last run
+    OpenHistory m_openHistory;
+    std::unique_ptr<HistoryRecorder> m_history; ///< of the run; null without one
+    bool m_isRefused = false;                   ///< the user does not go on without a history
+    Leftovers m_leftovers;                      ///< of the last run
     RememberedAnswer m_changeUnsigned = RememberedAnswer::toAll(true);
     RunReport m_report;
 };

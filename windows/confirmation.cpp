@@ -2,7 +2,8 @@
 
 #include "windows/nocopyrightdialog.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QMessageBox>
 
 namespace
 {
@@ -41,4 +42,15 @@ Answer confirmation::ask(const QString &fileName, const QString &message)
     dialog.setFilename(fileName);
     dialog.setMessage(message);
     return run(dialog);
+}
+
+bool confirmation::askToGoOnWithoutHistory(const QString &reason)
+{
+    const QString question =
+        reason + QStringLiteral("\n\n") +
+        QCoreApplication::translate("History", "Continuare senza cronologia? Le modifiche non "
+                                               "potranno essere annullate.");
+    return QMessageBox::question(
+               QApplication::activeWindow(), QCoreApplication::translate("History", "Cronologia"),
+               question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }

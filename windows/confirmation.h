@@ -15,4 +15,7 @@ Answer askToReplace(const QString &target);
 
 /** Asks what the message says about the file. Closing the dialog counts as yes. */
 Answer ask(const QString &fileName, const QString &message);
+
+/** Asks whether songs may be changed though that cannot be taken back. Closing it counts as no. */
+bool askToGoOnWithoutHistory(const QString &reason);
 } // namespace confirmation

@@ -833,6 +833,18 @@ Do you want to copy all the same?</translation>
         <source>Espelli la memoria</source>
         <translation>Eject memory</translation>
     </message>
+    <message>
+        <source>Modifica</source>
+        <translation>Edit</translation>
+    </message>
+    <message>
+        <source>&amp;Annulla l&apos;ultimo lavoro...</source>
+        <translation>&amp;Undo last job...</translation>
+    </message>
+    <message>
+        <source>&amp;Cronologia...</source>
+        <translation>&amp;History...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1528,6 +1540,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>anche una cartella che non è in una memoria</source>
         <translation>also a folder that lies on no memory</translation>
     </message>
+    <message>
+        <source>modifica anche se la cronologia non può essere usata</source>
+        <translation>change songs even if the history cannot be used</translation>
+    </message>
+    <message>
+        <source>annulla anche nelle song cambiate dopo</source>
+        <translation>undo also in songs that were changed since</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -1795,6 +1815,17 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>Stesso titolo e interprete:</source>
         <translation>Same title and artist:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song</source>
+        <translation>
+            <numerusform>%n song</numerusform>
+            <numerusform>%n songs</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, annullato</source>
+        <translation>%1, undone</translation>
     </message>
 </context>
 <context>
@@ -3185,6 +3216,332 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
         <translation>
             <numerusform>(and %n more of this kind)</numerusform>
             <numerusform>(and %n more of this kind)</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CommandHistory</name>
+    <message>
+        <source>Continuare senza cronologia? Le modifiche non potranno essere annullate.</source>
+        <translation>Go on without a history? The changes cannot be undone then.</translation>
+    </message>
+    <message>
+        <source>Le altre song non sono state modificate</source>
+        <translation>The other songs have not been changed</translation>
+    </message>
+</context>
+<context>
+    <name>History</name>
+    <message>
+        <source>Sincronizzazione</source>
+        <translation>Synchronization</translation>
+    </message>
+    <message>
+        <source>Modifica</source>
+        <translation>Edit</translation>
+    </message>
+    <message>
+        <source>Modifica di più song</source>
+        <translation>Edit of several songs</translation>
+    </message>
+    <message>
+        <source>Preparazione dei tag MP3</source>
+        <translation>Preparation of MP3 tags</translation>
+    </message>
+    <message>
+        <source>Nuovi nomi</source>
+        <translation>Renaming</translation>
+    </message>
+    <message>
+        <source>Annullamento</source>
+        <translation>Undo</translation>
+    </message>
+    <message>
+        <source>Misura</source>
+        <translation>Measuring</translation>
+    </message>
+    <message>
+        <source>La cronologia è di una versione più recente del programma.</source>
+        <translation>The history was made by a later version of the program.</translation>
+    </message>
+    <message>
+        <source>La cronologia è danneggiata.</source>
+        <translation>The history is damaged.</translation>
+    </message>
+    <message>
+        <source>La cronologia non può essere scritta: il disco è pieno o guasto.</source>
+        <translation>The history cannot be written: the drive is full or broken.</translation>
+    </message>
+    <message>
+        <source>come il lavoro l&apos;ha lasciata</source>
+        <translation>as it was left</translation>
+    </message>
+    <message>
+        <source>spostata</source>
+        <translation>moved</translation>
+    </message>
+    <message>
+        <source>è già come prima</source>
+        <translation>already as before</translation>
+    </message>
+    <message>
+        <source>cambiata dopo</source>
+        <translation>changed since</translation>
+    </message>
+    <message>
+        <source>non c&apos;è più</source>
+        <translation>no longer there</translation>
+    </message>
+    <message numerus="yes">
+        <source>La cronologia è piena: %n lavori più vecchi non possono più essere annullati.</source>
+        <translation>
+            <numerusform>The history is full: the oldest job can no longer be undone.</numerusform>
+            <numerusform>The history is full: the %n oldest jobs can no longer be undone.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Continuare senza cronologia? Le modifiche non potranno essere annullate.</source>
+        <translation>Go on without a history? The changes cannot be undone then.</translation>
+    </message>
+    <message>
+        <source>Cronologia</source>
+        <translation>History</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryCommand</name>
+    <message>
+        <source>La cronologia non ha il lavoro %1</source>
+        <translation>The history has no job %1</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è niente da annullare</source>
+        <translation>There is nothing to undo</translation>
+    </message>
+    <message>
+        <source>Annullamento</source>
+        <translation>Undo</translation>
+    </message>
+    <message>
+        <source>il lavoro non ha modificato questa song</source>
+        <translation>the job did not change this song</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryDialog</name>
+    <message>
+        <source>Cronologia</source>
+        <translation>History</translation>
+    </message>
+    <message>
+        <source>&amp;Lavori che hanno modificato song:</source>
+        <translation>&amp;Jobs that changed songs:</translation>
+    </message>
+    <message>
+        <source>Ora</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>Lavoro</source>
+        <translation>Job</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Songs</translation>
+    </message>
+    <message>
+        <source>Stato</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>Song &amp;del lavoro scelto:</source>
+        <translation>Songs &amp;of the chosen job:</translation>
+    </message>
+    <message>
+        <source>Song e campo</source>
+        <translation>Song and field</translation>
+    </message>
+    <message>
+        <source>Prima</source>
+        <translation>Before</translation>
+    </message>
+    <message>
+        <source>Dopo</source>
+        <translation>After</translation>
+    </message>
+    <message>
+        <source>Adesso</source>
+        <translation>Now</translation>
+    </message>
+    <message>
+        <source>Annulla anche le song &amp;cambiate dopo</source>
+        <translation>Also undo songs &amp;changed since</translation>
+    </message>
+    <message>
+        <source>Spazio per la cr&amp;onologia:</source>
+        <translation>&amp;Room for the history:</translation>
+    </message>
+    <message>
+        <source>Quando è pieno, i lavori più vecchi non possono più essere annullati.</source>
+        <translation>When it is full, the oldest jobs can no longer be undone.</translation>
+    </message>
+    <message>
+        <source>Annulla le &amp;song scelte</source>
+        <translation>Undo chosen &amp;songs</translation>
+    </message>
+    <message>
+        <source>Annulla &amp;tutto il lavoro</source>
+        <translation>Undo &amp;whole job</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>annullato in parte</source>
+        <translation>partly undone</translation>
+    </message>
+    <message>
+        <source>annullato</source>
+        <translation>undone</translation>
+    </message>
+    <message>
+        <source>di: %1</source>
+        <translation>of: %1</translation>
+    </message>
+    <message>
+        <source>Nome file</source>
+        <translation>File name</translation>
+    </message>
+    <message>
+        <source>Song controllate: %1 di %2</source>
+        <translation>Songs checked: %1 of %2</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryUndo</name>
+    <message>
+        <source>il file non c&apos;è più</source>
+        <translation>the file is no longer there</translation>
+    </message>
+    <message>
+        <source>è stata cambiata dopo</source>
+        <translation>was changed since</translation>
+    </message>
+    <message>
+        <source>la cronologia non la conserva più, o è danneggiata</source>
+        <translation>the history no longer keeps it, or is damaged</translation>
+    </message>
+    <message>
+        <source>il nome di prima è di un altro file</source>
+        <translation>another file has its old name</translation>
+    </message>
+    <message>
+        <source>la cronologia non può essere scritta</source>
+        <translation>the history cannot be written</translation>
+    </message>
+    <message>
+        <source>non è stato possibile rinominarla</source>
+        <translation>it could not be renamed</translation>
+    </message>
+    <message>
+        <source>il disco non ha confermato il nuovo nome</source>
+        <translation>the drive did not confirm the new name</translation>
+    </message>
+    <message>
+        <source>le sue immagini karaoke non sono state rinominate</source>
+        <translation>its karaoke pictures were not renamed</translation>
+    </message>
+</context>
+<context>
+    <name>JobUndo</name>
+    <message>
+        <source>il database della memoria non è aggiornato</source>
+        <translation>the memory&apos;s song index is not up to date</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryHistory</name>
+    <message>
+        <source>la cronologia non può essere scritta</source>
+        <translation>the history cannot be written</translation>
+    </message>
+</context>
+<context>
+    <name>SongHistory</name>
+    <message>
+        <source>Cronologia</source>
+        <translation>History</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è niente da annullare.</source>
+        <translation>There is nothing to undo.</translation>
+    </message>
+    <message>
+        <source>%1.
+
+Annullare questo lavoro? Le song tornano come erano prima.</source>
+        <translation>%1.
+
+Undo this job? The songs become what they were before.</translation>
+    </message>
+</context>
+<context>
+    <name>TakingBack</name>
+    <message numerus="yes">
+        <source>%n song sono di nuovo come prima.</source>
+        <translation>
+            <numerusform>%n song is as before again.</numerusform>
+            <numerusform>%n songs are as before again.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song erano già come prima.</source>
+        <translation>
+            <numerusform>%n song was as before already.</numerusform>
+            <numerusform>%n songs were as before already.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song sono rimaste come sono.</source>
+        <translation>
+            <numerusform>%n song stayed as it is.</numerusform>
+            <numerusform>%n songs stayed as they are.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Interrotto: le altre song non sono state toccate.</source>
+        <translation>Stopped: the other songs were not touched.</translation>
+    </message>
+    <message>
+        <source>Non c&apos;era niente da annullare.</source>
+        <translation>There was nothing to undo.</translation>
+    </message>
+    <message>
+        <source>Cronologia</source>
+        <translation>History</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Details...</translation>
+    </message>
+    <message>
+        <source>Le song tornano come prima...</source>
+        <translation>The songs become as before...</translation>
+    </message>
+    <message>
+        <source>Dettagli</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>Queste &amp;song sono rimaste come sono:</source>
+        <translation>These &amp;songs stayed as they are:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 del %2, %n song</source>
+        <translation>
+            <numerusform>%1 of %2, %n song</numerusform>
+            <numerusform>%1 of %2, %n songs</numerusform>
         </translation>
     </message>
 </context>

@@ -833,6 +833,18 @@ Si vuole procedere comunque con la copia?</translation>
         <source>Espelli la memoria</source>
         <translation>Espelli la memoria</translation>
     </message>
+    <message>
+        <source>Modifica</source>
+        <translation>Modifica</translation>
+    </message>
+    <message>
+        <source>&amp;Annulla l&apos;ultimo lavoro...</source>
+        <translation>&amp;Annulla l&apos;ultimo lavoro...</translation>
+    </message>
+    <message>
+        <source>&amp;Cronologia...</source>
+        <translation>&amp;Cronologia...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1528,6 +1540,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>anche una cartella che non è in una memoria</source>
         <translation>anche una cartella che non è in una memoria</translation>
     </message>
+    <message>
+        <source>modifica anche se la cronologia non può essere usata</source>
+        <translation>modifica anche se la cronologia non può essere usata</translation>
+    </message>
+    <message>
+        <source>annulla anche nelle song cambiate dopo</source>
+        <translation>annulla anche nelle song cambiate dopo</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -1795,6 +1815,17 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>Stesso titolo e interprete:</source>
         <translation>Stesso titolo e interprete:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song</source>
+        <translation>
+            <numerusform>%n song</numerusform>
+            <numerusform>%n song</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, annullato</source>
+        <translation>%1, annullato</translation>
     </message>
 </context>
 <context>
@@ -3185,6 +3216,332 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
         <translation>
             <numerusform>(e un altro di questo tipo)</numerusform>
             <numerusform>(e altri %n di questo tipo)</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CommandHistory</name>
+    <message>
+        <source>Continuare senza cronologia? Le modifiche non potranno essere annullate.</source>
+        <translation>Continuare senza cronologia? Le modifiche non potranno essere annullate.</translation>
+    </message>
+    <message>
+        <source>Le altre song non sono state modificate</source>
+        <translation>Le altre song non sono state modificate</translation>
+    </message>
+</context>
+<context>
+    <name>History</name>
+    <message>
+        <source>Sincronizzazione</source>
+        <translation>Sincronizzazione</translation>
+    </message>
+    <message>
+        <source>Modifica</source>
+        <translation>Modifica</translation>
+    </message>
+    <message>
+        <source>Modifica di più song</source>
+        <translation>Modifica di più song</translation>
+    </message>
+    <message>
+        <source>Preparazione dei tag MP3</source>
+        <translation>Preparazione dei tag MP3</translation>
+    </message>
+    <message>
+        <source>Nuovi nomi</source>
+        <translation>Nuovi nomi</translation>
+    </message>
+    <message>
+        <source>Annullamento</source>
+        <translation>Annullamento</translation>
+    </message>
+    <message>
+        <source>Misura</source>
+        <translation>Misura</translation>
+    </message>
+    <message>
+        <source>La cronologia è di una versione più recente del programma.</source>
+        <translation>La cronologia è di una versione più recente del programma.</translation>
+    </message>
+    <message>
+        <source>La cronologia è danneggiata.</source>
+        <translation>La cronologia è danneggiata.</translation>
+    </message>
+    <message>
+        <source>La cronologia non può essere scritta: il disco è pieno o guasto.</source>
+        <translation>La cronologia non può essere scritta: il disco è pieno o guasto.</translation>
+    </message>
+    <message>
+        <source>come il lavoro l&apos;ha lasciata</source>
+        <translation>come il lavoro l&apos;ha lasciata</translation>
+    </message>
+    <message>
+        <source>spostata</source>
+        <translation>spostata</translation>
+    </message>
+    <message>
+        <source>è già come prima</source>
+        <translation>è già come prima</translation>
+    </message>
+    <message>
+        <source>cambiata dopo</source>
+        <translation>cambiata dopo</translation>
+    </message>
+    <message>
+        <source>non c&apos;è più</source>
+        <translation>non c&apos;è più</translation>
+    </message>
+    <message numerus="yes">
+        <source>La cronologia è piena: %n lavori più vecchi non possono più essere annullati.</source>
+        <translation>
+            <numerusform>La cronologia è piena: il lavoro più vecchio non può più essere annullato.</numerusform>
+            <numerusform>La cronologia è piena: %n lavori più vecchi non possono più essere annullati.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Continuare senza cronologia? Le modifiche non potranno essere annullate.</source>
+        <translation>Continuare senza cronologia? Le modifiche non potranno essere annullate.</translation>
+    </message>
+    <message>
+        <source>Cronologia</source>
+        <translation>Cronologia</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryCommand</name>
+    <message>
+        <source>La cronologia non ha il lavoro %1</source>
+        <translation>La cronologia non ha il lavoro %1</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è niente da annullare</source>
+        <translation>Non c&apos;è niente da annullare</translation>
+    </message>
+    <message>
+        <source>Annullamento</source>
+        <translation>Annullamento</translation>
+    </message>
+    <message>
+        <source>il lavoro non ha modificato questa song</source>
+        <translation>il lavoro non ha modificato questa song</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryDialog</name>
+    <message>
+        <source>Cronologia</source>
+        <translation>Cronologia</translation>
+    </message>
+    <message>
+        <source>&amp;Lavori che hanno modificato song:</source>
+        <translation>&amp;Lavori che hanno modificato song:</translation>
+    </message>
+    <message>
+        <source>Ora</source>
+        <translation>Ora</translation>
+    </message>
+    <message>
+        <source>Lavoro</source>
+        <translation>Lavoro</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
+    <message>
+        <source>Stato</source>
+        <translation>Stato</translation>
+    </message>
+    <message>
+        <source>Song &amp;del lavoro scelto:</source>
+        <translation>Song &amp;del lavoro scelto:</translation>
+    </message>
+    <message>
+        <source>Song e campo</source>
+        <translation>Song e campo</translation>
+    </message>
+    <message>
+        <source>Prima</source>
+        <translation>Prima</translation>
+    </message>
+    <message>
+        <source>Dopo</source>
+        <translation>Dopo</translation>
+    </message>
+    <message>
+        <source>Adesso</source>
+        <translation>Adesso</translation>
+    </message>
+    <message>
+        <source>Annulla anche le song &amp;cambiate dopo</source>
+        <translation>Annulla anche le song &amp;cambiate dopo</translation>
+    </message>
+    <message>
+        <source>Spazio per la cr&amp;onologia:</source>
+        <translation>Spazio per la cr&amp;onologia:</translation>
+    </message>
+    <message>
+        <source>Quando è pieno, i lavori più vecchi non possono più essere annullati.</source>
+        <translation>Quando è pieno, i lavori più vecchi non possono più essere annullati.</translation>
+    </message>
+    <message>
+        <source>Annulla le &amp;song scelte</source>
+        <translation>Annulla le &amp;song scelte</translation>
+    </message>
+    <message>
+        <source>Annulla &amp;tutto il lavoro</source>
+        <translation>Annulla &amp;tutto il lavoro</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message>
+        <source>annullato in parte</source>
+        <translation>annullato in parte</translation>
+    </message>
+    <message>
+        <source>annullato</source>
+        <translation>annullato</translation>
+    </message>
+    <message>
+        <source>di: %1</source>
+        <translation>di: %1</translation>
+    </message>
+    <message>
+        <source>Nome file</source>
+        <translation>Nome file</translation>
+    </message>
+    <message>
+        <source>Song controllate: %1 di %2</source>
+        <translation>Song controllate: %1 di %2</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryUndo</name>
+    <message>
+        <source>il file non c&apos;è più</source>
+        <translation>il file non c&apos;è più</translation>
+    </message>
+    <message>
+        <source>è stata cambiata dopo</source>
+        <translation>è stata cambiata dopo</translation>
+    </message>
+    <message>
+        <source>la cronologia non la conserva più, o è danneggiata</source>
+        <translation>la cronologia non la conserva più, o è danneggiata</translation>
+    </message>
+    <message>
+        <source>il nome di prima è di un altro file</source>
+        <translation>il nome di prima è di un altro file</translation>
+    </message>
+    <message>
+        <source>la cronologia non può essere scritta</source>
+        <translation>la cronologia non può essere scritta</translation>
+    </message>
+    <message>
+        <source>non è stato possibile rinominarla</source>
+        <translation>non è stato possibile rinominarla</translation>
+    </message>
+    <message>
+        <source>il disco non ha confermato il nuovo nome</source>
+        <translation>il disco non ha confermato il nuovo nome</translation>
+    </message>
+    <message>
+        <source>le sue immagini karaoke non sono state rinominate</source>
+        <translation>le sue immagini karaoke non sono state rinominate</translation>
+    </message>
+</context>
+<context>
+    <name>JobUndo</name>
+    <message>
+        <source>il database della memoria non è aggiornato</source>
+        <translation>il database della memoria non è aggiornato</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryHistory</name>
+    <message>
+        <source>la cronologia non può essere scritta</source>
+        <translation>la cronologia non può essere scritta</translation>
+    </message>
+</context>
+<context>
+    <name>SongHistory</name>
+    <message>
+        <source>Cronologia</source>
+        <translation>Cronologia</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è niente da annullare.</source>
+        <translation>Non c&apos;è niente da annullare.</translation>
+    </message>
+    <message>
+        <source>%1.
+
+Annullare questo lavoro? Le song tornano come erano prima.</source>
+        <translation>%1.
+
+Annullare questo lavoro? Le song tornano come erano prima.</translation>
+    </message>
+</context>
+<context>
+    <name>TakingBack</name>
+    <message numerus="yes">
+        <source>%n song sono di nuovo come prima.</source>
+        <translation>
+            <numerusform>%n song è di nuovo come prima.</numerusform>
+            <numerusform>%n song sono di nuovo come prima.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song erano già come prima.</source>
+        <translation>
+            <numerusform>%n song era già come prima.</numerusform>
+            <numerusform>%n song erano già come prima.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song sono rimaste come sono.</source>
+        <translation>
+            <numerusform>%n song è rimasta come è.</numerusform>
+            <numerusform>%n song sono rimaste come sono.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Interrotto: le altre song non sono state toccate.</source>
+        <translation>Interrotto: le altre song non sono state toccate.</translation>
+    </message>
+    <message>
+        <source>Non c&apos;era niente da annullare.</source>
+        <translation>Non c&apos;era niente da annullare.</translation>
+    </message>
+    <message>
+        <source>Cronologia</source>
+        <translation>Cronologia</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Dettagli...</translation>
+    </message>
+    <message>
+        <source>Le song tornano come prima...</source>
+        <translation>Le song tornano come prima...</translation>
+    </message>
+    <message>
+        <source>Dettagli</source>
+        <translation>Dettagli</translation>
+    </message>
+    <message>
+        <source>Queste &amp;song sono rimaste come sono:</source>
+        <translation>Queste &amp;song sono rimaste come sono:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 del %2, %n song</source>
+        <translation>
+            <numerusform>%1 del %2, %n song</numerusform>
+            <numerusform>%1 del %2, %n song</numerusform>
         </translation>
     </message>
 </context>

@@ -833,6 +833,18 @@ Trotzdem kopieren?</translation>
         <source>Espelli la memoria</source>
         <translation>Speicher auswerfen</translation>
     </message>
+    <message>
+        <source>Modifica</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Annulla l&apos;ultimo lavoro...</source>
+        <translation>Letzten Vorgang &amp;zurücknehmen...</translation>
+    </message>
+    <message>
+        <source>&amp;Cronologia...</source>
+        <translation>&amp;Verlauf...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1528,6 +1540,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>anche una cartella che non è in una memoria</source>
         <translation>auch einen Ordner, der auf keinem Speicher liegt</translation>
     </message>
+    <message>
+        <source>modifica anche se la cronologia non può essere usata</source>
+        <translation>auch ändern, wenn der Verlauf nicht benutzt werden kann</translation>
+    </message>
+    <message>
+        <source>annulla anche nelle song cambiate dopo</source>
+        <translation>auch bei Songs zurücknehmen, die danach geändert wurden</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -1795,6 +1815,17 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>Stesso titolo e interprete:</source>
         <translation>Derselbe Titel und Interpret:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song</source>
+        <translation>
+            <numerusform>%n Song</numerusform>
+            <numerusform>%n Songs</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, annullato</source>
+        <translation>%1, zurückgenommen</translation>
     </message>
 </context>
 <context>
@@ -3185,6 +3216,332 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
         <translation>
             <numerusform>(und %n weiterer dieser Art)</numerusform>
             <numerusform>(und %n weitere dieser Art)</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CommandHistory</name>
+    <message>
+        <source>Continuare senza cronologia? Le modifiche non potranno essere annullate.</source>
+        <translation>Ohne Verlauf weitermachen? Die Änderungen können dann nicht zurückgenommen werden.</translation>
+    </message>
+    <message>
+        <source>Le altre song non sono state modificate</source>
+        <translation>Die anderen Songs wurden nicht geändert</translation>
+    </message>
+</context>
+<context>
+    <name>History</name>
+    <message>
+        <source>Sincronizzazione</source>
+        <translation>Synchronisierung</translation>
+    </message>
+    <message>
+        <source>Modifica</source>
+        <translation>Bearbeitung</translation>
+    </message>
+    <message>
+        <source>Modifica di più song</source>
+        <translation>Bearbeiten mehrerer Songs</translation>
+    </message>
+    <message>
+        <source>Preparazione dei tag MP3</source>
+        <translation>Vorbereiten der MP3-Tags</translation>
+    </message>
+    <message>
+        <source>Nuovi nomi</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Annullamento</source>
+        <translation>Zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Misura</source>
+        <translation>Messen</translation>
+    </message>
+    <message>
+        <source>La cronologia è di una versione più recente del programma.</source>
+        <translation>Der Verlauf stammt von einer neueren Version des Programms.</translation>
+    </message>
+    <message>
+        <source>La cronologia è danneggiata.</source>
+        <translation>Der Verlauf ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>La cronologia non può essere scritta: il disco è pieno o guasto.</source>
+        <translation>Der Verlauf kann nicht geschrieben werden: Auf der Festplatte ist kein Platz mehr, oder sie ist defekt.</translation>
+    </message>
+    <message>
+        <source>come il lavoro l&apos;ha lasciata</source>
+        <translation>wie danach</translation>
+    </message>
+    <message>
+        <source>spostata</source>
+        <translation>verschoben</translation>
+    </message>
+    <message>
+        <source>è già come prima</source>
+        <translation>schon wie vorher</translation>
+    </message>
+    <message>
+        <source>cambiata dopo</source>
+        <translation>danach geändert</translation>
+    </message>
+    <message>
+        <source>non c&apos;è più</source>
+        <translation>nicht mehr da</translation>
+    </message>
+    <message numerus="yes">
+        <source>La cronologia è piena: %n lavori più vecchi non possono più essere annullati.</source>
+        <translation>
+            <numerusform>Der Verlauf ist voll: Der älteste Vorgang kann nicht mehr zurückgenommen werden.</numerusform>
+            <numerusform>Der Verlauf ist voll: Die %n ältesten Vorgänge können nicht mehr zurückgenommen werden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Continuare senza cronologia? Le modifiche non potranno essere annullate.</source>
+        <translation>Ohne Verlauf weitermachen? Die Änderungen können dann nicht zurückgenommen werden.</translation>
+    </message>
+    <message>
+        <source>Cronologia</source>
+        <translation>Verlauf</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryCommand</name>
+    <message>
+        <source>La cronologia non ha il lavoro %1</source>
+        <translation>Im Verlauf gibt es keinen Vorgang %1</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è niente da annullare</source>
+        <translation>Es gibt nichts zurückzunehmen</translation>
+    </message>
+    <message>
+        <source>Annullamento</source>
+        <translation>Zurücknehmen</translation>
+    </message>
+    <message>
+        <source>il lavoro non ha modificato questa song</source>
+        <translation>der Vorgang hat diesen Song nicht geändert</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryDialog</name>
+    <message>
+        <source>Cronologia</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>&amp;Lavori che hanno modificato song:</source>
+        <translation>&amp;Vorgänge, die Songs geändert haben:</translation>
+    </message>
+    <message>
+        <source>Ora</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Lavoro</source>
+        <translation>Vorgang</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Songs</translation>
+    </message>
+    <message>
+        <source>Stato</source>
+        <translation>Stand</translation>
+    </message>
+    <message>
+        <source>Song &amp;del lavoro scelto:</source>
+        <translation>Songs &amp;des gewählten Vorgangs:</translation>
+    </message>
+    <message>
+        <source>Song e campo</source>
+        <translation>Song und Feld</translation>
+    </message>
+    <message>
+        <source>Prima</source>
+        <translation>Vorher</translation>
+    </message>
+    <message>
+        <source>Dopo</source>
+        <translation>Nachher</translation>
+    </message>
+    <message>
+        <source>Adesso</source>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>Annulla anche le song &amp;cambiate dopo</source>
+        <translation>Auch danach &amp;geänderte Songs zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Spazio per la cr&amp;onologia:</source>
+        <translation>&amp;Platz für den Verlauf:</translation>
+    </message>
+    <message>
+        <source>Quando è pieno, i lavori più vecchi non possono più essere annullati.</source>
+        <translation>Ist er voll, können die ältesten Vorgänge nicht mehr zurückgenommen werden.</translation>
+    </message>
+    <message>
+        <source>Annulla le &amp;song scelte</source>
+        <translation>Gewählte &amp;Songs zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Annulla &amp;tutto il lavoro</source>
+        <translation>Gan&amp;zen Vorgang zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>annullato in parte</source>
+        <translation>teilweise zurückgenommen</translation>
+    </message>
+    <message>
+        <source>annullato</source>
+        <translation>zurückgenommen</translation>
+    </message>
+    <message>
+        <source>di: %1</source>
+        <translation>von: %1</translation>
+    </message>
+    <message>
+        <source>Nome file</source>
+        <translation>Dateiname</translation>
+    </message>
+    <message>
+        <source>Song controllate: %1 di %2</source>
+        <translation>Geprüfte Songs: %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryUndo</name>
+    <message>
+        <source>il file non c&apos;è più</source>
+        <translation>die Datei ist nicht mehr da</translation>
+    </message>
+    <message>
+        <source>è stata cambiata dopo</source>
+        <translation>wurde danach geändert</translation>
+    </message>
+    <message>
+        <source>la cronologia non la conserva più, o è danneggiata</source>
+        <translation>der Verlauf enthält ihn nicht mehr oder ist beschädigt</translation>
+    </message>
+    <message>
+        <source>il nome di prima è di un altro file</source>
+        <translation>den alten Namen hat eine andere Datei</translation>
+    </message>
+    <message>
+        <source>la cronologia non può essere scritta</source>
+        <translation>der Verlauf kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>non è stato possibile rinominarla</source>
+        <translation>er konnte nicht umbenannt werden</translation>
+    </message>
+    <message>
+        <source>il disco non ha confermato il nuovo nome</source>
+        <translation>die Festplatte hat den neuen Namen nicht bestätigt</translation>
+    </message>
+    <message>
+        <source>le sue immagini karaoke non sono state rinominate</source>
+        <translation>seine Karaoke-Bilder wurden nicht umbenannt</translation>
+    </message>
+</context>
+<context>
+    <name>JobUndo</name>
+    <message>
+        <source>il database della memoria non è aggiornato</source>
+        <translation>das Songverzeichnis des Speichers ist nicht aktuell</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryHistory</name>
+    <message>
+        <source>la cronologia non può essere scritta</source>
+        <translation>der Verlauf kann nicht geschrieben werden</translation>
+    </message>
+</context>
+<context>
+    <name>SongHistory</name>
+    <message>
+        <source>Cronologia</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è niente da annullare.</source>
+        <translation>Es gibt nichts zurückzunehmen.</translation>
+    </message>
+    <message>
+        <source>%1.
+
+Annullare questo lavoro? Le song tornano come erano prima.</source>
+        <translation>%1.
+
+Diesen Vorgang zurücknehmen? Die Songs werden wieder, wie sie vorher waren.</translation>
+    </message>
+</context>
+<context>
+    <name>TakingBack</name>
+    <message numerus="yes">
+        <source>%n song sono di nuovo come prima.</source>
+        <translation>
+            <numerusform>%n Song ist wieder wie vorher.</numerusform>
+            <numerusform>%n Songs sind wieder wie vorher.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song erano già come prima.</source>
+        <translation>
+            <numerusform>%n Song war schon wie vorher.</numerusform>
+            <numerusform>%n Songs waren schon wie vorher.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song sono rimaste come sono.</source>
+        <translation>
+            <numerusform>%n Song blieb, wie er ist.</numerusform>
+            <numerusform>%n Songs blieben, wie sie sind.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Interrotto: le altre song non sono state toccate.</source>
+        <translation>Angehalten: Die anderen Songs wurden nicht angerührt.</translation>
+    </message>
+    <message>
+        <source>Non c&apos;era niente da annullare.</source>
+        <translation>Es gab nichts zurückzunehmen.</translation>
+    </message>
+    <message>
+        <source>Cronologia</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Einzelheiten...</translation>
+    </message>
+    <message>
+        <source>Le song tornano come prima...</source>
+        <translation>Die Songs werden wieder wie vorher...</translation>
+    </message>
+    <message>
+        <source>Dettagli</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>Queste &amp;song sono rimaste come sono:</source>
+        <translation>Diese &amp;Songs blieben, wie sie sind:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 del %2, %n song</source>
+        <translation>
+            <numerusform>%1 vom %2, %n Song</numerusform>
+            <numerusform>%1 vom %2, %n Songs</numerusform>
         </translation>
     </message>
 </context>

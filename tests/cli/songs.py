@@ -71,6 +71,8 @@ class CliTest(unittest.TestCase):
         self.environment = {
             "PATH": os.environ["PATH"], "HOME": str(self.folder), "LC_ALL": "en_GB.UTF-8",
             "KAVENA_MOUNT_DIRS": str(self.folder / "mounts"), "USER": "nobody-at-all",
+            "XDG_DATA_HOME": str(self.folder / "data"),
+            "XDG_CONFIG_HOME": str(self.folder / "config"),
             "LSAN_OPTIONS": os.environ.get("LSAN_OPTIONS", ""),
         }
 

@@ -370,6 +370,9 @@ void Demo::runJob(const QString &language)
     reportRows();
     shoot(QStringLiteral("edited"));
 
+    say(QStringLiteral("Look at the history"));
+    trigger("actionHistory");
+
     say(QStringLiteral("Transfer"));
     m_user.pick({m_card});
     clickTool("transferFilesToolButton");

@@ -21,6 +21,7 @@ folder=$(realpath "$folder")
 mkdir -p "$folder/screenshots" "$folder/memories/CARD" "$folder/config"
 cd "$folder"
 export XDG_CONFIG_HOME="$folder/config" XDG_RUNTIME_DIR="$folder/config" HOME="$folder"
+export XDG_DATA_HOME="$folder/data"
 export KAVENA_MOUNT_DIRS="$folder/memories" LC_ALL=C.UTF-8
 chmod 700 "$folder/config"
 

@@ -4,13 +4,15 @@
 //
 //   JOB ROOT AT MODE GONE LIMIT
 //
-// JOB: make, save:NAME:TITLE, sync, create, rebuild, update, transfer, inline (which brings a
+// JOB: make, save:NAME:TITLE, sync, histsync (a synchronisation that is kept in a history),
+// histundo (which takes it back), create, rebuild, update, transfer, inline (which brings a
 // folder of the memory in line with the library), backup or import. ROOT holds the folders
 // "library", "mnt/CARD" (the memory) and "backup". AT, MODE and GONE are what FAULTS_AT and so on
 // are set to. LIMIT is the size beyond which no file can grow, -1 for none. For each job it answers
 // with a line, "exit N" or "signal N". What the program said lies in the file "report".
 #include "devindex/filecopier.h"
 #include "devindex/index.h"
+#include "devindex/jobundo.h"
 #include "devindex/songchanges.h"
 #include "devindex/transfer.h"
 #include "formats/metasong.h"
@@ -18,6 +20,7 @@
 #include "library/database.h"
 #include "library/librarybackup.h"
 #include "library/synchronisation.h"
+#include "library/userhistory.h"
 #include "support/catalogue.h"
 #include "support/faults.h"
 #include "support/recordedprogress.h"
@@ -76,6 +79,7 @@ struct Folders {
     QString library() const { return root + QStringLiteral("/library"); }
     QString card() const { return root + QStringLiteral("/mnt/CARD"); }
     QString backup() const { return root + QStringLiteral("/backup"); }
+    QString history() const { return root + QStringLiteral("/data/history.sqlite"); }
 
     /** A song that needs a folder of its own in a backup. */
     static QString namesake(const QString &library)
@@ -264,11 +268,12 @@ public:
         }
     }
 
-    bool synchronise()
+    bool synchronise(const OpenHistory &history = {})
     {
         Synchronisation synchronisation(
             m_database, *m_model, [] { return true; }, [](const QString &) { return Answer::Yes; },
             recordedBy(m_record));
+        synchronisation.setHistory(history);
         return synchronisation.run(false);
     }
 
@@ -277,6 +282,46 @@ private:
     std::optional<UserSongsRelTableModel> m_model;
     ProgressRecord m_record;
 };
+
+/** The user wants no song changed that cannot be taken back. */
+std::unique_ptr<HistoryRecorder> recorder(HistoryStore &store, HistoryJob::Kind kind,
+                                          qint64 takesBack = 0)
+{
+    return std::make_unique<HistoryRecorder>(
+        store, kind,
+        [](const QString &reason) {
+            say(WillingUser::failure, reason);
+            return false;
+        },
+        takesBack);
+}
+
+/** Names the songs that the history says were changed, and takes the last job back. */
+bool takeLastBack(const Folders &folders)
+{
+    HistoryStore store(folders.history());
+    if (QFileInfo::exists(folders.history()) && store.open() != HistoryStore::State::Ready) {
+        say(WillingUser::failure, QStringLiteral("the history cannot be used"));
+        return false;
+    }
+    store.settle();
+    const std::optional<HistoryJob> job = UserHistory::last(store.jobs());
+    if (!job)
+        return true;
+    QList<HistorySong> written = store.songs(job->number);
+    written.removeIf([](const HistorySong &song) { return song.newDigest.isEmpty(); });
+    for (const HistorySong &song : std::as_const(written))
+        say(QStringLiteral("kept"), song.path);
+    ProgressRecord record;
+    RecordedProgress progress(record, {}, {}, 0);
+    const HistoryUndo::Report report =
+        JobUndo(store, recordedBy(record))
+            .takeBack(*job, written, false,
+                      *recorder(store, HistoryJob::Kind::TakeBack, job->number), progress);
+    for (const HistoryUndo::Failure &failure : report.failed)
+        say(WillingUser::failure, failure.path + QStringLiteral(": ") + failure.reason);
+    return report.failed.isEmpty() && !report.stopped;
+}
 
 bool indexMemory(const QString &card, bool (Index::*build)(const QString &))
 {
@@ -402,6 +447,13 @@ bool run(const Request &request, std::optional<Library> &library)
         return save(folders.library() + QLatin1Char('/') + job.at(1), job.at(2));
     if (job.constFirst() == QLatin1String("sync"))
         return library->synchronise();
+    if (job.constFirst() == QLatin1String("histsync")) {
+        HistoryStore store(folders.history());
+        return library->synchronise(
+            [&store](HistoryJob::Kind kind) { return recorder(store, kind); });
+    }
+    if (job.constFirst() == QLatin1String("histundo"))
+        return takeLastBack(folders);
     if (job.constFirst() == QLatin1String("create") || job.constFirst() == QLatin1String("rebuild"))
         return indexMemory(folders.card(), &Index::createIndex);
     if (job.constFirst() == QLatin1String("update"))
@@ -447,7 +499,7 @@ int main(int argc, char **argv)
         Request request;
         std::istringstream(line) >> request.job >> request.root >> request.at >> request.mode >>
             request.gone >> request.limit;
-        if (request.job == "sync" && request.root != libraryRoot) {
+        if ((request.job == "sync" || request.job == "histsync") && request.root != libraryRoot) {
             libraryRoot = request.root;
             library.reset();
             library.emplace(Folders{QString::fromStdString(request.root)}.songs());

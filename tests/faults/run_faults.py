@@ -75,7 +75,8 @@ FAILURE = re.compile(r"^(warning|failure) |Impossible|aborting|Aborting|creation
 class Driver:
     def __init__(self, program, library, work):
         self.work = work
-        environment = dict(os.environ, LD_PRELOAD=library, XDG_CONFIG_HOME=work, TZ="UTC")
+        environment = dict(os.environ, LD_PRELOAD=library, XDG_CONFIG_HOME=work,
+                           XDG_DATA_HOME=os.path.join(work, "data"), TZ="UTC")
         environment.pop("USER", None)
         self.process = subprocess.Popen(
             [program], cwd=work, env=environment, text=True,

@@ -245,6 +245,10 @@ def first_journal(song, old, new_size):
 
 OLD, NEW = MIDI_FILES["full"], midi(meta(3, b"A longer title") + NOTES)
 
+# As the history keeps it: the size of the bytes, then one piece of literals
+HISTORY_BLOB = (be(len(MIDI_FILES["plain"]), 4) + b"\xf0" + be(len(MIDI_FILES["plain"]) - 15, 1) +
+                MIDI_FILES["plain"])
+
 SEEDS = {
     "fuzz_lzhuffexpand": {
         "hello": stream(b"hello hello"), "empty": le(0, 4), "largest": le(500000, 4),
@@ -286,6 +290,14 @@ SEEDS = {
         "junk": journal(OLD + bytes(9), OLD, OLD + bytes(20), len(OLD), 0),
         "overflow": journal(OLD, OLD, NEW, 0xFFFFFFFF, 8),
         "first": first_journal(OLD, OLD, len(NEW))},
+    "fuzz_history": {
+        "empty": b"\0", "header": b"\0SQLite format 3\0\x40\0\x02\x02" + bytes(80),
+        "patched": b"\1\2" + be(18, 4) + short(b"\1\1") + be(60, 4) + short(be(2, 4)),
+        "table": b"\1\1" + be(100, 4) + short(b"\x05\0\0\0\xff"),
+        "values": (b"\2\0" + be(9, 4) + short(b"a.mid") + b"\0" + short(b'{"title":"Blue Moon"}') +
+                   short(b'{"length":[]}') + short(b"d" * 32) + short(b"e" * 32) + HISTORY_BLOB),
+        "tag": (b"\2\1" + be(9, 4) + short(b"a.mp3") + b"\1" + short(b"b.mp3") + short(b"[") +
+                short(b'{"bpm":1e99}') + short(b"") + short(b"") + be(0xFFFFFFFF, 4) + b"\x11a\1\0")},
     "fuzz_catalogue": {
         "title": short(b"BLUE MOON") + MARKERS, "wild": short(b"%a%_%") + b"70000;x;;-1;y;3",
         "quote": short(b'a"b') + "1;Größe;".encode(), "many": short(b"%" * 60) + b"1;a;" * 40},
@@ -312,6 +324,8 @@ WORDS = {
     "fuzz_memory": [b"/A.MID", b"/B.MP3", b"/../", b"20130527093005", b"\0\xff", be(0xFFFFFFFF, 4)],
     "fuzz_songjournal": [b"KvSongJr" + be(1, 4), b"KvSongJr" + be(2, 4), b"MThd", b"_MF4",
                          be(0xFFFFFFFF, 4), be(65 << 20, 4)],
+    "fuzz_history": [b"SQLite format 3\0", b'{"title":"', be(0x40000000, 4), b"\x11a\1\0", b"MThd",
+                     b"ID3\x03\0"],
     "fuzz_catalogue": [b";", b"%", b"_", b'"', b"65535;", b"65536;", b"%_%_"],
 }
 

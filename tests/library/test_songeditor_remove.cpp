@@ -17,6 +17,8 @@ private slots:
     void deletingAsksFirst();
     void deletedFileAndItsRowAreGone();
     void deletedFileTakesItsJournalAlong();
+    void fileThatABinTookLeavesNothingBehind();
+    void fileThatNoBinTakesIsDeleted();
     void journalStaysBesideAFileThatCannotBeDeleted();
     void deletingWithoutARowDoesNotAsk();
     void rowGoesAlsoWhenTheFileCannotBeDeleted();
@@ -87,6 +89,33 @@ void TestSongEditorRemove::deletedFileTakesItsJournalAlong()
     QCOMPARE(editing.editor.deleteFile(0), library.path(QStringLiteral("a.mid")));
     QVERIFY(!QFile::exists(journal));
     QVERIFY(QFile::exists(others));
+}
+
+void TestSongEditorRemove::fileThatABinTookLeavesNothingBehind()
+{
+    LibraryTable library(QList<catalogue::Row>{});
+    QVERIFY(library.add(QStringLiteral("a.mid"), fullMidi("a")));
+    const QString path = library.path(QStringLiteral("a.mid"));
+    const QString bin = library.path(QStringLiteral("bin"));
+    Editing editing(library);
+    editing.deleteAnswer = true;
+    editing.editor.setBin([&](const QString &file) { return QFile::rename(file, bin); });
+    QCOMPARE(editing.editor.deleteFile(0), path);
+    QVERIFY(!QFile::exists(path));
+    QCOMPARE(samplesongs::readFile(bin), fullMidi("a"));
+    QCOMPARE(library.model().goodRowCount(), 0);
+    QCOMPARE(editing.deleteQuestions, 1);
+}
+
+void TestSongEditorRemove::fileThatNoBinTakesIsDeleted()
+{
+    LibraryTable library(QList<catalogue::Row>{});
+    QVERIFY(library.add(QStringLiteral("a.mid"), fullMidi("a")));
+    Editing editing(library);
+    editing.deleteAnswer = true;
+    editing.editor.setBin([](const QString &) { return false; });
+    QCOMPARE(editing.editor.deleteFile(0), library.path(QStringLiteral("a.mid")));
+    QVERIFY(!QFile::exists(library.path(QStringLiteral("a.mid"))));
 }
 
 void TestSongEditorRemove::journalStaysBesideAFileThatCannotBeDeleted()

@@ -9,7 +9,8 @@ if [ "${SMOKE_DISPLAY:-}" != yes ]; then
   cd "$folder"
   mkdir config runtime
   chmod 700 runtime
-  export HOME=$folder XDG_CONFIG_HOME=$folder/config XDG_RUNTIME_DIR=$folder/runtime
+  export HOME=$folder XDG_CONFIG_HOME=$folder/config XDG_DATA_HOME=$folder/data
+  export XDG_RUNTIME_DIR=$folder/runtime
   export LC_ALL=C.UTF-8 SMOKE_DISPLAY=yes
   "$(dirname "$script")/../support/on-display.sh" "$script" "$program"
   exit

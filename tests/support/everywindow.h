@@ -10,6 +10,7 @@
 #include "windows/dataeditdialog.h"
 #include "windows/filelistdialog.h"
 #include "windows/helpdialog.h"
+#include "windows/historydialog.h"
 #include "windows/indexdialog.h"
 #include "windows/nocopyrightdialog.h"
 #include "windows/proceeddialog.h"
@@ -17,6 +18,7 @@
 #include "windows/renamesongdialog.h"
 #include "windows/runreportbox.h"
 #include "windows/songslistdialog.h"
+#include "windows/takingback.h"
 #include "windows/transferplandialog.h"
 #include "windows/unreadablefilesdialog.h"
 #include "windows/usersongsreltablemodel.h"
@@ -121,6 +123,69 @@ inline std::unique_ptr<QWidget> changePreview()
         song.changes.append({static_cast<Field>(field), QString(), QStringLiteral("1 Intro")});
     preview.changed = {song};
     return std::make_unique<ChangePreviewDialog>(preview, true);
+}
+
+/** Keeps the history that the window shows. */
+class HistoryHolder : public HistoryDialog
+{
+public:
+    explicit HistoryHolder(std::unique_ptr<UserHistory> history)
+        : HistoryDialog(*history, {})
+        , m_history(std::move(history))
+    {
+    }
+
+private:
+    std::unique_ptr<UserHistory> m_history;
+};
+
+/** Three jobs; one of them was taken back. The songs are gone, the history lies in a test's folder.
+ */
+inline std::unique_ptr<QWidget> history()
+{
+    using Kind = HistoryJob::Kind;
+    auto history = std::make_unique<UserHistory>([](const QString &) { return false; },
+                                                 HistoryRecorder::TellDropped());
+    QFile::remove(history->store().path());
+    history->store().open();
+    SongInfo before = exampleSong();
+    before.title = QStringLiteral("o sole mio (karaoke)");
+    before.genre.clear();
+    qint64 number = 0;
+    for (const Kind kind : {Kind::Edit, Kind::Synchronise, Kind::TakeBack}) {
+        number = history->store().addJob(kind, kind == Kind::TakeBack ? number : 0).value_or(0);
+        SongSnapshot snapshot;
+        snapshot.digest = "old";
+        SongSnapshot after = snapshot;
+        after.digest = "new";
+        const QList<qint64> ids = history->store().addSongs(
+            number,
+            {{longPath, {}, snapshot}, {QStringLiteral("/music/Vesuvio.mp3"), {}, snapshot}});
+        for (const qint64 id : ids)
+            history->store().end({{id, before, exampleSong(), after.size, after.digest}});
+    }
+    return std::make_unique<HistoryHolder>(std::move(history));
+}
+
+/** What came of taking a job back, with everything that can come of it. */
+inline HistoryUndo::Report exampleTakingBack()
+{
+    HistoryUndo::Report report;
+    report.done = {longPath};
+    report.alreadyOld = 1234;
+    report.failed = {{longPath, RunReport::reasonText(SaveFailure::DiskFull)}};
+    report.stopped = true;
+    return report;
+}
+
+inline std::unique_ptr<QWidget> takingBack()
+{
+    return std::make_unique<TakingBack>(exampleTakingBack());
+}
+
+inline std::unique_ptr<QWidget> takingBackDetails()
+{
+    return TakingBack::details(exampleTakingBack());
 }
 
 inline std::unique_ptr<QWidget> editDialog()
@@ -265,6 +330,9 @@ inline const QList<Case> &windows()
         {"backup", plain<BackupDialog>},
         {"help", plain<HelpDialog>},
         {"summary", importSummary},
+        {"history", history},
+        {"taking-back", takingBack},
+        {"taking-back-details", takingBackDetails},
         {"edit", editDialog},
         {"question", question},
         {"question-yes-no", yesNoQuestion},

@@ -10,19 +10,27 @@
 #include <QTest>
 
 /**
- * An empty settings store. One is made at the start of the test program, before anything opens the
- * store: Qt looks only once where the store lies.
+ * An empty settings store and an empty folder for data. One is made at the start of the test
+ * program, before anything opens the store: Qt looks only once where the store lies.
  */
 class OwnSettings
 {
 public:
-    OwnSettings() { qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder.path())); }
+    OwnSettings()
+    {
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder.path()));
+        qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.filePath(QStringLiteral("data"))));
+    }
 
     static void clear()
     {
         QSettings store(settings::organisation, settings::application);
         store.clear();
+        QDir(dataFolder()).removeRecursively();
     }
+
+    /** In place of the folder of the user's data; empty, or not there yet, after clear(). */
+    static QString dataFolder() { return qEnvironmentVariable("XDG_DATA_HOME"); }
 
     static void set(const QString &key, const QVariant &value)
     {

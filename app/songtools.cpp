@@ -1,0 +1,17 @@
+#include "app/songtools.h"
+
+#include "app/songhistory.h"
+
+#include <QMainWindow>
+
+SongTools::SongTools(QMainWindow *window, const Ui::MainWindow &form, SongList &songs,
+                     BusyState &busy, ActionGate &gate)
+    : QObject(window)
+    , m_history(new SongHistory(window, form, songs, busy, gate))
+{
+}
+
+OpenHistory SongTools::history()
+{
+    return m_history->opener();
+}

@@ -1,0 +1,36 @@
+// The menu entries that work on many songs of the list at once.
+#pragma once
+
+#include "library/historyrecorder.h"
+
+#include <QObject>
+
+class ActionGate;
+class BusyState;
+class QMainWindow;
+class SongHistory;
+class SongList;
+
+QT_BEGIN_NAMESPACE
+namespace Ui
+{
+class MainWindow;
+}
+QT_END_NAMESPACE
+
+/** Makes one object a tool, each of which connects its own menu entries. */
+class SongTools : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** The window owns the object; the others must outlive it. */
+    SongTools(QMainWindow *window, const Ui::MainWindow &form, SongList &songs, BusyState &busy,
+              ActionGate &gate);
+
+    /** For the workflows that write songs; the object must outlive it. */
+    OpenHistory history();
+
+private:
+    SongHistory *const m_history; ///< the window owns it
+};

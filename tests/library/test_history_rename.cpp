@@ -1,0 +1,191 @@
+// Songs that a job gave other names are found and get their old ones back.
+#include "support/historyfixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+using namespace historyfixture;
+
+namespace
+{
+
+/** A library in which one job has renamed "b.mp3" to "new.mp3". */
+class RenamedLibrary : public KeptLibrary
+{
+public:
+    RenamedLibrary()
+        : old(library.path(QStringLiteral("b.mp3")))
+        , renamed(library.path(QStringLiteral("new.mp3")))
+    {
+    }
+
+    bool rename()
+    {
+        HistoryRecorder recorder(store, HistoryJob::Kind::Rename,
+                                 [](const QString &) { return false; });
+        const bool isDone =
+            recorder.keepRenamed(old, renamed) && HistoryUndo::renameSong(old, renamed).isEmpty();
+        recorder.written(old, {}, {});
+        return isDone;
+    }
+
+    QByteArray original() const { return KeptLibrary::original.value(QStringLiteral("b.mp3")); }
+
+    QString old;
+    QString renamed;
+};
+
+} // namespace
+
+class TestHistoryRename : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void songGetsItsOldNameAndItsPicturesToo();
+    void takingBackARenameCanBeTakenBack();
+    void oldNameThatIsTakenIsLeftAlone();
+    void picturesThatCannotFollowKeepTheSong();
+    void songInAnotherFolderStaysThere();
+    void renameThatWasCutOffIsKnown();
+    void renameThatWasNotDoneIsNone();
+    void otherSongAtTheNewNameIsNotTakenForIt();
+    void copyThatTheJobWroteItselfIsNotTakenForAMovedSong();
+};
+
+void TestHistoryRename::songGetsItsOldNameAndItsPicturesToo()
+{
+    RenamedLibrary kept;
+    const QString pictures = kept.library.path(QStringLiteral("b.cdg"));
+    QVERIFY(samplesongs::writeFile(pictures, "pictures"));
+    QVERIFY(kept.rename());
+    QVERIFY(QFile::exists(kept.library.path(QStringLiteral("new.cdg"))));
+    const HistoryJob job = kept.store.jobs().constFirst();
+    QCOMPARE(job.kind, HistoryJob::Kind::Rename);
+    QCOMPARE(kept.store.songs(job.number).constFirst().newPath, kept.renamed);
+
+    const HistoryUndo::Report report = kept.takeBack(job);
+    QVERIFY(report.failed.isEmpty());
+    QCOMPARE(report.done, QStringList(kept.old));
+    QCOMPARE(samplesongs::readFile(kept.old), kept.original());
+    QCOMPARE(samplesongs::readFile(pictures), QByteArray("pictures"));
+    QVERIFY(!QFile::exists(kept.renamed));
+}
+
+void TestHistoryRename::takingBackARenameCanBeTakenBack()
+{
+    RenamedLibrary kept;
+    QVERIFY(kept.rename());
+    kept.takeBack(kept.store.jobs().constFirst());
+    const HistoryUndo::Report report = kept.takeBack(kept.store.jobs().constFirst());
+    QVERIFY(report.failed.isEmpty());
+    QCOMPARE(samplesongs::readFile(kept.renamed), kept.original());
+    QVERIFY(!QFile::exists(kept.old));
+}
+
+void TestHistoryRename::oldNameThatIsTakenIsLeftAlone()
+{
+    RenamedLibrary kept;
+    QVERIFY(kept.rename());
+    QVERIFY(samplesongs::writeFile(kept.old, "another file"));
+    QCOMPARE(kept.takeBack(kept.store.jobs().constFirst(), true).failed.size(), 1);
+    QCOMPARE(samplesongs::readFile(kept.old), QByteArray("another file"));
+    QCOMPARE(samplesongs::readFile(kept.renamed), kept.original());
+    QCOMPARE(kept.store.jobs().size(), 1);
+}
+
+void TestHistoryRename::picturesThatCannotFollowKeepTheSong()
+{
+    RenamedLibrary kept;
+    QVERIFY(kept.rename());
+    QVERIFY(samplesongs::writeFile(kept.library.path(QStringLiteral("new.cdg")), "pictures"));
+    QVERIFY(samplesongs::writeFile(kept.library.path(QStringLiteral("b.cdg")), "others"));
+    QCOMPARE(kept.takeBack(kept.store.jobs().constFirst()).failed.size(), 1);
+    QCOMPARE(samplesongs::readFile(kept.renamed), kept.original());
+    QVERIFY(!QFile::exists(kept.old));
+    QCOMPARE(kept.store.jobs().size(), 1);
+}
+
+void TestHistoryRename::songInAnotherFolderStaysThere()
+{
+    RenamedLibrary kept;
+    QVERIFY(kept.rename());
+    QVERIFY(QDir().mkdir(kept.library.path(QStringLiteral("sub"))));
+    const QString moved = kept.library.path(QStringLiteral("sub/new.mp3"));
+    QVERIFY(QFile::rename(kept.renamed, moved));
+    const HistoryUndo::Report report =
+        kept.takeBack(kept.store.jobs().constFirst(), false, {moved});
+    QVERIFY(report.failed.isEmpty());
+    QCOMPARE(report.done, QStringList(kept.library.path(QStringLiteral("sub/b.mp3"))));
+    QCOMPARE(kept.library.bytes(QStringLiteral("sub/b.mp3")), kept.original());
+}
+
+void TestHistoryRename::renameThatWasCutOffIsKnown()
+{
+    RenamedLibrary kept;
+    QCOMPARE(kept.store.open(), HistoryStore::State::Ready);
+    const auto job = kept.store.addJob(HistoryJob::Kind::Rename);
+    SongSnapshot snapshot = *SongSnapshot::of(kept.old);
+    snapshot.bytes.clear();
+    QCOMPARE(kept.store.addSongs(*job, {{kept.old, kept.renamed, snapshot}}).size(), 1);
+    QVERIFY(QFile::rename(kept.old, kept.renamed));
+    // Here the program was killed.
+    kept.store.settle();
+    QCOMPARE(kept.store.jobs().size(), 1);
+    QVERIFY(kept.takeBack(kept.store.jobs().constFirst()).failed.isEmpty());
+    QCOMPARE(samplesongs::readFile(kept.old), kept.original());
+}
+
+void TestHistoryRename::renameThatWasNotDoneIsNone()
+{
+    RenamedLibrary kept;
+    {
+        HistoryRecorder recorder(kept.store, HistoryJob::Kind::Rename,
+                                 [](const QString &) { return false; });
+        QVERIFY(recorder.keepRenamed(kept.old, kept.renamed));
+        recorder.forget(kept.old);
+    }
+    kept.store.settle();
+    QVERIFY(kept.store.jobs().isEmpty());
+}
+
+void TestHistoryRename::otherSongAtTheNewNameIsNotTakenForIt()
+{
+    RenamedLibrary kept;
+    QCOMPARE(kept.store.open(), HistoryStore::State::Ready);
+    const auto job = kept.store.addJob(HistoryJob::Kind::Rename);
+    SongSnapshot snapshot = *SongSnapshot::of(kept.old);
+    snapshot.bytes.clear();
+    QCOMPARE(kept.store.addSongs(*job, {{kept.old, kept.renamed, snapshot}}).size(), 1);
+    // The program was killed before it renamed; later another song comes to that name.
+    QVERIFY(samplesongs::writeFile(kept.renamed, mp3("other")));
+    kept.store.settle();
+    QVERIFY(kept.store.jobs().isEmpty());
+}
+
+/** Both songs hold the same afterwards, and one of them is gone then. */
+void TestHistoryRename::copyThatTheJobWroteItselfIsNotTakenForAMovedSong()
+{
+    KeptLibrary kept;
+    const QString a = kept.library.path(QStringLiteral("a.mid"));
+    const QString d = kept.library.path(QStringLiteral("d.mid"));
+    {
+        HistoryRecorder recorder(kept.store, HistoryJob::Kind::EditSeveral,
+                                 [](const QString &) { return false; });
+        for (const QString &path : {d, a}) {
+            QVERIFY(recorder.keep({path}));
+            QVERIFY(samplesongs::writeFile(path, syncfixture::midi()));
+            recorder.written(path, {}, {});
+        }
+    }
+    QVERIFY(QFile::remove(a));
+    const HistoryUndo::Report report = kept.takeBack(kept.store.jobs().constFirst(), false, {d});
+    QCOMPARE(report.failed.size(), 1);
+    QCOMPARE(report.failed.constFirst().path, a);
+    QCOMPARE(report.done, QStringList(d));
+    QCOMPARE(samplesongs::readFile(d), kept.original.value(QStringLiteral("d.mid")));
+}
+
+QTEST_GUILESS_MAIN(TestHistoryRename)
+#include "test_history_rename.moc"
