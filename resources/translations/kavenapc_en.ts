@@ -286,6 +286,79 @@ Songs that cannot be read: %4</translation>
     </message>
 </context>
 <context>
+    <name>EditArguments</name>
+    <message>
+        <source>A %1 manca un valore</source>
+        <translation>A value is missing for %1</translation>
+    </message>
+    <message>
+        <source>Valore non valido per %1: %2</source>
+        <translation>Invalid value for %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>EditCommand</name>
+    <message>
+        <source>Lettura</source>
+        <translation>Reading</translation>
+    </message>
+    <message>
+        <source>Modifica</source>
+        <translation>Changing</translation>
+    </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 cut to %3 characters: %4</translation>
+    </message>
+    <message>
+        <source>Nomi nuovi</source>
+        <translation>New names</translation>
+    </message>
+</context>
+<context>
+    <name>EditStep</name>
+    <message>
+        <source>il testo supera %1 caratteri</source>
+        <translation>the text has more than %1 characters</translation>
+    </message>
+    <message>
+        <source>valore non valido per %1: %2</source>
+        <translation>invalid value for %1: %2</translation>
+    </message>
+    <message>
+        <source>non è scelto nessun campo</source>
+        <translation>no field is chosen</translation>
+    </message>
+    <message>
+        <source>manca il testo da cercare</source>
+        <translation>the text to look for is missing</translation>
+    </message>
+    <message>
+        <source>l&apos;espressione non è valida: %1</source>
+        <translation>the expression is not valid: %1</translation>
+    </message>
+    <message>
+        <source>i due campi sono lo stesso</source>
+        <translation>both fields are the same</translation>
+    </message>
+    <message>
+        <source>il nome non corrisponde al modello</source>
+        <translation>the name does not fit the pattern</translation>
+    </message>
+    <message>
+        <source>l&apos;espressione è troppo complessa</source>
+        <translation>the expression is too complex</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non ha questo file</source>
+        <translation>the list does not have this file</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco ha questo file più volte, con dati diversi</source>
+        <translation>the list has this file more than once, with different details</translation>
+    </message>
+</context>
+<context>
     <name>HelpDialog</name>
     <message>
         <source>Aiuto Kavena PC</source>
@@ -1571,6 +1644,41 @@ Please install the program again.</translation>
     </message>
 </context>
 <context>
+    <name>NamePattern</name>
+    <message>
+        <source>il modello è vuoto</source>
+        <translation>the pattern is empty</translation>
+    </message>
+    <message>
+        <source>il modello supera %1 caratteri</source>
+        <translation>the pattern has more than %1 characters</translation>
+    </message>
+    <message>
+        <source>questo campo non c&apos;è: %1</source>
+        <translation>there is no such field: %1</translation>
+    </message>
+    <message>
+        <source>qui questo campo non vale: %1</source>
+        <translation>this field cannot be used here: %1</translation>
+    </message>
+    <message>
+        <source>tra due campi ci vuole un testo</source>
+        <translation>there must be a text between two fields</translation>
+    </message>
+    <message>
+        <source>il campo c&apos;è due volte: %1</source>
+        <translation>the field is there twice: %1</translation>
+    </message>
+    <message>
+        <source>manca un campo, per esempio %1</source>
+        <translation>a field is missing, for example %1</translation>
+    </message>
+    <message>
+        <source>un nome non può contenere &quot;/&quot;</source>
+        <translation>a name cannot hold a &quot;/&quot;</translation>
+    </message>
+</context>
+<context>
     <name>RunReport</name>
     <message numerus="yes">
         <source>%n song non sono state salvate.</source>
@@ -1716,6 +1824,10 @@ Please install the program again.</translation>
         <source>Un nome è vuoto</source>
         <translation>A name is empty</translation>
     </message>
+    <message>
+        <source>Manca un passo, per esempio --pattern</source>
+        <translation>A step is missing, for example --pattern</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1859,6 +1971,54 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>anche una cartella che non è in una memoria</source>
         <translation>also a folder that lies on no memory</translation>
+    </message>
+    <message>
+        <source>i dati dal nome del file, per esempio %track - %artist - %title</source>
+        <translation>details from the file name, for example %track - %artist - %title</translation>
+    </message>
+    <message>
+        <source>un valore per tutte le song</source>
+        <translation>one value for all songs</translation>
+    </message>
+    <message>
+        <source>un testo al posto di un altro</source>
+        <translation>a text in place of another one</translation>
+    </message>
+    <message>
+        <source>lo stesso con un&apos;espressione regolare</source>
+        <translation>the same with a regular expression</translation>
+    </message>
+    <message>
+        <source>le maiuscole non contano nei testi da cercare</source>
+        <translation>letter case does not count in what is looked for</translation>
+    </message>
+    <message>
+        <source>maiuscole: title, upper, lower o first</source>
+        <translation>letter case: title, upper, lower or first</translation>
+    </message>
+    <message>
+        <source>due campi si scambiano</source>
+        <translation>two fields change places</translation>
+    </message>
+    <message>
+        <source>toglie gli spazi in più; &quot;_&quot; diventa uno spazio</source>
+        <translation>takes needless blanks away; &quot;_&quot; becomes one</translation>
+    </message>
+    <message>
+        <source>i dati da un elenco, per nome del file</source>
+        <translation>details from a list, by file name</translation>
+    </message>
+    <message>
+        <source>i nomi dei file dai dati, per esempio %artist - %title</source>
+        <translation>file names from the details, for example %artist - %title</translation>
+    </message>
+    <message>
+        <source>con --rename: solo nomi che il player può mostrare</source>
+        <translation>with --rename: only names that the player can show</translation>
+    </message>
+    <message>
+        <source>scrive; altrimenti mostra soltanto</source>
+        <translation>writes; else it only shows</translation>
     </message>
 </context>
 <context>
@@ -2163,6 +2323,63 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     </message>
 </context>
 <context>
+    <name>SeveralEditor</name>
+    <message>
+        <source>È stata cambiata dopo l&apos;anteprima</source>
+        <translation>The song was changed after the preview</translation>
+    </message>
+    <message>
+        <source>Questo file non può contenere i dati mostrati</source>
+        <translation>This file cannot hold the details that were shown</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralRenamer</name>
+    <message>
+        <source>Un altro file ha già il nome nuovo</source>
+        <translation>Another file has the new name already</translation>
+    </message>
+    <message>
+        <source>Il suo ultimo salvataggio non è finito</source>
+        <translation>The last save of the song is not finished</translation>
+    </message>
+    <message>
+        <source>Il file non può essere rinominato</source>
+        <translation>The file cannot be renamed</translation>
+    </message>
+    <message>
+        <source>Il disco non ha confermato il nome nuovo</source>
+        <translation>The drive has not confirmed the new name</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralRenames</name>
+    <message>
+        <source>alla song manca un dato del modello</source>
+        <translation>the song lacks one of the details in the pattern</translation>
+    </message>
+    <message>
+        <source>è in una memoria: si rinomina nella finestra della memoria</source>
+        <translation>is on a memory: rename it in the window of the memory</translation>
+    </message>
+    <message>
+        <source>il nome sarebbe vuoto</source>
+        <translation>the name would be empty</translation>
+    </message>
+    <message>
+        <source>non c&apos;è un nome libero</source>
+        <translation>no name is free</translation>
+    </message>
+    <message>
+        <source>qui il nome cambierebbe solo nelle maiuscole</source>
+        <translation>here only the letter case would change</translation>
+    </message>
+    <message>
+        <source>il player non ha uno dei caratteri</source>
+        <translation>the player lacks one of the characters</translation>
+    </message>
+</context>
+<context>
     <name>ShowCommand</name>
     <message>
         <source>Lettura</source>
@@ -2355,6 +2572,33 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>un&apos;altra song scelta ha lo stesso nome</source>
         <translation>another chosen song has the same name</translation>
+    </message>
+</context>
+<context>
+    <name>CsvList</name>
+    <message>
+        <source>l&apos;elenco è troppo grande</source>
+        <translation>the list is too large</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco è troppo grande o danneggiato</source>
+        <translation>the list is too large or damaged</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non è leggibile</source>
+        <translation>the list cannot be read</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco è vuoto</source>
+        <translation>the list is empty</translation>
+    </message>
+    <message>
+        <source>all&apos;elenco manca la colonna con i nomi dei file</source>
+        <translation>the list has no column of file names</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non ha colonne con dati di song</source>
+        <translation>the list has no columns with details of songs</translation>
     </message>
 </context>
 <context>

@@ -286,6 +286,79 @@ Song non leggibili: %4</translation>
     </message>
 </context>
 <context>
+    <name>EditArguments</name>
+    <message>
+        <source>A %1 manca un valore</source>
+        <translation>A %1 manca un valore</translation>
+    </message>
+    <message>
+        <source>Valore non valido per %1: %2</source>
+        <translation>Valore non valido per %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>EditCommand</name>
+    <message>
+        <source>Lettura</source>
+        <translation>Lettura</translation>
+    </message>
+    <message>
+        <source>Modifica</source>
+        <translation>Modifica</translation>
+    </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 accorciato a %3 caratteri: %4</translation>
+    </message>
+    <message>
+        <source>Nomi nuovi</source>
+        <translation>Nomi nuovi</translation>
+    </message>
+</context>
+<context>
+    <name>EditStep</name>
+    <message>
+        <source>il testo supera %1 caratteri</source>
+        <translation>il testo supera %1 caratteri</translation>
+    </message>
+    <message>
+        <source>valore non valido per %1: %2</source>
+        <translation>valore non valido per %1: %2</translation>
+    </message>
+    <message>
+        <source>non è scelto nessun campo</source>
+        <translation>non è scelto nessun campo</translation>
+    </message>
+    <message>
+        <source>manca il testo da cercare</source>
+        <translation>manca il testo da cercare</translation>
+    </message>
+    <message>
+        <source>l&apos;espressione non è valida: %1</source>
+        <translation>l&apos;espressione non è valida: %1</translation>
+    </message>
+    <message>
+        <source>i due campi sono lo stesso</source>
+        <translation>i due campi sono lo stesso</translation>
+    </message>
+    <message>
+        <source>il nome non corrisponde al modello</source>
+        <translation>il nome non corrisponde al modello</translation>
+    </message>
+    <message>
+        <source>l&apos;espressione è troppo complessa</source>
+        <translation>l&apos;espressione è troppo complessa</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non ha questo file</source>
+        <translation>l&apos;elenco non ha questo file</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco ha questo file più volte, con dati diversi</source>
+        <translation>l&apos;elenco ha questo file più volte, con dati diversi</translation>
+    </message>
+</context>
+<context>
     <name>HelpDialog</name>
     <message>
         <source>Aiuto Kavena PC</source>
@@ -1571,6 +1644,41 @@ Installare di nuovo il programma.</translation>
     </message>
 </context>
 <context>
+    <name>NamePattern</name>
+    <message>
+        <source>il modello è vuoto</source>
+        <translation>il modello è vuoto</translation>
+    </message>
+    <message>
+        <source>il modello supera %1 caratteri</source>
+        <translation>il modello supera %1 caratteri</translation>
+    </message>
+    <message>
+        <source>questo campo non c&apos;è: %1</source>
+        <translation>questo campo non c&apos;è: %1</translation>
+    </message>
+    <message>
+        <source>qui questo campo non vale: %1</source>
+        <translation>qui questo campo non vale: %1</translation>
+    </message>
+    <message>
+        <source>tra due campi ci vuole un testo</source>
+        <translation>tra due campi ci vuole un testo</translation>
+    </message>
+    <message>
+        <source>il campo c&apos;è due volte: %1</source>
+        <translation>il campo c&apos;è due volte: %1</translation>
+    </message>
+    <message>
+        <source>manca un campo, per esempio %1</source>
+        <translation>manca un campo, per esempio %1</translation>
+    </message>
+    <message>
+        <source>un nome non può contenere &quot;/&quot;</source>
+        <translation>un nome non può contenere &quot;/&quot;</translation>
+    </message>
+</context>
+<context>
     <name>RunReport</name>
     <message numerus="yes">
         <source>%n song non sono state salvate.</source>
@@ -1716,6 +1824,10 @@ Installare di nuovo il programma.</translation>
         <source>Un nome è vuoto</source>
         <translation>Un nome è vuoto</translation>
     </message>
+    <message>
+        <source>Manca un passo, per esempio --pattern</source>
+        <translation>Manca un passo, per esempio --pattern</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1859,6 +1971,54 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>anche una cartella che non è in una memoria</source>
         <translation>anche una cartella che non è in una memoria</translation>
+    </message>
+    <message>
+        <source>i dati dal nome del file, per esempio %track - %artist - %title</source>
+        <translation>i dati dal nome del file, per esempio %track - %artist - %title</translation>
+    </message>
+    <message>
+        <source>un valore per tutte le song</source>
+        <translation>un valore per tutte le song</translation>
+    </message>
+    <message>
+        <source>un testo al posto di un altro</source>
+        <translation>un testo al posto di un altro</translation>
+    </message>
+    <message>
+        <source>lo stesso con un&apos;espressione regolare</source>
+        <translation>lo stesso con un&apos;espressione regolare</translation>
+    </message>
+    <message>
+        <source>le maiuscole non contano nei testi da cercare</source>
+        <translation>le maiuscole non contano nei testi da cercare</translation>
+    </message>
+    <message>
+        <source>maiuscole: title, upper, lower o first</source>
+        <translation>maiuscole: title, upper, lower o first</translation>
+    </message>
+    <message>
+        <source>due campi si scambiano</source>
+        <translation>due campi si scambiano</translation>
+    </message>
+    <message>
+        <source>toglie gli spazi in più; &quot;_&quot; diventa uno spazio</source>
+        <translation>toglie gli spazi in più; &quot;_&quot; diventa uno spazio</translation>
+    </message>
+    <message>
+        <source>i dati da un elenco, per nome del file</source>
+        <translation>i dati da un elenco, per nome del file</translation>
+    </message>
+    <message>
+        <source>i nomi dei file dai dati, per esempio %artist - %title</source>
+        <translation>i nomi dei file dai dati, per esempio %artist - %title</translation>
+    </message>
+    <message>
+        <source>con --rename: solo nomi che il player può mostrare</source>
+        <translation>con --rename: solo nomi che il player può mostrare</translation>
+    </message>
+    <message>
+        <source>scrive; altrimenti mostra soltanto</source>
+        <translation>scrive; altrimenti mostra soltanto</translation>
     </message>
 </context>
 <context>
@@ -2163,6 +2323,63 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     </message>
 </context>
 <context>
+    <name>SeveralEditor</name>
+    <message>
+        <source>È stata cambiata dopo l&apos;anteprima</source>
+        <translation>È stata cambiata dopo l&apos;anteprima</translation>
+    </message>
+    <message>
+        <source>Questo file non può contenere i dati mostrati</source>
+        <translation>Questo file non può contenere i dati mostrati</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralRenamer</name>
+    <message>
+        <source>Un altro file ha già il nome nuovo</source>
+        <translation>Un altro file ha già il nome nuovo</translation>
+    </message>
+    <message>
+        <source>Il suo ultimo salvataggio non è finito</source>
+        <translation>Il suo ultimo salvataggio non è finito</translation>
+    </message>
+    <message>
+        <source>Il file non può essere rinominato</source>
+        <translation>Il file non può essere rinominato</translation>
+    </message>
+    <message>
+        <source>Il disco non ha confermato il nome nuovo</source>
+        <translation>Il disco non ha confermato il nome nuovo</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralRenames</name>
+    <message>
+        <source>alla song manca un dato del modello</source>
+        <translation>alla song manca un dato del modello</translation>
+    </message>
+    <message>
+        <source>è in una memoria: si rinomina nella finestra della memoria</source>
+        <translation>è in una memoria: si rinomina nella finestra della memoria</translation>
+    </message>
+    <message>
+        <source>il nome sarebbe vuoto</source>
+        <translation>il nome sarebbe vuoto</translation>
+    </message>
+    <message>
+        <source>non c&apos;è un nome libero</source>
+        <translation>non c&apos;è un nome libero</translation>
+    </message>
+    <message>
+        <source>qui il nome cambierebbe solo nelle maiuscole</source>
+        <translation>qui il nome cambierebbe solo nelle maiuscole</translation>
+    </message>
+    <message>
+        <source>il player non ha uno dei caratteri</source>
+        <translation>il player non ha uno dei caratteri</translation>
+    </message>
+</context>
+<context>
     <name>ShowCommand</name>
     <message>
         <source>Lettura</source>
@@ -2355,6 +2572,33 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>un&apos;altra song scelta ha lo stesso nome</source>
         <translation>un&apos;altra song scelta ha lo stesso nome</translation>
+    </message>
+</context>
+<context>
+    <name>CsvList</name>
+    <message>
+        <source>l&apos;elenco è troppo grande</source>
+        <translation>l&apos;elenco è troppo grande</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco è troppo grande o danneggiato</source>
+        <translation>l&apos;elenco è troppo grande o danneggiato</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non è leggibile</source>
+        <translation>l&apos;elenco non è leggibile</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco è vuoto</source>
+        <translation>l&apos;elenco è vuoto</translation>
+    </message>
+    <message>
+        <source>all&apos;elenco manca la colonna con i nomi dei file</source>
+        <translation>all&apos;elenco manca la colonna con i nomi dei file</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non ha colonne con dati di song</source>
+        <translation>l&apos;elenco non ha colonne con dati di song</translation>
     </message>
 </context>
 <context>

@@ -286,6 +286,79 @@ Songs, die nicht lesbar sind: %4</translation>
     </message>
 </context>
 <context>
+    <name>EditArguments</name>
+    <message>
+        <source>A %1 manca un valore</source>
+        <translation>Für %1 fehlt ein Wert</translation>
+    </message>
+    <message>
+        <source>Valore non valido per %1: %2</source>
+        <translation>Ungültiger Wert für %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>EditCommand</name>
+    <message>
+        <source>Lettura</source>
+        <translation>Lesen</translation>
+    </message>
+    <message>
+        <source>Modifica</source>
+        <translation>Ändern</translation>
+    </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 auf %3 Zeichen gekürzt: %4</translation>
+    </message>
+    <message>
+        <source>Nomi nuovi</source>
+        <translation>Neue Namen</translation>
+    </message>
+</context>
+<context>
+    <name>EditStep</name>
+    <message>
+        <source>il testo supera %1 caratteri</source>
+        <translation>der Text hat mehr als %1 Zeichen</translation>
+    </message>
+    <message>
+        <source>valore non valido per %1: %2</source>
+        <translation>ungültiger Wert für %1: %2</translation>
+    </message>
+    <message>
+        <source>non è scelto nessun campo</source>
+        <translation>es ist kein Feld gewählt</translation>
+    </message>
+    <message>
+        <source>manca il testo da cercare</source>
+        <translation>der gesuchte Text fehlt</translation>
+    </message>
+    <message>
+        <source>l&apos;espressione non è valida: %1</source>
+        <translation>der Ausdruck ist ungültig: %1</translation>
+    </message>
+    <message>
+        <source>i due campi sono lo stesso</source>
+        <translation>beide Felder sind dasselbe</translation>
+    </message>
+    <message>
+        <source>il nome non corrisponde al modello</source>
+        <translation>der Name passt nicht zum Muster</translation>
+    </message>
+    <message>
+        <source>l&apos;espressione è troppo complessa</source>
+        <translation>der Ausdruck ist zu aufwendig</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non ha questo file</source>
+        <translation>die Liste hat diese Datei nicht</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco ha questo file più volte, con dati diversi</source>
+        <translation>die Liste hat diese Datei mehrmals, mit verschiedenen Angaben</translation>
+    </message>
+</context>
+<context>
     <name>HelpDialog</name>
     <message>
         <source>Aiuto Kavena PC</source>
@@ -1571,6 +1644,41 @@ Bitte installieren Sie das Programm neu.</translation>
     </message>
 </context>
 <context>
+    <name>NamePattern</name>
+    <message>
+        <source>il modello è vuoto</source>
+        <translation>das Muster ist leer</translation>
+    </message>
+    <message>
+        <source>il modello supera %1 caratteri</source>
+        <translation>das Muster hat mehr als %1 Zeichen</translation>
+    </message>
+    <message>
+        <source>questo campo non c&apos;è: %1</source>
+        <translation>dieses Feld gibt es nicht: %1</translation>
+    </message>
+    <message>
+        <source>qui questo campo non vale: %1</source>
+        <translation>hier gilt dieses Feld nicht: %1</translation>
+    </message>
+    <message>
+        <source>tra due campi ci vuole un testo</source>
+        <translation>zwischen zwei Feldern muss ein Text stehen</translation>
+    </message>
+    <message>
+        <source>il campo c&apos;è due volte: %1</source>
+        <translation>das Feld steht zweimal da: %1</translation>
+    </message>
+    <message>
+        <source>manca un campo, per esempio %1</source>
+        <translation>ein Feld fehlt, zum Beispiel %1</translation>
+    </message>
+    <message>
+        <source>un nome non può contenere &quot;/&quot;</source>
+        <translation>ein Name kann kein &quot;/&quot; enthalten</translation>
+    </message>
+</context>
+<context>
     <name>RunReport</name>
     <message numerus="yes">
         <source>%n song non sono state salvate.</source>
@@ -1716,6 +1824,10 @@ Bitte installieren Sie das Programm neu.</translation>
         <source>Un nome è vuoto</source>
         <translation>Ein Name ist leer</translation>
     </message>
+    <message>
+        <source>Manca un passo, per esempio --pattern</source>
+        <translation>Ein Schritt fehlt, zum Beispiel --pattern</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1859,6 +1971,54 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>anche una cartella che non è in una memoria</source>
         <translation>auch einen Ordner, der auf keinem Speicher liegt</translation>
+    </message>
+    <message>
+        <source>i dati dal nome del file, per esempio %track - %artist - %title</source>
+        <translation>Angaben aus dem Dateinamen, zum Beispiel %track - %artist - %title</translation>
+    </message>
+    <message>
+        <source>un valore per tutte le song</source>
+        <translation>ein Wert für alle Songs</translation>
+    </message>
+    <message>
+        <source>un testo al posto di un altro</source>
+        <translation>ein Text anstelle eines anderen</translation>
+    </message>
+    <message>
+        <source>lo stesso con un&apos;espressione regolare</source>
+        <translation>dasselbe mit einem regulären Ausdruck</translation>
+    </message>
+    <message>
+        <source>le maiuscole non contano nei testi da cercare</source>
+        <translation>beim Suchen gilt Groß wie Klein</translation>
+    </message>
+    <message>
+        <source>maiuscole: title, upper, lower o first</source>
+        <translation>Groß und Klein: title, upper, lower oder first</translation>
+    </message>
+    <message>
+        <source>due campi si scambiano</source>
+        <translation>zwei Felder tauschen ihre Inhalte</translation>
+    </message>
+    <message>
+        <source>toglie gli spazi in più; &quot;_&quot; diventa uno spazio</source>
+        <translation>entfernt überzählige Leerzeichen; aus &quot;_&quot; wird eines</translation>
+    </message>
+    <message>
+        <source>i dati da un elenco, per nome del file</source>
+        <translation>Angaben aus einer Liste, nach dem Dateinamen</translation>
+    </message>
+    <message>
+        <source>i nomi dei file dai dati, per esempio %artist - %title</source>
+        <translation>Dateinamen aus den Angaben, zum Beispiel %artist - %title</translation>
+    </message>
+    <message>
+        <source>con --rename: solo nomi che il player può mostrare</source>
+        <translation>mit --rename: nur Namen, die der Player zeigen kann</translation>
+    </message>
+    <message>
+        <source>scrive; altrimenti mostra soltanto</source>
+        <translation>schreibt; sonst wird nur angezeigt</translation>
     </message>
 </context>
 <context>
@@ -2163,6 +2323,63 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     </message>
 </context>
 <context>
+    <name>SeveralEditor</name>
+    <message>
+        <source>È stata cambiata dopo l&apos;anteprima</source>
+        <translation>Der Song wurde nach der Vorschau geändert</translation>
+    </message>
+    <message>
+        <source>Questo file non può contenere i dati mostrati</source>
+        <translation>Diese Datei kann die gezeigten Angaben nicht enthalten</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralRenamer</name>
+    <message>
+        <source>Un altro file ha già il nome nuovo</source>
+        <translation>Eine andere Datei hat schon den neuen Namen</translation>
+    </message>
+    <message>
+        <source>Il suo ultimo salvataggio non è finito</source>
+        <translation>Das letzte Speichern des Songs ist nicht fertig</translation>
+    </message>
+    <message>
+        <source>Il file non può essere rinominato</source>
+        <translation>Die Datei kann nicht umbenannt werden</translation>
+    </message>
+    <message>
+        <source>Il disco non ha confermato il nome nuovo</source>
+        <translation>Das Laufwerk hat den neuen Namen nicht bestätigt</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralRenames</name>
+    <message>
+        <source>alla song manca un dato del modello</source>
+        <translation>dem Song fehlt eine Angabe aus dem Muster</translation>
+    </message>
+    <message>
+        <source>è in una memoria: si rinomina nella finestra della memoria</source>
+        <translation>liegt auf einem Speicher: wird im Fenster des Speichers umbenannt</translation>
+    </message>
+    <message>
+        <source>il nome sarebbe vuoto</source>
+        <translation>der Name wäre leer</translation>
+    </message>
+    <message>
+        <source>non c&apos;è un nome libero</source>
+        <translation>es ist kein Name frei</translation>
+    </message>
+    <message>
+        <source>qui il nome cambierebbe solo nelle maiuscole</source>
+        <translation>hier würde sich nur Groß und Klein ändern</translation>
+    </message>
+    <message>
+        <source>il player non ha uno dei caratteri</source>
+        <translation>eines der Zeichen fehlt dem Player</translation>
+    </message>
+</context>
+<context>
     <name>ShowCommand</name>
     <message>
         <source>Lettura</source>
@@ -2355,6 +2572,33 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>un&apos;altra song scelta ha lo stesso nome</source>
         <translation>ein anderer gewählter Song hat denselben Namen</translation>
+    </message>
+</context>
+<context>
+    <name>CsvList</name>
+    <message>
+        <source>l&apos;elenco è troppo grande</source>
+        <translation>die Liste ist zu groß</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco è troppo grande o danneggiato</source>
+        <translation>die Liste ist zu groß oder beschädigt</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non è leggibile</source>
+        <translation>die Liste ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco è vuoto</source>
+        <translation>die Liste ist leer</translation>
+    </message>
+    <message>
+        <source>all&apos;elenco manca la colonna con i nomi dei file</source>
+        <translation>der Liste fehlt die Spalte mit den Dateinamen</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non ha colonne con dati di song</source>
+        <translation>die Liste hat keine Spalten mit Angaben zu Songs</translation>
     </message>
 </context>
 <context>
