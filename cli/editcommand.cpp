@@ -65,9 +65,8 @@ void EditCommand::edit()
     QHash<QString, QString> problems;
     SeveralEditor::Report report;
     if (m_request.apply) {
-        SeveralEditor editor([&now](const QString &path, const SongInfo &info, SaveFailure) {
-            now.insert(path, info);
-        });
+        SeveralEditor editor(
+            [&now](const SongInfo &info, SaveFailure) { now.insert(info.fileName, info); });
         editor.setHistory(m_history.history().opener());
         const auto progress = m_terminal.openProgress({}, tr("Modifica"), preview.changed());
         report = editor.run({preview.songs().cbegin(), preview.songs().cend()}, *progress);

@@ -60,7 +60,6 @@ QString SeveralEditor::problemBeforeSave(const SeveralSong &song, MetaSong &file
                                          SaveFailure &failure) const
 {
     const QString &path = song.before.fileName;
-    failure = SaveFailure::Other;
     if (!file.importFile(path)) {
         failure = file.wasInUse() ? SaveFailure::InUse : loadFailureOf(path);
         return RunReport::reasonText(failure);
@@ -75,10 +74,9 @@ QString SeveralEditor::problemBeforeSave(const SeveralSong &song, MetaSong &file
     file.setSongInfo(wanted, true);
     SongInfo edited;
     file.getSongInfo(edited);
-    if (!SongStandIn::isSame(edited, song.after))
-        return tr("Questo file non può contenere i dati mostrati");
-    failure = SaveFailure::None;
-    return {};
+    return SongStandIn::isSame(edited, song.after)
+               ? QString()
+               : tr("Questo file non può contenere i dati mostrati");
 }
 
 void SeveralEditor::write(const SeveralSong &song, Report &report)
@@ -106,5 +104,6 @@ void SeveralEditor::write(const SeveralSong &song, Report &report)
     if (m_history)
         m_history->written(path, song.before, now);
     if (m_tried)
-        m_tried(path, now, failure);
+        m_tried(now,
+                problem.isEmpty() || failure != SaveFailure::None ? failure : SaveFailure::Other);
 }

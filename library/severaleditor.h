@@ -30,9 +30,8 @@ public:
         bool stopped = false;
     };
 
-    /** Told of each song that was tried: what it holds now, and why it was not saved. */
-    using Tried =
-        std::function<void(const QString &path, const SongInfo &now, SaveFailure failure)>;
+    /** Told of each song that was tried: what it holds now; None when it was written. */
+    using Tried = std::function<void(const SongInfo &now, SaveFailure failure)>;
 
     explicit SeveralEditor(Tried tried = {});
 

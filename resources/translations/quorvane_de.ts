@@ -316,6 +316,99 @@ Songs, die nicht lesbar sind: %4</translation>
     </message>
 </context>
 <context>
+    <name>EditSeveralDialog</name>
+    <message>
+        <source>Modifica più song</source>
+        <translation>Mehrere Songs bearbeiten</translation>
+    </message>
+    <message>
+        <source>Pass&amp;i, uno dopo l&apos;altro:</source>
+        <translation>Schr&amp;itte, einer nach dem anderen:</translation>
+    </message>
+    <message>
+        <source>A&amp;ggiungi</source>
+        <translation>Hin&amp;zufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Togli</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Prima</source>
+        <translation>Früher</translation>
+    </message>
+    <message>
+        <source>Dopo</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>M&amp;ostra:</source>
+        <translation>A&amp;nzeigen:</translation>
+    </message>
+    <message>
+        <source>tutte le song</source>
+        <translation>alle Songs</translation>
+    </message>
+    <message>
+        <source>quelle che cambiano</source>
+        <translation>die sich ändern</translation>
+    </message>
+    <message>
+        <source>quelle non adatte</source>
+        <translation>die nicht passen</translation>
+    </message>
+    <message>
+        <source>Sp&amp;unta tutte</source>
+        <translation>A&amp;lle ankreuzen</translation>
+    </message>
+    <message>
+        <source>&amp;Nessuna</source>
+        <translation>&amp;Keinen</translation>
+    </message>
+    <message>
+        <source>Song con i valori di ora e di dopo</source>
+        <translation>Songs mit alten und neuen Werten</translation>
+    </message>
+    <message>
+        <source>A&amp;pplica</source>
+        <translation>An&amp;wenden</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Esempio: %1: %2</source>
+        <translation>Beispiel: %1: %2</translation>
+    </message>
+    <message>
+        <source>non cambia</source>
+        <translation>ändert sich nicht</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song cambiano</source>
+        <translation>
+            <numerusform>1 Song ändert sich</numerusform>
+            <numerusform>%n Songs ändern sich</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n non sono adatte</source>
+        <translation>
+            <numerusform>1 passt nicht</numerusform>
+            <numerusform>%n passen nicht</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Passo %1: %2</source>
+        <translation>Schritt %1: %2</translation>
+    </message>
+    <message>
+        <source>Scrivo le song...</source>
+        <translation>Songs werden geschrieben...</translation>
+    </message>
+</context>
+<context>
     <name>EditStep</name>
     <message>
         <source>il testo supera %1 caratteri</source>
@@ -356,6 +449,153 @@ Songs, die nicht lesbar sind: %4</translation>
     <message>
         <source>l&apos;elenco ha questo file più volte, con dati diversi</source>
         <translation>die Liste hat diese Datei mehrmals, mit verschiedenen Angaben</translation>
+    </message>
+</context>
+<context>
+    <name>EditStepForm</name>
+    <message>
+        <source>&amp;Modello:</source>
+        <translation>&amp;Muster:</translation>
+    </message>
+    <message>
+        <source>Campi: %title %artist %genre %author %key %bpm, e senza essere presi %track (un numero) e %any (un testo). Con / il modello arriva alle cartelle.</source>
+        <translation>Felder: %title %artist %genre %author %key %bpm, und weggelassen %track (eine Nummer) und %any (ein Text). Mit / reicht das Muster in die Ordner.</translation>
+    </message>
+    <message>
+        <source>&amp;Campo:</source>
+        <translation>&amp;Feld:</translation>
+    </message>
+    <message>
+        <source>&amp;Altro campo:</source>
+        <translation>Andere&amp;s Feld:</translation>
+    </message>
+    <message>
+        <source>&amp;Valore:</source>
+        <translation>Wer&amp;t:</translation>
+    </message>
+    <message>
+        <source>Vuoto toglie il dato.</source>
+        <translation>Leer nimmt die Angabe weg.</translation>
+    </message>
+    <message>
+        <source>Ce&amp;rca:</source>
+        <translation>S&amp;uchen:</translation>
+    </message>
+    <message>
+        <source>&amp;Sostituisci con:</source>
+        <translation>E&amp;rsetzen durch:</translation>
+    </message>
+    <message>
+        <source>&amp;Espressione regolare</source>
+        <translation>Re&amp;gulärer Ausdruck</translation>
+    </message>
+    <message>
+        <source>&amp;Maiuscole e minuscole</source>
+        <translation>Gr&amp;oß und Klein beachten</translation>
+    </message>
+    <message>
+        <source>S&amp;crittura:</source>
+        <translation>S&amp;chreibweise:</translation>
+    </message>
+    <message>
+        <source>Ogni Parola Maiuscola</source>
+        <translation>Jedes Wort Groß</translation>
+    </message>
+    <message>
+        <source>TUTTO MAIUSCOLO</source>
+        <translation>ALLES GROSS</translation>
+    </message>
+    <message>
+        <source>tutto minuscolo</source>
+        <translation>alles klein</translation>
+    </message>
+    <message>
+        <source>Solo la prima lettera</source>
+        <translation>Nur der erste Buchstabe groß</translation>
+    </message>
+    <message>
+        <source>&amp;Lingua:</source>
+        <translation>S&amp;prache:</translation>
+    </message>
+    <message>
+        <source>&quot;_&quot; diventa uno spa&amp;zio</source>
+        <translation>Aus &quot;_&quot; wi&amp;rd ein Leerzeichen</translation>
+    </message>
+    <message>
+        <source>Campi:</source>
+        <translation>Felder:</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Autor</translation>
+    </message>
+    <message>
+        <source>E&amp;lenco:</source>
+        <translation>Li&amp;ste:</translation>
+    </message>
+    <message>
+        <source>Un file CSV: la nostra lista delle song, o quello che scrive un foglio di calcolo. La prima riga dà i nomi alle colonne.</source>
+        <translation>Eine CSV-Datei: unsere Songliste oder was eine Tabellenkalkulation schreibt. Die erste Zeile nennt die Spalten.</translation>
+    </message>
+    <message>
+        <source>S&amp;foglia...</source>
+        <translation>&amp;Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>non è scelto nessun elenco</source>
+        <translation>keine Liste gewählt</translation>
+    </message>
+    <message>
+        <source>Dal nome del file</source>
+        <translation>Aus dem Dateinamen</translation>
+    </message>
+    <message>
+        <source>Un valore per tutte</source>
+        <translation>Ein Wert für alle</translation>
+    </message>
+    <message>
+        <source>Cerca e sostituisci</source>
+        <translation>Suchen und ersetzen</translation>
+    </message>
+    <message>
+        <source>Maiuscole e minuscole</source>
+        <translation>Groß- und Kleinschreibung</translation>
+    </message>
+    <message>
+        <source>Togli spazi e &quot;_&quot;</source>
+        <translation>Leerzeichen und &quot;_&quot; entfernen</translation>
+    </message>
+    <message>
+        <source>Scambia due campi</source>
+        <translation>Zwei Felder tauschen</translation>
+    </message>
+    <message>
+        <source>Da un elenco CSV</source>
+        <translation>Aus einer CSV-Liste</translation>
+    </message>
+    <message>
+        <source>Scegli l&apos;elenco</source>
+        <translation>Liste wählen</translation>
+    </message>
+    <message>
+        <source>Elenchi (*.csv *.txt *.tsv)</source>
+        <translation>Listen (*.csv *.txt *.tsv)</translation>
+    </message>
+    <message>
+        <source>Tutti i file (*)</source>
+        <translation>Alle Dateien (*)</translation>
     </message>
 </context>
 <context>
@@ -1151,6 +1391,14 @@ Trotzdem kopieren?</translation>
     <message>
         <source>Espelli la memoria</source>
         <translation>Speicher auswerfen</translation>
+    </message>
+    <message>
+        <source>Modifica &amp;più song...</source>
+        <translation>&amp;Mehrere Songs bearbeiten...</translation>
+    </message>
+    <message>
+        <source>&amp;Rinomina i file...</source>
+        <translation>&amp;Dateien umbenennen...</translation>
     </message>
 </context>
 <context>
@@ -2380,6 +2628,37 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     </message>
 </context>
 <context>
+    <name>SeveralSongsModel</name>
+    <message>
+        <source>cambia</source>
+        <translation>ändert sich</translation>
+    </message>
+    <message>
+        <source>%1 accorciato</source>
+        <translation>%1 gekürzt</translation>
+    </message>
+    <message>
+        <source>&quot;?&quot; al posto di: %1</source>
+        <translation>&quot;?&quot; anstelle von: %1</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>%1 dopo</source>
+        <translation>%1 neu</translation>
+    </message>
+    <message>
+        <source>%1 ora</source>
+        <translation>%1 jetzt</translation>
+    </message>
+</context>
+<context>
     <name>ShowCommand</name>
     <message>
         <source>Lettura</source>
@@ -2656,6 +2935,83 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>La cartella è dentro una memoria: indicare la memoria, %1</source>
         <translation>Der Ordner liegt in einem Speicher: den Speicher selbst angeben, %1</translation>
+    </message>
+</context>
+<context>
+    <name>RenameSeveralDialog</name>
+    <message>
+        <source>Rinomina i file</source>
+        <translation>Dateien umbenennen</translation>
+    </message>
+    <message>
+        <source>&amp;Modello:</source>
+        <translation>&amp;Muster:</translation>
+    </message>
+    <message>
+        <source>Campi: %title %artist %genre %author %key %bpm e %name, il nome di ora.</source>
+        <translation>Felder: %title %artist %genre %author %key %bpm und %name, der jetzige Name.</translation>
+    </message>
+    <message>
+        <source>Solo nomi che il player può mo&amp;strare, di otto caratteri</source>
+        <translation>Nur Namen, die der Player &amp;zeigen kann, mit acht Zeichen</translation>
+    </message>
+    <message>
+        <source>File con i nomi di ora e di dopo</source>
+        <translation>Dateien mit alten und neuen Namen</translation>
+    </message>
+    <message>
+        <source>Nome di ora</source>
+        <translation>Jetziger Name</translation>
+    </message>
+    <message>
+        <source>Nome nuovo</source>
+        <translation>Neuer Name</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>&amp;Rinomina</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file cambiano nome</source>
+        <translation>
+            <numerusform>1 Datei bekommt einen neuen Namen</numerusform>
+            <numerusform>%n Dateien bekommen neue Namen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n non sono adatti</source>
+        <translation>
+            <numerusform>1 passt nicht</numerusform>
+            <numerusform>%n passen nicht</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Modello: %1</source>
+        <translation>Muster: %1</translation>
+    </message>
+    <message>
+        <source>non cambia</source>
+        <translation>ändert sich nicht</translation>
+    </message>
+    <message>
+        <source>Esempio: %1: %2</source>
+        <translation>Beispiel: %1: %2</translation>
+    </message>
+    <message>
+        <source>Rinomino i file...</source>
+        <translation>Dateien werden umbenannt...</translation>
+    </message>
+    <message>
+        <source>Questi &amp;file non sono a posto:</source>
+        <translation>Diese &amp;Dateien sind nicht in Ordnung:</translation>
     </message>
 </context>
 <context>

@@ -316,6 +316,99 @@ Songs that cannot be read: %4</translation>
     </message>
 </context>
 <context>
+    <name>EditSeveralDialog</name>
+    <message>
+        <source>Modifica più song</source>
+        <translation>Edit several songs</translation>
+    </message>
+    <message>
+        <source>Pass&amp;i, uno dopo l&apos;altro:</source>
+        <translation>St&amp;eps, one after the other:</translation>
+    </message>
+    <message>
+        <source>A&amp;ggiungi</source>
+        <translation>A&amp;dd</translation>
+    </message>
+    <message>
+        <source>&amp;Togli</source>
+        <translation>Re&amp;move</translation>
+    </message>
+    <message>
+        <source>Prima</source>
+        <translation>Earlier</translation>
+    </message>
+    <message>
+        <source>Dopo</source>
+        <translation>Later</translation>
+    </message>
+    <message>
+        <source>M&amp;ostra:</source>
+        <translation>S&amp;how:</translation>
+    </message>
+    <message>
+        <source>tutte le song</source>
+        <translation>all songs</translation>
+    </message>
+    <message>
+        <source>quelle che cambiano</source>
+        <translation>those that change</translation>
+    </message>
+    <message>
+        <source>quelle non adatte</source>
+        <translation>those that do not fit</translation>
+    </message>
+    <message>
+        <source>Sp&amp;unta tutte</source>
+        <translation>&amp;Tick all</translation>
+    </message>
+    <message>
+        <source>&amp;Nessuna</source>
+        <translation>&amp;None</translation>
+    </message>
+    <message>
+        <source>Song con i valori di ora e di dopo</source>
+        <translation>Songs with old and new values</translation>
+    </message>
+    <message>
+        <source>A&amp;pplica</source>
+        <translation>A&amp;pply</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Esempio: %1: %2</source>
+        <translation>Example: %1: %2</translation>
+    </message>
+    <message>
+        <source>non cambia</source>
+        <translation>does not change</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song cambiano</source>
+        <translation>
+            <numerusform>1 song changes</numerusform>
+            <numerusform>%n songs change</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n non sono adatte</source>
+        <translation>
+            <numerusform>1 does not fit</numerusform>
+            <numerusform>%n do not fit</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Passo %1: %2</source>
+        <translation>Step %1: %2</translation>
+    </message>
+    <message>
+        <source>Scrivo le song...</source>
+        <translation>Writing songs...</translation>
+    </message>
+</context>
+<context>
     <name>EditStep</name>
     <message>
         <source>il testo supera %1 caratteri</source>
@@ -356,6 +449,153 @@ Songs that cannot be read: %4</translation>
     <message>
         <source>l&apos;elenco ha questo file più volte, con dati diversi</source>
         <translation>the list has this file more than once, with different details</translation>
+    </message>
+</context>
+<context>
+    <name>EditStepForm</name>
+    <message>
+        <source>&amp;Modello:</source>
+        <translation>Patte&amp;rn:</translation>
+    </message>
+    <message>
+        <source>Campi: %title %artist %genre %author %key %bpm, e senza essere presi %track (un numero) e %any (un testo). Con / il modello arriva alle cartelle.</source>
+        <translation>Fields: %title %artist %genre %author %key %bpm, and left out %track (a number) and %any (a text). With / the pattern reaches into the folders.</translation>
+    </message>
+    <message>
+        <source>&amp;Campo:</source>
+        <translation>&amp;Field:</translation>
+    </message>
+    <message>
+        <source>&amp;Altro campo:</source>
+        <translation>&amp;Other field:</translation>
+    </message>
+    <message>
+        <source>&amp;Valore:</source>
+        <translation>&amp;Value:</translation>
+    </message>
+    <message>
+        <source>Vuoto toglie il dato.</source>
+        <translation>Empty takes the detail away.</translation>
+    </message>
+    <message>
+        <source>Ce&amp;rca:</source>
+        <translation>&amp;Look for:</translation>
+    </message>
+    <message>
+        <source>&amp;Sostituisci con:</source>
+        <translation>&amp;Replace with:</translation>
+    </message>
+    <message>
+        <source>&amp;Espressione regolare</source>
+        <translation>Re&amp;gular expression</translation>
+    </message>
+    <message>
+        <source>&amp;Maiuscole e minuscole</source>
+        <translation>M&amp;atch case</translation>
+    </message>
+    <message>
+        <source>S&amp;crittura:</source>
+        <translation>Letter &amp;case:</translation>
+    </message>
+    <message>
+        <source>Ogni Parola Maiuscola</source>
+        <translation>Each Word Capitalised</translation>
+    </message>
+    <message>
+        <source>TUTTO MAIUSCOLO</source>
+        <translation>ALL CAPITALS</translation>
+    </message>
+    <message>
+        <source>tutto minuscolo</source>
+        <translation>all small</translation>
+    </message>
+    <message>
+        <source>Solo la prima lettera</source>
+        <translation>Only the first letter</translation>
+    </message>
+    <message>
+        <source>&amp;Lingua:</source>
+        <translation>Lan&amp;guage:</translation>
+    </message>
+    <message>
+        <source>&quot;_&quot; diventa uno spa&amp;zio</source>
+        <translation>&quot;_&quot; &amp;becomes a blank</translation>
+    </message>
+    <message>
+        <source>Campi:</source>
+        <translation>Fields:</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Author</translation>
+    </message>
+    <message>
+        <source>E&amp;lenco:</source>
+        <translation>&amp;List:</translation>
+    </message>
+    <message>
+        <source>Un file CSV: la nostra lista delle song, o quello che scrive un foglio di calcolo. La prima riga dà i nomi alle colonne.</source>
+        <translation>A CSV file: our song list, or what a spreadsheet writes. The first line names the columns.</translation>
+    </message>
+    <message>
+        <source>S&amp;foglia...</source>
+        <translation>&amp;Browse...</translation>
+    </message>
+    <message>
+        <source>non è scelto nessun elenco</source>
+        <translation>no list is chosen</translation>
+    </message>
+    <message>
+        <source>Dal nome del file</source>
+        <translation>From the file name</translation>
+    </message>
+    <message>
+        <source>Un valore per tutte</source>
+        <translation>One value for all</translation>
+    </message>
+    <message>
+        <source>Cerca e sostituisci</source>
+        <translation>Find and replace</translation>
+    </message>
+    <message>
+        <source>Maiuscole e minuscole</source>
+        <translation>Letter case</translation>
+    </message>
+    <message>
+        <source>Togli spazi e &quot;_&quot;</source>
+        <translation>Strip blanks and &quot;_&quot;</translation>
+    </message>
+    <message>
+        <source>Scambia due campi</source>
+        <translation>Swap two fields</translation>
+    </message>
+    <message>
+        <source>Da un elenco CSV</source>
+        <translation>From a CSV list</translation>
+    </message>
+    <message>
+        <source>Scegli l&apos;elenco</source>
+        <translation>Choose the list</translation>
+    </message>
+    <message>
+        <source>Elenchi (*.csv *.txt *.tsv)</source>
+        <translation>Lists (*.csv *.txt *.tsv)</translation>
+    </message>
+    <message>
+        <source>Tutti i file (*)</source>
+        <translation>All files (*)</translation>
     </message>
 </context>
 <context>
@@ -1151,6 +1391,14 @@ Do you want to copy all the same?</translation>
     <message>
         <source>Espelli la memoria</source>
         <translation>Eject memory</translation>
+    </message>
+    <message>
+        <source>Modifica &amp;più song...</source>
+        <translation>Edit &amp;several songs...</translation>
+    </message>
+    <message>
+        <source>&amp;Rinomina i file...</source>
+        <translation>&amp;Rename files...</translation>
     </message>
 </context>
 <context>
@@ -2380,6 +2628,37 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     </message>
 </context>
 <context>
+    <name>SeveralSongsModel</name>
+    <message>
+        <source>cambia</source>
+        <translation>changes</translation>
+    </message>
+    <message>
+        <source>%1 accorciato</source>
+        <translation>%1 cut</translation>
+    </message>
+    <message>
+        <source>&quot;?&quot; al posto di: %1</source>
+        <translation>&quot;?&quot; in place of: %1</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>%1 dopo</source>
+        <translation>New %1</translation>
+    </message>
+    <message>
+        <source>%1 ora</source>
+        <translation>Present %1</translation>
+    </message>
+</context>
+<context>
     <name>ShowCommand</name>
     <message>
         <source>Lettura</source>
@@ -2656,6 +2935,83 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>La cartella è dentro una memoria: indicare la memoria, %1</source>
         <translation>The folder lies on a memory: name the memory itself, %1</translation>
+    </message>
+</context>
+<context>
+    <name>RenameSeveralDialog</name>
+    <message>
+        <source>Rinomina i file</source>
+        <translation>Rename files</translation>
+    </message>
+    <message>
+        <source>&amp;Modello:</source>
+        <translation>&amp;Pattern:</translation>
+    </message>
+    <message>
+        <source>Campi: %title %artist %genre %author %key %bpm e %name, il nome di ora.</source>
+        <translation>Fields: %title %artist %genre %author %key %bpm and %name, the present name.</translation>
+    </message>
+    <message>
+        <source>Solo nomi che il player può mo&amp;strare, di otto caratteri</source>
+        <translation>Only names that the player can &amp;show, of eight characters</translation>
+    </message>
+    <message>
+        <source>File con i nomi di ora e di dopo</source>
+        <translation>Files with old and new names</translation>
+    </message>
+    <message>
+        <source>Nome di ora</source>
+        <translation>Present name</translation>
+    </message>
+    <message>
+        <source>Nome nuovo</source>
+        <translation>New name</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>&amp;Rinomina</source>
+        <translation>&amp;Rename</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file cambiano nome</source>
+        <translation>
+            <numerusform>1 file gets a new name</numerusform>
+            <numerusform>%n files get new names</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n non sono adatti</source>
+        <translation>
+            <numerusform>1 does not fit</numerusform>
+            <numerusform>%n do not fit</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Modello: %1</source>
+        <translation>Pattern: %1</translation>
+    </message>
+    <message>
+        <source>non cambia</source>
+        <translation>does not change</translation>
+    </message>
+    <message>
+        <source>Esempio: %1: %2</source>
+        <translation>Example: %1: %2</translation>
+    </message>
+    <message>
+        <source>Rinomino i file...</source>
+        <translation>Renaming files...</translation>
+    </message>
+    <message>
+        <source>Questi &amp;file non sono a posto:</source>
+        <translation>These &amp;files are not all right:</translation>
     </message>
 </context>
 <context>

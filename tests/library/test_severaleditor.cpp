@@ -102,8 +102,8 @@ void TestSeveralEditor::unchangedSongsAreNotTouched()
         previewOf(pathsIn(kept.library), {value(Field::Title, "second")});
     QCOMPARE(preview.changed(), 3);
     QStringList tried;
-    SeveralEditor editor([&tried](const QString &path, const SongInfo &, SaveFailure failure) {
-        tried.append(path);
+    SeveralEditor editor([&tried](const SongInfo &now, SaveFailure failure) {
+        tried.append(now.fileName);
         QCOMPARE(failure, SaveFailure::None);
     });
     CountingProgress progress;
@@ -120,11 +120,17 @@ void TestSeveralEditor::songThatWasChangedSinceIsLeftAlone()
     const QString changed = kept.library.path(QStringLiteral("d.mid"));
     const QByteArray other = syncfixture::midi(syncfixture::titled("something else"));
     QVERIFY(samplesongs::writeFile(changed, other));
+    SongInfo left;
+    SeveralEditor editor([&left](const SongInfo &now, SaveFailure failure) {
+        if (failure != SaveFailure::None)
+            left = now;
+    });
     CountingProgress progress;
-    const SeveralEditor::Report report = SeveralEditor().run(songsOf(preview), progress);
+    const SeveralEditor::Report report = editor.run(songsOf(preview), progress);
     QCOMPARE(report.written, 3);
     QCOMPARE(report.problems.findings().size(), 1);
     QCOMPARE(report.problems.findings().at(0).path, changed);
+    QCOMPARE(left.title, QStringLiteral("something else"));
     QCOMPARE(samplesongs::readFile(changed), other);
 }
 
@@ -166,8 +172,8 @@ void TestSeveralEditor::songThatCannotBeWrittenIsNamedAndTheOthersAreWritten()
     SongJournal journal(kept.library.path(QStringLiteral("a.mid")));
     QVERIFY(journal.write({kept.original.value(QStringLiteral("a.mid")), "other"}));
     SaveFailure failure = SaveFailure::None;
-    SeveralEditor editor([&](const QString &path, const SongInfo &, SaveFailure why) {
-        if (path.endsWith(QLatin1String("a.mid")))
+    SeveralEditor editor([&](const SongInfo &now, SaveFailure why) {
+        if (now.fileName.endsWith(QLatin1String("a.mid")))
             failure = why;
     });
     CountingProgress progress;
