@@ -535,7 +535,7 @@ Songs, die nicht lesbar sind: %4</translation>
     </message>
     <message>
         <source>Genere</source>
-        <translation>Genre</translation>
+        <translation>Musikrichtung</translation>
     </message>
     <message>
         <source>Autore</source>

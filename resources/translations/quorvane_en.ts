@@ -2651,11 +2651,11 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     </message>
     <message>
         <source>%1 dopo</source>
-        <translation>New %1</translation>
+        <translation>%1 new</translation>
     </message>
     <message>
         <source>%1 ora</source>
-        <translation>Present %1</translation>
+        <translation>%1 now</translation>
     </message>
 </context>
 <context>
