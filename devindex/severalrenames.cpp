@@ -18,14 +18,14 @@ namespace
 /** Longer names do not fit every file system; some room is left for numbers and suffixes. */
 constexpr qsizetype maxNameBytes = 200;
 
-QString fileNameOf(const QString &path)
+QString nameInFolder(const QString &path)
 {
     return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
 }
 
-QString suffixOf(const QString &path)
+QString dottedSuffixOf(const QString &path)
 {
-    const QString name = fileNameOf(path);
+    const QString name = nameInFolder(path);
     const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
     return dot < 0 ? QString() : name.mid(dot);
 }
@@ -115,10 +115,10 @@ void SeveralRenames::findName(SeveralRename &song, const NamePattern &pattern, b
         return;
     }
     Folder &folder = folderOf(path);
-    folder.names.insert(nameKey(fileNameOf(newPath)));
+    folder.names.insert(nameKey(nameInFolder(newPath)));
     const QStringList pictures = companionPaths(newPath);
     for (const QString &file : pictures)
-        folder.names.insert(nameKey(fileNameOf(file)));
+        folder.names.insert(nameKey(nameInFolder(file)));
     song.newPath = newPath;
 }
 
@@ -144,11 +144,12 @@ bool SeveralRenames::isFree(const QString &path, const QString &newPath)
     const auto isOthers = [&](const QString &name, const QString &own) {
         return nameKey(name) != nameKey(own) && folder.names.contains(nameKey(name));
     };
-    const QString companion = fileNameOf(companionOf(path));
+    const QString companion = nameInFolder(companionOf(path));
     const QStringList pictures = companionPaths(newPath);
-    return !isOthers(fileNameOf(newPath), fileNameOf(path)) &&
-           std::none_of(pictures.cbegin(), pictures.cend(),
-                        [&](const QString &file) { return isOthers(fileNameOf(file), companion); });
+    return !isOthers(nameInFolder(newPath), nameInFolder(path)) &&
+           std::none_of(pictures.cbegin(), pictures.cend(), [&](const QString &file) {
+               return isOthers(nameInFolder(file), companion);
+           });
 }
 
 /** The path with the base for its name, and with a number where that is taken; empty for none. */
@@ -156,7 +157,7 @@ QString SeveralRenames::freeName(const QString &path, const QString &base)
 {
     constexpr int maxNumber = 9999;
     const QString start = path.left(path.lastIndexOf(QLatin1Char('/')) + 1) + base;
-    const QString suffix = suffixOf(path);
+    const QString suffix = dottedSuffixOf(path);
     if (isFree(path, start + suffix))
         return start + suffix;
     // Where many songs want one name, the numbers that are given away are not tried again.
@@ -178,12 +179,12 @@ QString SeveralRenames::shortName(const QString &path, const QString &base, QStr
         return {};
     }
     const QString wanted =
-        path.left(path.lastIndexOf(QLatin1Char('/')) + 1) + base + suffixOf(path);
+        path.left(path.lastIndexOf(QLatin1Char('/')) + 1) + base + dottedSuffixOf(path);
     if (isShortName(wanted) && isFree(path, wanted))
         return wanted;
     // It may have the short name of the wanted one already.
-    const QString ownKey = shortNameKey(fileNameOf(path));
-    if (!ownKey.isEmpty() && keysOfShortNames(fileNameOf(wanted)).contains(ownKey))
+    const QString ownKey = shortNameKey(nameInFolder(path));
+    if (!ownKey.isEmpty() && keysOfShortNames(nameInFolder(wanted)).contains(ownKey))
         return path;
     QString candidate = m_shortNames.candidateForSong(wanted);
     while (!candidate.isEmpty() && !isFree(path, candidate)) {
