@@ -37,6 +37,8 @@
 #include <QDirIterator>
 #include <QMessageBox>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -167,6 +169,9 @@ void MainWindow::initUserLibraryModel()
     // Backup and transfer copy the selected files: they would miss this one for ever.
     connect(m_rows, &RowEditing::fileDeleted, this,
             [this](const QString &path) { m_selectedFiles.removeAll(path); });
+    connect(tools, &SongTools::renamed, this, [this](const QString &path, const QString &newPath) {
+        std::replace(m_selectedFiles.begin(), m_selectedFiles.end(), path, newPath);
+    });
     connect(m_songs, &SongList::unreadableFilesRequested, this, [this] {
         const BusyGuard busy(m_busy);
         UnreadableFilesDialog(m_songs->unreadableFiles(), this).exec();

@@ -1,5 +1,6 @@
 #include "app/songtools.h"
 
+#include "app/severaltools.h"
 #include "app/songhistory.h"
 
 #include <QMainWindow>
@@ -8,7 +9,10 @@ SongTools::SongTools(QMainWindow *window, const Ui::MainWindow &form, SongList &
                      BusyState &busy, ActionGate &gate)
     : QObject(window)
     , m_history(new SongHistory(window, form, songs, busy, gate))
+    , m_several(new SeveralTools(window, form, songs, busy, gate))
 {
+    m_several->setHistory(history());
+    connect(m_several, &SeveralTools::renamed, this, &SongTools::renamed);
 }
 
 OpenHistory SongTools::history()

@@ -4,10 +4,12 @@
 #include "library/historyrecorder.h"
 
 #include <QObject>
+#include <QString>
 
 class ActionGate;
 class BusyState;
 class QMainWindow;
+class SeveralTools;
 class SongHistory;
 class SongList;
 
@@ -31,6 +33,12 @@ public:
     /** For the workflows that write songs; the object must outlive it. */
     OpenHistory history();
 
+signals:
+    /** A song's file has another name now; the list knows it. */
+    void renamed(const QString &path, const QString &newPath);
+
 private:
-    SongHistory *const m_history; ///< the window owns it
+    // The window owns these.
+    SongHistory *const m_history;
+    SeveralTools *const m_several;
 };

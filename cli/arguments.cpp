@@ -1,5 +1,6 @@
 #include "cli/arguments.h"
 
+#include "cli/editarguments.h"
 #include "cli/values.h"
 #include "storage/shownname.h"
 
@@ -37,6 +38,7 @@ constexpr std::array commandWords{
     CommandWords{Command::CatalogueFind, "catalogue", "find"},
     CommandWords{Command::History, "history", nullptr},
     CommandWords{Command::Undo, "undo", nullptr},
+    CommandWords{Command::Edit, "edit", nullptr},
 };
 
 /** Stands in front of each argument that is no option, so that CLI11 does not look into it. */
@@ -219,10 +221,10 @@ private:
         };
         if (isOneOf({Command::Show, Command::Sync, Command::Transfer, Command::IndexCheck,
                      Command::List, Command::Remove, Command::Eject, Command::CatalogueFind,
-                     Command::History, Command::Undo}))
+                     Command::History, Command::Undo, Command::Edit}))
             command.add_flag("--json", m_texts.json);
         if (isOneOf({Command::Show, Command::Set, Command::Sync, Command::Transfer, Command::Remove,
-                     Command::Undo}))
+                     Command::Undo, Command::Edit}))
             command.add_flag("-0", m_texts.zero);
         if (isOneOf({Command::Set})) {
             command.add_option("--title", m_texts.title);
@@ -233,7 +235,7 @@ private:
             command.add_option("--bpm", m_texts.bpm);
             command.add_option("--length", m_texts.length);
         }
-        if (isOneOf({Command::Set, Command::Sync, Command::Undo}))
+        if (isOneOf({Command::Set, Command::Sync, Command::Undo, Command::Edit}))
             command.add_option("--without-history", m_texts.withoutHistory);
         if (isOneOf({Command::Undo}))
             command.add_option("--changed", m_texts.changed);
@@ -373,6 +375,8 @@ QString Arguments::whatIsWrong(const Request &request)
         return tr("Manca il comando");
     if (request.command == Command::Set && request.edit.isEmpty())
         return tr("Manca il dato da modificare, per esempio --title");
+    if (request.command == Command::Edit && request.steps.isEmpty() && !request.newNames)
+        return tr("Manca un passo, per esempio --pattern");
     const bool namesFiles = request.command != Command::CatalogueFind;
     if ((namesFiles && request.paths.contains(QByteArray())) ||
         (request.backup && request.backup->isEmpty()))
@@ -405,18 +409,21 @@ QString Arguments::whatIsWrong(const Request &request)
 
 Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
 {
-    Split parts = split(arguments);
+    const EditArguments edit(arguments);
+    Split parts = split(edit.others);
     Grammar grammar;
     Result result;
     Request &request = result.request;
     result.error = parse(grammar, std::move(parts.marked));
-    const QString flag = flagWithValue(grammar, arguments);
+    const QString flag = flagWithValue(grammar, edit.others);
     if (!flag.isEmpty())
         result.error = tr("L'opzione non vuole un valore: %1").arg(flag);
     request.command = grammar.command();
     const Texts &texts = grammar.texts();
     request.help = texts.help;
     request.version = texts.version;
+    if (result.error.isEmpty() && !request.help)
+        result.error = edit.error;
     if (!result.error.isEmpty() || request.help || request.version)
         return result;
 
@@ -431,6 +438,10 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
     request.remove = texts.remove;
     request.anyFolder = texts.anyFolder;
     request.to = plain(texts.to);
+    request.steps = edit.steps;
+    request.newNames = edit.newNames;
+    request.shortNames = edit.shortNames;
+    request.apply = edit.apply;
     if (grammar.has("--backup"))
         request.backup = plain(texts.backup);
     if (texts.json || texts.csv)

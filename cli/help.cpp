@@ -28,6 +28,17 @@ const QList<Usage> &usages()
           QStringLiteral("kavena set --genre SWING -- *.mf5")},
          QStringLiteral("[--title T] [--artist A] [--genre G] [--author W] [--key K] [--bpm N]\n"
                         "             [--length M:SS] [--without-history yes|no] [-0] FILE...")},
+        {Command::Edit,
+         {QStringLiteral("kavena edit --pattern \"%artist - %title\" *.mid"),
+          QStringLiteral("kavena edit --strip all --case title,artist title --apply *.mp3"),
+          QStringLiteral("kavena edit --rename \"%artist - %title\" --apply *.mid")},
+         QStringLiteral(
+             "[--pattern P] [--value FIELD TEXT] [--replace FIELD FROM TO]\n"
+             "              [--regex FIELD FROM TO] [--ignore-case] [--case FIELD KIND]\n"
+             "              [--swap FIELD FIELD] [--strip FIELD] [--from-csv LIST]\n"
+             "              [--rename P [--short]] [--apply] "
+             "[--without-history yes|no]\n"
+             "              [--json] [-0] FILE...")},
         {Command::Sync,
          {QStringLiteral("kavena sync --dry-run Songs"),
           QStringLiteral("kavena sync --backup Backups --unsigned no Songs")},
@@ -95,7 +106,7 @@ QString Help::text(Command command)
     const QString nextLine = QStringLiteral("\n  ") + QString(column + 1, QLatin1Char(' '));
     const auto option = [&](const char *name, const QString &meaning) {
         QString text = QString::fromUtf8(name);
-        if (arguments.contains(text.section(QLatin1Char(' '), 0, 0)))
+        if (arguments.contains(text))
             options += text.size() > column
                            ? text + nextLine + meaning
                            : text.leftJustified(column) + QLatin1Char(' ') + meaning;
@@ -107,6 +118,18 @@ QString Help::text(Command command)
     option("--key K", tr("tonalità, per esempio C, F# o A-; vuota per nessuna"));
     option("--bpm N", tr("tempo, da 0 a 999; 0 per nessuno"));
     option("--length M:SS", tr("durata in minuti e secondi"));
+    option("--pattern P", tr("i dati dal nome del file, per esempio %track - %artist - %title"));
+    option("--value FIELD TEXT", tr("un valore per tutte le song"));
+    option("--replace FIELD FROM TO", tr("un testo al posto di un altro"));
+    option("--regex FIELD FROM TO", tr("lo stesso con un'espressione regolare"));
+    option("--ignore-case", tr("le maiuscole non contano nei testi da cercare"));
+    option("--case FIELD KIND", tr("maiuscole: title, upper, lower o first"));
+    option("--swap FIELD FIELD", tr("due campi si scambiano"));
+    option("--strip FIELD", tr("toglie gli spazi in più; \"_\" diventa uno spazio"));
+    option("--from-csv LIST", tr("i dati da un elenco, per nome del file"));
+    option("--rename P", tr("i nomi dei file dai dati, per esempio %artist - %title"));
+    option("--short", tr("con --rename: solo nomi che il player può mostrare"));
+    option("--apply", tr("scrive; altrimenti mostra soltanto"));
     option("--backup DIR", tr("copia prima le song in una nuova cartella in DIR"));
     option("--dry-run", tr("mostra le modifiche e non scrive niente"));
     option("--unsigned yes|no", tr("modifica anche le song senza la firma del produttore"));

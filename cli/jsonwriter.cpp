@@ -123,6 +123,12 @@ void JsonWriter::changes(const QString &path, bool found,
                    '\n');
 }
 
+void JsonWriter::renamed(const QString &path, const QString &newName)
+{
+    m_output.write(Object().add("path", givenpath::shown(path)).add("newName", newName).json() +
+                   '\n');
+}
+
 void JsonWriter::listed(const SongInfoIndex &song)
 {
     m_output.write(Object()

@@ -56,6 +56,11 @@ void PeopleWriter::changes(const QString &path, bool found,
     }
 }
 
+void PeopleWriter::renamed(const QString &path, const QString &newName)
+{
+    line(givenpath::shown(path) + QStringLiteral(" -> ") + newName);
+}
+
 void PeopleWriter::listed(const SongInfoIndex &song)
 {
     line(QStringList{QString::number(song.id).rightJustified(idWidth),

@@ -3,6 +3,7 @@
 #include "cli/arguments.h"
 #include "cli/cataloguecommand.h"
 #include "cli/csvwriter.h"
+#include "cli/editcommand.h"
 #include "cli/ejectcommand.h"
 #include "cli/help.h"
 #include "cli/historycommand.h"
@@ -62,6 +63,8 @@ std::unique_ptr<Command> commandFor(const CommandContext &context)
     case Request::Command::History:
     case Request::Command::Undo:
         return std::make_unique<HistoryCommand>(context);
+    case Request::Command::Edit:
+        return std::make_unique<EditCommand>(context);
     case Request::Command::None:
         break;
     }

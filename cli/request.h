@@ -2,6 +2,7 @@
 #pragma once
 
 #include "devindex/index.h"
+#include "library/editstep.h"
 
 #include <QByteArray>
 #include <QList>
@@ -24,7 +25,8 @@ struct Request {
         Eject,
         CatalogueFind,
         History,
-        Undo
+        Undo,
+        Edit
     };
 
     enum class Form { People, Json, Csv };
@@ -68,5 +70,9 @@ struct Request {
     bool duplicates = false;
     bool anyFolder = false; ///< also one that looks like no memory is changed
     Index::SORT_MODE sort = Index::SortByTitle;
-    QString text; ///< what to search the catalogue for
+    QList<EditStep> steps;           ///< of an edit of several songs
+    std::optional<QString> newNames; ///< the pattern of the files' new names
+    bool shortNames = false;         ///< only such names as the player can show
+    bool apply = false;              ///< else the changes are only shown
+    QString text;                    ///< what to search the catalogue for
 };

@@ -1,24 +1,6 @@
 #include "cli/values.h"
 
-#include "formats/metasong.h"
-
-#include <algorithm>
-
-namespace
-{
-
-/** A number of at most so many decimal digits, and nothing else. */
-std::optional<qint32> digits(const QString &text, qsizetype most)
-{
-    const auto isDigit = [](QChar character) {
-        return character >= QLatin1Char('0') && character <= QLatin1Char('9');
-    };
-    if (text.isEmpty() || text.size() > most || !std::all_of(text.cbegin(), text.cend(), isDigit))
-        return std::nullopt;
-    return text.toInt();
-}
-
-} // namespace
+#include "library/songfields.h"
 
 std::optional<bool> values::yesOrNo(const QString &text)
 {
@@ -31,26 +13,17 @@ std::optional<bool> values::yesOrNo(const QString &text)
 
 std::optional<QString> values::key(const QString &text)
 {
-    QString name = text;
-    name.remove(QLatin1Char(' '));
-    if (name.isEmpty() || MetaSong::getKeysList().contains(name))
-        return name;
-    return std::nullopt;
+    return songfields::key(text);
 }
 
 std::optional<qint32> values::tempo(const QString &text)
 {
-    return digits(text, 3);
+    return songfields::tempo(text);
 }
 
 std::optional<qint32> values::length(const QString &text)
 {
-    const qsizetype colon = text.indexOf(QLatin1Char(':'));
-    const auto minutes = digits(text.left(colon), 2);
-    const auto seconds = digits(text.mid(colon + 1), 2);
-    if (colon < 0 || text.size() != colon + 3 || !minutes || !seconds || *seconds > 59)
-        return std::nullopt;
-    return *minutes * 60 + *seconds;
+    return songfields::length(text);
 }
 
 std::optional<Index::SORT_MODE> values::sortMode(const QString &text)

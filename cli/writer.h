@@ -30,6 +30,9 @@ public:
     virtual void changes(const QString &path, bool found,
                          const QList<ChangePreview::Change> &changes) = 0;
 
+    /** The new name of a file, without its folder. */
+    virtual void renamed(const QString &path, const QString &newName) = 0;
+
     /** Before the songs of a memory's index. */
     virtual void beginList() {}
 

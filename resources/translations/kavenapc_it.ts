@@ -845,6 +845,14 @@ Si vuole procedere comunque con la copia?</translation>
         <source>&amp;Cronologia...</source>
         <translation>&amp;Cronologia...</translation>
     </message>
+    <message>
+        <source>Modifica &amp;più song...</source>
+        <translation>Modifica &amp;più song...</translation>
+    </message>
+    <message>
+        <source>&amp;Rinomina i file...</source>
+        <translation>&amp;Rinomina i file...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1404,6 +1412,10 @@ Installare di nuovo il programma.</translation>
         <source>Un nome è vuoto</source>
         <translation>Un nome è vuoto</translation>
     </message>
+    <message>
+        <source>Manca un passo, per esempio --pattern</source>
+        <translation>Manca un passo, per esempio --pattern</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1547,6 +1559,54 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>annulla anche nelle song cambiate dopo</source>
         <translation>annulla anche nelle song cambiate dopo</translation>
+    </message>
+    <message>
+        <source>i dati dal nome del file, per esempio %track - %artist - %title</source>
+        <translation>i dati dal nome del file, per esempio %track - %artist - %title</translation>
+    </message>
+    <message>
+        <source>un valore per tutte le song</source>
+        <translation>un valore per tutte le song</translation>
+    </message>
+    <message>
+        <source>un testo al posto di un altro</source>
+        <translation>un testo al posto di un altro</translation>
+    </message>
+    <message>
+        <source>lo stesso con un&apos;espressione regolare</source>
+        <translation>lo stesso con un&apos;espressione regolare</translation>
+    </message>
+    <message>
+        <source>le maiuscole non contano nei testi da cercare</source>
+        <translation>le maiuscole non contano nei testi da cercare</translation>
+    </message>
+    <message>
+        <source>maiuscole: title, upper, lower o first</source>
+        <translation>maiuscole: title, upper, lower o first</translation>
+    </message>
+    <message>
+        <source>due campi si scambiano</source>
+        <translation>due campi si scambiano</translation>
+    </message>
+    <message>
+        <source>toglie gli spazi in più; &quot;_&quot; diventa uno spazio</source>
+        <translation>toglie gli spazi in più; &quot;_&quot; diventa uno spazio</translation>
+    </message>
+    <message>
+        <source>i dati da un elenco, per nome del file</source>
+        <translation>i dati da un elenco, per nome del file</translation>
+    </message>
+    <message>
+        <source>i nomi dei file dai dati, per esempio %artist - %title</source>
+        <translation>i nomi dei file dai dati, per esempio %artist - %title</translation>
+    </message>
+    <message>
+        <source>con --rename: solo nomi che il player può mostrare</source>
+        <translation>con --rename: solo nomi che il player può mostrare</translation>
+    </message>
+    <message>
+        <source>scrive; altrimenti mostra soltanto</source>
+        <translation>scrive; altrimenti mostra soltanto</translation>
     </message>
 </context>
 <context>
@@ -3543,6 +3603,546 @@ Annullare questo lavoro? Le song tornano come erano prima.</translation>
             <numerusform>%1 del %2, %n song</numerusform>
             <numerusform>%1 del %2, %n song</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>EditArguments</name>
+    <message>
+        <source>A %1 manca un valore</source>
+        <translation>A %1 manca un valore</translation>
+    </message>
+    <message>
+        <source>Valore non valido per %1: %2</source>
+        <translation>Valore non valido per %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>EditCommand</name>
+    <message>
+        <source>Lettura</source>
+        <translation>Lettura</translation>
+    </message>
+    <message>
+        <source>Modifica</source>
+        <translation>Modifica</translation>
+    </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 accorciato a %3 caratteri: %4</translation>
+    </message>
+    <message>
+        <source>Nomi nuovi</source>
+        <translation>Nomi nuovi</translation>
+    </message>
+</context>
+<context>
+    <name>EditSeveralDialog</name>
+    <message>
+        <source>Modifica più song</source>
+        <translation>Modifica più song</translation>
+    </message>
+    <message>
+        <source>Pass&amp;i, uno dopo l&apos;altro:</source>
+        <translation>Pass&amp;i, uno dopo l&apos;altro:</translation>
+    </message>
+    <message>
+        <source>A&amp;ggiungi</source>
+        <translation>A&amp;ggiungi</translation>
+    </message>
+    <message>
+        <source>&amp;Togli</source>
+        <translation>&amp;Togli</translation>
+    </message>
+    <message>
+        <source>Prima</source>
+        <translation>Prima</translation>
+    </message>
+    <message>
+        <source>Dopo</source>
+        <translation>Dopo</translation>
+    </message>
+    <message>
+        <source>M&amp;ostra:</source>
+        <translation>M&amp;ostra:</translation>
+    </message>
+    <message>
+        <source>tutte le song</source>
+        <translation>tutte le song</translation>
+    </message>
+    <message>
+        <source>quelle che cambiano</source>
+        <translation>quelle che cambiano</translation>
+    </message>
+    <message>
+        <source>quelle non adatte</source>
+        <translation>quelle non adatte</translation>
+    </message>
+    <message>
+        <source>Sp&amp;unta tutte</source>
+        <translation>Sp&amp;unta tutte</translation>
+    </message>
+    <message>
+        <source>&amp;Nessuna</source>
+        <translation>&amp;Nessuna</translation>
+    </message>
+    <message>
+        <source>Song con i valori di ora e di dopo</source>
+        <translation>Song con i valori di ora e di dopo</translation>
+    </message>
+    <message>
+        <source>A&amp;pplica</source>
+        <translation>A&amp;pplica</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Esempio: %1: %2</source>
+        <translation>Esempio: %1: %2</translation>
+    </message>
+    <message>
+        <source>non cambia</source>
+        <translation>non cambia</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song cambiano</source>
+        <translation>
+            <numerusform>1 song cambia</numerusform>
+            <numerusform>%n song cambiano</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n non sono adatte</source>
+        <translation>
+            <numerusform>1 non è adatta</numerusform>
+            <numerusform>%n non sono adatte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Passo %1: %2</source>
+        <translation>Passo %1: %2</translation>
+    </message>
+    <message>
+        <source>Scrivo le song...</source>
+        <translation>Scrivo le song...</translation>
+    </message>
+</context>
+<context>
+    <name>EditStep</name>
+    <message>
+        <source>il testo supera %1 caratteri</source>
+        <translation>il testo supera %1 caratteri</translation>
+    </message>
+    <message>
+        <source>valore non valido per %1: %2</source>
+        <translation>valore non valido per %1: %2</translation>
+    </message>
+    <message>
+        <source>non è scelto nessun campo</source>
+        <translation>non è scelto nessun campo</translation>
+    </message>
+    <message>
+        <source>manca il testo da cercare</source>
+        <translation>manca il testo da cercare</translation>
+    </message>
+    <message>
+        <source>l&apos;espressione non è valida: %1</source>
+        <translation>l&apos;espressione non è valida: %1</translation>
+    </message>
+    <message>
+        <source>i due campi sono lo stesso</source>
+        <translation>i due campi sono lo stesso</translation>
+    </message>
+    <message>
+        <source>il nome non corrisponde al modello</source>
+        <translation>il nome non corrisponde al modello</translation>
+    </message>
+    <message>
+        <source>l&apos;espressione è troppo complessa</source>
+        <translation>l&apos;espressione è troppo complessa</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non ha questo file</source>
+        <translation>l&apos;elenco non ha questo file</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco ha questo file più volte, con dati diversi</source>
+        <translation>l&apos;elenco ha questo file più volte, con dati diversi</translation>
+    </message>
+</context>
+<context>
+    <name>EditStepForm</name>
+    <message>
+        <source>&amp;Modello:</source>
+        <translation>&amp;Modello:</translation>
+    </message>
+    <message>
+        <source>Campi: %title %artist %genre %author %key %bpm, e senza essere presi %track (un numero) e %any (un testo). Con / il modello arriva alle cartelle.</source>
+        <translation>Campi: %title %artist %genre %author %key %bpm, e senza essere presi %track (un numero) e %any (un testo). Con / il modello arriva alle cartelle.</translation>
+    </message>
+    <message>
+        <source>&amp;Campo:</source>
+        <translation>&amp;Campo:</translation>
+    </message>
+    <message>
+        <source>&amp;Altro campo:</source>
+        <translation>&amp;Altro campo:</translation>
+    </message>
+    <message>
+        <source>&amp;Valore:</source>
+        <translation>&amp;Valore:</translation>
+    </message>
+    <message>
+        <source>Vuoto toglie il dato.</source>
+        <translation>Vuoto toglie il dato.</translation>
+    </message>
+    <message>
+        <source>Ce&amp;rca:</source>
+        <translation>Ce&amp;rca:</translation>
+    </message>
+    <message>
+        <source>&amp;Sostituisci con:</source>
+        <translation>&amp;Sostituisci con:</translation>
+    </message>
+    <message>
+        <source>&amp;Espressione regolare</source>
+        <translation>&amp;Espressione regolare</translation>
+    </message>
+    <message>
+        <source>&amp;Maiuscole e minuscole</source>
+        <translation>&amp;Maiuscole e minuscole</translation>
+    </message>
+    <message>
+        <source>S&amp;crittura:</source>
+        <translation>S&amp;crittura:</translation>
+    </message>
+    <message>
+        <source>Ogni Parola Maiuscola</source>
+        <translation>Ogni Parola Maiuscola</translation>
+    </message>
+    <message>
+        <source>TUTTO MAIUSCOLO</source>
+        <translation>TUTTO MAIUSCOLO</translation>
+    </message>
+    <message>
+        <source>tutto minuscolo</source>
+        <translation>tutto minuscolo</translation>
+    </message>
+    <message>
+        <source>Solo la prima lettera</source>
+        <translation>Solo la prima lettera</translation>
+    </message>
+    <message>
+        <source>&amp;Lingua:</source>
+        <translation>&amp;Lingua:</translation>
+    </message>
+    <message>
+        <source>&quot;_&quot; diventa uno spa&amp;zio</source>
+        <translation>&quot;_&quot; diventa uno spa&amp;zio</translation>
+    </message>
+    <message>
+        <source>Campi:</source>
+        <translation>Campi:</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titolo</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interprete</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genere</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Autore</translation>
+    </message>
+    <message>
+        <source>E&amp;lenco:</source>
+        <translation>E&amp;lenco:</translation>
+    </message>
+    <message>
+        <source>Un file CSV: la nostra lista delle song, o quello che scrive un foglio di calcolo. La prima riga dà i nomi alle colonne.</source>
+        <translation>Un file CSV: la nostra lista delle song, o quello che scrive un foglio di calcolo. La prima riga dà i nomi alle colonne.</translation>
+    </message>
+    <message>
+        <source>S&amp;foglia...</source>
+        <translation>S&amp;foglia...</translation>
+    </message>
+    <message>
+        <source>non è scelto nessun elenco</source>
+        <translation>non è scelto nessun elenco</translation>
+    </message>
+    <message>
+        <source>Dal nome del file</source>
+        <translation>Dal nome del file</translation>
+    </message>
+    <message>
+        <source>Un valore per tutte</source>
+        <translation>Un valore per tutte</translation>
+    </message>
+    <message>
+        <source>Cerca e sostituisci</source>
+        <translation>Cerca e sostituisci</translation>
+    </message>
+    <message>
+        <source>Maiuscole e minuscole</source>
+        <translation>Maiuscole e minuscole</translation>
+    </message>
+    <message>
+        <source>Togli spazi e &quot;_&quot;</source>
+        <translation>Togli spazi e &quot;_&quot;</translation>
+    </message>
+    <message>
+        <source>Scambia due campi</source>
+        <translation>Scambia due campi</translation>
+    </message>
+    <message>
+        <source>Da un elenco CSV</source>
+        <translation>Da un elenco CSV</translation>
+    </message>
+    <message>
+        <source>Scegli l&apos;elenco</source>
+        <translation>Scegli l&apos;elenco</translation>
+    </message>
+    <message>
+        <source>Elenchi (*.csv *.txt *.tsv)</source>
+        <translation>Elenchi (*.csv *.txt *.tsv)</translation>
+    </message>
+    <message>
+        <source>Tutti i file (*)</source>
+        <translation>Tutti i file (*)</translation>
+    </message>
+</context>
+<context>
+    <name>NamePattern</name>
+    <message>
+        <source>il modello è vuoto</source>
+        <translation>il modello è vuoto</translation>
+    </message>
+    <message>
+        <source>il modello supera %1 caratteri</source>
+        <translation>il modello supera %1 caratteri</translation>
+    </message>
+    <message>
+        <source>questo campo non c&apos;è: %1</source>
+        <translation>questo campo non c&apos;è: %1</translation>
+    </message>
+    <message>
+        <source>qui questo campo non vale: %1</source>
+        <translation>qui questo campo non vale: %1</translation>
+    </message>
+    <message>
+        <source>tra due campi ci vuole un testo</source>
+        <translation>tra due campi ci vuole un testo</translation>
+    </message>
+    <message>
+        <source>il campo c&apos;è due volte: %1</source>
+        <translation>il campo c&apos;è due volte: %1</translation>
+    </message>
+    <message>
+        <source>manca un campo, per esempio %1</source>
+        <translation>manca un campo, per esempio %1</translation>
+    </message>
+    <message>
+        <source>un nome non può contenere &quot;/&quot;</source>
+        <translation>un nome non può contenere &quot;/&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralEditor</name>
+    <message>
+        <source>È stata cambiata dopo l&apos;anteprima</source>
+        <translation>È stata cambiata dopo l&apos;anteprima</translation>
+    </message>
+    <message>
+        <source>Questo file non può contenere i dati mostrati</source>
+        <translation>Questo file non può contenere i dati mostrati</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralRenamer</name>
+    <message>
+        <source>Un altro file ha già il nome nuovo</source>
+        <translation>Un altro file ha già il nome nuovo</translation>
+    </message>
+    <message>
+        <source>Il suo ultimo salvataggio non è finito</source>
+        <translation>Il suo ultimo salvataggio non è finito</translation>
+    </message>
+    <message>
+        <source>Il file non può essere rinominato</source>
+        <translation>Il file non può essere rinominato</translation>
+    </message>
+    <message>
+        <source>Il disco non ha confermato il nome nuovo</source>
+        <translation>Il disco non ha confermato il nome nuovo</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralRenames</name>
+    <message>
+        <source>alla song manca un dato del modello</source>
+        <translation>alla song manca un dato del modello</translation>
+    </message>
+    <message>
+        <source>è in una memoria: si rinomina nella finestra della memoria</source>
+        <translation>è in una memoria: si rinomina nella finestra della memoria</translation>
+    </message>
+    <message>
+        <source>il nome sarebbe vuoto</source>
+        <translation>il nome sarebbe vuoto</translation>
+    </message>
+    <message>
+        <source>non c&apos;è un nome libero</source>
+        <translation>non c&apos;è un nome libero</translation>
+    </message>
+    <message>
+        <source>qui il nome cambierebbe solo nelle maiuscole</source>
+        <translation>qui il nome cambierebbe solo nelle maiuscole</translation>
+    </message>
+    <message>
+        <source>il player non ha uno dei caratteri</source>
+        <translation>il player non ha uno dei caratteri</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralSongsModel</name>
+    <message>
+        <source>cambia</source>
+        <translation>cambia</translation>
+    </message>
+    <message>
+        <source>%1 accorciato</source>
+        <translation>%1 accorciato</translation>
+    </message>
+    <message>
+        <source>&quot;?&quot; al posto di: %1</source>
+        <translation>&quot;?&quot; al posto di: %1</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Nota</translation>
+    </message>
+    <message>
+        <source>%1 dopo</source>
+        <translation>%1 dopo</translation>
+    </message>
+    <message>
+        <source>%1 ora</source>
+        <translation>%1 ora</translation>
+    </message>
+</context>
+<context>
+    <name>CsvList</name>
+    <message>
+        <source>l&apos;elenco è troppo grande</source>
+        <translation>l&apos;elenco è troppo grande</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco è troppo grande o danneggiato</source>
+        <translation>l&apos;elenco è troppo grande o danneggiato</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non è leggibile</source>
+        <translation>l&apos;elenco non è leggibile</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco è vuoto</source>
+        <translation>l&apos;elenco è vuoto</translation>
+    </message>
+    <message>
+        <source>all&apos;elenco manca la colonna con i nomi dei file</source>
+        <translation>all&apos;elenco manca la colonna con i nomi dei file</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non ha colonne con dati di song</source>
+        <translation>l&apos;elenco non ha colonne con dati di song</translation>
+    </message>
+</context>
+<context>
+    <name>RenameSeveralDialog</name>
+    <message>
+        <source>Rinomina i file</source>
+        <translation>Rinomina i file</translation>
+    </message>
+    <message>
+        <source>&amp;Modello:</source>
+        <translation>&amp;Modello:</translation>
+    </message>
+    <message>
+        <source>Campi: %title %artist %genre %author %key %bpm e %name, il nome di ora.</source>
+        <translation>Campi: %title %artist %genre %author %key %bpm e %name, il nome di ora.</translation>
+    </message>
+    <message>
+        <source>Solo nomi che il player può mo&amp;strare, di otto caratteri</source>
+        <translation>Solo nomi che il player può mo&amp;strare, di otto caratteri</translation>
+    </message>
+    <message>
+        <source>File con i nomi di ora e di dopo</source>
+        <translation>File con i nomi di ora e di dopo</translation>
+    </message>
+    <message>
+        <source>Nome di ora</source>
+        <translation>Nome di ora</translation>
+    </message>
+    <message>
+        <source>Nome nuovo</source>
+        <translation>Nome nuovo</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Nota</translation>
+    </message>
+    <message>
+        <source>&amp;Rinomina</source>
+        <translation>&amp;Rinomina</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Annulla</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file cambiano nome</source>
+        <translation>
+            <numerusform>1 file cambia nome</numerusform>
+            <numerusform>%n file cambiano nome</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n non sono adatti</source>
+        <translation>
+            <numerusform>1 non è adatto</numerusform>
+            <numerusform>%n non sono adatti</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Modello: %1</source>
+        <translation>Modello: %1</translation>
+    </message>
+    <message>
+        <source>non cambia</source>
+        <translation>non cambia</translation>
+    </message>
+    <message>
+        <source>Esempio: %1: %2</source>
+        <translation>Esempio: %1: %2</translation>
+    </message>
+    <message>
+        <source>Rinomino i file...</source>
+        <translation>Rinomino i file...</translation>
+    </message>
+    <message>
+        <source>Questi &amp;file non sono a posto:</source>
+        <translation>Questi &amp;file non sono a posto:</translation>
     </message>
 </context>
 </TS>

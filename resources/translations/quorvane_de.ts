@@ -845,6 +845,14 @@ Trotzdem kopieren?</translation>
         <source>&amp;Cronologia...</source>
         <translation>&amp;Verlauf...</translation>
     </message>
+    <message>
+        <source>Modifica &amp;più song...</source>
+        <translation>&amp;Mehrere Songs bearbeiten...</translation>
+    </message>
+    <message>
+        <source>&amp;Rinomina i file...</source>
+        <translation>&amp;Dateien umbenennen...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1404,6 +1412,10 @@ Bitte installieren Sie das Programm neu.</translation>
         <source>Un nome è vuoto</source>
         <translation>Ein Name ist leer</translation>
     </message>
+    <message>
+        <source>Manca un passo, per esempio --pattern</source>
+        <translation>Ein Schritt fehlt, zum Beispiel --pattern</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1547,6 +1559,54 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>annulla anche nelle song cambiate dopo</source>
         <translation>auch bei Songs zurücknehmen, die danach geändert wurden</translation>
+    </message>
+    <message>
+        <source>i dati dal nome del file, per esempio %track - %artist - %title</source>
+        <translation>Angaben aus dem Dateinamen, zum Beispiel %track - %artist - %title</translation>
+    </message>
+    <message>
+        <source>un valore per tutte le song</source>
+        <translation>ein Wert für alle Songs</translation>
+    </message>
+    <message>
+        <source>un testo al posto di un altro</source>
+        <translation>ein Text anstelle eines anderen</translation>
+    </message>
+    <message>
+        <source>lo stesso con un&apos;espressione regolare</source>
+        <translation>dasselbe mit einem regulären Ausdruck</translation>
+    </message>
+    <message>
+        <source>le maiuscole non contano nei testi da cercare</source>
+        <translation>beim Suchen gilt Groß wie Klein</translation>
+    </message>
+    <message>
+        <source>maiuscole: title, upper, lower o first</source>
+        <translation>Groß und Klein: title, upper, lower oder first</translation>
+    </message>
+    <message>
+        <source>due campi si scambiano</source>
+        <translation>zwei Felder tauschen ihre Inhalte</translation>
+    </message>
+    <message>
+        <source>toglie gli spazi in più; &quot;_&quot; diventa uno spazio</source>
+        <translation>entfernt überzählige Leerzeichen; aus &quot;_&quot; wird eines</translation>
+    </message>
+    <message>
+        <source>i dati da un elenco, per nome del file</source>
+        <translation>Angaben aus einer Liste, nach dem Dateinamen</translation>
+    </message>
+    <message>
+        <source>i nomi dei file dai dati, per esempio %artist - %title</source>
+        <translation>Dateinamen aus den Angaben, zum Beispiel %artist - %title</translation>
+    </message>
+    <message>
+        <source>con --rename: solo nomi che il player può mostrare</source>
+        <translation>mit --rename: nur Namen, die der Player zeigen kann</translation>
+    </message>
+    <message>
+        <source>scrive; altrimenti mostra soltanto</source>
+        <translation>schreibt; sonst wird nur angezeigt</translation>
     </message>
 </context>
 <context>
@@ -3543,6 +3603,546 @@ Diesen Vorgang zurücknehmen? Die Songs werden wieder, wie sie vorher waren.</tr
             <numerusform>%1 vom %2, %n Song</numerusform>
             <numerusform>%1 vom %2, %n Songs</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>EditArguments</name>
+    <message>
+        <source>A %1 manca un valore</source>
+        <translation>Für %1 fehlt ein Wert</translation>
+    </message>
+    <message>
+        <source>Valore non valido per %1: %2</source>
+        <translation>Ungültiger Wert für %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>EditCommand</name>
+    <message>
+        <source>Lettura</source>
+        <translation>Lesen</translation>
+    </message>
+    <message>
+        <source>Modifica</source>
+        <translation>Ändern</translation>
+    </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 auf %3 Zeichen gekürzt: %4</translation>
+    </message>
+    <message>
+        <source>Nomi nuovi</source>
+        <translation>Neue Namen</translation>
+    </message>
+</context>
+<context>
+    <name>EditSeveralDialog</name>
+    <message>
+        <source>Modifica più song</source>
+        <translation>Mehrere Songs bearbeiten</translation>
+    </message>
+    <message>
+        <source>Pass&amp;i, uno dopo l&apos;altro:</source>
+        <translation>Schr&amp;itte, einer nach dem anderen:</translation>
+    </message>
+    <message>
+        <source>A&amp;ggiungi</source>
+        <translation>Hin&amp;zufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Togli</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Prima</source>
+        <translation>Früher</translation>
+    </message>
+    <message>
+        <source>Dopo</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>M&amp;ostra:</source>
+        <translation>A&amp;nzeigen:</translation>
+    </message>
+    <message>
+        <source>tutte le song</source>
+        <translation>alle Songs</translation>
+    </message>
+    <message>
+        <source>quelle che cambiano</source>
+        <translation>die sich ändern</translation>
+    </message>
+    <message>
+        <source>quelle non adatte</source>
+        <translation>die nicht passen</translation>
+    </message>
+    <message>
+        <source>Sp&amp;unta tutte</source>
+        <translation>A&amp;lle ankreuzen</translation>
+    </message>
+    <message>
+        <source>&amp;Nessuna</source>
+        <translation>&amp;Keinen</translation>
+    </message>
+    <message>
+        <source>Song con i valori di ora e di dopo</source>
+        <translation>Songs mit alten und neuen Werten</translation>
+    </message>
+    <message>
+        <source>A&amp;pplica</source>
+        <translation>An&amp;wenden</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Esempio: %1: %2</source>
+        <translation>Beispiel: %1: %2</translation>
+    </message>
+    <message>
+        <source>non cambia</source>
+        <translation>ändert sich nicht</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song cambiano</source>
+        <translation>
+            <numerusform>1 Song ändert sich</numerusform>
+            <numerusform>%n Songs ändern sich</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n non sono adatte</source>
+        <translation>
+            <numerusform>1 passt nicht</numerusform>
+            <numerusform>%n passen nicht</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Passo %1: %2</source>
+        <translation>Schritt %1: %2</translation>
+    </message>
+    <message>
+        <source>Scrivo le song...</source>
+        <translation>Songs werden geschrieben...</translation>
+    </message>
+</context>
+<context>
+    <name>EditStep</name>
+    <message>
+        <source>il testo supera %1 caratteri</source>
+        <translation>der Text hat mehr als %1 Zeichen</translation>
+    </message>
+    <message>
+        <source>valore non valido per %1: %2</source>
+        <translation>ungültiger Wert für %1: %2</translation>
+    </message>
+    <message>
+        <source>non è scelto nessun campo</source>
+        <translation>es ist kein Feld gewählt</translation>
+    </message>
+    <message>
+        <source>manca il testo da cercare</source>
+        <translation>der gesuchte Text fehlt</translation>
+    </message>
+    <message>
+        <source>l&apos;espressione non è valida: %1</source>
+        <translation>der Ausdruck ist ungültig: %1</translation>
+    </message>
+    <message>
+        <source>i due campi sono lo stesso</source>
+        <translation>beide Felder sind dasselbe</translation>
+    </message>
+    <message>
+        <source>il nome non corrisponde al modello</source>
+        <translation>der Name passt nicht zum Muster</translation>
+    </message>
+    <message>
+        <source>l&apos;espressione è troppo complessa</source>
+        <translation>der Ausdruck ist zu aufwendig</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non ha questo file</source>
+        <translation>die Liste hat diese Datei nicht</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco ha questo file più volte, con dati diversi</source>
+        <translation>die Liste hat diese Datei mehrmals, mit verschiedenen Angaben</translation>
+    </message>
+</context>
+<context>
+    <name>EditStepForm</name>
+    <message>
+        <source>&amp;Modello:</source>
+        <translation>&amp;Muster:</translation>
+    </message>
+    <message>
+        <source>Campi: %title %artist %genre %author %key %bpm, e senza essere presi %track (un numero) e %any (un testo). Con / il modello arriva alle cartelle.</source>
+        <translation>Felder: %title %artist %genre %author %key %bpm, und weggelassen %track (eine Nummer) und %any (ein Text). Mit / reicht das Muster in die Ordner.</translation>
+    </message>
+    <message>
+        <source>&amp;Campo:</source>
+        <translation>&amp;Feld:</translation>
+    </message>
+    <message>
+        <source>&amp;Altro campo:</source>
+        <translation>Andere&amp;s Feld:</translation>
+    </message>
+    <message>
+        <source>&amp;Valore:</source>
+        <translation>Wer&amp;t:</translation>
+    </message>
+    <message>
+        <source>Vuoto toglie il dato.</source>
+        <translation>Leer nimmt die Angabe weg.</translation>
+    </message>
+    <message>
+        <source>Ce&amp;rca:</source>
+        <translation>S&amp;uchen:</translation>
+    </message>
+    <message>
+        <source>&amp;Sostituisci con:</source>
+        <translation>E&amp;rsetzen durch:</translation>
+    </message>
+    <message>
+        <source>&amp;Espressione regolare</source>
+        <translation>Re&amp;gulärer Ausdruck</translation>
+    </message>
+    <message>
+        <source>&amp;Maiuscole e minuscole</source>
+        <translation>Gr&amp;oß und Klein beachten</translation>
+    </message>
+    <message>
+        <source>S&amp;crittura:</source>
+        <translation>S&amp;chreibweise:</translation>
+    </message>
+    <message>
+        <source>Ogni Parola Maiuscola</source>
+        <translation>Jedes Wort Groß</translation>
+    </message>
+    <message>
+        <source>TUTTO MAIUSCOLO</source>
+        <translation>ALLES GROSS</translation>
+    </message>
+    <message>
+        <source>tutto minuscolo</source>
+        <translation>alles klein</translation>
+    </message>
+    <message>
+        <source>Solo la prima lettera</source>
+        <translation>Nur der erste Buchstabe groß</translation>
+    </message>
+    <message>
+        <source>&amp;Lingua:</source>
+        <translation>S&amp;prache:</translation>
+    </message>
+    <message>
+        <source>&quot;_&quot; diventa uno spa&amp;zio</source>
+        <translation>Aus &quot;_&quot; wi&amp;rd ein Leerzeichen</translation>
+    </message>
+    <message>
+        <source>Campi:</source>
+        <translation>Felder:</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Musikrichtung</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Autor</translation>
+    </message>
+    <message>
+        <source>E&amp;lenco:</source>
+        <translation>Li&amp;ste:</translation>
+    </message>
+    <message>
+        <source>Un file CSV: la nostra lista delle song, o quello che scrive un foglio di calcolo. La prima riga dà i nomi alle colonne.</source>
+        <translation>Eine CSV-Datei: unsere Songliste oder was eine Tabellenkalkulation schreibt. Die erste Zeile nennt die Spalten.</translation>
+    </message>
+    <message>
+        <source>S&amp;foglia...</source>
+        <translation>&amp;Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>non è scelto nessun elenco</source>
+        <translation>keine Liste gewählt</translation>
+    </message>
+    <message>
+        <source>Dal nome del file</source>
+        <translation>Aus dem Dateinamen</translation>
+    </message>
+    <message>
+        <source>Un valore per tutte</source>
+        <translation>Ein Wert für alle</translation>
+    </message>
+    <message>
+        <source>Cerca e sostituisci</source>
+        <translation>Suchen und ersetzen</translation>
+    </message>
+    <message>
+        <source>Maiuscole e minuscole</source>
+        <translation>Groß- und Kleinschreibung</translation>
+    </message>
+    <message>
+        <source>Togli spazi e &quot;_&quot;</source>
+        <translation>Leerzeichen und &quot;_&quot; entfernen</translation>
+    </message>
+    <message>
+        <source>Scambia due campi</source>
+        <translation>Zwei Felder tauschen</translation>
+    </message>
+    <message>
+        <source>Da un elenco CSV</source>
+        <translation>Aus einer CSV-Liste</translation>
+    </message>
+    <message>
+        <source>Scegli l&apos;elenco</source>
+        <translation>Liste wählen</translation>
+    </message>
+    <message>
+        <source>Elenchi (*.csv *.txt *.tsv)</source>
+        <translation>Listen (*.csv *.txt *.tsv)</translation>
+    </message>
+    <message>
+        <source>Tutti i file (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+</context>
+<context>
+    <name>NamePattern</name>
+    <message>
+        <source>il modello è vuoto</source>
+        <translation>das Muster ist leer</translation>
+    </message>
+    <message>
+        <source>il modello supera %1 caratteri</source>
+        <translation>das Muster hat mehr als %1 Zeichen</translation>
+    </message>
+    <message>
+        <source>questo campo non c&apos;è: %1</source>
+        <translation>dieses Feld gibt es nicht: %1</translation>
+    </message>
+    <message>
+        <source>qui questo campo non vale: %1</source>
+        <translation>hier gilt dieses Feld nicht: %1</translation>
+    </message>
+    <message>
+        <source>tra due campi ci vuole un testo</source>
+        <translation>zwischen zwei Feldern muss ein Text stehen</translation>
+    </message>
+    <message>
+        <source>il campo c&apos;è due volte: %1</source>
+        <translation>das Feld steht zweimal da: %1</translation>
+    </message>
+    <message>
+        <source>manca un campo, per esempio %1</source>
+        <translation>ein Feld fehlt, zum Beispiel %1</translation>
+    </message>
+    <message>
+        <source>un nome non può contenere &quot;/&quot;</source>
+        <translation>ein Name kann kein &quot;/&quot; enthalten</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralEditor</name>
+    <message>
+        <source>È stata cambiata dopo l&apos;anteprima</source>
+        <translation>Der Song wurde nach der Vorschau geändert</translation>
+    </message>
+    <message>
+        <source>Questo file non può contenere i dati mostrati</source>
+        <translation>Diese Datei kann die gezeigten Angaben nicht enthalten</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralRenamer</name>
+    <message>
+        <source>Un altro file ha già il nome nuovo</source>
+        <translation>Eine andere Datei hat schon den neuen Namen</translation>
+    </message>
+    <message>
+        <source>Il suo ultimo salvataggio non è finito</source>
+        <translation>Das letzte Speichern des Songs ist nicht fertig</translation>
+    </message>
+    <message>
+        <source>Il file non può essere rinominato</source>
+        <translation>Die Datei kann nicht umbenannt werden</translation>
+    </message>
+    <message>
+        <source>Il disco non ha confermato il nome nuovo</source>
+        <translation>Das Laufwerk hat den neuen Namen nicht bestätigt</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralRenames</name>
+    <message>
+        <source>alla song manca un dato del modello</source>
+        <translation>dem Song fehlt eine Angabe aus dem Muster</translation>
+    </message>
+    <message>
+        <source>è in una memoria: si rinomina nella finestra della memoria</source>
+        <translation>liegt auf einem Speicher: wird im Fenster des Speichers umbenannt</translation>
+    </message>
+    <message>
+        <source>il nome sarebbe vuoto</source>
+        <translation>der Name wäre leer</translation>
+    </message>
+    <message>
+        <source>non c&apos;è un nome libero</source>
+        <translation>es ist kein Name frei</translation>
+    </message>
+    <message>
+        <source>qui il nome cambierebbe solo nelle maiuscole</source>
+        <translation>hier würde sich nur Groß und Klein ändern</translation>
+    </message>
+    <message>
+        <source>il player non ha uno dei caratteri</source>
+        <translation>eines der Zeichen fehlt dem Player</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralSongsModel</name>
+    <message>
+        <source>cambia</source>
+        <translation>ändert sich</translation>
+    </message>
+    <message>
+        <source>%1 accorciato</source>
+        <translation>%1 gekürzt</translation>
+    </message>
+    <message>
+        <source>&quot;?&quot; al posto di: %1</source>
+        <translation>&quot;?&quot; anstelle von: %1</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>%1 dopo</source>
+        <translation>%1 neu</translation>
+    </message>
+    <message>
+        <source>%1 ora</source>
+        <translation>%1 jetzt</translation>
+    </message>
+</context>
+<context>
+    <name>CsvList</name>
+    <message>
+        <source>l&apos;elenco è troppo grande</source>
+        <translation>die Liste ist zu groß</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco è troppo grande o danneggiato</source>
+        <translation>die Liste ist zu groß oder beschädigt</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non è leggibile</source>
+        <translation>die Liste ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco è vuoto</source>
+        <translation>die Liste ist leer</translation>
+    </message>
+    <message>
+        <source>all&apos;elenco manca la colonna con i nomi dei file</source>
+        <translation>der Liste fehlt die Spalte mit den Dateinamen</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non ha colonne con dati di song</source>
+        <translation>die Liste hat keine Spalten mit Angaben zu Songs</translation>
+    </message>
+</context>
+<context>
+    <name>RenameSeveralDialog</name>
+    <message>
+        <source>Rinomina i file</source>
+        <translation>Dateien umbenennen</translation>
+    </message>
+    <message>
+        <source>&amp;Modello:</source>
+        <translation>&amp;Muster:</translation>
+    </message>
+    <message>
+        <source>Campi: %title %artist %genre %author %key %bpm e %name, il nome di ora.</source>
+        <translation>Felder: %title %artist %genre %author %key %bpm und %name, der jetzige Name.</translation>
+    </message>
+    <message>
+        <source>Solo nomi che il player può mo&amp;strare, di otto caratteri</source>
+        <translation>Nur Namen, die der Player &amp;zeigen kann, mit acht Zeichen</translation>
+    </message>
+    <message>
+        <source>File con i nomi di ora e di dopo</source>
+        <translation>Dateien mit alten und neuen Namen</translation>
+    </message>
+    <message>
+        <source>Nome di ora</source>
+        <translation>Jetziger Name</translation>
+    </message>
+    <message>
+        <source>Nome nuovo</source>
+        <translation>Neuer Name</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>&amp;Rinomina</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file cambiano nome</source>
+        <translation>
+            <numerusform>1 Datei bekommt einen neuen Namen</numerusform>
+            <numerusform>%n Dateien bekommen neue Namen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n non sono adatti</source>
+        <translation>
+            <numerusform>1 passt nicht</numerusform>
+            <numerusform>%n passen nicht</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Modello: %1</source>
+        <translation>Muster: %1</translation>
+    </message>
+    <message>
+        <source>non cambia</source>
+        <translation>ändert sich nicht</translation>
+    </message>
+    <message>
+        <source>Esempio: %1: %2</source>
+        <translation>Beispiel: %1: %2</translation>
+    </message>
+    <message>
+        <source>Rinomino i file...</source>
+        <translation>Dateien werden umbenannt...</translation>
+    </message>
+    <message>
+        <source>Questi &amp;file non sono a posto:</source>
+        <translation>Diese &amp;Dateien sind nicht in Ordnung:</translation>
     </message>
 </context>
 </TS>

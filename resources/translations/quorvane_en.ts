@@ -845,6 +845,14 @@ Do you want to copy all the same?</translation>
         <source>&amp;Cronologia...</source>
         <translation>&amp;History...</translation>
     </message>
+    <message>
+        <source>Modifica &amp;più song...</source>
+        <translation>Edit &amp;several songs...</translation>
+    </message>
+    <message>
+        <source>&amp;Rinomina i file...</source>
+        <translation>&amp;Rename files...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1404,6 +1412,10 @@ Please install the program again.</translation>
         <source>Un nome è vuoto</source>
         <translation>A name is empty</translation>
     </message>
+    <message>
+        <source>Manca un passo, per esempio --pattern</source>
+        <translation>A step is missing, for example --pattern</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1547,6 +1559,54 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>annulla anche nelle song cambiate dopo</source>
         <translation>undo also in songs that were changed since</translation>
+    </message>
+    <message>
+        <source>i dati dal nome del file, per esempio %track - %artist - %title</source>
+        <translation>details from the file name, for example %track - %artist - %title</translation>
+    </message>
+    <message>
+        <source>un valore per tutte le song</source>
+        <translation>one value for all songs</translation>
+    </message>
+    <message>
+        <source>un testo al posto di un altro</source>
+        <translation>a text in place of another one</translation>
+    </message>
+    <message>
+        <source>lo stesso con un&apos;espressione regolare</source>
+        <translation>the same with a regular expression</translation>
+    </message>
+    <message>
+        <source>le maiuscole non contano nei testi da cercare</source>
+        <translation>letter case does not count in what is looked for</translation>
+    </message>
+    <message>
+        <source>maiuscole: title, upper, lower o first</source>
+        <translation>letter case: title, upper, lower or first</translation>
+    </message>
+    <message>
+        <source>due campi si scambiano</source>
+        <translation>two fields change places</translation>
+    </message>
+    <message>
+        <source>toglie gli spazi in più; &quot;_&quot; diventa uno spazio</source>
+        <translation>takes needless blanks away; &quot;_&quot; becomes one</translation>
+    </message>
+    <message>
+        <source>i dati da un elenco, per nome del file</source>
+        <translation>details from a list, by file name</translation>
+    </message>
+    <message>
+        <source>i nomi dei file dai dati, per esempio %artist - %title</source>
+        <translation>file names from the details, for example %artist - %title</translation>
+    </message>
+    <message>
+        <source>con --rename: solo nomi che il player può mostrare</source>
+        <translation>with --rename: only names that the player can show</translation>
+    </message>
+    <message>
+        <source>scrive; altrimenti mostra soltanto</source>
+        <translation>writes; else it only shows</translation>
     </message>
 </context>
 <context>
@@ -3543,6 +3603,546 @@ Undo this job? The songs become what they were before.</translation>
             <numerusform>%1 of %2, %n song</numerusform>
             <numerusform>%1 of %2, %n songs</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>EditArguments</name>
+    <message>
+        <source>A %1 manca un valore</source>
+        <translation>A value is missing for %1</translation>
+    </message>
+    <message>
+        <source>Valore non valido per %1: %2</source>
+        <translation>Invalid value for %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>EditCommand</name>
+    <message>
+        <source>Lettura</source>
+        <translation>Reading</translation>
+    </message>
+    <message>
+        <source>Modifica</source>
+        <translation>Changing</translation>
+    </message>
+    <message>
+        <source>%1: %2 accorciato a %3 caratteri: %4</source>
+        <translation>%1: %2 cut to %3 characters: %4</translation>
+    </message>
+    <message>
+        <source>Nomi nuovi</source>
+        <translation>New names</translation>
+    </message>
+</context>
+<context>
+    <name>EditSeveralDialog</name>
+    <message>
+        <source>Modifica più song</source>
+        <translation>Edit several songs</translation>
+    </message>
+    <message>
+        <source>Pass&amp;i, uno dopo l&apos;altro:</source>
+        <translation>St&amp;eps, one after the other:</translation>
+    </message>
+    <message>
+        <source>A&amp;ggiungi</source>
+        <translation>A&amp;dd</translation>
+    </message>
+    <message>
+        <source>&amp;Togli</source>
+        <translation>Re&amp;move</translation>
+    </message>
+    <message>
+        <source>Prima</source>
+        <translation>Earlier</translation>
+    </message>
+    <message>
+        <source>Dopo</source>
+        <translation>Later</translation>
+    </message>
+    <message>
+        <source>M&amp;ostra:</source>
+        <translation>S&amp;how:</translation>
+    </message>
+    <message>
+        <source>tutte le song</source>
+        <translation>all songs</translation>
+    </message>
+    <message>
+        <source>quelle che cambiano</source>
+        <translation>those that change</translation>
+    </message>
+    <message>
+        <source>quelle non adatte</source>
+        <translation>those that do not fit</translation>
+    </message>
+    <message>
+        <source>Sp&amp;unta tutte</source>
+        <translation>&amp;Tick all</translation>
+    </message>
+    <message>
+        <source>&amp;Nessuna</source>
+        <translation>&amp;None</translation>
+    </message>
+    <message>
+        <source>Song con i valori di ora e di dopo</source>
+        <translation>Songs with old and new values</translation>
+    </message>
+    <message>
+        <source>A&amp;pplica</source>
+        <translation>A&amp;pply</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Esempio: %1: %2</source>
+        <translation>Example: %1: %2</translation>
+    </message>
+    <message>
+        <source>non cambia</source>
+        <translation>does not change</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song cambiano</source>
+        <translation>
+            <numerusform>1 song changes</numerusform>
+            <numerusform>%n songs change</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n non sono adatte</source>
+        <translation>
+            <numerusform>1 does not fit</numerusform>
+            <numerusform>%n do not fit</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Passo %1: %2</source>
+        <translation>Step %1: %2</translation>
+    </message>
+    <message>
+        <source>Scrivo le song...</source>
+        <translation>Writing songs...</translation>
+    </message>
+</context>
+<context>
+    <name>EditStep</name>
+    <message>
+        <source>il testo supera %1 caratteri</source>
+        <translation>the text has more than %1 characters</translation>
+    </message>
+    <message>
+        <source>valore non valido per %1: %2</source>
+        <translation>invalid value for %1: %2</translation>
+    </message>
+    <message>
+        <source>non è scelto nessun campo</source>
+        <translation>no field is chosen</translation>
+    </message>
+    <message>
+        <source>manca il testo da cercare</source>
+        <translation>the text to look for is missing</translation>
+    </message>
+    <message>
+        <source>l&apos;espressione non è valida: %1</source>
+        <translation>the expression is not valid: %1</translation>
+    </message>
+    <message>
+        <source>i due campi sono lo stesso</source>
+        <translation>both fields are the same</translation>
+    </message>
+    <message>
+        <source>il nome non corrisponde al modello</source>
+        <translation>the name does not fit the pattern</translation>
+    </message>
+    <message>
+        <source>l&apos;espressione è troppo complessa</source>
+        <translation>the expression is too complex</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non ha questo file</source>
+        <translation>the list does not have this file</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco ha questo file più volte, con dati diversi</source>
+        <translation>the list has this file more than once, with different details</translation>
+    </message>
+</context>
+<context>
+    <name>EditStepForm</name>
+    <message>
+        <source>&amp;Modello:</source>
+        <translation>Patte&amp;rn:</translation>
+    </message>
+    <message>
+        <source>Campi: %title %artist %genre %author %key %bpm, e senza essere presi %track (un numero) e %any (un testo). Con / il modello arriva alle cartelle.</source>
+        <translation>Fields: %title %artist %genre %author %key %bpm, and left out %track (a number) and %any (a text). With / the pattern reaches into the folders.</translation>
+    </message>
+    <message>
+        <source>&amp;Campo:</source>
+        <translation>&amp;Field:</translation>
+    </message>
+    <message>
+        <source>&amp;Altro campo:</source>
+        <translation>&amp;Other field:</translation>
+    </message>
+    <message>
+        <source>&amp;Valore:</source>
+        <translation>&amp;Value:</translation>
+    </message>
+    <message>
+        <source>Vuoto toglie il dato.</source>
+        <translation>Empty takes the detail away.</translation>
+    </message>
+    <message>
+        <source>Ce&amp;rca:</source>
+        <translation>&amp;Look for:</translation>
+    </message>
+    <message>
+        <source>&amp;Sostituisci con:</source>
+        <translation>&amp;Replace with:</translation>
+    </message>
+    <message>
+        <source>&amp;Espressione regolare</source>
+        <translation>Re&amp;gular expression</translation>
+    </message>
+    <message>
+        <source>&amp;Maiuscole e minuscole</source>
+        <translation>M&amp;atch case</translation>
+    </message>
+    <message>
+        <source>S&amp;crittura:</source>
+        <translation>Letter &amp;case:</translation>
+    </message>
+    <message>
+        <source>Ogni Parola Maiuscola</source>
+        <translation>Each Word Capitalised</translation>
+    </message>
+    <message>
+        <source>TUTTO MAIUSCOLO</source>
+        <translation>ALL CAPITALS</translation>
+    </message>
+    <message>
+        <source>tutto minuscolo</source>
+        <translation>all small</translation>
+    </message>
+    <message>
+        <source>Solo la prima lettera</source>
+        <translation>Only the first letter</translation>
+    </message>
+    <message>
+        <source>&amp;Lingua:</source>
+        <translation>Lan&amp;guage:</translation>
+    </message>
+    <message>
+        <source>&quot;_&quot; diventa uno spa&amp;zio</source>
+        <translation>&quot;_&quot; &amp;becomes a blank</translation>
+    </message>
+    <message>
+        <source>Campi:</source>
+        <translation>Fields:</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>Autore</source>
+        <translation>Author</translation>
+    </message>
+    <message>
+        <source>E&amp;lenco:</source>
+        <translation>&amp;List:</translation>
+    </message>
+    <message>
+        <source>Un file CSV: la nostra lista delle song, o quello che scrive un foglio di calcolo. La prima riga dà i nomi alle colonne.</source>
+        <translation>A CSV file: our song list, or what a spreadsheet writes. The first line names the columns.</translation>
+    </message>
+    <message>
+        <source>S&amp;foglia...</source>
+        <translation>&amp;Browse...</translation>
+    </message>
+    <message>
+        <source>non è scelto nessun elenco</source>
+        <translation>no list is chosen</translation>
+    </message>
+    <message>
+        <source>Dal nome del file</source>
+        <translation>From the file name</translation>
+    </message>
+    <message>
+        <source>Un valore per tutte</source>
+        <translation>One value for all</translation>
+    </message>
+    <message>
+        <source>Cerca e sostituisci</source>
+        <translation>Find and replace</translation>
+    </message>
+    <message>
+        <source>Maiuscole e minuscole</source>
+        <translation>Letter case</translation>
+    </message>
+    <message>
+        <source>Togli spazi e &quot;_&quot;</source>
+        <translation>Strip blanks and &quot;_&quot;</translation>
+    </message>
+    <message>
+        <source>Scambia due campi</source>
+        <translation>Swap two fields</translation>
+    </message>
+    <message>
+        <source>Da un elenco CSV</source>
+        <translation>From a CSV list</translation>
+    </message>
+    <message>
+        <source>Scegli l&apos;elenco</source>
+        <translation>Choose the list</translation>
+    </message>
+    <message>
+        <source>Elenchi (*.csv *.txt *.tsv)</source>
+        <translation>Lists (*.csv *.txt *.tsv)</translation>
+    </message>
+    <message>
+        <source>Tutti i file (*)</source>
+        <translation>All files (*)</translation>
+    </message>
+</context>
+<context>
+    <name>NamePattern</name>
+    <message>
+        <source>il modello è vuoto</source>
+        <translation>the pattern is empty</translation>
+    </message>
+    <message>
+        <source>il modello supera %1 caratteri</source>
+        <translation>the pattern has more than %1 characters</translation>
+    </message>
+    <message>
+        <source>questo campo non c&apos;è: %1</source>
+        <translation>there is no such field: %1</translation>
+    </message>
+    <message>
+        <source>qui questo campo non vale: %1</source>
+        <translation>this field cannot be used here: %1</translation>
+    </message>
+    <message>
+        <source>tra due campi ci vuole un testo</source>
+        <translation>there must be a text between two fields</translation>
+    </message>
+    <message>
+        <source>il campo c&apos;è due volte: %1</source>
+        <translation>the field is there twice: %1</translation>
+    </message>
+    <message>
+        <source>manca un campo, per esempio %1</source>
+        <translation>a field is missing, for example %1</translation>
+    </message>
+    <message>
+        <source>un nome non può contenere &quot;/&quot;</source>
+        <translation>a name cannot hold a &quot;/&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralEditor</name>
+    <message>
+        <source>È stata cambiata dopo l&apos;anteprima</source>
+        <translation>The song was changed after the preview</translation>
+    </message>
+    <message>
+        <source>Questo file non può contenere i dati mostrati</source>
+        <translation>This file cannot hold the details that were shown</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralRenamer</name>
+    <message>
+        <source>Un altro file ha già il nome nuovo</source>
+        <translation>Another file has the new name already</translation>
+    </message>
+    <message>
+        <source>Il suo ultimo salvataggio non è finito</source>
+        <translation>The last save of the song is not finished</translation>
+    </message>
+    <message>
+        <source>Il file non può essere rinominato</source>
+        <translation>The file cannot be renamed</translation>
+    </message>
+    <message>
+        <source>Il disco non ha confermato il nome nuovo</source>
+        <translation>The drive has not confirmed the new name</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralRenames</name>
+    <message>
+        <source>alla song manca un dato del modello</source>
+        <translation>the song lacks one of the details in the pattern</translation>
+    </message>
+    <message>
+        <source>è in una memoria: si rinomina nella finestra della memoria</source>
+        <translation>is on a memory: rename it in the window of the memory</translation>
+    </message>
+    <message>
+        <source>il nome sarebbe vuoto</source>
+        <translation>the name would be empty</translation>
+    </message>
+    <message>
+        <source>non c&apos;è un nome libero</source>
+        <translation>no name is free</translation>
+    </message>
+    <message>
+        <source>qui il nome cambierebbe solo nelle maiuscole</source>
+        <translation>here only the letter case would change</translation>
+    </message>
+    <message>
+        <source>il player non ha uno dei caratteri</source>
+        <translation>the player lacks one of the characters</translation>
+    </message>
+</context>
+<context>
+    <name>SeveralSongsModel</name>
+    <message>
+        <source>cambia</source>
+        <translation>changes</translation>
+    </message>
+    <message>
+        <source>%1 accorciato</source>
+        <translation>%1 cut</translation>
+    </message>
+    <message>
+        <source>&quot;?&quot; al posto di: %1</source>
+        <translation>&quot;?&quot; in place of: %1</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>%1 dopo</source>
+        <translation>%1 new</translation>
+    </message>
+    <message>
+        <source>%1 ora</source>
+        <translation>%1 now</translation>
+    </message>
+</context>
+<context>
+    <name>CsvList</name>
+    <message>
+        <source>l&apos;elenco è troppo grande</source>
+        <translation>the list is too large</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco è troppo grande o danneggiato</source>
+        <translation>the list is too large or damaged</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non è leggibile</source>
+        <translation>the list cannot be read</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco è vuoto</source>
+        <translation>the list is empty</translation>
+    </message>
+    <message>
+        <source>all&apos;elenco manca la colonna con i nomi dei file</source>
+        <translation>the list has no column of file names</translation>
+    </message>
+    <message>
+        <source>l&apos;elenco non ha colonne con dati di song</source>
+        <translation>the list has no columns with details of songs</translation>
+    </message>
+</context>
+<context>
+    <name>RenameSeveralDialog</name>
+    <message>
+        <source>Rinomina i file</source>
+        <translation>Rename files</translation>
+    </message>
+    <message>
+        <source>&amp;Modello:</source>
+        <translation>&amp;Pattern:</translation>
+    </message>
+    <message>
+        <source>Campi: %title %artist %genre %author %key %bpm e %name, il nome di ora.</source>
+        <translation>Fields: %title %artist %genre %author %key %bpm and %name, the present name.</translation>
+    </message>
+    <message>
+        <source>Solo nomi che il player può mo&amp;strare, di otto caratteri</source>
+        <translation>Only names that the player can &amp;show, of eight characters</translation>
+    </message>
+    <message>
+        <source>File con i nomi di ora e di dopo</source>
+        <translation>Files with old and new names</translation>
+    </message>
+    <message>
+        <source>Nome di ora</source>
+        <translation>Present name</translation>
+    </message>
+    <message>
+        <source>Nome nuovo</source>
+        <translation>New name</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>&amp;Rinomina</source>
+        <translation>&amp;Rename</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file cambiano nome</source>
+        <translation>
+            <numerusform>1 file gets a new name</numerusform>
+            <numerusform>%n files get new names</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n non sono adatti</source>
+        <translation>
+            <numerusform>1 does not fit</numerusform>
+            <numerusform>%n do not fit</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Modello: %1</source>
+        <translation>Pattern: %1</translation>
+    </message>
+    <message>
+        <source>non cambia</source>
+        <translation>does not change</translation>
+    </message>
+    <message>
+        <source>Esempio: %1: %2</source>
+        <translation>Example: %1: %2</translation>
+    </message>
+    <message>
+        <source>Rinomino i file...</source>
+        <translation>Renaming files...</translation>
+    </message>
+    <message>
+        <source>Questi &amp;file non sono a posto:</source>
+        <translation>These &amp;files are not all right:</translation>
     </message>
 </context>
 </TS>

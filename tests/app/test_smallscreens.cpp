@@ -4,7 +4,9 @@
 #include "support/ownfolders.h"
 #include "support/settled.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
+#include <QComboBox>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -48,8 +50,16 @@ QStringList complaints(const QWidget &window)
     for (const QWidget *widget : widgets) {
         if (!widget->isVisible() || widget->window() != &window || isInScrollArea(widget))
             continue;
+        // The field of a box with a field has less than it would have alone.
+        const bool isPart =
+            qobject_cast<const QComboBox *>(widget->parentWidget()) != nullptr ||
+            qobject_cast<const QAbstractSpinBox *>(widget->parentWidget()) != nullptr;
+        if (isPart)
+            continue;
         const bool isUsed = qobject_cast<const QAbstractButton *>(widget) != nullptr ||
                             qobject_cast<const QLineEdit *>(widget) != nullptr ||
+                            qobject_cast<const QComboBox *>(widget) != nullptr ||
+                            qobject_cast<const QAbstractSpinBox *>(widget) != nullptr ||
                             qobject_cast<const QStatusBar *>(widget) != nullptr;
         const QRect place(widget->mapTo(&window, QPoint()), widget->size());
         if (isUsed && !window.rect().contains(place))
@@ -101,10 +111,10 @@ void TestSmallScreens::everyWindowFits_data()
     QTest::newRow("1366 x 768 at 144 dpi") << 1366 << 768 << 144 << QString();
     QTest::newRow("740 x 380: dialogs scroll")
         << 740 << 380 << 96
-        << QStringLiteral(
-               "edit scrolls\nmemory scrolls\nmemory-empty scrolls\nmemory-songs scrolls\n"
-               "memory-playlists scrolls\nmemory-duplicates scrolls\n"
-               "memory-check scrolls\n");
+        << QStringLiteral("edit scrolls\nseveral-replace scrolls\nmemory scrolls\nmemory-empty "
+                          "scrolls\nmemory-songs scrolls\n"
+                          "memory-playlists scrolls\nmemory-duplicates scrolls\n"
+                          "memory-check scrolls\n");
 }
 
 void TestSmallScreens::everyWindowFits()

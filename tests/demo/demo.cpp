@@ -370,6 +370,10 @@ void Demo::runJob(const QString &language)
     reportRows();
     shoot(QStringLiteral("edited"));
 
+    say(QStringLiteral("Look at what several songs would get from their names, and the other way"));
+    trigger("actionEditSeveral");
+    trigger("actionRenameSeveral");
+
     say(QStringLiteral("Look at the history"));
     trigger("actionHistory");
 

@@ -4,6 +4,7 @@
 #include "app/mainwindow.h"
 #include "app/statussummary.h"
 #include "support/filledmemory.h"
+#include "support/severalwindows.h"
 #include "windows/aboutdialog.h"
 #include "windows/backupdialog.h"
 #include "windows/changepreviewdialog.h"
@@ -334,6 +335,21 @@ inline const QList<Case> &windows()
         {"taking-back", takingBack},
         {"taking-back-details", takingBackDetails},
         {"edit", editDialog},
+        {"several",
+         [] { return severalwindows::edit(exampleSong(), EditStepForm::Kind::FromName); }},
+        {"several-value",
+         [] { return severalwindows::edit(exampleSong(), EditStepForm::Kind::Value); }},
+        {"several-replace",
+         [] { return severalwindows::edit(exampleSong(), EditStepForm::Kind::Replace); }},
+        {"several-case",
+         [] { return severalwindows::edit(exampleSong(), EditStepForm::Kind::LetterCase); }},
+        {"several-strip",
+         [] { return severalwindows::edit(exampleSong(), EditStepForm::Kind::Strip); }},
+        {"several-swap",
+         [] { return severalwindows::edit(exampleSong(), EditStepForm::Kind::Swap); }},
+        {"several-list",
+         [] { return severalwindows::edit(exampleSong(), EditStepForm::Kind::FromList); }},
+        {"several-names", [] { return severalwindows::rename(exampleSong()); }},
         {"question", question},
         {"question-yes-no", yesNoQuestion},
         {"memory", plain<IndexDialog>},
