@@ -15,6 +15,7 @@
 #include "cli/showcommand.h"
 #include "cli/standardoutput.h"
 #include "cli/synccommand.h"
+#include "cli/tagscommand.h"
 #include "cli/transfercommand.h"
 #include "library/version.h"
 
@@ -62,6 +63,8 @@ std::unique_ptr<Command> commandFor(const CommandContext &context)
     case Request::Command::History:
     case Request::Command::Undo:
         return std::make_unique<HistoryCommand>(context);
+    case Request::Command::Tags:
+        return std::make_unique<TagsCommand>(context);
     case Request::Command::None:
         break;
     }

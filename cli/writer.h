@@ -5,6 +5,7 @@
 #include "devindex/memorysongs.h"
 #include "devindex/songinfoindex.h"
 #include "devindex/transferplan.h"
+#include "formats/mp3preparation.h"
 #include "formats/songinfo.h"
 #include "library/changepreview.h"
 #include "library/history.h"
@@ -29,6 +30,9 @@ public:
     /** What the catalogue changes in a song; found: whether the catalogue knows it. */
     virtual void changes(const QString &path, bool found,
                          const QList<ChangePreview::Change> &changes) = 0;
+
+    /** What the tags of an MP3 file say, and whether it was written as the player shows it. */
+    virtual void tags(const Mp3Preparation &preparation, bool isWritten) = 0;
 
     /** Before the songs of a memory's index. */
     virtual void beginList() {}

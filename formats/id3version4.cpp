@@ -226,17 +226,26 @@ QByteArray frameOfVersion3(QByteArrayView id, const QByteArray &content, quint8 
     return frame + content;
 }
 
+/** The text of a date, in whatever encoding; anything else gives a text that is no date. */
+QString asciiText(const QByteArray &content)
+{
+    const auto plain = recoded("TDRC", content);
+    if (!plain || plain->isEmpty())
+        return {};
+    const QByteArrayView bytes = QByteArrayView(*plain).sliced(1);
+    QString text = QString::fromLatin1(bytes);
+    if (plain->front() == utf16Encoding)
+        text = QStringDecoder(QStringConverter::Utf16).decode(bytes);
+    if (text.endsWith(QChar::Null))
+        text.chop(1);
+    return text;
+}
+
 /** A moment as year and day, if it is no more than these. */
 std::optional<QByteArray> dateFrames(const QByteArray &content, quint8 status)
 {
     static const QRegularExpression form(QStringLiteral("\\A(\\d{4})(?:-(\\d{2})-(\\d{2}))?\\z"));
-    const auto plain = recoded("TDRC", content);
-    if (!plain || plain->isEmpty() || plain->front() != '\0')
-        return {};
-    QByteArray text = plain->mid(1);
-    if (text.endsWith('\0'))
-        text.chop(1);
-    const QRegularExpressionMatch match = form.match(QString::fromLatin1(text));
+    const QRegularExpressionMatch match = form.match(asciiText(content));
     if (!match.hasMatch())
         return {};
     const auto part = [&match](int number) { return match.captured(number).toLatin1(); };

@@ -40,6 +40,13 @@ bool readsWrong(const Id3Walk::Frame &frame)
     return frame.format != 0 || readsWrong(frame.content);
 }
 
+/** Version 4 has it frame by frame, in the others it moves all that follows. */
+bool isUnsynchronised(const Id3Walk &tag, const Id3Walk::Frame &frame)
+{
+    return tag.isUnsynchronised() &&
+           (tag.version() < 4 || frame.content.contains(QByteArrayView("\xFF\0", 2)));
+}
+
 const Id3Walk::Frame *frameOf(const Id3Walk &tag, const ShownFrame &shown)
 {
     return tag.first(tag.version() == 2 ? shown.shortId : shown.id);
@@ -59,7 +66,7 @@ TagTroubles examineTags(QByteArrayView start, const Mp3Header &tag, QFile &file)
             troubles |= TagTrouble::Encoding;
         if (frame->sizeIsOdd || walk.version() == 2)
             troubles |= TagTrouble::Version;
-        if (walk.isUnsynchronised())
+        if (isUnsynchronised(walk, *frame))
             troubles |= TagTrouble::Unsynchronised;
     }
     if (troubles != TagTroubles() || !tag.title().isEmpty() || !tag.artist().isEmpty())

@@ -1860,6 +1860,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>anche una cartella che non è in una memoria</source>
         <translation>also a folder that lies on no memory</translation>
     </message>
+    <message>
+        <source>scrive ciò che altrimenti viene solo mostrato</source>
+        <translation>writes what is otherwise only shown</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -3501,6 +3505,52 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
             <numerusform>(and %n more of this kind)</numerusform>
             <numerusform>(and %n more of this kind)</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>Tags</name>
+    <message>
+        <source>un&apos;altra codifica dei caratteri</source>
+        <translation>another character encoding</translation>
+    </message>
+    <message>
+        <source>un&apos;altra versione di ID3</source>
+        <translation>another version of ID3</translation>
+    </message>
+    <message>
+        <source>byte aggiunti fra gli altri</source>
+        <translation>bytes added between the others</translation>
+    </message>
+    <message>
+        <source>solo ID3v1, alla fine del file</source>
+        <translation>only ID3v1, at the end of the file</translation>
+    </message>
+    <message>
+        <source>solo APE, alla fine del file</source>
+        <translation>only APE, at the end of the file</translation>
+    </message>
+    <message>
+        <source>Il player non può mostrare i testi del tag MP3: %1</source>
+        <translation>The player cannot show the texts of the MP3 tag: %1</translation>
+    </message>
+    <message>
+        <source>Il tag è danneggiato, non può essere scritto.</source>
+        <translation>The tag is damaged, it cannot be written.</translation>
+    </message>
+    <message>
+        <source>La nuova versione del tag non può contenere questi dati, che vanno persi: %1</source>
+        <translation>The new version of the tag cannot hold these frames, they will be lost: %1</translation>
+    </message>
+    <message>
+        <source>Il tag resta di versione 2.4, che contiene dati sconosciuti alla 2.3; il player ne legge i testi.</source>
+        <translation>The tag stays one of version 2.4, since it holds frames that 2.3 does not know; the player reads its texts.</translation>
+    </message>
+</context>
+<context>
+    <name>TagsCommand</name>
+    <message>
+        <source>Tag MP3</source>
+        <translation>MP3 tags</translation>
     </message>
 </context>
 </TS>

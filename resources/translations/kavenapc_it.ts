@@ -1860,6 +1860,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>anche una cartella che non è in una memoria</source>
         <translation>anche una cartella che non è in una memoria</translation>
     </message>
+    <message>
+        <source>scrive ciò che altrimenti viene solo mostrato</source>
+        <translation>scrive ciò che altrimenti viene solo mostrato</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -3501,6 +3505,52 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
             <numerusform>(e un altro di questo tipo)</numerusform>
             <numerusform>(e altri %n di questo tipo)</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>Tags</name>
+    <message>
+        <source>un&apos;altra codifica dei caratteri</source>
+        <translation>un&apos;altra codifica dei caratteri</translation>
+    </message>
+    <message>
+        <source>un&apos;altra versione di ID3</source>
+        <translation>un&apos;altra versione di ID3</translation>
+    </message>
+    <message>
+        <source>byte aggiunti fra gli altri</source>
+        <translation>byte aggiunti fra gli altri</translation>
+    </message>
+    <message>
+        <source>solo ID3v1, alla fine del file</source>
+        <translation>solo ID3v1, alla fine del file</translation>
+    </message>
+    <message>
+        <source>solo APE, alla fine del file</source>
+        <translation>solo APE, alla fine del file</translation>
+    </message>
+    <message>
+        <source>Il player non può mostrare i testi del tag MP3: %1</source>
+        <translation>Il player non può mostrare i testi del tag MP3: %1</translation>
+    </message>
+    <message>
+        <source>Il tag è danneggiato, non può essere scritto.</source>
+        <translation>Il tag è danneggiato, non può essere scritto.</translation>
+    </message>
+    <message>
+        <source>La nuova versione del tag non può contenere questi dati, che vanno persi: %1</source>
+        <translation>La nuova versione del tag non può contenere questi dati, che vanno persi: %1</translation>
+    </message>
+    <message>
+        <source>Il tag resta di versione 2.4, che contiene dati sconosciuti alla 2.3; il player ne legge i testi.</source>
+        <translation>Il tag resta di versione 2.4, che contiene dati sconosciuti alla 2.3; il player ne legge i testi.</translation>
+    </message>
+</context>
+<context>
+    <name>TagsCommand</name>
+    <message>
+        <source>Tag MP3</source>
+        <translation>Tag MP3</translation>
     </message>
 </context>
 </TS>

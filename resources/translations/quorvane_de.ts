@@ -1860,6 +1860,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>anche una cartella che non è in una memoria</source>
         <translation>auch einen Ordner, der auf keinem Speicher liegt</translation>
     </message>
+    <message>
+        <source>scrive ciò che altrimenti viene solo mostrato</source>
+        <translation>schreibt, was sonst nur gezeigt wird</translation>
+    </message>
 </context>
 <context>
     <name>IndexCommand</name>
@@ -3501,6 +3505,52 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
             <numerusform>(und %n weiterer dieser Art)</numerusform>
             <numerusform>(und %n weitere dieser Art)</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>Tags</name>
+    <message>
+        <source>un&apos;altra codifica dei caratteri</source>
+        <translation>eine andere Zeichenkodierung</translation>
+    </message>
+    <message>
+        <source>un&apos;altra versione di ID3</source>
+        <translation>eine andere Version von ID3</translation>
+    </message>
+    <message>
+        <source>byte aggiunti fra gli altri</source>
+        <translation>zusätzliche Bytes zwischen den anderen</translation>
+    </message>
+    <message>
+        <source>solo ID3v1, alla fine del file</source>
+        <translation>nur ID3v1, am Ende der Datei</translation>
+    </message>
+    <message>
+        <source>solo APE, alla fine del file</source>
+        <translation>nur APE, am Ende der Datei</translation>
+    </message>
+    <message>
+        <source>Il player non può mostrare i testi del tag MP3: %1</source>
+        <translation>Der Player kann die Texte des MP3-Tags nicht zeigen: %1</translation>
+    </message>
+    <message>
+        <source>Il tag è danneggiato, non può essere scritto.</source>
+        <translation>Das Tag ist beschädigt, es kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>La nuova versione del tag non può contenere questi dati, che vanno persi: %1</source>
+        <translation>Die neue Version des Tags kann diese Teile nicht enthalten, sie gehen verloren: %1</translation>
+    </message>
+    <message>
+        <source>Il tag resta di versione 2.4, che contiene dati sconosciuti alla 2.3; il player ne legge i testi.</source>
+        <translation>Das Tag bleibt eines der Version 2.4, weil es Teile enthält, die 2.3 nicht kennt; der Player liest seine Texte.</translation>
+    </message>
+</context>
+<context>
+    <name>TagsCommand</name>
+    <message>
+        <source>Tag MP3</source>
+        <translation>MP3-Tags</translation>
     </message>
 </context>
 </TS>

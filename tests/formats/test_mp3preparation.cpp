@@ -178,6 +178,10 @@ void TestMp3Preparation::troublesAreFound_data()
             0x80) +
             audio,
         TagTrouble::Encoding | TagTrouble::Unsynchronised);
+    row("the flag of version 4, and another frame with zeros behind FF",
+        tag(4, frame4("TIT2", latin1("A")) + frame4("PRIV", QByteArray("x\0\xFF\0\xFB", 5)), 0x80) +
+            audio,
+        none);
     row("the flag alone", tag(3, frame3("TIT2", latin1("A")), 0x80) + audio, none);
     row("ID3v1 only", audio + id3v1("A", "B"), TagTrouble::OnlyId3v1);
     row("ID3v1 without texts", audio + id3v1("", ""), none);
@@ -330,6 +334,8 @@ void TestMp3Preparation::framesOfVersion4BecomeThoseOfVersion3_data()
                            QByteArray("\0\0", 2) + utf16(text("Č")).mid(1) + QByteArray("\0\0", 2) +
                            picture));
     row("year", frame4("TDRC", utf8("1987")), frame3("TYER", latin1("1987")));
+    row("day in UTF-16", frame4("TDRC", utf16(text("1987-06-05"))),
+        frame3("TYER", latin1("1987")) + frame3("TDAT", latin1("0506")));
     row("day", frame4("TDRC", utf8("1987-06-05")),
         frame3("TYER", latin1("1987")) + frame3("TDAT", latin1("0506")));
     row("year of the original", frame4("TDOR", latin1("1961")), frame3("TORY", latin1("1961")));
