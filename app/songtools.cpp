@@ -1,6 +1,7 @@
 #include "app/songtools.h"
 
 #include "app/songhistory.h"
+#include "app/tagpreparing.h"
 
 #include <QMainWindow>
 
@@ -8,6 +9,7 @@ SongTools::SongTools(QMainWindow *window, const Ui::MainWindow &form, SongList &
                      BusyState &busy, ActionGate &gate)
     : QObject(window)
     , m_history(new SongHistory(window, form, songs, busy, gate))
+    , m_tags(new TagPreparing(window, form, songs, busy, gate, history()))
 {
 }
 

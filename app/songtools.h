@@ -10,6 +10,7 @@ class BusyState;
 class QMainWindow;
 class SongHistory;
 class SongList;
+class TagPreparing;
 
 QT_BEGIN_NAMESPACE
 namespace Ui
@@ -31,6 +32,10 @@ public:
     /** For the workflows that write songs; the object must outlive it. */
     OpenHistory history();
 
+    /** For the tags of a song that is going to be edited. */
+    TagPreparing &tags() { return *m_tags; }
+
 private:
-    SongHistory *const m_history; ///< the window owns it
+    SongHistory *const m_history; ///< the window owns these
+    TagPreparing *const m_tags;
 };

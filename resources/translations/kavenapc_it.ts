@@ -1079,6 +1079,10 @@ Si vuole procedere comunque con la copia?</translation>
         <source>Espelli la memoria</source>
         <translation>Espelli la memoria</translation>
     </message>
+    <message>
+        <source>Prepara i ta&amp;g MP3...</source>
+        <translation>Prepara i ta&amp;g MP3...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1317,6 +1321,13 @@ Annullare questo lavoro? Le song tornano come erano prima.</translation>
         <translation>
             <numerusform>%n file non leggibile...</numerusform>
             <numerusform>%n file non leggibili...</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n tag da preparare...</source>
+        <translation>
+            <numerusform>%n tag da preparare...</numerusform>
+            <numerusform>%n tag da preparare...</numerusform>
         </translation>
     </message>
 </context>
@@ -3551,6 +3562,114 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
     <message>
         <source>Tag MP3</source>
         <translation>Tag MP3</translation>
+    </message>
+</context>
+<context>
+    <name>TagPreparing</name>
+    <message>
+        <source>Tag MP3</source>
+        <translation>Tag MP3</translation>
+    </message>
+    <message>
+        <source>Il player può mostrare i testi di tutti i file MP3 della lista.</source>
+        <translation>Il player può mostrare i testi di tutti i file MP3 della lista.</translation>
+    </message>
+    <message>
+        <source>%1.
+
+Preparare prima il tag per il player?</source>
+        <translation>%1.
+
+Preparare prima il tag per il player?</translation>
+    </message>
+    <message>
+        <source>&amp;Prepara...</source>
+        <translation>&amp;Prepara...</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica così com&apos;è</source>
+        <translation>&amp;Modifica così com&apos;è</translation>
+    </message>
+    <message>
+        <source>Leggo i tag...</source>
+        <translation>Leggo i tag...</translation>
+    </message>
+</context>
+<context>
+    <name>PrepareTagsDialog</name>
+    <message>
+        <source>Prepara i tag MP3</source>
+        <translation>Prepara i tag MP3</translation>
+    </message>
+    <message>
+        <source>Il player legge solo tag ID3v2.3 con i caratteri dell&apos;Europa occidentale. Qui si vede che cosa mostra adesso di queste song e che cosa mostrerà dopo; con un doppio clic i nuovi testi si possono modificare. Il resto dei file non cambia.</source>
+        <translation>Il player legge solo tag ID3v2.3 con i caratteri dell&apos;Europa occidentale. Qui si vede che cosa mostra adesso di queste song e che cosa mostrerà dopo; con un doppio clic i nuovi testi si possono modificare. Il resto dei file non cambia.</translation>
+    </message>
+    <message>
+        <source>&amp;Song con tag da preparare:</source>
+        <translation>&amp;Song con tag da preparare:</translation>
+    </message>
+    <message>
+        <source>Song e campo</source>
+        <translation>Song e campo</translation>
+    </message>
+    <message>
+        <source>Il player mostra</source>
+        <translation>Il player mostra</translation>
+    </message>
+    <message>
+        <source>Nel tag</source>
+        <translation>Nel tag</translation>
+    </message>
+    <message>
+        <source>Il player mostrerà</source>
+        <translation>Il player mostrerà</translation>
+    </message>
+    <message>
+        <source>&amp;Tutte le song</source>
+        <translation>&amp;Tutte le song</translation>
+    </message>
+    <message>
+        <source>&amp;Applica</source>
+        <translation>&amp;Applica</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message>
+        <source>Song scelte: %1 di %2</source>
+        <translation>Song scelte: %1 di %2</translation>
+    </message>
+    <message>
+        <source>Scrivo i tag...</source>
+        <translation>Scrivo i tag...</translation>
+    </message>
+    <message numerus="yes">
+        <source>Tag scritti: %n.</source>
+        <translation>
+            <numerusform>Tag scritti: %n.</numerusform>
+            <numerusform>Tag scritti: %n.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song sono rimaste come sono.</source>
+        <translation>
+            <numerusform>%n song è rimasta com&apos;è.</numerusform>
+            <numerusform>%n song sono rimaste come sono.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Interrotto: le altre song non sono state toccate.</source>
+        <translation>Interrotto: le altre song non sono state toccate.</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Dettagli...</translation>
+    </message>
+    <message>
+        <source>&amp;Song rimaste come sono:</source>
+        <translation>&amp;Song rimaste come sono:</translation>
     </message>
 </context>
 </TS>

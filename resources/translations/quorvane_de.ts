@@ -1079,6 +1079,10 @@ Trotzdem kopieren?</translation>
         <source>Espelli la memoria</source>
         <translation>Speicher auswerfen</translation>
     </message>
+    <message>
+        <source>Prepara i ta&amp;g MP3...</source>
+        <translation>MP3-Ta&amp;gs vorbereiten...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1317,6 +1321,13 @@ Diesen Vorgang zurücknehmen? Die Songs werden wieder, wie sie vorher waren.</tr
         <translation>
             <numerusform>%n Datei nicht lesbar...</numerusform>
             <numerusform>%n Dateien nicht lesbar...</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n tag da preparare...</source>
+        <translation>
+            <numerusform>%n Tag vorzubereiten...</numerusform>
+            <numerusform>%n Tags vorzubereiten...</numerusform>
         </translation>
     </message>
 </context>
@@ -3551,6 +3562,114 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
     <message>
         <source>Tag MP3</source>
         <translation>MP3-Tags</translation>
+    </message>
+</context>
+<context>
+    <name>TagPreparing</name>
+    <message>
+        <source>Tag MP3</source>
+        <translation>MP3-Tags</translation>
+    </message>
+    <message>
+        <source>Il player può mostrare i testi di tutti i file MP3 della lista.</source>
+        <translation>Der Player kann die Texte aller MP3-Dateien der Liste zeigen.</translation>
+    </message>
+    <message>
+        <source>%1.
+
+Preparare prima il tag per il player?</source>
+        <translation>%1.
+
+Soll das Tag zuerst für den Player vorbereitet werden?</translation>
+    </message>
+    <message>
+        <source>&amp;Prepara...</source>
+        <translation>&amp;Vorbereiten...</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica così com&apos;è</source>
+        <translation>&amp;So bearbeiten, wie er ist</translation>
+    </message>
+    <message>
+        <source>Leggo i tag...</source>
+        <translation>Tags werden gelesen...</translation>
+    </message>
+</context>
+<context>
+    <name>PrepareTagsDialog</name>
+    <message>
+        <source>Prepara i tag MP3</source>
+        <translation>MP3-Tags vorbereiten</translation>
+    </message>
+    <message>
+        <source>Il player legge solo tag ID3v2.3 con i caratteri dell&apos;Europa occidentale. Qui si vede che cosa mostra adesso di queste song e che cosa mostrerà dopo; con un doppio clic i nuovi testi si possono modificare. Il resto dei file non cambia.</source>
+        <translation>Der Player liest nur ID3v2.3-Tags mit westeuropäischen Zeichen. Hier sehen Sie, was er von diesen Songs jetzt zeigt und was er danach zeigt; mit einem Doppelklick können Sie die neuen Texte ändern. Sonst ändert sich nichts in den Dateien.</translation>
+    </message>
+    <message>
+        <source>&amp;Song con tag da preparare:</source>
+        <translation>&amp;Songs mit Tags, die vorzubereiten sind:</translation>
+    </message>
+    <message>
+        <source>Song e campo</source>
+        <translation>Song und Angabe</translation>
+    </message>
+    <message>
+        <source>Il player mostra</source>
+        <translation>Der Player zeigt</translation>
+    </message>
+    <message>
+        <source>Nel tag</source>
+        <translation>Im Tag</translation>
+    </message>
+    <message>
+        <source>Il player mostrerà</source>
+        <translation>Der Player zeigt danach</translation>
+    </message>
+    <message>
+        <source>&amp;Tutte le song</source>
+        <translation>&amp;Alle Songs</translation>
+    </message>
+    <message>
+        <source>&amp;Applica</source>
+        <translation>An&amp;wenden</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Song scelte: %1 di %2</source>
+        <translation>Ausgewählte Songs: %1 von %2</translation>
+    </message>
+    <message>
+        <source>Scrivo i tag...</source>
+        <translation>Tags werden geschrieben...</translation>
+    </message>
+    <message numerus="yes">
+        <source>Tag scritti: %n.</source>
+        <translation>
+            <numerusform>Geschriebene Tags: %n.</numerusform>
+            <numerusform>Geschriebene Tags: %n.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song sono rimaste come sono.</source>
+        <translation>
+            <numerusform>%n Song ist geblieben, wie er ist.</numerusform>
+            <numerusform>%n Songs sind geblieben, wie sie sind.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Interrotto: le altre song non sono state toccate.</source>
+        <translation>Angehalten: Die anderen Songs wurden nicht angerührt.</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Einzelheiten...</translation>
+    </message>
+    <message>
+        <source>&amp;Song rimaste come sono:</source>
+        <translation>&amp;Songs, die geblieben sind, wie sie sind:</translation>
     </message>
 </context>
 </TS>

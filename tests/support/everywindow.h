@@ -4,6 +4,7 @@
 #include "app/mainwindow.h"
 #include "app/statussummary.h"
 #include "support/filledmemory.h"
+#include "support/tagsofothers.h"
 #include "windows/aboutdialog.h"
 #include "windows/backupdialog.h"
 #include "windows/changepreviewdialog.h"
@@ -13,6 +14,7 @@
 #include "windows/historydialog.h"
 #include "windows/indexdialog.h"
 #include "windows/nocopyrightdialog.h"
+#include "windows/preparetagsdialog.h"
 #include "windows/proceeddialog.h"
 #include "windows/progresswindow.h"
 #include "windows/renamesongdialog.h"
@@ -26,6 +28,7 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QTableView>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTreeView>
 
@@ -188,6 +191,14 @@ inline std::unique_ptr<QWidget> takingBackDetails()
     return TakingBack::details(exampleTakingBack());
 }
 
+/** A song with texts in Unicode, and one of whose tag something goes. */
+inline std::unique_ptr<QWidget> preparedTags()
+{
+    QTemporaryDir folder;
+    return std::make_unique<PrepareTagsDialog>(tagsofothers::preparations(folder.path()),
+                                               OpenHistory());
+}
+
 inline std::unique_ptr<QWidget> editDialog()
 {
     auto dialog = std::make_unique<DataEditDialog>();
@@ -331,6 +342,7 @@ inline const QList<Case> &windows()
         {"help", plain<HelpDialog>},
         {"summary", importSummary},
         {"history", history},
+        {"tags", preparedTags},
         {"taking-back", takingBack},
         {"taking-back-details", takingBackDetails},
         {"edit", editDialog},
