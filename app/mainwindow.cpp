@@ -161,6 +161,7 @@ void MainWindow::initUserLibraryModel()
     auto *const tools = new SongTools(this, *ui, *m_songs, m_busy, *m_actionGate);
     m_rows = new RowEditing(this, m_dataEditDialog, m_database, *m_songs, m_progress, m_busy);
     m_rows->setHistory(tools->history());
+    m_rows->setTags(tools->tags());
     m_sync.reset(
         new SongSync(this, m_database, *m_songs, m_progress, [this] { return suggestBackup(); }));
     m_sync->setHistory(tools->history());

@@ -1,6 +1,7 @@
 #include "app/rowediting.h"
 
 #include "app/songlist.h"
+#include "app/tagpreparing.h"
 #include "app/windowprogress.h"
 #include "library/songeditor.h"
 #include "storage/desktopbin.h"
@@ -42,7 +43,8 @@ void RowEditing::edit(const QModelIndex &index)
     const BusyGuard busy(m_busy);
     const QPersistentModelIndex place = index; // the list may be sorted during the save
     SongEditor songEditor = editor();
-    if (!songEditor.edit(index.row()))
+    if ((m_tags != nullptr && !m_tags->offerBeforeEdit(place.row())) ||
+        !songEditor.edit(place.row()))
         return;
     m_songs.fitColumns(); // the texts may have become longer
     m_songs.scrollToRow(place.row());

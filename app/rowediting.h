@@ -16,6 +16,7 @@ class Database;
 class DataEditDialog;
 class SongEditor;
 class SongList;
+class TagPreparing;
 class WindowProgress;
 
 /** Asks and reports in dialogs over the window; all of it counts as work that runs. */
@@ -30,6 +31,9 @@ public:
 
     /** Where the songs are kept before they are changed. */
     void setHistory(OpenHistory openHistory) { m_openHistory = std::move(openHistory); }
+
+    /** What prepares the tags of a song whose texts the player cannot show; must outlive it. */
+    void setTags(TagPreparing &tags) { m_tags = &tags; }
 
     /** Lets the user change the song, and brings it to the middle of the list then. */
     void edit(const QModelIndex &index);
@@ -60,4 +64,5 @@ private:
     WindowProgress &m_progress;
     BusyState &m_busy;
     OpenHistory m_openHistory;
+    TagPreparing *m_tags = nullptr;
 };

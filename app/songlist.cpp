@@ -39,6 +39,7 @@ SongList::SongList(QMainWindow *window, const Ui::MainWindow &form, const QSqlDa
     m_summary = new StatusSummary(form.statusBar, m_view, *m_model, gate);
     connect(m_filter, &SongFilter::applied, m_summary, &StatusSummary::refresh);
     connect(m_summary, &StatusSummary::listRequested, this, &SongList::unreadableFilesRequested);
+    connect(m_summary, &StatusSummary::tagsRequested, this, &SongList::tagsRequested);
     addRowActions(form, gate);
 }
 

@@ -82,6 +82,9 @@ signals:
     /** The user wants to see which files could not be read. */
     void unreadableFilesRequested();
 
+    /** The user wants to see the songs whose texts the player cannot show. */
+    void tagsRequested();
+
 private:
     void setUpView();
     void addRowActions(const Ui::MainWindow &form, ActionGate &gate);

@@ -2,6 +2,7 @@
 
 #include "app/severaltools.h"
 #include "app/songhistory.h"
+#include "app/tagpreparing.h"
 
 #include <QMainWindow>
 
@@ -10,6 +11,7 @@ SongTools::SongTools(QMainWindow *window, const Ui::MainWindow &form, SongList &
     : QObject(window)
     , m_history(new SongHistory(window, form, songs, busy, gate))
     , m_several(new SeveralTools(window, form, songs, busy, gate))
+    , m_tags(new TagPreparing(window, form, songs, busy, gate, history()))
 {
     m_several->setHistory(history());
     connect(m_several, &SeveralTools::renamed, this, &SongTools::renamed);

@@ -12,6 +12,7 @@ class QMainWindow;
 class SeveralTools;
 class SongHistory;
 class SongList;
+class TagPreparing;
 
 QT_BEGIN_NAMESPACE
 namespace Ui
@@ -33,6 +34,9 @@ public:
     /** For the workflows that write songs; the object must outlive it. */
     OpenHistory history();
 
+    /** For the tags of a song that is going to be edited. */
+    TagPreparing &tags() { return *m_tags; }
+
 signals:
     /** A song's file has another name now; the list knows it. */
     void renamed(const QString &path, const QString &newPath);
@@ -41,4 +45,5 @@ private:
     // The window owns these.
     SongHistory *const m_history;
     SeveralTools *const m_several;
+    TagPreparing *const m_tags;
 };

@@ -17,6 +17,7 @@ constexpr int pauseMilliseconds = 150;
 
 struct Counts {
     int shown = 0;
+    int unshownTexts = 0;
     std::array<int, Database::StatusNotSynced + 1> byStatus{};
 };
 
@@ -27,6 +28,7 @@ Counts count(const QTableView &view, const UserSongsRelTableModel &model)
     const int rows = model.rowCount();
     for (int row = 0; row < rows; ++row) {
         counts.shown += view.isRowHidden(row) ? 0 : 1;
+        counts.unshownTexts += model.tagTroubles(row) == TagTroubles() ? 0 : 1;
         const int status = model.index(row, statusColumn).data().toInt();
         const bool known = status > Database::StatusNew && status <= Database::StatusNotSynced;
         ++counts.byStatus[static_cast<size_t>(known ? status : Database::StatusNew)];
@@ -50,6 +52,7 @@ StatusSummary::StatusSummary(QStatusBar *bar, const QTableView *view,
     , m_model(model)
     , m_label(new QLabel(bar))
     , m_unreadableButton(new QPushButton(bar))
+    , m_tagsButton(new QPushButton(bar))
 {
     m_label->setObjectName(QStringLiteral("summaryLabel"));
     m_label->setTextFormat(Qt::RichText);
@@ -58,7 +61,12 @@ StatusSummary::StatusSummary(QStatusBar *bar, const QTableView *view,
     m_unreadableButton->hide();
     gate.add(m_unreadableButton);
     bar->addWidget(m_label);
+    m_tagsButton->setObjectName(QStringLiteral("tagsPushButton"));
+    m_tagsButton->hide();
+    gate.add(m_tagsButton);
+    bar->addPermanentWidget(m_tagsButton);
     bar->addPermanentWidget(m_unreadableButton);
+    connect(m_tagsButton, &QPushButton::clicked, this, &StatusSummary::tagsRequested);
     connect(m_unreadableButton, &QPushButton::clicked, this, &StatusSummary::listRequested);
 
     m_later.setSingleShot(true);
@@ -102,4 +110,6 @@ void StatusSummary::refresh()
     m_unreadableButton->setText(
         tr("%n file non leggibili...", nullptr, static_cast<int>(m_unreadable.size())));
     m_unreadableButton->setVisible(!m_unreadable.isEmpty());
+    m_tagsButton->setText(tr("%n tag da preparare...", nullptr, counts.unshownTexts));
+    m_tagsButton->setVisible(counts.unshownTexts > 0);
 }

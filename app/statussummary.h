@@ -17,7 +17,8 @@ class UserSongsRelTableModel;
 /**
  * Counts the songs by status a moment after they changed, and not more than a few times a second:
  * adding thousands of songs must not become slower. Each number stands beside the colour that its
- * rows have. A button tells how many files were not read and opens their list.
+ * rows have. A button tells how many files were not read and opens their list, another one how many
+ * songs have texts that the player cannot show.
  */
 class StatusSummary : public QObject
 {
@@ -39,6 +40,9 @@ signals:
     /** The user wants to see which files could not be read. */
     void listRequested();
 
+    /** The user wants to see the songs whose texts the player cannot show. */
+    void tagsRequested();
+
 private:
     void refreshLater();
 
@@ -46,6 +50,7 @@ private:
     const UserSongsRelTableModel &m_model;
     QLabel *const m_label;
     QPushButton *const m_unreadableButton;
+    QPushButton *const m_tagsButton;
     QList<UnreadableFile> m_unreadable;
     QTimer m_later;
 };

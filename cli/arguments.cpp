@@ -39,6 +39,7 @@ constexpr std::array commandWords{
     CommandWords{Command::History, "history", nullptr},
     CommandWords{Command::Undo, "undo", nullptr},
     CommandWords{Command::Edit, "edit", nullptr},
+    CommandWords{Command::Tags, "tags", nullptr},
 };
 
 /** Stands in front of each argument that is no option, so that CLI11 does not look into it. */
@@ -52,6 +53,7 @@ struct Texts {
     bool csv = false;
     bool zero = false;
     bool dryRun = false;
+    bool apply = false;
     bool duplicates = false;
     bool verify = false;
     bool inLine = false;
@@ -221,10 +223,10 @@ private:
         };
         if (isOneOf({Command::Show, Command::Sync, Command::Transfer, Command::IndexCheck,
                      Command::List, Command::Remove, Command::Eject, Command::CatalogueFind,
-                     Command::History, Command::Undo, Command::Edit}))
+                     Command::History, Command::Undo, Command::Edit, Command::Tags}))
             command.add_flag("--json", m_texts.json);
         if (isOneOf({Command::Show, Command::Set, Command::Sync, Command::Transfer, Command::Remove,
-                     Command::Undo, Command::Edit}))
+                     Command::Undo, Command::Edit, Command::Tags}))
             command.add_flag("-0", m_texts.zero);
         if (isOneOf({Command::Set})) {
             command.add_option("--title", m_texts.title);
@@ -235,8 +237,10 @@ private:
             command.add_option("--bpm", m_texts.bpm);
             command.add_option("--length", m_texts.length);
         }
-        if (isOneOf({Command::Set, Command::Sync, Command::Undo, Command::Edit}))
+        if (isOneOf({Command::Set, Command::Sync, Command::Undo, Command::Edit, Command::Tags}))
             command.add_option("--without-history", m_texts.withoutHistory);
+        if (isOneOf({Command::Tags}))
+            command.add_flag("--apply", m_texts.apply);
         if (isOneOf({Command::Undo}))
             command.add_option("--changed", m_texts.changed);
         if (isOneOf({Command::Sync})) {
@@ -432,6 +436,7 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
     request.paths += parts.behindDashes;
     request.pathsFromStandardInput = texts.zero;
     request.dryRun = texts.dryRun;
+    request.apply = texts.apply;
     request.duplicates = texts.duplicates;
     request.verify = texts.verify;
     request.inLine = texts.inLine;

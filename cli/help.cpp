@@ -81,6 +81,9 @@ const QList<Usage> &usages()
          {QStringLiteral("kavena undo"), QStringLiteral("kavena undo 12 song.mid")},
          QStringLiteral("[--changed yes|no] [--without-history yes|no] [--json] [-0] [JOB] "
                         "[FILE...]")},
+        {Command::Tags,
+         {QStringLiteral("kavena tags Songs"), QStringLiteral("kavena tags --apply *.mp3")},
+         QStringLiteral("[--apply] [--without-history yes|no] [--json] [-0] FILE|DIR...")},
     };
     return all;
 }
@@ -132,6 +135,7 @@ QString Help::text(Command command)
     option("--apply", tr("scrive; altrimenti mostra soltanto"));
     option("--backup DIR", tr("copia prima le song in una nuova cartella in DIR"));
     option("--dry-run", tr("mostra le modifiche e non scrive niente"));
+    option("--apply", tr("scrive ciò che altrimenti viene solo mostrato"));
     option("--unsigned yes|no", tr("modifica anche le song senza la firma del produttore"));
     option("--to FOLDER", tr("la cartella di destinazione, in una memoria"));
     option("--replace yes|no", tr("sostituisce i file che ci sono già"));

@@ -129,6 +129,47 @@ void JsonWriter::renamed(const QString &path, const QString &newName)
                    '\n');
 }
 
+void JsonWriter::tags(const Mp3Preparation &preparation, bool isWritten)
+{
+    const struct {
+        TagTrouble trouble;
+        const char *name;
+    } troubleNames[] = {{TagTrouble::Encoding, "encoding"},
+                        {TagTrouble::Version, "version"},
+                        {TagTrouble::Unsynchronised, "unsynchronised"},
+                        {TagTrouble::OnlyId3v1, "id3v1"},
+                        {TagTrouble::OnlyApe, "ape"}};
+    QList<QByteArray> troubles;
+    for (const auto &known : troubleNames) {
+        if (preparation.troubles().testFlag(known.trouble))
+            troubles.append(quoted(QString::fromUtf8(known.name)));
+    }
+    QList<QByteArray> objects;
+    for (const ChangePreview::Change &change :
+         ChangePreview::changes(preparation.shown(), preparation.proposed()))
+        objects.append(Object()
+                           .add("field", QString::fromUtf8(fieldName(change.field)))
+                           .add("old", change.before)
+                           .add("new", change.after)
+                           .json());
+    QList<QByteArray> lost;
+    for (const QString &frame : preparation.lostFrames())
+        lost.append(quoted(frame));
+    const SongInfo &said = preparation.said();
+    m_output.write(Object()
+                       .add("path", givenpath::shown(preparation.path()))
+                       .addList("troubles", troubles)
+                       .addList("changes", objects)
+                       .add("title", said.title)
+                       .add("artist", said.artist)
+                       .add("genre", said.genre)
+                       .add("author", said.author)
+                       .addList("lostFrames", lost)
+                       .addBool("written", isWritten)
+                       .json() +
+                   '\n');
+}
+
 void JsonWriter::listed(const SongInfoIndex &song)
 {
     m_output.write(Object()

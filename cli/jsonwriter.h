@@ -19,6 +19,7 @@ public:
     void changes(const QString &path, bool found,
                  const QList<ChangePreview::Change> &changes) override;
     void renamed(const QString &path, const QString &newName) override;
+    void tags(const Mp3Preparation &preparation, bool isWritten) override;
     void listed(const SongInfoIndex &song) override;
     void duplicate(int group, Same same, const MemorySong &song) override;
     void removed(const QString &path, const QString &reason) override;

@@ -6,6 +6,7 @@
 #include "devindex/sizetext.h"
 #include "library/historytexts.h"
 #include "library/songtable.h"
+#include "library/tagremarks.h"
 #include "storage/shownname.h"
 
 namespace
@@ -47,6 +48,11 @@ void PeopleWriter::changes(const QString &path, bool found,
         line(tr("%1: nessuna modifica").arg(givenpath::shown(path)));
     else
         line(givenpath::shown(path));
+    changeLines(changes);
+}
+
+void PeopleWriter::changeLines(const QList<ChangePreview::Change> &changes)
+{
     for (const ChangePreview::Change &change : changes) {
         const auto shown = [](const QString &text) {
             return text.isEmpty() ? ChangePreview::emptyValue() : text;
@@ -59,6 +65,17 @@ void PeopleWriter::changes(const QString &path, bool found,
 void PeopleWriter::renamed(const QString &path, const QString &newName)
 {
     line(givenpath::shown(path) + QStringLiteral(" -> ") + newName);
+}
+
+void PeopleWriter::tags(const Mp3Preparation &preparation, bool /*isWritten*/)
+{
+    if (preparation.troubles() == TagTroubles()) {
+        line(tr("%1: nessuna modifica").arg(givenpath::shown(preparation.path())));
+        return;
+    }
+    line(givenpath::shown(preparation.path()) + QStringLiteral(": ") +
+         tagremarks::reasonText(preparation.troubles()));
+    changeLines(ChangePreview::changes(preparation.shown(), preparation.proposed()));
 }
 
 void PeopleWriter::listed(const SongInfoIndex &song)

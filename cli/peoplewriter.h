@@ -24,6 +24,7 @@ public:
     void changes(const QString &path, bool found,
                  const QList<ChangePreview::Change> &changes) override;
     void renamed(const QString &path, const QString &newName) override;
+    void tags(const Mp3Preparation &preparation, bool isWritten) override;
     void listed(const SongInfoIndex &song) override;
     void duplicate(int group, Same same, const MemorySong &song) override;
     void removed(const QString &path, const QString &reason) override;
@@ -38,6 +39,7 @@ public:
 private:
     void line(const QString &text);
     void item(const QString &label, const QString &text);
+    void changeLines(const QList<ChangePreview::Change> &changes);
     void number(const QString &label, qint32 number);
     void markers(const QList<Marker> &markers);
     static QString stateLabel(TransferPlan::State state);

@@ -16,6 +16,7 @@
 #include "cli/showcommand.h"
 #include "cli/standardoutput.h"
 #include "cli/synccommand.h"
+#include "cli/tagscommand.h"
 #include "cli/transfercommand.h"
 #include "library/version.h"
 
@@ -65,6 +66,8 @@ std::unique_ptr<Command> commandFor(const CommandContext &context)
         return std::make_unique<HistoryCommand>(context);
     case Request::Command::Edit:
         return std::make_unique<EditCommand>(context);
+    case Request::Command::Tags:
+        return std::make_unique<TagsCommand>(context);
     case Request::Command::None:
         break;
     }

@@ -5,6 +5,7 @@
 #include "devindex/memorysongs.h"
 #include "devindex/songinfoindex.h"
 #include "devindex/transferplan.h"
+#include "formats/mp3preparation.h"
 #include "formats/songinfo.h"
 #include "library/changepreview.h"
 #include "library/history.h"
@@ -32,6 +33,9 @@ public:
 
     /** The new name of a file, without its folder. */
     virtual void renamed(const QString &path, const QString &newName) = 0;
+
+    /** What the tags of an MP3 file say, and whether it was written as the player shows it. */
+    virtual void tags(const Mp3Preparation &preparation, bool isWritten) = 0;
 
     /** Before the songs of a memory's index. */
     virtual void beginList() {}

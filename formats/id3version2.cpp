@@ -92,3 +92,8 @@ std::optional<QByteArray> framesOfVersion3(QByteArrayView framesOfVersion2)
     }
     return frames;
 }
+
+bool hasSuccessor(QByteArrayView id)
+{
+    return !successorOf(id).isEmpty();
+}

@@ -14,3 +14,6 @@
  * no frame.
  */
 std::optional<QByteArray> framesOfVersion3(QByteArrayView framesOfVersion2);
+
+/** True when framesOfVersion3() carries a frame of this identifier, of three letters, over. */
+bool hasSuccessor(QByteArrayView id);

@@ -1,5 +1,7 @@
 #include "formats/mp3song.h"
 
+#include "formats/mp3examination.h"
+#include "formats/mp3tagfile.h"
 #include "formats/songitems.h"
 #include "formats/songreading.h"
 #include "formats/songsaving.h"
@@ -11,34 +13,8 @@
 namespace
 {
 
-/** How much of an MP3 file is searched for its tag. */
-constexpr qint64 startSize = 1000000;
-
 /** The second byte of an MP3 frame has to be greater than this, both taken as signed. */
 constexpr auto syncLimit = static_cast<qint8>(0xF2);
-
-/** Loads the tag of an MP3 file, which stands at its start. */
-bool loadTag(QFile &file, Mp3Header &header)
-{
-    const qint64 most = std::min(file.size(), startSize);
-    const auto readUpTo = [&file, most](QByteArray &bytes, qint64 size) {
-        bytes += file.read(std::min(most, size) - bytes.size());
-        return bytes.size() == std::min(most, size);
-    };
-    QByteArray start;
-    if (!readUpTo(start, Mp3Header::headerSize))
-        return false;
-    const qint64 tagSize =
-        start.startsWith(songlayout::id3Magic) ? qint64{header.getId3TagSize(start)} : 0;
-    if (!readUpTo(start, Mp3Header::headerSize + tagSize + Mp3Header::footerSize) ||
-        !header.loadHeader(start))
-        return false;
-    // The size in a tag does not count the tag's own ten bytes and a footer, so the tag can end
-    // later than its size says.
-    const qsizetype missing =
-        qsizetype{header.getAudioDataStartPos()} + Mp3Header::footerSize - start.size();
-    return missing <= 0 || header.loadHeader(start + file.read(missing));
-}
 
 bool isMp3Start(const QByteArray &start)
 {
@@ -61,7 +37,8 @@ bool Mp3Song::isMp3(const QString &path, const QByteArray &start)
 std::optional<qint64> Mp3Song::audioStart(QFile &file)
 {
     Mp3Header tag;
-    if (!file.seek(0) || !loadTag(file, tag))
+    QByteArray start;
+    if (!file.seek(0) || !mp3tagfile::load(file, mp3tagfile::largestTag, tag, start))
         return {};
     return std::min(qint64{tag.getAudioDataStartPos()}, file.size());
 }
@@ -69,17 +46,22 @@ std::optional<qint64> Mp3Song::audioStart(QFile &file)
 bool Mp3Song::load(QFile &file)
 {
     m_path = file.fileName();
-    return loadTag(file, m_tag);
+    QByteArray start;
+    if (!mp3tagfile::load(file, mp3tagfile::largestReadTag, m_tag, start))
+        return false;
+    m_troubles = examineTags(start, m_tag, file);
+    return true;
 }
 
 void Mp3Song::read(SongInfo &info) const
 {
     readItems(m_tag, info);
+    info.troubles = m_troubles;
 }
 
 bool Mp3Song::canBeReadAgain() const
 {
-    return m_tag.getId3TagSize(m_tag.stream()) <= startSize;
+    return m_tag.getId3TagSize(m_tag.stream()) <= mp3tagfile::largestReadTag;
 }
 
 SaveFailure Mp3Song::save(const QString &path) const
@@ -92,7 +74,8 @@ SaveFailure Mp3Song::save(const QString &path) const
     // Where the audio begins is read from the file as it is now: an earlier save of this song, or
     // of a copy of it, may have moved it.
     Mp3Header onDisk;
-    if (!loadTag(source, onDisk)) {
+    QByteArray start;
+    if (!mp3tagfile::load(source, mp3tagfile::largestReadTag, onDisk, start)) {
         logDebug() << "[MetaSong::saveToFile] Impossible to seek file.";
         return loadFailureOf(m_path);
     }

@@ -20,8 +20,8 @@ public:
 
     /**
      * The position of the first byte of the audio in a file that is open for reading, from whose
-     * start on it is read; nothing when its tag cannot be read. A file without a tag begins with
-     * its audio.
+     * start on it is read; nothing when its tag cannot be read, but also of one that is too large
+     * for load(). A file without a tag begins with its audio.
      */
     static std::optional<qint64> audioStart(QFile &file);
 
@@ -37,4 +37,5 @@ public:
 private:
     QString m_path;
     Mp3Header m_tag;
+    TagTroubles m_troubles;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "formats/marker.h"
+#include "formats/tagtrouble.h"
 
 #include <QList>
 #include <QString>
@@ -42,4 +43,5 @@ public:
     QString format;        ///< format name as MetaSong::getFormatString gives it
     QString mfxLongName;   ///< long file name from an MFX header
     quint8 mfxFlags = 0;   ///< flags byte of an MFX header
+    TagTroubles troubles;  ///< why the player cannot show what the tags of an MP3 file say
 };

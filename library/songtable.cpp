@@ -104,6 +104,7 @@ bool SongTable::select()
     beginResetModel();
     m_rows.clear();
     m_notSaved.clear();
+    m_troubles.clear();
     const int columns = columnCount();
     while (query.next()) {
         Row row;
@@ -143,6 +144,8 @@ bool SongTable::addSong(const SongInfo &info)
     row[idColumn] = m_insert.lastInsertId();
     const int last = rowCount();
     beginInsertRows(QModelIndex(), last, last);
+    if (info.troubles != TagTroubles())
+        m_troubles.insert(row.at(idColumn).toLongLong(), info.troubles);
     m_rows.push_back(std::move(row));
     endInsertRows();
     return true;
@@ -157,6 +160,18 @@ void SongTable::updateRow(int row, const SongInfo &info)
     setValue(row, songcolumns::Length, lengthText(info.length));
     setValue(row, songcolumns::UserBpm, qMax(0, info.userBpm));
     setValue(row, songcolumns::Key, info.key);
+    setTagTroubles(row, info.troubles);
+}
+
+void SongTable::setTagTroubles(int row, TagTroubles troubles)
+{
+    if (idOf(row) < 0 || tagTroubles(row) == troubles)
+        return;
+    if (troubles == TagTroubles())
+        m_troubles.remove(idOf(row));
+    else
+        m_troubles.insert(idOf(row), troubles);
+    emit dataChanged(index(row, 0), index(row, columnCount() - 1));
 }
 
 void SongTable::setValue(int row, songcolumns::Column column, const QVariant &value)
@@ -334,6 +349,7 @@ bool SongTable::removeRows(int row, int count, const QModelIndex &parent)
             return false;
         beginRemoveRows(QModelIndex(), row, row);
         m_notSaved.remove(idOf(row));
+        m_troubles.remove(idOf(row));
         m_rows.erase(song);
         endRemoveRows();
     }

@@ -67,6 +67,12 @@ public:
     /** Why the row's song was not saved; None for an unmarked row and for one that is not there. */
     SaveFailure saveFailure(int row) const;
 
+    /**
+     * Why the player cannot show the texts of the row's MP3 file, as addSong() and updateRow() were
+     * told; none for a row that does not exist.
+     */
+    TagTroubles tagTroubles(int row) const { return m_troubles.value(idOf(row)); }
+
     /** The number of all rows. */
     int goodRowCount();
 
@@ -130,12 +136,14 @@ private:
     void prepareStatements();
     bool execute(QSqlQuery &statement);
     qint64 idOf(int row) const;
+    void setTagTroubles(int row, TagTroubles troubles);
     void setValue(int row, songcolumns::Column column, const QVariant &value);
     std::vector<int> sortedRows() const;
     void arrange(const std::vector<int> &order);
 
     std::vector<Row> m_rows;               ///< as the views show them
     QHash<qint64, SaveFailure> m_notSaved; ///< the marked rows, by their ids
+    QHash<qint64, TagTroubles> m_troubles; ///< of rows that have any, by their ids
     int m_sortColumn = 0;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
 

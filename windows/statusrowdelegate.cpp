@@ -11,6 +11,22 @@
 #include <QStyle>
 #include <QToolTip>
 
+#include <optional>
+
+namespace
+{
+
+std::optional<QStyle::StandardPixmap> signOf(const QModelIndex &index)
+{
+    if (index.data(UserSongsRelTableModel::notSavedRole).isValid())
+        return QStyle::SP_MessageBoxWarning;
+    if (index.data(UserSongsRelTableModel::tagTroublesRole).isValid())
+        return QStyle::SP_MessageBoxInformation;
+    return {};
+}
+
+} // namespace
+
 StatusRowDelegate::StatusRowDelegate(int statusColumn, int markColumn, QObject *parent)
     : QStyledItemDelegate(parent)
     , m_statusColumn(statusColumn)
@@ -22,11 +38,12 @@ void StatusRowDelegate::initStyleOption(QStyleOptionViewItem *option,
                                         const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (index.column() == m_markColumn &&
-        index.data(UserSongsRelTableModel::notSavedRole).isValid()) {
+    const std::optional<QStyle::StandardPixmap> sign =
+        index.column() == m_markColumn ? signOf(index) : std::nullopt;
+    if (sign) {
         const QStyle *const style =
             option->widget ? option->widget->style() : QApplication::style();
-        option->icon = style->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, option->widget);
+        option->icon = style->standardIcon(*sign, nullptr, option->widget);
         option->features |= QStyleOptionViewItem::HasDecoration;
         option->decorationSize = QSize(option->fontMetrics.height(), option->fontMetrics.height());
     }

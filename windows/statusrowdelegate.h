@@ -8,7 +8,8 @@
  * or hidden. These backgrounds are light, so the text on them is dark on a dark desktop too; a
  * selected row looks as the style paints selections.
  *
- * A row whose song could not be saved has a warning sign in the mark column, whatever its colour.
+ * A row whose song could not be saved has a warning sign in the mark column, whatever its colour;
+ * one whose texts the player cannot show has a sign for a note.
  */
 class StatusRowDelegate : public QStyledItemDelegate
 {

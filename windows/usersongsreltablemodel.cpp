@@ -1,6 +1,7 @@
 #include "windows/usersongsreltablemodel.h"
 
 #include "library/runreport.h"
+#include "library/tagremarks.h"
 
 UserSongsRelTableModel::UserSongsRelTableModel(QObject *parent, const QSqlDatabase &db)
     : SongTable(parent, db)
@@ -56,9 +57,12 @@ QVariant UserSongsRelTableModel::data(const QModelIndex &index, int role) const
     case Qt::ForegroundRole:
         return isStatus ? colour() : QVariant();
     case notSavedRole:
+        return notSavedText(index.row(), role);
+    case tagTroublesRole:
+        return tagTroublesText(index.row());
     case Qt::AccessibleDescriptionRole:
     case Qt::ToolTipRole:
-        return notSavedText(index.row(), role);
+        return markText(index.row(), role);
     default:
         return SongTable::data(index, role);
     }
@@ -74,4 +78,21 @@ QVariant UserSongsRelTableModel::notSavedText(int row, int role) const
     if (role == notSavedRole)
         return reason;
     return RunReport::text({SongFinding::Kind::NotSaved, QString(), reason});
+}
+
+/** No value for a row without troubles. */
+QVariant UserSongsRelTableModel::tagTroublesText(int row) const
+{
+    const QString text = tagremarks::songText(tagTroubles(row));
+    return text.isEmpty() ? QVariant() : text;
+}
+
+/** All that is to be said of a row. */
+QVariant UserSongsRelTableModel::markText(int row, int role) const
+{
+    const QVariant notSaved = notSavedText(row, role);
+    const QVariant troubles = tagTroublesText(row);
+    if (!notSaved.isValid() || !troubles.isValid())
+        return notSaved.isValid() ? notSaved : troubles;
+    return QString(notSaved.toString() + QLatin1Char('\n') + troubles.toString());
 }

@@ -20,6 +20,9 @@ public:
     /** In every column of a marked row: why the song was not saved, in the user's words. */
     static constexpr int notSavedRole = Qt::UserRole;
 
+    /** In every column of a row whose texts the player cannot show: why, in the user's words. */
+    static constexpr int tagTroublesRole = Qt::UserRole + 1;
+
     /** The background of a row of this Database::statusEnum; odd and even rows differ. */
     static QColor statusColour(int status, int row);
 
@@ -32,4 +35,6 @@ public:
 
 private:
     QVariant notSavedText(int row, int role) const;
+    QVariant tagTroublesText(int row) const;
+    QVariant markText(int row, int role) const;
 };

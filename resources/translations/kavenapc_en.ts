@@ -853,6 +853,10 @@ Do you want to copy all the same?</translation>
         <source>&amp;Rinomina i file...</source>
         <translation>&amp;Rename files...</translation>
     </message>
+    <message>
+        <source>Prepara i ta&amp;g MP3...</source>
+        <translation>Prepare MP3 ta&amp;gs...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1072,6 +1076,13 @@ Nothing was changed. Try again when it has finished.</translation>
         <translation>
             <numerusform>%n unreadable file...</numerusform>
             <numerusform>%n unreadable files...</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n tag da preparare...</source>
+        <translation>
+            <numerusform>%n tag to prepare...</numerusform>
+            <numerusform>%n tags to prepare...</numerusform>
         </translation>
     </message>
 </context>
@@ -1607,6 +1618,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>scrive; altrimenti mostra soltanto</source>
         <translation>writes; else it only shows</translation>
+    </message>
+    <message>
+        <source>scrive ciò che altrimenti viene solo mostrato</source>
+        <translation>writes what is otherwise only shown</translation>
     </message>
 </context>
 <context>
@@ -4143,6 +4158,160 @@ Undo this job? The songs become what they were before.</translation>
     <message>
         <source>Questi &amp;file non sono a posto:</source>
         <translation>These &amp;files are not all right:</translation>
+    </message>
+</context>
+<context>
+    <name>Tags</name>
+    <message>
+        <source>un&apos;altra codifica dei caratteri</source>
+        <translation>another character encoding</translation>
+    </message>
+    <message>
+        <source>un&apos;altra versione di ID3</source>
+        <translation>another version of ID3</translation>
+    </message>
+    <message>
+        <source>byte aggiunti fra gli altri</source>
+        <translation>bytes added between the others</translation>
+    </message>
+    <message>
+        <source>solo ID3v1, alla fine del file</source>
+        <translation>only ID3v1, at the end of the file</translation>
+    </message>
+    <message>
+        <source>solo APE, alla fine del file</source>
+        <translation>only APE, at the end of the file</translation>
+    </message>
+    <message>
+        <source>Il player non può mostrare i testi del tag MP3: %1</source>
+        <translation>The player cannot show the texts of the MP3 tag: %1</translation>
+    </message>
+    <message>
+        <source>Il tag è danneggiato, non può essere scritto.</source>
+        <translation>The tag is damaged, it cannot be written.</translation>
+    </message>
+    <message>
+        <source>La nuova versione del tag non può contenere questi dati, che vanno persi: %1</source>
+        <translation>The new version of the tag cannot hold these frames, they will be lost: %1</translation>
+    </message>
+    <message>
+        <source>Il tag resta di versione 2.4, che contiene dati sconosciuti alla 2.3; il player ne legge i testi.</source>
+        <translation>The tag stays one of version 2.4, since it holds frames that 2.3 does not know; the player reads its texts.</translation>
+    </message>
+</context>
+<context>
+    <name>TagsCommand</name>
+    <message>
+        <source>Tag MP3</source>
+        <translation>MP3 tags</translation>
+    </message>
+</context>
+<context>
+    <name>TagPreparing</name>
+    <message>
+        <source>Tag MP3</source>
+        <translation>MP3 tags</translation>
+    </message>
+    <message>
+        <source>Il player può mostrare i testi di tutti i file MP3 della lista.</source>
+        <translation>The player can show the texts of all MP3 files in the list.</translation>
+    </message>
+    <message>
+        <source>%1.
+
+Preparare prima il tag per il player?</source>
+        <translation>%1.
+
+Prepare the tag for the player first?</translation>
+    </message>
+    <message>
+        <source>&amp;Prepara...</source>
+        <translation>&amp;Prepare...</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica così com&apos;è</source>
+        <translation>&amp;Edit as it is</translation>
+    </message>
+    <message>
+        <source>Leggo i tag...</source>
+        <translation>Reading the tags...</translation>
+    </message>
+</context>
+<context>
+    <name>PrepareTagsDialog</name>
+    <message>
+        <source>Prepara i tag MP3</source>
+        <translation>Prepare MP3 tags</translation>
+    </message>
+    <message>
+        <source>Il player legge solo tag ID3v2.3 con i caratteri dell&apos;Europa occidentale. Qui si vede che cosa mostra adesso di queste song e che cosa mostrerà dopo; con un doppio clic i nuovi testi si possono modificare. Il resto dei file non cambia.</source>
+        <translation>The player reads only ID3v2.3 tags with Western European characters. Here you see what it shows of these songs now and what it will show afterwards; a double click lets you edit the new texts. Nothing else in the files changes.</translation>
+    </message>
+    <message>
+        <source>&amp;Song con tag da preparare:</source>
+        <translation>&amp;Songs with tags to prepare:</translation>
+    </message>
+    <message>
+        <source>Song e campo</source>
+        <translation>Song and field</translation>
+    </message>
+    <message>
+        <source>Il player mostra</source>
+        <translation>The player shows</translation>
+    </message>
+    <message>
+        <source>Nel tag</source>
+        <translation>In the tag</translation>
+    </message>
+    <message>
+        <source>Il player mostrerà</source>
+        <translation>The player will show</translation>
+    </message>
+    <message>
+        <source>&amp;Tutte le song</source>
+        <translation>&amp;All songs</translation>
+    </message>
+    <message>
+        <source>&amp;Applica</source>
+        <translation>A&amp;pply</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>Song scelte: %1 di %2</source>
+        <translation>Songs chosen: %1 of %2</translation>
+    </message>
+    <message>
+        <source>Scrivo i tag...</source>
+        <translation>Writing the tags...</translation>
+    </message>
+    <message numerus="yes">
+        <source>Tag scritti: %n.</source>
+        <translation>
+            <numerusform>Tags written: %n.</numerusform>
+            <numerusform>Tags written: %n.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song sono rimaste come sono.</source>
+        <translation>
+            <numerusform>%n song is as it was.</numerusform>
+            <numerusform>%n songs are as they were.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Interrotto: le altre song non sono state toccate.</source>
+        <translation>Stopped: the other songs were not touched.</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Details...</translation>
+    </message>
+    <message>
+        <source>&amp;Song rimaste come sono:</source>
+        <translation>&amp;Songs that are as they were:</translation>
     </message>
 </context>
 </TS>

@@ -853,6 +853,10 @@ Si vuole procedere comunque con la copia?</translation>
         <source>&amp;Rinomina i file...</source>
         <translation>&amp;Rinomina i file...</translation>
     </message>
+    <message>
+        <source>Prepara i ta&amp;g MP3...</source>
+        <translation>Prepara i ta&amp;g MP3...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1072,6 +1076,13 @@ Non è stato cambiato nulla. Riprovare quando avrà finito.</translation>
         <translation>
             <numerusform>%n file non leggibile...</numerusform>
             <numerusform>%n file non leggibili...</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n tag da preparare...</source>
+        <translation>
+            <numerusform>%n tag da preparare...</numerusform>
+            <numerusform>%n tag da preparare...</numerusform>
         </translation>
     </message>
 </context>
@@ -1607,6 +1618,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>scrive; altrimenti mostra soltanto</source>
         <translation>scrive; altrimenti mostra soltanto</translation>
+    </message>
+    <message>
+        <source>scrive ciò che altrimenti viene solo mostrato</source>
+        <translation>scrive ciò che altrimenti viene solo mostrato</translation>
     </message>
 </context>
 <context>
@@ -4143,6 +4158,160 @@ Annullare questo lavoro? Le song tornano come erano prima.</translation>
     <message>
         <source>Questi &amp;file non sono a posto:</source>
         <translation>Questi &amp;file non sono a posto:</translation>
+    </message>
+</context>
+<context>
+    <name>Tags</name>
+    <message>
+        <source>un&apos;altra codifica dei caratteri</source>
+        <translation>un&apos;altra codifica dei caratteri</translation>
+    </message>
+    <message>
+        <source>un&apos;altra versione di ID3</source>
+        <translation>un&apos;altra versione di ID3</translation>
+    </message>
+    <message>
+        <source>byte aggiunti fra gli altri</source>
+        <translation>byte aggiunti fra gli altri</translation>
+    </message>
+    <message>
+        <source>solo ID3v1, alla fine del file</source>
+        <translation>solo ID3v1, alla fine del file</translation>
+    </message>
+    <message>
+        <source>solo APE, alla fine del file</source>
+        <translation>solo APE, alla fine del file</translation>
+    </message>
+    <message>
+        <source>Il player non può mostrare i testi del tag MP3: %1</source>
+        <translation>Il player non può mostrare i testi del tag MP3: %1</translation>
+    </message>
+    <message>
+        <source>Il tag è danneggiato, non può essere scritto.</source>
+        <translation>Il tag è danneggiato, non può essere scritto.</translation>
+    </message>
+    <message>
+        <source>La nuova versione del tag non può contenere questi dati, che vanno persi: %1</source>
+        <translation>La nuova versione del tag non può contenere questi dati, che vanno persi: %1</translation>
+    </message>
+    <message>
+        <source>Il tag resta di versione 2.4, che contiene dati sconosciuti alla 2.3; il player ne legge i testi.</source>
+        <translation>Il tag resta di versione 2.4, che contiene dati sconosciuti alla 2.3; il player ne legge i testi.</translation>
+    </message>
+</context>
+<context>
+    <name>TagsCommand</name>
+    <message>
+        <source>Tag MP3</source>
+        <translation>Tag MP3</translation>
+    </message>
+</context>
+<context>
+    <name>TagPreparing</name>
+    <message>
+        <source>Tag MP3</source>
+        <translation>Tag MP3</translation>
+    </message>
+    <message>
+        <source>Il player può mostrare i testi di tutti i file MP3 della lista.</source>
+        <translation>Il player può mostrare i testi di tutti i file MP3 della lista.</translation>
+    </message>
+    <message>
+        <source>%1.
+
+Preparare prima il tag per il player?</source>
+        <translation>%1.
+
+Preparare prima il tag per il player?</translation>
+    </message>
+    <message>
+        <source>&amp;Prepara...</source>
+        <translation>&amp;Prepara...</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica così com&apos;è</source>
+        <translation>&amp;Modifica così com&apos;è</translation>
+    </message>
+    <message>
+        <source>Leggo i tag...</source>
+        <translation>Leggo i tag...</translation>
+    </message>
+</context>
+<context>
+    <name>PrepareTagsDialog</name>
+    <message>
+        <source>Prepara i tag MP3</source>
+        <translation>Prepara i tag MP3</translation>
+    </message>
+    <message>
+        <source>Il player legge solo tag ID3v2.3 con i caratteri dell&apos;Europa occidentale. Qui si vede che cosa mostra adesso di queste song e che cosa mostrerà dopo; con un doppio clic i nuovi testi si possono modificare. Il resto dei file non cambia.</source>
+        <translation>Il player legge solo tag ID3v2.3 con i caratteri dell&apos;Europa occidentale. Qui si vede che cosa mostra adesso di queste song e che cosa mostrerà dopo; con un doppio clic i nuovi testi si possono modificare. Il resto dei file non cambia.</translation>
+    </message>
+    <message>
+        <source>&amp;Song con tag da preparare:</source>
+        <translation>&amp;Song con tag da preparare:</translation>
+    </message>
+    <message>
+        <source>Song e campo</source>
+        <translation>Song e campo</translation>
+    </message>
+    <message>
+        <source>Il player mostra</source>
+        <translation>Il player mostra</translation>
+    </message>
+    <message>
+        <source>Nel tag</source>
+        <translation>Nel tag</translation>
+    </message>
+    <message>
+        <source>Il player mostrerà</source>
+        <translation>Il player mostrerà</translation>
+    </message>
+    <message>
+        <source>&amp;Tutte le song</source>
+        <translation>&amp;Tutte le song</translation>
+    </message>
+    <message>
+        <source>&amp;Applica</source>
+        <translation>&amp;Applica</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message>
+        <source>Song scelte: %1 di %2</source>
+        <translation>Song scelte: %1 di %2</translation>
+    </message>
+    <message>
+        <source>Scrivo i tag...</source>
+        <translation>Scrivo i tag...</translation>
+    </message>
+    <message numerus="yes">
+        <source>Tag scritti: %n.</source>
+        <translation>
+            <numerusform>Tag scritti: %n.</numerusform>
+            <numerusform>Tag scritti: %n.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song sono rimaste come sono.</source>
+        <translation>
+            <numerusform>%n song è rimasta com&apos;è.</numerusform>
+            <numerusform>%n song sono rimaste come sono.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Interrotto: le altre song non sono state toccate.</source>
+        <translation>Interrotto: le altre song non sono state toccate.</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Dettagli...</translation>
+    </message>
+    <message>
+        <source>&amp;Song rimaste come sono:</source>
+        <translation>&amp;Song rimaste come sono:</translation>
     </message>
 </context>
 </TS>

@@ -853,6 +853,10 @@ Trotzdem kopieren?</translation>
         <source>&amp;Rinomina i file...</source>
         <translation>&amp;Dateien umbenennen...</translation>
     </message>
+    <message>
+        <source>Prepara i ta&amp;g MP3...</source>
+        <translation>MP3-Ta&amp;gs vorbereiten...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1072,6 +1076,13 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
         <translation>
             <numerusform>%n Datei nicht lesbar...</numerusform>
             <numerusform>%n Dateien nicht lesbar...</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n tag da preparare...</source>
+        <translation>
+            <numerusform>%n Tag vorzubereiten...</numerusform>
+            <numerusform>%n Tags vorzubereiten...</numerusform>
         </translation>
     </message>
 </context>
@@ -1607,6 +1618,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>scrive; altrimenti mostra soltanto</source>
         <translation>schreibt; sonst wird nur angezeigt</translation>
+    </message>
+    <message>
+        <source>scrive ciò che altrimenti viene solo mostrato</source>
+        <translation>schreibt, was sonst nur gezeigt wird</translation>
     </message>
 </context>
 <context>
@@ -4143,6 +4158,160 @@ Diesen Vorgang zurücknehmen? Die Songs werden wieder, wie sie vorher waren.</tr
     <message>
         <source>Questi &amp;file non sono a posto:</source>
         <translation>Diese &amp;Dateien sind nicht in Ordnung:</translation>
+    </message>
+</context>
+<context>
+    <name>Tags</name>
+    <message>
+        <source>un&apos;altra codifica dei caratteri</source>
+        <translation>eine andere Zeichenkodierung</translation>
+    </message>
+    <message>
+        <source>un&apos;altra versione di ID3</source>
+        <translation>eine andere Version von ID3</translation>
+    </message>
+    <message>
+        <source>byte aggiunti fra gli altri</source>
+        <translation>zusätzliche Bytes zwischen den anderen</translation>
+    </message>
+    <message>
+        <source>solo ID3v1, alla fine del file</source>
+        <translation>nur ID3v1, am Ende der Datei</translation>
+    </message>
+    <message>
+        <source>solo APE, alla fine del file</source>
+        <translation>nur APE, am Ende der Datei</translation>
+    </message>
+    <message>
+        <source>Il player non può mostrare i testi del tag MP3: %1</source>
+        <translation>Der Player kann die Texte des MP3-Tags nicht zeigen: %1</translation>
+    </message>
+    <message>
+        <source>Il tag è danneggiato, non può essere scritto.</source>
+        <translation>Das Tag ist beschädigt, es kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>La nuova versione del tag non può contenere questi dati, che vanno persi: %1</source>
+        <translation>Die neue Version des Tags kann diese Teile nicht enthalten, sie gehen verloren: %1</translation>
+    </message>
+    <message>
+        <source>Il tag resta di versione 2.4, che contiene dati sconosciuti alla 2.3; il player ne legge i testi.</source>
+        <translation>Das Tag bleibt eines der Version 2.4, weil es Teile enthält, die 2.3 nicht kennt; der Player liest seine Texte.</translation>
+    </message>
+</context>
+<context>
+    <name>TagsCommand</name>
+    <message>
+        <source>Tag MP3</source>
+        <translation>MP3-Tags</translation>
+    </message>
+</context>
+<context>
+    <name>TagPreparing</name>
+    <message>
+        <source>Tag MP3</source>
+        <translation>MP3-Tags</translation>
+    </message>
+    <message>
+        <source>Il player può mostrare i testi di tutti i file MP3 della lista.</source>
+        <translation>Der Player kann die Texte aller MP3-Dateien der Liste zeigen.</translation>
+    </message>
+    <message>
+        <source>%1.
+
+Preparare prima il tag per il player?</source>
+        <translation>%1.
+
+Soll das Tag zuerst für den Player vorbereitet werden?</translation>
+    </message>
+    <message>
+        <source>&amp;Prepara...</source>
+        <translation>&amp;Vorbereiten...</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica così com&apos;è</source>
+        <translation>&amp;So bearbeiten, wie er ist</translation>
+    </message>
+    <message>
+        <source>Leggo i tag...</source>
+        <translation>Tags werden gelesen...</translation>
+    </message>
+</context>
+<context>
+    <name>PrepareTagsDialog</name>
+    <message>
+        <source>Prepara i tag MP3</source>
+        <translation>MP3-Tags vorbereiten</translation>
+    </message>
+    <message>
+        <source>Il player legge solo tag ID3v2.3 con i caratteri dell&apos;Europa occidentale. Qui si vede che cosa mostra adesso di queste song e che cosa mostrerà dopo; con un doppio clic i nuovi testi si possono modificare. Il resto dei file non cambia.</source>
+        <translation>Der Player liest nur ID3v2.3-Tags mit westeuropäischen Zeichen. Hier sehen Sie, was er von diesen Songs jetzt zeigt und was er danach zeigt; mit einem Doppelklick können Sie die neuen Texte ändern. Sonst ändert sich nichts in den Dateien.</translation>
+    </message>
+    <message>
+        <source>&amp;Song con tag da preparare:</source>
+        <translation>&amp;Songs mit Tags, die vorzubereiten sind:</translation>
+    </message>
+    <message>
+        <source>Song e campo</source>
+        <translation>Song und Angabe</translation>
+    </message>
+    <message>
+        <source>Il player mostra</source>
+        <translation>Der Player zeigt</translation>
+    </message>
+    <message>
+        <source>Nel tag</source>
+        <translation>Im Tag</translation>
+    </message>
+    <message>
+        <source>Il player mostrerà</source>
+        <translation>Der Player zeigt danach</translation>
+    </message>
+    <message>
+        <source>&amp;Tutte le song</source>
+        <translation>&amp;Alle Songs</translation>
+    </message>
+    <message>
+        <source>&amp;Applica</source>
+        <translation>An&amp;wenden</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Song scelte: %1 di %2</source>
+        <translation>Ausgewählte Songs: %1 von %2</translation>
+    </message>
+    <message>
+        <source>Scrivo i tag...</source>
+        <translation>Tags werden geschrieben...</translation>
+    </message>
+    <message numerus="yes">
+        <source>Tag scritti: %n.</source>
+        <translation>
+            <numerusform>Geschriebene Tags: %n.</numerusform>
+            <numerusform>Geschriebene Tags: %n.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song sono rimaste come sono.</source>
+        <translation>
+            <numerusform>%n Song ist geblieben, wie er ist.</numerusform>
+            <numerusform>%n Songs sind geblieben, wie sie sind.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Interrotto: le altre song non sono state toccate.</source>
+        <translation>Angehalten: Die anderen Songs wurden nicht angerührt.</translation>
+    </message>
+    <message>
+        <source>&amp;Dettagli...</source>
+        <translation>&amp;Einzelheiten...</translation>
+    </message>
+    <message>
+        <source>&amp;Song rimaste come sono:</source>
+        <translation>&amp;Songs, die geblieben sind, wie sie sind:</translation>
     </message>
 </context>
 </TS>

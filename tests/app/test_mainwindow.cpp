@@ -211,7 +211,7 @@ void TestMainWindow::menusStandInTheirOrder()
              QStringLiteral("actionCopyrightYes actionCopyrightNo"));
     QCOMPARE(names("menuStrumenti"),
              QStringLiteral("optimizeMemory actionSongsList actionMemory  actionTransferPlan "
-                            "actionPreviewChanges"));
+                            "actionPreviewChanges actionPrepareTags"));
     QCOMPARE(names("menuHelp"), QStringLiteral("actionContents actionAbout actionAbout_QT"));
     for (const char *checkable : {"actionItalian", "actionEnglish", "actionGerman",
                                   "actionCopyrightYes", "actionCopyrightNo"})

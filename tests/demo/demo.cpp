@@ -6,8 +6,10 @@
 #include "app/startup.h"
 #include "library/branding.h"
 #include "library/database.h"
+#include "support/mp3judges.h"
 #include "support/planwindow.h"
 #include "support/samplesongs.h"
+#include "support/tagsofothers.h"
 #include "support/userdriver.h"
 #include "windows/backupdialog.h"
 #include "windows/dataeditdialog.h"
@@ -126,6 +128,14 @@ bool Demo::gatherSongs()
                        m_songs.last(),
                        {title, QStringLiteral("Demonstration"), QStringLiteral("Classical")}, 4);
     }
+    // The player cannot show the texts of this one.
+    const QByteArray sound = mp3judges::audioOf(samplesongs::readFile(m_songs.last()));
+    m_songs << music + QStringLiteral("zvon.mp3");
+    ok = ok && samplesongs::writeFile(m_songs.last(),
+                                      tagsofothers::song(QString::fromUtf8("Čárový “zvon”"),
+                                                         QString::fromUtf8("Řehoř"))
+                                              .chopped(tagsofothers::audio().size()) +
+                                          sound);
     for (int i = 0; i < 3 && i < midi.size(); ++i) {
         const QByteArray magic = "_MF" + QByteArray::number(i + 3);
         m_songs << music + QStringLiteral("packed%1.mf%2").arg(i).arg(i + 3);
@@ -373,6 +383,9 @@ void Demo::runJob(const QString &language)
     say(QStringLiteral("Look at what several songs would get from their names, and the other way"));
     trigger("actionEditSeveral");
     trigger("actionRenameSeveral");
+
+    say(QStringLiteral("Look at the tags that the player cannot show"));
+    trigger("actionPrepareTags");
 
     say(QStringLiteral("Look at the history"));
     trigger("actionHistory");

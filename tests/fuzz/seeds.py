@@ -8,6 +8,7 @@ takes in front of its file (see fuzzing.h).
 import hashlib
 import os
 import sys
+import zlib
 
 
 def be(value, size):
@@ -198,6 +199,27 @@ MP3_FILES = {
     "cut": tag(FRAMES, size=len(FRAMES) + 400),
 }
 
+# Tags that are put into the player's form
+
+
+def frame4(name, content, flags=0):
+    return name + be(len(content), 4) + be(flags, 2) + content
+
+
+OTHER_TAGS = {
+    "utf8": tag(frame4(b"TIT2", "\3Čárový".encode()) + frame4(b"TDRC", b"\x031987-06-05") +
+                frame4(b"APIC", "\3image/png\0\3ž\0PNG".encode()) +
+                frame4(b"COMM", "\3itaa\0ž".encode()), 4) + AUDIO,
+    "bigendian": tag(frame4(b"TPE1", "\2Č".encode("utf-16-be")[1:])) + AUDIO,
+    "packed": tag(frame4(b"TIT2", be(4, 4) + zlib.compress(b"\0abc"), 9), 4) + AUDIO,
+    "unsynchronised4": tag(frame4(b"TIT2", b"\1\xff\0\xfea\0", 2), 4) + AUDIO,
+    "old16": tag(b"TT2\0\0\x07\1\xff\xfea\0b\0CRM\0\0\1x", 2) + AUDIO,
+}
+APE_ITEMS = le(1, 4) + bytes(4) + b"Title\0A" + le(3, 4) + bytes(4) + "Artist\0Ž1".encode()
+APE_TAG = (APE_ITEMS + b"APETAGEX" + le(2000, 4) + le(len(APE_ITEMS) + 32, 4) + le(2, 4) +
+           bytes(12))
+OLD_TAG = b"TAG" + b"Title".ljust(30, b"\0") + b"Artist".ljust(30, b"\0") + bytes(64) + b"\x11"
+
 # A memory
 
 
@@ -267,6 +289,10 @@ SEEDS = {
     "fuzz_mp3header": {
         f"{name}{i}": edit + short(b"TALB") + be(10, 4) + short(b"Album") + data
         for name, data in MP3_FILES.items() for i, edit in enumerate(EDITS)},
+    "fuzz_mp3preparation": {
+        f"{name}{i}{len(behind)}": edit + data + behind
+        for name, data in (MP3_FILES | OTHER_TAGS).items() for i, edit in enumerate(EDITS)
+        for behind in (b"", APE_TAG + OLD_TAG)},
     "fuzz_metasong": {
         f"{kind}_{name}{i}{manual}": be(options + manual, 1) + edit + data
         for kind, options, files in (("midi", 0, MIDI_FILES), ("mfx", 0, MFX_FILES),
@@ -319,6 +345,8 @@ WORDS = {
     "fuzz_mfxheader": MAGICS,
     "fuzz_rawmidi": SONG_WORDS,
     "fuzz_mp3header": TAG_NAMES + PUBLISHERS + KEYS,
+    "fuzz_mp3preparation": TAG_NAMES + [b"TDRC", b"APIC", b"COMM", b"TXXX", b"TT2", b"TP1", b"PIC",
+                                        b"\xff\xfe", b"\xff\0", b"APETAGEX", b"TAG", b"Title\0"],
     "fuzz_metasong": SONG_WORDS + MAGICS + TAG_NAMES + [b"-", b"--"],
     "fuzz_songhead": CHUNKS + MAKER_EVENTS + MAGICS + TAG_NAMES,
     "fuzz_memory": [b"/A.MID", b"/B.MP3", b"/../", b"20130527093005", b"\0\xff", be(0xFFFFFFFF, 4)],

@@ -1,7 +1,7 @@
 # cmake -DLAYER=NAME -DLIBRARIES=LIST -DALLOWED=LIST -P check_layer.cmake: fails when the layer is
-# linked with a library of Qt, or another layer, that is not allowed, or is not seen to be linked
-# with one that it needs. LIBRARIES is what it is linked with, by way of others too. Lists are
-# separated by commas.
+# linked with a library of Qt, ICU or TagLib, or another layer, that is not allowed, or is not seen
+# to be linked with one that it needs. LIBRARIES is what it is linked with, by way of others too.
+# Lists are separated by commas.
 cmake_minimum_required(VERSION 3.25)
 string(REPLACE "," ";" LIBRARIES "${LIBRARIES}")
 string(REPLACE "," ";" ALLOWED "${ALLOWED}")
@@ -18,7 +18,7 @@ endforeach()
 
 list(FILTER LIBRARIES EXCLUDE REGEX "_resources_[0-9]+$") # parts of a layer
 foreach(library IN LISTS LIBRARIES)
-  if(library MATCHES "^(Qt6::|Qt6[A-Z]|kavena_)" AND
+  if(library MATCHES "^(Qt6::|Qt6[A-Z]|ICU::|TagLib::|kavena_)" AND
      NOT library IN_LIST ALLOWED AND NOT library IN_LIST settings)
     message(SEND_ERROR "${LAYER} is linked with ${library}, which is not allowed")
   endif()

@@ -22,7 +22,7 @@ expect() {
   [ "$got" = "$wanted" ] || { echo "FAIL: $* offers '$got', not '$wanted'" >&2; exit 1; }
 }
 
-expect "show set edit sync transfer index list remove eject catalogue history undo --help --version" kavena ""
+expect "show set edit sync transfer index list remove eject catalogue history undo tags --help --version" kavena ""
 expect "set" kavena se
 expect "update rebuild check" kavena index ""
 expect "find" kavena catalogue ""
@@ -35,6 +35,7 @@ expect "--json" kavena index check --j
 expect "--any-folder" kavena index update --a
 expect "yes no" kavena remove --confirm ""
 expect "--confirm" kavena remove --c
+expect "--apply" kavena tags --a
 expect "yes no" kavena undo --changed ""
 expect "--without-history" kavena set --w
 expect "--pattern" kavena edit --p

@@ -5,6 +5,7 @@
 #include "app/statussummary.h"
 #include "support/filledmemory.h"
 #include "support/severalwindows.h"
+#include "support/tagsofothers.h"
 #include "windows/aboutdialog.h"
 #include "windows/backupdialog.h"
 #include "windows/changepreviewdialog.h"
@@ -14,6 +15,7 @@
 #include "windows/historydialog.h"
 #include "windows/indexdialog.h"
 #include "windows/nocopyrightdialog.h"
+#include "windows/preparetagsdialog.h"
 #include "windows/proceeddialog.h"
 #include "windows/progresswindow.h"
 #include "windows/renamesongdialog.h"
@@ -27,6 +29,7 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QTableView>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTreeView>
 
@@ -189,6 +192,14 @@ inline std::unique_ptr<QWidget> takingBackDetails()
     return TakingBack::details(exampleTakingBack());
 }
 
+/** A song with texts in Unicode, and one of whose tag something goes. */
+inline std::unique_ptr<QWidget> preparedTags()
+{
+    QTemporaryDir folder;
+    return std::make_unique<PrepareTagsDialog>(tagsofothers::preparations(folder.path()),
+                                               OpenHistory());
+}
+
 inline std::unique_ptr<QWidget> editDialog()
 {
     auto dialog = std::make_unique<DataEditDialog>();
@@ -332,6 +343,7 @@ inline const QList<Case> &windows()
         {"help", plain<HelpDialog>},
         {"summary", importSummary},
         {"history", history},
+        {"tags", preparedTags},
         {"taking-back", takingBack},
         {"taking-back-details", takingBackDetails},
         {"edit", editDialog},
