@@ -56,7 +56,7 @@ struct Request {
     bool pathsFromStandardInput = false;
     Edit edit;
     bool dryRun = false;
-    bool apply = false;  ///< what is shown is written, too
+    bool apply = false;  ///< else the changes are only shown
     bool verify = false; ///< copies are read back
     bool inLine = false; ///< the memory gets what the list has, and only that
     bool remove = false;
@@ -75,6 +75,5 @@ struct Request {
     QList<EditStep> steps;           ///< of an edit of several songs
     std::optional<QString> newNames; ///< the pattern of the files' new names
     bool shortNames = false;         ///< only such names as the player can show
-    bool apply = false;              ///< else the changes are only shown
     QString text;                    ///< what to search the catalogue for
 };

@@ -136,10 +136,9 @@ Index::Change Index::changeSongs(const QString &root, const SongChange &change)
     nextId = maxLoadedId + 1;
     indexChanged = 1; // even an unchanged memory needs its counts again
     createPathIndex();
-    if (hasNoSongs()) {
-        deleteIndex();
-        return Change::NoSongsLeft;
-    }
+    // The folders of a memory that was pulled may look empty.
+    if (hasNoSongs())
+        return deleteIndex() ? Change::NoSongsLeft : Change::NoIndex;
     createKavenaDir();
     return hasWholeIndex() ? Change::Done : Change::NoIndex;
 }
@@ -197,15 +196,16 @@ bool Index::hasIndexBut(QLatin1String missing) const
     });
 }
 
-void Index::deleteIndex()
+bool Index::deleteIndex()
 {
     logDebug() << "delete index";
-    if (!m_build.removeCounts())
+    const bool isGone = m_build.removeCounts();
+    if (!isGone)
         logWarning() << "[Index::deleteIndex] Impossible to remove the counts in" << rootPath;
-    for (const QLatin1String name : indexfiles::all)
-        QFile::remove(filePath(name));
-    for (const QLatin1String name : indexfiles::temporary)
-        QFile::remove(filePath(name));
+    const auto remove = [this](QLatin1String name) { QFile::remove(filePath(name)); };
+    std::for_each(indexfiles::all.begin(), indexfiles::all.end(), remove);
+    std::for_each(indexfiles::temporary.begin(), indexfiles::temporary.end(), remove);
+    return isGone;
 }
 
 void Index::createKavenaDir()

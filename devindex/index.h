@@ -152,8 +152,11 @@ public:
     /** True when all index files are there. */
     bool checkIndexFile() const;
 
-    /** Removes the index files and what earlier builds may have left. */
-    void deleteIndex();
+    /**
+     * Removes the index files and what earlier builds may have left. False when the counts, without
+     * which the others are no index, may still be there.
+     */
+    bool deleteIndex();
 
     /** Fills entries from the index files; negative, with entries empty, when they are damaged. */
     int loadAllIndexFile();

@@ -21,6 +21,8 @@ private slots:
     void changeOfSongsWritesNothing();
     void removalOfSongsWritesNothing();
     void changesOfAPulledMemoryAreNotBegun();
+    void memoryThatOnlyLooksEmptyHasNoTrueIndex();
+    void oneIndexServesSeveralMemories();
     void transferWritesNothing();
     void planWritesNothing();
 
@@ -172,6 +174,30 @@ void TestIndexPulled::changesOfAPulledMemoryAreNotBegun()
     QVERIFY(QFile::remove(same));
     QVERIFY(QDir(m_systemDisk->path() + s("/CARD")).rmdir(s("pop")));
     QVERIFY(isMountPointEmpty());
+}
+
+void TestIndexPulled::memoryThatOnlyLooksEmptyHasNoTrueIndex()
+{
+    const QString counts = m_card->root() + QLatin1Char('/') + s("fsinfos.idx");
+    QVERIFY(QFile::exists(counts));
+    Index index;
+    const Index::Change changed = index.changeSongs(m_card->root(), [&](QList<SongInfoIndex> &) {
+        // What lies there cannot be removed, like the file of a memory that is gone.
+        return QDir(m_folder).removeRecursively() && QDir().mkpath(counts + s("/kept"));
+    });
+    QCOMPARE(changed, Index::Change::NoIndex);
+    QVERIFY(QDir(counts).removeRecursively());
+}
+
+void TestIndexPulled::oneIndexServesSeveralMemories()
+{
+    const QString other = m_systemDisk->path() + s("/CARD");
+    QVERIFY(QDir().mkpath(other + s("/songs")));
+    QVERIFY(QFile::copy(m_folder + s("/a.mid"), other + s("/songs/a.mid")));
+    Index index;
+    QVERIFY(index.updateIndex(m_card->root()));
+    QVERIFY(index.updateIndex(other));
+    QVERIFY(index.updateIndex(m_card->root()));
 }
 
 void TestIndexPulled::transferWritesNothing()
