@@ -4,6 +4,7 @@
 #include "support/ownfolders.h"
 #include "support/settled.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -48,8 +49,12 @@ QStringList complaints(const QWidget &window)
     for (const QWidget *widget : widgets) {
         if (!widget->isVisible() || widget->window() != &window || isInScrollArea(widget))
             continue;
+        // The line in a box with arrows has less room than one by itself; the box is judged.
+        const bool isPart =
+            qobject_cast<const QAbstractSpinBox *>(widget->parentWidget()) != nullptr;
         const bool isUsed = qobject_cast<const QAbstractButton *>(widget) != nullptr ||
-                            qobject_cast<const QLineEdit *>(widget) != nullptr ||
+                            qobject_cast<const QAbstractSpinBox *>(widget) != nullptr ||
+                            (qobject_cast<const QLineEdit *>(widget) != nullptr && !isPart) ||
                             qobject_cast<const QStatusBar *>(widget) != nullptr;
         const QRect place(widget->mapTo(&window, QPoint()), widget->size());
         if (isUsed && !window.rect().contains(place))
