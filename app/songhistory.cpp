@@ -17,7 +17,7 @@
 namespace
 {
 
-constexpr int messageMilliseconds = 15000;
+constexpr int droppedMilliseconds = 15000;
 
 } // namespace
 
@@ -28,7 +28,7 @@ SongHistory::SongHistory(QMainWindow *window, const Ui::MainWindow &form, SongLi
     , m_songs(songs)
     , m_busy(busy)
     , m_history(&confirmation::askToGoOnWithoutHistory, [window](int jobs) {
-        window->statusBar()->showMessage(historytexts::dropped(jobs), messageMilliseconds);
+        window->statusBar()->showMessage(historytexts::dropped(jobs), droppedMilliseconds);
     })
 {
     connect(form.actionTakeBack, &QAction::triggered, this, &SongHistory::takeLastBack);

@@ -18,7 +18,7 @@ ExitStatus HistoryCommand::list()
 {
     const QList<HistoryJob> jobs = m_history.history().store().jobs();
     for (const HistoryJob &job : jobs) {
-        m_writer.job(job, UserHistory::isTakenBack(job, jobs));
+        m_writer.job(job, job.isUndone);
         m_terminal.countDone();
     }
     return m_terminal.status();

@@ -19,12 +19,12 @@
 namespace
 {
 
-enum JobColumn { Time, Kind, Songs, JobState };
-enum SongColumn { SongOrField, Before, After, State };
+enum HistoryJobColumn { JobTime, JobKind, JobSongs, JobState };
+enum HistorySongColumn { HistorySongName, HistoryBefore, HistoryAfter, HistoryNow };
 
-constexpr int firstColumnWidth = 270;
-constexpr int valueColumnWidth = 170;
-constexpr int numberRole = Qt::UserRole;
+constexpr int nameColumnWidth = 270;
+constexpr int oldAndNewWidth = 170;
+constexpr int jobNumberRole = Qt::UserRole;
 
 /** The fields of so many songs are open from the beginning. */
 constexpr qsizetype fewSongs = 20;
@@ -65,9 +65,9 @@ HistoryDialog::HistoryDialog(UserHistory &history, const QStringList &knownSongs
     m_undo.setKnownSongs(knownSongs);
     ui->limitSpinBox->setRange(UserHistory::smallestLimit, UserHistory::largestLimit);
     ui->limitSpinBox->setValue(UserHistory::limit());
-    ui->songsTreeWidget->setColumnWidth(SongOrField, firstColumnWidth);
-    ui->songsTreeWidget->setColumnWidth(Before, valueColumnWidth);
-    ui->songsTreeWidget->setColumnWidth(After, valueColumnWidth);
+    ui->songsTreeWidget->setColumnWidth(HistorySongName, nameColumnWidth);
+    ui->songsTreeWidget->setColumnWidth(HistoryBefore, oldAndNewWidth);
+    ui->songsTreeWidget->setColumnWidth(HistoryAfter, oldAndNewWidth);
     connect(ui->jobsTreeWidget, &QTreeWidget::currentItemChanged, this, &HistoryDialog::showSongs);
     connect(ui->songsTreeWidget, &QTreeWidget::itemExpanded, this, &HistoryDialog::showFields);
     connect(ui->songsTreeWidget, &QTreeWidget::itemChanged, this, &HistoryDialog::enableButtons);
@@ -100,8 +100,8 @@ void HistoryDialog::showJobs()
                                                {QLocale().toString(job.time, QLocale::ShortFormat),
                                                 historytexts::kindName(job.kind),
                                                 QString::number(job.songs), stateOf(job)});
-        item->setTextAlignment(Songs, Qt::AlignRight | Qt::AlignVCenter);
-        item->setData(0, numberRole, job.number);
+        item->setTextAlignment(JobSongs, Qt::AlignRight | Qt::AlignVCenter);
+        item->setData(0, jobNumberRole, job.number);
         if (shown == nullptr || job.number == chosen)
             shown = item;
     }
@@ -137,7 +137,7 @@ const HistoryJob *HistoryDialog::currentJob() const
 {
     const QTreeWidgetItem *const item = ui->jobsTreeWidget->currentItem();
     for (const HistoryJob &job : m_jobs) {
-        if (item != nullptr && job.number == item->data(0, numberRole).toLongLong())
+        if (item != nullptr && job.number == item->data(0, jobNumberRole).toLongLong())
             return &job;
     }
     return nullptr;
@@ -155,8 +155,8 @@ void HistoryDialog::showSongs()
     items.reserve(m_songs.size());
     for (const HistorySong &song : std::as_const(m_songs)) {
         auto *const item = new QTreeWidgetItem({QFileInfo(song.path).fileName()});
-        item->setCheckState(SongOrField, Qt::Unchecked);
-        item->setToolTip(SongOrField, plainToolTip(QDir::toNativeSeparators(song.path)));
+        item->setCheckState(HistorySongName, Qt::Unchecked);
+        item->setToolTip(HistorySongName, plainToolTip(QDir::toNativeSeparators(song.path)));
         item->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
         items.append(item);
     }
@@ -191,8 +191,8 @@ void HistoryDialog::showFields(QTreeWidgetItem *item)
         if (values[0].isEmpty() && values[1].isEmpty())
             continue;
         auto *const line = new QTreeWidgetItem(item, {ChangePreview::fieldName(field)});
-        for (const int column : {Before, After}) {
-            const QString &value = values[column - Before];
+        for (const int column : {HistoryBefore, HistoryAfter}) {
+            const QString &value = values[column - HistoryBefore];
             line->setText(column, value.isEmpty() ? ChangePreview::emptyValue() : value);
             line->setToolTip(column, plainToolTip(value));
             if (value.isEmpty())
@@ -213,8 +213,8 @@ void HistoryDialog::checkSongs()
     while (m_checked < m_songs.size() && !timer.hasExpired(milliseconds)) {
         const HistoryUndo::Found found = m_undo.find(m_songs.at(m_checked));
         QTreeWidgetItem *const item = ui->songsTreeWidget->topLevelItem(m_checked);
-        item->setText(State, historytexts::stateName(found.state));
-        item->setToolTip(State, plainToolTip(QDir::toNativeSeparators(found.path)));
+        item->setText(HistoryNow, historytexts::stateName(found.state));
+        item->setToolTip(HistoryNow, plainToolTip(QDir::toNativeSeparators(found.path)));
         ++m_checked;
     }
     const bool isDone = m_checked == m_songs.size();
@@ -234,7 +234,7 @@ QList<HistorySong> HistoryDialog::chosenSongs() const
 {
     QList<HistorySong> chosen;
     for (int row = 0; row < m_songs.size(); ++row) {
-        if (ui->songsTreeWidget->topLevelItem(row)->checkState(SongOrField) == Qt::Checked)
+        if (ui->songsTreeWidget->topLevelItem(row)->checkState(HistorySongName) == Qt::Checked)
             chosen.append(m_songs.at(row));
     }
     return chosen;

@@ -75,7 +75,8 @@ class Words(CliTest):
             shown = self.run_kavena(*words, "--help", status=0).out
             options = shown[shown.index("Options:\n"):].split("\n\n", maxsplit=1)[0]
             for line in options.splitlines()[1:]:
-                if len(line.rstrip()) > 23 and not line.startswith("  --sort"):
+                if len(line.rstrip()) > 23 and not line.startswith(
+                        ("  --sort", "  --without-history")):
                     self.assertRegex(line, r"^.{22} \S", words)
 
     def test_closed_standard_handles_are_never_given_to_a_file(self):

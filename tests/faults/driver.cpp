@@ -12,15 +12,14 @@
 // with a line, "exit N" or "signal N". What the program said lies in the file "report".
 #include "devindex/filecopier.h"
 #include "devindex/index.h"
-#include "devindex/jobundo.h"
 #include "devindex/songchanges.h"
 #include "devindex/transfer.h"
+#include "faults/historyjobs.h"
 #include "formats/metasong.h"
 #include "library/answer.h"
 #include "library/database.h"
 #include "library/librarybackup.h"
 #include "library/synchronisation.h"
-#include "library/userhistory.h"
 #include "support/catalogue.h"
 #include "support/faults.h"
 #include "support/recordedprogress.h"
@@ -283,46 +282,6 @@ private:
     ProgressRecord m_record;
 };
 
-/** The user wants no song changed that cannot be taken back. */
-std::unique_ptr<HistoryRecorder> recorder(HistoryStore &store, HistoryJob::Kind kind,
-                                          qint64 takesBack = 0)
-{
-    return std::make_unique<HistoryRecorder>(
-        store, kind,
-        [](const QString &reason) {
-            say(WillingUser::failure, reason);
-            return false;
-        },
-        takesBack);
-}
-
-/** Names the songs that the history says were changed, and takes the last job back. */
-bool takeLastBack(const Folders &folders)
-{
-    HistoryStore store(folders.history());
-    if (QFileInfo::exists(folders.history()) && store.open() != HistoryStore::State::Ready) {
-        say(WillingUser::failure, QStringLiteral("the history cannot be used"));
-        return false;
-    }
-    store.settle();
-    const std::optional<HistoryJob> job = UserHistory::last(store.jobs());
-    if (!job)
-        return true;
-    QList<HistorySong> written = store.songs(job->number);
-    written.removeIf([](const HistorySong &song) { return song.newDigest.isEmpty(); });
-    for (const HistorySong &song : std::as_const(written))
-        say(QStringLiteral("kept"), song.path);
-    ProgressRecord record;
-    RecordedProgress progress(record, {}, {}, 0);
-    const HistoryUndo::Report report =
-        JobUndo(store, recordedBy(record))
-            .takeBack(*job, written, false,
-                      *recorder(store, HistoryJob::Kind::TakeBack, job->number), progress);
-    for (const HistoryUndo::Failure &failure : report.failed)
-        say(WillingUser::failure, failure.path + QStringLiteral(": ") + failure.reason);
-    return report.failed.isEmpty() && !report.stopped;
-}
-
 bool indexMemory(const QString &card, bool (Index::*build)(const QString &))
 {
     Index index;
@@ -450,10 +409,10 @@ bool run(const Request &request, std::optional<Library> &library)
     if (job.constFirst() == QLatin1String("histsync")) {
         HistoryStore store(folders.history());
         return library->synchronise(
-            [&store](HistoryJob::Kind kind) { return recorder(store, kind); });
+            [&store](HistoryJob::Kind kind) { return historyjobs::recorder(store, kind, &say); });
     }
     if (job.constFirst() == QLatin1String("histundo"))
-        return takeLastBack(folders);
+        return historyjobs::takeLastBack(folders.history(), &say);
     if (job.constFirst() == QLatin1String("create") || job.constFirst() == QLatin1String("rebuild"))
         return indexMemory(folders.card(), &Index::createIndex);
     if (job.constFirst() == QLatin1String("update"))

@@ -155,7 +155,7 @@ def test(options, work):
 
 def main():
     parser = argparse.ArgumentParser(description="Lets steps fail that are kept in a history.")
-    parser.add_argument("--every", type=int, default=5, help="of so many calls one fails (5)")
+    parser.add_argument("--every", type=int, default=7, help="of so many calls one fails (7)")
     parser.add_argument("driver")
     parser.add_argument("library")
     options = parser.parse_args()
