@@ -421,14 +421,8 @@ void TestMp3Preparation::damagedFramesThatWouldChangeOneAnotherAreNotWritten()
     QVERIFY(preparation);
     SongInfo texts = preparation->shown();
     texts.artist = QStringLiteral("B");
-    const SaveFailure failure = preparation->write(texts);
-    if (failure == SaveFailure::None) {
-        QCOMPARE(Mp3Preparation::of(path())->shown().title, texts.title);
-        QCOMPARE(Mp3Preparation::of(path())->shown().artist, texts.artist);
-    } else {
-        QCOMPARE(failure, SaveFailure::Unreadable);
-        QCOMPARE(readFile(path()), file);
-    }
+    QCOMPARE(preparation->write(texts), SaveFailure::Unreadable);
+    QCOMPARE(readFile(path()), file);
 }
 
 void TestMp3Preparation::fileChangedSinceIsLeftAlone()
