@@ -54,7 +54,7 @@ struct Request {
     bool pathsFromStandardInput = false;
     Edit edit;
     bool dryRun = false;
-    bool apply = false; ///< what is shown is written, too
+    bool apply = false;  ///< what is shown is written, too
     bool verify = false; ///< copies are read back
     bool inLine = false; ///< the memory gets what the list has, and only that
     bool remove = false;
