@@ -83,12 +83,13 @@ bool TagPreparing::prepare(const QStringList &paths)
         Progress *shown = nullptr;
         ShownProgress progress(shown, tr("Tag MP3"), tr("Leggo i tag..."),
                                static_cast<int>(paths.size()), m_window);
+        int done = 0;
         for (const QString &path : paths) {
             if (progress.wasCanceled())
                 return false;
             if (const auto preparation = Mp3Preparation::of(path))
                 preparations.append(*preparation);
-            progress.setValue(static_cast<int>(&path - paths.constData()) + 1);
+            progress.setValue(++done);
             KeepAlive::processEventsNow();
         }
     }

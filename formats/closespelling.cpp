@@ -14,8 +14,7 @@ QString transliterated(const QString &text, const icu::Transliterator *rules)
 {
     if (rules == nullptr)
         return text;
-    icu::UnicodeString changed(reinterpret_cast<const char16_t *>(text.utf16()),
-                               static_cast<int32_t>(text.size()));
+    icu::UnicodeString changed(QStringView(text).utf16(), static_cast<int32_t>(text.size()));
     rules->transliterate(changed);
     return QString::fromUtf16(changed.getBuffer(), changed.length());
 }

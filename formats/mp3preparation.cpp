@@ -1,5 +1,6 @@
 #include "formats/mp3preparation.h"
 
+#include "formats/bytetext.h"
 #include "formats/closespelling.h"
 #include "formats/id3frame.h"
 #include "formats/id3version2.h"
@@ -80,6 +81,19 @@ Mp3Header renewed(const Mp3Header &tag, const QByteArray &start)
     return converted && newTag.loadHeader(*converted) ? newTag : tag;
 }
 
+/**
+ * Writes the texts. False when the tag does not say them then: damaged frames may lie over one
+ * another, so that writing one of them changes another.
+ */
+bool writeTexts(Mp3Header &tag, const SongInfo &texts)
+{
+    const auto held = [](const QString &text) { return textFromBytes(bytesFromText(text)); };
+    writeEditedItems(tag, texts);
+    return tag.title() == held(texts.title) && tag.artist() == held(texts.artist) &&
+           tag.genre() == held(texts.genre) && tag.author() == held(texts.author) &&
+           tag.key() == held(texts.key);
+}
+
 /** A number in place of a genre's name. */
 bool isGenreNumber(const QString &genre)
 {
@@ -108,9 +122,11 @@ std::optional<Mp3Preparation> Mp3Preparation::of(const QString &path)
     made.m_said = textsOfTags(opened.start, opened.behind);
     made.propose(opened.start);
 
-    const Mp3Header tag = renewed(opened.tag, opened.start);
+    Mp3Header tag = renewed(opened.tag, opened.start);
     made.m_keepsVersion = versionOf(tag.stream()) == laterVersion;
-    made.m_canBeWritten = versionOf(tag.stream()) != shortNames;
+    if (made.troubles() != TagTroubles())
+        made.m_canBeWritten =
+            versionOf(tag.stream()) != shortNames && writeTexts(tag, made.m_proposed);
     if (versionOf(opened.start) == shortNames) {
         const Id3Walk walk(opened.start);
         for (const Id3Walk::Frame &frame : walk.frames()) {
@@ -152,10 +168,9 @@ SaveFailure Mp3Preparation::write(const SongInfo &texts) const
         return loadFailureOf(m_path);
     if (opened.digest() != m_digest)
         return SaveFailure::InUse;
-    if (!m_canBeWritten)
-        return SaveFailure::Unreadable;
     Mp3Header tag = renewed(opened.tag, opened.start);
-    writeEditedItems(tag, texts);
+    if (versionOf(tag.stream()) == shortNames || !writeTexts(tag, texts))
+        return SaveFailure::Unreadable;
     const qint64 oldSize = opened.tag.getId3TagSize(opened.start);
     const qint64 size = tag.stream().size() - Mp3Header::headerSize;
     if (size > std::max(mp3tagfile::largestReadTag, oldSize) &&

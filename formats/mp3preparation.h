@@ -46,13 +46,14 @@ public:
      */
     bool keepsVersion() const { return m_keepsVersion; }
 
-    /** False for a damaged tag of ID3v2.2, which nothing can be written into. */
+    /** False for a damaged tag that would not say what was written into it. */
     bool canBeWritten() const { return m_canBeWritten; }
 
     /**
      * Writes title, artist, genre, author, key, tempo and length of the record; characters outside
-     * ISO-8859-1 become "?". InUse, with the file as it is, when the file is another one than the
-     * one that was looked at; TooLarge when the program could not read the song any more.
+     * ISO-8859-1 become "?". Unreadable for a damaged tag that would not say so; InUse, with the
+     * file as it is, when the file is another one than the one that was looked at; TooLarge when
+     * the program could not read the song any more.
      */
     SaveFailure write(const SongInfo &texts) const;
 

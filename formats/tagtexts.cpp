@@ -18,6 +18,7 @@ namespace
 {
 
 constexpr qsizetype largestFrame = 65536;
+constexpr qsizetype largestPackedFrame = 4096; ///< unpacked it may be a thousand times as large
 constexpr qsizetype longestText = 1000;
 
 constexpr const char *readFrames[] = {"TIT2", "TPE1", "TCON", "TCOM", "TKEY", "TBPM", "TLEN",
@@ -99,7 +100,8 @@ QByteArray reducedTag(QByteArrayView tag)
     for (const Id3Walk::Frame &frame : walk.frames()) {
         const bool isRead = std::any_of(std::begin(readFrames), std::end(readFrames),
                                         [&frame](const char *id) { return frame.id == id; });
-        if (isRead && frame.whole.size() <= largestFrame)
+        const qsizetype most = frame.format == 0 ? largestFrame : largestPackedFrame;
+        if (isRead && frame.whole.size() <= most)
             frames += frame.whole.toByteArray();
     }
     if (frames.isEmpty() ||

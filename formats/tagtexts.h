@@ -10,7 +10,7 @@
  * Title, artist, genre, author, key, tempo and length as the tags have them, in Unicode; several
  * artists are put together with "/". A text is taken from the tag at the start of the file (all of
  * its bytes are given), and where that has neither title nor artist from those behind the audio. A
- * text of more than 64 KiB counts as none, and longer ones than a thousand characters are cut. Only
- * these seven are read: a picture of any size costs nothing.
+ * text of more than 64 KiB (4 KiB if it is packed) counts as none, and longer ones than a thousand
+ * characters are cut. Only these seven are read: a picture of any size costs nothing.
  */
 SongInfo textsOfTags(QByteArrayView tag, const TrailingTags &behind);

@@ -114,6 +114,7 @@ private slots:
     void tagStaysVersion4WhereVersion3HasNoSuchFrame();
     void framesWithoutSuccessorAreNamed();
     void damagedOldTagIsNotWritten();
+    void damagedFramesThatWouldChangeOneAnotherAreNotWritten();
     void fileChangedSinceIsLeftAlone();
     void tagThatWouldBecomeTooLargeIsNotWritten();
     void tagTooLargeForTheImportIsPreparedAndKept();
@@ -406,6 +407,21 @@ void TestMp3Preparation::damagedOldTagIsNotWritten()
     QVERIFY(preparation);
     QVERIFY(!preparation->canBeWritten());
     QCOMPARE(preparation->write(preparation->proposed()), SaveFailure::Unreadable);
+    QCOMPARE(readFile(path()), file);
+}
+
+void TestMp3Preparation::damagedFramesThatWouldChangeOneAnotherAreNotWritten()
+{
+    // The size of the title reaches over the artist.
+    const QByteArray packed = qCompress(latin1("abc")).mid(4);
+    const QByteArray file = tag(4, "TIT2" + QByteArray(2, '\0') + "TPE1" + QByteArray("\0\x10", 2) +
+                                       QByteArray("\0\x09", 2) + sizeOfTag(4) + packed) +
+                            audio + id3v1("A", "B");
+    const auto preparation = prepared(file);
+    QVERIFY(preparation);
+    SongInfo texts = preparation->shown();
+    texts.artist = QStringLiteral("B");
+    QCOMPARE(preparation->write(texts), SaveFailure::Unreadable);
     QCOMPARE(readFile(path()), file);
 }
 

@@ -80,8 +80,10 @@ void write(const Mp3Preparation &preparation, const SongInfo &texts)
         FUZZ_REQUIRE(otherFrames(after) == others);
     const auto again = Mp3Preparation::of(path);
     FUZZ_REQUIRE(again.has_value());
-    if (!held(texts.title).isEmpty())
-        FUZZ_REQUIRE(again->shown().title == held(texts.title));
+    const SongInfo &shown = again->shown();
+    FUZZ_REQUIRE(shown.title == held(texts.title) && shown.artist == held(texts.artist));
+    FUZZ_REQUIRE(shown.genre == held(texts.genre) && shown.author == held(texts.author));
+    FUZZ_REQUIRE(shown.key == held(texts.key));
 }
 
 } // namespace
