@@ -286,6 +286,13 @@ SEEDS = {
         "junk": journal(OLD + bytes(9), OLD, OLD + bytes(20), len(OLD), 0),
         "overflow": journal(OLD, OLD, NEW, 0xFFFFFFFF, 8),
         "first": first_journal(OLD, OLD, len(NEW))},
+    "fuzz_csvlist": {
+        "own": short(b"%artist - %title") + short(b"m/Mina - Volare.mid") + short(b"x")
+               + b"TITOLO;ARTISTA;GENERE;FILE;\nVOLARE;MINA;POP;/m/a.mid;\n",
+        "quoted": short(b"(a+)+$") + short(b"\\1") + short(b"a" * 40 + b"!")
+                  + b'file,title,key\r\n"a.mid","x ""y""\r\nz",C\r\n',
+        "tabs": short(b"%genre/%track%%%any") + short(b"a/b/1%c") + short("é".encode())
+                + b"\xef\xbb\xbfDateiname\tTitel\na\tb\n"},
     "fuzz_catalogue": {
         "title": short(b"BLUE MOON") + MARKERS, "wild": short(b"%a%_%") + b"70000;x;;-1;y;3",
         "quote": short(b'a"b') + "1;Größe;".encode(), "many": short(b"%" * 60) + b"1;a;" * 40},
@@ -312,6 +319,8 @@ WORDS = {
     "fuzz_memory": [b"/A.MID", b"/B.MP3", b"/../", b"20130527093005", b"\0\xff", be(0xFFFFFFFF, 4)],
     "fuzz_songjournal": [b"KvSongJr" + be(1, 4), b"KvSongJr" + be(2, 4), b"MThd", b"_MF4",
                          be(0xFFFFFFFF, 4), be(65 << 20, 4)],
+    "fuzz_csvlist": [b"%title", b"%artist", b"%track", b"%any", b"%%", b"file;title", b'""',
+                     b"\xff\xfe", b"(a*)*", b"\\1"],
     "fuzz_catalogue": [b";", b"%", b"_", b'"', b"65535;", b"65536;", b"%_%_"],
 }
 
