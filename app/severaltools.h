@@ -56,6 +56,7 @@ private:
     void enable();
     void showTried(const Rows &rows, const SongInfo &now, SaveFailure failure);
     void showRenamed(const Rows &rows, const QString &path, const QString &newPath);
+    void followHistory();
 
     QMainWindow *const m_window;
     const Ui::MainWindow &m_form;
@@ -63,4 +64,5 @@ private:
     BusyState &m_busy;
     ActionGate &m_gate;
     OpenHistory m_openHistory;
+    QHash<QString, QString> m_otherNames; ///< of files that were renamed, by their present paths
 };

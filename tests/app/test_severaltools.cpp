@@ -93,6 +93,7 @@ private slots:
     void stoppingLeavesTheOtherSongs();
     void historyTakesTheEditBack();
     void filesAreRenamedAndTheListAndTheSelectionFollow();
+    void listFollowsNamesThatAreTakenBack();
     void tickedFilesAloneAreRenamed();
     void nameThatWasTakenSinceIsTold();
     void thousandsOfSongsAreShownWhileTyping();
@@ -122,6 +123,7 @@ private:
     {
         inWindow<RenameSeveralDialog>("actionRenameSeveral", look);
     }
+    void takeLastBack();
     int rowOf(const QString &path) const
     {
         for (int row = 0; row < m_window->model()->goodRowCount(); ++row) {
@@ -161,6 +163,21 @@ void TestSeveralTools::cleanup()
     m_window.reset();
     m_songs.reset();
     AppFixture::cleanup();
+}
+
+void TestSeveralTools::takeLastBack()
+{
+    m_answers.reset();
+    ModalAnswers answers;
+    answers.add([](QWidget *window) {
+        auto *const box = qobject_cast<QMessageBox *>(window);
+        if (box == nullptr)
+            return false;
+        QAbstractButton *const yes = box->button(QMessageBox::Yes);
+        QTest::mouseClick(yes != nullptr ? yes : box->button(QMessageBox::Ok), Qt::LeftButton);
+        return true;
+    });
+    m_window->action("actionTakeBack")->trigger();
 }
 
 void TestSeveralTools::nothingCanBeEditedInAnEmptyList()
@@ -423,17 +440,7 @@ void TestSeveralTools::historyTakesTheEditBack()
         press(dialog, "applyPushButton");
     });
     QVERIFY(samplesongs::readFile(m_volare) != volare);
-    m_answers.reset();
-    ModalAnswers answers;
-    answers.add([](QWidget *window) {
-        auto *const box = qobject_cast<QMessageBox *>(window);
-        if (box == nullptr)
-            return false;
-        QAbstractButton *const yes = box->button(QMessageBox::Yes);
-        QTest::mouseClick(yes != nullptr ? yes : box->button(QMessageBox::Ok), Qt::LeftButton);
-        return true;
-    });
-    m_window->action("actionTakeBack")->trigger();
+    takeLastBack();
     QCOMPARE(samplesongs::readFile(m_volare), volare);
     QCOMPARE(samplesongs::readFile(m_aida), aida);
     QCOMPARE(m_window->model()->title(rowOf(m_volare)), QStringLiteral("one"));
@@ -464,6 +471,22 @@ void TestSeveralTools::filesAreRenamedAndTheListAndTheSelectionFollow()
     m_window->importUserLibrary();
     QCOMPARE(m_window->model()->goodRowCount(), 3);
     QVERIFY(rowOf(renamed) >= 0);
+}
+
+void TestSeveralTools::listFollowsNamesThatAreTakenBack()
+{
+    rename([&](RenameSeveralDialog *dialog) {
+        part<QComboBox>(dialog, "patternComboBox")->setEditText(QStringLiteral("%title"));
+        auto *const tree = part<QTreeWidget>(dialog, "songsTreeWidget");
+        QTRY_COMPARE(tree->topLevelItem(0)->text(1), QStringLiteral("one.mid"));
+        press(dialog, "applyPushButton");
+    });
+    QVERIFY(rowOf(m_volare) < 0);
+    takeLastBack();
+    QVERIFY(QFile::exists(m_volare));
+    QVERIFY(rowOf(m_volare) >= 0);
+    m_window->importUserLibrary();
+    QCOMPARE(m_window->model()->goodRowCount(), 3);
 }
 
 void TestSeveralTools::tickedFilesAloneAreRenamed()

@@ -324,6 +324,13 @@ SEEDS = {
                    short(b'{"length":[]}') + short(b"d" * 32) + short(b"e" * 32) + HISTORY_BLOB),
         "tag": (b"\2\1" + be(9, 4) + short(b"a.mp3") + b"\1" + short(b"b.mp3") + short(b"[") +
                 short(b'{"bpm":1e99}') + short(b"") + short(b"") + be(0xFFFFFFFF, 4) + b"\x11a\1\0")},
+    "fuzz_csvlist": {
+        "own": short(b"%artist - %title") + short(b"m/Mina - Volare.mid") + short(b"x")
+               + b"TITOLO;ARTISTA;GENERE;FILE;\nVOLARE;MINA;POP;/m/a.mid;\n",
+        "quoted": short(b"(a+)+$") + short(b"\\1") + short(b"a" * 40 + b"!")
+                  + b'file,title,key\r\n"a.mid","x ""y""\r\nz",C\r\n',
+        "tabs": short(b"%genre/%track%%%any") + short(b"a/b/1%c") + short("é".encode())
+                + b"\xef\xbb\xbfDateiname\tTitel\na\tb\n"},
     "fuzz_catalogue": {
         "title": short(b"BLUE MOON") + MARKERS, "wild": short(b"%a%_%") + b"70000;x;;-1;y;3",
         "quote": short(b'a"b') + "1;Größe;".encode(), "many": short(b"%" * 60) + b"1;a;" * 40},
@@ -354,6 +361,8 @@ WORDS = {
                          be(0xFFFFFFFF, 4), be(65 << 20, 4)],
     "fuzz_history": [b"SQLite format 3\0", b'{"title":"', be(0x40000000, 4), b"\x11a\1\0", b"MThd",
                      b"ID3\x03\0"],
+    "fuzz_csvlist": [b"%title", b"%artist", b"%track", b"%any", b"%%", b"file;title", b'""',
+                     b"\xff\xfe", b"(a*)*", b"\\1"],
     "fuzz_catalogue": [b";", b"%", b"_", b'"', b"65535;", b"65536;", b"%_%_"],
 }
 
