@@ -82,6 +82,14 @@ void SongList::addRowActions(const Ui::MainWindow &form, ActionGate &gate)
     });
 }
 
+QStringList SongList::files() const
+{
+    QStringList files;
+    for (int row = 0; row < m_model->goodRowCount(); ++row)
+        files.append(m_model->fileName(row));
+    return files;
+}
+
 int SongList::currentRow() const
 {
     return m_view->currentIndex().row();

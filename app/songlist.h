@@ -44,6 +44,9 @@ public:
     UserSongsRelTableModel &model() const { return *m_model; }
     QTableView *view() const { return m_view; }
 
+    /** The songs' files, in the order of the rows; those that a filter hides, too. */
+    QStringList files() const;
+
     /** The row that the user stands on; -1 when there is none. */
     int currentRow() const;
 

@@ -1079,6 +1079,30 @@ Si vuole procedere comunque con la copia?</translation>
         <source>Espelli la memoria</source>
         <translation>Espelli la memoria</translation>
     </message>
+    <message>
+        <source>A&amp;ggiungi file...</source>
+        <translation>A&amp;ggiungi file...</translation>
+    </message>
+    <message>
+        <source>Aggiung&amp;i cartella...</source>
+        <translation>Aggiung&amp;i cartella...</translation>
+    </message>
+    <message>
+        <source>&amp;Apri lista...</source>
+        <translation>&amp;Apri lista...</translation>
+    </message>
+    <message>
+        <source>Sal&amp;va lista...</source>
+        <translation>Sal&amp;va lista...</translation>
+    </message>
+    <message>
+        <source>Ria&amp;pri l&apos;ultima lista</source>
+        <translation>Ria&amp;pri l&apos;ultima lista</translation>
+    </message>
+    <message>
+        <source>&amp;Usati di recente</source>
+        <translation>&amp;Usati di recente</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -3501,6 +3525,92 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
             <numerusform>(e un altro di questo tipo)</numerusform>
             <numerusform>(e altri %n di questo tipo)</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SongLists</name>
+    <message>
+        <source>Queste song sono già nella lista</source>
+        <translation>Queste song sono già nella lista</translation>
+    </message>
+    <message>
+        <source>Song aggiunte alla lista: %1</source>
+        <translation>Song aggiunte alla lista: %1</translation>
+    </message>
+    <message>
+        <source>Apri lista</source>
+        <translation>Apri lista</translation>
+    </message>
+    <message>
+        <source>La lista non contiene song</source>
+        <translation>La lista non contiene song</translation>
+    </message>
+    <message>
+        <source>Non è il percorso di un file</source>
+        <translation>Non è il percorso di un file</translation>
+    </message>
+    <message>
+        <source>La lista è troppo lunga: solo le prime %1 song sono state lette.</source>
+        <translation>La lista è troppo lunga: solo le prime %1 song sono state lette.</translation>
+    </message>
+    <message>
+        <source>La lista è vuota</source>
+        <translation>La lista è vuota</translation>
+    </message>
+    <message>
+        <source>Lista con percorsi relativi (*.m3u8)</source>
+        <translation>Lista con percorsi relativi (*.m3u8)</translation>
+    </message>
+    <message>
+        <source>Lista con percorsi assoluti (*.m3u8)</source>
+        <translation>Lista con percorsi assoluti (*.m3u8)</translation>
+    </message>
+    <message>
+        <source>Salva lista</source>
+        <translation>Salva lista</translation>
+    </message>
+    <message>
+        <source>Song salvate nella lista: %1</source>
+        <translation>Song salvate nella lista: %1</translation>
+    </message>
+    <message>
+        <source>Aggiungi %1</source>
+        <translation>Aggiungi %1</translation>
+    </message>
+    <message>
+        <source>Nessuna lista</source>
+        <translation>Nessuna lista</translation>
+    </message>
+</context>
+<context>
+    <name>UserFile</name>
+    <message>
+        <source>Il file è troppo grande</source>
+        <translation>Il file è troppo grande</translation>
+    </message>
+    <message>
+        <source>Il file non può essere letto</source>
+        <translation>Il file non può essere letto</translation>
+    </message>
+    <message>
+        <source>Il file è una song e non viene sostituito</source>
+        <translation>Il file è una song e non viene sostituito</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è abbastanza spazio</source>
+        <translation>Non c&apos;è abbastanza spazio</translation>
+    </message>
+    <message>
+        <source>Nella cartella non si può scrivere</source>
+        <translation>Nella cartella non si può scrivere</translation>
+    </message>
+    <message>
+        <source>La cartella non esiste</source>
+        <translation>La cartella non esiste</translation>
+    </message>
+    <message>
+        <source>Il file non può essere scritto</source>
+        <translation>Il file non può essere scritto</translation>
     </message>
 </context>
 </TS>

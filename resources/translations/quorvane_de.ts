@@ -1079,6 +1079,30 @@ Trotzdem kopieren?</translation>
         <source>Espelli la memoria</source>
         <translation>Speicher auswerfen</translation>
     </message>
+    <message>
+        <source>A&amp;ggiungi file...</source>
+        <translation>Dateien &amp;hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Aggiung&amp;i cartella...</source>
+        <translation>Ord&amp;ner hinzufügen...</translation>
+    </message>
+    <message>
+        <source>&amp;Apri lista...</source>
+        <translation>Liste ö&amp;ffnen...</translation>
+    </message>
+    <message>
+        <source>Sal&amp;va lista...</source>
+        <translation>Liste s&amp;peichern...</translation>
+    </message>
+    <message>
+        <source>Ria&amp;pri l&apos;ultima lista</source>
+        <translation>Letzte Liste &amp;wieder öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Usati di recente</source>
+        <translation>&amp;Zuletzt verwendet</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -3501,6 +3525,92 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
             <numerusform>(und %n weiterer dieser Art)</numerusform>
             <numerusform>(und %n weitere dieser Art)</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SongLists</name>
+    <message>
+        <source>Queste song sono già nella lista</source>
+        <translation>Diese Songs stehen schon in der Liste</translation>
+    </message>
+    <message>
+        <source>Song aggiunte alla lista: %1</source>
+        <translation>Zur Liste hinzugefügte Songs: %1</translation>
+    </message>
+    <message>
+        <source>Apri lista</source>
+        <translation>Liste öffnen</translation>
+    </message>
+    <message>
+        <source>La lista non contiene song</source>
+        <translation>Die Liste enthält keine Songs</translation>
+    </message>
+    <message>
+        <source>Non è il percorso di un file</source>
+        <translation>Führt zu keiner Datei</translation>
+    </message>
+    <message>
+        <source>La lista è troppo lunga: solo le prime %1 song sono state lette.</source>
+        <translation>Die Liste ist zu lang: Nur ihre ersten Songs (%1) wurden gelesen.</translation>
+    </message>
+    <message>
+        <source>La lista è vuota</source>
+        <translation>Die Liste ist leer</translation>
+    </message>
+    <message>
+        <source>Lista con percorsi relativi (*.m3u8)</source>
+        <translation>Liste, die mit den Songs verschoben werden kann (*.m3u8)</translation>
+    </message>
+    <message>
+        <source>Lista con percorsi assoluti (*.m3u8)</source>
+        <translation>Liste, die allein verschoben werden kann (*.m3u8)</translation>
+    </message>
+    <message>
+        <source>Salva lista</source>
+        <translation>Liste speichern</translation>
+    </message>
+    <message>
+        <source>Song salvate nella lista: %1</source>
+        <translation>In der Liste gespeicherte Songs: %1</translation>
+    </message>
+    <message>
+        <source>Aggiungi %1</source>
+        <translation>%1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Nessuna lista</source>
+        <translation>Keine Liste</translation>
+    </message>
+</context>
+<context>
+    <name>UserFile</name>
+    <message>
+        <source>Il file è troppo grande</source>
+        <translation>Die Datei ist zu groß</translation>
+    </message>
+    <message>
+        <source>Il file non può essere letto</source>
+        <translation>Die Datei kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Il file è una song e non viene sostituito</source>
+        <translation>Die Datei ist ein Song und wird nicht ersetzt</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è abbastanza spazio</source>
+        <translation>Es ist nicht genug Platz</translation>
+    </message>
+    <message>
+        <source>Nella cartella non si può scrivere</source>
+        <translation>In den Ordner kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>La cartella non esiste</source>
+        <translation>Der Ordner ist nicht vorhanden</translation>
+    </message>
+    <message>
+        <source>Il file non può essere scritto</source>
+        <translation>Die Datei kann nicht geschrieben werden</translation>
     </message>
 </context>
 </TS>

@@ -1079,6 +1079,30 @@ Do you want to copy all the same?</translation>
         <source>Espelli la memoria</source>
         <translation>Eject memory</translation>
     </message>
+    <message>
+        <source>A&amp;ggiungi file...</source>
+        <translation>&amp;Add files...</translation>
+    </message>
+    <message>
+        <source>Aggiung&amp;i cartella...</source>
+        <translation>Add fo&amp;lder...</translation>
+    </message>
+    <message>
+        <source>&amp;Apri lista...</source>
+        <translation>&amp;Open list...</translation>
+    </message>
+    <message>
+        <source>Sal&amp;va lista...</source>
+        <translation>Sa&amp;ve list...</translation>
+    </message>
+    <message>
+        <source>Ria&amp;pri l&apos;ultima lista</source>
+        <translation>Reo&amp;pen the last list</translation>
+    </message>
+    <message>
+        <source>&amp;Usati di recente</source>
+        <translation>Re&amp;cently used</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -3501,6 +3525,92 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
             <numerusform>(and %n more of this kind)</numerusform>
             <numerusform>(and %n more of this kind)</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SongLists</name>
+    <message>
+        <source>Queste song sono già nella lista</source>
+        <translation>These songs are in the list already</translation>
+    </message>
+    <message>
+        <source>Song aggiunte alla lista: %1</source>
+        <translation>Songs added to the list: %1</translation>
+    </message>
+    <message>
+        <source>Apri lista</source>
+        <translation>Open list</translation>
+    </message>
+    <message>
+        <source>La lista non contiene song</source>
+        <translation>The list holds no songs</translation>
+    </message>
+    <message>
+        <source>Non è il percorso di un file</source>
+        <translation>Leads to no file</translation>
+    </message>
+    <message>
+        <source>La lista è troppo lunga: solo le prime %1 song sono state lette.</source>
+        <translation>The list is too long: only its first songs (%1) were read.</translation>
+    </message>
+    <message>
+        <source>La lista è vuota</source>
+        <translation>The list is empty</translation>
+    </message>
+    <message>
+        <source>Lista con percorsi relativi (*.m3u8)</source>
+        <translation>List that can be moved with the songs (*.m3u8)</translation>
+    </message>
+    <message>
+        <source>Lista con percorsi assoluti (*.m3u8)</source>
+        <translation>List that can be moved by itself (*.m3u8)</translation>
+    </message>
+    <message>
+        <source>Salva lista</source>
+        <translation>Save list</translation>
+    </message>
+    <message>
+        <source>Song salvate nella lista: %1</source>
+        <translation>Songs saved in the list: %1</translation>
+    </message>
+    <message>
+        <source>Aggiungi %1</source>
+        <translation>Add %1</translation>
+    </message>
+    <message>
+        <source>Nessuna lista</source>
+        <translation>No list</translation>
+    </message>
+</context>
+<context>
+    <name>UserFile</name>
+    <message>
+        <source>Il file è troppo grande</source>
+        <translation>The file is too large</translation>
+    </message>
+    <message>
+        <source>Il file non può essere letto</source>
+        <translation>The file cannot be read</translation>
+    </message>
+    <message>
+        <source>Il file è una song e non viene sostituito</source>
+        <translation>The file is a song and is not replaced</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è abbastanza spazio</source>
+        <translation>There is not enough room</translation>
+    </message>
+    <message>
+        <source>Nella cartella non si può scrivere</source>
+        <translation>The folder cannot be written to</translation>
+    </message>
+    <message>
+        <source>La cartella non esiste</source>
+        <translation>The folder does not exist</translation>
+    </message>
+    <message>
+        <source>Il file non può essere scritto</source>
+        <translation>The file cannot be written</translation>
     </message>
 </context>
 </TS>

@@ -202,7 +202,9 @@ void TestMainWindow::menusStandInTheirOrder()
     QCOMPARE(namesOf(window.child<QMenuBar>("menuBar")->actions()).join(QLatin1Char(' ')),
              QStringLiteral("menuFile menuEdit menuPreferences menuStrumenti menuHelp"));
     QCOMPARE(names("menuFile"),
-             QStringLiteral("actionSelectSongs actionSynchronise actionTransfer  actionEditSong "
+             QStringLiteral("actionSelectSongs actionAddFiles actionAddFolder  actionOpenList "
+                            "actionSaveList actionReopenList menuRecent  "
+                            "actionSynchronise actionTransfer  actionEditSong "
                             "actionRemoveSong actionDeleteSongFile  actionFindSong menuSort  "
                             "actionQuit"));
     QCOMPARE(names("menuPreferences"), QStringLiteral("menuLanguage menuMessaggi_Copyright"));
