@@ -16,8 +16,8 @@ public:
 
     void song(const QString &path, const SongInfo &info) override;
     void unreadable(const QString &path, const QString &reason) override;
-    void changes(const QString &path, bool found,
-                 const QList<ChangePreview::Change> &changes) override;
+    void changes(const QString &path, bool found, const QList<ChangePreview::Change> &changes,
+                 CatalogueSource source) override;
     void listed(const SongInfoIndex &song) override;
     void duplicate(int group, Same same, const MemorySong &song) override;
     void removed(const QString &path, const QString &reason) override;
@@ -27,7 +27,7 @@ public:
     void planSum(const TransferPlan &plan) override;
     void job(const HistoryJob &job, bool isTakenBack) override;
     void takenBack(const QString &path, const QString &reason) override;
-    void catalogueSong(const SongsDbRecord &song) override;
+    void catalogueSong(const SongsDbRecord &song, CatalogueSource source) override;
 
     /** The name of a change's field in the JSON lines. */
     static const char *fieldName(ChangePreview::Field field);

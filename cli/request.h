@@ -23,6 +23,9 @@ struct Request {
         Remove,
         Eject,
         CatalogueFind,
+        CatalogueAdd,
+        CatalogueExport,
+        CatalogueImport,
         History,
         Undo
     };

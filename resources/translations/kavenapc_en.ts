@@ -119,6 +119,14 @@ Select a folder for the backup, or press “Continue without backup”.</transla
         <source>(vuoto)</source>
         <translation>(empty)</translation>
     </message>
+    <message>
+        <source>il mio catalogo</source>
+        <translation>my catalogue</translation>
+    </message>
+    <message>
+        <source>catalogo del programma</source>
+        <translation>the program&apos;s catalogue</translation>
+    </message>
 </context>
 <context>
     <name>ChangePreviewDialog</name>
@@ -1751,6 +1759,30 @@ Please install the program again.</translation>
         <source>Non è nel catalogo</source>
         <translation>Not in the catalogue</translation>
     </message>
+    <message>
+        <source>Senza titolo o nome non può stare nel catalogo</source>
+        <translation>Without a title or a name it cannot be in the catalogue</translation>
+    </message>
+    <message>
+        <source>Un&apos;altra song ha lo stesso nome</source>
+        <translation>Another song has the same name</translation>
+    </message>
+    <message>
+        <source>Non contiene voci</source>
+        <translation>Holds no entries</translation>
+    </message>
+    <message>
+        <source>La voce è già nel catalogo. Sostituirla?</source>
+        <translation>The entry is in the catalogue already. Replace it?</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è ancora un catalogo</source>
+        <translation>There is no catalogue yet</translation>
+    </message>
+    <message>
+        <source>Il file esiste già. Sostituirlo?</source>
+        <translation>The file exists already. Replace it?</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
@@ -1799,8 +1831,8 @@ Please install the program again.</translation>
         <translation>the destination folder, on a memory</translation>
     </message>
     <message>
-        <source>sostituisce i file che ci sono già</source>
-        <translation>replaces files that are already there</translation>
+        <source>sostituisce i file, o le voci, che ci sono già</source>
+        <translation>replaces files, or entries, that are there already</translation>
     </message>
     <message>
         <source>accorcia i nomi troppo lunghi per il player</source>
@@ -2162,6 +2194,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>%1, annullato</source>
         <translation>%1, undone</translation>
+    </message>
+    <message>
+        <source>Catalogo</source>
+        <translation>Catalogue</translation>
     </message>
 </context>
 <context>
@@ -3611,6 +3647,52 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
     <message>
         <source>Il file non può essere scritto</source>
         <translation>The file cannot be written</translation>
+    </message>
+</context>
+<context>
+    <name>OwnCatalogue</name>
+    <message>
+        <source>Il mio catalogo è di una versione più recente del programma.</source>
+        <translation>My catalogue is of a later version of the program.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo è danneggiato, o non è un catalogo di questo programma.</source>
+        <translation>My catalogue is damaged, or is no catalogue of this program.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo non può essere letto.</source>
+        <translation>My catalogue cannot be read.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo non può essere scritto.</source>
+        <translation>My catalogue cannot be written.</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueTsv</name>
+    <message>
+        <source>riga %1: %2</source>
+        <translation>line %1: %2</translation>
+    </message>
+    <message>
+        <source>non è testo</source>
+        <translation>is no text</translation>
+    </message>
+    <message>
+        <source>mancano delle colonne</source>
+        <translation>columns are missing</translation>
+    </message>
+    <message>
+        <source>durata e tempo devono essere numeri</source>
+        <translation>length and tempo must be numbers</translation>
+    </message>
+    <message>
+        <source>mancano il titolo o il nome del file, o un testo è troppo lungo</source>
+        <translation>the title or the file name is missing, or a text is too long</translation>
+    </message>
+    <message>
+        <source>ci sono troppe voci</source>
+        <translation>there are too many entries</translation>
     </message>
 </context>
 </TS>

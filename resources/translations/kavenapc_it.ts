@@ -119,6 +119,14 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
         <source>(vuoto)</source>
         <translation>(vuoto)</translation>
     </message>
+    <message>
+        <source>il mio catalogo</source>
+        <translation>il mio catalogo</translation>
+    </message>
+    <message>
+        <source>catalogo del programma</source>
+        <translation>catalogo del programma</translation>
+    </message>
 </context>
 <context>
     <name>ChangePreviewDialog</name>
@@ -1751,6 +1759,30 @@ Installare di nuovo il programma.</translation>
         <source>Non è nel catalogo</source>
         <translation>Non è nel catalogo</translation>
     </message>
+    <message>
+        <source>Senza titolo o nome non può stare nel catalogo</source>
+        <translation>Senza titolo o nome non può stare nel catalogo</translation>
+    </message>
+    <message>
+        <source>Un&apos;altra song ha lo stesso nome</source>
+        <translation>Un&apos;altra song ha lo stesso nome</translation>
+    </message>
+    <message>
+        <source>Non contiene voci</source>
+        <translation>Non contiene voci</translation>
+    </message>
+    <message>
+        <source>La voce è già nel catalogo. Sostituirla?</source>
+        <translation>La voce è già nel catalogo. Sostituirla?</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è ancora un catalogo</source>
+        <translation>Non c&apos;è ancora un catalogo</translation>
+    </message>
+    <message>
+        <source>Il file esiste già. Sostituirlo?</source>
+        <translation>Il file esiste già. Sostituirlo?</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
@@ -1799,8 +1831,8 @@ Installare di nuovo il programma.</translation>
         <translation>la cartella di destinazione, in una memoria</translation>
     </message>
     <message>
-        <source>sostituisce i file che ci sono già</source>
-        <translation>sostituisce i file che ci sono già</translation>
+        <source>sostituisce i file, o le voci, che ci sono già</source>
+        <translation>sostituisce i file, o le voci, che ci sono già</translation>
     </message>
     <message>
         <source>accorcia i nomi troppo lunghi per il player</source>
@@ -2162,6 +2194,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>%1, annullato</source>
         <translation>%1, annullato</translation>
+    </message>
+    <message>
+        <source>Catalogo</source>
+        <translation>Catalogo</translation>
     </message>
 </context>
 <context>
@@ -3611,6 +3647,52 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
     <message>
         <source>Il file non può essere scritto</source>
         <translation>Il file non può essere scritto</translation>
+    </message>
+</context>
+<context>
+    <name>OwnCatalogue</name>
+    <message>
+        <source>Il mio catalogo è di una versione più recente del programma.</source>
+        <translation>Il mio catalogo è di una versione più recente del programma.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo è danneggiato, o non è un catalogo di questo programma.</source>
+        <translation>Il mio catalogo è danneggiato, o non è un catalogo di questo programma.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo non può essere letto.</source>
+        <translation>Il mio catalogo non può essere letto.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo non può essere scritto.</source>
+        <translation>Il mio catalogo non può essere scritto.</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueTsv</name>
+    <message>
+        <source>riga %1: %2</source>
+        <translation>riga %1: %2</translation>
+    </message>
+    <message>
+        <source>non è testo</source>
+        <translation>non è testo</translation>
+    </message>
+    <message>
+        <source>mancano delle colonne</source>
+        <translation>mancano delle colonne</translation>
+    </message>
+    <message>
+        <source>durata e tempo devono essere numeri</source>
+        <translation>durata e tempo devono essere numeri</translation>
+    </message>
+    <message>
+        <source>mancano il titolo o il nome del file, o un testo è troppo lungo</source>
+        <translation>mancano il titolo o il nome del file, o un testo è troppo lungo</translation>
+    </message>
+    <message>
+        <source>ci sono troppe voci</source>
+        <translation>ci sono troppe voci</translation>
     </message>
 </context>
 </TS>

@@ -119,6 +119,14 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
         <source>(vuoto)</source>
         <translation>(leer)</translation>
     </message>
+    <message>
+        <source>il mio catalogo</source>
+        <translation>mein Katalog</translation>
+    </message>
+    <message>
+        <source>catalogo del programma</source>
+        <translation>Katalog des Programms</translation>
+    </message>
 </context>
 <context>
     <name>ChangePreviewDialog</name>
@@ -1751,6 +1759,30 @@ Bitte installieren Sie das Programm neu.</translation>
         <source>Non è nel catalogo</source>
         <translation>Steht nicht im Katalog</translation>
     </message>
+    <message>
+        <source>Senza titolo o nome non può stare nel catalogo</source>
+        <translation>Ohne Titel oder Namen kann der Song nicht im Katalog stehen</translation>
+    </message>
+    <message>
+        <source>Un&apos;altra song ha lo stesso nome</source>
+        <translation>Ein anderer Song hat denselben Namen</translation>
+    </message>
+    <message>
+        <source>Non contiene voci</source>
+        <translation>Enthält keine Einträge</translation>
+    </message>
+    <message>
+        <source>La voce è già nel catalogo. Sostituirla?</source>
+        <translation>Der Eintrag steht schon im Katalog. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è ancora un catalogo</source>
+        <translation>Es gibt noch keinen Katalog</translation>
+    </message>
+    <message>
+        <source>Il file esiste già. Sostituirlo?</source>
+        <translation>Die Datei ist schon vorhanden. Ersetzen?</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
@@ -1799,8 +1831,8 @@ Bitte installieren Sie das Programm neu.</translation>
         <translation>der Zielordner, auf einem Speicher</translation>
     </message>
     <message>
-        <source>sostituisce i file che ci sono già</source>
-        <translation>ersetzt Dateien, die es dort schon gibt</translation>
+        <source>sostituisce i file, o le voci, che ci sono già</source>
+        <translation>ersetzt Dateien oder Einträge, die schon da sind</translation>
     </message>
     <message>
         <source>accorcia i nomi troppo lunghi per il player</source>
@@ -2162,6 +2194,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>%1, annullato</source>
         <translation>%1, zurückgenommen</translation>
+    </message>
+    <message>
+        <source>Catalogo</source>
+        <translation>Katalog</translation>
     </message>
 </context>
 <context>
@@ -3611,6 +3647,52 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
     <message>
         <source>Il file non può essere scritto</source>
         <translation>Die Datei kann nicht geschrieben werden</translation>
+    </message>
+</context>
+<context>
+    <name>OwnCatalogue</name>
+    <message>
+        <source>Il mio catalogo è di una versione più recente del programma.</source>
+        <translation>Mein Katalog stammt von einer neueren Version des Programms.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo è danneggiato, o non è un catalogo di questo programma.</source>
+        <translation>Mein Katalog ist beschädigt oder kein Katalog dieses Programms.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo non può essere letto.</source>
+        <translation>Mein Katalog kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo non può essere scritto.</source>
+        <translation>Mein Katalog kann nicht geschrieben werden.</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueTsv</name>
+    <message>
+        <source>riga %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>non è testo</source>
+        <translation>ist kein Text</translation>
+    </message>
+    <message>
+        <source>mancano delle colonne</source>
+        <translation>Spalten fehlen</translation>
+    </message>
+    <message>
+        <source>durata e tempo devono essere numeri</source>
+        <translation>Dauer und Tempo müssen Zahlen sein</translation>
+    </message>
+    <message>
+        <source>mancano il titolo o il nome del file, o un testo è troppo lungo</source>
+        <translation>Titel oder Dateiname fehlen, oder ein Text ist zu lang</translation>
+    </message>
+    <message>
+        <source>ci sono troppe voci</source>
+        <translation>es sind zu viele Einträge</translation>
     </message>
 </context>
 </TS>
