@@ -2,6 +2,7 @@
 
 #include "app/actiongate.h"
 #include "app/memories.h"
+#include "app/owncataloguemenu.h"
 #include "app/rowediting.h"
 #include "app/songbackup.h"
 #include "app/songdrop.h"
@@ -161,6 +162,7 @@ void MainWindow::initUserLibraryModel()
         m_buttons.setSynchronise(true);
         m_buttons.setTransfer(true);
     });
+    new OwnCatalogueMenu(this, *ui, *m_songs, m_busy, *m_actionGate);
     connect(m_songs, &SongList::editRequested, this, &MainWindow::onSongsTableViewDoubleClicked);
     connect(m_songs, &SongList::menuRequested, this, &MainWindow::onSongsTableViewShowContextMenu);
     // Backup and transfer copy the selected files: they would miss this one for ever.

@@ -79,6 +79,9 @@ signals:
     void removeRequested(int row);
     void deleteRequested(int row);
 
+    /** The song is to be an entry of the user's own catalogue. */
+    void catalogueRequested(int row);
+
     /** The menu of the row at this place of the table is asked for. */
     void menuRequested(const QPoint &position);
 

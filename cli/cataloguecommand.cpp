@@ -1,10 +1,9 @@
 #include "cli/cataloguecommand.h"
 
 #include "cli/songpaths.h"
-#include "formats/metasong.h"
 #include "library/cataloguetsv.h"
 #include "library/database.h"
-#include "library/unreadablefile.h"
+#include "library/songentries.h"
 #include "library/userfile.h"
 
 #include <QFileInfo>
@@ -50,29 +49,12 @@ ExitStatus CatalogueCommand::add()
     const std::optional<QStringList> songs = SongPaths::songs(m_request, m_terminal);
     if (!songs)
         return ExitStatus::NothingDone;
-    QList<SongsDbRecord> entries;
-    QSet<QString> names;
-    for (const QString &path : *songs) {
-        if (m_terminal.isStopped())
-            return ExitStatus::NothingDone;
-        MetaSong song;
-        if (!song.importFile(path)) {
-            m_terminal.fail(path, UnreadableFile::examine(path, song.wasInUse()).reasonText());
-            continue;
-        }
-        SongInfo info;
-        song.getSongInfo(info);
-        info.shortName = QFileInfo(path).fileName();
-        const SongsDbRecord entry = OwnCatalogue::entryOf(info);
-        if (!OwnCatalogue::isValid(entry))
-            m_terminal.fail(path, tr("Senza titolo o nome non può stare nel catalogo"));
-        else if (names.contains(entry.filename))
-            m_terminal.fail(path, tr("Un'altra song ha lo stesso nome"));
-        else
-            entries.append(entry);
-        names.insert(entry.filename);
-    }
-    return put(entries);
+    const auto progress =
+        m_terminal.openProgress({}, tr("Catalogo"), static_cast<int>(songs->size()));
+    const SongEntries read = SongEntries::read(*songs, *progress);
+    for (const SongEntries::Failure &failure : read.failures)
+        m_terminal.fail(failure.path, failure.reason);
+    return read.isStopped || m_terminal.isStopped() ? ExitStatus::NothingDone : put(read.entries);
 }
 
 ExitStatus CatalogueCommand::importTsv()

@@ -1111,6 +1111,18 @@ Si vuole procedere comunque con la copia?</translation>
         <source>&amp;Usati di recente</source>
         <translation>&amp;Usati di recente</translation>
     </message>
+    <message>
+        <source>&amp;Aggiungi al mio catalogo</source>
+        <translation>&amp;Aggiungi al mio catalogo</translation>
+    </message>
+    <message>
+        <source>Aggiungi al mio catalogo</source>
+        <translation>Aggiungi al mio catalogo</translation>
+    </message>
+    <message>
+        <source>&amp;Il mio catalogo...</source>
+        <translation>&amp;Il mio catalogo...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1760,14 +1772,6 @@ Installare di nuovo il programma.</translation>
         <translation>Non è nel catalogo</translation>
     </message>
     <message>
-        <source>Senza titolo o nome non può stare nel catalogo</source>
-        <translation>Senza titolo o nome non può stare nel catalogo</translation>
-    </message>
-    <message>
-        <source>Un&apos;altra song ha lo stesso nome</source>
-        <translation>Un&apos;altra song ha lo stesso nome</translation>
-    </message>
-    <message>
         <source>Non contiene voci</source>
         <translation>Non contiene voci</translation>
     </message>
@@ -1782,6 +1786,10 @@ Installare di nuovo il programma.</translation>
     <message>
         <source>Il file esiste già. Sostituirlo?</source>
         <translation>Il file esiste già. Sostituirlo?</translation>
+    </message>
+    <message>
+        <source>Catalogo</source>
+        <translation>Catalogo</translation>
     </message>
 </context>
 <context>
@@ -3693,6 +3701,234 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
     <message>
         <source>ci sono troppe voci</source>
         <translation>ci sono troppe voci</translation>
+    </message>
+</context>
+<context>
+    <name>SongEntries</name>
+    <message>
+        <source>Senza titolo o nome non può stare nel catalogo</source>
+        <translation>Senza titolo o nome non può stare nel catalogo</translation>
+    </message>
+    <message>
+        <source>Un&apos;altra song ha lo stesso nome</source>
+        <translation>Un&apos;altra song ha lo stesso nome</translation>
+    </message>
+</context>
+<context>
+    <name>OwnCatalogueMenu</name>
+    <message>
+        <source>%1 è nel mio catalogo</source>
+        <translation>%1 è nel mio catalogo</translation>
+    </message>
+</context>
+<context>
+    <name>SongSync</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>Il mio catalogo</translation>
+    </message>
+    <message>
+        <source>Continuare con il solo catalogo del programma?</source>
+        <translation>Continuare con il solo catalogo del programma?</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueAdding</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>Il mio catalogo</translation>
+    </message>
+    <message>
+        <source>Leggo le song...</source>
+        <translation>Leggo le song...</translation>
+    </message>
+    <message>
+        <source>Il file non contiene voci.</source>
+        <translation>Il file non contiene voci.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n voci sono già nel catalogo. Sostituirle?</source>
+        <translation>
+            <numerusform>Una voce è già nel catalogo. Sostituirla?</numerusform>
+            <numerusform>%n voci sono già nel catalogo. Sostituirle?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Non aggiunto al catalogo:</source>
+        <translation>&amp;Non aggiunto al catalogo:</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueEntryDialog</name>
+    <message>
+        <source>Voce del mio catalogo</source>
+        <translation>Voce del mio catalogo</translation>
+    </message>
+    <message>
+        <source>T&amp;itolo:</source>
+        <translation>T&amp;itolo:</translation>
+    </message>
+    <message>
+        <source>In&amp;terprete:</source>
+        <translation>In&amp;terprete:</translation>
+    </message>
+    <message>
+        <source>Interprete, c&amp;ognome prima:</source>
+        <translation>Interprete, c&amp;ognome prima:</translation>
+    </message>
+    <message>
+        <source>&amp;Genere:</source>
+        <translation>&amp;Genere:</translation>
+    </message>
+    <message>
+        <source>&amp;Autore:</source>
+        <translation>&amp;Autore:</translation>
+    </message>
+    <message>
+        <source>&amp;Durata:</source>
+        <translation>&amp;Durata:</translation>
+    </message>
+    <message>
+        <source>&amp;BPM:</source>
+        <translation>&amp;BPM:</translation>
+    </message>
+    <message>
+        <source>Tona&amp;lità:</source>
+        <translation>Tona&amp;lità:</translation>
+    </message>
+    <message>
+        <source>Nome del &amp;file:</source>
+        <translation>Nome del &amp;file:</translation>
+    </message>
+    <message>
+        <source>&amp;Marker:</source>
+        <translation>&amp;Marker:</translation>
+    </message>
+    <message>
+        <source>&amp;Salva</source>
+        <translation>&amp;Salva</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Manca il titolo.</source>
+        <translation>Manca il titolo.</translation>
+    </message>
+    <message>
+        <source>Manca il nome del file.</source>
+        <translation>Manca il nome del file.</translation>
+    </message>
+    <message>
+        <source>La durata si scrive in minuti e secondi, per esempio 3:05.</source>
+        <translation>La durata si scrive in minuti e secondi, per esempio 3:05.</translation>
+    </message>
+    <message>
+        <source>Ogni riga dei marker ha una misura e un testo, per esempio: 9 Verse1</source>
+        <translation>Ogni riga dei marker ha una misura e un testo, per esempio: 9 Verse1</translation>
+    </message>
+    <message>
+        <source>Un testo è troppo lungo.</source>
+        <translation>Un testo è troppo lungo.</translation>
+    </message>
+    <message>
+        <source>Il tempo è un numero, per esempio 120.</source>
+        <translation>Il tempo è un numero, per esempio 120.</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueDialog</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>Il mio catalogo</translation>
+    </message>
+    <message>
+        <source>La sincronizzazione cerca le song prima in queste voci e poi nel catalogo del programma.</source>
+        <translation>La sincronizzazione cerca le song prima in queste voci e poi nel catalogo del programma.</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca:</source>
+        <translation>&amp;Cerca:</translation>
+    </message>
+    <message>
+        <source>Voci del mio catalogo</source>
+        <translation>Voci del mio catalogo</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titolo</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interprete</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genere</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Durata</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Tonalità</translation>
+    </message>
+    <message>
+        <source>Nome del file</source>
+        <translation>Nome del file</translation>
+    </message>
+    <message>
+        <source>Aggiungi le song della &amp;lista</source>
+        <translation>Aggiungi le song della &amp;lista</translation>
+    </message>
+    <message>
+        <source>&amp;Importa...</source>
+        <translation>&amp;Importa...</translation>
+    </message>
+    <message>
+        <source>Es&amp;porta...</source>
+        <translation>Es&amp;porta...</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica...</source>
+        <translation>&amp;Modifica...</translation>
+    </message>
+    <message>
+        <source>&amp;Elimina</source>
+        <translation>&amp;Elimina</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message>
+        <source>Voci: %1 di %2</source>
+        <translation>Voci: %1 di %2</translation>
+    </message>
+    <message>
+        <source>C&apos;è già una voce con questo nome del file. Sostituirla?</source>
+        <translation>C&apos;è già una voce con questo nome del file. Sostituirla?</translation>
+    </message>
+    <message numerus="yes">
+        <source>Eliminare %n voci dal catalogo? Le song restano come sono.</source>
+        <translation>
+            <numerusform>Eliminare una voce dal catalogo? Le song restano come sono.</numerusform>
+            <numerusform>Eliminare %n voci dal catalogo? Le song restano come sono.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Importa voci</source>
+        <translation>Importa voci</translation>
+    </message>
+    <message>
+        <source>Esporta voci</source>
+        <translation>Esporta voci</translation>
     </message>
 </context>
 </TS>

@@ -1111,6 +1111,18 @@ Trotzdem kopieren?</translation>
         <source>&amp;Usati di recente</source>
         <translation>&amp;Zuletzt verwendet</translation>
     </message>
+    <message>
+        <source>&amp;Aggiungi al mio catalogo</source>
+        <translation>Zu meinem Katalog &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>Aggiungi al mio catalogo</source>
+        <translation>Zu meinem Katalog hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Il mio catalogo...</source>
+        <translation>&amp;Mein Katalog...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1760,14 +1772,6 @@ Bitte installieren Sie das Programm neu.</translation>
         <translation>Steht nicht im Katalog</translation>
     </message>
     <message>
-        <source>Senza titolo o nome non può stare nel catalogo</source>
-        <translation>Ohne Titel oder Namen kann der Song nicht im Katalog stehen</translation>
-    </message>
-    <message>
-        <source>Un&apos;altra song ha lo stesso nome</source>
-        <translation>Ein anderer Song hat denselben Namen</translation>
-    </message>
-    <message>
         <source>Non contiene voci</source>
         <translation>Enthält keine Einträge</translation>
     </message>
@@ -1782,6 +1786,10 @@ Bitte installieren Sie das Programm neu.</translation>
     <message>
         <source>Il file esiste già. Sostituirlo?</source>
         <translation>Die Datei ist schon vorhanden. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>Catalogo</source>
+        <translation>Katalog</translation>
     </message>
 </context>
 <context>
@@ -3693,6 +3701,234 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
     <message>
         <source>ci sono troppe voci</source>
         <translation>es sind zu viele Einträge</translation>
+    </message>
+</context>
+<context>
+    <name>SongEntries</name>
+    <message>
+        <source>Senza titolo o nome non può stare nel catalogo</source>
+        <translation>Ohne Titel oder Namen kann der Song nicht im Katalog stehen</translation>
+    </message>
+    <message>
+        <source>Un&apos;altra song ha lo stesso nome</source>
+        <translation>Ein anderer Song hat denselben Namen</translation>
+    </message>
+</context>
+<context>
+    <name>OwnCatalogueMenu</name>
+    <message>
+        <source>%1 è nel mio catalogo</source>
+        <translation>%1 steht in meinem Katalog</translation>
+    </message>
+</context>
+<context>
+    <name>SongSync</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>Mein Katalog</translation>
+    </message>
+    <message>
+        <source>Continuare con il solo catalogo del programma?</source>
+        <translation>Nur mit dem Katalog des Programms fortfahren?</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueAdding</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>Mein Katalog</translation>
+    </message>
+    <message>
+        <source>Leggo le song...</source>
+        <translation>Songs werden gelesen...</translation>
+    </message>
+    <message>
+        <source>Il file non contiene voci.</source>
+        <translation>Die Datei enthält keine Einträge.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n voci sono già nel catalogo. Sostituirle?</source>
+        <translation>
+            <numerusform>Ein Eintrag steht schon im Katalog. Ersetzen?</numerusform>
+            <numerusform>%n Einträge stehen schon im Katalog. Ersetzen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Non aggiunto al catalogo:</source>
+        <translation>&amp;Nicht in den Katalog aufgenommen:</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueEntryDialog</name>
+    <message>
+        <source>Voce del mio catalogo</source>
+        <translation>Eintrag meines Katalogs</translation>
+    </message>
+    <message>
+        <source>T&amp;itolo:</source>
+        <translation>&amp;Titel:</translation>
+    </message>
+    <message>
+        <source>In&amp;terprete:</source>
+        <translation>&amp;Interpret:</translation>
+    </message>
+    <message>
+        <source>Interprete, c&amp;ognome prima:</source>
+        <translation>Interpret, Nachna&amp;me zuerst:</translation>
+    </message>
+    <message>
+        <source>&amp;Genere:</source>
+        <translation>Musik&amp;richtung:</translation>
+    </message>
+    <message>
+        <source>&amp;Autore:</source>
+        <translation>&amp;Autor:</translation>
+    </message>
+    <message>
+        <source>&amp;Durata:</source>
+        <translation>&amp;Dauer:</translation>
+    </message>
+    <message>
+        <source>&amp;BPM:</source>
+        <translation>T&amp;empo (BPM):</translation>
+    </message>
+    <message>
+        <source>Tona&amp;lità:</source>
+        <translation>T&amp;onart:</translation>
+    </message>
+    <message>
+        <source>Nome del &amp;file:</source>
+        <translation>Datei&amp;name:</translation>
+    </message>
+    <message>
+        <source>&amp;Marker:</source>
+        <translation>A&amp;bschnitte:</translation>
+    </message>
+    <message>
+        <source>&amp;Salva</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Manca il titolo.</source>
+        <translation>Der Titel fehlt.</translation>
+    </message>
+    <message>
+        <source>Manca il nome del file.</source>
+        <translation>Der Dateiname fehlt.</translation>
+    </message>
+    <message>
+        <source>La durata si scrive in minuti e secondi, per esempio 3:05.</source>
+        <translation>Die Dauer wird in Minuten und Sekunden geschrieben, zum Beispiel 3:05.</translation>
+    </message>
+    <message>
+        <source>Ogni riga dei marker ha una misura e un testo, per esempio: 9 Verse1</source>
+        <translation>Jede Zeile der Abschnitte hat einen Takt und einen Text, zum Beispiel: 9 Verse1</translation>
+    </message>
+    <message>
+        <source>Un testo è troppo lungo.</source>
+        <translation>Ein Text ist zu lang.</translation>
+    </message>
+    <message>
+        <source>Il tempo è un numero, per esempio 120.</source>
+        <translation>Das Tempo ist eine Zahl, zum Beispiel 120.</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueDialog</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>Mein Katalog</translation>
+    </message>
+    <message>
+        <source>La sincronizzazione cerca le song prima in queste voci e poi nel catalogo del programma.</source>
+        <translation>Beim Synchronisieren wird zuerst in diesen Einträgen gesucht und dann im Katalog des Programms.</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca:</source>
+        <translation>Su&amp;chen:</translation>
+    </message>
+    <message>
+        <source>Voci del mio catalogo</source>
+        <translation>Einträge meines Katalogs</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Musikrichtung</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Tonart</translation>
+    </message>
+    <message>
+        <source>Nome del file</source>
+        <translation>Dateiname</translation>
+    </message>
+    <message>
+        <source>Aggiungi le song della &amp;lista</source>
+        <translation>Songs der &amp;Liste hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Importa...</source>
+        <translation>E&amp;inlesen...</translation>
+    </message>
+    <message>
+        <source>Es&amp;porta...</source>
+        <translation>Als &amp;Tabelle speichern...</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica...</source>
+        <translation>&amp;Bearbeiten...</translation>
+    </message>
+    <message>
+        <source>&amp;Elimina</source>
+        <translation>Lösc&amp;hen</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Voci: %1 di %2</source>
+        <translation>Einträge: %1 von %2</translation>
+    </message>
+    <message>
+        <source>C&apos;è già una voce con questo nome del file. Sostituirla?</source>
+        <translation>Es gibt schon einen Eintrag mit diesem Dateinamen. Ersetzen?</translation>
+    </message>
+    <message numerus="yes">
+        <source>Eliminare %n voci dal catalogo? Le song restano come sono.</source>
+        <translation>
+            <numerusform>Einen Eintrag aus dem Katalog löschen? Die Songs bleiben, wie sie sind.</numerusform>
+            <numerusform>%n Einträge aus dem Katalog löschen? Die Songs bleiben, wie sie sind.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Importa voci</source>
+        <translation>Einträge einlesen</translation>
+    </message>
+    <message>
+        <source>Esporta voci</source>
+        <translation>Einträge als Tabelle speichern</translation>
     </message>
 </context>
 </TS>

@@ -1111,6 +1111,18 @@ Do you want to copy all the same?</translation>
         <source>&amp;Usati di recente</source>
         <translation>Re&amp;cently used</translation>
     </message>
+    <message>
+        <source>&amp;Aggiungi al mio catalogo</source>
+        <translation>&amp;Add to my catalogue</translation>
+    </message>
+    <message>
+        <source>Aggiungi al mio catalogo</source>
+        <translation>Add to my catalogue</translation>
+    </message>
+    <message>
+        <source>&amp;Il mio catalogo...</source>
+        <translation>M&amp;y catalogue...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1760,14 +1772,6 @@ Please install the program again.</translation>
         <translation>Not in the catalogue</translation>
     </message>
     <message>
-        <source>Senza titolo o nome non può stare nel catalogo</source>
-        <translation>Without a title or a name it cannot be in the catalogue</translation>
-    </message>
-    <message>
-        <source>Un&apos;altra song ha lo stesso nome</source>
-        <translation>Another song has the same name</translation>
-    </message>
-    <message>
         <source>Non contiene voci</source>
         <translation>Holds no entries</translation>
     </message>
@@ -1782,6 +1786,10 @@ Please install the program again.</translation>
     <message>
         <source>Il file esiste già. Sostituirlo?</source>
         <translation>The file exists already. Replace it?</translation>
+    </message>
+    <message>
+        <source>Catalogo</source>
+        <translation>Catalogue</translation>
     </message>
 </context>
 <context>
@@ -3693,6 +3701,234 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
     <message>
         <source>ci sono troppe voci</source>
         <translation>there are too many entries</translation>
+    </message>
+</context>
+<context>
+    <name>SongEntries</name>
+    <message>
+        <source>Senza titolo o nome non può stare nel catalogo</source>
+        <translation>Without a title or a name it cannot be in the catalogue</translation>
+    </message>
+    <message>
+        <source>Un&apos;altra song ha lo stesso nome</source>
+        <translation>Another song has the same name</translation>
+    </message>
+</context>
+<context>
+    <name>OwnCatalogueMenu</name>
+    <message>
+        <source>%1 è nel mio catalogo</source>
+        <translation>%1 is in my catalogue</translation>
+    </message>
+</context>
+<context>
+    <name>SongSync</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>My catalogue</translation>
+    </message>
+    <message>
+        <source>Continuare con il solo catalogo del programma?</source>
+        <translation>Go on with the program&apos;s catalogue only?</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueAdding</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>My catalogue</translation>
+    </message>
+    <message>
+        <source>Leggo le song...</source>
+        <translation>Reading the songs...</translation>
+    </message>
+    <message>
+        <source>Il file non contiene voci.</source>
+        <translation>The file holds no entries.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n voci sono già nel catalogo. Sostituirle?</source>
+        <translation>
+            <numerusform>One entry is in the catalogue already. Replace it?</numerusform>
+            <numerusform>%n entries are in the catalogue already. Replace them?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Non aggiunto al catalogo:</source>
+        <translation>&amp;Not added to the catalogue:</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueEntryDialog</name>
+    <message>
+        <source>Voce del mio catalogo</source>
+        <translation>Entry of my catalogue</translation>
+    </message>
+    <message>
+        <source>T&amp;itolo:</source>
+        <translation>T&amp;itle:</translation>
+    </message>
+    <message>
+        <source>In&amp;terprete:</source>
+        <translation>Ar&amp;tist:</translation>
+    </message>
+    <message>
+        <source>Interprete, c&amp;ognome prima:</source>
+        <translation>Artist, &amp;last name first:</translation>
+    </message>
+    <message>
+        <source>&amp;Genere:</source>
+        <translation>&amp;Genre:</translation>
+    </message>
+    <message>
+        <source>&amp;Autore:</source>
+        <translation>&amp;Author:</translation>
+    </message>
+    <message>
+        <source>&amp;Durata:</source>
+        <translation>L&amp;ength:</translation>
+    </message>
+    <message>
+        <source>&amp;BPM:</source>
+        <translation>Tempo (&amp;BPM):</translation>
+    </message>
+    <message>
+        <source>Tona&amp;lità:</source>
+        <translation>&amp;Key:</translation>
+    </message>
+    <message>
+        <source>Nome del &amp;file:</source>
+        <translation>&amp;File name:</translation>
+    </message>
+    <message>
+        <source>&amp;Marker:</source>
+        <translation>Se&amp;ctions:</translation>
+    </message>
+    <message>
+        <source>&amp;Salva</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Manca il titolo.</source>
+        <translation>The title is missing.</translation>
+    </message>
+    <message>
+        <source>Manca il nome del file.</source>
+        <translation>The file name is missing.</translation>
+    </message>
+    <message>
+        <source>La durata si scrive in minuti e secondi, per esempio 3:05.</source>
+        <translation>The length is written in minutes and seconds, for example 3:05.</translation>
+    </message>
+    <message>
+        <source>Ogni riga dei marker ha una misura e un testo, per esempio: 9 Verse1</source>
+        <translation>Each line of the sections has a bar and a text, for example: 9 Verse1</translation>
+    </message>
+    <message>
+        <source>Un testo è troppo lungo.</source>
+        <translation>A text is too long.</translation>
+    </message>
+    <message>
+        <source>Il tempo è un numero, per esempio 120.</source>
+        <translation>The tempo is a number, for example 120.</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueDialog</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>My catalogue</translation>
+    </message>
+    <message>
+        <source>La sincronizzazione cerca le song prima in queste voci e poi nel catalogo del programma.</source>
+        <translation>Synchronizing looks for songs in these entries first, and then in the program&apos;s catalogue.</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca:</source>
+        <translation>&amp;Find:</translation>
+    </message>
+    <message>
+        <source>Voci del mio catalogo</source>
+        <translation>Entries of my catalogue</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Length</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Key</translation>
+    </message>
+    <message>
+        <source>Nome del file</source>
+        <translation>File name</translation>
+    </message>
+    <message>
+        <source>Aggiungi le song della &amp;lista</source>
+        <translation>Add the songs in the &amp;list</translation>
+    </message>
+    <message>
+        <source>&amp;Importa...</source>
+        <translation>&amp;Import...</translation>
+    </message>
+    <message>
+        <source>Es&amp;porta...</source>
+        <translation>E&amp;xport...</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica...</source>
+        <translation>&amp;Edit...</translation>
+    </message>
+    <message>
+        <source>&amp;Elimina</source>
+        <translation>&amp;Delete</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>Voci: %1 di %2</source>
+        <translation>Entries: %1 of %2</translation>
+    </message>
+    <message>
+        <source>C&apos;è già una voce con questo nome del file. Sostituirla?</source>
+        <translation>There is an entry with this file name already. Replace it?</translation>
+    </message>
+    <message numerus="yes">
+        <source>Eliminare %n voci dal catalogo? Le song restano come sono.</source>
+        <translation>
+            <numerusform>Delete one entry from the catalogue? The songs stay as they are.</numerusform>
+            <numerusform>Delete %n entries from the catalogue? The songs stay as they are.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Importa voci</source>
+        <translation>Import entries</translation>
+    </message>
+    <message>
+        <source>Esporta voci</source>
+        <translation>Export entries</translation>
     </message>
 </context>
 </TS>

@@ -213,7 +213,7 @@ void TestMainWindow::menusStandInTheirOrder()
              QStringLiteral("actionCopyrightYes actionCopyrightNo"));
     QCOMPARE(names("menuStrumenti"),
              QStringLiteral("optimizeMemory actionSongsList actionMemory  actionTransferPlan "
-                            "actionPreviewChanges"));
+                            "actionPreviewChanges  actionAddToCatalogue actionCatalogue"));
     QCOMPARE(names("menuHelp"), QStringLiteral("actionContents actionAbout actionAbout_QT"));
     for (const char *checkable : {"actionItalian", "actionEnglish", "actionGerman",
                                   "actionCopyrightYes", "actionCopyrightNo"})

@@ -102,7 +102,7 @@ void TestSmallScreens::everyWindowFits_data()
     QTest::newRow("740 x 380: dialogs scroll")
         << 740 << 380 << 96
         << QStringLiteral(
-               "edit scrolls\nmemory scrolls\nmemory-empty scrolls\nmemory-songs scrolls\n"
+               "catalogue-entry scrolls\nedit scrolls\nmemory scrolls\nmemory-empty scrolls\nmemory-songs scrolls\n"
                "memory-playlists scrolls\nmemory-duplicates scrolls\n"
                "memory-check scrolls\n");
 }
