@@ -22,7 +22,7 @@ class CatalogueTsv
 
 public:
     static constexpr qint64 mostBytes = qint64{64} << 20;
-    static constexpr qsizetype longestLine = 131072;
+    static constexpr qsizetype longestLine = 524288;
     static constexpr qsizetype mostProblems = 100;
 
     QList<SongsDbRecord> entries; ///< of several with one file name the last one

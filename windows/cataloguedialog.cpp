@@ -21,6 +21,7 @@ enum EntryColumn { Title, Artist, Genre, Length, Tempo, Key, FileName };
 
 constexpr int titleWidth = 230;
 constexpr int artistWidth = 180;
+constexpr int shortWidth = 65;
 
 bool holdsText(const SongsDbRecord &entry, const QString &text)
 {
@@ -47,6 +48,8 @@ CatalogueDialog::CatalogueDialog(const QStringList &songs, QWidget *parent)
     QHeaderView *const header = ui->entriesTreeWidget->header();
     header->resizeSection(Title, titleWidth);
     header->resizeSection(Artist, artistWidth);
+    for (const EntryColumn column : {Length, Tempo, Key})
+        header->resizeSection(column, shortWidth);
     connect(ui->searchLineEdit, &QLineEdit::textChanged, this, &CatalogueDialog::showEntries);
     connect(ui->entriesTreeWidget, &QTreeWidget::itemSelectionChanged, this,
             &CatalogueDialog::enableButtons);

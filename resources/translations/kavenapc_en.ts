@@ -3740,7 +3740,7 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
     </message>
     <message>
         <source>Leggo le song...</source>
-        <translation>Reading the songs...</translation>
+        <translation>Looking at the songs...</translation>
     </message>
     <message>
         <source>Il file non contiene voci.</source>

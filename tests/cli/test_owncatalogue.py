@@ -132,7 +132,7 @@ class OwnCatalogueTest(songs.CliTest):
     def test_hostile_tables_are_told_line_by_line(self):
         good = "\t".join(["Good", "A", "G", "W", "60", "100", "C", "good", "1;Intro;", "A"])
         bad = "\t".join(["'); DROP TABLE Songs; --", "A", "G", "W", "x", "1", "C", "bad", "", ""])
-        self.write("t.tsv", ("\n".join([good, bad, "only one cell", "x" * 200000])).encode())
+        self.write("t.tsv", ("\n".join([good, bad, "only one cell", "x" * 600000])).encode())
         result = self.run_kavena("catalogue", "import", "t.tsv", status=1)
         self.assertEqual(len(result.err.splitlines()), 3)
         self.assertIn("line 2", result.err)

@@ -286,6 +286,13 @@ SEEDS = {
         "junk": journal(OLD + bytes(9), OLD, OLD + bytes(20), len(OLD), 0),
         "overflow": journal(OLD, OLD, NEW, 0xFFFFFFFF, 8),
         "first": first_journal(OLD, OLD, len(NEW))},
+    "fuzz_lists": {
+        "m3u8": b"\xef\xbb\xbf#EXTM3U\r\n#EXTINF:1,A\r\na.mid\r\n../b c.mp3\n/x/\xc3\xbc.kar\n"
+                b"file:///y/%C3%BC%20%0A.mid\nhttp://example.org/z.mp3\nC:\\d.mid\n:e.mid\nF\xfc.mid",
+        "tsv": b"title\tartist\tgenre\tauthor\tlength\tbpm\tkey\tfilename\tmarkers\taltartist\n"
+               b"T\tA\tG\tW\t60\t120\tC#\tfile\t1;Intro;9;A%3B%25;12;%;\tA\\tB\\n\\\\\n",
+        "plain-tsv": b"T\tA\tG\tW\t\t\tC\tfile\tNULL\tA\nT\tA\tG\tW\tx\t\tC\tother\t\tA\n",
+    },
     "fuzz_catalogue": {
         "title": short(b"BLUE MOON") + MARKERS, "wild": short(b"%a%_%") + b"70000;x;;-1;y;3",
         "quote": short(b'a"b') + "1;Größe;".encode(), "many": short(b"%" * 60) + b"1;a;" * 40},
@@ -312,6 +319,8 @@ WORDS = {
     "fuzz_memory": [b"/A.MID", b"/B.MP3", b"/../", b"20130527093005", b"\0\xff", be(0xFFFFFFFF, 4)],
     "fuzz_songjournal": [b"KvSongJr" + be(1, 4), b"KvSongJr" + be(2, 4), b"MThd", b"_MF4",
                          be(0xFFFFFFFF, 4), be(65 << 20, 4)],
+    "fuzz_lists": [b"file://", b"#EXTM3U", b"\xef\xbb\xbf", b"%00", b"%0A", b"../", b"\t", b"\\t",
+                   b"filename", b"altartist", b"markers", b"%3B", b"%25", b"NULL"],
     "fuzz_catalogue": [b";", b"%", b"_", b'"', b"65535;", b"65536;", b"%_%_"],
 }
 
