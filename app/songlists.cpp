@@ -25,7 +25,7 @@
 namespace
 {
 
-constexpr int messageMilliseconds = 8000;
+constexpr int saidMilliseconds = 8000;
 constexpr int widestEntry = 60; ///< characters of a path in the menu
 
 /** Beside the history, for all programs that share it. */
@@ -311,5 +311,5 @@ void SongLists::keepFolders(const QStringList &paths)
 
 void SongLists::say(const QString &text)
 {
-    m_window->statusBar()->showMessage(text, messageMilliseconds);
+    m_window->statusBar()->showMessage(text, saidMilliseconds);
 }

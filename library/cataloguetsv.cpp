@@ -16,15 +16,29 @@ namespace
 constexpr char tsvByteOrderMark[] = "\xEF\xBB\xBF";
 
 /** In the order of the catalogue's table. */
-enum Cell { Title, Artist, Genre, Author, Length, Bpm, Key, FileName, Markers, AltArtist, Cells };
+struct Cell {
+    enum Number {
+        Title,
+        Artist,
+        Genre,
+        Author,
+        Length,
+        Bpm,
+        Key,
+        FileName,
+        Markers,
+        AltArtist,
+        Count
+    };
+};
 
-const std::array<QLatin1String, Cells> cellNames{
+const std::array<QLatin1String, Cell::Count> cellNames{
     QLatin1String("title"),    QLatin1String("artist"),   QLatin1String("genre"),
     QLatin1String("author"),   QLatin1String("length"),   QLatin1String("bpm"),
     QLatin1String("key"),      QLatin1String("filename"), QLatin1String("markers"),
     QLatin1String("altartist")};
 
-static_assert(Cells == CatalogueTsv::columns);
+static_assert(Cell::Count == CatalogueTsv::columns);
 
 using Places = std::array<qsizetype, CatalogueTsv::columns>; ///< where each cell stands in a line
 
@@ -88,21 +102,23 @@ QString CatalogueTsv::read(const QStringList &cells, const std::array<qsizetype,
 {
     if (cells.size() <= *std::max_element(places.cbegin(), places.cend()))
         return tr("mancano delle colonne");
-    const auto text = [&](Cell cell) { return unescaped(cells.at(places[cell])).trimmed(); };
-    const std::optional<qint32> length = numberIn(text(Length));
-    const std::optional<qint32> bpm = numberIn(text(Bpm));
+    const auto text = [&](Cell::Number cell) {
+        return unescaped(cells.at(places[cell])).trimmed();
+    };
+    const std::optional<qint32> length = numberIn(text(Cell::Length));
+    const std::optional<qint32> bpm = numberIn(text(Cell::Bpm));
     if (!length || !bpm)
         return tr("durata e tempo devono essere numeri");
-    entry.title = text(Title);
-    entry.artist = text(Artist);
-    entry.altartist = text(AltArtist);
-    entry.genre = text(Genre);
-    entry.author = text(Author);
+    entry.title = text(Cell::Title);
+    entry.artist = text(Cell::Artist);
+    entry.altartist = text(Cell::AltArtist);
+    entry.genre = text(Cell::Genre);
+    entry.author = text(Cell::Author);
     entry.length = *length;
     entry.bpm = *bpm;
-    entry.key = text(Key);
-    entry.filename = text(FileName).toUpper();
-    const QString markers = unescaped(cells.at(places[Markers]));
+    entry.key = text(Cell::Key);
+    entry.filename = text(Cell::FileName).toUpper();
+    const QString markers = unescaped(cells.at(places[Cell::Markers]));
     if (markers != QLatin1String("NULL"))
         entry.markers = markertexts::fromText(markers);
     if (!OwnCatalogue::isValid(entry))

@@ -40,7 +40,10 @@ const QString selectEntries =
     QStringLiteral("SELECT title, artist, genre, author, length, bpm, key, filename, markers, "
                    "altartist FROM Songs ORDER BY title, filename LIMIT %1");
 
-enum EntryColumn { Title, Artist, Genre, Author, Length, Bpm, Key, FileName, Markers, AltArtist };
+/** The columns of selectEntries. */
+struct EntryColumn {
+    enum Number { Title, Artist, Genre, Author, Length, Bpm, Key, FileName, Markers, AltArtist };
+};
 
 qint32 entryNumber(const QVariant &value)
 {
@@ -58,18 +61,20 @@ QVariant entryValue(qint32 number)
 
 SongsDbRecord entryIn(const QSqlQuery &row)
 {
-    const auto text = [&row](EntryColumn column) { return row.value(column).toString().trimmed(); };
+    const auto text = [&row](EntryColumn::Number column) {
+        return row.value(column).toString().trimmed();
+    };
     SongsDbRecord entry;
-    entry.title = text(Title);
-    entry.artist = text(Artist);
-    entry.genre = text(Genre);
-    entry.author = text(Author);
-    entry.length = entryNumber(row.value(Length));
-    entry.bpm = entryNumber(row.value(Bpm));
-    entry.key = text(Key);
-    entry.filename = text(FileName);
-    entry.altartist = text(AltArtist);
-    const QString markers = row.value(Markers).toString();
+    entry.title = text(EntryColumn::Title);
+    entry.artist = text(EntryColumn::Artist);
+    entry.genre = text(EntryColumn::Genre);
+    entry.author = text(EntryColumn::Author);
+    entry.length = entryNumber(row.value(EntryColumn::Length));
+    entry.bpm = entryNumber(row.value(EntryColumn::Bpm));
+    entry.key = text(EntryColumn::Key);
+    entry.filename = text(EntryColumn::FileName);
+    entry.altartist = text(EntryColumn::AltArtist);
+    const QString markers = row.value(EntryColumn::Markers).toString();
     if (markers.size() <= OwnCatalogue::longestMarkers)
         entry.markers = markertexts::fromText(markers);
     return entry;

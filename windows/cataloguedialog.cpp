@@ -17,7 +17,9 @@
 namespace
 {
 
-enum EntryColumn { Title, Artist, Genre, Length, Tempo, Key, FileName };
+struct EntryColumn {
+    enum Number { Title, Artist, Genre, Length, Tempo, Key, FileName };
+};
 
 constexpr int titleWidth = 230;
 constexpr int artistWidth = 180;
@@ -46,9 +48,9 @@ CatalogueDialog::CatalogueDialog(const QStringList &songs, QWidget *parent)
 {
     ui->setupUi(this);
     QHeaderView *const header = ui->entriesTreeWidget->header();
-    header->resizeSection(Title, titleWidth);
-    header->resizeSection(Artist, artistWidth);
-    for (const EntryColumn column : {Length, Tempo, Key})
+    header->resizeSection(EntryColumn::Title, titleWidth);
+    header->resizeSection(EntryColumn::Artist, artistWidth);
+    for (const auto column : {EntryColumn::Length, EntryColumn::Tempo, EntryColumn::Key})
         header->resizeSection(column, shortWidth);
     connect(ui->searchLineEdit, &QLineEdit::textChanged, this, &CatalogueDialog::showEntries);
     connect(ui->entriesTreeWidget, &QTreeWidget::itemSelectionChanged, this,
@@ -110,7 +112,7 @@ QStringList CatalogueDialog::chosenNames() const
     QStringList names;
     const QList<QTreeWidgetItem *> items = ui->entriesTreeWidget->selectedItems();
     for (const QTreeWidgetItem *const item : items)
-        names.append(item->text(FileName));
+        names.append(item->text(EntryColumn::FileName));
     return names;
 }
 
