@@ -2,23 +2,22 @@
 
 #include "app/actiongate.h"
 #include "app/memories.h"
+#include "app/owncataloguemenu.h"
 #include "app/rowediting.h"
 #include "app/songbackup.h"
 #include "app/songdrop.h"
 #include "app/songimport.h"
 #include "app/songlist.h"
+#include "app/songlists.h"
 #include "app/songsync.h"
 #include "app/songtools.h"
 #include "app/songtransfer.h"
-#include "devindex/filecopier.h"
 #include "devindex/mountedvolumes.h"
 #include "library/branding.h"
 #include "library/librarybackup.h"
 #include "library/settings.h"
 #include "storage/diagnostics.h"
-#include "storage/memorylock.h"
 #include "windows/aboutdialog.h"
-#include "windows/confirmation.h"
 #include "windows/helpdialog.h"
 #include "windows/indexdialog.h"
 #include "windows/missinglibrary.h"
@@ -26,7 +25,6 @@
 #include "windows/readablelinks.h"
 #include "windows/screenroom.h"
 #include "windows/songslistdialog.h"
-#include "windows/transferdialogs.h"
 #include "windows/unreadablefilesdialog.h"
 #include "windows/usersongsreltablemodel.h"
 #include "windows/windowplace.h"
@@ -36,15 +34,6 @@
 #include <QCloseEvent>
 #include <QDirIterator>
 #include <QMessageBox>
-
-#include <algorithm>
-
-namespace
-{
-
-constexpr int messageMilliseconds = 8000;
-
-} // namespace
 
 MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
@@ -78,7 +67,7 @@ MainWindow::MainWindow(QWidget *parent)
     initUserLibraryModel();
     adjustUserLibraryHeaders();
     ui->userLibraryTableView->installEventFilter(this);
-    connect(new SongDrop(this, m_busy), &SongDrop::dropped, this, &MainWindow::importDropped);
+    connect(new SongDrop(this, m_busy), &SongDrop::dropped, m_lists, &SongLists::takeDropped);
 }
 
 MainWindow::~MainWindow()
@@ -147,8 +136,10 @@ void MainWindow::closeEvent(QCloseEvent *event)
     if (!event->isAccepted())
         return;
     windowplace::save(*this, m_settings);
-    if (m_songs != nullptr)
+    if (m_songs != nullptr) {
         m_songs->saveLayout();
+        m_lists->keepList();
+    }
 }
 
 // ---------------------------------------------------------------- library table
@@ -165,13 +156,22 @@ void MainWindow::initUserLibraryModel()
     m_sync.reset(
         new SongSync(this, m_database, *m_songs, m_progress, [this] { return suggestBackup(); }));
     m_sync->setHistory(tools->history());
+    m_lists = new SongLists(
+        this, *ui,
+        {*m_import, *m_songs, m_selectedFiles, [this](const QStringList &f) { importFiles(f); }},
+        m_settings, m_busy, *m_actionGate);
+    connect(m_lists, &SongLists::added, this, [this] {
+        m_buttons.setSynchronise(true);
+        m_buttons.setTransfer(true);
+    });
+    new OwnCatalogueMenu(this, *ui, *m_songs, m_busy, *m_actionGate);
     connect(m_songs, &SongList::editRequested, this, &MainWindow::onSongsTableViewDoubleClicked);
     connect(m_songs, &SongList::menuRequested, this, &MainWindow::onSongsTableViewShowContextMenu);
     // Backup and transfer copy the selected files: they would miss this one for ever.
     connect(m_rows, &RowEditing::fileDeleted, this,
-            [this](const QString &path) { m_selectedFiles.removeAll(path); });
+            [this](const QString &path) { m_selectedFiles.remove(path); });
     connect(tools, &SongTools::renamed, this, [this](const QString &path, const QString &newPath) {
-        std::replace(m_selectedFiles.begin(), m_selectedFiles.end(), path, newPath);
+        m_selectedFiles.rename(path, newPath);
     });
     connect(m_songs, &SongList::unreadableFilesRequested, this, [this] {
         const BusyGuard busy(m_busy);
@@ -198,19 +198,10 @@ void MainWindow::on_selectDirToolButton_clicked()
         importFiles(files);
 }
 
-void MainWindow::importDropped(const QStringList &paths)
-{
-    const BusyGuard busy(m_busy);
-    const auto files = m_import->search(paths);
-    if (files && files->isEmpty())
-        ui->statusBar->showMessage(tr("Nessuna song trovata"), messageMilliseconds);
-    else if (files)
-        importFiles(*files);
-}
-
 /** Takes the files as the user's new choice and imports them. */
 void MainWindow::importFiles(const QStringList &files)
 {
+    m_lists->keepList();
     setSelectedFiles(files);
     m_buttons.disable();
     importUserLibrary();
@@ -219,7 +210,7 @@ void MainWindow::importFiles(const QStringList &files)
 
 void MainWindow::setSelectedFiles(const QStringList &files)
 {
-    m_selectedFiles = files;
+    m_selectedFiles.set(files);
 }
 
 void MainWindow::importUserLibrary()
@@ -227,7 +218,7 @@ void MainWindow::importUserLibrary()
     if (!hasLibrary())
         return;
     const BusyGuard busy(m_busy);
-    const auto counts = m_import->importFiles(m_selectedFiles);
+    const auto counts = m_import->importFiles(m_selectedFiles.paths());
     if (!counts)
         return;
     const bool synchronised =
@@ -262,7 +253,7 @@ void MainWindow::scanDir(const QString &dir, int &valid, int &kravo, int &bad)
 bool MainWindow::suggestBackup()
 {
     const BusyGuard busy(m_busy);
-    return SongBackup(this, m_progress).suggest(m_selectedFiles);
+    return SongBackup(this, m_progress).suggest(m_selectedFiles.paths());
 }
 
 bool MainWindow::backupDirectory(const QString &source, const QString &destination, int &count)
@@ -330,7 +321,8 @@ void MainWindow::on_actionTransferPlan_triggered()
 
 void MainWindow::transferFiles()
 {
-    SongTransfer(this, m_progress, m_settings, m_busy, *m_memories).transfer(m_selectedFiles);
+    SongTransfer(this, m_progress, m_settings, m_busy, *m_memories)
+        .transfer(m_selectedFiles.paths());
 }
 
 void MainWindow::runTransfer(Transfer::Outcome (SongTransfer::*job)(const QStringList &))
@@ -338,30 +330,20 @@ void MainWindow::runTransfer(Transfer::Outcome (SongTransfer::*job)(const QStrin
     const bool couldSynchronise = m_buttons.canSynchronise();
     m_buttons.disable();
     SongTransfer transfer(this, m_progress, m_settings, m_busy, *m_memories);
-    if ((transfer.*job)(m_selectedFiles) == Transfer::Outcome::NotStarted)
+    if ((transfer.*job)(m_selectedFiles.paths()) == Transfer::Outcome::NotStarted)
         m_buttons.setSynchronise(couldSynchronise);
     m_buttons.setTransfer(true);
 }
 
 bool MainWindow::copyFiles(const QString &dest, int &copied)
 {
-    const BusyGuard busy(m_busy);
-    const QString memory = MountedVolumes().memoryOf(dest);
-    MemoryLock lock(memory);
-    if (!memory.isEmpty() && !lock.take()) {
-        copied = 0;
-        TransferDialogs(this).warn(tr("Trasferimento"), lock.message());
-        return false;
-    }
-    return FileCopier(&confirmation::askToReplace)
-        .copyFiles(m_selectedFiles, dest, copied, m_progress.shown());
+    return SongTransfer(this, m_progress, m_settings, m_busy, *m_memories)
+        .copyFiles(m_selectedFiles.paths(), dest, copied);
 }
 
 bool MainWindow::updateKavenaIndex(const QString &path)
 {
-    const BusyGuard busy(m_busy);
-    TransferDialogs dialogs(this);
-    return Transfer(dialogs, m_progress.open()).updateKavenaIndex(path);
+    return SongTransfer(this, m_progress, m_settings, m_busy, *m_memories).updateIndex(path);
 }
 
 bool MainWindow::isSystemDisk(const QString &path) const

@@ -8,6 +8,7 @@
 #include "devindex/transfer.h"
 #include "formats/metasong.h"
 #include "formats/songinfo.h"
+#include "library/chosenfiles.h"
 #include "library/database.h"
 #include "library/libraryimport.h"
 #include "windows/busystate.h"
@@ -26,6 +27,7 @@ class MissingLibrary;
 class RowEditing;
 class SongImport;
 class SongList;
+class SongLists;
 class SongSync;
 class SongTransfer;
 
@@ -184,7 +186,6 @@ private:
     void applyBranding();
     bool hasLibrary() const;
     void importFiles(const QStringList &files);
-    void importDropped(const QStringList &paths);
     bool askToProceed(const LibraryImport::Counts &counts);
     void runTransfer(Transfer::Outcome (SongTransfer::*job)(const QStringList &));
     template <typename Dialog>
@@ -196,7 +197,7 @@ private:
     QSettings m_settings;
     Preferences m_preferences;
     DebugPanel m_debugPanel;
-    QStringList m_selectedFiles;
+    ChosenFiles m_selectedFiles;
     WindowProgress m_progress;
     BusyState m_busy; ///< while a workflow runs or a dialog is open
 
@@ -210,4 +211,5 @@ private:
     QScopedPointer<SongImport> m_import;
     QScopedPointer<SongSync> m_sync;
     RowEditing *m_rows = nullptr;
+    SongLists *m_lists = nullptr;
 };

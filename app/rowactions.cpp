@@ -28,6 +28,8 @@ RowActions::RowActions(QTableView *view, const Actions &actions, ActionGate &gat
             [this] { emit removeRequested(chosenRow()); });
     connect(m_actions.deleteFile, &QAction::triggered, this,
             [this] { emit deleteRequested(chosenRow()); });
+    connect(m_actions.addToCatalogue, &QAction::triggered, this,
+            [this] { emit catalogueRequested(chosenRow()); });
 
     // A reset of the model clears the selection without a signal.
     connect(m_view->model(), &QAbstractItemModel::modelReset, this, &RowActions::enableActions);
@@ -36,7 +38,8 @@ RowActions::RowActions(QTableView *view, const Actions &actions, ActionGate &gat
     connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &RowActions::enableActions);
     m_view->installEventFilter(this);
-    for (QAction *action : {m_actions.edit, m_actions.remove, m_actions.deleteFile})
+    for (QAction *action :
+         {m_actions.edit, m_actions.remove, m_actions.deleteFile, m_actions.addToCatalogue})
         m_gate.add(action);
     enableActions();
 }
@@ -52,7 +55,8 @@ int RowActions::chosenRow() const
 void RowActions::enableActions()
 {
     const bool chosen = chosenRow() >= 0;
-    for (QAction *action : {m_actions.edit, m_actions.remove, m_actions.deleteFile})
+    for (QAction *action :
+         {m_actions.edit, m_actions.remove, m_actions.deleteFile, m_actions.addToCatalogue})
         m_gate.setWanted(action, chosen);
 }
 

@@ -23,6 +23,7 @@ public:
         QAction *edit = nullptr;
         QAction *remove = nullptr;
         QAction *deleteFile = nullptr;
+        QAction *addToCatalogue = nullptr;
     };
 
     /** The view has its model already; it owns the object. */
@@ -37,6 +38,7 @@ signals:
     void editRequested(const QModelIndex &index);
     void removeRequested(int row);
     void deleteRequested(int row);
+    void catalogueRequested(int row);
 
 private:
     void enableActions();

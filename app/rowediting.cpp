@@ -66,6 +66,7 @@ void RowEditing::runMenu(const QPoint &position)
     QMenu menu;
     const QAction *const remove = menu.addAction(Texts::tr("Remove from list"));
     const QAction *const deletion = menu.addAction(Texts::tr("Delete file"));
+    const QAction *const addition = menu.addAction(Texts::tr("Aggiungi al mio catalogo"));
     const QAction *const chosen = menu.exec(view->viewport()->mapToGlobal(position));
     if (chosen == nullptr)
         return;
@@ -73,6 +74,8 @@ void RowEditing::runMenu(const QPoint &position)
         removeFromList(row);
     else if (chosen == deletion)
         deleteFile(row);
+    else if (chosen == addition && row >= 0)
+        emit m_songs.catalogueRequested(row);
 }
 
 void RowEditing::removeFromList(int row)

@@ -12,6 +12,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -80,8 +81,10 @@ bool SongDrop::filterWindow(QEvent *event)
         const QStringList paths = localPaths(drop->mimeData());
         const bool accepted = !m_busy && mayHoldSongs(paths);
         answer(drop, accepted);
-        if (accepted)
+        if (accepted) {
+            m_isAddition = drop->modifiers().testFlag(Qt::ControlModifier);
             collect(paths, 0);
+        }
         return true;
     }
     default:
@@ -104,7 +107,8 @@ void SongDrop::collect(const QStringList &paths, int waitMilliseconds)
 void SongDrop::send()
 {
     const QStringList paths = m_collected;
+    const bool isAddition = std::exchange(m_isAddition, false);
     m_collected.clear();
     if (!m_busy && mayHoldSongs(paths))
-        emit dropped(paths);
+        emit dropped(paths, isAddition);
 }

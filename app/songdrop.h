@@ -10,8 +10,9 @@ class QDropEvent;
 
 /**
  * Accepts a drop with a folder or a file named like a song, and none while a workflow runs. The
- * files stay where they are: every drop is a copy. macOS sends an event of its own for each file
- * that is dropped on the program's icon; what comes within a moment counts as one drop.
+ * files stay where they are: every drop is a copy; one with Ctrl adds to the list. macOS sends an
+ * event of its own for each file that is dropped on the program's icon; what comes within a moment
+ * counts as one drop.
  */
 class SongDrop : public QObject
 {
@@ -24,8 +25,11 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 signals:
-    /** Sent when the drop is over, so that the desktop does not wait for the import. */
-    void dropped(const QStringList &paths);
+    /**
+     * Sent when the drop is over, so that the desktop does not wait for the import. isAddition:
+     * Ctrl was held down.
+     */
+    void dropped(const QStringList &paths, bool isAddition);
 
 private:
     bool filterWindow(QEvent *event);
@@ -37,5 +41,6 @@ private:
     const BusyState &m_busy;
     bool m_takesDrag = false; ///< what is being dragged over the window may be dropped
     QStringList m_collected;
+    bool m_isAddition = false; ///< what was collected was dropped with Ctrl
     QTimer m_sending;
 };

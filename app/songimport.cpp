@@ -11,7 +11,11 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QSet>
 #include <QTableView>
+
+#include <algorithm>
+#include <iterator>
 
 SongImport::SongImport(QWidget *window, Database &database, SongList &songs,
                        WindowProgress &progress)
@@ -29,6 +33,13 @@ QStringList SongImport::choose()
         m_window, tr("Seleziona i file da importare"), m_folder,
         QStringLiteral("Songs (%1)").arg(songnames::patterns().join(QLatin1Char(' '))), nullptr,
         QFileDialog::DontUseNativeDialog);
+}
+
+QString SongImport::chooseFolder()
+{
+    return QFileDialog::getExistingDirectory(m_window, tr("Scegli cartella"), m_folder,
+                                             QFileDialog::ShowDirsOnly |
+                                                 QFileDialog::DontUseNativeDialog);
 }
 
 std::optional<QStringList> SongImport::search(const QStringList &paths)
@@ -62,6 +73,37 @@ std::optional<LibraryImport::Counts> SongImport::importFiles(const QStringList &
     }
     m_songs.showImport(unreadable);
     return counts;
+}
+
+QStringList SongImport::addFiles(const QStringList &files)
+{
+    const QStringList listed = m_songs.files();
+    const QSet<QString> known(listed.cbegin(), listed.cend());
+    QStringList added;
+    std::copy_if(files.cbegin(), files.cend(), std::back_inserter(added),
+                 [&known](const QString &path) { return !known.contains(path); });
+    if (added.isEmpty())
+        return added;
+    m_folder = QFileInfo(added.constFirst()).path();
+    LibraryImport::logBanner();
+    QList<UnreadableFile> unreadable;
+    {
+        const auto progress = m_progress.open()(tr("Lettura file"), tr("Importo la libreria..."),
+                                                static_cast<int>(added.size()));
+        const PaintingPaused paused(m_songs.view());
+        LibraryImport import(m_songs.model(), *progress);
+        const LibraryImport::Counts counts = import.importUntilStopped(added);
+        added.resize(counts.valid + counts.bad);
+        unreadable = import.unreadableFiles();
+    }
+    // Those that were unreadable before and were not tried again still are.
+    const QSet<QString> tried(added.cbegin(), added.cend());
+    QList<UnreadableFile> all;
+    const QList<UnreadableFile> before = m_songs.unreadableFiles();
+    std::copy_if(before.cbegin(), before.cend(), std::back_inserter(all),
+                 [&tried](const UnreadableFile &file) { return !tried.contains(file.path); });
+    m_songs.showImport(all + unreadable);
+    return added;
 }
 
 void SongImport::scanDir(const QString &dir, LibraryImport::Counts &counts)

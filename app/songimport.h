@@ -28,6 +28,9 @@ public:
     /** Lets the user choose files; empty when he cancels. */
     QStringList choose();
 
+    /** Lets the user choose a folder; empty when he cancels. */
+    QString chooseFolder();
+
     /** The songs among the files and in the folders; nothing when the user stopped the search. */
     std::optional<QStringList> search(const QStringList &paths);
 
@@ -36,6 +39,12 @@ public:
      * as it was, when the rows cannot be cleared.
      */
     std::optional<LibraryImport::Counts> importFiles(const QStringList &files);
+
+    /**
+     * Imports those of the files that have no row, behind the rows that are there. The files that
+     * were looked at, songs or not; fewer than there are when the user stopped it.
+     */
+    QStringList addFiles(const QStringList &files);
 
     /** Imports a folder with all folders in it and adds to the counts; see LibraryImport. */
     void scanDir(const QString &dir, LibraryImport::Counts &counts);

@@ -65,11 +65,14 @@ void SongList::setUpView()
 
 void SongList::addRowActions(const Ui::MainWindow &form, ActionGate &gate)
 {
-    const auto *const rows = new RowActions(
-        m_view, {form.actionEditSong, form.actionRemoveSong, form.actionDeleteSongFile}, gate);
+    const auto *const rows = new RowActions(m_view,
+                                            {form.actionEditSong, form.actionRemoveSong,
+                                             form.actionDeleteSongFile, form.actionAddToCatalogue},
+                                            gate);
     connect(rows, &RowActions::editRequested, this, &SongList::editRequested);
     connect(rows, &RowActions::removeRequested, this, &SongList::removeRequested);
     connect(rows, &RowActions::deleteRequested, this, &SongList::deleteRequested);
+    connect(rows, &RowActions::catalogueRequested, this, &SongList::catalogueRequested);
 
     // The mouse reaches the table while work runs, since the songs can be looked at then.
     connect(m_view, &QTableView::doubleClicked, this, [this](const QModelIndex &index) {
@@ -81,6 +84,14 @@ void SongList::addRowActions(const Ui::MainWindow &form, ActionGate &gate)
         if (!m_busy)
             emit menuRequested(position);
     });
+}
+
+QStringList SongList::files() const
+{
+    QStringList files;
+    for (int row = 0; row < m_model->goodRowCount(); ++row)
+        files.append(m_model->fileName(row));
+    return files;
 }
 
 int SongList::currentRow() const

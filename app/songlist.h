@@ -44,6 +44,9 @@ public:
     UserSongsRelTableModel &model() const { return *m_model; }
     QTableView *view() const { return m_view; }
 
+    /** The songs' files, in the order of the rows; those that a filter hides, too. */
+    QStringList files() const;
+
     /** The row that the user stands on; -1 when there is none. */
     int currentRow() const;
 
@@ -75,6 +78,9 @@ signals:
     void editRequested(const QModelIndex &index);
     void removeRequested(int row);
     void deleteRequested(int row);
+
+    /** The song is to be an entry of the user's own catalogue. */
+    void catalogueRequested(int row);
 
     /** The menu of the row at this place of the table is asked for. */
     void menuRequested(const QPoint &position);

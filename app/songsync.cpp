@@ -2,10 +2,13 @@
 
 #include "app/songlist.h"
 #include "app/windowprogress.h"
+#include "library/owncatalogue.h"
 #include "windows/changepreviewdialog.h"
 #include "windows/confirmation.h"
 #include "windows/runreportbox.h"
 #include "windows/usersongsreltablemodel.h"
+
+#include <QMessageBox>
 
 SongSync::SongSync(QWidget *window, Database &database, SongList &songs, WindowProgress &progress,
                    SuggestBackup suggestBackup)
@@ -19,6 +22,8 @@ SongSync::SongSync(QWidget *window, Database &database, SongList &songs, WindowP
 
 bool SongSync::run(bool copyrightAsk, bool preview)
 {
+    if (!goesOnWithoutOwnCatalogue())
+        return false;
     if (preview && !ChangePreviewDialog::confirm(m_database, m_songs.model(), copyrightAsk,
                                                  m_progress.open(), m_window))
         return false;
@@ -27,6 +32,19 @@ bool SongSync::run(bool copyrightAsk, bool preview)
     m_songs.fitColumns(); // the rows hold the catalogue's texts now
     RunReportBox::tell(run.report(), m_window);
     return finished;
+}
+
+/** The built-in catalogue may know other data of a song than the user's own one, so he decides. */
+bool SongSync::goesOnWithoutOwnCatalogue()
+{
+    OwnCatalogue own;
+    own.open();
+    return own.problem().isEmpty() ||
+           QMessageBox::question(m_window, tr("Il mio catalogo"),
+                                 own.problem() + QLatin1Char('\n') +
+                                     tr("Continuare con il solo catalogo del programma?"),
+                                 QMessageBox::Yes | QMessageBox::No,
+                                 QMessageBox::No) == QMessageBox::Yes;
 }
 
 bool SongSync::updateRow(int row)

@@ -3,6 +3,8 @@
 
 #include "library/synchronisation.h"
 
+#include <QCoreApplication>
+
 QT_BEGIN_NAMESPACE
 class QWidget;
 QT_END_NAMESPACE
@@ -14,6 +16,8 @@ class WindowProgress;
 /** Asks and shows what comes and what came of it in dialogs over the window. */
 class SongSync
 {
+    Q_DECLARE_TR_FUNCTIONS(SongSync)
+
 public:
     /** Offers a backup; false when the files must not be rewritten. */
     using SuggestBackup = std::function<bool()>;
@@ -36,6 +40,7 @@ public:
     bool updateRow(int row);
 
 private:
+    bool goesOnWithoutOwnCatalogue();
     Synchronisation synchronisation();
 
     QWidget *const m_window;

@@ -2,8 +2,12 @@
 
 #include "app/memories.h"
 #include "app/windowprogress.h"
+#include "devindex/filecopier.h"
+#include "devindex/mountedvolumes.h"
 #include "library/settings.h"
+#include "storage/memorylock.h"
 #include "windows/busystate.h"
+#include "windows/confirmation.h"
 #include "windows/transferdialogs.h"
 #include "windows/transferplandialog.h"
 
@@ -50,4 +54,25 @@ Transfer::Outcome SongTransfer::showPlan(const QStringList &files)
     const Transfer::Outcome outcome = job.carryOut(dialog.plan());
     m_memories.goOn(dialogs.next(), dialogs.folder());
     return outcome;
+}
+
+bool SongTransfer::copyFiles(const QStringList &files, const QString &folder, int &copied)
+{
+    const BusyGuard busy(m_busy);
+    const QString memory = MountedVolumes().memoryOf(folder);
+    MemoryLock lock(memory);
+    if (!memory.isEmpty() && !lock.take()) {
+        copied = 0;
+        TransferDialogs(m_window).warn(tr("Trasferimento"), lock.message());
+        return false;
+    }
+    return FileCopier(&confirmation::askToReplace)
+        .copyFiles(files, folder, copied, m_progress.shown());
+}
+
+bool SongTransfer::updateIndex(const QString &path)
+{
+    const BusyGuard busy(m_busy);
+    TransferDialogs dialogs(m_window);
+    return Transfer(dialogs, m_progress.open()).updateKavenaIndex(path);
 }

@@ -3,6 +3,7 @@
 
 #include "devindex/transfer.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 QT_BEGIN_NAMESPACE
@@ -17,6 +18,8 @@ class WindowProgress;
 /** Asks and tells in dialogs over the window. */
 class SongTransfer
 {
+    Q_DECLARE_TR_FUNCTIONS(MainWindow)
+
 public:
     /** All must outlive the object. */
     SongTransfer(QWidget *window, WindowProgress &progress, const QSettings &settings,
@@ -30,6 +33,15 @@ public:
 
     /** Shows what a transfer would do, and does it if the user wants that. */
     Transfer::Outcome showPlan(const QStringList &files);
+
+    /**
+     * Copies the files into the folder; false when one failed or the user stopped. On a memory that
+     * another program is writing to nothing is copied, and the user is told.
+     */
+    bool copyFiles(const QStringList &files, const QString &folder, int &copied);
+
+    /** Updates the index of the memory that holds the path. */
+    bool updateIndex(const QString &path);
 
 private:
     QWidget *const m_window;

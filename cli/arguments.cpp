@@ -36,6 +36,9 @@ constexpr std::array commandWords{
     CommandWords{Command::Remove, "remove", nullptr},
     CommandWords{Command::Eject, "eject", nullptr},
     CommandWords{Command::CatalogueFind, "catalogue", "find"},
+    CommandWords{Command::CatalogueAdd, "catalogue", "add"},
+    CommandWords{Command::CatalogueExport, "catalogue", "export"},
+    CommandWords{Command::CatalogueImport, "catalogue", "import"},
     CommandWords{Command::History, "history", nullptr},
     CommandWords{Command::Undo, "undo", nullptr},
     CommandWords{Command::Edit, "edit", nullptr},
@@ -226,7 +229,7 @@ private:
                      Command::History, Command::Undo, Command::Edit, Command::Tags}))
             command.add_flag("--json", m_texts.json);
         if (isOneOf({Command::Show, Command::Set, Command::Sync, Command::Transfer, Command::Remove,
-                     Command::Undo, Command::Edit, Command::Tags}))
+                     Command::CatalogueAdd, Command::Undo, Command::Edit, Command::Tags}))
             command.add_flag("-0", m_texts.zero);
         if (isOneOf({Command::Set})) {
             command.add_option("--title", m_texts.title);
@@ -254,8 +257,10 @@ private:
             command.add_flag("--in-line", m_texts.inLine);
             command.add_flag("--remove", m_texts.remove);
             command.add_option("--to", m_texts.to);
-            command.add_option("--replace", m_texts.replace);
         }
+        if (isOneOf({Command::Transfer, Command::CatalogueAdd, Command::CatalogueExport,
+                     Command::CatalogueImport}))
+            command.add_option("--replace", m_texts.replace);
         if (isOneOf({Command::Transfer, Command::IndexUpdate, Command::IndexRebuild}))
             command.add_option("--rename", m_texts.rename);
         if (isOneOf({Command::IndexUpdate, Command::IndexRebuild, Command::Remove}))
@@ -285,6 +290,8 @@ bool takesOneArgument(Command command)
     case Command::List:
     case Command::Eject:
     case Command::CatalogueFind:
+    case Command::CatalogueExport:
+    case Command::CatalogueImport:
         return true;
     default:
         return false;

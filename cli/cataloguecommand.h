@@ -1,7 +1,10 @@
-// kavena catalogue find: what the catalogue knows.
+// kavena catalogue: what the catalogues know, and the user's own one.
 #pragma once
 
 #include "cli/command.h"
+#include "library/owncatalogue.h"
+
+#include <optional>
 
 class CatalogueCommand : public Command
 {
@@ -11,4 +14,14 @@ public:
     using Command::Command;
 
     ExitStatus run() override;
+
+private:
+    ExitStatus find();
+    ExitStatus add();
+    ExitStatus exportTsv();
+    ExitStatus importTsv();
+    ExitStatus put(const QList<SongsDbRecord> &entries);
+    std::optional<QString> file();
+
+    OwnCatalogue m_own;
 };

@@ -76,6 +76,15 @@ const QList<Usage> &usages()
         {Command::CatalogueFind,
          {QStringLiteral("kavena catalogue find \"blue moon\"")},
          QStringLiteral("[--json] TEXT")},
+        {Command::CatalogueAdd,
+         {QStringLiteral("kavena catalogue add *.mid")},
+         QStringLiteral("[--replace yes|no] [-0] FILE|DIR...")},
+        {Command::CatalogueExport,
+         {QStringLiteral("kavena catalogue export mine.tsv")},
+         QStringLiteral("[--replace yes|no] TSV")},
+        {Command::CatalogueImport,
+         {QStringLiteral("kavena catalogue import --replace yes mine.tsv")},
+         QStringLiteral("[--replace yes|no] TSV")},
         {Command::History, {QStringLiteral("kavena history")}, QStringLiteral("[--json]")},
         {Command::Undo,
          {QStringLiteral("kavena undo"), QStringLiteral("kavena undo 12 song.mid")},
@@ -138,7 +147,7 @@ QString Help::text(Command command)
     option("--apply", tr("scrive ciò che altrimenti viene solo mostrato"));
     option("--unsigned yes|no", tr("modifica anche le song senza la firma del produttore"));
     option("--to FOLDER", tr("la cartella di destinazione, in una memoria"));
-    option("--replace yes|no", tr("sostituisce i file che ci sono già"));
+    option("--replace yes|no", tr("sostituisce i file, o le voci, che ci sono già"));
     option("--verify", tr("rilegge dalla memoria ogni copia e la confronta"));
     option("--in-line", tr("copia ciò che è nuovo o diverso ed elenca le song in più"));
     option("--remove", tr("con --in-line: rimuove le song in più, con le loro immagini"));

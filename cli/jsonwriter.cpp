@@ -72,6 +72,14 @@ QList<QByteArray> markerObjects(const QList<Marker> &markers)
     return objects;
 }
 
+/** Where there is only one catalogue, nothing is said about it. */
+void addSource(Object &line, CatalogueSource source)
+{
+    if (source != CatalogueSource::Only)
+        line.add("catalogue", source == CatalogueSource::Own ? QStringLiteral("own")
+                                                             : QStringLiteral("built-in"));
+}
+
 /** The same in every language. */
 QString valueOf(const ChangePreview::Change &change, const QString &text)
 {
@@ -106,7 +114,7 @@ void JsonWriter::unreadable(const QString &path, const QString &reason)
 }
 
 void JsonWriter::changes(const QString &path, bool found,
-                         const QList<ChangePreview::Change> &changes)
+                         const QList<ChangePreview::Change> &changes, CatalogueSource source)
 {
     QList<QByteArray> objects;
     for (const ChangePreview::Change &change : changes)
@@ -115,12 +123,11 @@ void JsonWriter::changes(const QString &path, bool found,
                            .add("old", valueOf(change, change.before))
                            .add("new", valueOf(change, change.after))
                            .json());
-    m_output.write(Object()
-                       .add("path", givenpath::shown(path))
-                       .addBool("found", found)
-                       .addList("changes", objects)
-                       .json() +
-                   '\n');
+    Object line;
+    line.add("path", givenpath::shown(path)).addBool("found", found).addList("changes", objects);
+    if (found)
+        addSource(line, source);
+    m_output.write(line.json() + '\n');
 }
 
 void JsonWriter::renamed(const QString &path, const QString &newName)
@@ -291,21 +298,21 @@ const char *JsonWriter::kindName(HistoryJob::Kind kind)
     return "";
 }
 
-void JsonWriter::catalogueSong(const SongsDbRecord &song)
+void JsonWriter::catalogueSong(const SongsDbRecord &song, CatalogueSource source)
 {
-    m_output.write(Object()
-                       .add("title", song.title)
-                       .add("artist", song.artist)
-                       .add("altartist", song.altartist)
-                       .add("genre", song.genre)
-                       .add("author", song.author)
-                       .add("length", qMax(song.length, 0))
-                       .add("bpm", qMax(song.bpm, 0))
-                       .add("key", song.key)
-                       .add("filename", song.filename)
-                       .addList("markers", markerObjects(song.markers))
-                       .json() +
-                   '\n');
+    Object line;
+    line.add("title", song.title)
+        .add("artist", song.artist)
+        .add("altartist", song.altartist)
+        .add("genre", song.genre)
+        .add("author", song.author)
+        .add("length", qMax(song.length, 0))
+        .add("bpm", qMax(song.bpm, 0))
+        .add("key", song.key)
+        .add("filename", song.filename)
+        .addList("markers", markerObjects(song.markers));
+    addSource(line, source);
+    m_output.write(line.json() + '\n');
 }
 
 const char *JsonWriter::stateName(TransferPlan::State state)

@@ -16,8 +16,8 @@ public:
 
     void song(const QString &path, const SongInfo &info) override;
     void unreadable(const QString &path, const QString &reason) override;
-    void changes(const QString &path, bool found,
-                 const QList<ChangePreview::Change> &changes) override;
+    void changes(const QString &path, bool found, const QList<ChangePreview::Change> &changes,
+                 CatalogueSource source) override;
     void renamed(const QString &path, const QString &newName) override;
     void tags(const Mp3Preparation &preparation, bool isWritten) override;
     void listed(const SongInfoIndex &song) override;
@@ -29,7 +29,7 @@ public:
     void planSum(const TransferPlan &plan) override;
     void job(const HistoryJob &job, bool isTakenBack) override;
     void takenBack(const QString &path, const QString &reason) override;
-    void catalogueSong(const SongsDbRecord &song) override;
+    void catalogueSong(const SongsDbRecord &song, CatalogueSource source) override;
 
     /** The name of a change's field in the JSON lines. */
     static const char *fieldName(ChangePreview::Field field);

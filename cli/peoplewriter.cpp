@@ -40,7 +40,7 @@ void PeopleWriter::song(const QString &path, const SongInfo &info)
 void PeopleWriter::unreadable(const QString &, const QString &) {}
 
 void PeopleWriter::changes(const QString &path, bool found,
-                           const QList<ChangePreview::Change> &changes)
+                           const QList<ChangePreview::Change> &changes, CatalogueSource source)
 {
     if (!found)
         line(tr("%1: non è nel catalogo").arg(givenpath::shown(path)));
@@ -60,6 +60,8 @@ void PeopleWriter::changeLines(const QList<ChangePreview::Change> &changes)
         item(ChangePreview::fieldName(change.field),
              shown(change.before) + QStringLiteral(" -> ") + shown(change.after));
     }
+    if (!changes.isEmpty())
+        item(tr("Catalogo"), ChangePreview::sourceName(source));
 }
 
 void PeopleWriter::renamed(const QString &path, const QString &newName)
@@ -139,7 +141,7 @@ void PeopleWriter::job(const HistoryJob &job, bool isTakenBack)
 
 void PeopleWriter::takenBack(const QString &, const QString &) {}
 
-void PeopleWriter::catalogueSong(const SongsDbRecord &song)
+void PeopleWriter::catalogueSong(const SongsDbRecord &song, CatalogueSource source)
 {
     line(song.title);
     item(tr("File"), song.filename);
@@ -152,6 +154,7 @@ void PeopleWriter::catalogueSong(const SongsDbRecord &song)
     number(ChangePreview::fieldName(Field::Tempo), song.bpm);
     item(ChangePreview::fieldName(Field::Key), song.key);
     markers(song.markers);
+    item(tr("Catalogo"), ChangePreview::sourceName(source));
     line({});
 }
 

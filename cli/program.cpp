@@ -60,6 +60,9 @@ std::unique_ptr<Command> commandFor(const CommandContext &context)
     case Request::Command::Eject:
         return std::make_unique<EjectCommand>(context);
     case Request::Command::CatalogueFind:
+    case Request::Command::CatalogueAdd:
+    case Request::Command::CatalogueExport:
+    case Request::Command::CatalogueImport:
         return std::make_unique<CatalogueCommand>(context);
     case Request::Command::History:
     case Request::Command::Undo:

@@ -40,6 +40,8 @@ ExitStatus SyncCommand::run()
         return ExitStatus::NothingDone;
 
     const CatalogueMerge catalogue(database);
+    if (!catalogue.problem().isEmpty())
+        m_terminal.note(catalogue.problem());
     const auto progress =
         m_terminal.openProgress({}, tr("Sincronizzazione"), static_cast<int>(songs->size()));
     m_history.begin(HistoryJob::Kind::Synchronise);
@@ -135,7 +137,7 @@ void SyncCommand::sync(const QString &path, const CatalogueMerge &catalogue)
     }
     const QList<ChangePreview::Change> changes =
         isKnown && mayChange ? update.changes() : QList<ChangePreview::Change>();
-    m_writer.changes(path, isKnown, changes);
+    m_writer.changes(path, isKnown, changes, update.source());
     if (!mayChange)
         m_terminal.note(
             tr("%1: non modificata, senza la firma del produttore").arg(givenpath::shown(path)));
@@ -167,7 +169,7 @@ void SyncCommand::save(const QString &path, SongUpdate &update)
         return;
     }
     m_terminal.countDone();
-    m_writer.changes(path, true, changes);
+    m_writer.changes(path, true, changes, update.source());
     for (const ChangePreview::Change &change : changes) {
         if (!change.lost.isEmpty())
             m_terminal.note(

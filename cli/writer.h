@@ -27,9 +27,9 @@ public:
     /** A file that cannot be shown, and why. */
     virtual void unreadable(const QString &path, const QString &reason) = 0;
 
-    /** What the catalogue changes in a song; found: whether the catalogue knows it. */
+    /** What a catalogue changes in a song; found: whether one knows it, and which. */
     virtual void changes(const QString &path, bool found,
-                         const QList<ChangePreview::Change> &changes) = 0;
+                         const QList<ChangePreview::Change> &changes, CatalogueSource source) = 0;
 
     /** The new name of a file, without its folder. */
     virtual void renamed(const QString &path, const QString &newName) = 0;
@@ -70,8 +70,8 @@ public:
     /** A song that is as before a job; or is not, with the reason. */
     virtual void takenBack(const QString &path, const QString &reason) = 0;
 
-    /** A song of the catalogue. */
-    virtual void catalogueSong(const SongsDbRecord &song) = 0;
+    /** A song of a catalogue. */
+    virtual void catalogueSong(const SongsDbRecord &song, CatalogueSource source) = 0;
 };
 
 /** The name of a type that the index tells, as in SongInfo::format. */

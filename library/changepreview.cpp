@@ -75,6 +75,7 @@ std::optional<ChangePreview> ChangePreview::compute(const Database &database, So
 {
     const CatalogueMerge catalogue(database);
     ChangePreview preview;
+    preview.problem = catalogue.problem();
     const int rows = model.goodRowCount();
     const auto progress = openProgress(tr("Anteprima delle modifiche"),
                                        tr("Confronto le song con il database..."), rows);
@@ -108,7 +109,8 @@ void ChangePreview::addSong(const CatalogueMerge &catalogue, const QString &file
         return;
     const QList<Change> found = update.changes();
     if (!found.isEmpty())
-        changed.append({fileName, update.before().title, update.before().isKravo, found});
+        changed.append(
+            {fileName, update.before().title, update.before().isKravo, found, update.source()});
 }
 
 QList<ChangePreview::Change> ChangePreview::changes(const SongInfo &before, const SongInfo &after)
@@ -168,6 +170,19 @@ QString ChangePreview::fieldName(Field field)
         return tr("Marker");
     case Field::MarkersShown:
         return tr("Marker attivi");
+    }
+    return {};
+}
+
+QString ChangePreview::sourceName(CatalogueSource source)
+{
+    switch (source) {
+    case CatalogueSource::Own:
+        return tr("il mio catalogo");
+    case CatalogueSource::BuiltIn:
+        return tr("catalogo del programma");
+    case CatalogueSource::Only:
+        break;
     }
     return {};
 }

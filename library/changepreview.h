@@ -2,6 +2,7 @@
 #pragma once
 
 #include "formats/songinfo.h"
+#include "library/cataloguesource.h"
 #include "library/database.h"
 #include "library/progress.h"
 #include "library/songtable.h"
@@ -37,6 +38,7 @@ public:
         QString title;    ///< as it stands in the file
         bool isSigned;    ///< files without the publisher's signature may be asked about
         QList<Change> changes;
+        CatalogueSource source = CatalogueSource::Only; ///< where all the new values come from
     };
 
     /**
@@ -67,6 +69,9 @@ public:
     /** The field in the user's words. */
     static QString fieldName(Field field);
 
+    /** The catalogue in the user's words; empty when there is only one. */
+    static QString sourceName(CatalogueSource source);
+
     /** What stands in place of a value that is not there. */
     static QString emptyValue();
 
@@ -74,6 +79,7 @@ public:
     int songs = 0;       ///< all that were looked at
     int unknown = 0;     ///< those that the catalogue does not know
     int unreadable = 0;  ///< those whose file cannot be read
+    QString problem;     ///< why the user's own catalogue was passed over; empty when it was not
 
 private:
     void addSong(const CatalogueMerge &catalogue, const QString &fileName,

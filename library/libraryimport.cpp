@@ -24,13 +24,28 @@ void LibraryImport::logBanner()
 LibraryImport::Counts LibraryImport::importFiles(const QStringList &paths)
 {
     Counts counts;
+    for (const QString &path : paths)
+        importNext(path, counts);
+    return counts;
+}
+
+LibraryImport::Counts LibraryImport::importUntilStopped(const QStringList &paths)
+{
+    Counts counts;
     for (const QString &path : paths) {
-        logDebug() << "Found file:" << path;
-        if (!importFile(path, counts))
-            logDebug() << "Unknown/corrupted file" << path;
-        KeepAlive::processEventsNow();
+        if (m_progress.wasCanceled())
+            break;
+        importNext(path, counts);
     }
     return counts;
+}
+
+void LibraryImport::importNext(const QString &path, Counts &counts)
+{
+    logDebug() << "Found file:" << path;
+    if (!importFile(path, counts))
+        logDebug() << "Unknown/corrupted file" << path;
+    KeepAlive::processEventsNow();
 }
 
 bool LibraryImport::scanDir(const QString &dir, Counts &counts)

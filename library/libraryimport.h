@@ -32,6 +32,9 @@ public:
     /** Imports all files in their order; a cancelled progress does not stop it. */
     Counts importFiles(const QStringList &paths);
 
+    /** The same, but a cancelled progress stops it behind the songs that the counts come to. */
+    Counts importUntilStopped(const QStringList &paths);
+
     /**
      * Imports a folder with all folders in it, folders first, each sorted by name, and adds to the
      * counts. Returns false when the user stopped it. A folder that links lead back into is not
@@ -43,6 +46,7 @@ public:
     const QList<UnreadableFile> &unreadableFiles() const { return m_unreadable; }
 
 private:
+    void importNext(const QString &path, Counts &counts);
     bool importFile(const QString &path, Counts &counts);
     bool scanEntries(const QString &dir, Counts &counts);
 

@@ -11,8 +11,10 @@ bool SongUpdate::load()
 bool SongUpdate::merge(const CatalogueMerge &catalogue, const QString &shortName)
 {
     const auto record = catalogue.mergeInto(m_song, m_before, shortName);
-    if (record)
-        m_record = *record;
+    if (record) {
+        m_record = record->record;
+        m_source = record->source;
+    }
     return record.has_value();
 }
 

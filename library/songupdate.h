@@ -33,6 +33,9 @@ public:
      */
     bool merge(const CatalogueMerge &catalogue, const QString &shortName);
 
+    /** Which catalogue merge() found the song in. */
+    CatalogueSource source() const { return m_source; }
+
     /** What merge() changed. */
     QList<ChangePreview::Change> changes() const;
 
@@ -53,4 +56,5 @@ private:
     MetaSong m_song;
     SongInfo m_before;
     SongInfo m_record; ///< the catalogue's data
+    CatalogueSource m_source = CatalogueSource::Only;
 };

@@ -60,13 +60,15 @@ void ChangePreviewDialog::changeEvent(QEvent *event)
 
 void ChangePreviewDialog::showPreview()
 {
-    ui->countsLabel->setText(tr("Song che verrebbero modificate: %1 di %2\n"
-                                "Song non presenti nel database: %3\n"
-                                "Song non leggibili: %4")
-                                 .arg(m_preview.changed.size())
-                                 .arg(m_preview.songs)
-                                 .arg(m_preview.unknown)
-                                 .arg(m_preview.unreadable));
+    ui->countsLabel->setText(
+        tr("Song che verrebbero modificate: %1 di %2\n"
+           "Song non presenti nel database: %3\n"
+           "Song non leggibili: %4")
+            .arg(m_preview.changed.size())
+            .arg(m_preview.songs)
+            .arg(m_preview.unknown)
+            .arg(m_preview.unreadable) +
+        (m_preview.problem.isEmpty() ? QString() : QLatin1Char('\n') + m_preview.problem));
     QList<QTreeWidgetItem *> items;
     for (const ChangePreview::Song &song : m_preview.changed)
         items.append(makeItem(song));
@@ -84,6 +86,9 @@ QTreeWidgetItem *ChangePreviewDialog::makeItem(const ChangePreview::Song &song) 
         song.title.isEmpty() ? shortName : song.title + QStringLiteral(" – ") + shortName;
     if (m_copyrightAsk && !song.isSigned)
         name = tr("%1 (verrà chiesta conferma)").arg(name);
+    const QString source = ChangePreview::sourceName(song.source);
+    if (!source.isEmpty())
+        name += QStringLiteral(" [%1]").arg(source);
     auto *const item = new QTreeWidgetItem({name});
     QFont bold = font();
     bold.setBold(true);

@@ -119,6 +119,14 @@ Select a folder for the backup, or press “Continue without backup”.</transla
         <source>(vuoto)</source>
         <translation>(empty)</translation>
     </message>
+    <message>
+        <source>il mio catalogo</source>
+        <translation>my catalogue</translation>
+    </message>
+    <message>
+        <source>catalogo del programma</source>
+        <translation>the program&apos;s catalogue</translation>
+    </message>
 </context>
 <context>
     <name>ChangePreviewDialog</name>
@@ -857,6 +865,42 @@ Do you want to copy all the same?</translation>
         <source>Prepara i ta&amp;g MP3...</source>
         <translation>Prepare MP3 ta&amp;gs...</translation>
     </message>
+    <message>
+        <source>A&amp;ggiungi file...</source>
+        <translation>&amp;Add files...</translation>
+    </message>
+    <message>
+        <source>Aggiung&amp;i cartella...</source>
+        <translation>Add fo&amp;lder...</translation>
+    </message>
+    <message>
+        <source>&amp;Apri lista...</source>
+        <translation>&amp;Open list...</translation>
+    </message>
+    <message>
+        <source>Sal&amp;va lista...</source>
+        <translation>Sa&amp;ve list...</translation>
+    </message>
+    <message>
+        <source>Ria&amp;pri l&apos;ultima lista</source>
+        <translation>Reo&amp;pen the last list</translation>
+    </message>
+    <message>
+        <source>&amp;Usati di recente</source>
+        <translation>Re&amp;cently used</translation>
+    </message>
+    <message>
+        <source>&amp;Aggiungi al mio catalogo</source>
+        <translation>&amp;Add to my catalogue</translation>
+    </message>
+    <message>
+        <source>Aggiungi al mio catalogo</source>
+        <translation>Add to my catalogue</translation>
+    </message>
+    <message>
+        <source>&amp;Il mio catalogo...</source>
+        <translation>M&amp;y catalogue...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1438,6 +1482,26 @@ Please install the program again.</translation>
         <source>Non è nel catalogo</source>
         <translation>Not in the catalogue</translation>
     </message>
+    <message>
+        <source>Non contiene voci</source>
+        <translation>Holds no entries</translation>
+    </message>
+    <message>
+        <source>La voce è già nel catalogo. Sostituirla?</source>
+        <translation>The entry is in the catalogue already. Replace it?</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è ancora un catalogo</source>
+        <translation>There is no catalogue yet</translation>
+    </message>
+    <message>
+        <source>Il file esiste già. Sostituirlo?</source>
+        <translation>The file exists already. Replace it?</translation>
+    </message>
+    <message>
+        <source>Catalogo</source>
+        <translation>Catalogue</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
@@ -1484,10 +1548,6 @@ Please install the program again.</translation>
     <message>
         <source>la cartella di destinazione, in una memoria</source>
         <translation>the destination folder, on a memory</translation>
-    </message>
-    <message>
-        <source>sostituisce i file che ci sono già</source>
-        <translation>replaces files that are already there</translation>
     </message>
     <message>
         <source>accorcia i nomi troppo lunghi per il player</source>
@@ -1622,6 +1682,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>scrive ciò che altrimenti viene solo mostrato</source>
         <translation>writes what is otherwise only shown</translation>
+    </message>
+    <message>
+        <source>sostituisce i file, o le voci, che ci sono già</source>
+        <translation>replaces files, or entries, that are there already</translation>
     </message>
 </context>
 <context>
@@ -1901,6 +1965,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>%1, annullato</source>
         <translation>%1, undone</translation>
+    </message>
+    <message>
+        <source>Catalogo</source>
+        <translation>Catalogue</translation>
     </message>
 </context>
 <context>
@@ -4312,6 +4380,366 @@ Prepare the tag for the player first?</translation>
     <message>
         <source>&amp;Song rimaste come sono:</source>
         <translation>&amp;Songs that are as they were:</translation>
+    </message>
+</context>
+<context>
+    <name>SongLists</name>
+    <message>
+        <source>Queste song sono già nella lista</source>
+        <translation>These songs are in the list already</translation>
+    </message>
+    <message>
+        <source>Song aggiunte alla lista: %1</source>
+        <translation>Songs added to the list: %1</translation>
+    </message>
+    <message>
+        <source>Apri lista</source>
+        <translation>Open list</translation>
+    </message>
+    <message>
+        <source>La lista non contiene song</source>
+        <translation>The list holds no songs</translation>
+    </message>
+    <message>
+        <source>Non è il percorso di un file</source>
+        <translation>Leads to no file</translation>
+    </message>
+    <message>
+        <source>La lista è troppo lunga: solo le prime %1 song sono state lette.</source>
+        <translation>The list is too long: only its first songs (%1) were read.</translation>
+    </message>
+    <message>
+        <source>La lista è vuota</source>
+        <translation>The list is empty</translation>
+    </message>
+    <message>
+        <source>Lista con percorsi relativi (*.m3u8)</source>
+        <translation>List that can be moved with the songs (*.m3u8)</translation>
+    </message>
+    <message>
+        <source>Lista con percorsi assoluti (*.m3u8)</source>
+        <translation>List that can be moved by itself (*.m3u8)</translation>
+    </message>
+    <message>
+        <source>Salva lista</source>
+        <translation>Save list</translation>
+    </message>
+    <message>
+        <source>Song salvate nella lista: %1</source>
+        <translation>Songs saved in the list: %1</translation>
+    </message>
+    <message>
+        <source>Aggiungi %1</source>
+        <translation>Add %1</translation>
+    </message>
+    <message>
+        <source>Nessuna lista</source>
+        <translation>No list</translation>
+    </message>
+</context>
+<context>
+    <name>UserFile</name>
+    <message>
+        <source>Il file è troppo grande</source>
+        <translation>The file is too large</translation>
+    </message>
+    <message>
+        <source>Il file non può essere letto</source>
+        <translation>The file cannot be read</translation>
+    </message>
+    <message>
+        <source>Il file è una song e non viene sostituito</source>
+        <translation>The file is a song and is not replaced</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è abbastanza spazio</source>
+        <translation>There is not enough room</translation>
+    </message>
+    <message>
+        <source>Nella cartella non si può scrivere</source>
+        <translation>The folder cannot be written to</translation>
+    </message>
+    <message>
+        <source>La cartella non esiste</source>
+        <translation>The folder does not exist</translation>
+    </message>
+    <message>
+        <source>Il file non può essere scritto</source>
+        <translation>The file cannot be written</translation>
+    </message>
+</context>
+<context>
+    <name>OwnCatalogue</name>
+    <message>
+        <source>Il mio catalogo è di una versione più recente del programma.</source>
+        <translation>My catalogue is of a later version of the program.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo è danneggiato, o non è un catalogo di questo programma.</source>
+        <translation>My catalogue is damaged, or is no catalogue of this program.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo non può essere letto.</source>
+        <translation>My catalogue cannot be read.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo non può essere scritto.</source>
+        <translation>My catalogue cannot be written.</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueTsv</name>
+    <message>
+        <source>riga %1: %2</source>
+        <translation>line %1: %2</translation>
+    </message>
+    <message>
+        <source>non è testo</source>
+        <translation>is no text</translation>
+    </message>
+    <message>
+        <source>mancano delle colonne</source>
+        <translation>columns are missing</translation>
+    </message>
+    <message>
+        <source>durata e tempo devono essere numeri</source>
+        <translation>length and tempo must be numbers</translation>
+    </message>
+    <message>
+        <source>mancano il titolo o il nome del file, o un testo è troppo lungo</source>
+        <translation>the title or the file name is missing, or a text is too long</translation>
+    </message>
+    <message>
+        <source>ci sono troppe voci</source>
+        <translation>there are too many entries</translation>
+    </message>
+</context>
+<context>
+    <name>SongEntries</name>
+    <message>
+        <source>Senza titolo o nome non può stare nel catalogo</source>
+        <translation>Without a title or a name it cannot be in the catalogue</translation>
+    </message>
+    <message>
+        <source>Un&apos;altra song ha lo stesso nome</source>
+        <translation>Another song has the same name</translation>
+    </message>
+</context>
+<context>
+    <name>OwnCatalogueMenu</name>
+    <message>
+        <source>%1 è nel mio catalogo</source>
+        <translation>%1 is in my catalogue</translation>
+    </message>
+</context>
+<context>
+    <name>SongSync</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>My catalogue</translation>
+    </message>
+    <message>
+        <source>Continuare con il solo catalogo del programma?</source>
+        <translation>Go on with the program&apos;s catalogue only?</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueAdding</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>My catalogue</translation>
+    </message>
+    <message>
+        <source>Leggo le song...</source>
+        <translation>Looking at the songs...</translation>
+    </message>
+    <message>
+        <source>Il file non contiene voci.</source>
+        <translation>The file holds no entries.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n voci sono già nel catalogo. Sostituirle?</source>
+        <translation>
+            <numerusform>One entry is in the catalogue already. Replace it?</numerusform>
+            <numerusform>%n entries are in the catalogue already. Replace them?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Non aggiunto al catalogo:</source>
+        <translation>&amp;Not added to the catalogue:</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueEntryDialog</name>
+    <message>
+        <source>Voce del mio catalogo</source>
+        <translation>Entry of my catalogue</translation>
+    </message>
+    <message>
+        <source>T&amp;itolo:</source>
+        <translation>T&amp;itle:</translation>
+    </message>
+    <message>
+        <source>In&amp;terprete:</source>
+        <translation>Ar&amp;tist:</translation>
+    </message>
+    <message>
+        <source>Interprete, c&amp;ognome prima:</source>
+        <translation>Artist, &amp;last name first:</translation>
+    </message>
+    <message>
+        <source>&amp;Genere:</source>
+        <translation>&amp;Genre:</translation>
+    </message>
+    <message>
+        <source>&amp;Autore:</source>
+        <translation>&amp;Author:</translation>
+    </message>
+    <message>
+        <source>&amp;Durata:</source>
+        <translation>L&amp;ength:</translation>
+    </message>
+    <message>
+        <source>&amp;BPM:</source>
+        <translation>Tempo (&amp;BPM):</translation>
+    </message>
+    <message>
+        <source>Tona&amp;lità:</source>
+        <translation>&amp;Key:</translation>
+    </message>
+    <message>
+        <source>Nome del &amp;file:</source>
+        <translation>&amp;File name:</translation>
+    </message>
+    <message>
+        <source>&amp;Marker:</source>
+        <translation>Se&amp;ctions:</translation>
+    </message>
+    <message>
+        <source>&amp;Salva</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Manca il titolo.</source>
+        <translation>The title is missing.</translation>
+    </message>
+    <message>
+        <source>Manca il nome del file.</source>
+        <translation>The file name is missing.</translation>
+    </message>
+    <message>
+        <source>La durata si scrive in minuti e secondi, per esempio 3:05.</source>
+        <translation>The length is written in minutes and seconds, for example 3:05.</translation>
+    </message>
+    <message>
+        <source>Ogni riga dei marker ha una misura e un testo, per esempio: 9 Verse1</source>
+        <translation>Each line of the sections has a bar and a text, for example: 9 Verse1</translation>
+    </message>
+    <message>
+        <source>Un testo è troppo lungo.</source>
+        <translation>A text is too long.</translation>
+    </message>
+    <message>
+        <source>Il tempo è un numero, per esempio 120.</source>
+        <translation>The tempo is a number, for example 120.</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueDialog</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>My catalogue</translation>
+    </message>
+    <message>
+        <source>La sincronizzazione cerca le song prima in queste voci e poi nel catalogo del programma.</source>
+        <translation>Synchronizing looks for songs in these entries first, and then in the program&apos;s catalogue.</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca:</source>
+        <translation>&amp;Find:</translation>
+    </message>
+    <message>
+        <source>Voci del mio catalogo</source>
+        <translation>Entries of my catalogue</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Length</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Key</translation>
+    </message>
+    <message>
+        <source>Nome del file</source>
+        <translation>File name</translation>
+    </message>
+    <message>
+        <source>Aggiungi le song della &amp;lista</source>
+        <translation>Add the songs in the &amp;list</translation>
+    </message>
+    <message>
+        <source>&amp;Importa...</source>
+        <translation>&amp;Import...</translation>
+    </message>
+    <message>
+        <source>Es&amp;porta...</source>
+        <translation>E&amp;xport...</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica...</source>
+        <translation>&amp;Edit...</translation>
+    </message>
+    <message>
+        <source>&amp;Elimina</source>
+        <translation>&amp;Delete</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>Voci: %1 di %2</source>
+        <translation>Entries: %1 of %2</translation>
+    </message>
+    <message>
+        <source>C&apos;è già una voce con questo nome del file. Sostituirla?</source>
+        <translation>There is an entry with this file name already. Replace it?</translation>
+    </message>
+    <message numerus="yes">
+        <source>Eliminare %n voci dal catalogo? Le song restano come sono.</source>
+        <translation>
+            <numerusform>Delete one entry from the catalogue? The songs stay as they are.</numerusform>
+            <numerusform>Delete %n entries from the catalogue? The songs stay as they are.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Importa voci</source>
+        <translation>Import entries</translation>
+    </message>
+    <message>
+        <source>Esporta voci</source>
+        <translation>Export entries</translation>
     </message>
 </context>
 </TS>

@@ -119,6 +119,14 @@ Selezionare una cartella di destinazione per il backup oppure premere &apos;Pros
         <source>(vuoto)</source>
         <translation>(vuoto)</translation>
     </message>
+    <message>
+        <source>il mio catalogo</source>
+        <translation>il mio catalogo</translation>
+    </message>
+    <message>
+        <source>catalogo del programma</source>
+        <translation>catalogo del programma</translation>
+    </message>
 </context>
 <context>
     <name>ChangePreviewDialog</name>
@@ -857,6 +865,42 @@ Si vuole procedere comunque con la copia?</translation>
         <source>Prepara i ta&amp;g MP3...</source>
         <translation>Prepara i ta&amp;g MP3...</translation>
     </message>
+    <message>
+        <source>A&amp;ggiungi file...</source>
+        <translation>A&amp;ggiungi file...</translation>
+    </message>
+    <message>
+        <source>Aggiung&amp;i cartella...</source>
+        <translation>Aggiung&amp;i cartella...</translation>
+    </message>
+    <message>
+        <source>&amp;Apri lista...</source>
+        <translation>&amp;Apri lista...</translation>
+    </message>
+    <message>
+        <source>Sal&amp;va lista...</source>
+        <translation>Sal&amp;va lista...</translation>
+    </message>
+    <message>
+        <source>Ria&amp;pri l&apos;ultima lista</source>
+        <translation>Ria&amp;pri l&apos;ultima lista</translation>
+    </message>
+    <message>
+        <source>&amp;Usati di recente</source>
+        <translation>&amp;Usati di recente</translation>
+    </message>
+    <message>
+        <source>&amp;Aggiungi al mio catalogo</source>
+        <translation>&amp;Aggiungi al mio catalogo</translation>
+    </message>
+    <message>
+        <source>Aggiungi al mio catalogo</source>
+        <translation>Aggiungi al mio catalogo</translation>
+    </message>
+    <message>
+        <source>&amp;Il mio catalogo...</source>
+        <translation>&amp;Il mio catalogo...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1438,6 +1482,26 @@ Installare di nuovo il programma.</translation>
         <source>Non è nel catalogo</source>
         <translation>Non è nel catalogo</translation>
     </message>
+    <message>
+        <source>Non contiene voci</source>
+        <translation>Non contiene voci</translation>
+    </message>
+    <message>
+        <source>La voce è già nel catalogo. Sostituirla?</source>
+        <translation>La voce è già nel catalogo. Sostituirla?</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è ancora un catalogo</source>
+        <translation>Non c&apos;è ancora un catalogo</translation>
+    </message>
+    <message>
+        <source>Il file esiste già. Sostituirlo?</source>
+        <translation>Il file esiste già. Sostituirlo?</translation>
+    </message>
+    <message>
+        <source>Catalogo</source>
+        <translation>Catalogo</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
@@ -1484,10 +1548,6 @@ Installare di nuovo il programma.</translation>
     <message>
         <source>la cartella di destinazione, in una memoria</source>
         <translation>la cartella di destinazione, in una memoria</translation>
-    </message>
-    <message>
-        <source>sostituisce i file che ci sono già</source>
-        <translation>sostituisce i file che ci sono già</translation>
     </message>
     <message>
         <source>accorcia i nomi troppo lunghi per il player</source>
@@ -1622,6 +1682,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>scrive ciò che altrimenti viene solo mostrato</source>
         <translation>scrive ciò che altrimenti viene solo mostrato</translation>
+    </message>
+    <message>
+        <source>sostituisce i file, o le voci, che ci sono già</source>
+        <translation>sostituisce i file, o le voci, che ci sono già</translation>
     </message>
 </context>
 <context>
@@ -1901,6 +1965,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>%1, annullato</source>
         <translation>%1, annullato</translation>
+    </message>
+    <message>
+        <source>Catalogo</source>
+        <translation>Catalogo</translation>
     </message>
 </context>
 <context>
@@ -4312,6 +4380,366 @@ Preparare prima il tag per il player?</translation>
     <message>
         <source>&amp;Song rimaste come sono:</source>
         <translation>&amp;Song rimaste come sono:</translation>
+    </message>
+</context>
+<context>
+    <name>SongLists</name>
+    <message>
+        <source>Queste song sono già nella lista</source>
+        <translation>Queste song sono già nella lista</translation>
+    </message>
+    <message>
+        <source>Song aggiunte alla lista: %1</source>
+        <translation>Song aggiunte alla lista: %1</translation>
+    </message>
+    <message>
+        <source>Apri lista</source>
+        <translation>Apri lista</translation>
+    </message>
+    <message>
+        <source>La lista non contiene song</source>
+        <translation>La lista non contiene song</translation>
+    </message>
+    <message>
+        <source>Non è il percorso di un file</source>
+        <translation>Non è il percorso di un file</translation>
+    </message>
+    <message>
+        <source>La lista è troppo lunga: solo le prime %1 song sono state lette.</source>
+        <translation>La lista è troppo lunga: solo le prime %1 song sono state lette.</translation>
+    </message>
+    <message>
+        <source>La lista è vuota</source>
+        <translation>La lista è vuota</translation>
+    </message>
+    <message>
+        <source>Lista con percorsi relativi (*.m3u8)</source>
+        <translation>Lista con percorsi relativi (*.m3u8)</translation>
+    </message>
+    <message>
+        <source>Lista con percorsi assoluti (*.m3u8)</source>
+        <translation>Lista con percorsi assoluti (*.m3u8)</translation>
+    </message>
+    <message>
+        <source>Salva lista</source>
+        <translation>Salva lista</translation>
+    </message>
+    <message>
+        <source>Song salvate nella lista: %1</source>
+        <translation>Song salvate nella lista: %1</translation>
+    </message>
+    <message>
+        <source>Aggiungi %1</source>
+        <translation>Aggiungi %1</translation>
+    </message>
+    <message>
+        <source>Nessuna lista</source>
+        <translation>Nessuna lista</translation>
+    </message>
+</context>
+<context>
+    <name>UserFile</name>
+    <message>
+        <source>Il file è troppo grande</source>
+        <translation>Il file è troppo grande</translation>
+    </message>
+    <message>
+        <source>Il file non può essere letto</source>
+        <translation>Il file non può essere letto</translation>
+    </message>
+    <message>
+        <source>Il file è una song e non viene sostituito</source>
+        <translation>Il file è una song e non viene sostituito</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è abbastanza spazio</source>
+        <translation>Non c&apos;è abbastanza spazio</translation>
+    </message>
+    <message>
+        <source>Nella cartella non si può scrivere</source>
+        <translation>Nella cartella non si può scrivere</translation>
+    </message>
+    <message>
+        <source>La cartella non esiste</source>
+        <translation>La cartella non esiste</translation>
+    </message>
+    <message>
+        <source>Il file non può essere scritto</source>
+        <translation>Il file non può essere scritto</translation>
+    </message>
+</context>
+<context>
+    <name>OwnCatalogue</name>
+    <message>
+        <source>Il mio catalogo è di una versione più recente del programma.</source>
+        <translation>Il mio catalogo è di una versione più recente del programma.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo è danneggiato, o non è un catalogo di questo programma.</source>
+        <translation>Il mio catalogo è danneggiato, o non è un catalogo di questo programma.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo non può essere letto.</source>
+        <translation>Il mio catalogo non può essere letto.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo non può essere scritto.</source>
+        <translation>Il mio catalogo non può essere scritto.</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueTsv</name>
+    <message>
+        <source>riga %1: %2</source>
+        <translation>riga %1: %2</translation>
+    </message>
+    <message>
+        <source>non è testo</source>
+        <translation>non è testo</translation>
+    </message>
+    <message>
+        <source>mancano delle colonne</source>
+        <translation>mancano delle colonne</translation>
+    </message>
+    <message>
+        <source>durata e tempo devono essere numeri</source>
+        <translation>durata e tempo devono essere numeri</translation>
+    </message>
+    <message>
+        <source>mancano il titolo o il nome del file, o un testo è troppo lungo</source>
+        <translation>mancano il titolo o il nome del file, o un testo è troppo lungo</translation>
+    </message>
+    <message>
+        <source>ci sono troppe voci</source>
+        <translation>ci sono troppe voci</translation>
+    </message>
+</context>
+<context>
+    <name>SongEntries</name>
+    <message>
+        <source>Senza titolo o nome non può stare nel catalogo</source>
+        <translation>Senza titolo o nome non può stare nel catalogo</translation>
+    </message>
+    <message>
+        <source>Un&apos;altra song ha lo stesso nome</source>
+        <translation>Un&apos;altra song ha lo stesso nome</translation>
+    </message>
+</context>
+<context>
+    <name>OwnCatalogueMenu</name>
+    <message>
+        <source>%1 è nel mio catalogo</source>
+        <translation>%1 è nel mio catalogo</translation>
+    </message>
+</context>
+<context>
+    <name>SongSync</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>Il mio catalogo</translation>
+    </message>
+    <message>
+        <source>Continuare con il solo catalogo del programma?</source>
+        <translation>Continuare con il solo catalogo del programma?</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueAdding</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>Il mio catalogo</translation>
+    </message>
+    <message>
+        <source>Leggo le song...</source>
+        <translation>Leggo le song...</translation>
+    </message>
+    <message>
+        <source>Il file non contiene voci.</source>
+        <translation>Il file non contiene voci.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n voci sono già nel catalogo. Sostituirle?</source>
+        <translation>
+            <numerusform>Una voce è già nel catalogo. Sostituirla?</numerusform>
+            <numerusform>%n voci sono già nel catalogo. Sostituirle?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Non aggiunto al catalogo:</source>
+        <translation>&amp;Non aggiunto al catalogo:</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueEntryDialog</name>
+    <message>
+        <source>Voce del mio catalogo</source>
+        <translation>Voce del mio catalogo</translation>
+    </message>
+    <message>
+        <source>T&amp;itolo:</source>
+        <translation>T&amp;itolo:</translation>
+    </message>
+    <message>
+        <source>In&amp;terprete:</source>
+        <translation>In&amp;terprete:</translation>
+    </message>
+    <message>
+        <source>Interprete, c&amp;ognome prima:</source>
+        <translation>Interprete, c&amp;ognome prima:</translation>
+    </message>
+    <message>
+        <source>&amp;Genere:</source>
+        <translation>&amp;Genere:</translation>
+    </message>
+    <message>
+        <source>&amp;Autore:</source>
+        <translation>&amp;Autore:</translation>
+    </message>
+    <message>
+        <source>&amp;Durata:</source>
+        <translation>&amp;Durata:</translation>
+    </message>
+    <message>
+        <source>&amp;BPM:</source>
+        <translation>&amp;BPM:</translation>
+    </message>
+    <message>
+        <source>Tona&amp;lità:</source>
+        <translation>Tona&amp;lità:</translation>
+    </message>
+    <message>
+        <source>Nome del &amp;file:</source>
+        <translation>Nome del &amp;file:</translation>
+    </message>
+    <message>
+        <source>&amp;Marker:</source>
+        <translation>&amp;Marker:</translation>
+    </message>
+    <message>
+        <source>&amp;Salva</source>
+        <translation>&amp;Salva</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Manca il titolo.</source>
+        <translation>Manca il titolo.</translation>
+    </message>
+    <message>
+        <source>Manca il nome del file.</source>
+        <translation>Manca il nome del file.</translation>
+    </message>
+    <message>
+        <source>La durata si scrive in minuti e secondi, per esempio 3:05.</source>
+        <translation>La durata si scrive in minuti e secondi, per esempio 3:05.</translation>
+    </message>
+    <message>
+        <source>Ogni riga dei marker ha una misura e un testo, per esempio: 9 Verse1</source>
+        <translation>Ogni riga dei marker ha una misura e un testo, per esempio: 9 Verse1</translation>
+    </message>
+    <message>
+        <source>Un testo è troppo lungo.</source>
+        <translation>Un testo è troppo lungo.</translation>
+    </message>
+    <message>
+        <source>Il tempo è un numero, per esempio 120.</source>
+        <translation>Il tempo è un numero, per esempio 120.</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueDialog</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>Il mio catalogo</translation>
+    </message>
+    <message>
+        <source>La sincronizzazione cerca le song prima in queste voci e poi nel catalogo del programma.</source>
+        <translation>La sincronizzazione cerca le song prima in queste voci e poi nel catalogo del programma.</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca:</source>
+        <translation>&amp;Cerca:</translation>
+    </message>
+    <message>
+        <source>Voci del mio catalogo</source>
+        <translation>Voci del mio catalogo</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titolo</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interprete</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Genere</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Durata</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Tonalità</translation>
+    </message>
+    <message>
+        <source>Nome del file</source>
+        <translation>Nome del file</translation>
+    </message>
+    <message>
+        <source>Aggiungi le song della &amp;lista</source>
+        <translation>Aggiungi le song della &amp;lista</translation>
+    </message>
+    <message>
+        <source>&amp;Importa...</source>
+        <translation>&amp;Importa...</translation>
+    </message>
+    <message>
+        <source>Es&amp;porta...</source>
+        <translation>Es&amp;porta...</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica...</source>
+        <translation>&amp;Modifica...</translation>
+    </message>
+    <message>
+        <source>&amp;Elimina</source>
+        <translation>&amp;Elimina</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message>
+        <source>Voci: %1 di %2</source>
+        <translation>Voci: %1 di %2</translation>
+    </message>
+    <message>
+        <source>C&apos;è già una voce con questo nome del file. Sostituirla?</source>
+        <translation>C&apos;è già una voce con questo nome del file. Sostituirla?</translation>
+    </message>
+    <message numerus="yes">
+        <source>Eliminare %n voci dal catalogo? Le song restano come sono.</source>
+        <translation>
+            <numerusform>Eliminare una voce dal catalogo? Le song restano come sono.</numerusform>
+            <numerusform>Eliminare %n voci dal catalogo? Le song restano come sono.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Importa voci</source>
+        <translation>Importa voci</translation>
+    </message>
+    <message>
+        <source>Esporta voci</source>
+        <translation>Esporta voci</translation>
     </message>
 </context>
 </TS>

@@ -119,6 +119,14 @@ Wählen Sie einen Zielordner für die Sicherung, oder klicken Sie auf „Ohne Si
         <source>(vuoto)</source>
         <translation>(leer)</translation>
     </message>
+    <message>
+        <source>il mio catalogo</source>
+        <translation>mein Katalog</translation>
+    </message>
+    <message>
+        <source>catalogo del programma</source>
+        <translation>Katalog des Programms</translation>
+    </message>
 </context>
 <context>
     <name>ChangePreviewDialog</name>
@@ -857,6 +865,42 @@ Trotzdem kopieren?</translation>
         <source>Prepara i ta&amp;g MP3...</source>
         <translation>MP3-Ta&amp;gs vorbereiten...</translation>
     </message>
+    <message>
+        <source>A&amp;ggiungi file...</source>
+        <translation>Dateien &amp;hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Aggiung&amp;i cartella...</source>
+        <translation>Ord&amp;ner hinzufügen...</translation>
+    </message>
+    <message>
+        <source>&amp;Apri lista...</source>
+        <translation>Liste ö&amp;ffnen...</translation>
+    </message>
+    <message>
+        <source>Sal&amp;va lista...</source>
+        <translation>Liste s&amp;peichern...</translation>
+    </message>
+    <message>
+        <source>Ria&amp;pri l&apos;ultima lista</source>
+        <translation>Letzte Liste &amp;wieder öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Usati di recente</source>
+        <translation>&amp;Zuletzt verwendet</translation>
+    </message>
+    <message>
+        <source>&amp;Aggiungi al mio catalogo</source>
+        <translation>Zu meinem Katalog &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>Aggiungi al mio catalogo</source>
+        <translation>Zu meinem Katalog hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Il mio catalogo...</source>
+        <translation>&amp;Mein Katalog...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1438,6 +1482,26 @@ Bitte installieren Sie das Programm neu.</translation>
         <source>Non è nel catalogo</source>
         <translation>Steht nicht im Katalog</translation>
     </message>
+    <message>
+        <source>Non contiene voci</source>
+        <translation>Enthält keine Einträge</translation>
+    </message>
+    <message>
+        <source>La voce è già nel catalogo. Sostituirla?</source>
+        <translation>Der Eintrag steht schon im Katalog. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è ancora un catalogo</source>
+        <translation>Es gibt noch keinen Katalog</translation>
+    </message>
+    <message>
+        <source>Il file esiste già. Sostituirlo?</source>
+        <translation>Die Datei ist schon vorhanden. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>Catalogo</source>
+        <translation>Katalog</translation>
+    </message>
 </context>
 <context>
     <name>Help</name>
@@ -1484,10 +1548,6 @@ Bitte installieren Sie das Programm neu.</translation>
     <message>
         <source>la cartella di destinazione, in una memoria</source>
         <translation>der Zielordner, auf einem Speicher</translation>
-    </message>
-    <message>
-        <source>sostituisce i file che ci sono già</source>
-        <translation>ersetzt Dateien, die es dort schon gibt</translation>
     </message>
     <message>
         <source>accorcia i nomi troppo lunghi per il player</source>
@@ -1622,6 +1682,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>scrive ciò che altrimenti viene solo mostrato</source>
         <translation>schreibt, was sonst nur gezeigt wird</translation>
+    </message>
+    <message>
+        <source>sostituisce i file, o le voci, che ci sono già</source>
+        <translation>ersetzt Dateien oder Einträge, die schon da sind</translation>
     </message>
 </context>
 <context>
@@ -1901,6 +1965,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>%1, annullato</source>
         <translation>%1, zurückgenommen</translation>
+    </message>
+    <message>
+        <source>Catalogo</source>
+        <translation>Katalog</translation>
     </message>
 </context>
 <context>
@@ -4312,6 +4380,366 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
     <message>
         <source>&amp;Song rimaste come sono:</source>
         <translation>&amp;Songs, die geblieben sind, wie sie sind:</translation>
+    </message>
+</context>
+<context>
+    <name>SongLists</name>
+    <message>
+        <source>Queste song sono già nella lista</source>
+        <translation>Diese Songs stehen schon in der Liste</translation>
+    </message>
+    <message>
+        <source>Song aggiunte alla lista: %1</source>
+        <translation>Zur Liste hinzugefügte Songs: %1</translation>
+    </message>
+    <message>
+        <source>Apri lista</source>
+        <translation>Liste öffnen</translation>
+    </message>
+    <message>
+        <source>La lista non contiene song</source>
+        <translation>Die Liste enthält keine Songs</translation>
+    </message>
+    <message>
+        <source>Non è il percorso di un file</source>
+        <translation>Führt zu keiner Datei</translation>
+    </message>
+    <message>
+        <source>La lista è troppo lunga: solo le prime %1 song sono state lette.</source>
+        <translation>Die Liste ist zu lang: Nur ihre ersten Songs (%1) wurden gelesen.</translation>
+    </message>
+    <message>
+        <source>La lista è vuota</source>
+        <translation>Die Liste ist leer</translation>
+    </message>
+    <message>
+        <source>Lista con percorsi relativi (*.m3u8)</source>
+        <translation>Liste, die mit den Songs verschoben werden kann (*.m3u8)</translation>
+    </message>
+    <message>
+        <source>Lista con percorsi assoluti (*.m3u8)</source>
+        <translation>Liste, die allein verschoben werden kann (*.m3u8)</translation>
+    </message>
+    <message>
+        <source>Salva lista</source>
+        <translation>Liste speichern</translation>
+    </message>
+    <message>
+        <source>Song salvate nella lista: %1</source>
+        <translation>In der Liste gespeicherte Songs: %1</translation>
+    </message>
+    <message>
+        <source>Aggiungi %1</source>
+        <translation>%1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Nessuna lista</source>
+        <translation>Keine Liste</translation>
+    </message>
+</context>
+<context>
+    <name>UserFile</name>
+    <message>
+        <source>Il file è troppo grande</source>
+        <translation>Die Datei ist zu groß</translation>
+    </message>
+    <message>
+        <source>Il file non può essere letto</source>
+        <translation>Die Datei kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Il file è una song e non viene sostituito</source>
+        <translation>Die Datei ist ein Song und wird nicht ersetzt</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è abbastanza spazio</source>
+        <translation>Es ist nicht genug Platz</translation>
+    </message>
+    <message>
+        <source>Nella cartella non si può scrivere</source>
+        <translation>In den Ordner kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>La cartella non esiste</source>
+        <translation>Der Ordner ist nicht vorhanden</translation>
+    </message>
+    <message>
+        <source>Il file non può essere scritto</source>
+        <translation>Die Datei kann nicht geschrieben werden</translation>
+    </message>
+</context>
+<context>
+    <name>OwnCatalogue</name>
+    <message>
+        <source>Il mio catalogo è di una versione più recente del programma.</source>
+        <translation>Mein Katalog stammt von einer neueren Version des Programms.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo è danneggiato, o non è un catalogo di questo programma.</source>
+        <translation>Mein Katalog ist beschädigt oder kein Katalog dieses Programms.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo non può essere letto.</source>
+        <translation>Mein Katalog kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo non può essere scritto.</source>
+        <translation>Mein Katalog kann nicht geschrieben werden.</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueTsv</name>
+    <message>
+        <source>riga %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>non è testo</source>
+        <translation>ist kein Text</translation>
+    </message>
+    <message>
+        <source>mancano delle colonne</source>
+        <translation>Spalten fehlen</translation>
+    </message>
+    <message>
+        <source>durata e tempo devono essere numeri</source>
+        <translation>Dauer und Tempo müssen Zahlen sein</translation>
+    </message>
+    <message>
+        <source>mancano il titolo o il nome del file, o un testo è troppo lungo</source>
+        <translation>Titel oder Dateiname fehlen, oder ein Text ist zu lang</translation>
+    </message>
+    <message>
+        <source>ci sono troppe voci</source>
+        <translation>es sind zu viele Einträge</translation>
+    </message>
+</context>
+<context>
+    <name>SongEntries</name>
+    <message>
+        <source>Senza titolo o nome non può stare nel catalogo</source>
+        <translation>Ohne Titel oder Namen kann der Song nicht im Katalog stehen</translation>
+    </message>
+    <message>
+        <source>Un&apos;altra song ha lo stesso nome</source>
+        <translation>Ein anderer Song hat denselben Namen</translation>
+    </message>
+</context>
+<context>
+    <name>OwnCatalogueMenu</name>
+    <message>
+        <source>%1 è nel mio catalogo</source>
+        <translation>%1 steht in meinem Katalog</translation>
+    </message>
+</context>
+<context>
+    <name>SongSync</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>Mein Katalog</translation>
+    </message>
+    <message>
+        <source>Continuare con il solo catalogo del programma?</source>
+        <translation>Nur mit dem Katalog des Programms fortfahren?</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueAdding</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>Mein Katalog</translation>
+    </message>
+    <message>
+        <source>Leggo le song...</source>
+        <translation>Songs werden gelesen...</translation>
+    </message>
+    <message>
+        <source>Il file non contiene voci.</source>
+        <translation>Die Datei enthält keine Einträge.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n voci sono già nel catalogo. Sostituirle?</source>
+        <translation>
+            <numerusform>Ein Eintrag steht schon im Katalog. Ersetzen?</numerusform>
+            <numerusform>%n Einträge stehen schon im Katalog. Ersetzen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Non aggiunto al catalogo:</source>
+        <translation>&amp;Nicht in den Katalog aufgenommen:</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueEntryDialog</name>
+    <message>
+        <source>Voce del mio catalogo</source>
+        <translation>Eintrag meines Katalogs</translation>
+    </message>
+    <message>
+        <source>T&amp;itolo:</source>
+        <translation>&amp;Titel:</translation>
+    </message>
+    <message>
+        <source>In&amp;terprete:</source>
+        <translation>&amp;Interpret:</translation>
+    </message>
+    <message>
+        <source>Interprete, c&amp;ognome prima:</source>
+        <translation>Interpret, Nachna&amp;me zuerst:</translation>
+    </message>
+    <message>
+        <source>&amp;Genere:</source>
+        <translation>Musik&amp;richtung:</translation>
+    </message>
+    <message>
+        <source>&amp;Autore:</source>
+        <translation>&amp;Autor:</translation>
+    </message>
+    <message>
+        <source>&amp;Durata:</source>
+        <translation>&amp;Dauer:</translation>
+    </message>
+    <message>
+        <source>&amp;BPM:</source>
+        <translation>T&amp;empo (BPM):</translation>
+    </message>
+    <message>
+        <source>Tona&amp;lità:</source>
+        <translation>T&amp;onart:</translation>
+    </message>
+    <message>
+        <source>Nome del &amp;file:</source>
+        <translation>Datei&amp;name:</translation>
+    </message>
+    <message>
+        <source>&amp;Marker:</source>
+        <translation>A&amp;bschnitte:</translation>
+    </message>
+    <message>
+        <source>&amp;Salva</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Manca il titolo.</source>
+        <translation>Der Titel fehlt.</translation>
+    </message>
+    <message>
+        <source>Manca il nome del file.</source>
+        <translation>Der Dateiname fehlt.</translation>
+    </message>
+    <message>
+        <source>La durata si scrive in minuti e secondi, per esempio 3:05.</source>
+        <translation>Die Dauer wird in Minuten und Sekunden geschrieben, zum Beispiel 3:05.</translation>
+    </message>
+    <message>
+        <source>Ogni riga dei marker ha una misura e un testo, per esempio: 9 Verse1</source>
+        <translation>Jede Zeile der Abschnitte hat einen Takt und einen Text, zum Beispiel: 9 Verse1</translation>
+    </message>
+    <message>
+        <source>Un testo è troppo lungo.</source>
+        <translation>Ein Text ist zu lang.</translation>
+    </message>
+    <message>
+        <source>Il tempo è un numero, per esempio 120.</source>
+        <translation>Das Tempo ist eine Zahl, zum Beispiel 120.</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueDialog</name>
+    <message>
+        <source>Il mio catalogo</source>
+        <translation>Mein Katalog</translation>
+    </message>
+    <message>
+        <source>La sincronizzazione cerca le song prima in queste voci e poi nel catalogo del programma.</source>
+        <translation>Beim Synchronisieren wird zuerst in diesen Einträgen gesucht und dann im Katalog des Programms.</translation>
+    </message>
+    <message>
+        <source>&amp;Cerca:</source>
+        <translation>Su&amp;chen:</translation>
+    </message>
+    <message>
+        <source>Voci del mio catalogo</source>
+        <translation>Einträge meines Katalogs</translation>
+    </message>
+    <message>
+        <source>Titolo</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Interprete</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>Genere</source>
+        <translation>Musikrichtung</translation>
+    </message>
+    <message>
+        <source>Durata</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>BPM</source>
+        <translation>BPM</translation>
+    </message>
+    <message>
+        <source>Tonalità</source>
+        <translation>Tonart</translation>
+    </message>
+    <message>
+        <source>Nome del file</source>
+        <translation>Dateiname</translation>
+    </message>
+    <message>
+        <source>Aggiungi le song della &amp;lista</source>
+        <translation>Songs der &amp;Liste hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Importa...</source>
+        <translation>E&amp;inlesen...</translation>
+    </message>
+    <message>
+        <source>Es&amp;porta...</source>
+        <translation>Als &amp;Tabelle speichern...</translation>
+    </message>
+    <message>
+        <source>&amp;Modifica...</source>
+        <translation>&amp;Bearbeiten...</translation>
+    </message>
+    <message>
+        <source>&amp;Elimina</source>
+        <translation>Lösc&amp;hen</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Voci: %1 di %2</source>
+        <translation>Einträge: %1 von %2</translation>
+    </message>
+    <message>
+        <source>C&apos;è già una voce con questo nome del file. Sostituirla?</source>
+        <translation>Es gibt schon einen Eintrag mit diesem Dateinamen. Ersetzen?</translation>
+    </message>
+    <message numerus="yes">
+        <source>Eliminare %n voci dal catalogo? Le song restano come sono.</source>
+        <translation>
+            <numerusform>Einen Eintrag aus dem Katalog löschen? Die Songs bleiben, wie sie sind.</numerusform>
+            <numerusform>%n Einträge aus dem Katalog löschen? Die Songs bleiben, wie sie sind.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Importa voci</source>
+        <translation>Einträge einlesen</translation>
+    </message>
+    <message>
+        <source>Esporta voci</source>
+        <translation>Einträge als Tabelle speichern</translation>
     </message>
 </context>
 </TS>

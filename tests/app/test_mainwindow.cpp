@@ -202,7 +202,9 @@ void TestMainWindow::menusStandInTheirOrder()
     QCOMPARE(namesOf(window.child<QMenuBar>("menuBar")->actions()).join(QLatin1Char(' ')),
              QStringLiteral("menuFile menuEdit menuPreferences menuStrumenti menuHelp"));
     QCOMPARE(names("menuFile"),
-             QStringLiteral("actionSelectSongs actionSynchronise actionTransfer  actionEditSong "
+             QStringLiteral("actionSelectSongs actionAddFiles actionAddFolder  actionOpenList "
+                            "actionSaveList actionReopenList menuRecent  "
+                            "actionSynchronise actionTransfer  actionEditSong "
                             "actionRemoveSong actionDeleteSongFile  actionFindSong menuSort  "
                             "actionQuit"));
     QCOMPARE(names("menuPreferences"), QStringLiteral("menuLanguage menuMessaggi_Copyright"));
@@ -211,7 +213,8 @@ void TestMainWindow::menusStandInTheirOrder()
              QStringLiteral("actionCopyrightYes actionCopyrightNo"));
     QCOMPARE(names("menuStrumenti"),
              QStringLiteral("optimizeMemory actionSongsList actionMemory  actionTransferPlan "
-                            "actionPreviewChanges actionPrepareTags"));
+                            "actionPreviewChanges actionPrepareTags  actionAddToCatalogue "
+                            "actionCatalogue"));
     QCOMPARE(names("menuHelp"), QStringLiteral("actionContents actionAbout actionAbout_QT"));
     for (const char *checkable : {"actionItalian", "actionEnglish", "actionGerman",
                                   "actionCopyrightYes", "actionCopyrightNo"})

@@ -111,7 +111,8 @@ void TestSmallScreens::everyWindowFits_data()
     QTest::newRow("1366 x 768 at 144 dpi") << 1366 << 768 << 144 << QString();
     QTest::newRow("740 x 380: dialogs scroll")
         << 740 << 380 << 96
-        << QStringLiteral("edit scrolls\nseveral-replace scrolls\nmemory scrolls\nmemory-empty "
+        << QStringLiteral("catalogue-entry scrolls\nedit scrolls\nseveral-replace scrolls\nmemory "
+                          "scrolls\nmemory-empty "
                           "scrolls\nmemory-songs scrolls\n"
                           "memory-playlists scrolls\nmemory-duplicates scrolls\n"
                           "memory-check scrolls\n");

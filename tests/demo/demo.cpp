@@ -12,6 +12,7 @@
 #include "support/tagsofothers.h"
 #include "support/userdriver.h"
 #include "windows/backupdialog.h"
+#include "windows/cataloguedialog.h"
 #include "windows/dataeditdialog.h"
 #include "windows/indexdialog.h"
 #include "windows/memorywindow.h"
@@ -32,6 +33,7 @@
 #include <QTableView>
 #include <QTextStream>
 #include <QToolButton>
+#include <QTreeWidget>
 
 namespace
 {
@@ -63,6 +65,7 @@ private:
     bool answerPlan(QWidget *window);
     bool answerMemory(QWidget *window);
     bool answerSongsList(QWidget *window);
+    bool answerCatalogue(QWidget *window);
     bool answerOther(QWidget *window);
     void shootOnce(QWidget *window, const QString &name);
     void document(QWidget *window, const QString &name);
@@ -161,6 +164,7 @@ void Demo::addAnswers()
     m_user.add([this](QWidget *window) { return answerPlan(window); });
     m_user.add([this](QWidget *window) { return answerMemory(window); });
     m_user.add([this](QWidget *window) { return answerSongsList(window); });
+    m_user.add([this](QWidget *window) { return answerCatalogue(window); });
     m_user.add([this](QWidget *window) { return answerOther(window); });
 }
 
@@ -274,6 +278,21 @@ bool Demo::answerSongsList(QWidget *window)
 }
 
 /** Message boxes, progress windows and whatever only wants to be read. */
+bool Demo::answerCatalogue(QWidget *window)
+{
+    if (qobject_cast<CatalogueDialog *>(window) == nullptr)
+        return false;
+    auto *const entries = child<QTreeWidget>(window, "entriesTreeWidget");
+    if (nextStep(window) == 0 && entries->topLevelItemCount() > 0) {
+        entries->setCurrentItem(entries->topLevelItem(0));
+        shootOnce(window, QStringLiteral("cataloguedialog"));
+        clickLater(child<QPushButton>(window, "editPushButton"));
+    } else {
+        QMetaObject::invokeMethod(window, "reject");
+    }
+    return true;
+}
+
 bool Demo::answerOther(QWidget *window)
 {
     if (auto *const box = qobject_cast<QMessageBox *>(window)) {
@@ -443,6 +462,9 @@ void Demo::lookAtMemory()
 
 void Demo::showInfoWindows()
 {
+    child<QTableView>(&m_window, "userLibraryTableView")->selectRow(0);
+    trigger("actionAddToCatalogue");
+    trigger("actionCatalogue");
     trigger("actionContents");
     trigger("actionAbout");
 }

@@ -331,6 +331,13 @@ SEEDS = {
                   + b'file,title,key\r\n"a.mid","x ""y""\r\nz",C\r\n',
         "tabs": short(b"%genre/%track%%%any") + short(b"a/b/1%c") + short("é".encode())
                 + b"\xef\xbb\xbfDateiname\tTitel\na\tb\n"},
+    "fuzz_lists": {
+        "m3u8": b"\xef\xbb\xbf#EXTM3U\r\n#EXTINF:1,A\r\na.mid\r\n../b c.mp3\n/x/\xc3\xbc.kar\n"
+                b"file:///y/%C3%BC%20%0A.mid\nhttp://example.org/z.mp3\nC:\\d.mid\n:e.mid\nF\xfc.mid",
+        "tsv": b"title\tartist\tgenre\tauthor\tlength\tbpm\tkey\tfilename\tmarkers\taltartist\n"
+               b"T\tA\tG\tW\t60\t120\tC#\tfile\t1;Intro;9;A%3B%25;12;%;\tA\\tB\\n\\\\\n",
+        "plain-tsv": b"T\tA\tG\tW\t\t\tC\tfile\tNULL\tA\nT\tA\tG\tW\tx\t\tC\tother\t\tA\n",
+    },
     "fuzz_catalogue": {
         "title": short(b"BLUE MOON") + MARKERS, "wild": short(b"%a%_%") + b"70000;x;;-1;y;3",
         "quote": short(b'a"b') + "1;Größe;".encode(), "many": short(b"%" * 60) + b"1;a;" * 40},
@@ -363,6 +370,8 @@ WORDS = {
                      b"ID3\x03\0"],
     "fuzz_csvlist": [b"%title", b"%artist", b"%track", b"%any", b"%%", b"file;title", b'""',
                      b"\xff\xfe", b"(a*)*", b"\\1"],
+    "fuzz_lists": [b"file://", b"#EXTM3U", b"\xef\xbb\xbf", b"%00", b"%0A", b"../", b"\t", b"\\t",
+                   b"filename", b"altartist", b"markers", b"%3B", b"%25", b"NULL"],
     "fuzz_catalogue": [b";", b"%", b"_", b'"', b"65535;", b"65536;", b"%_%_"],
 }
 

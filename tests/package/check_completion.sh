@@ -25,7 +25,9 @@ expect() {
 expect "show set edit sync transfer index list remove eject catalogue history undo tags --help --version" kavena ""
 expect "set" kavena se
 expect "update rebuild check" kavena index ""
-expect "find" kavena catalogue ""
+expect "find add export import" kavena catalogue ""
+expect "--replace" kavena catalogue add --r
+expect "--json" kavena catalogue find --j
 expect "yes no" kavena transfer --replace ""
 expect "title artist genre" kavena list --sort ""
 expect "--dry-run" kavena sync --d

@@ -8,6 +8,8 @@
 #include "support/tagsofothers.h"
 #include "windows/aboutdialog.h"
 #include "windows/backupdialog.h"
+#include "windows/cataloguedialog.h"
+#include "windows/catalogueentrydialog.h"
 #include "windows/changepreviewdialog.h"
 #include "windows/dataeditdialog.h"
 #include "windows/filelistdialog.h"
@@ -32,6 +34,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeView>
+#include <QTreeWidget>
 
 #include <functional>
 #include <memory>
@@ -200,6 +203,34 @@ inline std::unique_ptr<QWidget> preparedTags()
                                                OpenHistory());
 }
 
+inline SongsDbRecord exampleEntry()
+{
+    SongInfo song = exampleSong();
+    song.markers = {{1, QStringLiteral("Intro")}, {9, QStringLiteral("Verse1")}};
+    return OwnCatalogue::entryOf(song);
+}
+
+/** The own catalogue with two entries, one of them chosen; it lies in a test's folder. */
+inline std::unique_ptr<QWidget> ownCatalogue()
+{
+    OwnCatalogue catalogue;
+    catalogue.openOrMake();
+    SongsDbRecord second = exampleEntry();
+    second.filename = QStringLiteral("VESUVIO");
+    second.title = QStringLiteral("Vesuvio");
+    catalogue.put({exampleEntry(), second});
+    auto dialog = std::make_unique<CatalogueDialog>(QStringList{longPath});
+    auto *const tree = dialog->findChild<QTreeWidget *>();
+    tree->setCurrentItem(tree->topLevelItem(0));
+    QFile::remove(catalogue.path()); // else the other windows would work with it
+    return dialog;
+}
+
+inline std::unique_ptr<QWidget> catalogueEntry()
+{
+    return std::make_unique<CatalogueEntryDialog>(exampleEntry());
+}
+
 inline std::unique_ptr<QWidget> editDialog()
 {
     auto dialog = std::make_unique<DataEditDialog>();
@@ -346,6 +377,8 @@ inline const QList<Case> &windows()
         {"tags", preparedTags},
         {"taking-back", takingBack},
         {"taking-back-details", takingBackDetails},
+        {"catalogue", ownCatalogue},
+        {"catalogue-entry", catalogueEntry},
         {"edit", editDialog},
         {"several",
          [] { return severalwindows::edit(exampleSong(), EditStepForm::Kind::FromName); }},

@@ -1,0 +1,56 @@
+#include "app/owncataloguemenu.h"
+
+#include "app/actiongate.h"
+#include "app/songlist.h"
+#include "windows/busystate.h"
+#include "windows/catalogueadding.h"
+#include "windows/cataloguedialog.h"
+#include "windows/usersongsreltablemodel.h"
+
+#include "ui_mainwindow.h"
+
+#include <QMainWindow>
+#include <QTableView>
+
+namespace
+{
+
+constexpr int addedMilliseconds = 8000;
+
+} // namespace
+
+OwnCatalogueMenu::OwnCatalogueMenu(QMainWindow *window, const Ui::MainWindow &form, SongList &songs,
+                                   BusyState &busy, ActionGate &gate)
+    : QObject(window)
+    , m_window(window)
+    , m_songs(songs)
+    , m_busy(busy)
+{
+    connect(&songs, &SongList::catalogueRequested, this, &OwnCatalogueMenu::add);
+    connect(form.actionCatalogue, &QAction::triggered, this, &OwnCatalogueMenu::show);
+    gate.add(form.actionCatalogue);
+    gate.setWanted(form.actionCatalogue, true);
+}
+
+void OwnCatalogueMenu::add(int row)
+{
+    const BusyGuard busy(m_busy);
+    const QString path = m_songs.model().fileName(row);
+    if (path.isEmpty())
+        return;
+    OwnCatalogue catalogue;
+    if (CatalogueAdding::addSongs(catalogue, {path}, m_window).value_or(0) > 0)
+        m_window->statusBar()->showMessage(
+            tr("%1 è nel mio catalogo").arg(m_songs.model().shortName(row)), addedMilliseconds);
+}
+
+void OwnCatalogueMenu::show()
+{
+    const BusyGuard busy(m_busy);
+    QStringList shown;
+    for (int row = 0; row < m_songs.model().goodRowCount(); ++row) {
+        if (!m_songs.view()->isRowHidden(row))
+            shown.append(m_songs.model().fileName(row));
+    }
+    CatalogueDialog(shown, m_window).exec();
+}

@@ -1,0 +1,50 @@
+#include "library/userfile.h"
+
+#include "formats/metasong.h"
+#include "formats/songnames.h"
+#include "library/unreadablefile.h"
+#include "storage/wholefile.h"
+#include "storage/writeproblem.h"
+
+#include <QFileInfo>
+
+UserFile::Reading UserFile::read(const QString &path, qint64 maxBytes)
+{
+    const std::optional<QByteArray> bytes = readWholeFile(path, maxBytes);
+    if (bytes)
+        return {*bytes, {}};
+    const UnreadableFile file = UnreadableFile::examine(path);
+    switch (file.reason) {
+    case UnreadableFile::Reason::Missing:
+    case UnreadableFile::Reason::NoFile:
+    case UnreadableFile::Reason::Locked:
+        return {{}, file.reasonText()};
+    default:
+        break;
+    }
+    return {{},
+            QFileInfo(path).size() > maxBytes ? tr("Il file è troppo grande")
+                                              : tr("Il file non può essere letto")};
+}
+
+QString UserFile::write(const QString &path, const QByteArray &bytes)
+{
+    const QFileInfo file(path);
+    if (songnames::isSongName(path) || songnames::isSongName(file.canonicalFilePath()) ||
+        (file.isFile() && MetaSong::hasKnownFormat(path)))
+        return tr("Il file è una song e non viene sostituito");
+    if (writeWholeFile(path, bytes))
+        return {};
+    switch (WriteProblem::find(WriteProblem::Medium::of(file.absolutePath()), bytes.size())) {
+    case WriteProblem::Full:
+        return tr("Non c'è abbastanza spazio");
+    case WriteProblem::ReadOnly:
+    case WriteProblem::NotPermitted:
+        return tr("Nella cartella non si può scrivere");
+    case WriteProblem::Gone:
+        return tr("La cartella non esiste");
+    case WriteProblem::Unknown:
+        break;
+    }
+    return tr("Il file non può essere scritto");
+}

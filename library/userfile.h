@@ -1,0 +1,27 @@
+// Files that the user saves under names of his own choice.
+#pragma once
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QString>
+
+class UserFile
+{
+    Q_DECLARE_TR_FUNCTIONS(UserFile)
+
+public:
+    struct Reading {
+        QByteArray bytes;
+        QString problem; ///< why there are no bytes, for the user; empty when all were read
+    };
+
+    /** Reads the file, which may have so many bytes at most. */
+    static Reading read(const QString &path, qint64 maxBytes);
+
+    /**
+     * Writes the file in one step; see writeWholeFile(). Never over a song, nor under the name of
+     * one: the next import would take it for a damaged song. Why it was not written, for the user;
+     * empty when it was.
+     */
+    static QString write(const QString &path, const QByteArray &bytes);
+};

@@ -1,0 +1,37 @@
+// Brings entries into the user's own catalogue, with questions and reports over a window.
+#pragma once
+
+#include "library/owncatalogue.h"
+#include "library/songentries.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include <optional>
+
+QT_BEGIN_NAMESPACE
+class QWidget;
+QT_END_NAMESPACE
+
+/** What went wrong was told when the functions return; nothing means that nothing was added. */
+class CatalogueAdding
+{
+    Q_DECLARE_TR_FUNCTIONS(CatalogueAdding)
+
+public:
+    /** How many of the songs at these paths are entries now. */
+    static std::optional<qsizetype> addSongs(OwnCatalogue &catalogue, const QStringList &songs,
+                                             QWidget *parent);
+
+    /** How many entries of the table in this file were added. */
+    static std::optional<qsizetype> importTable(OwnCatalogue &catalogue, const QString &path,
+                                                QWidget *parent);
+
+    /** True when the catalogue can be used; else the user was told why not. */
+    static bool isUsable(const OwnCatalogue &catalogue, QWidget *parent);
+
+private:
+    static std::optional<qsizetype> put(OwnCatalogue &catalogue,
+                                        const QList<SongsDbRecord> &entries, QWidget *parent);
+    static void tellFailures(const QList<SongEntries::Failure> &failures, QWidget *parent);
+};
