@@ -105,7 +105,7 @@ void EditCommand::tellChanges(const SeveralSong &song)
 {
     const QString path = given(song.before.fileName);
     const QList<ChangePreview::Change> changes = song.changes();
-    m_writer.changes(path, true, changes);
+    m_writer.changes(path, true, changes, CatalogueSource::Only);
     if (!m_request.apply || song.isChanged() || song.reason.isEmpty())
         m_terminal.countDone();
     for (const ChangePreview::Change &change : changes) {
