@@ -1,5 +1,6 @@
 #include "formats/mp3song.h"
 
+#include "formats/mp3length.h"
 #include "formats/songitems.h"
 #include "formats/songreading.h"
 #include "formats/songsaving.h"
@@ -75,6 +76,17 @@ bool Mp3Song::load(QFile &file)
 void Mp3Song::read(SongInfo &info) const
 {
     readItems(m_tag, info);
+}
+
+SongMeasure Mp3Song::measure() const
+{
+    SongMeasure measure;
+    QFile file(m_path);
+    if (!songreading::openRegularFile(file))
+        return measure;
+    if (const auto start = audioStart(file))
+        measure.length = mp3length::of(file, *start);
+    return measure;
 }
 
 bool Mp3Song::canBeReadAgain() const
