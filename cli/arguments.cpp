@@ -37,6 +37,7 @@ constexpr std::array commandWords{
     CommandWords{Command::CatalogueFind, "catalogue", "find"},
     CommandWords{Command::History, "history", nullptr},
     CommandWords{Command::Undo, "undo", nullptr},
+    CommandWords{Command::Measure, "measure", nullptr},
 };
 
 /** Stands in front of each argument that is no option, so that CLI11 does not look into it. */
@@ -50,6 +51,7 @@ struct Texts {
     bool csv = false;
     bool zero = false;
     bool dryRun = false;
+    bool apply = false;
     bool duplicates = false;
     bool verify = false;
     bool inLine = false;
@@ -219,10 +221,10 @@ private:
         };
         if (isOneOf({Command::Show, Command::Sync, Command::Transfer, Command::IndexCheck,
                      Command::List, Command::Remove, Command::Eject, Command::CatalogueFind,
-                     Command::History, Command::Undo}))
+                     Command::History, Command::Undo, Command::Measure}))
             command.add_flag("--json", m_texts.json);
         if (isOneOf({Command::Show, Command::Set, Command::Sync, Command::Transfer, Command::Remove,
-                     Command::Undo}))
+                     Command::Undo, Command::Measure}))
             command.add_flag("-0", m_texts.zero);
         if (isOneOf({Command::Set})) {
             command.add_option("--title", m_texts.title);
@@ -233,8 +235,10 @@ private:
             command.add_option("--bpm", m_texts.bpm);
             command.add_option("--length", m_texts.length);
         }
-        if (isOneOf({Command::Set, Command::Sync, Command::Undo}))
+        if (isOneOf({Command::Set, Command::Sync, Command::Undo, Command::Measure}))
             command.add_option("--without-history", m_texts.withoutHistory);
+        if (isOneOf({Command::Measure}))
+            command.add_flag("--apply", m_texts.apply);
         if (isOneOf({Command::Undo}))
             command.add_option("--changed", m_texts.changed);
         if (isOneOf({Command::Sync})) {
@@ -425,6 +429,7 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
     request.paths += parts.behindDashes;
     request.pathsFromStandardInput = texts.zero;
     request.dryRun = texts.dryRun;
+    request.apply = texts.apply;
     request.duplicates = texts.duplicates;
     request.verify = texts.verify;
     request.inLine = texts.inLine;

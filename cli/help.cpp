@@ -70,6 +70,9 @@ const QList<Usage> &usages()
          {QStringLiteral("kavena undo"), QStringLiteral("kavena undo 12 song.mid")},
          QStringLiteral("[--changed yes|no] [--without-history yes|no] [--json] [-0] [JOB] "
                         "[FILE...]")},
+        {Command::Measure,
+         {QStringLiteral("kavena measure Songs"), QStringLiteral("kavena measure --apply *.mid")},
+         QStringLiteral("[--apply] [--without-history yes|no] [--json] [-0] FILE|DIR...")},
     };
     return all;
 }
@@ -109,6 +112,7 @@ QString Help::text(Command command)
     option("--length M:SS", tr("durata in minuti e secondi"));
     option("--backup DIR", tr("copia prima le song in una nuova cartella in DIR"));
     option("--dry-run", tr("mostra le modifiche e non scrive niente"));
+    option("--apply", tr("scrive ciò che altrimenti viene solo mostrato"));
     option("--unsigned yes|no", tr("modifica anche le song senza la firma del produttore"));
     option("--to FOLDER", tr("la cartella di destinazione, in una memoria"));
     option("--replace yes|no", tr("sostituisce i file che ci sono già"));

@@ -18,6 +18,8 @@ public:
     void unreadable(const QString &path, const QString &reason) override;
     void changes(const QString &path, bool found,
                  const QList<ChangePreview::Change> &changes) override;
+    void measured(const QString &path, const SongMeasure &measure,
+                  const QList<ChangePreview::Change> &written) override;
     void listed(const SongInfoIndex &song) override;
     void duplicate(int group, Same same, const MemorySong &song) override;
     void removed(const QString &path, const QString &reason) override;

@@ -9,6 +9,7 @@
 #include "cli/indexcommand.h"
 #include "cli/jsonwriter.h"
 #include "cli/listcommand.h"
+#include "cli/measurecommand.h"
 #include "cli/peoplewriter.h"
 #include "cli/removecommand.h"
 #include "cli/setcommand.h"
@@ -62,6 +63,8 @@ std::unique_ptr<Command> commandFor(const CommandContext &context)
     case Request::Command::History:
     case Request::Command::Undo:
         return std::make_unique<HistoryCommand>(context);
+    case Request::Command::Measure:
+        return std::make_unique<MeasureCommand>(context);
     case Request::Command::None:
         break;
     }

@@ -24,7 +24,8 @@ struct Request {
         Eject,
         CatalogueFind,
         History,
-        Undo
+        Undo,
+        Measure
     };
 
     enum class Form { People, Json, Csv };
@@ -53,6 +54,7 @@ struct Request {
     bool pathsFromStandardInput = false;
     Edit edit;
     bool dryRun = false;
+    bool apply = false;  ///< what is shown is written, too
     bool verify = false; ///< copies are read back
     bool inLine = false; ///< the memory gets what the list has, and only that
     bool remove = false;

@@ -6,6 +6,7 @@
 #include "devindex/songinfoindex.h"
 #include "devindex/transferplan.h"
 #include "formats/songinfo.h"
+#include "formats/songmeasure.h"
 #include "library/changepreview.h"
 #include "library/history.h"
 #include "library/songsdbrecord.h"
@@ -29,6 +30,10 @@ public:
     /** What the catalogue changes in a song; found: whether the catalogue knows it. */
     virtual void changes(const QString &path, bool found,
                          const QList<ChangePreview::Change> &changes) = 0;
+
+    /** What the music of a song says of itself, and what of it was written into the song. */
+    virtual void measured(const QString &path, const SongMeasure &measure,
+                          const QList<ChangePreview::Change> &written) = 0;
 
     /** Before the songs of a memory's index. */
     virtual void beginList() {}

@@ -1767,6 +1767,10 @@ Please install the program again.</translation>
         <translation>shows the changes and writes nothing</translation>
     </message>
     <message>
+        <source>scrive ciò che altrimenti viene solo mostrato</source>
+        <translation>writes what is otherwise only shown</translation>
+    </message>
+    <message>
         <source>modifica anche le song senza la firma del produttore</source>
         <translation>changes songs without the publisher&apos;s signature as well</translation>
     </message>
@@ -2065,6 +2069,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>Signature</translation>
     </message>
     <message>
+        <source>%1 (stimata)</source>
+        <translation>%1 (guessed)</translation>
+    </message>
+    <message>
+        <source>Scritti</source>
+        <translation>Written</translation>
+    </message>
+    <message>
         <source>sì</source>
         <translation>yes</translation>
     </message>
@@ -2149,6 +2161,13 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>Non tutti i dati hanno potuto essere scritti sullo standard output</source>
         <translation>Not everything could be written to standard output</translation>
+    </message>
+</context>
+<context>
+    <name>MeasureCommand</name>
+    <message>
+        <source>Misura</source>
+        <translation>Measuring</translation>
     </message>
 </context>
 <context>

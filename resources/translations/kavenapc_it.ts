@@ -1767,6 +1767,10 @@ Installare di nuovo il programma.</translation>
         <translation>mostra le modifiche e non scrive niente</translation>
     </message>
     <message>
+        <source>scrive ciò che altrimenti viene solo mostrato</source>
+        <translation>scrive ciò che altrimenti viene solo mostrato</translation>
+    </message>
+    <message>
         <source>modifica anche le song senza la firma del produttore</source>
         <translation>modifica anche le song senza la firma del produttore</translation>
     </message>
@@ -2065,6 +2069,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>Firma</translation>
     </message>
     <message>
+        <source>%1 (stimata)</source>
+        <translation>%1 (stimata)</translation>
+    </message>
+    <message>
+        <source>Scritti</source>
+        <translation>Scritti</translation>
+    </message>
+    <message>
         <source>sì</source>
         <translation>sì</translation>
     </message>
@@ -2149,6 +2161,13 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>Non tutti i dati hanno potuto essere scritti sullo standard output</source>
         <translation>Non tutti i dati hanno potuto essere scritti sullo standard output</translation>
+    </message>
+</context>
+<context>
+    <name>MeasureCommand</name>
+    <message>
+        <source>Misura</source>
+        <translation>Misura</translation>
     </message>
 </context>
 <context>

@@ -1767,6 +1767,10 @@ Bitte installieren Sie das Programm neu.</translation>
         <translation>zeigt die Änderungen und schreibt nichts</translation>
     </message>
     <message>
+        <source>scrive ciò che altrimenti viene solo mostrato</source>
+        <translation>schreibt, was sonst nur gezeigt wird</translation>
+    </message>
+    <message>
         <source>modifica anche le song senza la firma del produttore</source>
         <translation>ändert auch Songs ohne die Signatur des Herstellers</translation>
     </message>
@@ -2065,6 +2069,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>Signatur</translation>
     </message>
     <message>
+        <source>%1 (stimata)</source>
+        <translation>%1 (geschätzt)</translation>
+    </message>
+    <message>
+        <source>Scritti</source>
+        <translation>Geschrieben</translation>
+    </message>
+    <message>
         <source>sì</source>
         <translation>ja</translation>
     </message>
@@ -2149,6 +2161,13 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>Non tutti i dati hanno potuto essere scritti sullo standard output</source>
         <translation>Die Standardausgabe konnte nicht vollständig geschrieben werden</translation>
+    </message>
+</context>
+<context>
+    <name>MeasureCommand</name>
+    <message>
+        <source>Misura</source>
+        <translation>Messe</translation>
     </message>
 </context>
 <context>
