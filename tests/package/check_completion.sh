@@ -22,7 +22,7 @@ expect() {
   [ "$got" = "$wanted" ] || { echo "FAIL: $* offers '$got', not '$wanted'" >&2; exit 1; }
 }
 
-expect "show set sync transfer index list remove eject catalogue history undo --help --version" kavena ""
+expect "show set sync transfer index list remove eject catalogue history undo measure --help --version" kavena ""
 expect "set" kavena se
 expect "update rebuild check" kavena index ""
 expect "find" kavena catalogue ""
@@ -37,6 +37,7 @@ expect "yes no" kavena remove --confirm ""
 expect "--confirm" kavena remove --c
 expect "yes no" kavena undo --changed ""
 expect "--without-history" kavena set --w
+expect "--apply" kavena measure --a
 expect "--duplicates" kavena list --d
 expect "--json" kavena eject --j
 expect "" kavena show -- --j
