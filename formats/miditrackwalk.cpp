@@ -2,8 +2,6 @@
 
 #include "formats/midimetaevent.h"
 
-#include <algorithm>
-
 namespace
 {
 
@@ -59,15 +57,12 @@ void MidiTrackWalk::readEvent()
     m_eventStart = m_eventEnd;
     m_delta = 0;
     qsizetype deltaEnd = m_eventStart;
-    while ((byteAt(deltaEnd) & continuationBit) != 0 && deltaEnd - m_eventStart < maxQuantityBytes)
-        addToDelta(byteAt(deltaEnd++));
-    addToDelta(byteAt(deltaEnd++));
+    int byte = continuationBit;
+    while ((byte & continuationBit) != 0 && deltaEnd - m_eventStart <= maxQuantityBytes) {
+        byte = byteAt(deltaEnd++);
+        m_delta = (m_delta << 7) | static_cast<quint32>(byte & ~continuationBit);
+    }
     m_lost = deltaEnd - m_eventStart > maxQuantityBytes || !skipEventData(deltaEnd);
-}
-
-void MidiTrackWalk::addToDelta(int byte)
-{
-    m_delta = (m_delta << 7) | static_cast<quint32>(byte & ~continuationBit);
 }
 
 bool MidiTrackWalk::skipEventData(qsizetype position)
@@ -95,9 +90,7 @@ bool MidiTrackWalk::skipChannelData(qsizetype position, int count)
     m_eventEnd = position + count;
     if (count == 0 || m_eventEnd > m_bytes.size())
         return false;
-    const QByteArrayView data = m_bytes.sliced(position, count);
-    return std::all_of(data.begin(), data.end(),
-                       [](char byte) { return (static_cast<quint8>(byte) & statusBit) == 0; });
+    return ((byteAt(position) | byteAt(m_eventEnd - 1)) & statusBit) == 0;
 }
 
 bool MidiTrackWalk::skipCountedData(qsizetype position)
@@ -115,9 +108,4 @@ bool MidiTrackWalk::skipCountedData(qsizetype position)
         }
     }
     return false;
-}
-
-int MidiTrackWalk::byteAt(qsizetype position) const
-{
-    return position < m_bytes.size() ? static_cast<quint8>(m_bytes.at(position)) : 0;
 }

@@ -41,11 +41,14 @@ public:
 
 private:
     void readEvent();
-    void addToDelta(int byte);
     bool skipEventData(qsizetype position);
     bool skipChannelData(qsizetype position, int count);
     bool skipCountedData(qsizetype position);
-    int byteAt(qsizetype position) const;
+    // In the class, since it is called for every byte of the music.
+    int byteAt(qsizetype position) const
+    {
+        return position < m_bytes.size() ? static_cast<quint8>(m_bytes[position]) : 0;
+    }
 
     QByteArrayView m_bytes;
     qsizetype m_eventStart; ///< first byte of the current event's delta time
