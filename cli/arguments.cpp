@@ -43,6 +43,7 @@ constexpr std::array commandWords{
     CommandWords{Command::Undo, "undo", nullptr},
     CommandWords{Command::Edit, "edit", nullptr},
     CommandWords{Command::Tags, "tags", nullptr},
+    CommandWords{Command::Measure, "measure", nullptr},
 };
 
 /** Stands in front of each argument that is no option, so that CLI11 does not look into it. */
@@ -226,10 +227,12 @@ private:
         };
         if (isOneOf({Command::Show, Command::Sync, Command::Transfer, Command::IndexCheck,
                      Command::List, Command::Remove, Command::Eject, Command::CatalogueFind,
-                     Command::History, Command::Undo, Command::Edit, Command::Tags}))
+                     Command::History, Command::Undo, Command::Edit, Command::Tags,
+                     Command::Measure}))
             command.add_flag("--json", m_texts.json);
         if (isOneOf({Command::Show, Command::Set, Command::Sync, Command::Transfer, Command::Remove,
-                     Command::CatalogueAdd, Command::Undo, Command::Edit, Command::Tags}))
+                     Command::CatalogueAdd, Command::Undo, Command::Edit, Command::Tags,
+                     Command::Measure}))
             command.add_flag("-0", m_texts.zero);
         if (isOneOf({Command::Set})) {
             command.add_option("--title", m_texts.title);
@@ -240,9 +243,10 @@ private:
             command.add_option("--bpm", m_texts.bpm);
             command.add_option("--length", m_texts.length);
         }
-        if (isOneOf({Command::Set, Command::Sync, Command::Undo, Command::Edit, Command::Tags}))
+        if (isOneOf({Command::Set, Command::Sync, Command::Undo, Command::Edit, Command::Tags,
+                     Command::Measure}))
             command.add_option("--without-history", m_texts.withoutHistory);
-        if (isOneOf({Command::Tags}))
+        if (isOneOf({Command::Tags, Command::Measure}))
             command.add_flag("--apply", m_texts.apply);
         if (isOneOf({Command::Undo}))
             command.add_option("--changed", m_texts.changed);

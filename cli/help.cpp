@@ -93,6 +93,9 @@ const QList<Usage> &usages()
         {Command::Tags,
          {QStringLiteral("kavena tags Songs"), QStringLiteral("kavena tags --apply *.mp3")},
          QStringLiteral("[--apply] [--without-history yes|no] [--json] [-0] FILE|DIR...")},
+        {Command::Measure,
+         {QStringLiteral("kavena measure Songs"), QStringLiteral("kavena measure --apply *.mid")},
+         QStringLiteral("[--apply] [--without-history yes|no] [--json] [-0] FILE|DIR...")},
     };
     return all;
 }

@@ -45,6 +45,11 @@ class Object
 public:
     Object &add(const char *name, const QString &text) { return raw(name, quoted(text)); }
     Object &add(const char *name, qint64 number) { return raw(name, QByteArray::number(number)); }
+    Object &addDecimal(const char *name, double number)
+    {
+        constexpr int decimals = 3;
+        return raw(name, QByteArray::number(number, 'f', decimals));
+    }
     Object &addBool(const char *name, bool value) { return raw(name, value ? "true" : "false"); }
 
     Object &addList(const char *name, const QList<QByteArray> &items)
@@ -173,6 +178,24 @@ void JsonWriter::tags(const Mp3Preparation &preparation, bool isWritten)
                        .add("author", said.author)
                        .addList("lostFrames", lost)
                        .addBool("written", isWritten)
+                       .json() +
+                   '\n');
+}
+
+void JsonWriter::measured(const QString &path, const SongMeasure &measure,
+                          const QList<ChangePreview::Change> &written)
+{
+    QList<QByteArray> filled;
+    for (const ChangePreview::Change &change : written)
+        filled.append(quoted(QString::fromUtf8(fieldName(change.field))));
+    m_output.write(Object()
+                       .add("path", givenpath::shown(path))
+                       .addDecimal("length", measure.length)
+                       .add("bpm", measure.bpm)
+                       .add("key", measure.key)
+                       .addBool("guess", measure.isKeyGuessed)
+                       .addList("markers", markerObjects(measure.markers))
+                       .addList("filled", filled)
                        .json() +
                    '\n');
 }

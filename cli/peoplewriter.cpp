@@ -80,6 +80,23 @@ void PeopleWriter::tags(const Mp3Preparation &preparation, bool /*isWritten*/)
     changeLines(ChangePreview::changes(preparation.shown(), preparation.proposed()));
 }
 
+void PeopleWriter::measured(const QString &path, const SongMeasure &measure,
+                            const QList<ChangePreview::Change> &written)
+{
+    line(givenpath::shown(path));
+    item(ChangePreview::fieldName(Field::Length),
+         measure.length > 0 ? SongTable::lengthText(qRound(measure.length)) : QString());
+    number(ChangePreview::fieldName(Field::Tempo), measure.bpm);
+    item(ChangePreview::fieldName(Field::Key),
+         measure.isKeyGuessed ? tr("%1 (stimata)").arg(measure.key) : measure.key);
+    markers(measure.markers);
+    QStringList fields;
+    for (const ChangePreview::Change &change : written)
+        fields.append(ChangePreview::fieldName(change.field));
+    item(tr("Scritti"), fields.join(QStringLiteral(", ")));
+    line({});
+}
+
 void PeopleWriter::listed(const SongInfoIndex &song)
 {
     line(QStringList{QString::number(song.id).rightJustified(idWidth),

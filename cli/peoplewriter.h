@@ -25,6 +25,8 @@ public:
                  CatalogueSource source) override;
     void renamed(const QString &path, const QString &newName) override;
     void tags(const Mp3Preparation &preparation, bool isWritten) override;
+    void measured(const QString &path, const SongMeasure &measure,
+                  const QList<ChangePreview::Change> &written) override;
     void listed(const SongInfoIndex &song) override;
     void duplicate(int group, Same same, const MemorySong &song) override;
     void removed(const QString &path, const QString &reason) override;

@@ -10,6 +10,7 @@
 #include "cli/indexcommand.h"
 #include "cli/jsonwriter.h"
 #include "cli/listcommand.h"
+#include "cli/measurecommand.h"
 #include "cli/peoplewriter.h"
 #include "cli/removecommand.h"
 #include "cli/setcommand.h"
@@ -71,6 +72,8 @@ std::unique_ptr<Command> commandFor(const CommandContext &context)
         return std::make_unique<EditCommand>(context);
     case Request::Command::Tags:
         return std::make_unique<TagsCommand>(context);
+    case Request::Command::Measure:
+        return std::make_unique<MeasureCommand>(context);
     case Request::Command::None:
         break;
     }

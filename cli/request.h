@@ -30,7 +30,8 @@ struct Request {
         History,
         Undo,
         Edit,
-        Tags
+        Tags,
+        Measure
     };
 
     enum class Form { People, Json, Csv };

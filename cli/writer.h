@@ -7,6 +7,7 @@
 #include "devindex/transferplan.h"
 #include "formats/mp3preparation.h"
 #include "formats/songinfo.h"
+#include "formats/songmeasure.h"
 #include "library/changepreview.h"
 #include "library/history.h"
 #include "library/songsdbrecord.h"
@@ -36,6 +37,10 @@ public:
 
     /** What the tags of an MP3 file say, and whether it was written as the player shows it. */
     virtual void tags(const Mp3Preparation &preparation, bool isWritten) = 0;
+
+    /** What the music of a song says of itself, and what of it was written into the song. */
+    virtual void measured(const QString &path, const SongMeasure &measure,
+                          const QList<ChangePreview::Change> &written) = 0;
 
     /** Before the songs of a memory's index. */
     virtual void beginList() {}

@@ -81,6 +81,11 @@ void MetaSong::getSongInfo(SongInfo &info) const
     std::visit([&info](const auto &song) { song.read(info); }, m_song);
 }
 
+SongMeasure MetaSong::measure() const
+{
+    return std::visit([](const auto &song) { return song.measure(); }, m_song);
+}
+
 void MetaSong::setSongInfo(const SongInfo &info, bool manual)
 {
     logDebug() << "[MetaSong] setSongInfo,"

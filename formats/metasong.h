@@ -6,6 +6,7 @@
 #include "formats/mp3song.h"
 #include "formats/savefailure.h"
 #include "formats/songinfo.h"
+#include "formats/songmeasure.h"
 
 #include <QString>
 #include <QStringList>
@@ -49,6 +50,12 @@ public:
     void getSongInfo(SongInfo &info) const;
 
     /**
+     * What the music of the loaded song says of itself. Of an MP3 it is the length alone, and the
+     * audio is read from the file that was imported; 0 when it is gone.
+     */
+    SongMeasure measure() const;
+
+    /**
      * Merges the record into the loaded song, in memory. With manual true the user has edited the
      * record: every item but the markers is written as it stands. With manual false the record
      * comes from the catalogue, and most items that the song already has stay.
@@ -89,6 +96,7 @@ private:
         bool load(QFile & /*file*/) { return false; }
         SongInfo::fileTypeEnum fileType() const { return SongInfo::FileUnknown; }
         void read(SongInfo & /*info*/) const {}
+        SongMeasure measure() const { return {}; }
         void merge(const SongMerge & /*merge*/) {}
         int addMarker(const QString & /*text*/, quint16 /*bar*/) { return 0; }
         bool isComplete() const { return false; }
@@ -98,9 +106,9 @@ private:
 
     /**
      * One class for each format, with the same functions: load() fills it from a file that begins
-     * as the format does, read() the record from it, merge() writes a record into it, addMarker()
-     * tells how many bytes a marker took. isComplete() and canBeReadAgain() are false for data that
-     * no file may hold, save() writes the file of the others.
+     * as the format does, read() the record from it, measure() the music, merge() writes a record
+     * into it, addMarker() tells how many bytes a marker took. isComplete() and canBeReadAgain()
+     * are false for data that no file may hold, save() writes the file of the others.
      */
     using Song = std::variant<NoSong, MidiSong, MfxFile, Mp3Song>;
 

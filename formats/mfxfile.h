@@ -2,6 +2,7 @@
 #pragma once
 
 #include "formats/mfxheader.h"
+#include "formats/midimeasure.h"
 #include "formats/rawmidifile.h"
 #include "formats/savefailure.h"
 #include "formats/songmerge.h"
@@ -15,6 +16,7 @@ public:
     bool load(QFile &file);
     SongInfo::fileTypeEnum fileType() const { return m_header.fileType(); }
     void read(SongInfo &info) const;
+    SongMeasure measure() const { return midimeasure::of(m_midi); }
     void merge(const SongMerge &merge) { merge.into(m_header, m_midi); }
     int addMarker(const QString &text, quint16 bar) { return m_midi.dbgInsertMarker(text, bar); }
     bool isComplete() const { return m_header.isWhole() && !m_midi.stream().isEmpty(); }

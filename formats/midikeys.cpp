@@ -27,11 +27,6 @@ constexpr KeySignature signatures[] = {
     {-7, QLatin1String("Cb"), QLatin1String("Ab-")},
 };
 
-constexpr quint16 keyValue(qint8 sharps, bool minor)
-{
-    return static_cast<quint16>((static_cast<quint8>(sharps) << 8) | (minor ? 1 : 0));
-}
-
 struct KeyMaps {
     QMap<QString, quint16> values;
     QMap<quint16, QString> names;
@@ -41,16 +36,16 @@ KeyMaps makeKeyMaps()
 {
     KeyMaps maps;
     for (const KeySignature &signature : signatures) {
-        maps.names.insert(keyValue(signature.sharps, false), signature.major);
-        maps.names.insert(keyValue(signature.sharps, true), signature.minor);
+        maps.names.insert(midikeys::value(signature.sharps, false), signature.major);
+        maps.names.insert(midikeys::value(signature.sharps, true), signature.minor);
     }
     for (auto name = maps.names.cbegin(); name != maps.names.cend(); ++name)
         maps.values.insert(name.value(), name.key());
     // Other names that the catalogue and users write; each is stored as a key that the player
     // knows. G sharp major would need eight sharps: the player takes it as E major.
-    maps.values.insert(QStringLiteral("G#"), keyValue(4, false));
-    maps.values.insert(QStringLiteral("Db-"), keyValue(4, true));
-    maps.values.insert(QStringLiteral("D#"), keyValue(-3, false));
+    maps.values.insert(QStringLiteral("G#"), midikeys::value(4, false));
+    maps.values.insert(QStringLiteral("Db-"), midikeys::value(4, true));
+    maps.values.insert(QStringLiteral("D#"), midikeys::value(-3, false));
     return maps;
 }
 

@@ -10,6 +10,12 @@
  */
 namespace midikeys
 {
+/** The value of a key signature. */
+constexpr quint16 value(qint8 sharps, bool isMinor)
+{
+    return static_cast<quint16>((static_cast<quint8>(sharps) << 8) | (isMinor ? 1 : 0));
+}
+
 /** The value for each name that can be stored, some of which are other names of the same key. */
 const QMap<QString, quint16> &values();
 

@@ -20,8 +20,11 @@ public:
         CopyrightNotice = 0x02,
         TrackName = 0x03, ///< in the first track: the title of the song
         Marker = 0x06,    ///< the standard's marker; section markers are Kravo events
-        Kravo = 0x4B,     ///< the maker's own event; its first data byte is a sub-type
-        Tempo = 0x51,     ///< microseconds in a quarter note (3 bytes, big-endian)
+        CuePoint = 0x07,
+        EndOfTrack = 0x2F,
+        Kravo = 0x4B,         ///< the maker's own event; its first data byte is a sub-type
+        Tempo = 0x51,         ///< microseconds in a quarter note (3 bytes, big-endian)
+        TimeSignature = 0x58, ///< beats in a bar, power of two of the beat's part of a whole note
         KeySignature = 0x59
     };
 

@@ -1,6 +1,7 @@
 // A MIDI file as a song: the functions of MetaSong for this format.
 #pragma once
 
+#include "formats/midimeasure.h"
 #include "formats/rawmidifile.h"
 #include "formats/savefailure.h"
 #include "formats/songmerge.h"
@@ -14,6 +15,7 @@ public:
     bool load(QFile &file);
     SongInfo::fileTypeEnum fileType() const { return m_midi.fileType(); }
     void read(SongInfo &info) const;
+    SongMeasure measure() const { return midimeasure::of(m_midi); }
     void merge(const SongMerge &merge) { merge.into(m_midi); }
     int addMarker(const QString &text, quint16 bar) { return m_midi.dbgInsertMarker(text, bar); }
     bool isComplete() const { return !m_midi.stream().isEmpty(); }

@@ -2,8 +2,6 @@
 
 #include "formats/midimetaevent.h"
 
-#include <algorithm>
-
 namespace
 {
 
@@ -47,41 +45,52 @@ bool MidiTrackWalk::liesWithinEvent(qsizetype position)
     return !m_lost && m_eventStart < position;
 }
 
+bool MidiTrackWalk::next()
+{
+    if (!m_lost)
+        readEvent();
+    return !m_lost;
+}
+
 void MidiTrackWalk::readEvent()
 {
     m_eventStart = m_eventEnd;
+    m_delta = 0;
     qsizetype deltaEnd = m_eventStart;
-    while ((byteAt(deltaEnd) & continuationBit) != 0 && deltaEnd - m_eventStart < maxQuantityBytes)
-        ++deltaEnd;
-    ++deltaEnd;
+    int byte = continuationBit;
+    while ((byte & continuationBit) != 0 && deltaEnd - m_eventStart <= maxQuantityBytes) {
+        byte = byteAt(deltaEnd++);
+        m_delta = (m_delta << 7) | static_cast<quint32>(byte & ~continuationBit);
+    }
     m_lost = deltaEnd - m_eventStart > maxQuantityBytes || !skipEventData(deltaEnd);
 }
 
 bool MidiTrackWalk::skipEventData(qsizetype position)
 {
-    int status = m_runningStatus;
+    m_status = m_runningStatus;
     if ((byteAt(position) & statusBit) != 0)
-        status = byteAt(position++);
-    if (status == MidiMetaEvent::statusByte && byteAt(position) == MidiMetaEvent::Kravo) {
+        m_status = byteAt(position++);
+    if (m_status == MidiMetaEvent::statusByte) {
+        m_metaType = byteAt(position);
+        if (m_metaType != MidiMetaEvent::Kravo)
+            return skipCountedData(position + 1);
+        m_dataStart = position - 1 + MidiMetaEvent::dataPos;
         m_eventEnd = MidiMetaEvent(m_bytes, position - 1).end();
         return m_eventEnd <= m_bytes.size();
     }
-    if (status == MidiMetaEvent::statusByte)
-        return skipCountedData(position + 1);
-    if (status == systemExclusive || status == escapedBytes)
+    if (m_status == systemExclusive || m_status == escapedBytes)
         return skipCountedData(position);
-    m_runningStatus = status;
-    return skipChannelData(position, channelDataBytes(status));
+    m_runningStatus = m_status;
+    return skipChannelData(position, channelDataBytes(m_status));
 }
 
 bool MidiTrackWalk::skipChannelData(qsizetype position, int count)
 {
+    m_dataStart = position;
     m_eventEnd = position + count;
     if (count == 0 || m_eventEnd > m_bytes.size())
         return false;
-    const QByteArrayView data = m_bytes.sliced(position, count);
-    return std::all_of(data.begin(), data.end(),
-                       [](char byte) { return (static_cast<quint8>(byte) & statusBit) == 0; });
+    return ((byteAt(position) | byteAt(m_eventEnd - 1)) & statusBit) == 0;
 }
 
 bool MidiTrackWalk::skipCountedData(qsizetype position)
@@ -93,14 +102,10 @@ bool MidiTrackWalk::skipCountedData(qsizetype position)
         const int byte = byteAt(position++);
         count = (count << 7) | (byte & ~continuationBit);
         if ((byte & continuationBit) == 0) {
+            m_dataStart = position;
             m_eventEnd = position + count;
             return m_eventEnd <= m_bytes.size();
         }
     }
     return false;
-}
-
-int MidiTrackWalk::byteAt(qsizetype position) const
-{
-    return position < m_bytes.size() ? static_cast<quint8>(m_bytes.at(position)) : 0;
 }

@@ -1,4 +1,4 @@
-// Finds where the events of a MIDI track begin, as far as the track is valid.
+// Finds the events of a MIDI track, as far as the track is valid.
 #pragma once
 
 #include <QByteArrayView>
@@ -24,16 +24,39 @@ public:
      */
     bool liesWithinEvent(qsizetype position);
 
+    /** Goes on to the next event; false behind the last one that is valid. */
+    bool next();
+
+    /** @name The event that next() found. */
+    ///@{
+    /** Ticks since the event before. */
+    quint32 delta() const { return m_delta; }
+    /** With its channel; one that runs on from an earlier event stands here, too. */
+    int status() const { return m_status; }
+    /** Of an event with MidiMetaEvent::statusByte. */
+    int metaType() const { return m_metaType; }
+    /** Without status, meta type and length; as valid as the bytes. */
+    QByteArrayView data() const { return m_bytes.sliced(m_dataStart, m_eventEnd - m_dataStart); }
+    ///@}
+
 private:
     void readEvent();
     bool skipEventData(qsizetype position);
     bool skipChannelData(qsizetype position, int count);
     bool skipCountedData(qsizetype position);
-    int byteAt(qsizetype position) const;
+    // In the class, since it is called for every byte of the music.
+    int byteAt(qsizetype position) const
+    {
+        return position < m_bytes.size() ? static_cast<quint8>(m_bytes[position]) : 0;
+    }
 
     QByteArrayView m_bytes;
     qsizetype m_eventStart; ///< first byte of the current event's delta time
     qsizetype m_eventEnd;   ///< first byte after the current event
+    qsizetype m_dataStart = 0;
+    quint32 m_delta = 0;
+    int m_status = 0;
+    int m_metaType = 0;
     int m_runningStatus = 0;
     bool m_lost = false;
 };

@@ -1,6 +1,7 @@
 #include "formats/mp3song.h"
 
 #include "formats/mp3examination.h"
+#include "formats/mp3length.h"
 #include "formats/mp3tagfile.h"
 #include "formats/songitems.h"
 #include "formats/songreading.h"
@@ -57,6 +58,17 @@ void Mp3Song::read(SongInfo &info) const
 {
     readItems(m_tag, info);
     info.troubles = m_troubles;
+}
+
+SongMeasure Mp3Song::measure() const
+{
+    SongMeasure measure;
+    QFile file(m_path);
+    if (!songreading::openRegularFile(file))
+        return measure;
+    if (const auto start = audioStart(file))
+        measure.length = mp3length::of(file, *start);
+    return measure;
 }
 
 bool Mp3Song::canBeReadAgain() const

@@ -3,6 +3,7 @@
 
 #include "formats/mp3header.h"
 #include "formats/savefailure.h"
+#include "formats/songmeasure.h"
 #include "formats/songmerge.h"
 
 #include <QtGlobal>
@@ -28,6 +29,7 @@ public:
     bool load(QFile &file);
     SongInfo::fileTypeEnum fileType() const { return m_tag.fileType(); }
     void read(SongInfo &info) const;
+    SongMeasure measure() const;
     void merge(const SongMerge &merge) { merge.into(m_tag); }
     int addMarker(const QString & /*text*/, quint16 /*bar*/) { return 0; }
     bool isComplete() const { return true; }

@@ -9,7 +9,7 @@ declare -A groups=(
            qt6-5compat-dev libqt6sql6-sqlite libcli11-dev qt6-tools-dev qt6-tools-dev-tools
            qt6-l10n-tools qt6-translations-l10n sqlite3 libtag1-dev libicu-dev"
   [test]="xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core midicsv abcmidi lame
-          ffmpeg eyed3
+          ffmpeg eyed3 fluidsynth sox libsox-fmt-mp3
           id3v2 openttd-openmsx python3 python3-mutagen clang-format
           mold dpkg-dev desktop-file-utils appstream mandoc lintian dbus python3-dbusmock"
   [package]="dpkg-dev"

@@ -18,6 +18,7 @@ inline constexpr qsizetype chunkHeaderSize = 8;
 /** What the first chunk of a MIDI file holds: format, number of tracks, time division (2 each). */
 inline constexpr qsizetype midiHeadSize = 6;
 inline constexpr qsizetype trackCountPos = 10; ///< in a MIDI file: number of tracks (2, big-endian)
+inline constexpr qsizetype timeDivisionPos = 12; ///< in a MIDI file: what a tick is (2, big-endian)
 
 // The tag in front of an MP3's audio: "ID3", version, revision, flags (1 each), the size of what
 // follows (4, seven bits in each byte, big-endian), and that.

@@ -1970,6 +1970,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>Catalogo</source>
         <translation>Catalogo</translation>
     </message>
+    <message>
+        <source>%1 (stimata)</source>
+        <translation>%1 (stimata)</translation>
+    </message>
+    <message>
+        <source>Scritti</source>
+        <translation>Scritti</translation>
+    </message>
 </context>
 <context>
     <name>Program</name>
@@ -4740,6 +4748,13 @@ Preparare prima il tag per il player?</translation>
     <message>
         <source>Esporta voci</source>
         <translation>Esporta voci</translation>
+    </message>
+</context>
+<context>
+    <name>MeasureCommand</name>
+    <message>
+        <source>Misura</source>
+        <translation>Misura</translation>
     </message>
 </context>
 </TS>

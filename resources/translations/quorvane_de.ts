@@ -1970,6 +1970,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>Catalogo</source>
         <translation>Katalog</translation>
     </message>
+    <message>
+        <source>%1 (stimata)</source>
+        <translation>%1 (geschätzt)</translation>
+    </message>
+    <message>
+        <source>Scritti</source>
+        <translation>Geschrieben</translation>
+    </message>
 </context>
 <context>
     <name>Program</name>
@@ -4740,6 +4748,13 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
     <message>
         <source>Esporta voci</source>
         <translation>Einträge als Tabelle speichern</translation>
+    </message>
+</context>
+<context>
+    <name>MeasureCommand</name>
+    <message>
+        <source>Misura</source>
+        <translation>Messe</translation>
     </message>
 </context>
 </TS>

@@ -1970,6 +1970,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>Catalogo</source>
         <translation>Catalogue</translation>
     </message>
+    <message>
+        <source>%1 (stimata)</source>
+        <translation>%1 (guessed)</translation>
+    </message>
+    <message>
+        <source>Scritti</source>
+        <translation>Written</translation>
+    </message>
 </context>
 <context>
     <name>Program</name>
@@ -4740,6 +4748,13 @@ Prepare the tag for the player first?</translation>
     <message>
         <source>Esporta voci</source>
         <translation>Export entries</translation>
+    </message>
+</context>
+<context>
+    <name>MeasureCommand</name>
+    <message>
+        <source>Misura</source>
+        <translation>Measuring</translation>
     </message>
 </context>
 </TS>

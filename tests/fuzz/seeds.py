@@ -75,6 +75,23 @@ MIDI_FILES = {
     "format2": midi(NOTES, 2),
 }
 
+TIMED_FILES = {
+    "metres": midi(meta(0x58, b"\x03\x02\x18\x08") + meta(6, b"Intro") + b"\x81\x60\xff\x58\x04\x06\x03"
+                   b"\x18\x08" + meta(7, b"Verse") + NOTES),
+    "tempos": midi(meta(0x51, b"\0\0\0") + NOTES + meta(0x51, b"\0\0\1") + NOTES, 1, 3),
+    "frames": midi(NOTES)[:12] + b"\xe7\x28" + midi(NOTES)[14:],
+    "nodivision": midi(NOTES)[:12] + b"\0\0" + midi(NOTES)[14:],
+}
+
+# Frames of MPEG 1, Layer III, 32 kbit/s, 44.1 kHz: 104 bytes
+FRAME = b"\xff\xfb\x10\0" + bytes(100)
+STREAMS = {
+    "plain": FRAME * 4,
+    "xing": FRAME[:36] + b"Xing" + be(3, 4) + be(9, 4) + be(416, 4) + bytes(52) + FRAME * 3,
+    "vbri": FRAME[:36] + b"VBRI" + bytes(6) + be(416, 4) + be(9, 4) + bytes(50) + FRAME * 3,
+    "between": FRAME * 2 + bytes(50) + FRAME * 2 + b"TAG" + bytes(125),
+}
+
 # LZHUF: a coder of literals only, so that MFX files with a sound payload can be made
 
 
@@ -280,6 +297,11 @@ SEEDS = {
         "one": b"\0\0x", "blanks": b"\2\0" + b" " * 60, "midi": b"\1\1" + MIDI_FILES["full"],
         "long": b"\x30\x07" + bytes(range(256)), "bytes": b"\0\0" + bytes(range(256)) * 2,
         "largest": b"\xff\xff" + MIDI_FILES["full"] + b"LARGEST"},
+    "fuzz_measure": {
+        f"{kind}_{name}": be(number, 1) + data
+        for number, (kind, files) in enumerate((("midi", {**MIDI_FILES, **TIMED_FILES}),
+                                                ("mp3", STREAMS)))
+        for name, data in files.items()},
     "fuzz_mfxheader": {
         name: b"\1" + be(500, 4) + b"".join(map(short, (b"Title", b"A" * 40, b"-", b""))) + data
         for name, data in MFX_FILES.items()},
@@ -356,6 +378,8 @@ SONG_WORDS = CHUNKS + MAKER_EVENTS + PUBLISHERS + KEYS
 WORDS = {
     "fuzz_lzhuffexpand": [le(500000, 4), le(500001, 4), le(1, 4)],
     "fuzz_lzhuffroundtrip": [b"    ", b"MTrk"],
+    "fuzz_measure": CHUNKS + [b"\x00\xff\x07", b"\x00\xff\x58\x04", b"Xing", b"Info", b"VBRI",
+                             b"APETAGEX", b"TAG", b"\xff\xfb\x10\0", b"\xff\xf3\x80\0"],
     "fuzz_mfxheader": MAGICS,
     "fuzz_rawmidi": SONG_WORDS,
     "fuzz_mp3header": TAG_NAMES + PUBLISHERS + KEYS,

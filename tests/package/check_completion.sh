@@ -22,7 +22,7 @@ expect() {
   [ "$got" = "$wanted" ] || { echo "FAIL: $* offers '$got', not '$wanted'" >&2; exit 1; }
 }
 
-expect "show set edit sync transfer index list remove eject catalogue history undo tags --help --version" kavena ""
+expect "show set edit sync transfer index list remove eject catalogue history undo tags measure --help --version" kavena ""
 expect "set" kavena se
 expect "update rebuild check" kavena index ""
 expect "find add export import" kavena catalogue ""
@@ -44,6 +44,7 @@ expect "--pattern" kavena edit --p
 expect "title upper lower first" kavena edit --case title ""
 expect "genre" kavena edit --value g
 expect "yes no" kavena edit --without-history ""
+expect "--apply" kavena measure --a
 expect "--duplicates" kavena list --d
 expect "--json" kavena eject --j
 expect "" kavena show -- --j
