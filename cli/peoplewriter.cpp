@@ -49,6 +49,8 @@ void PeopleWriter::changes(const QString &path, bool found,
     else
         line(givenpath::shown(path));
     changeLines(changes);
+    if (!changes.isEmpty())
+        item(tr("Catalogo"), ChangePreview::sourceName(source));
 }
 
 void PeopleWriter::changeLines(const QList<ChangePreview::Change> &changes)
@@ -60,8 +62,6 @@ void PeopleWriter::changeLines(const QList<ChangePreview::Change> &changes)
         item(ChangePreview::fieldName(change.field),
              shown(change.before) + QStringLiteral(" -> ") + shown(change.after));
     }
-    if (!changes.isEmpty())
-        item(tr("Catalogo"), ChangePreview::sourceName(source));
 }
 
 void PeopleWriter::renamed(const QString &path, const QString &newName)
