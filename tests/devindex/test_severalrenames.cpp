@@ -360,8 +360,8 @@ void TestSeveralRenames::historyTakesTheNamesBack()
     QCOMPARE(jobs.at(0).kind, HistoryJob::Kind::Rename);
     QCOMPARE(jobs.at(0).songs, 2);
     HistoryRecorder recorder(store, HistoryJob::Kind::TakeBack, refuse, jobs.at(0).number);
-    const HistoryUndo::Report report = HistoryUndo(store).takeBack(
-        jobs.at(0), store.songs(jobs.at(0).number), false, recorder, progress);
+    const HistoryUndo::Report report =
+        HistoryUndo(store).takeBack(store.songs(jobs.at(0).number), false, recorder, progress);
     QVERIFY(report.failed.isEmpty());
     QCOMPARE(songs.files(), before);
 }
