@@ -457,7 +457,7 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
     request.steps = edit.steps;
     request.newNames = edit.newNames;
     request.shortNames = edit.shortNames;
-    request.apply = edit.apply;
+    request.apply = request.apply || edit.apply;
     if (grammar.has("--backup"))
         request.backup = plain(texts.backup);
     if (texts.json || texts.csv)

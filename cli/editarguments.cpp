@@ -11,8 +11,6 @@
 namespace
 {
 
-enum class StepOption { Pattern, Value, Replace, Regex, Case, Swap, Strip, FromCsv, Rename };
-
 std::optional<EditStep::LetterCase::Kind> letterCase(const QString &word)
 {
     using Kind = EditStep::LetterCase::Kind;
@@ -30,7 +28,9 @@ std::optional<EditStep::LetterCase::Kind> letterCase(const QString &word)
 } // namespace
 
 struct EditArguments::Option {
-    StepOption kind;
+    enum class Kind { Pattern, Value, Replace, Regex, Case, Swap, Strip, FromCsv, Rename };
+
+    Kind kind;
     const char *name;
     int values;
 };
@@ -39,11 +39,15 @@ EditArguments::EditArguments(const QList<QByteArray> &arguments)
     : m_isEdit(!arguments.isEmpty() && arguments.constFirst() == "edit")
 {
     static constexpr std::array options{
-        Option{StepOption::Pattern, "--pattern", 1}, Option{StepOption::Value, "--value", 2},
-        Option{StepOption::Replace, "--replace", 3}, Option{StepOption::Regex, "--regex", 3},
-        Option{StepOption::Case, "--case", 2},       Option{StepOption::Swap, "--swap", 2},
-        Option{StepOption::Strip, "--strip", 1},     Option{StepOption::FromCsv, "--from-csv", 1},
-        Option{StepOption::Rename, "--rename", 1},
+        Option{Option::Kind::Pattern, "--pattern", 1},
+        Option{Option::Kind::Value, "--value", 2},
+        Option{Option::Kind::Replace, "--replace", 3},
+        Option{Option::Kind::Regex, "--regex", 3},
+        Option{Option::Kind::Case, "--case", 2},
+        Option{Option::Kind::Swap, "--swap", 2},
+        Option{Option::Kind::Strip, "--strip", 1},
+        Option{Option::Kind::FromCsv, "--from-csv", 1},
+        Option{Option::Kind::Rename, "--rename", 1},
     };
     if (!m_isEdit) {
         others = arguments;
@@ -99,32 +103,32 @@ void EditArguments::take(const Option &option, const QList<QByteArray> &bytes)
     if (!error.isEmpty())
         return;
     switch (option.kind) {
-    case StepOption::Pattern:
+    case Option::Kind::Pattern:
         return add(option, EditStep::FromName{first});
-    case StepOption::Value:
+    case Option::Kind::Value:
         return add(option, EditStep::Value{fields.value(0), values.at(1)});
-    case StepOption::Replace:
-    case StepOption::Regex:
+    case Option::Kind::Replace:
+    case Option::Kind::Regex:
         return add(option, EditStep::Replace{fields, values.at(1), values.at(2),
-                                             option.kind == StepOption::Regex, !m_ignoresCase});
-    case StepOption::Case:
+                                             option.kind == Option::Kind::Regex, !m_ignoresCase});
+    case Option::Kind::Case:
         if (const auto kind = letterCase(values.at(1)))
             return add(option, EditStep::LetterCase{fields, *kind, QLocale::system()});
         error = tr("Valore non valido per %1: %2").arg(name, values.at(1));
         return;
-    case StepOption::Swap: {
+    case Option::Kind::Swap: {
         const auto second = songfields::fromWord(values.at(1));
         if (second)
             return add(option, EditStep::Swap{fields.value(0), *second});
         error = tr("Valore non valido per %1: %2").arg(name, values.at(1));
         return;
     }
-    case StepOption::Strip:
+    case Option::Kind::Strip:
         return add(option, EditStep::Strip{fields, true});
-    case StepOption::FromCsv:
+    case Option::Kind::FromCsv:
         steps.append(EditStep(EditStep::FromList{CsvList::fromFile(first)}));
         return;
-    case StepOption::Rename:
+    case Option::Kind::Rename:
         newNames = first;
         const QString problem = NamePattern::problemOf(first, NamePattern::Use::MakeNames);
         if (!problem.isEmpty())
@@ -145,10 +149,11 @@ void EditArguments::add(const Option &option, EditStep::What what)
 QList<EditStep::Field> EditArguments::fieldsOf(const Option &option, const QString &text)
 {
     QList<EditStep::Field> fields;
-    if (option.kind == StepOption::Pattern || option.kind == StepOption::FromCsv ||
-        option.kind == StepOption::Rename)
+    if (option.kind == Option::Kind::Pattern || option.kind == Option::Kind::FromCsv ||
+        option.kind == Option::Kind::Rename)
         return fields;
-    const bool takesSeveral = option.kind != StepOption::Value && option.kind != StepOption::Swap;
+    const bool takesSeveral =
+        option.kind != Option::Kind::Value && option.kind != Option::Kind::Swap;
     if (takesSeveral && text == QLatin1String("all"))
         return songfields::texts();
     for (const QString &word : text.split(QLatin1Char(','))) {

@@ -14,10 +14,10 @@
 namespace
 {
 
-constexpr std::array languages{QLocale::Italian, QLocale::English, QLocale::German,
-                               QLocale::French,  QLocale::Spanish, QLocale::Portuguese,
-                               QLocale::Dutch,   QLocale::Polish,  QLocale::Turkish,
-                               QLocale::Greek,   QLocale::Russian, QLocale::Ukrainian};
+constexpr std::array caseLanguages{QLocale::Italian, QLocale::English, QLocale::German,
+                                   QLocale::French,  QLocale::Spanish, QLocale::Portuguese,
+                                   QLocale::Dutch,   QLocale::Polish,  QLocale::Turkish,
+                                   QLocale::Greek,   QLocale::Russian, QLocale::Ukrainian};
 
 EditStep::Field fieldOf(const QComboBox *combo)
 {
@@ -75,7 +75,7 @@ void EditStepForm::fillIn()
         ui->otherFieldComboBox->addItem(ChangePreview::fieldName(field), static_cast<int>(field));
     }
     ui->otherFieldComboBox->setCurrentIndex(1);
-    for (const QLocale::Language language : languages) {
+    for (const QLocale::Language language : caseLanguages) {
         ui->languageComboBox->addItem(QLocale(language).nativeLanguageName(),
                                       static_cast<int>(language));
         if (language == QLocale().language())

@@ -23,7 +23,7 @@ namespace
 
 enum TagColumn { TagSong, ShownNow, InTheTag, ShownThen };
 
-constexpr int songColumnWidth = 230;
+constexpr int tagSongColumnWidth = 230;
 constexpr int textColumnWidth = 190;
 constexpr int fieldRole = Qt::UserRole;
 
@@ -63,7 +63,7 @@ PrepareTagsDialog::PrepareTagsDialog(const QList<Mp3Preparation> &preparations,
     ui->setupUi(this);
     for (const Mp3Preparation &preparation : preparations)
         m_songs.append({preparation, preparation.proposed()});
-    ui->songsTreeWidget->setColumnWidth(TagSong, songColumnWidth);
+    ui->songsTreeWidget->setColumnWidth(TagSong, tagSongColumnWidth);
     for (const int column : {ShownNow, InTheTag})
         ui->songsTreeWidget->setColumnWidth(column, textColumnWidth);
     connect(ui->songsTreeWidget, &QTreeWidget::itemExpanded, this, &PrepareTagsDialog::showFields);

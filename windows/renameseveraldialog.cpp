@@ -17,7 +17,7 @@ namespace
 
 enum RenameColumn { NameNow, NewName, RenameNote };
 
-constexpr int nameColumnWidth = 260;
+constexpr int fileNameColumnWidth = 260;
 
 QString lastPart(const QString &path)
 {
@@ -66,8 +66,8 @@ void RenameSeveralDialog::makeRows()
         items.append(item);
     }
     ui->songsTreeWidget->addTopLevelItems(items);
-    ui->songsTreeWidget->setColumnWidth(NameNow, nameColumnWidth);
-    ui->songsTreeWidget->setColumnWidth(NewName, nameColumnWidth);
+    ui->songsTreeWidget->setColumnWidth(NameNow, fileNameColumnWidth);
+    ui->songsTreeWidget->setColumnWidth(NewName, fileNameColumnWidth);
 }
 
 void RenameSeveralDialog::preview()
