@@ -1,12 +1,7 @@
-// Many songs through the main window: their data and the names of their files.
+// Data of many songs through the main window.
 #include "library/userhistory.h"
-#include "support/apptest.h"
-#include "support/mainwindowdriver.h"
-#include "support/modalanswers.h"
-#include "support/samplesongs.h"
-#include "windows/editseveraldialog.h"
+#include "support/severalfixture.h"
 #include "windows/progresswindow.h"
-#include "windows/renameseveraldialog.h"
 #include "windows/severalsongsmodel.h"
 
 #include <QCheckBox>
@@ -15,26 +10,14 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
-#include <QMessageBox>
 #include <QProgressDialog>
 #include <QStackedWidget>
 #include <QTreeWidget>
 
-#include <memory>
+using namespace severalfixture;
 
 namespace
 {
-
-template <typename Widget>
-Widget *part(const QWidget *dialog, const char *name)
-{
-    return dialog->findChild<Widget *>(QLatin1String(name));
-}
-
-void press(const QWidget *dialog, const char *name)
-{
-    QTest::mouseClick(part<QPushButton>(dialog, name), Qt::LeftButton);
-}
 
 SongInfo infoOf(const QString &path)
 {
@@ -70,13 +53,13 @@ void typePattern(const EditSeveralDialog *dialog, const QString &pattern)
 
 } // namespace
 
-class TestSeveralTools : public AppFixture
+class TestSeveralTools : public SeveralFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { SeveralFixture::init(); }
+    void cleanup() { SeveralFixture::cleanup(); }
 
     void nothingCanBeEditedInAnEmptyList();
     void shortcutOpensTheWindow();
@@ -92,93 +75,8 @@ private slots:
     void songThatCannotBeSavedIsNamedAndMarked();
     void stoppingLeavesTheOtherSongs();
     void historyTakesTheEditBack();
-    void filesAreRenamedAndTheListAndTheSelectionFollow();
-    void listFollowsNamesThatAreTakenBack();
-    void tickedFilesAloneAreRenamed();
-    void nameThatWasTakenSinceIsTold();
     void thousandsOfSongsAreShownWhileTyping();
-
-private:
-    template <typename Dialog>
-    void inWindow(const char *action, const std::function<void(Dialog *)> &look)
-    {
-        bool looked = false;
-        // Not from the timer of the answers, which are needed meanwhile.
-        QTimer::singleShot(0, m_window.get(), [&] {
-            auto *const dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
-            QVERIFY(dialog != nullptr);
-            looked = true;
-            look(dialog);
-            if (dialog->isVisible())
-                dialog->close();
-        });
-        m_window->action(action)->trigger();
-        QVERIFY(looked);
-    }
-    void edit(const std::function<void(EditSeveralDialog *)> &look)
-    {
-        inWindow<EditSeveralDialog>("actionEditSeveral", look);
-    }
-    void rename(const std::function<void(RenameSeveralDialog *)> &look)
-    {
-        inWindow<RenameSeveralDialog>("actionRenameSeveral", look);
-    }
-    void takeLastBack();
-    int rowOf(const QString &path) const
-    {
-        for (int row = 0; row < m_window->model()->goodRowCount(); ++row) {
-            if (m_window->model()->fileName(row) == path)
-                return row;
-        }
-        return -1;
-    }
-
-    std::unique_ptr<SongFolder> m_songs;
-    std::unique_ptr<WindowUnderTest> m_window;
-    std::unique_ptr<ModalAnswers> m_answers;
-    QString m_volare;
-    QString m_aida;
-    QString m_other;
 };
-
-void TestSeveralTools::init()
-{
-    AppFixture::init();
-    QVERIFY(mainwindowdriver::writeCatalogue());
-    m_songs = std::make_unique<SongFolder>();
-    m_volare = m_songs->midi(QStringLiteral("Mina - Volare.mid"), "one");
-    m_aida = m_songs->mp3(QStringLiteral("Verdi - Aida.mp3"), "two");
-    m_other = m_songs->midi(QStringLiteral("other.mid"), "three");
-    m_window = std::make_unique<WindowUnderTest>();
-    m_window->setSelectedFiles({m_volare, m_aida, m_other});
-    m_window->importUserLibrary();
-    QCOMPARE(m_window->model()->goodRowCount(), 3);
-    m_answers = std::make_unique<ModalAnswers>();
-    m_answers->pressInMessageBoxes(QMessageBox::Ok);
-}
-
-void TestSeveralTools::cleanup()
-{
-    m_answers.reset();
-    m_window.reset();
-    m_songs.reset();
-    AppFixture::cleanup();
-}
-
-void TestSeveralTools::takeLastBack()
-{
-    m_answers.reset();
-    ModalAnswers answers;
-    answers.add([](QWidget *window) {
-        auto *const box = qobject_cast<QMessageBox *>(window);
-        if (box == nullptr)
-            return false;
-        QAbstractButton *const yes = box->button(QMessageBox::Yes);
-        QTest::mouseClick(yes != nullptr ? yes : box->button(QMessageBox::Ok), Qt::LeftButton);
-        return true;
-    });
-    m_window->action("actionTakeBack")->trigger();
-}
 
 void TestSeveralTools::nothingCanBeEditedInAnEmptyList()
 {
@@ -444,91 +342,6 @@ void TestSeveralTools::historyTakesTheEditBack()
     QCOMPARE(samplesongs::readFile(m_volare), volare);
     QCOMPARE(samplesongs::readFile(m_aida), aida);
     QCOMPARE(m_window->model()->title(rowOf(m_volare)), QStringLiteral("one"));
-}
-
-void TestSeveralTools::filesAreRenamedAndTheListAndTheSelectionFollow()
-{
-    m_songs->write(QStringLiteral("Verdi - Aida.cdg"), "pictures");
-    rename([&](RenameSeveralDialog *dialog) {
-        auto *const combo = part<QComboBox>(dialog, "patternComboBox");
-        combo->lineEdit()->selectAll();
-        QTest::keyClicks(combo->lineEdit(), QStringLiteral("%title"));
-        auto *const tree = part<QTreeWidget>(dialog, "songsTreeWidget");
-        QTRY_COMPARE(tree->topLevelItem(0)->text(1), QStringLiteral("one.mid"));
-        QCOMPARE(tree->topLevelItem(1)->text(1), QStringLiteral("two.mp3"));
-        QVERIFY(QFile::exists(m_volare));
-        press(dialog, "applyPushButton");
-        QVERIFY(!dialog->isVisible());
-    });
-    const QString renamed = m_songs->filePath(QStringLiteral("one.mid"));
-    QVERIFY(QFile::exists(renamed));
-    QVERIFY(!QFile::exists(m_volare));
-    QVERIFY(QFile::exists(m_songs->filePath(QStringLiteral("two.cdg"))));
-    const int row = rowOf(renamed);
-    QVERIFY(row >= 0);
-    QCOMPARE(m_window->model()->shortName(row), QStringLiteral("one.mid"));
-    // The next import reads the selected files.
-    m_window->importUserLibrary();
-    QCOMPARE(m_window->model()->goodRowCount(), 3);
-    QVERIFY(rowOf(renamed) >= 0);
-}
-
-void TestSeveralTools::listFollowsNamesThatAreTakenBack()
-{
-    rename([&](RenameSeveralDialog *dialog) {
-        part<QComboBox>(dialog, "patternComboBox")->setEditText(QStringLiteral("%title"));
-        auto *const tree = part<QTreeWidget>(dialog, "songsTreeWidget");
-        QTRY_COMPARE(tree->topLevelItem(0)->text(1), QStringLiteral("one.mid"));
-        press(dialog, "applyPushButton");
-    });
-    QVERIFY(rowOf(m_volare) < 0);
-    takeLastBack();
-    QVERIFY(QFile::exists(m_volare));
-    QVERIFY(rowOf(m_volare) >= 0);
-    m_window->importUserLibrary();
-    QCOMPARE(m_window->model()->goodRowCount(), 3);
-}
-
-void TestSeveralTools::tickedFilesAloneAreRenamed()
-{
-    rename([&](RenameSeveralDialog *dialog) {
-        auto *const combo = part<QComboBox>(dialog, "patternComboBox");
-        combo->setEditText(QStringLiteral("%title"));
-        auto *const tree = part<QTreeWidget>(dialog, "songsTreeWidget");
-        QTRY_COMPARE(tree->topLevelItem(0)->text(1), QStringLiteral("one.mid"));
-        tree->topLevelItem(0)->setCheckState(0, Qt::Unchecked);
-        press(dialog, "applyPushButton");
-    });
-    QVERIFY(QFile::exists(m_volare));
-    QVERIFY(QFile::exists(m_songs->filePath(QStringLiteral("three.mid"))));
-}
-
-void TestSeveralTools::nameThatWasTakenSinceIsTold()
-{
-    bool told = false;
-    m_answers->add([&](QWidget *window) {
-        auto *const list = qobject_cast<QDialog *>(window);
-        if (list == nullptr || qobject_cast<RenameSeveralDialog *>(window) != nullptr ||
-            qobject_cast<QProgressDialog *>(window) != nullptr)
-            return false;
-        told = true;
-        list->accept();
-        return true;
-    });
-    rename([&](RenameSeveralDialog *dialog) {
-        auto *const combo = part<QComboBox>(dialog, "patternComboBox");
-        combo->setEditText(QStringLiteral("%title"));
-        auto *const tree = part<QTreeWidget>(dialog, "songsTreeWidget");
-        QTRY_COMPARE(tree->topLevelItem(0)->text(1), QStringLiteral("one.mid"));
-        m_songs->write(QStringLiteral("one.mid"), "somebody else's");
-        press(dialog, "applyPushButton");
-    });
-    QVERIFY(told);
-    QVERIFY(QFile::exists(m_volare));
-    QCOMPARE(samplesongs::readFile(m_songs->filePath(QStringLiteral("one.mid"))),
-             QByteArray("somebody else's"));
-    QVERIFY(rowOf(m_volare) >= 0);
-    QVERIFY(rowOf(m_other) < 0);
 }
 
 void TestSeveralTools::thousandsOfSongsAreShownWhileTyping()

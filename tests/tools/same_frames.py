@@ -12,10 +12,10 @@ from mutagen.id3 import ID3, ID3NoHeaderError
 
 def value(frame):
     values = {}
-    for spec in frame._framespec + frame._optionalspec:
-        if spec.name != "encoding" and hasattr(frame, spec.name):
-            content = getattr(frame, spec.name)
-            values[spec.name] = content if isinstance(content, bytes) else str(content)
+    for part in frame._framespec + frame._optionalspec:
+        if part.name != "encoding" and hasattr(frame, part.name):
+            content = getattr(frame, part.name)
+            values[part.name] = content if isinstance(content, bytes) else str(content)
     return values
 
 
