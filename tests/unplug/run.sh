@@ -53,4 +53,4 @@ busybox depmod -b guest "$(basename "${modules[0]}")"
 (cd guest && find . | cpio --quiet -o -H newc) >guest.cpio
 
 exec nice -n 10 python3 "$here/unplug.py" --pulls "${1:-30}" --seed "${UNPLUG_SEED:-1}" \
-  --driver "$driver" --work "$work" --jobs "${UNPLUG_JOBS:-empty over sync update}"
+  --driver "$driver" --work "$work" --jobs "${UNPLUG_JOBS:-empty over sync update remove inline}"
