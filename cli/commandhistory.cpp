@@ -45,6 +45,26 @@ void CommandHistory::written(const QString &path, const SongInfo &before, const 
     m_recorder->written(absolute(path), before, after);
 }
 
+std::optional<CommandHistory::Saved> CommandHistory::save(MetaSong &song, const QString &path,
+                                                          const SongInfo &before,
+                                                          const SongInfo &wanted)
+{
+    song.setSongInfo(wanted, true);
+    if (!keepOne(path)) {
+        tellRefused();
+        return std::nullopt;
+    }
+    Saved saved{song.save(path), std::nullopt};
+    MetaSong onDisk;
+    SongInfo now;
+    if (onDisk.importFile(path)) {
+        onDisk.getSongInfo(now);
+        saved.now = now;
+    }
+    written(path, before, now);
+    return saved;
+}
+
 void CommandHistory::tellRefused()
 {
     const QString text = tr("Le altre song non sono state modificate");

@@ -1,6 +1,7 @@
 // The history of the songs that a command writes.
 #pragma once
 
+#include "formats/metasong.h"
 #include "library/userhistory.h"
 
 #include <QCoreApplication>
@@ -8,6 +9,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 struct Request;
 class Terminal;
@@ -31,6 +33,18 @@ public:
     bool keepOne(const QString &path);
 
     void written(const QString &path, const SongInfo &before, const SongInfo &after);
+
+    struct Saved {
+        SaveFailure failure = SaveFailure::None;
+        std::optional<SongInfo> now; ///< what the file says; nothing where it cannot be read
+    };
+
+    /**
+     * Gives the loaded song of the file, which says "before", the data that are wanted, and saves
+     * it. Nothing, and the user is told, when it may not be changed without a history.
+     */
+    std::optional<Saved> save(MetaSong &song, const QString &path, const SongInfo &before,
+                              const SongInfo &wanted);
 
     /** Says that no more songs are changed: a failure unless none was. */
     void tellRefused();

@@ -72,22 +72,11 @@ void MeasureCommand::measure(const QString &path)
 bool MeasureCommand::fill(MetaSong &song, const QString &path, const SongInfo &before,
                           const SongInfo &wanted)
 {
-    song.setSongInfo(wanted, true);
-    if (!m_history.keepOne(path)) {
-        m_isRefused = true;
-        m_history.tellRefused();
-        return false;
-    }
-    const SaveFailure failure = song.save(path);
-    MetaSong saved;
-    SongInfo after;
-    if (saved.importFile(path))
-        saved.getSongInfo(after);
-    m_history.written(path, before, after);
-    if (failure == SaveFailure::None)
-        return true;
-    tellFailure(path, RunReport::reasonText(failure));
-    return false;
+    const auto saved = m_history.save(song, path, before, wanted);
+    m_isRefused = !saved;
+    if (saved && saved->failure != SaveFailure::None)
+        tellFailure(path, RunReport::reasonText(saved->failure));
+    return saved && saved->failure == SaveFailure::None;
 }
 
 void MeasureCommand::tellFailure(const QString &path, const QString &reason)

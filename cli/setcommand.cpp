@@ -72,28 +72,19 @@ void SetCommand::set(const QString &path)
     SongInfo before;
     song.getSongInfo(before);
     const SongInfo wanted = edited(before, m_request.edit);
-    song.setSongInfo(wanted, true);
-    if (!m_history.keepOne(path)) {
-        m_isRefused = true;
-        m_history.tellRefused();
+    const auto saved = m_history.save(song, path, before, wanted);
+    m_isRefused = !saved;
+    if (!saved)
         return;
-    }
-    const SaveFailure failure = song.save(path);
-    MetaSong saved;
-    SongInfo after;
-    const bool isReadable = saved.importFile(path);
-    if (isReadable)
-        saved.getSongInfo(after);
-    m_history.written(path, before, after);
-    if (failure != SaveFailure::None) {
-        m_terminal.fail(path, RunReport::reasonText(failure));
+    if (saved->failure != SaveFailure::None) {
+        m_terminal.fail(path, RunReport::reasonText(saved->failure));
         return;
     }
     m_terminal.countDone();
-    if (!isReadable)
+    if (!saved->now)
         return;
-    tellCutTexts(path, after);
-    const QString lost = ChangePreview::lostCharacters(before, after, wanted);
+    tellCutTexts(path, *saved->now);
+    const QString lost = ChangePreview::lostCharacters(before, *saved->now, wanted);
     if (!lost.isEmpty())
         m_terminal.note(givenpath::shown(path) + QStringLiteral(": ") +
                         RunReport::text({SongFinding::Kind::LostCharacters, path, lost}));

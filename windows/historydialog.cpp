@@ -2,7 +2,7 @@
 
 #include "library/changepreview.h"
 #include "library/historytexts.h"
-#include "library/songtable.h"
+#include "library/songfields.h"
 #include "windows/plaintooltip.h"
 #include "windows/takingback.h"
 
@@ -28,29 +28,6 @@ constexpr int jobNumberRole = Qt::UserRole;
 
 /** The fields of so many songs are open from the beginning. */
 constexpr qsizetype fewSongs = 20;
-
-QString fieldText(const SongInfo &info, ChangePreview::Field field)
-{
-    using Field = ChangePreview::Field;
-    switch (field) {
-    case Field::Title:
-        return info.title;
-    case Field::Artist:
-        return info.artist;
-    case Field::Genre:
-        return info.genre;
-    case Field::Author:
-        return info.author;
-    case Field::Length:
-        return info.length > 0 ? SongTable::lengthText(info.length) : QString();
-    case Field::Tempo:
-        return info.userBpm > 0 ? QString::number(info.userBpm) : QString();
-    case Field::Key:
-        return info.key;
-    default:
-        return {};
-    }
-}
 
 } // namespace
 
@@ -187,7 +164,8 @@ void HistoryDialog::showFields(QTreeWidgetItem *item)
                                    QFileInfo(song.newPath).fileName()});
     for (int number = 0; number <= static_cast<int>(ChangePreview::Field::Key); ++number) {
         const auto field = static_cast<ChangePreview::Field>(number);
-        const QString values[] = {fieldText(song.before, field), fieldText(song.after, field)};
+        const QString values[] = {songfields::text(song.before, field),
+                                  songfields::text(song.after, field)};
         if (values[0].isEmpty() && values[1].isEmpty())
             continue;
         auto *const line = new QTreeWidgetItem(item, {ChangePreview::fieldName(field)});
