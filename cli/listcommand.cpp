@@ -23,6 +23,7 @@ ExitStatus ListCommand::listDuplicates(const QString &root)
     if (!lock.take() && lock.isHeldByOther())
         return m_terminal.refuse(root, lock.message());
     const FolderId before = folderIdOf(root);
+    const auto hasGone = [&] { return before.isEmpty() || folderIdOf(root) != before; };
     const auto progress = m_terminal.openProgress({}, tr("Lettura della memoria"), 0);
     MemorySongs memory(root);
     switch (memory.read(*progress)) {
@@ -30,7 +31,8 @@ ExitStatus ListCommand::listDuplicates(const QString &root)
         m_terminal.isStopped();
         return m_terminal.status();
     case MemorySongs::Outcome::NoMemory:
-        return m_terminal.refuse(root, tr("La memoria non è leggibile"));
+        return m_terminal.refuse(root, hasGone() ? SongPaths::memoryHasGone()
+                                                 : tr("La memoria non è leggibile"));
     case MemorySongs::Outcome::Done:
         break;
     }
@@ -41,7 +43,7 @@ ExitStatus ListCommand::listDuplicates(const QString &root)
         m_terminal.isStopped();
         return m_terminal.status();
     }
-    if (before.isEmpty() || folderIdOf(root) != before)
+    if (hasGone())
         return m_terminal.refuse(root, SongPaths::memoryHasGone());
     int number = 0;
     const auto write = [&](const QList<memoryduplicates::Group> &groups, Writer::Same same) {
