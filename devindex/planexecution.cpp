@@ -185,11 +185,11 @@ QString PlanExecution::whyNotNeeded(const TransferPlan &plan, const Item &item)
 
 void PlanExecution::tellSkipped(const Item &item, const TransferPlan &plan)
 {
-    const bool isTaken = m_placesTaken.contains(nameKey(item.target));
+    const bool isPlaceTaken = m_placesTaken.contains(nameKey(item.target));
     switch (item.state) {
     case State::Same:
     case State::Renamed:
-        if (isTaken)
+        if (isPlaceTaken)
             break;
         if (QFileInfo::exists(item.target))
             m_result.alreadyThere.append({item.path, whyNotNeeded(plan, item)});
@@ -211,7 +211,7 @@ void PlanExecution::tellSkipped(const Item &item, const TransferPlan &plan)
         break;
     }
     QString reason = item.reason;
-    if (reason.isEmpty() && isTaken && item.state != State::Collides)
+    if (reason.isEmpty() && isPlaceTaken && item.state != State::Collides)
         reason = tr("un'altra song dell'elenco ha preso il suo posto");
     else if (reason.isEmpty() && item.state == State::Differs)
         reason = tr("esisteva già e non è stata sostituita");

@@ -48,27 +48,27 @@ Id3Walk::Id3Walk(QByteArrayView tag)
 {
     if (tag.size() < Mp3Header::headerSize || !tag.startsWith(songlayout::id3Magic))
         return;
-    const auto version = static_cast<quint8>(tag[walkVersionPos]);
-    if (version < 2 || version > 4)
+    const auto major = static_cast<quint8>(tag[walkVersionPos]);
+    if (major < 2 || major > 4)
         return;
-    m_version = version;
+    m_version = major;
     const QByteArray head = tag.first(Mp3Header::headerSize).toByteArray();
     const auto flags = static_cast<quint8>(head.at(walkFlagsPos));
     const qsizetype size = Mp3Header().getId3TagSize(head);
-    QByteArrayView frames = tag.sliced(Mp3Header::headerSize);
-    frames = frames.first(std::min(size, frames.size()));
+    QByteArrayView content = tag.sliced(Mp3Header::headerSize);
+    content = content.first(std::min(size, content.size()));
     m_hasFlag = (flags & unsynchronisedFlag) != 0;
     if (m_hasFlag) {
-        const auto freed = withoutUnsynchronisation(frames);
-        m_isUnsynchronised = freed && freed->size() < frames.size();
+        const auto freed = withoutUnsynchronisation(content);
+        m_isUnsynchronised = freed && freed->size() < content.size();
         if (m_isUnsynchronised && m_version < 4) {
             m_freed = *freed;
-            frames = m_freed;
+            content = m_freed;
         }
     }
     if (m_version == 2 && (flags & extendedHeaderFlag) != 0)
         return; // compressed in a way that was never defined
-    walk(frames.sliced(extendedHeader(frames, flags)));
+    walk(content.sliced(extendedHeader(content, flags)));
 }
 
 const Id3Walk::Frame *Id3Walk::first(QByteArrayView id) const

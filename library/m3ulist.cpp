@@ -77,14 +77,14 @@ M3uList M3uList::parse(const QByteArray &bytes, const QString &folder)
         place += size + 1;
         if (line.startsWith('#') || line.trimmed().isEmpty())
             continue;
-        const QString text = decodedLine(line);
-        const QString path = size > longestLine ? QString() : pathOf(text, folder);
+        const QString decoded = decodedLine(line);
+        const QString path = size > longestLine ? QString() : pathOf(decoded, folder);
         if (list.songs.size() + list.strange.size() >= mostSongs) {
             list.isCut = true;
             break;
         }
         if (path.isEmpty()) {
-            list.strange.append(text.left(shownOfStrangeLine));
+            list.strange.append(decoded.left(shownOfStrangeLine));
         } else if (!known.contains(path)) {
             known.insert(path);
             list.songs.append(path);

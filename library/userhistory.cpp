@@ -65,9 +65,9 @@ bool UserHistory::isTakenBack(const HistoryJob &job, const QList<HistoryJob> &jo
 
 int UserHistory::limit()
 {
-    const QSettings store(settings::organisation, settings::application);
+    const QSettings preferences(settings::organisation, settings::application);
     bool isNumber = false;
-    const int stored = store.value(settings::historyLimit, defaultLimit).toInt(&isNumber);
+    const int stored = preferences.value(settings::historyLimit, defaultLimit).toInt(&isNumber);
     return isNumber ? qBound(smallestLimit, stored, largestLimit) : defaultLimit;
 }
 

@@ -196,12 +196,12 @@ void EditSeveralDialog::showExample()
 
 void EditSeveralDialog::showSummary()
 {
-    const SeveralPreview &preview = m_model->preview();
+    const SeveralPreview &shown = m_model->preview();
     const int chosen = m_model->chosenCount();
     QString text = tr("%n song cambiano", nullptr, chosen) + QStringLiteral(", ") +
-                   tr("%n non sono adatte", nullptr, preview.unfit());
-    if (!preview.problem().isEmpty())
-        text = tr("Passo %1: %2").arg(preview.problemStep() + 1).arg(preview.problem());
+                   tr("%n non sono adatte", nullptr, shown.unfit());
+    if (!shown.problem().isEmpty())
+        text = tr("Passo %1: %2").arg(shown.problemStep() + 1).arg(shown.problem());
     ui->summaryLabel->setText(text);
     ui->applyPushButton->setEnabled(chosen > 0);
 }

@@ -59,13 +59,13 @@ void SeveralSongsModel::setSteps(const QList<EditStep> &steps)
     m_preview.setSteps(steps);
     m_changesField.assign(m_changesField.size(), false);
     const QList<songfields::Field> &fields = songfields::all();
-    for (const SeveralSong &song : m_preview.songs()) {
-        if (!song.isChanged())
+    for (const SeveralSong &changed : m_preview.songs()) {
+        if (!changed.isChanged())
             continue;
         for (size_t i = 0; i < m_changesField.size(); ++i) {
             const songfields::Field field = fields.at(static_cast<qsizetype>(i));
             if (!m_changesField[i] &&
-                songfields::text(song.before, field) != songfields::text(song.after, field))
+                songfields::text(changed.before, field) != songfields::text(changed.after, field))
                 m_changesField[i] = true;
         }
     }
@@ -124,8 +124,8 @@ void SeveralSongsModel::setChosen(const QList<int> &rows, bool isChosen)
 
 void SeveralSongsModel::setAllChosen(bool isChosen)
 {
-    for (const size_t song : m_rows)
-        m_chosen[song] = isChosen;
+    for (const size_t place : m_rows)
+        m_chosen[place] = isChosen;
     if (!m_rows.empty())
         emit dataChanged(index(0, fileColumn), index(rowCount() - 1, fileColumn),
                          {Qt::CheckStateRole});
