@@ -189,7 +189,7 @@ void MemorySongWork::rename(qsizetype song)
             SongInfo info;
             if (MetaSong song; song.importFile(full))
                 song.getSongInfo(info);
-            const SongChanges::Report report = changes.rename(path, newName);
+            SongChanges::Report report = changes.rename(path, newName);
             if (QFileInfo(newFull).isFile() && !QFileInfo::exists(full))
                 recorder->written(full, info, info);
             return report;

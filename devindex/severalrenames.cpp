@@ -164,7 +164,7 @@ QString SeveralRenames::freeName(const QString &path, const QString &base)
     int &count = folderOf(path).counts[nameKey(base + suffix)];
     for (count = std::max(count, 1); count < maxNumber;) {
         ++count;
-        const QString numbered = start + QStringLiteral(" (%1)").arg(count) + suffix;
+        QString numbered = start + QStringLiteral(" (%1)").arg(count) + suffix;
         if (isFree(path, numbered))
             return numbered;
     }
@@ -178,7 +178,7 @@ QString SeveralRenames::shortName(const QString &path, const QString &base, QStr
         reason = tr("il player non ha uno dei caratteri");
         return {};
     }
-    const QString wanted =
+    QString wanted =
         path.left(path.lastIndexOf(QLatin1Char('/')) + 1) + base + dottedSuffixOf(path);
     if (isShortName(wanted) && isFree(path, wanted))
         return wanted;

@@ -142,7 +142,7 @@ double secondsOf(qint64 frames, const Mp3Frame &frame)
 }
 
 /** Goes from frame to frame. */
-double walk(AudioBytes &bytes, FoundFrame first)
+double walk(AudioBytes &bytes, const FoundFrame &first)
 {
     double seconds = 0;
     std::optional<FoundFrame> at = first;

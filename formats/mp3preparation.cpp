@@ -100,7 +100,7 @@ bool isGenreNumber(const QString &genre)
     QString number = genre;
     number.remove(QLatin1Char('(')).remove(QLatin1Char(')'));
     bool ok = false;
-    number.toUInt(&ok);
+    (void)number.toUInt(&ok);
     return ok;
 }
 

@@ -102,22 +102,22 @@ QString CatalogueTsv::read(const QStringList &cells, const std::array<qsizetype,
 {
     if (cells.size() <= *std::max_element(places.cbegin(), places.cend()))
         return tr("mancano delle colonne");
-    const auto text = [&](Cell::Number cell) {
-        return unescaped(cells.at(places[cell])).trimmed();
+    const auto cell = [&](Cell::Number number) {
+        return unescaped(cells.at(places[number])).trimmed();
     };
-    const std::optional<qint32> length = numberIn(text(Cell::Length));
-    const std::optional<qint32> bpm = numberIn(text(Cell::Bpm));
+    const std::optional<qint32> length = numberIn(cell(Cell::Length));
+    const std::optional<qint32> bpm = numberIn(cell(Cell::Bpm));
     if (!length || !bpm)
         return tr("durata e tempo devono essere numeri");
-    entry.title = text(Cell::Title);
-    entry.artist = text(Cell::Artist);
-    entry.altartist = text(Cell::AltArtist);
-    entry.genre = text(Cell::Genre);
-    entry.author = text(Cell::Author);
+    entry.title = cell(Cell::Title);
+    entry.artist = cell(Cell::Artist);
+    entry.altartist = cell(Cell::AltArtist);
+    entry.genre = cell(Cell::Genre);
+    entry.author = cell(Cell::Author);
     entry.length = *length;
     entry.bpm = *bpm;
-    entry.key = text(Cell::Key);
-    entry.filename = text(Cell::FileName).toUpper();
+    entry.key = cell(Cell::Key);
+    entry.filename = cell(Cell::FileName).toUpper();
     const QString markers = unescaped(cells.at(places[Cell::Markers]));
     if (markers != QLatin1String("NULL"))
         entry.markers = markertexts::fromText(markers);

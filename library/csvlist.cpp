@@ -275,21 +275,21 @@ QString CsvList::addRows(const QList<QStringList> &lines)
 
 CsvList::Found CsvList::find(const QString &path) const
 {
-    QList<int> rows = m_byName.values(nameKeyOf(path));
-    if (rows.size() > 1) {
+    QList<int> found = m_byName.values(nameKeyOf(path));
+    if (found.size() > 1) {
         QList<int> ends;
-        for (const int row : std::as_const(rows)) {
+        for (const int row : std::as_const(found)) {
             const QString &given = m_rows.at(row).path;
             if (given.contains(QLatin1Char('/')) && isEndOf(given, path))
                 ends.append(row);
         }
         if (!ends.isEmpty())
-            rows = ends;
+            found = ends;
     }
-    if (rows.isEmpty())
+    if (found.isEmpty())
         return {};
-    const Values &first = m_rows.at(rows.constFirst()).values;
-    const bool isOne = std::all_of(rows.cbegin(), rows.cend(),
+    const Values &first = m_rows.at(found.constFirst()).values;
+    const bool isOne = std::all_of(found.cbegin(), found.cend(),
                                    [&](int row) { return m_rows.at(row).values == first; });
     return isOne ? Found{Found::Result::Row, first} : Found{Found::Result::Ambiguous};
 }

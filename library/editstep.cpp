@@ -91,16 +91,16 @@ QString inCase(const QString &text, const EditStep::LetterCase &step)
 } // namespace
 
 EditStep::EditStep(What what)
-    : m_what(std::move(what))
+    : m_what(std::make_shared<const What>(std::move(what)))
 {
-    std::visit([this](const auto &step) { prepare(step); }, m_what);
+    std::visit([this](const auto &step) { prepare(step); }, *m_what);
 }
 
 EditStep::Result EditStep::apply(SongInfo &info, const QString &path) const
 {
     if (!m_problem.isEmpty())
         return {};
-    return std::visit([&](const auto &step) { return run(step, info, path); }, m_what);
+    return std::visit([&](const auto &step) { return run(step, info, path); }, *m_what);
 }
 
 void EditStep::prepare(const Value &value)

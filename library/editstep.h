@@ -11,6 +11,7 @@
 #include <QRegularExpression>
 #include <QString>
 
+#include <memory>
 #include <optional>
 #include <variant>
 
@@ -99,7 +100,7 @@ public:
      */
     Result apply(SongInfo &info, const QString &path) const;
 
-    const What &what() const { return m_what; }
+    const What &what() const { return *m_what; }
 
 private:
     void prepare(const Value &value);
@@ -120,7 +121,7 @@ private:
 
     bool replaceIn(QString &text, const Replace &step) const;
 
-    What m_what;
+    std::shared_ptr<const What> m_what; ///< of all copies of the step
     QString m_problem;
     std::optional<NamePattern> m_pattern;
     QRegularExpression m_expression;

@@ -4,6 +4,7 @@
 
 #include <QSet>
 
+#include <algorithm>
 #include <utility>
 
 HistoryRecorder::HistoryRecorder(HistoryStore &store, HistoryJob::Kind kind, AskWithout askWithout,
@@ -69,8 +70,7 @@ bool HistoryRecorder::keepEntries(const QList<HistoryStore::Entry> &entries)
         m_kept.insert(entry.path, {ids.at(i), entry.snapshot.digest,
                                    entry.newPath.isEmpty() ? entry.path : entry.newPath});
     }
-    if (const int dropped = m_store.makeRoom(m_job); dropped > 0)
-        m_dropped += dropped;
+    m_dropped += std::max(0, m_store.makeRoom(m_job));
     return true;
 }
 

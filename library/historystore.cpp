@@ -76,8 +76,8 @@ HistoryStore::State HistoryStore::prepare()
     execute(QStringLiteral("PRAGMA trusted_schema = OFF"));
     using Content = historyschema::Content;
     Content content = historyschema::contentOf(m_connection.database());
-    if (const State state = stateFor(content); state != State::Ready)
-        return state;
+    if (const State unfit = stateFor(content); unfit != State::Ready)
+        return unfit;
     for (const char *const pragma :
          {"PRAGMA page_size = 16384", "PRAGMA foreign_keys = ON", "PRAGMA synchronous = FULL",
           "PRAGMA auto_vacuum = INCREMENTAL", "PRAGMA journal_mode = WAL"}) {
@@ -372,16 +372,16 @@ std::optional<SongSnapshot> HistoryStore::snapshot(const HistorySong &song)
 
 void HistoryStore::settle()
 {
-    QList<qint64> jobs;
+    QList<qint64> unsettled;
     QSqlQuery query(m_connection.database());
     query.setForwardOnly(true);
     if (m_state != State::Ready ||
         !query.exec(QStringLiteral("SELECT DISTINCT job FROM songs WHERE new_digest IS NULL")))
         return;
     while (query.next())
-        jobs.append(query.value(0).toLongLong());
+        unsettled.append(query.value(0).toLongLong());
     query.finish();
-    for (const qint64 job : std::as_const(jobs)) {
+    for (const qint64 job : std::as_const(unsettled)) {
         const QList<HistorySong> all = songs(job);
         for (const HistorySong &song : all) {
             if (song.newDigest.isEmpty())

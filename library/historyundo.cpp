@@ -166,7 +166,7 @@ QString HistoryUndo::renameBack(const HistorySong &song, const QString &path,
     }
     if (!recorder.keepRenamed(path, target))
         return tr("la cronologia non può essere scritta");
-    const QString problem = m_rename ? m_rename(path, target) : renameSong(path, target);
+    QString problem = m_rename ? m_rename(path, target) : renameSong(path, target);
     if (QFileInfo(target).isFile() && !isTaken(path))
         recorder.written(path, song.after, song.before);
     else

@@ -32,7 +32,7 @@ OpenHistory UserHistory::opener()
 
 std::unique_ptr<HistoryRecorder> UserHistory::recorder(HistoryJob::Kind kind, qint64 takesBack)
 {
-    constexpr qint64 megabyte = 1024 * 1024;
+    constexpr qint64 megabyte = qint64{1024} * 1024;
     m_store.setLimit(limit() * megabyte);
     auto recorder = std::make_unique<HistoryRecorder>(m_store, kind, m_askWithout, takesBack);
     recorder->setTellDropped(m_tellDropped);
