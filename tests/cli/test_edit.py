@@ -196,6 +196,12 @@ class EditTest(songs.CliTest):
         self.assertEqual(result.returncode, 1)
         self.assertEqual(self.snapshot(self.music), before)
 
+    def test_the_help_names_each_option_once(self):
+        for command in ["edit"], ["tags"], ["measure"], []:
+            out = self.run_kavena(*command, "--help", status=0).out
+            options = [line.split("  ")[1] for line in out.splitlines() if line.startswith("  -")]
+            self.assertEqual(len([line for line in options if line.startswith("--apply")]), 1, out)
+
     def test_short_names_are_those_of_the_player(self):
         self.write("1.mid", songs.song("Nel blu dipinto di blu"))
         self.run_kavena("edit", "--rename", "%title", "--short", "--apply", "1.mid", status=0)
