@@ -73,10 +73,9 @@ void EditCommand::edit()
         for (const SongFinding &finding : report.problems.findings())
             problems.insert(finding.path, finding.reason);
     }
-    for (SongInfo &info : m_songs) {
-        const auto place = static_cast<size_t>(&info - m_songs.constData());
-        const SeveralSong &song = preview.songs().at(place);
-        const QString path = info.fileName;
+    QList<SongInfo> edited;
+    for (const SeveralSong &song : preview.songs()) {
+        const QString &path = song.before.fileName;
         tellFit(song);
         if (problems.contains(path)) {
             tellFailure(given(path), problems.value(path));
@@ -86,9 +85,13 @@ void EditCommand::edit()
         if (isSkipped)
             continue;
         tellChanges(song);
-        info = m_request.apply ? now.value(path, info) : song.after;
-        info.fileName = path;
+        if (!song.reason.isEmpty())
+            continue;
+        edited.append(m_request.apply ? now.value(path, song.before) : song.after);
+        edited.last().fileName = path;
     }
+    // A song that is not as the steps want it would get a name made of its old data.
+    m_songs = edited;
     m_isRefused = report.stopped;
     if (report.stopped && !m_terminal.isStopped())
         m_history.tellRefused();

@@ -144,10 +144,11 @@ QString Help::text(Command command)
     option("--from-csv LIST", tr("i dati da un elenco, per nome del file"));
     option("--rename P", tr("i nomi dei file dai dati, per esempio %artist - %title"));
     option("--short", tr("con --rename: solo nomi che il player può mostrare"));
-    option("--apply", tr("scrive; altrimenti mostra soltanto"));
+    option("--apply", command == Command::Edit
+                          ? tr("scrive; altrimenti mostra soltanto")
+                          : tr("scrive ciò che altrimenti viene solo mostrato"));
     option("--backup DIR", tr("copia prima le song in una nuova cartella in DIR"));
     option("--dry-run", tr("mostra le modifiche e non scrive niente"));
-    option("--apply", tr("scrive ciò che altrimenti viene solo mostrato"));
     option("--unsigned yes|no", tr("modifica anche le song senza la firma del produttore"));
     option("--to FOLDER", tr("la cartella di destinazione, in una memoria"));
     option("--replace yes|no", tr("sostituisce i file, o le voci, che ci sono già"));

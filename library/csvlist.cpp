@@ -30,6 +30,7 @@ const std::array columnNames{
     ColumnName{QLatin1String("genere"), Field::Genre},
     ColumnName{QLatin1String("genere musicale"), Field::Genre},
     ColumnName{QLatin1String("genre"), Field::Genre},
+    ColumnName{QLatin1String("musikrichtung"), Field::Genre},
     ColumnName{QLatin1String("autore"), Field::Author},
     ColumnName{QLatin1String("author"), Field::Author},
     ColumnName{QLatin1String("composer"), Field::Author},
@@ -82,6 +83,45 @@ QChar separatorOf(const QString &text)
                                           counts.cbegin())];
 }
 
+/** The name without an accent on its last letter, as a first line may have it. */
+QString columnKey(const QString &cell)
+{
+    return cell.toLower().replace(QChar(0xE0), QLatin1Char('a'));
+}
+
+/** What the cell of a first line calls; null for a column that is not read. */
+const ColumnName *columnNamed(const QString &cell)
+{
+    const QString key = columnKey(cell);
+    const auto *const known =
+        std::find_if(columnNames.cbegin(), columnNames.cend(),
+                     [&key](const ColumnName &name) { return key == name.name; });
+    return known == columnNames.cend() ? nullptr : known;
+}
+
+/** True for the list that the memory's window saves: its texts stand there as they are. */
+bool isOurOwn(const QString &text)
+{
+    constexpr std::array<std::optional<Field>, 4> own{Field::Title, Field::Artist, Field::Genre,
+                                                      std::nullopt};
+    const auto isBreak = [](QChar character) {
+        return character == QLatin1Char('\n') || character == QLatin1Char('\r');
+    };
+    const auto *const begin = std::find_if_not(text.cbegin(), text.cend(), isBreak);
+    const auto *const end = std::find_if(begin, text.cend(), isBreak);
+    const QStringList cells =
+        text.mid(begin - text.cbegin(), std::min<qsizetype>(end - begin, CsvList::maxCell))
+            .split(QLatin1Char(';'));
+    if (cells.size() != static_cast<qsizetype>(own.size()) + 1 || !cells.constLast().isEmpty())
+        return false;
+    for (size_t i = 0; i < own.size(); ++i) {
+        const ColumnName *const name = columnNamed(cells.at(static_cast<qsizetype>(i)));
+        if (!name || name->field != own[i])
+            return false;
+    }
+    return true;
+}
+
 /** Splits the text into lines of cells, up to a limit. */
 class Splitter
 {
@@ -89,10 +129,11 @@ public:
     explicit Splitter(const QString &text)
         : m_text(text)
         , m_separator(separatorOf(text))
+        , m_mayQuote(!isOurOwn(text))
     {
     }
 
-    /** False when a limit is passed. */
+    /** False when a limit is passed, or when quotes do not enclose a whole cell. */
     bool run()
     {
         for (; m_place < m_text.size(); ++m_place) {
@@ -114,12 +155,13 @@ private:
         }
         if (m_isQuoted && character == quote) {
             m_isQuoted = false;
+            m_wasQuoted = true;
             return true;
         }
         if (m_isQuoted)
             return add(character);
-        // A quote in the middle of a cell is one: our own list does not quote.
-        if (character == quote && m_cell.isEmpty()) {
+        // A quote in the middle of a cell is one: not every program quotes.
+        if (character == quote && m_mayQuote && m_cell.isEmpty() && !m_wasQuoted) {
             m_isQuoted = true;
             return true;
         }
@@ -127,6 +169,9 @@ private:
             return endCell();
         if (character == QLatin1Char('\n') || character == QLatin1Char('\r'))
             return endLine();
+        // Then the first quote was a character, and what follows it belongs to other cells or rows.
+        if (m_wasQuoted)
+            return character == QLatin1Char(' ');
         return add(character);
     }
 
@@ -142,6 +187,7 @@ private:
     {
         m_line.append(m_cell.trimmed());
         m_cell.clear();
+        m_wasQuoted = false;
         return m_line.size() <= CsvList::maxColumns;
     }
 
@@ -149,6 +195,7 @@ private:
     {
         if (m_line.isEmpty() && m_cell.trimmed().isEmpty()) {
             m_cell.clear();
+            m_wasQuoted = false;
             return true; // an empty one, or the second half of a line break
         }
         if (!endCell() || lines.size() > CsvList::maxRows)
@@ -160,8 +207,10 @@ private:
 
     const QString &m_text;
     const QChar m_separator;
+    const bool m_mayQuote;
     qsizetype m_place = 0;
     bool m_isQuoted = false;
+    bool m_wasQuoted = false; ///< the cell stood in quotes, which have been closed
     QString m_cell;
     QStringList m_line;
 };
@@ -180,12 +229,6 @@ bool isEndOf(const QString &end, const QString &path)
     return (QLatin1Char('/') + path)
         .normalized(QString::NormalizationForm_C)
         .endsWith(whole.normalized(QString::NormalizationForm_C), Qt::CaseInsensitive);
-}
-
-/** The name without an accent on its last letter, as a first line may have it. */
-QString columnKey(const QString &cell)
-{
-    return cell.toLower().replace(QChar(0xE0), QLatin1Char('a'));
 }
 
 } // namespace
@@ -231,11 +274,8 @@ QString CsvList::addRows(const QList<QStringList> &lines)
     QHash<Field, qsizetype> columns;
     qsizetype fileColumn = -1;
     for (qsizetype column = 0; column < names.size(); ++column) {
-        const QString key = columnKey(names.at(column));
-        const auto *const known =
-            std::find_if(columnNames.cbegin(), columnNames.cend(),
-                         [&key](const ColumnName &name) { return key == name.name; });
-        if (known == columnNames.cend())
+        const ColumnName *const known = columnNamed(names.at(column));
+        if (!known)
             continue;
         if (!known->field)
             fileColumn = fileColumn < 0 ? column : fileColumn;

@@ -16,7 +16,8 @@
 /**
  * The first line names the columns, in Italian, English or German; one of them holds the songs'
  * file names. Cells are separated by ";", "," or tabs, whichever the first line has most of, and
- * may stand in quotes. The text is UTF-8 or UTF-16, with a byte order mark or, for UTF-8, without;
+ * may stand in quotes, except in our own list, which has none; a list with text behind a closing
+ * quote is refused. The text is UTF-8 or UTF-16, with a byte order mark or, for UTF-8, without;
  * else it is taken as Latin-1.
  */
 class CsvList

@@ -85,7 +85,8 @@ void SeveralEditor::write(const SeveralSong &song, Report &report)
     MetaSong file;
     SaveFailure failure = SaveFailure::None;
     QString problem = problemBeforeSave(song, file, failure);
-    if (problem.isEmpty()) {
+    const bool isTried = problem.isEmpty();
+    if (isTried) {
         KeepAlive::workInBackground([&] {
             failure = file.save(path);
             return failure == SaveFailure::None;
@@ -101,8 +102,10 @@ void SeveralEditor::write(const SeveralSong &song, Report &report)
         ++report.written;
     else
         report.problems.add(SongFinding::Kind::NotSaved, path, problem);
-    if (m_history)
+    if (m_history && isTried)
         m_history->written(path, song.before, now);
+    else if (m_history)
+        m_history->forget(path); // what another program wrote is not this job's
     if (m_tried)
         m_tried(now,
                 problem.isEmpty() || failure != SaveFailure::None ? failure : SaveFailure::Other);

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """test_edit.py KAVENA: the edit of several songs and the names made of their data."""
 import os
+import resource
 import subprocess
 
 import songs
@@ -164,6 +165,42 @@ class EditTest(songs.CliTest):
                         "1.mid", status=0)
         self.assertEqual(os.listdir(self.music), ["Volare.mid"])
         self.assertEqual(self.title("Volare.mid"), "Volare")
+
+    def test_songs_that_do_not_fit_keep_their_names(self):
+        self.write("Mina - Volare.mid", songs.song("Old"))
+        self.write("Other.mid", songs.song("Wrong"))
+        arguments = ["edit", "--json", "--pattern", "%artist - %title", "--value", "genre", "Pop",
+                     "--rename", "%title", "Mina - Volare.mid", "Other.mid"]
+        for more in [], ["--apply"]:
+            result = self.run_kavena(*arguments, *more, status=1)
+            self.assertEqual([(line["path"], line["newName"]) for line in result.lines
+                              if "newName" in line], [("Mina - Volare.mid", "Volare.mid")])
+            self.assertEqual(result.err.count("Other.mid"), 1)
+        self.assertEqual(sorted(os.listdir(self.music)), ["Other.mid", "Volare.mid"])
+
+    def test_songs_that_cannot_be_saved_keep_their_names(self):
+        def set_limit():
+            resource.setrlimit(resource.RLIMIT_FSIZE, (20, 20))
+        self.write("orig.mid", songs.song("X" * 100))
+        before = self.snapshot(self.music)
+        # A program that was built to count its lines tells in lines of its own that it cannot.
+        result = subprocess.run(
+            [songs.KAVENA, "edit", "--without-history", "yes", "--value", "title", "New",
+             "--rename", "%title", "--apply", "orig.mid"], cwd=self.music, capture_output=True,
+            env={**self.environment, "GCOV_PREFIX": "/dev/null"}, timeout=60, check=False,
+            preexec_fn=set_limit)
+        told = [line for line in result.stderr.decode().splitlines()
+                if not line.startswith("profiling:")]
+        self.assertEqual(told, ["kavena: orig.mid: No room left"])
+        self.assertEqual(result.stdout, b"")
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(self.snapshot(self.music), before)
+
+    def test_the_help_names_each_option_once(self):
+        for command in ["edit"], ["tags"], ["measure"], []:
+            out = self.run_kavena(*command, "--help", status=0).out
+            options = [line.split("  ")[1] for line in out.splitlines() if line.startswith("  -")]
+            self.assertEqual(len([line for line in options if line.startswith("--apply")]), 1, out)
 
     def test_short_names_are_those_of_the_player(self):
         self.write("1.mid", songs.song("Nel blu dipinto di blu"))

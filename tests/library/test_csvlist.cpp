@@ -34,6 +34,9 @@ private slots:
     void hostileListIsRefused();
     void longListIsRefusedInTime();
     void ourOwnListFindsSongsByTheirNames();
+    void quotesInOurOwnListAreCharacters_data();
+    void quotesInOurOwnListAreCharacters();
+    void quotedCellMayHaveBlanksBehindIt();
     void rowWithASeparatorInItsTextIsLeftOut();
     void emptyCellsSayNothing();
     void nameThatStandsTwiceNeedsItsFolder();
@@ -100,6 +103,13 @@ void TestCsvList::hostileListIsRefused_data()
     QTest::newRow("no column of files") << QByteArray("title;artist\na;b\n");
     QTest::newRow("no data") << QByteArray("file;colour\na.mid;red\n");
     QTest::newRow("quote without an end") << QByteArray("file;title\n\"a.mid;b\n");
+    QTest::newRow("text behind a closing quote")
+        << QByteArray("file;title\nb.mid;\"Heroes\na.mid;My \"Way\n");
+    QTest::newRow("quoted word") << QByteArray("file;title\na.mid;\"Heroes\" live\n");
+    QTest::newRow("quote behind a closing quote and a blank")
+        << QByteArray("file;title\na.mid;\"Heroes\" \"live\"\n");
+    QTest::newRow("columns of others, closed by a separator")
+        << QByteArray("title;file;\n\"Heroes;b.mid;\nMy \"Way;a.mid;\n");
     QTest::newRow("huge cell") << "file;title\na.mid;" + QByteArray(5000, 'x');
     QTest::newRow("many columns") << "file;title" + QByteArray(100, ';');
     QTest::newRow("binary") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
@@ -135,6 +145,43 @@ void TestCsvList::ourOwnListFindsSongsByTheirNames()
     QCOMPARE(found.values.value(Field::Artist), QStringLiteral("MINA"));
     QCOMPARE(found.values.value(Field::Genre), QStringLiteral("POP"));
     QVERIFY(read.list.find(QStringLiteral("/m/other.mid")).result == Result::Missing);
+}
+
+void TestCsvList::quotesInOurOwnListAreCharacters_data()
+{
+    QTest::addColumn<QByteArray>("header");
+    QTest::newRow("Italian") << QByteArray("TITOLO;ARTISTA;GENERE;FILE;\n");
+    QTest::newRow("English") << QByteArray("TITLE;ARTIST;GENRE;FILE;\n");
+    QTest::newRow("German") << QByteArray("TITEL;INTERPRET;MUSIKRICHTUNG;DATEI;\n");
+    QTest::newRow("CRLF") << QByteArray("TITLE;ARTIST;GENRE;FILE;\r\n");
+    QTest::newRow("byte order mark") << QByteArray("\xEF\xBB\xBFTITLE;ARTIST;GENRE;FILE;\n");
+    QTest::newRow("empty line") << QByteArray("\nTITLE;ARTIST;GENRE;FILE;\n");
+}
+
+void TestCsvList::quotesInOurOwnListAreCharacters()
+{
+    QFETCH(QByteArray, header);
+    const CsvList::Read read = CsvList::fromBytes(header + "\"Heroes;Bowie;Pop;/x/a.mid;\n"
+                                                           "My \"Way;Sinatra;Swing;/x/b.mid;\n"
+                                                           "\"Who\" live;A \"\"B;;/x/c.mid;\n");
+    QCOMPARE(read.problem, QString());
+    QCOMPARE(read.list.rows(), 3);
+    const CsvList::Found heroes = read.list.find(QStringLiteral("/m/a.mid"));
+    QCOMPARE(heroes.values.value(Field::Title), QStringLiteral("\"Heroes"));
+    QCOMPARE(heroes.values.value(Field::Artist), QStringLiteral("Bowie"));
+    QCOMPARE(heroes.values.value(Field::Genre), QStringLiteral("Pop"));
+    const CsvList::Found way = read.list.find(QStringLiteral("/m/b.mid"));
+    QCOMPARE(way.values.value(Field::Title), QStringLiteral("My \"Way"));
+    QCOMPARE(way.values.value(Field::Artist), QStringLiteral("Sinatra"));
+    const CsvList::Found who = read.list.find(QStringLiteral("/m/c.mid"));
+    QCOMPARE(who.values.value(Field::Title), QStringLiteral("\"Who\" live"));
+    QCOMPARE(who.values.value(Field::Artist), QStringLiteral("A \"\"B"));
+}
+
+void TestCsvList::quotedCellMayHaveBlanksBehindIt()
+{
+    QCOMPARE(titleOf("title;file\n\"Vo;lare\"  ;\"volare.mid\" \r\n"), QStringLiteral("Vo;lare"));
+    QCOMPARE(titleOf("title\tfile\n\"Volare\"\t\"volare.mid\""), QStringLiteral("Volare"));
 }
 
 void TestCsvList::rowWithASeparatorInItsTextIsLeftOut()

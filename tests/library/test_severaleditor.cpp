@@ -63,6 +63,7 @@ private slots:
     void filesHoldWhatWasShown();
     void unchangedSongsAreNotTouched();
     void songThatWasChangedSinceIsLeftAlone();
+    void whatAnotherProgramWroteIsNoPartOfTheJob();
     void songThatWouldHoldSomethingElseIsLeftAlone();
     void songThatIsGoneIsNamed();
     void songThatCannotBeWrittenIsNamedAndTheOthersAreWritten();
@@ -131,6 +132,32 @@ void TestSeveralEditor::songThatWasChangedSinceIsLeftAlone()
     QCOMPARE(report.problems.findings().size(), 1);
     QCOMPARE(report.problems.findings().at(0).path, changed);
     QCOMPARE(left.title, QStringLiteral("something else"));
+    QCOMPARE(samplesongs::readFile(changed), other);
+}
+
+void TestSeveralEditor::whatAnotherProgramWroteIsNoPartOfTheJob()
+{
+    historyfixture::KeptLibrary kept;
+    const SeveralPreview preview = previewOf(pathsIn(kept.library), {value(Field::Genre, "POP")});
+    const QString changed = kept.library.path(QStringLiteral("d.mid"));
+    const QByteArray other = syncfixture::midi(syncfixture::titled("something else"));
+    // The songs are kept together before the first one is written; d.mid is the last one.
+    SeveralEditor editor([&](const SongInfo &now, SaveFailure) {
+        if (now.fileName.endsWith(QLatin1String("a.mid")))
+            QVERIFY(samplesongs::writeFile(changed, other));
+    });
+    editor.setHistory(kept.opener());
+    CountingProgress progress;
+    const SeveralEditor::Report report = editor.run(songsOf(preview), progress);
+    QCOMPARE(report.written, 3);
+    QCOMPARE(report.problems.findings().size(), 1);
+    QCOMPARE(report.problems.findings().at(0).path, changed);
+    const QList<HistoryJob> jobs = kept.store.jobs();
+    QCOMPARE(jobs.size(), 1);
+    QCOMPARE(jobs.at(0).songs, 3);
+    const HistoryUndo::Report undone = kept.takeBack(jobs.at(0));
+    QCOMPARE(undone.done.size(), 3);
+    QVERIFY(undone.failed.isEmpty());
     QCOMPARE(samplesongs::readFile(changed), other);
 }
 
