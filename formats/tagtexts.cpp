@@ -92,6 +92,14 @@ SongInfo textsOf(const TagLib::APE::Tag &tag)
     return info;
 }
 
+/** False for a frame without a text, at which TagLib would stop. */
+bool hasReadableText(const Id3Walk::Frame &frame, int version)
+{
+    constexpr qsizetype dataLengthSize = 4;
+    const bool hasDataLength = version == 4 && (frame.format & Id3Walk::HasDataLength) != 0;
+    return frame.content.size() > (hasDataLength ? dataLengthSize : 0);
+}
+
 /** The tag with only the frames that are read, so that nothing else can take time or memory. */
 QByteArray reducedTag(QByteArrayView tag)
 {
@@ -101,7 +109,7 @@ QByteArray reducedTag(QByteArrayView tag)
         const bool isRead = std::any_of(std::begin(readFrames), std::end(readFrames),
                                         [&frame](const char *id) { return frame.id == id; });
         const qsizetype most = frame.format == 0 ? largestFrame : largestPackedFrame;
-        if (isRead && frame.whole.size() <= most)
+        if (isRead && hasReadableText(frame, walk.version()) && frame.whole.size() <= most)
             frames += frame.whole.toByteArray();
     }
     if (frames.isEmpty() ||
