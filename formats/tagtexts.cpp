@@ -92,12 +92,19 @@ SongInfo textsOf(const TagLib::APE::Tag &tag)
     return info;
 }
 
-/** False for a frame without a text, at which TagLib would stop. */
+/**
+ * False for a frame without a text, at which TagLib would stop, and for one in a group, of which
+ * TagLib would take the group's number for the encoding, or encrypted.
+ */
 bool hasReadableText(const Id3Walk::Frame &frame, int version)
 {
+    constexpr quint8 groupedOrEncrypted3 = 0x20 | 0x40;
+    constexpr quint8 groupedOrEncrypted4 = Id3Walk::GroupIdentity | Id3Walk::Encrypted;
     constexpr qsizetype dataLengthSize = 4;
-    const bool hasDataLength = version == 4 && (frame.format & Id3Walk::HasDataLength) != 0;
-    return frame.content.size() > (hasDataLength ? dataLengthSize : 0);
+    const bool isVersion4 = version == 4;
+    const bool hasDataLength = isVersion4 && (frame.format & Id3Walk::HasDataLength) != 0;
+    return frame.content.size() > (hasDataLength ? dataLengthSize : 0) &&
+           (frame.format & (isVersion4 ? groupedOrEncrypted4 : groupedOrEncrypted3)) == 0;
 }
 
 /** The tag with only the frames that are read, so that nothing else can take time or memory. */

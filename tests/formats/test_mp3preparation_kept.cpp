@@ -103,6 +103,9 @@ void TestMp3PreparationKept::aTextThatIsNotUnderstoodStays_data()
     row("long", 3, frame(3, "TPE1", utf16(QByteArray(40000, 'x').constData())));
     row("encrypted, version 3", 3, frame(3, "TPE1", "\x80\x12\x34\x56", 0x40));
     row("encrypted, version 4", 4, frame(4, "TPE1", "\x80\x12\x34\x56", 4));
+    row("of a group, version 3", 3, frame(3, "TPE1", "\x80" + utf16("Zo\xEB"), 0x20));
+    row("of a group, version 4", 4, frame(4, "TPE1", "\x80" + utf16("Zo\xEB"), 0x40));
+    row("of a group whose number is 1", 4, frame(4, "TPE1", "\1\3Zo\xC3\xAB", 0x40));
 }
 
 void TestMp3PreparationKept::aTextThatIsNotUnderstoodStays()
