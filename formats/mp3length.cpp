@@ -126,19 +126,31 @@ std::optional<StreamHeader> streamHeaderOf(AudioBytes &bytes, const FoundFrame &
     return std::nullopt;
 }
 
-/** True when the stream is as long as its header says. */
-bool isTrue(const StreamHeader &header, qint64 streamSize)
-{
-    if (!header.frames || *header.frames == 0 || !header.bytes)
-        return false;
-    constexpr qint64 smallTail = 4096; // a tag behind the audio that is none of the usual ones
-    const qint64 behind = streamSize - qint64{*header.bytes};
-    return behind >= 0 && behind <= smallTail;
-}
-
 double secondsOf(qint64 frames, const Mp3Frame &frame)
 {
     return static_cast<double>(frames) * frame.samples / frame.sampleRate;
+}
+
+/**
+ * True when the stream is as long as its header says, and its number of frames is possible: between
+ * the bit rates of Layer III, in thousands of bits in a second.
+ */
+bool isTrue(const StreamHeader &header, const Mp3Frame &frame, qint64 streamSize)
+{
+    if (!header.frames || *header.frames == 0 || !header.bytes)
+        return false;
+    constexpr qint64 smallestFrame = 24;
+    constexpr qint64 smallTail = 4096; // a tag behind the audio that is none of the usual ones
+    constexpr int lowestBitRate = 8;
+    constexpr int highestBitRate = 320;
+    constexpr double rounding = 1;
+    const qint64 behind = streamSize - qint64{*header.bytes};
+    if (behind < 0 || behind > smallTail || *header.frames * smallestFrame > streamSize)
+        return false;
+    // The frame with the header has no sound.
+    const double bits = static_cast<double>(*header.bytes - frame.size) * 8;
+    const double bitRate = bits / 1000 / secondsOf(*header.frames, frame);
+    return bitRate >= lowestBitRate && bitRate <= highestBitRate + rounding;
 }
 
 /** Goes from frame to frame. */
@@ -171,7 +183,7 @@ double mp3length::of(QFile &file, qint64 audioStart)
     if (!first)
         return 0;
     if (const auto header = streamHeaderOf(bytes, *first)) {
-        if (isTrue(*header, bytes.end() - first->pos))
+        if (isTrue(*header, first->frame, bytes.end() - first->pos))
             return secondsOf(*header->frames, first->frame);
         // The frame with the header has no sound.
         first = findFrame(bytes, first->pos + first->frame.size);
