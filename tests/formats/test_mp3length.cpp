@@ -81,6 +81,7 @@ private slots:
     void theNumberInTheFirstFrameCounts();
     void aFileThatIsNotAsItsHeaderSaysIsCounted_data();
     void aFileThatIsNotAsItsHeaderSaysIsCounted();
+    void freeFormatIsAsLongAsItsHeaderSays();
     void tagsAreNoAudio();
     void framesWithinATagBehindAreNotCounted();
     void otherBytesBetweenFramesArePassedOver();
@@ -212,6 +213,23 @@ void TestMp3Length::aFileThatIsNotAsItsHeaderSaysIsCounted()
 {
     QFETCH(QByteArray, bytes);
     QCOMPARE(seconds(bytes), 40 * frameSeconds); // without the frame that has no sound
+}
+
+void TestMp3Length::freeFormatIsAsLongAsItsHeaderSays()
+{
+    constexpr int freeFormat = 0;
+    constexpr qsizetype size400 = 1306;
+    const QByteArray music = frame(freeFormat, size400).repeated(40);
+    const auto withHeader = [&music](quint32 count) {
+        const QByteArray numbers =
+            bigEndian(count, 4) + bigEndian(static_cast<quint32>(music.size() + size400), 4);
+        const QByteArray header = "Info" + bigEndian(3, 4) + numbers;
+        return frame(freeFormat, size400).replace(36, header.size(), header) + music;
+    };
+    QCOMPARE(seconds(withHeader(40)), 40 * frameSeconds);
+    QCOMPARE(seconds("ID3" + withHeader(40) + id3v1(), 3), 40 * frameSeconds);
+    QCOMPARE(seconds(withHeader(0x7FFFFFFF)), 0.0);
+    QCOMPARE(seconds(music), 0.0);
 }
 
 void TestMp3Length::tagsAreNoAudio()
