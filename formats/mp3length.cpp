@@ -126,19 +126,55 @@ std::optional<StreamHeader> streamHeaderOf(AudioBytes &bytes, const FoundFrame &
     return std::nullopt;
 }
 
-/** True when the stream is as long as its header says. */
-bool isTrue(const StreamHeader &header, qint64 streamSize)
-{
-    if (!header.frames || *header.frames == 0 || !header.bytes)
-        return false;
-    constexpr qint64 smallTail = 4096; // a tag behind the audio that is none of the usual ones
-    const qint64 behind = streamSize - qint64{*header.bytes};
-    return behind >= 0 && behind <= smallTail;
-}
-
 double secondsOf(qint64 frames, const Mp3Frame &frame)
 {
     return static_cast<double>(frames) * frame.samples / frame.sampleRate;
+}
+
+/**
+ * True when the stream is as long as its header says, and its number of frames is possible:
+ * between the bit rates of Layer III, in thousands of bits in a second.
+ */
+bool isTrue(const StreamHeader &header, const Mp3Frame &frame, qint64 streamSize,
+            int highestBitRate)
+{
+    if (!header.frames || *header.frames == 0 || !header.bytes)
+        return false;
+    constexpr qint64 smallestFrame = 24;
+    constexpr qint64 smallTail = 4096; // a tag behind the audio that is none of the usual ones
+    constexpr int lowestBitRate = 8;
+    constexpr double rounding = 1;
+    const qint64 behind = streamSize - qint64{*header.bytes};
+    if (behind < 0 || behind > smallTail || *header.frames * smallestFrame > streamSize)
+        return false;
+    // The frame with the header has no sound.
+    const double bits = static_cast<double>(*header.bytes - frame.size) * 8;
+    const double bitRate = bits / 1000 / secondsOf(*header.frames, frame);
+    return bitRate >= lowestBitRate && bitRate <= highestBitRate + rounding;
+}
+
+/**
+ * The length of a stream of Layer III whose headers do not tell its bit rate, so that its frames
+ * cannot be counted. Nothing for other streams and where no number stands in the first frame.
+ */
+std::optional<double> lengthOfFreeFormat(AudioBytes &bytes, qint64 start)
+{
+    constexpr qsizetype bitRatePos = 2;
+    constexpr int anyBitRate = 0x10;
+    constexpr int highestBitRate = 640;
+    constexpr qsizetype numbersEnd = 64; // the frame is longer, but nothing else of it is read
+    QByteArray header = bytes.at(start, Mp3Frame::headerSize).toByteArray();
+    if (header.size() < Mp3Frame::headerSize || (header.at(bitRatePos) & 0xF0) != 0)
+        return std::nullopt;
+    header[bitRatePos] = static_cast<char>(header.at(bitRatePos) | anyBitRate);
+    auto frame = Mp3Frame::at(header);
+    if (!frame || frame->layer != 3)
+        return std::nullopt;
+    frame->size = numbersEnd;
+    const auto said = streamHeaderOf(bytes, FoundFrame{start, *frame});
+    if (!said || !isTrue(*said, *frame, bytes.end() - start, highestBitRate))
+        return std::nullopt;
+    return secondsOf(*said->frames, *frame);
 }
 
 /** Goes from frame to frame. */
@@ -166,12 +202,15 @@ double walk(AudioBytes &bytes, const FoundFrame &first)
 double mp3length::of(QFile &file, qint64 audioStart)
 {
     const TrailingTags tags = TrailingTags::read(file);
+    constexpr int highestBitRate = 320;
     AudioBytes bytes(file, file.size() - tags.ape.size() - tags.id3v1.size());
+    if (const auto seconds = lengthOfFreeFormat(bytes, audioStart))
+        return *seconds;
     std::optional<FoundFrame> first = findFrame(bytes, audioStart);
     if (!first)
         return 0;
     if (const auto header = streamHeaderOf(bytes, *first)) {
-        if (isTrue(*header, bytes.end() - first->pos))
+        if (isTrue(*header, first->frame, bytes.end() - first->pos, highestBitRate))
             return secondsOf(*header->frames, first->frame);
         // The frame with the header has no sound.
         first = findFrame(bytes, first->pos + first->frame.size);

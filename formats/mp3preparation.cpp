@@ -22,6 +22,7 @@
 #include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
+#include <QStringDecoder>
 
 #include <algorithm>
 
@@ -94,6 +95,17 @@ bool writeTexts(Mp3Header &tag, const SongInfo &texts)
            tag.key() == held(texts.key);
 }
 
+/** True for a text in Unicode that was understood and has no characters. */
+bool saysNothing(const Id3Walk::Frame &frame)
+{
+    constexpr char markedUtf16 = 1;
+    if (frame.format != 0 || frame.content.size() < 3 || frame.content.front() != markedUtf16)
+        return frame.content.isEmpty();
+    QStringDecoder decoder(QStringConverter::Utf16);
+    QString text = decoder.decode(frame.content.sliced(1));
+    return !decoder.hasError() && text.remove(QChar::Null).trimmed().isEmpty();
+}
+
 /** A number in place of a genre's name. */
 bool isGenreNumber(const QString &genre)
 {
@@ -120,13 +132,13 @@ std::optional<Mp3Preparation> Mp3Preparation::of(const QString &path)
     readItems(opened.tag, made.m_shown);
     made.m_shown.troubles = examineTags(opened.start, opened.tag, opened.file);
     made.m_said = textsOfTags(opened.start, opened.behind);
-    made.propose(opened.start);
-
     Mp3Header tag = renewed(opened.tag, opened.start);
+    made.propose(opened.start, opened.tag, tag);
     made.m_keepsVersion = versionOf(tag.stream()) == laterVersion;
     if (made.troubles() != TagTroubles())
-        made.m_canBeWritten =
-            versionOf(tag.stream()) != shortNames && writeTexts(tag, made.m_proposed);
+        made.m_canBeWritten = versionOf(tag.stream()) != shortNames &&
+                              writeTexts(tag, made.m_proposed) &&
+                              !opened.start.startsWith(tag.stream());
     if (versionOf(opened.start) == shortNames) {
         const Id3Walk walk(opened.start);
         for (const Id3Walk::Frame &frame : walk.frames()) {
@@ -137,16 +149,28 @@ std::optional<Mp3Preparation> Mp3Preparation::of(const QString &path)
     return made;
 }
 
-void Mp3Preparation::propose(const QByteArray &start)
+/** newTag is the tag with the frames that would be written. */
+void Mp3Preparation::propose(const QByteArray &start, const Mp3Header &tag, const Mp3Header &newTag)
 {
     m_proposed = m_shown;
     if (troubles() == TagTroubles())
         return;
     const Id3Walk walk(start);
-    // What reads right now stays as it reads.
+    const Id3Walk framesRead(tag.stream());
+    SongInfo unchanged;
+    readItems(newTag, unchanged);
+    // What reads right now stays as it reads, and what is not understood stays as it is.
     const auto offer = [&](const char *id, QString SongInfo::*text) {
-        if (frameReadsWrong(walk, id) || (m_shown.*text).isEmpty())
-            m_proposed.*text = closeSpelling(m_said.*text);
+        const bool isWrong = frameReadsWrong(walk, id);
+        if (!isWrong && !(m_shown.*text).isEmpty())
+            return;
+        const QString spelled = closeSpelling(m_said.*text);
+        const Id3Walk::Frame *const frame = framesRead.first(id);
+        const bool isKept =
+            isWrong && spelled.isEmpty() && frame != nullptr && !saysNothing(*frame);
+        m_proposed.*text = isKept ? unchanged.*text : spelled;
+        if (isKept)
+            m_keptFrames.append(QLatin1String(id));
     };
     offer(Id3FrameId::title, &SongInfo::title);
     offer(Id3FrameId::artist, &SongInfo::artist);
@@ -170,6 +194,8 @@ SaveFailure Mp3Preparation::write(const SongInfo &texts) const
         return SaveFailure::InUse;
     Mp3Header tag = renewed(opened.tag, opened.start);
     if (versionOf(tag.stream()) == shortNames || !writeTexts(tag, texts))
+        return SaveFailure::Unreadable;
+    if (troubles() != TagTroubles() && opened.start.startsWith(tag.stream()))
         return SaveFailure::Unreadable;
     const qint64 oldSize = opened.tag.getId3TagSize(opened.start);
     const qint64 size = tag.stream().size() - Mp3Header::headerSize;

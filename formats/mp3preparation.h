@@ -10,6 +10,8 @@
 
 #include <optional>
 
+class Mp3Header;
+
 /**
  * What would be written into one file, and the writing of it. The file's title, artist, genre,
  * author, key, tempo and length become frames in ISO-8859-1 of a synchronised tag of ID3v2.3. All
@@ -40,18 +42,25 @@ public:
     /** Frames of ID3v2.2, by their names, that no later version has: they would go. */
     const QStringList &lostFrames() const { return m_lostFrames; }
 
+    /** Frames, by their names, whose texts are not understood: they stay as they are. */
+    const QStringList &keptFrames() const { return m_keptFrames; }
+
     /**
      * True when the tag would stay one of ID3v2.4, since it has frames that version 3 cannot hold.
      * The player reads the texts in it all the same.
      */
     bool keepsVersion() const { return m_keepsVersion; }
 
-    /** False for a damaged tag that would not say what was written into it. */
+    /**
+     * False for a damaged tag that would not say what was written into it, and for one of whose
+     * texts none is understood.
+     */
     bool canBeWritten() const { return m_canBeWritten; }
 
     /**
      * Writes title, artist, genre, author, key, tempo and length of the record; characters outside
-     * ISO-8859-1 become "?". Unreadable for a damaged tag that would not say so; InUse, with the
+     * ISO-8859-1 become "?". Unreadable for a damaged tag that would not say so, and when the tag
+     * would stay the same although the player cannot show it; InUse, with the
      * file as it is, when the file is another one than the one that was looked at; TooLarge when
      * the program could not read the song any more.
      */
@@ -59,7 +68,7 @@ public:
 
 private:
     Mp3Preparation() = default;
-    void propose(const QByteArray &start);
+    void propose(const QByteArray &start, const Mp3Header &tag, const Mp3Header &newTag);
 
     QString m_path;
     QByteArray m_digest; ///< of the tags that were looked at
@@ -67,6 +76,7 @@ private:
     SongInfo m_said;
     SongInfo m_proposed;
     QStringList m_lostFrames;
+    QStringList m_keptFrames;
     bool m_keepsVersion = false;
     bool m_canBeWritten = true;
 };

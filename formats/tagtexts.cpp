@@ -92,6 +92,21 @@ SongInfo textsOf(const TagLib::APE::Tag &tag)
     return info;
 }
 
+/**
+ * False for a frame without a text, at which TagLib would stop, and for one in a group, of which
+ * TagLib would take the group's number for the encoding, or encrypted.
+ */
+bool hasReadableText(const Id3Walk::Frame &frame, int version)
+{
+    constexpr quint8 groupedOrEncrypted3 = 0x20 | 0x40;
+    constexpr quint8 groupedOrEncrypted4 = Id3Walk::GroupIdentity | Id3Walk::Encrypted;
+    constexpr qsizetype dataLengthSize = 4;
+    const bool isVersion4 = version == 4;
+    const bool hasDataLength = isVersion4 && (frame.format & Id3Walk::HasDataLength) != 0;
+    return frame.content.size() > (hasDataLength ? dataLengthSize : 0) &&
+           (frame.format & (isVersion4 ? groupedOrEncrypted4 : groupedOrEncrypted3)) == 0;
+}
+
 /** The tag with only the frames that are read, so that nothing else can take time or memory. */
 QByteArray reducedTag(QByteArrayView tag)
 {
@@ -101,7 +116,7 @@ QByteArray reducedTag(QByteArrayView tag)
         const bool isRead = std::any_of(std::begin(readFrames), std::end(readFrames),
                                         [&frame](const char *id) { return frame.id == id; });
         const qsizetype most = frame.format == 0 ? largestFrame : largestPackedFrame;
-        if (isRead && frame.whole.size() <= most)
+        if (isRead && hasReadableText(frame, walk.version()) && frame.whole.size() <= most)
             frames += frame.whole.toByteArray();
     }
     if (frames.isEmpty() ||

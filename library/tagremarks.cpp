@@ -44,6 +44,9 @@ QStringList tagremarks::remarks(const Mp3Preparation &preparation)
         texts << TagTexts::tr("La nuova versione del tag non può contenere questi dati, che vanno "
                               "persi: %1")
                      .arg(preparation.lostFrames().join(QStringLiteral(", ")));
+    if (!preparation.keptFrames().isEmpty())
+        texts << TagTexts::tr("Questi testi del tag non si possono leggere e restano come sono: %1")
+                     .arg(preparation.keptFrames().join(QStringLiteral(", ")));
     if (preparation.keepsVersion() && preparation.troubles() != TagTroubles())
         texts << TagTexts::tr("Il tag resta di versione 2.4, che contiene dati sconosciuti alla "
                               "2.3; il player ne legge i testi.");

@@ -4274,6 +4274,10 @@ Undo this job? The songs become what they were before.</translation>
         <source>Il tag resta di versione 2.4, che contiene dati sconosciuti alla 2.3; il player ne legge i testi.</source>
         <translation>The tag stays one of version 2.4, since it holds frames that 2.3 does not know; the player reads its texts.</translation>
     </message>
+    <message>
+        <source>Questi testi del tag non si possono leggere e restano come sono: %1</source>
+        <translation>These texts of the tag cannot be read and stay as they are: %1</translation>
+    </message>
 </context>
 <context>
     <name>TagsCommand</name>

@@ -4274,6 +4274,10 @@ Annullare questo lavoro? Le song tornano come erano prima.</translation>
         <source>Il tag resta di versione 2.4, che contiene dati sconosciuti alla 2.3; il player ne legge i testi.</source>
         <translation>Il tag resta di versione 2.4, che contiene dati sconosciuti alla 2.3; il player ne legge i testi.</translation>
     </message>
+    <message>
+        <source>Questi testi del tag non si possono leggere e restano come sono: %1</source>
+        <translation>Questi testi del tag non si possono leggere e restano come sono: %1</translation>
+    </message>
 </context>
 <context>
     <name>TagsCommand</name>

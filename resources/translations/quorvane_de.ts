@@ -4274,6 +4274,10 @@ Diesen Vorgang zurücknehmen? Die Songs werden wieder, wie sie vorher waren.</tr
         <source>Il tag resta di versione 2.4, che contiene dati sconosciuti alla 2.3; il player ne legge i testi.</source>
         <translation>Das Tag bleibt eines der Version 2.4, weil es Teile enthält, die 2.3 nicht kennt; der Player liest seine Texte.</translation>
     </message>
+    <message>
+        <source>Questi testi del tag non si possono leggere e restano come sono: %1</source>
+        <translation>Diese Texte des Tags sind nicht lesbar und bleiben, wie sie sind: %1</translation>
+    </message>
 </context>
 <context>
     <name>TagsCommand</name>

@@ -81,6 +81,7 @@ private slots:
     void theNumberInTheFirstFrameCounts();
     void aFileThatIsNotAsItsHeaderSaysIsCounted_data();
     void aFileThatIsNotAsItsHeaderSaysIsCounted();
+    void freeFormatIsAsLongAsItsHeaderSays();
     void tagsAreNoAudio();
     void framesWithinATagBehindAreNotCounted();
     void otherBytesBetweenFramesArePassedOver();
@@ -171,17 +172,17 @@ void TestMp3Length::theNumberInTheFirstFrameCounts_data()
     const QByteArray music = frames(40);
     const auto size = static_cast<quint32>(music.size() + size128);
     // It is a number that counting would not give.
-    const QByteArray numbers = bigEndian(1000, 4) + bigEndian(size, 4);
+    const QByteArray numbers = bigEndian(50, 4) + bigEndian(size, 4);
     QTest::newRow("Xing") << xingFrame("Xing", 0x0F, numbers) + music;
     QTest::newRow("Info") << xingFrame("Info", 3, numbers) + music;
-    QTest::newRow("VBRI") << vbriFrame(size, 1000) + music;
+    QTest::newRow("VBRI") << vbriFrame(size, 50) + music;
     QTest::newRow("in front of ID3v1") << xingFrame("Xing", 3, numbers) + music + id3v1();
 }
 
 void TestMp3Length::theNumberInTheFirstFrameCounts()
 {
     QFETCH(QByteArray, bytes);
-    QCOMPARE(seconds(bytes), 1000 * frameSeconds);
+    QCOMPARE(seconds(bytes), 50 * frameSeconds);
 }
 
 void TestMp3Length::aFileThatIsNotAsItsHeaderSaysIsCounted_data()
@@ -189,22 +190,46 @@ void TestMp3Length::aFileThatIsNotAsItsHeaderSaysIsCounted_data()
     QTest::addColumn<QByteArray>("bytes");
     const QByteArray music = frames(40);
     const auto size = static_cast<quint32>(music.size() + size128);
-    const QByteArray numbers = bigEndian(1000, 4) + bigEndian(size + 1, 4);
+    const QByteArray numbers = bigEndian(50, 4) + bigEndian(size + 1, 4);
     QTest::newRow("cut off") << xingFrame("Xing", 3, numbers) + music;
-    QTest::newRow("longer") << xingFrame("Xing", 3, bigEndian(1000, 4) + bigEndian(9000, 4)) +
-                                   music;
-    QTest::newRow("no size") << xingFrame("Info", 1, bigEndian(1000, 4)) + music;
+    QTest::newRow("longer") << xingFrame("Xing", 3, bigEndian(50, 4) + bigEndian(9000, 4)) + music;
+    QTest::newRow("no size") << xingFrame("Info", 1, bigEndian(50, 4)) + music;
     QTest::newRow("no number") << xingFrame("Info", 2, bigEndian(size, 4)) + music;
     QTest::newRow("number is 0") << xingFrame("Info", 3, bigEndian(0, 4) + bigEndian(size, 4)) +
                                         music;
+    const QByteArray sizeField = bigEndian(size, 4);
+    QTest::newRow("more than the file can hold")
+        << xingFrame("Xing", 3, bigEndian(0x7FFFFFFF, 4) + sizeField) + music;
+    QTest::newRow("bit rate too low")
+        << xingFrame("Xing", 3, bigEndian(700, 4) + sizeField) + music; // 7.3 kbit/s
+    QTest::newRow("bit rate too high")
+        << xingFrame("Xing", 3, bigEndian(15, 4) + sizeField) + music; // 340 kbit/s
+    QTest::newRow("VBRI, more than the file can hold") << vbriFrame(size, 0x7FFFFFFF) + music;
     QTest::newRow("nothing") << xingFrame("Info", 0, {}) + music;
-    QTest::newRow("VBRI, cut off") << vbriFrame(size + 1, 1000) + music;
+    QTest::newRow("VBRI, cut off") << vbriFrame(size + 1, 50) + music;
 }
 
 void TestMp3Length::aFileThatIsNotAsItsHeaderSaysIsCounted()
 {
     QFETCH(QByteArray, bytes);
     QCOMPARE(seconds(bytes), 40 * frameSeconds); // without the frame that has no sound
+}
+
+void TestMp3Length::freeFormatIsAsLongAsItsHeaderSays()
+{
+    constexpr int freeFormat = 0;
+    constexpr qsizetype size400 = 1306;
+    const QByteArray music = frame(freeFormat, size400).repeated(40);
+    const auto withHeader = [&music](quint32 count) {
+        const QByteArray numbers =
+            bigEndian(count, 4) + bigEndian(static_cast<quint32>(music.size() + size400), 4);
+        const QByteArray header = "Info" + bigEndian(3, 4) + numbers;
+        return frame(freeFormat, size400).replace(36, header.size(), header) + music;
+    };
+    QCOMPARE(seconds(withHeader(40)), 40 * frameSeconds);
+    QCOMPARE(seconds("ID3" + withHeader(40) + id3v1(), 3), 40 * frameSeconds);
+    QCOMPARE(seconds(withHeader(0x7FFFFFFF)), 0.0);
+    QCOMPARE(seconds(music), 0.0);
 }
 
 void TestMp3Length::tagsAreNoAudio()
