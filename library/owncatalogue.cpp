@@ -80,6 +80,17 @@ SongsDbRecord entryIn(const QSqlQuery &row)
     return entry;
 }
 
+/** What the catalogue is after SQLite gave up reading it. */
+OwnCatalogue::State stateAfter(const QSqlError &error)
+{
+    constexpr int primaryCode = 0xff; // the bits above say more precisely why
+    constexpr int busy = 5;
+    constexpr int locked = 6;
+    const int code = error.nativeErrorCode().toInt() & primaryCode;
+    return code == busy || code == locked ? OwnCatalogue::State::Unreadable
+                                          : OwnCatalogue::State::Damaged;
+}
+
 bool isReadable(const QFileInfo &file)
 {
     return file.isFile() && file.isReadable();
@@ -187,17 +198,21 @@ QList<SongsDbRecord> OwnCatalogue::entries()
     QList<SongsDbRecord> found;
     QSqlQuery query(m_connection.database());
     query.setForwardOnly(true);
-    if (m_state != State::Ready || !query.exec(selectEntries.arg(mostEntries)))
+    if (m_state != State::Ready)
         return found;
-    while (query.next()) {
+    // A damaged page shows itself only when it is read; to sort them, the first step reads all.
+    bool isWhole = query.exec(selectEntries.arg(mostEntries));
+    while (isWhole && query.next()) {
         const SongsDbRecord entry = entryIn(query);
         if (isValid(entry))
             found.append(entry);
     }
-    // A damaged page shows itself only when it is read.
-    if (query.lastError().isValid())
-        m_state = State::Damaged;
-    return found;
+    isWhole = isWhole && !query.lastError().isValid();
+    if (isWhole)
+        return found;
+    logWarning() << "[OwnCatalogue::entries]" << m_path << query.lastError().text();
+    m_state = stateAfter(query.lastError());
+    return {};
 }
 
 QList<SongsDbRecord> OwnCatalogue::find(const QString &text)

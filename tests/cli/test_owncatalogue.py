@@ -165,6 +165,32 @@ class OwnCatalogueTest(songs.CliTest):
         self.run_kavena("catalogue", "add", "sync.mid", status=3)
         self.run_kavena("sync", "--dry-run", "sync.mid", status=0)
 
+    def write_damaged(self):
+        """The first page, with the table's layout, is whole; those with the entries are not."""
+        self.add("mine.mid")
+        with sqlite3.connect(self.store) as store:
+            store.executemany("insert into Songs (title, filename) values (?, ?)",
+                              [(f"Title {number} " + "t" * 100, f"S{number}")
+                               for number in range(200)])
+        store.close()
+        content = self.store.read_bytes()
+        self.store.write_bytes(content[:4096] + b"U" * (len(content) - 4096))
+
+    def test_a_catalogue_with_a_damaged_page_is_refused(self):
+        self.write_damaged()
+        content = self.store.read_bytes()
+        backup = self.write("mine.tsv", b"Saved\t\t\t\t\t\t\tMINE\t\t\n")
+        for command in (("export",), ("export", "--replace", "yes"), ("import",),
+                        ("import", "--replace", "yes")):
+            result = self.run_kavena("catalogue", *command, "mine.tsv", status=3)
+            self.assertIn("My catalogue is damaged", result.err)
+        result = self.run_kavena("catalogue", "add", "mine.mid", status=3)
+        self.assertIn("My catalogue is damaged", result.err)
+        result = self.run_kavena("catalogue", "find", "O SOLE MIO", status=0)
+        self.assertIn("My catalogue is damaged", result.err)
+        self.assertEqual(backup.read_bytes(), b"Saved\t\t\t\t\t\t\tMINE\t\t\n")
+        self.assertEqual(self.store.read_bytes(), content)
+
     def test_a_folder_that_cannot_be_written_is_told(self):
         (self.folder / "data").write_bytes(b"a file in its place")
         self.write("a.mid", songs.song("A"))
