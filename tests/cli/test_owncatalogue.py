@@ -152,7 +152,7 @@ class OwnCatalogueTest(songs.CliTest):
             store.execute("pragma user_version = 7")
         for content in (b"x" * 5000, newer.read_bytes()):
             self.store.write_bytes(content)
-            result = self.run_kavena("sync", "--dry-run", "--json", "sync.mid", status=0)
+            result = self.run_kavena("sync", "--dry-run", "--json", "sync.mid", status=1)
             self.assertTrue(result.lines[0]["found"])
             self.assertIn("My catalogue", result.err)
             result = self.run_kavena("catalogue", "find", "O SOLE MIO", status=0)
@@ -163,7 +163,23 @@ class OwnCatalogueTest(songs.CliTest):
         self.store.unlink()
         self.store.mkdir()
         self.run_kavena("catalogue", "add", "sync.mid", status=3)
-        self.run_kavena("sync", "--dry-run", "sync.mid", status=0)
+        self.run_kavena("sync", "--dry-run", "sync.mid", status=1)
+
+    def test_no_song_is_synchronised_without_an_own_catalogue_that_is_there(self):
+        song = self.write("sync.mid", songs.song("O SOLE MIO"))
+        self.write_damaged()
+        for content in (self.store.read_bytes(), b"x" * 5000):
+            self.store.write_bytes(content)
+            result = self.run_kavena("sync", "--unsigned", "yes", "--backup", "saved", "sync.mid",
+                                     status=3)
+            self.assertIn("My catalogue is damaged", result.err)
+            self.assertIn("the program's catalogue only", result.err)
+            self.assertEqual(song.read_bytes(), songs.song("O SOLE MIO"))
+            self.assertFalse((self.music / "saved").exists())
+            self.run_kavena("sync", "--dry-run", "sync.mid", status=1)
+        self.store.unlink()
+        self.run_kavena("sync", "--unsigned", "yes", "sync.mid", status=0)
+        self.assertNotEqual(song.read_bytes(), songs.song("O SOLE MIO"))
 
     def write_damaged(self):
         """The first page, with the table's layout, is whole; those with the entries are not."""
