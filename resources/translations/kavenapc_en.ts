@@ -4460,6 +4460,10 @@ Prepare the tag for the player first?</translation>
         <translation>The file is a song and is not replaced</translation>
     </message>
     <message>
+        <source>Il file è di un altro tipo e non viene sostituito</source>
+        <translation>The file is of another kind and is not replaced</translation>
+    </message>
+    <message>
         <source>Non c&apos;è abbastanza spazio</source>
         <translation>There is not enough room</translation>
     </message>

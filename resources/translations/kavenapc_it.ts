@@ -4460,6 +4460,10 @@ Preparare prima il tag per il player?</translation>
         <translation>Il file è una song e non viene sostituito</translation>
     </message>
     <message>
+        <source>Il file è di un altro tipo e non viene sostituito</source>
+        <translation>Il file è di un altro tipo e non viene sostituito</translation>
+    </message>
+    <message>
         <source>Non c&apos;è abbastanza spazio</source>
         <translation>Non c&apos;è abbastanza spazio</translation>
     </message>

@@ -4460,6 +4460,10 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <translation>Die Datei ist ein Song und wird nicht ersetzt</translation>
     </message>
     <message>
+        <source>Il file è di un altro tipo e non viene sostituito</source>
+        <translation>Die Datei ist von anderer Art und wird nicht ersetzt</translation>
+    </message>
+    <message>
         <source>Non c&apos;è abbastanza spazio</source>
         <translation>Es ist nicht genug Platz</translation>
     </message>

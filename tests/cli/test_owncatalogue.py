@@ -129,6 +129,22 @@ class OwnCatalogueTest(songs.CliTest):
         self.assertEqual(named.read_bytes(), songs.song("A"))
         self.assertFalse((self.music / "new.mp3").exists())
 
+    def test_a_table_is_never_written_over_a_database_or_a_picture(self):
+        self.add("mine.mid")
+        before = self.store.read_bytes()
+        picture = self.write("mine.cdg", b"picture")
+        (self.music / "link.tsv").symlink_to(self.store)
+        (self.music / "picture.tsv").symlink_to(picture)
+        for name in (str(self.store), "link.tsv", "mine.cdg", "picture.tsv", "new.CDG"):
+            result = self.run_kavena("catalogue", "export", "--replace", "yes", name, status=3)
+            self.assertIn("another kind", result.err, name)
+        self.assertEqual(self.store.read_bytes(), before)
+        self.assertEqual(picture.read_bytes(), b"picture")
+        self.assertFalse((self.music / "new.CDG").exists())
+        text = self.write("mine.tsv", b"SQLite format 2")
+        self.run_kavena("catalogue", "export", "--replace", "yes", "mine.tsv", status=0)
+        self.assertIn(b"Song mine.mid", text.read_bytes())
+
     def test_hostile_tables_are_told_line_by_line(self):
         good = "\t".join(["Good", "A", "G", "W", "60", "100", "C", "good", "1;Intro;", "A"])
         bad = "\t".join(["'); DROP TABLE Songs; --", "A", "G", "W", "x", "1", "C", "bad", "", ""])
