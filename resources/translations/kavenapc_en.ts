@@ -4518,6 +4518,18 @@ Prepare the tag for the player first?</translation>
         <translation>length and tempo must be numbers</translation>
     </message>
     <message>
+        <source>la durata va fino a 5999 secondi, il tempo fino a 999</source>
+        <translation>the length goes up to 5999 seconds, the tempo up to 999</translation>
+    </message>
+    <message>
+        <source>la tonalità non esiste</source>
+        <translation>there is no such key</translation>
+    </message>
+    <message>
+        <source>i marker non sono scritti nella forma battuta;testo;</source>
+        <translation>the markers are not written in the form bar;text;</translation>
+    </message>
+    <message>
         <source>mancano il titolo o il nome del file, o un testo è troppo lungo</source>
         <translation>the title or the file name is missing, or a text is too long</translation>
     </message>

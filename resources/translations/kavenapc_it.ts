@@ -4518,6 +4518,18 @@ Preparare prima il tag per il player?</translation>
         <translation>durata e tempo devono essere numeri</translation>
     </message>
     <message>
+        <source>la durata va fino a 5999 secondi, il tempo fino a 999</source>
+        <translation>la durata va fino a 5999 secondi, il tempo fino a 999</translation>
+    </message>
+    <message>
+        <source>la tonalità non esiste</source>
+        <translation>la tonalità non esiste</translation>
+    </message>
+    <message>
+        <source>i marker non sono scritti nella forma battuta;testo;</source>
+        <translation>i marker non sono scritti nella forma battuta;testo;</translation>
+    </message>
+    <message>
         <source>mancano il titolo o il nome del file, o un testo è troppo lungo</source>
         <translation>mancano il titolo o il nome del file, o un testo è troppo lungo</translation>
     </message>

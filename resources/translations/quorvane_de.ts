@@ -4518,6 +4518,18 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <translation>Dauer und Tempo müssen Zahlen sein</translation>
     </message>
     <message>
+        <source>la durata va fino a 5999 secondi, il tempo fino a 999</source>
+        <translation>die Dauer geht bis 5999 Sekunden, das Tempo bis 999</translation>
+    </message>
+    <message>
+        <source>la tonalità non esiste</source>
+        <translation>diese Tonart gibt es nicht</translation>
+    </message>
+    <message>
+        <source>i marker non sono scritti nella forma battuta;testo;</source>
+        <translation>die Abschnitte sind nicht in der Form Takt;Text; geschrieben</translation>
+    </message>
+    <message>
         <source>mancano il titolo o il nome del file, o un testo è troppo lungo</source>
         <translation>Titel oder Dateiname fehlen, oder ein Text ist zu lang</translation>
     </message>
