@@ -87,7 +87,7 @@ OwnCatalogue::State stateAfter(const QSqlError &error)
     constexpr int busy = 5;
     constexpr int locked = 6;
     const int code = error.nativeErrorCode().toInt() & primaryCode;
-    return code == busy || code == locked ? OwnCatalogue::State::Unreadable
+    return code == busy || code == locked ? OwnCatalogue::State::InUse
                                           : OwnCatalogue::State::Damaged;
 }
 
@@ -139,7 +139,7 @@ OwnCatalogue::State OwnCatalogue::prepare(bool mayMake)
     if (!version.exec(QStringLiteral("PRAGMA user_version")) || !version.next()) {
         logWarning() << "[OwnCatalogue::open] Impossible to use" << m_path
                      << version.lastError().text();
-        return isThere ? State::Damaged : State::Unwritable;
+        return isThere ? stateAfter(version.lastError()) : State::Unwritable;
     }
     const int found = version.value(0).toInt();
     version.finish();
@@ -184,6 +184,8 @@ QString OwnCatalogue::problem(State state)
         return tr("Il mio catalogo è danneggiato, o non è un catalogo di questo programma.");
     case State::Unreadable:
         return tr("Il mio catalogo non può essere letto.");
+    case State::InUse:
+        return tr("Il mio catalogo è in uso da un altro programma.");
     case State::Unwritable:
         return tr("Il mio catalogo non può essere scritto.");
     case State::Absent:

@@ -28,6 +28,7 @@ public:
         Ready,
         Unwritable, ///< the folder or the file cannot be made or written
         Unreadable,
+        InUse,   ///< another program kept it for itself for as long as was waited
         Damaged, ///< it is no catalogue of this program
         Newer    ///< a later version of this program made it
     };

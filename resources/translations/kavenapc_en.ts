@@ -4495,6 +4495,10 @@ Prepare the tag for the player first?</translation>
         <translation>My catalogue cannot be read.</translation>
     </message>
     <message>
+        <source>Il mio catalogo è in uso da un altro programma.</source>
+        <translation>My catalogue is in use by another program.</translation>
+    </message>
+    <message>
         <source>Il mio catalogo non può essere scritto.</source>
         <translation>My catalogue cannot be written.</translation>
     </message>

@@ -4495,6 +4495,10 @@ Preparare prima il tag per il player?</translation>
         <translation>Il mio catalogo non può essere letto.</translation>
     </message>
     <message>
+        <source>Il mio catalogo è in uso da un altro programma.</source>
+        <translation>Il mio catalogo è in uso da un altro programma.</translation>
+    </message>
+    <message>
         <source>Il mio catalogo non può essere scritto.</source>
         <translation>Il mio catalogo non può essere scritto.</translation>
     </message>

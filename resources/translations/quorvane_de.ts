@@ -4495,6 +4495,10 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <translation>Mein Katalog kann nicht gelesen werden.</translation>
     </message>
     <message>
+        <source>Il mio catalogo è in uso da un altro programma.</source>
+        <translation>Mein Katalog wird gerade von einem anderen Programm benutzt.</translation>
+    </message>
+    <message>
         <source>Il mio catalogo non può essere scritto.</source>
         <translation>Mein Katalog kann nicht geschrieben werden.</translation>
     </message>

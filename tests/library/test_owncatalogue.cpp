@@ -327,7 +327,11 @@ void TestOwnCatalogue::anotherProgramsLongWriteIsWaitedForAndRefused()
         QSqlQuery query(file);
         QVERIFY(query.exec(s("BEGIN EXCLUSIVE")));
         QVERIFY(!own.put({entry("B", "2")}));
+        OwnCatalogue other(path());
+        QCOMPARE(other.open(), State::InUse); // nobody may take it for damaged and delete it
+        QVERIFY(!other.problem().isEmpty());
         QVERIFY(query.exec(s("ROLLBACK")));
+        QCOMPARE(other.open(), State::Ready);
     }
     QSqlDatabase::removeDatabase(name);
     QVERIFY(own.put({entry("B", "2")}));
