@@ -36,9 +36,37 @@ const QString putEntry =
     QStringLiteral("INSERT OR REPLACE INTO Songs (title, artist, genre, author, length, bpm, key, "
                    "filename, markers, altartist) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
 
-const QString selectEntries =
-    QStringLiteral("SELECT title, artist, genre, author, length, bpm, key, filename, markers, "
-                   "altartist FROM Songs ORDER BY title, filename LIMIT %1");
+/** Of a text no more than shows that it is too long: a field may be as large as its file. */
+QString boundedColumn(const QString &name, qsizetype longest)
+{
+    return QStringLiteral("substr(%1, 1, %2) AS %1").arg(name).arg(longest + 1);
+}
+
+/** The entries by title; sorted are the bounded texts. */
+QString selectEntries()
+{
+    constexpr qsizetype longestNumber = 20;
+    const auto text = [](const char *name) {
+        return boundedColumn(QLatin1String(name), OwnCatalogue::longestText);
+    };
+    const auto number = [](const char *name) {
+        return boundedColumn(QLatin1String(name), longestNumber);
+    };
+    const QStringList columns{
+        text("title"),
+        text("artist"),
+        text("genre"),
+        text("author"),
+        number("length"),
+        number("bpm"),
+        text("key"),
+        text("filename"),
+        boundedColumn(QStringLiteral("markers"), OwnCatalogue::longestMarkers),
+        text("altartist")};
+    return QStringLiteral("SELECT %1 FROM Songs ORDER BY title, filename LIMIT %2")
+        .arg(columns.join(QStringLiteral(", ")))
+        .arg(OwnCatalogue::mostEntries);
+}
 
 /** The columns of selectEntries. */
 struct EntryColumn {
@@ -203,7 +231,7 @@ QList<SongsDbRecord> OwnCatalogue::entries()
     if (m_state != State::Ready)
         return found;
     // A damaged page shows itself only when it is read; to sort them, the first step reads all.
-    bool isWhole = query.exec(selectEntries.arg(mostEntries));
+    bool isWhole = query.exec(selectEntries());
     while (isWhole && query.next()) {
         const SongsDbRecord entry = entryIn(query);
         if (isValid(entry))
