@@ -39,6 +39,7 @@ bool SongSync::goesOnWithoutOwnCatalogue()
 {
     OwnCatalogue own;
     own.open();
+    own.entries(); // damage of a page shows itself only when it is read
     return own.problem().isEmpty() ||
            QMessageBox::question(m_window, tr("Il mio catalogo"),
                                  own.problem() + QLatin1Char('\n') +

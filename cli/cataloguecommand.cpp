@@ -29,9 +29,9 @@ ExitStatus CatalogueCommand::find()
     if (!database.init())
         return m_terminal.refuse(tr("Il catalogo non può essere aperto"));
     m_own.open();
+    const QList<SongsDbRecord> own = m_own.find(m_request.text);
     if (!m_own.problem().isEmpty())
         m_terminal.note(m_own.problem());
-    const QList<SongsDbRecord> own = m_own.find(m_request.text);
     const QList<SongsDbRecord> songs = database.find(m_request.text);
     for (const SongsDbRecord &song : own)
         m_writer.catalogueSong(song, CatalogueSource::Own);
@@ -84,6 +84,9 @@ ExitStatus CatalogueCommand::put(const QList<SongsDbRecord> &entries)
     for (const SongsDbRecord &entry : entries)
         names.append(entry.filename);
     const QStringList known = m_own.known(names);
+    // Without them nobody could be asked before they are replaced.
+    if (!m_own.problem().isEmpty())
+        return m_terminal.refuse(m_own.path(), m_own.problem());
     const QSet<QString> kept(known.cbegin(), known.cend());
     RememberedAnswer replace;
     QList<SongsDbRecord> wanted;

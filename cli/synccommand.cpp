@@ -7,6 +7,7 @@
 #include "library/cataloguemerge.h"
 #include "library/database.h"
 #include "library/librarybackup.h"
+#include "library/owncatalogue.h"
 #include "library/runreport.h"
 #include "library/songupdate.h"
 #include "library/unreadablefile.h"
@@ -36,12 +37,11 @@ ExitStatus SyncCommand::run()
     Database database;
     if (!database.init())
         return m_terminal.refuse(tr("Il catalogo non può essere aperto"));
+    const CatalogueMerge catalogue(database);
+    if (!goesOnWith(catalogue))
+        return ExitStatus::NothingDone;
     if (!m_request.dryRun && m_request.backup && !backUp(*songs))
         return ExitStatus::NothingDone;
-
-    const CatalogueMerge catalogue(database);
-    if (!catalogue.problem().isEmpty())
-        m_terminal.note(catalogue.problem());
     const auto progress =
         m_terminal.openProgress({}, tr("Sincronizzazione"), static_cast<int>(songs->size()));
     m_history.begin(HistoryJob::Kind::Synchronise);
@@ -54,6 +54,22 @@ ExitStatus SyncCommand::run()
     }
     m_history.end();
     return m_terminal.status();
+}
+
+/** The built-in catalogue may know other data of a song than the user's own one, so he decides. */
+bool SyncCommand::goesOnWith(const CatalogueMerge &catalogue)
+{
+    if (catalogue.problem().isEmpty())
+        return true;
+    const QString path = OwnCatalogue::defaultPath();
+    m_terminal.fail(path, catalogue.problem());
+    if (m_request.dryRun)
+        return true;
+    const Answer answer = m_terminal.ask(
+        path,
+        QCoreApplication::translate("SongSync", "Continuare con il solo catalogo del programma?"),
+        nullptr, std::nullopt);
+    return answer == Answer::Yes || answer == Answer::YesToAll;
 }
 
 /** Keeps those of the next songs that the catalogue is going to change; false to stop. */

@@ -19,6 +19,7 @@ public:
     ExitStatus run() override;
 
 private:
+    bool goesOnWith(const CatalogueMerge &catalogue);
     bool backUp(const QStringList &songs);
     bool keepNext(const QStringList &songs, qsizetype place, const CatalogueMerge &catalogue);
     void sync(const QString &path, const CatalogueMerge &catalogue);

@@ -2,6 +2,7 @@
 
 #include "library/markertexts.h"
 #include "library/owncatalogue.h"
+#include "library/songfields.h"
 
 #include <QHash>
 #include <QStringDecoder>
@@ -83,6 +84,15 @@ std::optional<Places> placesOf(const QStringList &cells)
     return places;
 }
 
+constexpr qint32 longestSong = 99 * 60 + 59; // seconds
+constexpr qint32 fastestSong = 999;          // beats per minute
+
+/** The table of the built-in catalogue has this word where a song has no value. */
+QString noValue(const QString &cell)
+{
+    return cell == QLatin1String("NULL") ? QString() : cell;
+}
+
 /** An empty cell is no number; nothing for one that is not empty and no number either. */
 std::optional<qint32> numberIn(const QString &cell)
 {
@@ -109,6 +119,11 @@ QString CatalogueTsv::read(const QStringList &cells, const std::array<qsizetype,
     const std::optional<qint32> bpm = numberIn(cell(Cell::Bpm));
     if (!length || !bpm)
         return tr("durata e tempo devono essere numeri");
+    if (*length > longestSong || *bpm > fastestSong)
+        return tr("la durata va fino a 5999 secondi, il tempo fino a 999");
+    const std::optional<QString> key = songfields::key(noValue(cell(Cell::Key)));
+    if (!key)
+        return tr("la tonalità non esiste");
     entry.title = cell(Cell::Title);
     entry.artist = cell(Cell::Artist);
     entry.altartist = cell(Cell::AltArtist);
@@ -116,11 +131,12 @@ QString CatalogueTsv::read(const QStringList &cells, const std::array<qsizetype,
     entry.author = cell(Cell::Author);
     entry.length = *length;
     entry.bpm = *bpm;
-    entry.key = cell(Cell::Key);
+    entry.key = *key;
     entry.filename = cell(Cell::FileName).toUpper();
     const QString markers = unescaped(cells.at(places[Cell::Markers]));
-    if (markers != QLatin1String("NULL"))
-        entry.markers = markertexts::fromText(markers);
+    entry.markers = markertexts::fromText(noValue(markers));
+    if (entry.markers.isEmpty() && !noValue(markers).trimmed().isEmpty())
+        return tr("i marker non sono scritti nella forma battuta;testo;");
     if (!OwnCatalogue::isValid(entry))
         return tr("mancano il titolo o il nome del file, o un testo è troppo lungo");
     return {};

@@ -36,9 +36,37 @@ const QString putEntry =
     QStringLiteral("INSERT OR REPLACE INTO Songs (title, artist, genre, author, length, bpm, key, "
                    "filename, markers, altartist) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
 
-const QString selectEntries =
-    QStringLiteral("SELECT title, artist, genre, author, length, bpm, key, filename, markers, "
-                   "altartist FROM Songs ORDER BY title, filename LIMIT %1");
+/** Of a text no more than shows that it is too long: a field may be as large as its file. */
+QString boundedColumn(const QString &name, qsizetype longest)
+{
+    return QStringLiteral("substr(%1, 1, %2) AS %1").arg(name).arg(longest + 1);
+}
+
+/** The entries by title; sorted are the bounded texts. */
+QString selectEntries()
+{
+    constexpr qsizetype longestNumber = 20;
+    const auto text = [](const char *name) {
+        return boundedColumn(QLatin1String(name), OwnCatalogue::longestText);
+    };
+    const auto number = [](const char *name) {
+        return boundedColumn(QLatin1String(name), longestNumber);
+    };
+    const QStringList columns{
+        text("title"),
+        text("artist"),
+        text("genre"),
+        text("author"),
+        number("length"),
+        number("bpm"),
+        text("key"),
+        text("filename"),
+        boundedColumn(QStringLiteral("markers"), OwnCatalogue::longestMarkers),
+        text("altartist")};
+    return QStringLiteral("SELECT %1 FROM Songs ORDER BY title, filename LIMIT %2")
+        .arg(columns.join(QStringLiteral(", ")))
+        .arg(OwnCatalogue::mostEntries);
+}
 
 /** The columns of selectEntries. */
 struct EntryColumn {
@@ -78,6 +106,17 @@ SongsDbRecord entryIn(const QSqlQuery &row)
     if (markers.size() <= OwnCatalogue::longestMarkers)
         entry.markers = markertexts::fromText(markers);
     return entry;
+}
+
+/** What the catalogue is after SQLite gave up reading it. */
+OwnCatalogue::State stateAfter(const QSqlError &error)
+{
+    constexpr int primaryCode = 0xff; // the bits above say more precisely why
+    constexpr int busy = 5;
+    constexpr int locked = 6;
+    const int code = error.nativeErrorCode().toInt() & primaryCode;
+    return code == busy || code == locked ? OwnCatalogue::State::InUse
+                                          : OwnCatalogue::State::Damaged;
 }
 
 bool isReadable(const QFileInfo &file)
@@ -128,7 +167,7 @@ OwnCatalogue::State OwnCatalogue::prepare(bool mayMake)
     if (!version.exec(QStringLiteral("PRAGMA user_version")) || !version.next()) {
         logWarning() << "[OwnCatalogue::open] Impossible to use" << m_path
                      << version.lastError().text();
-        return isThere ? State::Damaged : State::Unwritable;
+        return isThere ? stateAfter(version.lastError()) : State::Unwritable;
     }
     const int found = version.value(0).toInt();
     version.finish();
@@ -173,6 +212,8 @@ QString OwnCatalogue::problem(State state)
         return tr("Il mio catalogo è danneggiato, o non è un catalogo di questo programma.");
     case State::Unreadable:
         return tr("Il mio catalogo non può essere letto.");
+    case State::InUse:
+        return tr("Il mio catalogo è in uso da un altro programma.");
     case State::Unwritable:
         return tr("Il mio catalogo non può essere scritto.");
     case State::Absent:
@@ -187,17 +228,21 @@ QList<SongsDbRecord> OwnCatalogue::entries()
     QList<SongsDbRecord> found;
     QSqlQuery query(m_connection.database());
     query.setForwardOnly(true);
-    if (m_state != State::Ready || !query.exec(selectEntries.arg(mostEntries)))
+    if (m_state != State::Ready)
         return found;
-    while (query.next()) {
+    // A damaged page shows itself only when it is read; to sort them, the first step reads all.
+    bool isWhole = query.exec(selectEntries());
+    while (isWhole && query.next()) {
         const SongsDbRecord entry = entryIn(query);
         if (isValid(entry))
             found.append(entry);
     }
-    // A damaged page shows itself only when it is read.
-    if (query.lastError().isValid())
-        m_state = State::Damaged;
-    return found;
+    isWhole = isWhole && !query.lastError().isValid();
+    if (isWhole)
+        return found;
+    logWarning() << "[OwnCatalogue::entries]" << m_path << query.lastError().text();
+    m_state = stateAfter(query.lastError());
+    return {};
 }
 
 QList<SongsDbRecord> OwnCatalogue::find(const QString &text)

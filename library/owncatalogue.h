@@ -28,6 +28,7 @@ public:
         Ready,
         Unwritable, ///< the folder or the file cannot be made or written
         Unreadable,
+        InUse,   ///< another program kept it for itself for as long as was waited
         Damaged, ///< it is no catalogue of this program
         Newer    ///< a later version of this program made it
     };
@@ -54,7 +55,10 @@ public:
     QString problem() const { return problem(m_state); }
     static QString problem(State state);
 
-    /** All entries by title; those that make no sense are left out. */
+    /**
+     * All entries by title; those that make no sense are left out. None, and problem() says why,
+     * where they cannot all be read: only open() was no proof that they can.
+     */
     QList<SongsDbRecord> entries();
 
     /** The entries in whose texts this stands, in whatever case; with an empty text all. */

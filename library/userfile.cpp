@@ -6,7 +6,25 @@
 #include "storage/wholefile.h"
 #include "storage/writeproblem.h"
 
+#include <QFile>
 #include <QFileInfo>
+
+namespace
+{
+
+/** An SQLite file, as are the user's catalogue and history, or the picture of a song. */
+bool isKept(const QFileInfo &file)
+{
+    const QString picture = QStringLiteral("cdg");
+    if (file.suffix().compare(picture, Qt::CaseInsensitive) == 0 ||
+        QFileInfo(file.canonicalFilePath()).suffix().compare(picture, Qt::CaseInsensitive) == 0)
+        return true;
+    const QByteArray database("SQLite format 3");
+    QFile bytes(file.filePath());
+    return file.isFile() && bytes.open(QFile::ReadOnly) && bytes.read(database.size()) == database;
+}
+
+} // namespace
 
 UserFile::Reading UserFile::read(const QString &path, qint64 maxBytes)
 {
@@ -33,6 +51,8 @@ QString UserFile::write(const QString &path, const QByteArray &bytes)
     if (songnames::isSongName(path) || songnames::isSongName(file.canonicalFilePath()) ||
         (file.isFile() && MetaSong::hasKnownFormat(path)))
         return tr("Il file è una song e non viene sostituito");
+    if (isKept(file))
+        return tr("Il file è di un altro tipo e non viene sostituito");
     if (writeWholeFile(path, bytes))
         return {};
     switch (WriteProblem::find(WriteProblem::Medium::of(file.absolutePath()), bytes.size())) {

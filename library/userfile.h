@@ -20,8 +20,9 @@ public:
 
     /**
      * Writes the file in one step; see writeWholeFile(). Never over a song, nor under the name of
-     * one: the next import would take it for a damaged song. Why it was not written, for the user;
-     * empty when it was.
+     * one: the next import would take it for a damaged song. Nor over a database, such as the
+     * history or the user's own catalogue, nor under the name of a song's picture (.cdg). Why it
+     * was not written, for the user; empty when it was.
      */
     static QString write(const QString &path, const QByteArray &bytes);
 };

@@ -79,6 +79,9 @@ std::optional<qsizetype> CatalogueAdding::put(OwnCatalogue &catalogue,
     for (const SongsDbRecord &entry : entries)
         names.append(entry.filename);
     const QStringList known = catalogue.known(names);
+    // Without them nobody could be asked before they are replaced.
+    if (!isUsable(catalogue, parent))
+        return std::nullopt;
     QList<SongsDbRecord> wanted = entries;
     if (!known.isEmpty()) {
         const auto answer = QMessageBox::question(

@@ -4479,6 +4479,10 @@ Prepare the tag for the player first?</translation>
         <source>Il file non può essere scritto</source>
         <translation>The file cannot be written</translation>
     </message>
+    <message>
+        <source>Il file è di un altro tipo e non viene sostituito</source>
+        <translation>The file is of another kind and is not replaced</translation>
+    </message>
 </context>
 <context>
     <name>OwnCatalogue</name>
@@ -4497,6 +4501,10 @@ Prepare the tag for the player first?</translation>
     <message>
         <source>Il mio catalogo non può essere scritto.</source>
         <translation>My catalogue cannot be written.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo è in uso da un altro programma.</source>
+        <translation>My catalogue is in use by another program.</translation>
     </message>
 </context>
 <context>
@@ -4524,6 +4532,18 @@ Prepare the tag for the player first?</translation>
     <message>
         <source>ci sono troppe voci</source>
         <translation>there are too many entries</translation>
+    </message>
+    <message>
+        <source>la durata va fino a 5999 secondi, il tempo fino a 999</source>
+        <translation>the length goes up to 5999 seconds, the tempo up to 999</translation>
+    </message>
+    <message>
+        <source>la tonalità non esiste</source>
+        <translation>there is no such key</translation>
+    </message>
+    <message>
+        <source>i marker non sono scritti nella forma battuta;testo;</source>
+        <translation>the sections (markers) are not written in the form bar;text;</translation>
     </message>
 </context>
 <context>

@@ -4479,6 +4479,10 @@ Preparare prima il tag per il player?</translation>
         <source>Il file non può essere scritto</source>
         <translation>Il file non può essere scritto</translation>
     </message>
+    <message>
+        <source>Il file è di un altro tipo e non viene sostituito</source>
+        <translation>Il file è di un altro tipo e non viene sostituito</translation>
+    </message>
 </context>
 <context>
     <name>OwnCatalogue</name>
@@ -4497,6 +4501,10 @@ Preparare prima il tag per il player?</translation>
     <message>
         <source>Il mio catalogo non può essere scritto.</source>
         <translation>Il mio catalogo non può essere scritto.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo è in uso da un altro programma.</source>
+        <translation>Il mio catalogo è in uso da un altro programma.</translation>
     </message>
 </context>
 <context>
@@ -4524,6 +4532,18 @@ Preparare prima il tag per il player?</translation>
     <message>
         <source>ci sono troppe voci</source>
         <translation>ci sono troppe voci</translation>
+    </message>
+    <message>
+        <source>la durata va fino a 5999 secondi, il tempo fino a 999</source>
+        <translation>la durata va fino a 5999 secondi, il tempo fino a 999</translation>
+    </message>
+    <message>
+        <source>la tonalità non esiste</source>
+        <translation>la tonalità non esiste</translation>
+    </message>
+    <message>
+        <source>i marker non sono scritti nella forma battuta;testo;</source>
+        <translation>i marker non sono scritti nella forma battuta;testo;</translation>
     </message>
 </context>
 <context>

@@ -4479,6 +4479,10 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <source>Il file non può essere scritto</source>
         <translation>Die Datei kann nicht geschrieben werden</translation>
     </message>
+    <message>
+        <source>Il file è di un altro tipo e non viene sostituito</source>
+        <translation>Die Datei ist von anderer Art und wird nicht ersetzt</translation>
+    </message>
 </context>
 <context>
     <name>OwnCatalogue</name>
@@ -4497,6 +4501,10 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
     <message>
         <source>Il mio catalogo non può essere scritto.</source>
         <translation>Mein Katalog kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Il mio catalogo è in uso da un altro programma.</source>
+        <translation>Mein Katalog wird gerade von einem anderen Programm benutzt.</translation>
     </message>
 </context>
 <context>
@@ -4524,6 +4532,18 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
     <message>
         <source>ci sono troppe voci</source>
         <translation>es sind zu viele Einträge</translation>
+    </message>
+    <message>
+        <source>la durata va fino a 5999 secondi, il tempo fino a 999</source>
+        <translation>die Dauer geht bis 5999 Sekunden, das Tempo bis 999</translation>
+    </message>
+    <message>
+        <source>la tonalità non esiste</source>
+        <translation>diese Tonart gibt es nicht</translation>
+    </message>
+    <message>
+        <source>i marker non sono scritti nella forma battuta;testo;</source>
+        <translation>die Abschnitte sind nicht in der Form Takt;Text; geschrieben</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,7 @@
 // edits, deletes, imports and exports them, and the preview says where a value comes from.
 #include "library/owncatalogue.h"
 #include "support/apptest.h"
+#include "support/damagedcatalogue.h"
 #include "support/mainwindowdriver.h"
 #include "support/samplesongs.h"
 #include "support/shorttext.h"
@@ -42,6 +43,8 @@ private slots:
     void previewSaysWhichCatalogueItIs();
     void unusableCatalogueIsAskedAboutBeforeSynchronising_data();
     void unusableCatalogueIsAskedAboutBeforeSynchronising();
+    void damagedPageIsAskedAboutBeforeSynchronising();
+    void nothingIsAddedToACatalogueWithADamagedPage();
 
 private:
     QList<SongsDbRecord> entries() const
@@ -400,6 +403,29 @@ void TestOwnCatalogueWindow::unusableCatalogueIsAskedAboutBeforeSynchronising()
     QCOMPARE(m_window->updateUserLibrary(), isChanged);
     QCOMPARE(m_user->messages().size(), 1);
     QCOMPARE(samplesongs::readFile(m_known) != before, isChanged);
+}
+
+void TestOwnCatalogueWindow::damagedPageIsAskedAboutBeforeSynchronising()
+{
+    QVERIFY(damagedcatalogue::write(OwnCatalogue::defaultPath()));
+    const QByteArray before = samplesongs::readFile(m_known);
+    m_user->click<BackupDialog>(s("exitPushButton"));
+    m_user->pressInMessageBoxes(QMessageBox::No);
+    QVERIFY(!m_window->updateUserLibrary());
+    QCOMPARE(m_user->messages().size(), 1);
+    QVERIFY(m_user->messages().constFirst().contains(s("danneggiato")));
+    QCOMPARE(samplesongs::readFile(m_known), before);
+}
+
+void TestOwnCatalogueWindow::nothingIsAddedToACatalogueWithADamagedPage()
+{
+    QVERIFY(damagedcatalogue::write(OwnCatalogue::defaultPath()));
+    const QByteArray before = samplesongs::readFile(OwnCatalogue::defaultPath());
+    m_user->pressInMessageBoxes(QMessageBox::Ok);
+    addRow(0);
+    QCOMPARE(m_user->messages().size(), 1);
+    QVERIFY(m_user->messages().constFirst().contains(s("danneggiato")));
+    QCOMPARE(samplesongs::readFile(OwnCatalogue::defaultPath()), before);
 }
 
 int main(int argc, char *argv[])

@@ -129,6 +129,22 @@ class OwnCatalogueTest(songs.CliTest):
         self.assertEqual(named.read_bytes(), songs.song("A"))
         self.assertFalse((self.music / "new.mp3").exists())
 
+    def test_a_table_is_never_written_over_a_database_or_a_picture(self):
+        self.add("mine.mid")
+        before = self.store.read_bytes()
+        picture = self.write("mine.cdg", b"picture")
+        (self.music / "link.tsv").symlink_to(self.store)
+        (self.music / "picture.tsv").symlink_to(picture)
+        for name in (str(self.store), "link.tsv", "mine.cdg", "picture.tsv", "new.CDG"):
+            result = self.run_kavena("catalogue", "export", "--replace", "yes", name, status=3)
+            self.assertIn("another kind", result.err, name)
+        self.assertEqual(self.store.read_bytes(), before)
+        self.assertEqual(picture.read_bytes(), b"picture")
+        self.assertFalse((self.music / "new.CDG").exists())
+        text = self.write("mine.tsv", b"SQLite format 2")
+        self.run_kavena("catalogue", "export", "--replace", "yes", "mine.tsv", status=0)
+        self.assertIn(b"Song mine.mid", text.read_bytes())
+
     def test_hostile_tables_are_told_line_by_line(self):
         good = "\t".join(["Good", "A", "G", "W", "60", "100", "C", "good", "1;Intro;", "A"])
         bad = "\t".join(["'); DROP TABLE Songs; --", "A", "G", "W", "x", "1", "C", "bad", "", ""])
@@ -152,7 +168,7 @@ class OwnCatalogueTest(songs.CliTest):
             store.execute("pragma user_version = 7")
         for content in (b"x" * 5000, newer.read_bytes()):
             self.store.write_bytes(content)
-            result = self.run_kavena("sync", "--dry-run", "--json", "sync.mid", status=0)
+            result = self.run_kavena("sync", "--dry-run", "--json", "sync.mid", status=1)
             self.assertTrue(result.lines[0]["found"])
             self.assertIn("My catalogue", result.err)
             result = self.run_kavena("catalogue", "find", "O SOLE MIO", status=0)
@@ -163,7 +179,49 @@ class OwnCatalogueTest(songs.CliTest):
         self.store.unlink()
         self.store.mkdir()
         self.run_kavena("catalogue", "add", "sync.mid", status=3)
-        self.run_kavena("sync", "--dry-run", "sync.mid", status=0)
+        self.run_kavena("sync", "--dry-run", "sync.mid", status=1)
+
+    def test_no_song_is_synchronised_without_an_own_catalogue_that_is_there(self):
+        song = self.write("sync.mid", songs.song("O SOLE MIO"))
+        self.write_damaged()
+        for content in (self.store.read_bytes(), b"x" * 5000):
+            self.store.write_bytes(content)
+            result = self.run_kavena("sync", "--unsigned", "yes", "--backup", "saved", "sync.mid",
+                                     status=3)
+            self.assertIn("My catalogue is damaged", result.err)
+            self.assertIn("the program's catalogue only", result.err)
+            self.assertEqual(song.read_bytes(), songs.song("O SOLE MIO"))
+            self.assertFalse((self.music / "saved").exists())
+            self.run_kavena("sync", "--dry-run", "sync.mid", status=1)
+        self.store.unlink()
+        self.run_kavena("sync", "--unsigned", "yes", "sync.mid", status=0)
+        self.assertNotEqual(song.read_bytes(), songs.song("O SOLE MIO"))
+
+    def write_damaged(self):
+        """The first page, with the table's layout, is whole; those with the entries are not."""
+        self.add("mine.mid")
+        with sqlite3.connect(self.store) as store:
+            store.executemany("insert into Songs (title, filename) values (?, ?)",
+                              [(f"Title {number} " + "t" * 100, f"S{number}")
+                               for number in range(200)])
+        store.close()
+        content = self.store.read_bytes()
+        self.store.write_bytes(content[:4096] + b"U" * (len(content) - 4096))
+
+    def test_a_catalogue_with_a_damaged_page_is_refused(self):
+        self.write_damaged()
+        content = self.store.read_bytes()
+        backup = self.write("mine.tsv", b"Saved\t\t\t\t\t\t\tMINE\t\t\n")
+        for command in (("export",), ("export", "--replace", "yes"), ("import",),
+                        ("import", "--replace", "yes")):
+            result = self.run_kavena("catalogue", *command, "mine.tsv", status=3)
+            self.assertIn("My catalogue is damaged", result.err)
+        result = self.run_kavena("catalogue", "add", "mine.mid", status=3)
+        self.assertIn("My catalogue is damaged", result.err)
+        result = self.run_kavena("catalogue", "find", "O SOLE MIO", status=0)
+        self.assertIn("My catalogue is damaged", result.err)
+        self.assertEqual(backup.read_bytes(), b"Saved\t\t\t\t\t\t\tMINE\t\t\n")
+        self.assertEqual(self.store.read_bytes(), content)
 
     def test_a_folder_that_cannot_be_written_is_told(self):
         (self.folder / "data").write_bytes(b"a file in its place")

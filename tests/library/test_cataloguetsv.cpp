@@ -18,6 +18,7 @@ private slots:
     void columnsAreFoundByTheirNames();
     void strangeLinesAreNamed_data();
     void strangeLinesAreNamed();
+    void valuesThatASongCanHaveAreRead();
     void endlessTableIsCutAndSaysSo();
 };
 
@@ -84,6 +85,11 @@ void TestCatalogueTsv::strangeLinesAreNamed_data()
     QTest::newRow("length is a word") << QByteArray("T\tR\tG\tU\tlong\t2\tC\tX\t\tL");
     QTest::newRow("tempo beyond numbers") << QByteArray("T\tR\tG\tU\t1\t99999999999\tC\tX\t\tL");
     QTest::newRow("negative") << QByteArray("T\tR\tG\tU\t-5\t2\tC\tX\t\tL");
+    QTest::newRow("too long") << QByteArray("T\tR\tG\tU\t6000\t2\tC\tX\t\tL");
+    QTest::newRow("too fast") << QByteArray("T\tR\tG\tU\t1\t1000\tC\tX\t\tL");
+    QTest::newRow("no key") << QByteArray("T\tR\tG\tU\t1\t2\tH\tX\t\tL");
+    QTest::newRow("no markers") << QByteArray("T\tR\tG\tU\t1\t2\tC\tX\tIntro\tL");
+    QTest::newRow("bars beyond numbers") << QByteArray("T\tR\tG\tU\t1\t2\tC\tX\t99999;Intro;\tL");
     QTest::newRow("zero byte") << QByteArray("T\tR\tG\tU\t1\t2\tC\tX\0Y\t\tL", 21);
     QTest::newRow("huge cell") << QByteArray(2000, 'T') + "\tR\tG\tU\t1\t2\tC\tX\t\tL";
     QTest::newRow("huge line") << QByteArray(20 << 20, 'T');
@@ -99,6 +105,15 @@ void TestCatalogueTsv::strangeLinesAreNamed()
     QCOMPARE(table.problems.size(), 1);
     QVERIFY2(table.problems.constFirst().startsWith(s("riga 2:")),
              qPrintable(table.problems.constFirst()));
+}
+
+void TestCatalogueTsv::valuesThatASongCanHaveAreRead()
+{
+    const CatalogueTsv table = CatalogueTsv::parse("T\tR\tG\tU\t5999\t999\tA -\tA\t \tL\n"
+                                                   "T\tR\tG\tU\t0\t0\tNULL\tB\t1;Intro;\tL\n");
+    QCOMPARE(table.problems, QStringList());
+    QCOMPARE(allOf(table.entries),
+             (QStringList{s("T|R|L|G|U|5999|999|A-|A|"), s("T|R|L|G|U|0|0||B|1;Intro;")}));
 }
 
 void TestCatalogueTsv::endlessTableIsCutAndSaysSo()

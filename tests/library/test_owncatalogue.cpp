@@ -7,6 +7,7 @@
 #include "library/songupdate.h"
 #include "support/catalogue.h"
 #include "support/catalogueentries.h"
+#include "support/damagedcatalogue.h"
 #include "support/scratchfolder.h"
 #include "support/shorttext.h"
 #include "support/songfolder.h"
@@ -60,6 +61,7 @@ private slots:
     void unusableFilesAreRefusedAndStay_data();
     void unusableFilesAreRefusedAndStay();
     void unwritablePlaceIsSaid();
+    void damagedPageOfEntriesIsSaid();
     void strangeValuesOfARowMakeNoSense();
     void twoProgramsWriteOneCatalogue();
     void anotherProgramsLongWriteIsWaitedForAndRefused();
@@ -258,6 +260,22 @@ void TestOwnCatalogue::unwritablePlaceIsSaid()
     QCOMPARE(OwnCatalogue(lost).openOrMake(), State::Unwritable);
 }
 
+void TestOwnCatalogue::damagedPageOfEntriesIsSaid()
+{
+    QVERIFY(damagedcatalogue::write(path()));
+    OwnCatalogue own(path());
+    QCOMPARE(own.open(), State::Ready); // the first page is whole
+    QVERIFY(own.entries().isEmpty());
+    QCOMPARE(own.state(), State::Damaged);
+    QVERIFY(!own.problem().isEmpty());
+    QVERIFY(!own.put({entry("A", "A")}));
+    OwnCatalogue asked(path());
+    QCOMPARE(asked.open(), State::Ready);
+    QVERIFY(asked.known({s("S1")}).isEmpty());
+    QCOMPARE(asked.state(), State::Damaged);
+    QVERIFY(!CatalogueMerge(*m_database, path()).problem().isEmpty());
+}
+
 void TestOwnCatalogue::strangeValuesOfARowMakeNoSense()
 {
     {
@@ -309,7 +327,11 @@ void TestOwnCatalogue::anotherProgramsLongWriteIsWaitedForAndRefused()
         QSqlQuery query(file);
         QVERIFY(query.exec(s("BEGIN EXCLUSIVE")));
         QVERIFY(!own.put({entry("B", "2")}));
+        OwnCatalogue other(path());
+        QCOMPARE(other.open(), State::InUse); // nobody may take it for damaged and delete it
+        QVERIFY(!other.problem().isEmpty());
         QVERIFY(query.exec(s("ROLLBACK")));
+        QCOMPARE(other.open(), State::Ready);
     }
     QSqlDatabase::removeDatabase(name);
     QVERIFY(own.put({entry("B", "2")}));
