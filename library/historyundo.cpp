@@ -99,7 +99,7 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
             else if (found.state == State::Missing)
                 report.missing(placeAfter(song), tr("il file non c'è più"));
             else if (found.state == State::Changed && !alsoChanged)
-                report.leaveAlone(found.path, tr("è stata cambiata dopo"));
+                report.failed.append({found.path, tr("è stata cambiata dopo")});
             else if (found.state == State::Unreadable && !alsoChanged)
                 report.failed.append(
                     {found.path, RunReport::reasonText(loadFailureOf(found.path))});
