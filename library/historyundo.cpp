@@ -78,7 +78,7 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
     Leftovers leftovers;
     struct Step {
         const HistorySong *song;
-        QString path;
+        Found found;
     };
     QList<Step> steps;
     int done = 0;
@@ -104,7 +104,7 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
                 report.failed.append(
                     {found.path, RunReport::reasonText(loadFailureOf(found.path))});
             else
-                steps.append({&song, found.path});
+                steps.append({&song, found});
             if (steps.isEmpty() || steps.constLast().song != &song) {
                 progress.updateProgress(++done);
                 KeepAlive::processEventsNow();
@@ -120,14 +120,16 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
             report.stopped = report.stopped || progress.wasCanceled();
             if (report.stopped)
                 break;
-            leftovers.tidyBeside(step.path);
+            const QString path = step.found.path;
+            leftovers.tidyBeside(path);
             const bool isRename = !step.song->newPath.isEmpty();
-            const QString problem = isRename ? renameBack(*step.song, step.path, recorder, report)
-                                             : takeBackOne(*step.song, step.path, recorder, report);
+            const QString problem = isRename
+                                        ? renameBack(*step.song, path, recorder, report)
+                                        : takeBackOne(*step.song, step.found, recorder, report);
             if (problem.isEmpty())
-                report.done.append(isRename ? nameBefore(*step.song, step.path) : step.path);
+                report.done.append(isRename ? nameBefore(*step.song, path) : path);
             else
-                report.failed.append({step.path, problem});
+                report.failed.append({path, problem});
             progress.updateProgress(++done);
             KeepAlive::processEventsNow();
         }
@@ -137,11 +139,14 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
 }
 
 /** Why the song stays as it is; empty when it is as it was. */
-QString HistoryUndo::takeBackOne(const HistorySong &song, const QString &path,
+QString HistoryUndo::takeBackOne(const HistorySong &song, const Found &found,
                                  HistoryRecorder &recorder, Report &report)
 {
+    const QString &path = found.path;
     const std::optional<SongSnapshot> old = m_store.snapshot(song);
-    if (!old) {
+    // Only of a song that is as the job left it the audio tells whether the kept tag is whole.
+    const bool isAsLeft = found.state == State::AsLeft || found.state == State::Moved;
+    if (!old || !(isAsLeft ? old->fitsAudioOf(path) : old->endsWithItsTag())) {
         ++report.leftAlone; // it will be no better the next time
         return tr("la cronologia non la conserva più, o è danneggiata");
     }

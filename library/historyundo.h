@@ -84,7 +84,7 @@ public:
                     Progress &progress);
 
 private:
-    QString takeBackOne(const HistorySong &song, const QString &path, HistoryRecorder &recorder,
+    QString takeBackOne(const HistorySong &song, const Found &found, HistoryRecorder &recorder,
                         Report &report);
     QString renameBack(const HistorySong &song, const QString &path, HistoryRecorder &recorder,
                        Report &report);
