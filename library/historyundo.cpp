@@ -1,6 +1,7 @@
 #include "library/historyundo.h"
 
 #include "formats/metasong.h"
+#include "formats/songnames.h"
 #include "library/companion.h"
 #include "library/keepalive.h"
 #include "library/runreport.h"
@@ -165,6 +166,15 @@ QString HistoryUndo::renameBack(const HistorySong &song, const QString &path,
                                 HistoryRecorder &recorder, Report &report)
 {
     const QString target = nameBefore(song, path);
+    // A name is all that a renaming changes; anything else a stranger has put into the history.
+    const QFileInfo before(song.path);
+    const QFileInfo after(song.newPath);
+    if (QDir::cleanPath(before.path()) != QDir::cleanPath(after.path()) ||
+        !songnames::isSongName(target) ||
+        before.suffix().compare(after.suffix(), Qt::CaseInsensitive) != 0) {
+        ++report.leftAlone;
+        return tr("la cronologia non la conserva più, o è danneggiata");
+    }
     if (isTaken(target)) {
         ++report.leftAlone;
         return tr("il nome di prima è di un altro file");
@@ -200,6 +210,5 @@ QString HistoryUndo::renameSong(const QString &path, const QString &target)
 QString HistoryUndo::nameBefore(const HistorySong &song, const QString &path)
 {
     // A song that the user has put into another folder stays there.
-    return path == song.newPath ? song.path
-                                : QFileInfo(path).dir().filePath(QFileInfo(song.path).fileName());
+    return QFileInfo(path).dir().filePath(QFileInfo(song.path).fileName());
 }

@@ -52,6 +52,8 @@ private slots:
     void renameThatWasNotDoneIsNone();
     void otherSongAtTheNewNameIsNotTakenForIt();
     void copyThatTheJobWroteItselfIsNotTakenForAMovedSong();
+    void strangersOldNameMovesNoSong_data();
+    void strangersOldNameMovesNoSong();
 };
 
 void TestHistoryRename::songGetsItsOldNameAndItsPicturesToo()
@@ -185,6 +187,35 @@ void TestHistoryRename::copyThatTheJobWroteItselfIsNotTakenForAMovedSong()
     QCOMPARE(report.failed.constFirst().path, a);
     QCOMPARE(report.done, QStringList(d));
     QCOMPARE(samplesongs::readFile(d), kept.original.value(QStringLiteral("d.mid")));
+}
+
+void TestHistoryRename::strangersOldNameMovesNoSong_data()
+{
+    QTest::addColumn<QString>("oldName");
+    QTest::newRow("other folder") << QStringLiteral("sub/b.mp3");
+    QTest::newRow("no song's name") << QStringLiteral("b.desktop");
+    QTest::newRow("other kind of song") << QStringLiteral("b.mid");
+    QTest::newRow("folder above") << QStringLiteral("../b.mp3");
+}
+
+void TestHistoryRename::strangersOldNameMovesNoSong()
+{
+    QFETCH(QString, oldName);
+    RenamedLibrary kept;
+    QVERIFY(kept.rename());
+    QVERIFY(QDir().mkdir(kept.library.path(QStringLiteral("sub"))));
+    const HistoryJob job = kept.store.jobs().constFirst();
+    QList<HistorySong> songs = kept.store.songs(job.number);
+    songs.first().path = kept.library.path(QString()) + QLatin1Char('/') + oldName;
+    HistoryUndo undo(kept.store);
+    HistoryRecorder recorder(kept.store, HistoryJob::Kind::TakeBack,
+                             [](const QString &) { return false; });
+    CountingProgress progress;
+    const HistoryUndo::Report report = undo.takeBack(songs, true, recorder, progress);
+    QCOMPARE(report.failed.size(), 1);
+    QVERIFY(report.done.isEmpty());
+    QCOMPARE(samplesongs::readFile(kept.renamed), kept.original());
+    QVERIFY(!QFile::exists(songs.constFirst().path));
 }
 
 QTEST_GUILESS_MAIN(TestHistoryRename)
