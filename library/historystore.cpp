@@ -407,16 +407,21 @@ std::optional<SongSnapshot> HistoryStore::nextState(const HistorySong &song)
 {
     const QString place = song.newPath.isEmpty() ? song.path : song.newPath;
     QSqlQuery query(m_connection.database());
-    query.prepare(QStringLiteral("SELECT id FROM songs WHERE path = ? AND id > ? ORDER BY id "
-                                 "LIMIT 1"));
+    query.prepare(QStringLiteral("SELECT id, old_size, old_digest FROM songs WHERE path = ? AND "
+                                 "id > ? ORDER BY id LIMIT 1"));
     query.addBindValue(place);
     query.addBindValue(song.id);
     if (!execute(query) || !query.next())
         return SongSnapshot::of(place);
     HistorySong next;
     next.id = query.value(0).toLongLong();
+    // A job that renames keeps no bytes.
+    SongSnapshot found;
+    found.size = query.value(1).toLongLong();
+    found.digest = query.value(2).toByteArray();
     query.finish();
-    return snapshot(next);
+    const std::optional<SongSnapshot> whole = snapshot(next);
+    return whole ? *whole : found;
 }
 
 bool HistoryStore::execute(const QString &statement)

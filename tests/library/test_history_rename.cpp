@@ -54,6 +54,7 @@ private slots:
     void copyThatTheJobWroteItselfIsNotTakenForAMovedSong();
     void strangersOldNameMovesNoSong_data();
     void strangersOldNameMovesNoSong();
+    void editThatWasCutOffCanBeTakenBackThoughTheSongWasRenamed();
 };
 
 void TestHistoryRename::songGetsItsOldNameAndItsPicturesToo()
@@ -216,6 +217,32 @@ void TestHistoryRename::strangersOldNameMovesNoSong()
     QVERIFY(report.done.isEmpty());
     QCOMPARE(samplesongs::readFile(kept.renamed), kept.original());
     QVERIFY(!QFile::exists(songs.constFirst().path));
+}
+
+/** What renames keeps no bytes of the song, which could tell what the cut off job did. */
+void TestHistoryRename::editThatWasCutOffCanBeTakenBackThoughTheSongWasRenamed()
+{
+    KeptLibrary kept;
+    QCOMPARE(kept.store.open(), HistoryStore::State::Ready);
+    const QString path = kept.library.path(QStringLiteral("a.mid"));
+    const QString renamed = kept.library.path(QStringLiteral("new.mid"));
+    const auto number = kept.store.addJob(HistoryJob::Kind::Edit);
+    QCOMPARE(kept.store.addSongs(*number, {{path, {}, *SongSnapshot::of(path)}}).size(), 1);
+    QVERIFY(samplesongs::writeFile(path, syncfixture::midi(syncfixture::titled("cut"))));
+    // Here the program was killed.
+    {
+        HistoryRecorder recorder(kept.store, HistoryJob::Kind::Rename,
+                                 [](const QString &) { return false; });
+        QVERIFY(recorder.keepRenamed(path, renamed));
+        QCOMPARE(HistoryUndo::renameSong(path, renamed), QString());
+        recorder.written(path, {}, {});
+    }
+    kept.store.settle();
+    const QList<HistoryJob> jobs = kept.store.jobs();
+    QCOMPARE(jobs.size(), 2);
+    for (const HistoryJob &job : jobs)
+        QVERIFY(kept.takeBack(job, true).failed.isEmpty());
+    QCOMPARE(kept.bytes(), kept.original);
 }
 
 QTEST_GUILESS_MAIN(TestHistoryRename)
