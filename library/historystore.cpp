@@ -24,6 +24,12 @@ constexpr qsizetype largestSong = qsizetype{64} << 20;
 /** With what compression can add to it. */
 constexpr qint64 largestBlob = qint64{80} << 20;
 
+/**
+ * Stands behind the digest of a song whose job was cut off: no file has such a digest, so that the
+ * song counts as changed since.
+ */
+constexpr char uncertainMark = '?';
+
 /** True for a number that a job can be of; others come from a stranger or a later version. */
 bool isKind(int number)
 {
@@ -398,8 +404,12 @@ void HistoryStore::settleSong(const HistorySong &song)
     if (!now || (now->digest == song.oldDigest) == song.newPath.isEmpty())
         return;
     const std::optional<SongSnapshot> old = snapshot(song);
-    end({{song.id, old ? old->info(song.path) : SongInfo(), now->info(place), now->size,
-          now->digest}});
+    // Whether the job has written the song, or somebody else later, nothing tells. A song that has
+    // the job's new name and its own bytes was renamed.
+    QByteArray digest = now->digest;
+    if (song.newPath.isEmpty())
+        digest.append(uncertainMark);
+    end({{song.id, old ? old->info(song.path) : SongInfo(), now->info(place), now->size, digest}});
 }
 
 /** The song as the job left it: as the next job found it, or as it is now. */

@@ -102,8 +102,9 @@ public:
     std::optional<SongSnapshot> snapshot(const HistorySong &song);
 
     /**
-     * Finds out how the songs ended whose jobs were cut off between two steps. A job that runs
-     * meanwhile tells better afterwards.
+     * Finds out how the songs ended whose jobs were cut off between two steps. A song that has
+     * other bytes since may also have got them from somebody else: it counts as changed since. A
+     * job that runs meanwhile tells better afterwards.
      */
     void settle();
 
