@@ -24,11 +24,15 @@ constexpr qsizetype largestSong = qsizetype{64} << 20;
 /** With what compression can add to it. */
 constexpr qint64 largestBlob = qint64{80} << 20;
 
+/** Milliseconds; a job that has not ended by then was cut off. */
+constexpr qint64 longestRun = qint64{24} * 60 * 60 * 1000;
+
 /**
  * Stands behind the digest of a song whose job was cut off: no file has such a digest, so that the
  * song counts as changed since.
  */
 constexpr char uncertainMark = '?';
+constexpr int digestSize = 32;
 
 /** True for a number that a job can be of; others come from a stranger or a later version. */
 bool isKind(int number)
@@ -251,10 +255,15 @@ int HistoryStore::makeRoom(qint64 runningJob)
     if (m_room && *m_room >= 0)
         return 0;
     QSqlQuery sizes(m_connection.database());
-    if (m_state != State::Ready ||
-        !sizes.exec(QStringLiteral("SELECT number, coalesce((SELECT sum(length(bytes)) FROM songs "
-                                   "JOIN kept ON song = id WHERE job = number), 0) FROM jobs "
-                                   "ORDER BY number DESC")))
+    sizes.prepare(QStringLiteral(
+        "SELECT number, coalesce((SELECT sum(length(bytes)) FROM songs JOIN kept ON song = id "
+        "WHERE job = number), 0), abs(time - ?) < ? AND EXISTS (SELECT 1 FROM songs WHERE "
+        "job = number AND (new_digest IS NULL OR length(new_digest) > ?)) FROM jobs "
+        "ORDER BY number DESC"));
+    sizes.addBindValue(QDateTime::currentMSecsSinceEpoch());
+    sizes.addBindValue(longestRun);
+    sizes.addBindValue(digestSize);
+    if (m_state != State::Ready || !execute(sizes))
         return -1;
     const qint64 takenBack = jobTakenBackBy(runningJob);
     qint64 used = 0;
@@ -263,8 +272,9 @@ int HistoryStore::makeRoom(qint64 runningJob)
         const qint64 number = sizes.value(0).toLongLong();
         const qint64 size = sizes.value(1).toLongLong();
         // Once a job has to go, so have all before it.
+        const bool mayRun = sizes.value(2).toBool(); // in another program
         if ((used + size > m_limit || !dropped.isEmpty()) && number != runningJob &&
-            number != takenBack)
+            number != takenBack && !mayRun)
             dropped.append(number);
         else
             used += size;

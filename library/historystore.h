@@ -84,8 +84,8 @@ public:
     bool removeIfEmpty(qint64 job);
 
     /**
-     * Drops the oldest jobs until the limit holds, but for the one that runs and the one that it
-     * takes back. How many were dropped, or -1.
+     * Drops the oldest jobs until the limit holds, but for the one that runs, the one that it
+     * takes back, and those that may run in other programs. How many were dropped, or -1.
      */
     int makeRoom(qint64 runningJob);
 
