@@ -47,10 +47,21 @@ ExitStatus HistoryCommand::takeBack()
     m_history.begin(HistoryJob::Kind::TakeBack, job->number);
     const auto progress =
         m_terminal.openProgress({}, tr("Annullamento"), static_cast<int>(songs->size()));
-    const HistoryUndo::Report report =
-        JobUndo(store, m_terminal.progressOpener())
-            .takeBack(*job, *songs, m_request.changed.value_or(false), m_history.recorder(),
-                      *progress);
+    JobUndo undo(store, m_terminal.progressOpener());
+    // Later jobs may have given its songs other names.
+    QStringList names;
+    for (const HistoryJob &later : jobs) {
+        if (later.number <= job->number)
+            break;
+        const QList<HistorySong> laterSongs = store.songs(later.number);
+        for (const HistorySong &song : laterSongs) {
+            if (!song.newPath.isEmpty())
+                names.append(song.newPath);
+        }
+    }
+    undo.setKnownSongs(names);
+    const HistoryUndo::Report report = undo.takeBack(
+        *job, *songs, m_request.changed.value_or(false), m_history.recorder(), *progress);
     m_history.end();
     for (const QString &path : report.done) {
         m_writer.takenBack(path, {});

@@ -94,6 +94,7 @@ HistoryUndo::Report JobUndo::takeBack(const HistoryJob &job, const QList<History
         work.report.failed.append({root, tr("il database della memoria non è aggiornato")});
     // A job of which nothing could be taken back is still the last one.
     const bool isBegun = !work.report.done.isEmpty() || work.report.alreadyOld > 0;
+    // So is one of which a song was left alone that was changed since: it may be wished, too.
     const bool isFinished =
         !work.report.stopped && work.report.failed.size() == work.report.leftAlone;
     if (isBegun && isFinished && songs.size() >= job.songs)

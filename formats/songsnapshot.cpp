@@ -1,6 +1,7 @@
 #include "formats/songsnapshot.h"
 
 #include "formats/metasong.h"
+#include "formats/mp3header.h"
 #include "formats/mp3song.h"
 #include "formats/songnames.h"
 #include "formats/songreading.h"
@@ -98,6 +99,28 @@ bool SongSnapshot::isSound() const
     if (isTag)
         return bytes.isEmpty() || bytes.startsWith(songlayout::id3Magic);
     return QCryptographicHash::hash(bytes, QCryptographicHash::Blake2b_256) == digest;
+}
+
+bool SongSnapshot::fitsAudioOf(const QString &path) const
+{
+    if (!isTag)
+        return isSound();
+    QFile file(path);
+    if (!songreading::openRegularFile(file) || !isMp3File(file))
+        return false;
+    const std::optional<qint64> audio = Mp3Song::audioStart(file);
+    QCryptographicHash hash(QCryptographicHash::Blake2b_256);
+    hash.addData(bytes);
+    return audio && addAudio(hash, file, *audio) && hash.result() == digest;
+}
+
+bool SongSnapshot::endsWithItsTag() const
+{
+    if (!isTag || bytes.isEmpty())
+        return true;
+    Mp3Header tag;
+    return bytes.startsWith(songlayout::id3Magic) && tag.loadHeader(bytes) &&
+           qint64{tag.getAudioDataStartPos()} == bytes.size();
 }
 
 SaveFailure SongSnapshot::restore(const QString &path) const

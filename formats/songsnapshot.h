@@ -33,6 +33,15 @@ struct SongSnapshot {
     bool isSound() const;
 
     /**
+     * True when the kept bytes and the audio of the file at the path are together what the digest
+     * was made of. Of a file whose audio has changed since this is false, too.
+     */
+    bool fitsAudioOf(const QString &path) const;
+
+    /** False for a kept tag that says it is longer or shorter: audio would count for it, or not. */
+    bool endsWithItsTag() const;
+
+    /**
      * Gives the song at the path the kept bytes; an MP3 file keeps the audio that it has. None when
      * the file holds them. A failure leaves the file as it was, and so does a file that has become
      * an MP3 file, or is one no more.

@@ -24,6 +24,16 @@ constexpr qsizetype largestSong = qsizetype{64} << 20;
 /** With what compression can add to it. */
 constexpr qint64 largestBlob = qint64{80} << 20;
 
+/** Milliseconds; a job that has not ended by then was cut off. */
+constexpr qint64 longestRun = qint64{24} * 60 * 60 * 1000;
+
+/**
+ * Stands behind the digest of a song whose job was cut off: no file has such a digest, so that the
+ * song counts as changed since.
+ */
+constexpr char uncertainMark = '?';
+constexpr int digestSize = 32;
+
 /** True for a number that a job can be of; others come from a stranger or a later version. */
 bool isKind(int number)
 {
@@ -245,10 +255,15 @@ int HistoryStore::makeRoom(qint64 runningJob)
     if (m_room && *m_room >= 0)
         return 0;
     QSqlQuery sizes(m_connection.database());
-    if (m_state != State::Ready ||
-        !sizes.exec(QStringLiteral("SELECT number, coalesce((SELECT sum(length(bytes)) FROM songs "
-                                   "JOIN kept ON song = id WHERE job = number), 0) FROM jobs "
-                                   "ORDER BY number DESC")))
+    sizes.prepare(QStringLiteral(
+        "SELECT number, coalesce((SELECT sum(length(bytes)) FROM songs JOIN kept ON song = id "
+        "WHERE job = number), 0), abs(time - ?) < ? AND EXISTS (SELECT 1 FROM songs WHERE "
+        "job = number AND (new_digest IS NULL OR length(new_digest) > ?)) FROM jobs "
+        "ORDER BY number DESC"));
+    sizes.addBindValue(QDateTime::currentMSecsSinceEpoch());
+    sizes.addBindValue(longestRun);
+    sizes.addBindValue(digestSize);
+    if (m_state != State::Ready || !execute(sizes))
         return -1;
     const qint64 takenBack = jobTakenBackBy(runningJob);
     qint64 used = 0;
@@ -257,8 +272,9 @@ int HistoryStore::makeRoom(qint64 runningJob)
         const qint64 number = sizes.value(0).toLongLong();
         const qint64 size = sizes.value(1).toLongLong();
         // Once a job has to go, so have all before it.
+        const bool mayRun = sizes.value(2).toBool(); // in another program
         if ((used + size > m_limit || !dropped.isEmpty()) && number != runningJob &&
-            number != takenBack)
+            number != takenBack && !mayRun)
             dropped.append(number);
         else
             used += size;
@@ -398,8 +414,12 @@ void HistoryStore::settleSong(const HistorySong &song)
     if (!now || (now->digest == song.oldDigest) == song.newPath.isEmpty())
         return;
     const std::optional<SongSnapshot> old = snapshot(song);
-    end({{song.id, old ? old->info(song.path) : SongInfo(), now->info(place), now->size,
-          now->digest}});
+    // Whether the job has written the song, or somebody else later, nothing tells. A song that has
+    // the job's new name and its own bytes was renamed.
+    QByteArray digest = now->digest;
+    if (song.newPath.isEmpty())
+        digest.append(uncertainMark);
+    end({{song.id, old ? old->info(song.path) : SongInfo(), now->info(place), now->size, digest}});
 }
 
 /** The song as the job left it: as the next job found it, or as it is now. */
@@ -407,16 +427,21 @@ std::optional<SongSnapshot> HistoryStore::nextState(const HistorySong &song)
 {
     const QString place = song.newPath.isEmpty() ? song.path : song.newPath;
     QSqlQuery query(m_connection.database());
-    query.prepare(QStringLiteral("SELECT id FROM songs WHERE path = ? AND id > ? ORDER BY id "
-                                 "LIMIT 1"));
+    query.prepare(QStringLiteral("SELECT id, old_size, old_digest FROM songs WHERE path = ? AND "
+                                 "id > ? ORDER BY id LIMIT 1"));
     query.addBindValue(place);
     query.addBindValue(song.id);
     if (!execute(query) || !query.next())
         return SongSnapshot::of(place);
     HistorySong next;
     next.id = query.value(0).toLongLong();
+    // A job that renames keeps no bytes.
+    SongSnapshot found;
+    found.size = query.value(1).toLongLong();
+    found.digest = query.value(2).toByteArray();
     query.finish();
-    return snapshot(next);
+    const std::optional<SongSnapshot> whole = snapshot(next);
+    return whole ? *whole : found;
 }
 
 bool HistoryStore::execute(const QString &statement)

@@ -84,8 +84,8 @@ public:
     bool removeIfEmpty(qint64 job);
 
     /**
-     * Drops the oldest jobs until the limit holds, but for the one that runs and the one that it
-     * takes back. How many were dropped, or -1.
+     * Drops the oldest jobs until the limit holds, but for the one that runs, the one that it
+     * takes back, and those that may run in other programs. How many were dropped, or -1.
      */
     int makeRoom(qint64 runningJob);
 
@@ -102,8 +102,9 @@ public:
     std::optional<SongSnapshot> snapshot(const HistorySong &song);
 
     /**
-     * Finds out how the songs ended whose jobs were cut off between two steps. A job that runs
-     * meanwhile tells better afterwards.
+     * Finds out how the songs ended whose jobs were cut off between two steps. A song that has
+     * other bytes since may also have got them from somebody else: it counts as changed since. A
+     * job that runs meanwhile tells better afterwards.
      */
     void settle();
 

@@ -1,6 +1,7 @@
 #include "library/historyundo.h"
 
 #include "formats/metasong.h"
+#include "formats/songnames.h"
 #include "library/companion.h"
 #include "library/keepalive.h"
 #include "library/runreport.h"
@@ -78,7 +79,7 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
     Leftovers leftovers;
     struct Step {
         const HistorySong *song;
-        QString path;
+        Found found;
     };
     QList<Step> steps;
     int done = 0;
@@ -99,12 +100,12 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
             else if (found.state == State::Missing)
                 report.missing(placeAfter(song), tr("il file non c'è più"));
             else if (found.state == State::Changed && !alsoChanged)
-                report.leaveAlone(found.path, tr("è stata cambiata dopo"));
+                report.failed.append({found.path, tr("è stata cambiata dopo")});
             else if (found.state == State::Unreadable && !alsoChanged)
                 report.failed.append(
                     {found.path, RunReport::reasonText(loadFailureOf(found.path))});
             else
-                steps.append({&song, found.path});
+                steps.append({&song, found});
             if (steps.isEmpty() || steps.constLast().song != &song) {
                 progress.updateProgress(++done);
                 KeepAlive::processEventsNow();
@@ -120,14 +121,16 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
             report.stopped = report.stopped || progress.wasCanceled();
             if (report.stopped)
                 break;
-            leftovers.tidyBeside(step.path);
+            const QString path = step.found.path;
+            leftovers.tidyBeside(path);
             const bool isRename = !step.song->newPath.isEmpty();
-            const QString problem = isRename ? renameBack(*step.song, step.path, recorder, report)
-                                             : takeBackOne(*step.song, step.path, recorder, report);
+            const QString problem = isRename
+                                        ? renameBack(*step.song, path, recorder, report)
+                                        : takeBackOne(*step.song, step.found, recorder, report);
             if (problem.isEmpty())
-                report.done.append(isRename ? nameBefore(*step.song, step.path) : step.path);
+                report.done.append(isRename ? nameBefore(*step.song, path) : path);
             else
-                report.failed.append({step.path, problem});
+                report.failed.append({path, problem});
             progress.updateProgress(++done);
             KeepAlive::processEventsNow();
         }
@@ -137,11 +140,14 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
 }
 
 /** Why the song stays as it is; empty when it is as it was. */
-QString HistoryUndo::takeBackOne(const HistorySong &song, const QString &path,
+QString HistoryUndo::takeBackOne(const HistorySong &song, const Found &found,
                                  HistoryRecorder &recorder, Report &report)
 {
+    const QString &path = found.path;
     const std::optional<SongSnapshot> old = m_store.snapshot(song);
-    if (!old) {
+    // Only of a song that is as the job left it the audio tells whether the kept tag is whole.
+    const bool isAsLeft = found.state == State::AsLeft || found.state == State::Moved;
+    if (!old || !(isAsLeft ? old->fitsAudioOf(path) : old->endsWithItsTag())) {
         ++report.leftAlone; // it will be no better the next time
         return tr("la cronologia non la conserva più, o è danneggiata");
     }
@@ -160,6 +166,15 @@ QString HistoryUndo::renameBack(const HistorySong &song, const QString &path,
                                 HistoryRecorder &recorder, Report &report)
 {
     const QString target = nameBefore(song, path);
+    // A name is all that a renaming changes; anything else a stranger has put into the history.
+    const QFileInfo before(song.path);
+    const QFileInfo after(song.newPath);
+    if (QDir::cleanPath(before.path()) != QDir::cleanPath(after.path()) ||
+        !songnames::isSongName(target) ||
+        before.suffix().compare(after.suffix(), Qt::CaseInsensitive) != 0) {
+        ++report.leftAlone;
+        return tr("la cronologia non la conserva più, o è danneggiata");
+    }
     if (isTaken(target)) {
         ++report.leftAlone;
         return tr("il nome di prima è di un altro file");
@@ -195,6 +210,5 @@ QString HistoryUndo::renameSong(const QString &path, const QString &target)
 QString HistoryUndo::nameBefore(const HistorySong &song, const QString &path)
 {
     // A song that the user has put into another folder stays there.
-    return path == song.newPath ? song.path
-                                : QFileInfo(path).dir().filePath(QFileInfo(song.path).fileName());
+    return QFileInfo(path).dir().filePath(QFileInfo(song.path).fileName());
 }

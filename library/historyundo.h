@@ -48,12 +48,6 @@ public:
         int alreadyOld = 0;
         int leftAlone = 0; ///< of those that failed, those of which nothing else is to be expected
 
-        void leaveAlone(const QString &path, const QString &reason)
-        {
-            failed.append({path, reason});
-            ++leftAlone;
-        }
-
         /** A drive may be connected again; a song that is not in its folder is gone. */
         void missing(const QString &path, const QString &reason)
         {
@@ -90,7 +84,7 @@ public:
                     Progress &progress);
 
 private:
-    QString takeBackOne(const HistorySong &song, const QString &path, HistoryRecorder &recorder,
+    QString takeBackOne(const HistorySong &song, const Found &found, HistoryRecorder &recorder,
                         Report &report);
     QString renameBack(const HistorySong &song, const QString &path, HistoryRecorder &recorder,
                        Report &report);

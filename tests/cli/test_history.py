@@ -74,6 +74,17 @@ class HistoryTest(songs.CliTest):
         self.run_kavena("undo", "--changed", "yes", status=0)
         self.assertEqual(path.read_bytes(), before)
 
+    def test_a_song_that_got_another_name_since_is_found(self):
+        path = self.write("a.mid", songs.song("Old"))
+        before = path.read_bytes()
+        self.run_kavena("set", "--title", "New", "a.mid", status=0)
+        self.run_kavena("edit", "--rename", "%title", "--apply", "a.mid", status=0)
+        renamed = path.with_name("New.mid")
+        self.assertNotEqual(renamed.read_bytes(), before)
+        self.run_kavena("undo", "1", status=0)
+        self.assertEqual(renamed.read_bytes(), before)
+        self.assertFalse(path.exists())
+
     def test_without_a_history_nothing_is_changed_unless_it_is_wished(self):
         self.store.parent.mkdir(parents=True)
         self.store.write_bytes(b"x" * 5000)
@@ -141,7 +152,8 @@ class HistoryTest(songs.CliTest):
                     if job["job"] not in listed]
             self.assertEqual(sum(job["songs"] for job in jobs), len(changed))
             for job in jobs:
-                self.run_kavena("undo", str(job["job"]), status=0)
+                # Who wrote the songs of the last batch, nothing tells.
+                self.run_kavena("undo", str(job["job"]), "--changed", "yes", status=0)
             self.assertEqual({(self.music / name).read_bytes() for name in names}, {old})
         self.assertGreater(cut, 0, "no run was cut off between two songs")
 

@@ -99,6 +99,7 @@ private slots:
     void renameThatWasTakenBackCanBeTakenBack();
     void memoryInUseIsLeftAlone();
     void songThatWasChangedSinceCostsNoUpdate();
+    void jobOfWhichAChangedSongWasLeftAloneIsStillTheLast();
     void memoryWithoutIndexGetsNone();
     void cancelledTakingBackLeavesATrueIndexAndIsProposedAgain();
     void jobIsUndoneOnlyWhenAllOfItWasTakenBack();
@@ -186,6 +187,25 @@ void TestJobUndo::songThatWasChangedSinceCostsNoUpdate()
     QCOMPARE(reasonsOf(kept.takeBack(kept.store.jobs().constFirst(), true)), QStringList());
     QVERIFY(kept.store.jobs().constLast().isUndone);
     QVERIFY(memory.read(text("title.idx")).contains("AZZURRO"));
+}
+
+void TestJobUndo::jobOfWhichAChangedSongWasLeftAloneIsStillTheLast()
+{
+    const ListedMemory memory;
+    const QByteArray azzurro = memory.read(text("Azzurro.mid"));
+    Kept kept;
+    QVERIFY(kept.retitle(memory, {text("/Azzurro.mid"), text("/pop/Ciao.mp3")}));
+    memory.add(text("Azzurro.mid"), midi("Mine"));
+    memory.isLeftBroken();
+    const HistoryJob job = kept.store.jobs().constFirst();
+    const HistoryUndo::Report report = kept.takeBack(job);
+    QCOMPARE(report.done, QStringList(memory.path(text("pop/Ciao.mp3"))));
+    QCOMPARE(reasonsOf(report), QStringList(text("è stata cambiata dopo")));
+    QVERIFY(!kept.store.jobs().constLast().isUndone);
+
+    QCOMPARE(reasonsOf(kept.takeBack(job, true)), QStringList());
+    QCOMPARE(memory.read(text("Azzurro.mid")), azzurro);
+    QVERIFY(kept.store.jobs().constLast().isUndone);
 }
 
 void TestJobUndo::memoryWithoutIndexGetsNone()

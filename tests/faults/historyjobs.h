@@ -50,8 +50,9 @@ inline bool takeLastBack(const QString &history, const Say &say)
     ProgressRecord record;
     RecordedProgress progress(record, {}, {}, 0);
     const auto kept = recorder(store, HistoryJob::Kind::TakeBack, say, job->number);
+    // Who wrote the songs of a job that was cut off, nothing tells: they count as changed since.
     const HistoryUndo::Report report =
-        JobUndo(store, recordedBy(record)).takeBack(*job, written, false, *kept, progress);
+        JobUndo(store, recordedBy(record)).takeBack(*job, written, true, *kept, progress);
     for (const HistoryUndo::Failure &song : report.failed)
         say(failure, song.path + QStringLiteral(": ") + song.reason);
     return report.failed.isEmpty() && !report.stopped;

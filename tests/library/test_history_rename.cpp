@@ -52,6 +52,9 @@ private slots:
     void renameThatWasNotDoneIsNone();
     void otherSongAtTheNewNameIsNotTakenForIt();
     void copyThatTheJobWroteItselfIsNotTakenForAMovedSong();
+    void strangersOldNameMovesNoSong_data();
+    void strangersOldNameMovesNoSong();
+    void editThatWasCutOffCanBeTakenBackThoughTheSongWasRenamed();
 };
 
 void TestHistoryRename::songGetsItsOldNameAndItsPicturesToo()
@@ -185,6 +188,61 @@ void TestHistoryRename::copyThatTheJobWroteItselfIsNotTakenForAMovedSong()
     QCOMPARE(report.failed.constFirst().path, a);
     QCOMPARE(report.done, QStringList(d));
     QCOMPARE(samplesongs::readFile(d), kept.original.value(QStringLiteral("d.mid")));
+}
+
+void TestHistoryRename::strangersOldNameMovesNoSong_data()
+{
+    QTest::addColumn<QString>("oldName");
+    QTest::newRow("other folder") << QStringLiteral("sub/b.mp3");
+    QTest::newRow("no song's name") << QStringLiteral("b.desktop");
+    QTest::newRow("other kind of song") << QStringLiteral("b.mid");
+    QTest::newRow("folder above") << QStringLiteral("../b.mp3");
+}
+
+void TestHistoryRename::strangersOldNameMovesNoSong()
+{
+    QFETCH(QString, oldName);
+    RenamedLibrary kept;
+    QVERIFY(kept.rename());
+    QVERIFY(QDir().mkdir(kept.library.path(QStringLiteral("sub"))));
+    const HistoryJob job = kept.store.jobs().constFirst();
+    QList<HistorySong> songs = kept.store.songs(job.number);
+    songs.first().path = kept.library.path(QString()) + QLatin1Char('/') + oldName;
+    HistoryUndo undo(kept.store);
+    HistoryRecorder recorder(kept.store, HistoryJob::Kind::TakeBack,
+                             [](const QString &) { return false; });
+    CountingProgress progress;
+    const HistoryUndo::Report report = undo.takeBack(songs, true, recorder, progress);
+    QCOMPARE(report.failed.size(), 1);
+    QVERIFY(report.done.isEmpty());
+    QCOMPARE(samplesongs::readFile(kept.renamed), kept.original());
+    QVERIFY(!QFile::exists(songs.constFirst().path));
+}
+
+/** What renames keeps no bytes of the song, which could tell what the cut off job did. */
+void TestHistoryRename::editThatWasCutOffCanBeTakenBackThoughTheSongWasRenamed()
+{
+    KeptLibrary kept;
+    QCOMPARE(kept.store.open(), HistoryStore::State::Ready);
+    const QString path = kept.library.path(QStringLiteral("a.mid"));
+    const QString renamed = kept.library.path(QStringLiteral("new.mid"));
+    const auto number = kept.store.addJob(HistoryJob::Kind::Edit);
+    QCOMPARE(kept.store.addSongs(*number, {{path, {}, *SongSnapshot::of(path)}}).size(), 1);
+    QVERIFY(samplesongs::writeFile(path, syncfixture::midi(syncfixture::titled("cut"))));
+    // Here the program was killed.
+    {
+        HistoryRecorder recorder(kept.store, HistoryJob::Kind::Rename,
+                                 [](const QString &) { return false; });
+        QVERIFY(recorder.keepRenamed(path, renamed));
+        QCOMPARE(HistoryUndo::renameSong(path, renamed), QString());
+        recorder.written(path, {}, {});
+    }
+    kept.store.settle();
+    const QList<HistoryJob> jobs = kept.store.jobs();
+    QCOMPARE(jobs.size(), 2);
+    for (const HistoryJob &job : jobs)
+        QVERIFY(kept.takeBack(job, true).failed.isEmpty());
+    QCOMPARE(kept.bytes(), kept.original);
 }
 
 QTEST_GUILESS_MAIN(TestHistoryRename)

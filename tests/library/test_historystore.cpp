@@ -44,6 +44,7 @@ private slots:
     void oldestJobsGoWhenTheLimitIsReached();
     void runningJobIsNeverDropped();
     void jobThatWasCutOffTellsWhichSongsItWrote();
+    void jobThatRunsInAnotherProgramIsNotDropped();
     void damagedBytesAreNotWrittenIntoASong_data();
     void damagedBytesAreNotWrittenIntoASong();
     void hostileNumbersAndTextsAreSurvived();
@@ -178,6 +179,35 @@ void TestHistoryStore::jobThatWasCutOffTellsWhichSongsItWrote()
     kept.store.settle();
     QCOMPARE(kept.store.jobs().size(), 1);
     QCOMPARE(kept.store.jobs().first().songs, 1);
+    // Somebody else may have written it after the program was killed.
+    const QByteArray now = kept.library.bytes(QStringLiteral("a.mid"));
+    const HistoryUndo::Report report = kept.takeBack(kept.store.jobs().first());
+    QCOMPARE(report.failed.size(), 1);
+    QCOMPARE(report.failed.first().reason, QStringLiteral("è stata cambiata dopo"));
+    QCOMPARE(kept.library.bytes(QStringLiteral("a.mid")), now);
+    QVERIFY(kept.takeBack(kept.store.jobs().first(), true).failed.isEmpty());
+    QCOMPARE(kept.bytes(), kept.original);
+}
+
+void TestHistoryStore::jobThatRunsInAnotherProgramIsNotDropped()
+{
+    KeptLibrary kept;
+    const QString a = kept.library.path(QStringLiteral("a.mid"));
+    const QString d = kept.library.path(QStringLiteral("d.mid"));
+    const auto refuse = [](const QString &) { return false; };
+    HistoryStore other(pathIn(kept), 1);
+    {
+        HistoryRecorder running(kept.store, HistoryJob::Kind::Edit, refuse);
+        QVERIFY(running.keep({a}));
+        QVERIFY(samplesongs::writeFile(a, syncfixture::midi()));
+        QCOMPARE(other.open(), HistoryStore::State::Ready);
+        other.settle();
+        HistoryRecorder second(other, HistoryJob::Kind::Edit, refuse);
+        QVERIFY(second.keep({d}));
+        QCOMPARE(second.dropped(), 0);
+        running.written(a, {}, {});
+    }
+    QCOMPARE(kept.store.jobs().size(), 1);
     QVERIFY(kept.takeBack(kept.store.jobs().first()).failed.isEmpty());
     QCOMPARE(kept.bytes(), kept.original);
 }

@@ -181,8 +181,8 @@ void TestUserHistory::songWrittenTwiceAcrossACutHasBothStates()
     const QList<HistoryJob> jobs = kept.store.jobs();
     QCOMPARE(jobs.size(), 2);
     QCOMPARE(kept.store.songs(*number).first().after.title, QStringLiteral("cut"));
-    for (const HistoryJob &job : jobs)
-        QVERIFY(kept.takeBack(job).failed.isEmpty());
+    QVERIFY(kept.takeBack(jobs.first()).failed.isEmpty());
+    QVERIFY(kept.takeBack(jobs.last(), true).failed.isEmpty());
     QCOMPARE(kept.bytes(), kept.original);
 }
 
