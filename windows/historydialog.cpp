@@ -15,6 +15,7 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <memory>
 
 namespace
 {
@@ -162,13 +163,12 @@ void HistoryDialog::showFields(QTreeWidgetItem *item)
     if (!song.newPath.isEmpty())
         new QTreeWidgetItem(item, {tr("Nome file"), QFileInfo(song.path).fileName(),
                                    QFileInfo(song.newPath).fileName()});
-    for (int number = 0; number <= static_cast<int>(ChangePreview::Field::Key); ++number) {
-        const auto field = static_cast<ChangePreview::Field>(number);
+    for (const ChangePreview::Field field : songfields::all()) {
         const QString values[] = {songfields::text(song.before, field),
                                   songfields::text(song.after, field)};
         if (values[0].isEmpty() && values[1].isEmpty())
             continue;
-        auto *const line = new QTreeWidgetItem(item, {ChangePreview::fieldName(field)});
+        auto line = std::make_unique<QTreeWidgetItem>(QStringList{ChangePreview::fieldName(field)});
         for (const int column : {HistoryBefore, HistoryAfter}) {
             const QString &value = values[column - HistoryBefore];
             line->setText(column, value.isEmpty() ? ChangePreview::emptyValue() : value);
@@ -178,6 +178,7 @@ void HistoryDialog::showFields(QTreeWidgetItem *item)
             if (values[0] != values[1])
                 line->setFont(column, bold);
         }
+        item->addChild(line.release());
     }
 }
 
