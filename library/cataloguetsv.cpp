@@ -84,8 +84,8 @@ std::optional<Places> placesOf(const QStringList &cells)
     return places;
 }
 
-constexpr qint32 longestSong = 99 * 60 + 59; // seconds
-constexpr qint32 fastestSong = 999;          // beats per minute
+constexpr qint32 mostSeconds = 99 * 60 + 59; // seconds
+constexpr qint32 mostBeats = 999;            // beats per minute
 
 /** The table of the built-in catalogue has this word where a song has no value. */
 QString noValue(const QString &cell)
@@ -119,7 +119,7 @@ QString CatalogueTsv::read(const QStringList &cells, const std::array<qsizetype,
     const std::optional<qint32> bpm = numberIn(cell(Cell::Bpm));
     if (!length || !bpm)
         return tr("durata e tempo devono essere numeri");
-    if (*length > longestSong || *bpm > fastestSong)
+    if (*length > mostSeconds || *bpm > mostBeats)
         return tr("la durata va fino a 5999 secondi, il tempo fino a 999");
     const std::optional<QString> key = songfields::key(noValue(cell(Cell::Key)));
     if (!key)

@@ -4543,7 +4543,7 @@ Prepare the tag for the player first?</translation>
     </message>
     <message>
         <source>i marker non sono scritti nella forma battuta;testo;</source>
-        <translation>the sections (markers) are not written in the form bar;text;</translation>
+        <translation>the sections are not written in the form bar;text;</translation>
     </message>
 </context>
 <context>
