@@ -115,7 +115,8 @@ std::optional<QList<Marker>> CatalogueEntryDialog::markers() const
             continue;
         const qsizetype blank = line.indexOf(QLatin1Char(' '));
         bool isBar = false;
-        const quint16 bar = line.left(blank < 0 ? line.size() : blank).toUShort(&isBar);
+        const quint16 bar =
+            QStringView(line).left(blank < 0 ? line.size() : blank).toUShort(&isBar);
         if (!isBar)
             return std::nullopt;
         markers.append({bar, blank < 0 ? QString() : line.mid(blank + 1)});

@@ -126,9 +126,7 @@ void HistoryDialog::showSongs()
     const HistoryJob *const job = currentJob();
     m_songs = job == nullptr ? QList<HistorySong>() : m_history.store().songs(job->number);
     // A song that its job was about to write, and did not, is none of the job's.
-    m_songs.erase(std::remove_if(m_songs.begin(), m_songs.end(),
-                                 [](const HistorySong &song) { return song.newDigest.isEmpty(); }),
-                  m_songs.end());
+    m_songs.removeIf([](const HistorySong &song) { return song.newDigest.isEmpty(); });
     QList<QTreeWidgetItem *> items;
     items.reserve(m_songs.size());
     for (const HistorySong &song : std::as_const(m_songs)) {

@@ -209,11 +209,9 @@ void PrepareTagsDialog::apply()
                                static_cast<int>(chosen.size()), this);
         report = tagjob::run(chosen, history.get(), progress);
     }
-    m_songs.erase(std::remove_if(m_songs.begin(), m_songs.end(),
-                                 [&report](const tagjob::Song &song) {
-                                     return report.done.contains(song.preparation.path());
-                                 }),
-                  m_songs.end());
+    m_songs.removeIf([&report](const tagjob::Song &song) {
+        return report.done.contains(song.preparation.path());
+    });
     for (const tagjob::Failure &failure : std::as_const(report.failed))
         examineAnew(failure.path);
     if (!report.done.isEmpty())
