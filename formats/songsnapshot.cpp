@@ -114,13 +114,13 @@ bool SongSnapshot::fitsAudioOf(const QString &path) const
     return audio && addAudio(hash, file, *audio) && hash.result() == digest;
 }
 
-bool SongSnapshot::endsWithItsTag() const
+bool SongSnapshot::holdsItsTag() const
 {
     if (!isTag || bytes.isEmpty())
         return true;
-    Mp3Header tag;
-    return bytes.startsWith(songlayout::id3Magic) && tag.loadHeader(bytes) &&
-           qint64{tag.getAudioDataStartPos()} == bytes.size();
+    // What follows the tag, a second one perhaps, was kept with it.
+    return bytes.startsWith(songlayout::id3Magic) && bytes.size() >= Mp3Header::headerSize &&
+           Mp3Header::headerSize + qint64{Mp3Header().getId3TagSize(bytes)} <= bytes.size();
 }
 
 SaveFailure SongSnapshot::restore(const QString &path) const

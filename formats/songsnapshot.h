@@ -38,8 +38,8 @@ struct SongSnapshot {
      */
     bool fitsAudioOf(const QString &path) const;
 
-    /** False for a kept tag that says it is longer or shorter: audio would count for it, or not. */
-    bool endsWithItsTag() const;
+    /** False for a kept tag that says it is longer than what was kept: audio would count for it. */
+    bool holdsItsTag() const;
 
     /**
      * Gives the song at the path the kept bytes; an MP3 file keeps the audio that it has. None when
