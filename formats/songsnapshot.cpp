@@ -101,17 +101,19 @@ bool SongSnapshot::isSound() const
     return QCryptographicHash::hash(bytes, QCryptographicHash::Blake2b_256) == digest;
 }
 
-bool SongSnapshot::fitsAudioOf(const QString &path) const
+std::optional<bool> SongSnapshot::fitsAudioOf(const QString &path) const
 {
     if (!isTag)
         return isSound();
     QFile file(path);
-    if (!songreading::openRegularFile(file) || !isMp3File(file))
-        return false;
+    if (!songreading::openRegularFile(file))
+        return {};
     const std::optional<qint64> audio = Mp3Song::audioStart(file);
     QCryptographicHash hash(QCryptographicHash::Blake2b_256);
     hash.addData(bytes);
-    return audio && addAudio(hash, file, *audio) && hash.result() == digest;
+    if (!audio || !addAudio(hash, file, *audio))
+        return {};
+    return hash.result() == digest;
 }
 
 bool SongSnapshot::holdsItsTag() const

@@ -34,9 +34,10 @@ struct SongSnapshot {
 
     /**
      * True when the kept bytes and the audio of the file at the path are together what the digest
-     * was made of. Of a file whose audio has changed since this is false, too.
+     * was made of. Of a file whose audio has changed since this is false, too; nothing when the
+     * file cannot be read.
      */
-    bool fitsAudioOf(const QString &path) const;
+    std::optional<bool> fitsAudioOf(const QString &path) const;
 
     /** False for a kept tag that says it is longer than what was kept: audio would count for it. */
     bool holdsItsTag() const;

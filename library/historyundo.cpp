@@ -147,7 +147,12 @@ QString HistoryUndo::takeBackOne(const HistorySong &song, const Found &found,
     const std::optional<SongSnapshot> old = m_store.snapshot(song);
     // Only of a song that is as the job left it the audio tells whether the kept tag is whole.
     const bool isAsLeft = found.state == State::AsLeft || found.state == State::Moved;
-    if (!old || !(isAsLeft ? old->fitsAudioOf(path) : old->holdsItsTag())) {
+    std::optional<bool> isWhole = false;
+    if (old)
+        isWhole = isAsLeft ? old->fitsAudioOf(path) : old->holdsItsTag();
+    if (!isWhole)
+        return RunReport::reasonText(loadFailureOf(path));
+    if (!*isWhole) {
         ++report.leftAlone; // it will be no better the next time
         return tr("la cronologia non la conserva più, o è danneggiata");
     }

@@ -5,6 +5,7 @@
 #include "support/modalanswers.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QQueue>
 
@@ -61,8 +62,12 @@ private:
             dialog->reject();
             return true;
         }
+        const QStringList paths = m_picks.dequeue();
+        // The dialog adds files of the same names in the folder that it shows.
+        if (paths.size() > 1)
+            dialog->setDirectory(QFileInfo(paths.constFirst()).path());
         QStringList quoted;
-        for (const QString &path : m_picks.dequeue())
+        for (const QString &path : paths)
             quoted << QLatin1Char('"') + path + QLatin1Char('"');
         const bool several = quoted.size() > 1;
         const QString text = quoted.join(QLatin1Char(' '));
