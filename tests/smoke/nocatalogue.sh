@@ -17,6 +17,6 @@ soon window_named '^Achtung$' || fail "nothing was told: $(cat output.txt; xwini
 xdotool search --onlyvisible --name '^Achtung$' windowactivate --sync 2>/dev/null || true
 xdotool key Return
 soon no_window_named '^Achtung$' || fail "the box did not close"
-window_named '^RB27 Utility$' || fail "the window is gone"
+soon window_named '^RB27 Utility$' || fail "the window is gone"
 kill -0 $program || fail "the program ended: $(cat output.txt)"
 echo "start without a catalogue passed"
