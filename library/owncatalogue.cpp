@@ -169,38 +169,39 @@ OwnCatalogue::State OwnCatalogue::prepare(bool mayMake)
                      << version.lastError().text();
         return isThere ? stateAfter(version.lastError()) : State::Unwritable;
     }
-    const int found = version.value(0).toInt();
+    const bool isNewer = version.value(0).toInt() > catalogueVersion;
     version.finish();
-    if (found > catalogueVersion)
+    if (isNewer)
         return State::Newer;
     execute(QStringLiteral("PRAGMA trusted_schema = OFF"));
-    if (hasOwnLayout())
-        return State::Ready;
-    if (!mayMake)
-        return State::Damaged;
+    const State found = stateOfTables();
+    if (found != State::Absent || !mayMake)
+        return found;
     // Another program may make the table at the same time.
     const bool made = inOneStep([this] {
-        QSqlQuery items(m_connection.database());
-        const bool isEmpty = items.exec(QStringLiteral("SELECT count(*) FROM sqlite_schema")) &&
-                             items.next() && items.value(0).toInt() == 0;
-        items.finish();
-        return !isEmpty ||
+        return stateOfTables() != State::Absent ||
                (execute(createSongs) &&
                 execute(QStringLiteral("PRAGMA user_version = %1").arg(catalogueVersion)));
     });
-    if (!made)
-        return State::Unwritable;
-    return hasOwnLayout() ? State::Ready : State::Damaged;
+    return made ? stateOfTables() : State::Unwritable;
 }
 
-/** Exactly the table that this program makes: a stranger's views and triggers could do anything. */
-bool OwnCatalogue::hasOwnLayout()
+/**
+ * Ready for exactly the table that this program makes: a stranger's views and triggers could do
+ * anything. Absent for a file without any, as a full disk leaves it.
+ */
+OwnCatalogue::State OwnCatalogue::stateOfTables()
 {
     QSqlQuery items(m_connection.database());
-    return items.exec(QStringLiteral(
-               "SELECT name, sql FROM sqlite_schema WHERE name NOT LIKE 'sqlite_%'")) &&
-           items.next() && items.value(0).toString() == QLatin1String("Songs") &&
-           items.value(1).toString() == createSongs && !items.next();
+    if (!items.exec(
+            QStringLiteral("SELECT name, sql FROM sqlite_schema WHERE name NOT LIKE 'sqlite_%'")))
+        return stateAfter(items.lastError());
+    if (!items.next())
+        return items.lastError().isValid() ? stateAfter(items.lastError()) : State::Absent;
+    return items.value(0).toString() == QLatin1String("Songs") &&
+                   items.value(1).toString() == createSongs && !items.next()
+               ? State::Ready
+               : State::Damaged;
 }
 
 QString OwnCatalogue::problem(State state)

@@ -87,7 +87,7 @@ public:
 
 private:
     State prepare(bool mayMake);
-    bool hasOwnLayout();
+    State stateOfTables();
     bool putAll(const QList<SongsDbRecord> &entries);
     bool removeAll(const QStringList &filenames);
     template <typename Work>
