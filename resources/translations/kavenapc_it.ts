@@ -4668,6 +4668,10 @@ Preparare prima il tag per il player?</translation>
         <translation>La durata si scrive in minuti e secondi, per esempio 3:05.</translation>
     </message>
     <message>
+        <source>La tonalità non esiste.</source>
+        <translation>La tonalità non esiste.</translation>
+    </message>
+    <message>
         <source>Ogni riga dei marker ha una misura e un testo, per esempio: 9 Verse1</source>
         <translation>Ogni riga dei marker ha una misura e un testo, per esempio: 9 Verse1</translation>
     </message>

@@ -4668,6 +4668,10 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <translation>Die Dauer wird in Minuten und Sekunden geschrieben, zum Beispiel 3:05.</translation>
     </message>
     <message>
+        <source>La tonalità non esiste.</source>
+        <translation>Diese Tonart gibt es nicht.</translation>
+    </message>
+    <message>
         <source>Ogni riga dei marker ha una misura e un testo, per esempio: 9 Verse1</source>
         <translation>Jede Zeile der Abschnitte hat einen Takt und einen Text, zum Beispiel: 9 Verse1</translation>
     </message>

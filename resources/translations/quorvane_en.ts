@@ -4668,6 +4668,10 @@ Prepare the tag for the player first?</translation>
         <translation>The length is written in minutes and seconds, for example 3:05.</translation>
     </message>
     <message>
+        <source>La tonalità non esiste.</source>
+        <translation>There is no such key.</translation>
+    </message>
+    <message>
         <source>Ogni riga dei marker ha una misura e un testo, per esempio: 9 Verse1</source>
         <translation>Each line of the sections has a bar and a text, for example: 9 Verse1</translation>
     </message>
