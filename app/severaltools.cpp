@@ -2,7 +2,6 @@
 
 #include "app/actiongate.h"
 #include "app/songlist.h"
-#include "storage/safefile.h"
 #include "windows/busystate.h"
 #include "windows/editseveraldialog.h"
 #include "windows/renameseveraldialog.h"
@@ -62,7 +61,6 @@ SeveralTools::SeveralTools(QMainWindow *window, const Ui::MainWindow &form, Song
     connect(&model, &QAbstractItemModel::rowsRemoved, this, &SeveralTools::enable);
     connect(&model, &QAbstractItemModel::modelReset, this, &SeveralTools::enable);
     enable();
-    connect(&busy, &BusyState::ended, this, &SeveralTools::followHistory);
 }
 
 /** There is nothing to edit in an empty list. */
@@ -137,22 +135,18 @@ void SeveralTools::showRenamed(const Rows &rows, const QString &path, const QStr
         set(songcolumns::FileName, newPath);
         set(songcolumns::ShortName, newPath.section(QLatin1Char('/'), -1));
     }
-    m_otherNames.remove(path);
-    m_otherNames.insert(newPath, path);
     emit renamed(path, newPath);
 }
 
-/** Files whose names were taken back, or given again, while other work ran. */
-void SeveralTools::followHistory()
+void SeveralTools::followHistory(const QList<HistoryUndo::Renamed> &files)
 {
-    QHash<QString, QString> moved;
-    for (auto names = m_otherNames.cbegin(); names != m_otherNames.cend(); ++names) {
-        if (!isTaken(names.key()) && isTaken(names.value()))
-            moved.insert(names.key(), names.value());
+    Rows rows = rowsByPath();
+    for (const HistoryUndo::Renamed &file : files) {
+        showRenamed(rows, file.path, file.newPath);
+        // A song may have been renamed twice.
+        const QList<QPersistentModelIndex> places = rows.values(file.path);
+        rows.remove(file.path);
+        for (const QPersistentModelIndex &place : places)
+            rows.insert(file.newPath, place);
     }
-    if (moved.isEmpty())
-        return;
-    const Rows rows = rowsByPath();
-    for (auto names = moved.cbegin(); names != moved.cend(); ++names)
-        showRenamed(rows, names.key(), names.value());
 }

@@ -4,6 +4,7 @@
 #include "formats/savefailure.h"
 #include "formats/songinfo.h"
 #include "library/historyrecorder.h"
+#include "library/historyundo.h"
 
 #include <QHash>
 #include <QList>
@@ -44,6 +45,9 @@ public:
     /** Shows the window of the names. */
     void rename();
 
+    /** Files have their old names again: their rows get them, too. */
+    void followHistory(const QList<HistoryUndo::Renamed> &files);
+
 signals:
     /** A song's file has another name now. */
     void renamed(const QString &path, const QString &newPath);
@@ -56,7 +60,6 @@ private:
     void enable();
     void showTried(const Rows &rows, const SongInfo &now, SaveFailure failure);
     void showRenamed(const Rows &rows, const QString &path, const QString &newPath);
-    void followHistory();
 
     QMainWindow *const m_window;
     const Ui::MainWindow &m_form;
@@ -64,5 +67,4 @@ private:
     BusyState &m_busy;
     ActionGate &m_gate;
     OpenHistory m_openHistory;
-    QHash<QString, QString> m_otherNames; ///< of files that were renamed, by their present paths
 };

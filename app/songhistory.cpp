@@ -56,17 +56,23 @@ void SongHistory::takeLastBack()
                               QMessageBox::Yes | QMessageBox::No,
                               QMessageBox::Yes) != QMessageBox::Yes)
         return;
-    m_songs.showFiles(TakingBack::run(
-        m_history, {*job, m_history.store().songs(job->number), false}, listedFiles(), m_window));
+    showTakenBack(TakingBack::run(m_history, {*job, m_history.store().songs(job->number), false},
+                                  listedFiles(), m_window));
 }
 
 void SongHistory::show()
 {
     const BusyGuard busy(m_busy);
     HistoryDialog dialog(m_history, listedFiles(), m_window);
-    connect(&dialog, &HistoryDialog::takenBack, this,
-            [this](const QStringList &paths) { m_songs.showFiles(paths); });
+    connect(&dialog, &HistoryDialog::takenBack, this, &SongHistory::showTakenBack);
     dialog.exec();
+}
+
+void SongHistory::showTakenBack(const HistoryUndo::Report &report)
+{
+    if (!report.renamed.isEmpty())
+        emit renamed(report.renamed); // the rows have the names before they are read anew
+    m_songs.showFiles(report.done);
 }
 
 QStringList SongHistory::listedFiles() const

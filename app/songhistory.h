@@ -1,8 +1,10 @@
 // What the main window does with the history of the user's songs.
 #pragma once
 
+#include "library/historyundo.h"
 #include "library/userhistory.h"
 
+#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
@@ -38,8 +40,13 @@ public:
     /** Shows the window of the history. */
     void show();
 
+signals:
+    /** Files have their old names again. */
+    void renamed(const QList<HistoryUndo::Renamed> &files);
+
 private:
     QStringList listedFiles() const;
+    void showTakenBack(const HistoryUndo::Report &report);
 
     QMainWindow *const m_window;
     SongList &m_songs;

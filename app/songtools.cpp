@@ -15,6 +15,7 @@ SongTools::SongTools(QMainWindow *window, const Ui::MainWindow &form, SongList &
 {
     m_several->setHistory(history());
     connect(m_several, &SeveralTools::renamed, this, &SongTools::renamed);
+    connect(m_history, &SongHistory::renamed, m_several, &SeveralTools::followHistory);
 }
 
 OpenHistory SongTools::history()

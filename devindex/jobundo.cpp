@@ -53,6 +53,7 @@ struct JobUndo::Work {
     void add(const HistoryUndo::Report &part)
     {
         report.done += part.done;
+        report.renamed += part.renamed;
         report.failed += part.failed;
         report.alreadyOld += part.alreadyOld;
         report.leftAlone += part.leftAlone;

@@ -2,7 +2,6 @@
 
 #include "library/markertexts.h"
 #include "library/owncatalogue.h"
-#include "library/songfields.h"
 
 #include <QHash>
 #include <QStringDecoder>
@@ -84,9 +83,6 @@ std::optional<Places> placesOf(const QStringList &cells)
     return places;
 }
 
-constexpr qint32 mostSeconds = 99 * 60 + 59; // seconds
-constexpr qint32 mostBeats = 999;            // beats per minute
-
 /** The table of the built-in catalogue has this word where a song has no value. */
 QString noValue(const QString &cell)
 {
@@ -119,9 +115,9 @@ QString CatalogueTsv::read(const QStringList &cells, const std::array<qsizetype,
     const std::optional<qint32> bpm = numberIn(cell(Cell::Bpm));
     if (!length || !bpm)
         return tr("durata e tempo devono essere numeri");
-    if (*length > mostSeconds || *bpm > mostBeats)
+    if (*length > OwnCatalogue::longestSong || *bpm > OwnCatalogue::fastestTempo)
         return tr("la durata va fino a 5999 secondi, il tempo fino a 999");
-    const std::optional<QString> key = songfields::key(noValue(cell(Cell::Key)));
+    const std::optional<QString> key = OwnCatalogue::key(noValue(cell(Cell::Key)));
     if (!key)
         return tr("la tonalità non esiste");
     entry.title = cell(Cell::Title);

@@ -48,6 +48,16 @@ bool selectItems(QSqlQuery &items)
         "SELECT name, sql FROM sqlite_schema WHERE name NOT LIKE 'sqlite_%' ORDER BY name"));
 }
 
+/** True when another program kept the file for itself for as long as was waited. */
+bool isInUse(const QSqlError &error)
+{
+    constexpr int primaryCode = 0xff; // the bits above say more precisely why
+    constexpr int busy = 5;
+    constexpr int locked = 6;
+    const int code = error.nativeErrorCode().toInt() & primaryCode;
+    return code == busy || code == locked;
+}
+
 } // namespace
 
 historyschema::Content historyschema::contentOf(const QSqlDatabase &file)
@@ -66,7 +76,7 @@ historyschema::Content historyschema::contentOf(const QSqlDatabase &file)
     if (version > layoutVersion)
         return Content::Newer;
     if (!selectItems(query))
-        return Content::Foreign;
+        return isInUse(query.lastError()) ? Content::Unreadable : Content::Foreign;
     if (version == layoutVersion)
         return hasOwnTables(query) ? Content::Own : Content::Foreign;
     return version == 0 && !query.next() ? Content::Nothing : Content::Foreign;

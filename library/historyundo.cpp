@@ -187,10 +187,12 @@ QString HistoryUndo::renameBack(const HistorySong &song, const QString &path,
     if (!recorder.keepRenamed(path, target))
         return tr("la cronologia non può essere scritta");
     QString problem = m_rename ? m_rename(path, target) : renameSong(path, target);
-    if (QFileInfo(target).isFile() && !isTaken(path))
+    if (QFileInfo(target).isFile() && !isTaken(path)) {
         recorder.written(path, song.after, song.before);
-    else
+        report.renamed.append({path, target});
+    } else {
         recorder.forget(path);
+    }
     return problem;
 }
 

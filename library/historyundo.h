@@ -41,8 +41,15 @@ public:
         QString reason;
     };
 
+    /** A song that has its old name again. */
+    struct Renamed {
+        QString path; ///< where it was
+        QString newPath;
+    };
+
     struct Report {
         QStringList done; ///< where the songs lie now
+        QList<Renamed> renamed;
         QList<Failure> failed;
         bool stopped = false;
         int alreadyOld = 0;

@@ -3,17 +3,18 @@
 #include "library/cataloguemerge.h"
 #include "library/historystore.h"
 #include "library/markertexts.h"
+#include "library/songfields.h"
 #include "storage/diagnostics.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QUuid>
 #include <QVariant>
 
 #include <algorithm>
-#include <limits>
 
 namespace
 {
@@ -73,13 +74,11 @@ struct EntryColumn {
     enum Number { Title, Artist, Genre, Author, Length, Bpm, Key, FileName, Markers, AltArtist };
 };
 
-qint32 entryNumber(const QVariant &value)
+qint32 entryNumber(const QVariant &value, qint32 most)
 {
     bool isNumber = false;
     const qlonglong number = value.toLongLong(&isNumber);
-    return isNumber && number >= 0 && number <= std::numeric_limits<qint32>::max()
-               ? static_cast<qint32>(number)
-               : -1;
+    return isNumber && number >= 0 && number <= most ? static_cast<qint32>(number) : -1;
 }
 
 QVariant entryValue(qint32 number)
@@ -97,9 +96,9 @@ SongsDbRecord entryIn(const QSqlQuery &row)
     entry.artist = text(EntryColumn::Artist);
     entry.genre = text(EntryColumn::Genre);
     entry.author = text(EntryColumn::Author);
-    entry.length = entryNumber(row.value(EntryColumn::Length));
-    entry.bpm = entryNumber(row.value(EntryColumn::Bpm));
-    entry.key = text(EntryColumn::Key);
+    entry.length = entryNumber(row.value(EntryColumn::Length), OwnCatalogue::longestSong);
+    entry.bpm = entryNumber(row.value(EntryColumn::Bpm), OwnCatalogue::fastestTempo);
+    entry.key = OwnCatalogue::key(text(EntryColumn::Key)).value_or(QString());
     entry.filename = text(EntryColumn::FileName);
     entry.altartist = text(EntryColumn::AltArtist);
     const QString markers = row.value(EntryColumn::Markers).toString();
@@ -169,38 +168,39 @@ OwnCatalogue::State OwnCatalogue::prepare(bool mayMake)
                      << version.lastError().text();
         return isThere ? stateAfter(version.lastError()) : State::Unwritable;
     }
-    const int found = version.value(0).toInt();
+    const bool isNewer = version.value(0).toInt() > catalogueVersion;
     version.finish();
-    if (found > catalogueVersion)
+    if (isNewer)
         return State::Newer;
     execute(QStringLiteral("PRAGMA trusted_schema = OFF"));
-    if (hasOwnLayout())
-        return State::Ready;
-    if (!mayMake)
-        return State::Damaged;
+    const State found = stateOfTables();
+    if (found != State::Absent || !mayMake)
+        return found;
     // Another program may make the table at the same time.
     const bool made = inOneStep([this] {
-        QSqlQuery items(m_connection.database());
-        const bool isEmpty = items.exec(QStringLiteral("SELECT count(*) FROM sqlite_schema")) &&
-                             items.next() && items.value(0).toInt() == 0;
-        items.finish();
-        return !isEmpty ||
+        return stateOfTables() != State::Absent ||
                (execute(createSongs) &&
                 execute(QStringLiteral("PRAGMA user_version = %1").arg(catalogueVersion)));
     });
-    if (!made)
-        return State::Unwritable;
-    return hasOwnLayout() ? State::Ready : State::Damaged;
+    return made ? stateOfTables() : State::Unwritable;
 }
 
-/** Exactly the table that this program makes: a stranger's views and triggers could do anything. */
-bool OwnCatalogue::hasOwnLayout()
+/**
+ * Ready for exactly the table that this program makes: a stranger's views and triggers could do
+ * anything. Absent for a file without any, as a full disk leaves it.
+ */
+OwnCatalogue::State OwnCatalogue::stateOfTables()
 {
     QSqlQuery items(m_connection.database());
-    return items.exec(QStringLiteral(
-               "SELECT name, sql FROM sqlite_schema WHERE name NOT LIKE 'sqlite_%'")) &&
-           items.next() && items.value(0).toString() == QLatin1String("Songs") &&
-           items.value(1).toString() == createSongs && !items.next();
+    if (!items.exec(
+            QStringLiteral("SELECT name, sql FROM sqlite_schema WHERE name NOT LIKE 'sqlite_%'")))
+        return stateAfter(items.lastError());
+    if (!items.next())
+        return items.lastError().isValid() ? stateAfter(items.lastError()) : State::Absent;
+    return items.value(0).toString() == QLatin1String("Songs") &&
+                   items.value(1).toString() == createSongs && !items.next()
+               ? State::Ready
+               : State::Damaged;
 }
 
 QString OwnCatalogue::problem(State state)
@@ -356,6 +356,13 @@ bool OwnCatalogue::isValid(const SongsDbRecord &entry)
            markertexts::toText(entry.markers).size() <= longestMarkers;
 }
 
+std::optional<QString> OwnCatalogue::key(const QString &text)
+{
+    static const QRegularExpression keyOfTag(QStringLiteral("^[A-G][b#]?m$"));
+    const QString name = text.trimmed();
+    return keyOfTag.match(name).hasMatch() ? name : songfields::key(name);
+}
+
 SongsDbRecord OwnCatalogue::entryOf(const SongInfo &song)
 {
     SongsDbRecord entry;
@@ -364,9 +371,12 @@ SongsDbRecord OwnCatalogue::entryOf(const SongInfo &song)
     entry.altartist = entry.artist; // what the player shows comes back as it is
     entry.genre = song.genre.trimmed();
     entry.author = song.author.trimmed();
-    entry.length = song.length > 0 ? song.length : -1;
-    entry.bpm = song.userBpm > 0 ? song.userBpm : -1;
-    entry.key = song.key.trimmed();
+    const auto number = [](qint32 value, qint32 most) {
+        return value > 0 && value <= most ? value : -1;
+    };
+    entry.length = number(song.length, longestSong);
+    entry.bpm = number(song.userBpm, fastestTempo);
+    entry.key = key(song.key).value_or(QString());
     entry.markers = song.markers;
     entry.filename = CatalogueMerge::fileKey(song.shortName).trimmed();
     return entry;

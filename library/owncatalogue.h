@@ -12,6 +12,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 /**
  * An SQLite file in the folder of the user's data, which several programs may use at a time. It is
  * taken for what a stranger may have written: one with another layout, or one that is too large for
@@ -36,6 +38,8 @@ public:
     static constexpr qsizetype mostEntries = 100000;
     static constexpr qsizetype longestText = 1000;
     static constexpr qsizetype longestMarkers = 65536;
+    static constexpr qint32 longestSong = 99 * 60 + 59; ///< seconds
+    static constexpr qint32 fastestTempo = 999;         ///< beats per minute
 
     /** Where the user's catalogue lies, whichever of the programs asks. */
     static QString defaultPath();
@@ -82,12 +86,18 @@ public:
     /** True for an entry with a title and a file name, and no text without end. */
     static bool isValid(const SongsDbRecord &entry);
 
-    /** What the catalogue holds of a song. */
+    /**
+     * The key as the player names it, or as MP3 tags do, "F#m"; empty for none. Nothing for a text
+     * that is no key.
+     */
+    static std::optional<QString> key(const QString &text);
+
+    /** What the catalogue holds of a song; numbers and keys that no entry can have are left out. */
     static SongsDbRecord entryOf(const SongInfo &song);
 
 private:
     State prepare(bool mayMake);
-    bool hasOwnLayout();
+    State stateOfTables();
     bool putAll(const QList<SongsDbRecord> &entries);
     bool removeAll(const QStringList &filenames);
     template <typename Work>

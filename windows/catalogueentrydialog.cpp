@@ -50,7 +50,7 @@ SongsDbRecord CatalogueEntryDialog::entry() const
     entry.author = ui->authorLineEdit->text().trimmed();
     entry.length = length().value_or(-1);
     entry.bpm = tempo().value_or(-1);
-    entry.key = ui->keyLineEdit->text().trimmed();
+    entry.key = OwnCatalogue::key(ui->keyLineEdit->text()).value_or(QString());
     entry.filename = ui->fileLineEdit->text().trimmed().toUpper();
     entry.markers = markers().value_or(QList<Marker>());
     return entry;
@@ -67,6 +67,8 @@ void CatalogueEntryDialog::judge()
         reason = tr("La durata si scrive in minuti e secondi, per esempio 3:05.");
     else if (!tempo())
         reason = tr("Il tempo è un numero, per esempio 120.");
+    else if (!OwnCatalogue::key(ui->keyLineEdit->text()))
+        reason = tr("La tonalità non esiste.");
     else if (!markers())
         reason = tr("Ogni riga dei marker ha una misura e un testo, per esempio: 9 Verse1");
     else if (!OwnCatalogue::isValid(entry()))
@@ -78,8 +80,8 @@ void CatalogueEntryDialog::judge()
 /** In seconds, -1 for an empty field; nothing for what is no length. */
 std::optional<qint32> CatalogueEntryDialog::length() const
 {
-    constexpr uint mostMinutes = 9999;
     constexpr uint secondsInMinute = 60;
+    constexpr uint mostMinutes = OwnCatalogue::longestSong / secondsInMinute;
     const QString text = ui->lengthLineEdit->text().trimmed();
     if (text.isEmpty())
         return -1;

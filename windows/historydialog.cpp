@@ -223,11 +223,11 @@ void HistoryDialog::takeBack(const QList<HistorySong> &songs)
     if (job == nullptr || songs.isEmpty())
         return;
     m_check.stop();
-    const QStringList paths = TakingBack::run(
+    const HistoryUndo::Report report = TakingBack::run(
         m_history, {*job, songs, ui->changedCheckBox->isChecked()}, m_knownSongs, this);
     ui->changedCheckBox->setChecked(false);
     m_undo.setKnownSongs(m_knownSongs); // their sizes have changed
-    if (!paths.isEmpty())
-        emit takenBack(paths);
+    if (!report.done.isEmpty() || !report.renamed.isEmpty())
+        emit takenBack(report);
     showJobs();
 }

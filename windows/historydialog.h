@@ -33,8 +33,8 @@ public:
     ~HistoryDialog() override;
 
 signals:
-    /** These files are as they were before a job. */
-    void takenBack(const QStringList &paths);
+    /** Files are as they were before a job. */
+    void takenBack(const HistoryUndo::Report &report);
 
 private:
     void showJobs();

@@ -43,8 +43,8 @@ TakingBack::TakingBack(const HistoryUndo::Report &report, QWidget *parent)
             ->setObjectName(QStringLiteral("detailsPushButton"));
 }
 
-QStringList TakingBack::run(UserHistory &history, const Job &job, const QStringList &knownSongs,
-                            QWidget *parent)
+HistoryUndo::Report TakingBack::run(UserHistory &history, const Job &job,
+                                    const QStringList &knownSongs, QWidget *parent)
 {
     HistoryUndo::Report report;
     {
@@ -64,7 +64,7 @@ QStringList TakingBack::run(UserHistory &history, const Job &job, const QStringL
     if (box.clickedButton() != box.button(Ok) && !report.failed.isEmpty() &&
         box.clickedButton() != nullptr)
         details(report, parent)->exec();
-    return report.done;
+    return report;
 }
 
 std::unique_ptr<FileListDialog> TakingBack::details(const HistoryUndo::Report &report,

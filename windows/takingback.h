@@ -27,10 +27,10 @@ public:
 
     /**
      * Does it and shows the report; the known songs are those among which a moved one is looked
-     * for. Returns where the songs lie that are as before now. The history must be open.
+     * for. Returns what came of it. The history must be open.
      */
-    static QStringList run(UserHistory &history, const Job &job, const QStringList &knownSongs,
-                           QWidget *parent);
+    static HistoryUndo::Report run(UserHistory &history, const Job &job,
+                                   const QStringList &knownSongs, QWidget *parent);
 
     /** The songs that stayed as they are, each with the reason. */
     static std::unique_ptr<FileListDialog> details(const HistoryUndo::Report &report,

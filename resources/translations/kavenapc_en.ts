@@ -4679,6 +4679,10 @@ Prepare the tag for the player first?</translation>
         <source>Il tempo è un numero, per esempio 120.</source>
         <translation>The tempo is a number, for example 120.</translation>
     </message>
+    <message>
+        <source>La tonalità non esiste.</source>
+        <translation>There is no such key.</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueDialog</name>

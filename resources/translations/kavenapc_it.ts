@@ -4679,6 +4679,10 @@ Preparare prima il tag per il player?</translation>
         <source>Il tempo è un numero, per esempio 120.</source>
         <translation>Il tempo è un numero, per esempio 120.</translation>
     </message>
+    <message>
+        <source>La tonalità non esiste.</source>
+        <translation>La tonalità non esiste.</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueDialog</name>

@@ -4679,6 +4679,10 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <source>Il tempo è un numero, per esempio 120.</source>
         <translation>Das Tempo ist eine Zahl, zum Beispiel 120.</translation>
     </message>
+    <message>
+        <source>La tonalità non esiste.</source>
+        <translation>Diese Tonart gibt es nicht.</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueDialog</name>

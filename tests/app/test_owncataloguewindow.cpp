@@ -282,9 +282,13 @@ void TestOwnCatalogueWindow::whatIsNoEntryCannotBeSaved()
     };
     QVERIFY(refuses("titleLineEdit", s(" ")));
     QVERIFY(refuses("fileLineEdit", QString()));
-    for (const char *length : {"3", "3:60", "x:y", ":", "1:2:3", "-1:00"})
+    for (const char *length : {"3", "3:60", "x:y", ":", "1:2:3", "-1:00", "100:00"})
         QVERIFY2(refuses("lengthLineEdit", s(length)), length);
-    QVERIFY(refuses("tempoLineEdit", s("x")));
+    for (const char *tempo : {"x", "-1"})
+        QVERIFY2(refuses("tempoLineEdit", s(tempo)), tempo);
+    QVERIFY(refuses("keyLineEdit", s("H")));
+    child<QLineEdit>(&dialog, "keyLineEdit")->setText(s("A -"));
+    QCOMPARE(dialog.entry().key, s("A-"));
     auto *const markers = child<QPlainTextEdit>(&dialog, "markersPlainTextEdit");
     for (const char *text : {"Intro", "70000 Coda", "-1 A"}) {
         markers->setPlainText(s(text));

@@ -19,6 +19,7 @@ private slots:
 
     void filesAreRenamedAndTheListAndTheSelectionFollow();
     void listFollowsNamesThatAreTakenBack();
+    void listFollowsNamesThatAnEarlierRunGave();
     void tickedFilesAloneAreRenamed();
     void nameThatWasTakenSinceIsTold();
 };
@@ -63,6 +64,28 @@ void TestSeveralToolsRename::listFollowsNamesThatAreTakenBack()
     QVERIFY(QFile::exists(m_volare));
     QVERIFY(rowOf(m_volare) >= 0);
     m_window->importUserLibrary();
+    QCOMPARE(m_window->model()->goodRowCount(), 3);
+}
+
+void TestSeveralToolsRename::listFollowsNamesThatAnEarlierRunGave()
+{
+    const QString renamed = m_songs->filePath(QStringLiteral("one.mid"));
+    {
+        UserHistory history([](const QString &) { return false; }, {});
+        const auto earlier = history.recorder(HistoryJob::Kind::Rename);
+        QVERIFY(earlier->keepRenamed(m_volare, renamed));
+        QVERIFY(QFile::rename(m_volare, renamed));
+        earlier->written(m_volare, {}, {});
+    }
+    m_window->setSelectedFiles({renamed, m_aida, m_other});
+    m_window->importUserLibrary();
+    takeLastBack();
+    QVERIFY(QFile::exists(m_volare));
+    QVERIFY(rowOf(renamed) < 0);
+    const int row = rowOf(m_volare);
+    QVERIFY(row >= 0);
+    QCOMPARE(m_window->model()->shortName(row), QStringLiteral("Mina - Volare.mid"));
+    m_window->importUserLibrary(); // backup and transfer follow, too
     QCOMPARE(m_window->model()->goodRowCount(), 3);
 }
 

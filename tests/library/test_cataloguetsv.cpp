@@ -3,6 +3,7 @@
 #include "library/owncatalogue.h"
 #include "support/catalogueentries.h"
 
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace catalogueentries;
@@ -19,6 +20,7 @@ private slots:
     void strangeLinesAreNamed_data();
     void strangeLinesAreNamed();
     void valuesThatASongCanHaveAreRead();
+    void everyEntryCanBeExportedAndImported();
     void endlessTableIsCutAndSaysSo();
 };
 
@@ -114,6 +116,37 @@ void TestCatalogueTsv::valuesThatASongCanHaveAreRead()
     QCOMPARE(table.problems, QStringList());
     QCOMPARE(allOf(table.entries),
              (QStringList{s("T|R|L|G|U|5999|999|A-|A|"), s("T|R|L|G|U|0|0||B|1;Intro;")}));
+}
+
+/** What the table for other people refuses is in no entry, wherever the entry comes from. */
+void TestCatalogueTsv::everyEntryCanBeExportedAndImported()
+{
+    SongInfo song;
+    song.title = s("T");
+    song.shortName = s("long.mp3");
+    song.length = 7200;
+    song.userBpm = 1500;
+    song.key = s("8A");
+    SongInfo other = song;
+    other.shortName = s("other.mp3");
+    other.length = 5999;
+    other.userBpm = 999;
+    other.key = s("F#m");
+    SongsDbRecord strange = entry("STRANGE", "T");
+    strange.length = 6000;
+    strange.bpm = 1000;
+    strange.key = s("H");
+    const QTemporaryDir folder;
+    OwnCatalogue own(folder.filePath(s("catalogue.sqlite")));
+    QCOMPARE(own.openOrMake(), OwnCatalogue::State::Ready);
+    QVERIFY(own.put({OwnCatalogue::entryOf(song), OwnCatalogue::entryOf(other), strange}));
+    const QList<SongsDbRecord> entries = own.entries();
+    QCOMPARE(allOf(entries),
+             (QStringList{s("T|||||-1|-1||LONG|"), s("T|||||5999|999|F#m|OTHER|"),
+                          s("T|Me|Me|OWN|Myself|-1|-1||STRANGE|1;Intro;9;Verse;")}));
+    const CatalogueTsv table = CatalogueTsv::parse(CatalogueTsv::text(entries));
+    QCOMPARE(table.problems, QStringList());
+    QCOMPARE(allOf(table.entries), allOf(entries));
 }
 
 void TestCatalogueTsv::endlessTableIsCutAndSaysSo()

@@ -51,6 +51,7 @@ private slots:
     void cleanup();
 
     void absentCatalogueIsNotMade();
+    void emptyFileIsAnAbsentCatalogue();
     void entriesComeBackAsTheyWere();
     void entryReplacesTheOneOfItsName();
     void changedEntryMayGetAnotherName();
@@ -196,6 +197,23 @@ void TestOwnCatalogue::searchFindsAnyTextInWhateverCase()
     QCOMPARE(own.find(s("myself")).size(), 2);
     QCOMPARE(own.find(QString()).size(), 2);
     QCOMPARE(own.find(s("nothing")).size(), 0);
+}
+
+/** As a full disk leaves it, or another program that is just making it. */
+void TestOwnCatalogue::emptyFileIsAnAbsentCatalogue()
+{
+    m_folder->write(s("catalogue.sqlite"), QByteArray());
+    OwnCatalogue own(path());
+    QCOMPARE(own.open(), State::Absent);
+    QVERIFY(own.problem().isEmpty());
+    QVERIFY(own.entries().isEmpty());
+    QCOMPARE(QFileInfo(path()).size(), 0);
+    QVERIFY(CatalogueMerge(*m_database, path()).problem().isEmpty());
+    QVERIFY(run(path(), {s("create table other (a)"), s("drop table other")}));
+    QCOMPARE(own.open(), State::Absent);
+    QCOMPARE(own.openOrMake(), State::Ready);
+    QVERIFY(own.put({entry("A", "1")}));
+    QCOMPARE(own.entries().size(), 1);
 }
 
 void TestOwnCatalogue::unusableFilesAreRefusedAndStay_data()
