@@ -184,11 +184,7 @@ QList<SongInfoIndex> MemorySongs::readIndex()
     QList<SongInfoIndex> entries;
     m_indexState = IndexState::Absent;
     m_indexTime = {};
-    const bool isComplete =
-        std::all_of(indexfiles::all.begin(), indexfiles::all.end(), [this](QLatin1String name) {
-            return QFileInfo(m_root % folderSlash % name).isFile();
-        });
-    if (!isComplete)
+    if (!IndexLoader::areFilesThere(m_root))
         return entries;
     m_indexTime = QFileInfo(m_root % folderSlash % indexfiles::count).lastModified();
     m_indexState = IndexLoader(m_root, entries).load() ? IndexState::Whole : IndexState::Damaged;
