@@ -270,9 +270,8 @@ void MemorySongs::take(MemorySong &song, const SongInfoIndex &entry) const
 void MemorySongs::addMissing(const SongInfoIndex &entry)
 {
     const bool isHidden =
-        std::any_of(m_unreadable.cbegin(), m_unreadable.cend(), [&entry](const QString &folder) {
-            return entry.path.startsWith(folder + folderSlash, Qt::CaseInsensitive);
-        });
+        std::any_of(m_unreadable.cbegin(), m_unreadable.cend(),
+                    [&entry](const QString &folder) { return isBelowFolder(entry.path, folder); });
     MemorySong song;
     song.info = entry;
     song.info.fullPath = m_root % entry.path;
