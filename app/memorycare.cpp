@@ -177,7 +177,8 @@ void MemoryCare::mendPlaylists()
 {
     if (!isThere() ||
         !confirm(tr("Le song perdute tornano nelle playlist, dove l'ultimo aggiornamento ha "
-                    "annotato quali erano. Il resto delle playlist non cambia. Procedere?")))
+                    "annotato quali erano. Il resto delle playlist non cambia. Procedere?")) ||
+        !isThere())
         return;
     const QString root = m_window.contents()->root();
     const auto report = resultOf<PlaylistRepair::Report>();

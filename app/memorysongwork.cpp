@@ -92,16 +92,21 @@ MemorySongWork::~MemorySongWork() = default;
 QList<MemorySong> MemorySongWork::filesOf(const QList<qsizetype> &songs) const
 {
     QList<MemorySong> files;
+    bool isAnyHidden = false;
     for (const qsizetype song : songs) {
         const MemorySong &listed = m_window.contents()->songs().at(song);
+        isAnyHidden = isAnyHidden || listed.state == MemorySong::State::Unreadable;
         if (listed.state != MemorySong::State::Gone &&
             listed.state != MemorySong::State::Unreadable)
             files.append(listed);
     }
     if (files.isEmpty())
-        QMessageBox::information(&m_window, tr("Memoria"),
-                                 tr("Di queste song non c'è più il file. \"Aggiorna\" nella "
-                                    "scheda \"Controllo\" le toglie dal database."));
+        QMessageBox::information(
+            &m_window, tr("Memoria"),
+            isAnyHidden ? tr("Queste song sono in cartelle che non si possono leggere: controllare "
+                             "la memoria con gli strumenti del sistema.")
+                        : tr("Di queste song non c'è più il file. \"Aggiorna\" nella scheda "
+                             "\"Controllo\" le toglie dal database."));
     return files;
 }
 
@@ -290,7 +295,7 @@ void MemorySongWork::copy(const QList<qsizetype> &songs)
     const QString folder = QFileDialog::getExistingDirectory(
         &m_window, tr("Scegli cartella"),
         QStandardPaths::writableLocation(QStandardPaths::MusicLocation));
-    if (folder.isEmpty())
+    if (folder.isEmpty() || !m_care.isThere()) // the memory may have been pulled meanwhile
         return;
     BackgroundJob &job = m_window.job();
     const QString root = m_window.contents()->root();

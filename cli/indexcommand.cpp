@@ -2,7 +2,9 @@
 
 #include "cli/songpaths.h"
 #include "devindex/index.h"
+#include "devindex/indexloader.h"
 #include "devindex/memorycheck.h"
+#include "devindex/songchanges.h"
 #include "storage/folderid.h"
 #include "storage/memorylock.h"
 
@@ -68,7 +70,8 @@ ExitStatus IndexCommand::build(const QString &root)
     else if (m_terminal.isStopped())
         return stopped(root, index);
     else
-        m_terminal.fail(root, index.filesFound == 0
+        m_terminal.fail(root, IndexLoader::isDamaged(root) ? SongChanges::damagedText()
+                              : index.filesFound == 0
                                   ? tr("Nessuna song nella memoria")
                                   : QCoreApplication::translate(
                                         "IndexDialog",

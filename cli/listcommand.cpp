@@ -13,15 +13,17 @@ ExitStatus ListCommand::run()
     const std::optional<QString> root = SongPaths::memory(m_request.paths.constFirst(), m_terminal);
     if (!root)
         return ExitStatus::NothingDone;
+    // What another program has half written fits together only by chance. A memory that cannot be
+    // locked cannot be written to either.
+    MemoryLock lock(*root);
+    if (!lock.take() && lock.isHeldByOther())
+        return m_terminal.refuse(*root, lock.message());
     return m_request.duplicates ? listDuplicates(*root) : listSongs(*root);
 }
 
 /** Of the songs that lie on the memory, whether or not they are in its index. */
 ExitStatus ListCommand::listDuplicates(const QString &root)
 {
-    MemoryLock lock(root);
-    if (!lock.take() && lock.isHeldByOther())
-        return m_terminal.refuse(root, lock.message());
     const FolderId before = folderIdOf(root);
     const auto hasGone = [&] { return before.isEmpty() || folderIdOf(root) != before; };
     const auto progress = m_terminal.openProgress({}, tr("Lettura della memoria"), 0);

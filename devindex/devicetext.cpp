@@ -166,6 +166,13 @@ QString textFromIbm850(const QByteArray &bytes)
     return text;
 }
 
+bool isBelowFolder(const QString &indexedPath, const QString &folder)
+{
+    const QString start = folder + QLatin1Char('/');
+    return indexedPath.startsWith(start, Qt::CaseInsensitive) ||
+           indexedPath.startsWith(textFromIbm850(ibm850FromText(start)), Qt::CaseInsensitive);
+}
+
 QByteArray pathSortKey(const QString &path)
 {
     if (!isLatin1(path))

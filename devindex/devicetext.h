@@ -29,6 +29,12 @@ QByteArray ibm850FromText(const QString &text);
 QString textFromIbm850(const QByteArray &bytes);
 
 /**
+ * True for a song below the folder, by its path as it stands in an index, which may hold "?" for
+ * characters of the folder. Both paths begin with "/"; an empty folder is the root.
+ */
+bool isBelowFolder(const QString &indexedPath, const QString &folder);
+
+/**
  * The bytes by which the player orders paths: the upper-cased path in IBM 850, compared as unsigned
  * characters.
  */

@@ -82,13 +82,9 @@ void IndexBuild::refresh(SongInfoIndex &entry, const SongAdder *scanned)
 /** True when the song may still lie in a folder that could not be read. */
 bool IndexBuild::isHidden(const SongInfoIndex &entry) const
 {
-    const auto holds = [&entry](const QString &folder) {
-        // As the path stands in an index, with "?" for characters that it cannot hold.
-        const QString start = textFromIbm850(ibm850FromText(folder)) + QLatin1Char('/');
-        return entry.path.startsWith(start, Qt::CaseInsensitive) ||
-               entry.path.startsWith(folder + QLatin1Char('/'), Qt::CaseInsensitive);
-    };
-    return std::any_of(m_state.unreadFolders.cbegin(), m_state.unreadFolders.cend(), holds);
+    return std::any_of(
+        m_state.unreadFolders.cbegin(), m_state.unreadFolders.cend(),
+        [&entry](const QString &folder) { return isBelowFolder(entry.path, folder); });
 }
 
 void IndexBuild::readNew(SongInfoIndex &entry)

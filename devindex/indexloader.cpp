@@ -5,6 +5,7 @@
 #include "devindex/indexrecords.h"
 #include "storage/recordfile.h"
 
+#include <QFileInfo>
 #include <QStringBuilder>
 
 #include <algorithm>
@@ -30,6 +31,19 @@ bool IndexLoader::loadPathsAlone()
         return true;
     m_entries.clear();
     return false;
+}
+
+bool IndexLoader::areFilesThere(const QString &root)
+{
+    return std::all_of(indexfiles::all.begin(), indexfiles::all.end(), [&root](QLatin1String name) {
+        return QFileInfo(root % QLatin1Char('/') % name).isFile();
+    });
+}
+
+bool IndexLoader::isDamaged(const QString &root)
+{
+    QList<SongInfoIndex> songs;
+    return areFilesThere(root) && !IndexLoader(root, songs).load();
 }
 
 bool IndexLoader::loadPaths()

@@ -31,6 +31,12 @@ public:
      */
     bool loadPathsAlone();
 
+    /** True for a root with all files of an index, whatever is in them. */
+    static bool areFilesThere(const QString &root);
+
+    /** True for a root with all files of an index, from which load() gets none. */
+    static bool isDamaged(const QString &root);
+
 private:
     bool loadPaths();
     bool loadTitles();

@@ -184,11 +184,7 @@ QList<SongInfoIndex> MemorySongs::readIndex()
     QList<SongInfoIndex> entries;
     m_indexState = IndexState::Absent;
     m_indexTime = {};
-    const bool isComplete =
-        std::all_of(indexfiles::all.begin(), indexfiles::all.end(), [this](QLatin1String name) {
-            return QFileInfo(m_root % folderSlash % name).isFile();
-        });
-    if (!isComplete)
+    if (!IndexLoader::areFilesThere(m_root))
         return entries;
     m_indexTime = QFileInfo(m_root % folderSlash % indexfiles::count).lastModified();
     m_indexState = IndexLoader(m_root, entries).load() ? IndexState::Whole : IndexState::Damaged;
@@ -274,9 +270,8 @@ void MemorySongs::take(MemorySong &song, const SongInfoIndex &entry) const
 void MemorySongs::addMissing(const SongInfoIndex &entry)
 {
     const bool isHidden =
-        std::any_of(m_unreadable.cbegin(), m_unreadable.cend(), [&entry](const QString &folder) {
-            return entry.path.startsWith(folder + folderSlash, Qt::CaseInsensitive);
-        });
+        std::any_of(m_unreadable.cbegin(), m_unreadable.cend(),
+                    [&entry](const QString &folder) { return isBelowFolder(entry.path, folder); });
     MemorySong song;
     song.info = entry;
     song.info.fullPath = m_root % entry.path;

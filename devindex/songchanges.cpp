@@ -210,10 +210,14 @@ QString SongChanges::whyNotBuilt(const Index &index) const
     if (!isThere())
         return tr("La memoria non è più collegata.");
     if (index.filesFound == 0)
-        return index.checkIndexFile() ? tr("Il database della memoria è danneggiato: rigenerarlo.")
-                                      : tr("Nella memoria non ci sono song.");
+        return index.checkIndexFile() ? damagedText() : tr("Nella memoria non ci sono song.");
     return tr("Non è stato possibile aggiornare il database. Assicurarsi che la memoria abbia "
               "spazio libero e che non sia protetta da scrittura.");
+}
+
+QString SongChanges::damagedText()
+{
+    return tr("Il database della memoria è danneggiato: rigenerarlo.");
 }
 
 /** False when the memory was pulled; its folder may still be there, on the system disk. */

@@ -83,6 +83,9 @@ public:
     /** Changes no song: makes the index anew. Playlists keep their songs. */
     Report rebuildIndex();
 
+    /** What to tell the user of an index that cannot be brought up to date. */
+    static QString damagedText();
+
 private:
     using Work = std::function<bool(QList<SongInfoIndex> &entries, Report &report)>;
     using IndexWork =

@@ -2,8 +2,10 @@
 
 #include "devindex/folderrules.h"
 #include "devindex/index.h"
+#include "devindex/indexloader.h"
 #include "devindex/memorydevice.h"
 #include "devindex/sizetext.h"
+#include "devindex/songchanges.h"
 #include "devindex/transferplanner.h"
 #include "storage/diagnostics.h"
 #include "storage/safefile.h"
@@ -200,6 +202,7 @@ bool Transfer::updateKavenaIndex(const QString &path)
 /** A removal runs while there is no index, or not at all. */
 bool Transfer::updateIndex(const QString &root, const std::function<bool()> &removal)
 {
+    m_isIndexDamaged = false;
     // The folder of a memory that was pulled out may still be there.
     const QByteArray device = memoryDevice(root);
     if (device.isEmpty() || device != m_device)
@@ -238,7 +241,10 @@ bool Transfer::updateIndex(const QString &root, const std::function<bool()> &rem
             return isOnMedium;
         });
     open();
-    return index.updateIndex(root);
+    if (index.updateIndex(root))
+        return true;
+    m_isIndexDamaged = IndexLoader::isDamaged(root);
+    return false;
 }
 
 /** An accepted folder, without a slash at its end; nothing ends the transfer. */
@@ -416,6 +422,8 @@ QStringList Transfer::indexLines(bool indexed) const
     QStringList lines;
     if (!indexed)
         lines.append(tr("Il database della memoria non è stato aggiornato."));
+    if (m_isIndexDamaged)
+        lines.append(SongChanges::damagedText());
     if (!m_indexProblems.isEmpty())
         lines.append(tr("Song della memoria con problemi: %1").arg(m_indexProblems.size()));
     return lines;

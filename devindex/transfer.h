@@ -173,5 +173,6 @@ private:
     qsizetype m_changedSongs = 0;
     QByteArray m_device;                   ///< of the memory that the job is about
     QList<PlanExecution::Named> m_present; ///< songs that were left out, since they are there
+    bool m_isIndexDamaged = false;         ///< the last update of an index found it so, and left it
     QStringList m_indexProblems; ///< what the last update of an index said about single songs
 };

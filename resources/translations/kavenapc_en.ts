@@ -2942,6 +2942,10 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
         <translation>These songs have no files any more. &quot;Update&quot; on the page &quot;Check&quot; takes them out of the song index.</translation>
     </message>
     <message>
+        <source>Queste song sono in cartelle che non si possono leggere: controllare la memoria con gli strumenti del sistema.</source>
+        <translation>These songs are in folders that cannot be read: check the memory with the tools of the operating system.</translation>
+    </message>
+    <message>
         <source>un altro programma l&apos;ha cambiata: rileggere la memoria</source>
         <translation>another program has changed it: read the memory again</translation>
     </message>

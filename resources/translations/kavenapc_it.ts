@@ -2942,6 +2942,10 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
         <translation>Di queste song non c&apos;è più il file. &quot;Aggiorna&quot; nella scheda &quot;Controllo&quot; le toglie dal database.</translation>
     </message>
     <message>
+        <source>Queste song sono in cartelle che non si possono leggere: controllare la memoria con gli strumenti del sistema.</source>
+        <translation>Queste song sono in cartelle che non si possono leggere: controllare la memoria con gli strumenti del sistema.</translation>
+    </message>
+    <message>
         <source>un altro programma l&apos;ha cambiata: rileggere la memoria</source>
         <translation>un altro programma l&apos;ha cambiata: rileggere la memoria</translation>
     </message>

@@ -2942,6 +2942,10 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
         <translation>Von diesen Songs gibt es keine Datei mehr. &quot;Aktualisieren&quot; auf der Seite &quot;Prüfung&quot; nimmt sie aus dem Songverzeichnis.</translation>
     </message>
     <message>
+        <source>Queste song sono in cartelle che non si possono leggere: controllare la memoria con gli strumenti del sistema.</source>
+        <translation>Diese Songs liegen in Ordnern, die nicht gelesen werden können: bitte den Speicher mit den Mitteln des Betriebssystems prüfen.</translation>
+    </message>
+    <message>
         <source>un altro programma l&apos;ha cambiata: rileggere la memoria</source>
         <translation>ein anderes Programm hat ihn geändert: bitte den Speicher neu lesen</translation>
     </message>

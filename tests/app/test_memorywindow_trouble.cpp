@@ -2,10 +2,12 @@
 // beside the main window; and eject.
 #include "devindex/udisksejector.h"
 #include "storage/memorylock.h"
+#include "support/faults.h"
 #include "support/openmemorywindow.h"
 #include "support/privatebus.h"
 #include "support/smallmemory.h"
 
+#include <QFileDialog>
 #include <QProgressBar>
 #include <QSemaphore>
 #include <QTranslator>
@@ -26,6 +28,9 @@ private slots:
 
     void vanishedMemoryIsTold();
     void memoryThatVanishesAtTheQuestionLosesNothing();
+    void memoryThatVanishesWhileAFolderIsChosenIsTold();
+    void memoryThatVanishesBeforeItsPlaylistsAreMendedIsTold();
+    void songsInAFolderThatCannotBeReadAreNotCalledGone();
     void memoryInUseIsLeftAlone();
     void memoryInUseIsNotRead();
     void folderOfTheComputerIsNotChanged();
@@ -91,6 +96,68 @@ void TestMemoryWindowTrouble::memoryThatVanishesAtTheQuestionLosesNothing()
     QCOMPARE(message(), text("La memoria non è più collegata."));
     QCOMPARE(shownPaths(), QStringList());
     QVERIFY(QFileInfo::exists(m_card->music() + text("/pulled/songs/Volare.kar")));
+}
+
+void TestMemoryWindowTrouble::memoryThatVanishesWhileAFolderIsChosenIsTold()
+{
+    m_card->isLeftBroken();
+    open();
+    choose({text("/songs/Ciao.mp3"), text("/songs/Volare.kar")});
+    ModalAnswers user;
+    user.pressInMessageBoxes(QMessageBox::Ok);
+    user.add([this](QWidget *window) {
+        auto *const dialog = qobject_cast<QFileDialog *>(window);
+        if (dialog == nullptr)
+            return false;
+        QDir().rename(m_card->root(), m_card->root() + text("-pulled"));
+        child<QLineEdit>(dialog, "fileNameEdit")->setText(m_card->music());
+        QMetaObject::invokeMethod(dialog, "accept");
+        return true;
+    });
+    click("pushButtonCopy");
+    QCOMPARE(user.messages(), QStringList(text("Memoria: La memoria non è più collegata.")));
+    QCOMPARE(shownPaths(), QStringList());
+    QVERIFY(QDir(m_card->music()).isEmpty(QDir::Files));
+}
+
+void TestMemoryWindowTrouble::memoryThatVanishesBeforeItsPlaylistsAreMendedIsTold()
+{
+    QVERIFY(Index().createIndex(m_card->root()));
+    m_card->writeOnCard(text("playlist/play0001.dat"), filledmemory::playlist({0xFF00}));
+    m_card->isLeftBroken();
+    open();
+    showPage(3);
+    click("pushButtonCheck");
+    Agreeing user;
+    user.onQuestion = [this] { QDir().rename(m_card->root(), m_card->music() + text("/pulled")); };
+    click("pushButtonMend");
+    QCOMPARE(user.said.mid(1), QStringList(text("La memoria non è più collegata.")));
+    QCOMPARE(message(), text("La memoria non è più collegata."));
+}
+
+void TestMemoryWindowTrouble::songsInAFolderThatCannotBeReadAreNotCalledGone()
+{
+    if (!faults::canBecomeAnotherUser())
+        QSKIP("needs root");
+    open();
+    for (QString above = m_card->root(); above != QDir::tempPath() && above.size() > 1;
+         above = QFileInfo(above).path())
+        QFile::setPermissions(above, QFile::Permissions(0x7755));
+    const QFile::Permissions old = QFileInfo(m_card->path(text("pop"))).permissions();
+    QFile::setPermissions(m_card->path(text("pop")), QFile::Permissions());
+    {
+        const faults::AnotherUser nobody;
+        m_window->setContents(filledmemory::contentsOf(m_card->root()));
+    }
+    QFile::setPermissions(m_card->path(text("pop")), old);
+    QVERIFY(stateOf("/pop/Twin.mp3").startsWith(text("cartella non leggibile")));
+    choose({text("/pop/Twin.mp3")});
+    ModalAnswers user;
+    user.pressInMessageBoxes(QMessageBox::Ok);
+    click("pushButtonCopy");
+    QCOMPARE(user.messages(),
+             QStringList(text("Memoria: Queste song sono in cartelle che non si possono leggere: "
+                              "controllare la memoria con gli strumenti del sistema.")));
 }
 
 void TestMemoryWindowTrouble::memoryInUseIsLeftAlone()

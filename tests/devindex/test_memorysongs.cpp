@@ -52,6 +52,7 @@ private slots:
     void companionAndSizeBelongToTheSong();
     void fileWithAnotherSpellingIsTheSameSong();
     void songBehindALinkIsMarked();
+    void songsInAnUnreadableFolderAreNotCalledGone_data();
     void songsInAnUnreadableFolderAreNotCalledGone();
     void damagedIndexIsNoIndex_data();
     void damagedIndexIsNoIndex();
@@ -208,24 +209,34 @@ void TestMemorySongs::songBehindALinkIsMarked()
     QVERIFY(find(songs, QStringLiteral("/x/loop/Azzurro.mid")) == nullptr);
 }
 
+void TestMemorySongs::songsInAnUnreadableFolderAreNotCalledGone_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("plain name") << QStringLiteral("pop");
+    QTest::newRow("name that the index cannot hold") << QStringLiteral("Ωω");
+}
+
 void TestMemorySongs::songsInAnUnreadableFolderAreNotCalledGone()
 {
+    QFETCH(QString, folder);
     if (!faults::canBecomeAnotherUser())
         QSKIP("needs root");
     const DeviceMemory memory;
     fill(memory);
+    QVERIFY(QFile::rename(memory.path(QStringLiteral("pop")), memory.path(folder)) ||
+            folder == QLatin1String("pop"));
     QVERIFY(Index().createIndex(memory.root()));
     QFile::setPermissions(memory.root(), QFile::Permissions(0x5555));
-    const QFile::Permissions old = QFileInfo(memory.path(QStringLiteral("pop"))).permissions();
-    QFile::setPermissions(memory.path(QStringLiteral("pop")), QFile::Permissions());
+    const QFile::Permissions old = QFileInfo(memory.path(folder)).permissions();
+    QFile::setPermissions(memory.path(folder), QFile::Permissions());
     MemorySongs songs(memory.root());
     {
         const faults::AnotherUser nobody;
         QCOMPARE(readAll(songs), MemorySongs::Outcome::Done);
     }
-    QFile::setPermissions(memory.path(QStringLiteral("pop")), old);
+    QFile::setPermissions(memory.path(folder), old);
     QFile::setPermissions(memory.root(), QFile::Permissions(0x7755));
-    QCOMPARE(songs.unreadableFolders(), QStringList(QStringLiteral("/pop")));
+    QCOMPARE(songs.unreadableFolders(), QStringList(QLatin1Char('/') + folder));
     QCOMPARE(songs.count(State::Unreadable), 3);
     QCOMPARE(songs.count(State::Gone), 0);
 }

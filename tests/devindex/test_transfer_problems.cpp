@@ -28,6 +28,7 @@ private slots:
     void companionThatFailedIsNamed();
     void skippedSongsAreNamed();
     void songsThatThePlayerWillNotFindAreNamed();
+    void damagedIndexIsToldWithWhatHelps();
 };
 
 void TestTransferProblems::protectedMemoryIsToldAsSuch_data()
@@ -152,6 +153,18 @@ void TestTransferProblems::songsThatThePlayerWillNotFindAreNamed()
     QCOMPARE(m_user.failed, QStringList(QStringLiteral("File non importato, path troppo lungo: ") +
                                         m_user.folder + QStringLiteral("/a.mid")));
     QVERIFY(m_user.counts.endsWith(QStringLiteral("\nSong della memoria con problemi: 1")));
+}
+
+void TestTransferProblems::damagedIndexIsToldWithWhatHelps()
+{
+    QCOMPARE(transfer({song(QStringLiteral("a.mid"))}), Transfer::Outcome::Complete);
+    m_card->isLeftBroken();
+    m_card->writeOnCard(QStringLiteral("title.idx"), "damaged");
+    QCOMPARE(transfer({song(QStringLiteral("b.mid"))}), Transfer::Outcome::Incomplete);
+    QVERIFY2(m_user.counts.endsWith(
+                 QStringLiteral("\nIl database della memoria non è stato aggiornato."
+                                "\nIl database della memoria è danneggiato: rigenerarlo.")),
+             qPrintable(m_user.counts));
 }
 
 int main(int argc, char **argv)
