@@ -1,12 +1,11 @@
 #include "app/columnlayout.h"
 
+#include "app/columnchoice.h"
 #include "library/settings.h"
-#include "library/songcolumns.h"
+#include "library/songtable.h"
 
 #include <QEvent>
 #include <QHeaderView>
-#include <QSqlRecord>
-#include <QSqlTableModel>
 #include <QTableView>
 
 namespace
@@ -24,11 +23,12 @@ const Share shares[] = {{songcolumns::field(songcolumns::Title).name, 3},
                         {songcolumns::field(songcolumns::Artist).name, 2},
                         {songcolumns::field(songcolumns::Genre).name, 1},
                         {songcolumns::field(songcolumns::Author).name, 2},
-                        {songcolumns::field(songcolumns::ShortName).name, 1}};
+                        {songcolumns::field(songcolumns::ShortName).name, 1},
+                        {songcolumns::folderName, 2}};
 
 } // namespace
 
-ColumnLayout::ColumnLayout(QTableView *view, const QSqlTableModel &model, QSettings &settings)
+ColumnLayout::ColumnLayout(QTableView *view, const SongTable &model, QSettings &settings)
     : QObject(view)
     , m_view(view)
     , m_viewport(view->viewport())
@@ -43,7 +43,7 @@ ColumnLayout::ColumnLayout(QTableView *view, const QSqlTableModel &model, QSetti
     header->setSortIndicatorClearable(true);
     connect(header, &QHeaderView::sectionClicked, this, [this, header] {
         const int column = header->sortIndicatorSection();
-        m_sortField = column < 0 ? QString() : fieldName(column);
+        m_sortField = column < 0 ? QString() : m_model.columnName(column);
         m_sortOrder = header->sortIndicatorOrder();
     });
     connect(header, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
@@ -60,13 +60,13 @@ void ColumnLayout::load()
     m_settings.beginGroup(settings::columnWidths);
     for (const QString &field : m_settings.childKeys()) {
         const int width = m_settings.value(field).toInt();
-        if (shownColumn(field) >= 0 && width >= m_view->horizontalHeader()->minimumSectionSize() &&
-            width <= widestColumn)
+        if (ColumnChoice::isOffered(m_model.columnOf(field)) &&
+            width >= m_view->horizontalHeader()->minimumSectionSize() && width <= widestColumn)
             m_ownWidths.insert(field, width);
     }
     m_settings.endGroup();
     m_sortField = m_settings.value(settings::sortField).toString();
-    if (shownColumn(m_sortField) < 0)
+    if (!ColumnChoice::isOffered(m_model.columnOf(m_sortField)))
         m_sortField.clear();
     m_sortOrder = m_settings.value(settings::sortDescending).toBool() ? Qt::DescendingOrder
                                                                       : Qt::AscendingOrder;
@@ -91,23 +91,18 @@ void ColumnLayout::save()
 /** The number of the field's column; -1 when there is none or the view does not show it. */
 int ColumnLayout::shownColumn(const QString &field) const
 {
-    const int column = m_model.fieldIndex(field);
+    const int column = m_model.columnOf(field);
     return column < 0 || m_view->isColumnHidden(column) ? -1 : column;
-}
-
-QString ColumnLayout::fieldName(int column) const
-{
-    return m_model.record().fieldName(column);
 }
 
 void ColumnLayout::keepWidth(int column, int width)
 {
-    m_ownWidths.insert(fieldName(column), width);
+    m_ownWidths.insert(m_model.columnName(column), width);
 }
 
 void ColumnLayout::releaseWidth(int column)
 {
-    m_ownWidths.remove(fieldName(column));
+    m_ownWidths.remove(m_model.columnName(column));
     m_fittedWidths.insert(column, m_view->columnWidth(column));
     spread();
 }
@@ -120,14 +115,14 @@ void ColumnLayout::columnsWereFitted()
             m_fittedWidths.insert(column, m_view->columnWidth(column));
     }
     for (auto own = m_ownWidths.cbegin(); own != m_ownWidths.cend(); ++own)
-        m_view->setColumnWidth(shownColumn(own.key()), own.value());
+        m_view->setColumnWidth(m_model.columnOf(own.key()), own.value());
     // Later, when the view has its place and knows whether it needs a scroll bar.
     m_later.start();
 }
 
 int ColumnLayout::wantedWidth(int column) const
 {
-    return m_ownWidths.value(fieldName(column), m_fittedWidths.value(column));
+    return m_ownWidths.value(m_model.columnName(column), m_fittedWidths.value(column));
 }
 
 void ColumnLayout::spread()
@@ -187,12 +182,12 @@ bool ColumnLayout::isFree(const QString &field) const
 void ColumnLayout::sortAsChosen()
 {
     if (!m_sortField.isEmpty())
-        m_view->sortByColumn(shownColumn(m_sortField), m_sortOrder);
+        m_view->sortByColumn(m_model.columnOf(m_sortField), m_sortOrder);
 }
 
 void ColumnLayout::chooseOrder(int column, Qt::SortOrder order)
 {
-    m_sortField = column < 0 ? QString() : fieldName(column);
+    m_sortField = column < 0 ? QString() : m_model.columnName(column);
     m_sortOrder = order;
     m_view->sortByColumn(column, order);
 }

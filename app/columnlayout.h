@@ -7,9 +7,9 @@
 #include <QString>
 #include <QTimer>
 
-class QSqlTableModel;
 class QTableView;
 class QWidget;
+class SongTable;
 
 /**
  * Columns are as wide as their contents, or as wide as the user dragged them; a double click on the
@@ -17,8 +17,8 @@ class QWidget;
  * the columns of texts, and missing width is taken from the widest of them. The rows stand in the
  * order of the import until the user clicks on a heading; a third click brings that order back.
  *
- * Widths and order are kept in the settings, by the names of the fields; what is stored there and
- * makes no sense is ignored.
+ * Widths and order are kept in the settings, by the names of the columns; what is stored there and
+ * makes no sense is ignored. A column that the user hides keeps both.
  */
 class ColumnLayout : public QObject
 {
@@ -26,7 +26,7 @@ class ColumnLayout : public QObject
 
 public:
     /** The view shows the model already; it owns the object. Loads what is stored. */
-    ColumnLayout(QTableView *view, const QSqlTableModel &model, QSettings &settings);
+    ColumnLayout(QTableView *view, const SongTable &model, QSettings &settings);
 
     /** To be called when the columns were fitted to their contents: applies all the rest. */
     void columnsWereFitted();
@@ -37,6 +37,9 @@ public:
     /** Orders the rows and keeps that as the user's choice; column -1 is the order of the import.
      */
     void chooseOrder(int column, Qt::SortOrder order);
+
+    /** Gives all columns back to their contents; columnsWereFitted() has to follow. */
+    void releaseWidths() { m_ownWidths.clear(); }
 
     /** Stores widths and order. */
     void save();
@@ -53,11 +56,10 @@ private:
     bool isFree(const QString &field) const;
     int wantedWidth(int column) const;
     int shownColumn(const QString &field) const;
-    QString fieldName(int column) const;
 
     QTableView *const m_view;
     QWidget *const m_viewport; ///< its events come while the view is destroyed, too
-    const QSqlTableModel &m_model;
+    const SongTable &m_model;
     QSettings &m_settings;
     QMap<QString, int> m_ownWidths; ///< of the columns that the user dragged
     QMap<int, int> m_fittedWidths;

@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 
 #include "app/actiongate.h"
+#include "app/listoutput.h"
 #include "app/memories.h"
 #include "app/owncataloguemenu.h"
 #include "app/rowediting.h"
@@ -20,6 +21,7 @@
 #include "windows/aboutdialog.h"
 #include "windows/helpdialog.h"
 #include "windows/indexdialog.h"
+#include "windows/longjob.h"
 #include "windows/missinglibrary.h"
 #include "windows/proceeddialog.h"
 #include "windows/readablelinks.h"
@@ -48,6 +50,7 @@ MainWindow::MainWindow(QWidget *parent)
     new ReadableLinks(this);
     new ScreenRoom(this);
     ui->setupUi(this);
+    connect(&m_busy, &BusyState::ended, this, &LongJob::isOver);
     m_memories.reset(
         new Memories(this, ui->actionMemory, *m_actionGate, m_database, m_busy, m_progress));
     setWindowTitle(tr("Kavena PC"));
@@ -164,6 +167,7 @@ void MainWindow::initUserLibraryModel()
         m_buttons.setSynchronise(true);
         m_buttons.setTransfer(true);
     });
+    new ListOutput(this, *ui, *m_songs, m_busy, *m_actionGate);
     new OwnCatalogueMenu(this, *ui, *m_songs, m_busy, *m_actionGate);
     connect(m_songs, &SongList::editRequested, this, &MainWindow::onSongsTableViewDoubleClicked);
     connect(m_songs, &SongList::menuRequested, this, &MainWindow::onSongsTableViewShowContextMenu);

@@ -10,6 +10,7 @@
 #include "storage/memorylock.h"
 #include "windows/confirmation.h"
 #include "windows/dataeditdialog.h"
+#include "windows/filechooser.h"
 #include "windows/memoryduplicatespage.h"
 #include "windows/memorysongspage.h"
 #include "windows/memorywindow.h"
@@ -17,7 +18,6 @@
 
 #include <QDesktopServices>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QStandardPaths>
@@ -292,9 +292,9 @@ void MemorySongWork::copy(const QList<qsizetype> &songs)
     const QList<MemorySong> files = filesOf(songs);
     if (files.isEmpty())
         return;
-    const QString folder = QFileDialog::getExistingDirectory(
-        &m_window, tr("Scegli cartella"),
-        QStandardPaths::writableLocation(QStandardPaths::MusicLocation));
+    const QString folder =
+        filechooser::folder(&m_window, tr("Scegli cartella"),
+                            QStandardPaths::writableLocation(QStandardPaths::MusicLocation));
     if (folder.isEmpty() || !m_care.isThere()) // the memory may have been pulled meanwhile
         return;
     BackgroundJob &job = m_window.job();

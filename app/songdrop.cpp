@@ -30,6 +30,11 @@ QStringList localPaths(const QMimeData *data)
     return paths;
 }
 
+bool isFromOutside(const QDropEvent *event)
+{
+    return event->source() == nullptr;
+}
+
 bool mayHoldSongs(const QStringList &paths)
 {
     return std::any_of(paths.cbegin(), paths.cend(), [](const QString &path) {
@@ -69,7 +74,7 @@ bool SongDrop::filterWindow(QEvent *event)
     switch (event->type()) {
     case QEvent::DragEnter: {
         auto *const enter = static_cast<QDropEvent *>(event);
-        m_takesDrag = mayHoldSongs(localPaths(enter->mimeData()));
+        m_takesDrag = isFromOutside(enter) && mayHoldSongs(localPaths(enter->mimeData()));
         answer(enter, m_takesDrag && !m_busy);
         return true;
     }
@@ -79,7 +84,7 @@ bool SongDrop::filterWindow(QEvent *event)
     case QEvent::Drop: {
         auto *const drop = static_cast<QDropEvent *>(event);
         const QStringList paths = localPaths(drop->mimeData());
-        const bool accepted = !m_busy && mayHoldSongs(paths);
+        const bool accepted = !m_busy && isFromOutside(drop) && mayHoldSongs(paths);
         answer(drop, accepted);
         if (accepted) {
             m_isAddition = drop->modifiers().testFlag(Qt::ControlModifier);

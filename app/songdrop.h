@@ -9,10 +9,11 @@ class BusyState;
 class QDropEvent;
 
 /**
- * Accepts a drop with a folder or a file named like a song, and none while a workflow runs. The
- * files stay where they are: every drop is a copy; one with Ctrl adds to the list. macOS sends an
- * event of its own for each file that is dropped on the program's icon; what comes within a moment
- * counts as one drop.
+ * Accepts a drop with a folder or a file named like a song, and none while a workflow runs or from
+ * the program itself: a song that is let go over its own list stays there, and the list with it.
+ * The files stay where they are: every drop is a copy; one with Ctrl adds to the list. macOS sends
+ * an event of its own for each file that is dropped on the program's icon; what comes within a
+ * moment counts as one drop.
  */
 class SongDrop : public QObject
 {

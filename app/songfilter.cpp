@@ -1,5 +1,6 @@
 #include "app/songfilter.h"
 
+#include "app/columnchoice.h"
 #include "windows/busystate.h"
 #include "windows/paintingpaused.h"
 #include "windows/usersongsreltablemodel.h"
@@ -135,6 +136,6 @@ void SongFilter::focusList()
 {
     const int row = nearestShownRow(0);
     if (!m_view->selectionModel()->hasSelection() && row >= 0)
-        m_view->setCurrentIndex(m_model.index(row, 1));
+        m_view->setCurrentIndex(m_model.index(row, ColumnChoice::firstShown(m_view)));
     m_view->setFocus(Qt::ShortcutFocusReason);
 }

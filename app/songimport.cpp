@@ -6,10 +6,10 @@
 #include "library/database.h"
 #include "library/songsearch.h"
 #include "storage/diagnostics.h"
+#include "windows/filechooser.h"
 #include "windows/paintingpaused.h"
 #include "windows/usersongsreltablemodel.h"
 
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QSet>
 #include <QTableView>
@@ -28,18 +28,14 @@ SongImport::SongImport(QWidget *window, Database &database, SongList &songs,
 
 QStringList SongImport::choose()
 {
-    // Qt's own dialog: unlike some desktops' it takes *.mid for SONG.MID too.
-    return QFileDialog::getOpenFileNames(
+    return filechooser::openFiles(
         m_window, tr("Seleziona i file da importare"), m_folder,
-        QStringLiteral("Songs (%1)").arg(songnames::patterns().join(QLatin1Char(' '))), nullptr,
-        QFileDialog::DontUseNativeDialog);
+        {QStringLiteral("Songs (%1)").arg(songnames::patterns().join(QLatin1Char(' ')))});
 }
 
 QString SongImport::chooseFolder()
 {
-    return QFileDialog::getExistingDirectory(m_window, tr("Scegli cartella"), m_folder,
-                                             QFileDialog::ShowDirsOnly |
-                                                 QFileDialog::DontUseNativeDialog);
+    return filechooser::folder(m_window, tr("Scegli cartella"), m_folder);
 }
 
 std::optional<QStringList> SongImport::search(const QStringList &paths)

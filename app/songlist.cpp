@@ -1,5 +1,6 @@
 #include "app/songlist.h"
 
+#include "app/columnchoice.h"
 #include "app/columnlayout.h"
 #include "app/rowactions.h"
 #include "app/songfilter.h"
@@ -26,9 +27,12 @@ SongList::SongList(QMainWindow *window, const Ui::MainWindow &form, const QSqlDa
 {
     m_model->setHeaderLabels();
     setUpView();
+    m_choice = new ColumnChoice(m_view, *m_model, settings, form.menuColumns);
     fitColumns();
     m_columns = new ColumnLayout(m_view, *m_model, settings);
     m_columns->columnsWereFitted();
+    connect(m_choice, &ColumnChoice::restored, m_columns, &ColumnLayout::releaseWidths);
+    connect(m_choice, &ColumnChoice::changed, this, &SongList::fitColumns);
     new SortMenu(form.menuSort, m_view, m_columns);
 
     form.filterLineEdit->setEnabled(true);
@@ -56,6 +60,11 @@ void SongList::setUpView()
     m_view->verticalHeader()->hide();
     m_view->setAlternatingRowColors(false);
     m_view->setModel(m_model);
+    m_view->setDragDropMode(QAbstractItemView::DragOnly);
+    m_view->setDefaultDropAction(Qt::CopyAction);
+    // A drag holds up the work in whose middle it begins.
+    connect(&m_busy, &BusyState::began, m_view, [view = m_view] { view->setDragEnabled(false); });
+    connect(&m_busy, &BusyState::ended, m_view, [view = m_view] { view->setDragEnabled(true); });
     m_view->setItemDelegate(
         new StatusRowDelegate(m_model->colIdxStatus(), m_model->colIdxType(), m_view));
     for (const songcolumns::Column hidden :
@@ -105,6 +114,8 @@ void SongList::fitColumns()
         if (column != songcolumns::FileName && column != songcolumns::Status)
             m_view->resizeColumnToContents(column);
     }
+    if (!m_view->isColumnHidden(m_model->colIdxFolder()))
+        m_view->resizeColumnToContents(m_model->colIdxFolder());
     if (m_columns != nullptr)
         m_columns->columnsWereFitted();
 }
@@ -149,8 +160,8 @@ const QList<UnreadableFile> &SongList::unreadableFiles() const
 
 void SongList::scrollToRow(int row)
 {
-    // The column of row numbers is hidden, and a view does not scroll to what it does not show.
-    const QModelIndex visible = m_model->index(row, songcolumns::Type);
+    // A view does not scroll to what it does not show, such as the column of row numbers.
+    const QModelIndex visible = m_model->index(row, ColumnChoice::firstShown(m_view));
     m_view->scrollTo(visible, QAbstractItemView::PositionAtCenter);
 }
 
@@ -163,5 +174,6 @@ void SongList::retranslate()
 
 void SongList::saveLayout()
 {
+    m_choice->save();
     m_columns->save();
 }

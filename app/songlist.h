@@ -13,6 +13,7 @@
 
 class ActionGate;
 class BusyState;
+class ColumnChoice;
 class ColumnLayout;
 class QMainWindow;
 class QTableView;
@@ -71,7 +72,7 @@ public:
     /** Writes all texts in the present language. */
     void retranslate();
 
-    /** Stores the widths and the order of the columns. */
+    /** Stores which columns are shown, their widths and their order. */
     void saveLayout();
 
 signals:
@@ -98,6 +99,7 @@ private:
     UserSongsRelTableModel *const m_model;
     QTableView *const m_view;
     const BusyState &m_busy;
+    ColumnChoice *m_choice = nullptr;
     ColumnLayout *m_columns = nullptr;
     SongFilter *m_filter = nullptr;
     StatusSummary *m_summary = nullptr;

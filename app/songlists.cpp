@@ -8,13 +8,13 @@
 #include "library/settings.h"
 #include "storage/diagnostics.h"
 #include "windows/busystate.h"
+#include "windows/filechooser.h"
 #include "windows/unreadablefilesdialog.h"
 #include "windows/usersongsreltablemodel.h"
 
 #include "ui_mainwindow.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMainWindow>
 #include <QMenu>
@@ -151,10 +151,9 @@ void SongLists::openChosenList()
 {
     const BusyGuard busy(m_busy);
     const QStringList recent = m_recentLists.paths();
-    const QString path = QFileDialog::getOpenFileName(
+    const QString path = filechooser::openFile(
         m_window, tr("Apri lista"),
-        recent.isEmpty() ? QString() : QFileInfo(recent.constFirst()).path(), openFilter(), nullptr,
-        QFileDialog::DontUseNativeDialog);
+        recent.isEmpty() ? QString() : QFileInfo(recent.constFirst()).path(), {openFilter()});
     if (!path.isEmpty())
         openRecentList(path);
 }
@@ -229,17 +228,15 @@ void SongLists::saveList()
     const QString relative = tr("Lista con percorsi relativi (*.m3u8)");
     const QString absolute = tr("Lista con percorsi assoluti (*.m3u8)");
     const QStringList recent = m_recentLists.paths();
-    QFileDialog dialog(m_window, tr("Salva lista"),
-                       recent.isEmpty() ? QString() : QFileInfo(recent.constFirst()).path());
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilters({relative, absolute});
-    dialog.setDefaultSuffix(QStringLiteral("m3u8"));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    const auto [path, filter] = filechooser::saveFile(
+        m_window, {tr("Salva lista"),
+                   recent.isEmpty() ? QString() : QFileInfo(recent.constFirst()).path(),
+                   {relative, absolute},
+                   QStringLiteral("m3u8"),
+                   {}});
+    if (path.isEmpty())
         return;
-    const QString path = dialog.selectedFiles().constFirst();
-    const auto paths = dialog.selectedNameFilter() == absolute ? M3uList::Paths::Absolute
-                                                               : M3uList::Paths::Relative;
+    const auto paths = filter == absolute ? M3uList::Paths::Absolute : M3uList::Paths::Relative;
     const QString problem = M3uList::write(path, songs, paths);
     if (problem.isEmpty()) {
         m_recentLists.add(path);

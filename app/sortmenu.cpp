@@ -23,7 +23,9 @@ void SortMenu::fill()
     m_menu->addSeparator();
     const QAbstractItemModel *const model = m_view->model();
     for (int column = 0; column < model->columnCount(); ++column) {
-        if (!m_view->isColumnHidden(column))
+        // A column that orders the rows is named, so that the order can be seen and left.
+        if (!m_view->isColumnHidden(column) ||
+            column == m_view->horizontalHeader()->sortIndicatorSection())
             add(model->headerData(column, Qt::Horizontal).toString(), column);
     }
 }

@@ -21,6 +21,8 @@ inline const QString readBack = QStringLiteral("readback");
 inline const QString windowPlace = QStringLiteral("windowplace");
 inline const QString windowMaximised = QStringLiteral("windowmaximised");
 inline const QString columnWidths = QStringLiteral("columnwidths"); ///< group, a key per column
+inline const QString columnOrder = QStringLiteral("columnorder");
+inline const QString columnsShown = QStringLiteral("columnsshown");
 inline const QString sortField = QStringLiteral("sortfield");
 inline const QString sortDescending = QStringLiteral("sortdescending");
 } // namespace settings

@@ -50,6 +50,9 @@ inline constexpr Field fields[] = {
 inline constexpr int count = Status + 1;
 static_assert(sizeof(fields) / sizeof(fields[0]) == count, "one field a column");
 
+/** What the list calls its column of folders, which stands behind the fields and is no field. */
+inline constexpr QLatin1String folderName("folder");
+
 /** The field that the column shows. */
 constexpr const Field &field(Column column)
 {

@@ -2,6 +2,7 @@
 
 #include <QCollator>
 #include <QCollatorSortKey>
+#include <QDir>
 #include <QSqlError>
 #include <QSqlRecord>
 #include <QStringList>
@@ -105,7 +106,7 @@ bool SongTable::select()
     m_rows.clear();
     m_notSaved.clear();
     m_troubles.clear();
-    const int columns = columnCount();
+    const int columns = colIdxFolder(); // the fields stand before it
     while (query.next()) {
         Row row;
         row.reserve(columns);
@@ -120,7 +121,7 @@ bool SongTable::select()
 
 bool SongTable::addSong(const SongInfo &info)
 {
-    Row row(columnCount());
+    Row row(colIdxFolder());
     const auto set = [&](songcolumns::Column column, const QVariant &value) {
         if (columnNumber(column) >= 0)
             row[columnNumber(column)] = value;
@@ -251,24 +252,50 @@ bool SongTable::rowContains(int row, const QString &text) const
     });
 }
 
+QString SongTable::columnName(int column) const
+{
+    return column == colIdxFolder() ? songcolumns::folderName : record().fieldName(column);
+}
+
+int SongTable::columnOf(const QString &name) const
+{
+    return name == songcolumns::folderName ? colIdxFolder() : fieldIndex(name);
+}
+
+/** The folder as the desktop writes it. */
+QString SongTable::folderOf(const Row &row) const
+{
+    const QString path = row.value(colIdxFilename()).toString();
+    const qsizetype slash = path.lastIndexOf(QLatin1Char('/'));
+    return QDir::toNativeSeparators(path.left(slash == 0 ? 1 : qMax<qsizetype>(slash, 0)));
+}
+
 int SongTable::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+int SongTable::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : colIdxFolder() + 1;
 }
 
 QVariant SongTable::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid() || index.row() >= rowCount())
         return QVariant();
-    if (role == Qt::DisplayRole || role == Qt::EditRole)
-        return m_rows[static_cast<size_t>(index.row())].value(index.column());
+    if (role == Qt::DisplayRole || role == Qt::EditRole) {
+        const Row &row = m_rows[static_cast<size_t>(index.row())];
+        return index.column() == colIdxFolder() ? folderOf(row) : row.value(index.column());
+    }
     return QSqlRelationalTableModel::data(index, role);
 }
 
 bool SongTable::setData(const QModelIndex &index, const QVariant &value, int role)
 {
     const int column = index.column();
-    if (role != Qt::EditRole || !index.isValid() || index.row() >= rowCount() || column == idColumn)
+    if (role != Qt::EditRole || !index.isValid() || index.row() >= rowCount() ||
+        column == idColumn || column == colIdxFolder())
         return false;
     Row &row = m_rows[static_cast<size_t>(index.row())];
     QSqlQuery &update = m_updates[static_cast<size_t>(column)];
@@ -278,7 +305,8 @@ bool SongTable::setData(const QModelIndex &index, const QVariant &value, int rol
         return false;
 
     row[column] = value;
-    if (column == colIdxStatus()) // the whole row is painted in its colour
+    // The whole row is painted in the colour of its status; the folder is part of the path.
+    if (column == colIdxStatus() || column == colIdxFilename())
         emit dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
     else
         emit dataChanged(index, index);
@@ -302,8 +330,11 @@ std::vector<int> SongTable::sortedRows() const
     const QCollator collator;
     std::vector<QCollatorSortKey> keys;
     keys.reserve(m_rows.size());
-    for (const Row &row : m_rows)
-        keys.push_back(collator.sortKey(row.at(m_sortColumn).toString().toCaseFolded()));
+    for (const Row &row : m_rows) {
+        const QString text =
+            m_sortColumn == colIdxFolder() ? folderOf(row) : row.at(m_sortColumn).toString();
+        keys.push_back(collator.sortKey(text.toCaseFolded()));
+    }
     return positionsInOrder(keys, m_sortOrder);
 }
 

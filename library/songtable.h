@@ -101,12 +101,22 @@ public:
     int colIdxStatus() const { return columnNumber(songcolumns::Status); }
     int colIdxType() const { return columnNumber(songcolumns::Type); }
 
+    /** The column behind those of the table: the folder of the file, from its path. */
+    int colIdxFolder() const { return QSqlRelationalTableModel::columnCount(); }
+
+    /** The name of the column's field, or that of the folders; empty for a number out of range. */
+    QString columnName(int column) const;
+
+    /** The number of the column with this columnName(); -1 when there is none. */
+    int columnOf(const QString &name) const;
+
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex &parent = QModelIndex()) const override;
 
     /** The cell's value for display and editing; other roles are left to the base class. */
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
-    /** Writes one cell to the table at once; the id cannot be changed. */
+    /** Writes one cell to the table at once; the id and the folder cannot be changed. */
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
 
     /**
@@ -133,6 +143,7 @@ public slots:
 private:
     using Row = QList<QVariant>; ///< one value a column, the id first
 
+    QString folderOf(const Row &row) const;
     void prepareStatements();
     bool execute(QSqlQuery &statement);
     qint64 idOf(int row) const;

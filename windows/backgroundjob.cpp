@@ -56,6 +56,7 @@ void BackgroundJob::start(std::function<void()> work, std::function<void()> done
     m_thread.reset(QThread::create(std::move(work)));
     connect(m_thread.get(), &QThread::finished, this, &BackgroundJob::finish);
     m_clock.start();
+    m_longJob.emplace(tr("Memoria"));
     emit began();
     m_thread->start();
 }
@@ -89,6 +90,7 @@ void BackgroundJob::showProgress()
         const QMutexLocker locked(&m_labelMutex);
         label = m_label;
     }
+    m_longJob->setProgress(m_value, m_maximum);
     emit progressChanged(label, m_value, m_maximum);
 }
 
@@ -97,9 +99,12 @@ void BackgroundJob::finish()
     m_clock.stop();
     m_thread->wait();
     m_thread.reset();
+    m_longJob.reset();
     emit ended();
     const std::function<void()> done = std::move(m_done);
     m_done = nullptr;
     if (done)
         done();
+    if (!isRunning()) // done() may have begun the next part
+        LongJob::isOver();
 }

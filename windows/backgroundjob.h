@@ -3,6 +3,7 @@
 
 #include "library/answer.h"
 #include "library/progress.h"
+#include "windows/longjob.h"
 
 #include <QMutex>
 #include <QObject>
@@ -13,6 +14,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <optional>
 
 /**
  * Runs one piece of work at a time on a thread of its own: no event of a window can come into the
@@ -67,6 +69,7 @@ private:
 
     std::unique_ptr<QThread> m_thread;
     std::function<void()> m_done;
+    std::optional<LongJob> m_longJob; ///< while the thread runs
     QTimer m_clock;
     QMutex m_labelMutex;
     QString m_label;

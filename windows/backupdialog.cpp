@@ -1,12 +1,12 @@
 #include "windows/backupdialog.h"
 
+#include "windows/filechooser.h"
 #include "windows/roomfortext.h"
 
 #include "ui_backupdialog.h"
 
 #include <QCloseEvent>
 #include <QEvent>
-#include <QFileDialog>
 
 BackupDialog::BackupDialog(QWidget *parent)
     : QDialog(parent)
@@ -55,9 +55,8 @@ void BackupDialog::changeEvent(QEvent *event)
 
 void BackupDialog::on_browsePushButton_clicked()
 {
-    const QString chosen = QFileDialog::getExistingDirectory(
-        this, tr("Scegli cartella"), QStringLiteral("/home"),
-        QFileDialog::ShowDirsOnly | QFileDialog::DontResolveSymlinks);
+    const QString chosen =
+        filechooser::folder(this, tr("Scegli cartella"), QStringLiteral("/home"));
     if (chosen.isEmpty())
         return;
     m_directory = chosen;

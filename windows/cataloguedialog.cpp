@@ -5,10 +5,10 @@
 #include "library/userfile.h"
 #include "windows/catalogueadding.h"
 #include "windows/catalogueentrydialog.h"
+#include "windows/filechooser.h"
 
 #include "ui_cataloguedialog.h"
 
-#include <QFileDialog>
 #include <QHeaderView>
 #include <QMessageBox>
 
@@ -167,8 +167,7 @@ void CatalogueDialog::remove()
 void CatalogueDialog::importTable()
 {
     const QString path =
-        QFileDialog::getOpenFileName(this, tr("Importa voci"), QString(), tableFilter(), nullptr,
-                                     QFileDialog::DontUseNativeDialog);
+        filechooser::openFile(this, tr("Importa voci"), QString(), {tableFilter()});
     if (path.isEmpty())
         return;
     CatalogueAdding::importTable(m_catalogue, path, this);
@@ -177,15 +176,13 @@ void CatalogueDialog::importTable()
 
 void CatalogueDialog::exportTable()
 {
-    QFileDialog dialog(this, tr("Esporta voci"));
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilter(tableFilter());
-    dialog.setDefaultSuffix(QStringLiteral("tsv"));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    const QString path =
+        filechooser::saveFile(
+            this, {tr("Esporta voci"), QString(), {tableFilter()}, QStringLiteral("tsv"), {}})
+            .path;
+    if (path.isEmpty())
         return;
-    const QString problem =
-        UserFile::write(dialog.selectedFiles().constFirst(), CatalogueTsv::text(m_entries));
+    const QString problem = UserFile::write(path, CatalogueTsv::text(m_entries));
     if (!problem.isEmpty())
         QMessageBox::critical(this, tr("Il mio catalogo"), problem);
 }

@@ -1,11 +1,11 @@
 #include "windows/editstepform.h"
 
 #include "formats/metasong.h"
+#include "windows/filechooser.h"
 
 #include "ui_editstepform.h"
 
 #include <QDir>
-#include <QFileDialog>
 
 #include <algorithm>
 #include <array>
@@ -192,9 +192,9 @@ EditStep EditStepForm::step() const
 
 void EditStepForm::browse()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        this, tr("Scegli l'elenco"), QDir::homePath(),
-        tr("Elenchi (*.csv *.txt *.tsv)") + QStringLiteral(";;") + tr("Tutti i file (*)"));
+    const QString path =
+        filechooser::openFile(this, tr("Scegli l'elenco"), QDir::homePath(),
+                              {tr("Elenchi (*.csv *.txt *.tsv)"), tr("Tutti i file (*)")});
     if (!path.isEmpty())
         setList(path);
 }

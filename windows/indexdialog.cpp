@@ -5,6 +5,7 @@
 #include "storage/diagnostics.h"
 #include "storage/memorylock.h"
 #include "windows/confirmation.h"
+#include "windows/longjob.h"
 
 #include "ui_indexdialog.h"
 
@@ -171,11 +172,14 @@ void IndexDialog::start(bool useRoot)
 bool IndexDialog::runIndex(const QString &path, bool update, bool rebuild)
 {
     logDebug() << "[IndexDialog::start] path:" << path;
+    LongJob job(tr("Ottimizza memoria"));
     Index index;
     index.setRenameQuestion(&confirmation::ask);
     connect(&index, &Index::fileFoundChanged, this, &IndexDialog::updateLabelNum);
     connect(&index, &Index::progressMaxSetup, this, &IndexDialog::initProgress);
     connect(&index, &Index::progressValueChanged, this, &IndexDialog::setProgressValue);
+    connect(&index, &Index::progressValueChanged, this,
+            [this, &job](int value) { job.setProgress(value, ui->progressBar->maximum()); });
     connect(&index, &Index::currentPathChanged, this, &IndexDialog::updateLabelCurrPath);
     connect(&index, &Index::errorFromIndex, this, &IndexDialog::errorFromIndexReceived);
     if (update)

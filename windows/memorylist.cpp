@@ -2,16 +2,19 @@
 
 #include "devindex/sizetext.h"
 #include "library/settings.h"
+#include "windows/filechooser.h"
 #include "windows/plaintooltip.h"
 
 #include <QAbstractItemView>
 #include <QEvent>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QSettings>
 #include <QSignalBlocker>
 #include <QWheelEvent>
+
+#include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -56,7 +59,7 @@ void MemoryList::showPopup()
 void MemoryList::browseDir()
 {
     const QString folder =
-        QFileDialog::getExistingDirectory(window(), tr("Scegli cartella"), QStringLiteral("/home"));
+        filechooser::memoryFolder(window(), tr("Scegli cartella"), QStringLiteral("/home"));
     if (!folder.isEmpty())
         take(folder);
 }
@@ -88,8 +91,13 @@ void MemoryList::refresh()
     watchMountDirectories();
     const QSignalBlocker quiet(this);
     clear();
-    const QList<MountedMemory> memories = m_volumes.memories();
-    for (const MountedMemory &memory : memories) {
+    QList<MountedMemory> memories = m_volumes.memories();
+    const QString last = m_volumes.memoryOf(QSettings(settings::organisation, settings::application)
+                                                .value(settings::mediaRoot)
+                                                .toString());
+    std::stable_partition(memories.begin(), memories.end(),
+                          [&last](const MountedMemory &memory) { return memory.path == last; });
+    for (const MountedMemory &memory : std::as_const(memories)) {
         const bool knowsSize = memory.totalBytes > 0;
         addItem(knowsSize
                     ? tr("%1 – %2 liberi di %3")

@@ -12,10 +12,10 @@ class QLineEdit;
 QT_END_NAMESPACE
 
 /**
- * Offers each mounted memory with its free and total space; the one that is chosen goes into the
- * path field. The list follows the memories that come and go, and shows the one that the path in
- * the field lies on. It also lets the user browse for a folder. What was chosen in either way is
- * remembered for the next time.
+ * Offers each mounted memory with its free and total space, that used last first; the one that is
+ * chosen goes into the path field. The list follows the memories that come and go, and shows the
+ * one that the path in the field lies on. It also lets the user browse for a folder. What was
+ * chosen in either way is remembered for the next time.
  */
 class MemoryList : public QComboBox
 {

@@ -1,16 +1,31 @@
 #include "windows/progresswindow.h"
 
+#include "windows/pacelabel.h"
+
 #include <QCoreApplication>
 
 namespace
 {
 constexpr int leastWidth = 360;
+constexpr int paceMilliseconds = 1000; ///< a line that changes all the time cannot be read
+
+QElapsedTimer started()
+{
+    QElapsedTimer timer;
+    timer.start();
+    return timer;
 }
+} // namespace
 
 ProgressWindow::ProgressWindow(const QString &title, const QString &label, int maximum,
                                QWidget *parent)
-    : m_dialog(label, QCoreApplication::translate("MainWindow", "Interrompi"), 0, maximum, parent)
+    : m_job(title)
+    , m_age(started())
+    , m_pace([this] { return m_age.elapsed(); })
+    , m_dialog(label, QCoreApplication::translate("MainWindow", "Interrompi"), 0, maximum, parent)
+    , m_label(new PaceLabel(label))
 {
+    m_dialog.setLabel(m_label);
     m_dialog.setWindowTitle(title);
     m_dialog.setWindowModality(Qt::WindowModal);
     m_dialog.setAutoReset(false);
@@ -38,14 +53,26 @@ void ProgressWindow::setMaximum(int steps)
 
 void ProgressWindow::setValue(int done)
 {
+    showPace(done);
     m_dialog.setValue(done);
 }
 
 void ProgressWindow::updateProgress(int done)
 {
+    showPace(done);
     m_dialog.setLabelText(
         QCoreApplication::translate("MainWindow", "%1 di %2").arg(done).arg(m_dialog.maximum()));
     m_dialog.setValue(done);
+}
+
+void ProgressWindow::showPace(int done)
+{
+    m_pace.take(done, m_dialog.maximum());
+    m_job.setProgress(done, m_dialog.maximum());
+    if (m_sincePace.isValid() && !m_sincePace.hasExpired(paceMilliseconds))
+        return;
+    m_sincePace.start();
+    m_label->setPace(m_pace.text());
 }
 
 bool ProgressWindow::wasCanceled() const

@@ -1,15 +1,21 @@
 // The progress dialog of a long job.
 #pragma once
 
+#include "library/jobpace.h"
 #include "library/progress.h"
+#include "windows/longjob.h"
 
+#include <QElapsedTimer>
 #include <QProgressDialog>
 #include <QString>
+
+class PaceLabel;
 
 /**
  * A window-modal progress dialog that is on screen from its construction to its destruction: it
  * neither waits before it shows nor hides at its maximum or when it is cancelled, so that the main
- * window never takes clicks meanwhile and a cancellation is not forgotten.
+ * window never takes clicks meanwhile and a cancellation is not forgotten. After some seconds it
+ * tells how fast the job goes and how long it still takes.
  */
 class ProgressWindow : public Progress
 {
@@ -28,5 +34,12 @@ public:
     QProgressDialog &dialog() { return m_dialog; }
 
 private:
+    void showPace(int done);
+
+    LongJob m_job;
+    QElapsedTimer m_age;
+    JobPace m_pace;
+    QElapsedTimer m_sincePace; ///< not valid before the pace was shown
     QProgressDialog m_dialog;
+    PaceLabel *const m_label; ///< the dialog owns it
 };

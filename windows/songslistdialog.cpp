@@ -1,12 +1,12 @@
 #include "windows/songslistdialog.h"
 
 #include "devindex/index.h"
+#include "windows/filechooser.h"
 
 #include "ui_songslistdialog.h"
 
 #include <QDir>
 #include <QEvent>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QStandardPaths>
@@ -61,14 +61,14 @@ void SongsListDialog::browseDir()
 
 void SongsListDialog::browseFile()
 {
-    // A dialog of its own, because the static function adds no suffix: the question about an
-    // existing file must be asked for the name that is written.
-    QFileDialog dialog(this, tr("Scegli nome del file"), {}, tr("File (*.csv)"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("csv"));
-    dialog.selectFile(ui->lineEditFile->text());
-    if (dialog.exec() == QDialog::Accepted)
-        ui->lineEditFile->setText(dialog.selectedFiles().constFirst());
+    const QString path = filechooser::saveFile(this, {tr("Scegli nome del file"),
+                                                      QString(),
+                                                      {tr("File (*.csv)")},
+                                                      QStringLiteral("csv"),
+                                                      ui->lineEditFile->text()})
+                             .path;
+    if (!path.isEmpty())
+        ui->lineEditFile->setText(path);
 }
 
 void SongsListDialog::start()

@@ -1,16 +1,17 @@
 #include "windows/transferdialogs.h"
 
 #include "windows/confirmation.h"
+#include "windows/filechooser.h"
 #include "windows/messagedetails.h"
 #include "windows/transferplandialog.h"
 
-#include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
 
 QString TransferDialogs::chooseFolder(const QString &title, const QString &startFolder)
 {
-    m_folder = QFileDialog::getExistingDirectory(m_parent, title, startFolder);
+    m_folder = filechooser::memoryFolder(m_parent, title, startFolder);
+    filechooser::keepMemoryOf(m_folder);
     return m_folder;
 }
 

@@ -1,7 +1,14 @@
 #include "windows/usersongsreltablemodel.h"
 
+#include "library/companion.h"
 #include "library/runreport.h"
 #include "library/tagremarks.h"
+
+#include <QFileInfo>
+#include <QSet>
+#include <QUrl>
+
+#include <memory>
 
 UserSongsRelTableModel::UserSongsRelTableModel(QObject *parent, const QSqlDatabase &db)
     : SongTable(parent, db)
@@ -25,6 +32,7 @@ void UserSongsRelTableModel::setHeaderLabels()
     setTitle(songcolumns::FileName, QString());
     setTitle(songcolumns::ShortName, tr("Nome file"));
     setTitle(songcolumns::Status, QString());
+    setHeaderData(colIdxFolder(), Qt::Horizontal, tr("Cartella"), Qt::EditRole);
 }
 
 QColor UserSongsRelTableModel::statusColour(int status, int row)
@@ -66,6 +74,38 @@ QVariant UserSongsRelTableModel::data(const QModelIndex &index, int role) const
     default:
         return SongTable::data(index, role);
     }
+}
+
+Qt::ItemFlags UserSongsRelTableModel::flags(const QModelIndex &index) const
+{
+    const Qt::ItemFlags flags = SongTable::flags(index);
+    return index.isValid() ? flags | Qt::ItemIsDragEnabled : flags;
+}
+
+QStringList UserSongsRelTableModel::mimeTypes() const
+{
+    return {QStringLiteral("text/uri-list")};
+}
+
+QMimeData *UserSongsRelTableModel::mimeData(const QModelIndexList &indexes) const
+{
+    QSet<int> rows;
+    QList<QUrl> addresses;
+    for (const QModelIndex &cell : indexes) {
+        const QString path = cell.siblingAtColumn(colIdxFilename()).data().toString();
+        if (rows.contains(cell.row()) || !QFileInfo(path).isFile())
+            continue;
+        rows.insert(cell.row());
+        addresses.append(QUrl::fromLocalFile(path));
+        const QString pictures = companionOf(path);
+        if (!pictures.isEmpty())
+            addresses.append(QUrl::fromLocalFile(pictures));
+    }
+    if (addresses.isEmpty())
+        return nullptr;
+    auto data = std::make_unique<QMimeData>();
+    data->setUrls(addresses);
+    return data.release(); // the view owns it
 }
 
 /** No value for an unmarked row. */

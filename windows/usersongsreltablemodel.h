@@ -4,6 +4,9 @@
 #include "library/songtable.h"
 
 #include <QColor>
+#include <QMimeData>
+#include <QModelIndexList>
+#include <QStringList>
 
 /** Adds column titles, colours and explanations to the rows of SongTable. */
 class UserSongsRelTableModel : public SongTable
@@ -32,6 +35,20 @@ public:
      * marked row, the tool tip and the description for screen readers tell why it is marked.
      */
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+
+    /** Rows can be dragged. */
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+    /** Copies only: whoever takes a dragged song must not take it away from its folder. */
+    Qt::DropActions supportedDragActions() const override { return Qt::CopyAction; }
+
+    QStringList mimeTypes() const override;
+
+    /**
+     * The files of the rows as addresses, each with the karaoke pictures that belong to it; none
+     * for files that are not there. Null when nothing is left to be dragged.
+     */
+    QMimeData *mimeData(const QModelIndexList &indexes) const override;
 
 private:
     QVariant notSavedText(int row, int role) const;

@@ -1,4 +1,5 @@
 set(BRANDING_PRODUCT "Kavena PC")
+set(BRANDING_PLAYER Kavena)
 set(BRANDING_PACKAGE kavena-pc-kravo)
 set(BRANDING_TOOLS_PACKAGE kavena-tools-kravo)
 set(BRANDING_LANGUAGES it en)

@@ -1,4 +1,5 @@
 set(BRANDING_PRODUCT "RB27 Utility")
+set(BRANDING_PLAYER RB27)
 set(BRANDING_PACKAGE kavena-pc)
 set(BRANDING_TOOLS_PACKAGE kavena-tools)
 # The languages are those of the menu, the first one that of a first start.

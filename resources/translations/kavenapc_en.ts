@@ -901,6 +901,22 @@ Do you want to copy all the same?</translation>
         <source>&amp;Il mio catalogo...</source>
         <translation>M&amp;y catalogue...</translation>
     </message>
+    <message>
+        <source>C&amp;opia</source>
+        <translation>&amp;Copy</translation>
+    </message>
+    <message>
+        <source>Copia tutta la &amp;lista</source>
+        <translation>Copy the &amp;whole list</translation>
+    </message>
+    <message>
+        <source>Colo&amp;nne</source>
+        <translation>Colu&amp;mns</translation>
+    </message>
+    <message>
+        <source>Stampa lista...</source>
+        <translation>Pri&amp;nt list...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1206,6 +1222,10 @@ Nothing was changed. Try again when it has finished.</translation>
     <message>
         <source>Nome file</source>
         <translation>File name</translation>
+    </message>
+    <message>
+        <source>Cartella</source>
+        <translation>Folder</translation>
     </message>
 </context>
 <context>
@@ -4787,6 +4807,92 @@ Prepare the tag for the player first?</translation>
     <message>
         <source>Misura</source>
         <translation>Measuring</translation>
+    </message>
+</context>
+<context>
+    <name>ColumnChoice</name>
+    <message>
+        <source>Come all&apos;inizio</source>
+        <translation>As at first</translation>
+    </message>
+</context>
+<context>
+    <name>ListOutput</name>
+    <message>
+        <source>Lista delle song</source>
+        <translation>Song list</translation>
+    </message>
+    <message>
+        <source>Stampa lista</source>
+        <translation>Print list</translation>
+    </message>
+    <message numerus="yes">
+        <source>Lista delle song: %n song</source>
+        <translation>
+            <numerusform>Song list: %n song</numerusform>
+            <numerusform>Song list: %n songs</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>La lista non può essere stampata</source>
+        <translation>The list cannot be printed</translation>
+    </message>
+</context>
+<context>
+    <name>TablePages</name>
+    <message>
+        <source>Pagina %1 di %2</source>
+        <translation>Page %1 of %2</translation>
+    </message>
+</context>
+<context>
+    <name>JobPace</name>
+    <message>
+        <source>Song al secondo: %1</source>
+        <translation>Songs per second: %1</translation>
+    </message>
+    <message>
+        <source>Song al minuto: %1</source>
+        <translation>Songs per minute: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>ancora %n secondi circa</source>
+        <translation>
+            <numerusform>about %n second left</numerusform>
+            <numerusform>about %n seconds left</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>ancora %n minuti circa</source>
+        <translation>
+            <numerusform>about %n minute left</numerusform>
+            <numerusform>about %n minutes left</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>ancora %n ore circa</source>
+        <translation>
+            <numerusform>about %n hour left</numerusform>
+            <numerusform>about %n hours left</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>BackgroundJob</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Memory</translation>
+    </message>
+</context>
+<context>
+    <name>JobNotice</name>
+    <message>
+        <source>Il lavoro è finito</source>
+        <translation>The job is over</translation>
+    </message>
+    <message>
+        <source>Il programma aspetta una risposta</source>
+        <translation>The program is waiting for an answer</translation>
     </message>
 </context>
 </TS>

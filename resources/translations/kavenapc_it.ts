@@ -901,6 +901,22 @@ Si vuole procedere comunque con la copia?</translation>
         <source>&amp;Il mio catalogo...</source>
         <translation>&amp;Il mio catalogo...</translation>
     </message>
+    <message>
+        <source>C&amp;opia</source>
+        <translation>C&amp;opia</translation>
+    </message>
+    <message>
+        <source>Copia tutta la &amp;lista</source>
+        <translation>Copia tutta la &amp;lista</translation>
+    </message>
+    <message>
+        <source>Colo&amp;nne</source>
+        <translation>Colo&amp;nne</translation>
+    </message>
+    <message>
+        <source>Stampa lista...</source>
+        <translation>Stampa lista...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1206,6 +1222,10 @@ Non è stato cambiato nulla. Riprovare quando avrà finito.</translation>
     <message>
         <source>Nome file</source>
         <translation>Nome file</translation>
+    </message>
+    <message>
+        <source>Cartella</source>
+        <translation>Cartella</translation>
     </message>
 </context>
 <context>
@@ -4787,6 +4807,92 @@ Preparare prima il tag per il player?</translation>
     <message>
         <source>Misura</source>
         <translation>Misura</translation>
+    </message>
+</context>
+<context>
+    <name>ColumnChoice</name>
+    <message>
+        <source>Come all&apos;inizio</source>
+        <translation>Come all&apos;inizio</translation>
+    </message>
+</context>
+<context>
+    <name>ListOutput</name>
+    <message>
+        <source>Lista delle song</source>
+        <translation>Lista delle song</translation>
+    </message>
+    <message>
+        <source>Stampa lista</source>
+        <translation>Stampa lista</translation>
+    </message>
+    <message numerus="yes">
+        <source>Lista delle song: %n song</source>
+        <translation>
+            <numerusform>Lista delle song: %n song</numerusform>
+            <numerusform>Lista delle song: %n song</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>La lista non può essere stampata</source>
+        <translation>La lista non può essere stampata</translation>
+    </message>
+</context>
+<context>
+    <name>TablePages</name>
+    <message>
+        <source>Pagina %1 di %2</source>
+        <translation>Pagina %1 di %2</translation>
+    </message>
+</context>
+<context>
+    <name>JobPace</name>
+    <message>
+        <source>Song al secondo: %1</source>
+        <translation>Song al secondo: %1</translation>
+    </message>
+    <message>
+        <source>Song al minuto: %1</source>
+        <translation>Song al minuto: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>ancora %n secondi circa</source>
+        <translation>
+            <numerusform>ancora %n secondo circa</numerusform>
+            <numerusform>ancora %n secondi circa</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>ancora %n minuti circa</source>
+        <translation>
+            <numerusform>ancora %n minuto circa</numerusform>
+            <numerusform>ancora %n minuti circa</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>ancora %n ore circa</source>
+        <translation>
+            <numerusform>ancora %n ora circa</numerusform>
+            <numerusform>ancora %n ore circa</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>BackgroundJob</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Memoria</translation>
+    </message>
+</context>
+<context>
+    <name>JobNotice</name>
+    <message>
+        <source>Il lavoro è finito</source>
+        <translation>Il lavoro è finito</translation>
+    </message>
+    <message>
+        <source>Il programma aspetta una risposta</source>
+        <translation>Il programma aspetta una risposta</translation>
     </message>
 </context>
 </TS>

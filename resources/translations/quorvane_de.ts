@@ -901,6 +901,22 @@ Trotzdem kopieren?</translation>
         <source>&amp;Il mio catalogo...</source>
         <translation>&amp;Mein Katalog...</translation>
     </message>
+    <message>
+        <source>C&amp;opia</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Copia tutta la &amp;lista</source>
+        <translation>&amp;Ganze Liste kopieren</translation>
+    </message>
+    <message>
+        <source>Colo&amp;nne</source>
+        <translation>&amp;Spalten</translation>
+    </message>
+    <message>
+        <source>Stampa lista...</source>
+        <translation>Liste dr&amp;ucken...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -1206,6 +1222,10 @@ Es wurde nichts geändert. Bitte versuchen Sie es noch einmal, wenn es fertig is
     <message>
         <source>Nome file</source>
         <translation>Dateiname</translation>
+    </message>
+    <message>
+        <source>Cartella</source>
+        <translation>Ordner</translation>
     </message>
 </context>
 <context>
@@ -4787,6 +4807,92 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
     <message>
         <source>Misura</source>
         <translation>Messe</translation>
+    </message>
+</context>
+<context>
+    <name>ColumnChoice</name>
+    <message>
+        <source>Come all&apos;inizio</source>
+        <translation>Wie am Anfang</translation>
+    </message>
+</context>
+<context>
+    <name>ListOutput</name>
+    <message>
+        <source>Lista delle song</source>
+        <translation>Songliste</translation>
+    </message>
+    <message>
+        <source>Stampa lista</source>
+        <translation>Liste drucken</translation>
+    </message>
+    <message numerus="yes">
+        <source>Lista delle song: %n song</source>
+        <translation>
+            <numerusform>Songliste: %n Song</numerusform>
+            <numerusform>Songliste: %n Songs</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>La lista non può essere stampata</source>
+        <translation>Die Liste kann nicht gedruckt werden</translation>
+    </message>
+</context>
+<context>
+    <name>TablePages</name>
+    <message>
+        <source>Pagina %1 di %2</source>
+        <translation>Seite %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>JobPace</name>
+    <message>
+        <source>Song al secondo: %1</source>
+        <translation>Songs pro Sekunde: %1</translation>
+    </message>
+    <message>
+        <source>Song al minuto: %1</source>
+        <translation>Songs pro Minute: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>ancora %n secondi circa</source>
+        <translation>
+            <numerusform>noch etwa %n Sekunde</numerusform>
+            <numerusform>noch etwa %n Sekunden</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>ancora %n minuti circa</source>
+        <translation>
+            <numerusform>noch etwa %n Minute</numerusform>
+            <numerusform>noch etwa %n Minuten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>ancora %n ore circa</source>
+        <translation>
+            <numerusform>noch etwa %n Stunde</numerusform>
+            <numerusform>noch etwa %n Stunden</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>BackgroundJob</name>
+    <message>
+        <source>Memoria</source>
+        <translation>Speicher</translation>
+    </message>
+</context>
+<context>
+    <name>JobNotice</name>
+    <message>
+        <source>Il lavoro è finito</source>
+        <translation>Der Vorgang ist beendet</translation>
+    </message>
+    <message>
+        <source>Il programma aspetta una risposta</source>
+        <translation>Das Programm wartet auf eine Antwort</translation>
     </message>
 </context>
 </TS>

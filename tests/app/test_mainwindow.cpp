@@ -251,7 +251,8 @@ void TestMainWindow::tableIsSetUpForTheLibrary()
     QCOMPARE(window.model()->parent(), static_cast<const QObject *>(&window));
     for (int column = 0; column < window.model()->columnCount(); ++column) {
         const bool hidden = column == 0 || column == window.model()->colIdxFilename() ||
-                            column == window.model()->colIdxStatus();
+                            column == window.model()->colIdxStatus() ||
+                            column == window.model()->colIdxFolder();
         QCOMPARE(table->isColumnHidden(column), hidden);
     }
 }

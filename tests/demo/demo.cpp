@@ -6,6 +6,7 @@
 #include "app/startup.h"
 #include "library/branding.h"
 #include "library/database.h"
+#include "library/songcolumns.h"
 #include "support/mp3judges.h"
 #include "support/planwindow.h"
 #include "support/samplesongs.h"
@@ -359,7 +360,7 @@ void Demo::reportRows()
     const QAbstractItemModel *const model =
         child<QTableView>(&m_window, "userLibraryTableView")->model();
     int counts[4] = {};
-    const int statusColumn = model->columnCount() - 1;
+    const int statusColumn = songcolumns::Status;
     for (int row = 0; row < model->rowCount(); ++row)
         ++counts[model->index(row, statusColumn).data().toInt() & 3];
     say(QStringLiteral("  %1 rows: %2 new, %3 synchronised, %4 edited, %5 not synchronised")

@@ -44,7 +44,15 @@ grep -q "<release version=\"$version\" date=\"20[0-9-]*\"/>" "$share"/metainfo/*
 for page in "$share"/man/man1/kavena-pc.1.gz "$share"/man/de/man1/kavena-pc.1.gz; do
   gunzip -c "$page" >page.1
   mandoc -Tlint -Wwarning page.1 || fail "$page has mistakes"
-  grep -q "Kavena PC $version" page.1 || fail "$page is of another version"
+  grep -q "$product $version" page.1 || fail "$page is of another version"
+done
+# One name for one thing: nothing that a user reads names the product or the player of the other
+# branding.
+other=Kavena
+[ "$product" = "RB27 Utility" ] || other=RB27
+for text in "$desktop" "$share"/metainfo/*.xml <(dpkg-deb -f "$package") <(dpkg-deb -f "$tools") \
+            <(gunzip -c "$share"/man/man1/*.gz "$share"/man/de/man1/*.gz); do
+  ! grep -w "$other" "$text" || fail "the package names $other"
 done
 
 icon=$(sed -n 's/^Icon=//p' "$desktop")
@@ -65,7 +73,7 @@ dpkg-deb -x "$tools" tools
 for page in tools/usr/share/man/man1/kavena.1.gz tools/usr/share/man/de/man1/kavena.1.gz; do
   gunzip -c "$page" >page.1
   mandoc -Tlint -Wwarning page.1 || fail "$page has mistakes"
-  grep -q "Kavena PC $version" page.1 || fail "$page is of another version"
+  grep -q "$product $version" page.1 || fail "$page is of another version"
 done
 "$here/check_completion.sh" tools/usr/share/bash-completion/completions/kavena
 [ "$(env -u DISPLAY -u WAYLAND_DISPLAY tools/usr/bin/kavena --version)" = "kavena $version" ] ||

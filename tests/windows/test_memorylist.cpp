@@ -36,6 +36,7 @@ private slots:
     void textTellsNameFreeAndTotalSpace();
     void showsTheMemoryThatThePathLiesOn_data();
     void showsTheMemoryThatThePathLiesOn();
+    void memoryUsedLastIsFirst();
     void noMemoryIsSaid();
     void followsMemoriesThatComeAndGo();
     void followsAMountDirectoryThatIsMadeLater();
@@ -224,6 +225,18 @@ void TestMemoryList::showsTheMemoryThatThePathLiesOn()
     QCOMPARE(m_list->currentIndex(), index);
     QCOMPARE(m_field->text(), m_card->mountDirectory() + path); // showing is not choosing
     QVERIFY(!OwnSettings::value(settings::mediaRoot).isValid());
+}
+
+void TestMemoryList::memoryUsedLastIsFirst()
+{
+    add(QStringLiteral("ALPHA"));
+    m_list->showPopup();
+    m_list->hidePopup();
+    QCOMPARE(offered().join(QLatin1Char(' ')), QStringLiteral("ALPHA CARD STICK"));
+    OwnSettings::set(settings::mediaRoot, m_card->path(QStringLiteral("songs")));
+    m_list->showPopup();
+    m_list->hidePopup();
+    QCOMPARE(offered().join(QLatin1Char(' ')), QStringLiteral("CARD ALPHA STICK"));
 }
 
 void TestMemoryList::noMemoryIsSaid()

@@ -1,5 +1,6 @@
 // The progress dialog of long jobs, as a job and a user meet it.
 #include "support/shorttext.h"
+#include "windows/pacelabel.h"
 #include "windows/progresswindow.h"
 
 #include <QApplication>
@@ -41,6 +42,8 @@ private slots:
     void isShownWithoutAnythingToDo();
     void progressIsLabelledBeforeTheValueMoves();
     void labelTellsTheMaximumOfTheDialog();
+    void paceHasALineOfItsOwn();
+    void paceIsToldAfterSomeSeconds();
     void staysAtItsMaximum();
     void cancelButtonIsRemembered();
     void escapeIsRemembered();
@@ -98,6 +101,42 @@ void TestProgressWindow::labelTellsTheMaximumOfTheDialog()
     progress.setValue(5);
     QCOMPARE(progress.dialog().value(), 5);
     QCOMPARE(labelText(progress), s("4 di 25"));
+}
+
+void TestProgressWindow::paceHasALineOfItsOwn()
+{
+    ProgressWindow progress(s("t"), s("Importo la libreria..."), 10, nullptr);
+    auto *const label = progress.dialog().findChild<PaceLabel *>();
+    auto *const pace = progress.dialog().findChild<QLabel *>(s("paceLabel"));
+    const QSize before = progress.dialog().size();
+    label->setPace(s("Song al secondo: 1234 – ancora 119 minuti circa"));
+    QCOMPARE(labelText(progress), s("Importo la libreria..."));
+    QCOMPARE(progress.dialog().size(), before);
+    QVERIFY(pace->isVisible());
+    QVERIFY(pace->width() >= pace->sizeHint().width());
+    QVERIFY(pace->height() >= pace->fontMetrics().height());
+    QVERIFY(label->rect().contains(pace->geometry()));
+    QVERIFY(label->contentsRect().bottom() < pace->geometry().top());
+    QVERIFY(label->contentsRect().height() >= label->fontMetrics().height());
+}
+
+void TestProgressWindow::paceIsToldAfterSomeSeconds()
+{
+    ProgressWindow progress(s("t"), s("l"), 1000000, nullptr);
+    const auto *const pace = progress.dialog().findChild<QLabel *>(s("paceLabel"));
+    QElapsedTimer age;
+    age.start();
+    int done = 0;
+    QVERIFY(QTest::qWaitFor(
+        [&] {
+            progress.updateProgress(++done);
+            return !pace->text().isEmpty();
+        },
+        30000));
+    QVERIFY(age.elapsed() >= JobPace::silentMilliseconds - 100);
+    QVERIFY2(pace->text().startsWith(s("Song al secondo: ")), qPrintable(pace->text()));
+    QVERIFY(pace->text().contains(s("ancora")));
+    QCOMPARE(labelText(progress), QStringLiteral("%1 di 1000000").arg(done));
 }
 
 void TestProgressWindow::staysAtItsMaximum()

@@ -1,6 +1,7 @@
 // The transfer onto a memory through the real windows.
 #include "devindex/transfer.h"
 #include "support/mountedcard.h"
+#include "support/ownfolders.h"
 #include "support/transferfixture.h"
 #include "support/userdriver.h"
 #include "windows/nocopyrightdialog.h"
@@ -149,6 +150,7 @@ void TestTransferDialogs::roomQuestionsDefaultIsNo()
 
 int main(int argc, char **argv)
 {
+    const OwnSettings ownSettings;
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QApplication app(argc, argv);
     TestTransferDialogs test;

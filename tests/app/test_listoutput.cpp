@@ -1,0 +1,465 @@
+// The list of songs on the clipboard, on paper and dragged out of the window.
+#include "support/apptest.h"
+#include "support/columndriver.h"
+#include "support/songfolder.h"
+#include "support/userdriver.h"
+#include "windows/tablepages.h"
+
+#include <QClipboard>
+#include <QDrag>
+#include <QHeaderView>
+#include <QMimeData>
+#include <QPaintDevice>
+#include <QPaintEngine>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QSignalSpy>
+#include <QTableView>
+
+#include <memory>
+
+using namespace columndriver;
+
+namespace
+{
+
+/** Notes each text that is painted, and the page that it is painted on. */
+class NotingEngine : public QPaintEngine
+{
+public:
+    NotingEngine()
+        : QPaintEngine(AllFeatures)
+    {
+    }
+    bool begin(QPaintDevice *) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState &) override {}
+    void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override {}
+    void drawPolygon(const QPointF *, int, PolygonDrawMode) override {}
+    Type type() const override { return User; }
+    void drawTextItem(const QPointF &place, const QTextItem &item) override
+    {
+        pages.last() << item.text();
+        lowest = qMax(lowest, place.y());
+        rightmost = qMax(rightmost, place.x() + item.width());
+    }
+
+    QList<QStringList> pages{{}};
+    qreal lowest = 0;
+    qreal rightmost = 0;
+};
+
+/** Paper of this size. */
+class NotingPaper : public QPaintDevice
+{
+public:
+    explicit NotingPaper(QSize size)
+        : m_size(size)
+    {
+    }
+    bool takes(const TablePages &pages, int first = 0, int last = 0)
+    {
+        return pages.paint(
+            *this,
+            [this] {
+                m_engine.pages.append(QStringList());
+                return true;
+            },
+            first, last);
+    }
+    QPaintEngine *paintEngine() const override { return &m_engine; }
+    NotingEngine &noted() { return m_engine; }
+
+protected:
+    int metric(PaintDeviceMetric metric) const override
+    {
+        switch (metric) {
+        case PdmWidth:
+            return m_size.width();
+        case PdmHeight:
+            return m_size.height();
+        case PdmDpiX:
+        case PdmDpiY:
+        case PdmPhysicalDpiX:
+        case PdmPhysicalDpiY:
+            return 96;
+        case PdmDevicePixelRatio:
+            return 1;
+        default:
+            return QPaintDevice::metric(metric);
+        }
+    }
+
+private:
+    const QSize m_size;
+    mutable NotingEngine m_engine;
+};
+
+TextTable rowsOf(int count)
+{
+    TextTable table{{s("Number"), s("Name")}, {}};
+    for (int row = 0; row < count; ++row)
+        table.rows.append({QStringLiteral("n%1").arg(row), s("name")});
+    return table;
+}
+
+QString clipboardText()
+{
+    return QApplication::clipboard()->text();
+}
+
+} // namespace
+
+class TestListOutput : public AppFixture
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        AppFixture::init();
+        QApplication::clipboard()->clear();
+    }
+    void cleanup() { AppFixture::cleanup(); }
+
+    void nothingToDoWithAnEmptyList();
+    void chosenRowIsCopied();
+    void withoutAChoiceAllShownRowsAreCopied();
+    void copyFollowsTheColumnsOfTheList();
+    void keyInTheSearchFieldCopiesItsText();
+    void breaksWithinTextsBecomeBlanks();
+
+    void pagesCarryTitleHeadingsRowsAndNumbers();
+    void everyRowIsOnOnePage();
+    void rangeOfPagesIsPainted();
+    void wideTextsStayOnThePage();
+    void longTextGoesOnInFurtherLines();
+
+    void listIsPrintedIntoAPdf();
+    void songIsNotOverwrittenByPaper();
+    void refusedFolderIsTold();
+    void nothingIsPrintedWhenTheUserCancels();
+
+    void songDraggedOutIsACopy();
+    void songLetGoOverItsOwnListChangesNothing();
+    void nothingIsDraggedDuringAWorkflow();
+
+private:
+    void import(WindowUnderTest &window)
+    {
+        window.setSelectedFiles(
+            {m_songs.midi(s("b.mid"), "Bravo"), m_songs.midi(s("a.mid"), "Alpha")});
+        window.importUserLibrary();
+        settle(window);
+    }
+
+    /** Prints to the file, as a user chooses it in the dialog for printing. */
+    void printInto(WindowUnderTest &window, const QString &path, ModalAnswers &user)
+    {
+        user.add([path](QWidget *modal) {
+            auto *const dialog = qobject_cast<QPrintDialog *>(modal);
+            if (dialog == nullptr)
+                return false;
+            dialog->findChild<QLineEdit *>(s("filename"))->setText(path);
+            QMetaObject::invokeMethod(dialog, "accept");
+            return true;
+        });
+        window.action("actionPrint")->trigger();
+    }
+
+    const SongFolder m_songs;
+};
+
+// ---------------------------------------------------------------- clipboard
+void TestListOutput::nothingToDoWithAnEmptyList()
+{
+    WindowUnderTest window;
+    for (const char *action : {"actionCopyRow", "actionCopyList", "actionPrint"})
+        QVERIFY(!window.action(action)->isEnabled());
+    import(window);
+    for (const char *action : {"actionCopyRow", "actionCopyList", "actionPrint"})
+        QVERIFY(window.action(action)->isEnabled());
+}
+
+void TestListOutput::chosenRowIsCopied()
+{
+    WindowUnderTest window;
+    import(window);
+    window.table()->selectRow(1);
+    window.table()->setFocus();
+    QTest::keyClick(window.table(), Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(clipboardText(),
+             s("Formato\tTitolo\tArtista\tGenere\tAutore\tDurata\tBpm\tTonalita'\tNome file\n"
+               "MIDI\tAlpha\t\t\t\t00:00\t0\t\ta.mid\n"));
+}
+
+void TestListOutput::withoutAChoiceAllShownRowsAreCopied()
+{
+    WindowUnderTest window;
+    import(window);
+    window.table()->clearSelection();
+    window.table()->setFocus();
+    QTest::keyClick(window.table(), Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(clipboardText().count(QLatin1Char('\n')), 3);
+    window.child<QLineEdit>("filterLineEdit")->setText(s("alpha"));
+    window.table()->selectRow(1);
+    window.action("actionCopyList")->trigger();
+    const QStringList lines = clipboardText().split(QLatin1Char('\n'));
+    QCOMPARE(lines.size(), 3);
+    QVERIFY(lines.at(1).contains(s("\tAlpha\t")));
+}
+
+void TestListOutput::copyFollowsTheColumnsOfTheList()
+{
+    OwnSettings::set(settings::columnsShown, QStringList{s("type"), s("title"), s("folder")});
+    OwnSettings::set(settings::columnOrder, QStringList{s("folder"), s("title")});
+    WindowUnderTest window;
+    import(window);
+    window.table()->selectRow(0);
+    window.action("actionCopyRow")->trigger();
+    QCOMPARE(clipboardText(), s("Cartella\tTitolo\tFormato\n") +
+                                  QFileInfo(window.model()->fileName(0)).path() +
+                                  s("\tBravo\tMIDI\n"));
+}
+
+void TestListOutput::keyInTheSearchFieldCopiesItsText()
+{
+    WindowUnderTest window;
+    import(window);
+    auto *const field = window.child<QLineEdit>("filterLineEdit");
+    field->setFocus();
+    field->setText(s("rav"));
+    field->selectAll();
+    QTest::keyClick(field, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(clipboardText(), s("rav"));
+}
+
+void TestListOutput::breaksWithinTextsBecomeBlanks()
+{
+    const TextTable table{{s("A"), s("B")}, {{s("one\ttwo\r\nthree"), s("")}, {s(""), s("x")}}};
+    QCOMPARE(table.tabSeparated(), s("A\tB\none two  three\t\n\tx\n"));
+}
+
+// ---------------------------------------------------------------- paper
+void TestListOutput::pagesCarryTitleHeadingsRowsAndNumbers()
+{
+    NotingPaper paper(QSize(600, 800));
+    QVERIFY(paper.takes(TablePages(rowsOf(2), s("The title"), QFont())));
+    QCOMPARE(paper.noted().pages, QList<QStringList>{QStringList(
+                                      {s("The title"), s("Number"), s("Name"), s("Pagina 1 di 1"),
+                                       s("n0"), s("name"), s("n1"), s("name")})});
+}
+
+void TestListOutput::everyRowIsOnOnePage()
+{
+    NotingPaper paper(QSize(600, 400));
+    QVERIFY(paper.takes(TablePages(rowsOf(100), s("The title"), QFont())));
+    const QList<QStringList> &pages = paper.noted().pages;
+    QVERIFY(pages.size() > 3);
+    QStringList rows;
+    for (qsizetype page = 0; page < pages.size(); ++page) {
+        QCOMPARE(pages.at(page).count(s("Number")), 1);
+        QCOMPARE(
+            pages.at(page).count(QStringLiteral("Pagina %1 di %2").arg(page + 1).arg(pages.size())),
+            1);
+        for (const QString &text : pages.at(page)) {
+            if (text.startsWith(QLatin1Char('n')) && text != s("name"))
+                rows << text;
+        }
+    }
+    QStringList expected;
+    for (int row = 0; row < 100; ++row)
+        expected << QStringLiteral("n%1").arg(row);
+    QCOMPARE(rows, expected);
+    QVERIFY(paper.noted().lowest <= 400);
+}
+
+void TestListOutput::rangeOfPagesIsPainted()
+{
+    NotingPaper paper(QSize(600, 400));
+    QVERIFY(paper.takes(TablePages(rowsOf(100), s("The title"), QFont()), 2, 3));
+    const QList<QStringList> &pages = paper.noted().pages;
+    QCOMPARE(pages.size(), 2);
+    QVERIFY(!pages.constFirst().contains(s("n0")));
+    QVERIFY(pages.constLast().join(QLatin1Char(' ')).contains(s("Pagina 3 di ")));
+}
+
+void TestListOutput::wideTextsStayOnThePage()
+{
+    TextTable table{{s("A"), s("B"), s("C")}, {}};
+    const QString wide(300, QLatin1Char('W'));
+    table.rows.append({wide, s("short"), wide});
+    NotingPaper paper(QSize(500, 800));
+    QVERIFY(paper.takes(TablePages(table, s("The title"), QFont())));
+    QVERIFY(paper.noted().rightmost <= 500);
+    QVERIFY(paper.noted().pages.constFirst().contains(s("short")));
+}
+
+void TestListOutput::longTextGoesOnInFurtherLines()
+{
+    TextTable table{{s("A"), s("B")}, {}};
+    QStringList words;
+    for (int word = 0; word < 60; ++word)
+        words << QStringLiteral("word%1").arg(word);
+    table.rows.append({words.join(QLatin1Char(' ')), s("b")});
+    table.rows.append({s("below"), s("b")});
+    NotingPaper paper(QSize(500, 800));
+    QVERIFY(paper.takes(TablePages(table, s("The title"), QFont())));
+    QCOMPARE(paper.noted().pages.size(), 1);
+    const QString painted = paper.noted().pages.constFirst().join(QLatin1Char(' '));
+    for (const QString &word : std::as_const(words))
+        QVERIFY2(painted.contains(word), qPrintable(word));
+    QVERIFY(painted.contains(s("below")));
+}
+
+void TestListOutput::listIsPrintedIntoAPdf()
+{
+    WindowUnderTest window;
+    import(window);
+    ModalAnswers user;
+    const QString path = m_work->path() + s("/list.pdf");
+    printInto(window, path, user);
+    QFile file(path);
+    QVERIFY(file.open(QFile::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    QVERIFY(bytes.startsWith("%PDF-"));
+    QVERIFY(bytes.trimmed().endsWith("%%EOF"));
+    QVERIFY(bytes.contains("/Count 1"));
+    // A page that lies on its side.
+    QVERIFY(bytes.contains("/MediaBox [0 0 842 595]") || bytes.contains("/MediaBox [0 0 792 612]"));
+}
+
+void TestListOutput::songIsNotOverwrittenByPaper()
+{
+    WindowUnderTest window;
+    import(window);
+    const QString song = window.model()->fileName(0);
+    QFile file(song);
+    QVERIFY(file.open(QFile::ReadOnly));
+    const QByteArray before = file.readAll();
+    UserDriver user;
+    // The dialog asks about the file that exists, then the program refuses.
+    QStringList told;
+    user.add([&told](QWidget *modal) {
+        auto *const box = qobject_cast<QMessageBox *>(modal);
+        if (box == nullptr)
+            return false;
+        told << box->text();
+        QAbstractButton *const yes = box->button(QMessageBox::Yes);
+        QTest::mouseClick(yes != nullptr ? yes : box->button(QMessageBox::Ok), Qt::LeftButton);
+        return true;
+    });
+    printInto(window, song, user);
+    QCOMPARE(told.size(), 2);
+    QVERIFY(told.constLast().contains(s("Il file è una song e non viene sostituito")));
+    file.seek(0);
+    QCOMPARE(file.readAll(), before);
+    QFile now(song);
+    QVERIFY(now.open(QFile::ReadOnly));
+    QCOMPARE(now.readAll(), before);
+}
+
+void TestListOutput::refusedFolderIsTold()
+{
+    WindowUnderTest window;
+    import(window);
+    QDir().mkdir(m_work->path() + s("/there"));
+    UserDriver user;
+    user.pressInMessageBoxes(QMessageBox::Ok);
+    bool asked = false;
+    user.add([&](QWidget *modal) {
+        auto *const dialog = qobject_cast<QPrintDialog *>(modal);
+        if (dialog == nullptr)
+            return false;
+        dialog->findChild<QLineEdit *>(s("filename"))->setText(m_work->path() + s("/there/x.pdf"));
+        if (!asked) // the folder goes between the dialog's look at it and the writing
+            QMetaObject::invokeMethod(dialog, "accept");
+        asked = true;
+        QDir().rmdir(m_work->path() + s("/there"));
+        return true;
+    });
+    window.action("actionPrint")->trigger();
+    QCOMPARE(user.messages().size(), 1);
+    QVERIFY2(user.messages().constFirst().contains(s("La cartella non esiste")),
+             qPrintable(user.messages().constFirst()));
+}
+
+void TestListOutput::nothingIsPrintedWhenTheUserCancels()
+{
+    WindowUnderTest window;
+    import(window);
+    ModalAnswers user;
+    user.add([](QWidget *modal) {
+        auto *const dialog = qobject_cast<QPrintDialog *>(modal);
+        if (dialog != nullptr)
+            dialog->reject();
+        return dialog != nullptr;
+    });
+    const QStringList before = QDir(m_work->path()).entryList(QDir::Files);
+    window.action("actionPrint")->trigger();
+    QCOMPARE(QDir(m_work->path()).entryList(QDir::Files), before);
+}
+
+// ---------------------------------------------------------------- dragging
+void TestListOutput::songDraggedOutIsACopy()
+{
+    WindowUnderTest window;
+    import(window);
+    QVERIFY(window.table()->dragEnabled());
+    QCOMPARE(window.table()->dragDropMode(), QAbstractItemView::DragOnly);
+    QCOMPARE(window.table()->defaultDropAction(), Qt::CopyAction);
+    QCOMPARE(window.model()->supportedDragActions(), Qt::DropActions(Qt::CopyAction));
+}
+
+void TestListOutput::songLetGoOverItsOwnListChangesNothing()
+{
+    WindowUnderTest window;
+    import(window);
+    QWidget *const viewport = window.table()->viewport();
+    const QPoint from = window.table()->visualRect(window.model()->index(0, 2)).center();
+    bool wasDragged = false;
+    QTimer letGo;
+    connect(&letGo, &QTimer::timeout, &window, [&] {
+        wasDragged = wasDragged || window.table()->findChild<QDrag *>() != nullptr;
+        QTest::mouseMove(window.windowHandle(), viewport->mapTo(&window, from) + QPoint(60, 40));
+        QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {},
+                            viewport->mapTo(&window, from) + QPoint(60, 40));
+    });
+    letGo.start(50);
+    QTest::mousePress(viewport, Qt::LeftButton, {}, from);
+    for (const int by : {20, 40, 60}) {
+        const QPoint point = from + QPoint(by, 20);
+        QMouseEvent move(QEvent::MouseMove, point, viewport->mapToGlobal(point), Qt::LeftButton,
+                         Qt::LeftButton, {});
+        QCoreApplication::sendEvent(viewport, &move);
+    }
+    letGo.stop();
+    QVERIFY(wasDragged);
+    QVERIFY(settled::processAll());
+    QCOMPARE(window.shownNames(), (QStringList{s("b.mid"), s("a.mid")}));
+    for (int row = 0; row < 2; ++row)
+        QVERIFY(QFile::exists(window.model()->fileName(row)));
+}
+
+void TestListOutput::nothingIsDraggedDuringAWorkflow()
+{
+    WindowUnderTest window;
+    import(window);
+    bool enabled = true;
+    ModalAnswers user;
+    user.add([&](QWidget *modal) {
+        enabled = window.table()->dragEnabled();
+        modal->close();
+        return true;
+    });
+    window.action("actionAbout")->trigger();
+    QVERIFY(!enabled);
+    QVERIFY(window.table()->dragEnabled());
+}
+
+int main(int argc, char *argv[])
+{
+    return runAppTest<TestListOutput>(argc, argv);
+}
+
+#include "test_listoutput.moc"
