@@ -52,14 +52,20 @@ MusicOffer MusicOffer::of(const QString &path)
     offer.m_found = musicfill::replaced(offer.m_before, measure);
     offer.m_isKeyGuessed = measure.isKeyGuessed;
     offer.m_hasMoreMarkers = measure.markers.size() >= midimeasure::mostMarkers;
-    for (const Value value : values) {
-        const QString before = text(offer.m_before, value);
-        const bool isOther = value == Markers ? offer.m_before.markers != offer.m_found.markers
-                                              : before != text(offer.m_found, value);
-        if (isOther)
-            (before.isEmpty() ? offer.m_filling : offer.m_replacing) |= value;
-    }
+    for (const Value value : values)
+        offer.compare(value);
     return offer;
+}
+
+void MusicOffer::compare(Value value)
+{
+    const QString before = text(m_before, value);
+    const bool isOther =
+        value == Markers ? m_before.markers != m_found.markers : before != text(m_found, value);
+    if (isOther)
+        (before.isEmpty() ? m_filling : m_replacing) |= value;
+    else if (before.isEmpty() && isMeasurable(value))
+        m_unmeasurable |= value;
 }
 
 QList<MusicOffer> MusicOffer::ofSongs(const QStringList &paths, Progress &progress)
@@ -113,21 +119,11 @@ bool MusicOffer::isMeasurable(Value value) const
     return value == Length || (value != Markers && !isMp3(m_before));
 }
 
-QString MusicOffer::problem() const
+QString MusicOffer::note() const
 {
     if (m_unreadable)
         return m_unreadable->reasonText();
-    QStringList problems;
-    QStringList names;
-    for (const Value value : values) {
-        if (isMeasurable(value) && text(m_before, value).isEmpty() && !m_filling.testFlag(value))
-            names << ChangePreview::fieldName(field(value));
-    }
-    if (!names.isEmpty())
-        problems << tr("Non misurabile: %1").arg(names.join(QStringLiteral(", ")));
-    if (m_hasMoreMarkers)
-        problems << tr("Troppi marker: gli ultimi mancano");
-    return problems.join(QStringLiteral("; "));
+    return m_hasMoreMarkers ? tr("Troppi marker: gli ultimi mancano") : QString();
 }
 
 void MusicOffer::take(SongInfo &info, Value value) const

@@ -59,8 +59,11 @@ public:
     /** All markers that the value has; none for the other values. */
     QString longTextFound(Value value) const;
 
-    /** What could not be measured though the song lacks it, in a few words; empty if nothing. */
-    QString problem() const;
+    /** What the song lacks and its music should tell but does not. */
+    Values unmeasurable() const { return m_unmeasurable; }
+
+    /** What there is to be said of the whole song, in a few words; empty if nothing. */
+    QString note() const;
 
     /** The song with these of the offered values. */
     SeveralSong with(Values values, const SongStandIn &standIn) const;
@@ -69,11 +72,13 @@ private:
     static QString text(const SongInfo &info, Value value);
     void take(SongInfo &info, Value value) const;
     bool isMeasurable(Value value) const;
+    void compare(Value value);
 
     SongInfo m_before;
     SongInfo m_found; ///< what the song says where the music does not tell
     Values m_filling;
     Values m_replacing;
+    Values m_unmeasurable;
     bool m_isKeyGuessed = false;
     bool m_hasMoreMarkers = false; ///< than are offered
     std::optional<UnreadableFile> m_unreadable;

@@ -19,10 +19,10 @@
 namespace
 {
 
-constexpr int fileColumnWidth = 170;
-constexpr int beforeColumnWidth = 90;
-constexpr int foundColumnWidth = 115;
-constexpr int markersColumnWidth = 190;
+constexpr int fileColumnWidth = 150;
+constexpr int noteColumnWidth = 150;
+constexpr int markersColumn =
+    MusicOffersModel::beforeColumn(static_cast<int>(std::size(MusicOffer::values)) - 1);
 
 QList<MusicOffer> measured(const QStringList &paths, QWidget *parent)
 {
@@ -89,15 +89,29 @@ void FillFromMusicDialog::setUpTable()
     table->horizontalHeader()->setStretchLastSection(true);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->setColumnWidth(MusicOffersModel::fileColumn, fileColumnWidth);
-    for (int value = 0; value < static_cast<int>(std::size(MusicOffer::values)); ++value) {
-        const bool isMarkers = MusicOffer::values[value] == MusicOffer::Markers;
-        table->setColumnWidth(MusicOffersModel::beforeColumn(value), beforeColumnWidth);
-        table->setColumnWidth(MusicOffersModel::foundColumn(value),
-                              isMarkers ? markersColumnWidth : foundColumnWidth);
-    }
+    table->setColumnWidth(MusicOffersModel::noteColumn, noteColumnWidth);
+    connect(m_model, &QAbstractItemModel::modelReset, this, &FillFromMusicDialog::showColumns);
+    showColumns();
     auto *const space = new QShortcut(Qt::Key_Space, table, nullptr, nullptr, Qt::WidgetShortcut);
     connect(space, &QShortcut::activated, this,
             [this, table] { m_model->toggle(table->selectionModel()->selectedIndexes()); });
+}
+
+/** There is room for those columns alone that songs have something in. */
+void FillFromMusicDialog::showColumns()
+{
+    QTableView *const table = ui->songsTableView;
+    for (const int column : {MusicOffersModel::noteColumn, markersColumn})
+        table->setColumnHidden(column, !m_model->isUsed(column));
+    const int unmeasurable = fontMetrics().horizontalAdvance(MusicOffersModel::unmeasurableText());
+    const int box = style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, this);
+    for (int column = MusicOffersModel::beforeColumn(0); column <= markersColumn; ++column) {
+        constexpr int margins = 12;
+        const bool isOld = (column - MusicOffersModel::beforeColumn(0)) % 2 == 0;
+        const int needed = isOld ? 0 : unmeasurable + box + margins;
+        table->setColumnWidth(column,
+                              qMax(table->horizontalHeader()->sectionSizeHint(column), needed));
+    }
 }
 
 void FillFromMusicDialog::changeEvent(QEvent *event)
@@ -107,6 +121,7 @@ void FillFromMusicDialog::changeEvent(QEvent *event)
         return;
     ui->retranslateUi(this);
     m_model->retranslate();
+    showColumns();
 }
 
 /** The songs that were left to be measured are so when they are to be seen. */

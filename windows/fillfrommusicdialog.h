@@ -54,6 +54,7 @@ protected:
 
 private:
     void setUpTable();
+    void showColumns();
     void showOthers(bool isAll);
     void showSummary();
     void apply();

@@ -16,12 +16,17 @@ constexpr int valueCount = static_cast<int>(std::size(MusicOffer::values));
 /** The value that has the column. */
 MusicOffer::Value valueOf(int column)
 {
-    return MusicOffer::values[(column - 1) / 2];
+    return MusicOffer::values[(column - MusicOffersModel::beforeColumn(0)) / 2];
 }
 
 bool isFoundColumn(int column)
 {
-    return column != MusicOffersModel::fileColumn && column % 2 == 0;
+    return column >= MusicOffersModel::foundColumn(0) && column % 2 != 0;
+}
+
+bool isWhole(const MusicOffer &offer)
+{
+    return offer.unmeasurable() == MusicOffer::Values() && offer.note().isEmpty();
 }
 
 bool offersGuess(const MusicOffer &offer)
@@ -36,9 +41,9 @@ MusicOffersModel::MusicOffersModel(QObject *parent)
 {
 }
 
-int MusicOffersModel::noteColumn()
+QString MusicOffersModel::unmeasurableText()
 {
-    return beforeColumn(valueCount);
+    return tr("non misurabile");
 }
 
 void MusicOffersModel::add(const QList<MusicOffer> &offers)
@@ -66,7 +71,7 @@ void MusicOffersModel::makeRows()
     for (size_t i = 0; i < m_songs.size(); ++i) {
         const Song &song = m_songs[i];
         if (m_isAllShown || song.offer.filling() != MusicOffer::Values() ||
-            song.ticked != MusicOffer::Values() || !song.offer.problem().isEmpty())
+            song.ticked != MusicOffer::Values() || !isWhole(song.offer))
             m_rows.push_back(i);
     }
 }
@@ -108,6 +113,14 @@ int MusicOffersModel::tickedGuesses() const
     }));
 }
 
+bool MusicOffersModel::isUsed(int column) const
+{
+    return std::any_of(m_songs.cbegin(), m_songs.cend(), [column](const Song &song) {
+        return column == noteColumn ? !song.offer.note().isEmpty()
+                                    : !song.offer.textBefore(valueOf(column)).isEmpty();
+    });
+}
+
 int MusicOffersModel::changed() const
 {
     return static_cast<int>(std::count_if(m_songs.cbegin(), m_songs.cend(), [](const Song &song) {
@@ -117,9 +130,8 @@ int MusicOffersModel::changed() const
 
 int MusicOffersModel::unmeasured() const
 {
-    return static_cast<int>(std::count_if(m_songs.cbegin(), m_songs.cend(), [](const Song &song) {
-        return !song.offer.problem().isEmpty();
-    }));
+    return static_cast<int>(std::count_if(m_songs.cbegin(), m_songs.cend(),
+                                          [](const Song &song) { return !isWhole(song.offer); }));
 }
 
 QList<SeveralSong> MusicOffersModel::chosen() const
@@ -137,7 +149,7 @@ bool MusicOffersModel::hasBox(const Song &song, int column)
 {
     if (column == fileColumn)
         return song.offer.filling() != MusicOffer::Values();
-    return column != noteColumn() && isFoundColumn(column) &&
+    return isFoundColumn(column) &&
            (song.offer.filling() | song.offer.replacing()).testFlag(valueOf(column));
 }
 
@@ -185,7 +197,7 @@ int MusicOffersModel::rowCount(const QModelIndex &parent) const
 
 int MusicOffersModel::columnCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : noteColumn() + 1;
+    return parent.isValid() ? 0 : beforeColumn(valueCount);
 }
 
 QVariant MusicOffersModel::data(const QModelIndex &index, int role) const
@@ -198,12 +210,12 @@ QVariant MusicOffersModel::data(const QModelIndex &index, int role) const
         return hasBox(song, column) ? QVariant(box(song, column)) : QVariant();
     if (column == fileColumn)
         return fileData(song, role);
-    if (column != noteColumn() && isFoundColumn(column))
+    if (isFoundColumn(column))
         return foundData(song, column, role);
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return {};
     const QString text =
-        column == noteColumn() ? song.offer.problem() : song.offer.textBefore(valueOf(column));
+        column == noteColumn ? song.offer.note() : song.offer.textBefore(valueOf(column));
     return role == Qt::DisplayRole ? text : plainToolTip(text);
 }
 
@@ -221,6 +233,8 @@ QVariant MusicOffersModel::foundData(const Song &song, int column, int role)
     const bool isTicked = song.ticked.testFlag(value);
     switch (role) {
     case Qt::DisplayRole: {
+        if (song.offer.unmeasurable().testFlag(value))
+            return unmeasurableText();
         if (!hasBox(song, column))
             return {}; // nothing new
         const QString text = song.offer.textFound(value);
@@ -256,7 +270,7 @@ QVariant MusicOffersModel::headerData(int section, Qt::Orientation orientation, 
         return {};
     if (section == fileColumn)
         return tr("File");
-    if (section == noteColumn())
+    if (section == noteColumn)
         return tr("Nota");
     const QString name = ChangePreview::fieldName(MusicOffer::field(valueOf(section)));
     return isFoundColumn(section) ? tr("%1 dopo").arg(name) : tr("%1 ora").arg(name);

@@ -9,9 +9,9 @@
 #include <vector>
 
 /**
- * A row for each song that is to be seen. The first column is the file, then come two columns for
- * each value, the old and the new one, and last what there is to be said. New values have a box to
- * be ticked; the box of the file ticks all that the song lacks.
+ * A row for each song that is to be seen. The first column is the file, the second what there is to
+ * be said of it, then come two columns for each value, the old and the new one. New values have a
+ * box to be ticked; the box of the file ticks all that the song lacks.
  */
 class MusicOffersModel : public QAbstractTableModel
 {
@@ -39,6 +39,9 @@ public:
     /** The boxes of the cells become as the first one's was not. */
     void toggle(const QModelIndexList &cells);
 
+    /** False for a column that is empty in all songs. */
+    bool isUsed(int column) const;
+
     /** How many songs have something ticked, and how many cannot be measured as a whole. */
     int changed() const;
     int unmeasured() const;
@@ -47,9 +50,12 @@ public:
     QList<SeveralSong> chosen() const;
 
     static constexpr int fileColumn = 0;
-    static int beforeColumn(int value) { return 1 + 2 * value; }
-    static int foundColumn(int value) { return 2 + 2 * value; }
-    static int noteColumn();
+    static constexpr int noteColumn = 1;
+    static constexpr int beforeColumn(int value) { return 2 + 2 * value; }
+    static constexpr int foundColumn(int value) { return 3 + 2 * value; }
+
+    /** What stands in the place of a new value that the music does not tell. */
+    static QString unmeasurableText();
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;

@@ -4396,16 +4396,16 @@ Prepare the tag for the player first?</translation>
 <context>
     <name>MusicOffer</name>
     <message>
-        <source>Non misurabile: %1</source>
-        <translation>Cannot be measured: %1</translation>
-    </message>
-    <message>
         <source>Troppi marker: gli ultimi mancano</source>
         <translation>Too many sections: the last ones are missing</translation>
     </message>
 </context>
 <context>
     <name>MusicOffersModel</name>
+    <message>
+        <source>non misurabile</source>
+        <translation>not measurable</translation>
+    </message>
     <message>
         <source>%1 (stimata)</source>
         <translation>%1 (guessed)</translation>

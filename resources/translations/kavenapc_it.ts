@@ -4396,16 +4396,16 @@ Preparare prima il tag per il player?</translation>
 <context>
     <name>MusicOffer</name>
     <message>
-        <source>Non misurabile: %1</source>
-        <translation>Non misurabile: %1</translation>
-    </message>
-    <message>
         <source>Troppi marker: gli ultimi mancano</source>
         <translation>Troppi marker: gli ultimi mancano</translation>
     </message>
 </context>
 <context>
     <name>MusicOffersModel</name>
+    <message>
+        <source>non misurabile</source>
+        <translation>non misurabile</translation>
+    </message>
     <message>
         <source>%1 (stimata)</source>
         <translation>%1 (stimata)</translation>

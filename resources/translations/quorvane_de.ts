@@ -4396,16 +4396,16 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
 <context>
     <name>MusicOffer</name>
     <message>
-        <source>Non misurabile: %1</source>
-        <translation>Nicht messbar: %1</translation>
-    </message>
-    <message>
         <source>Troppi marker: gli ultimi mancano</source>
         <translation>Zu viele Abschnitte: die letzten fehlen</translation>
     </message>
 </context>
 <context>
     <name>MusicOffersModel</name>
+    <message>
+        <source>non misurabile</source>
+        <translation>nicht messbar</translation>
+    </message>
     <message>
         <source>%1 (stimata)</source>
         <translation>%1 (geschätzt)</translation>

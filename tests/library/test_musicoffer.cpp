@@ -115,7 +115,7 @@ void TestMusicOffer::whatTheSongLacksIsAdvised()
     QCOMPARE(signedOne.filling(), MusicOffer::Values(MusicOffer::Tempo));
     QCOMPARE(signedOne.advised(), MusicOffer::Values(MusicOffer::Tempo));
     QCOMPARE(signedOne.replacing(), MusicOffer::Values());
-    QCOMPARE(signedOne.problem(), QString());
+    QCOMPARE(signedOne.note(), QString());
 }
 
 void TestMusicOffer::whatTheSongSaysIsOfferedButNotAdvised()
@@ -203,7 +203,7 @@ void TestMusicOffer::manyMarkersAreNotAdvised()
     QVERIFY(!offer.advised().testFlag(MusicOffer::Markers));
     QVERIFY(offer.textFound(MusicOffer::Markers).startsWith(QLatin1String("101: 1 word, 2 word")));
     QVERIFY(offer.textFound(MusicOffer::Markers).size() < 100);
-    QCOMPARE(offer.problem(), QString());
+    QCOMPARE(offer.note(), QString());
     QCOMPARE(write(offer, MusicOffer::Markers), QString());
     QCOMPARE(infoOf(m_path).markers.size(), 101);
 }
@@ -214,7 +214,7 @@ void TestMusicOffer::moreMarkersThanCanBeReadAreTold()
     for (int i = 0; i < 1500; ++i)
         events += after(4 * quarter, text(6, "word"));
     const MusicOffer offer = offerOf(song(key + events));
-    QVERIFY(!offer.problem().isEmpty());
+    QVERIFY(!offer.note().isEmpty());
     QCOMPARE(write(offer, MusicOffer::Markers), QString());
     QCOMPARE(infoOf(m_path).markers.size(), 1000);
     QCOMPARE(infoOf(m_path).key, QStringLiteral("D"));
@@ -227,7 +227,7 @@ void TestMusicOffer::anMp3OffersItsLengthAlone()
     const MusicOffer offer = MusicOffer::of(path);
     QCOMPARE(offer.filling(), MusicOffer::Values(MusicOffer::Length));
     QCOMPARE(offer.textFound(MusicOffer::Length), QStringLiteral("00:03"));
-    QCOMPARE(offer.problem(), QString());
+    QCOMPARE(offer.note(), QString());
     QCOMPARE(write(offer, all()), QString());
     QCOMPARE(infoOf(path).length, 3);
     QCOMPARE(infoOf(path).userBpm, 0);
@@ -236,31 +236,35 @@ void TestMusicOffer::anMp3OffersItsLengthAlone()
 void TestMusicOffer::songsThatCannotBeMeasuredSayWhy_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("problem");
-    const QString lengthOnly = QStringLiteral("Non misurabile: Durata");
-    QTest::newRow("fourHours") << song(key + bpm(60) + pause(4 * 3600 * quarter)) << lengthOnly;
+    QTest::addColumn<MusicOffer::Values>("unmeasurable");
+    QTest::addColumn<QString>("note");
+    const auto row = [](const char *name, const QByteArray &bytes, MusicOffer::Values values) {
+        QTest::newRow(name) << bytes << values << QString();
+    };
+    const auto unreadable = [](const char *name, const QByteArray &bytes,
+                               UnreadableFile::Reason reason) {
+        QTest::newRow(name) << bytes << MusicOffer::Values()
+                            << UnreadableFile{{}, reason}.reasonText();
+    };
+    row("fourHours", song(key + bpm(60) + pause(4 * 3600 * quarter)), MusicOffer::Length);
     QByteArray undivided = song(key + tenSeconds());
     undivided[12] = 0;
     undivided[13] = 0;
-    QTest::newRow("noDivision") << undivided << lengthOnly;
-    QTest::newRow("tooFast") << song(key + kravoEvent(4, "1") + bpm(1500) + pause(9600))
-                             << QStringLiteral("Non misurabile: BPM");
-    QTest::newRow("noNotes") << song(tenSeconds()) << QStringLiteral("Non misurabile: Tonalità");
-    QTest::newRow("tempoZero") << song(key + tempo(0) + pause(10 * quarter)) << QString();
-    QTest::newRow("empty") << QByteArray()
-                           << UnreadableFile{{}, UnreadableFile::Reason::Empty}.reasonText();
-    QTest::newRow("damaged") << QByteArray("MThd and no more")
-                             << UnreadableFile{{}, UnreadableFile::Reason::Damaged}.reasonText();
-    QTest::newRow("noSong")
-        << QByteArray("a shopping list")
-        << UnreadableFile{{}, UnreadableFile::Reason::UnknownFormat}.reasonText();
+    row("noDivision", undivided, MusicOffer::Length);
+    row("tooFast", song(key + kravoEvent(4, "1") + bpm(1500) + pause(9600)), MusicOffer::Tempo);
+    row("noNotes", song(tenSeconds()), MusicOffer::Key);
+    row("tempoZero", song(key + tempo(0) + pause(10 * quarter)), MusicOffer::Values());
+    unreadable("empty", QByteArray(), UnreadableFile::Reason::Empty);
+    unreadable("damaged", "MThd and no more", UnreadableFile::Reason::Damaged);
+    unreadable("noSong", "a shopping list", UnreadableFile::Reason::UnknownFormat);
 }
 
 void TestMusicOffer::songsThatCannotBeMeasuredSayWhy()
 {
     QFETCH(QByteArray, bytes);
     const MusicOffer offer = offerOf(bytes);
-    QTEST(offer.problem(), "problem");
+    QTEST(offer.unmeasurable(), "unmeasurable");
+    QTEST(offer.note(), "note");
     QCOMPARE(offer.before().fileName, m_path);
 }
 
