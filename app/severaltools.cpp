@@ -4,6 +4,7 @@
 #include "app/songlist.h"
 #include "windows/busystate.h"
 #include "windows/editseveraldialog.h"
+#include "windows/fillfrommusicdialog.h"
 #include "windows/renameseveraldialog.h"
 #include "windows/usersongsreltablemodel.h"
 
@@ -54,7 +55,9 @@ SeveralTools::SeveralTools(QMainWindow *window, const Ui::MainWindow &form, Song
 {
     connect(form.actionEditSeveral, &QAction::triggered, this, &SeveralTools::edit);
     connect(form.actionRenameSeveral, &QAction::triggered, this, &SeveralTools::rename);
-    for (QAction *const action : {form.actionEditSeveral, form.actionRenameSeveral})
+    connect(form.actionFillFromMusic, &QAction::triggered, this, &SeveralTools::fillFromMusic);
+    for (QAction *const action :
+         {form.actionEditSeveral, form.actionRenameSeveral, form.actionFillFromMusic})
         gate.add(action);
     const UserSongsRelTableModel &model = songs.model();
     connect(&model, &QAbstractItemModel::rowsInserted, this, &SeveralTools::enable);
@@ -67,7 +70,8 @@ SeveralTools::SeveralTools(QMainWindow *window, const Ui::MainWindow &form, Song
 void SeveralTools::enable()
 {
     const bool hasSongs = m_songs.model().rowCount() > 0;
-    for (QAction *const action : {m_form.actionEditSeveral, m_form.actionRenameSeveral})
+    for (QAction *const action :
+         {m_form.actionEditSeveral, m_form.actionRenameSeveral, m_form.actionFillFromMusic})
         m_gate.setWanted(action, hasSongs);
 }
 
@@ -99,6 +103,20 @@ void SeveralTools::edit()
             [&](const SongInfo &now, SaveFailure failure) { showTried(rows, now, failure); });
     if (dialog.exec() == QDialog::Accepted)
         m_songs.fitColumns(); // the texts may have become longer
+}
+
+void SeveralTools::fillFromMusic()
+{
+    const BusyGuard busy(m_busy);
+    const Rows rows = rowsByPath();
+    const FillFromMusicDialog::Songs songs = FillFromMusicDialog::measure(shownSongs(), m_window);
+    if (songs.measured.isEmpty() && !songs.stopped.isEmpty())
+        return; // stopped at once
+    FillFromMusicDialog dialog(songs, m_openHistory, m_window);
+    connect(&dialog, &FillFromMusicDialog::tried, this,
+            [&](const SongInfo &now, SaveFailure failure) { showTried(rows, now, failure); });
+    if (dialog.exec() == QDialog::Accepted)
+        m_songs.fitColumns();
 }
 
 void SeveralTools::showTried(const Rows &rows, const SongInfo &now, SaveFailure failure)

@@ -1,4 +1,5 @@
-// The edit of several songs and the names of their files, from the main window.
+// The edit of several songs, the names of their files and what their music says, from the main
+// window.
 #pragma once
 
 #include "formats/savefailure.h"
@@ -26,7 +27,7 @@ class MainWindow;
 }
 QT_END_NAMESPACE
 
-/** Both work on the songs that the list shows when they are asked for; its rows follow. */
+/** All work on the songs that the list shows when they are asked for; its rows follow. */
 class SeveralTools : public QObject
 {
     Q_OBJECT
@@ -47,6 +48,9 @@ public:
 
     /** Files have their old names again: their rows get them, too. */
     void followHistory(const QList<HistoryUndo::Renamed> &files);
+
+    /** Measures the songs and shows the window in which they get what they lack. */
+    void fillFromMusic();
 
 signals:
     /** A song's file has another name now. */

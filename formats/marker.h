@@ -6,4 +6,10 @@
 struct Marker {
     quint16 bar = 0; ///< bar (measure) at which the section begins, as the user counts bars
     QString text;    ///< label of the section
+
+    friend bool operator==(const Marker &first, const Marker &second)
+    {
+        return first.bar == second.bar && first.text == second.text;
+    }
+    friend bool operator!=(const Marker &first, const Marker &second) { return !(first == second); }
 };

@@ -94,6 +94,11 @@ void MetaSong::setSongInfo(const SongInfo &info, bool manual)
     std::visit([&merge](auto &song) { song.merge(merge); }, m_song);
 }
 
+void MetaSong::setMarkers(const QList<Marker> &markers)
+{
+    std::visit([&markers](auto &song) { song.setMarkers(markers); }, m_song);
+}
+
 SaveFailure MetaSong::save(const QString &path)
 {
     if (!isComplete()) {

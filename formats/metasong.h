@@ -63,6 +63,13 @@ public:
     void setSongInfo(const SongInfo &info, bool manual);
 
     /**
+     * Replaces the markers of the loaded song, in memory; an MP3 has none. To be called before
+     * setSongInfo(), so that the other items stand before them: the player's index looks at the
+     * first bytes of a song only.
+     */
+    void setMarkers(const QList<Marker> &markers);
+
+    /**
      * False when saveToFile would refuse any file: nothing is loaded, or more data than a file of
      * the format can hold.
      */
@@ -98,6 +105,7 @@ private:
         void read(SongInfo & /*info*/) const {}
         SongMeasure measure() const { return {}; }
         void merge(const SongMerge & /*merge*/) {}
+        void setMarkers(const QList<Marker> & /*markers*/) {}
         int addMarker(const QString & /*text*/, quint16 /*bar*/) { return 0; }
         bool isComplete() const { return false; }
         bool canBeReadAgain() const { return false; }
@@ -107,8 +115,9 @@ private:
     /**
      * One class for each format, with the same functions: load() fills it from a file that begins
      * as the format does, read() the record from it, measure() the music, merge() writes a record
-     * into it, addMarker() tells how many bytes a marker took. isComplete() and canBeReadAgain()
-     * are false for data that no file may hold, save() writes the file of the others.
+     * into it, setMarkers() replaces markers, addMarker() tells how many bytes a marker took.
+     * isComplete() and canBeReadAgain() are false for data that no file may hold, save() writes the
+     * file of the others.
      */
     using Song = std::variant<NoSong, MidiSong, MfxFile, Mp3Song>;
 

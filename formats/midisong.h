@@ -17,6 +17,7 @@ public:
     void read(SongInfo &info) const;
     SongMeasure measure() const { return midimeasure::of(m_midi); }
     void merge(const SongMerge &merge) { merge.into(m_midi); }
+    void setMarkers(const QList<Marker> &markers) { SongMerge::replaceMarkers(m_midi, markers); }
     int addMarker(const QString &text, quint16 bar) { return m_midi.dbgInsertMarker(text, bar); }
     bool isComplete() const { return !m_midi.stream().isEmpty(); }
     bool canBeReadAgain() const;

@@ -153,28 +153,85 @@ bool isTrue(const StreamHeader &header, const Mp3Frame &frame, qint64 streamSize
     return bitRate >= lowestBitRate && bitRate <= highestBitRate + rounding;
 }
 
+constexpr qsizetype bitRatePos = 2; // in a frame's header; the padding bit is in the same byte
+constexpr int paddingBit = 2;
+
+/** True for two headers of one stream, of which one frame may be filled up with a byte more. */
+bool isSameStream(QByteArrayView first, QByteArrayView second)
+{
+    return second.size() == Mp3Frame::headerSize &&
+           first.first(bitRatePos) == second.first(bitRatePos) &&
+           ((first.at(bitRatePos) ^ second.at(bitRatePos)) & ~paddingBit) == 0;
+}
+
+int paddingOf(QByteArrayView header)
+{
+    return (header.at(bitRatePos) & paddingBit) / paddingBit;
+}
+
 /**
- * The length of a stream of Layer III whose headers do not tell its bit rate, so that its frames
- * cannot be counted. Nothing for other streams and where no number stands in the first frame.
+ * The bytes of each frame, without padding, of a stream that does not tell its bit rate: so many as
+ * lie between its first headers. 0 where no two more headers follow in equal distance.
+ */
+qsizetype freeFormatSize(AudioBytes &bytes, qint64 start, QByteArrayView header)
+{
+    constexpr qsizetype smallest = 24;
+    constexpr qsizetype largest = 5761; // at the lowest sampling rate
+    for (qsizetype size = smallest; size <= largest; ++size) {
+        const qint64 second = start + size + paddingOf(header);
+        const QByteArray found = bytes.at(second, Mp3Frame::headerSize).toByteArray();
+        if (!isSameStream(header, found))
+            continue;
+        const qint64 third = second + size + paddingOf(found);
+        if (isSameStream(header, bytes.at(third, Mp3Frame::headerSize)))
+            return size;
+    }
+    return 0;
+}
+
+/** The whole frames of such a stream, one after the other. */
+qint64 freeFormatFrames(AudioBytes &bytes, qint64 start, QByteArrayView header)
+{
+    const qsizetype size = freeFormatSize(bytes, start, header);
+    qint64 frames = 0;
+    qint64 pos = start;
+    while (size > 0) {
+        const QByteArrayView next = bytes.at(pos, Mp3Frame::headerSize);
+        if (!isSameStream(header, next))
+            break;
+        pos += size + paddingOf(next);
+        if (pos > bytes.end())
+            break;
+        ++frames;
+    }
+    return frames;
+}
+
+/**
+ * The length of a stream of Layer III whose headers do not tell its bit rate. Nothing for other
+ * streams.
  */
 std::optional<double> lengthOfFreeFormat(AudioBytes &bytes, qint64 start)
 {
-    constexpr qsizetype bitRatePos = 2;
     constexpr int anyBitRate = 0x10;
     constexpr int highestBitRate = 640;
     constexpr qsizetype numbersEnd = 64; // the frame is longer, but nothing else of it is read
-    QByteArray header = bytes.at(start, Mp3Frame::headerSize).toByteArray();
+    const QByteArray header = bytes.at(start, Mp3Frame::headerSize).toByteArray();
     if (header.size() < Mp3Frame::headerSize || (header.at(bitRatePos) & 0xF0) != 0)
         return std::nullopt;
-    header[bitRatePos] = static_cast<char>(header.at(bitRatePos) | anyBitRate);
-    auto frame = Mp3Frame::at(header);
+    QByteArray readable = header;
+    readable[bitRatePos] = static_cast<char>(header.at(bitRatePos) | anyBitRate);
+    auto frame = Mp3Frame::at(readable);
     if (!frame || frame->layer != 3)
         return std::nullopt;
     frame->size = numbersEnd;
     const auto said = streamHeaderOf(bytes, FoundFrame{start, *frame});
-    if (!said || !isTrue(*said, *frame, bytes.end() - start, highestBitRate))
+    if (said && isTrue(*said, *frame, bytes.end() - start, highestBitRate))
+        return secondsOf(*said->frames, *frame);
+    const qint64 frames = freeFormatFrames(bytes, start, header);
+    if (frames == 0)
         return std::nullopt;
-    return secondsOf(*said->frames, *frame);
+    return secondsOf(said ? frames - 1 : frames, *frame); // the one with the numbers has no sound
 }
 
 /** Goes from frame to frame. */

@@ -31,6 +31,7 @@ public:
     void read(SongInfo &info) const;
     SongMeasure measure() const;
     void merge(const SongMerge &merge) { merge.into(m_tag); }
+    void setMarkers(const QList<Marker> & /*markers*/) {}
     int addMarker(const QString & /*text*/, quint16 /*bar*/) { return 0; }
     bool isComplete() const { return true; }
     bool canBeReadAgain() const;

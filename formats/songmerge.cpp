@@ -131,7 +131,7 @@ void SongMerge::fill(RawMidiFile &midi) const
     const bool setsMarkers = !midi.hasMarkers();
     fillItems(midi, m_info, setsTitle);
     if (setsMarkers)
-        addMarkers(midi);
+        addMarkers(midi, m_info.markers);
 }
 
 void SongMerge::fill(MfxHeader &header) const
@@ -172,17 +172,23 @@ void SongMerge::fillPayload(RawMidiFile &midi) const
     if (setsLength)
         midi.setLength(m_info.length);
     if (setsMarkers)
-        addMarkers(midi);
+        addMarkers(midi, m_info.markers);
+}
+
+void SongMerge::replaceMarkers(RawMidiFile &midi, const QList<Marker> &markers)
+{
+    midi.removeHeadMetaevent(RawMidiFile::KravoMarker, false);
+    addMarkers(midi, markers);
 }
 
 /** Writing markers removes the author; a song must not lose its author by getting markers. */
-void SongMerge::addMarkers(RawMidiFile &midi) const
+void SongMerge::addMarkers(RawMidiFile &midi, const QList<Marker> &markers)
 {
-    if (m_info.markers.isEmpty())
+    if (markers.isEmpty())
         return;
     const bool hadAuthor = midi.hasAuthor();
     const QString author = midi.author();
-    midi.setMarkersList(m_info.markers);
+    midi.setMarkersList(markers);
     const bool authorStays = midi.hasAuthor() && midi.author() == author;
     if (hadAuthor && !authorStays)
         midi.setAuthor(author);

@@ -25,6 +25,9 @@ public:
     void into(MfxHeader &header, RawMidiFile &midi) const;
     void into(Mp3Header &tag) const;
 
+    /** Gives the song these markers in the place of those that it has; its author stays. */
+    static void replaceMarkers(RawMidiFile &midi, const QList<Marker> &markers);
+
 private:
     void edit(RawMidiFile &midi) const;
     void edit(MfxHeader &header, RawMidiFile &midi) const;
@@ -32,7 +35,7 @@ private:
     void fill(MfxHeader &header) const;
     void fillArtist(MfxHeader &header) const;
     void fillPayload(RawMidiFile &midi) const;
-    void addMarkers(RawMidiFile &midi) const;
+    static void addMarkers(RawMidiFile &midi, const QList<Marker> &markers);
 
     const SongInfo &m_info;
     Source m_source;

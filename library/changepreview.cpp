@@ -24,14 +24,6 @@ QString lengthText(qint32 seconds)
     return seconds > 0 ? SongTable::lengthText(seconds) : QString();
 }
 
-QString markersText(const QList<Marker> &markers)
-{
-    QStringList texts;
-    for (const Marker &marker : markers)
-        texts.append(QString::number(marker.bar) + QLatin1Char(' ') + marker.text);
-    return texts.join(QStringLiteral(", "));
-}
-
 /** The catalogue's texts that can be written into the field. */
 QStringList sourcesOf(ChangePreview::Field field, const SongInfo &record)
 {
@@ -172,6 +164,14 @@ QString ChangePreview::fieldName(Field field)
         return tr("Marker attivi");
     }
     return {};
+}
+
+QString ChangePreview::markersText(const QList<Marker> &markers)
+{
+    QStringList texts;
+    for (const Marker &marker : markers)
+        texts.append(QString::number(marker.bar) + QLatin1Char(' ') + marker.text);
+    return texts.join(QStringLiteral(", "));
 }
 
 QString ChangePreview::sourceName(CatalogueSource source)

@@ -69,6 +69,9 @@ public:
     /** The field in the user's words. */
     static QString fieldName(Field field);
 
+    /** Bars and texts in one line. */
+    static QString markersText(const QList<Marker> &markers);
+
     /** The catalogue in the user's words; empty when there is only one. */
     static QString sourceName(CatalogueSource source);
 

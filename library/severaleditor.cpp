@@ -66,15 +66,19 @@ QString SeveralEditor::problemBeforeSave(const SeveralSong &song, MetaSong &file
     }
     SongInfo now;
     file.getSongInfo(now);
-    if (!SongStandIn::isSame(now, song.before))
+    if (!SongStandIn::isSame(now, song.before) ||
+        (song.setsMarkers && now.markers != song.before.markers))
         return tr("È stata cambiata dopo l'anteprima");
-    // What the steps leave alone is written as the file has it.
     SongInfo wanted = song.wanted;
-    wanted.markers = now.markers;
+    if (song.setsMarkers)
+        file.setMarkers(wanted.markers);
+    else
+        wanted.markers = now.markers; // what the steps leave alone stays as the file has it
     file.setSongInfo(wanted, true);
     SongInfo edited;
     file.getSongInfo(edited);
-    return SongStandIn::isSame(edited, song.after)
+    const bool hasMarkers = !song.setsMarkers || edited.markers == wanted.markers;
+    return SongStandIn::isSame(edited, song.after) && hasMarkers
                ? QString()
                : tr("Questo file non può contenere i dati mostrati");
 }

@@ -17,8 +17,9 @@ struct SeveralSong {
     SongInfo wanted; ///< what the steps come to
     SongInfo after;  ///< what the song will hold of that
     QString reason;  ///< why a step did not fit it, in a few words for the user; else empty
+    bool setsMarkers = false; ///< the markers of wanted are written, too
 
-    bool isChanged() const { return !SongStandIn::isSame(before, after); }
+    bool isChanged() const { return setsMarkers || !SongStandIn::isSame(before, after); }
 
     /** What changes, each with the characters that it loses. */
     QList<ChangePreview::Change> changes() const;

@@ -21,15 +21,6 @@ bool isAfterColumn(int column)
     return column % 2 == 0;
 }
 
-/** A light tone of the selection, which can be seen on a light and on a dark desktop. */
-QColor changedColour()
-{
-    QColor colour = QGuiApplication::palette().color(QPalette::Highlight);
-    constexpr int lightly = 60;
-    colour.setAlpha(lightly);
-    return colour;
-}
-
 QString fileNameOfPath(const QString &path)
 {
     return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
@@ -204,20 +195,32 @@ QVariant SeveralSongsModel::valueData(const SeveralSong &song, int column, int r
         return isChanged && text.isEmpty() ? ChangePreview::emptyValue() : text;
     case Qt::ToolTipRole:
         return plainToolTip(text);
-    case Qt::BackgroundRole:
-        return isChanged ? changedColour() : QVariant();
-    case Qt::FontRole:
-        if (isChanged) {
-            QFont bold = QGuiApplication::font();
-            bold.setBold(true);
-            return bold;
-        }
-        return {};
     case Qt::AccessibleDescriptionRole:
-        return isChanged ? tr("cambia") : QString();
+        return isChanged ? changedText() : QString();
     default:
-        return {};
+        return isChanged ? changedLook(role) : QVariant();
     }
+}
+
+QVariant SeveralSongsModel::changedLook(int role)
+{
+    if (role == Qt::BackgroundRole) {
+        // A light tone of the selection, which can be seen on a light and on a dark desktop.
+        QColor colour = QGuiApplication::palette().color(QPalette::Highlight);
+        constexpr int lightly = 60;
+        colour.setAlpha(lightly);
+        return colour;
+    }
+    if (role != Qt::FontRole)
+        return {};
+    QFont bold = QGuiApplication::font();
+    bold.setBold(true);
+    return bold;
+}
+
+QString SeveralSongsModel::changedText()
+{
+    return tr("cambia");
 }
 
 /** What the user should know about the song; empty when there is nothing. */

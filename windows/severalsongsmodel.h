@@ -51,6 +51,12 @@ public:
     static int afterColumn(int field) { return 2 + 2 * field; }
     static int noteColumn();
 
+    /** How a new value looks that differs from the old one; nothing for other roles. */
+    static QVariant changedLook(int role);
+
+    /** The same in words, for those who do not see it. */
+    static QString changedText();
+
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;

@@ -917,6 +917,10 @@ Si vuole procedere comunque con la copia?</translation>
         <source>Stampa lista...</source>
         <translation>Stampa lista...</translation>
     </message>
+    <message>
+        <source>&amp;Completa dalla musica...</source>
+        <translation>&amp;Completa dalla musica...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -4893,6 +4897,112 @@ Preparare prima il tag per il player?</translation>
     <message>
         <source>Il programma aspetta una risposta</source>
         <translation>Il programma aspetta una risposta</translation>
+    </message>
+</context>
+<context>
+    <name>FillFromMusicDialog</name>
+    <message>
+        <source>Completa dalla musica</source>
+        <translation>Completa dalla musica</translation>
+    </message>
+    <message>
+        <source>Durata, BPM, tonalità e marker come risultano dalla musica, accanto a ciò che le song dicono ora; per gli MP3 solo la durata. Si scrive ciò che è spuntato: un valore che c&apos;è già e una tonalità stimata lo sono solo se lo vuoi.</source>
+        <translation>Durata, BPM, tonalità e marker come risultano dalla musica, accanto a ciò che le song dicono ora; per gli MP3 solo la durata. Si scrive ciò che è spuntato: un valore che c&apos;è già e una tonalità stimata lo sono solo se lo vuoi.</translation>
+    </message>
+    <message>
+        <source>Anche le &amp;song a cui non manca nulla</source>
+        <translation>Anche le &amp;song a cui non manca nulla</translation>
+    </message>
+    <message>
+        <source>Anche le &amp;tonalità stimate</source>
+        <translation>Anche le &amp;tonalità stimate</translation>
+    </message>
+    <message>
+        <source>Sp&amp;unta tutte</source>
+        <translation>Sp&amp;unta tutte</translation>
+    </message>
+    <message>
+        <source>&amp;Nessuna</source>
+        <translation>&amp;Nessuna</translation>
+    </message>
+    <message>
+        <source>Song con i valori di ora e quelli della musica</source>
+        <translation>Song con i valori di ora e quelli della musica</translation>
+    </message>
+    <message>
+        <source>A&amp;pplica</source>
+        <translation>A&amp;pplica</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Misuro le song...</source>
+        <translation>Misuro le song...</translation>
+    </message>
+    <message>
+        <source>Scrivo le song...</source>
+        <translation>Scrivo le song...</translation>
+    </message>
+    <message>
+        <source>A nessuna song manca un valore che la musica può dare</source>
+        <translation>A nessuna song manca un valore che la musica può dare</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song cambiano</source>
+        <translation>
+            <numerusform>1 song cambia</numerusform>
+            <numerusform>%n song cambiano</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n non misurabili per intero</source>
+        <translation>
+            <numerusform>1 non misurabile per intero</numerusform>
+            <numerusform>%n non misurabili per intero</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>interrotto: %n non misurate</source>
+        <translation>
+            <numerusform>interrotto: 1 non misurata</numerusform>
+            <numerusform>interrotto: %n non misurate</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>MusicOffer</name>
+    <message>
+        <source>Troppi marker: gli ultimi mancano</source>
+        <translation>Troppi marker: gli ultimi mancano</translation>
+    </message>
+</context>
+<context>
+    <name>MusicOffersModel</name>
+    <message>
+        <source>non misurabile</source>
+        <translation>non misurabile</translation>
+    </message>
+    <message>
+        <source>%1 (stimata)</source>
+        <translation>%1 (stimata)</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Nota</translation>
+    </message>
+    <message>
+        <source>%1 dopo</source>
+        <translation>%1 dopo</translation>
+    </message>
+    <message>
+        <source>%1 ora</source>
+        <translation>%1 ora</translation>
     </message>
 </context>
 </TS>

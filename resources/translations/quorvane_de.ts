@@ -917,6 +917,10 @@ Trotzdem kopieren?</translation>
         <source>Stampa lista...</source>
         <translation>Liste dr&amp;ucken...</translation>
     </message>
+    <message>
+        <source>&amp;Completa dalla musica...</source>
+        <translation>Aus der M&amp;usik ergänzen...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -4893,6 +4897,112 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
     <message>
         <source>Il programma aspetta una risposta</source>
         <translation>Das Programm wartet auf eine Antwort</translation>
+    </message>
+</context>
+<context>
+    <name>FillFromMusicDialog</name>
+    <message>
+        <source>Completa dalla musica</source>
+        <translation>Aus der Musik ergänzen</translation>
+    </message>
+    <message>
+        <source>Durata, BPM, tonalità e marker come risultano dalla musica, accanto a ciò che le song dicono ora; per gli MP3 solo la durata. Si scrive ciò che è spuntato: un valore che c&apos;è già e una tonalità stimata lo sono solo se lo vuoi.</source>
+        <translation>Dauer, BPM, Tonart und Abschnitte, wie sie sich aus der Musik ergeben, neben den jetzigen Angaben der Songs; bei MP3s nur die Dauer. Geschrieben wird, was angekreuzt ist: vorhandene Angaben und geschätzte Tonarten sind es nur, wenn Sie es wollen.</translation>
+    </message>
+    <message>
+        <source>Anche le &amp;song a cui non manca nulla</source>
+        <translation>Auch &amp;Songs, denen nichts fehlt</translation>
+    </message>
+    <message>
+        <source>Anche le &amp;tonalità stimate</source>
+        <translation>Auch geschätzte &amp;Tonarten</translation>
+    </message>
+    <message>
+        <source>Sp&amp;unta tutte</source>
+        <translation>A&amp;lle ankreuzen</translation>
+    </message>
+    <message>
+        <source>&amp;Nessuna</source>
+        <translation>&amp;Keinen</translation>
+    </message>
+    <message>
+        <source>Song con i valori di ora e quelli della musica</source>
+        <translation>Songs mit den Angaben von jetzt und denen der Musik</translation>
+    </message>
+    <message>
+        <source>A&amp;pplica</source>
+        <translation>An&amp;wenden</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Misuro le song...</source>
+        <translation>Songs werden gemessen...</translation>
+    </message>
+    <message>
+        <source>Scrivo le song...</source>
+        <translation>Songs werden geschrieben...</translation>
+    </message>
+    <message>
+        <source>A nessuna song manca un valore che la musica può dare</source>
+        <translation>Keinem Song fehlt etwas, das die Musik sagen kann</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song cambiano</source>
+        <translation>
+            <numerusform>1 Song ändert sich</numerusform>
+            <numerusform>%n Songs ändern sich</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n non misurabili per intero</source>
+        <translation>
+            <numerusform>1 nicht ganz messbar</numerusform>
+            <numerusform>%n nicht ganz messbar</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>interrotto: %n non misurate</source>
+        <translation>
+            <numerusform>angehalten: 1 nicht gemessen</numerusform>
+            <numerusform>angehalten: %n nicht gemessen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>MusicOffer</name>
+    <message>
+        <source>Troppi marker: gli ultimi mancano</source>
+        <translation>Zu viele Abschnitte: die letzten fehlen</translation>
+    </message>
+</context>
+<context>
+    <name>MusicOffersModel</name>
+    <message>
+        <source>non misurabile</source>
+        <translation>nicht messbar</translation>
+    </message>
+    <message>
+        <source>%1 (stimata)</source>
+        <translation>%1 (geschätzt)</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>%1 dopo</source>
+        <translation>%1 neu</translation>
+    </message>
+    <message>
+        <source>%1 ora</source>
+        <translation>%1 jetzt</translation>
     </message>
 </context>
 </TS>

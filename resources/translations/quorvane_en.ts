@@ -917,6 +917,10 @@ Do you want to copy all the same?</translation>
         <source>Stampa lista...</source>
         <translation>Pri&amp;nt list...</translation>
     </message>
+    <message>
+        <source>&amp;Completa dalla musica...</source>
+        <translation>&amp;Fill in from the music...</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -4893,6 +4897,112 @@ Prepare the tag for the player first?</translation>
     <message>
         <source>Il programma aspetta una risposta</source>
         <translation>The program is waiting for an answer</translation>
+    </message>
+</context>
+<context>
+    <name>FillFromMusicDialog</name>
+    <message>
+        <source>Completa dalla musica</source>
+        <translation>Fill in from the music</translation>
+    </message>
+    <message>
+        <source>Durata, BPM, tonalità e marker come risultano dalla musica, accanto a ciò che le song dicono ora; per gli MP3 solo la durata. Si scrive ciò che è spuntato: un valore che c&apos;è già e una tonalità stimata lo sono solo se lo vuoi.</source>
+        <translation>Length, BPM, key and sections as the music has them, beside what the songs say now; for MP3s the length only. What is ticked gets written: values that are there already and guessed keys are ticked only if you want it.</translation>
+    </message>
+    <message>
+        <source>Anche le &amp;song a cui non manca nulla</source>
+        <translation>Also &amp;songs that lack nothing</translation>
+    </message>
+    <message>
+        <source>Anche le &amp;tonalità stimate</source>
+        <translation>Also guessed &amp;keys</translation>
+    </message>
+    <message>
+        <source>Sp&amp;unta tutte</source>
+        <translation>&amp;Tick all</translation>
+    </message>
+    <message>
+        <source>&amp;Nessuna</source>
+        <translation>&amp;None</translation>
+    </message>
+    <message>
+        <source>Song con i valori di ora e quelli della musica</source>
+        <translation>Songs with the values of now and those of the music</translation>
+    </message>
+    <message>
+        <source>A&amp;pplica</source>
+        <translation>&amp;Apply</translation>
+    </message>
+    <message>
+        <source>Annulla</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Misuro le song...</source>
+        <translation>Measuring the songs...</translation>
+    </message>
+    <message>
+        <source>Scrivo le song...</source>
+        <translation>Writing the songs...</translation>
+    </message>
+    <message>
+        <source>A nessuna song manca un valore che la musica può dare</source>
+        <translation>No song lacks a value that the music can give</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song cambiano</source>
+        <translation>
+            <numerusform>1 song changes</numerusform>
+            <numerusform>%n songs change</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n non misurabili per intero</source>
+        <translation>
+            <numerusform>1 not fully measurable</numerusform>
+            <numerusform>%n not fully measurable</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>interrotto: %n non misurate</source>
+        <translation>
+            <numerusform>stopped: 1 not measured</numerusform>
+            <numerusform>stopped: %n not measured</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>MusicOffer</name>
+    <message>
+        <source>Troppi marker: gli ultimi mancano</source>
+        <translation>Too many sections: the last ones are missing</translation>
+    </message>
+</context>
+<context>
+    <name>MusicOffersModel</name>
+    <message>
+        <source>non misurabile</source>
+        <translation>not measurable</translation>
+    </message>
+    <message>
+        <source>%1 (stimata)</source>
+        <translation>%1 (guessed)</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Nota</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>%1 dopo</source>
+        <translation>%1 new</translation>
+    </message>
+    <message>
+        <source>%1 ora</source>
+        <translation>%1 now</translation>
     </message>
 </context>
 </TS>

@@ -213,8 +213,8 @@ void TestMainWindow::menusStandInTheirOrder()
              QStringLiteral("actionCopyrightYes actionCopyrightNo"));
     QCOMPARE(names("menuStrumenti"),
              QStringLiteral("optimizeMemory actionSongsList actionMemory  actionTransferPlan "
-                            "actionPreviewChanges actionPrepareTags  actionAddToCatalogue "
-                            "actionCatalogue"));
+                            "actionPreviewChanges actionPrepareTags actionFillFromMusic  "
+                            "actionAddToCatalogue actionCatalogue"));
     QCOMPARE(names("menuHelp"), QStringLiteral("actionContents actionAbout actionAbout_QT"));
     for (const char *checkable : {"actionItalian", "actionEnglish", "actionGerman",
                                   "actionCopyrightYes", "actionCopyrightNo"})

@@ -233,6 +233,8 @@ class Mp3(Measure):
             "variable without header": [*lame, "-s", "44.1", "-t", "-V2"],
             "average": [*lame, "-s", "48", "--abr", "130"],
             "MPEG 2": [*lame, "-s", "22.05", "-V4"],
+            "free format": [*lame, "-s", "44.1", "--freeformat", "-b", "100"],
+            "free format without header": [*lame, "-s", "44.1", "-t", "--freeformat", "-b", "400"],
         }
         for kind, words in self.kinds.items():
             tool(*words, "-", self.music / f"{kind}.mp3", data=sound() * 9)
@@ -268,7 +270,7 @@ class Mp3(Measure):
 
     def test_lengths_as_sox_and_ffprobe_find_them(self):
         paths = sorted(self.music.glob("*.mp3"))
-        self.assertEqual(len(paths), 12)
+        self.assertEqual(len(paths), 14)
         for path, line in zip(paths, self.measured(*paths), strict=True):
             name = path.name.replace(", tags", "")
             plain = self.music / name

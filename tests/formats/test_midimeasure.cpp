@@ -1,59 +1,16 @@
 // Length, tempo, key and marked places from the music of MIDI files put together by hand.
 #include "formats/midimeasure.h"
 #include "formats/rawmidifile.h"
-#include "support/songbytes.h"
+#include "support/midievents.h"
 
 #include <QElapsedTimer>
 #include <QTest>
 
+using namespace midievents;
 using namespace songbytes;
 
 namespace
 {
-
-/** A number as a MIDI file has it: seven bits in each byte. */
-QByteArray quantity(quint32 value)
-{
-    QByteArray bytes(1, static_cast<char>(value & 0x7F));
-    for (value >>= 7; value > 0; value >>= 7)
-        bytes.prepend(static_cast<char>(0x80 | (value & 0x7F)));
-    return bytes;
-}
-
-/** An event so many ticks behind the one before. */
-QByteArray after(quint32 ticks, const QByteArray &event)
-{
-    return quantity(ticks) + event.mid(1); // without its delta time 0
-}
-
-QByteArray tempo(quint32 microseconds)
-{
-    return metaEvent(0x51, bigEndian(microseconds, 3));
-}
-
-QByteArray bpm(int number)
-{
-    return tempo(static_cast<quint32>(60000000 / number));
-}
-
-QByteArray metre(int beats, int power)
-{
-    const char bytes[] = {static_cast<char>(beats), static_cast<char>(power), 24, 8};
-    return metaEvent(0x58, QByteArray(bytes, sizeof bytes));
-}
-
-QByteArray text(int type, const QByteArray &words)
-{
-    return metaEvent(type, words);
-}
-
-/** A note of a channel, so many ticks long. */
-QByteArray note(int channel, int key, quint32 ticks)
-{
-    const char on[] = {0, static_cast<char>(0x90 | channel), static_cast<char>(key), 100};
-    const char off[] = {static_cast<char>(0x80 | channel), static_cast<char>(key), 64};
-    return QByteArray(on, sizeof on) + quantity(ticks) + QByteArray(off, sizeof off);
-}
 
 /** The song with another time division than songbytes gives it. */
 QByteArray divided(QByteArray midi, int high, int low)
@@ -67,13 +24,6 @@ SongMeasure measured(const QByteArray &bytes)
 {
     RawMidiFile midi;
     return midi.loadData(bytes) ? midimeasure::of(midi) : SongMeasure{-1, -1, {}, false, {}};
-}
-
-constexpr quint32 quarter = 96;
-
-QByteArray pause(quint32 ticks)
-{
-    return after(ticks, metaEvent(1, ""));
 }
 
 /** Notes of equal length. */

@@ -82,6 +82,7 @@ private slots:
     void aFileThatIsNotAsItsHeaderSaysIsCounted_data();
     void aFileThatIsNotAsItsHeaderSaysIsCounted();
     void freeFormatIsAsLongAsItsHeaderSays();
+    void freeFormatWithoutHeaderIsCounted();
     void tagsAreNoAudio();
     void framesWithinATagBehindAreNotCounted();
     void otherBytesBetweenFramesArePassedOver();
@@ -228,8 +229,24 @@ void TestMp3Length::freeFormatIsAsLongAsItsHeaderSays()
     };
     QCOMPARE(seconds(withHeader(40)), 40 * frameSeconds);
     QCOMPARE(seconds("ID3" + withHeader(40) + id3v1(), 3), 40 * frameSeconds);
-    QCOMPARE(seconds(withHeader(0x7FFFFFFF)), 0.0);
-    QCOMPARE(seconds(music), 0.0);
+    QCOMPARE(seconds(withHeader(0x7FFFFFFF)), 40 * frameSeconds); // its number cannot be true
+}
+
+void TestMp3Length::freeFormatWithoutHeaderIsCounted()
+{
+    constexpr int freeFormat = 0;
+    constexpr int padded = 2;
+    constexpr qsizetype size400 = 1306;
+    const QByteArray pair = frame(freeFormat, size400) + frame(freeFormat | padded, size400 + 1);
+    QCOMPARE(seconds(pair.repeated(20)), 40 * frameSeconds);
+    QCOMPARE(seconds(pair.mid(size400) + pair.repeated(19)), 39 * frameSeconds);
+    QCOMPARE(seconds("tag" + pair.repeated(20) + id3v1(), 3), 40 * frameSeconds);
+    QCOMPARE(seconds(pair.repeated(20).chopped(1)), 39 * frameSeconds);
+    QCOMPARE(seconds(pair.repeated(20) + "other bytes" + pair), 40 * frameSeconds);
+    // Two frames may be so by chance, and bytes between them are nothing to go by.
+    QCOMPARE(seconds(pair), 0.0);
+    QCOMPARE(seconds(pair + "x" + pair), 0.0);
+    QCOMPARE(seconds(frame(freeFormat, 10000).repeated(5)), 0.0); // longer than frames can be
 }
 
 void TestMp3Length::tagsAreNoAudio()

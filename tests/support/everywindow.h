@@ -4,6 +4,7 @@
 #include "app/mainwindow.h"
 #include "app/statussummary.h"
 #include "support/filledmemory.h"
+#include "support/fillwindow.h"
 #include "support/severalwindows.h"
 #include "support/tagsofothers.h"
 #include "windows/aboutdialog.h"
@@ -394,6 +395,8 @@ inline const QList<Case> &windows()
          [] { return severalwindows::edit(exampleSong(), EditStepForm::Kind::Swap); }},
         {"several-list",
          [] { return severalwindows::edit(exampleSong(), EditStepForm::Kind::FromList); }},
+        {"fill", fillwindow::some},
+        {"fill-nothing", fillwindow::nothing},
         {"several-names", [] { return severalwindows::rename(exampleSong()); }},
         {"question", question},
         {"question-yes-no", yesNoQuestion},
