@@ -1,5 +1,6 @@
 #include "devindex/songchanges.h"
 
+#include "devindex/devicetext.h"
 #include "devindex/indexlists.h"
 #include "devindex/memorydevice.h"
 #include "devindex/songname.h"
@@ -7,9 +8,11 @@
 #include "devindex/songrenamer.h"
 #include "storage/memorylock.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QSet>
 
+#include <algorithm>
 #include <memory>
 
 namespace
@@ -22,16 +25,38 @@ void forgetTime(SongInfoIndex &entry)
     entry.time = 0;
 }
 
-SongInfoIndex *entryOf(QList<SongInfoIndex> &entries, const QString &path)
+/** The path as it comes back from an index, which has "?" for characters that it cannot hold. */
+QString asListed(const QString &path)
 {
-    SongInfoIndex *found = nullptr;
+    return textFromIbm850(ibm850FromText(path));
+}
+
+/** The song's entry; several where their paths differ only in what an index cannot hold. */
+QList<SongInfoIndex *> entriesOf(QList<SongInfoIndex> &entries, const QString &path)
+{
+    const QString listed = asListed(path);
+    SongInfoIndex *sameName = nullptr;
+    QList<SongInfoIndex *> unclear;
     for (SongInfoIndex &entry : entries) {
         if (entry.path == path)
-            return &entry;
+            return {&entry};
         if (entry.path.compare(path, Qt::CaseInsensitive) == 0)
-            found = &entry;
+            sameName = &entry;
+        else if (listed != path && entry.path.compare(listed, Qt::CaseInsensitive) == 0)
+            unclear.append(&entry);
     }
-    return found;
+    return sameName != nullptr ? QList<SongInfoIndex *>{sameName} : unclear;
+}
+
+/** True when the entry may be that of a file which is still there, in the folder or by its path. */
+bool leadsToAFile(const SongInfoIndex &entry, const QString &root, const QString &folder)
+{
+    if (QFileInfo::exists(root + entry.path))
+        return true;
+    const QStringList names = QDir(root + folder).entryList(QDir::Files);
+    return std::any_of(names.cbegin(), names.cend(), [&](const QString &name) {
+        return asListed(folder + name).compare(entry.path, Qt::CaseInsensitive) == 0;
+    });
 }
 
 } // namespace
@@ -103,7 +128,8 @@ SongChanges::Report SongChanges::rename(const QString &path, const QString &newN
         refused.refusal = tr("La memoria non ha un database completo: aggiornarlo prima");
         return refused;
     }
-    const QString newPath = path.left(path.lastIndexOf(QLatin1Char('/')) + 1) + newName;
+    const QString folder = path.left(path.lastIndexOf(QLatin1Char('/')) + 1);
+    const QString newPath = folder + newName;
     return run([&](QList<SongInfoIndex> &entries, Report &report) {
         const songrenamer::Result renamed = songrenamer::rename(m_root + path, m_root + newPath);
         if (renamed.outcome == songrenamer::Outcome::Unfinished) {
@@ -114,9 +140,11 @@ SongChanges::Report SongChanges::rename(const QString &path, const QString &newN
             report.failed.append({path, tr("non è stato possibile rinominarla")});
             return renamed.onMedium;
         }
-        SongInfoIndex *const entry = entryOf(entries, path);
-        // Where letter case counts, the entry may be that of another file, which is still there.
-        if (entry != nullptr && (entry->path == path || !QFileInfo::exists(m_root + entry->path))) {
+        // The entry may be that of another file, whose name differs only in letter case or in what
+        // an index cannot hold.
+        const QList<SongInfoIndex *> found = entriesOf(entries, path);
+        SongInfoIndex *const entry = found.size() == 1 ? found.constFirst() : nullptr;
+        if (entry != nullptr && (entry->path == path || !leadsToAFile(*entry, m_root, folder))) {
             entry->path = newPath;
             entry->fullPath = m_root + newPath;
             forgetTime(*entry); // a song without a title shows its name
@@ -150,7 +178,8 @@ SongChanges::Report SongChanges::rewriteAll(const QStringList &paths, const Save
                     result.done.append(path);
                 else
                     result.failed.append({path, problem});
-                if (SongInfoIndex *const entry = entryOf(entries, path))
+                const QList<SongInfoIndex *> changed = entriesOf(entries, path);
+                for (SongInfoIndex *const entry : changed)
                     forgetTime(*entry);
                 progress->updateProgress(++number);
             }

@@ -18,6 +18,10 @@ private slots:
     void severalSongsAreRewrittenWithOneUpdate();
     void rewriteThatIsStoppedLeavesATrueIndex();
     void renameLeavesTheEntryOfATwinAlone();
+    void renamedSongWhoseNameTheIndexCannotHoldKeepsItsId_data();
+    void renamedSongWhoseNameTheIndexCannotHoldKeepsItsId();
+    void renameLeavesTheEntryOfAnUnclearTwinAlone();
+    void rewrittenSongWhoseNameTheIndexCannotHoldIsReadAgain();
 
     void updateTakesNewSongs();
     void rebuildReplacesADamagedIndex();
@@ -74,6 +78,72 @@ void TestSongChangesSeveral::renameLeavesTheEntryOfATwinAlone()
     QCOMPARE(report.done, QStringList(text("/Other.mid")));
     QCOMPARE(memory.idOf("/Azzurro.mid"), id); // and with it the song of the playlist
     QVERIFY(memory.idOf("/Other.mid") != id);
+}
+
+void TestSongChangesSeveral::renamedSongWhoseNameTheIndexCannotHoldKeepsItsId_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QByteArray>("listed");
+    QTest::addColumn<QByteArray>("renamed");
+    QTest::newRow("song") << text("/pop/日本.mid") << QByteArray("/pop/??.mid")
+                          << QByteArray("/pop/Sakura.mid");
+    QTest::newRow("folder") << text("/Ω/Nihon.mid") << QByteArray("/?/Nihon.mid")
+                            << QByteArray("/?/Sakura.mid");
+}
+
+/** Such a song stands in the index with "?" for the characters; it is renamed to mend that. */
+void TestSongChangesSeveral::renamedSongWhoseNameTheIndexCannotHoldKeepsItsId()
+{
+    QFETCH(QString, path);
+    QFETCH(QByteArray, listed);
+    QFETCH(QByteArray, renamed);
+    const ListedMemory memory;
+    memory.add(path.mid(1), midi("Sakura", "Nobody"));
+    QVERIFY(Index().updateIndex(memory.root()));
+    const quint32 id = memory.idOf(listed);
+    const QByteArray songs = bigEndian(id, 4) + QByteArray(28, 'p');
+    memory.add(text("playlist/play0001.dat"), songs);
+    Job job{{}, memory.root()};
+    QVERIFY(job.changes().rename(path, text("Sakura.mid")).isComplete());
+    QCOMPARE(memory.idOf(renamed), id);
+    QCOMPARE(memory.read(text("playlist/play0001.dat")), songs);
+    QCOMPARE(memory.faults(), QString());
+}
+
+/** Of two songs with one name in the index, nobody knows which the player's playlist means. */
+void TestSongChangesSeveral::renameLeavesTheEntryOfAnUnclearTwinAlone()
+{
+    const ListedMemory memory;
+    memory.add(text("pop/α.mid"), midi("Alpha", "Nobody"));
+    QVERIFY(Index().updateIndex(memory.root()));
+    const quint32 id = memory.idOf("/pop/?.mid");
+    memory.add(text("pop/β.mid"), midi("Beta", "Nobody")); // the index was not told
+    Job job{{}, memory.root()};
+    QVERIFY(job.changes().rename(text("/pop/β.mid"), text("Beta.mid")).isComplete());
+    QCOMPARE(memory.idOf("/pop/?.mid"), id);
+    QVERIFY(memory.idOf("/pop/Beta.mid") != id);
+    QCOMPARE(memory.faults(), QString());
+}
+
+/** Twice within the time that a file system tells apart. */
+void TestSongChangesSeveral::rewrittenSongWhoseNameTheIndexCannotHoldIsReadAgain()
+{
+    const ListedMemory memory;
+    memory.add(text("pop/日本.mid"), midi("Old title", "Nobody"));
+    const QDateTime same(QDate(2020, 5, 6), QTime(7, 8, 10));
+    const auto setTime = [&] {
+        QFile song(memory.path(text("pop/日本.mid")));
+        return song.open(QFile::ReadWrite) &&
+               song.setFileTime(same, QFileDevice::FileModificationTime);
+    };
+    QVERIFY(setTime() && Index().updateIndex(memory.root()));
+    Job job{{}, memory.root()};
+    const auto report = job.changes().rewriteAll({text("/pop/日本.mid")}, [&](const QString &) {
+        memory.add(text("pop/日本.mid"), midi("New title", "Nobody"));
+        return setTime() ? QString() : text("no time");
+    });
+    QVERIFY(report.isComplete());
+    QVERIFY(memory.read(text("title.idx")).contains("NEW TITLE"));
 }
 
 void TestSongChangesSeveral::updateTakesNewSongs()
