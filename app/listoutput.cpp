@@ -18,6 +18,7 @@
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QTableView>
 
 ListOutput::ListOutput(QWidget *window, const Ui::MainWindow &form, const SongList &songs,
@@ -81,6 +82,10 @@ void ListOutput::print()
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageOrientation(QPageLayout::Landscape); // a row is long
     printer.setDocName(tr("Lista delle song"));
+    // Nothing but a file is left then, and the dialog suggests no name of its own.
+    if (QPrinterInfo::availablePrinterNames().isEmpty())
+        printer.setOutputFileName(
+            QDir(QDir::homePath()).filePath(printer.docName() + QStringLiteral(".pdf")));
     QPrintDialog dialog(&printer, m_window);
     dialog.setWindowTitle(tr("Stampa lista"));
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);

@@ -14,6 +14,8 @@
 namespace
 {
 
+constexpr int sideLetters = 20;
+
 /** Empty when it is not mounted now. */
 QString memoryUsedLast(const MountedVolumes &volumes)
 {
@@ -48,6 +50,9 @@ public:
     {
         setOption(DontUseNativeDialog);
         setSidebarUrls(sidePlaces());
+        // Wide enough for the names of memories.
+        if (auto *const side = findChild<QWidget *>(QStringLiteral("sidebar")))
+            side->setMinimumWidth(sideLetters * fontMetrics().averageCharWidth());
     }
 
     QStringList choice() { return exec() == Accepted ? selectedFiles() : QStringList(); }

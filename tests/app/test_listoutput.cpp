@@ -6,6 +6,7 @@
 #include "windows/tablepages.h"
 
 #include <QClipboard>
+#include <QDialogButtonBox>
 #include <QDrag>
 #include <QHeaderView>
 #include <QMimeData>
@@ -103,6 +104,26 @@ TextTable rowsOf(int count)
     return table;
 }
 
+/** The keys of a menu work in the active window only. */
+void becomeActive(WindowUnderTest &window)
+{
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    window.table()->setFocus();
+}
+
+/** Presses the button of the dialog for printing that prints. */
+void pressPrint(QPrintDialog *dialog)
+{
+    for (auto *box : dialog->findChildren<QDialogButtonBox *>()) {
+        for (auto *button : box->buttons()) {
+            if (box->buttonRole(button) == QDialogButtonBox::AcceptRole)
+                return clickLater(button);
+        }
+    }
+    qFatal("no button that prints");
+}
+
 QString clipboardText()
 {
     return QApplication::clipboard()->text();
@@ -158,10 +179,10 @@ private:
     {
         user.add([path](QWidget *modal) {
             auto *const dialog = qobject_cast<QPrintDialog *>(modal);
-            if (dialog == nullptr)
-                return false;
+            if (dialog == nullptr || nextStep(dialog) > 0)
+                return dialog != nullptr;
             dialog->findChild<QLineEdit *>(s("filename"))->setText(path);
-            QMetaObject::invokeMethod(dialog, "accept");
+            pressPrint(dialog);
             return true;
         });
         window.action("actionPrint")->trigger();
@@ -186,7 +207,7 @@ void TestListOutput::chosenRowIsCopied()
     WindowUnderTest window;
     import(window);
     window.table()->selectRow(1);
-    window.table()->setFocus();
+    becomeActive(window);
     QTest::keyClick(window.table(), Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(clipboardText(),
              s("Formato\tTitolo\tArtista\tGenere\tAutore\tDurata\tBpm\tTonalita'\tNome file\n"
@@ -198,7 +219,7 @@ void TestListOutput::withoutAChoiceAllShownRowsAreCopied()
     WindowUnderTest window;
     import(window);
     window.table()->clearSelection();
-    window.table()->setFocus();
+    becomeActive(window);
     QTest::keyClick(window.table(), Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(clipboardText().count(QLatin1Char('\n')), 3);
     window.child<QLineEdit>("filterLineEdit")->setText(s("alpha"));
@@ -326,7 +347,7 @@ void TestListOutput::listIsPrintedIntoAPdf()
     QVERIFY(bytes.trimmed().endsWith("%%EOF"));
     QVERIFY(bytes.contains("/Count 1"));
     // A page that lies on its side.
-    QVERIFY(bytes.contains("/MediaBox [0 0 842 595]") || bytes.contains("/MediaBox [0 0 792 612]"));
+    QVERIFY(bytes.contains("/MediaBox [0 0 842") || bytes.contains("/MediaBox [0 0 792"));
 }
 
 void TestListOutput::songIsNotOverwrittenByPaper()
@@ -350,7 +371,7 @@ void TestListOutput::songIsNotOverwrittenByPaper()
         return true;
     });
     printInto(window, song, user);
-    QCOMPARE(told.size(), 2);
+    QVERIFY2(told.size() == 2, qPrintable(told.join(QLatin1Char('|'))));
     QVERIFY(told.constLast().contains(s("Il file è una song e non viene sostituito")));
     file.seek(0);
     QCOMPARE(file.readAll(), before);
@@ -413,6 +434,8 @@ void TestListOutput::songDraggedOutIsACopy()
 
 void TestListOutput::songLetGoOverItsOwnListChangesNothing()
 {
+    if (QGuiApplication::platformName() == s("offscreen"))
+        QSKIP("needs a display"); // on which another CTest test runs this one
     WindowUnderTest window;
     import(window);
     QWidget *const viewport = window.table()->viewport();
@@ -420,7 +443,7 @@ void TestListOutput::songLetGoOverItsOwnListChangesNothing()
     bool wasDragged = false;
     QTimer letGo;
     connect(&letGo, &QTimer::timeout, &window, [&] {
-        wasDragged = wasDragged || window.table()->findChild<QDrag *>() != nullptr;
+        wasDragged = wasDragged || window.findChild<QDrag *>() != nullptr;
         QTest::mouseMove(window.windowHandle(), viewport->mapTo(&window, from) + QPoint(60, 40));
         QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {},
                             viewport->mapTo(&window, from) + QPoint(60, 40));
