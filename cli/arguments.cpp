@@ -44,6 +44,8 @@ constexpr std::array commandWords{
     CommandWords{Command::Edit, "edit", nullptr},
     CommandWords{Command::Tags, "tags", nullptr},
     CommandWords{Command::Measure, "measure", nullptr},
+    CommandWords{Command::Play, "play", nullptr},
+    CommandWords{Command::Render, "render", nullptr},
 };
 
 /** Stands in front of each argument that is no option, so that CLI11 does not look into it. */
@@ -72,6 +74,7 @@ struct Texts {
     std::string length;
     std::string backup;
     std::string to;
+    std::string soundFont;
     std::string replace;
     std::string rename;
     std::string changeUnsigned;
@@ -260,10 +263,13 @@ private:
             command.add_flag("--verify", m_texts.verify);
             command.add_flag("--in-line", m_texts.inLine);
             command.add_flag("--remove", m_texts.remove);
-            command.add_option("--to", m_texts.to);
         }
+        if (isOneOf({Command::Transfer, Command::Render}))
+            command.add_option("--to", m_texts.to);
+        if (isOneOf({Command::Play, Command::Render}))
+            command.add_option("--sound-font", m_texts.soundFont);
         if (isOneOf({Command::Transfer, Command::CatalogueAdd, Command::CatalogueExport,
-                     Command::CatalogueImport}))
+                     Command::CatalogueImport, Command::Render}))
             command.add_option("--replace", m_texts.replace);
         if (isOneOf({Command::Transfer, Command::IndexUpdate, Command::IndexRebuild}))
             command.add_option("--rename", m_texts.rename);
@@ -296,6 +302,8 @@ bool takesOneArgument(Command command)
     case Command::CatalogueFind:
     case Command::CatalogueExport:
     case Command::CatalogueImport:
+    case Command::Play:
+    case Command::Render:
         return true;
     default:
         return false;
@@ -398,6 +406,8 @@ QString Arguments::whatIsWrong(const Request &request)
         return tr("Un nome è vuoto");
     if (request.command == Command::Transfer && request.to.isEmpty())
         return tr("Manca la cartella di destinazione: --to CARTELLA");
+    if (request.command == Command::Render && request.to.isEmpty())
+        return tr("Manca il file da scrivere: --to WAV");
     if (request.remove && !request.inLine)
         return tr("%1 vale solo con %2")
             .arg(QStringLiteral("--remove"), QStringLiteral("--in-line"));
@@ -454,6 +464,7 @@ Arguments::Result Arguments::read(const QList<QByteArray> &arguments)
     request.remove = texts.remove;
     request.anyFolder = texts.anyFolder;
     request.to = plain(texts.to);
+    request.soundFont = plain(texts.soundFont);
     request.steps = edit.steps;
     request.newNames = edit.newNames;
     request.shortNames = edit.shortNames;

@@ -96,6 +96,12 @@ const QList<Usage> &usages()
         {Command::Measure,
          {QStringLiteral("kavena measure Songs"), QStringLiteral("kavena measure --apply *.mid")},
          QStringLiteral("[--apply] [--without-history yes|no] [--json] [-0] FILE|DIR...")},
+        {Command::Play,
+         {QStringLiteral("kavena play song.mid")},
+         QStringLiteral("[--sound-font F] FILE")},
+        {Command::Render,
+         {QStringLiteral("kavena render song.mid --to song.wav")},
+         QStringLiteral("--to WAV [--replace yes|no] [--sound-font F] FILE")},
     };
     return all;
 }
@@ -151,6 +157,7 @@ QString Help::text(Command command)
     option("--dry-run", tr("mostra le modifiche e non scrive niente"));
     option("--unsigned yes|no", tr("modifica anche le song senza la firma del produttore"));
     option("--to FOLDER", tr("la cartella di destinazione, in una memoria"));
+    option("--to WAV", tr("il file WAV da scrivere"));
     option("--replace yes|no", tr("sostituisce i file, o le voci, che ci sono già"));
     option("--verify", tr("rilegge dalla memoria ogni copia e la confronta"));
     option("--in-line", tr("copia ciò che è nuovo o diverso ed elenca le song in più"));
@@ -162,6 +169,7 @@ QString Help::text(Command command)
     option("--confirm yes|no", tr("elimina le song senza chiedere"));
     option("--without-history yes|no", tr("modifica anche se la cronologia non può essere usata"));
     option("--changed yes|no", tr("annulla anche nelle song cambiate dopo"));
+    option("--sound-font F", tr("il sound font per le song MIDI; altrimenti uno installato"));
     option("--csv", tr("una tabella con i campi separati da \";\""));
     option("--json", tr("un oggetto JSON per riga; i nomi sono nella pagina di manuale"));
     option("-0", tr("legge altri nomi dallo standard input, ognuno chiuso da un byte zero"));

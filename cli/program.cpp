@@ -12,7 +12,9 @@
 #include "cli/listcommand.h"
 #include "cli/measurecommand.h"
 #include "cli/peoplewriter.h"
+#include "cli/playcommand.h"
 #include "cli/removecommand.h"
+#include "cli/rendercommand.h"
 #include "cli/setcommand.h"
 #include "cli/showcommand.h"
 #include "cli/standardoutput.h"
@@ -74,6 +76,10 @@ std::unique_ptr<Command> commandFor(const CommandContext &context)
         return std::make_unique<TagsCommand>(context);
     case Request::Command::Measure:
         return std::make_unique<MeasureCommand>(context);
+    case Request::Command::Play:
+        return std::make_unique<PlayCommand>(context);
+    case Request::Command::Render:
+        return std::make_unique<RenderCommand>(context);
     case Request::Command::None:
         break;
     }

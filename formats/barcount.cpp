@@ -43,6 +43,18 @@ qint64 BarCount::barAt(qint64 tick) const
     return metre.bar + barsFrom(metre, tick, false);
 }
 
+qint64 BarCount::tickOf(qint64 bar) const
+{
+    const auto next =
+        std::upper_bound(m_metres.begin(), m_metres.end(), std::max(bar, qint64{1}),
+                         [](qint64 number, const Metre &metre) { return number < metre.bar; });
+    const Metre &metre = *std::prev(next);
+    const qint64 partsInBar = qint64{metre.beats} * quartersInWhole * m_ticksInQuarter;
+    const qint64 parts = (std::max(bar, qint64{1}) - metre.bar) * partsInBar;
+    const qint64 partsInTick = qint64{1} << metre.power;
+    return metre.tick + (parts + partsInTick - 1) / partsInTick;
+}
+
 /** The bars between the metre's first tick and a later one; a last bar that is cut off may count.
  */
 qint64 BarCount::barsFrom(const Metre &metre, qint64 tick, bool isPartCounted) const

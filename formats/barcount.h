@@ -24,6 +24,9 @@ public:
     /** The number of the bar that the tick is in; the tick is 0 or greater. */
     qint64 barAt(qint64 tick) const;
 
+    /** The first tick of a bar; 0 for numbers below 1. */
+    qint64 tickOf(qint64 bar) const;
+
 private:
     struct Metre {
         qint64 tick;

@@ -24,6 +24,9 @@ public:
     bool canBeReadAgain() const;
     SaveFailure save(const QString &path);
 
+    /** The song's music. */
+    const RawMidiFile &midi() const { return m_midi; }
+
 private:
     QByteArray payload() const;
     QByteArray bytes();

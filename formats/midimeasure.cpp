@@ -5,10 +5,9 @@
 #include "formats/keyguess.h"
 #include "formats/midikeys.h"
 #include "formats/midimetaevent.h"
+#include "formats/miditracks.h"
 #include "formats/miditrackwalk.h"
-#include "formats/rawmidifile.h"
 #include "formats/tempomap.h"
-#include "storage/songlayout.h"
 
 #include <QtEndian>
 
@@ -33,13 +32,6 @@ constexpr qsizetype keySignatureSize = 2;
 int unsignedAt(QByteArrayView data, qsizetype place)
 {
     return static_cast<quint8>(data.at(place));
-}
-
-quint16 timeDivisionOf(const QByteArray &bytes)
-{
-    if (bytes.size() < songlayout::timeDivisionPos + qsizetype(sizeof(quint16)))
-        return 0;
-    return qFromBigEndian<quint16>(bytes.constData() + songlayout::timeDivisionPos);
 }
 
 /** The notes that sound in one track, and how long those did that have ended. */
@@ -211,22 +203,9 @@ private:
 
 SongMeasure midimeasure::of(const RawMidiFile &midi)
 {
-    const QByteArrayView bytes(midi.stream());
-    MidiReading reading(timeDivisionOf(midi.stream()));
-    qsizetype start = midi.trackStart();
-    qsizetype size = midi.trackLength();
-    for (quint32 left = midi.trackCount(); left > 0 && start <= bytes.size();) {
-        const QByteArrayView chunk = bytes.sliced(start, std::min(size, bytes.size() - start));
-        const qsizetype magic = start - songlayout::chunkHeaderSize;
-        // Chunks of other kinds may stand between the tracks.
-        if (bytes.sliced(magic).startsWith(songlayout::midiTrackMagic)) {
-            reading.readTrack(chunk);
-            --left;
-        }
-        start += size + songlayout::chunkHeaderSize;
-        if (start <= bytes.size())
-            size = qFromBigEndian<quint32>(bytes.data() + start - songlayout::chunkHeaderSize +
-                                           songlayout::chunkSizePos);
-    }
+    MidiReading reading(miditracks::timeDivisionOf(midi));
+    const QList<QByteArrayView> tracks = miditracks::of(midi);
+    for (const QByteArrayView track : tracks)
+        reading.readTrack(track);
     return reading.measure();
 }

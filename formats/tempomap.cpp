@@ -56,13 +56,10 @@ void TempoMap::add(qint64 tick, quint32 microseconds)
 
 TempoMap::Sum TempoMap::until(qint64 end)
 {
-    const auto isEarlier = [](const Change &a, const Change &b) { return a.tick < b.tick; };
-    if (!std::is_sorted(m_changes.begin(), m_changes.end(), isEarlier))
-        std::stable_sort(m_changes.begin(), m_changes.end(), isEarlier);
-
+    sortChanges();
     Sum sum;
     QHash<int, HeldTempo> held;
-    Change now{0, m_ticksInQuarter > 0 ? firstTempo : 0};
+    Change now = firstChange();
     const auto hold = [&](qint64 tick, bool isLast) {
         const double passed = seconds(tick - now.tick, now.microseconds);
         sum.seconds += passed;
@@ -92,6 +89,36 @@ TempoMap::Sum TempoMap::until(qint64 end)
         }
     }
     return sum;
+}
+
+TempoMap::Clock::Clock(TempoMap &map)
+    : m_map(map)
+    , m_now(map.firstChange())
+{
+    map.sortChanges();
+}
+
+double TempoMap::Clock::secondsAt(qint64 tick)
+{
+    const std::vector<Change> &changes = m_map.m_changes;
+    for (; m_next < changes.size() && changes[m_next].tick <= tick; ++m_next) {
+        m_passed += m_map.seconds(changes[m_next].tick - m_now.tick, m_now.microseconds);
+        m_now = changes[m_next];
+    }
+    return m_passed + m_map.seconds(tick - m_now.tick, m_now.microseconds);
+}
+
+void TempoMap::sortChanges()
+{
+    const auto isEarlier = [](const Change &a, const Change &b) { return a.tick < b.tick; };
+    if (!std::is_sorted(m_changes.begin(), m_changes.end(), isEarlier))
+        std::stable_sort(m_changes.begin(), m_changes.end(), isEarlier);
+}
+
+/** What holds before all changes. */
+TempoMap::Change TempoMap::firstChange() const
+{
+    return {0, m_ticksInQuarter > 0 ? firstTempo : 0};
 }
 
 double TempoMap::seconds(qint64 ticks, quint32 microseconds) const

@@ -3,6 +3,7 @@
 
 #include <QtGlobal>
 
+#include <cstddef>
 #include <vector>
 
 /**
@@ -40,6 +41,27 @@ private:
         quint32 microseconds;
     };
 
+public:
+    /** Tells when ticks come that are asked for in ascending order. */
+    class Clock
+    {
+    public:
+        /** The map must outlive the clock and may get no more changes meanwhile. */
+        explicit Clock(TempoMap &map);
+
+        /** Seconds from the first tick to this one. */
+        double secondsAt(qint64 tick);
+
+    private:
+        const TempoMap &m_map;
+        std::size_t m_next = 0; ///< the change that comes next
+        Change m_now;
+        double m_passed = 0; ///< seconds until the change that holds now
+    };
+
+private:
+    void sortChanges();
+    Change firstChange() const;
     double seconds(qint64 ticks, quint32 microseconds) const;
 
     int m_ticksInQuarter = 0;

@@ -45,7 +45,7 @@ UserFile::Reading UserFile::read(const QString &path, qint64 maxBytes)
                                               : tr("Il file non può essere letto")};
 }
 
-QString UserFile::write(const QString &path, const QByteArray &bytes)
+QString UserFile::whyKept(const QString &path)
 {
     const QFileInfo file(path);
     if (songnames::isSongName(path) || songnames::isSongName(file.canonicalFilePath()) ||
@@ -53,9 +53,12 @@ QString UserFile::write(const QString &path, const QByteArray &bytes)
         return tr("Il file è una song e non viene sostituito");
     if (isKept(file))
         return tr("Il file è di un altro tipo e non viene sostituito");
-    if (writeWholeFile(path, bytes))
-        return {};
-    switch (WriteProblem::find(WriteProblem::Medium::of(file.absolutePath()), bytes.size())) {
+    return {};
+}
+
+QString UserFile::whyNotWritten(const QString &path, qint64 size)
+{
+    switch (WriteProblem::find(WriteProblem::Medium::of(QFileInfo(path).absolutePath()), size)) {
     case WriteProblem::Full:
         return tr("Non c'è abbastanza spazio");
     case WriteProblem::ReadOnly:
@@ -67,4 +70,12 @@ QString UserFile::write(const QString &path, const QByteArray &bytes)
         break;
     }
     return tr("Il file non può essere scritto");
+}
+
+QString UserFile::write(const QString &path, const QByteArray &bytes)
+{
+    const QString refusal = whyKept(path);
+    if (!refusal.isEmpty())
+        return refusal;
+    return writeWholeFile(path, bytes) ? QString() : whyNotWritten(path, bytes.size());
 }

@@ -25,4 +25,10 @@ public:
      * was not written, for the user; empty when it was.
      */
     static QString write(const QString &path, const QByteArray &bytes);
+
+    /** Why write() leaves what lies at the path as it is; empty when it would replace it. */
+    static QString whyKept(const QString &path);
+
+    /** The most likely reason why a file of so many bytes could not be written there. */
+    static QString whyNotWritten(const QString &path, qint64 size);
 };

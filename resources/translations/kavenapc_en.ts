@@ -1495,6 +1495,10 @@ Please install the program again.</translation>
         <source>Manca un passo, per esempio --pattern</source>
         <translation>A step is missing, for example --pattern</translation>
     </message>
+    <message>
+        <source>Manca il file da scrivere: --to WAV</source>
+        <translation>The file to be written is missing: --to WAV</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1710,6 +1714,14 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
     <message>
         <source>sostituisce i file, o le voci, che ci sono già</source>
         <translation>replaces files, or entries, that are there already</translation>
+    </message>
+    <message>
+        <source>il file WAV da scrivere</source>
+        <translation>the WAV file to be written</translation>
+    </message>
+    <message>
+        <source>il sound font per le song MIDI; altrimenti uno installato</source>
+        <translation>the sound font for MIDI songs; else an installed one</translation>
     </message>
 </context>
 <context>
@@ -5003,6 +5015,68 @@ Prepare the tag for the player first?</translation>
     <message>
         <source>%1 ora</source>
         <translation>%1 now</translation>
+    </message>
+</context>
+<context>
+    <name>RenderCommand</name>
+    <message>
+        <source>Il file esiste già. Sostituirlo?</source>
+        <translation>The file exists already. Replace it?</translation>
+    </message>
+</context>
+<context>
+    <name>SoundProblem</name>
+    <message>
+        <source>Questa versione del programma è senza suono</source>
+        <translation>This version of the program is without sound</translation>
+    </message>
+    <message>
+        <source>La parte del programma che suona le song non è installata</source>
+        <translation>The part of the program that plays songs is not installed</translation>
+    </message>
+    <message>
+        <source>Manca un sound font per suonare le song MIDI (per esempio il pacchetto timgm6mb-soundfont)</source>
+        <translation>There is no sound font for MIDI songs (for example the package timgm6mb-soundfont)</translation>
+    </message>
+    <message>
+        <source>Il sound font non può essere letto</source>
+        <translation>The sound font cannot be read</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è un dispositivo audio</source>
+        <translation>There is no sound device</translation>
+    </message>
+    <message>
+        <source>Il dispositivo audio non risponde</source>
+        <translation>The sound device does not respond</translation>
+    </message>
+    <message>
+        <source>Il file non può essere letto</source>
+        <translation>The file cannot be read</translation>
+    </message>
+    <message>
+        <source>Un altro programma sta salvando la song</source>
+        <translation>Another program is saving the song</translation>
+    </message>
+    <message>
+        <source>Il file non è una song</source>
+        <translation>The file is not a song</translation>
+    </message>
+    <message>
+        <source>La song è danneggiata</source>
+        <translation>The song is damaged</translation>
+    </message>
+    <message>
+        <source>La song è troppo grande per essere suonata</source>
+        <translation>The song is too large to be played</translation>
+    </message>
+    <message>
+        <source>La song dura più di 6 ore</source>
+        <translation>The song is longer than 6 hours</translation>
+    </message>
+    <message>
+        <source>Nella song non c&apos;è niente da sentire</source>
+        <translation>There is nothing to hear in the song</translation>
     </message>
 </context>
 </TS>

@@ -1495,6 +1495,10 @@ Installare di nuovo il programma.</translation>
         <source>Manca un passo, per esempio --pattern</source>
         <translation>Manca un passo, per esempio --pattern</translation>
     </message>
+    <message>
+        <source>Manca il file da scrivere: --to WAV</source>
+        <translation>Manca il file da scrivere: --to WAV</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1710,6 +1714,14 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
     <message>
         <source>sostituisce i file, o le voci, che ci sono già</source>
         <translation>sostituisce i file, o le voci, che ci sono già</translation>
+    </message>
+    <message>
+        <source>il file WAV da scrivere</source>
+        <translation>il file WAV da scrivere</translation>
+    </message>
+    <message>
+        <source>il sound font per le song MIDI; altrimenti uno installato</source>
+        <translation>il sound font per le song MIDI; altrimenti uno installato</translation>
     </message>
 </context>
 <context>
@@ -5003,6 +5015,68 @@ Preparare prima il tag per il player?</translation>
     <message>
         <source>%1 ora</source>
         <translation>%1 ora</translation>
+    </message>
+</context>
+<context>
+    <name>RenderCommand</name>
+    <message>
+        <source>Il file esiste già. Sostituirlo?</source>
+        <translation>Il file esiste già. Sostituirlo?</translation>
+    </message>
+</context>
+<context>
+    <name>SoundProblem</name>
+    <message>
+        <source>Questa versione del programma è senza suono</source>
+        <translation>Questa versione del programma è senza suono</translation>
+    </message>
+    <message>
+        <source>La parte del programma che suona le song non è installata</source>
+        <translation>La parte del programma che suona le song non è installata</translation>
+    </message>
+    <message>
+        <source>Manca un sound font per suonare le song MIDI (per esempio il pacchetto timgm6mb-soundfont)</source>
+        <translation>Manca un sound font per suonare le song MIDI (per esempio il pacchetto timgm6mb-soundfont)</translation>
+    </message>
+    <message>
+        <source>Il sound font non può essere letto</source>
+        <translation>Il sound font non può essere letto</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è un dispositivo audio</source>
+        <translation>Non c&apos;è un dispositivo audio</translation>
+    </message>
+    <message>
+        <source>Il dispositivo audio non risponde</source>
+        <translation>Il dispositivo audio non risponde</translation>
+    </message>
+    <message>
+        <source>Il file non può essere letto</source>
+        <translation>Il file non può essere letto</translation>
+    </message>
+    <message>
+        <source>Un altro programma sta salvando la song</source>
+        <translation>Un altro programma sta salvando la song</translation>
+    </message>
+    <message>
+        <source>Il file non è una song</source>
+        <translation>Il file non è una song</translation>
+    </message>
+    <message>
+        <source>La song è danneggiata</source>
+        <translation>La song è danneggiata</translation>
+    </message>
+    <message>
+        <source>La song è troppo grande per essere suonata</source>
+        <translation>La song è troppo grande per essere suonata</translation>
+    </message>
+    <message>
+        <source>La song dura più di 6 ore</source>
+        <translation>La song dura più di 6 ore</translation>
+    </message>
+    <message>
+        <source>Nella song non c&apos;è niente da sentire</source>
+        <translation>Nella song non c&apos;è niente da sentire</translation>
     </message>
 </context>
 </TS>

@@ -1495,6 +1495,10 @@ Bitte installieren Sie das Programm neu.</translation>
         <source>Manca un passo, per esempio --pattern</source>
         <translation>Ein Schritt fehlt, zum Beispiel --pattern</translation>
     </message>
+    <message>
+        <source>Manca il file da scrivere: --to WAV</source>
+        <translation>Es fehlt die Datei, die geschrieben wird: --to WAV</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueCommand</name>
@@ -1710,6 +1714,14 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
     <message>
         <source>sostituisce i file, o le voci, che ci sono già</source>
         <translation>ersetzt Dateien oder Einträge, die schon da sind</translation>
+    </message>
+    <message>
+        <source>il file WAV da scrivere</source>
+        <translation>die WAV-Datei, die geschrieben wird</translation>
+    </message>
+    <message>
+        <source>il sound font per le song MIDI; altrimenti uno installato</source>
+        <translation>der Soundfont für MIDI-Songs; sonst ein installierter</translation>
     </message>
 </context>
 <context>
@@ -5003,6 +5015,68 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
     <message>
         <source>%1 ora</source>
         <translation>%1 jetzt</translation>
+    </message>
+</context>
+<context>
+    <name>RenderCommand</name>
+    <message>
+        <source>Il file esiste già. Sostituirlo?</source>
+        <translation>Die Datei ist schon vorhanden. Ersetzen?</translation>
+    </message>
+</context>
+<context>
+    <name>SoundProblem</name>
+    <message>
+        <source>Questa versione del programma è senza suono</source>
+        <translation>Diese Ausgabe des Programms ist ohne Ton</translation>
+    </message>
+    <message>
+        <source>La parte del programma che suona le song non è installata</source>
+        <translation>Der Teil des Programms, der Songs abspielt, ist nicht installiert</translation>
+    </message>
+    <message>
+        <source>Manca un sound font per suonare le song MIDI (per esempio il pacchetto timgm6mb-soundfont)</source>
+        <translation>Für MIDI-Songs fehlt ein Soundfont (zum Beispiel das Paket timgm6mb-soundfont)</translation>
+    </message>
+    <message>
+        <source>Il sound font non può essere letto</source>
+        <translation>Der Soundfont kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Non c&apos;è un dispositivo audio</source>
+        <translation>Es gibt kein Audiogerät</translation>
+    </message>
+    <message>
+        <source>Il dispositivo audio non risponde</source>
+        <translation>Das Audiogerät antwortet nicht</translation>
+    </message>
+    <message>
+        <source>Il file non può essere letto</source>
+        <translation>Die Datei kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Un altro programma sta salvando la song</source>
+        <translation>Ein anderes Programm speichert den Song gerade</translation>
+    </message>
+    <message>
+        <source>Il file non è una song</source>
+        <translation>Die Datei ist kein Song</translation>
+    </message>
+    <message>
+        <source>La song è danneggiata</source>
+        <translation>Der Song ist beschädigt</translation>
+    </message>
+    <message>
+        <source>La song è troppo grande per essere suonata</source>
+        <translation>Der Song ist zum Abspielen zu groß</translation>
+    </message>
+    <message>
+        <source>La song dura più di 6 ore</source>
+        <translation>Der Song ist länger als 6 Stunden</translation>
+    </message>
+    <message>
+        <source>Nella song non c&apos;è niente da sentire</source>
+        <translation>In dem Song gibt es nichts zu hören</translation>
     </message>
 </context>
 </TS>

@@ -22,7 +22,7 @@ expect() {
   [ "$got" = "$wanted" ] || { echo "FAIL: $* offers '$got', not '$wanted'" >&2; exit 1; }
 }
 
-expect "show set edit sync transfer index list remove eject catalogue history undo tags measure --help --version" kavena ""
+expect "show set edit sync transfer index list remove eject catalogue history undo tags measure play render --help --version" kavena ""
 expect "set" kavena se
 expect "update rebuild check" kavena index ""
 expect "find add export import" kavena catalogue ""
@@ -38,6 +38,8 @@ expect "--any-folder" kavena index update --a
 expect "yes no" kavena remove --confirm ""
 expect "--confirm" kavena remove --c
 expect "--apply" kavena tags --a
+expect "--sound-font" kavena play --s
+expect "--to" kavena render --t
 expect "yes no" kavena undo --changed ""
 expect "--without-history" kavena set --w
 expect "--pattern" kavena edit --p

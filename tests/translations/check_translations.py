@@ -113,7 +113,7 @@ def updated_entries(lupdate, sources, name):
     """The entries as they stand after a comparison with the sources, which is made on a copy."""
     with tempfile.TemporaryDirectory() as scratch:
         copy = shutil.copy(sources / f"resources/translations/{name}.ts", scratch)
-        subprocess.run([lupdate, "-silent", "storage", "library", "devindex", "windows", "app",
+        subprocess.run([lupdate, "-silent", "storage", "library", "devindex", "sound", "windows", "app",
                         "cli", "-I", ".", "-extensions", "cpp,h,ui", "-source-language", "it_IT",
                         "-locations", "none", "-ts", copy], cwd=sources, check=True)
         return entries(copy)
@@ -327,7 +327,7 @@ PLANTED = {
 def undetected(lupdate, sources):
     with tempfile.TemporaryDirectory() as scratch:
         copy = pathlib.Path(scratch)
-        for folder in ("storage", "library", "devindex", "windows", "app", "cli",
+        for folder in ("storage", "library", "devindex", "sound", "windows", "app", "cli",
                        "resources/translations", "resources/help"):
             shutil.copytree(sources / folder, copy / folder)
         shutil.copy(sources / "README.md", copy)
