@@ -3,7 +3,6 @@
 #include "app/actiongate.h"
 #include "app/listoutput.h"
 #include "app/memories.h"
-#include "app/owncataloguemenu.h"
 #include "app/rowediting.h"
 #include "app/songbackup.h"
 #include "app/songdrop.h"
@@ -70,7 +69,7 @@ MainWindow::MainWindow(QWidget *parent)
     initUserLibraryModel();
     adjustUserLibraryHeaders();
     ui->userLibraryTableView->installEventFilter(this);
-    connect(new SongDrop(this, m_busy), &SongDrop::dropped, m_lists, &SongLists::takeDropped);
+    m_lists->takeDropsOf(new SongDrop(this, m_busy));
 }
 
 MainWindow::~MainWindow()
@@ -159,6 +158,7 @@ void MainWindow::initUserLibraryModel()
     m_sync.reset(
         new SongSync(this, m_database, *m_songs, m_progress, [this] { return suggestBackup(); }));
     m_sync->setHistory(tools->history());
+    m_sync->setResult(tools->syncResult());
     m_lists = new SongLists(
         this, *ui,
         {*m_import, *m_songs, m_selectedFiles, [this](const QStringList &f) { importFiles(f); }},
@@ -168,7 +168,6 @@ void MainWindow::initUserLibraryModel()
         m_buttons.setTransfer(true);
     });
     new ListOutput(this, *ui, *m_songs, m_busy, *m_actionGate);
-    new OwnCatalogueMenu(this, *ui, *m_songs, m_busy, *m_actionGate);
     connect(m_songs, &SongList::editRequested, this, &MainWindow::onSongsTableViewDoubleClicked);
     connect(m_songs, &SongList::menuRequested, this, &MainWindow::onSongsTableViewShowContextMenu);
     // Backup and transfer copy the selected files: they would miss this one for ever.

@@ -44,6 +44,20 @@ void OwnCatalogueMenu::add(int row)
             tr("%1 è nel mio catalogo").arg(m_songs.model().shortName(row)), addedMilliseconds);
 }
 
+qsizetype OwnCatalogueMenu::addSongs(const QStringList &paths)
+{
+    const BusyGuard busy(m_busy);
+    if (paths.isEmpty())
+        return 0;
+    OwnCatalogue catalogue;
+    const qsizetype added = CatalogueAdding::addSongs(catalogue, paths, m_window).value_or(0);
+    if (added > 0)
+        m_window->statusBar()->showMessage(
+            tr("%n song sono nel mio catalogo", nullptr, static_cast<int>(added)),
+            addedMilliseconds);
+    return added;
+}
+
 void OwnCatalogueMenu::show()
 {
     const BusyGuard busy(m_busy);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QStringList>
 
 class ActionGate;
 class BusyState;
@@ -27,6 +28,9 @@ public:
 
     /** Puts the row's song into the catalogue. */
     void add(int row);
+
+    /** Puts the songs at these paths into the catalogue; how many are entries now. */
+    qsizetype addSongs(const QStringList &paths);
 
     /** Shows the window of the catalogue. */
     void show();

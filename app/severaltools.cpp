@@ -11,6 +11,7 @@
 #include "ui_mainwindow.h"
 
 #include <QMainWindow>
+#include <QSet>
 #include <QTableView>
 
 namespace
@@ -96,9 +97,26 @@ SeveralTools::Rows SeveralTools::rowsByPath() const
 
 void SeveralTools::edit()
 {
+    editIn(shownSongs());
+}
+
+void SeveralTools::editSongs(const QStringList &paths)
+{
+    const QSet<QString> wanted(paths.cbegin(), paths.cend());
+    QList<SongInfo> songs;
+    for (int row = 0; row < m_songs.model().goodRowCount(); ++row) {
+        if (wanted.contains(m_songs.model().fileName(row)))
+            songs.append(songOfRow(m_songs.model(), row));
+    }
+    if (!songs.isEmpty())
+        editIn(songs);
+}
+
+void SeveralTools::editIn(const QList<SongInfo> &songs)
+{
     const BusyGuard busy(m_busy);
     const Rows rows = rowsByPath();
-    EditSeveralDialog dialog(shownSongs(), m_openHistory, m_window);
+    EditSeveralDialog dialog(songs, m_openHistory, m_window);
     connect(&dialog, &EditSeveralDialog::tried, this,
             [&](const SongInfo &now, SaveFailure failure) { showTried(rows, now, failure); });
     if (dialog.exec() == QDialog::Accepted)

@@ -12,6 +12,7 @@
 #include <QObject>
 #include <QPersistentModelIndex>
 #include <QString>
+#include <QStringList>
 
 #include <utility>
 
@@ -43,6 +44,9 @@ public:
     /** Shows the window of the edit. */
     void edit();
 
+    /** Shows it for the songs at these paths, whether or not the list shows them. */
+    void editSongs(const QStringList &paths);
+
     /** Shows the window of the names. */
     void rename();
 
@@ -59,6 +63,7 @@ signals:
 private:
     using Rows = QMultiHash<QString, QPersistentModelIndex>;
 
+    void editIn(const QList<SongInfo> &songs);
     QList<SongInfo> shownSongs() const;
     Rows rowsByPath() const;
     void enable();

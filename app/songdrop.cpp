@@ -76,8 +76,12 @@ bool SongDrop::filterWindow(QEvent *event)
         auto *const enter = static_cast<QDropEvent *>(event);
         m_takesDrag = isFromOutside(enter) && mayHoldSongs(localPaths(enter->mimeData()));
         answer(enter, m_takesDrag && !m_busy);
+        emit dragged(m_takesDrag && !m_busy);
         return true;
     }
+    case QEvent::DragLeave:
+        emit dragged(false);
+        return false;
     case QEvent::DragMove:
         answer(static_cast<QDropEvent *>(event), m_takesDrag && !m_busy);
         return true;
@@ -86,6 +90,7 @@ bool SongDrop::filterWindow(QEvent *event)
         const QStringList paths = localPaths(drop->mimeData());
         const bool accepted = !m_busy && isFromOutside(drop) && mayHoldSongs(paths);
         answer(drop, accepted);
+        emit dragged(false);
         if (accepted) {
             m_isAddition = drop->modifiers().testFlag(Qt::ControlModifier);
             collect(paths, 0);

@@ -26,6 +26,9 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 signals:
+    /** What is dragged over the window may be dropped there; or it has left the window. */
+    void dragged(bool isWelcome);
+
     /**
      * Sent when the drop is over, so that the desktop does not wait for the import. isAddition:
      * Ctrl was held down.

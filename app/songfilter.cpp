@@ -3,6 +3,7 @@
 #include "app/columnchoice.h"
 #include "windows/busystate.h"
 #include "windows/paintingpaused.h"
+#include "windows/songstates.h"
 #include "windows/usersongsreltablemodel.h"
 
 #include <QKeyEvent>
@@ -40,7 +41,7 @@ SongFilter::SongFilter(QLineEdit *field, QTableView *view, const UserSongsRelTab
 
 void SongFilter::applyLater()
 {
-    if (m_stale || (m_field->text().isEmpty() && !m_hidesRows))
+    if (m_stale || (m_field->text().isEmpty() && m_states.isEmpty() && !m_hidesRows))
         return;
     m_stale = true;
     m_later.start();
@@ -56,19 +57,39 @@ void SongFilter::apply()
 {
     m_stale = false;
     const QString text = m_field->text().trimmed();
-    if (text.isEmpty() && !m_hidesRows)
+    const bool isFilter = !text.isEmpty() || !m_states.isEmpty();
+    if (!isFilter && !m_hidesRows)
         return;
-    m_hidesRows = !text.isEmpty();
+    m_hidesRows = isFilter;
     {
         const PaintingPaused paused(m_view);
         const int rows = m_model.rowCount();
         for (int row = 0; row < rows; ++row)
-            m_view->setRowHidden(row, m_hidesRows && !m_model.rowContains(row, text));
+            m_view->setRowHidden(row, m_hidesRows && !isWanted(row, text));
     }
     const QModelIndex current = m_view->currentIndex();
     if (current.isValid() && m_view->isRowHidden(current.row()))
         m_view->selectionModel()->clear();
     emit applied();
+}
+
+bool SongFilter::isWanted(int row, const QString &text) const
+{
+    const int status = m_model.index(row, m_model.colIdxStatus()).data().toInt();
+    return (m_states.isEmpty() || m_states.contains(SongStates::known(status))) &&
+           (text.isEmpty() || m_model.rowContains(row, text));
+}
+
+void SongFilter::setStates(const QSet<int> &states)
+{
+    m_states = states;
+    m_stale = true;
+    applyUnlessBusy();
+}
+
+void SongFilter::clearText()
+{
+    m_field->clear();
 }
 
 /** Goes on to a row that can be seen when a hidden one has become the current one. */
@@ -134,6 +155,8 @@ bool SongFilter::fieldKey(int key)
  */
 void SongFilter::focusList()
 {
+    if (m_view->isHidden()) // it has nothing to show
+        return;
     const int row = nearestShownRow(0);
     if (!m_view->selectionModel()->hasSelection() && row >= 0)
         m_view->setCurrentIndex(m_model.index(row, ColumnChoice::firstShown(m_view)));

@@ -1,7 +1,8 @@
-// The field above the list that narrows it to the songs that hold a text.
+// Narrows the list to the songs that hold the text of a field and that are in some states.
 #pragma once
 
 #include <QObject>
+#include <QSet>
 #include <QTimer>
 
 class BusyState;
@@ -23,8 +24,15 @@ public:
     SongFilter(QLineEdit *field, QTableView *view, const UserSongsRelTableModel &model,
                const BusyState &busy);
 
-    /** Shows the rows that hold the field's text, and all of them when it is empty. */
+    /** Shows the rows that hold the field's text and are in a chosen state. */
     void apply();
+
+    /** Only songs in these Database::statusEnum are to be shown; in any state, where there are
+     * none. */
+    void setStates(const QSet<int> &states);
+
+    /** Empties the field; the states stay. */
+    void clearText();
 
     /** Puts the cursor into the field and selects what is in it. */
     void focusField();
@@ -39,6 +47,7 @@ private:
     void applyLater();
     void applyUnlessBusy();
     void leaveHiddenRow();
+    bool isWanted(int row, const QString &text) const;
     bool fieldKey(int key);
     int nearestShownRow(int row) const;
     void focusList();
@@ -47,6 +56,7 @@ private:
     QTableView *const m_view;
     const UserSongsRelTableModel &m_model;
     const BusyState &m_busy;
+    QSet<int> m_states; ///< none: songs in all states
     QTimer m_later;
     bool m_stale = false;     ///< rows have changed since they were looked at
     bool m_hidesRows = false; ///< some row may be hidden

@@ -2,12 +2,15 @@
 
 #include "app/columnchoice.h"
 #include "app/columnlayout.h"
+#include "app/listplace.h"
 #include "app/rowactions.h"
 #include "app/songfilter.h"
 #include "app/sortmenu.h"
 #include "app/statussummary.h"
 #include "formats/metasong.h"
 #include "windows/busystate.h"
+#include "windows/nomatchpage.h"
+#include "windows/statebuttons.h"
 #include "windows/statusrowdelegate.h"
 #include "windows/usersongsreltablemodel.h"
 
@@ -44,6 +47,14 @@ SongList::SongList(QMainWindow *window, const Ui::MainWindow &form, const QSqlDa
     connect(m_filter, &SongFilter::applied, m_summary, &StatusSummary::refresh);
     connect(m_summary, &StatusSummary::listRequested, this, &SongList::unreadableFilesRequested);
     connect(m_summary, &StatusSummary::tagsRequested, this, &SongList::tagsRequested);
+    connect(&m_summary->states(), &StateButtons::chosenChanged, m_filter,
+            [this] { m_filter->setStates(m_summary->states().chosen()); });
+    m_place = new ListPlace(form.listStackedWidget, m_view, busy);
+    connect(m_filter, &SongFilter::applied, m_place, &ListPlace::update);
+    connect(&m_place->noMatchPage(), &NoMatchPage::clearWanted, this, [this] {
+        m_filter->clearText();
+        m_summary->states().clear();
+    });
     addRowActions(form, gate);
 }
 
@@ -132,7 +143,21 @@ void SongList::showImport(const QList<UnreadableFile> &unreadable)
     m_summary->setUnreadableFiles(unreadable);
     m_columns->sortAsChosen();
     m_filter->apply();
+    m_place->update();
     fitColumns();
+}
+
+void SongList::sortAgain()
+{
+    m_columns->sortAsChosen();
+    m_filter->apply();
+    if (currentRow() >= 0)
+        scrollToRow(currentRow());
+}
+
+EmptyListPage &SongList::emptyPage() const
+{
+    return m_place->emptyPage();
 }
 
 void SongList::showFiles(const QStringList &paths)

@@ -15,6 +15,8 @@ class ActionGate;
 class BusyState;
 class ColumnChoice;
 class ColumnLayout;
+class EmptyListPage;
+class ListPlace;
 class QMainWindow;
 class QTableView;
 class SongFilter;
@@ -66,6 +68,12 @@ public:
     /** The files that the last import could not read. */
     const QList<UnreadableFile> &unreadableFiles() const;
 
+    /** Orders the rows once more, where the user has chosen an order: their texts have changed. */
+    void sortAgain();
+
+    /** The page in the place of the empty list. */
+    EmptyListPage &emptyPage() const;
+
     /** Brings the row to the middle of the list. */
     void scrollToRow(int row);
 
@@ -103,4 +111,5 @@ private:
     ColumnLayout *m_columns = nullptr;
     SongFilter *m_filter = nullptr;
     StatusSummary *m_summary = nullptr;
+    ListPlace *m_place = nullptr;
 };

@@ -1,13 +1,16 @@
 #include "app/songlists.h"
 
 #include "app/actiongate.h"
+#include "app/songdrop.h"
 #include "app/songimport.h"
 #include "app/songlist.h"
+#include "app/startpage.h"
 #include "library/historystore.h"
 #include "library/m3ulist.h"
 #include "library/settings.h"
 #include "storage/diagnostics.h"
 #include "windows/busystate.h"
+#include "windows/emptylistpage.h"
 #include "windows/filechooser.h"
 #include "windows/unreadablefilesdialog.h"
 #include "windows/usersongsreltablemodel.h"
@@ -84,12 +87,27 @@ SongLists::SongLists(QMainWindow *window, const Ui::MainWindow &form, Work work,
     }
     gate.add(form.actionReopenList);
     m_enableReopening = [this, &gate, action = form.actionReopenList] {
-        gate.setWanted(action, QFileInfo::exists(m_lastList));
+        gate.setWanted(action, hasLastList());
     };
     m_enableReopening();
+    new StartPage(m_work.songs.emptyPage(), *this, form, gate);
 }
 
 // ---------------------------------------------------------------- adding
+
+void SongLists::takeDropsOf(const SongDrop *drop)
+{
+    connect(drop, &SongDrop::dropped, this, &SongLists::takeDropped);
+    connect(drop, &SongDrop::dragged, &m_work.songs.emptyPage(), &EmptyListPage::setHighlighted);
+}
+
+void SongLists::chooseFolder()
+{
+    const BusyGuard busy(m_busy);
+    const QString folder = m_work.import.chooseFolder();
+    if (!folder.isEmpty())
+        takeDropped({folder}, false);
+}
 
 void SongLists::takeDropped(const QStringList &paths, bool isAddition)
 {
@@ -296,6 +314,18 @@ void SongLists::fillRecentMenu()
     }
     if (m_recentMenu->isEmpty() || m_recentMenu->actions().size() == 1)
         m_recentMenu->addAction(tr("Nessuna lista"))->setEnabled(false);
+}
+
+QStringList SongLists::openable() const
+{
+    QStringList lists = m_recentLists.paths();
+    lists.removeIf([](const QString &path) { return !QFileInfo(path).isFile(); });
+    return lists;
+}
+
+bool SongLists::hasLastList() const
+{
+    return QFileInfo::exists(m_lastList);
 }
 
 void SongLists::keepFolders(const QStringList &paths)

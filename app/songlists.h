@@ -14,6 +14,7 @@ class ActionGate;
 class BusyState;
 class QMainWindow;
 class QMenu;
+class SongDrop;
 class SongImport;
 class SongList;
 
@@ -49,8 +50,23 @@ public:
     SongLists(QMainWindow *window, const Ui::MainWindow &form, Work work, QSettings &settings,
               BusyState &busy, ActionGate &gate);
 
+    /** Brings in what is dropped, and shows what may be. */
+    void takeDropsOf(const SongDrop *drop);
+
     /** Brings in what was dropped: behind the songs that are there, or in place of them. */
     void takeDropped(const QStringList &paths, bool isAddition);
+
+    /** Lets the user choose a folder, whose songs take the place of the list. */
+    void chooseFolder();
+
+    /** Opens the list in this file and keeps it as one of late. */
+    void openRecentList(const QString &path);
+
+    /** The lists of late that are still there, the last one first. */
+    QStringList openable() const;
+
+    /** True when there is a list that can be opened again. */
+    bool hasLastList() const;
 
     /** Keeps the list as the one that can be opened again; an empty one is not kept. */
     void keepList();
@@ -64,7 +80,6 @@ private:
     void addChosenFolder();
     void addSongsOf(const QStringList &paths);
     void openChosenList();
-    void openRecentList(const QString &path);
     void reopenLastList();
     bool openList(const QString &path);
     void saveList();

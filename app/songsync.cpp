@@ -1,6 +1,7 @@
 #include "app/songsync.h"
 
 #include "app/songlist.h"
+#include "app/syncresult.h"
 #include "app/windowprogress.h"
 #include "library/owncatalogue.h"
 #include "windows/changepreviewdialog.h"
@@ -29,7 +30,10 @@ bool SongSync::run(bool copyrightAsk, bool preview)
         return false;
     Synchronisation run = synchronisation();
     const bool finished = run.run(copyrightAsk);
+    m_songs.sortAgain();
     m_songs.fitColumns(); // the rows hold the catalogue's texts now
+    if (m_result != nullptr)
+        m_result->show(run.outcome());
     RunReportBox::tell(run.report(), m_window);
     return finished;
 }

@@ -11,6 +11,7 @@ QT_END_NAMESPACE
 
 class Database;
 class SongList;
+class SyncResult;
 class WindowProgress;
 
 /** Asks and shows what comes and what came of it in dialogs over the window. */
@@ -28,6 +29,9 @@ public:
 
     /** Where the songs are kept before they are changed. */
     void setHistory(OpenHistory openHistory) { m_openHistory = std::move(openHistory); }
+
+    /** Where it is told what a run came to; must outlive the object. */
+    void setResult(SyncResult &result) { m_result = &result; }
 
     /**
      * Synchronises all rows, with a question before files without the maker's signature where it is
@@ -49,4 +53,5 @@ private:
     WindowProgress &m_progress;
     const SuggestBackup m_suggestBackup;
     OpenHistory m_openHistory;
+    SyncResult *m_result = nullptr;
 };

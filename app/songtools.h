@@ -12,6 +12,7 @@ class QMainWindow;
 class SeveralTools;
 class SongHistory;
 class SongList;
+class SyncResult;
 class TagPreparing;
 
 QT_BEGIN_NAMESPACE
@@ -34,6 +35,9 @@ public:
     /** For the workflows that write songs; the object must outlive it. */
     OpenHistory history();
 
+    /** Where it is told what a synchronisation came to. */
+    SyncResult &syncResult() { return *m_syncResult; }
+
     /** For the tags of a song that is going to be edited. */
     TagPreparing &tags() { return *m_tags; }
 
@@ -46,4 +50,5 @@ private:
     SongHistory *const m_history;
     SeveralTools *const m_several;
     TagPreparing *const m_tags;
+    SyncResult *const m_syncResult;
 };

@@ -1,14 +1,14 @@
 #include "app/statussummary.h"
 
 #include "app/actiongate.h"
+#include "windows/songstates.h"
+#include "windows/statebuttons.h"
 #include "windows/usersongsreltablemodel.h"
 
 #include <QLabel>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTableView>
-
-#include <array>
 
 namespace
 {
@@ -18,7 +18,7 @@ constexpr int pauseMilliseconds = 150;
 struct Counts {
     int shown = 0;
     int unshownTexts = 0;
-    std::array<int, Database::StatusNotSynced + 1> byStatus{};
+    StateButtons::Numbers byStatus{};
 };
 
 Counts count(const QTableView &view, const UserSongsRelTableModel &model)
@@ -30,17 +30,9 @@ Counts count(const QTableView &view, const UserSongsRelTableModel &model)
         counts.shown += view.isRowHidden(row) ? 0 : 1;
         counts.unshownTexts += model.tagTroubles(row) == TagTroubles() ? 0 : 1;
         const int status = model.index(row, statusColumn).data().toInt();
-        const bool known = status > Database::StatusNew && status <= Database::StatusNotSynced;
-        ++counts.byStatus[static_cast<size_t>(known ? status : Database::StatusNew)];
+        ++counts.byStatus[static_cast<size_t>(SongStates::known(status))];
     }
     return counts;
-}
-
-/** A small square in the colour of the rows, and the text. */
-QString coloured(Database::statusEnum status, const QString &text)
-{
-    return QStringLiteral("<span style=\"background-color:%1\">&nbsp;&nbsp;&nbsp;</span>&nbsp;%2")
-        .arg(UserSongsRelTableModel::statusColour(status, 0).name(), text);
 }
 
 } // namespace
@@ -51,16 +43,17 @@ StatusSummary::StatusSummary(QStatusBar *bar, const QTableView *view,
     , m_view(view)
     , m_model(model)
     , m_label(new QLabel(bar))
+    , m_states(new StateButtons(bar))
     , m_unreadableButton(new QPushButton(bar))
     , m_tagsButton(new QPushButton(bar))
 {
     m_label->setObjectName(QStringLiteral("summaryLabel"));
-    m_label->setTextFormat(Qt::RichText);
     m_label->setIndent(8);
     m_unreadableButton->setObjectName(QStringLiteral("unreadablePushButton"));
     m_unreadableButton->hide();
     gate.add(m_unreadableButton);
     bar->addWidget(m_label);
+    bar->addWidget(m_states, 1);
     m_tagsButton->setObjectName(QStringLiteral("tagsPushButton"));
     m_tagsButton->hide();
     gate.add(m_tagsButton);
@@ -98,14 +91,9 @@ void StatusSummary::refresh()
     QStringList texts{tr("%n song", nullptr, songs)};
     if (counts.shown < songs)
         texts << tr("mostrate: %1").arg(counts.shown);
-    const auto add = [&](Database::statusEnum status, const QString &text) {
-        texts << coloured(status, text.arg(counts.byStatus[status]));
-    };
-    add(Database::StatusNew, tr("nuove: %1"));
-    add(Database::StatusSynced, tr("sincronizzate: %1"));
-    add(Database::StatusEdited, tr("modificate: %1"));
-    add(Database::StatusNotSynced, tr("non sincronizzate: %1"));
-    m_label->setText(texts.join(QStringLiteral("&nbsp;&nbsp;&nbsp; ")));
+    m_label->setText(texts.join(QStringLiteral("   ")));
+    m_states->setNumbers(counts.byStatus, {tr("nuove: %1"), tr("sincronizzate: %1"),
+                                           tr("modificate: %1"), tr("non sincronizzate: %1")});
 
     m_unreadableButton->setText(
         tr("%n file non leggibili...", nullptr, static_cast<int>(m_unreadable.size())));

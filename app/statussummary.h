@@ -12,13 +12,15 @@ class QLabel;
 class QPushButton;
 class QStatusBar;
 class QTableView;
+class StateButtons;
 class UserSongsRelTableModel;
 
 /**
  * Counts the songs by status a moment after they changed, and not more than a few times a second:
- * adding thousands of songs must not become slower. Each number stands beside the colour that its
- * rows have. A button tells how many files were not read and opens their list, another one how many
- * songs have texts that the player cannot show.
+ * adding thousands of songs must not become slower. Each number is a button with the sign and the
+ * colour that its rows have, and narrows the list to them. A further button tells how many files
+ * were not read and opens their list, another one how many songs have texts that the player cannot
+ * show.
  */
 class StatusSummary : public QObject
 {
@@ -36,6 +38,9 @@ public:
     /** Counts anew and writes the texts, in the present language. */
     void refresh();
 
+    /** The buttons that narrow the list. */
+    StateButtons &states() const { return *m_states; }
+
 signals:
     /** The user wants to see which files could not be read. */
     void listRequested();
@@ -49,6 +54,7 @@ private:
     const QTableView *const m_view;
     const UserSongsRelTableModel &m_model;
     QLabel *const m_label;
+    StateButtons *const m_states;
     QPushButton *const m_unreadableButton;
     QPushButton *const m_tagsButton;
     QList<UnreadableFile> m_unreadable;

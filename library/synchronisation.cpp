@@ -43,6 +43,7 @@ bool Synchronisation::run(bool copyrightAsk)
 {
     logStartOfUpdate();
     m_report = {};
+    m_outcome = {};
     const int rows = m_model.goodRowCount();
     if (rows < 1) {
         logDebug() << "[UPDATE] WARNING: Empty table. Aborting update !!!";
@@ -73,9 +74,14 @@ bool Synchronisation::runRows(int rows, Progress &progress)
         const QPersistentModelIndex place = m_model.rowIndex(row);
         if (MetaSong::takesLongToImport(m_model.fileName(row)))
             progress.catchUp();
+        const qsizetype unknown = m_outcome.unknown.size();
         const bool synced = updateRow(row);
         if (m_isRefused)
             return false;
+        if (synced)
+            ++m_outcome.found;
+        else if (m_outcome.unknown.size() == unknown)
+            ++m_outcome.left;
         m_model.setStatus(place.row(), synced ? Database::StatusSynced : Database::StatusNotSynced);
         progress.updateProgress(row + 1);
         logEndOfRow();
@@ -126,7 +132,11 @@ bool Synchronisation::updateRow(int row)
     }
     if (!mayChange(update.before(), fileName))
         return false;
-    if (!update.merge(m_catalogue, m_model.shortName(row)) || !keepSong(fileName))
+    if (!update.merge(m_catalogue, m_model.shortName(row))) {
+        m_outcome.unknown.append(fileName);
+        return false;
+    }
+    if (!keepSong(fileName))
         return false;
 
     // A cancelled progress no longer blocks the table, so that the user may sort it.

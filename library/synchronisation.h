@@ -12,6 +12,7 @@
 #include "storage/leftovers.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -54,6 +55,14 @@ public:
      */
     bool updateFileWithDb(int row);
 
+    /** What the last run() came to, also when the user stopped it. */
+    struct Outcome {
+        int found = 0;       ///< songs that the catalogue knows and that were to be changed
+        int left = 0;        ///< songs that could not be read or that the user did not want changed
+        QStringList unknown; ///< the files of the songs that the catalogue does not know
+    };
+    const Outcome &outcome() const { return m_outcome; }
+
     /** The problems of the last run(), also when the user stopped it. */
     const RunReport &report() const { return m_report; }
 
@@ -76,4 +85,5 @@ private:
     Leftovers m_leftovers;                      ///< of the last run
     RememberedAnswer m_changeUnsigned = RememberedAnswer::toAll(true);
     RunReport m_report;
+    Outcome m_outcome;
 };

@@ -3,6 +3,7 @@
 #include "library/companion.h"
 #include "library/runreport.h"
 #include "library/tagremarks.h"
+#include "windows/songstates.h"
 
 #include <QFileInfo>
 #include <QSet>
@@ -68,6 +69,8 @@ QVariant UserSongsRelTableModel::data(const QModelIndex &index, int role) const
         return notSavedText(index.row(), role);
     case tagTroublesRole:
         return tagTroublesText(index.row());
+    case Qt::AccessibleTextRole:
+        return accessibleText(index);
     case Qt::AccessibleDescriptionRole:
     case Qt::ToolTipRole:
         return markText(index.row(), role);
@@ -106,6 +109,16 @@ QMimeData *UserSongsRelTableModel::mimeData(const QModelIndexList &indexes) cons
     auto data = std::make_unique<QMimeData>();
     data->setUrls(addresses);
     return data.release(); // the view owns it
+}
+
+/** What is read out for a cell: for the one in which the state's sign stands, the state as well. */
+QString UserSongsRelTableModel::accessibleText(const QModelIndex &index) const
+{
+    const QString text = SongTable::data(index).toString();
+    if (index.column() != colIdxType())
+        return text;
+    const int status = SongTable::data(index.siblingAtColumn(colIdxStatus())).toInt();
+    return text + QLatin1String(", ") + SongStates::name(SongStates::known(status));
 }
 
 /** No value for an unmarked row. */

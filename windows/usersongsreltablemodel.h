@@ -32,7 +32,8 @@ public:
     /**
      * The cell's value; as background the grey of the row, and in the status column the colour of
      * the status as background and foreground, so that the number in it cannot be read. In a
-     * marked row, the tool tip and the description for screen readers tell why it is marked.
+     * marked row, the tool tip and the description for screen readers tell why it is marked; the
+     * text for them names the state beside the format.
      */
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
@@ -51,6 +52,7 @@ public:
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
 
 private:
+    QString accessibleText(const QModelIndex &index) const;
     QVariant notSavedText(int row, int role) const;
     QVariant tagTroublesText(int row) const;
     QVariant markText(int row, int role) const;

@@ -921,6 +921,18 @@ Si vuole procedere comunque con la copia?</translation>
         <source>&amp;Completa dalla musica...</source>
         <translation>&amp;Completa dalla musica...</translation>
     </message>
+    <message>
+        <source>Scegli song</source>
+        <translation>Scegli song</translation>
+    </message>
+    <message>
+        <source>Sincronizza</source>
+        <translation>Sincronizza</translation>
+    </message>
+    <message>
+        <source>Trasferisci</source>
+        <translation>Trasferisci</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -4603,6 +4615,13 @@ Preparare prima il tag per il player?</translation>
         <source>%1 è nel mio catalogo</source>
         <translation>%1 è nel mio catalogo</translation>
     </message>
+    <message numerus="yes">
+        <source>%n song sono nel mio catalogo</source>
+        <translation>
+            <numerusform>%n song è nel mio catalogo</numerusform>
+            <numerusform>%n song sono nel mio catalogo</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SongSync</name>
@@ -5077,6 +5096,140 @@ Preparare prima il tag per il player?</translation>
     <message>
         <source>Nella song non c&apos;è niente da sentire</source>
         <translation>Nella song non c&apos;è niente da sentire</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyListPage</name>
+    <message>
+        <source>Riapri l&apos;ultima lista</source>
+        <translation>Riapri l&apos;ultima lista</translation>
+    </message>
+    <message>
+        <source>Rilascia qui le song</source>
+        <translation>Rilascia qui le song</translation>
+    </message>
+    <message>
+        <source>Trascina qui song o cartelle</source>
+        <translation>Trascina qui song o cartelle</translation>
+    </message>
+    <message>
+        <source>In tre passi sulla memoria di Kavena</source>
+        <translation>In tre passi sulla memoria di Kavena</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Scegli le song&lt;/b&gt; o trascinale qui, anche cartelle intere.</source>
+        <translation>&lt;b&gt;Scegli le song&lt;/b&gt; o trascinale qui, anche cartelle intere.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Sincronizza:&lt;/b&gt; titolo, artista e gli altri dati arrivano dal catalogo.</source>
+        <translation>&lt;b&gt;Sincronizza:&lt;/b&gt; titolo, artista e gli altri dati arrivano dal catalogo.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Trasferisci:&lt;/b&gt; le song vanno nella memoria di Kavena, pronte da suonare.</source>
+        <translation>&lt;b&gt;Trasferisci:&lt;/b&gt; le song vanno nella memoria di Kavena, pronte da suonare.</translation>
+    </message>
+    <message>
+        <source>Scegli &amp;song...</source>
+        <translation>Scegli &amp;song...</translation>
+    </message>
+    <message>
+        <source>Scegli c&amp;artella...</source>
+        <translation>Scegli c&amp;artella...</translation>
+    </message>
+    <message>
+        <source>O riprendi da una lista:</source>
+        <translation>O riprendi da una lista:</translation>
+    </message>
+</context>
+<context>
+    <name>NoMatchPage</name>
+    <message>
+        <source>Nessuna song corrisponde al filtro</source>
+        <translation>Nessuna song corrisponde al filtro</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song nascoste</source>
+        <translation>
+            <numerusform>%n song nascosta</numerusform>
+            <numerusform>%n song nascoste</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Togli il &amp;filtro</source>
+        <translation>Togli il &amp;filtro</translation>
+    </message>
+</context>
+<context>
+    <name>SongStates</name>
+    <message>
+        <source>sincronizzata</source>
+        <translation>sincronizzata</translation>
+    </message>
+    <message>
+        <source>modificata</source>
+        <translation>modificata</translation>
+    </message>
+    <message>
+        <source>non sincronizzata</source>
+        <translation>non sincronizzata</translation>
+    </message>
+    <message>
+        <source>nuova</source>
+        <translation>nuova</translation>
+    </message>
+    <message>
+        <source>Sincronizzata: ha i dati del catalogo</source>
+        <translation>Sincronizzata: ha i dati del catalogo</translation>
+    </message>
+    <message>
+        <source>Modificata: ha i dati che hai scritto tu</source>
+        <translation>Modificata: ha i dati che hai scritto tu</translation>
+    </message>
+    <message>
+        <source>Non sincronizzata: non è nel catalogo, o è rimasta com&apos;era</source>
+        <translation>Non sincronizzata: non è nel catalogo, o è rimasta com&apos;era</translation>
+    </message>
+    <message>
+        <source>Nuova: non ancora sincronizzata</source>
+        <translation>Nuova: non ancora sincronizzata</translation>
+    </message>
+</context>
+<context>
+    <name>StateButtons</name>
+    <message>
+        <source>Premi per vedere solo queste song</source>
+        <translation>Premi per vedere solo queste song</translation>
+    </message>
+</context>
+<context>
+    <name>SyncSummaryBar</name>
+    <message>
+        <source>%1 di %2 trovate</source>
+        <translation>%1 di %2 trovate</translation>
+    </message>
+    <message>
+        <source>%1 non nel catalogo</source>
+        <translation>%1 non nel catalogo</translation>
+    </message>
+    <message>
+        <source>%1 rimaste com&apos;erano</source>
+        <translation>%1 rimaste com&apos;erano</translation>
+    </message>
+    <message>
+        <source>%1 non raggiunte</source>
+        <translation>%1 non raggiunte</translation>
+    </message>
+    <message>
+        <source>&amp;Modificale...</source>
+        <translation>&amp;Modificale...</translation>
+    </message>
+    <message>
+        <source>Aggiungile al mio ca&amp;talogo...</source>
+        <translation>Aggiungile al mio ca&amp;talogo...</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Chiudi</translation>
     </message>
 </context>
 </TS>

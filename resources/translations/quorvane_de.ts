@@ -921,6 +921,18 @@ Trotzdem kopieren?</translation>
         <source>&amp;Completa dalla musica...</source>
         <translation>Aus der M&amp;usik ergänzen...</translation>
     </message>
+    <message>
+        <source>Scegli song</source>
+        <translation>Songs auswählen</translation>
+    </message>
+    <message>
+        <source>Sincronizza</source>
+        <translation>Synchronisieren</translation>
+    </message>
+    <message>
+        <source>Trasferisci</source>
+        <translation>Übertragen</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -4603,6 +4615,13 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <source>%1 è nel mio catalogo</source>
         <translation>%1 steht in meinem Katalog</translation>
     </message>
+    <message numerus="yes">
+        <source>%n song sono nel mio catalogo</source>
+        <translation>
+            <numerusform>%n Song ist in meinem Katalog</numerusform>
+            <numerusform>%n Songs sind in meinem Katalog</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SongSync</name>
@@ -5077,6 +5096,140 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
     <message>
         <source>Nella song non c&apos;è niente da sentire</source>
         <translation>In dem Song gibt es nichts zu hören</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyListPage</name>
+    <message>
+        <source>Riapri l&apos;ultima lista</source>
+        <translation>Letzte Liste wieder öffnen</translation>
+    </message>
+    <message>
+        <source>Rilascia qui le song</source>
+        <translation>Songs hier loslassen</translation>
+    </message>
+    <message>
+        <source>Trascina qui song o cartelle</source>
+        <translation>Songs oder Ordner hierher ziehen</translation>
+    </message>
+    <message>
+        <source>In tre passi sulla memoria di Kavena</source>
+        <translation>In drei Schritten auf Karte oder Stick</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Scegli le song&lt;/b&gt; o trascinale qui, anche cartelle intere.</source>
+        <translation>&lt;b&gt;Songs auswählen&lt;/b&gt; oder hierher ziehen, auch ganze Ordner.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Sincronizza:&lt;/b&gt; titolo, artista e gli altri dati arrivano dal catalogo.</source>
+        <translation>&lt;b&gt;Synchronisieren:&lt;/b&gt; Titel, Interpret und die anderen Angaben kommen aus dem Katalog.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Trasferisci:&lt;/b&gt; le song vanno nella memoria di Kavena, pronte da suonare.</source>
+        <translation>&lt;b&gt;Übertragen:&lt;/b&gt; Die Songs kommen auf Karte oder Stick, bereit zum Spielen.</translation>
+    </message>
+    <message>
+        <source>Scegli &amp;song...</source>
+        <translation>&amp;Songs auswählen...</translation>
+    </message>
+    <message>
+        <source>Scegli c&amp;artella...</source>
+        <translation>&amp;Ordner auswählen...</translation>
+    </message>
+    <message>
+        <source>O riprendi da una lista:</source>
+        <translation>Oder mit einer Liste weitermachen:</translation>
+    </message>
+</context>
+<context>
+    <name>NoMatchPage</name>
+    <message>
+        <source>Nessuna song corrisponde al filtro</source>
+        <translation>Kein Song passt zum Filter</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song nascoste</source>
+        <translation>
+            <numerusform>%n Song ist ausgeblendet</numerusform>
+            <numerusform>%n Songs sind ausgeblendet</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Togli il &amp;filtro</source>
+        <translation>&amp;Filter aufheben</translation>
+    </message>
+</context>
+<context>
+    <name>SongStates</name>
+    <message>
+        <source>sincronizzata</source>
+        <translation>synchronisiert</translation>
+    </message>
+    <message>
+        <source>modificata</source>
+        <translation>bearbeitet</translation>
+    </message>
+    <message>
+        <source>non sincronizzata</source>
+        <translation>nicht synchronisiert</translation>
+    </message>
+    <message>
+        <source>nuova</source>
+        <translation>neu</translation>
+    </message>
+    <message>
+        <source>Sincronizzata: ha i dati del catalogo</source>
+        <translation>Synchronisiert: hat die Angaben aus dem Katalog</translation>
+    </message>
+    <message>
+        <source>Modificata: ha i dati che hai scritto tu</source>
+        <translation>Bearbeitet: hat die Angaben, die Sie geschrieben haben</translation>
+    </message>
+    <message>
+        <source>Non sincronizzata: non è nel catalogo, o è rimasta com&apos;era</source>
+        <translation>Nicht synchronisiert: steht nicht im Katalog oder blieb, wie er war</translation>
+    </message>
+    <message>
+        <source>Nuova: non ancora sincronizzata</source>
+        <translation>Neu: noch nicht synchronisiert</translation>
+    </message>
+</context>
+<context>
+    <name>StateButtons</name>
+    <message>
+        <source>Premi per vedere solo queste song</source>
+        <translation>Drücken, um nur diese Songs zu sehen</translation>
+    </message>
+</context>
+<context>
+    <name>SyncSummaryBar</name>
+    <message>
+        <source>%1 di %2 trovate</source>
+        <translation>%1 von %2 gefunden</translation>
+    </message>
+    <message>
+        <source>%1 non nel catalogo</source>
+        <translation>%1 nicht im Katalog</translation>
+    </message>
+    <message>
+        <source>%1 rimaste com&apos;erano</source>
+        <translation>%1 unverändert gelassen</translation>
+    </message>
+    <message>
+        <source>%1 non raggiunte</source>
+        <translation>%1 nicht mehr erreicht</translation>
+    </message>
+    <message>
+        <source>&amp;Modificale...</source>
+        <translation>&amp;Bearbeiten...</translation>
+    </message>
+    <message>
+        <source>Aggiungile al mio ca&amp;talogo...</source>
+        <translation>Zu &amp;meinem Katalog hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 </TS>

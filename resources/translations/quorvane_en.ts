@@ -921,6 +921,18 @@ Do you want to copy all the same?</translation>
         <source>&amp;Completa dalla musica...</source>
         <translation>&amp;Fill in from the music...</translation>
     </message>
+    <message>
+        <source>Scegli song</source>
+        <translation>Choose songs</translation>
+    </message>
+    <message>
+        <source>Sincronizza</source>
+        <translation>Synchronize</translation>
+    </message>
+    <message>
+        <source>Trasferisci</source>
+        <translation>Transfer</translation>
+    </message>
 </context>
 <context>
     <name>MemoryList</name>
@@ -4603,6 +4615,13 @@ Prepare the tag for the player first?</translation>
         <source>%1 è nel mio catalogo</source>
         <translation>%1 is in my catalogue</translation>
     </message>
+    <message numerus="yes">
+        <source>%n song sono nel mio catalogo</source>
+        <translation>
+            <numerusform>%n song is in my catalogue</numerusform>
+            <numerusform>%n songs are in my catalogue</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SongSync</name>
@@ -5077,6 +5096,140 @@ Prepare the tag for the player first?</translation>
     <message>
         <source>Nella song non c&apos;è niente da sentire</source>
         <translation>There is nothing to hear in the song</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyListPage</name>
+    <message>
+        <source>Riapri l&apos;ultima lista</source>
+        <translation>Reopen the last list</translation>
+    </message>
+    <message>
+        <source>Rilascia qui le song</source>
+        <translation>Let go of the songs here</translation>
+    </message>
+    <message>
+        <source>Trascina qui song o cartelle</source>
+        <translation>Drop songs or folders here</translation>
+    </message>
+    <message>
+        <source>In tre passi sulla memoria di Kavena</source>
+        <translation>Three steps to the card or stick</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Scegli le song&lt;/b&gt; o trascinale qui, anche cartelle intere.</source>
+        <translation>&lt;b&gt;Choose songs&lt;/b&gt; or drop them here, whole folders too.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Sincronizza:&lt;/b&gt; titolo, artista e gli altri dati arrivano dal catalogo.</source>
+        <translation>&lt;b&gt;Synchronize:&lt;/b&gt; title, artist and the other details come from the catalogue.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Trasferisci:&lt;/b&gt; le song vanno nella memoria di Kavena, pronte da suonare.</source>
+        <translation>&lt;b&gt;Transfer:&lt;/b&gt; the songs go onto the card or stick, ready to play.</translation>
+    </message>
+    <message>
+        <source>Scegli &amp;song...</source>
+        <translation>Choose so&amp;ngs...</translation>
+    </message>
+    <message>
+        <source>Scegli c&amp;artella...</source>
+        <translation>Choose a &amp;folder...</translation>
+    </message>
+    <message>
+        <source>O riprendi da una lista:</source>
+        <translation>Or go on with a list:</translation>
+    </message>
+</context>
+<context>
+    <name>NoMatchPage</name>
+    <message>
+        <source>Nessuna song corrisponde al filtro</source>
+        <translation>No song matches the filter</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song nascoste</source>
+        <translation>
+            <numerusform>%n song is hidden</numerusform>
+            <numerusform>%n songs are hidden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Togli il &amp;filtro</source>
+        <translation>&amp;Clear the filter</translation>
+    </message>
+</context>
+<context>
+    <name>SongStates</name>
+    <message>
+        <source>sincronizzata</source>
+        <translation>synchronized</translation>
+    </message>
+    <message>
+        <source>modificata</source>
+        <translation>edited</translation>
+    </message>
+    <message>
+        <source>non sincronizzata</source>
+        <translation>not synchronized</translation>
+    </message>
+    <message>
+        <source>nuova</source>
+        <translation>new</translation>
+    </message>
+    <message>
+        <source>Sincronizzata: ha i dati del catalogo</source>
+        <translation>Synchronized: has the details of the catalogue</translation>
+    </message>
+    <message>
+        <source>Modificata: ha i dati che hai scritto tu</source>
+        <translation>Edited: has the details that you wrote</translation>
+    </message>
+    <message>
+        <source>Non sincronizzata: non è nel catalogo, o è rimasta com&apos;era</source>
+        <translation>Not synchronized: not in the catalogue, or left as it was</translation>
+    </message>
+    <message>
+        <source>Nuova: non ancora sincronizzata</source>
+        <translation>New: not yet synchronized</translation>
+    </message>
+</context>
+<context>
+    <name>StateButtons</name>
+    <message>
+        <source>Premi per vedere solo queste song</source>
+        <translation>Press to see only these songs</translation>
+    </message>
+</context>
+<context>
+    <name>SyncSummaryBar</name>
+    <message>
+        <source>%1 di %2 trovate</source>
+        <translation>%1 of %2 found</translation>
+    </message>
+    <message>
+        <source>%1 non nel catalogo</source>
+        <translation>%1 not in the catalogue</translation>
+    </message>
+    <message>
+        <source>%1 rimaste com&apos;erano</source>
+        <translation>%1 left as they were</translation>
+    </message>
+    <message>
+        <source>%1 non raggiunte</source>
+        <translation>%1 not reached</translation>
+    </message>
+    <message>
+        <source>&amp;Modificale...</source>
+        <translation>&amp;Edit them...</translation>
+    </message>
+    <message>
+        <source>Aggiungile al mio ca&amp;talogo...</source>
+        <translation>Add them to my ca&amp;talogue...</translation>
+    </message>
+    <message>
+        <source>Chiudi</source>
+        <translation>Close</translation>
     </message>
 </context>
 </TS>

@@ -131,7 +131,7 @@ private slots:
     void mnemonicsDoNotClash_data();
     void mnemonicsDoNotClash();
     void tabGoesInReadingOrder();
-    void iconButtonsHaveNames();
+    void largeButtonsHaveWordsAndNames();
 };
 
 void TestRowActions::returnEditsTheChosenSong_data()
@@ -421,21 +421,24 @@ void TestRowActions::tabGoesInReadingOrder()
     two.window.transferButton()->setEnabled(true);
     two.window.child<QLineEdit>("filterLineEdit")->setFocus();
     QStringList order;
-    for (int i = 0; i < 6; ++i) {
+    for (int i = 0; i < 10; ++i) {
         order << QApplication::focusWidget()->objectName();
         two.press(Qt::Key_Tab);
     }
     QCOMPARE(order, (QStringList{s("filterLineEdit"), s("userLibraryTableView"),
                                  s("selectDirToolButton"), s("updateDataToolButton"),
-                                 s("transferFilesToolButton"), s("filterLineEdit")}));
+                                 s("transferFilesToolButton"), s("stateToolButton0"),
+                                 s("stateToolButton1"), s("stateToolButton2"),
+                                 s("stateToolButton3"), s("filterLineEdit")}));
 }
 
-void TestRowActions::iconButtonsHaveNames()
+void TestRowActions::largeButtonsHaveWordsAndNames()
 {
     const WindowUnderTest window;
     for (const QToolButton *button :
          {window.selectButton(), window.updateButton(), window.transferButton()}) {
-        QVERIFY(button->text().isEmpty());
+        QVERIFY(!button->text().isEmpty());
+        QCOMPARE(button->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
         QCOMPARE(button->accessibleName(), button->toolTip());
     }
     QVERIFY(!window.table()->accessibleName().isEmpty());

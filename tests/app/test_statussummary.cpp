@@ -8,6 +8,7 @@
 #include "support/userdriver.h"
 #include "support/windowundertest.h"
 #include "windows/backupdialog.h"
+#include "windows/statebuttons.h"
 #include "windows/translation.h"
 #include "windows/unreadablefilesdialog.h"
 
@@ -21,12 +22,18 @@
 namespace
 {
 
-/** The text as it is read, without the coloured squares and with single blanks. */
+QToolButton *stateButton(const WindowUnderTest &window, int status)
+{
+    return window.child<QToolButton>(qPrintable(s("stateToolButton%1").arg(status)));
+}
+
+/** What is read from left to right, with single blanks. */
 QString summary(const WindowUnderTest &window)
 {
-    QTextDocument document;
-    document.setHtml(window.child<QLabel>("summaryLabel")->text());
-    return document.toPlainText().replace(QChar::Nbsp, QLatin1Char(' ')).simplified();
+    QStringList texts{window.child<QLabel>("summaryLabel")->text()};
+    for (int status = Database::StatusNew; status <= Database::StatusNotSynced; ++status)
+        texts << stateButton(window, status)->text();
+    return texts.join(QLatin1Char(' ')).simplified();
 }
 
 QPushButton *unreadableButton(const WindowUnderTest &window)
@@ -74,9 +81,10 @@ private slots:
     void unknownStatusCountsAsNew();
     void workflowsAreFollowed();
     void filteredSongsAreCounted();
-    void squaresHaveTheColoursOfTheRows();
+    void signsStandOnTheColoursOfTheRows();
+    void numbersStandAloneWithoutRoomForWords();
     void numbersFollowTheLanguage();
-    void onlyTheButtonWantsTheFocus();
+    void onlyTheButtonsWantTheFocus();
 
     void unreadableFilesAreListed();
     void listIsThatOfTheLastImport();
@@ -155,17 +163,27 @@ void TestStatusSummary::filteredSongsAreCounted()
              s("2 song nuove: 2 sincronizzate: 0 modificate: 0 non sincronizzate: 0"));
 }
 
-void TestStatusSummary::squaresHaveTheColoursOfTheRows()
+void TestStatusSummary::signsStandOnTheColoursOfTheRows()
 {
     const WindowUnderTest window;
-    const QString html = window.child<QLabel>("summaryLabel")->text();
-    qsizetype position = -1;
     for (int status = Database::StatusNew; status <= Database::StatusNotSynced; ++status) {
-        const QString colour = UserSongsRelTableModel::statusColour(status, 0).name();
-        const qsizetype next = html.indexOf(colour);
-        QVERIFY2(next > position, qPrintable(colour));
-        position = next;
+        const QImage sign = stateButton(window, status)->icon().pixmap(QSize(16, 16)).toImage();
+        QCOMPARE(sign.pixelColor(0, 0), UserSongsRelTableModel::statusColour(status, 0));
     }
+}
+
+void TestStatusSummary::numbersStandAloneWithoutRoomForWords()
+{
+    const WindowUnderTest window;
+    QVERIFY(window.model()->addSong(SongInfo()));
+    QTRY_COMPARE(stateButton(window, 0)->text(), s("nuove: 1"));
+    auto *const buttons = window.findChild<StateButtons *>();
+    buttons->resize(buttons->minimumSizeHint());
+    QCOMPARE(summary(window), s("1 song 1 0 0 0"));
+    QCOMPARE(stateButton(window, 3)->accessibleName(), s("non sincronizzate: 0"));
+    QVERIFY(stateButton(window, 3)->toolTip().startsWith(s("Non sincronizzata: ")));
+    buttons->resize(buttons->sizeHint());
+    QCOMPARE(stateButton(window, 0)->text(), s("nuove: 1"));
 }
 
 void TestStatusSummary::numbersFollowTheLanguage()
@@ -189,11 +207,12 @@ void TestStatusSummary::numbersFollowTheLanguage()
     QCOMPARE(unreadableButton(window)->text(), s("2 unreadable files..."));
 }
 
-void TestStatusSummary::onlyTheButtonWantsTheFocus()
+void TestStatusSummary::onlyTheButtonsWantTheFocus()
 {
     const WindowUnderTest window;
     QCOMPARE(window.child<QLabel>("summaryLabel")->focusPolicy(), Qt::NoFocus);
     QVERIFY(unreadableButton(window)->focusPolicy() & Qt::TabFocus);
+    QVERIFY(stateButton(window, 0)->focusPolicy() & Qt::TabFocus);
 }
 
 // ---------------------------------------------------------------- unreadable files
