@@ -86,6 +86,8 @@ void FillFromMusicDialog::setUpTable()
     QTableView *const table = ui->songsTableView;
     table->setModel(m_model);
     table->verticalHeader()->hide();
+    constexpr int lookedAt = 100;
+    table->horizontalHeader()->setResizeContentsPrecision(lookedAt);
     table->horizontalHeader()->setStretchLastSection(true);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->setColumnWidth(MusicOffersModel::fileColumn, fileColumnWidth);
@@ -103,14 +105,10 @@ void FillFromMusicDialog::showColumns()
     QTableView *const table = ui->songsTableView;
     for (const int column : {MusicOffersModel::noteColumn, markersColumn})
         table->setColumnHidden(column, !m_model->isUsed(column));
-    const int unmeasurable = fontMetrics().horizontalAdvance(MusicOffersModel::unmeasurableText());
-    const int box = style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, this);
-    for (int column = MusicOffersModel::beforeColumn(0); column <= markersColumn; ++column) {
-        constexpr int margins = 12;
-        const bool isOld = (column - MusicOffersModel::beforeColumn(0)) % 2 == 0;
-        const int needed = isOld ? 0 : unmeasurable + box + margins;
-        table->setColumnWidth(column,
-                              qMax(table->horizontalHeader()->sectionSizeHint(column), needed));
+    for (int column = MusicOffersModel::beforeColumn(0); column < markersColumn; ++column) {
+        constexpr int bolder = 12; // a value that is ticked
+        table->resizeColumnToContents(column);
+        table->setColumnWidth(column, table->columnWidth(column) + bolder);
     }
 }
 

@@ -41,11 +41,6 @@ MusicOffersModel::MusicOffersModel(QObject *parent)
 {
 }
 
-QString MusicOffersModel::unmeasurableText()
-{
-    return tr("non misurabile");
-}
-
 void MusicOffersModel::add(const QList<MusicOffer> &offers)
 {
     beginResetModel();
@@ -234,7 +229,7 @@ QVariant MusicOffersModel::foundData(const Song &song, int column, int role)
     switch (role) {
     case Qt::DisplayRole: {
         if (song.offer.unmeasurable().testFlag(value))
-            return unmeasurableText();
+            return tr("non misurabile");
         if (!hasBox(song, column))
             return {}; // nothing new
         const QString text = song.offer.textFound(value);

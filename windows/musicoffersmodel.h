@@ -54,9 +54,6 @@ public:
     static constexpr int beforeColumn(int value) { return 2 + 2 * value; }
     static constexpr int foundColumn(int value) { return 3 + 2 * value; }
 
-    /** What stands in the place of a new value that the music does not tell. */
-    static QString unmeasurableText();
-
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
