@@ -127,8 +127,10 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
             const HistorySong &song = songs.at(next - 1);
             if (paths.contains(placeAfter(song)))
                 break; // the job wrote it twice: what is waiting comes first
-            --next;
             const Found found = find(song);
+            if (found.state == State::Missing && !steps.isEmpty())
+                break; // a moved song that the job wrote twice: likewise
+            --next;
             if (found.state == State::AlreadyOld)
                 ++report.alreadyOld;
             else if (found.state == State::Missing)
