@@ -13,7 +13,8 @@
  * Of an MP3 file its tag, since no change touches the audio behind it; of a MIDI or MFX file all
  * bytes. The digest tells the file as it was from any other state of it. Of an MP3 file's audio
  * only the length and the two ends count for it: reading hundreds of megabytes would take longer
- * than the change itself.
+ * than the change itself. So a file whose audio alone was changed in its middle counts as
+ * unchanged; restore() takes nothing of that away, since it gives back the tag only.
  */
 struct SongSnapshot {
     QByteArray bytes;

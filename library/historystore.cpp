@@ -354,17 +354,6 @@ QList<HistorySong> HistoryStore::songs(qint64 job)
     return found;
 }
 
-bool HistoryStore::wrote(qint64 job, const QString &path, qint64 otherThan)
-{
-    QSqlQuery query(m_connection.database());
-    query.prepare(QStringLiteral("SELECT 1 FROM songs WHERE job = ? AND id <> ? AND "
-                                 "? = CASE new_path WHEN '' THEN path ELSE new_path END LIMIT 1"));
-    query.addBindValue(job);
-    query.addBindValue(otherThan);
-    query.addBindValue(path);
-    return m_state == State::Ready && execute(query) && query.next();
-}
-
 std::optional<SongSnapshot> HistoryStore::snapshot(const HistorySong &song)
 {
     QSqlQuery query(m_connection.database());

@@ -95,9 +95,6 @@ public:
     /** The songs of a job, in the order in which they were written. */
     QList<HistorySong> songs(qint64 job);
 
-    /** True when the job wrote a song at the path that is not this one. */
-    bool wrote(qint64 job, const QString &path, qint64 otherThan);
-
     /** What was kept of the song; nothing when it is damaged. */
     std::optional<SongSnapshot> snapshot(const HistorySong &song);
 

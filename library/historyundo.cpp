@@ -43,6 +43,8 @@ HistoryUndo::HistoryUndo(HistoryStore &store)
 void HistoryUndo::setKnownSongs(const QStringList &paths)
 {
     m_known.clear();
+    m_knownBytes.clear();
+    m_written.clear();
     for (const QString &path : paths)
         m_known.insert(QFileInfo(path).size(), path);
 }
@@ -60,16 +62,48 @@ HistoryUndo::Found HistoryUndo::find(const HistorySong &song)
         if (song.newPath.isEmpty())
             return {now->digest == song.oldDigest ? State::AlreadyOld : State::Changed, place};
     }
-    const QStringList candidates = m_known.values(song.newSize);
+    const QStringList candidates = knownWith(song);
     for (const QString &path : candidates) {
         // A copy that the job wrote by itself is no other song's.
-        if (m_store.wrote(song.job, path, song.id))
+        if (isAnothers(song, path))
             continue;
         const auto now = SongSnapshot::of(path);
         if (now && now->digest == song.newDigest)
             return {path == song.path ? State::AlreadyOld : State::Moved, path};
     }
     return isThere ? Found{State::Changed, place} : Found{};
+}
+
+/**
+ * The known songs that had the bytes in which the job left this one. Each is read for it once: a
+ * folder with thousands of songs may have got another name.
+ */
+QStringList HistoryUndo::knownWith(const HistorySong &song)
+{
+    const QStringList unread = m_known.values(song.newSize);
+    for (const QString &path : unread) {
+        const auto now = SongSnapshot::of(path);
+        if (!now)
+            continue; // another program may be saving it: it is asked for again
+        m_knownBytes.insert(now->digest, path);
+        m_known.remove(song.newSize, path);
+    }
+    return m_knownBytes.values(song.newDigest);
+}
+
+/** True when the song's job wrote a song at the path that is not this one. */
+bool HistoryUndo::isAnothers(const HistorySong &song, const QString &path)
+{
+    auto job = m_written.constFind(song.job);
+    if (job == m_written.constEnd()) {
+        QMultiHash<QString, qint64> places;
+        const QList<HistorySong> all = m_store.songs(song.job);
+        for (const HistorySong &other : all)
+            places.insert(placeAfter(other), other.id);
+        job = m_written.insert(song.job, places);
+    }
+    const QList<qint64> ids = job->values(path);
+    return std::any_of(ids.cbegin(), ids.cend(), [&song](qint64 id) { return id != song.id; });
 }
 
 HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool alsoChanged,
@@ -93,8 +127,10 @@ HistoryUndo::Report HistoryUndo::takeBack(const QList<HistorySong> &songs, bool 
             const HistorySong &song = songs.at(next - 1);
             if (paths.contains(placeAfter(song)))
                 break; // the job wrote it twice: what is waiting comes first
-            --next;
             const Found found = find(song);
+            if (found.state == State::Missing && !steps.isEmpty())
+                break; // a moved song that the job wrote twice: likewise
+            --next;
             if (found.state == State::AlreadyOld)
                 ++report.alreadyOld;
             else if (found.state == State::Missing)
@@ -163,6 +199,8 @@ QString HistoryUndo::takeBackOne(const HistorySong &song, const Found &found,
         return failure == SaveFailure::None;
     });
     recorder.written(path, before, infoOf(path));
+    if (found.state == State::Moved)
+        m_knownBytes.insert(old->digest, path); // the job may have written it twice
     return RunReport::reasonText(failure);
 }
 

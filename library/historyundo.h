@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QHash>
 #include <QList>
 #include <QMultiHash>
 #include <QString>
@@ -96,8 +97,12 @@ private:
     QString renameBack(const HistorySong &song, const QString &path, HistoryRecorder &recorder,
                        Report &report);
     static QString nameBefore(const HistorySong &song, const QString &path);
+    QStringList knownWith(const HistorySong &song);
+    bool isAnothers(const HistorySong &song, const QString &path);
 
     HistoryStore &m_store;
     RenameSong m_rename;
-    QMultiHash<qint64, QString> m_known; ///< by their sizes
+    QMultiHash<qint64, QString> m_known;          ///< by their sizes: those not looked at yet
+    QMultiHash<QByteArray, QString> m_knownBytes; ///< by their digests, as they were then
+    QHash<qint64, QMultiHash<QString, qint64>> m_written; ///< by job: its songs by their places
 };

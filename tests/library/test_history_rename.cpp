@@ -1,8 +1,11 @@
 // Songs that a job gave other names are found and get their old ones back.
 #include "support/historyfixture.h"
+#include "support/songfolder.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QTest>
 
 using namespace historyfixture;
@@ -55,6 +58,8 @@ private slots:
     void strangersOldNameMovesNoSong_data();
     void strangersOldNameMovesNoSong();
     void editThatWasCutOffCanBeTakenBackThoughTheSongWasRenamed();
+    void thousandsOfSongsInARenamedFolderAreFoundInTime();
+    void songThatWasWrittenTwiceAndMovedGetsItsFirstBytes();
 };
 
 void TestHistoryRename::songGetsItsOldNameAndItsPicturesToo()
@@ -243,6 +248,73 @@ void TestHistoryRename::editThatWasCutOffCanBeTakenBackThoughTheSongWasRenamed()
     for (const HistoryJob &job : jobs)
         QVERIFY(kept.takeBack(job, true).failed.isEmpty());
     QCOMPARE(kept.bytes(), kept.original);
+}
+
+/** All have one size: nothing but their bytes tells them apart. */
+void TestHistoryRename::thousandsOfSongsInARenamedFolderAreFoundInTime()
+{
+    constexpr int count = 1500;
+    const SongFolder folder;
+    const auto nameOf = [](int number) { return QStringLiteral("old/%1.mid").arg(number); };
+    const auto titleOf = [](const char *title, int number) {
+        return title + QByteArray::number(10000 + number);
+    };
+    HistoryStore store(folder.filePath(QStringLiteral("history.sqlite")));
+    QStringList paths;
+    {
+        QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("old")));
+        HistoryRecorder recorder(store, HistoryJob::Kind::Edit,
+                                 [](const QString &) { return false; });
+        for (int number = 0; number < count; ++number)
+            paths.append(folder.midi(nameOf(number), titleOf("Old", number)));
+        QVERIFY(recorder.keep(paths));
+        for (int number = 0; number < count; ++number) {
+            folder.midi(nameOf(number), titleOf("New", number));
+            recorder.written(paths.at(number), {}, {});
+        }
+    }
+    QVERIFY(QDir(folder.path()).rename(QStringLiteral("old"), QStringLiteral("new")));
+    HistoryUndo undo(store);
+    undo.setKnownSongs(
+        QStringList(paths).replaceInStrings(QStringLiteral("/old/"), QStringLiteral("/new/")));
+    const QList<HistorySong> songs = store.songs(store.jobs().constFirst().number);
+    QCOMPARE(songs.size(), count);
+    QElapsedTimer timer;
+    timer.start();
+    for (const HistorySong &song : songs) {
+        const HistoryUndo::Found found = undo.find(song);
+        QCOMPARE(found.state, HistoryUndo::State::Moved);
+        QCOMPARE(QFileInfo(found.path).fileName(), QFileInfo(song.path).fileName());
+    }
+    QVERIFY2(timer.elapsed() < 30000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void TestHistoryRename::songThatWasWrittenTwiceAndMovedGetsItsFirstBytes()
+{
+    const SongFolder folder;
+    const QString path = folder.midi(QStringLiteral("a.mid"), "One");
+    const QByteArray original = samplesongs::readFile(path);
+    HistoryStore store(folder.filePath(QStringLiteral("history.sqlite")));
+    {
+        HistoryRecorder recorder(store, HistoryJob::Kind::Edit,
+                                 [](const QString &) { return false; });
+        for (const char *title : {"Two", "Six"}) {
+            QVERIFY(recorder.keep({path}));
+            folder.midi(QStringLiteral("a.mid"), title);
+            recorder.written(path, {}, {});
+        }
+    }
+    const QString moved = folder.filePath(QStringLiteral("moved.mid"));
+    QVERIFY(QFile::rename(path, moved));
+    HistoryUndo undo(store);
+    undo.setKnownSongs({moved});
+    HistoryRecorder recorder(store, HistoryJob::Kind::TakeBack,
+                             [](const QString &) { return false; });
+    CountingProgress progress;
+    const HistoryUndo::Report report =
+        undo.takeBack(store.songs(store.jobs().constFirst().number), false, recorder, progress);
+    QVERIFY(report.failed.isEmpty());
+    QCOMPARE(samplesongs::readFile(moved), original);
 }
 
 QTEST_GUILESS_MAIN(TestHistoryRename)
