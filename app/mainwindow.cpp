@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 
 #include "app/actiongate.h"
+#include "app/listplayer.h"
 #include "app/memories.h"
 #include "app/owncataloguemenu.h"
 #include "app/rowediting.h"
@@ -164,6 +165,7 @@ void MainWindow::initUserLibraryModel()
         m_buttons.setSynchronise(true);
         m_buttons.setTransfer(true);
     });
+    new ListPlayer(*m_songs);
     new OwnCatalogueMenu(this, *ui, *m_songs, m_busy, *m_actionGate);
     connect(m_songs, &SongList::editRequested, this, &MainWindow::onSongsTableViewDoubleClicked);
     connect(m_songs, &SongList::menuRequested, this, &MainWindow::onSongsTableViewShowContextMenu);

@@ -23,4 +23,6 @@ inline const QString windowMaximised = QStringLiteral("windowmaximised");
 inline const QString columnWidths = QStringLiteral("columnwidths"); ///< group, a key per column
 inline const QString sortField = QStringLiteral("sortfield");
 inline const QString sortDescending = QStringLiteral("sortdescending");
+inline const QString volume = QStringLiteral("volume");
+inline const QString soundFont = QStringLiteral("soundfont");
 } // namespace settings
