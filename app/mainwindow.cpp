@@ -2,6 +2,7 @@
 
 #include "app/actiongate.h"
 #include "app/listoutput.h"
+#include "app/listplayer.h"
 #include "app/memories.h"
 #include "app/rowediting.h"
 #include "app/songbackup.h"
@@ -168,6 +169,7 @@ void MainWindow::initUserLibraryModel()
         m_buttons.setTransfer(true);
     });
     new ListOutput(this, *ui, *m_songs, m_busy, *m_actionGate);
+    new ListPlayer(*m_songs);
     connect(m_songs, &SongList::editRequested, this, &MainWindow::onSongsTableViewDoubleClicked);
     connect(m_songs, &SongList::menuRequested, this, &MainWindow::onSongsTableViewShowContextMenu);
     // Backup and transfer copy the selected files: they would miss this one for ever.

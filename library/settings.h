@@ -25,4 +25,6 @@ inline const QString columnOrder = QStringLiteral("columnorder");
 inline const QString columnsShown = QStringLiteral("columnsshown");
 inline const QString sortField = QStringLiteral("sortfield");
 inline const QString sortDescending = QStringLiteral("sortdescending");
+inline const QString volume = QStringLiteral("volume");
+inline const QString soundFont = QStringLiteral("soundfont");
 } // namespace settings

@@ -16,6 +16,11 @@ namespace
 constexpr int loudest = 100;
 constexpr int firstVolume = 70;
 
+Player *playerOfProgram()
+{
+    return QCoreApplication::instance()->findChild<Player *>(QString(), Qt::FindDirectChildrenOnly);
+}
+
 } // namespace
 
 Player::Player(FindParts findParts, SoundProblem::Kind problem, QObject *parent)
@@ -41,11 +46,12 @@ Player::~Player()
 
 Player &Player::ofProgram()
 {
-    auto *player =
-        QCoreApplication::instance()->findChild<Player *>(QString(), Qt::FindDirectChildrenOnly);
-    if (player == nullptr)
-        player =
-            new Player(soundmodule::parts, soundmodule::problem(), QCoreApplication::instance());
+    if (Player *const player = playerOfProgram())
+        return *player;
+    auto *const player =
+        new Player(soundmodule::parts, soundmodule::problem(), QCoreApplication::instance());
+    // The sound ends while the application is whole.
+    qAddPostRoutine([] { delete playerOfProgram(); });
     return *player;
 }
 
@@ -112,9 +118,13 @@ void Player::seek(double seconds)
 
 void Player::setVolume(int percent)
 {
-    m_volume = std::clamp(percent, 0, loudest);
+    const int volume = std::clamp(percent, 0, loudest);
+    if (volume == m_volume)
+        return;
+    m_volume = volume;
     if (m_state != State::Stopped)
-        tellEngine([volume = m_volume](PlayerEngine &engine) { engine.setVolume(volume); });
+        tellEngine([volume](PlayerEngine &engine) { engine.setVolume(volume); });
+    emit changed();
 }
 
 void Player::setSoundFont(const QString &path)

@@ -36,7 +36,10 @@ public:
     ~Player() override;
     Q_DISABLE_COPY_MOVE(Player)
 
-    /** The one of the program, which is made at the first call and goes with the application. */
+    /**
+     * The one of the program, the application's child: it is made at the first call, unless there
+     * is one, and goes with the application.
+     */
     static Player &ofProgram();
 
     /** Plays the song from its beginning; another one ends. */

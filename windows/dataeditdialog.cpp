@@ -2,6 +2,7 @@
 
 #include "formats/songnames.h"
 #include "library/lostcharacters.h"
+#include "windows/playerbar.h"
 
 #include "ui_dataeditdialog.h"
 
@@ -82,6 +83,8 @@ DataEditDialog::DataEditDialog(QWidget *parent)
     for (const QLineEdit *field : {ui->titleLineEdit, ui->authorLineEdit,
                                    ui->artistComboBox->lineEdit(), ui->genreComboBox->lineEdit()})
         connect(field, &QLineEdit::textChanged, this, &DataEditDialog::showLostCharacters);
+    m_player = new PlayerBar(this);
+    ui->verticalLayout->insertWidget(ui->verticalLayout->indexOf(ui->horizontalLayout), m_player);
     // Its line is kept free, so that nothing moves while the user types.
     ui->lostCharactersLabel->setMinimumHeight(ui->titleCaptionLabel->sizeHint().height());
 }
@@ -115,6 +118,7 @@ void DataEditDialog::setOtherInfo(const SongInfo &info)
 {
     ui->fileNameLabel->setText(info.fileName);
     ui->formatLabel->setText(info.format);
+    m_player->setSong(info.fileName);
     ui->titleLineEdit->setText(info.title);
     ui->authorLineEdit->setText(info.author);
     showText(ui->artistComboBox, info.artist);

@@ -8,6 +8,7 @@
 #include <QRegularExpressionValidator>
 #include <QScopedPointer>
 
+class PlayerBar;
 class QCheckBox;
 
 QT_BEGIN_NAMESPACE
@@ -99,6 +100,7 @@ private:
     bool confirmed(QCheckBox *box, const QString &question);
 
     const QScopedPointer<Ui::DataEditDialog> ui;
+    PlayerBar *m_player = nullptr;
     SongInfo m_song; ///< as it was given; offers its title and file name as titles
     QRegularExpressionValidator m_bpmValidator;
     QRegularExpressionValidator m_minutesValidator;

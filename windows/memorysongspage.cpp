@@ -3,6 +3,7 @@
 #include "devindex/sizetext.h"
 #include "windows/memorysongsmodel.h"
 #include "windows/paintingpaused.h"
+#include "windows/playerbar.h"
 
 #include <QHash>
 #include <QHeaderView>
@@ -69,6 +70,9 @@ void MemorySongsPage::setUpTable()
         enableButtons();
         showCount();
     });
+    connect(table->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &MemorySongsPage::offerToPlay);
+    m_widgets.player->playOnSpaceIn(table);
     connect(table, &QTableView::doubleClicked, this, [this] { m_widgets.edit->click(); });
     connect(table, &QTableView::customContextMenuRequested, this, &MemorySongsPage::showMenu);
 }
@@ -219,8 +223,17 @@ void MemorySongsPage::applyFilter()
     choose(songs, current);
 }
 
+/** The bar plays the song that the user stands on. */
+void MemorySongsPage::offerToPlay()
+{
+    const qsizetype song = currentSong();
+    m_widgets.player->setSong(song < 0 || !m_contents ? QString()
+                                                      : m_contents->songs().at(song).info.fullPath);
+}
+
 void MemorySongsPage::enableButtons()
 {
+    offerToPlay();
     const QList<qsizetype> songs = chosen();
     const bool canAct = m_contents && !m_isBusy && !songs.isEmpty();
     const bool isOne = canAct && songs.size() == 1;

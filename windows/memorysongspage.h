@@ -17,6 +17,7 @@ class QTableView;
 QT_END_NAMESPACE
 
 class MemorySongsModel;
+class PlayerBar;
 
 /**
  * Songs are chosen when their rows are selected and the filter shows them. What the user wants done
@@ -31,6 +32,7 @@ public:
         QLineEdit *filter;
         QLabel *count;
         QTableView *table;
+        PlayerBar *player;
         QPushButton *edit;
         QPushButton *rename;
         QPushButton *copy;
@@ -72,6 +74,7 @@ private:
     void connectButtons();
     void applyFilter();
     void enableButtons();
+    void offerToPlay();
     void showCount();
     void showMenu(const QPoint &position);
     bool tableKey(int key, Qt::KeyboardModifiers modifiers);

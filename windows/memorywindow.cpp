@@ -6,6 +6,7 @@
 #include "windows/memoryduplicatespage.h"
 #include "windows/memoryplaylistspage.h"
 #include "windows/memorysongspage.h"
+#include "windows/playerbar.h"
 
 #include "ui_memorywindow.h"
 
@@ -49,7 +50,9 @@ MemoryWindow::~MemoryWindow() = default;
 
 void MemoryWindow::makePages()
 {
-    m_songs = new MemorySongsPage({ui->filterLineEdit, ui->countLabel, ui->songsTableView,
+    auto *const player = new PlayerBar(ui->songsTab);
+    ui->songsLayout->insertWidget(ui->songsLayout->indexOf(ui->songsTableView) + 1, player);
+    m_songs = new MemorySongsPage({ui->filterLineEdit, ui->countLabel, ui->songsTableView, player,
                                    ui->pushButtonEdit, ui->pushButtonRename, ui->pushButtonCopy,
                                    ui->pushButtonShow, ui->pushButtonRemove},
                                   this);

@@ -5232,4 +5232,63 @@ Prepare the tag for the player first?</translation>
         <translation>Close</translation>
     </message>
 </context>
+<context>
+    <name>PlayerBar</name>
+    <message>
+        <source>Scegli un sound font</source>
+        <translation>Choose a sound font</translation>
+    </message>
+    <message>
+        <source>Sound font (*.sf2 *.sf3)</source>
+        <translation>Sound fonts (*.sf2 *.sf3)</translation>
+    </message>
+    <message>
+        <source>Pausa</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Suona</source>
+        <translation>Play</translation>
+    </message>
+    <message>
+        <source>%1 (barra spaziatrice)</source>
+        <translation>%1 (space bar)</translation>
+    </message>
+    <message>
+        <source>Ascolto</source>
+        <translation>Listening</translation>
+    </message>
+    <message>
+        <source>Ferma</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Posizione nella song</source>
+        <translation>Position in the song</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Sound font per le song MIDI</source>
+        <translation>Sound font for MIDI songs</translation>
+    </message>
+    <message>
+        <source>Scegli un sound font...</source>
+        <translation>Choose a sound font...</translation>
+    </message>
+    <message>
+        <source>Usa quello installato</source>
+        <translation>Use the installed one</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Sections</translation>
+    </message>
+    <message>
+        <source>Vai a un marker della song</source>
+        <translation>Go to a section of the song</translation>
+    </message>
+</context>
 </TS>

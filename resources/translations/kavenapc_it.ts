@@ -5232,4 +5232,63 @@ Preparare prima il tag per il player?</translation>
         <translation>Chiudi</translation>
     </message>
 </context>
+<context>
+    <name>PlayerBar</name>
+    <message>
+        <source>Scegli un sound font</source>
+        <translation>Scegli un sound font</translation>
+    </message>
+    <message>
+        <source>Sound font (*.sf2 *.sf3)</source>
+        <translation>Sound font (*.sf2 *.sf3)</translation>
+    </message>
+    <message>
+        <source>Pausa</source>
+        <translation>Pausa</translation>
+    </message>
+    <message>
+        <source>Suona</source>
+        <translation>Suona</translation>
+    </message>
+    <message>
+        <source>%1 (barra spaziatrice)</source>
+        <translation>%1 (barra spaziatrice)</translation>
+    </message>
+    <message>
+        <source>Ascolto</source>
+        <translation>Ascolto</translation>
+    </message>
+    <message>
+        <source>Ferma</source>
+        <translation>Ferma</translation>
+    </message>
+    <message>
+        <source>Posizione nella song</source>
+        <translation>Posizione nella song</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Sound font per le song MIDI</source>
+        <translation>Sound font per le song MIDI</translation>
+    </message>
+    <message>
+        <source>Scegli un sound font...</source>
+        <translation>Scegli un sound font...</translation>
+    </message>
+    <message>
+        <source>Usa quello installato</source>
+        <translation>Usa quello installato</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Marker</translation>
+    </message>
+    <message>
+        <source>Vai a un marker della song</source>
+        <translation>Vai a un marker della song</translation>
+    </message>
+</context>
 </TS>

@@ -5232,4 +5232,63 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <translation>Schließen</translation>
     </message>
 </context>
+<context>
+    <name>PlayerBar</name>
+    <message>
+        <source>Scegli un sound font</source>
+        <translation>Soundfont wählen</translation>
+    </message>
+    <message>
+        <source>Sound font (*.sf2 *.sf3)</source>
+        <translation>Soundfonts (*.sf2 *.sf3)</translation>
+    </message>
+    <message>
+        <source>Pausa</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Suona</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>%1 (barra spaziatrice)</source>
+        <translation>%1 (Leertaste)</translation>
+    </message>
+    <message>
+        <source>Ascolto</source>
+        <translation>Anhören</translation>
+    </message>
+    <message>
+        <source>Ferma</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Posizione nella song</source>
+        <translation>Stelle im Song</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Lautstärke</translation>
+    </message>
+    <message>
+        <source>Sound font per le song MIDI</source>
+        <translation>Soundfont für MIDI-Songs</translation>
+    </message>
+    <message>
+        <source>Scegli un sound font...</source>
+        <translation>Soundfont wählen...</translation>
+    </message>
+    <message>
+        <source>Usa quello installato</source>
+        <translation>Den installierten verwenden</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Abschnitte</translation>
+    </message>
+    <message>
+        <source>Vai a un marker della song</source>
+        <translation>Zu einem Abschnitt des Songs gehen</translation>
+    </message>
+</context>
 </TS>

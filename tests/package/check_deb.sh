@@ -26,9 +26,11 @@ tools=$(echo "${names[1]}"_"$version"_*.deb)
 
 field() { dpkg-deb -f "$package" "$1"; }
 [ "$(field Version)" = "$version" ] || fail "version $(field Version)"
-for needed in libqt6sql6-sqlite libqt6gui6 libqt6widgets6 libqt6core5compat6; do
+for needed in libqt6sql6-sqlite libqt6gui6 libqt6widgets6 libqt6core5compat6 libqt6multimedia6 \
+              libfluidsynth3; do
   field Depends | grep -q "$needed" || fail "the package does not ask for $needed"
 done
+field Recommends | grep -q timgm6mb-soundfont || fail "the package does not recommend a sound font"
 # Of the tags below an error or a warning, none is about what makes a package fail.
 lintian --fail-on error,warning "$package" "$tools" 2>/dev/null || fail "lintian is not content"
 
@@ -78,6 +80,15 @@ done
 "$here/check_completion.sh" tools/usr/share/bash-completion/completions/kavena
 [ "$(env -u DISPLAY -u WAYLAND_DISPLAY tools/usr/bin/kavena --version)" = "kavena $version" ] ||
   fail "the command line does not start"
+
+# With both packages the command line finds the sound; with its own alone it says what is missing.
+printf 'MThd\0\0\0\6\0\0\0\1\0\x60MTrk\0\0\0\014\0\x90\x3c\x64\x60\x80\x3c\0\0\xff\x2f\0' >song.mid
+! tools/usr/bin/kavena render song.mid --to song.wav 2>sound.txt || fail "sound without its package"
+grep -q "not installed\|nicht installiert" sound.txt || fail "no word of the sound: $(cat sound.txt)"
+cp -a tools/usr/bin/kavena root/usr/bin/
+root/usr/bin/kavena render song.mid --to song.wav || fail "the command line does not find the sound"
+rm root/usr/bin/kavena
+[ "$(stat -c %s song.wav)" -gt 80000 ] || fail "the sound is too short"
 
 "$here/start_from_menu.sh" root
 echo "$package and $tools are in order, and the programs in them start"
