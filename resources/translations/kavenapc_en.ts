@@ -4914,8 +4914,8 @@ Prepare the tag for the player first?</translation>
         <translation>%1 not in the catalogue</translation>
     </message>
     <message>
-        <source>%1 rimaste com&apos;erano</source>
-        <translation>%1 left as they were</translation>
+        <source>%1 senza modifiche</source>
+        <translation>%1 left unchanged</translation>
     </message>
     <message>
         <source>%1 non raggiunte</source>

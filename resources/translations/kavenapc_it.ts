@@ -4914,8 +4914,8 @@ Preparare prima il tag per il player?</translation>
         <translation>%1 non nel catalogo</translation>
     </message>
     <message>
-        <source>%1 rimaste com&apos;erano</source>
-        <translation>%1 rimaste com&apos;erano</translation>
+        <source>%1 senza modifiche</source>
+        <translation>%1 senza modifiche</translation>
     </message>
     <message>
         <source>%1 non raggiunte</source>

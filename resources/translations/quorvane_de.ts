@@ -4914,7 +4914,7 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <translation>%1 nicht im Katalog</translation>
     </message>
     <message>
-        <source>%1 rimaste com&apos;erano</source>
+        <source>%1 senza modifiche</source>
         <translation>%1 unverändert gelassen</translation>
     </message>
     <message>
