@@ -149,7 +149,10 @@ void SongList::showImport(const QList<UnreadableFile> &unreadable)
 
 void SongList::sortAgain()
 {
-    m_columns->sortAsChosen();
+    // A view that is asked for the order that it has does nothing.
+    const QHeaderView *const header = m_view->horizontalHeader();
+    if (header->sortIndicatorSection() >= 0)
+        m_model->sort(header->sortIndicatorSection(), header->sortIndicatorOrder());
     m_filter->apply();
     if (currentRow() >= 0)
         scrollToRow(currentRow());

@@ -68,7 +68,7 @@ public:
     /** The files that the last import could not read. */
     const QList<UnreadableFile> &unreadableFiles() const;
 
-    /** Orders the rows once more, where the user has chosen an order: their texts have changed. */
+    /** Orders the rows once more as the heading says: their texts have changed. */
     void sortAgain();
 
     /** The page in the place of the empty list. */

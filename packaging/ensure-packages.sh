@@ -13,7 +13,8 @@ declare -A groups=(
           ffmpeg eyed3 fluidsynth sox libsox-fmt-mp3
           id3v2 openttd-openmsx python3 python3-mutagen clang-format
           timgm6mb-soundfont gstreamer1.0-plugins-base gstreamer1.0-plugins-good
-          mold dpkg-dev desktop-file-utils appstream mandoc lintian dbus python3-dbusmock"
+          mold dpkg-dev desktop-file-utils appstream mandoc lintian dbus python3-dbusmock
+          python3-pyatspi at-spi2-core"
   [package]="dpkg-dev"
   [check]="clang libclang-rt-14-dev clang-tidy clazy cppcheck gcovr"
   [bench]="libbenchmark-dev lhasa time python3-mutagen kid3-cli"

@@ -23,6 +23,7 @@ EmptyListPage::EmptyListPage(QWidget *parent)
     , ui(new Ui::EmptyListPage)
 {
     ui->setupUi(this);
+    ui->contents->setBackgroundRole(QPalette::Base);
     QFont large = ui->titleLabel->font();
     large.setBold(true);
     constexpr qreal largerThanText = 1.3;

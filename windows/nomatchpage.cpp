@@ -6,11 +6,12 @@
 #include <QVBoxLayout>
 
 NoMatchPage::NoMatchPage(QWidget *parent)
-    : QWidget(parent)
+    : QFrame(parent)
     , m_title(new QLabel(this))
     , m_text(new QLabel(this))
     , m_clear(new QPushButton(this))
 {
+    setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
     m_title->setObjectName(QStringLiteral("noMatchLabel"));
@@ -43,7 +44,7 @@ void NoMatchPage::setSongs(int songs)
 
 void NoMatchPage::changeEvent(QEvent *event)
 {
-    QWidget::changeEvent(event);
+    QFrame::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         setTexts();
 }

@@ -1,7 +1,7 @@
 // What stands in the place of the list when no song of it passes the filter.
 #pragma once
 
-#include <QWidget>
+#include <QFrame>
 
 QT_BEGIN_NAMESPACE
 class QLabel;
@@ -9,7 +9,7 @@ class QPushButton;
 QT_END_NAMESPACE
 
 /** Says that there are songs all the same, and offers the way back to them. */
-class NoMatchPage : public QWidget
+class NoMatchPage : public QFrame
 {
     Q_OBJECT
 

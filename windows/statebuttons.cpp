@@ -23,7 +23,14 @@ StateButtons::StateButtons(QWidget *parent)
         button->setIcon(SongStates::icon(SongStates::known(status)));
         const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
         button->setIconSize(QSize(side, side));
-        connect(button, &QToolButton::toggled, this, &StateButtons::chosenChanged);
+        connect(button, &QToolButton::toggled, this, [this, button](bool isChecked) {
+            QFont emphasised = font(); // some styles hardly show that a flat button is pressed
+            emphasised.setBold(isChecked);
+            button->setFont(emphasised);
+            updateGeometry();
+            showTexts();
+            emit chosenChanged();
+        });
         row->addWidget(button);
         m_buttons[static_cast<size_t>(status)] = button;
     }

@@ -66,7 +66,7 @@ void SyncSummaryBar::setTexts()
     if (m_result.unknown > 0)
         parts << tr("%1 non nel catalogo").arg(m_result.unknown);
     if (m_result.left > 0)
-        parts << tr("%1 rimaste com'erano").arg(m_result.left);
+        parts << tr("%1 senza modifiche").arg(m_result.left);
     const int reached = m_result.found + m_result.unknown + m_result.left;
     if (reached < m_result.songs)
         parts << tr("%1 non raggiunte").arg(m_result.songs - reached);

@@ -5212,10 +5212,6 @@ Prepare the tag for the player first?</translation>
         <translation>%1 not in the catalogue</translation>
     </message>
     <message>
-        <source>%1 rimaste com&apos;erano</source>
-        <translation>%1 left as they were</translation>
-    </message>
-    <message>
         <source>%1 non raggiunte</source>
         <translation>%1 not reached</translation>
     </message>
@@ -5230,6 +5226,10 @@ Prepare the tag for the player first?</translation>
     <message>
         <source>Chiudi</source>
         <translation>Close</translation>
+    </message>
+    <message>
+        <source>%1 senza modifiche</source>
+        <translation>%1 left unchanged</translation>
     </message>
 </context>
 <context>

@@ -5212,10 +5212,6 @@ Preparare prima il tag per il player?</translation>
         <translation>%1 non nel catalogo</translation>
     </message>
     <message>
-        <source>%1 rimaste com&apos;erano</source>
-        <translation>%1 rimaste com&apos;erano</translation>
-    </message>
-    <message>
         <source>%1 non raggiunte</source>
         <translation>%1 non raggiunte</translation>
     </message>
@@ -5230,6 +5226,10 @@ Preparare prima il tag per il player?</translation>
     <message>
         <source>Chiudi</source>
         <translation>Chiudi</translation>
+    </message>
+    <message>
+        <source>%1 senza modifiche</source>
+        <translation>%1 senza modifiche</translation>
     </message>
 </context>
 <context>

@@ -5212,10 +5212,6 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <translation>%1 nicht im Katalog</translation>
     </message>
     <message>
-        <source>%1 rimaste com&apos;erano</source>
-        <translation>%1 unverändert gelassen</translation>
-    </message>
-    <message>
         <source>%1 non raggiunte</source>
         <translation>%1 nicht mehr erreicht</translation>
     </message>
@@ -5230,6 +5226,10 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
     <message>
         <source>Chiudi</source>
         <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>%1 senza modifiche</source>
+        <translation>%1 unverändert gelassen</translation>
     </message>
 </context>
 <context>

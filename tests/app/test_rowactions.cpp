@@ -425,11 +425,11 @@ void TestRowActions::tabGoesInReadingOrder()
         order << QApplication::focusWidget()->objectName();
         two.press(Qt::Key_Tab);
     }
-    QCOMPARE(order, (QStringList{s("filterLineEdit"), s("userLibraryTableView"),
-                                 s("selectDirToolButton"), s("updateDataToolButton"),
-                                 s("transferFilesToolButton"), s("stateToolButton0"),
-                                 s("stateToolButton1"), s("stateToolButton2"),
-                                 s("stateToolButton3"), s("filterLineEdit")}));
+    QCOMPARE(order,
+             (QStringList{s("filterLineEdit"), s("userLibraryTableView"), s("selectDirToolButton"),
+                          s("updateDataToolButton"), s("transferFilesToolButton"),
+                          s("stateToolButton0"), s("stateToolButton1"), s("stateToolButton2"),
+                          s("stateToolButton3"), s("filterLineEdit")}));
 }
 
 void TestRowActions::largeButtonsHaveWordsAndNames()

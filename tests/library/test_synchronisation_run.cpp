@@ -44,6 +44,8 @@ private slots:
     void withoutAskingUnsignedFilesAreChanged();
     void signedFilesAreNeverAskedAbout();
     void cancellingStopsBetweenTwoRows();
+    void outcomeTellsWhyASongWasNotFound();
+    void outcomeOfAStoppedRunIsThatOfItsRows();
     void progressCountsEveryRow();
     void pendingEventsRunBetweenFiles();
     void sortedTableIsWalkedAsItStands();
@@ -168,6 +170,31 @@ void TestSynchronisationRun::cancellingStopsBetweenTwoRows()
     QVERIFY(!run.progress.isOpen);
     QCOMPARE(library.song(QStringLiteral("c.mid")).title, QStringLiteral("TITLE"));
     QCOMPARE(library.bytes(QStringLiteral("d.mid")), untouched);
+}
+
+void TestSynchronisationRun::outcomeTellsWhyASongWasNotFound()
+{
+    LibraryTable library(fourRows());
+    QVERIFY(addFourUnsigned(library));
+    QVERIFY(library.add(QStringLiteral("unknown.mid"), signedMidi()));
+    Run run(library);
+    run.answers = {Answer::Yes, Answer::No, Answer::Yes, Answer::No};
+    QVERIFY(run.synchronisation.run(true));
+    QCOMPARE(run.synchronisation.outcome().found, 2);
+    QCOMPARE(run.synchronisation.outcome().left, 2);
+    QCOMPARE(run.synchronisation.outcome().unknown, QStringList{library.model().fileName(4)});
+}
+
+void TestSynchronisationRun::outcomeOfAStoppedRunIsThatOfItsRows()
+{
+    LibraryTable library(fourRows());
+    QVERIFY(addFourUnsigned(library));
+    Run run(library);
+    run.progress.onUpdate = [&run](int done) { run.progress.canceled = done == 3; };
+    QVERIFY(!run.synchronisation.run(false));
+    QCOMPARE(run.synchronisation.outcome().found, 3);
+    QCOMPARE(run.synchronisation.outcome().left, 0);
+    QCOMPARE(run.synchronisation.outcome().unknown, QStringList());
 }
 
 void TestSynchronisationRun::progressCountsEveryRow()
