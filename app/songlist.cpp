@@ -19,7 +19,24 @@
 #include <QHeaderView>
 #include <QMainWindow>
 #include <QSet>
+#include <QStyle>
+#include <QStyleOptionViewItem>
 #include <QTableView>
+
+namespace
+{
+
+/** As high as the desktop's style and font make a row of a list. */
+int desktopRowHeight(const QTableView *view)
+{
+    QStyleOptionViewItem row;
+    row.initFrom(view);
+    row.features = QStyleOptionViewItem::HasDisplay;
+    row.text = QStringLiteral("M");
+    return view->style()->sizeFromContents(QStyle::CT_ItemViewItem, &row, QSize(), view).height();
+}
+
+} // namespace
 
 SongList::SongList(QMainWindow *window, const Ui::MainWindow &form, const QSqlDatabase &songs,
                    QSettings &settings, const BusyState &busy, ActionGate &gate)
@@ -69,6 +86,8 @@ void SongList::setUpView()
     m_view->setShowGrid(true);
     m_view->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_view->verticalHeader()->hide();
+    QHeaderView *const rows = m_view->verticalHeader();
+    rows->setDefaultSectionSize(qMax(rows->defaultSectionSize(), desktopRowHeight(m_view)));
     m_view->setAlternatingRowColors(false);
     m_view->setModel(m_model);
     m_view->setDragDropMode(QAbstractItemView::DragOnly);

@@ -112,6 +112,7 @@ private slots:
     void columnsFollowTheWindow();
     void shortColumnsStayShort();
     void longTextDoesNotPushOthersAway();
+    void rowsFitTheFontOfTheDesktop();
     void cutTextIsShownAsToolTip();
     void synchronisedTextsAreFitted();
 
@@ -171,6 +172,24 @@ void TestColumnLayout::longTextDoesNotPushOthersAway()
     settle(window);
     QCOMPARE(shownWidth(window), window.table()->viewport()->width());
     QVERIFY(window.table()->columnWidth(titleColumn) >= 150);
+}
+
+void TestColumnLayout::rowsFitTheFontOfTheDesktop()
+{
+    const Songs songs;
+    const QFont before = QApplication::font();
+    for (const int points : {before.pointSize(), 30}) {
+        QFont font = before;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        WindowUnderTest window;
+        songs.importInto(window);
+        const auto *const view = static_cast<QAbstractItemView *>(window.table());
+        const int needed = view->sizeHintForRow(0);
+        QVERIFY(needed >= window.table()->fontMetrics().height());
+        QVERIFY(window.table()->rowHeight(0) >= needed);
+    }
+    QApplication::setFont(before);
 }
 
 void TestColumnLayout::cutTextIsShownAsToolTip()

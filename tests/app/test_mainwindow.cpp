@@ -206,7 +206,7 @@ void TestMainWindow::menusStandInTheirOrder()
                             "actionSaveList actionReopenList menuRecent  "
                             "actionSynchronise actionTransfer  actionEditSong "
                             "actionRemoveSong actionDeleteSongFile  actionFindSong menuSort  "
-                            "actionQuit"));
+                            "actionPrint  actionQuit"));
     QCOMPARE(names("menuPreferences"), QStringLiteral("menuLanguage menuMessaggi_Copyright"));
     QCOMPARE(names("menuLanguage"), QStringLiteral("actionItalian actionEnglish actionGerman"));
     QCOMPARE(names("menuMessaggi_Copyright"),
