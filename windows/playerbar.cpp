@@ -21,6 +21,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace
 {
@@ -327,6 +328,16 @@ void PlayerBar::playOnSpaceIn(QAbstractItemView *table)
 {
     m_table = table;
     table->installEventFilter(this);
+}
+
+void PlayerBar::followInTabOrder(QWidget *before)
+{
+    QWidget *last = before;
+    for (QWidget *const next : std::initializer_list<QWidget *>{m_play, m_stop, m_position,
+                                                                m_sections, m_volume, m_options}) {
+        setTabOrder(last, next);
+        last = next;
+    }
 }
 
 bool PlayerBar::eventFilter(QObject *watched, QEvent *event)
