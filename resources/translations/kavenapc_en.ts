@@ -4836,7 +4836,7 @@ Prepare the tag for the player first?</translation>
     </message>
     <message>
         <source>Scegli c&amp;artella...</source>
-        <translation>Choose a &amp;folder...</translation>
+        <translation>Choose a fo&amp;lder...</translation>
     </message>
     <message>
         <source>O riprendi da una lista:</source>
@@ -4857,7 +4857,7 @@ Prepare the tag for the player first?</translation>
         </translation>
     </message>
     <message>
-        <source>Togli il &amp;filtro</source>
+        <source>Togli il filt&amp;ro</source>
         <translation>&amp;Clear the filter</translation>
     </message>
 </context>
@@ -4922,12 +4922,12 @@ Prepare the tag for the player first?</translation>
         <translation>%1 not reached</translation>
     </message>
     <message>
-        <source>&amp;Modificale...</source>
-        <translation>&amp;Edit them...</translation>
+        <source>Modifica&amp;le...</source>
+        <translation>Ed&amp;it them...</translation>
     </message>
     <message>
-        <source>Aggiungile al mio ca&amp;talogo...</source>
-        <translation>Add them to my ca&amp;talogue...</translation>
+        <source>Aggiungile al mio catalo&amp;go...</source>
+        <translation>Add them to my catalo&amp;gue...</translation>
     </message>
     <message>
         <source>Chiudi</source>

@@ -4857,8 +4857,8 @@ Preparare prima il tag per il player?</translation>
         </translation>
     </message>
     <message>
-        <source>Togli il &amp;filtro</source>
-        <translation>Togli il &amp;filtro</translation>
+        <source>Togli il filt&amp;ro</source>
+        <translation>Togli il filt&amp;ro</translation>
     </message>
 </context>
 <context>
@@ -4922,12 +4922,12 @@ Preparare prima il tag per il player?</translation>
         <translation>%1 non raggiunte</translation>
     </message>
     <message>
-        <source>&amp;Modificale...</source>
-        <translation>&amp;Modificale...</translation>
+        <source>Modifica&amp;le...</source>
+        <translation>Modifica&amp;le...</translation>
     </message>
     <message>
-        <source>Aggiungile al mio ca&amp;talogo...</source>
-        <translation>Aggiungile al mio ca&amp;talogo...</translation>
+        <source>Aggiungile al mio catalo&amp;go...</source>
+        <translation>Aggiungile al mio catalo&amp;go...</translation>
     </message>
     <message>
         <source>Chiudi</source>

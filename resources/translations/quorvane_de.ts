@@ -4857,7 +4857,7 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         </translation>
     </message>
     <message>
-        <source>Togli il &amp;filtro</source>
+        <source>Togli il filt&amp;ro</source>
         <translation>&amp;Filter aufheben</translation>
     </message>
 </context>
@@ -4922,11 +4922,11 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <translation>%1 nicht mehr erreicht</translation>
     </message>
     <message>
-        <source>&amp;Modificale...</source>
-        <translation>&amp;Bearbeiten...</translation>
+        <source>Modifica&amp;le...</source>
+        <translation>Bea&amp;rbeiten...</translation>
     </message>
     <message>
-        <source>Aggiungile al mio ca&amp;talogo...</source>
+        <source>Aggiungile al mio catalo&amp;go...</source>
         <translation>Zu &amp;meinem Katalog hinzufügen...</translation>
     </message>
     <message>
