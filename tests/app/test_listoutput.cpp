@@ -14,6 +14,7 @@
 #include <QPaintEngine>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QProcess>
 #include <QSignalSpy>
 #include <QTableView>
 
