@@ -19,6 +19,7 @@
 #include "library/settings.h"
 #include "storage/diagnostics.h"
 #include "windows/aboutdialog.h"
+#include "windows/contexthelp.h"
 #include "windows/helpdialog.h"
 #include "windows/indexdialog.h"
 #include "windows/longjob.h"
@@ -48,6 +49,7 @@ MainWindow::MainWindow(QWidget *parent)
     , m_buttons(*ui, *m_actionGate)
 {
     new ReadableLinks(this);
+    new ContextHelp(this);
     new ScreenRoom(this);
     ui->setupUi(this);
     connect(&m_busy, &BusyState::ended, this, &LongJob::isOver);

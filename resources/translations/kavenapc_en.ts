@@ -292,6 +292,26 @@ Songs that cannot be read: %4</translation>
         <source>Aiuto</source>
         <translation>Help</translation>
     </message>
+    <message>
+        <source>Cerca nell&apos;aiuto</source>
+        <translation>Search the help</translation>
+    </message>
+    <message>
+        <source>&amp;Precedente</source>
+        <translation>&amp;Previous</translation>
+    </message>
+    <message>
+        <source>&amp;Successivo</source>
+        <translation>&amp;Next</translation>
+    </message>
+    <message>
+        <source>Nessun risultato: prova un&apos;altra parola.</source>
+        <translation>Nothing found: try another word.</translation>
+    </message>
+    <message>
+        <source>Risultato %1 di %2</source>
+        <translation>Hit %1 of %2</translation>
+    </message>
 </context>
 <context>
     <name>Index</name>

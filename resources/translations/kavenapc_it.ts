@@ -292,6 +292,26 @@ Song non leggibili: %4</translation>
         <source>Aiuto</source>
         <translation>Aiuto</translation>
     </message>
+    <message>
+        <source>Cerca nell&apos;aiuto</source>
+        <translation>Cerca nell&apos;aiuto</translation>
+    </message>
+    <message>
+        <source>&amp;Precedente</source>
+        <translation>&amp;Precedente</translation>
+    </message>
+    <message>
+        <source>&amp;Successivo</source>
+        <translation>&amp;Successivo</translation>
+    </message>
+    <message>
+        <source>Nessun risultato: prova un&apos;altra parola.</source>
+        <translation>Nessun risultato: prova un&apos;altra parola.</translation>
+    </message>
+    <message>
+        <source>Risultato %1 di %2</source>
+        <translation>Risultato %1 di %2</translation>
+    </message>
 </context>
 <context>
     <name>Index</name>

@@ -292,6 +292,26 @@ Songs, die nicht lesbar sind: %4</translation>
         <source>Aiuto</source>
         <translation>Hilfe</translation>
     </message>
+    <message>
+        <source>Cerca nell&apos;aiuto</source>
+        <translation>In der Hilfe suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Precedente</source>
+        <translation>&amp;Vorheriger Treffer</translation>
+    </message>
+    <message>
+        <source>&amp;Successivo</source>
+        <translation>&amp;Nächster Treffer</translation>
+    </message>
+    <message>
+        <source>Nessun risultato: prova un&apos;altra parola.</source>
+        <translation>Nichts gefunden: Versuchen Sie ein anderes Wort.</translation>
+    </message>
+    <message>
+        <source>Risultato %1 di %2</source>
+        <translation>Treffer %1 von %2</translation>
+    </message>
 </context>
 <context>
     <name>Index</name>
