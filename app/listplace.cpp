@@ -19,6 +19,12 @@ ListPlace::ListPlace(QStackedWidget *stack, QTableView *view, const BusyState &b
 {
     stack->addWidget(m_emptyPage);
     stack->addWidget(m_noMatchPage);
+    QWidget *before = view;
+    const QList<QWidget *> stops = m_emptyPage->tabStops() << m_noMatchPage->focusProxy();
+    for (QWidget *const next : stops) {
+        QWidget::setTabOrder(before, next);
+        before = next;
+    }
     connect(&m_model, &QAbstractItemModel::rowsInserted, this, &ListPlace::updateUnlessBusy);
     connect(&m_model, &QAbstractItemModel::rowsRemoved, this, &ListPlace::updateUnlessBusy);
     connect(&m_model, &QAbstractItemModel::modelReset, this, &ListPlace::updateUnlessBusy);

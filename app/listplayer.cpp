@@ -15,6 +15,7 @@ ListPlayer::ListPlayer(SongList &songs)
 {
     auto *const layout = qobject_cast<QBoxLayout *>(songs.view()->parentWidget()->layout());
     layout->insertWidget(layout->indexOf(songs.view()) + 1, m_bar);
+    m_bar->followInTabOrder(songs.view());
     m_bar->playOnSpaceIn(songs.view());
     connect(songs.view()->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &ListPlayer::follow);

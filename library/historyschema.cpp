@@ -49,7 +49,7 @@ bool selectItems(QSqlQuery &items)
 }
 
 /** True when another program kept the file for itself for as long as was waited. */
-bool isInUse(const QSqlError &error)
+bool isKeptByAnother(const QSqlError &error)
 {
     constexpr int primaryCode = 0xff; // the bits above say more precisely why
     constexpr int busy = 5;
@@ -76,7 +76,7 @@ historyschema::Content historyschema::contentOf(const QSqlDatabase &file)
     if (version > layoutVersion)
         return Content::Newer;
     if (!selectItems(query))
-        return isInUse(query.lastError()) ? Content::Unreadable : Content::Foreign;
+        return isKeptByAnother(query.lastError()) ? Content::Unreadable : Content::Foreign;
     if (version == layoutVersion)
         return hasOwnTables(query) ? Content::Own : Content::Foreign;
     return version == 0 && !query.next() ? Content::Nothing : Content::Foreign;

@@ -85,6 +85,7 @@ DataEditDialog::DataEditDialog(QWidget *parent)
         connect(field, &QLineEdit::textChanged, this, &DataEditDialog::showLostCharacters);
     m_player = new PlayerBar(this);
     ui->verticalLayout->insertWidget(ui->verticalLayout->indexOf(ui->horizontalLayout), m_player);
+    m_player->followInTabOrder(ui->bpmLineEdit);
     // Its line is kept free, so that nothing moves while the user types.
     ui->lostCharactersLabel->setMinimumHeight(ui->titleCaptionLabel->sizeHint().height());
 }

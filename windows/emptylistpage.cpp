@@ -86,6 +86,14 @@ QList<QWidget *> EmptyListPage::workButtons() const
     return {ui->songsPushButton, ui->folderPushButton, ui->listsWidget};
 }
 
+QList<QWidget *> EmptyListPage::tabStops() const
+{
+    QList<QWidget *> stops{ui->songsPushButton, ui->folderPushButton, m_lastList};
+    for (QToolButton *const list : m_lists)
+        stops.append(list);
+    return stops;
+}
+
 void EmptyListPage::setDropText()
 {
     ui->dropLabel->setText(ui->dropZone->isHighlighted() ? tr("Rilascia qui le song")

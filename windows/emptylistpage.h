@@ -32,6 +32,9 @@ public:
     /** Whatever starts work on this page. */
     QList<QWidget *> workButtons() const;
 
+    /** What the keyboard reaches, in the order in which it is read. */
+    QList<QWidget *> tabStops() const;
+
 signals:
     /** The page comes into sight. */
     void shown();

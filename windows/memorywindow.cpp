@@ -52,6 +52,7 @@ void MemoryWindow::makePages()
 {
     auto *const player = new PlayerBar(ui->songsTab);
     ui->songsLayout->insertWidget(ui->songsLayout->indexOf(ui->songsTableView) + 1, player);
+    player->followInTabOrder(ui->songsTableView);
     m_songs = new MemorySongsPage({ui->filterLineEdit, ui->countLabel, ui->songsTableView, player,
                                    ui->pushButtonEdit, ui->pushButtonRename, ui->pushButtonCopy,
                                    ui->pushButtonShow, ui->pushButtonRemove},

@@ -53,5 +53,5 @@ void NoMatchPage::setTexts()
 {
     m_title->setText(tr("Nessuna song corrisponde al filtro"));
     m_text->setText(tr("%n song nascoste", nullptr, m_songs));
-    m_clear->setText(tr("Togli il &filtro"));
+    m_clear->setText(tr("Togli il filt&ro"));
 }

@@ -3,6 +3,7 @@
 #include "library/settings.h"
 #include "sound/soundfont.h"
 #include "windows/elidedlabel.h"
+#include "windows/playericon.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -21,6 +22,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace
 {
@@ -105,7 +107,6 @@ void PlayerBar::makeWidgets()
     m_play->setObjectName(QStringLiteral("playButton"));
     m_stop = makeButton();
     m_stop->setObjectName(QStringLiteral("stopButton"));
-    m_stop->setIcon(style()->standardIcon(QStyle::SP_MediaStop));
 
     auto *const place = new QWidget(this);
     auto *const placeLayout = new QHBoxLayout(place);
@@ -252,7 +253,8 @@ void PlayerBar::refresh()
     const bool isActive = m_player.state() != Player::State::Stopped;
     m_play->setEnabled(!m_song.isEmpty() && mayPlay);
     m_play->setIcon(
-        style()->standardIcon(isPlaying ? QStyle::SP_MediaPause : QStyle::SP_MediaPlay));
+        playericon::make(isPlaying ? playericon::Kind::Pause : playericon::Kind::Play, *this));
+    m_stop->setIcon(playericon::make(playericon::Kind::Stop, *this));
     const QString what = isPlaying ? tr("Pausa") : tr("Suona");
     m_play->setAccessibleName(what);
     m_play->setToolTip(mayPlay ? tr("%1 (barra spaziatrice)").arg(what) : whyOff());
@@ -317,16 +319,28 @@ void PlayerBar::retranslate()
 void PlayerBar::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange && m_installedFont != nullptr) {
+    if (m_installedFont == nullptr) // under construction
+        return;
+    if (event->type() == QEvent::LanguageChange)
         retranslate();
+    if (event->type() == QEvent::LanguageChange || event->type() == QEvent::PaletteChange)
         refresh();
-    }
 }
 
 void PlayerBar::playOnSpaceIn(QAbstractItemView *table)
 {
     m_table = table;
     table->installEventFilter(this);
+}
+
+void PlayerBar::followInTabOrder(QWidget *before)
+{
+    QWidget *last = before;
+    for (QWidget *const next : std::initializer_list<QWidget *>{m_play, m_stop, m_position,
+                                                                m_sections, m_volume, m_options}) {
+        setTabOrder(last, next);
+        last = next;
+    }
 }
 
 bool PlayerBar::eventFilter(QObject *watched, QEvent *event)

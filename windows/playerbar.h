@@ -47,6 +47,9 @@ public:
      */
     void playOnSpaceIn(QAbstractItemView *table);
 
+    /** The tabulator key goes from this widget of the same window through the bar. */
+    void followInTabOrder(QWidget *before);
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:

@@ -71,8 +71,8 @@ void SyncSummaryBar::setTexts()
     if (reached < m_result.songs)
         parts << tr("%1 non raggiunte").arg(m_result.songs - reached);
     m_text->setText(parts.join(QLatin1String("; ")));
-    m_edit->setText(tr("&Modificale..."));
-    m_add->setText(tr("Aggiungile al mio ca&talogo..."));
+    m_edit->setText(tr("Modifica&le..."));
+    m_add->setText(tr("Aggiungile al mio catalo&go..."));
     m_close->setToolTip(tr("Chiudi"));
     m_close->setAccessibleName(tr("Chiudi"));
 }

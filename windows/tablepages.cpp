@@ -4,6 +4,7 @@
 #include <QTextOption>
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 #include <utility>
 #include <vector>
@@ -98,12 +99,18 @@ private:
 
     int widestText(qsizetype column) const
     {
-        const QFontMetrics metrics = m_painter.fontMetrics();
-        int widest = metrics.horizontalAdvance(m_table.headings.at(column));
+        int widest = widthOf(m_table.headings.at(column));
         for (const QStringList &row : m_table.rows)
-            widest = std::min(std::max(widest, metrics.horizontalAdvance(row.at(column))),
-                              m_page.width());
+            widest = std::min(std::max(widest, widthOf(row.at(column))), m_page.width());
         return widest;
+    }
+
+    /** Rounded up: a text in too little room would go on in another line. */
+    int widthOf(const QString &text) const
+    {
+        return static_cast<int>(std::ceil(
+                   QFontMetricsF(m_painter.font(), m_painter.device()).horizontalAdvance(text))) +
+               1;
     }
 
     QRect cell(size_t column, int x, int y, int height) const
@@ -117,7 +124,7 @@ private:
         for (size_t column = 0; column < m_widths.size(); ++column) {
             const QString &text = texts.at(static_cast<qsizetype>(column));
             const QRectF room = cell(column, 0, 0, m_page.height());
-            if (m_painter.fontMetrics().horizontalAdvance(text) > room.width())
+            if (widthOf(text) > room.width())
                 height = std::max(
                     height,
                     static_cast<int>(m_painter.boundingRect(room, text, wrapping()).height()) + 1);

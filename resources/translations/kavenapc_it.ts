@@ -5175,8 +5175,8 @@ Preparare prima il tag per il player?</translation>
         </translation>
     </message>
     <message>
-        <source>Togli il &amp;filtro</source>
-        <translation>Togli il &amp;filtro</translation>
+        <source>Togli il filt&amp;ro</source>
+        <translation>Togli il filt&amp;ro</translation>
     </message>
 </context>
 <context>
@@ -5236,20 +5236,20 @@ Preparare prima il tag per il player?</translation>
         <translation>%1 non raggiunte</translation>
     </message>
     <message>
-        <source>&amp;Modificale...</source>
-        <translation>&amp;Modificale...</translation>
-    </message>
-    <message>
-        <source>Aggiungile al mio ca&amp;talogo...</source>
-        <translation>Aggiungile al mio ca&amp;talogo...</translation>
-    </message>
-    <message>
         <source>Chiudi</source>
         <translation>Chiudi</translation>
     </message>
     <message>
         <source>%1 senza modifiche</source>
         <translation>%1 senza modifiche</translation>
+    </message>
+    <message>
+        <source>Modifica&amp;le...</source>
+        <translation>Modifica&amp;le...</translation>
+    </message>
+    <message>
+        <source>Aggiungile al mio catalo&amp;go...</source>
+        <translation>Aggiungile al mio catalo&amp;go...</translation>
     </message>
 </context>
 <context>

@@ -5175,7 +5175,7 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         </translation>
     </message>
     <message>
-        <source>Togli il &amp;filtro</source>
+        <source>Togli il filt&amp;ro</source>
         <translation>&amp;Filter aufheben</translation>
     </message>
 </context>
@@ -5236,20 +5236,20 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <translation>%1 nicht mehr erreicht</translation>
     </message>
     <message>
-        <source>&amp;Modificale...</source>
-        <translation>&amp;Bearbeiten...</translation>
-    </message>
-    <message>
-        <source>Aggiungile al mio ca&amp;talogo...</source>
-        <translation>Zu &amp;meinem Katalog hinzufügen...</translation>
-    </message>
-    <message>
         <source>Chiudi</source>
         <translation>Schließen</translation>
     </message>
     <message>
         <source>%1 senza modifiche</source>
         <translation>%1 unverändert gelassen</translation>
+    </message>
+    <message>
+        <source>Modifica&amp;le...</source>
+        <translation>Bea&amp;rbeiten...</translation>
+    </message>
+    <message>
+        <source>Aggiungile al mio catalo&amp;go...</source>
+        <translation>Zu &amp;meinem Katalog hinzufügen...</translation>
     </message>
 </context>
 <context>

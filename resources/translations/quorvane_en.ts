@@ -5154,7 +5154,7 @@ Prepare the tag for the player first?</translation>
     </message>
     <message>
         <source>Scegli c&amp;artella...</source>
-        <translation>Choose a &amp;folder...</translation>
+        <translation>Choose a fo&amp;lder...</translation>
     </message>
     <message>
         <source>O riprendi da una lista:</source>
@@ -5175,7 +5175,7 @@ Prepare the tag for the player first?</translation>
         </translation>
     </message>
     <message>
-        <source>Togli il &amp;filtro</source>
+        <source>Togli il filt&amp;ro</source>
         <translation>&amp;Clear the filter</translation>
     </message>
 </context>
@@ -5236,20 +5236,20 @@ Prepare the tag for the player first?</translation>
         <translation>%1 not reached</translation>
     </message>
     <message>
-        <source>&amp;Modificale...</source>
-        <translation>&amp;Edit them...</translation>
-    </message>
-    <message>
-        <source>Aggiungile al mio ca&amp;talogo...</source>
-        <translation>Add them to my ca&amp;talogue...</translation>
-    </message>
-    <message>
         <source>Chiudi</source>
         <translation>Close</translation>
     </message>
     <message>
         <source>%1 senza modifiche</source>
         <translation>%1 left unchanged</translation>
+    </message>
+    <message>
+        <source>Modifica&amp;le...</source>
+        <translation>Ed&amp;it them...</translation>
+    </message>
+    <message>
+        <source>Aggiungile al mio catalo&amp;go...</source>
+        <translation>Add them to my catalo&amp;gue...</translation>
     </message>
 </context>
 <context>

@@ -151,6 +151,7 @@ private slots:
     void breaksWithinTextsBecomeBlanks();
 
     void pagesCarryTitleHeadingsRowsAndNumbers();
+    void headingsAreWhole();
     void everyRowIsOnOnePage();
     void rangeOfPagesIsPainted();
     void wideTextsStayOnThePage();
@@ -271,6 +272,18 @@ void TestListOutput::pagesCarryTitleHeadingsRowsAndNumbers()
                                        s("n0"), s("name"), s("n1"), s("name")})});
 }
 
+void TestListOutput::headingsAreWhole()
+{
+    const QStringList headings{s("Format"), s("Titel"),  s("Interpret"), s("Musikrichtung"),
+                               s("Autor"),  s("Dauer"),  s("BPM"),       s("Tonart"),
+                               s("Ordner"), s("Length"), s("Key"),       s("Genere")};
+    TextTable table{headings, {}};
+    table.rows.append(QStringList(headings.size(), s("x")));
+    NotingPaper paper(QSize(2000, 800));
+    QVERIFY(paper.takes(TablePages(table, s("The title"), QFont())));
+    QCOMPARE(paper.noted().pages.constFirst().mid(1, headings.size()), headings);
+}
+
 void TestListOutput::everyRowIsOnOnePage()
 {
     NotingPaper paper(QSize(600, 400));
@@ -346,6 +359,12 @@ void TestListOutput::listIsPrintedIntoAPdf()
     QVERIFY(bytes.startsWith("%PDF-"));
     QVERIFY(bytes.trimmed().endsWith("%%EOF"));
     QVERIFY(bytes.contains("/Count 1"));
+    QProcess reader;
+    reader.start(s("/usr/bin/python3"), {QFINDTESTDATA("tools/pdf_text.py"), path});
+    QVERIFY(reader.waitForFinished(60000));
+    QCOMPARE(QString::fromUtf8(reader.readAllStandardOutput()),
+             s("Lista delle song: 2 songFormatoTitoloArtistaGenereAutoreDurataBpmTonalita'Nome file"
+               "Pagina 1 di 1MIDIBravo00:000b.midMIDIAlpha00:000a.mid\n"));
     // A page that lies on its side.
     QVERIFY(bytes.contains("/MediaBox [0 0 842") || bytes.contains("/MediaBox [0 0 792"));
 }

@@ -3,6 +3,7 @@
 
 #include "app/mainwindow.h"
 #include "app/statussummary.h"
+#include "app/syncresult.h"
 #include "support/filledmemory.h"
 #include "support/fillwindow.h"
 #include "support/severalwindows.h"
@@ -31,6 +32,7 @@
 
 #include <QCheckBox>
 #include <QDir>
+#include <QLineEdit>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -90,6 +92,20 @@ inline std::unique_ptr<QWidget> library()
     window->findChild<StatusSummary *>()->setUnreadableFiles(unreadableFiles());
     window->adjustUserLibraryHeaders();
     view->selectRow(1);
+    return window;
+}
+
+/** The same after a synchronisation, with a filter that no song passes. */
+inline std::unique_ptr<QWidget> libraryWithoutAMatch()
+{
+    std::unique_ptr<QWidget> window = library();
+    Synchronisation::Outcome outcome;
+    outcome.found = 5;
+    outcome.left = 2;
+    outcome.unknown = {longPath};
+    window->findChild<SyncResult *>()->show(outcome);
+    window->findChild<QLineEdit *>(QStringLiteral("filterLineEdit"))
+        ->setText(QStringLiteral("no such song"));
     return window;
 }
 
@@ -366,6 +382,7 @@ inline const QList<Case> &windows()
     static const QList<Case> all{
         {"main", plain<MainWindow>},
         {"library", library},
+        {"library-no-match", libraryWithoutAMatch},
         {"unreadable", unreadableFilesList},
         {"report", runReport},
         {"report-details", runDetails},

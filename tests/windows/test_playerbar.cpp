@@ -7,6 +7,7 @@
 #include "windows/dataeditdialog.h"
 #include "windows/playerbar.h"
 
+#include <QLabel>
 #include <QMenu>
 #include <QSlider>
 #include <QTableWidget>
