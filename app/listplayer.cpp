@@ -11,10 +11,12 @@
 ListPlayer::ListPlayer(SongList &songs)
     : QObject(&songs)
     , m_songs(songs)
-    , m_bar(new PlayerBar(songs.view()->parentWidget()))
+    , m_bar(new PlayerBar(songs.view()->window()))
 {
-    auto *const layout = qobject_cast<QBoxLayout *>(songs.view()->parentWidget()->layout());
-    layout->insertWidget(layout->indexOf(songs.view()) + 1, m_bar);
+    // The list is one of several pages in its place; the bar stands below all of them.
+    QWidget *const pages = songs.view()->parentWidget();
+    auto *const layout = qobject_cast<QBoxLayout *>(pages->parentWidget()->layout());
+    layout->insertWidget(layout->indexOf(pages) + 1, m_bar);
     m_bar->followInTabOrder(songs.view());
     m_bar->playOnSpaceIn(songs.view());
     connect(songs.view()->selectionModel(), &QItemSelectionModel::currentChanged, this,
