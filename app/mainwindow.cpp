@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 
 #include "app/actiongate.h"
+#include "app/helpmenu.h"
 #include "app/listoutput.h"
 #include "app/listplayer.h"
 #include "app/memories.h"
@@ -19,7 +20,6 @@
 #include "library/settings.h"
 #include "storage/diagnostics.h"
 #include "windows/aboutdialog.h"
-#include "windows/contexthelp.h"
 #include "windows/helpdialog.h"
 #include "windows/indexdialog.h"
 #include "windows/longjob.h"
@@ -49,9 +49,9 @@ MainWindow::MainWindow(QWidget *parent)
     , m_buttons(*ui, *m_actionGate)
 {
     new ReadableLinks(this);
-    new ContextHelp(this);
     new ScreenRoom(this);
     ui->setupUi(this);
+    new HelpMenu(this, *ui, m_busy);
     connect(&m_busy, &BusyState::ended, this, &LongJob::isOver);
     m_memories.reset(
         new Memories(this, ui->actionMemory, *m_actionGate, m_database, m_busy, m_progress));

@@ -29,6 +29,7 @@ const QHash<QByteArray, QString> &sectionsOfWindows()
         {"FillFromMusicDialog", QStringLiteral("measure")},
         {"HistoryDialog", QStringLiteral("history")},
         {"IndexDialog", QStringLiteral("optimise")},
+        {"LibrariesDialog", startOfPage},
         {"MemoryWindow", QStringLiteral("contents")},
         {"NoCopyrightDialog", QStringLiteral("copyright")},
         {"PrepareTagsDialog", QStringLiteral("tags")},
