@@ -13,12 +13,21 @@ ActionButtons::ActionButtons(const Ui::MainWindow &form, ActionGate &gate)
 
 void ActionButtons::setUp()
 {
-    QObject *const actions[] = {
-        m_form.selectDirToolButton,    m_form.updateDataToolButton, m_form.transferFilesToolButton,
-        m_form.actionTransferPlan,     m_form.optimizeMemory,       m_form.actionSongsList,
-        m_form.actionContents,         m_form.actionAbout,          m_form.actionAbout_QT,
-        m_form.dbgImportPushButton,    m_form.dbgBackupPushButton,  m_form.dbgShowDialogPushButton,
-        m_form.dbgAddMarkerPushButton, m_form.dbgSavePushButton};
+    QObject *const actions[] = {m_form.selectDirToolButton,
+                                m_form.updateDataToolButton,
+                                m_form.transferFilesToolButton,
+                                m_form.actionTransferPlan,
+                                m_form.optimizeMemory,
+                                m_form.actionSongsList,
+                                m_form.actionContents,
+                                m_form.actionShortcuts,
+                                m_form.actionAbout,
+                                m_form.actionAbout_QT,
+                                m_form.dbgImportPushButton,
+                                m_form.dbgBackupPushButton,
+                                m_form.dbgShowDialogPushButton,
+                                m_form.dbgAddMarkerPushButton,
+                                m_form.dbgSavePushButton};
     for (QObject *const action : actions)
         m_gate.add(action);
     disable();

@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 
 #include "app/actiongate.h"
+#include "app/helpmenu.h"
 #include "app/listoutput.h"
 #include "app/listplayer.h"
 #include "app/memories.h"
@@ -50,6 +51,7 @@ MainWindow::MainWindow(QWidget *parent)
     new ReadableLinks(this);
     new ScreenRoom(this);
     ui->setupUi(this);
+    new HelpMenu(this, *ui, m_busy);
     connect(&m_busy, &BusyState::ended, this, &LongJob::isOver);
     m_memories.reset(
         new Memories(this, ui->actionMemory, *m_actionGate, m_database, m_busy, m_progress));

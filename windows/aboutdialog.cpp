@@ -2,6 +2,7 @@
 
 #include "library/branding.h"
 #include "library/version.h"
+#include "windows/librariesdialog.h"
 #include "windows/roomfortext.h"
 
 #include "ui_aboutdialog.h"
@@ -9,6 +10,7 @@
 #include <QDate>
 #include <QEvent>
 #include <QLocale>
+#include <QPushButton>
 
 namespace
 {
@@ -42,6 +44,8 @@ AboutDialog::AboutDialog(QWidget *parent)
     ui->setupUi(this);
     new RoomForText(this);
     ui->logoLabel->setStyleSheet(QStringLiteral("image: url(%1);").arg(branding().aboutLogo));
+    connect(ui->librariesPushButton, &QPushButton::clicked, this,
+            [this] { LibrariesDialog(this).exec(); });
     showTexts();
 }
 

@@ -1,8 +1,9 @@
-// Shows the help page in the language of the interface.
+// Shows the help page in the language of the interface, and finds words in it.
 #pragma once
 
 #include <QDialog>
 #include <QScopedPointer>
+#include <QTextCursor>
 
 QT_BEGIN_NAMESPACE
 namespace Ui
@@ -25,9 +26,18 @@ public:
      */
     void loadHelp();
 
+    /** Scrolls to the section of that name; an unknown one changes nothing. */
+    void showSection(const QString &section);
+
 protected:
     void changeEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    enum class Direction { Here, Next, Previous };
+
+    void find(Direction direction);
+    void tellHit(const QTextCursor &hit);
+
     const QScopedPointer<Ui::HelpDialog> ui;
 };

@@ -23,6 +23,10 @@
         <source>Assistenza:</source>
         <translation>Support:</translation>
     </message>
+    <message>
+        <source>&amp;Librerie e licenze...</source>
+        <translation>&amp;Libraries and licences...</translation>
+    </message>
 </context>
 <context>
     <name>BackupDialog</name>
@@ -291,6 +295,26 @@ Songs that cannot be read: %4</translation>
     <message>
         <source>Aiuto</source>
         <translation>Help</translation>
+    </message>
+    <message>
+        <source>Cerca nell&apos;aiuto</source>
+        <translation>Search the help</translation>
+    </message>
+    <message>
+        <source>&amp;Precedente</source>
+        <translation>&amp;Previous</translation>
+    </message>
+    <message>
+        <source>&amp;Successivo</source>
+        <translation>&amp;Next</translation>
+    </message>
+    <message>
+        <source>Nessun risultato: prova un&apos;altra parola.</source>
+        <translation>Nothing found: try another word.</translation>
+    </message>
+    <message>
+        <source>Risultato %1 di %2</source>
+        <translation>Hit %1 of %2</translation>
     </message>
 </context>
 <context>
@@ -932,6 +956,10 @@ Do you want to copy all the same?</translation>
     <message>
         <source>Trasferisci</source>
         <translation>Transfer</translation>
+    </message>
+    <message>
+        <source>&amp;Tasti di scelta rapida...</source>
+        <translation>&amp;Keyboard shortcuts...</translation>
     </message>
 </context>
 <context>
@@ -5289,6 +5317,75 @@ Prepare the tag for the player first?</translation>
     <message>
         <source>Vai a un marker della song</source>
         <translation>Go to a section of the song</translation>
+    </message>
+</context>
+<context>
+    <name>LibrariesDialog</name>
+    <message>
+        <source>Librerie usate</source>
+        <translation>Libraries in use</translation>
+    </message>
+    <message>
+        <source>Nome</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Licenza</source>
+        <translation>Licence</translation>
+    </message>
+    <message>
+        <source>A che cosa serve</source>
+        <translation>What it is for</translation>
+    </message>
+    <message>
+        <source>finestre, testi e file</source>
+        <translation>windows, texts and files</translation>
+    </message>
+    <message>
+        <source>dominio pubblico</source>
+        <translation>public domain</translation>
+    </message>
+    <message>
+        <source>catalogo, lista e cronologia</source>
+        <translation>catalogue, list and history</translation>
+    </message>
+    <message>
+        <source>lettere che il player non ha</source>
+        <translation>letters that the player does not have</translation>
+    </message>
+    <message>
+        <source>tag dei file MP3</source>
+        <translation>tags of MP3 files</translation>
+    </message>
+    <message>
+        <source>ascolto delle song</source>
+        <translation>hearing songs</translation>
+    </message>
+    <message>
+        <source>suono delle song MIDI e MFX</source>
+        <translation>sound of MIDI and MFX songs</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutsDialog</name>
+    <message>
+        <source>Tasti di scelta rapida</source>
+        <translation>Keyboard shortcuts</translation>
+    </message>
+    <message>
+        <source>Tasti</source>
+        <translation>Keys</translation>
+    </message>
+    <message>
+        <source>Comando</source>
+        <translation>Command</translation>
+    </message>
+</context>
+<context>
+    <name>InfoTableDialog</name>
+    <message>
+        <source>&amp;Chiudi</source>
+        <translation>&amp;Close</translation>
     </message>
 </context>
 </TS>

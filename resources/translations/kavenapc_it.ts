@@ -23,6 +23,10 @@
         <source>Assistenza:</source>
         <translation>Assistenza:</translation>
     </message>
+    <message>
+        <source>&amp;Librerie e licenze...</source>
+        <translation>&amp;Librerie e licenze...</translation>
+    </message>
 </context>
 <context>
     <name>BackupDialog</name>
@@ -291,6 +295,26 @@ Song non leggibili: %4</translation>
     <message>
         <source>Aiuto</source>
         <translation>Aiuto</translation>
+    </message>
+    <message>
+        <source>Cerca nell&apos;aiuto</source>
+        <translation>Cerca nell&apos;aiuto</translation>
+    </message>
+    <message>
+        <source>&amp;Precedente</source>
+        <translation>&amp;Precedente</translation>
+    </message>
+    <message>
+        <source>&amp;Successivo</source>
+        <translation>&amp;Successivo</translation>
+    </message>
+    <message>
+        <source>Nessun risultato: prova un&apos;altra parola.</source>
+        <translation>Nessun risultato: prova un&apos;altra parola.</translation>
+    </message>
+    <message>
+        <source>Risultato %1 di %2</source>
+        <translation>Risultato %1 di %2</translation>
     </message>
 </context>
 <context>
@@ -932,6 +956,10 @@ Si vuole procedere comunque con la copia?</translation>
     <message>
         <source>Trasferisci</source>
         <translation>Trasferisci</translation>
+    </message>
+    <message>
+        <source>&amp;Tasti di scelta rapida...</source>
+        <translation>&amp;Tasti di scelta rapida...</translation>
     </message>
 </context>
 <context>
@@ -5289,6 +5317,75 @@ Preparare prima il tag per il player?</translation>
     <message>
         <source>Vai a un marker della song</source>
         <translation>Vai a un marker della song</translation>
+    </message>
+</context>
+<context>
+    <name>LibrariesDialog</name>
+    <message>
+        <source>Librerie usate</source>
+        <translation>Librerie usate</translation>
+    </message>
+    <message>
+        <source>Nome</source>
+        <translation>Nome</translation>
+    </message>
+    <message>
+        <source>Licenza</source>
+        <translation>Licenza</translation>
+    </message>
+    <message>
+        <source>A che cosa serve</source>
+        <translation>A che cosa serve</translation>
+    </message>
+    <message>
+        <source>finestre, testi e file</source>
+        <translation>finestre, testi e file</translation>
+    </message>
+    <message>
+        <source>dominio pubblico</source>
+        <translation>dominio pubblico</translation>
+    </message>
+    <message>
+        <source>catalogo, lista e cronologia</source>
+        <translation>catalogo, lista e cronologia</translation>
+    </message>
+    <message>
+        <source>lettere che il player non ha</source>
+        <translation>lettere che il player non ha</translation>
+    </message>
+    <message>
+        <source>tag dei file MP3</source>
+        <translation>tag dei file MP3</translation>
+    </message>
+    <message>
+        <source>ascolto delle song</source>
+        <translation>ascolto delle song</translation>
+    </message>
+    <message>
+        <source>suono delle song MIDI e MFX</source>
+        <translation>suono delle song MIDI e MFX</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutsDialog</name>
+    <message>
+        <source>Tasti di scelta rapida</source>
+        <translation>Tasti di scelta rapida</translation>
+    </message>
+    <message>
+        <source>Tasti</source>
+        <translation>Tasti</translation>
+    </message>
+    <message>
+        <source>Comando</source>
+        <translation>Comando</translation>
+    </message>
+</context>
+<context>
+    <name>InfoTableDialog</name>
+    <message>
+        <source>&amp;Chiudi</source>
+        <translation>&amp;Chiudi</translation>
     </message>
 </context>
 </TS>

@@ -23,6 +23,10 @@
         <source>Assistenza:</source>
         <translation>Support:</translation>
     </message>
+    <message>
+        <source>&amp;Librerie e licenze...</source>
+        <translation>&amp;Bibliotheken und Lizenzen...</translation>
+    </message>
 </context>
 <context>
     <name>BackupDialog</name>
@@ -291,6 +295,26 @@ Songs, die nicht lesbar sind: %4</translation>
     <message>
         <source>Aiuto</source>
         <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Cerca nell&apos;aiuto</source>
+        <translation>In der Hilfe suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Precedente</source>
+        <translation>&amp;Vorheriger Treffer</translation>
+    </message>
+    <message>
+        <source>&amp;Successivo</source>
+        <translation>&amp;Nächster Treffer</translation>
+    </message>
+    <message>
+        <source>Nessun risultato: prova un&apos;altra parola.</source>
+        <translation>Nichts gefunden: Versuchen Sie ein anderes Wort.</translation>
+    </message>
+    <message>
+        <source>Risultato %1 di %2</source>
+        <translation>Treffer %1 von %2</translation>
     </message>
 </context>
 <context>
@@ -932,6 +956,10 @@ Trotzdem kopieren?</translation>
     <message>
         <source>Trasferisci</source>
         <translation>Übertragen</translation>
+    </message>
+    <message>
+        <source>&amp;Tasti di scelta rapida...</source>
+        <translation>&amp;Tastenkürzel...</translation>
     </message>
 </context>
 <context>
@@ -5289,6 +5317,75 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
     <message>
         <source>Vai a un marker della song</source>
         <translation>Zu einem Abschnitt des Songs gehen</translation>
+    </message>
+</context>
+<context>
+    <name>LibrariesDialog</name>
+    <message>
+        <source>Librerie usate</source>
+        <translation>Verwendete Bibliotheken</translation>
+    </message>
+    <message>
+        <source>Nome</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Licenza</source>
+        <translation>Lizenz</translation>
+    </message>
+    <message>
+        <source>A che cosa serve</source>
+        <translation>Wozu</translation>
+    </message>
+    <message>
+        <source>finestre, testi e file</source>
+        <translation>Fenster, Texte und Dateien</translation>
+    </message>
+    <message>
+        <source>dominio pubblico</source>
+        <translation>gemeinfrei</translation>
+    </message>
+    <message>
+        <source>catalogo, lista e cronologia</source>
+        <translation>Katalog, Liste und Verlauf</translation>
+    </message>
+    <message>
+        <source>lettere che il player non ha</source>
+        <translation>Buchstaben, die der Player nicht hat</translation>
+    </message>
+    <message>
+        <source>tag dei file MP3</source>
+        <translation>Tags von MP3-Dateien</translation>
+    </message>
+    <message>
+        <source>ascolto delle song</source>
+        <translation>Anhören der Songs</translation>
+    </message>
+    <message>
+        <source>suono delle song MIDI e MFX</source>
+        <translation>Klang der MIDI- und MFX-Songs</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutsDialog</name>
+    <message>
+        <source>Tasti di scelta rapida</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Tasti</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>Comando</source>
+        <translation>Befehl</translation>
+    </message>
+</context>
+<context>
+    <name>InfoTableDialog</name>
+    <message>
+        <source>&amp;Chiudi</source>
+        <translation>&amp;Schließen</translation>
     </message>
 </context>
 </TS>

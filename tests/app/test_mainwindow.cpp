@@ -215,7 +215,8 @@ void TestMainWindow::menusStandInTheirOrder()
              QStringLiteral("optimizeMemory actionSongsList actionMemory  actionTransferPlan "
                             "actionPreviewChanges actionPrepareTags actionFillFromMusic  "
                             "actionAddToCatalogue actionCatalogue"));
-    QCOMPARE(names("menuHelp"), QStringLiteral("actionContents actionAbout actionAbout_QT"));
+    QCOMPARE(names("menuHelp"),
+             QStringLiteral("actionContents actionShortcuts actionAbout actionAbout_QT"));
     for (const char *checkable : {"actionItalian", "actionEnglish", "actionGerman",
                                   "actionCopyrightYes", "actionCopyrightNo"})
         QVERIFY(window.action(checkable)->isCheckable());
@@ -395,6 +396,7 @@ void TestMainWindow::textsFollowTheLanguage()
     QCOMPARE(header(window, 10), QStringLiteral("Dateiname"));
     QCOMPARE(textsOf(window.child<QMenu>("menuHelp")->actions()),
              (QStringList{QStringLiteral("&Hilfe zu RB27 Utility..."),
+                          QStringLiteral("&Tastenkürzel..."),
                           QStringLiteral("&Über RB27 Utility..."), QStringLiteral("Über &Qt...")}));
     changeLanguage(window, "actionEnglish");
     QCOMPARE(window.windowTitle(), QStringLiteral("RB27 Utility"));

@@ -41,8 +41,13 @@ desktop-file-validate "$desktop"
 grep -qx "Name=$product" "$desktop" || fail "the menu has another name than \"$product\""
 grep -q "<name>$product</name>" "$share"/metainfo/*.xml || fail "the metainfo has another name"
 appstreamcli validate --no-net "$share"/metainfo/*.xml >appstream.txt || fail "$(cat appstream.txt)"
-grep -q "<release version=\"$version\" date=\"20[0-9-]*\"/>" "$share"/metainfo/*.xml ||
+grep -q "<release version=\"$version\" date=\"20[0-9-]*\">" "$share"/metainfo/*.xml ||
   fail "the metainfo does not name this release"
+grep -q "<li>" <(sed -n '/<releases>/,$p' "$share"/metainfo/*.xml) ||
+  fail "the metainfo does not tell what is new"
+for picture in $(grep -o 'screenshots/[a-z]*-[a-z]*\.png' "$share"/metainfo/*.xml); do
+  [ -s "$here/../../docs/$picture" ] || fail "$picture is no picture of ours"
+done
 for page in "$share"/man/man1/kavena-pc.1.gz "$share"/man/de/man1/kavena-pc.1.gz; do
   gunzip -c "$page" >page.1
   mandoc -Tlint -Wwarning page.1 || fail "$page has mistakes"

@@ -18,12 +18,14 @@
 #include "windows/helpdialog.h"
 #include "windows/historydialog.h"
 #include "windows/indexdialog.h"
+#include "windows/librariesdialog.h"
 #include "windows/nocopyrightdialog.h"
 #include "windows/preparetagsdialog.h"
 #include "windows/proceeddialog.h"
 #include "windows/progresswindow.h"
 #include "windows/renamesongdialog.h"
 #include "windows/runreportbox.h"
+#include "windows/shortcutsdialog.h"
 #include "windows/songslistdialog.h"
 #include "windows/takingback.h"
 #include "windows/transferplandialog.h"
@@ -33,6 +35,7 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -366,6 +369,12 @@ inline std::unique_ptr<QWidget> renameQuestion()
                                               QStringLiteral("/songs/Azzurro.mid"));
 }
 
+inline std::unique_ptr<QWidget> shortcuts()
+{
+    const MainWindow window;
+    return std::make_unique<ShortcutsDialog>(*window.menuBar());
+}
+
 template <typename Window>
 std::unique_ptr<QWidget> plain()
 {
@@ -388,6 +397,8 @@ inline const QList<Case> &windows()
         {"report-details", runDetails},
         {"preview", changePreview},
         {"about", plain<AboutDialog>},
+        {"libraries", plain<LibrariesDialog>},
+        {"shortcuts", shortcuts},
         {"backup", plain<BackupDialog>},
         {"help", plain<HelpDialog>},
         {"summary", importSummary},

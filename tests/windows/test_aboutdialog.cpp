@@ -1,9 +1,12 @@
 // The about box.
+#include "sound/soundmodule.h"
 #include "support/germantexts.h"
 #include "windows/aboutdialog.h"
+#include "windows/librariesdialog.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QFile>
 #include <QLabel>
 #include <QLocale>
 #include <QProcess>
@@ -11,6 +14,7 @@
 #include <QTest>
 #include <QTextDocument>
 #include <QTimer>
+#include <QTreeWidget>
 
 namespace
 {
@@ -64,6 +68,8 @@ private slots:
     void showsNoticeAndAddresses();
     void buttonAndEscapeClose();
     void followsALanguageChange();
+    void namesTheLibrariesThatAreLinked();
+    void buttonShowsTheLibraries();
 };
 
 void TestAboutDialog::showsTitleAndLogo()
@@ -160,6 +166,45 @@ void TestAboutDialog::followsALanguageChange()
     QVERIFY(visibleText(label(dialog, "versionLabel")).contains(QStringLiteral("1.76")));
     QVERIFY(visibleText(label(dialog, "infoLabel"))
                 .contains(QStringLiteral("Alle Rechte vorbehalten")));
+}
+
+/** What the program is linked with stands in the table, and nothing else. */
+void TestAboutDialog::namesTheLibrariesThatAreLinked()
+{
+    const LibrariesDialog dialog;
+    const auto *const table = dialog.findChild<QTreeWidget *>();
+    QStringList names;
+    for (int row = 0; row < table->topLevelItemCount(); ++row) {
+        const QTreeWidgetItem *const item = table->topLevelItem(row);
+        QCOMPARE(item->columnCount(), 3);
+        for (int column = 0; column < 3; ++column)
+            QVERIFY(!item->text(column).isEmpty());
+        names.append(item->text(0));
+    }
+    QCOMPARE(names.first(), QStringLiteral("Qt ") + QString::fromLatin1(qVersion()));
+
+    QFile map(QStringLiteral("/proc/self/maps"));
+    QVERIFY(map.open(QIODevice::ReadOnly));
+    const QByteArray loaded = map.readAll();
+    QCOMPARE(names.contains(QStringLiteral("TagLib")), loaded.contains("/libtag."));
+    QCOMPARE(names.contains(QStringLiteral("ICU")), loaded.contains("/libicuuc."));
+    QCOMPARE(names.contains(QStringLiteral("SQLite")), loaded.contains("/libQt6Sql."));
+    const bool hasSound = soundmodule::problem() != SoundProblem::NotBuilt;
+    QCOMPARE(names.contains(QStringLiteral("FluidSynth")), hasSound);
+}
+
+void TestAboutDialog::buttonShowsTheLibraries()
+{
+    AboutDialog dialog;
+    bool isShown = false;
+    QTimer::singleShot(0, &dialog, [&] {
+        auto *const libraries = dialog.findChild<LibrariesDialog *>();
+        isShown = libraries != nullptr && libraries->isVisible();
+        if (isShown)
+            libraries->reject();
+    });
+    dialog.findChild<QPushButton *>(QStringLiteral("librariesPushButton"))->click();
+    QVERIFY(isShown);
 }
 
 int main(int argc, char *argv[])
