@@ -2,6 +2,7 @@
 
 #include "app/actiongate.h"
 #include "app/buttonaction.h"
+#include "app/buttonwords.h"
 
 #include "ui_mainwindow.h"
 
@@ -35,6 +36,8 @@ void ActionButtons::setUp()
     new ButtonAction(m_form.actionSelectSongs, m_form.selectDirToolButton);
     new ButtonAction(m_form.actionSynchronise, m_form.updateDataToolButton);
     new ButtonAction(m_form.actionTransfer, m_form.transferFilesToolButton);
+    new ButtonWords(m_form.centralWidget, {m_form.selectDirToolButton, m_form.updateDataToolButton,
+                                           m_form.transferFilesToolButton});
     m_form.selectDirToolButton->setFocus(); // what a user begins with
 }
 

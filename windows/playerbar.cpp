@@ -3,11 +3,11 @@
 #include "library/settings.h"
 #include "sound/soundfont.h"
 #include "windows/elidedlabel.h"
+#include "windows/filechooser.h"
 #include "windows/playericon.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -221,8 +221,8 @@ void PlayerBar::storeVolume(int percent)
 void PlayerBar::chooseSoundFont()
 {
     const QString present = soundfont::find(m_player.soundFont());
-    const QString path = QFileDialog::getOpenFileName(window(), tr("Scegli un sound font"), present,
-                                                      tr("Sound font (*.sf2 *.sf3)"));
+    const QString path = filechooser::openFile(window(), tr("Scegli un sound font"), present,
+                                               {tr("Sound font (*.sf2 *.sf3)")});
     if (!path.isEmpty())
         setSoundFont(path);
 }

@@ -5158,11 +5158,11 @@ Preparare prima il tag per il player?</translation>
     </message>
     <message>
         <source>Scegli &amp;song...</source>
-        <translation>Scegli &amp;song...</translation>
+        <translation>Sce&amp;gli song...</translation>
     </message>
     <message>
         <source>Scegli c&amp;artella...</source>
-        <translation>Scegli c&amp;artella...</translation>
+        <translation>Scegli ca&amp;rtella...</translation>
     </message>
     <message>
         <source>O riprendi da una lista:</source>
