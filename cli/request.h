@@ -68,7 +68,7 @@ struct Request {
     bool remove = false;
     std::optional<QByteArray> backup;
     QByteArray to;
-    QByteArray soundFont; ///< empty: an installed one
+    QByteArray soundFont;        ///< empty: an installed one
     std::optional<bool> replace; ///< nothing: the user is asked
     std::optional<bool> rename;
     std::optional<bool> changeUnsigned;

@@ -118,12 +118,12 @@ void Player::seek(double seconds)
 
 void Player::setVolume(int percent)
 {
-    const int volume = std::clamp(percent, 0, loudest);
-    if (volume == m_volume)
+    const int wanted = std::clamp(percent, 0, loudest);
+    if (wanted == m_volume)
         return;
-    m_volume = volume;
+    m_volume = wanted;
     if (m_state != State::Stopped)
-        tellEngine([volume](PlayerEngine &engine) { engine.setVolume(volume); });
+        tellEngine([wanted](PlayerEngine &engine) { engine.setVolume(wanted); });
     emit changed();
 }
 

@@ -24,16 +24,16 @@ rendering::Result rendering::toWave(SongSound &song, SoundParts &parts, const QS
     std::array<qint16, framesAtOnce * pcm::channels> samples{};
     qint64 frames = 0;
     for (;;) {
-        const qint64 before = source->position();
         const qsizetype count = source->read(samples.data(), framesAtOnce, longestWait);
         if (!goOn(pcm::seconds(frames)))
             return {Outcome::Stopped, SoundProblem::None, 0};
         if (count == 0)
             break;
         // Silence in the place of what is late is for ears only.
-        if (source->position() == before)
+        const qint64 reached = source->position();
+        if (reached == frames)
             continue;
-        frames += count;
+        frames = reached;
         if (frames > pcm::frames(pcm::longestSeconds + tail))
             return {Outcome::CannotPlay, SoundProblem::TooLong, 0};
         if (!file.add(samples.data(), count))

@@ -32,12 +32,11 @@ QString modulePath()
 
 SoundProblem::Kind soundmodule::problem()
 {
-#ifdef KAVENA_HAS_SOUND
+    constexpr bool isBuilt = KAVENA_HAS_SOUND != 0;
+    if (!isBuilt)
+        return SoundProblem::NotBuilt;
     static const bool isInstalled = !modulePath().isEmpty();
     return isInstalled ? SoundProblem::None : SoundProblem::NoModule;
-#else
-    return SoundProblem::NotBuilt;
-#endif
 }
 
 SoundParts *soundmodule::parts()

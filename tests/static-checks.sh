@@ -15,12 +15,12 @@ cppcheck --quiet -j "$(nproc)" --std=c++17 --language=c++ --library=qt --inline-
   --enable=warning,style,performance,portability '-DQ_DISABLE_COPY_MOVE(Class)=' \
   --suppress=useStlAlgorithm --suppress=constVariable --suppress=unassignedVariable \
   --suppress=unusedStructMember --suppress=ignoredReturnErrorCode \
-  --error-exitcode=1 storage formats library devindex windows app cli
+  --error-exitcode=1 storage formats library devindex sound windows app cli
 
 # Everything but the paths through the code is asked of all sources of a layer at once, so that Qt's
 # headers are read once a layer. The paths are followed file by file.
 echo "== clang-tidy"
-layers='(storage|formats|library|devindex|windows|app|cli)'
+layers='(storage|formats|library|devindex|sound|sound/module|windows|app|cli)'
 tidy() { # tidy BUILD CHECKS FILES [OPTION...]
   run-clang-tidy -p "$1" -j "$(nproc)" -quiet -checks="$2" "${@:4}" "$3" >build/clang-tidy.log 2>&1 || {
     grep -E -A 4 '(warning|error):' build/clang-tidy.log >&2
@@ -29,7 +29,7 @@ tidy() { # tidy BUILD CHECKS FILES [OPTION...]
   grep -q "^clang-tidy" build/clang-tidy.log || { echo "clang-tidy was given no file" >&2; exit 1; }
 }
 tidy build/asan '-clang-analyzer-*,-bugprone-suspicious-include' \
-  "^$PWD/(build/asan/$layers/.*/unity_0_cxx.cxx|cli/(arguments|help).cpp)\$" \
+  "^$PWD/(build/asan/$layers/.*/unity_0_cxx.cxx|cli/(arguments|help).cpp|sound/soundmodule.cpp)\$" \
   -header-filter="^$PWD/$layers/[a-z0-9]+\.(h|cpp)\$" \
   -extra-arg=-fno-sanitize=all -extra-arg=-Wno-error
 tidy build/release '-*,clang-analyzer-*' "^$PWD/$layers/[a-z0-9]+\.cpp\$"

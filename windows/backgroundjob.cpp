@@ -90,7 +90,8 @@ void BackgroundJob::showProgress()
         const QMutexLocker locked(&m_labelMutex);
         label = m_label;
     }
-    m_longJob->setProgress(m_value, m_maximum);
+    if (m_longJob)
+        m_longJob->setProgress(m_value, m_maximum);
     emit progressChanged(label, m_value, m_maximum);
 }
 

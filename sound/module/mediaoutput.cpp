@@ -51,7 +51,7 @@ MediaOutput::MediaOutput(std::function<void()> devicesChanged)
 
 MediaOutput::~MediaOutput()
 {
-    stop();
+    close();
 }
 
 bool MediaOutput::hasDevice() const
@@ -111,6 +111,11 @@ void MediaOutput::resume()
 }
 
 void MediaOutput::stop()
+{
+    close();
+}
+
+void MediaOutput::close()
 {
     m_ended = {};
     if (m_sink)

@@ -27,6 +27,7 @@ public:
 private:
     class Stream;
 
+    void close();
     void onState(QAudio::State state);
 
     QMediaDevices m_devices;

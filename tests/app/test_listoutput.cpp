@@ -1,4 +1,4 @@
-// The list of songs on the clipboard, on paper and dragged out of the window.
+// The list of songs on the clipboard and on paper.
 #include "support/apptest.h"
 #include "support/columndriver.h"
 #include "support/songfolder.h"
@@ -7,13 +7,12 @@
 
 #include <QClipboard>
 #include <QDialogButtonBox>
-#include <QDrag>
 #include <QHeaderView>
-#include <QMimeData>
 #include <QPaintDevice>
 #include <QPaintEngine>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QProcess>
 #include <QSignalSpy>
 #include <QTableView>
 
@@ -161,10 +160,6 @@ private slots:
     void songIsNotOverwrittenByPaper();
     void refusedFolderIsTold();
     void nothingIsPrintedWhenTheUserCancels();
-
-    void songDraggedOutIsACopy();
-    void songLetGoOverItsOwnListChangesNothing();
-    void nothingIsDraggedDuringAWorkflow();
 
 private:
     void import(WindowUnderTest &window)
@@ -438,65 +433,6 @@ void TestListOutput::nothingIsPrintedWhenTheUserCancels()
     const QStringList before = QDir(m_work->path()).entryList(QDir::Files);
     window.action("actionPrint")->trigger();
     QCOMPARE(QDir(m_work->path()).entryList(QDir::Files), before);
-}
-
-// ---------------------------------------------------------------- dragging
-void TestListOutput::songDraggedOutIsACopy()
-{
-    WindowUnderTest window;
-    import(window);
-    QVERIFY(window.table()->dragEnabled());
-    QCOMPARE(window.table()->dragDropMode(), QAbstractItemView::DragOnly);
-    QCOMPARE(window.table()->defaultDropAction(), Qt::CopyAction);
-    QCOMPARE(window.model()->supportedDragActions(), Qt::DropActions(Qt::CopyAction));
-}
-
-void TestListOutput::songLetGoOverItsOwnListChangesNothing()
-{
-    if (QGuiApplication::platformName() == s("offscreen"))
-        QSKIP("needs a display"); // on which another CTest test runs this one
-    WindowUnderTest window;
-    import(window);
-    QWidget *const viewport = window.table()->viewport();
-    const QPoint from = window.table()->visualRect(window.model()->index(0, 2)).center();
-    bool wasDragged = false;
-    QTimer letGo;
-    connect(&letGo, &QTimer::timeout, &window, [&] {
-        wasDragged = wasDragged || window.findChild<QDrag *>() != nullptr;
-        QTest::mouseMove(window.windowHandle(), viewport->mapTo(&window, from) + QPoint(60, 40));
-        QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {},
-                            viewport->mapTo(&window, from) + QPoint(60, 40));
-    });
-    letGo.start(50);
-    QTest::mousePress(viewport, Qt::LeftButton, {}, from);
-    for (const int by : {20, 40, 60}) {
-        const QPoint point = from + QPoint(by, 20);
-        QMouseEvent move(QEvent::MouseMove, point, viewport->mapToGlobal(point), Qt::LeftButton,
-                         Qt::LeftButton, {});
-        QCoreApplication::sendEvent(viewport, &move);
-    }
-    letGo.stop();
-    QVERIFY(wasDragged);
-    QVERIFY(settled::processAll());
-    QCOMPARE(window.shownNames(), (QStringList{s("b.mid"), s("a.mid")}));
-    for (int row = 0; row < 2; ++row)
-        QVERIFY(QFile::exists(window.model()->fileName(row)));
-}
-
-void TestListOutput::nothingIsDraggedDuringAWorkflow()
-{
-    WindowUnderTest window;
-    import(window);
-    bool enabled = true;
-    ModalAnswers user;
-    user.add([&](QWidget *modal) {
-        enabled = window.table()->dragEnabled();
-        modal->close();
-        return true;
-    });
-    window.action("actionAbout")->trigger();
-    QVERIFY(!enabled);
-    QVERIFY(window.table()->dragEnabled());
 }
 
 int main(int argc, char *argv[])

@@ -13,6 +13,7 @@
 
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 
 using namespace mainwindowdriver;
 

@@ -1,4 +1,5 @@
 // A plan of a transfer that is carried out: copies, names, and what is told.
+#include "devindex/songchanges.h"
 #include "devindex/transfer.h"
 #include "support/faults.h"
 #include "support/logcapture.h"
@@ -275,8 +276,9 @@ void TestPlanExecution::indexThatCannotBeReadIsTold()
     const LogCapture log;
     QCOMPARE(carryOut(plan({song(QStringLiteral("b.mid"), "B")})), Transfer::Outcome::Incomplete);
     QVERIFY(QFileInfo::exists(inFolder(QStringLiteral("b.mid"))));
-    QVERIFY(m_user->counts.last().endsWith(
-        QStringLiteral("Il database della memoria non è stato aggiornato.")));
+    QVERIFY(m_user->counts.last().contains(
+        QStringLiteral("Il database della memoria non è stato aggiornato.\n") +
+        SongChanges::damagedText()));
 }
 
 void TestPlanExecution::planIsShownOnlyWhenSongsWouldBeLostOrDoubled()

@@ -19,8 +19,8 @@ void TestWithoutSound::everySongHasTheReason()
 {
     const QTemporaryDir folder;
     const QString song = folder.filePath(QStringLiteral("a.mid"));
-    QVERIFY(samplesongs::writeFile(song,
-                                   songbytes::midiFile({songbytes::track(songbytes::notes())})));
+    QVERIFY(
+        samplesongs::writeFile(song, songbytes::midiFile({songbytes::track(songbytes::notes())})));
     QCOMPARE(soundmodule::problem(), SoundProblem::NotBuilt);
     QVERIFY(soundmodule::parts() == nullptr);
     Player &player = Player::ofProgram();

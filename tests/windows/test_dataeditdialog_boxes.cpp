@@ -395,6 +395,9 @@ void TestDataEditDialogBoxes::tabGoesThroughTheFieldsInReadingOrder()
                                   QStringLiteral("lenSsLineEdit"),
                                   QStringLiteral("keyComboBox"),
                                   QStringLiteral("bpmLineEdit"),
+                                  QStringLiteral("playButton"),
+                                  QStringLiteral("volumeSlider"),
+                                  QStringLiteral("soundFontButton"),
                                   QStringLiteral("exitPushButton"),
                                   QStringLiteral("savePushButton")};
     QCOMPARE(visited, expected);
