@@ -90,11 +90,12 @@ void HelpDialog::find(Direction direction)
     const auto flags = isBack ? QTextDocument::FindBackward : QTextDocument::FindFlags();
     QTextCursor hit = page.find(sought, from, flags);
     if (hit.isNull()) {
-        from.movePosition(isBack ? QTextCursor::End : QTextCursor::Start);
-        hit = page.find(sought, from, flags);
+        QTextCursor other(ui->textEdit->document());
+        other.movePosition(isBack ? QTextCursor::End : QTextCursor::Start);
+        hit = page.find(sought, other, flags);
     }
     if (hit.isNull()) {
-        from.clearSelection();
+        from.clearSelection(); // the page stays where it is
         hit = from;
     }
     ui->textEdit->setTextCursor(hit);

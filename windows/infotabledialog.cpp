@@ -12,6 +12,7 @@ InfoTableDialog::InfoTableDialog(const QString &title, const QStringList &headin
     , m_table(new QTreeWidget)
 {
     constexpr QSize firstSize(580, 420);
+    constexpr QSize smallestSize(360, 260);
     setWindowTitle(title);
     setModal(true);
     m_table->setAccessibleName(title);
@@ -29,6 +30,7 @@ InfoTableDialog::InfoTableDialog(const QString &title, const QStringList &headin
     auto *const layout = new QVBoxLayout(this);
     layout->addWidget(m_table);
     layout->addWidget(buttons);
+    setMinimumSize(smallestSize);
     resize(firstSize);
 }
 
