@@ -92,8 +92,9 @@ void TestUserSongsRelTableModel::headersAreLabelled()
     QStringList labels;
     for (int column = 0; column < m_model->columnCount(); ++column)
         labels.append(m_model->headerData(column, Qt::Horizontal).toString());
-    QCOMPARE(labels.join(QLatin1Char('|')),
-             s("Num|Formato|Titolo|Artista|Genere|Autore|Durata|Bpm|Tonalita'||Nome file||Cartella"));
+    QCOMPARE(
+        labels.join(QLatin1Char('|')),
+        s("Num|Formato|Titolo|Artista|Genere|Autore|Durata|Bpm|Tonalita'||Nome file||Cartella"));
     QCOMPARE(m_model->headerData(2, Qt::Horizontal, Qt::EditRole).toString(), s("Titolo"));
 }
 
