@@ -109,7 +109,9 @@ void runWriter(Mp3Header &header, const QByteArray &id, const QByteArray &text,
     if (hadExtendedHeader)
         extended = at(old, 3) == 3 ? fuzzing::bigEndianAt(old, 10) + 4 : groupedSize(old, 10);
     const QByteArray before = old.mid(tagHeaderSize + extended);
-    FUZZ_REQUIRE(tag.left(5) == old.left(5) && (at(tag, 5) == at(old, 5) || hadExtendedHeader));
+    // A tag that is written into is not unsynchronised any more; version 4 has it in each frame.
+    const int mayGo = 0x40 | (at(old, 3) != 4 ? 0x80 : 0);
+    FUZZ_REQUIRE(tag.left(5) == old.left(5) && (at(tag, 5) | (at(old, 5) & mayGo)) == at(old, 5));
 
     const QByteArray inserted = text.isEmpty() ? QByteArray() : frameOf(old, id, text);
     QByteArray after = tag.mid(tagHeaderSize);
