@@ -34,13 +34,13 @@ bool MfxFile::load(QFile &file)
     if (!songreading::readToEnd(file, compressed))
         return false;
 
-    QByteArray midi;
-    if (!LzHuff().expand(compressed, midi)) {
+    QByteArray content;
+    if (!LzHuff().expand(compressed, content)) {
         logDebug() << "[MetaSong::importFile] LzHuff Expand filed, skipping file";
         return false;
     }
     const bool hasTrackHead = m_header.fileType() == SongInfo::FileMf4;
-    if ((hasTrackHead && !removeMf4TrackHead(midi)) || !m_midi.loadData(midi)) {
+    if ((hasTrackHead && !removeMf4TrackHead(content)) || !m_midi.loadData(content)) {
         logDebug() << "[MetaSong::importFile] MidiStream corrupted, skipping file";
         return false;
     }
@@ -77,20 +77,20 @@ SaveFailure MfxFile::save(const QString &path)
 /** The MIDI data as they are compressed into the file. */
 QByteArray MfxFile::payload() const
 {
-    QByteArray midi = m_midi.stream();
+    QByteArray content = m_midi.stream();
     if (m_header.fileType() == SongInfo::FileMf4)
-        midi.insert(m_midi.trackStart(), mf4TrackHead, mf4TrackHeadSize);
-    return midi;
+        content.insert(m_midi.trackStart(), mf4TrackHead, mf4TrackHeadSize);
+    return content;
 }
 
 /** The whole file; the header learns its sizes. */
 QByteArray MfxFile::bytes()
 {
-    const QByteArray midi = payload();
+    const QByteArray content = payload();
     QByteArray compressed;
-    LzHuff().compress(midi, compressed);
+    LzHuff().compress(content, compressed);
     const qsizetype fileSize = m_header.header().size() + compressed.size();
     m_header.setSize(static_cast<quint32>(fileSize));
-    m_header.setOrigSize(static_cast<quint32>(midi.size()));
+    m_header.setOrigSize(static_cast<quint32>(content.size()));
     return m_header.header() + compressed;
 }

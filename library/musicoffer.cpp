@@ -59,12 +59,12 @@ MusicOffer MusicOffer::of(const QString &path)
 
 void MusicOffer::compare(Value value)
 {
-    const QString before = text(m_before, value);
+    const QString present = text(m_before, value);
     const bool isOther =
-        value == Markers ? m_before.markers != m_found.markers : before != text(m_found, value);
+        value == Markers ? m_before.markers != m_found.markers : present != text(m_found, value);
     if (isOther)
-        (before.isEmpty() ? m_filling : m_replacing) |= value;
-    else if (before.isEmpty() && isMeasurable(value))
+        (present.isEmpty() ? m_filling : m_replacing) |= value;
+    else if (present.isEmpty() && isMeasurable(value))
         m_unmeasurable |= value;
 }
 

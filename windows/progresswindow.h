@@ -24,6 +24,7 @@ public:
      */
     ProgressWindow(const QString &title, const QString &label, int maximum, QWidget *parent);
     ~ProgressWindow() override;
+    Q_DISABLE_COPY_MOVE(ProgressWindow)
 
     void setMaximum(int steps) override;
     void setValue(int done) override;

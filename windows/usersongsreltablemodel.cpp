@@ -106,9 +106,9 @@ QMimeData *UserSongsRelTableModel::mimeData(const QModelIndexList &indexes) cons
     }
     if (addresses.isEmpty())
         return nullptr;
-    auto data = std::make_unique<QMimeData>();
-    data->setUrls(addresses);
-    return data.release(); // the view owns it
+    auto files = std::make_unique<QMimeData>();
+    files->setUrls(addresses);
+    return files.release(); // the view owns it
 }
 
 /** What is read out for a cell: for the one in which the state's sign stands, the state as well. */
