@@ -74,7 +74,7 @@ QString UserFile::whyNotWritten(const QString &path, qint64 size)
 
 QString UserFile::write(const QString &path, const QByteArray &bytes)
 {
-    const QString refusal = whyKept(path);
+    QString refusal = whyKept(path);
     if (!refusal.isEmpty())
         return refusal;
     return writeWholeFile(path, bytes) ? QString() : whyNotWritten(path, bytes.size());

@@ -21,7 +21,7 @@ QString modulePath()
                              here + QStringLiteral("../PlugIns"),
                              here + QStringLiteral("../sound/module")};
     for (const QString &place : places) {
-        const QString path = place + QStringLiteral("/" KAVENA_SOUND_FILE);
+        QString path = place + QStringLiteral("/" KAVENA_SOUND_FILE);
         if (QFileInfo(path).isFile())
             return path;
     }

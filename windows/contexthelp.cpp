@@ -53,7 +53,7 @@ QString ownSection(const QWidget *window)
 {
     for (const QMetaObject *kind = window->metaObject(); kind != nullptr;
          kind = kind->superClass()) {
-        const QString section = sectionsOfWindows().value(kind->className());
+        QString section = sectionsOfWindows().value(kind->className());
         if (!section.isEmpty())
             return section;
     }
@@ -80,7 +80,7 @@ QString ContextHelp::sectionOf(const QWidget *window)
         return {};
     for (const QWidget *asked = window; asked != nullptr;
          asked = asked->parentWidget() != nullptr ? asked->parentWidget()->window() : nullptr) {
-        const QString section = ownSection(asked);
+        QString section = ownSection(asked);
         if (!section.isEmpty())
             return section;
     }

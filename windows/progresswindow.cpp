@@ -15,6 +15,14 @@ QElapsedTimer started()
     timer.start();
     return timer;
 }
+
+/** Belongs to the dialog, as its label. */
+PaceLabel *labelOf(QProgressDialog &dialog)
+{
+    auto *const label = new PaceLabel(dialog.labelText());
+    dialog.setLabel(label);
+    return label;
+}
 } // namespace
 
 ProgressWindow::ProgressWindow(const QString &title, const QString &label, int maximum,
@@ -23,9 +31,8 @@ ProgressWindow::ProgressWindow(const QString &title, const QString &label, int m
     , m_age(started())
     , m_pace([this] { return m_age.elapsed(); })
     , m_dialog(label, QCoreApplication::translate("MainWindow", "Interrompi"), 0, maximum, parent)
-    , m_label(new PaceLabel(label))
+    , m_label(labelOf(m_dialog))
 {
-    m_dialog.setLabel(m_label);
     m_dialog.setWindowTitle(title);
     m_dialog.setWindowModality(Qt::WindowModal);
     m_dialog.setAutoReset(false);

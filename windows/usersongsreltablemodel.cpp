@@ -114,7 +114,7 @@ QMimeData *UserSongsRelTableModel::mimeData(const QModelIndexList &indexes) cons
 /** What is read out for a cell: for the one in which the state's sign stands, the state as well. */
 QString UserSongsRelTableModel::accessibleText(const QModelIndex &index) const
 {
-    const QString text = SongTable::data(index).toString();
+    QString text = SongTable::data(index).toString();
     if (index.column() != colIdxType())
         return text;
     const int status = SongTable::data(index.siblingAtColumn(colIdxStatus())).toInt();
