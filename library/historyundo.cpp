@@ -94,8 +94,8 @@ QStringList HistoryUndo::knownWith(const HistorySong &song)
 /** True when the song's job wrote a song at the path that is not this one. */
 bool HistoryUndo::isAnothers(const HistorySong &song, const QString &path)
 {
-    auto job = m_written.constFind(song.job);
-    if (job == m_written.constEnd()) {
+    auto job = m_written.find(song.job);
+    if (job == m_written.end()) {
         QMultiHash<QString, qint64> places;
         const QList<HistorySong> all = m_store.songs(song.job);
         for (const HistorySong &other : all)
