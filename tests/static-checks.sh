@@ -18,7 +18,8 @@ cppcheck --quiet -j "$(nproc)" --std=c++17 --language=c++ --library=qt --inline-
   --error-exitcode=1 storage formats library devindex sound windows app cli
 
 # Everything but the paths through the code is asked of all sources of a layer at once, so that Qt's
-# headers are read once a layer. The paths are followed file by file.
+# headers are read once a layer. The paths are followed file by file; leaks are not asked about there,
+# because a call that Qt queues is taken for one. The tests under the sanitizers find them.
 echo "== clang-tidy"
 layers='(storage|formats|library|devindex|sound|sound/module|windows|app|cli)'
 tidy() { # tidy BUILD CHECKS FILES [OPTION...]
@@ -32,7 +33,8 @@ tidy build/asan '-clang-analyzer-*,-bugprone-suspicious-include' \
   "^$PWD/(build/asan/$layers/.*/unity_0_cxx.cxx|cli/(arguments|help).cpp|sound/soundmodule.cpp)\$" \
   -header-filter="^$PWD/$layers/[a-z0-9]+\.(h|cpp)\$" \
   -extra-arg=-fno-sanitize=all -extra-arg=-Wno-error
-tidy build/release '-*,clang-analyzer-*' "^$PWD/$layers/[a-z0-9]+\.cpp\$"
+tidy build/release '-*,clang-analyzer-*,-clang-analyzer-cplusplus.NewDeleteLeaks' \
+  "^$PWD/$layers/[a-z0-9]+\.cpp\$"
 
 # What clazy is not asked about:
 #   connect-by-name                the names of these slots are part of the interface
