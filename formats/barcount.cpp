@@ -17,9 +17,13 @@ BarCount::BarCount(int ticksInQuarter)
 {
 }
 
-void BarCount::add(qint64 tick, int beats, int power)
+void BarCount::add(qint64 tick, QByteArrayView data)
 {
-    if (beats > 0 && beats <= mostBeats && power >= 0 && power <= smallestBeat)
+    if (data.size() < 2)
+        return;
+    const int beats = static_cast<quint8>(data.at(0));
+    const int power = static_cast<quint8>(data.at(1));
+    if (beats > 0 && beats <= mostBeats && power <= smallestBeat)
         m_metres.push_back({tick, beats, power, 1});
 }
 

@@ -1,6 +1,7 @@
 // From the ticks of a MIDI file to bars.
 #pragma once
 
+#include <QByteArrayView>
 #include <QtGlobal>
 
 #include <vector>
@@ -13,10 +14,11 @@ public:
     explicit BarCount(int ticksInQuarter);
 
     /**
-     * From the tick on a bar has so many beats; the beat is a whole note divided by two as often as
-     * the power says. Ticks may come in any order. A metre that no music has is left out.
+     * From the tick on the metre of a meta event's data holds. Their first byte is the number of
+     * beats in a bar; the beat is a whole note divided by two as often as the second byte says.
+     * Ticks may come in any order. Shorter data and a metre that no music has are left out.
      */
-    void add(qint64 tick, int beats, int power);
+    void add(qint64 tick, QByteArrayView data);
 
     /** Numbers the bars; to be called once, behind all add(). */
     void count();

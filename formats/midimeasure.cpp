@@ -26,7 +26,6 @@ constexpr std::size_t notesInChannel = 128;
 constexpr int noteOff = 0x80;
 constexpr int noteOn = 0x90;
 
-constexpr qsizetype tempoSize = 3;
 constexpr qsizetype keySignatureSize = 2;
 
 int unsignedAt(QByteArrayView data, qsizetype place)
@@ -139,14 +138,10 @@ private:
         const QByteArrayView data = walk.data();
         switch (walk.metaType()) {
         case MidiMetaEvent::Tempo:
-            if (data.size() == tempoSize)
-                m_tempos.add(tick,
-                             static_cast<quint32>(unsignedAt(data, 0) << 16 |
-                                                  unsignedAt(data, 1) << 8 | unsignedAt(data, 2)));
+            m_tempos.add(tick, data);
             break;
         case MidiMetaEvent::TimeSignature:
-            if (data.size() >= 2)
-                m_bars.add(tick, unsignedAt(data, 0), unsignedAt(data, 1));
+            m_bars.add(tick, data);
             break;
         case MidiMetaEvent::KeySignature:
             if (data.size() == keySignatureSize)

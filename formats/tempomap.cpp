@@ -48,8 +48,14 @@ TempoMap::TempoMap(quint16 timeDivision)
         m_ticksInSecond = frameRate(-static_cast<qint8>(timeDivision >> 8)) * (timeDivision & 0xFF);
 }
 
-void TempoMap::add(qint64 tick, quint32 microseconds)
+void TempoMap::add(qint64 tick, QByteArrayView data)
 {
+    constexpr qsizetype tempoSize = 3;
+    if (data.size() != tempoSize)
+        return;
+    quint32 microseconds = 0;
+    for (const char byte : data)
+        microseconds = microseconds << 8 | static_cast<quint8>(byte);
     if (microseconds > 0)
         m_changes.push_back({tick, microseconds});
 }

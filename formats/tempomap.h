@@ -1,6 +1,7 @@
 // From the ticks of a MIDI file to seconds.
 #pragma once
 
+#include <QByteArrayView>
 #include <QtGlobal>
 
 #include <cstddef>
@@ -21,11 +22,12 @@ public:
     int ticksInQuarter() const { return m_ticksInQuarter; }
 
     /**
-     * A quarter note lasts so many microseconds from the tick on; of two changes at one tick the
+     * From the tick on a quarter note lasts as many microseconds as the data of a meta event say:
+     * three bytes, big-endian; data of another size are left out. Of two changes at one tick the
      * later call counts. Ticks may come in any order. No song can go on in a tempo of 0: that
      * change is left out.
      */
-    void add(qint64 tick, quint32 microseconds);
+    void add(qint64 tick, QByteArrayView data);
 
     struct Sum {
         double seconds = 0;

@@ -1,5 +1,7 @@
 #include "library/historyschema.h"
 
+#include "library/sqlconnection.h"
+
 #include <QLatin1String>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -48,16 +50,6 @@ bool selectItems(QSqlQuery &items)
         "SELECT name, sql FROM sqlite_schema WHERE name NOT LIKE 'sqlite_%' ORDER BY name"));
 }
 
-/** True when another program kept the file for itself for as long as was waited. */
-bool isKeptByAnother(const QSqlError &error)
-{
-    constexpr int primaryCode = 0xff; // the bits above say more precisely why
-    constexpr int busy = 5;
-    constexpr int locked = 6;
-    const int code = error.nativeErrorCode().toInt() & primaryCode;
-    return code == busy || code == locked;
-}
-
 } // namespace
 
 historyschema::Content historyschema::contentOf(const QSqlDatabase &file)
@@ -76,7 +68,7 @@ historyschema::Content historyschema::contentOf(const QSqlDatabase &file)
     if (version > layoutVersion)
         return Content::Newer;
     if (!selectItems(query))
-        return isKeptByAnother(query.lastError()) ? Content::Unreadable : Content::Foreign;
+        return SqlConnection::isInUse(query.lastError()) ? Content::Unreadable : Content::Foreign;
     if (version == layoutVersion)
         return hasOwnTables(query) ? Content::Own : Content::Foreign;
     return version == 0 && !query.next() ? Content::Nothing : Content::Foreign;

@@ -429,8 +429,7 @@ std::optional<SongSnapshot> HistoryStore::nextState(const HistorySong &song)
     found.size = query.value(1).toLongLong();
     found.digest = query.value(2).toByteArray();
     query.finish();
-    const std::optional<SongSnapshot> whole = snapshot(next);
-    return whole ? *whole : found;
+    return snapshot(next).value_or(found);
 }
 
 bool HistoryStore::execute(const QString &statement)

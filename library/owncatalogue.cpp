@@ -110,12 +110,8 @@ SongsDbRecord entryIn(const QSqlQuery &row)
 /** What the catalogue is after SQLite gave up reading it. */
 OwnCatalogue::State stateAfter(const QSqlError &error)
 {
-    constexpr int primaryCode = 0xff; // the bits above say more precisely why
-    constexpr int busy = 5;
-    constexpr int locked = 6;
-    const int code = error.nativeErrorCode().toInt() & primaryCode;
-    return code == busy || code == locked ? OwnCatalogue::State::InUse
-                                          : OwnCatalogue::State::Damaged;
+    return SqlConnection::isInUse(error) ? OwnCatalogue::State::InUse
+                                         : OwnCatalogue::State::Damaged;
 }
 
 bool isReadable(const QFileInfo &file)

@@ -30,6 +30,15 @@ bool SqlConnection::open(const QString &databaseName, const QString &options)
     return connection.open();
 }
 
+bool SqlConnection::isInUse(const QSqlError &error)
+{
+    constexpr int primaryCode = 0xff; // the bits above say more precisely why
+    constexpr int busy = 5;
+    constexpr int locked = 6;
+    const int code = error.nativeErrorCode().toInt() & primaryCode;
+    return code == busy || code == locked;
+}
+
 QSqlDatabase SqlConnection::database() const
 {
     return QSqlDatabase::database(m_name, false);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QSqlDatabase>
+#include <QSqlError>
 #include <QString>
 #include <QtGlobal>
 
@@ -25,6 +26,9 @@ public:
      * mean that the file is a database.
      */
     bool open(const QString &databaseName, const QString &options = QString());
+
+    /** True when another program kept the file for itself for as long as was waited. */
+    static bool isInUse(const QSqlError &error);
 
     /** The handle for queries and models. */
     QSqlDatabase database() const;

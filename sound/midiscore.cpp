@@ -43,13 +43,9 @@ void forEachMeta(const RawMidiFile &midi, int type, Function function)
 
 TempoMap temposOf(const RawMidiFile &midi)
 {
-    constexpr qsizetype tempoSize = 3;
     TempoMap tempos(miditracks::timeDivisionOf(midi));
-    forEachMeta(midi, MidiMetaEvent::Tempo, [&tempos](qint64 tick, QByteArrayView data) {
-        if (data.size() == tempoSize)
-            tempos.add(tick, static_cast<quint32>(byteOf(data, 0) << 16 | byteOf(data, 1) << 8 |
-                                                  byteOf(data, 2)));
-    });
+    forEachMeta(midi, MidiMetaEvent::Tempo,
+                [&tempos](qint64 tick, QByteArrayView data) { tempos.add(tick, data); });
     return tempos;
 }
 
@@ -121,10 +117,8 @@ QList<SongSection> MidiScore::sections(const RawMidiFile &midi, const QList<Mark
     if (tempos.ticksInQuarter() == 0 || markers.isEmpty())
         return found;
     BarCount bars(tempos.ticksInQuarter());
-    forEachMeta(midi, MidiMetaEvent::TimeSignature, [&bars](qint64 tick, QByteArrayView data) {
-        if (data.size() >= 2)
-            bars.add(tick, byteOf(data, 0), byteOf(data, 1));
-    });
+    forEachMeta(midi, MidiMetaEvent::TimeSignature,
+                [&bars](qint64 tick, QByteArrayView data) { bars.add(tick, data); });
     bars.count();
     QList<Marker> sorted = markers;
     std::stable_sort(sorted.begin(), sorted.end(),

@@ -47,9 +47,7 @@ void PlayerEngine::play(int number, const QString &path, const QString &soundFon
         return;
     }
     m_output->setVolume(volume);
-    const SoundProblem::Kind refused = start();
-    if (refused != SoundProblem::None)
-        end(refused);
+    start();
 }
 
 SoundProblem::Kind PlayerEngine::open(const QString &path, const QString &soundFont)
@@ -77,17 +75,20 @@ SoundProblem::Kind PlayerEngine::open(const QString &path, const QString &soundF
     return problem;
 }
 
-SoundProblem::Kind PlayerEngine::start()
+/** Ends at once when the device refuses. */
+void PlayerEngine::start()
 {
     m_isPaused = false;
     m_mustStartAnew = false;
     m_positionTimer.start();
-    return m_output->start(
+    const SoundProblem::Kind refused = m_output->start(
         [this](qint16 *samples, qsizetype frames) { return pull(samples, frames); },
         [this](SoundProblem::Kind problem) {
             const bool isBroken = m_source && m_source->isBroken();
             end(problem == SoundProblem::None && isBroken ? SoundProblem::Damaged : problem);
         });
+    if (refused != SoundProblem::None)
+        end(refused);
 }
 
 qsizetype PlayerEngine::pull(qint16 *samples, qsizetype frames)
@@ -118,9 +119,7 @@ void PlayerEngine::resume()
         return;
     }
     m_output->stop();
-    const SoundProblem::Kind problem = start();
-    if (problem != SoundProblem::None)
-        end(problem);
+    start();
 }
 
 void PlayerEngine::stop()
@@ -142,9 +141,7 @@ void PlayerEngine::seek(double seconds)
         return;
     // What waits in the device is of the old place.
     m_output->stop();
-    const SoundProblem::Kind problem = start();
-    if (problem != SoundProblem::None)
-        end(problem);
+    start();
 }
 
 void PlayerEngine::setVolume(int percent)

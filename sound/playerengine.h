@@ -39,7 +39,7 @@ public:
 
 private:
     SoundProblem::Kind open(const QString &path, const QString &soundFont);
-    SoundProblem::Kind start();
+    void start();
     qsizetype pull(qint16 *samples, qsizetype frames);
     void tellPosition();
     void end(SoundProblem::Kind problem);

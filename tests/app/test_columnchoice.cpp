@@ -106,21 +106,13 @@ private slots:
     void menuFollowsTheLanguage();
 
 private:
-    void import(WindowUnderTest &window)
-    {
-        window.setSelectedFiles(
-            {m_songs.midi(s("b.mid"), "Bravo"), m_songs.midi(s("a.mid"), "Alpha")});
-        window.importUserLibrary();
-        settle(window);
-    }
-
     const SongFolder m_songs;
 };
 
 void TestColumnChoice::folderIsHiddenUntilItIsChosen()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     QCOMPARE(headings(window), asAtFirst);
     QVERIFY(choose(window, s("Cartella")));
     QCOMPARE(headings(window), asAtFirst + s(" Cartella"));
@@ -132,7 +124,7 @@ void TestColumnChoice::folderIsHiddenUntilItIsChosen()
 void TestColumnChoice::hiddenColumnComesBack()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     QVERIFY(choose(window, s("Genere")));
     QCOMPARE(headings(window), s("Formato Titolo Artista Autore Durata Bpm Tonalita' Nome file"));
     QVERIFY(choose(window, s("Genere")));
@@ -142,7 +134,7 @@ void TestColumnChoice::hiddenColumnComesBack()
 void TestColumnChoice::columnOfTheMarksStays()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     QMenu *const menu = openMenu(window);
     QVERIFY(menu != nullptr);
     QStringList checked;
@@ -158,7 +150,7 @@ void TestColumnChoice::columnOfTheMarksStays()
 void TestColumnChoice::editMenuOffersTheSame()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     auto *const menu = window.child<QMenu>("menuColumns");
     QVERIFY(window.child<QMenu>("menuEdit")->actions().contains(menu->menuAction()));
     emit menu->aboutToShow();
@@ -169,7 +161,7 @@ void TestColumnChoice::editMenuOffersTheSame()
 void TestColumnChoice::headingsAreDraggedAndStillSort()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     dragHeading(window, genreColumn, titleColumn);
     QCOMPARE(headings(window),
              s("Formato Genere Titolo Artista Autore Durata Bpm Tonalita' Nome file"));
@@ -184,7 +176,7 @@ void TestColumnChoice::choiceAndOrderAreRemembered()
     const QString expected = s("Formato Titolo Artista Autore Durata Bpm Cartella Tonalita'");
     {
         WindowUnderTest window;
-        import(window);
+        importTwo(window, m_songs);
         for (const char *text : {"Genere", "Nome file", "Cartella"})
             QVERIFY(choose(window, s(text)));
         dragHeading(window, folderColumn, 8);
@@ -193,7 +185,7 @@ void TestColumnChoice::choiceAndOrderAreRemembered()
     }
     {
         WindowUnderTest window;
-        import(window);
+        importTwo(window, m_songs);
         QCOMPARE(headings(window), expected);
         QVERIFY(window.close());
     }
@@ -205,7 +197,7 @@ void TestColumnChoice::allIsAsAtFirstAgain()
     OwnSettings::set(s("columnwidths/userbpm"), 150);
     OwnSettings::set(s("columnwidths/genre"), 190);
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     QVERIFY(choose(window, s("Genere")));
     QVERIFY(choose(window, s("Cartella")));
     dragHeading(window, titleColumn, typeColumn);
@@ -224,7 +216,7 @@ void TestColumnChoice::orderOfAHiddenColumnCanBeSeenAndLeft()
     const QStringList byTitle{s("a.mid"), s("b.mid")};
     {
         WindowUnderTest window;
-        import(window);
+        importTwo(window, m_songs);
         auto *const sort = window.child<QMenu>("menuSort");
         emit sort->aboutToShow();
         entryOf(sort, s("Titolo"))->trigger();
@@ -233,7 +225,7 @@ void TestColumnChoice::orderOfAHiddenColumnCanBeSeenAndLeft()
         QVERIFY(window.close());
     }
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     QCOMPARE(window.shownNames(), byTitle);
     auto *const sort = window.child<QMenu>("menuSort");
     emit sort->aboutToShow();
@@ -264,7 +256,7 @@ void TestColumnChoice::storedGarbageIsIgnored()
     QFETCH(QVariant, value);
     OwnSettings::set(key, value);
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     QCOMPARE(headings(window), asAtFirst);
     QVERIFY(window.close());
     QVERIFY(!OwnSettings::value(key).isValid());
@@ -274,7 +266,7 @@ void TestColumnChoice::shownColumnsFillTheWindow()
 {
     WindowUnderTest window;
     window.resize(1300, 600);
-    import(window);
+    importTwo(window, m_songs);
     const auto width = [&window] {
         int sum = 0;
         for (int column = 0; column < header(window)->count(); ++column)
@@ -290,7 +282,7 @@ void TestColumnChoice::shownColumnsFillTheWindow()
 void TestColumnChoice::currentCellIsNeverHidden()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     window.table()->setCurrentIndex(window.model()->index(1, titleColumn));
     QVERIFY(choose(window, s("Titolo")));
     const QModelIndex current = window.table()->currentIndex();
@@ -302,7 +294,7 @@ void TestColumnChoice::currentCellIsNeverHidden()
 void TestColumnChoice::menuFollowsTheLanguage()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     window.action("actionGerman")->trigger();
     QCoreApplication::processEvents();
     QMenu *const menu = openMenu(window);

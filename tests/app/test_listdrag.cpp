@@ -24,21 +24,13 @@ private slots:
     void nothingIsDraggedDuringAWorkflow();
 
 private:
-    void import(WindowUnderTest &window)
-    {
-        window.setSelectedFiles(
-            {m_songs.midi(s("b.mid"), "Bravo"), m_songs.midi(s("a.mid"), "Alpha")});
-        window.importUserLibrary();
-        settle(window);
-    }
-
     const SongFolder m_songs;
 };
 
 void TestListDrag::songDraggedOutIsACopy()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     QVERIFY(window.table()->dragEnabled());
     QCOMPARE(window.table()->dragDropMode(), QAbstractItemView::DragOnly);
     QCOMPARE(window.table()->defaultDropAction(), Qt::CopyAction);
@@ -50,7 +42,7 @@ void TestListDrag::songLetGoOverItsOwnListChangesNothing()
     if (QGuiApplication::platformName() == s("offscreen"))
         QSKIP("needs a display"); // on which another CTest test runs this one
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     QWidget *const viewport = window.table()->viewport();
     const QPoint from = window.table()->visualRect(window.model()->index(0, 2)).center();
     bool wasDragged = false;
@@ -80,7 +72,7 @@ void TestListDrag::songLetGoOverItsOwnListChangesNothing()
 void TestListDrag::nothingIsDraggedDuringAWorkflow()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     bool enabled = true;
     ModalAnswers user;
     user.add([&](QWidget *modal) {

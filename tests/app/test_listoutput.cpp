@@ -162,14 +162,6 @@ private slots:
     void nothingIsPrintedWhenTheUserCancels();
 
 private:
-    void import(WindowUnderTest &window)
-    {
-        window.setSelectedFiles(
-            {m_songs.midi(s("b.mid"), "Bravo"), m_songs.midi(s("a.mid"), "Alpha")});
-        window.importUserLibrary();
-        settle(window);
-    }
-
     /** Prints to the file, as a user chooses it in the dialog for printing. */
     void printInto(WindowUnderTest &window, const QString &path, ModalAnswers &user)
     {
@@ -193,7 +185,7 @@ void TestListOutput::nothingToDoWithAnEmptyList()
     WindowUnderTest window;
     for (const char *action : {"actionCopyRow", "actionCopyList", "actionPrint"})
         QVERIFY(!window.action(action)->isEnabled());
-    import(window);
+    importTwo(window, m_songs);
     for (const char *action : {"actionCopyRow", "actionCopyList", "actionPrint"})
         QVERIFY(window.action(action)->isEnabled());
 }
@@ -201,7 +193,7 @@ void TestListOutput::nothingToDoWithAnEmptyList()
 void TestListOutput::chosenRowIsCopied()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     window.table()->selectRow(1);
     becomeActive(window);
     QTest::keyClick(window.table(), Qt::Key_C, Qt::ControlModifier);
@@ -213,7 +205,7 @@ void TestListOutput::chosenRowIsCopied()
 void TestListOutput::withoutAChoiceAllShownRowsAreCopied()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     window.table()->clearSelection();
     becomeActive(window);
     QTest::keyClick(window.table(), Qt::Key_C, Qt::ControlModifier);
@@ -231,7 +223,7 @@ void TestListOutput::copyFollowsTheColumnsOfTheList()
     OwnSettings::set(settings::columnsShown, QStringList{s("type"), s("title"), s("folder")});
     OwnSettings::set(settings::columnOrder, QStringList{s("folder"), s("title")});
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     window.table()->selectRow(0);
     window.action("actionCopyRow")->trigger();
     QCOMPARE(clipboardText(), s("Cartella\tTitolo\tFormato\n") +
@@ -242,7 +234,7 @@ void TestListOutput::copyFollowsTheColumnsOfTheList()
 void TestListOutput::keyInTheSearchFieldCopiesItsText()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     auto *const field = window.child<QLineEdit>("filterLineEdit");
     field->setFocus();
     field->setText(s("rav"));
@@ -344,7 +336,7 @@ void TestListOutput::longTextGoesOnInFurtherLines()
 void TestListOutput::listIsPrintedIntoAPdf()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     ModalAnswers user;
     const QString path = m_work->path() + s("/list.pdf");
     printInto(window, path, user);
@@ -367,7 +359,7 @@ void TestListOutput::listIsPrintedIntoAPdf()
 void TestListOutput::songIsNotOverwrittenByPaper()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     const QString song = window.model()->fileName(0);
     QFile file(song);
     QVERIFY(file.open(QFile::ReadOnly));
@@ -397,7 +389,7 @@ void TestListOutput::songIsNotOverwrittenByPaper()
 void TestListOutput::refusedFolderIsTold()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     QDir().mkdir(m_work->path() + s("/there"));
     UserDriver user;
     user.pressInMessageBoxes(QMessageBox::Ok);
@@ -422,7 +414,7 @@ void TestListOutput::refusedFolderIsTold()
 void TestListOutput::nothingIsPrintedWhenTheUserCancels()
 {
     WindowUnderTest window;
-    import(window);
+    importTwo(window, m_songs);
     ModalAnswers user;
     user.add([](QWidget *modal) {
         auto *const dialog = qobject_cast<QPrintDialog *>(modal);
