@@ -4,21 +4,41 @@
 #include "storage/diagnostics.h"
 #include "storage/songjournal.h"
 
+#include <algorithm>
 #include <memory>
 #include <vector>
+
+#ifdef Q_OS_LINUX
+#include <sys/resource.h>
+#endif
 
 namespace
 {
 
-/** As many old files are held open at the same time; on a Mac a program may have 256 open. */
-constexpr qsizetype mostFiles = 100;
 constexpr qint64 mostBytes = qint64{64} * 1024 * 1024;
+
+/**
+ * Half of what a program may have open: the new files are, and the old ones that they replace. Few
+ * flushes of many files cost less than many of few.
+ */
+qsizetype mostHandles()
+{
+    constexpr qsizetype anywhere = 100; // on a Mac a program may have 256 open
+#ifdef Q_OS_LINUX
+    constexpr rlim_t enough = 2000;
+    rlimit limit = {};
+    if (::getrlimit(RLIMIT_NOFILE, &limit) == 0)
+        return static_cast<qsizetype>(std::min(limit.rlim_cur, enough) / 2);
+#endif
+    return anywhere;
+}
 
 } // namespace
 
 CopyBatch::CopyBatch(const QString &folder)
     : m_folder(folder)
     , m_fileSystem(folder)
+    , m_mostHandles(mostHandles())
 {
 }
 
@@ -33,11 +53,12 @@ void CopyBatch::add(const File &file)
     m_files.append(file);
     m_names.insert(file.target.toCaseFolded());
     m_size += file.part->size();
+    m_handles += file.replaces ? 2 : 1;
 }
 
 bool CopyBatch::isFull() const
 {
-    return m_files.size() >= mostFiles || m_size >= mostBytes;
+    return m_handles >= m_mostHandles || m_size >= mostBytes;
 }
 
 bool CopyBatch::holds(const QString &target) const
@@ -82,6 +103,7 @@ QSet<int> CopyBatch::settle()
     m_files.clear();
     m_names.clear();
     m_size = 0;
+    m_handles = 0;
     return m_failed;
 }
 

@@ -66,6 +66,8 @@ private:
     QList<File> m_files;
     QSet<QString> m_names; ///< targets of the files, case-folded
     qint64 m_size = 0;
+    qsizetype m_handles = 0; ///< that are open, or will be
+    const qsizetype m_mostHandles;
     QSet<int> m_failed;
     QSet<int> m_changed;
 };

@@ -75,15 +75,20 @@ qint64 growth(const QString &source, const QString &target)
 }
 
 /**
- * Lets the medium begin to write a file while the next ones are read, so that the flush of the
- * batch is shorter. Errors do not matter here: that flush reports them.
+ * Lets the medium begin to write a large file while the next ones are read, so that the flush of
+ * the batch is shorter; for small ones it costs more than it saves. Errors do not matter here: that
+ * flush reports them.
  */
-void beginFlush(const QFile &file)
+void beginFlush(const QFile &file, qint64 size)
 {
 #ifdef Q_OS_LINUX
+    constexpr qint64 large = 1000000;
+    if (size < large)
+        return;
     ::sync_file_range(file.handle(), 0, 0, SYNC_FILE_RANGE_WRITE);
 #else
     Q_UNUSED(file)
+    Q_UNUSED(size)
 #endif
 }
 
@@ -291,7 +296,7 @@ bool FileCopier::copyFile(int song, const QString &source, const QString &target
     };
     if (m_batch->holds(target))
         settle();
-    if (QFileInfo(target).isDir() || (!replace && isTaken(target)))
+    if (isTaken(target) && (!replace || QFileInfo(target).isDir()))
         return refuse("the name is taken:");
 
     Copy copy = copyBytes(source, target, *part);
@@ -344,8 +349,9 @@ FileCopier::Copy FileCopier::copyBytes(const QString &source, const QString &tar
         count = readChunk(in, left);
     }
     const bool noRoom = part.error() == QFile::ResourceError;
-    if (left == 0 && hasArrived(part) && part.size() == QFileInfo(source).size()) {
-        beginFlush(part);
+    const qint64 size = part.size();
+    if (left == 0 && hasArrived(part) && size == QFileInfo(source).size()) {
+        beginFlush(part, size);
         return Copy::Done;
     }
     part.close();

@@ -329,6 +329,12 @@ QString hiddenBeside(const QString &path, QLatin1String suffix)
 
 bool isTaken(const QString &path)
 {
+#ifdef Q_OS_UNIX
+    struct stat status {
+    };
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0;
+#else
     const QFileInfo info(path);
     return info.exists() || info.isSymLink();
+#endif
 }
