@@ -58,9 +58,12 @@ bool MetaSong::importFile(const QString &path)
 bool MetaSong::hasKnownFormat(const QString &path)
 {
     QFile file(path);
-    if (!songreading::openSong(file))
-        return false;
-    const Song song = songBeginningWith(file.peek(songlayout::magicSize), path);
+    return songreading::openSong(file) && hasKnownFormat(file);
+}
+
+bool MetaSong::hasKnownFormat(QFile &file)
+{
+    const Song song = songBeginningWith(file.peek(songlayout::magicSize), file.fileName());
     return !std::holds_alternative<NoSong>(song);
 }
 

@@ -46,6 +46,9 @@ public:
      */
     static bool hasKnownFormat(const QString &path);
 
+    /** The same of an open file, which stays where it is. */
+    static bool hasKnownFormat(QFile &file);
+
     /** Fills the record from the loaded song; an item that the song does not hold is empty or 0. */
     void getSongInfo(SongInfo &info) const;
 

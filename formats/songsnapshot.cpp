@@ -55,8 +55,8 @@ bool addAudio(QCryptographicHash &hash, QFile &file, qint64 start)
 std::optional<SongSnapshot> SongSnapshot::of(const QString &path)
 {
     QFile file(path);
-    if (!SongFileWriter::recover(path) || !MetaSong::hasKnownFormat(path) ||
-        !songreading::openRegularFile(file))
+    if (!SongFileWriter::recover(path) || !songreading::openSong(file) ||
+        !MetaSong::hasKnownFormat(file))
         return {};
     SongSnapshot snapshot;
     snapshot.size = file.size();

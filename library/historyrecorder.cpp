@@ -1,11 +1,18 @@
 #include "library/historyrecorder.h"
 
 #include "library/historytexts.h"
+#include "storage/quickcompression.h"
 
 #include <QSet>
 
 #include <algorithm>
 #include <utility>
+
+namespace
+{
+/** Long songs are not read into memory by the dozen. */
+constexpr qsizetype bytesAtOnce = qsizetype{8} << 20;
+} // namespace
 
 HistoryRecorder::HistoryRecorder(HistoryStore &store, HistoryJob::Kind kind, AskWithout askWithout,
                                  qint64 takesBack)
@@ -33,13 +40,24 @@ bool HistoryRecorder::keep(const QStringList &paths)
     if (m_isOff || m_isRefused)
         return m_isOff;
     QList<HistoryStore::Entry> entries;
+    qsizetype bytes = 0;
     QSet<QString> seen;
     for (const QString &path : paths) {
         if (m_kept.contains(path) || seen.contains(path))
             continue;
         seen.insert(path);
-        if (const auto snapshot = SongSnapshot::of(path))
-            entries.append({path, {}, *snapshot});
+        const auto snapshot = SongSnapshot::of(path);
+        if (!snapshot)
+            continue;
+        entries.append(
+            {path, {}, *snapshot, quickcompression::compressedMeanwhile(snapshot->bytes)});
+        bytes += snapshot->bytes.size();
+        if (bytes < bytesAtOnce)
+            continue;
+        if (!keepEntries(entries) || m_isOff)
+            return m_isOff;
+        entries.clear();
+        bytes = 0;
     }
     return keepEntries(entries);
 }

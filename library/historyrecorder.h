@@ -20,7 +20,7 @@ class HistoryRecorder
 {
 public:
     /** So many songs are kept together where the next ones are known. */
-    static constexpr int songsAtOnce = 16;
+    static constexpr int songsAtOnce = 64;
 
     /** Asks, with the reason, whether the songs are to be changed without a history. */
     using AskWithout = std::function<bool(const QString &reason)>;

@@ -6,6 +6,8 @@
 #include "library/historyschema.h"
 #include "library/sqlconnection.h"
 
+#include <QByteArray>
+#include <QFuture>
 #include <QList>
 #include <QSqlQuery>
 #include <QString>
@@ -56,6 +58,7 @@ public:
         QString path;
         QString newPath; ///< of a job that renames
         SongSnapshot snapshot;
+        std::optional<QFuture<QByteArray>> compressed = {}; ///< its bytes, when that has begun
     };
 
     /** How a job has left a song. */

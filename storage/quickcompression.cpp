@@ -1,10 +1,16 @@
 #include "storage/quickcompression.h"
 
+#include <QPromise>
+#include <QThreadPool>
+#include <QtAlgorithms>
 #include <QtEndian>
 #include <QtGlobal>
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstring>
+#include <memory>
 
 namespace
 {
@@ -27,30 +33,70 @@ quint32 hashOf(quint32 four)
     return (four * golden) >> (32 - hashBits);
 }
 
-void appendRest(QByteArray &out, qsizetype length)
+/** How many bytes at the two places are equal; the later place has so many bytes at most. */
+qsizetype equalBytes(const char *earlier, const char *later, qsizetype most)
 {
-    if (length < more)
-        return;
-    qsizetype rest = length - more;
-    for (; rest >= mostInByte; rest -= mostInByte)
-        out.append(static_cast<char>(mostInByte));
-    out.append(static_cast<char>(rest));
+    constexpr qsizetype step = sizeof(quint64);
+    qsizetype count = 0;
+    for (; count + step <= most; count += step) {
+        const quint64 unequal =
+            qFromLittleEndian<quint64>(earlier + count) ^ qFromLittleEndian<quint64>(later + count);
+        if (unequal != 0)
+            return count + static_cast<qsizetype>(qCountTrailingZeroBits(unequal) / 8);
+    }
+    while (count < most && earlier[count] == later[count])
+        ++count;
+    return count;
 }
 
-/** A match of 0 bytes is none: the last piece. */
-void appendPiece(QByteArray &out, const char *literals, qsizetype count, qsizetype distance,
-                 qsizetype match)
+/** The most bytes that so many plain ones can become. */
+qsizetype largestCompressed(qsizetype size)
 {
-    const qsizetype length = match == 0 ? 0 : match - shortestMatch;
-    out.append(static_cast<char>(std::min(count, more) << 4 | std::min(length, more)));
-    appendRest(out, count);
-    out.append(literals, count);
-    if (match == 0)
-        return;
-    out.append(static_cast<char>(distance & 0xFF));
-    out.append(static_cast<char>(distance >> 8));
-    appendRest(out, length);
+    constexpr qsizetype ofLastPiece = 2;
+    return sizeBytes + size + size / mostInByte + ofLastPiece;
 }
+
+/** Writes behind one another into bytes that have room for it. */
+class Writer
+{
+public:
+    explicit Writer(char *bytes)
+        : m_next(bytes)
+    {
+    }
+
+    const char *next() const { return m_next; }
+
+    /** A match of 0 bytes is none: the last piece. */
+    void addPiece(const char *literals, qsizetype count, qsizetype distance, qsizetype match)
+    {
+        const qsizetype length = match == 0 ? 0 : match - shortestMatch;
+        addByte(std::min(count, more) << 4 | std::min(length, more));
+        addRest(count);
+        std::memcpy(m_next, literals, static_cast<std::size_t>(count));
+        m_next += count;
+        if (match == 0)
+            return;
+        addByte(distance & 0xFF);
+        addByte(distance >> 8);
+        addRest(length);
+    }
+
+private:
+    void addByte(qsizetype byte) { *m_next++ = static_cast<char>(byte); }
+
+    void addRest(qsizetype length)
+    {
+        if (length < more)
+            return;
+        qsizetype rest = length - more;
+        for (; rest >= mostInByte; rest -= mostInByte)
+            addByte(mostInByte);
+        addByte(rest);
+    }
+
+    char *m_next;
+};
 
 /** Takes pieces from compressed bytes; every length and distance may be anything. */
 class Reader
@@ -112,9 +158,9 @@ QByteArray quickcompression::compressed(const QByteArray &plain)
 {
     const char *const bytes = plain.constData();
     const qsizetype size = plain.size();
-    QByteArray out(sizeBytes, '\0');
-    out.reserve(sizeBytes + size / 2);
+    QByteArray out(largestCompressed(size), Qt::Uninitialized);
     qToBigEndian(static_cast<quint32>(size), out.data());
+    Writer writer(out.data() + sizeBytes);
     // Where four bytes with this hash were seen last, plus one.
     std::array<quint32, 1U << hashBits> seen{};
     qsizetype literals = 0;
@@ -128,15 +174,25 @@ QByteArray quickcompression::compressed(const QByteArray &plain)
             pos += 1 + ((pos - literals) >> 6);
             continue;
         }
-        qsizetype match = shortestMatch;
-        while (pos + match < size && bytes[before + match] == bytes[pos + match])
-            ++match;
-        appendPiece(out, bytes + literals, pos - literals, pos - before, match);
+        const qsizetype match = equalBytes(bytes + before, bytes + pos, size - pos);
+        writer.addPiece(bytes + literals, pos - literals, pos - before, match);
         pos += match;
         literals = pos;
     }
-    appendPiece(out, bytes + literals, size - literals, 0, 0);
+    writer.addPiece(bytes + literals, size - literals, 0, 0);
+    out.truncate(writer.next() - out.constData());
     return out;
+}
+
+QFuture<QByteArray> quickcompression::compressedMeanwhile(const QByteArray &plain)
+{
+    const auto promise = std::make_shared<QPromise<QByteArray>>();
+    promise->start();
+    QThreadPool::globalInstance()->start([promise, plain] {
+        promise->addResult(compressed(plain));
+        promise->finish();
+    });
+    return promise->future();
 }
 
 std::optional<QByteArray> quickcompression::plain(const QByteArray &compressed, qsizetype largest)

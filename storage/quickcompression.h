@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QFuture>
 
 #include <optional>
 
@@ -20,6 +21,9 @@ namespace quickcompression
 
 /** The bytes, of which there are fewer than 2 GiB, compressed. */
 QByteArray compressed(const QByteArray &plain);
+
+/** The same on another thread, while this one reads the next bytes. */
+QFuture<QByteArray> compressedMeanwhile(const QByteArray &plain);
 
 /** The plain bytes; nothing when they are damaged or would be more than largest. */
 std::optional<QByteArray> plain(const QByteArray &compressed, qsizetype largest);
