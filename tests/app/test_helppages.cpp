@@ -104,6 +104,8 @@ private slots:
     void shortNameOfAnUntitledSongIsMentioned_data() { pages(); }
     void shortNameOfAnUntitledSongIsMentioned();
     void clickInTheContentsScrollsToTheSection();
+    void languagesAreThoseOfTheMenu_data() { languagesOfTheBranding(); }
+    void languagesAreThoseOfTheMenu();
     void everyPictureIsShown_data() { languagesOfTheBranding(); }
     void everyPictureIsShown();
     void everyPictureSpeaksTheLanguageOfThePage_data() { languagesOfTheBranding(); }
@@ -203,6 +205,24 @@ void TestHelpPages::clickInTheContentsScrollsToTheSection()
 
     page->scrollToAnchor(QStringLiteral("backup"));
     QCOMPARE(page->verticalScrollBar()->value(), scrolled);
+}
+
+void TestHelpPages::languagesAreThoseOfTheMenu()
+{
+    QFETCH(QString, language);
+    const QString section =
+        sectionOf(pageSource(QFileInfo(branding().helpPage(language)).fileName()),
+                  QStringLiteral("language"));
+    const struct {
+        QString language;
+        QString name;
+    } all[] = {{languages::italian, QStringLiteral("Italiano")},
+               {languages::english, QStringLiteral("English")},
+               {languages::german, QStringLiteral("Deutsch")}};
+    for (const auto &one : all) {
+        QVERIFY2(section.contains(one.name) == branding().languages.contains(one.language),
+                 qPrintable(one.name));
+    }
 }
 
 void TestHelpPages::everyPictureIsShown()

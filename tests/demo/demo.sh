@@ -21,10 +21,9 @@ demonstrate() (
   "$here/../support/on-display.sh" "$build/tests/$1" "$folder"
 )
 
-# reduce PICTURE TARGET
-reduce() {
-  convert "$1" -strip -resize '640x>' -dither None -colors 128 \
-    -define png:compression-level=9 "PNG8:$2"
+# depict PICTURE TARGET [CHANGES...]
+depict() {
+  convert "$1" -strip "${@:3}" -dither None -colors 128 -define png:compression-level=9 "PNG8:$2"
 }
 
 # Takes from FOLDER the pictures of the help that are in one language, or in one branding too.
@@ -37,7 +36,7 @@ take_help() {
       name=$(basename "$picture" .png)
       grep -q "src=\"$name.png\"" "$root"/resources/help/*.html || continue
       target=$root/resources/help/pictures/$place/$name.png
-      reduce "$picture" "$target"
+      depict "$picture" "$target" -resize '640x>'
       # The program carries the picture of docs/screenshots where it is the same.
       if cmp -s "$target" "$root/docs/screenshots/$name-$place.png"; then rm "$target"; fi
     done
@@ -56,11 +55,15 @@ if [ "$2" = --documentation ]; then
     if [ -d "$folder/help/kavena_it" ]; then
       # Its English windows are those of the other branding, but for the names in them.
       take_help "$folder" it kavena_it kavena_en
+      # Of the others, a software centre shows two.
+      mkdir -p "$root/docs/screenshots/kavena"
+      for picture in "$folder"/documentation/{main,memorysongs}-*.png; do
+        depict "$picture" "$root/docs/screenshots/kavena/$(basename "$picture")"
+      done
       continue
     fi
     for picture in "$folder"/documentation/*.png; do
-      convert "$picture" -strip -dither None -colors 128 -define png:compression-level=9 \
-        "PNG8:$root/docs/screenshots/$(basename "$picture")"
+      depict "$picture" "$root/docs/screenshots/$(basename "$picture")"
     done
     take_help "$folder" de en quorvane_de quorvane_en
   done

@@ -23,7 +23,8 @@ QSize roomFor(const QString &name)
 bool isOfTheBranding(const QString &name)
 {
     static const QSet<QString> names{QStringLiteral("main"), QStringLiteral("memory"),
-                                     QStringLiteral("shortcuts"), QStringLiteral("shorten")};
+                                     QStringLiteral("menulanguage"), QStringLiteral("shortcuts"),
+                                     QStringLiteral("shorten")};
     return names.contains(name);
 }
 
