@@ -5,6 +5,7 @@
 #include "support/ownfolders.h"
 #include "windows/helpdialog.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QDirIterator>
@@ -110,6 +111,8 @@ private slots:
     void everyPictureIsShown();
     void everyPictureSpeaksTheLanguageOfThePage_data() { languagesOfTheBranding(); }
     void everyPictureSpeaksTheLanguageOfThePage();
+    void screenReaderIsToldOfEveryPicture_data() { languagesOfTheBranding(); }
+    void screenReaderIsToldOfEveryPicture();
     void everyPictureIsDescribed_data() { pages(); }
     void everyPictureIsDescribed();
     void everySectionWithStepsHasAPicture_data() { pages(); }
@@ -262,6 +265,25 @@ void TestHelpPages::everyPictureSpeaksTheLanguageOfThePage()
         const bool isOfABranding = place.contains(QLatin1Char('_'));
         if (isOfABranding)
             QVERIFY2(file.startsWith(branding().helpPictures), qPrintable(file));
+    }
+}
+
+/** Qt hands no alternative texts to a screen reader, but the words below the picture. */
+void TestHelpPages::screenReaderIsToldOfEveryPicture()
+{
+    QFETCH(QString, language);
+    OwnSettings::set(settings::language, language);
+    HelpDialog dialog;
+    auto *const page = dialog.findChild<QTextBrowser *>(QStringLiteral("textEdit"));
+    QAccessibleTextInterface *const text =
+        QAccessible::queryAccessibleInterface(page)->textInterface();
+    QVERIFY(text != nullptr);
+    const QString told = text->text(0, text->characterCount());
+    const QList<QTextImageFormat> pictures = picturesOf(*page->document());
+    QVERIFY(!pictures.isEmpty());
+    for (const QTextImageFormat &picture : pictures) {
+        const QString words = picture.property(QTextFormat::ImageAltText).toString();
+        QVERIFY2(!words.isEmpty() && told.contains(words), qPrintable(picture.name()));
     }
 }
 
