@@ -33,8 +33,7 @@ HelpDialog::~HelpDialog() = default;
 void HelpDialog::loadHelp()
 {
     const QSettings store(settings::organisation, settings::application);
-    const QString language =
-        store.value(settings::language, branding().firstLanguage()).toString();
+    const QString language = store.value(settings::language, branding().firstLanguage()).toString();
     QFile page(branding().helpPage(language));
     if (!page.open(QIODevice::ReadOnly))
         return;
