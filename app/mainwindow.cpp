@@ -125,6 +125,7 @@ void MainWindow::changeEvent(QEvent *event)
         return;
     ui->retranslateUi(this);
     setWindowTitle(tr("Kavena PC"));
+    ui->statusBar->clearMessage(); // it was said in the other language
     if (m_songs != nullptr)
         m_songs->retranslate();
     if (m_missingLibrary != nullptr)

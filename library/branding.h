@@ -20,8 +20,9 @@ struct Branding {
     QStringList languages; ///< that the menu offers; the first one is that of a first start
     QString translations;  ///< what comes before the language
     QStringList helpLanguages;
-    QString helpPages;  ///< what comes before the language
-    bool asksCopyright; ///< before a synchronisation, unless the user has chosen
+    QString helpPages;    ///< what comes before the language
+    QString helpPictures; ///< of this branding only; what comes before the language
+    bool asksCopyright;   ///< before a synchronisation, unless the user has chosen
 
     QString firstLanguage() const { return languages.constFirst(); }
 
@@ -40,6 +41,17 @@ struct Branding {
     {
         return helpPages + (helpLanguages.contains(language) ? language : languages::english) +
                QStringLiteral(".html");
+    }
+
+    /**
+     * Where the pictures of that help page are, in the order to look. A picture that shows neither
+     * name nor logo is the same in each branding. What the program does not show in the language it
+     * shows in English.
+     */
+    QStringList helpPicturePaths(const QString &language) const
+    {
+        return {helpPictures + language, QStringLiteral(":/help/") + language,
+                helpPictures + languages::english};
     }
 };
 

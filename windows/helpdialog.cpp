@@ -33,10 +33,12 @@ HelpDialog::~HelpDialog() = default;
 void HelpDialog::loadHelp()
 {
     const QSettings store(settings::organisation, settings::application);
-    QFile page(branding().helpPage(
-        store.value(settings::language, branding().firstLanguage()).toString()));
-    if (page.open(QIODevice::ReadOnly))
-        ui->textEdit->setHtml(QString::fromUtf8(page.readAll()));
+    const QString language = store.value(settings::language, branding().firstLanguage()).toString();
+    QFile page(branding().helpPage(language));
+    if (!page.open(QIODevice::ReadOnly))
+        return;
+    ui->textEdit->setSearchPaths(branding().helpPicturePaths(language));
+    ui->textEdit->setHtml(QString::fromUtf8(page.readAll()));
 }
 
 void HelpDialog::showSection(const QString &section)

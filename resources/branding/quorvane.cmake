@@ -11,3 +11,4 @@ set(BRANDING_PRODUCT_LOGO logo-RB27-Utility.png)
 set(BRANDING_MAKER_LOGO logo-quorvane.png)
 set(BRANDING_ABOUT_LOGO logo-quorvane_512.png)
 set(BRANDING_ASKS_COPYRIGHT false) # until the user says otherwise
+set(BRANDING_SCREENSHOTS "") # the folder of its pictures below docs/screenshots

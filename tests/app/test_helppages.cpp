@@ -1,14 +1,23 @@
-// The help pages: what their links lead to, and that they suit every palette and their branding.
+// The help pages: what their links lead to, their pictures, and that they suit every palette and
+// their branding.
+#include "library/branding.h"
+#include "library/settings.h"
 #include "support/ownfolders.h"
 #include "windows/helpdialog.h"
 
+#include <QAccessible>
 #include <QApplication>
+#include <QDir>
+#include <QDirIterator>
 #include <QFile>
+#include <QHash>
+#include <QImage>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QSet>
 #include <QTest>
-#include <QTextEdit>
+#include <QTextBlock>
+#include <QTextBrowser>
 
 namespace
 {
@@ -28,6 +37,39 @@ QStringList found(const QString &text, const QString &pattern)
     while (matches.hasNext())
         all.append(matches.next().captured(1));
     return all;
+}
+
+/** The part of the page from the section's heading to the next one. */
+QString sectionOf(const QString &source, const QString &name)
+{
+    const qsizetype begin = source.indexOf(QStringLiteral("<h2><a name=\"%1\">").arg(name));
+    return source.mid(begin, source.indexOf(QStringLiteral("<h2>"), begin + 1) - begin);
+}
+
+/** The pictures that the page shows, in its order. */
+QList<QTextImageFormat> picturesOf(const QTextDocument &page)
+{
+    QList<QTextImageFormat> pictures;
+    for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextCharFormat format = part.fragment().charFormat();
+            if (format.isImageFormat())
+                pictures.append(format.toImageFormat());
+        }
+    }
+    return pictures;
+}
+
+/** The file that the page shows under this name; empty when there is none. */
+QString pictureFile(const QString &name, const QString &language)
+{
+    const QStringList places = branding().helpPicturePaths(language);
+    for (const QString &place : places) {
+        QString file = place + QLatin1Char('/') + name;
+        if (QFile::exists(file))
+            return file;
+    }
+    return {};
 }
 
 /** A point on the link in the part of the page that is shown now; (-1, -1) when it is not there. */
@@ -63,9 +105,26 @@ private slots:
     void shortNameOfAnUntitledSongIsMentioned_data() { pages(); }
     void shortNameOfAnUntitledSongIsMentioned();
     void clickInTheContentsScrollsToTheSection();
+    void languagesAreThoseOfTheMenu_data() { languagesOfTheBranding(); }
+    void languagesAreThoseOfTheMenu();
+    void everyPictureIsShown_data() { languagesOfTheBranding(); }
+    void everyPictureIsShown();
+    void everyPictureSpeaksTheLanguageOfThePage_data() { languagesOfTheBranding(); }
+    void everyPictureSpeaksTheLanguageOfThePage();
+    void screenReaderIsToldOfEveryPicture_data() { languagesOfTheBranding(); }
+    void screenReaderIsToldOfEveryPicture();
+    void everyPictureIsDescribed_data() { pages(); }
+    void everyPictureIsDescribed();
+    void everySectionWithStepsHasAPicture_data() { pages(); }
+    void everySectionWithStepsHasAPicture();
+    void eachOfTheFirstStepsHasAPicture_data() { pages(); }
+    void eachOfTheFirstStepsHasAPicture();
+    void noPictureIsKeptTwice();
+    void picturesAreSmall();
 
 private:
     static void pages();
+    static void languagesOfTheBranding();
 };
 
 void TestHelpPages::pages()
@@ -75,6 +134,13 @@ void TestHelpPages::pages()
         QTest::newRow(name) << "Kavena";
     for (const char *name : {"help_de.html", "help_en.html", "help_it.html"})
         QTest::newRow(name) << "RB27";
+}
+
+void TestHelpPages::languagesOfTheBranding()
+{
+    QTest::addColumn<QString>("language");
+    for (const QString &language : branding().helpLanguages)
+        QTest::newRow(qPrintable(language)) << language;
 }
 
 void TestHelpPages::everyLinkHasItsSection()
@@ -142,6 +208,151 @@ void TestHelpPages::clickInTheContentsScrollsToTheSection()
 
     page->scrollToAnchor(QStringLiteral("backup"));
     QCOMPARE(page->verticalScrollBar()->value(), scrolled);
+}
+
+void TestHelpPages::languagesAreThoseOfTheMenu()
+{
+    QFETCH(QString, language);
+    const QString section =
+        sectionOf(pageSource(QFileInfo(branding().helpPage(language)).fileName()),
+                  QStringLiteral("language"));
+    const struct {
+        QString language;
+        QString name;
+    } all[] = {{languages::italian, QStringLiteral("Italiano")},
+               {languages::english, QStringLiteral("English")},
+               {languages::german, QStringLiteral("Deutsch")}};
+    for (const auto &one : all) {
+        QVERIFY2(section.contains(one.name) == branding().languages.contains(one.language),
+                 qPrintable(one.name));
+    }
+}
+
+void TestHelpPages::everyPictureIsShown()
+{
+    QFETCH(QString, language);
+    OwnSettings::set(settings::language, language);
+    HelpDialog dialog;
+    auto *const page = dialog.findChild<QTextBrowser *>(QStringLiteral("textEdit"));
+    const QString source = pageSource(QFileInfo(branding().helpPage(language)).fileName());
+    const QList<QTextImageFormat> pictures = picturesOf(*page->document());
+    QVERIFY(!pictures.isEmpty());
+    QCOMPARE(pictures.size(), source.count(QStringLiteral("<img")));
+    for (const QTextImageFormat &picture : pictures) {
+        const QVariant shown =
+            page->document()->resource(QTextDocument::ImageResource, QUrl(picture.name()));
+        const QImage image = shown.userType() == QMetaType::QByteArray
+                                 ? QImage::fromData(shown.toByteArray())
+                                 : shown.value<QImage>();
+        QVERIFY2(!image.isNull(), qPrintable(picture.name()));
+    }
+}
+
+/** Where the program does not speak the language of the page, it is seen in English. */
+void TestHelpPages::everyPictureSpeaksTheLanguageOfThePage()
+{
+    QFETCH(QString, language);
+    const QString source = pageSource(QFileInfo(branding().helpPage(language)).fileName());
+    const QStringList names = found(source, QStringLiteral("<img src=\"([^\"]*)\""));
+    QVERIFY(!names.isEmpty());
+    for (const QString &name : names) {
+        const QString file = pictureFile(name, language);
+        QVERIFY2(!file.isEmpty(), qPrintable(name));
+        const QString place = QFileInfo(file).dir().dirName();
+        if (branding().languages.contains(language))
+            QVERIFY2(place == language || place.endsWith(QLatin1Char('_') + language),
+                     qPrintable(file));
+        const bool isOfABranding = place.contains(QLatin1Char('_'));
+        if (isOfABranding)
+            QVERIFY2(file.startsWith(branding().helpPictures), qPrintable(file));
+    }
+}
+
+/** Qt hands no alternative texts to a screen reader, but the words below the picture. */
+void TestHelpPages::screenReaderIsToldOfEveryPicture()
+{
+    QFETCH(QString, language);
+    OwnSettings::set(settings::language, language);
+    HelpDialog dialog;
+    auto *const page = dialog.findChild<QTextBrowser *>(QStringLiteral("textEdit"));
+    QAccessibleTextInterface *const text =
+        QAccessible::queryAccessibleInterface(page)->textInterface();
+    QVERIFY(text != nullptr);
+    const QString told = text->text(0, text->characterCount());
+    const QList<QTextImageFormat> pictures = picturesOf(*page->document());
+    QVERIFY(!pictures.isEmpty());
+    for (const QTextImageFormat &picture : pictures) {
+        const QString words = picture.property(QTextFormat::ImageAltText).toString();
+        QVERIFY2(!words.isEmpty() && told.contains(words), qPrintable(picture.name()));
+    }
+}
+
+/** In words for those who do not see it; the same ones stand below it. */
+void TestHelpPages::everyPictureIsDescribed()
+{
+    const QString source = pageSource(QString::fromLatin1(QTest::currentDataTag()));
+    const QString described =
+        QStringLiteral("<img src=\"[a-z]+\\.png\" alt=\"([^\"]+)\"><br><small>\\1</small>");
+    QVERIFY(source.contains(QStringLiteral("<img")));
+    QCOMPARE(found(source, described).size(), source.count(QStringLiteral("<img")));
+}
+
+void TestHelpPages::everySectionWithStepsHasAPicture()
+{
+    // These tell rules, and what to do about troubles of every kind.
+    const QStringList withoutSteps{QStringLiteral("characters"), QStringLiteral("limits"),
+                                   QStringLiteral("trouble")};
+    const QString source = pageSource(QString::fromLatin1(QTest::currentDataTag()));
+    const QStringList sections = found(source, QStringLiteral("<h2><a name=\"([^\"]*)\""));
+    QVERIFY(sections.size() > withoutSteps.size());
+    for (const QString &section : sections) {
+        if (!withoutSteps.contains(section))
+            QVERIFY2(sectionOf(source, section).contains(QStringLiteral("<img")),
+                     qPrintable(section));
+    }
+}
+
+void TestHelpPages::eachOfTheFirstStepsHasAPicture()
+{
+    const QString source = pageSource(QString::fromLatin1(QTest::currentDataTag()));
+    const QString start = sectionOf(source, QStringLiteral("start"));
+    const QStringList steps = found(start, QStringLiteral("(<li>(?s:.*?)</li>)"));
+    QCOMPARE(steps.size(), 5);
+    for (const QString &step : steps)
+        QVERIFY2(step.contains(QStringLiteral("<img")), qPrintable(step));
+}
+
+void TestHelpPages::noPictureIsKeptTwice()
+{
+    QHash<QByteArray, QString> files;
+    QDirIterator all(QStringLiteral(":/help"), {QStringLiteral("*.png")}, QDir::Files,
+                     QDirIterator::Subdirectories);
+    while (all.hasNext()) {
+        QFile file(all.next());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray bytes = file.readAll();
+        QVERIFY2(!files.contains(bytes),
+                 qPrintable(file.fileName() + QStringLiteral(" is ") + files.value(bytes)));
+        files.insert(bytes, file.fileName());
+    }
+    QVERIFY(!files.isEmpty());
+}
+
+void TestHelpPages::picturesAreSmall()
+{
+    constexpr int widest = 640; // beside the scroll bar of the help's window
+    constexpr qint64 mostBytes = 1500000;
+    qint64 bytes = 0;
+    QDirIterator all(QStringLiteral(":/help"), {QStringLiteral("*.png")}, QDir::Files,
+                     QDirIterator::Subdirectories);
+    while (all.hasNext()) {
+        const QString file = all.next();
+        const int width = QImage(file).width();
+        QVERIFY2(width > 0 && width <= widest, qPrintable(file));
+        bytes += QFileInfo(file).size();
+    }
+    QVERIFY(bytes > 0);
+    QVERIFY2(bytes < mostBytes, qPrintable(QString::number(bytes)));
 }
 
 int main(int argc, char *argv[])

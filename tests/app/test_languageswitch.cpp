@@ -16,6 +16,8 @@
 #include <QLabel>
 #include <QMenu>
 #include <QSpinBox>
+#include <QStatusBar>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
 #include <QToolTip>
@@ -111,6 +113,7 @@ private slots:
     void aboutQtFollows();
     void keysInToolTipsFollow();
     void numbersFollow();
+    void messageOfTheOtherLanguageGoes();
     void fieldsOfAnOpenWindowFollow();
     void countryOfTheSystemIsKept();
     void nothingPilesUp();
@@ -195,6 +198,21 @@ void TestLanguageSwitch::numbersFollow()
     QCOMPARE(sizeText(70600000000), s("70,6 GB"));
     QCOMPARE(QLocale().toString(QDate(2026, 3, 1), QLocale::LongFormat),
              s("Sonntag, 1. März 2026"));
+}
+
+void TestLanguageSwitch::messageOfTheOtherLanguageGoes()
+{
+    Startup().setUpTranslation();
+    const WindowUnderTest window;
+    const auto *const bar = window.child<QStatusBar>("statusBar");
+    const QTemporaryDir empty;
+    UserDriver user;
+    user.pick({empty.path()});
+    window.action("actionAddFolder")->trigger();
+    QTRY_COMPARE(bar->currentMessage(), s("Keine Songs gefunden"));
+    window.action("actionEnglish")->trigger();
+    QCoreApplication::processEvents();
+    QCOMPARE(bar->currentMessage(), QString());
 }
 
 void TestLanguageSwitch::fieldsOfAnOpenWindowFollow()

@@ -45,7 +45,7 @@ grep -q "<release version=\"$version\" date=\"20[0-9-]*\">" "$share"/metainfo/*.
   fail "the metainfo does not name this release"
 grep -q "<li>" <(sed -n '/<releases>/,$p' "$share"/metainfo/*.xml) ||
   fail "the metainfo does not tell what is new"
-for picture in $(grep -o 'screenshots/[a-z]*-[a-z]*\.png' "$share"/metainfo/*.xml); do
+for picture in $(grep -o 'screenshots/[a-z/]*-[a-z]*\.png' "$share"/metainfo/*.xml); do
   [ -s "$here/../../docs/$picture" ] || fail "$picture is no picture of ours"
 done
 for page in "$share"/man/man1/kavena-pc.1.gz "$share"/man/de/man1/kavena-pc.1.gz; do
