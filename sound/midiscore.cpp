@@ -131,6 +131,8 @@ QList<SongSection> MidiScore::sections(const RawMidiFile &midi, const QList<Mark
                      [](const Marker &a, const Marker &b) { return a.bar < b.bar; });
     TempoMap::Clock clock(tempos);
     for (const Marker &marker : std::as_const(sorted)) {
+        if (found.size() >= mostSections)
+            break;
         const double start = clock.secondsAt(bars.tickOf(marker.bar));
         if (start < m_length)
             found.append({start, marker.text});

@@ -24,6 +24,9 @@ public:
     /** More events than this are refused, so that the memory that they take is bounded. */
     static constexpr std::size_t mostEvents = 4'000'000;
 
+    /** More places than this help nobody to find his way; those behind them are left out. */
+    static constexpr qsizetype mostSections = 1000;
+
     struct Event {
         qint64 time = 0; ///< ticks while the score is read, frames of sound afterwards
         quint8 status = 0;

@@ -101,6 +101,7 @@ private slots:
     void sectionsBeginAtTheirBars();
     void sectionsCountChangesOfMetre();
     void sectionsBehindTheEndAreLeftOut();
+    void moreSectionsThanAMenuCanShowAreLeftOut();
     void noteThatNeverEndsStopsSoonBehindTheEnd();
     void thousandsOfNotesAtOnceAreCutShort();
     void seekingKeepsTheInstruments();
@@ -214,6 +215,17 @@ void TestMidiScore::sectionsBehindTheEndAreLeftOut()
 {
     const QByteArray bytes = file(96, {track(note)});
     QVERIFY(scoreOf(bytes).sections(loaded(bytes), {{65535, QStringLiteral("A")}}).isEmpty());
+}
+
+void TestMidiScore::moreSectionsThanAMenuCanShowAreLeftOut()
+{
+    const QByteArray bytes = file(96, {track(note + hex("98 00 90 3C 64"))});
+    QList<Marker> markers{{3, QStringLiteral("Last")}};
+    for (int i = 0; i < 200'000; ++i)
+        markers.append({2, QString::number(i)});
+    const QList<SongSection> sections = scoreOf(bytes).sections(loaded(bytes), markers);
+    QCOMPARE(sections.size(), 1000);
+    QCOMPARE(sections.at(999).name, QStringLiteral("999"));
 }
 
 void TestMidiScore::noteThatNeverEndsStopsSoonBehindTheEnd()
