@@ -15,7 +15,7 @@ class RawMidiFile;
 /** A place in a song that the user can go to. */
 struct SongSection {
     double start = 0; ///< seconds
-    QString name;
+    QString name;     ///< one line
 };
 
 class MidiScore

@@ -102,6 +102,7 @@ private slots:
     void sectionsCountChangesOfMetre();
     void sectionsBehindTheEndAreLeftOut();
     void moreSectionsThanAMenuCanShowAreLeftOut();
+    void namesOfSectionsAreALineThatAMenuCanShow();
     void noteThatNeverEndsStopsSoonBehindTheEnd();
     void thousandsOfNotesAtOnceAreCutShort();
     void seekingKeepsTheInstruments();
@@ -226,6 +227,17 @@ void TestMidiScore::moreSectionsThanAMenuCanShowAreLeftOut()
     const QList<SongSection> sections = scoreOf(bytes).sections(loaded(bytes), markers);
     QCOMPARE(sections.size(), 1000);
     QCOMPARE(sections.at(999).name, QStringLiteral("999"));
+}
+
+void TestMidiScore::namesOfSectionsAreALineThatAMenuCanShow()
+{
+    const QByteArray bytes = file(96, {track(note + hex("98 00 90 3C 64"))});
+    const QList<SongSection> sections =
+        scoreOf(bytes).sections(loaded(bytes), {{1, QStringLiteral(" Verse\tone\nCtrl+Q ")},
+                                                {2, QString(5'000'000, u'x')}});
+    QCOMPARE(sections.size(), 2);
+    QCOMPARE(sections.at(0).name, QStringLiteral("Verse one Ctrl+Q"));
+    QCOMPARE(sections.at(1).name, QString(125, u'x'));
 }
 
 void TestMidiScore::noteThatNeverEndsStopsSoonBehindTheEnd()
