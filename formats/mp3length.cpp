@@ -131,18 +131,25 @@ double secondsOf(qint64 frames, const Mp3Frame &frame)
     return static_cast<double>(frames) * frame.samples / frame.sampleRate;
 }
 
-/**
- * True when the stream is as long as its header says, and its number of frames is possible:
- * between the bit rates of Layer III, in thousands of bits in a second.
- */
+/** The bit rates that a stream of Layer III can have, in thousands of bits in a second. */
+struct BitRates {
+    int lowest;
+    int highest;
+};
+
+BitRates bitRatesOf(const Mp3Frame &frame)
+{
+    return frame.version == 1 ? BitRates{32, 320} : BitRates{8, 160};
+}
+
+/** True when the stream is as long as its header says, and its number of frames is possible. */
 bool isTrue(const StreamHeader &header, const Mp3Frame &frame, qint64 streamSize,
-            int highestBitRate)
+            const BitRates &possible)
 {
     if (!header.frames || *header.frames == 0 || !header.bytes)
         return false;
     constexpr qint64 smallestFrame = 24;
     constexpr qint64 smallTail = 4096; // a tag behind the audio that is none of the usual ones
-    constexpr int lowestBitRate = 8;
     constexpr double rounding = 1;
     const qint64 behind = streamSize - qint64{*header.bytes};
     if (behind < 0 || behind > smallTail || *header.frames * smallestFrame > streamSize)
@@ -150,7 +157,7 @@ bool isTrue(const StreamHeader &header, const Mp3Frame &frame, qint64 streamSize
     // The frame with the header has no sound.
     const double bits = static_cast<double>(*header.bytes - frame.size) * 8;
     const double bitRate = bits / 1000 / secondsOf(*header.frames, frame);
-    return bitRate >= lowestBitRate && bitRate <= highestBitRate + rounding;
+    return bitRate >= possible.lowest - rounding && bitRate <= possible.highest + rounding;
 }
 
 constexpr qsizetype bitRatePos = 2; // in a frame's header; the padding bit is in the same byte
@@ -214,7 +221,7 @@ qint64 freeFormatFrames(AudioBytes &bytes, qint64 start, QByteArrayView header)
 std::optional<double> lengthOfFreeFormat(AudioBytes &bytes, qint64 start)
 {
     constexpr int anyBitRate = 0x10;
-    constexpr int highestBitRate = 640;
+    constexpr BitRates possible{8, 640};
     constexpr qsizetype numbersEnd = 64; // the frame is longer, but nothing else of it is read
     const QByteArray header = bytes.at(start, Mp3Frame::headerSize).toByteArray();
     if (header.size() < Mp3Frame::headerSize || (header.at(bitRatePos) & 0xF0) != 0)
@@ -226,7 +233,7 @@ std::optional<double> lengthOfFreeFormat(AudioBytes &bytes, qint64 start)
         return std::nullopt;
     frame->size = numbersEnd;
     const auto said = streamHeaderOf(bytes, FoundFrame{start, *frame});
-    if (said && isTrue(*said, *frame, bytes.end() - start, highestBitRate))
+    if (said && isTrue(*said, *frame, bytes.end() - start, possible))
         return secondsOf(*said->frames, *frame);
     const qint64 frames = freeFormatFrames(bytes, start, header);
     if (frames == 0)
@@ -259,7 +266,6 @@ double walk(AudioBytes &bytes, const FoundFrame &first)
 double mp3length::of(QFile &file, qint64 audioStart)
 {
     const TrailingTags tags = TrailingTags::read(file);
-    constexpr int highestBitRate = 320;
     AudioBytes bytes(file, file.size() - tags.ape.size() - tags.id3v1.size());
     if (const auto seconds = lengthOfFreeFormat(bytes, audioStart))
         return *seconds;
@@ -267,7 +273,7 @@ double mp3length::of(QFile &file, qint64 audioStart)
     if (!first)
         return 0;
     if (const auto header = streamHeaderOf(bytes, *first)) {
-        if (isTrue(*header, first->frame, bytes.end() - first->pos, highestBitRate))
+        if (isTrue(*header, first->frame, bytes.end() - first->pos, bitRatesOf(first->frame)))
             return secondsOf(*header->frames, first->frame);
         // The frame with the header has no sound.
         first = findFrame(bytes, first->pos + first->frame.size);

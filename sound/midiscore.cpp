@@ -123,11 +123,16 @@ QList<SongSection> MidiScore::sections(const RawMidiFile &midi, const QList<Mark
     QList<Marker> sorted = markers;
     std::stable_sort(sorted.begin(), sorted.end(),
                      [](const Marker &a, const Marker &b) { return a.bar < b.bar; });
+    // The player's own markers have no more; other texts in the music may be of any size.
+    constexpr qsizetype longestName = 125;
+    constexpr qsizetype longestText = 1000;
     TempoMap::Clock clock(tempos);
     for (const Marker &marker : std::as_const(sorted)) {
+        if (found.size() >= mostSections)
+            break;
         const double start = clock.secondsAt(bars.tickOf(marker.bar));
         if (start < m_length)
-            found.append({start, marker.text});
+            found.append({start, marker.text.left(longestText).simplified().left(longestName)});
     }
     return found;
 }

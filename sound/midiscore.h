@@ -15,7 +15,7 @@ class RawMidiFile;
 /** A place in a song that the user can go to. */
 struct SongSection {
     double start = 0; ///< seconds
-    QString name;
+    QString name;     ///< one line
 };
 
 class MidiScore
@@ -23,6 +23,9 @@ class MidiScore
 public:
     /** More events than this are refused, so that the memory that they take is bounded. */
     static constexpr std::size_t mostEvents = 4'000'000;
+
+    /** More places than this help nobody to find his way; those behind them are left out. */
+    static constexpr qsizetype mostSections = 1000;
 
     struct Event {
         qint64 time = 0; ///< ticks while the score is read, frames of sound afterwards

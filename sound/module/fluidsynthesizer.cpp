@@ -3,6 +3,7 @@
 #include "sound/pcm.h"
 
 #include <QFile>
+#include <QtEndian>
 
 #include <algorithm>
 
@@ -10,6 +11,23 @@ namespace
 {
 
 constexpr double gain = 0.5; // FluidSynth's own 0.2 is far below the loudness of usual MP3 files
+
+/**
+ * True when the file is as long as its head says. FluidSynth finds other damage; but where it is
+ * given what is no font at all, a library of its own writes into the terminal.
+ */
+bool isWholeFont(const QString &path)
+{
+    constexpr qint64 headSize = 8; // "RIFF" and the size of what follows, little-endian
+    constexpr qint64 kindSize = 4;
+    QFile file(path);
+    if (!file.open(QFile::ReadOnly))
+        return false;
+    const QByteArray head = file.read(headSize + kindSize);
+    return head.size() == headSize + kindSize && head.startsWith("RIFF") &&
+           (head.endsWith("sfbk") || head.endsWith("DLS ")) &&
+           qFromLittleEndian<quint32>(head.constData() + kindSize) <= file.size() - headSize;
+}
 
 } // namespace
 
@@ -30,8 +48,9 @@ FluidSynthesizer::FluidSynthesizer()
 
 bool FluidSynthesizer::load(const QString &soundFont)
 {
-    return m_synth && fluid_synth_sfload(m_synth.get(), QFile::encodeName(soundFont).constData(),
-                                         1) != FLUID_FAILED;
+    return m_synth && isWholeFont(soundFont) &&
+           fluid_synth_sfload(m_synth.get(), QFile::encodeName(soundFont).constData(), 1) !=
+               FLUID_FAILED;
 }
 
 void FluidSynthesizer::send(quint8 status, quint8 first, quint8 second)

@@ -6,6 +6,7 @@ plays; MP3 by sox and ffprobe.
 """
 import os
 import pathlib
+import shutil
 
 import songs
 from songs import CliTest, meta
@@ -15,6 +16,8 @@ from test_realsongs import expand, sound, tool
 FOLDERS = os.environ.get("KAVENA_REAL_MIDI", "/usr/share/games/openttd/baseset/openmsx")
 REAL_MIDI = sorted(path for folder in FOLDERS.split(":")
                    for path in pathlib.Path(folder).glob("*.mid"))
+# Tunes of many kinds; a converter of them is another maker of MIDI files.
+TUNES = sorted(pathlib.Path("/usr/share/doc/abcmidi/examples").glob("*.abc"))
 FIFTHS = ["Cb", "Gb", "Db", "Ab", "Eb", "Bb", "F", "C", "G", "D", "A", "E", "B", "F#", "C#", "G#",
           "D#", "A#"]
 
@@ -92,6 +95,15 @@ class Measure(CliTest):
 
 
 class Midi(Measure):
+    def real_songs(self):
+        self.assertGreaterEqual(len(REAL_MIDI), 30)
+        folder = self.folder / "tunes"
+        folder.mkdir()
+        for tune in TUNES:
+            # It writes beside the tune; several tunes of a file become several songs.
+            tool("abc2midi", shutil.copy(tune, folder))
+        return REAL_MIDI + sorted(folder.glob("*.mid"))
+
     def test_what_is_found_in_the_music(self):
         path = self.write("tune.mid", TUNE)
         line, = self.measured(path)
@@ -108,9 +120,9 @@ class Midi(Measure):
             ["Sections:", "1 Intro, 3 Chorus"], []])
 
     def test_real_songs_as_reckoned(self):
-        self.assertGreaterEqual(len(REAL_MIDI), 30)
         guesses = 0
-        for path, line in zip(REAL_MIDI, self.measured(*REAL_MIDI), strict=True):
+        real = self.real_songs()
+        for path, line in zip(real, self.measured(*real), strict=True):
             with self.subTest(path.name):
                 judge = Reckoning(path)
                 self.assertAlmostEqual(line["length"], judge.length, delta=0.001)
@@ -124,7 +136,8 @@ class Midi(Measure):
         four_seconds = midi([(0, event(1, b"")), (96 * 8, event(1, b""))])
         silence = self.played(self.write("four.mid", four_seconds)) - 4  # that fluidsynth adds
         self.assertLess(abs(silence), 3)
-        for path, line in zip(REAL_MIDI, self.measured(*REAL_MIDI), strict=True):
+        real = self.real_songs()
+        for path, line in zip(real, self.measured(*real), strict=True):
             with self.subTest(path.name):
                 self.assertAlmostEqual(line["length"], self.played(path) - silence, delta=0.1)
 

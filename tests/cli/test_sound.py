@@ -239,8 +239,14 @@ class Trouble(Sound):
 
     def test_broken_and_missing_sound_font(self):
         song = self.write("song.mid", midi([(0, tempo(60))], notes([60])))
-        font = self.write("my.sf2", b"RIFF" + bytes(100))
-        self.assertIn("sound font", self.render(song, "--sound-font", font, status=3).err)
+        whole = pathlib.Path("/usr/share/sounds/sf2/TimGM6mb.sf2").read_bytes()
+        for name, data in (("my", b"RIFF" + bytes(100)), ("empty", b""), ("text", b"no font" * 99),
+                           ("half", whole[:len(whole) // 2]), ("head", whole[:200])):
+            with self.subTest(name):
+                font = self.write(f"{name}.sf2", data)
+                # The only word is ours: the libraries behind it have their own.
+                self.assertEqual(self.render(song, "--sound-font", font, status=3).err,
+                                 f"kavena: {song}: The sound font cannot be read\n")
         self.assertIn("sound font", self.render(song, "--sound-font", "gone.sf2", status=3).err)
         result = self.render(song, status=3, XDG_DATA_DIRS=str(self.folder))
         self.assertIn("no sound font", result.err)

@@ -203,6 +203,8 @@ void TestMp3Length::aFileThatIsNotAsItsHeaderSaysIsCounted_data()
         << xingFrame("Xing", 3, bigEndian(0x7FFFFFFF, 4) + sizeField) + music;
     QTest::newRow("bit rate too low")
         << xingFrame("Xing", 3, bigEndian(700, 4) + sizeField) + music; // 7.3 kbit/s
+    QTest::newRow("bit rate too low for MPEG 1")
+        << xingFrame("Xing", 3, bigEndian(200, 4) + sizeField) + music; // 25.5 kbit/s
     QTest::newRow("bit rate too high")
         << xingFrame("Xing", 3, bigEndian(15, 4) + sizeField) + music; // 340 kbit/s
     QTest::newRow("VBRI, more than the file can hold") << vbriFrame(size, 0x7FFFFFFF) + music;

@@ -83,6 +83,15 @@ TIMED_FILES = {
     "nodivision": midi(NOTES)[:12] + b"\0\0" + midi(NOTES)[14:],
 }
 
+# Songs for the ear: settings, system exclusive events, markers, a pause of two hours
+HEARD_FILES = {
+    "settings": midi(b"\x00\xc1\x05\x00\xb1\x07\x64\x00\xe1\x00\x40\x00\xd1\x20" + NOTES),
+    "exclusive": midi(NOTES + b"\x10\xf0\x05\x7e\x7f\x09\x01\xf7" + NOTES),
+    "markers": midi(maker(6, b"\x00\x02Two") + maker(6, b"\x00\x01One") + meta(7, b"Cue") +
+                    b"\x87\x40\x91\x40\x40" + NOTES),
+    "pause": midi(NOTES + b"\xd4\xc0\x00\x90\x3c\x64" + NOTES),
+}
+
 # Frames of MPEG 1, Layer III, 32 kbit/s, 44.1 kHz: 104 bytes
 FRAME = b"\xff\xfb\x10\0" + bytes(100)
 STREAMS = {
@@ -302,6 +311,11 @@ SEEDS = {
         for number, (kind, files) in enumerate((("midi", {**MIDI_FILES, **TIMED_FILES}),
                                                 ("mp3", STREAMS)))
         for name, data in files.items()},
+    "fuzz_sound": {
+        f"{kind}_{name}": be(number, 1) + data
+        for number, kind, files in ((0x80, "midi", MIDI_FILES | TIMED_FILES | HEARD_FILES),
+                                    (0x81, "mp3", STREAMS))
+        for name, data in files.items()},
     "fuzz_mfxheader": {
         name: b"\1" + be(500, 4) + b"".join(map(short, (b"Title", b"A" * 40, b"-", b""))) + data
         for name, data in MFX_FILES.items()},
@@ -380,6 +394,8 @@ WORDS = {
     "fuzz_lzhuffroundtrip": [b"    ", b"MTrk"],
     "fuzz_measure": CHUNKS + [b"\x00\xff\x07", b"\x00\xff\x58\x04", b"Xing", b"Info", b"VBRI",
                              b"APETAGEX", b"TAG", b"\xff\xfb\x10\0", b"\xff\xf3\x80\0"],
+    "fuzz_sound": CHUNKS + [b"\x00\xff\x07", b"\x00\xff\x58\x04", b"\x00\xff\x4b\x05\x06\x00",
+                            b"\x00\xf0\x03", b"\xff\xfb\x10\0", b"\xff\xf3\x80\0"],
     "fuzz_mfxheader": MAGICS,
     "fuzz_rawmidi": SONG_WORDS,
     "fuzz_mp3header": TAG_NAMES + PUBLISHERS + KEYS,
