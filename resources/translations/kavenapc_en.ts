@@ -5236,6 +5236,10 @@ Prepare the tag for the player first?</translation>
         <translation>%1 of %2 found</translation>
     </message>
     <message>
+        <source>%1 nel mio catalogo</source>
+        <translation>%1 in my catalogue</translation>
+    </message>
+    <message>
         <source>%1 non nel catalogo</source>
         <translation>%1 not in the catalogue</translation>
     </message>

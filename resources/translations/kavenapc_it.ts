@@ -5236,6 +5236,10 @@ Preparare prima il tag per il player?</translation>
         <translation>%1 di %2 trovate</translation>
     </message>
     <message>
+        <source>%1 nel mio catalogo</source>
+        <translation>%1 nel mio catalogo</translation>
+    </message>
+    <message>
         <source>%1 non nel catalogo</source>
         <translation>%1 non nel catalogo</translation>
     </message>

@@ -5236,6 +5236,10 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <translation>%1 von %2 gefunden</translation>
     </message>
     <message>
+        <source>%1 nel mio catalogo</source>
+        <translation>%1 in meinem Katalog</translation>
+    </message>
+    <message>
         <source>%1 non nel catalogo</source>
         <translation>%1 nicht im Katalog</translation>
     </message>
