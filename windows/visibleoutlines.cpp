@@ -1,0 +1,105 @@
+#include "windows/visibleoutlines.h"
+
+#include <QPainter>
+#include <QPalette>
+#include <QStyleOptionComplex>
+
+namespace
+{
+
+constexpr int halfOfLightness = 128;
+constexpr qreal roundness = 2;
+
+/** Between the window and its text: enough to be seen, too little to be looked at. */
+QColor edgeColour(const QPalette &palette)
+{
+    constexpr qreal textShare = 0.45;
+    const QColor text = palette.color(QPalette::WindowText);
+    const QColor window = palette.color(QPalette::Window);
+    const auto mixed = [](float a, float b) {
+        return static_cast<float>(textShare * qreal{a} + (1 - textShare) * qreal{b});
+    };
+    return QColor::fromRgbF(mixed(text.redF(), window.redF()),
+                            mixed(text.greenF(), window.greenF()),
+                            mixed(text.blueF(), window.blueF()));
+}
+
+void drawEdge(QPainter &painter, const QStyleOption &option, const QRectF &place, qreal radius)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, radius > 0);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(edgeColour(option.palette), 1));
+    constexpr qreal halfLine = 0.5;
+    painter.drawRoundedRect(place.adjusted(halfLine, halfLine, -halfLine, -halfLine), radius,
+                            radius);
+    painter.restore();
+}
+
+/** True for what shows by another colour that it has the focus. */
+bool hasFocusEdge(const QStyleOption &option)
+{
+    return option.state.testFlag(QStyle::State_HasFocus) &&
+           option.state.testFlag(QStyle::State_Enabled);
+}
+
+} // namespace
+
+bool VisibleOutlines::isNeeded(const QStyleOption &option) const
+{
+    return option.palette.color(QPalette::Window).lightness() < halfOfLightness &&
+           baseStyle()->name().compare(QLatin1String("fusion"), Qt::CaseInsensitive) == 0;
+}
+
+void VisibleOutlines::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
+                                    QPainter *painter, const QWidget *widget) const
+{
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (option == nullptr || painter == nullptr || !isNeeded(*option))
+        return;
+    const QRectF place = option->rect;
+    switch (element) {
+    case PE_IndicatorCheckBox:
+    case PE_FrameMenu:
+        drawEdge(*painter, *option, place, 0);
+        break;
+    case PE_Frame:
+        if (!hasFocusEdge(*option))
+            drawEdge(*painter, *option, place, 0);
+        break;
+    case PE_IndicatorRadioButton:
+        drawEdge(*painter, *option, place, qMin(place.width(), place.height()) / 2);
+        break;
+    case PE_FrameLineEdit:
+    case PE_PanelButtonCommand:
+    case PE_PanelButtonTool:
+        if (!hasFocusEdge(*option))
+            drawEdge(*painter, *option, place, roundness);
+        break;
+    default:
+        break;
+    }
+}
+
+void VisibleOutlines::drawControl(ControlElement element, const QStyleOption *option,
+                                  QPainter *painter, const QWidget *widget) const
+{
+    QProxyStyle::drawControl(element, option, painter, widget);
+    if (element == CE_ProgressBarGroove && option != nullptr && painter != nullptr &&
+        isNeeded(*option))
+        drawEdge(*painter, *option, option->rect, roundness);
+}
+
+void VisibleOutlines::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                                         QPainter *painter, const QWidget *widget) const
+{
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (option == nullptr || painter == nullptr || !isNeeded(*option))
+        return;
+    const bool isField = control == CC_ComboBox || control == CC_SpinBox;
+    if (isField && !hasFocusEdge(*option))
+        drawEdge(*painter, *option, option->rect, roundness);
+    if (control == CC_Slider && !hasFocusEdge(*option))
+        drawEdge(*painter, *option, subControlRect(control, option, SC_SliderHandle, widget),
+                 roundness);
+}
