@@ -37,10 +37,9 @@ void drawEdge(QPainter &painter, const QStyleOption &option, const QRectF &place
 }
 
 /** True for what shows by another colour that it has the focus. */
-bool hasFocusEdge(const QStyleOption &option)
+bool hasFocusEdge(const QStyleOption &option, QStyle::State shown = QStyle::State_HasFocus)
 {
-    return option.state.testFlag(QStyle::State_HasFocus) &&
-           option.state.testFlag(QStyle::State_Enabled);
+    return option.state.testFlags(shown | QStyle::State_HasFocus | QStyle::State_Enabled);
 }
 
 } // namespace
@@ -60,20 +59,22 @@ void VisibleOutlines::drawPrimitive(PrimitiveElement element, const QStyleOption
     const QRectF place = option->rect;
     switch (element) {
     case PE_IndicatorCheckBox:
+    case PE_Frame:
     case PE_FrameMenu:
         drawEdge(*painter, *option, place, 0);
-        break;
-    case PE_Frame:
-        if (!hasFocusEdge(*option))
-            drawEdge(*painter, *option, place, 0);
         break;
     case PE_IndicatorRadioButton:
         drawEdge(*painter, *option, place, qMin(place.width(), place.height()) / 2);
         break;
-    case PE_FrameLineEdit:
-    case PE_PanelButtonCommand:
     case PE_PanelButtonTool:
+        drawEdge(*painter, *option, place, roundness);
+        break;
+    case PE_FrameLineEdit:
         if (!hasFocusEdge(*option))
+            drawEdge(*painter, *option, place, roundness);
+        break;
+    case PE_PanelButtonCommand:
+        if (!hasFocusEdge(*option, State_KeyboardFocusChange))
             drawEdge(*painter, *option, place, roundness);
         break;
     default:
@@ -96,10 +97,25 @@ void VisibleOutlines::drawComplexControl(ComplexControl control, const QStyleOpt
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     if (option == nullptr || painter == nullptr || !isNeeded(*option))
         return;
-    const bool isField = control == CC_ComboBox || control == CC_SpinBox;
-    if (isField && !hasFocusEdge(*option))
-        drawEdge(*painter, *option, option->rect, roundness);
-    if (control == CC_Slider && !hasFocusEdge(*option))
-        drawEdge(*painter, *option, subControlRect(control, option, SC_SliderHandle, widget),
-                 roundness);
+    const auto part = [&](SubControl wanted) {
+        return QRectF(subControlRect(control, option, wanted, widget));
+    };
+    switch (control) {
+    case CC_ComboBox:
+        if (!hasFocusEdge(*option, State_KeyboardFocusChange))
+            drawEdge(*painter, *option, option->rect, roundness);
+        break;
+    case CC_SpinBox:
+        if (!hasFocusEdge(*option))
+            drawEdge(*painter, *option, option->rect, roundness);
+        break;
+    case CC_ScrollBar:
+        drawEdge(*painter, *option, part(SC_ScrollBarSlider), 0);
+        break;
+    case CC_Slider:
+        drawEdge(*painter, *option, part(SC_SliderHandle), roundness);
+        break;
+    default:
+        break;
+    }
 }

@@ -3204,6 +3204,14 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
 <context>
     <name>MemoryWindow</name>
     <message>
+        <source>Aggiorna il database</source>
+        <translation>Aggiorna il database</translation>
+    </message>
+    <message>
+        <source>Rigenera il database...</source>
+        <translation>Rigenera il database...</translation>
+    </message>
+    <message>
         <source>Memoria</source>
         <translation>Memoria</translation>
     </message>

@@ -3204,6 +3204,14 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
 <context>
     <name>MemoryWindow</name>
     <message>
+        <source>Aggiorna il database</source>
+        <translation>Songverzeichnis aktualisieren</translation>
+    </message>
+    <message>
+        <source>Rigenera il database...</source>
+        <translation>Songverzeichnis neu erstellen...</translation>
+    </message>
+    <message>
         <source>Memoria</source>
         <translation>Speicher</translation>
     </message>

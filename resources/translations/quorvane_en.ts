@@ -3204,6 +3204,14 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
 <context>
     <name>MemoryWindow</name>
     <message>
+        <source>Aggiorna il database</source>
+        <translation>Update the index</translation>
+    </message>
+    <message>
+        <source>Rigenera il database...</source>
+        <translation>Rebuild the index...</translation>
+    </message>
+    <message>
         <source>Memoria</source>
         <translation>Memory</translation>
     </message>
