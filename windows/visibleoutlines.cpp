@@ -36,6 +36,23 @@ void drawEdge(QPainter &painter, const QStyleOption &option, const QRectF &place
     painter.restore();
 }
 
+/** The line on which the handle of a slider runs. */
+void drawGroove(QPainter &painter, const QStyleOption &option, const QRectF &place,
+                const QRectF &handle)
+{
+    constexpr qreal halfWidth = 2;
+    const bool isFlat = place.width() > place.height();
+    const QPointF middle = place.center();
+    const QRectF line =
+        isFlat ? QRectF(place.left(), middle.y() - halfWidth, place.width(), 2 * halfWidth)
+               : QRectF(middle.x() - halfWidth, place.top(), 2 * halfWidth, place.height());
+    painter.save();
+    painter.setClipRegion(QRegion(option.rect).subtracted(handle.toAlignedRect()),
+                          Qt::IntersectClip);
+    drawEdge(painter, option, line, halfWidth);
+    painter.restore();
+}
+
 /** True for what shows by another colour that it has the focus. */
 bool hasFocusEdge(const QStyleOption &option, QStyle::State shown = QStyle::State_HasFocus)
 {
@@ -86,8 +103,10 @@ void VisibleOutlines::drawControl(ControlElement element, const QStyleOption *op
                                   QPainter *painter, const QWidget *widget) const
 {
     QProxyStyle::drawControl(element, option, painter, widget);
-    if (element == CE_ProgressBarGroove && option != nullptr && painter != nullptr &&
-        isNeeded(*option))
+    if (option == nullptr || painter == nullptr || !isNeeded(*option))
+        return;
+    const bool isChosenTab = element == CE_TabBarTabShape && option->state.testFlag(State_Selected);
+    if (element == CE_ProgressBarGroove || isChosenTab)
         drawEdge(*painter, *option, option->rect, roundness);
 }
 
@@ -113,6 +132,7 @@ void VisibleOutlines::drawComplexControl(ComplexControl control, const QStyleOpt
         drawEdge(*painter, *option, part(SC_ScrollBarSlider), 0);
         break;
     case CC_Slider:
+        drawGroove(*painter, *option, part(SC_SliderGroove), part(SC_SliderHandle));
         drawEdge(*painter, *option, part(SC_SliderHandle), roundness);
         break;
     default:
