@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QStyleOptionComplex>
+#include <QWidget>
 
 namespace
 {
@@ -61,9 +62,9 @@ bool hasFocusEdge(const QStyleOption &option, QStyle::State shown = QStyle::Stat
 
 } // namespace
 
-bool VisibleOutlines::isNeeded(const QStyleOption &option) const
+bool VisibleOutlines::isNeeded(const QPalette &palette) const
 {
-    return option.palette.color(QPalette::Window).lightness() < halfOfLightness &&
+    return palette.color(QPalette::Window).lightness() < halfOfLightness &&
            baseStyle()->name().compare(QLatin1String("fusion"), Qt::CaseInsensitive) == 0;
 }
 
@@ -71,7 +72,7 @@ void VisibleOutlines::drawPrimitive(PrimitiveElement element, const QStyleOption
                                     QPainter *painter, const QWidget *widget) const
 {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    if (option == nullptr || painter == nullptr || !isNeeded(*option))
+    if (option == nullptr || painter == nullptr || !isNeeded(option->palette))
         return;
     const QRectF place = option->rect;
     switch (element) {
@@ -103,7 +104,7 @@ void VisibleOutlines::drawControl(ControlElement element, const QStyleOption *op
                                   QPainter *painter, const QWidget *widget) const
 {
     QProxyStyle::drawControl(element, option, painter, widget);
-    if (option == nullptr || painter == nullptr || !isNeeded(*option))
+    if (option == nullptr || painter == nullptr || !isNeeded(option->palette))
         return;
     const bool isChosenTab = element == CE_TabBarTabShape && option->state.testFlag(State_Selected);
     if (element == CE_ProgressBarGroove || isChosenTab)
@@ -114,7 +115,7 @@ void VisibleOutlines::drawComplexControl(ComplexControl control, const QStyleOpt
                                          QPainter *painter, const QWidget *widget) const
 {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
-    if (option == nullptr || painter == nullptr || !isNeeded(*option))
+    if (option == nullptr || painter == nullptr || !isNeeded(option->palette))
         return;
     const auto part = [&](SubControl wanted) {
         return QRectF(subControlRect(control, option, wanted, widget));
@@ -138,4 +139,14 @@ void VisibleOutlines::drawComplexControl(ComplexControl control, const QStyleOpt
     default:
         break;
     }
+}
+
+int VisibleOutlines::pixelMetric(PixelMetric metric, const QStyleOption *option,
+                                 const QWidget *widget) const
+{
+    const int pixels = QProxyStyle::pixelMetric(metric, option, widget);
+    // A menu draws no frame where there is no room for one, and asks without an option.
+    return metric == PM_MenuPanelWidth && widget != nullptr && isNeeded(widget->palette())
+               ? qMax(pixels, 1)
+               : pixels;
 }

@@ -19,6 +19,9 @@ public:
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
                             QPainter *painter, const QWidget *widget = nullptr) const override;
 
+    int pixelMetric(PixelMetric metric, const QStyleOption *option = nullptr,
+                    const QWidget *widget = nullptr) const override;
+
 private:
-    bool isNeeded(const QStyleOption &option) const;
+    bool isNeeded(const QPalette &palette) const;
 };

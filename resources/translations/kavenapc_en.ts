@@ -867,7 +867,7 @@ Do you want to copy all the same?</translation>
     </message>
     <message>
         <source>Modifica</source>
-        <translation>Edit</translation>
+        <translation>&amp;Edit</translation>
     </message>
     <message>
         <source>&amp;Annulla l&apos;ultimo lavoro...</source>
@@ -5380,6 +5380,26 @@ Prepare the tag for the player first?</translation>
 </context>
 <context>
     <name>ShortcutsDialog</name>
+    <message>
+        <source>Nelle liste</source>
+        <translation>In the lists</translation>
+    </message>
+    <message>
+        <source>Ascolta la song scelta</source>
+        <translation>Listen to the chosen song</translation>
+    </message>
+    <message>
+        <source>Contenuto della memoria</source>
+        <translation>Memory contents</translation>
+    </message>
+    <message>
+        <source>Cerca song</source>
+        <translation>Search songs</translation>
+    </message>
+    <message>
+        <source>Rileggi la memoria</source>
+        <translation>Read the memory again</translation>
+    </message>
     <message>
         <source>Tasti di scelta rapida</source>
         <translation>Keyboard shortcuts</translation>

@@ -867,7 +867,7 @@ Si vuole procedere comunque con la copia?</translation>
     </message>
     <message>
         <source>Modifica</source>
-        <translation>Modifica</translation>
+        <translation>&amp;Modifica</translation>
     </message>
     <message>
         <source>&amp;Annulla l&apos;ultimo lavoro...</source>
@@ -5380,6 +5380,26 @@ Preparare prima il tag per il player?</translation>
 </context>
 <context>
     <name>ShortcutsDialog</name>
+    <message>
+        <source>Nelle liste</source>
+        <translation>Nelle liste</translation>
+    </message>
+    <message>
+        <source>Ascolta la song scelta</source>
+        <translation>Ascolta la song scelta</translation>
+    </message>
+    <message>
+        <source>Contenuto della memoria</source>
+        <translation>Contenuto della memoria</translation>
+    </message>
+    <message>
+        <source>Cerca song</source>
+        <translation>Cerca song</translation>
+    </message>
+    <message>
+        <source>Rileggi la memoria</source>
+        <translation>Rileggi la memoria</translation>
+    </message>
     <message>
         <source>Tasti di scelta rapida</source>
         <translation>Tasti di scelta rapida</translation>

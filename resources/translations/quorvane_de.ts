@@ -867,7 +867,7 @@ Trotzdem kopieren?</translation>
     </message>
     <message>
         <source>Modifica</source>
-        <translation>Bearbeiten</translation>
+        <translation>&amp;Bearbeiten</translation>
     </message>
     <message>
         <source>&amp;Annulla l&apos;ultimo lavoro...</source>
@@ -5380,6 +5380,26 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
 </context>
 <context>
     <name>ShortcutsDialog</name>
+    <message>
+        <source>Nelle liste</source>
+        <translation>In den Listen</translation>
+    </message>
+    <message>
+        <source>Ascolta la song scelta</source>
+        <translation>Den gewählten Song anhören</translation>
+    </message>
+    <message>
+        <source>Contenuto della memoria</source>
+        <translation>Speicherinhalt</translation>
+    </message>
+    <message>
+        <source>Cerca song</source>
+        <translation>Songs suchen</translation>
+    </message>
+    <message>
+        <source>Rileggi la memoria</source>
+        <translation>Speicher neu lesen</translation>
+    </message>
     <message>
         <source>Tasti di scelta rapida</source>
         <translation>Tastenkürzel</translation>

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QImage>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QPushButton>
@@ -91,6 +92,7 @@ private slots:
     void edgeIsSeenOnADarkWindow_data();
     void edgeIsSeenOnADarkWindow();
     void boxInATableIsSeenOnADarkWindow();
+    void menuHasAFrameOnADarkWindow();
     void lightWindowIsDrawnAsBefore_data() { edgeIsSeenOnADarkWindow_data(); }
     void lightWindowIsDrawnAsBefore();
     void otherStylesDrawAsTheyDo();
@@ -150,6 +152,17 @@ void TestVisibleOutlines::boxInATableIsSeenOnADarkWindow()
     for (int x = box.left(); x < box.left() + 3; ++x)
         best = std::max(best, contrast(picture.pixelColor(x, box.center().y()), base));
     QVERIFY2(best >= 3, qPrintable(QString::number(best)));
+}
+
+void TestVisibleOutlines::menuHasAFrameOnADarkWindow()
+{
+    QMenu menu;
+    menu.setPalette(paletteOf(Qt::black));
+    menu.addAction(s("Open"));
+    menu.addAction(s("Close"));
+    menu.resize(menu.sizeHint());
+    const qreal seen = bestContrast(menu, menu.rect());
+    QVERIFY2(seen >= 3, qPrintable(QString::number(seen)));
 }
 
 void TestVisibleOutlines::lightWindowIsDrawnAsBefore()
