@@ -749,7 +749,7 @@ Do you want to copy all the same?</translation>
     </message>
     <message>
         <source>&amp;Seleziona song...</source>
-        <translation>&amp;Select songs...</translation>
+        <translation>Choose &amp;songs...</translation>
     </message>
     <message>
         <source>&amp;Trasferisci song...</source>
@@ -3205,11 +3205,11 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
     <name>MemoryWindow</name>
     <message>
         <source>Aggiorna il database</source>
-        <translation>Update the index</translation>
+        <translation>Update the song index</translation>
     </message>
     <message>
         <source>Rigenera il database...</source>
-        <translation>Rebuild the index...</translation>
+        <translation>Rebuild the song index...</translation>
     </message>
     <message>
         <source>Memoria</source>
