@@ -4890,6 +4890,18 @@ Prepare the tag for the player first?</translation>
 <context>
     <name>ListOutput</name>
     <message>
+        <source>Song copiate negli appunti: %1</source>
+        <translation>Songs copied to the clipboard: %1</translation>
+    </message>
+    <message>
+        <source>Lista salvata in %1</source>
+        <translation>List saved to %1</translation>
+    </message>
+    <message>
+        <source>La lista è alla stampante</source>
+        <translation>The list is at the printer</translation>
+    </message>
+    <message>
         <source>Lista delle song</source>
         <translation>Song list</translation>
     </message>

@@ -4890,6 +4890,18 @@ Preparare prima il tag per il player?</translation>
 <context>
     <name>ListOutput</name>
     <message>
+        <source>Song copiate negli appunti: %1</source>
+        <translation>Song copiate negli appunti: %1</translation>
+    </message>
+    <message>
+        <source>Lista salvata in %1</source>
+        <translation>Lista salvata in %1</translation>
+    </message>
+    <message>
+        <source>La lista è alla stampante</source>
+        <translation>La lista è alla stampante</translation>
+    </message>
+    <message>
         <source>Lista delle song</source>
         <translation>Lista delle song</translation>
     </message>

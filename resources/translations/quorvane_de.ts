@@ -4890,6 +4890,18 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
 <context>
     <name>ListOutput</name>
     <message>
+        <source>Song copiate negli appunti: %1</source>
+        <translation>Songs in die Zwischenablage kopiert: %1</translation>
+    </message>
+    <message>
+        <source>Lista salvata in %1</source>
+        <translation>Liste gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>La lista è alla stampante</source>
+        <translation>Die Liste ist beim Drucker</translation>
+    </message>
+    <message>
         <source>Lista delle song</source>
         <translation>Songliste</translation>
     </message>
