@@ -60,6 +60,13 @@ bool hasFocusEdge(const QStyleOption &option, QStyle::State shown = QStyle::Stat
     return option.state.testFlags(shown | QStyle::State_HasFocus | QStyle::State_Enabled);
 }
 
+/** True for the button that Return presses, which has an edge of its own colour. */
+bool isDefaultButton(const QStyleOption &option)
+{
+    const auto *const button = qstyleoption_cast<const QStyleOptionButton *>(&option);
+    return button != nullptr && button->features.testFlag(QStyleOptionButton::DefaultButton);
+}
+
 } // namespace
 
 bool VisibleOutlines::isNeeded(const QPalette &palette) const
@@ -92,7 +99,7 @@ void VisibleOutlines::drawPrimitive(PrimitiveElement element, const QStyleOption
             drawEdge(*painter, *option, place, roundness);
         break;
     case PE_PanelButtonCommand:
-        if (!hasFocusEdge(*option, State_KeyboardFocusChange))
+        if (!hasFocusEdge(*option, State_KeyboardFocusChange) && !isDefaultButton(*option))
             drawEdge(*painter, *option, place, roundness);
         break;
     default:

@@ -93,6 +93,7 @@ private slots:
     void edgeIsSeenOnADarkWindow();
     void boxInATableIsSeenOnADarkWindow();
     void menuHasAFrameOnADarkWindow();
+    void defaultButtonLooksAsBefore();
     void lightWindowIsDrawnAsBefore_data() { edgeIsSeenOnADarkWindow_data(); }
     void lightWindowIsDrawnAsBefore();
     void otherStylesDrawAsTheyDo();
@@ -163,6 +164,20 @@ void TestVisibleOutlines::menuHasAFrameOnADarkWindow()
     menu.resize(menu.sizeHint());
     const qreal seen = bestContrast(menu, menu.rect());
     QVERIFY2(seen >= 3, qPrintable(QString::number(seen)));
+}
+
+void TestVisibleOutlines::defaultButtonLooksAsBefore()
+{
+    const auto picture = [] {
+        QPushButton button;
+        button.setPalette(paletteOf(QColor(53, 53, 53)));
+        button.setDefault(true);
+        button.resize(button.sizeHint());
+        return button.grab().toImage();
+    };
+    const QImage with = picture();
+    cleanup();
+    QCOMPARE(with, picture());
 }
 
 void TestVisibleOutlines::lightWindowIsDrawnAsBefore()
