@@ -19,12 +19,14 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QStatusBar>
 #include <QTableView>
 
 ListOutput::ListOutput(QWidget *window, const Ui::MainWindow &form, const SongList &songs,
                        BusyState &busy, ActionGate &gate)
     : QObject(window)
     , m_window(window)
+    , m_statusBar(form.statusBar)
     , m_songs(songs)
     , m_busy(busy)
     , m_gate(gate)
@@ -73,7 +75,9 @@ TextTable ListOutput::table(Rows which) const
 
 void ListOutput::copy(Rows which) const
 {
-    QGuiApplication::clipboard()->setText(table(which).tabSeparated());
+    const TextTable copied = table(which);
+    QGuiApplication::clipboard()->setText(copied.tabSeparated());
+    say(tr("Song copiate negli appunti: %1").arg(copied.rows.size()));
 }
 
 void ListOutput::print()
@@ -92,12 +96,24 @@ void ListOutput::print()
     if (dialog.exec() != QDialog::Accepted)
         return;
     const QString problem = output(printer);
-    if (!problem.isEmpty()) {
+    if (problem.isEmpty()) {
+        const bool isFile = printer.outputFormat() == QPrinter::PdfFormat;
+        say(isFile ? tr("Lista salvata in %1")
+                         .arg(QDir::toNativeSeparators(
+                             QDir::current().absoluteFilePath(printer.outputFileName())))
+                   : tr("La lista è alla stampante"));
+    } else {
         QMessageBox box(QMessageBox::Critical, tr("Stampa lista"), problem, QMessageBox::Ok,
                         m_window);
         box.setTextFormat(Qt::PlainText); // the name of a file could look like markup
         box.exec();
     }
+}
+
+void ListOutput::say(const QString &text) const
+{
+    constexpr int saidMilliseconds = 8000;
+    m_statusBar->showMessage(text, saidMilliseconds);
 }
 
 /** What went wrong, for the user; empty when all pages were printed. */

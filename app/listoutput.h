@@ -12,6 +12,7 @@ class SongList;
 QT_BEGIN_NAMESPACE
 class QAction;
 class QPrinter;
+class QStatusBar;
 class QWidget;
 namespace Ui
 {
@@ -37,8 +38,10 @@ private:
     void print();
     QString output(QPrinter &printer) const;
     void enableActions();
+    void say(const QString &text) const;
 
     QWidget *const m_window;
+    QStatusBar *const m_statusBar;
     const SongList &m_songs;
     BusyState &m_busy;
     ActionGate &m_gate;

@@ -2,6 +2,7 @@
 #include "app/mainwindow.h"
 #include "app/startup.h"
 #include "storage/standardhandles.h"
+#include "windows/visibleoutlines.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -30,6 +31,7 @@ int main(int argc, char *argv[])
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
     QApplication::setWindowIcon(applicationIcon());
+    QApplication::setStyle(new VisibleOutlines);
     // Wayland knows a window's icon and its place in the menu by this name only.
     QApplication::setDesktopFileName(QStringLiteral("org.kavena.KavenaPC"));
     startup.setUpTranslation();

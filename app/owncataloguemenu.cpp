@@ -10,6 +10,7 @@
 #include "ui_mainwindow.h"
 
 #include <QMainWindow>
+#include <QSet>
 #include <QTableView>
 
 namespace
@@ -39,23 +40,27 @@ void OwnCatalogueMenu::add(int row)
     if (path.isEmpty())
         return;
     OwnCatalogue catalogue;
-    if (CatalogueAdding::addSongs(catalogue, {path}, m_window).value_or(0) > 0)
-        m_window->statusBar()->showMessage(
-            tr("%1 è nel mio catalogo").arg(m_songs.model().shortName(row)), addedMilliseconds);
+    const auto added = CatalogueAdding::addSongs(catalogue, {path}, m_window);
+    if (!added || added->isEmpty())
+        return;
+    m_window->statusBar()->showMessage(
+        tr("%1 è nel mio catalogo").arg(m_songs.model().shortName(row)), addedMilliseconds);
+    showAdded(*added);
 }
 
-qsizetype OwnCatalogueMenu::addSongs(const QStringList &paths)
+void OwnCatalogueMenu::addSongs(const QStringList &paths)
 {
     const BusyGuard busy(m_busy);
     if (paths.isEmpty())
-        return 0;
+        return;
     OwnCatalogue catalogue;
-    const qsizetype added = CatalogueAdding::addSongs(catalogue, paths, m_window).value_or(0);
-    if (added > 0)
-        m_window->statusBar()->showMessage(
-            tr("%n song sono nel mio catalogo", nullptr, static_cast<int>(added)),
-            addedMilliseconds);
-    return added;
+    const auto added = CatalogueAdding::addSongs(catalogue, paths, m_window);
+    if (!added || added->isEmpty())
+        return;
+    m_window->statusBar()->showMessage(
+        tr("%n song sono nel mio catalogo", nullptr, static_cast<int>(added->size())),
+        addedMilliseconds);
+    showAdded(*added);
 }
 
 void OwnCatalogueMenu::show()
@@ -66,5 +71,19 @@ void OwnCatalogueMenu::show()
         if (!m_songs.view()->isRowHidden(row))
             shown.append(m_songs.model().fileName(row));
     }
-    CatalogueDialog(shown, m_window).exec();
+    CatalogueDialog dialog(shown, m_window);
+    connect(&dialog, &CatalogueDialog::added, this, &OwnCatalogueMenu::showAdded);
+    dialog.exec();
+}
+
+/** A song that no catalogue knew has the data of a catalogue now. */
+void OwnCatalogueMenu::showAdded(const QStringList &paths)
+{
+    const QSet<QString> entries(paths.cbegin(), paths.cend());
+    UserSongsRelTableModel &model = m_songs.model();
+    for (int row = 0; row < model.goodRowCount(); ++row) {
+        if (model.status(row) == Database::StatusNotSynced && entries.contains(model.fileName(row)))
+            model.setStatus(row, Database::StatusSynced);
+    }
+    emit added();
 }

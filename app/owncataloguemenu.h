@@ -29,13 +29,19 @@ public:
     /** Puts the row's song into the catalogue. */
     void add(int row);
 
-    /** Puts the songs at these paths into the catalogue; how many are entries now. */
-    qsizetype addSongs(const QStringList &paths);
+    /** Puts the songs at these paths into the catalogue. */
+    void addSongs(const QStringList &paths);
 
     /** Shows the window of the catalogue. */
     void show();
 
+signals:
+    /** Songs of the list have become entries, and their rows say so. */
+    void added();
+
 private:
+    void showAdded(const QStringList &paths);
+
     QMainWindow *const m_window;
     SongList &m_songs;
     BusyState &m_busy;

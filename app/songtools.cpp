@@ -21,11 +21,8 @@ SongTools::SongTools(QMainWindow *window, const Ui::MainWindow &form, SongList &
     connect(m_history, &SongHistory::renamed, m_several, &SeveralTools::followHistory);
     auto *const catalogue = new OwnCatalogueMenu(window, form, songs, busy, gate);
     connect(m_syncResult, &SyncResult::editWanted, m_several, &SeveralTools::editSongs);
-    connect(m_syncResult, &SyncResult::addWanted, catalogue,
-            [this, catalogue](const QStringList &paths) {
-                if (catalogue->addSongs(paths) == paths.size())
-                    m_syncResult->wereAdded();
-            });
+    connect(m_syncResult, &SyncResult::addWanted, catalogue, &OwnCatalogueMenu::addSongs);
+    connect(catalogue, &OwnCatalogueMenu::added, m_syncResult, &SyncResult::wereAdded);
 }
 
 OpenHistory SongTools::history()

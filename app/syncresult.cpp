@@ -3,7 +3,6 @@
 #include "app/actiongate.h"
 #include "app/songlist.h"
 #include "windows/busystate.h"
-#include "windows/syncsummarybar.h"
 #include "windows/usersongsreltablemodel.h"
 
 #include "ui_mainwindow.h"
@@ -47,15 +46,25 @@ void SyncResult::show(const Synchronisation::Outcome &outcome)
             m_unknown.append(model.rowIndex(row));
     }
     const int count = static_cast<int>(outcome.unknown.size());
+    m_result = {model.goodRowCount(), outcome.found, count, outcome.left};
     if (outcome.found + outcome.left + count > 0)
-        m_bar->tell({model.goodRowCount(), outcome.found, count, outcome.left});
+        m_bar->tell(m_result);
     else
         m_bar->hide();
 }
 
 void SyncResult::wereAdded()
 {
-    m_bar->dropAdding();
+    const auto added =
+        static_cast<int>(m_unknown.removeIf([this](const QPersistentModelIndex &row) {
+            return row.isValid() && m_songs.model().status(row.row()) == Database::StatusSynced;
+        }));
+    if (added == 0)
+        return;
+    m_result.unknown -= added;
+    m_result.added += added;
+    if (m_bar->isVisible())
+        m_bar->tell(m_result);
 }
 
 /** Those that are still in the list as the synchronisation left them. */

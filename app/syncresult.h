@@ -3,6 +3,7 @@
 #pragma once
 
 #include "library/synchronisation.h"
+#include "windows/syncsummarybar.h"
 
 #include <QList>
 #include <QObject>
@@ -13,7 +14,6 @@ class ActionGate;
 class BusyState;
 class QMainWindow;
 class SongList;
-class SyncSummaryBar;
 
 QT_BEGIN_NAMESPACE
 namespace Ui
@@ -38,7 +38,7 @@ public:
     /** Shows the outcome; one of a run that looked at no song hides what was there. */
     void show(const Synchronisation::Outcome &outcome);
 
-    /** The songs are entries of the user's own catalogue now. */
+    /** Some of the unknown songs may have become entries of the user's own catalogue. */
     void wereAdded();
 
 signals:
@@ -54,5 +54,6 @@ private:
 
     SongList &m_songs;
     SyncSummaryBar *const m_bar;
+    SyncSummaryBar::Result m_result;
     QList<QPersistentModelIndex> m_unknown; ///< the rows, wherever they stand now
 };

@@ -33,8 +33,10 @@ SongEntries SongEntries::read(const QStringList &paths, Progress &progress)
             result.failures.append({path, tr("Senza titolo o nome non può stare nel catalogo")});
         else if (names.contains(entry.filename))
             result.failures.append({path, tr("Un'altra song ha lo stesso nome")});
-        else
+        else {
             result.entries.append(entry);
+            result.paths.append(path);
+        }
         names.insert(entry.filename);
         progress.updateProgress(++done);
         KeepAlive::processEventsNow();

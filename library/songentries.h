@@ -20,6 +20,7 @@ public:
     };
 
     QList<SongsDbRecord> entries;
+    QStringList paths;       ///< of the songs that the entries were made of, in their order
     QList<Failure> failures; ///< songs without an entry; of several with one name all but the first
     bool isStopped = false;  ///< the user stopped it before the last song
 

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace
 {
@@ -32,8 +33,8 @@ bool CatalogueAdding::isUsable(const OwnCatalogue &catalogue, QWidget *parent)
     return false;
 }
 
-std::optional<qsizetype> CatalogueAdding::addSongs(OwnCatalogue &catalogue,
-                                                   const QStringList &songs, QWidget *parent)
+std::optional<QStringList> CatalogueAdding::addSongs(OwnCatalogue &catalogue,
+                                                     const QStringList &songs, QWidget *parent)
 {
     SongEntries read;
     {
@@ -45,7 +46,16 @@ std::optional<qsizetype> CatalogueAdding::addSongs(OwnCatalogue &catalogue,
     if (read.isStopped)
         return std::nullopt;
     tellFailures(read.failures, parent);
-    return put(catalogue, read.entries, parent);
+    const auto names = put(catalogue, read.entries, parent);
+    if (!names)
+        return std::nullopt;
+    const QSet<QString> added(names->cbegin(), names->cend());
+    QStringList paths;
+    for (qsizetype i = 0; i < read.entries.size(); ++i) {
+        if (added.contains(read.entries.at(i).filename))
+            paths.append(read.paths.at(i));
+    }
+    return paths;
 }
 
 std::optional<qsizetype> CatalogueAdding::importTable(OwnCatalogue &catalogue, const QString &path,
@@ -64,11 +74,12 @@ std::optional<qsizetype> CatalogueAdding::importTable(OwnCatalogue &catalogue, c
     for (const QString &line : table.problems)
         failures.append({path, line});
     tellFailures(failures, parent);
-    return put(catalogue, table.entries, parent);
+    const auto names = put(catalogue, table.entries, parent);
+    return names ? std::optional<qsizetype>(names->size()) : std::nullopt;
 }
 
-std::optional<qsizetype> CatalogueAdding::put(OwnCatalogue &catalogue,
-                                              const QList<SongsDbRecord> &entries, QWidget *parent)
+std::optional<QStringList>
+CatalogueAdding::put(OwnCatalogue &catalogue, const QList<SongsDbRecord> &entries, QWidget *parent)
 {
     if (entries.isEmpty())
         return std::nullopt;
@@ -99,8 +110,12 @@ std::optional<qsizetype> CatalogueAdding::put(OwnCatalogue &catalogue,
                 [&kept](const SongsDbRecord &entry) { return !kept.contains(entry.filename); });
         }
     }
-    if (catalogue.put(wanted))
-        return wanted.size();
+    if (catalogue.put(wanted)) {
+        names.clear();
+        for (const SongsDbRecord &entry : std::as_const(wanted))
+            names.append(entry.filename);
+        return names;
+    }
     warnPlainly(tr("Il mio catalogo"), OwnCatalogue::problem(OwnCatalogue::State::Unwritable),
                 parent);
     return std::nullopt;

@@ -19,9 +19,9 @@ class CatalogueAdding
     Q_DECLARE_TR_FUNCTIONS(CatalogueAdding)
 
 public:
-    /** How many of the songs at these paths are entries now. */
-    static std::optional<qsizetype> addSongs(OwnCatalogue &catalogue, const QStringList &songs,
-                                             QWidget *parent);
+    /** Those of the songs at these paths that are entries now. */
+    static std::optional<QStringList> addSongs(OwnCatalogue &catalogue, const QStringList &songs,
+                                               QWidget *parent);
 
     /** How many entries of the table in this file were added. */
     static std::optional<qsizetype> importTable(OwnCatalogue &catalogue, const QString &path,
@@ -31,7 +31,8 @@ public:
     static bool isUsable(const OwnCatalogue &catalogue, QWidget *parent);
 
 private:
-    static std::optional<qsizetype> put(OwnCatalogue &catalogue,
-                                        const QList<SongsDbRecord> &entries, QWidget *parent);
+    /** The names of the entries that were put in. */
+    static std::optional<QStringList> put(OwnCatalogue &catalogue,
+                                          const QList<SongsDbRecord> &entries, QWidget *parent);
     static void tellFailures(const QList<SongEntries::Failure> &failures, QWidget *parent);
 };

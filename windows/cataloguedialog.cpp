@@ -118,7 +118,8 @@ QStringList CatalogueDialog::chosenNames() const
 
 void CatalogueDialog::addSongs()
 {
-    CatalogueAdding::addSongs(m_catalogue, m_songs, this);
+    if (const auto paths = CatalogueAdding::addSongs(m_catalogue, m_songs, this))
+        emit added(*paths);
     readEntries();
 }
 

@@ -25,6 +25,10 @@ public:
     explicit CatalogueDialog(const QStringList &songs, QWidget *parent = nullptr);
     ~CatalogueDialog() override;
 
+signals:
+    /** The songs at these paths are entries now. */
+    void added(const QStringList &paths);
+
 private:
     void readEntries();
     void showEntries();

@@ -66,6 +66,11 @@ void MemoryWindow::makePages()
     m_check = new MemoryCheckPage({ui->checkLabel, ui->checkTreeWidget, ui->pushButtonCheck,
                                    ui->pushButtonUpdate, ui->pushButtonRebuild, ui->pushButtonMend},
                                   this);
+    connect(ui->pushButtonRemedy, &QPushButton::clicked, this, [this] {
+        const bool isDamaged =
+            m_contents && m_contents->memory().indexState() == MemorySongs::IndexState::Damaged;
+        (isDamaged ? ui->pushButtonRebuild : ui->pushButtonUpdate)->click();
+    });
 }
 
 void MemoryWindow::connectJob()
@@ -150,7 +155,8 @@ void MemoryWindow::setBusy(bool busy)
 {
     for (QWidget *const input :
          {static_cast<QWidget *>(ui->comboBoxMemory), static_cast<QWidget *>(ui->pushButtonBrowse),
-          static_cast<QWidget *>(ui->pushButtonReload)})
+          static_cast<QWidget *>(ui->pushButtonReload),
+          static_cast<QWidget *>(ui->pushButtonRemedy)})
         input->setEnabled(!busy);
     m_songs->setBusy(busy);
     m_duplicates->setBusy(busy);
@@ -194,6 +200,7 @@ void MemoryWindow::showFacts()
         facts.append(tr("Scegliere una memoria"));
     }
     ui->labelFacts->setText(facts.join(separator));
+    showRemedy();
     showSpace();
 }
 
@@ -221,6 +228,21 @@ QString MemoryWindow::indexText() const
     if (missing + changed + gone == 0)
         parts.append(tr("completo"));
     return parts.join(QStringLiteral(", "));
+}
+
+/** Offers beside the facts what the player needs to find all songs. */
+void MemoryWindow::showRemedy()
+{
+    const bool isDamaged =
+        m_contents && m_contents->memory().indexState() == MemorySongs::IndexState::Damaged;
+    const bool isIncomplete =
+        m_contents && (m_contents->memory().indexState() == MemorySongs::IndexState::Absent ||
+                       m_contents->memory().count(MemorySong::State::NotIndexed) > 0 ||
+                       m_contents->memory().count(MemorySong::State::Changed) > 0 ||
+                       m_contents->memory().count(MemorySong::State::Gone) > 0);
+    ui->pushButtonRemedy->setText(isDamaged ? tr("Rigenera il database...")
+                                            : tr("Aggiorna il database"));
+    ui->pushButtonRemedy->setVisible(isDamaged || isIncomplete);
 }
 
 void MemoryWindow::showSpace()

@@ -76,6 +76,7 @@ private:
     void connectJob();
     void chooseOnlyMemory();
     void showFacts();
+    void showRemedy();
     void showSpace();
     void setBusy(bool busy);
     void enableEject();

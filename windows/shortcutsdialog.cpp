@@ -62,10 +62,25 @@ QList<InfoTableDialog::Group> groupsOf(const QMenuBar &menus)
     return groups;
 }
 
+QString native(const QKeySequence &keys)
+{
+    return keys.toString(QKeySequence::NativeText);
+}
+
+/** The keys that work in a list or in a window and stand in no menu. */
+QList<InfoTableDialog::Group> groupsOutsideMenus()
+{
+    return {{ShortcutsDialog::tr("Nelle liste"),
+             {{native(Qt::Key_Space), ShortcutsDialog::tr("Ascolta la song scelta")}}},
+            {ShortcutsDialog::tr("Contenuto della memoria"),
+             {{native(QKeySequence::Find), ShortcutsDialog::tr("Cerca song")},
+              {native(QKeySequence::Refresh), ShortcutsDialog::tr("Rileggi la memoria")}}}};
+}
+
 } // namespace
 
 ShortcutsDialog::ShortcutsDialog(const QMenuBar &menus, QWidget *parent)
-    : InfoTableDialog(tr("Tasti di scelta rapida"), {tr("Tasti"), tr("Comando")}, groupsOf(menus),
-                      parent)
+    : InfoTableDialog(tr("Tasti di scelta rapida"), {tr("Tasti"), tr("Comando")},
+                      groupsOf(menus) + groupsOutsideMenus(), parent)
 {
 }

@@ -48,11 +48,6 @@ void SyncSummaryBar::tell(const Result &result)
     QAccessible::updateAccessibility(&alert);
 }
 
-void SyncSummaryBar::dropAdding()
-{
-    m_add->hide();
-}
-
 void SyncSummaryBar::changeEvent(QEvent *event)
 {
     QFrame::changeEvent(event);
@@ -63,11 +58,13 @@ void SyncSummaryBar::changeEvent(QEvent *event)
 void SyncSummaryBar::setTexts()
 {
     QStringList parts{tr("%1 di %2 trovate").arg(m_result.found).arg(m_result.songs)};
+    if (m_result.added > 0)
+        parts << tr("%1 nel mio catalogo").arg(m_result.added);
     if (m_result.unknown > 0)
         parts << tr("%1 non nel catalogo").arg(m_result.unknown);
     if (m_result.left > 0)
         parts << tr("%1 senza modifiche").arg(m_result.left);
-    const int reached = m_result.found + m_result.unknown + m_result.left;
+    const int reached = m_result.found + m_result.added + m_result.unknown + m_result.left;
     if (reached < m_result.songs)
         parts << tr("%1 non raggiunte").arg(m_result.songs - reached);
     m_text->setText(parts.join(QLatin1String("; ")));

@@ -22,15 +22,13 @@ public:
         int found = 0;
         int unknown = 0;
         int left = 0;
+        int added = 0; ///< unknown ones that are in the user's own catalogue now
     };
 
     explicit SyncSummaryBar(QWidget *parent = nullptr);
 
     /** Shows the result; the actions are offered when there are unknown songs. */
     void tell(const Result &result);
-
-    /** Offers the catalogue no longer: the songs are in it. */
-    void dropAdding();
 
     QPushButton *editButton() const { return m_edit; }
     QPushButton *addButton() const { return m_add; }

@@ -867,7 +867,7 @@ Si vuole procedere comunque con la copia?</translation>
     </message>
     <message>
         <source>Modifica</source>
-        <translation>Modifica</translation>
+        <translation>&amp;Modifica</translation>
     </message>
     <message>
         <source>&amp;Annulla l&apos;ultimo lavoro...</source>
@@ -3406,6 +3406,14 @@ Vengono cancellate per sempre, con le loro immagini karaoke. Rimuoverle?</transl
         <source>%1 occupati, %2 liberi di %3</source>
         <translation>%1 occupati, %2 liberi di %3</translation>
     </message>
+    <message>
+        <source>Aggiorna il database</source>
+        <translation>Aggiorna il database</translation>
+    </message>
+    <message>
+        <source>Rigenera il database...</source>
+        <translation>Rigenera il database...</translation>
+    </message>
 </context>
 <context>
     <name>PlaylistRepair</name>
@@ -4900,6 +4908,18 @@ Preparare prima il tag per il player?</translation>
         <source>La lista non può essere stampata</source>
         <translation>La lista non può essere stampata</translation>
     </message>
+    <message>
+        <source>Song copiate negli appunti: %1</source>
+        <translation>Song copiate negli appunti: %1</translation>
+    </message>
+    <message>
+        <source>Lista salvata in %1</source>
+        <translation>Lista salvata in %1</translation>
+    </message>
+    <message>
+        <source>La lista è alla stampante</source>
+        <translation>La lista è alla stampante</translation>
+    </message>
 </context>
 <context>
     <name>TablePages</name>
@@ -5259,6 +5279,10 @@ Preparare prima il tag per il player?</translation>
         <source>Aggiungile al mio catalo&amp;go...</source>
         <translation>Aggiungile al mio catalo&amp;go...</translation>
     </message>
+    <message>
+        <source>%1 nel mio catalogo</source>
+        <translation>%1 nel mio catalogo</translation>
+    </message>
 </context>
 <context>
     <name>PlayerBar</name>
@@ -5379,6 +5403,26 @@ Preparare prima il tag per il player?</translation>
     <message>
         <source>Comando</source>
         <translation>Comando</translation>
+    </message>
+    <message>
+        <source>Nelle liste</source>
+        <translation>Nelle liste</translation>
+    </message>
+    <message>
+        <source>Ascolta la song scelta</source>
+        <translation>Ascolta la song scelta</translation>
+    </message>
+    <message>
+        <source>Contenuto della memoria</source>
+        <translation>Contenuto della memoria</translation>
+    </message>
+    <message>
+        <source>Cerca song</source>
+        <translation>Cerca song</translation>
+    </message>
+    <message>
+        <source>Rileggi la memoria</source>
+        <translation>Rileggi la memoria</translation>
     </message>
 </context>
 <context>

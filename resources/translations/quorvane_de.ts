@@ -867,7 +867,7 @@ Trotzdem kopieren?</translation>
     </message>
     <message>
         <source>Modifica</source>
-        <translation>Bearbeiten</translation>
+        <translation>&amp;Bearbeiten</translation>
     </message>
     <message>
         <source>&amp;Annulla l&apos;ultimo lavoro...</source>
@@ -3406,6 +3406,14 @@ Sie werden mit ihren Karaoke-Bildern endgültig gelöscht. Jetzt entfernen?</tra
         <source>%1 occupati, %2 liberi di %3</source>
         <translation>%1 belegt, %2 von %3 frei</translation>
     </message>
+    <message>
+        <source>Aggiorna il database</source>
+        <translation>Songverzeichnis aktualisieren</translation>
+    </message>
+    <message>
+        <source>Rigenera il database...</source>
+        <translation>Songverzeichnis neu erstellen...</translation>
+    </message>
 </context>
 <context>
     <name>PlaylistRepair</name>
@@ -4900,6 +4908,18 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <source>La lista non può essere stampata</source>
         <translation>Die Liste kann nicht gedruckt werden</translation>
     </message>
+    <message>
+        <source>Song copiate negli appunti: %1</source>
+        <translation>Songs in die Zwischenablage kopiert: %1</translation>
+    </message>
+    <message>
+        <source>Lista salvata in %1</source>
+        <translation>Liste gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>La lista è alla stampante</source>
+        <translation>Die Liste ist beim Drucker</translation>
+    </message>
 </context>
 <context>
     <name>TablePages</name>
@@ -5259,6 +5279,10 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <source>Aggiungile al mio catalo&amp;go...</source>
         <translation>Zu &amp;meinem Katalog hinzufügen...</translation>
     </message>
+    <message>
+        <source>%1 nel mio catalogo</source>
+        <translation>%1 in meinem Katalog</translation>
+    </message>
 </context>
 <context>
     <name>PlayerBar</name>
@@ -5379,6 +5403,26 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
     <message>
         <source>Comando</source>
         <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Nelle liste</source>
+        <translation>In den Listen</translation>
+    </message>
+    <message>
+        <source>Ascolta la song scelta</source>
+        <translation>Den gewählten Song anhören</translation>
+    </message>
+    <message>
+        <source>Contenuto della memoria</source>
+        <translation>Speicherinhalt</translation>
+    </message>
+    <message>
+        <source>Cerca song</source>
+        <translation>Songs suchen</translation>
+    </message>
+    <message>
+        <source>Rileggi la memoria</source>
+        <translation>Speicher neu lesen</translation>
     </message>
 </context>
 <context>

@@ -749,7 +749,7 @@ Do you want to copy all the same?</translation>
     </message>
     <message>
         <source>&amp;Seleziona song...</source>
-        <translation>&amp;Select songs...</translation>
+        <translation>Choose &amp;songs...</translation>
     </message>
     <message>
         <source>&amp;Trasferisci song...</source>
@@ -867,7 +867,7 @@ Do you want to copy all the same?</translation>
     </message>
     <message>
         <source>Modifica</source>
-        <translation>Edit</translation>
+        <translation>&amp;Edit</translation>
     </message>
     <message>
         <source>&amp;Annulla l&apos;ultimo lavoro...</source>
@@ -3406,6 +3406,14 @@ They are deleted for good, with their karaoke pictures. Remove them?</translatio
         <source>%1 occupati, %2 liberi di %3</source>
         <translation>%1 used, %2 free of %3</translation>
     </message>
+    <message>
+        <source>Aggiorna il database</source>
+        <translation>Update the song index</translation>
+    </message>
+    <message>
+        <source>Rigenera il database...</source>
+        <translation>Rebuild the song index...</translation>
+    </message>
 </context>
 <context>
     <name>PlaylistRepair</name>
@@ -4900,6 +4908,18 @@ Prepare the tag for the player first?</translation>
         <source>La lista non può essere stampata</source>
         <translation>The list cannot be printed</translation>
     </message>
+    <message>
+        <source>Song copiate negli appunti: %1</source>
+        <translation>Songs copied to the clipboard: %1</translation>
+    </message>
+    <message>
+        <source>Lista salvata in %1</source>
+        <translation>List saved to %1</translation>
+    </message>
+    <message>
+        <source>La lista è alla stampante</source>
+        <translation>The list is at the printer</translation>
+    </message>
 </context>
 <context>
     <name>TablePages</name>
@@ -5259,6 +5279,10 @@ Prepare the tag for the player first?</translation>
         <source>Aggiungile al mio catalo&amp;go...</source>
         <translation>Add them to my catalo&amp;gue...</translation>
     </message>
+    <message>
+        <source>%1 nel mio catalogo</source>
+        <translation>%1 in my catalogue</translation>
+    </message>
 </context>
 <context>
     <name>PlayerBar</name>
@@ -5379,6 +5403,26 @@ Prepare the tag for the player first?</translation>
     <message>
         <source>Comando</source>
         <translation>Command</translation>
+    </message>
+    <message>
+        <source>Nelle liste</source>
+        <translation>In the lists</translation>
+    </message>
+    <message>
+        <source>Ascolta la song scelta</source>
+        <translation>Listen to the chosen song</translation>
+    </message>
+    <message>
+        <source>Contenuto della memoria</source>
+        <translation>Memory contents</translation>
+    </message>
+    <message>
+        <source>Cerca song</source>
+        <translation>Search songs</translation>
+    </message>
+    <message>
+        <source>Rileggi la memoria</source>
+        <translation>Read the memory again</translation>
     </message>
 </context>
 <context>

@@ -14,6 +14,7 @@
 #include <QPrinter>
 #include <QProcess>
 #include <QSignalSpy>
+#include <QStatusBar>
 #include <QTableView>
 
 #include <memory>
@@ -200,6 +201,8 @@ void TestListOutput::chosenRowIsCopied()
     QCOMPARE(clipboardText(),
              s("Formato\tTitolo\tArtista\tGenere\tAutore\tDurata\tBpm\tTonalita'\tNome file\n"
                "MIDI\tAlpha\t\t\t\t00:00\t0\t\ta.mid\n"));
+    QCOMPARE(window.child<QStatusBar>("statusBar")->currentMessage(),
+             s("Song copiate negli appunti: 1"));
 }
 
 void TestListOutput::withoutAChoiceAllShownRowsAreCopied()
@@ -352,6 +355,8 @@ void TestListOutput::listIsPrintedIntoAPdf()
     QCOMPARE(QString::fromUtf8(reader.readAllStandardOutput()),
              s("Lista delle song: 2 songFormatoTitoloArtistaGenereAutoreDurataBpmTonalita'Nome file"
                "Pagina 1 di 1MIDIBravo00:000b.midMIDIAlpha00:000a.mid\n"));
+    QCOMPARE(window.child<QStatusBar>("statusBar")->currentMessage(),
+             s("Lista salvata in ") + QDir::toNativeSeparators(path));
     // A page that lies on its side.
     QVERIFY(bytes.contains("/MediaBox [0 0 842") || bytes.contains("/MediaBox [0 0 792"));
 }

@@ -58,6 +58,7 @@ private slots:
     void memoryInOrderIsToldSo();
     void findingsAreToldWithWhatHelps();
     void updateIsOnlyMadeWhenAsked();
+    void whatTheIndexLacksIsOfferedBesideTheFacts();
     void rebuildAsksFirst();
     void damagedIndexLeavesOnlyTheRebuild();
     void hostileFilesAreShownAsFarAsTheyGo();
@@ -294,6 +295,31 @@ void TestMemoryWindowCare::updateIsOnlyMadeWhenAsked()
     QCOMPARE(message(), text("Il database è aggiornato."));
     QCOMPARE(stateOf("/pop/New.mid"), text("nel database"));
     QVERIFY(!shownPaths().contains(text("/songs/Azzurro.mid")));
+}
+
+void TestMemoryWindowCare::whatTheIndexLacksIsOfferedBesideTheFacts()
+{
+    const auto isOffered = [this] { return find<QPushButton>("pushButtonRemedy")->isVisible(); };
+    open();
+    QVERIFY(!isOffered()); // the index is complete
+    filledmemory::changeBehindTheIndex(*m_card);
+    click("pushButtonReload");
+    QVERIFY(isOffered());
+    QCOMPARE(find<QPushButton>("pushButtonRemedy")->text(), text("Aggiorna il database"));
+    click("pushButtonRemedy");
+    QCOMPARE(updates(), 1);
+    QCOMPARE(message(), text("Il database è aggiornato."));
+    QVERIFY(!isOffered());
+
+    m_card->writeOnCard(text("title.idx"), "half a record");
+    click("pushButtonReload");
+    QCOMPARE(find<QPushButton>("pushButtonRemedy")->text(), text("Rigenera il database..."));
+    ModalAnswers user;
+    user.pressInMessageBoxes(QMessageBox::Yes);
+    click("pushButtonRemedy");
+    QCOMPARE(user.messages().size(), 1);
+    QCOMPARE(message(), text("Il database è stato rigenerato."));
+    QVERIFY(!isOffered());
 }
 
 void TestMemoryWindowCare::rebuildAsksFirst()

@@ -61,7 +61,10 @@ void TestShortcutsDialog::everyKeyOfTheMenusIsThere()
         QVERIFY2(isThere, qPrintable(action->objectName()));
     }
     QVERIFY(withKeys > 10);
-    QCOMPARE(rows.size(), withKeys);
+    QVERIFY(rows.contains(QKeySequence(Qt::Key_Space).toString(QKeySequence::NativeText) +
+                          QStringLiteral(": Ascolta la song scelta")));
+    constexpr int outsideMenus = 3;
+    QCOMPARE(rows.size(), withKeys + outsideMenus);
     QVERIFY(rows.contains(QStringLiteral("F1: Aiuto Kavena PC")));
 }
 
@@ -76,7 +79,7 @@ void TestShortcutsDialog::changedKeysAreShown()
     menu->addAction(QStringLiteral("Without keys"));
     entry->setShortcuts({Qt::Key_F6, Qt::Key_F6, Qt::Key_F9});
     const ShortcutsDialog first(menus);
-    QCOMPARE(rowsOf(first),
+    QCOMPARE(rowsOf(first).first(2),
              (QStringList{QStringLiteral("F6, F9: Save"), QStringLiteral("F7: Inner")}));
     QCOMPARE(first.findChild<QTreeWidget *>()->topLevelItem(0)->text(0),
              QStringLiteral("Fish & chips"));
@@ -93,8 +96,9 @@ void TestShortcutsDialog::hiddenEntriesAreNot()
     entry->setShortcut(Qt::Key_F6);
     entry->setVisible(false);
     const ShortcutsDialog dialog(menus);
-    QCOMPARE(rowsOf(dialog), QStringList());
-    QCOMPARE(dialog.findChild<QTreeWidget *>()->topLevelItemCount(), 0);
+    QVERIFY(rowsOf(dialog).filter(QStringLiteral("Entry")).isEmpty());
+    const auto *const table = dialog.findChild<QTreeWidget *>();
+    QVERIFY(table->findItems(QStringLiteral("Menu"), Qt::MatchExactly).isEmpty());
 }
 
 void TestShortcutsDialog::menuOpensIt()

@@ -7,6 +7,7 @@
 #include "windows/aboutdialog.h"
 #include "windows/backupdialog.h"
 #include "windows/editseveraldialog.h"
+#include "windows/filelistdialog.h"
 #include "windows/nocopyrightdialog.h"
 #include "windows/severalsongsmodel.h"
 #include "windows/syncsummarybar.h"
@@ -32,6 +33,9 @@ private slots:
     void refusedBackupTellsNothing();
     void unknownSongsAreEdited();
     void unknownSongsBecomeEntries();
+    void songThatIsNoEntryStaysUnknown();
+    void songAddedByItsMenuEntryIsNoLongerUnknown();
+    void editedSongThatBecomesAnEntryStaysEdited();
     void otherListTakesTheBarAway();
     void barGoesWhenNoUnknownSongIsLeft();
     void barCanBeClosed();
@@ -171,8 +175,45 @@ void TestSyncResult::unknownSongsBecomeEntries()
         titles << entry.title;
     titles.sort();
     QCOMPARE(titles, (QStringList{s("Aria"), s("Xenia")}));
+    QCOMPARE(told(), s("1 di 3 trovate; 2 nel mio catalogo"));
     QVERIFY(!button("addUnknownPushButton")->isVisible());
-    QVERIFY(button("editUnknownPushButton")->isVisible());
+    QVERIFY(!button("editUnknownPushButton")->isVisible());
+    for (int row = 0; row < 3; ++row)
+        QCOMPARE(m_window->model()->status(row), int{Database::StatusSynced});
+}
+
+void TestSyncResult::songThatIsNoEntryStaysUnknown()
+{
+    import({m_a, m_songs->midi(s("untitled.mid"), ""), m_known});
+    synchronise();
+    m_answers->add([](QWidget *modal) { // says which song could not be added
+        return qobject_cast<FileListDialog *>(modal) != nullptr && modal->close();
+    });
+    QTest::mouseClick(button("addUnknownPushButton"), Qt::LeftButton);
+    QCOMPARE(told(), s("1 di 3 trovate; 1 nel mio catalogo; 1 non nel catalogo"));
+    QVERIFY(button("addUnknownPushButton")->isVisible());
+    QCOMPARE(m_window->model()->status(0), int{Database::StatusSynced});
+    QCOMPARE(m_window->model()->status(1), int{Database::StatusNotSynced});
+}
+
+void TestSyncResult::songAddedByItsMenuEntryIsNoLongerUnknown()
+{
+    import({m_a, m_known, m_z});
+    synchronise();
+    m_window->table()->selectRow(2);
+    m_window->action("actionAddToCatalogue")->trigger();
+    QCOMPARE(told(), s("1 di 3 trovate; 1 nel mio catalogo; 1 non nel catalogo"));
+    QCOMPARE(m_window->model()->status(2), int{Database::StatusSynced});
+}
+
+void TestSyncResult::editedSongThatBecomesAnEntryStaysEdited()
+{
+    import({m_a});
+    synchronise();
+    m_window->model()->setStatus(0, Database::StatusEdited);
+    m_window->table()->selectRow(0);
+    m_window->action("actionAddToCatalogue")->trigger();
+    QCOMPARE(m_window->model()->status(0), int{Database::StatusEdited});
 }
 
 void TestSyncResult::otherListTakesTheBarAway()

@@ -22,6 +22,7 @@
 #include "windows/songslistdialog.h"
 #include "windows/unreadablefilesdialog.h"
 #include "windows/usersongsreltablemodel.h"
+#include "windows/visibleoutlines.h"
 
 #include <QAbstractSpinBox>
 #include <QApplication>
@@ -370,6 +371,7 @@ int main(int argc, char *argv[])
 {
     const OwnSettings ownSettings;
     QApplication application(argc, argv);
+    QApplication::setStyle(new VisibleOutlines); // as the program does
     TestWindows test;
     return QTest::qExec(&test, argc, argv);
 }
