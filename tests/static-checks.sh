@@ -18,8 +18,9 @@ cppcheck --quiet -j "$(nproc)" --std=c++17 --language=c++ --library=qt --inline-
   --error-exitcode=1 storage formats library devindex sound windows app cli
 
 # Everything but the paths through the code is asked of all sources of a layer at once, so that Qt's
-# headers are read once a layer. The paths are followed file by file; leaks are not asked about there,
-# because a call that Qt queues is taken for one. The tests under the sanitizers find them.
+# headers are read once a layer. The paths are followed file by file, which also tells whether each
+# file includes what it uses; leaks are not asked about there, because a call that Qt queues is taken
+# for one. The tests under the sanitizers find them.
 echo "== clang-tidy"
 layers='(storage|formats|library|devindex|sound|sound/module|windows|app|cli)'
 tidy() { # tidy BUILD CHECKS FILES [OPTION...]
@@ -33,7 +34,8 @@ tidy build/asan '-clang-analyzer-*,-bugprone-suspicious-include' \
   "^$PWD/(build/asan/$layers/.*/unity_0_cxx.cxx|cli/(arguments|help).cpp|sound/soundmodule.cpp)\$" \
   -header-filter="^$PWD/$layers/[a-z0-9]+\.(h|cpp)\$" \
   -extra-arg=-fno-sanitize=all -extra-arg=-Wno-error
-tidy build/release '-*,clang-analyzer-*,-clang-analyzer-cplusplus.NewDeleteLeaks' \
+tests/tools/single_commands.py build/release build/single
+tidy build/single '-*,clang-analyzer-*,-clang-analyzer-cplusplus.NewDeleteLeaks' \
   "^$PWD/$layers/[a-z0-9]+\.cpp\$"
 
 # What clazy is not asked about:
@@ -41,13 +43,21 @@ tidy build/release '-*,clang-analyzer-*,-clang-analyzer-cplusplus.NewDeleteLeaks
 #   non-pod-global-static          it takes a text that the compiler lays out for an allocated one
 #   qstring-insensitive-allocation texts in upper case are not equal to texts compared without case
 echo "== clazy"
-: >build/clazy.log
-for unit in $(find build/asan -path '*/Unity/unity_0_cxx.cxx' | sort); do
+rm -rf build/clazy
+mkdir build/clazy
+lint() {
+  log=build/clazy/$(echo "$1" | tr / -).log
   clazy-standalone -p build/asan \
     -checks=level0,level1,no-connect-by-name,no-non-pod-global-static,no-qstring-insensitive-allocation \
     -header-filter="^$PWD/$layers/" --extra-arg=-fno-sanitize=all --extra-arg=-w \
-    --extra-arg=-Wno-error "$unit" \
-    >>build/clazy.log 2>&1
-done
-if grep -E -A 3 "^$PWD/$layers/.*(warning|error):" build/clazy.log >&2; then exit 1; fi
+    --extra-arg=-Wno-error "$1" >"$log" 2>&1 || {
+    tail -n 20 "$log" >&2
+    exit 1
+  }
+}
+export -f lint
+export layers
+find build/asan -path '*/Unity/unity_0_cxx.cxx' -printf '%s %p\n' | sort -rn | cut -d' ' -f2 | # largest first
+  xargs -P "$(nproc)" -I{} bash -euo pipefail -c 'lint {}'
+if cat build/clazy/*.log | grep -E -A 3 "^$PWD/$layers/.*(warning|error):" >&2; then exit 1; fi
 echo "no findings"

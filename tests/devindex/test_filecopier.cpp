@@ -95,7 +95,7 @@ void TestFileCopier::filesGetTheirNamesTogetherWhenTheyAreOnTheMedium()
 
 void TestFileCopier::manyFilesGetTheirNamesInSeveralGroups()
 {
-    constexpr int count = 600;
+    constexpr int count = 1500;
     QStringList files;
     for (int i = 0; i < count; ++i)
         files.append(write(QStringLiteral("lib/s%1.mid").arg(i), QByteArray::number(i)));

@@ -109,14 +109,16 @@ def entries(file):
             for message in context.iter("message")]
 
 
-def updated_entries(lupdate, sources, name):
-    """The entries as they stand after a comparison with the sources, which is made on a copy."""
+def updated_entries(lupdate, sources):
+    """The entries of each translation as they stand after a comparison with the sources, which is
+    made on copies."""
     with tempfile.TemporaryDirectory() as scratch:
-        copy = shutil.copy(sources / f"resources/translations/{name}.ts", scratch)
+        copies = [shutil.copy(sources / f"resources/translations/{name}.ts", scratch)
+                  for name in TRANSLATIONS]
         subprocess.run([lupdate, "-silent", "storage", "library", "devindex", "sound", "windows", "app",
                         "cli", "-I", ".", "-extensions", "cpp,h,ui", "-source-language", "it_IT",
-                        "-locations", "none", "-ts", copy], cwd=sources, check=True)
-        return entries(copy)
+                        "-locations", "none", "-ts", *copies], cwd=sources, check=True)
+        return {name: entries(copy) for name, copy in zip(TRANSLATIONS, copies)}
 
 
 def names(pattern, text):
@@ -229,8 +231,7 @@ def faults_of_words(sources):
 def faults(lupdate, sources):
     found = list(faults_of_words(sources))
     known = set()
-    for name in TRANSLATIONS:
-        checked = updated_entries(lupdate, sources, name)
+    for name, checked in updated_entries(lupdate, sources).items():
         known.add(frozenset(entry.key() for entry in checked))
         seen = set()
         for entry in checked:
