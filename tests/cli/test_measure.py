@@ -12,10 +12,13 @@ import songs
 from songs import CliTest, meta
 from test_realsongs import expand, sound, tool
 
-# Real songs; more of them where the variable names folders, divided by colons.
-FOLDERS = os.environ.get("KAVENA_REAL_MIDI", "/usr/share/games/openttd/baseset/openmsx")
+# Real songs: those of packages that may be installed, or those below the folders that the variable
+# names, divided by colons.
+PACKAGED = ("/usr/share/games/openttd/baseset/openmsx", "/usr/share/planetblupi/music",
+            "/usr/share/doc/mma/examples", "/usr/share/doc/pianobooster/courses")
+FOLDERS = os.environ.get("KAVENA_REAL_MIDI", ":".join(PACKAGED))
 REAL_MIDI = sorted(path for folder in FOLDERS.split(":")
-                   for path in pathlib.Path(folder).glob("*.mid"))
+                   for path in pathlib.Path(folder).rglob("*.mid"))
 # Tunes of many kinds; a converter of them is another maker of MIDI files.
 TUNES = sorted(pathlib.Path("/usr/share/doc/abcmidi/examples").glob("*.abc"))
 FIFTHS = ["Cb", "Gb", "Db", "Ab", "Eb", "Bb", "F", "C", "G", "D", "A", "E", "B", "F#", "C#", "G#",
