@@ -1857,6 +1857,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>The song is not in the song index</translation>
     </message>
     <message>
+        <source>La song non è nel database: il nome differisce da un altro solo per le maiuscole</source>
+        <translation>The song is not in the song index: its name differs from another one only in upper and lower case</translation>
+    </message>
+    <message>
         <source>La dimensione non corrisponde al numero di song</source>
         <translation>The size does not fit the number of songs</translation>
     </message>

@@ -1857,6 +1857,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>La song non è nel database</translation>
     </message>
     <message>
+        <source>La song non è nel database: il nome differisce da un altro solo per le maiuscole</source>
+        <translation>La song non è nel database: il nome differisce da un altro solo per le maiuscole</translation>
+    </message>
+    <message>
         <source>La dimensione non corrisponde al numero di song</source>
         <translation>La dimensione non corrisponde al numero di song</translation>
     </message>

@@ -1857,6 +1857,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>Der Song steht nicht im Songverzeichnis</translation>
     </message>
     <message>
+        <source>La song non è nel database: il nome differisce da un altro solo per le maiuscole</source>
+        <translation>Der Song steht nicht im Songverzeichnis: Der Name unterscheidet sich nur in Groß- und Kleinschreibung von einem anderen</translation>
+    </message>
+    <message>
         <source>La dimensione non corrisponde al numero di song</source>
         <translation>Die Größe passt nicht zur Anzahl der Songs</translation>
     </message>
