@@ -136,6 +136,9 @@ bool FileCopier::copyAs(const QList<Order> &orders, const QString &dest, Progres
     m_replace = RememberedAnswer();
 
     m_inPlace.reset();
+    m_names.reset();
+    if (m_ignoresCase)
+        m_names.emplace(dest);
     const bool toTheEnd = copyAll(orders, progress);
     settle();
     findReplaced();
@@ -160,10 +163,11 @@ bool FileCopier::copyAll(const QList<Order> &orders, Progress &progress)
         if (progress.wasCanceled())
             return false;
         const QString &source = orders.at(i).source;
-        const QString &target = orders.at(i).target;
         const bool mayReplace = orders.at(i).replace;
-        if (m_batch->isFull() || m_batch->holds(target))
+        if (m_batch->isFull() || m_batch->holds(orders.at(i).target))
             settle();
+        const QString target = placeOf(orders.at(i));
+        m_songs[i].target = target;
         const bool exists = QFileInfo::exists(target);
         if (source == target || (exists && isSameFile(source, target))) {
             m_songs[i].state = State::Copied;
@@ -180,11 +184,20 @@ bool FileCopier::copyAll(const QList<Order> &orders, Progress &progress)
             continue;
         }
         m_songs[i].state = State::Copied;
+        if (m_names)
+            m_names->add(target);
         if (!copySong(i, source, target, exists || mayReplace))
             m_songs[i].state = State::Failed;
         progress.updateProgress(i + 1);
     }
     return true;
+}
+
+/** What lies there in another letter case is replaced, or kept, under its own spelling. */
+QString FileCopier::placeOf(const Order &order) const
+{
+    const QString there = m_names ? m_names->existing(order.target) : QString();
+    return there.isEmpty() ? order.target : there;
 }
 
 /** True for a file that is to be copied itself: what replaced it would take its place unseen. */

@@ -1,6 +1,7 @@
 // Copies song files into a folder: onto a memory, or into a backup.
 #pragma once
 
+#include "devindex/foldernames.h"
 #include "library/answer.h"
 #include "library/keepalive.h"
 #include "library/progress.h"
@@ -104,6 +105,12 @@ public:
      */
     void setReadBack(bool on) { m_readBack = on; }
 
+    /**
+     * A name that differs only in letter case from one in the folder is taken for that one, as it
+     * is on a memory and by the player. Off unless it is set: elsewhere both may have to be kept.
+     */
+    void setIgnoresCase(bool on) { m_ignoresCase = on; }
+
     /** What became of each file in the last call of copyFiles() or copyAs(). */
     const Report &report() const { return m_report; }
 
@@ -121,6 +128,7 @@ private:
     enum class Copy { Done, NoSource, NoRoom, Failed };
 
     bool copyAll(const QList<Order> &orders, Progress &progress);
+    QString placeOf(const Order &order) const;
     bool isInList(const QString &target);
     void findReplaced();
     void settle();
@@ -134,9 +142,11 @@ private:
     const AskReplace m_askReplace;
     RememberedAnswer m_replace;
     bool m_readBack = false;
+    bool m_ignoresCase = false;
     Report m_report;
     QList<Song> m_songs;                                   ///< what became of each file of the list
     std::optional<QMultiHash<QString, QString>> m_inPlace; ///< files of the list, by nameKey()
+    std::optional<FolderNames> m_names;                    ///< of the folder, if case is ignored
     std::unique_ptr<CopyBatch> m_batch;
     QByteArray m_buffer;
     KeepAlive m_keepAlive;

@@ -7,6 +7,7 @@
 #include "devindex/memorywalk.h"
 #include "devindex/playlistfiles.h"
 #include "devindex/songinfoindex.h"
+#include "devindex/unlistedsongs.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -149,8 +150,7 @@ void MemoryCheck::findSongFiles()
             continue;
         }
         const QByteArray path = ibm850FromText(file.path);
-        if (!m_files.contains(path))
-            m_filePaths.append(path);
+        m_filePaths.append(file.path);
         m_files[path].append(file.stamp);
     }
 }
@@ -219,15 +219,15 @@ void MemoryCheck::checkPath(int number, const char *record)
 
 void MemoryCheck::checkUnlisted()
 {
-    // The player tells no upper case from lower case: one of such files is enough.
-    QSet<QString> listed;
-    for (const QByteArray &path : std::as_const(m_paths))
-        listed.insert(folded(textFromIbm850(path)));
-    for (const QByteArray &path : std::as_const(m_filePaths)) {
-        const QString shown = textFromIbm850(path);
-        if (!listed.contains(folded(shown)))
-            add(Kind::UnlistedSong, shown, tr("La song non è nel database"));
-    }
+    QList<QByteArray> listed;
+    for (const Song &song : std::as_const(m_songs))
+        listed.append(song.path);
+    const QList<unlistedsongs::Song> songs = unlistedsongs::find(m_root, m_filePaths, listed);
+    for (const unlistedsongs::Song &song : songs)
+        add(Kind::UnlistedSong, textFromIbm850(ibm850FromText(song.path)),
+            song.hasTwin ? tr("La song non è nel database: il nome differisce da un altro solo per "
+                              "le maiuscole")
+                         : tr("La song non è nel database"));
 }
 
 void MemoryCheck::checkOrder()

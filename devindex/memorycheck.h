@@ -77,7 +77,7 @@ private:
     bool m_wasStopped = false;
     CheckFindings m_findings;
     QHash<QByteArray, QList<QByteArray>> m_files; ///< times of change by path
-    QList<QByteArray> m_filePaths;                ///< in the order in which they were found
+    QStringList m_filePaths;                      ///< in the order in which they were found
     QStringList m_unread;                         ///< folders, as their paths stand in an index
     QList<Song> m_songs;                          ///< by record number
     QSet<quint32> m_ids;

@@ -115,19 +115,25 @@ QString ShortNames::find(const QString &path, bool isFolder)
     const QString stem = stemOf(item.completeBaseName());
     const QString suffix = suffixOf(item, isFolder);
 
+    auto names = m_names.find(folder);
+    if (names == m_names.end())
+        names = m_names.insert(folder, FolderNames(item.path()));
     int &number = m_firstFree[folder + stem + suffix];
     for (number = std::max(number, 1); number <= maxNumber; ++number) {
         QString candidate = folder + numberedBase(stem, number) + suffix;
-        if (isFree(candidate, isFolder))
-            return candidate;
+        if (!isFree(candidate, isFolder, *names))
+            continue;
+        names->add(candidate); // it may be made
+        return candidate;
     }
     return {};
 }
 
 /** An MP3 must not come to lie beside the karaoke pictures of another song. */
-bool ShortNames::isFree(const QString &candidate, bool isFolder) const
+bool ShortNames::isFree(const QString &candidate, bool isFolder, const FolderNames &names) const
 {
-    if (isTaken(candidate) || (!m_keptFree.isEmpty() && m_keptFree.contains(nameKey(candidate))))
+    if (!names.existing(candidate).isEmpty() ||
+        (!m_keptFree.isEmpty() && m_keptFree.contains(nameKey(candidate))))
         return false;
     const QStringList pictures = isFolder ? QStringList() : companionPaths(candidate);
     return std::none_of(pictures.cbegin(), pictures.cend(), isTaken);

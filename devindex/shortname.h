@@ -1,6 +1,8 @@
 // Names short enough for the player.
 #pragma once
 
+#include "devindex/foldernames.h"
+
 #include <QHash>
 #include <QSet>
 #include <QString>
@@ -34,8 +36,9 @@ class ShortNames
 {
 public:
     /**
-     * The path of the first short name that no file or folder has, in the item's own folder; empty
-     * when all are taken. The short name of an MP3 is free for its karaoke pictures, too.
+     * The path of the first short name that no file or folder has, in whatever letter case, in the
+     * item's own folder; empty when all are taken. The short name of an MP3 is free for its karaoke
+     * pictures, too.
      */
     QString candidateFor(const QFileInfo &item);
 
@@ -47,8 +50,9 @@ public:
 
 private:
     QString find(const QString &path, bool isFolder);
-    bool isFree(const QString &candidate, bool isFolder) const;
+    bool isFree(const QString &candidate, bool isFolder, const FolderNames &names) const;
 
-    QSet<QString> m_keptFree;        ///< as nameKey()
+    QSet<QString> m_keptFree; ///< as nameKey()
+    QHash<QString, FolderNames> m_names;
     QHash<QString, int> m_firstFree; ///< by folder, beginning of the name and suffix
 };

@@ -89,6 +89,7 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
     logBanner();
     FileCopier copier([this](const QString &target) { return m_user.askReplace(target); });
     copier.setReadBack(m_readBack);
+    copier.setIgnoresCase(true);
     const bool copied = copyFiles(songs, dest, copier);
     const bool indexed = updateIndex(root);
     lock.release(); // whoever reads the result may pull the memory out

@@ -1956,6 +1956,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <source>Il file della playlist manca o non è leggibile</source>
         <translation>Il file della playlist manca o non è leggibile</translation>
     </message>
+    <message>
+        <source>La song non è nel database: il nome differisce da un altro solo per le maiuscole</source>
+        <translation>La song non è nel database: il nome differisce da un altro solo per le maiuscole</translation>
+    </message>
 </context>
 <context>
     <name>PeopleWriter</name>

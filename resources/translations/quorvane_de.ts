@@ -1956,6 +1956,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <source>Il file della playlist manca o non è leggibile</source>
         <translation>Die Datei der Playlist fehlt oder ist nicht lesbar</translation>
     </message>
+    <message>
+        <source>La song non è nel database: il nome differisce da un altro solo per le maiuscole</source>
+        <translation>Der Song steht nicht im Songverzeichnis: Der Name unterscheidet sich nur in Groß- und Kleinschreibung von einem anderen</translation>
+    </message>
 </context>
 <context>
     <name>PeopleWriter</name>

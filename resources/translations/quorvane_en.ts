@@ -1956,6 +1956,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <source>Il file della playlist manca o non è leggibile</source>
         <translation>The playlist&apos;s file is missing or cannot be read</translation>
     </message>
+    <message>
+        <source>La song non è nel database: il nome differisce da un altro solo per le maiuscole</source>
+        <translation>The song is not in the song index: its name differs from another one only in upper and lower case</translation>
+    </message>
 </context>
 <context>
     <name>PeopleWriter</name>

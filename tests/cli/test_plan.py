@@ -350,6 +350,36 @@ class Plain(PlanTest):
         self.assertIn("--replace yes", result.err)
         self.assertEqual((self.card / "songs/a.mid").read_bytes(), song("A"))
 
+    def test_names_of_other_case_are_equal_names(self):
+        self.write("1/a.mid", song("Lower"))
+        self.write("2/A.mid", song("Upper"))
+        self.write("3/Long name of one.mid", song("One"))
+        self.write("4/LONG NAME OF ANOTHER.mid", song("Another"))
+        result = self.run_kavena("transfer", "--rename", "yes", ".", "--to", self.card, status=0)
+        self.assertIn("Songs copied: 3. Songs skipped: 1. Not copied (errors): 0", result.err)
+        self.assertIn("A.mid: was there already and was not replaced", result.err)
+        names = sorted(name.lower() for name in self.names())
+        self.assertEqual(names, ["a.mid", "longna-1.mid", "longna-2.mid"])
+        listed = self.run_kavena("list", self.card, status=0).out.splitlines()
+        self.assertEqual(len(listed), 3)
+        self.run_kavena("index", "check", self.card, status=0)
+        # The other one is brought onto the memory under a name of its own.
+        self.run_kavena("transfer", "--in-line", "--rename", "yes", ".", "--to", self.card,
+                        status=0)
+        self.assertEqual(len(self.names()), 4)
+        listed = self.run_kavena("list", self.card, status=0).out.splitlines()
+        self.assertEqual(len(listed), 4)
+
+    def test_songs_hidden_by_one_of_their_name_are_named(self):
+        self.on_card("a.mid", song("Lower"))
+        self.on_card("A.mid", song("Upper"))
+        update = self.run_kavena("index", "update", self.card)
+        self.assertIn("differs from another one only in upper and lower case", update.err)
+        check = self.run_kavena("index", "check", "--json", self.card, status=1)
+        self.assertEqual([line["finding"] for line in check.lines], ["unlisted-song"])
+        self.assertIn(check.lines[0]["path"].lower(), "/songs/a.mid")
+        self.assertIn("upper and lower case", check.lines[0]["text"])
+
     def test_nothing_is_told_where_nothing_is_lost_or_doubled(self):
         self.write("a.mid", song("A"))
         self.write("b.mid", song("New"))

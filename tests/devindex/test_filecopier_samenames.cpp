@@ -16,6 +16,8 @@ private slots:
     void songWhoseCopyWasReplacedDoesNotCountAsCopied();
     void songThatIsListedTwiceIsCopied();
     void songOfTheListIsNeverReplaced();
+    void nameOfOtherCaseIsOneNameOnAMemory();
+    void folderOfTheComputerKeepsNamesOfOtherCase();
 
 private:
     FileCopier::Report copied(const QStringList &files, const QList<Answer> &answers);
@@ -59,6 +61,36 @@ void TestFileCopierSameNames::songOfTheListIsNeverReplaced()
     QCOMPARE(report.failed.size(), 1);
     QCOMPARE(report.failed.first().source, other);
     QCOMPARE(read(QStringLiteral("dest/x.mid")), QByteArray("the only copy"));
+}
+
+void TestFileCopierSameNames::nameOfOtherCaseIsOneNameOnAMemory()
+{
+    QVERIFY(QDir().mkdir(path(QStringLiteral("more"))));
+    const QString old = write(QStringLiteral("dest/Old.mid"), "there before");
+    const QString first = write(QStringLiteral("lib/x.mp3"), "first");
+    const QString newer = write(QStringLiteral("lib/OLD.MID"), "newer");
+    const QString second = write(QStringLiteral("more/X.mp3"), "second");
+    FileCopier copier(answering({Answer::No, Answer::Yes}));
+    copier.setIgnoresCase(true);
+    copier.copyFiles({first, newer, second}, m_dest, m_copied, *m_progress);
+    QCOMPARE(m_asked, QStringList({old, m_dest + QStringLiteral("/x.mp3")}));
+    QCOMPARE(copier.report().copied, 1);
+    QCOMPARE(copier.report().skipped, QStringList(newer));
+    QCOMPARE(copier.report().replaced, QStringList(first));
+    QCOMPARE(QDir(m_dest).entryList(QDir::Files).size(), 2);
+    QCOMPARE(read(QStringLiteral("dest/Old.mid")), QByteArray("there before"));
+    QCOMPARE(read(QStringLiteral("dest/x.mp3")), QByteArray("second"));
+}
+
+void TestFileCopierSameNames::folderOfTheComputerKeepsNamesOfOtherCase()
+{
+    const QString lower = write(QStringLiteral("lib/x.mid"), "lower");
+    const QString upper = write(QStringLiteral("lib/X.mid"), "upper");
+    if (QDir(path(QStringLiteral("lib"))).entryList(QDir::Files).size() != 2)
+        QSKIP("this file system knows no letter case");
+    QCOMPARE(copied({lower, upper}, {}).copied, 2);
+    QCOMPARE(read(QStringLiteral("dest/x.mid")), QByteArray("lower"));
+    QCOMPARE(read(QStringLiteral("dest/X.mid")), QByteArray("upper"));
 }
 
 QTEST_GUILESS_MAIN(TestFileCopierSameNames)

@@ -1,5 +1,6 @@
 // Files whose names are one in the index: they keep their entries, and none appears twice.
 #include "devindex/index.h"
+#include "library/answer.h"
 #include "support/devicememory.h"
 #include "support/logcapture.h"
 #include "support/songbytes.h"
@@ -55,6 +56,7 @@ private slots:
     void changedSongOfASharedRecordIsReadAgain();
     void equalSongsOfOneRecordStayInTheirOrder();
     void secondNameOfOtherCaseIsReported();
+    void shortNamesDifferInMoreThanCase();
     void exactNameKeepsItsEntry();
     void sameFileUnderTwoNamesIsNoSecondSong();
 
@@ -153,6 +155,27 @@ void TestIndexSameNames::secondNameOfOtherCaseIsReported()
                      leftOut);
         QCOMPARE(memory.faults(), QString());
     }
+}
+
+/** Else one of two songs would be hidden from the player where letter case counts. */
+void TestIndexSameNames::shortNamesDifferInMoreThanCase()
+{
+    const DeviceMemory memory;
+    memory.add(QStringLiteral("LONGNA-1.mid"), song("There"));
+    memory.add(QStringLiteral("Long name of one.mid"), song("One"));
+    memory.add(QStringLiteral("LONG NAME OF ANOTHER.mid"), song("Another"));
+    memory.add(QStringLiteral("long/name of a folder.x/a.mid"), song("A"));
+    Index index;
+    index.setRenameQuestion([](const QString &, const QString &) { return Answer::YesToAll; });
+    const QSignalSpy errors(&index, &Index::errorFromIndex);
+    QVERIFY(index.createIndex(memory.root()));
+    QCOMPARE(errors.size(), 0);
+    QCOMPARE(titles(memory).size(), 4);
+    QStringList names = QDir(memory.root()).entryList({QStringLiteral("*.mid")}, QDir::Files);
+    for (QString &name : names)
+        name = name.toLower();
+    names.sort();
+    QCOMPARE(names, lines("longna-1.mid,longna-2.mid,longna-3.mid"));
 }
 
 void TestIndexSameNames::exactNameKeepsItsEntry()

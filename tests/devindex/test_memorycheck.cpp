@@ -27,6 +27,7 @@ private slots:
     void everyChangedByteIsSeenAsTheTwinDoes();
     void shortAndLongFilesAreSeenAsTheTwinDoes();
     void removedChangedAndUnlistedSongsAreNamed();
+    void songsWhoseNamesTheIndexHoldsOnceAreNamed();
     void lostPlaylistSongsAreNamed();
     void listedPlaylistWithoutAFileIsNamed();
     void playlistThatIsListedOftenIsCheckedOnce();
@@ -180,7 +181,6 @@ void TestMemoryCheck::removedChangedAndUnlistedSongsAreNamed()
     memory.add(QStringLiteral("x/new.kar"), "song");
     memory.add(QStringLiteral("sfx/effect.mid"), "of the player");
     memory.add(QStringLiteral(".Trash/gone.mid"), "deleted");
-    memory.add(QStringLiteral("A.MID"), "the same name to the player");
     memory.remove(QStringLiteral("d.mp3"));
     QStringList found;
     for (const MemoryCheck::Finding &finding : MemoryCheck(memory.root()).run())
@@ -190,6 +190,40 @@ void TestMemoryCheck::removedChangedAndUnlistedSongsAreNamed()
                                  QStringLiteral("missing-song/d.mp3"),
                                  QStringLiteral("unlisted-song/x/new.kar")}));
     compareWithTwin(memory, "songs");
+}
+
+/** Where letter case counts, files can lie side by side that are one song to the player. */
+void TestMemoryCheck::songsWhoseNamesTheIndexHoldsOnceAreNamed()
+{
+    const DeviceMemory memory;
+    memory.isLeftBroken();
+    fill(memory);
+    memory.add(QStringLiteral("A.MID"), "another song");
+    memory.add(QStringLiteral("a.MID"), "a third one");
+    memory.add(QStringLiteral("X/B.mid"), "in a folder of the same name");
+    if (QDir(memory.root()).entryList({QStringLiteral("a.mid")}, QDir::Files).size() != 3)
+        QSKIP("this file system knows no letter case");
+    QVERIFY(QFile::link(QStringLiteral("d.mp3"), memory.path(QStringLiteral("D.mp3"))));
+    QStringList expected{QStringLiteral("unlisted-song /A.MID"),
+                         QStringLiteral("unlisted-song /X/B.mid"),
+                         QStringLiteral("unlisted-song /a.MID")};
+    QStringList found = findingsOf(memory);
+    found.sort();
+    QCOMPARE(found, expected);
+    QVERIFY(
+        MemoryCheck(memory.root()).run().constFirst().text.contains(QStringLiteral("maiuscole")));
+
+    // The one that the index holds got another spelling: one file is missing, one is its own.
+    QVERIFY(
+        QFile::rename(memory.path(QStringLiteral("a.mid")), memory.path(QStringLiteral("a.Mid"))));
+    found = findingsOf(memory);
+    QCOMPARE(found.filter(QStringLiteral("missing-song /a.mid")).size(), 1);
+    QCOMPARE(found.filter(QStringLiteral("unlisted-song")).size(), 3);
+
+    memory.add(QStringLiteral("α.kar"), "Greek");
+    QVERIFY(Index().createIndex(memory.root()));
+    memory.add(QStringLiteral("β.kar"), "another one that is ?.kar in the index");
+    QCOMPARE(findingsOf(memory).filter(QStringLiteral("unlisted-song /?.kar")).size(), 1);
 }
 
 void TestMemoryCheck::lostPlaylistSongsAreNamed()

@@ -31,6 +31,8 @@ private slots:
     void countsSayWhatAStopLeftOut();
     void countsSayThatTheIndexWasNotUpdated();
 
+    void namesOfOtherCaseAreOneNameToThePlayer();
+
     void missingRoomIsAskedAbout_data();
     void missingRoomIsAskedAbout();
     void filesThatFitAreNotAskedAbout();
@@ -154,6 +156,20 @@ void TestTransferResults::countsSayThatTheIndexWasNotUpdated()
     QCOMPARE(m_questions->counts,
              QStringList(countsText(1, 0, 0) +
                          QStringLiteral("\nIl database della memoria non è stato aggiornato.")));
+}
+
+/** Two such files would be counted as copied, and the player would find one of them. */
+void TestTransferResults::namesOfOtherCaseAreOneNameToThePlayer()
+{
+    const QString lower = m_card->writeMusic(QStringLiteral("x/a.mid"), "lower");
+    const QString upper = m_card->writeMusic(QStringLiteral("y/A.mid"), "upper");
+    QCOMPARE(transfer({lower, upper}), Transfer::Outcome::Complete);
+    QCOMPARE(m_questions->replaceAsked, QStringList(m_card->path(QStringLiteral("pop/a.mid"))));
+    QCOMPARE(m_questions->counts, QStringList(countsText(1, 1, 0)));
+    QCOMPARE(m_questions->skippedLines,
+             QStringList(QStringLiteral("A.mid: esisteva già e non è stata sostituita")));
+    QCOMPARE(QDir(m_questions->folder).entryList(QDir::Files),
+             QStringList(QStringLiteral("a.mid")));
 }
 
 void TestTransferResults::missingRoomIsAskedAbout_data()
