@@ -40,12 +40,12 @@ void OwnCatalogueMenu::add(int row)
     if (path.isEmpty())
         return;
     OwnCatalogue catalogue;
-    const auto added = CatalogueAdding::addSongs(catalogue, {path}, m_window);
-    if (!added || added->isEmpty())
+    const auto entries = CatalogueAdding::addSongs(catalogue, {path}, m_window);
+    if (!entries || entries->isEmpty())
         return;
     m_window->statusBar()->showMessage(
         tr("%1 è nel mio catalogo").arg(m_songs.model().shortName(row)), addedMilliseconds);
-    showAdded(*added);
+    showAdded(*entries);
 }
 
 void OwnCatalogueMenu::addSongs(const QStringList &paths)
@@ -54,13 +54,13 @@ void OwnCatalogueMenu::addSongs(const QStringList &paths)
     if (paths.isEmpty())
         return;
     OwnCatalogue catalogue;
-    const auto added = CatalogueAdding::addSongs(catalogue, paths, m_window);
-    if (!added || added->isEmpty())
+    const auto entries = CatalogueAdding::addSongs(catalogue, paths, m_window);
+    if (!entries || entries->isEmpty())
         return;
     m_window->statusBar()->showMessage(
-        tr("%n song sono nel mio catalogo", nullptr, static_cast<int>(added->size())),
+        tr("%n song sono nel mio catalogo", nullptr, static_cast<int>(entries->size())),
         addedMilliseconds);
-    showAdded(*added);
+    showAdded(*entries);
 }
 
 void OwnCatalogueMenu::show()

@@ -15,8 +15,8 @@
 namespace
 {
 
-/** Another program that adds its songs is done before. */
-const QString connectOptions = QStringLiteral("QSQLITE_BUSY_TIMEOUT=10000");
+/** Other programs that add their songs are done before, twenty of them on a slow computer too. */
+const QString connectOptions = QStringLiteral("QSQLITE_BUSY_TIMEOUT=30000");
 
 /** No song that is kept is larger; a damaged number must not eat all memory. */
 constexpr qsizetype largestSong = qsizetype{64} << 20;
