@@ -46,8 +46,9 @@ qreal luminance(const QColor &colour)
 
 qreal contrast(const QColor &a, const QColor &b)
 {
-    const auto [dark, light] = std::minmax(luminance(a), luminance(b));
-    return (light + 0.05) / (dark + 0.05);
+    const qreal ofA = luminance(a) + 0.05;
+    const qreal ofB = luminance(b) + 0.05;
+    return std::max(ofA, ofB) / std::min(ofA, ofB);
 }
 
 /** The best contrast to the window on a line through the middle of the area, from side to side. */
