@@ -85,7 +85,10 @@ HistoryStore::State HistoryStore::prepare()
         return State::Unwritable;
     execute(QStringLiteral("PRAGMA trusted_schema = OFF"));
     using Content = historyschema::Content;
+    // In one transaction: what another program makes meanwhile is seen whole or not at all.
+    execute(QStringLiteral("BEGIN"));
     Content content = historyschema::contentOf(m_connection.database());
+    execute(QStringLiteral("COMMIT"));
     if (const State unfit = stateFor(content); unfit != State::Ready)
         return unfit;
     for (const char *const pragma :
