@@ -66,11 +66,8 @@ void MemoryWindow::makePages()
     m_check = new MemoryCheckPage({ui->checkLabel, ui->checkTreeWidget, ui->pushButtonCheck,
                                    ui->pushButtonUpdate, ui->pushButtonRebuild, ui->pushButtonMend},
                                   this);
-    connect(ui->pushButtonRemedy, &QPushButton::clicked, this, [this] {
-        const bool isDamaged =
-            m_contents && m_contents->memory().indexState() == MemorySongs::IndexState::Damaged;
-        (isDamaged ? ui->pushButtonRebuild : ui->pushButtonUpdate)->click();
-    });
+    connect(ui->pushButtonRemedy, &QPushButton::clicked, this,
+            [this] { (isIndexDamaged() ? ui->pushButtonRebuild : ui->pushButtonUpdate)->click(); });
 }
 
 void MemoryWindow::connectJob()
@@ -230,11 +227,15 @@ QString MemoryWindow::indexText() const
     return parts.join(QStringLiteral(", "));
 }
 
+bool MemoryWindow::isIndexDamaged() const
+{
+    return m_contents && m_contents->memory().indexState() == MemorySongs::IndexState::Damaged;
+}
+
 /** Offers beside the facts what the player needs to find all songs. */
 void MemoryWindow::showRemedy()
 {
-    const bool isDamaged =
-        m_contents && m_contents->memory().indexState() == MemorySongs::IndexState::Damaged;
+    const bool isDamaged = isIndexDamaged();
     const bool isIncomplete =
         m_contents && (m_contents->memory().indexState() == MemorySongs::IndexState::Absent ||
                        m_contents->memory().count(MemorySong::State::NotIndexed) > 0 ||

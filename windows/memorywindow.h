@@ -76,6 +76,7 @@ private:
     void connectJob();
     void chooseOnlyMemory();
     void showFacts();
+    bool isIndexDamaged() const;
     void showRemedy();
     void showSpace();
     void setBusy(bool busy);
