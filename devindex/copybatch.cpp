@@ -15,20 +15,21 @@
 namespace
 {
 
-constexpr qint64 mostBytes = qint64{64} * 1024 * 1024;
+constexpr qint64 mostBytes = qint64{32} * 1024 * 1024;
 
 /**
- * Half of what a program may have open: the new files are, and the old ones that they replace. Few
- * flushes of many files cost less than many of few.
+ * A quarter of what a program may have open: the new files are, and the old ones that they replace,
+ * and one batch is filled while another one settles. Few flushes of many files cost less than many
+ * of few.
  */
 qsizetype mostHandles()
 {
-    constexpr qsizetype anywhere = 100; // on a Mac a program may have 256 open
+    constexpr qsizetype anywhere = 50; // on a Mac a program may have 256 open
 #ifdef Q_OS_LINUX
     constexpr rlim_t enough = 2000;
     rlimit limit = {};
     if (::getrlimit(RLIMIT_NOFILE, &limit) == 0)
-        return static_cast<qsizetype>(std::min(limit.rlim_cur, enough) / 2);
+        return static_cast<qsizetype>(std::min(limit.rlim_cur, enough) / 4);
 #endif
     return anywhere;
 }
@@ -77,12 +78,10 @@ bool CopyBatch::holds(const QString &target) const
  *  5. the folder is flushed, unless that was done with the whole file system;
  *  6. the place of the old bytes is free.
  */
-QSet<int> CopyBatch::settle()
+void CopyBatch::settle()
 {
-    m_failed.clear();
-    m_changed.clear();
     if (m_files.isEmpty())
-        return {};
+        return;
     flush();
     readBack();
     std::vector<std::unique_ptr<QFile>> oldBytes;
@@ -101,10 +100,6 @@ QSet<int> CopyBatch::settle()
             SongJournal::removeAllOf(file.target); // its old bytes belong to no file any more
     }
     m_files.clear();
-    m_names.clear();
-    m_size = 0;
-    m_handles = 0;
-    return m_failed;
 }
 
 /**

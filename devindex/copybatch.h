@@ -13,13 +13,14 @@
 
 /**
  * Many small files are brought to the medium together, since a flush for each would take several
- * times as long as copying it. A copy counts only when settle() did not name its song.
+ * times as long as copying it. A copy counts only when the batch was settled and its song is not
+ * among the failed ones.
  */
 class CopyBatch
 {
 public:
     struct File {
-        int song = 0;                ///< the song's number in what settle() returns
+        int song = 0;                ///< the song's number in failed() and changed()
         std::shared_ptr<QFile> part; ///< the bytes; open, so that no other program tidies it away
         QString target;              ///< the name that they get
         bool replaces = false;       ///< a file may have that name already
@@ -43,14 +44,14 @@ public:
      */
     bool isFull() const;
 
-    /** True when a file of the batch will get this name, in any letter case. */
+    /** True when a file of the batch will get, or got, this name, in any letter case. */
     bool holds(const QString &target) const;
 
-    /**
-     * Gives all files their names and empties the batch. Returns the songs with a file that did not
-     * get its name, or that may not be on the medium under that name.
-     */
-    QSet<int> settle();
+    /** Gives all files their names, once. May run on another thread. */
+    void settle();
+
+    /** Songs with a file that did not get its name, or may not be on the medium under it. */
+    const QSet<int> &failed() const { return m_failed; }
 
     /** Those of them of which a file could not be read back from the medium as it was written. */
     const QSet<int> &changed() const { return m_changed; }

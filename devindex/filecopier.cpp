@@ -3,6 +3,7 @@
 #include "devindex/copybatch.h"
 #include "devindex/namekey.h"
 #include "devindex/samefile.h"
+#include "library/backgroundwork.h"
 #include "library/companion.h"
 #include "storage/diagnostics.h"
 #include "storage/leftovers.h"
@@ -132,6 +133,7 @@ bool FileCopier::copyAs(const QList<Order> &orders, const QString &dest, Progres
     m_songs.clear();
     for (const Order &order : orders)
         m_songs.append({order.source, order.target, State::NotReached, {}});
+    m_dest = dest;
     m_batch = std::make_unique<CopyBatch>(dest);
     m_replace = RememberedAnswer();
 
@@ -164,7 +166,9 @@ bool FileCopier::copyAll(const QList<Order> &orders, Progress &progress)
             return false;
         const QString &source = orders.at(i).source;
         const bool mayReplace = orders.at(i).replace;
-        if (m_batch->isFull() || m_batch->holds(orders.at(i).target))
+        if (m_batch->isFull())
+            beginSettling();
+        if (isPending(orders.at(i).target) || isPending(source))
             settle();
         const QString target = placeOf(orders.at(i));
         m_songs[i].target = target;
@@ -235,22 +239,44 @@ void FileCopier::findReplaced()
     }
 }
 
-/** Flushes what was copied to the medium; songs that cannot be flushed count as failed. */
-void FileCopier::settle()
+/** True when a file was copied that does not have this name yet, or not surely. */
+bool FileCopier::isPending(const QString &target) const
 {
-    QSet<int> failed;
-    if (!m_batch->isEmpty())
-        KeepAlive::workInBackground([&] {
-            failed = m_batch->settle();
-            return true;
-        });
-    for (const int number : std::as_const(failed)) {
+    return m_batch->holds(target) || (m_settling && m_settling->holds(target));
+}
+
+/** What was copied is flushed to the medium, while the next files are copied. */
+void FileCopier::beginSettling()
+{
+    endSettling();
+    m_settling = std::exchange(m_batch, std::make_unique<CopyBatch>(m_dest));
+    m_settlingWork =
+        std::make_unique<BackgroundWork>([batch = m_settling.get()] { batch->settle(); });
+}
+
+/** Waits for the medium; songs that cannot be flushed count as failed. */
+void FileCopier::endSettling()
+{
+    if (!m_settling)
+        return;
+    m_settlingWork->wait();
+    m_settlingWork.reset();
+    for (const int number : m_settling->failed()) {
         Song &song = m_songs[number];
         song.state = State::Failed;
-        song.reason = m_batch->changed().contains(number)
+        song.reason = m_settling->changed().contains(number)
                           ? tr("la memoria restituisce byte diversi da quelli scritti")
                           : WriteProblem::whyNotCopied(song.source, song.target);
     }
+    m_settling.reset();
+}
+
+/** Everything that was copied is flushed to the medium. */
+void FileCopier::settle()
+{
+    if (!m_batch->isEmpty())
+        beginSettling();
+    endSettling();
 }
 
 qint64 FileCopier::roomNeeded(const QStringList &files, const QString &dest)
@@ -307,13 +333,13 @@ bool FileCopier::copyFile(int song, const QString &source, const QString &target
         logWarning() << "[FileCopier::copyFile] Impossible to copy," << reason << target;
         return false;
     };
-    if (m_batch->holds(target))
+    if (isPending(target))
         settle();
     if (isTaken(target) && (!replace || QFileInfo(target).isDir()))
         return refuse("the name is taken:");
 
     Copy copy = copyBytes(source, target, *part);
-    if (copy == Copy::NoRoom && !m_batch->isEmpty()) {
+    if (copy == Copy::NoRoom && (m_settling || !m_batch->isEmpty())) {
         settle(); // the files that it replaces give their room back
         copy = copyBytes(source, target, *part);
     }

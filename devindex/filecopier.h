@@ -21,6 +21,7 @@ QT_BEGIN_NAMESPACE
 class QFile;
 QT_END_NAMESPACE
 
+class BackgroundWork;
 class CopyBatch;
 
 /**
@@ -131,6 +132,9 @@ private:
     QString placeOf(const Order &order) const;
     bool isInList(const QString &target);
     void findReplaced();
+    bool isPending(const QString &target) const;
+    void beginSettling();
+    void endSettling();
     void settle();
     bool copySong(int song, const QString &source, const QString &target, bool replace);
     bool copyFile(int song, const QString &source, const QString &target, bool replace);
@@ -147,7 +151,10 @@ private:
     QList<Song> m_songs;                                   ///< what became of each file of the list
     std::optional<QMultiHash<QString, QString>> m_inPlace; ///< files of the list, by nameKey()
     std::optional<FolderNames> m_names;                    ///< of the folder, if case is ignored
-    std::unique_ptr<CopyBatch> m_batch;
+    QString m_dest;
+    std::unique_ptr<CopyBatch> m_batch;             ///< that is being filled
+    std::unique_ptr<CopyBatch> m_settling;          ///< the one before, or none
+    std::unique_ptr<BackgroundWork> m_settlingWork; ///< what settles it
     QByteArray m_buffer;
     KeepAlive m_keepAlive;
 };

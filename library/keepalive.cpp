@@ -1,10 +1,8 @@
 #include "library/keepalive.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
-#include <QThread>
+#include "library/backgroundwork.h"
 
-#include <memory>
+#include <QCoreApplication>
 
 void KeepAlive::processEvents()
 {
@@ -22,11 +20,6 @@ void KeepAlive::processEventsNow()
 bool KeepAlive::workInBackground(const std::function<bool()> &work)
 {
     bool result = false;
-    QEventLoop events;
-    const std::unique_ptr<QThread> thread(QThread::create([&] { result = work(); }));
-    QObject::connect(thread.get(), &QThread::finished, &events, &QEventLoop::quit);
-    thread->start();
-    events.exec();
-    thread->wait();
+    BackgroundWork([&] { result = work(); }).wait();
     return result;
 }

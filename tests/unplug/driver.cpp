@@ -37,6 +37,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
+#include <sys/resource.h>
 
 using namespace songbytes;
 
@@ -384,10 +385,22 @@ bool run(const QString &job, const QString &folder, const QString &stick)
     qFatal("unknown job");
 }
 
+/** The songs of a transfer get their names in several groups, as those of a large library do. */
+void limitHandles()
+{
+    rlimit limit = {};
+    if (::getrlimit(RLIMIT_NOFILE, &limit) != 0)
+        qFatal("Cannot read the limit of open files");
+    limit.rlim_cur = 64;
+    if (::setrlimit(RLIMIT_NOFILE, &limit) != 0)
+        qFatal("Cannot set the limit of open files");
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
+    limitHandles();
     const QCoreApplication app(argc, argv);
     const QStringList words = app.arguments();
     if (words.size() < 3)
