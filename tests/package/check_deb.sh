@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# check_deb.sh BUILD VERSION CPACK PACKAGE TOOLS PRODUCT: makes the Debian packages of a build, which
-# have these names, holds what is in them against the rules for such files, starts the program as the desktop's menu would, and runs the
-# command line.
+# check_deb.sh CONFIGURATION VERSION CPACK PACKAGE TOOLS PRODUCT: makes the Debian packages of a
+# configuration of CPack, which have these names, holds what is in them against the rules for such
+# files, starts the program as the desktop's menu would, and runs the command line.
 set -euo pipefail
 
-build=$(realpath "$1")
+configuration=$(realpath "$1")
 version=$2
 cpack=$3
 names=("$4" "$5")
@@ -16,7 +16,7 @@ cd "$folder"
 
 fail() { echo "FAIL: $1" >&2; exit 1; }
 
-"$cpack" --config "$build/CPackConfig.cmake" -B . >cpack.txt 2>&1 || fail "$(cat cpack.txt)"
+"$cpack" --config "$configuration" -B . >cpack.txt 2>&1 || fail "$(cat cpack.txt)"
 package=$(echo "${names[0]}"_"$version"_*.deb)
 [ -f "$package" ] || fail "no package of this name: $(ls)"
 
