@@ -18,14 +18,14 @@ fi
 
 if [ "$demo" = yes ]; then
   packaging/ensure-packages.sh build test
-  target=kavena-demo
+  targets=(kavena-demo kavena-demo-otherbranding)
 else
   packaging/ensure-packages.sh build
-  target=kavena-pc
+  targets=(kavena-pc)
 fi
 
 mkdir -p build
-if ! { cmake --preset release -DKAVENA_BRANDING="${KAVENA_BRANDING:-quorvane}" && cmake --build --preset release --target "$target"; } \
+if ! { cmake --preset release -DKAVENA_BRANDING="${KAVENA_BRANDING:-quorvane}" && cmake --build --preset release --target "${targets[@]}"; } \
      >build/run.log 2>&1; then
   tail -n 40 build/run.log >&2
   echo "The build failed; its whole output is in build/run.log" >&2

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # demo.sh BUILD FOLDER: shows the whole job on a virtual display. Real songs, the prepared memory and
-# the screenshots are left in FOLDER.
+# the screenshots are left in FOLDER, those of the other branding in FOLDER/otherbranding.
 # demo.sh BUILD --documentation: does the same somewhere else, in both brandings, for the pictures of
 # each window in docs/screenshots and those of the help pages in resources/help/pictures.
 set -euo pipefail
@@ -71,12 +71,19 @@ if [ "$2" = --documentation ]; then
   exit
 fi
 
-mkdir -p "$2"
+mkdir -p "$2/otherbranding"
 folder=$(realpath "$2")
+other=$folder/otherbranding
+# Both at once, each on a display of its own: most of the time they wait for what is to be seen.
+demonstrate kavena-demo-otherbranding "$other" >"$other/output.txt" 2>&1 &
+trap wait EXIT
 demonstrate kavena-demo "$folder"
+wait $! || { cat "$other/output.txt" >&2; exit 1; }
+python3 "$here/../tools/check_memory.py" "$other/memories/CARD"
 echo
 echo "What the index on the memory now holds:"
 python3 "$here/../tools/check_memory.py" --list "$folder/memories/CARD"
 echo
 echo "Everything is in $folder: the songs in music/, the player's memory in memories/CARD/,"
 echo "$(find "$folder/screenshots" -name '*.png' | wc -l) screenshots in screenshots/."
+echo "The same in the other branding is in $other."

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# check_deb.sh BUILD VERSION CPACK PACKAGE TOOLS PRODUCT: makes the Debian packages of a build, which
-# have these names, holds what is in them against the rules for such files, starts the program as the desktop's menu would, and runs the
-# command line.
+# check_deb.sh CONFIGURATION VERSION CPACK PACKAGE TOOLS PRODUCT: makes the Debian packages of a
+# configuration of CPack, which have these names, holds what is in them against the rules for such
+# files, starts the program as the desktop's menu would, and runs the command line.
 set -euo pipefail
 
-build=$(realpath "$1")
+configuration=$(realpath "$1")
 version=$2
 cpack=$3
 names=("$4" "$5")
@@ -16,7 +16,7 @@ cd "$folder"
 
 fail() { echo "FAIL: $1" >&2; exit 1; }
 
-"$cpack" --config "$build/CPackConfig.cmake" -B . >cpack.txt 2>&1 || fail "$(cat cpack.txt)"
+"$cpack" --config "$configuration" -B . >cpack.txt 2>&1 || fail "$(cat cpack.txt)"
 package=$(echo "${names[0]}"_"$version"_*.deb)
 [ -f "$package" ] || fail "no package of this name: $(ls)"
 
@@ -53,14 +53,6 @@ for page in "$share"/man/man1/kavena-pc.1.gz "$share"/man/de/man1/kavena-pc.1.gz
   mandoc -Tlint -Wwarning page.1 || fail "$page has mistakes"
   grep -q "$product $version" page.1 || fail "$page is of another version"
 done
-# One name for one thing: nothing that a user reads names the product or the player of the other
-# branding.
-other=Kavena
-[ "$product" = "RB27 Utility" ] || other=RB27
-for text in "$desktop" "$share"/metainfo/*.xml <(dpkg-deb -f "$package") <(dpkg-deb -f "$tools") \
-            <(gunzip -c "$share"/man/man1/*.gz "$share"/man/de/man1/*.gz); do
-  ! grep -w "$other" "$text" || fail "the package names $other"
-done
 
 icon=$(sed -n 's/^Icon=//p' "$desktop")
 for size in 16 22 24 32 48 64 128 256 512; do
@@ -82,9 +74,24 @@ for page in tools/usr/share/man/man1/kavena.1.gz tools/usr/share/man/de/man1/kav
   mandoc -Tlint -Wwarning page.1 || fail "$page has mistakes"
   grep -q "$product $version" page.1 || fail "$page is of another version"
 done
+
+# One name for one thing: nothing that a user reads names the product or the player of the other
+# branding.
+case $product in
+  "RB27 Utility") other=Kavena examples_in_german=Beispiele ;;
+  *) other=RB27 examples_in_german=Examples ;; # German is not among the languages
+esac
+cat "$desktop" "$share"/metainfo/*.xml >texts
+dpkg-deb -f "$package" >>texts
+dpkg-deb -f "$tools" >>texts
+gunzip -c {root,tools}/usr/share/man/{,de/}man1/*.gz >>texts
+! grep -w "$other" texts || fail "the packages name $other"
+
 "$here/check_completion.sh" tools/usr/share/bash-completion/completions/kavena
 [ "$(env -u DISPLAY -u WAYLAND_DISPLAY tools/usr/bin/kavena --version)" = "kavena $version" ] ||
   fail "the command line does not start"
+LC_ALL=de_DE.UTF-8 tools/usr/bin/kavena --help | grep "^$examples_in_german:" >/dev/null ||
+  fail "the command line is of another branding"
 
 # With both packages the command line finds the sound; with its own alone it says what is missing.
 printf 'MThd\0\0\0\6\0\0\0\1\0\x60MTrk\0\0\0\014\0\x90\x3c\x64\x60\x80\x3c\0\0\xff\x2f\0' >song.mid

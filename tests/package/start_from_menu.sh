@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # start_from_menu.sh ROOT [chroot]: starts the program that is installed in ROOT as a desktop's menu
 # would, on a virtual display and with nothing of this user's session; with "chroot", it sees nothing
-# of this system either. Fails unless a window appears. Leaves screen.png in the working folder.
+# of this system either. Fails unless a window appears that has the name of the menu entry. Leaves
+# screen.png in the working folder.
 set -euo pipefail
 
 if [ "${MENU_DISPLAY:-}" != yes ]; then
@@ -31,8 +32,12 @@ fi
   sh -c "cd '$home_inside' && exec $(value Exec)" >"$home/output" 2>&1 &
 program=$!
 
+titles() {
+  xdotool search --onlyvisible --class "^$(value StartupWMClass)\$" getwindowname %@ 2>/dev/null
+}
 for _ in $(seq 150); do
-  xdotool search --onlyvisible --class "^$(value StartupWMClass)\$" >/dev/null 2>&1 && break
+  title=$(titles || true)
+  [ -z "$title" ] || break
   sleep 0.2
 done
 
@@ -52,5 +57,9 @@ if ! kill -0 $program || [ -s "$home/output" ]; then
 fi
 if [ "$colours" -lt 50 ]; then
   echo "FAIL: no window is to be seen" >&2
+  exit 1
+fi
+if [ "$title" != "$(value Name)" ]; then
+  echo "FAIL: the menu entry is \"$(value Name)\", its window \"$title\"" >&2
   exit 1
 fi
