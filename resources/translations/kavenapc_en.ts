@@ -2710,6 +2710,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>Nothing to copy or to remove: “Carry out” only updates the song index of the memory.</translation>
     </message>
     <message>
+        <source>Song scelte che non vengono copiate: %1</source>
+        <translation>Selected songs that are not copied: %1</translation>
+    </message>
+    <message>
         <source>La song non può avere questo nome: %1</source>
         <translation>The song cannot have this name: %1</translation>
     </message>

@@ -2710,6 +2710,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>Niente da copiare né da rimuovere: «Esegui» aggiorna soltanto il database della memoria.</translation>
     </message>
     <message>
+        <source>Song scelte che non vengono copiate: %1</source>
+        <translation>Song scelte che non vengono copiate: %1</translation>
+    </message>
+    <message>
         <source>La song non può avere questo nome: %1</source>
         <translation>La song non può avere questo nome: %1</translation>
     </message>

@@ -2710,6 +2710,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>Nichts zu kopieren oder zu entfernen: „Ausführen“ aktualisiert nur das Songverzeichnis des Speichers.</translation>
     </message>
     <message>
+        <source>Song scelte che non vengono copiate: %1</source>
+        <translation>Ausgewählte Songs, die nicht kopiert werden: %1</translation>
+    </message>
+    <message>
         <source>La song non può avere questo nome: %1</source>
         <translation>Der Song kann nicht so heißen: %1</translation>
     </message>
