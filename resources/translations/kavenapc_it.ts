@@ -5177,8 +5177,8 @@ Preparare prima il tag per il player?</translation>
         <translation>&lt;b&gt;Scegli le song&lt;/b&gt; o trascinale qui, anche cartelle intere.</translation>
     </message>
     <message>
-        <source>&lt;b&gt;Sincronizza:&lt;/b&gt; titolo, artista e gli altri dati arrivano dal catalogo.</source>
-        <translation>&lt;b&gt;Sincronizza:&lt;/b&gt; titolo, artista e gli altri dati arrivano dal catalogo.</translation>
+        <source>&lt;b&gt;Sincronizza:&lt;/b&gt; i dati che mancano, come titolo e artista, arrivano dal catalogo.</source>
+        <translation>&lt;b&gt;Sincronizza:&lt;/b&gt; i dati che mancano, come titolo e artista, arrivano dal catalogo.</translation>
     </message>
     <message>
         <source>&lt;b&gt;Trasferisci:&lt;/b&gt; le song vanno nella memoria di Kavena, pronte da suonare.</source>
@@ -5191,6 +5191,14 @@ Preparare prima il tag per il player?</translation>
     <message>
         <source>Scegli c&amp;artella...</source>
         <translation>Scegli ca&amp;rtella...</translation>
+    </message>
+    <message>
+        <source>Ci sono già song nella memoria?</source>
+        <translation>Ci sono già song nella memoria?</translation>
+    </message>
+    <message>
+        <source>Guarda la &amp;memoria...</source>
+        <translation>Guarda la &amp;memoria...</translation>
     </message>
     <message>
         <source>O riprendi da una lista:</source>

@@ -5177,8 +5177,8 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <translation>&lt;b&gt;Songs auswählen&lt;/b&gt; oder hierher ziehen, auch ganze Ordner.</translation>
     </message>
     <message>
-        <source>&lt;b&gt;Sincronizza:&lt;/b&gt; titolo, artista e gli altri dati arrivano dal catalogo.</source>
-        <translation>&lt;b&gt;Synchronisieren:&lt;/b&gt; Titel, Interpret und die anderen Angaben kommen aus dem Katalog.</translation>
+        <source>&lt;b&gt;Sincronizza:&lt;/b&gt; i dati che mancano, come titolo e artista, arrivano dal catalogo.</source>
+        <translation>&lt;b&gt;Synchronisieren:&lt;/b&gt; Fehlende Angaben wie Titel und Interpret kommen aus dem Katalog.</translation>
     </message>
     <message>
         <source>&lt;b&gt;Trasferisci:&lt;/b&gt; le song vanno nella memoria di Kavena, pronte da suonare.</source>
@@ -5191,6 +5191,14 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
     <message>
         <source>Scegli c&amp;artella...</source>
         <translation>&amp;Ordner auswählen...</translation>
+    </message>
+    <message>
+        <source>Ci sono già song nella memoria?</source>
+        <translation>Schon Songs auf Karte oder Stick?</translation>
+    </message>
+    <message>
+        <source>Guarda la &amp;memoria...</source>
+        <translation>Speicher &amp;ansehen...</translation>
     </message>
     <message>
         <source>O riprendi da una lista:</source>
