@@ -15,6 +15,7 @@ StartPage::StartPage(EmptyListPage &page, SongLists &lists, const Ui::MainWindow
         gate.add(button);
     connect(&page, &EmptyListPage::songsWanted, form.actionSelectSongs, &QAction::trigger);
     connect(&page, &EmptyListPage::folderWanted, &lists, &SongLists::chooseFolder);
+    connect(&page, &EmptyListPage::memoryWanted, form.actionMemory, &QAction::trigger);
     connect(&page, &EmptyListPage::lastListWanted, form.actionReopenList, &QAction::trigger);
     connect(&page, &EmptyListPage::listWanted, &lists, &SongLists::openRecentList);
     const auto refresh = [&page, &lists] { page.setLists(lists.hasLastList(), lists.openable()); };

@@ -1,5 +1,6 @@
 #include "windows/editseveraldialog.h"
 
+#include "windows/acceptafterwork.h"
 #include "windows/runreportbox.h"
 #include "windows/severalsongsmodel.h"
 #include "windows/shownprogress.h"
@@ -238,5 +239,5 @@ void EditSeveralDialog::apply()
     }
     RunReportBox::tell(report.problems, this);
     if (report.written > 0 || !report.stopped)
-        accept();
+        acceptAfterWork(*this);
 }

@@ -41,6 +41,7 @@ EmptyListPage::EmptyListPage(QWidget *parent)
     setFocusProxy(ui->songsPushButton);
     connect(ui->songsPushButton, &QPushButton::clicked, this, &EmptyListPage::songsWanted);
     connect(ui->folderPushButton, &QPushButton::clicked, this, &EmptyListPage::folderWanted);
+    connect(ui->memoryPushButton, &QPushButton::clicked, this, &EmptyListPage::memoryWanted);
     setLists(false, {});
     setDropText();
 }
@@ -83,12 +84,13 @@ void EmptyListPage::setHighlighted(bool highlighted)
 
 QList<QWidget *> EmptyListPage::workButtons() const
 {
-    return {ui->songsPushButton, ui->folderPushButton, ui->listsWidget};
+    return {ui->songsPushButton, ui->folderPushButton, ui->memoryPushButton, ui->listsWidget};
 }
 
 QList<QWidget *> EmptyListPage::tabStops() const
 {
-    QList<QWidget *> stops{ui->songsPushButton, ui->folderPushButton, m_lastList};
+    QList<QWidget *> stops{ui->songsPushButton, ui->folderPushButton, ui->memoryPushButton,
+                           m_lastList};
     for (QToolButton *const list : m_lists)
         stops.append(list);
     return stops;

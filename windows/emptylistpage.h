@@ -14,7 +14,8 @@ class EmptyListPage;
 class QToolButton;
 QT_END_NAMESPACE
 
-/** The three steps in words, the place to drop songs on, and the lists of late. */
+/** The three steps in words, the place to drop songs on, the way to a memory that has songs
+   already, and the lists of late. */
 class EmptyListPage : public QWidget
 {
     Q_OBJECT
@@ -41,6 +42,7 @@ signals:
 
     void songsWanted();
     void folderWanted();
+    void memoryWanted();
     void lastListWanted();
     void listWanted(const QString &path);
 

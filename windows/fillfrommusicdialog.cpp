@@ -2,6 +2,7 @@
 
 #include "formats/metasong.h"
 #include "library/severaleditor.h"
+#include "windows/acceptafterwork.h"
 #include "windows/musicoffersmodel.h"
 #include "windows/runreportbox.h"
 #include "windows/shownprogress.h"
@@ -170,5 +171,5 @@ void FillFromMusicDialog::apply()
     }
     RunReportBox::tell(report.problems, this);
     if (report.written > 0 || !report.stopped)
-        accept();
+        acceptAfterWork(*this);
 }

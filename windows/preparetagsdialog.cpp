@@ -4,6 +4,7 @@
 #include "library/changepreview.h"
 #include "library/songtable.h"
 #include "library/tagremarks.h"
+#include "windows/acceptafterwork.h"
 #include "windows/filelistdialog.h"
 #include "windows/plaintooltip.h"
 #include "windows/shownprogress.h"
@@ -218,7 +219,7 @@ void PrepareTagsDialog::apply()
         emit written(report.done);
     tell(report);
     if (m_songs.isEmpty())
-        accept();
+        acceptAfterWork(*this);
     else
         showSongs();
 }

@@ -1,6 +1,7 @@
 #include "windows/renameseveraldialog.h"
 
 #include "devindex/severalrenamer.h"
+#include "windows/acceptafterwork.h"
 #include "windows/filelistdialog.h"
 #include "windows/plaintooltip.h"
 #include "windows/shownprogress.h"
@@ -147,5 +148,5 @@ void RenameSeveralDialog::apply()
             .exec();
     }
     if (report.renamed > 0 || !report.stopped)
-        accept();
+        acceptAfterWork(*this);
 }

@@ -191,7 +191,19 @@ void TransferPlanDialog::refresh()
         ui->stateLabel->setText(tr("Niente da copiare né da rimuovere: «Esegui» aggiorna soltanto "
                                    "il database della memoria."));
     else
-        ui->stateLabel->clear();
+        showSkipped();
+}
+
+/** A song that would stay behind is told before, not only by its line among hundreds. */
+void TransferPlanDialog::showSkipped()
+{
+    const auto skipped = std::count_if(
+        m_plan.items.cbegin(), m_plan.items.cend(), [](const TransferPlan::Item &item) {
+            return item.remedy == Remedy::Skip && item.state != State::Same &&
+                   item.state != State::Renamed && item.state != State::Remove;
+        });
+    ui->stateLabel->setText(
+        skipped == 0 ? QString() : tr("Song scelte che non vengono copiate: %1").arg(skipped));
 }
 
 /** Why the plan cannot be carried out as it is; empty when it can. */

@@ -2710,6 +2710,10 @@ Exit status: 0 done, 1 done with failures, 2 wrong use, 3 nothing done.</transla
         <translation>Nothing to copy or to remove: “Carry out” only updates the song index of the memory.</translation>
     </message>
     <message>
+        <source>Song scelte che non vengono copiate: %1</source>
+        <translation>Selected songs that are not copied: %1</translation>
+    </message>
+    <message>
         <source>La song non può avere questo nome: %1</source>
         <translation>The song cannot have this name: %1</translation>
     </message>
@@ -5173,8 +5177,8 @@ Prepare the tag for the player first?</translation>
         <translation>&lt;b&gt;Choose songs&lt;/b&gt; or drop them here, whole folders too.</translation>
     </message>
     <message>
-        <source>&lt;b&gt;Sincronizza:&lt;/b&gt; titolo, artista e gli altri dati arrivano dal catalogo.</source>
-        <translation>&lt;b&gt;Synchronize:&lt;/b&gt; title, artist and the other details come from the catalogue.</translation>
+        <source>&lt;b&gt;Sincronizza:&lt;/b&gt; i dati che mancano, come titolo e artista, arrivano dal catalogo.</source>
+        <translation>&lt;b&gt;Synchronize:&lt;/b&gt; missing details such as title and artist come from the catalogue.</translation>
     </message>
     <message>
         <source>&lt;b&gt;Trasferisci:&lt;/b&gt; le song vanno nella memoria di Kavena, pronte da suonare.</source>
@@ -5187,6 +5191,14 @@ Prepare the tag for the player first?</translation>
     <message>
         <source>Scegli c&amp;artella...</source>
         <translation>Choose a fo&amp;lder...</translation>
+    </message>
+    <message>
+        <source>Ci sono già song nella memoria?</source>
+        <translation>Songs on the card or stick already?</translation>
+    </message>
+    <message>
+        <source>Guarda la &amp;memoria...</source>
+        <translation>&amp;View memory...</translation>
     </message>
     <message>
         <source>O riprendi da una lista:</source>

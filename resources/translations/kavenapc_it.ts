@@ -2710,6 +2710,10 @@ Stato d&apos;uscita: 0 fatto, 1 fatto in parte, 2 uso errato, 3 niente di fatto.
         <translation>Niente da copiare né da rimuovere: «Esegui» aggiorna soltanto il database della memoria.</translation>
     </message>
     <message>
+        <source>Song scelte che non vengono copiate: %1</source>
+        <translation>Song scelte che non vengono copiate: %1</translation>
+    </message>
+    <message>
         <source>La song non può avere questo nome: %1</source>
         <translation>La song non può avere questo nome: %1</translation>
     </message>
@@ -5173,8 +5177,8 @@ Preparare prima il tag per il player?</translation>
         <translation>&lt;b&gt;Scegli le song&lt;/b&gt; o trascinale qui, anche cartelle intere.</translation>
     </message>
     <message>
-        <source>&lt;b&gt;Sincronizza:&lt;/b&gt; titolo, artista e gli altri dati arrivano dal catalogo.</source>
-        <translation>&lt;b&gt;Sincronizza:&lt;/b&gt; titolo, artista e gli altri dati arrivano dal catalogo.</translation>
+        <source>&lt;b&gt;Sincronizza:&lt;/b&gt; i dati che mancano, come titolo e artista, arrivano dal catalogo.</source>
+        <translation>&lt;b&gt;Sincronizza:&lt;/b&gt; i dati che mancano, come titolo e artista, arrivano dal catalogo.</translation>
     </message>
     <message>
         <source>&lt;b&gt;Trasferisci:&lt;/b&gt; le song vanno nella memoria di Kavena, pronte da suonare.</source>
@@ -5187,6 +5191,14 @@ Preparare prima il tag per il player?</translation>
     <message>
         <source>Scegli c&amp;artella...</source>
         <translation>Scegli ca&amp;rtella...</translation>
+    </message>
+    <message>
+        <source>Ci sono già song nella memoria?</source>
+        <translation>Ci sono già song nella memoria?</translation>
+    </message>
+    <message>
+        <source>Guarda la &amp;memoria...</source>
+        <translation>Guarda la &amp;memoria...</translation>
     </message>
     <message>
         <source>O riprendi da una lista:</source>

@@ -2710,6 +2710,10 @@ Exit-Status: 0 erledigt, 1 teilweise erledigt, 2 falscher Aufruf, 3 nichts getan
         <translation>Nichts zu kopieren oder zu entfernen: „Ausführen“ aktualisiert nur das Songverzeichnis des Speichers.</translation>
     </message>
     <message>
+        <source>Song scelte che non vengono copiate: %1</source>
+        <translation>Ausgewählte Songs, die nicht kopiert werden: %1</translation>
+    </message>
+    <message>
         <source>La song non può avere questo nome: %1</source>
         <translation>Der Song kann nicht so heißen: %1</translation>
     </message>
@@ -5173,8 +5177,8 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <translation>&lt;b&gt;Songs auswählen&lt;/b&gt; oder hierher ziehen, auch ganze Ordner.</translation>
     </message>
     <message>
-        <source>&lt;b&gt;Sincronizza:&lt;/b&gt; titolo, artista e gli altri dati arrivano dal catalogo.</source>
-        <translation>&lt;b&gt;Synchronisieren:&lt;/b&gt; Titel, Interpret und die anderen Angaben kommen aus dem Katalog.</translation>
+        <source>&lt;b&gt;Sincronizza:&lt;/b&gt; i dati che mancano, come titolo e artista, arrivano dal catalogo.</source>
+        <translation>&lt;b&gt;Synchronisieren:&lt;/b&gt; Fehlende Angaben wie Titel und Interpret kommen aus dem Katalog.</translation>
     </message>
     <message>
         <source>&lt;b&gt;Trasferisci:&lt;/b&gt; le song vanno nella memoria di Kavena, pronte da suonare.</source>
@@ -5187,6 +5191,14 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
     <message>
         <source>Scegli c&amp;artella...</source>
         <translation>&amp;Ordner auswählen...</translation>
+    </message>
+    <message>
+        <source>Ci sono già song nella memoria?</source>
+        <translation>Schon Songs auf Karte oder Stick?</translation>
+    </message>
+    <message>
+        <source>Guarda la &amp;memoria...</source>
+        <translation>Speicher &amp;ansehen...</translation>
     </message>
     <message>
         <source>O riprendi da una lista:</source>

@@ -10,6 +10,7 @@
 #include "windows/aboutdialog.h"
 #include "windows/dropzone.h"
 #include "windows/emptylistpage.h"
+#include "windows/memorywindow.h"
 #include "windows/nomatchpage.h"
 
 #include <QDragEnterEvent>
@@ -17,8 +18,11 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QStackedWidget>
 #include <QStatusBar>
+
+#include <algorithm>
 
 using namespace filterdriver;
 
@@ -36,6 +40,7 @@ private slots:
     void chosenFolderIsImportedWithAllFoldersInIt();
     void folderWithoutSongsLeavesThePage();
     void songsButtonDoesWhatTheLargeOneDoes();
+    void memoryThatHasSongsIsOneClickAway();
     void listsOfLateAreOpened();
     void lastListIsOpenedAgain();
     void nothingCanBePressedWhileWorkRuns();
@@ -156,6 +161,19 @@ void TestListPlace::songsButtonDoesWhatTheLargeOneDoes()
     press("songsPushButton");
     QCOMPARE(m_window->shownNames(), QStringList{s("a.mid")});
     QVERIFY(m_window->transferButton()->isEnabled());
+}
+
+void TestListPlace::memoryThatHasSongsIsOneClickAway()
+{
+    const QSignalSpy opened(m_window->action("actionMemory"), &QAction::triggered);
+    QVERIFY(m_window->child<QLabel>("memoryLabel")->isVisible());
+    press("memoryPushButton");
+    QCOMPARE(opened.count(), 1);
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto isMemory = [](const QWidget *window) {
+        return window->isVisible() && qobject_cast<const MemoryWindow *>(window) != nullptr;
+    };
+    QVERIFY(std::any_of(windows.cbegin(), windows.cend(), isMemory));
 }
 
 void TestListPlace::listsOfLateAreOpened()

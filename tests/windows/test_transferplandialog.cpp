@@ -30,6 +30,7 @@ private slots:
     void unknownRoomKeepsNothing();
     void tooManySongsKeepThePlanFromGoing();
     void nothingToDoIsSaid();
+    void songsThatStayBehindAreCounted();
     void readBackIsRemembered();
     void memoryThatGoesIsNoticed();
     void closingIsNoDecision();
@@ -252,7 +253,7 @@ void TestTransferPlanDialog::tooLittleRoomKeepsThePlanFromGoing()
     m_window->select(m_window->song(0, 1));
     QVERIFY(m_window->choose(s("Salta")));
     QVERIFY(m_window->carryOut->isEnabled());
-    QCOMPARE(m_window->state->text(), QString());
+    QCOMPARE(m_window->state->text(), s("Song scelte che non vengono copiate: 1"));
     QCOMPARE(m_window->room->text(),
              s("Occupati: 32.8 kB di 65.5 kB. Servono: 32.8 kB. Liberi: 32.8 kB."));
 }
@@ -288,6 +289,19 @@ void TestTransferPlanDialog::nothingToDoIsSaid()
     open(plan({song(s("same.mid"), "SAME")}), Purpose::Request);
     QVERIFY(m_window->state->text().startsWith(s("Niente da copiare né da rimuovere")));
     QVERIFY(m_window->carryOut->isEnabled());
+}
+
+void TestTransferPlanDialog::songsThatStayBehindAreCounted()
+{
+    onCard(s("pop/same.mid"), "SAME");
+    onCard(s("pop/Mylong-1.mid"), "LONG");
+    const QStringList copied{song(s("new.mid"), "NEW"), song(s("same.mid"), "SAME"),
+                             song(s("My long name.mid"), "LONG")};
+    open(plan(copied));
+    QCOMPARE(m_window->state->text(), QString()); // what lies there already does not stay behind
+    open(
+        plan(copied + QStringList{song(s("what?.mid"), "WHAT"), m_card->music() + s("/gone.mid")}));
+    QCOMPARE(m_window->state->text(), s("Song scelte che non vengono copiate: 2"));
 }
 
 void TestTransferPlanDialog::readBackIsRemembered()
