@@ -14,8 +14,10 @@ class EmptyListPage;
 class QToolButton;
 QT_END_NAMESPACE
 
-/** The three steps in words, the place to drop songs on, the way to a memory that has songs
-   already, and the lists of late. */
+/**
+ * The three steps in words, the place to drop songs on, the way to a memory that has songs already,
+ * and the lists of late.
+ */
 class EmptyListPage : public QWidget
 {
     Q_OBJECT
