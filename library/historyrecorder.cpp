@@ -1,7 +1,7 @@
 #include "library/historyrecorder.h"
 
 #include "library/historytexts.h"
-#include "storage/quickcompression.h"
+#include "library/quickcompression.h"
 
 #include <QSet>
 

@@ -1,9 +1,9 @@
 #include "library/historystore.h"
 
 #include "library/historytexts.h"
+#include "library/quickcompression.h"
 #include "library/settings.h"
 #include "storage/diagnostics.h"
-#include "storage/quickcompression.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -7,12 +7,12 @@ set -euo pipefail
 declare -A groups=(
   [build]="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev
            qt6-5compat-dev libqt6sql6-sqlite libcli11-dev qt6-tools-dev qt6-tools-dev-tools
-           qt6-l10n-tools qt6-translations-l10n sqlite3 libtag1-dev libicu-dev
+           qt6-l10n-tools qt6-translations-l10n sqlite3 libtag1-dev libicu-dev libzstd-dev
            qt6-multimedia-dev libfluidsynth-dev"
   [test]="xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core midicsv abcmidi lame
           ffmpeg eyed3 fluidsynth sox libsox-fmt-mp3
           id3v2 openttd-openmsx python3 python3-mutagen clang-format
-          timgm6mb-soundfont gstreamer1.0-plugins-base gstreamer1.0-plugins-good
+          zstd timgm6mb-soundfont gstreamer1.0-plugins-base gstreamer1.0-plugins-good
           mold dpkg-dev desktop-file-utils appstream mandoc lintian dbus python3-dbusmock
           python3-pyatspi at-spi2-core"
   [package]="dpkg-dev"

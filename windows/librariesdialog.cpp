@@ -18,7 +18,9 @@ QList<QStringList> LibrariesDialog::rows()
         {QStringLiteral("SQLite"), tr("dominio pubblico"), tr("catalogo, lista e cronologia")},
         {QStringLiteral("ICU"), QStringLiteral("Unicode-DFS-2016"),
          tr("lettere che il player non ha")},
-        {QStringLiteral("TagLib"), QStringLiteral("LGPL-2.1 / MPL-1.1"), tr("tag dei file MP3")}};
+        {QStringLiteral("TagLib"), QStringLiteral("LGPL-2.1 / MPL-1.1"), tr("tag dei file MP3")},
+        {QStringLiteral("Zstandard"), QStringLiteral("BSD-3-Clause"),
+         tr("compressione della cronologia")}};
     if (soundmodule::problem() != SoundProblem::NotBuilt) {
         all.append({QStringLiteral("Qt Multimedia"), QStringLiteral("LGPL-3.0"),
                     tr("ascolto delle song")});

@@ -5398,6 +5398,10 @@ Prepare the tag for the player first?</translation>
         <translation>tags of MP3 files</translation>
     </message>
     <message>
+        <source>compressione della cronologia</source>
+        <translation>compression of the history</translation>
+    </message>
+    <message>
         <source>ascolto delle song</source>
         <translation>hearing songs</translation>
     </message>

@@ -5398,6 +5398,10 @@ Preparare prima il tag per il player?</translation>
         <translation>tag dei file MP3</translation>
     </message>
     <message>
+        <source>compressione della cronologia</source>
+        <translation>compressione della cronologia</translation>
+    </message>
+    <message>
         <source>ascolto delle song</source>
         <translation>ascolto delle song</translation>
     </message>

@@ -5398,6 +5398,10 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <translation>Tags von MP3-Dateien</translation>
     </message>
     <message>
+        <source>compressione della cronologia</source>
+        <translation>Kompression des Verlaufs</translation>
+    </message>
+    <message>
         <source>ascolto delle song</source>
         <translation>Anhören der Songs</translation>
     </message>

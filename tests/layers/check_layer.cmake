@@ -1,5 +1,5 @@
 # cmake -DLAYER=NAME -DLIBRARIES=LIST -DALLOWED=LIST -P check_layer.cmake: fails when the layer is
-# linked with a library of Qt, ICU or TagLib, or another layer, that is not allowed, or is not seen
+# linked with a library of Qt or others, or another layer, that is not allowed, or is not seen
 # to be linked with one that it needs. LIBRARIES is what it is linked with, by way of others too.
 # Lists are separated by commas.
 cmake_minimum_required(VERSION 3.25)

@@ -6,7 +6,7 @@ function(kavena_linked_by result)
   while(waiting)
     list(POP_FRONT waiting library)
     if(library MATCHES "[$]<") # a condition: whatever it names counts
-      string(REGEX MATCHALL "(Qt6::|ICU::|TagLib::|kavena_)[A-Za-z0-9_]+" libraries "${library}")
+      string(REGEX MATCHALL "(Qt6::|ICU::|TagLib::|zstd::|kavena_)[A-Za-z0-9_]+" libraries "${library}")
       list(APPEND waiting ${libraries})
       continue()
     endif()

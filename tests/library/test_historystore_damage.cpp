@@ -1,5 +1,5 @@
 // Kept bytes that were damaged are never written into a song.
-#include "storage/quickcompression.h"
+#include "library/quickcompression.h"
 #include "support/historyfixture.h"
 
 #include <QSqlQuery>

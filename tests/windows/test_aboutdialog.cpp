@@ -188,6 +188,7 @@ void TestAboutDialog::namesTheLibrariesThatAreLinked()
     const QByteArray loaded = map.readAll();
     QCOMPARE(names.contains(QStringLiteral("TagLib")), loaded.contains("/libtag."));
     QCOMPARE(names.contains(QStringLiteral("ICU")), loaded.contains("/libicuuc."));
+    QCOMPARE(names.contains(QStringLiteral("Zstandard")), loaded.contains("/libzstd."));
     QCOMPARE(names.contains(QStringLiteral("SQLite")), loaded.contains("/libQt6Sql."));
     const bool hasSound = soundmodule::problem() != SoundProblem::NotBuilt;
     QCOMPARE(names.contains(QStringLiteral("FluidSynth")), hasSound);

@@ -1,8 +1,11 @@
 // What is compressed comes back to the byte; damaged bytes harm nothing.
-#include "storage/quickcompression.h"
+#include "library/quickcompression.h"
 
+#include <QProcess>
 #include <QRandomGenerator>
 #include <QTest>
+
+#include <cstddef>
 
 using quickcompression::compressed;
 using quickcompression::plain;
@@ -31,6 +34,13 @@ QByteArray somethingLike(QRandomGenerator &random, qsizetype size)
     return bytes.left(size);
 }
 
+/** With the magic of a frame before it. */
+template <std::size_t size>
+QByteArray frame(const char (&bytes)[size])
+{
+    return QByteArray("\x28\xB5\x2F\xFD", 4) + QByteArray(bytes, size - 1);
+}
+
 } // namespace
 
 class TestQuickCompression : public QObject
@@ -41,7 +51,8 @@ private slots:
     void bytesComeBack_data();
     void bytesComeBack();
     void anyBytesComeBack();
-    void handWrittenPiecesAreRead();
+    void handWrittenFramesAreRead();
+    void zstdReadsAndWritesIt();
     void repetitionsGetSmall();
     void damagedBytesAreRefused_data();
     void damagedBytesAreRefused();
@@ -85,18 +96,34 @@ void TestQuickCompression::anyBytesComeBack()
     }
 }
 
-void TestQuickCompression::handWrittenPiecesAreRead()
+/** A frame by hand: magic, one segment with its size, the last block as it is or as one byte. */
+void TestQuickCompression::handWrittenFramesAreRead()
 {
-    // Two literals, six bytes from two back; then one literal and the end.
-    QCOMPARE(plain(QByteArray("\0\0\0\x09\x22"
-                              "ab\x02\0\x10"
-                              "c",
-                              11),
+    QCOMPARE(plain(frame("\x20\x03\x19\0\0"
+                         "abc"),
                    enough),
-             QByteArray("ababababc"));
-    // 15 + 255 + 3 literals.
-    const QByteArray many(273, 'm');
-    QCOMPARE(plain(QByteArray("\0\0\x01\x11\xF0\xFF\x03", 7) + many, enough), many);
+             QByteArray("abc"));
+    QCOMPARE(plain(frame("\x20\xC8\x43\x06\0"
+                         "m"),
+                   enough),
+             QByteArray(200, 'm'));
+}
+
+/** The program of others packs and unpacks the same. */
+void TestQuickCompression::zstdReadsAndWritesIt()
+{
+    QRandomGenerator random(5);
+    const QByteArray bytes = somethingLike(random, 50000);
+    const auto piped = [](const QStringList &options, const QByteArray &in) {
+        QProcess zstd;
+        zstd.start(QStringLiteral("zstd"), options);
+        zstd.write(in);
+        zstd.closeWriteChannel();
+        return zstd.waitForFinished() && zstd.exitCode() == 0 ? zstd.readAllStandardOutput()
+                                                              : QByteArray("failed");
+    };
+    QCOMPARE(piped({QStringLiteral("-d")}, compressed(bytes)), bytes);
+    QCOMPARE(plain(piped({QStringLiteral("--stream-size=50000")}, bytes), enough), bytes);
 }
 
 void TestQuickCompression::repetitionsGetSmall()
@@ -117,34 +144,25 @@ void TestQuickCompression::damagedBytesAreRefused_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("nothing") << QByteArray();
-    QTest::newRow("size only") << QByteArray("\0\0\0\0", 4);
-    QTest::newRow("fewer than it says") << QByteArray("\0\0\0\5\x10"
-                                                      "a",
-                                                      6);
-    QTest::newRow("more than it says") << QByteArray("\0\0\0\1\x20"
-                                                     "ab",
-                                                     7);
-    QTest::newRow("literals cut off") << QByteArray("\0\0\0\5\x50"
-                                                    "abc",
-                                                    8);
-    QTest::newRow("length cut off") << QByteArray("\0\0\xFF\0\xF0\xFF", 6);
-    QTest::newRow("distance cut off") << QByteArray("\0\0\0\5\x10"
-                                                    "a\1",
-                                                    7);
-    QTest::newRow("distance of nothing") << QByteArray("\0\0\0\x06\x10"
-                                                       "a\0\0\x10"
-                                                       "b",
-                                                       10);
-    QTest::newRow("before the beginning") << QByteArray("\0\0\0\x06\x10"
-                                                        "a\2\0\x10"
-                                                        "b",
-                                                        10);
-    QTest::newRow("repeats too much") << QByteArray("\0\0\0\x04\x11"
-                                                    "a\1\0\0",
-                                                    9);
-    QTest::newRow("no last piece") << QByteArray("\0\0\0\x05\x10"
-                                                 "a\1\0",
-                                                 8);
+    QTest::newRow("other magic") << QByteArray("\x27\xB5\x2F\xFD\x20\x03\x19\0\0"
+                                               "abc",
+                                               12);
+    QTest::newRow("magic only") << frame("");
+    QTest::newRow("size only") << frame("\x20\x03");
+    QTest::newRow("size unknown") << frame("\0\0\x19\0\0"
+                                           "abc");
+    QTest::newRow("fewer than it says") << frame("\x20\x04\x19\0\0"
+                                                 "abc");
+    QTest::newRow("more than it says") << frame("\x20\x02\x19\0\0"
+                                                "abc");
+    QTest::newRow("cut off") << frame("\x20\x03\x19\0\0"
+                                      "ab");
+    QTest::newRow("something behind it") << frame("\x20\x03\x19\0\0"
+                                                  "abcd");
+    QTest::newRow("no last block") << frame("\x20\x03\x18\0\0"
+                                            "abc");
+    QTest::newRow("block of no kind") << frame("\x20\x03\x1F\0\0"
+                                               "abc");
 }
 
 void TestQuickCompression::damagedBytesAreRefused()
@@ -175,8 +193,9 @@ void TestQuickCompression::moreThanAllowedIsRefused()
     const QByteArray bytes = compressed(QByteArray(100, 'x'));
     QVERIFY(plain(bytes, 100));
     QVERIFY(!plain(bytes, 99));
-    QVERIFY(!plain("\xFF\xFF\xFF\xFF\x10"
-                   "a",
+    // One segment of nearly 2^64 bytes.
+    QVERIFY(!plain(frame("\xE0\xFE\xFF\xFF\xFF\xFF\xFF\xFF\xFF\x19\0\0"
+                         "abc"),
                    enough));
 }
 
