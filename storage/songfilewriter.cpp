@@ -95,7 +95,18 @@ bool SongFileWriter::open()
         m_created = noted(m_file.open(QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered));
         return m_created;
     }
-    return recover(m_path) && openExisting();
+    return recoverFirst() && openExisting();
+}
+
+/** Another program that is saving the song may be done when somebody asks why this one was not. */
+bool SongFileWriter::recoverFirst()
+{
+    const Recovery recovery = tryToRecover(m_path);
+    if (recovery == Recovery::InUse) {
+        errno = EBUSY;
+        noted(false);
+    }
+    return recovery == Recovery::Done;
 }
 
 bool SongFileWriter::openExisting()
@@ -295,7 +306,7 @@ bool SongFileWriter::resolve(SongJournal &journal, const SongJournal::Content &c
 SongFileWriter::Outcome SongFileWriter::replaceThroughTemporary(const QByteArray &head,
                                                                 QFile &source, qint64 sourcePos)
 {
-    if (m_path.isEmpty() || (isTaken(m_path) && !QFileInfo(m_path).isFile()) || !recover(m_path))
+    if (m_path.isEmpty() || (isTaken(m_path) && !QFileInfo(m_path).isFile()) || !recoverFirst())
         return Outcome::CannotOpen;
     QFile temporary;
     if (!openTemporary(temporary))

@@ -91,6 +91,7 @@ public:
 
 private:
     bool noted(bool succeeded) const;
+    bool recoverFirst();
     bool openExisting();
     bool isAsOpened();
     bool replaceJournalled(const QByteArray &bytes, const SongJournal::Content &old);

@@ -5197,8 +5197,8 @@ Preparare prima il tag per il player?</translation>
         <translation>Ci sono già song nella memoria?</translation>
     </message>
     <message>
-        <source>Guarda la &amp;memoria...</source>
-        <translation>Guarda la &amp;memoria...</translation>
+        <source>G&amp;uarda la memoria...</source>
+        <translation>G&amp;uarda la memoria...</translation>
     </message>
     <message>
         <source>O riprendi da una lista:</source>

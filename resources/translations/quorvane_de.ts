@@ -5197,7 +5197,7 @@ Soll das Tag zuerst für den Player vorbereitet werden?</translation>
         <translation>Schon Songs auf Karte oder Stick?</translation>
     </message>
     <message>
-        <source>Guarda la &amp;memoria...</source>
+        <source>G&amp;uarda la memoria...</source>
         <translation>Speicher &amp;ansehen...</translation>
     </message>
     <message>

@@ -5197,7 +5197,7 @@ Prepare the tag for the player first?</translation>
         <translation>Songs on the card or stick already?</translation>
     </message>
     <message>
-        <source>Guarda la &amp;memoria...</source>
+        <source>G&amp;uarda la memoria...</source>
         <translation>&amp;View memory...</translation>
     </message>
     <message>

@@ -1,5 +1,6 @@
 // Two programs that save one song at the same time: one of them does it, the other one is refused.
 #include "formats/savefailure.h"
+#include "storage/safefile.h"
 #include "storage/songfilewriter.h"
 #include "support/journalbytes.h"
 
@@ -21,6 +22,8 @@ private slots:
     void init();
 
     void songThatIsOpenForASaveIsInUse();
+    void songWhoseSaveHasJustEndedWasInUse_data();
+    void songWhoseSaveHasJustEndedWasInUse();
     void songIsFreeWhenItsSaveIsOver();
     void songThatWasReplacedMeanwhileIsNotReportedAsSaved();
     void songThatGrewMeanwhileStaysWhole();
@@ -55,6 +58,35 @@ void TestRacingSaves::songThatIsOpenForASaveIsInUse()
     QVERIFY(first.replaceBytes(song(2000, '0')));
     QVERIFY(contentOf(songPath()) == song(2000, '0'));
     QCOMPARE(files(), QStringList(QStringLiteral("song.mid")));
+}
+
+void TestRacingSaves::songWhoseSaveHasJustEndedWasInUse_data()
+{
+    QTest::addColumn<bool>("throughTemporary");
+    QTest::newRow("rewritten in place") << false;
+    QTest::newRow("replaced") << true;
+}
+
+// Why it was refused is asked when the other program may be done.
+void TestRacingSaves::songWhoseSaveHasJustEndedWasInUse()
+{
+    QFETCH(const bool, throughTemporary);
+    const QString journalPath = m_dir->filePath(QStringLiteral(".song.mid.kavena-journal"));
+    makeFile(journalPath, "being written");
+    QFile journal(journalPath);
+    QVERIFY(journal.open(QFile::ReadWrite) && holdFile(journal));
+    SongFileWriter second(songPath());
+    if (throughTemporary) {
+        QFile source(songPath());
+        QVERIFY(source.open(QFile::ReadOnly));
+        QCOMPARE(second.replaceThroughTemporary("head", source, 0),
+                 SongFileWriter::Outcome::CannotOpen);
+    } else {
+        QVERIFY(!second.open());
+    }
+    QVERIFY(journal.remove());
+    QCOMPARE(saveFailureFrom(second.systemError(), songPath()), SaveFailure::InUse);
+    QVERIFY(contentOf(songPath()) == song(3000, 'a'));
 }
 
 void TestRacingSaves::songIsFreeWhenItsSaveIsOver()
