@@ -19,11 +19,13 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <array>
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <unistd.h>
+#include <utility>
 
 namespace
 {
@@ -53,17 +55,30 @@ QByteArray randomBytes(QRandomGenerator &random, int size)
     return bytes;
 }
 
-/** Notes of a drum kit in bars that repeat, struck by a human hand: as well compressed as music. */
+/**
+ * Notes of a drum kit in four bars that repeat, of which every sixth is struck otherwise than
+ * before: the files of real songs get as small, a fifth of their size.
+ */
 QByteArray notesOf(QRandomGenerator &random, int count)
 {
-    constexpr int barOfNotes = 16;
+    constexpr int notesOfBars = 64;
+    constexpr int otherwise = 6;
     constexpr char drums[] = {36, 42, 38, 46, 36, 36, 38, 49};
+    const auto struck = [&random] {
+        return std::pair(static_cast<char>(random.bounded(20, 28)),
+                         static_cast<char>(random.bounded(80, 100)));
+    };
+    std::array<std::pair<char, char>, notesOfBars> bars;
+    std::generate(bars.begin(), bars.end(), struck);
     QByteArray bytes;
     for (int i = 0; i < count; ++i) {
-        bytes += static_cast<char>(random.bounded(20, 28));
+        const bool isOther = random.bounded(otherwise) == 0;
+        const auto [deltaTime, velocity] =
+            isOther ? struck() : bars.at(static_cast<size_t>(i % notesOfBars));
+        bytes += deltaTime;
         bytes += '\x99';
-        bytes += drums[(i % barOfNotes) % 8];
-        bytes += static_cast<char>(random.bounded(80, 100));
+        bytes += drums[i % 8];
+        bytes += velocity;
     }
     return bytes;
 }
