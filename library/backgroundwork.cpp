@@ -3,12 +3,13 @@
 #include <QEventLoop>
 #include <QThread>
 
-#include <utility>
-
-BackgroundWork::BackgroundWork(std::function<void()> work)
-    : m_thread(QThread::create(std::move(work)))
+BackgroundWork::BackgroundWork(const std::function<void()> &work)
+    : m_thread(QThread::create(work))
 {
     m_thread->start();
+    m_isStarted = m_thread->isRunning() || m_thread->isFinished();
+    if (!m_isStarted)
+        work(); // the system has no thread left
 }
 
 BackgroundWork::~BackgroundWork()
@@ -18,6 +19,8 @@ BackgroundWork::~BackgroundWork()
 
 void BackgroundWork::wait()
 {
+    if (!m_isStarted)
+        return;
     QEventLoop events;
     QObject::connect(m_thread.get(), &QThread::finished, &events, &QEventLoop::quit);
     if (!m_thread->isFinished())

@@ -14,8 +14,8 @@ QT_END_NAMESPACE
 class BackgroundWork
 {
 public:
-    /** Starts the work. */
-    explicit BackgroundWork(std::function<void()> work);
+    /** Starts the work; does it at once where no thread can be had. */
+    explicit BackgroundWork(const std::function<void()> &work);
 
     /** Waits until the work is done; no event runs meanwhile. */
     ~BackgroundWork();
@@ -27,4 +27,5 @@ public:
 
 private:
     const std::unique_ptr<QThread> m_thread;
+    bool m_isStarted = false;
 };

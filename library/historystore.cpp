@@ -163,6 +163,8 @@ QList<qint64> HistoryStore::addSongs(qint64 job, const QList<Entry> &entries,
         const QByteArray bytes = entry.compressed
                                      ? entry.compressed->result()
                                      : quickcompression::compressed(entry.snapshot.bytes);
+        if (bytes.isEmpty())
+            break; // what is not kept cannot be taken back
         added += bytes.size();
         insertBytes.addBindValue(id);
         insertBytes.addBindValue(bytes);

@@ -23,11 +23,14 @@ QByteArray quickcompression::compressed(const QByteArray &plain)
     // Making one takes as long as a song.
     thread_local const std::unique_ptr<ZSTD_CCtx, ContextDeleter> context(ZSTD_createCCtx());
     const auto length = static_cast<size_t>(plain.size());
-    // There is room for all, so that it cannot fail.
     QByteArray out(static_cast<qsizetype>(ZSTD_compressBound(length)), Qt::Uninitialized);
-    out.truncate(static_cast<qsizetype>(ZSTD_compressCCtx(context.get(), out.data(),
-                                                          static_cast<size_t>(out.size()),
-                                                          plain.constData(), length, level)));
+    const size_t size = context == nullptr ? 0
+                                           : ZSTD_compressCCtx(context.get(), out.data(),
+                                                               static_cast<size_t>(out.size()),
+                                                               plain.constData(), length, level);
+    if (ZSTD_isError(size) != 0)
+        return {};
+    out.truncate(static_cast<qsizetype>(size));
     return out;
 }
 

@@ -10,7 +10,7 @@
 namespace quickcompression
 {
 
-/** The bytes compressed. */
+/** The bytes compressed; empty only when there is no memory for that. */
 QByteArray compressed(const QByteArray &plain);
 
 /** The same on another thread, while this one reads the next bytes. */

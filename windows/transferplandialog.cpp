@@ -185,25 +185,25 @@ void TransferPlanDialog::refresh()
     ui->stateLabel->setFont(stateFont);
     ui->carryOutPushButton->setEnabled(problem.isEmpty());
     ui->asAlwaysPushButton->setEnabled(!m_isGone);
-    if (!problem.isEmpty())
-        ui->stateLabel->setText(problem);
-    else if (added + replaced + removed == 0)
-        ui->stateLabel->setText(tr("Niente da copiare né da rimuovere: «Esegui» aggiorna soltanto "
-                                   "il database della memoria."));
-    else
-        showSkipped();
+    QStringList state{problem};
+    if (problem.isEmpty()) {
+        state = {skippedText()};
+        if (added + replaced + removed == 0)
+            state.prepend(tr("Niente da copiare né da rimuovere: «Esegui» aggiorna soltanto "
+                             "il database della memoria."));
+    }
+    ui->stateLabel->setText(state.join(QLatin1Char(' ')).trimmed());
 }
 
 /** A song that would stay behind is told before, not only by its line among hundreds. */
-void TransferPlanDialog::showSkipped()
+QString TransferPlanDialog::skippedText() const
 {
     const auto skipped = std::count_if(
         m_plan.items.cbegin(), m_plan.items.cend(), [](const TransferPlan::Item &item) {
             return item.remedy == Remedy::Skip && item.state != State::Same &&
                    item.state != State::Renamed && item.state != State::Remove;
         });
-    ui->stateLabel->setText(
-        skipped == 0 ? QString() : tr("Song scelte che non vengono copiate: %1").arg(skipped));
+    return skipped == 0 ? QString() : tr("Song scelte che non vengono copiate: %1").arg(skipped);
 }
 
 /** Why the plan cannot be carried out as it is; empty when it can. */

@@ -48,7 +48,7 @@ private:
     void showIntro(Purpose purpose);
     void showSelection();
     void refresh();
-    void showSkipped();
+    QString skippedText() const;
     QString whyNot() const;
     void carryOut();
     bool confirmRemoval();

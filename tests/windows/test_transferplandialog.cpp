@@ -302,6 +302,10 @@ void TestTransferPlanDialog::songsThatStayBehindAreCounted()
     open(
         plan(copied + QStringList{song(s("what?.mid"), "WHAT"), m_card->music() + s("/gone.mid")}));
     QCOMPARE(m_window->state->text(), s("Song scelte che non vengono copiate: 2"));
+    open(plan({copied.at(1), m_card->music() + s("/gone.mid")}));
+    QCOMPARE(m_window->state->text(),
+             s("Niente da copiare né da rimuovere: «Esegui» aggiorna soltanto il database della "
+               "memoria. Song scelte che non vengono copiate: 1"));
 }
 
 void TestTransferPlanDialog::readBackIsRemembered()
