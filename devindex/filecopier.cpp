@@ -339,9 +339,8 @@ bool FileCopier::copyFile(int song, const QString &source, const QString &target
         return refuse("the name is taken:");
 
     Copy copy = copyBytes(source, target, *part);
-    const bool mayBePending = copy == Copy::NoRoom || copy == Copy::Failed;
-    if (mayBePending && (m_settling || !m_batch->isEmpty())) {
-        settle(); // the files that it replaces give their room back, and all their handles
+    if (copy == Copy::NoRoom && (m_settling || !m_batch->isEmpty())) {
+        settle(); // the files that it replaces give their room back
         copy = copyBytes(source, target, *part);
     }
     if (copy == Copy::NoRoom && replace && fitsInsteadOf(source, target)) {

@@ -40,7 +40,6 @@ private slots:
 
     void everySongIsCopied_data();
     void everySongIsCopied();
-    void songsAreCopiedWithFewerHandlesThanAreTold();
     void nameThatComesAgainGetsTheLastSong();
     void lostCopyFailsItsSongAlone();
     void stopKeepsWhatWasCopied();
@@ -101,34 +100,6 @@ void TestFewHandles::everySongIsCopied()
     for (int i = 0; i < songs; ++i)
         QCOMPARE(read(memory + QStringLiteral("/s%1.mid").arg(i)), QByteArray::number(i));
     QCOMPARE(QDir(memory).entryList(QDir::Files | QDir::Hidden).size(), songs);
-}
-
-/** The rest of the program may have more of them than it should: groups of songs get smaller. */
-void TestFewHandles::songsAreCopiedWithFewerHandlesThanAreTold()
-{
-    const QTemporaryDir folder;
-    const QString memory = folder.filePath(QStringLiteral("memory"));
-    QVERIFY(QDir().mkdir(memory));
-    QStringList files;
-    for (int i = 0; i < songs; ++i) {
-        files.append(folder.filePath(QStringLiteral("s%1.mid").arg(i)));
-        write(files.constLast(), QByteArray::number(i));
-    }
-    QList<QSharedPointer<QFile>> others;
-    for (int i = 0; i < 5 * taken; ++i) {
-        others.append(QSharedPointer<QFile>::create(files.constFirst()));
-        QVERIFY(others.constLast()->open(QIODevice::ReadOnly));
-    }
-
-    CopyingProgress progress;
-    int copied = 0;
-    FileCopier copier([](const QString &) { return Answer::NoToAll; });
-    const bool complete = copier.copyFiles(files, memory, copied, progress);
-    others.clear();
-
-    QCOMPARE(copier.report().failedLines(), QStringList());
-    QVERIFY(complete);
-    QCOMPARE(copied, songs);
 }
 
 /** The first song of the name may still be on its way to the medium when the second one comes. */
