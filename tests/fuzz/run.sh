@@ -2,6 +2,7 @@
 # Runs the fuzzers: run.sh SECONDS [fuzzer...]; each for so many seconds, all of them by default.
 # Fails when one of them finds anything. Inputs, findings and logs stay in the work folder, so that
 # a later run goes on from where this one ended.
+#   FUZZ_SEED      makes the search the same each time (default: another one each time)
 #   JOBS           how many run at a time (default: one for each processor)
 #   FUZZ_TIMEOUT   seconds that one input may take (default: 10); more on a machine that is busy
 #   FUZZ_BINARIES  where the fuzzers are (default: build/fuzz/tests/fuzz, built by preset "fuzz")
@@ -31,7 +32,8 @@ fuzz() {
   esac
   mkdir -p "$work/corpus/$fuzzer" "$work/findings"
   local log=$work/$fuzzer.log
-  if "$binaries/$fuzzer" -max_total_time="$seconds" -timeout="${FUZZ_TIMEOUT:-10}" -rss_limit_mb=2048 \
+  if "$binaries/$fuzzer" -max_total_time="$seconds" -seed="${FUZZ_SEED:-0}" \
+      -timeout="${FUZZ_TIMEOUT:-10}" -rss_limit_mb=2048 \
       -max_len=$length -dict="$work/seeds/$fuzzer.dict" -print_final_stats=1 \
       -artifact_prefix="$work/findings/$fuzzer-" \
       "$work/corpus/$fuzzer" "$work/seeds/$fuzzer" >"$log" 2>&1; then

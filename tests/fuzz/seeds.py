@@ -215,6 +215,7 @@ MP3_FILES = {
     "picture": tag(frame(b"APIC", b"image/png\0\3\0TIT2\0\0\0\4") + frame(b"TIT2", b"One")) + AUDIO,
     "version4": tag(b"TALB\0\0\1\x03\0\0\0" + b"a" * 130 + frame(b"TIT2", b"One"), 4) + AUDIO,
     "version2": tag(b"TT2\0\0\4\0OnePIC\0\0\x0a\0PNG\3\0abcdTAL\0\0\2\0A", 2) + AUDIO,
+    "unsynchronised2": b"ID3\2\0\x80" + tag(b"TT2\0\0\4\0OneGEO\0\0\2\xff\0\xe0", 2)[6:] + AUDIO,
     "extended": b"ID3\3\0\x40" + tag(be(6, 4) + bytes(6) + FRAMES)[6:] + AUDIO,
     "extended4": b"ID3\4\0\x40" + tag(be(6, 4) + b"\1\0" + FRAMES)[6:] + AUDIO,
     "hugeframe": tag(frame(b"TIT2", b"One", size=0xFFFFFFF0)) + AUDIO,
