@@ -139,8 +139,10 @@ void CopyBatch::giveNames(bool replacing)
     m_files.removeIf([this, replacing](const File &file) {
         if (file.replaces != replacing)
             return false;
-        if ((replacing || !isTaken(file.target)) && renameOver(*file.part, file.target))
+        if ((replacing || !isTaken(file.target)) && renameOver(*file.part, file.target)) {
+            m_named.insert(file.song);
             return false;
+        }
         fail(file, "the new file cannot take its name:");
         QFile::remove(file.part->fileName());
         return true;

@@ -50,6 +50,9 @@ public:
     /** Gives all files their names, once. May run on another thread. */
     void settle();
 
+    /** Songs of which a file got its name, those that failed afterwards among them. */
+    const QSet<int> &named() const { return m_named; }
+
     /** Songs with a file that did not get its name, or may not be on the medium under it. */
     const QSet<int> &failed() const { return m_failed; }
 
@@ -69,6 +72,7 @@ private:
     qint64 m_size = 0;
     qsizetype m_handles = 0; ///< that are open, or will be
     const qsizetype m_mostHandles;
+    QSet<int> m_named;
     QSet<int> m_failed;
     QSet<int> m_changed;
 };

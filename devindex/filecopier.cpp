@@ -131,6 +131,7 @@ bool FileCopier::copyAs(const QList<Order> &orders, const QString &dest, Progres
     m_report = {};
     Leftovers().tidy(dest);
     m_songs.clear();
+    m_displacing.clear();
     for (const Order &order : orders)
         m_songs.append({order.source, order.target, State::NotReached, {}});
     m_dest = dest;
@@ -219,20 +220,23 @@ bool FileCopier::isInList(const QString &target)
                        [&target](const QString &source) { return isInPlace(source, target); });
 }
 
-/** Of several songs that got one name, the memory has the last. */
+/**
+ * Of several songs that got one name, the memory has at most the last: one that failed may have
+ * taken the place of another before.
+ */
 void FileCopier::findReplaced()
 {
     QMultiHash<QString, int> places;
     for (int i = 0; i < m_songs.size(); ++i) {
         const Song &song = m_songs.at(i);
-        if (song.state != State::Copied)
+        if (song.state != State::Copied && !m_displacing.contains(i))
             continue;
         const QString key = nameKey(song.target);
         const QList<int> earlier = places.values(key);
         for (const int place : earlier) {
             Song &other = m_songs[place];
-            if (other.source != song.source && other.state == State::Copied &&
-                isInPlace(other.target, song.target))
+            const bool isAnother = other.source != song.source || song.state == State::Failed;
+            if (isAnother && other.state == State::Copied && isInPlace(other.target, song.target))
                 other.state = State::Replaced;
         }
         places.insert(key, i);
@@ -261,6 +265,7 @@ void FileCopier::endSettling()
         return;
     m_settlingWork->wait();
     m_settlingWork.reset();
+    m_displacing.unite(m_settling->named());
     for (const int number : m_settling->failed()) {
         Song &song = m_songs[number];
         song.state = State::Failed;
@@ -346,6 +351,7 @@ bool FileCopier::copyFile(int song, const QString &source, const QString &target
     if (copy == Copy::NoRoom && replace && fitsInsteadOf(source, target)) {
         if (!giveUp(target))
             return refuse("no room and the old file cannot be removed:");
+        m_displacing.insert(song);
         copy = copyBytes(source, target, *part);
     }
     if (copy != Copy::Done)

@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QList>
 #include <QMultiHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -151,6 +152,7 @@ private:
     QList<Song> m_songs;                                   ///< what became of each file of the list
     std::optional<QMultiHash<QString, QString>> m_inPlace; ///< files of the list, by nameKey()
     std::optional<FolderNames> m_names;                    ///< of the folder, if case is ignored
+    QSet<int> m_displacing; ///< songs that took their place, those that failed later among them
     QString m_dest;
     std::unique_ptr<CopyBatch> m_batch;             ///< that is being filled
     std::unique_ptr<CopyBatch> m_settling;          ///< the one before, or none

@@ -14,6 +14,7 @@ private slots:
     void cleanup() { CopyFixture::cleanup(); }
 
     void songWhoseCopyWasReplacedDoesNotCountAsCopied();
+    void songReplacedByOneThatFailedDoesNotCountAsCopied();
     void songThatIsListedTwiceIsCopied();
     void songOfTheListIsNeverReplaced();
     void nameOfOtherCaseIsOneNameOnAMemory();
@@ -41,6 +42,22 @@ void TestFileCopierSameNames::songWhoseCopyWasReplacedDoesNotCountAsCopied()
     QCOMPARE(report.copied, 2);
     QCOMPARE(report.replaced, QStringList(first));
     QCOMPARE(read(QStringLiteral("dest/x.mid")), QByteArray("second"));
+}
+
+void TestFileCopierSameNames::songReplacedByOneThatFailedDoesNotCountAsCopied()
+{
+    // The second song arrives, its pictures cannot.
+    QVERIFY(QDir().mkpath(path(QStringLiteral("more"))));
+    QVERIFY(QDir().mkpath(path(QStringLiteral("dest/x.cdg"))));
+    const QString first = write(QStringLiteral("lib/x.mp3"), "first");
+    const QString second = write(QStringLiteral("more/x.mp3"), "second");
+    write(QStringLiteral("more/x.cdg"), "pictures");
+    const FileCopier::Report report = copied({first, second}, {Answer::Yes});
+    QCOMPARE(read(QStringLiteral("dest/x.mp3")), QByteArray("second"));
+    QCOMPARE(report.copied, 0);
+    QCOMPARE(report.replaced, QStringList(first));
+    QCOMPARE(report.failed.size(), 1);
+    QCOMPARE(report.failed.first().source, second);
 }
 
 void TestFileCopierSameNames::songThatIsListedTwiceIsCopied()
