@@ -4,6 +4,7 @@
 #include "app/memoryhistory.h"
 #include "devindex/copiesfrommemory.h"
 #include "devindex/filestamp.h"
+#include "devindex/shownnames.h"
 #include "formats/metasong.h"
 #include "library/runreport.h"
 #include "storage/leftovers.h"
@@ -325,11 +326,13 @@ void MemorySongWork::copy(const QList<qsizetype> &songs)
                 *report = copies->copy(paths, folder, *progress);
             *isStopped = progress->wasCanceled();
         },
-        [this, refusal, report, isStopped] { tellCopied(*report, *isStopped, *refusal); });
+        [this, paths, refusal, report, isStopped] {
+            tellCopied(*report, ShownNames(paths), *isStopped, *refusal);
+        });
 }
 
-void MemorySongWork::tellCopied(const FileCopier::Report &report, bool isStopped,
-                                const QString &refusal)
+void MemorySongWork::tellCopied(const FileCopier::Report &report, const ShownNames &names,
+                                bool isStopped, const QString &refusal)
 {
     if (!refusal.isEmpty()) {
         m_window.showMessage({});
@@ -346,7 +349,7 @@ void MemorySongWork::tellCopied(const FileCopier::Report &report, bool isStopped
     if (!report.failed.isEmpty())
         warn(text + QLatin1Char('\n') +
                  tr("%n song non sono state copiate.", "", static_cast<int>(report.failed.size())),
-             report.failedLines());
+             report.failedLines(names));
 }
 
 void MemorySongWork::show(qsizetype song)

@@ -15,6 +15,7 @@ class Database;
 class DataEditDialog;
 class MemoryCare;
 class MemoryWindow;
+class ShownNames;
 
 /**
  * Asks first, then has the work done as the window's job: several songs cost one update of the
@@ -44,7 +45,8 @@ private:
 
     QList<MemorySong> filesOf(const QList<qsizetype> &songs) const;
     bool confirmRemoval(const QList<MemorySong> &songs, int groupsWithoutRest);
-    void tellCopied(const FileCopier::Report &report, bool isStopped, const QString &refusal);
+    void tellCopied(const FileCopier::Report &report, const ShownNames &names, bool isStopped,
+                    const QString &refusal);
     void warn(const QString &text, const QStringList &details = {});
     static QString whyChanged();
     static QString load(const QString &root, MemorySong &listed, SongInfo &info);

@@ -2,6 +2,7 @@
 
 #include "app/windowprogress.h"
 #include "devindex/filecopier.h"
+#include "devindex/shownnames.h"
 #include "windows/backupdialog.h"
 #include "windows/confirmation.h"
 
@@ -33,11 +34,12 @@ LibraryBackup::Choice SongBackup::ask()
 
 bool SongBackup::copy(const QStringList &files, const QString &destination, int &copied)
 {
-    const auto copyList = [this](const QStringList &list, const QString &folder, int &arrived,
-                                 Progress &progress) {
+    const ShownNames names(files);
+    const auto copyList = [this, &names](const QStringList &list, const QString &folder,
+                                         int &arrived, Progress &progress) {
         FileCopier copier(&confirmation::askToReplace);
         const bool complete = copier.copyFiles(list, folder, arrived, progress);
-        m_failed += copier.report().failedLines();
+        m_failed += copier.report().failedLines(names);
         return complete;
     };
     return LibraryBackup::copyFiles(files, destination, copied, m_progress.shown(), copyList);

@@ -3,6 +3,7 @@
 #include "devindex/copybatch.h"
 #include "devindex/namekey.h"
 #include "devindex/samefile.h"
+#include "devindex/shownnames.h"
 #include "library/backgroundwork.h"
 #include "library/companion.h"
 #include "storage/diagnostics.h"
@@ -95,12 +96,11 @@ void beginFlush(const QFile &file, qint64 size)
 
 } // namespace
 
-QStringList FileCopier::Report::failedLines() const
+QStringList FileCopier::Report::failedLines(const ShownNames &names) const
 {
     QStringList lines;
     for (const Failure &failure : failed)
-        lines.append(failure.source.section(QLatin1Char('/'), -1) + QLatin1String(": ") +
-                     failure.reason);
+        lines.append(names.of(failure.source) + QLatin1String(": ") + failure.reason);
     return lines;
 }
 

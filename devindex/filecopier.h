@@ -24,6 +24,7 @@ QT_END_NAMESPACE
 
 class BackgroundWork;
 class CopyBatch;
+class ShownNames;
 
 /**
  * One object copies one list of files. It asks before it replaces a file and remembers the "all"
@@ -56,7 +57,7 @@ public:
         QList<Failure> failed;
 
         /** The failed files for the user, a line each: the name and the reason. */
-        QStringList failedLines() const;
+        QStringList failedLines(const ShownNames &names) const;
     };
 
     /** A file that is to be copied, and the name that it gets. */

@@ -31,15 +31,6 @@ QString fileNameOf(const QString &path)
     return path.section(QLatin1Char('/'), -1);
 }
 
-/** A line for each. */
-QStringList named(const QList<PlanExecution::Named> &songs)
-{
-    QStringList texts;
-    for (const PlanExecution::Named &song : songs)
-        texts.append(fileNameOf(song.path) + QLatin1String(": ") + song.reason);
-    return texts;
-}
-
 void logBanner()
 {
     logDebug() << "============================================";
@@ -63,6 +54,7 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
         return Outcome::NotStarted;
     const auto &[root, dest, isRoot] = *destination;
     m_device = memoryDevice(root);
+    m_names = ShownNames(files);
     m_present.clear();
     QStringList songs = files;
     MemoryLock lock(root);
@@ -128,6 +120,10 @@ Transfer::Outcome Transfer::carryOut(const TransferPlan &plan, MemoryLock &lock)
     m_device = plan.device.isEmpty() ? memoryDevice(plan.root) : plan.device;
     if (plan.folder == plan.root + songsFolder && !makeSongsFolder(plan.folder))
         return Outcome::NotStarted;
+    QStringList chosen;
+    for (const TransferPlan::Item &item : plan.items)
+        chosen.append(item.path);
+    m_names = ShownNames(chosen);
     logBanner();
     PlanExecution execution(m_openProgress, [&](const std::function<bool()> &removal) {
         return updateIndex(plan.root, removal);
@@ -366,6 +362,15 @@ bool Transfer::copyFiles(const QStringList &files, const QString &dest, FileCopi
     return copier.copyFiles(files, dest, copied, *progress);
 }
 
+/** A line for each. */
+QStringList Transfer::named(const QList<PlanExecution::Named> &songs) const
+{
+    QStringList lines;
+    for (const PlanExecution::Named &song : songs)
+        lines.append(m_names.of(song.path) + QLatin1String(": ") + song.reason);
+    return lines;
+}
+
 void Transfer::tellPresent(const QList<PlanExecution::Named> &songs)
 {
     if (!songs.isEmpty())
@@ -387,13 +392,13 @@ void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, boo
     lines += indexLines(indexed);
     QStringList skipped;
     for (const QString &source : report.skipped)
-        skipped.append(tr("%1: esisteva già e non è stata sostituita").arg(fileNameOf(source)));
+        skipped.append(tr("%1: esisteva già e non è stata sostituita").arg(m_names.of(source)));
     for (const QString &source : report.replaced)
         skipped.append(tr("%1: sostituita da un'altra song scelta con lo stesso nome")
-                           .arg(fileNameOf(source)));
+                           .arg(m_names.of(source)));
     tellPresent(m_present);
     m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
-                      report.failedLines() + m_indexProblems, skipped);
+                      report.failedLines(m_names) + m_indexProblems, skipped);
 }
 
 void Transfer::tellCounts(const PlanExecution::Result &result)
@@ -408,10 +413,11 @@ void Transfer::tellCounts(const PlanExecution::Result &result)
             tr("Song non più copiate dopo l'interruzione: %1").arg(result.notReached.size()));
     lines += indexLines(result.indexed);
     QStringList skipped = named(result.skipped);
+    const ShownNames onMemory(result.replaced + result.removedPictures + result.removed);
     for (const QString &song : result.replaced)
-        skipped.append(tr("%1: sostituita").arg(fileNameOf(song)));
+        skipped.append(tr("%1: sostituita").arg(onMemory.of(song)));
     for (const QString &song : result.removedPictures + result.removed)
-        skipped.append(tr("%1: rimossa").arg(fileNameOf(song)));
+        skipped.append(tr("%1: rimossa").arg(onMemory.of(song)));
     tellPresent(result.alreadyThere);
     m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
                       named(result.failed) + m_indexProblems, skipped);

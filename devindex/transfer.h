@@ -4,6 +4,7 @@
 #include "devindex/filecopier.h"
 #include "devindex/mountedvolumes.h"
 #include "devindex/planexecution.h"
+#include "devindex/shownnames.h"
 #include "devindex/transferplan.h"
 #include "library/progress.h"
 #include "storage/memorylock.h"
@@ -159,6 +160,7 @@ private:
     bool hasRoom(const QStringList &files, const QString &dest);
     bool copyFiles(const QStringList &files, const QString &dest, FileCopier &copier);
     QStringList leaveOutPresent(const QStringList &files, const TransferPlan &plan);
+    QStringList named(const QList<PlanExecution::Named> &songs) const;
     void tellPresent(const QList<PlanExecution::Named> &songs);
     void tellCounts(const FileCopier::Report &report, qsizetype files, bool indexed);
     void tellCounts(const PlanExecution::Result &result);
@@ -172,6 +174,7 @@ private:
     bool m_readBack = false;
     qsizetype m_changedSongs = 0;
     QByteArray m_device;                   ///< of the memory that the job is about
+    ShownNames m_names;                    ///< of the songs that were chosen
     QList<PlanExecution::Named> m_present; ///< songs that were left out, since they are there
     bool m_isIndexDamaged = false;         ///< the last update of an index found it so, and left it
     QStringList m_indexProblems; ///< what the last update of an index said about single songs

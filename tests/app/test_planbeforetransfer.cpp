@@ -237,7 +237,7 @@ void TestPlanBeforeTransfer::copyWithoutThePlanGoesAsAlways()
     QCOMPARE(m_card->read(s("pop/same.mid")), MountedCard::midi("TWO"));
     QCOMPARE(m_user->messages(), QStringList({successText, countsText(1, 1, 0)}));
     QCOMPARE(m_details,
-             QStringList(s("same.mid: sostituita da un'altra song scelta con lo stesso nome")));
+             QStringList(s("one/same.mid: sostituita da un'altra song scelta con lo stesso nome")));
 }
 
 void TestPlanBeforeTransfer::cancelledPlanTouchesNothing()
@@ -265,8 +265,9 @@ void TestPlanBeforeTransfer::skippedSongsAreNamedWithTheReason()
         QVERIFY(plan.choose(s("Salta")));
         PlanWindow::click(plan.carryOut);
     });
-    QCOMPARE(m_details, QStringList(s("gone.mid: il file non c'è più\n"
-                                      "same.mid: un'altra song dell'elenco ha lo stesso nome")));
+    QCOMPARE(m_details,
+             QStringList(s("gone.mid: il file non c'è più\n"
+                           "two/same.mid: un'altra song dell'elenco ha lo stesso nome")));
     QVERIFY(m_user->messages().last().contains(s("Song saltate: 1\n")));
     QVERIFY(m_user->messages().last().contains(s("Errori: 1")));
 }

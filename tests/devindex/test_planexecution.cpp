@@ -172,10 +172,10 @@ void TestPlanExecution::skippedAndFailedSongsAreNamedWithTheReason()
         made.items[item].remedy = Remedy::Skip;
     QCOMPARE(carryOut(made), Transfer::Outcome::Incomplete);
     QCOMPARE(m_user->skippedLines,
-             QStringList({QStringLiteral("a.mid: saltata come scelto nel piano"),
-                          QStringLiteral("a.mid: un'altra song dell'elenco ha lo stesso nome"),
+             QStringList({QStringLiteral("music/a.mid: saltata come scelto nel piano"),
+                          QStringLiteral("x/a.mid: un'altra song dell'elenco ha lo stesso nome"),
                           QStringLiteral("b.mid: esisteva già e non è stata sostituita"),
-                          QStringLiteral("c.mid: è la stessa song, scelta due volte")}));
+                          QStringLiteral("y/c.mid: è la stessa song, scelta due volte")}));
     QCOMPARE(m_user->failedNames, QStringList(QStringLiteral("gone.mid: il file non c'è più")));
     QCOMPARE(m_card->read(QStringLiteral("pop/b.mid")), MountedCard::midi("OLD"));
     QVERIFY(!QFileInfo::exists(inFolder(QStringLiteral("a.mid"))));

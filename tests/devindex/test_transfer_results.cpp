@@ -130,7 +130,7 @@ void TestTransferResults::countsAreToldAfterTheOutcome()
     QCOMPARE(m_questions->failedNames,
              QStringList(QStringLiteral("gone.mid: il file non c'è più")));
     QCOMPARE(m_questions->skippedLines,
-             QStringList(QStringLiteral("song1.mid: esisteva già e non è stata sostituita")));
+             QStringList(QStringLiteral("music/song1.mid: esisteva già e non è stata sostituita")));
     QCOMPARE(m_questions->saidBeforeCounts, QStringList(failureText));
 
     QCOMPARE(transfer(files.mid(3)), Transfer::Outcome::Complete);
@@ -167,7 +167,7 @@ void TestTransferResults::namesOfOtherCaseAreOneNameToThePlayer()
     QCOMPARE(m_questions->replaceAsked, QStringList(m_card->path(QStringLiteral("pop/a.mid"))));
     QCOMPARE(m_questions->counts, QStringList(countsText(1, 1, 0)));
     QCOMPARE(m_questions->skippedLines,
-             QStringList(QStringLiteral("A.mid: esisteva già e non è stata sostituita")));
+             QStringList(QStringLiteral("y/A.mid: esisteva già e non è stata sostituita")));
     QCOMPARE(QDir(m_questions->folder).entryList(QDir::Files),
              QStringList(QStringLiteral("a.mid")));
 }

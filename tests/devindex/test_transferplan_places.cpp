@@ -147,8 +147,9 @@ void TestTransferPlanPlaces::songThatReplacesAnotherOfTheListTakesItsPlace()
     QCOMPARE(carryOut(made), Transfer::Outcome::Complete);
     QCOMPARE(m_card->read(QStringLiteral("pop/a.mid")), MountedCard::midi("OTHER"));
     QCOMPARE(m_card->indexedPaths(), QStringList(QStringLiteral("/pop/a.mid")));
-    QCOMPARE(m_user->skippedLines,
-             QStringList(QStringLiteral("a.mid: un'altra song dell'elenco ha preso il suo posto")));
+    QCOMPARE(
+        m_user->skippedLines,
+        QStringList(QStringLiteral("x/a.mid: un'altra song dell'elenco ha preso il suo posto")));
 }
 
 void TestTransferPlanPlaces::lastOfSeveralReplacingSongsHasThePlace()
@@ -188,7 +189,7 @@ void TestTransferPlanPlaces::songThatIsThereIsNotToldAsPresentAfterItWasReplaced
     QCOMPARE(carryOut(made), Transfer::Outcome::Complete);
     QCOMPARE(m_card->read(QStringLiteral("pop/A.mid")), MountedCard::midi("OTHER"));
     QVERIFY(m_user->skippedLines.contains(
-        QStringLiteral("A.mid: un'altra song dell'elenco ha preso il suo posto")));
+        QStringLiteral("x/A.mid: un'altra song dell'elenco ha preso il suo posto")));
     QVERIFY(m_user->counts.first().contains(QStringLiteral("Song già presenti: 0")));
 }
 
