@@ -25,9 +25,9 @@ QString ShownNames::of(const QString &path) const
 {
     const QStringList forms = shortForms(path);
     for (const QString &form : forms) {
-        QSet<QString> others = m_paths.value(form.toCaseFolded());
-        others.remove(path);
-        if (others.isEmpty())
+        const auto found = m_paths.constFind(form.toCaseFolded());
+        const qsizetype own = found != m_paths.cend() && found->contains(path) ? 1 : 0;
+        if (found == m_paths.cend() || found->size() == own)
             return form;
     }
     return path;

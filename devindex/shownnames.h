@@ -14,8 +14,6 @@
 class ShownNames
 {
 public:
-    ShownNames() = default;
-
     /** The paths of all songs that may be told of, those that went well among them. */
     explicit ShownNames(const QStringList &paths);
 

@@ -4,6 +4,7 @@
 #include "devindex/index.h"
 #include "devindex/indexloader.h"
 #include "devindex/memorydevice.h"
+#include "devindex/shownnames.h"
 #include "devindex/sizetext.h"
 #include "devindex/songchanges.h"
 #include "devindex/transferplanner.h"
@@ -31,6 +32,15 @@ QString fileNameOf(const QString &path)
     return path.section(QLatin1Char('/'), -1);
 }
 
+/** A line for each. */
+QStringList named(const QList<PlanExecution::Named> &songs, const ShownNames &names)
+{
+    QStringList lines;
+    for (const PlanExecution::Named &song : songs)
+        lines.append(names.of(song.path) + QLatin1String(": ") + song.reason);
+    return lines;
+}
+
 void logBanner()
 {
     logDebug() << "============================================";
@@ -54,7 +64,6 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
         return Outcome::NotStarted;
     const auto &[root, dest, isRoot] = *destination;
     m_device = memoryDevice(root);
-    m_names = ShownNames(files);
     m_present.clear();
     QStringList songs = files;
     MemoryLock lock(root);
@@ -92,7 +101,7 @@ Transfer::Outcome Transfer::transferFiles(const QStringList &files)
         m_user.inform(tr("Trasferimento"), tr("Tutti i file sono stati copiati correttamente"));
     else
         m_user.showFailure(tr("Trasferimento"), tr("Non è stato possibile copiare uno o più file"));
-    tellCounts(copier.report(), songs.size(), indexed);
+    tellCounts(copier.report(), ShownNames(files), songs.size(), indexed);
     return complete ? Outcome::Complete : Outcome::Incomplete;
 }
 
@@ -120,10 +129,6 @@ Transfer::Outcome Transfer::carryOut(const TransferPlan &plan, MemoryLock &lock)
     m_device = plan.device.isEmpty() ? memoryDevice(plan.root) : plan.device;
     if (plan.folder == plan.root + songsFolder && !makeSongsFolder(plan.folder))
         return Outcome::NotStarted;
-    QStringList chosen;
-    for (const TransferPlan::Item &item : plan.items)
-        chosen.append(item.path);
-    m_names = ShownNames(chosen);
     logBanner();
     PlanExecution execution(m_openProgress, [&](const std::function<bool()> &removal) {
         return updateIndex(plan.root, removal);
@@ -137,7 +142,10 @@ Transfer::Outcome Transfer::carryOut(const TransferPlan &plan, MemoryLock &lock)
     else
         m_user.showFailure(tr("Trasferimento"),
                            tr("Non è stato possibile eseguire tutto il piano"));
-    tellCounts(result);
+    QStringList chosen;
+    for (const TransferPlan::Item &item : plan.items)
+        chosen.append(item.path);
+    tellCounts(result, ShownNames(chosen));
     return result.isComplete() ? Outcome::Complete : Outcome::Incomplete;
 }
 
@@ -362,23 +370,15 @@ bool Transfer::copyFiles(const QStringList &files, const QString &dest, FileCopi
     return copier.copyFiles(files, dest, copied, *progress);
 }
 
-/** A line for each. */
-QStringList Transfer::named(const QList<PlanExecution::Named> &songs) const
-{
-    QStringList lines;
-    for (const PlanExecution::Named &song : songs)
-        lines.append(m_names.of(song.path) + QLatin1String(": ") + song.reason);
-    return lines;
-}
-
-void Transfer::tellPresent(const QList<PlanExecution::Named> &songs)
+void Transfer::tellPresent(const QList<PlanExecution::Named> &songs, const ShownNames &names)
 {
     if (!songs.isEmpty())
-        m_user.tellPresent(named(songs));
+        m_user.tellPresent(named(songs, names));
 }
 
 /** The box before this one says whether all went well; this one says what did not. */
-void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, bool indexed)
+void Transfer::tellCounts(const FileCopier::Report &report, const ShownNames &names,
+                          qsizetype files, bool indexed)
 {
     const qsizetype notCopied = report.skipped.size() + report.replaced.size();
     const qsizetype stopped = files - report.copied - notCopied - report.failed.size();
@@ -392,16 +392,16 @@ void Transfer::tellCounts(const FileCopier::Report &report, qsizetype files, boo
     lines += indexLines(indexed);
     QStringList skipped;
     for (const QString &source : report.skipped)
-        skipped.append(tr("%1: esisteva già e non è stata sostituita").arg(m_names.of(source)));
+        skipped.append(tr("%1: esisteva già e non è stata sostituita").arg(names.of(source)));
     for (const QString &source : report.replaced)
-        skipped.append(tr("%1: sostituita da un'altra song scelta con lo stesso nome")
-                           .arg(m_names.of(source)));
-    tellPresent(m_present);
+        skipped.append(
+            tr("%1: sostituita da un'altra song scelta con lo stesso nome").arg(names.of(source)));
+    tellPresent(m_present, names);
     m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
-                      report.failedLines(m_names) + m_indexProblems, skipped);
+                      report.failedLines(names) + m_indexProblems, skipped);
 }
 
-void Transfer::tellCounts(const PlanExecution::Result &result)
+void Transfer::tellCounts(const PlanExecution::Result &result, const ShownNames &names)
 {
     QStringList lines = {tr("Song copiate: %1").arg(result.copied.size()),
                          tr("Song già presenti: %1").arg(result.alreadyThere.size()),
@@ -412,15 +412,15 @@ void Transfer::tellCounts(const PlanExecution::Result &result)
         lines.append(
             tr("Song non più copiate dopo l'interruzione: %1").arg(result.notReached.size()));
     lines += indexLines(result.indexed);
-    QStringList skipped = named(result.skipped);
+    QStringList skipped = named(result.skipped, names);
     const ShownNames onMemory(result.replaced + result.removedPictures + result.removed);
     for (const QString &song : result.replaced)
         skipped.append(tr("%1: sostituita").arg(onMemory.of(song)));
     for (const QString &song : result.removedPictures + result.removed)
         skipped.append(tr("%1: rimossa").arg(onMemory.of(song)));
-    tellPresent(result.alreadyThere);
+    tellPresent(result.alreadyThere, names);
     m_user.tellCounts(tr("Trasferimento"), lines.join(QLatin1Char('\n')),
-                      named(result.failed) + m_indexProblems, skipped);
+                      named(result.failed, names) + m_indexProblems, skipped);
 }
 
 /** What there is to say about the index; nothing when all is well. */

@@ -4,7 +4,6 @@
 #include "devindex/filecopier.h"
 #include "devindex/mountedvolumes.h"
 #include "devindex/planexecution.h"
-#include "devindex/shownnames.h"
 #include "devindex/transferplan.h"
 #include "library/progress.h"
 #include "storage/memorylock.h"
@@ -15,6 +14,8 @@
 
 #include <functional>
 #include <optional>
+
+class ShownNames;
 
 /** The user of a transfer: answers its questions and gets its messages. */
 class TransferUser
@@ -160,10 +161,10 @@ private:
     bool hasRoom(const QStringList &files, const QString &dest);
     bool copyFiles(const QStringList &files, const QString &dest, FileCopier &copier);
     QStringList leaveOutPresent(const QStringList &files, const TransferPlan &plan);
-    QStringList named(const QList<PlanExecution::Named> &songs) const;
-    void tellPresent(const QList<PlanExecution::Named> &songs);
-    void tellCounts(const FileCopier::Report &report, qsizetype files, bool indexed);
-    void tellCounts(const PlanExecution::Result &result);
+    void tellPresent(const QList<PlanExecution::Named> &songs, const ShownNames &names);
+    void tellCounts(const FileCopier::Report &report, const ShownNames &names, qsizetype files,
+                    bool indexed);
+    void tellCounts(const PlanExecution::Result &result, const ShownNames &names);
     QStringList indexLines(bool indexed) const;
     static qint64 bytesAvailable(const QString &folder);
 
@@ -174,7 +175,6 @@ private:
     bool m_readBack = false;
     qsizetype m_changedSongs = 0;
     QByteArray m_device;                   ///< of the memory that the job is about
-    ShownNames m_names;                    ///< of the songs that were chosen
     QList<PlanExecution::Named> m_present; ///< songs that were left out, since they are there
     bool m_isIndexDamaged = false;         ///< the last update of an index found it so, and left it
     QStringList m_indexProblems; ///< what the last update of an index said about single songs

@@ -5,8 +5,8 @@
 #   static-checks.sh --paths   also follows the paths through each function: seven minutes more
 set -euo pipefail
 cd "$(dirname "$0")/.."
-case ${*:-none} in
-  none) follows_paths=false ;;
+case $* in
+  '') follows_paths=false ;;
   --paths) follows_paths=true ;;
   *)
     echo "usage: static-checks.sh [--paths]" >&2

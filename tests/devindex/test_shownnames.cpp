@@ -11,6 +11,7 @@ class TestShownNames : public QObject
 private slots:
     void shortestNameThatTellsThemApart_data();
     void shortestNameThatTellsThemApart();
+    void wholeMemoryOfOneName();
 };
 
 void TestShownNames::shortestNameThatTellsThemApart_data()
@@ -39,6 +40,17 @@ void TestShownNames::shortestNameThatTellsThemApart()
     QFETCH(QStringList, paths);
     QFETCH(QString, asked);
     QTEST(ShownNames(paths).of(asked), "name");
+}
+
+/** As many as a memory holds: each is found without a look at all the others. */
+void TestShownNames::wholeMemoryOfOneName()
+{
+    QStringList paths;
+    for (int i = 0; i < 65535; ++i)
+        paths.append(s("/music/%1/x.mid").arg(i));
+    const ShownNames names(paths);
+    for (int i = 0; i < paths.size(); ++i)
+        QCOMPARE(names.of(paths.at(i)), s("%1/x.mid").arg(i));
 }
 
 QTEST_GUILESS_MAIN(TestShownNames)
